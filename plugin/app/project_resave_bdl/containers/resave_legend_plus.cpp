@@ -1,0 +1,51 @@
+#include "containers/resave_legend_plus.h"
+
+#include <string_view>
+
+#include "core/paths.h"
+#include "framework/string_adapter.h"
+#include "framework/strings.h"
+#include "host/vsk_lr2d.h"
+#include "host/vsk_scn_2d.h"
+#include "operations/project_context.h"
+
+namespace vs::project_resave {
+
+wide_string legend_folder_for(const wide_string& first, const wide_string& /*second*/) {
+    wide_string folder = load_string(406);
+    if (first.empty()) folder = path_join(folder, first);
+    return folder;
+}
+
+bool Tvs_resave_shp_2d_legend_plus::write_dbf_columns() { return context->options.write_legend_columns; }
+
+void Tvs_resave_legend_plus::build() {
+    const uint32_t count = vs_scn_2d_get_layer_count(scene);
+    children.resize(count);
+    for (uint32_t index = 0; index < count; ++index)
+        place(index, make_unit(vs_scn_2d_get_layer_ptr(scene, index)));
+}
+
+std::unique_ptr<Tvs_resave_unit> Tvs_resave_legend_plus::make_unit(vs_lr* layer) {
+    const auto make = [&]<class Unit>(std::in_place_type_t<Unit>) {
+        return std::make_unique<Unit>(layer, layout_caption, heading(), *context);
+    };
+    const char* const text = vs_lr2d_get_lr_type(layer);
+    const std::string_view type = text;
+    if (type == "shp_pnt_lr2d" || type == "shp_pln_lr2d" || type == "shp_pgn_lr2d")
+        return make(std::in_place_type<Tvs_resave_shp_2d_legend_plus>);
+    if (type == "rtr_lr2d") return make(std::in_place_type<Tvs_resave_rtr_legend_plus>);
+    if (type == "tos_grid_lr1d" || type == "tos_grid_lr2d" || type == "tos_slice_lr2d" ||
+        type == "tos_2crd_lr2d")
+        return make(std::in_place_type<Tvs_resave_tos_legend_plus>);
+    if (type == "tld_lr2d") return make(std::in_place_type<Tvs_resave_tld_legend_plus>);
+    context->report.add_unprocessed_type(text);
+    context->log.add_unprocessed_type(text);
+    return nullptr;
+}
+
+vs_entities* Tvs_resave_legend_plus::container() { return scene ? vs_scn_2d_safe_upcast(scene) : nullptr; }
+wide_string Tvs_resave_legend_plus::heading() { return host_string(&vs_scn_2d_get_wcaption, scene); }
+bool Tvs_resave_legend_plus::has_structure_content() { return context->options.write_legend_content; }
+
+} // namespace vs::project_resave

@@ -1,0 +1,102 @@
+#include "containers/resave_tables.h"
+
+#include "core/attr_field_lines.h"
+#include "core/common_directory.h"
+#include "core/copying.h"
+#include "core/structure_line.h"
+#include "core/tos_property_lines.h"
+#include "framework/string_adapter.h"
+#include "framework/strings.h"
+#include "host/vsk_attr_data.h"
+#include "host/vsk_tos_data.h"
+#include "operations/project_context.h"
+
+namespace vs::project_resave {
+
+vs_entity* Tvs_resave_attr::entity() {
+    vs_table_data* data = table ? vs_attr_data_safe_upcast(table) : nullptr;
+    return data ? vs_table_data_safe_upcast(data) : nullptr;
+}
+
+wide_string Tvs_resave_attr::source_path() { return host_string(&vs_attr_data_get_wfilename, table); }
+void Tvs_resave_attr::set_new_path(const wide_string& path) {
+    vs_attr_data_set_wfilename(table, path.c_str());
+}
+wide_string Tvs_resave_attr::default_folder() { return load_string(402); }
+
+bool Tvs_resave_attr::copy_files(const wide_string& source, const wide_string& target) {
+    return copy_table_and_joins(table, source, target, *context);
+}
+
+void Tvs_resave_attr::collect_common_directory(common_directory& common) {
+    common.add_path(source_path());
+    const int32_t joins = vs_attr_data_get_join_count(table);
+    for (int32_t index = 0; index < joins; ++index)
+        common.add_path(host_string(&vs_attr_data_get_join_other_source, table, index));
+}
+
+bool Tvs_resave_attr::write_structure() {
+    skip_progress();
+    context->log.write_indented(
+        with_path(*context, host_string(&vs_attr_data_get_wcaption, table), source_path()));
+    context->log.indent();
+    write_attr_fields(*context, table);
+    context->log.unindent();
+    return true;
+}
+
+vs_entity* Tvs_resave_tos_table::entity() {
+    vs_table_data* data = table ? vs_tos_data_safe_upcast(table) : nullptr;
+    return data ? vs_table_data_safe_upcast(data) : nullptr;
+}
+
+wide_string Tvs_resave_tos_table::source_path() { return host_string(&vs_tos_data_get_wfilename, table); }
+void Tvs_resave_tos_table::set_new_path(const wide_string& path) {
+    vs_tos_data_set_wfilename(table, path.c_str());
+}
+wide_string Tvs_resave_tos_table::default_folder() { return load_string(403); }
+
+bool Tvs_resave_tos_table::copy_files(const wide_string& source, const wide_string& target) {
+    return copy_data_source_files(source, target, true, *context);
+}
+
+bool Tvs_resave_tos_table::write_structure() {
+    skip_progress();
+    context->log.write_indented(
+        with_path(*context, host_string(&vs_tos_data_get_wcaption, table), source_path()));
+    if (!context->options.write_table_columns) return true;
+    context->log.indent();
+    write_tos_properties(*context, source_path());
+    context->log.unindent();
+    return true;
+}
+
+void Tvs_resave_attrs_data::build() {
+    const uint32_t count = vs_attrs_data_get_size(tables);
+    children.resize(count);
+    for (uint32_t index = 0; index < count; ++index)
+        place(index, std::make_unique<Tvs_resave_attr>(vs_attrs_data_get(tables, index), *context));
+}
+
+void Tvs_resave_attrs_data::before_children() { context->progress.set_caption(352); }
+vs_entities* Tvs_resave_attrs_data::container() {
+    return tables ? vs_attrs_data_safe_upcast(tables) : nullptr;
+}
+wide_string Tvs_resave_attrs_data::heading() { return load_string(624); }
+bool Tvs_resave_attrs_data::has_structure_content() { return context->options.write_table_names; }
+void Tvs_resave_attrs_data::remove_child(uint32_t index) { vs_attrs_data_del(tables, index); }
+
+void Tvs_resave_toss_data::build() {
+    const uint32_t count = vs_toss_data_get_size(tables);
+    children.resize(count);
+    for (uint32_t index = 0; index < count; ++index)
+        place(index, std::make_unique<Tvs_resave_tos_table>(vs_toss_data_get(tables, index), *context));
+}
+
+void Tvs_resave_toss_data::before_children() { context->progress.set_caption(353); }
+vs_entities* Tvs_resave_toss_data::container() { return tables ? vs_toss_data_safe_upcast(tables) : nullptr; }
+wide_string Tvs_resave_toss_data::heading() { return load_string(625); }
+bool Tvs_resave_toss_data::has_structure_content() { return context->options.write_table_names; }
+void Tvs_resave_toss_data::remove_child(uint32_t index) { vs_toss_data_del(tables, index); }
+
+} // namespace vs::project_resave

@@ -1,0 +1,73 @@
+// DBF tables, which may have further tables joined to them, and OAT tables.
+#pragma once
+
+#include "core/resave_file.h"
+#include "core/resave_list.h"
+
+namespace vs::project_resave {
+
+class Tvs_resave_attr final : public Tvs_resave_file {
+public:
+    Tvs_resave_attr(vs_attr_data* handle, project_context& run) : Tvs_resave_file(run), table(handle) {}
+
+    // Its fields stand below its line in any case.
+    bool write_structure() override;
+    // The table's own path and those of the joined tables, whether they exist or not.
+    void collect_common_directory(common_directory& common) override;
+    vs_entity* entity() override;
+    wide_string source_path() override;
+    void set_new_path(const wide_string& path) override;
+    wide_string default_folder() override;
+    bool copy_files(const wide_string& source, const wide_string& target) override;
+
+private:
+    vs_attr_data* const table;
+};
+
+class Tvs_resave_tos_table final : public Tvs_resave_file {
+public:
+    Tvs_resave_tos_table(vs_tos_data* handle, project_context& run) : Tvs_resave_file(run), table(handle) {}
+
+    bool write_structure() override;
+    vs_entity* entity() override;
+    wide_string source_path() override;
+    void set_new_path(const wide_string& path) override;
+    wide_string default_folder() override;
+    bool copy_files(const wide_string& source, const wide_string& target) override;
+
+private:
+    vs_tos_data* const table;
+};
+
+class Tvs_resave_attrs_data final : public Tvs_resave_list {
+public:
+    Tvs_resave_attrs_data(vs_attrs_data* handle, project_context& run)
+        : Tvs_resave_list(run), tables(handle) {}
+
+    void build() override;
+    void before_children() override;
+    vs_entities* container() override;
+    wide_string heading() override;
+    bool has_structure_content() override;
+    void remove_child(uint32_t index) override;
+
+private:
+    vs_attrs_data* const tables;
+};
+
+class Tvs_resave_toss_data final : public Tvs_resave_list {
+public:
+    Tvs_resave_toss_data(vs_toss_data* handle, project_context& run) : Tvs_resave_list(run), tables(handle) {}
+
+    void build() override;
+    void before_children() override;
+    vs_entities* container() override;
+    wide_string heading() override;
+    bool has_structure_content() override;
+    void remove_child(uint32_t index) override;
+
+private:
+    vs_toss_data* const tables;
+};
+
+} // namespace vs::project_resave

@@ -1,0 +1,40 @@
+#include "containers/resave_wells_data.h"
+
+#include "framework/string_adapter.h"
+#include "framework/strings.h"
+#include "host/vsk_entity.h"
+#include "host/vsk_scn_2d.h"
+#include "operations/project_context.h"
+
+namespace vs::project_resave {
+
+vs_entity* Tvs_resave_well_data::entity() {
+    vs_entities* scene = sheet ? vs_scn_2d_safe_upcast(sheet) : nullptr;
+    return scene ? vs_entities_safe_upcast(scene) : nullptr;
+}
+
+wide_string Tvs_resave_well_data::source_path() { return host_string(&vs_scn_2d_get_source, sheet); }
+void Tvs_resave_well_data::set_new_path(const wide_string& path) {
+    vs_scn_2d_set_source(sheet, path.c_str());
+}
+wide_string Tvs_resave_well_data::well_caption() { return host_string(&vs_scn_2d_get_wcaption, sheet); }
+
+void Tvs_resave_wells_data::build() {
+    if (!sheets) return;
+    const uint32_t count = vs_scns_2d_get_size(sheets);
+    children.resize(count);
+    for (uint32_t index = 0; index < count; ++index) {
+        vs_entity* entity = vs_entities_safe_upcast(vs_scn_safe_upcast(vs_scns_2d_get(sheets, index)));
+        std::unique_ptr<Tvs_resave_unit> unit;
+        if (entity) unit = context->entity_factory_.make(*context, entity);
+        if (!unit) unit = std::make_unique<Tvs_resave_well_data>(vs_scns_2d_get(sheets, index), *context);
+        place(index, std::move(unit));
+    }
+}
+
+void Tvs_resave_wells_data::before_children() { context->progress.set_caption(355); }
+vs_entities* Tvs_resave_wells_data::container() { return sheets ? vs_scns_2d_safe_upcast(sheets) : nullptr; }
+wide_string Tvs_resave_wells_data::heading() { return load_string(627); }
+void Tvs_resave_wells_data::remove_child(uint32_t index) { vs_scns_2d_del(sheets, index); }
+
+} // namespace vs::project_resave

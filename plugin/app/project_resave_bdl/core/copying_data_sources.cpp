@@ -1,0 +1,42 @@
+// The members of a data set, as the host names them.
+#include "core/copying.h"
+#include "core/data_source.h"
+#include "core/path_placement.h"
+#include "core/paths.h"
+#include "operations/project_context.h"
+#include "platform/text.h"
+
+namespace vs::project_resave {
+
+namespace {
+
+wide_string replaced(wide_string text, const wide_string& from, const wide_string& to) {
+    if (from.empty()) return text;
+    for (size_t at = text.find(from); at != wide_string::npos; at = text.find(from, at + to.size()))
+        text.replace(at, from.size(), to);
+    return text;
+}
+
+} // namespace
+
+bool copy_data_source_files(const wide_string& source, const wide_string& target, bool keep_case,
+                            project_context& context) {
+    std::vector<wide_string> members;
+    if (!data_source_files(source, members)) return false;
+
+    const wide_string source_folder = path_head(source);
+    const wide_string target_folder = path_head(target);
+    const wide_string source_stem = path_stem(source);
+    const wide_string target_stem = path_stem(target);
+    for (const wide_string& member : members) {
+        if (context.placement.is_placed(member)) continue;
+        wide_string place = path_join(target_folder, path_relative(source_folder, member));
+        if (source_stem != target_stem)
+            place = path_replace_stem(place, replaced(path_stem(place), source_stem, target_stem));
+        if (context.options.lower_case && !keep_case) platform::lower_in_place(place);
+        copy_one(member, place, context);
+    }
+    return true;
+}
+
+} // namespace vs::project_resave

@@ -1,0 +1,38 @@
+// Data sets as the host opens them: which files they have, and the records of a vector source.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "framework/ref.h"
+#include "host/interfaces/stat_source.h"
+#include "platform/wide_string.h"
+
+namespace vs::project_resave {
+
+// Puts into `out` the files that the host tells of the data set at `path`, in its order, whether they exist
+// or not. False, with `out` empty, for an empty path and where the host cannot open it.
+bool data_source_files(const wide_string& path, std::vector<wide_string>& out);
+
+// Appends those of them that exist. False, with nothing appended, where the host cannot open the data set.
+bool append_existing_files(const wide_string& path, std::vector<wide_string>& out);
+
+// Reads the records of a vector source one after the other. Holds the source open for its own life.
+class vector_datasource {
+public:
+    // `source` as the layer names it; `data` is the handle of the layer's data, or null. Closes what was
+    // open.
+    bool open(const wide_string& source, vs_data* data);
+    // Index of the field of exactly this name; -1 if there is none or nothing is open.
+    int32_t find_field(const wide_string& name) const;
+    // Go to the first and to the next record; false if there is none.
+    bool first() const;
+    bool next() const;
+    // Text of a field of the present record.
+    wide_string text(int32_t field) const;
+
+private:
+    ref<stat_source_impl> source_;
+};
+
+} // namespace vs::project_resave

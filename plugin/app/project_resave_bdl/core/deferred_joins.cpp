@@ -1,0 +1,66 @@
+#include "core/deferred_joins.h"
+
+#include <memory>
+
+#include "core/copying.h"
+#include "core/path_files.h"
+#include "core/path_placement.h"
+#include "framework/string_adapter.h"
+#include "framework/strings.h"
+#include "host/vsk_attr_data.h"
+#include "logs/log_file.h"
+#include "operations/run_report.h"
+
+namespace vs::project_resave {
+
+namespace {
+
+constexpr int32_t table_folder_text = 402;
+constexpr int32_t join_file_text = 521;
+
+struct table_destroyer {
+    void operator()(vs_attr_data* table) const { vs_attr_data_destroy(table); }
+};
+
+} // namespace
+
+void deferred_joins::take_off(vs_attr_data* attr_data) {
+    if (!attr_data || !vs_attr_data_is_joined(attr_data)) return;
+    const int32_t count = vs_attr_data_get_join_count(attr_data);
+    if (count == 0) return;
+    for (int32_t i = 0; i < count; ++i) {
+        pending.push_back({attr_data, vs_attr_data_get_join_base_field(attr_data, i),
+                           host_string(vs_attr_data_get_join_other_source, attr_data, i),
+                           vs_attr_data_get_join_other_field(attr_data, i)});
+    }
+    vs_attr_data_unjoin(attr_data);
+}
+
+void deferred_joins::run() {
+    placement->set_type_folder(load_string(table_folder_text));
+    for (const pending_join& join : pending) rejoin(join);
+    placement->set_type_folder(u"files");
+    pending.clear();
+}
+
+void deferred_joins::rejoin(const pending_join& join) {
+    if (!path_exists(join.other_source)) {
+        log->file_missing(join.other_source);
+        report->add_lost_source(load_string(join_file_text));
+        return;
+    }
+    wide_string path = placement->lookup_placed(join.other_source);
+    if (path.empty()) {
+        path = placement->new_path(join.other_source);
+        if (path.empty()) {
+            log->new_name_failed(join.other_source);
+            return;
+        }
+        copy_table(join.other_source, path, *placement, *log, *report);
+    }
+    const std::unique_ptr<vs_attr_data, table_destroyer> other(vs_attr_data_create());
+    vs_attr_data_set_wfilename(other.get(), path.c_str());
+    vs_attr_data_join(join.attr_data, other.get(), join.base_field, join.other_field);
+}
+
+} // namespace vs::project_resave

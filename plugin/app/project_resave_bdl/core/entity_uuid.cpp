@@ -1,0 +1,30 @@
+#include "core/entity_uuid.h"
+
+#include "framework/string_adapter.h"
+#include "framework/strings.h"
+#include "host/vsk_entity.h"
+
+namespace vs::project_resave {
+
+namespace {
+
+constexpr int32_t error_select = 515;
+
+} // namespace
+
+wide_string uuid_to_text(const vs_uuid* uuid) {
+    return uuid && vs_uuid_has_value(uuid) ? host_string(&vs_uuid_to_string, uuid) : wide_string();
+}
+
+vs_uuid* entity_uuid(vs_entity* entity) {
+    vs_uuid* uuid = entity ? vs_entity_get_uuid(entity) : nullptr;
+    if (uuid && vs_uuid_has_value(uuid)) return uuid;
+    show_error(error_select);
+    return nullptr;
+}
+
+bool entity_has_uuid(vs_entity* entity) { return entity_uuid(entity) != nullptr; }
+
+wide_string entity_uuid_text(vs_entity* entity) { return uuid_to_text(entity_uuid(entity)); }
+
+} // namespace vs::project_resave

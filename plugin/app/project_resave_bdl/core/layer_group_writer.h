@@ -1,0 +1,31 @@
+// The layers of a scene in the text of a project's structure, in the order and depth of the scene's groups.
+#pragma once
+
+#include <memory>
+#include <unordered_map>
+#include <vector>
+
+#include "core/resave_unit.h"
+
+namespace vs::project_resave {
+
+// Made for one walk: it looks each unit's uuid up once.
+class layer_group_writer {
+public:
+    layer_group_writer(project_context& run, const std::vector<std::unique_ptr<Tvs_resave_unit>>& units);
+
+    // Writes what is below the group until the user stops the run. A layer that is not selected, and one
+    // without a unit, has no line; a group without a selected layer has none either.
+    void write(vs_lr_group* group);
+
+private:
+    void write_layer(vs_lr* layer);
+    void write_subgroup(vs_lr_group* group);
+    bool has_selected_layer(vs_lr_group* group);
+
+    project_context& context;
+    std::unordered_map<wide_string, Tvs_resave_unit*> unit_of; // the first unit of a uuid
+    std::unordered_map<vs_lr_group*, bool> holds_selected;
+};
+
+} // namespace vs::project_resave

@@ -1,0 +1,45 @@
+#include "core/path_files.h"
+
+#include <ranges>
+
+#include "core/paths.h"
+#include "platform/system.h"
+
+namespace vs::project_resave {
+
+bool path_exists(const wide_string& path) {
+    return platform::current_system().kind_of(path) != platform::entry_kind::none;
+}
+
+bool create_folders(const wide_string& path) {
+    platform::system& files = platform::current_system();
+    const platform::entry_kind kind = files.kind_of(path);
+    if (kind != platform::entry_kind::none) return kind == platform::entry_kind::folder;
+
+    wide_string level = path.substr(0, path_fixed_length(path));
+    for (const wide_string& piece : path_split(wide_view(path).substr(level.size()), path_separators, true)) {
+        level.append(piece).push_back(u'\\');
+        if (!path_exists(level) && !files.create_folder(level)) return false;
+    }
+    return path_exists(level);
+}
+
+wide_string unique_path(const wide_string& path) {
+    wide_string candidate = path;
+    for (uint32_t n = 1; path_exists(candidate); ++n) candidate = path_add_to_stem(path, u"_" + decimal(n));
+    return candidate;
+}
+
+bool remove_tree(const wide_string& path) {
+    platform::system& files = platform::current_system();
+    // First as if it were no folder: that takes a link without what it leads to.
+    if (files.delete_file(path)) return true;
+    const std::vector<platform::folder_entry> entries = files.list(path);
+    for (const platform::folder_entry& entry : std::views::reverse(entries)) {
+        const bool has_separator = !path.empty() && is_separator(path.back());
+        remove_tree(path + (has_separator ? u"" : u"\\") + entry.name);
+    }
+    return files.remove_folder(path);
+}
+
+} // namespace vs::project_resave

@@ -1,0 +1,176 @@
+#include "core/paths.h"
+
+#include <algorithm>
+#include <string>
+
+#include "platform/text.h"
+
+namespace vs::project_resave {
+
+namespace {
+
+wide_view file_name_of(wide_view path) {
+    const size_t last = path.find_last_of(path_separators);
+    return last == wide_view::npos ? path : path.substr(last + 1);
+}
+
+// Where the extension of a file name begins; its length if it has none.
+size_t extension_start(wide_view file_name) {
+    const size_t dot = file_name.rfind(u'.');
+    return dot == wide_view::npos || dot == 0 ? file_name.size() : dot;
+}
+
+void append_pieces(wide_string& path, const std::vector<wide_string>& pieces, size_t first) {
+    for (size_t i = first; i < pieces.size(); ++i) path.append(pieces[i]).push_back(u'\\');
+}
+
+void drop_last_character(wide_string& path) {
+    if (!path.empty()) path.pop_back();
+}
+
+bool same_piece(const wide_string& a, const wide_string& b) { return platform::compare_no_case(a, b) == 0; }
+
+} // namespace
+
+wide_string path_head(wide_view path) {
+    return wide_string(path.substr(0, path.size() - file_name_of(path).size()));
+}
+
+wide_string path_file_name(wide_view path) { return wide_string(file_name_of(path)); }
+
+wide_string path_stem(wide_view path) {
+    const wide_view name = file_name_of(path);
+    return wide_string(name.substr(0, extension_start(name)));
+}
+
+wide_string path_extension(wide_view path) {
+    const wide_view name = file_name_of(path);
+    return wide_string(name.substr(extension_start(name)));
+}
+
+wide_string path_replace_extension(wide_view path, wide_view extension) {
+    const size_t end = path.find_last_of(u".\\/");
+    const bool has_extension = end != wide_view::npos && end != 0 && path[end] == u'.';
+    wide_string result(path.substr(0, has_extension ? end : path.size()));
+    if (!extension.empty() && !extension.starts_with(u'.')) result += u'.';
+    return result.append(extension);
+}
+
+wide_string path_replace_stem(wide_view path, wide_view stem) {
+    return path_head(path).append(stem).append(path_extension(path));
+}
+
+wide_string path_add_to_stem(wide_view path, wide_view suffix) {
+    return path_head(path).append(path_stem(path)).append(suffix).append(path_extension(path));
+}
+
+bool path_is_relative(wide_view path) {
+    if (path.empty()) return true;
+    return !is_separator(path[0]) && !(path.size() > 1 && path[1] == u':');
+}
+
+wide_string path_root(wide_view path) {
+    if (path.size() < 2 || path[1] != u':') return {};
+    const char16_t letter = path[0];
+    const bool is_drive = (letter >= u'A' && letter <= u'Z') || (letter >= u'a' && letter <= u'z');
+    return is_drive ? wide_string(path.substr(0, 2)) : wide_string();
+}
+
+size_t path_fixed_length(wide_view path) {
+    const auto behind_separator = [&](size_t from) {
+        const size_t separator = path.find_first_of(path_separators, from);
+        return separator == wide_view::npos ? path.size() : separator + 1;
+    };
+    if (!path_root(path).empty()) return path.size() > 2 && is_separator(path[2]) ? 3 : 2;
+    if (path.empty() || !is_separator(path[0])) return 0;
+    if (path.size() == 1 || !is_separator(path[1])) return 1;
+    return behind_separator(behind_separator(2));
+}
+
+std::vector<wide_string> path_split(wide_view path, wide_view separators, bool skip_empty) {
+    std::vector<wide_string> pieces;
+    for (size_t start = 0; start <= path.size();) {
+        const size_t end = std::min(path.find_first_of(separators, start), path.size());
+        if (end > start || !skip_empty) pieces.emplace_back(path.substr(start, end - start));
+        start = end + 1;
+    }
+    return pieces;
+}
+
+wide_string path_normalise(wide_view path) {
+    const wide_string root = path_root(path);
+    const std::vector<wide_string> pieces = path_split(path, path_separators, true);
+    std::vector<wide_string> kept;
+    for (size_t i = root.empty() ? 0 : 1; i < pieces.size(); ++i) {
+        if (pieces[i] == u".") continue;
+        if (pieces[i] == u".." && !kept.empty() && kept.back() != u"..")
+            kept.pop_back();
+        else
+            kept.push_back(pieces[i]);
+    }
+    wide_string result;
+    if (!path.empty() && is_separator(path[0])) {
+        result += u'\\';
+        if (path.size() > 1 && is_separator(path[1])) result += u'\\';
+    }
+    if (!root.empty()) result.append(root).push_back(u'\\');
+    append_pieces(result, kept, 0);
+    drop_last_character(result);
+    return result;
+}
+
+wide_string path_join(wide_view first, wide_view second) {
+    if (second.empty()) return wide_string(first);
+    if (first.empty() || !path_is_relative(second)) return wide_string(second);
+    wide_string result(first);
+    if (!is_separator(result.back())) result += u'\\';
+    return result.append(second);
+}
+
+wide_string path_relative(wide_view base, wide_view target) {
+    const wide_string folder = path_normalise(path_head(base));
+    const wide_string normal = path_normalise(target);
+    if (path_is_relative(folder) || path_is_relative(normal)) return normal;
+    const wide_string base_root = path_root(folder);
+    const wide_string root = path_root(normal);
+    if (!root.empty() && !same_piece(base_root, root)) return normal;
+
+    const auto from = path_split(wide_view(folder).substr(base_root.size()), path_separators, true);
+    const auto to = path_split(wide_view(normal).substr(root.size()), path_separators, true);
+    const auto parting = std::ranges::mismatch(from, to, same_piece);
+    wide_string result;
+    for (auto piece = parting.in1; piece != from.end(); ++piece) result += u"..\\";
+    append_pieces(result, to, static_cast<size_t>(parting.in2 - to.begin()));
+    drop_last_character(result);
+    return result;
+}
+
+wide_string path_resolve(wide_view base, wide_view path) {
+    return path_normalise(path_is_relative(path) ? path_join(path_head(base), path) : wide_string(path));
+}
+
+bool path_same(wide_view first, wide_view second) {
+    return same_piece(path_normalise(first), path_normalise(second));
+}
+
+wide_string path_key(wide_view path) { return platform::folded(path_normalise(path)); }
+
+wide_string valid_path(wide_view path) {
+    wide_string result(path);
+    for (size_t i = path_root(path).size(); i < result.size(); ++i)
+        if (wide_view(u"<>:\"|?*").find(result[i]) != wide_view::npos) result[i] = u'_';
+    return result;
+}
+
+wide_string trim(wide_view text, wide_view set) {
+    const size_t first = text.find_first_not_of(set);
+    if (first == wide_view::npos) return {};
+    return wide_string(text.substr(first, text.find_last_not_of(set) - first + 1));
+}
+
+wide_string decimal(uint32_t number) {
+    const std::string digits = std::to_string(number);
+    return {digits.begin(), digits.end()};
+}
+
+} // namespace vs::project_resave

@@ -1,0 +1,103 @@
+#include "core/resave_file.h"
+
+#include <stdexcept>
+
+#include "core/common_directory.h"
+#include "core/data_source.h"
+#include "core/entity_uuid.h"
+#include "core/path_files.h"
+#include "core/true_case.h"
+#include "host/vsk_basic.h"
+#include "operations/project_context.h"
+
+namespace vs::project_resave {
+
+void Tvs_resave_file::build() {
+    collect_source_files(source_files);
+    context->sizes.add_files(source_files);
+}
+
+void Tvs_resave_file::collect_source_files(std::vector<wide_string>& out) {
+    out.clear();
+    append_existing_files(source_path(), out);
+}
+
+bool Tvs_resave_file::do_save() {
+    const wide_string source = source_path();
+    if (source.empty()) {
+        skip_progress();
+        return true; // an element without a file is no failure
+    }
+    if (!path_exists(source)) {
+        context->log.file_missing(source);
+        context->report.add_lost_source(caption());
+        skip_progress();
+        return false;
+    }
+    wide_string target = context->placement.lookup_placed(source);
+    if (target.empty()) target = place_and_copy(source);
+    set_new_path(target);
+    skip_progress();
+    after_file_saved();
+    return true;
+}
+
+wide_string Tvs_resave_file::place_and_copy(const wide_string& source) {
+    path_placement& placement = context->placement;
+    placement.set_type_folder(default_folder());
+    const wide_string target = placement.new_path(source);
+    if (target.empty()) {
+        context->log.new_name_failed(target);
+    } else {
+        try {
+            copy_files(source, target);
+        } catch (const std::out_of_range&) { // a name from which a companion's cannot be formed
+            context->report.add_copy_error(source);
+            context->log.copy_failed(source);
+        }
+    }
+    placement.set_type_folder(u"files");
+    return target;
+}
+
+bool Tvs_resave_file::write_structure() {
+    skip_progress();
+    context->log.write_indented(616);
+    return false;
+}
+
+bool Tvs_resave_file::check_path_case(bool* found) {
+    std::vector<wide_string> paths; // asked for again: the source may have changed since the build
+    collect_source_files(paths);
+    for (const wide_string& path : paths) {
+        wide_string spelling;
+        if (!true_case_path(path, spelling) || spelling == path) continue;
+        *found = true;
+        context->log.write(path);
+        context->log.write(spelling);
+        context->log.write(wide_string());
+    }
+    skip_progress();
+    return true;
+}
+
+uint32_t Tvs_resave_file::count_units(uint32_t& total) {
+    total += weight;
+    return weight;
+}
+
+void Tvs_resave_file::skip_progress() { context->progress.advance(weight); }
+
+void Tvs_resave_file::collect_common_directory(common_directory& common) {
+    for (const wide_string& path : source_files) common.add_path(path);
+}
+
+void Tvs_resave_file::set_selected(bool on) {
+    context->selection.set_selected(entity_uuid_text(entity()), on);
+}
+
+uint32_t Tvs_resave_file::selection_state() {
+    return vs_bool_to_3state(context->selection.is_selected(entity_uuid_text(entity())));
+}
+
+} // namespace vs::project_resave

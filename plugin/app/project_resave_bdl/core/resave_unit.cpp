@@ -1,0 +1,54 @@
+#include "core/resave_unit.h"
+
+#include "core/entity_uuid.h"
+#include "framework/string_adapter.h"
+#include "framework/strings.h"
+#include "host/vsk_entity.h"
+#include "operations/project_context.h"
+
+namespace vs::project_resave {
+
+void Tvs_resave_unit::build_once() {
+    if (built) return;
+    built = true; // first, so that a unit reached during its own build is not built again
+    before_build();
+    build();
+    after_build();
+}
+
+bool Tvs_resave_unit::save() {
+    before_save();
+    const bool ok = do_save();
+    after_save(ok);
+    return ok;
+}
+
+vs_uuid* Tvs_resave_unit::uuid() {
+    vs_entity* own = entity();
+    return own ? vs_entity_get_uuid(own) : nullptr;
+}
+
+wide_string Tvs_resave_unit::caption() {
+    vs_entity* own = entity();
+    return own ? host_string(&vs_entity_get_wcaption, own) : wide_string();
+}
+
+void Tvs_resave_unit::before_build() {
+    if (context->open_log.enabled) context->open_log.enter(caption() + load_string(637));
+    uuid_pushed = context->sizes.push_parent(uuid_to_text(uuid()));
+}
+
+void Tvs_resave_unit::after_build() {
+    if (context->open_log.enabled) context->open_log.leave(caption() + load_string(638));
+    if (uuid_pushed) context->sizes.pop_parent();
+    vs_entity* own = entity();
+    if (!own) return;
+    const wide_string key = entity_uuid_text(own);
+    if (!key.empty()) context->units.try_emplace(key, this); // the first of a uuid stays
+}
+
+void Tvs_resave_unit::before_save() { context->log.write(load_string(639) + caption()); }
+
+void Tvs_resave_unit::after_save(bool) { context->log.write(load_string(640) + caption()); }
+
+} // namespace vs::project_resave

@@ -1,0 +1,61 @@
+// Root of the tree of resave units: one unit for each element of the project that takes part.
+//
+// A unit is created with new, owned by its parent list (a root by project_context), built once and dies with
+// the tree. It may outlive the project it was made for: destructors free what the unit owns and pass no
+// handle of the project to the host. Errors are recorded facts: a bad file never throws. User-interface
+// thread only.
+#pragma once
+
+#include <cstdint>
+
+#include "host/types.h"
+#include "platform/wide_string.h"
+
+namespace vs::project_resave {
+
+class project_context;
+class common_directory;
+
+class Tvs_resave_unit {
+public:
+    explicit Tvs_resave_unit(project_context& run) : context(&run) {}
+    Tvs_resave_unit(const Tvs_resave_unit&) = delete;
+    Tvs_resave_unit& operator=(const Tvs_resave_unit&) = delete;
+    virtual ~Tvs_resave_unit() = default;
+
+    // Builds the unit and what is below it; a second call does nothing. Not overridden.
+    virtual void build_once();
+    // One save in its frame: before_save, do_save, after_save. Not overridden.
+    virtual bool save();
+    // Writes the unit's lines into the text of the structure.
+    virtual bool write_structure() = 0;
+    virtual bool write_scene_file() = 0;
+    // Writes each path whose letter case differs from the disk's, and sets *found then.
+    virtual bool check_path_case(bool* found) = 0;
+    // Adds the unit's steps of progress to the total; answers its own part.
+    virtual uint32_t count_units(uint32_t& total) = 0;
+    virtual void skip_progress() = 0;
+    virtual void collect_common_directory(common_directory& common) = 0;
+    // Adds to the selection what this unit refers to, if the user agrees; true when nothing was changed.
+    virtual bool correct_selection() { return true; }
+    virtual vs_entity* entity() = 0;
+    virtual vs_uuid* uuid();
+    virtual void set_selected(bool on) = 0;
+    // Three-state: 0 selected, 1 not selected, 2 members differ.
+    virtual uint32_t selection_state() = 0;
+    virtual void before_build();
+    virtual void after_build();
+    virtual void before_save();
+    virtual void after_save(bool ok);
+    virtual wide_string caption();
+    // False only if the unit's primary source is lost.
+    virtual bool do_save() = 0;
+    virtual void build() = 0;
+
+protected:
+    project_context* const context;
+    bool built = false;
+    bool uuid_pushed = false; // on the stack of the size register, from before_build to after_build
+};
+
+} // namespace vs::project_resave

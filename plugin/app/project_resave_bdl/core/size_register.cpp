@@ -1,0 +1,124 @@
+#include "core/size_register.h"
+
+#include <algorithm>
+
+#include "core/selection_register.h"
+#include "host/vsk_basic.h"
+#include "platform/system.h"
+
+namespace vs::project_resave {
+
+namespace {
+
+constexpr double kb_per_byte = 0.0009765625;
+
+// Of a folder the files below it, at all depths.
+double kilobytes(const wide_string& path) {
+    platform::system& system = platform::current_system();
+    switch (system.kind_of(path)) {
+    case platform::entry_kind::none:
+        return 0;
+    case platform::entry_kind::file:
+        return static_cast<double>(system.file_size(path)) * kb_per_byte;
+    case platform::entry_kind::folder:
+        break;
+    }
+    double sum = 0;
+    for (const platform::tree_entry& entry : platform::list_tree(system, path))
+        if (!entry.is_folder) sum += static_cast<double>(system.file_size(entry.path)) * kb_per_byte;
+    return sum;
+}
+
+} // namespace
+
+void selection_register::set_selected(const wide_string& uuid, bool selected) {
+    if (uuid.empty()) return;
+    if (selected)
+        deselected.erase(uuid);
+    else
+        deselected.insert(uuid);
+    sizes->set_uuid_selected(uuid, selected);
+}
+
+bool size_register::push_parent(const wide_string& uuid) {
+    if (uuid.empty()) return false;
+    parents.push_back(&files_of_uuid[uuid]);
+    return true;
+}
+
+void size_register::pop_parent() { parents.pop_back(); }
+
+size_register::size_entry& size_register::entry_of(const wide_string& path, bool& is_new) {
+    const auto [row, inserted] = files.try_emplace(path, static_cast<uint32_t>(entries.size()));
+    if (inserted) entries.emplace_back();
+    is_new = inserted;
+    return entries[row->second];
+}
+
+void size_register::recount(size_entry& entry) {
+    const bool needed = entry.fulfilled != 0;
+    if (needed != entry.counted) total_kb_ += needed ? entry.size_kb : -entry.size_kb;
+    entry.counted = needed;
+}
+
+void size_register::link_parents(uint32_t entry, uint32_t chain_index) {
+    for (size_t place = 0; place < parents.size(); ++place)
+        if (std::find(parents.begin(), parents.begin() + static_cast<ptrdiff_t>(place), parents[place]) ==
+            parents.begin() + static_cast<ptrdiff_t>(place))
+            parents[place]->links.push_back({entry, chain_index, true});
+}
+
+void size_register::add_file(const wide_string& path) {
+    bool is_new = false;
+    size_entry& entry = entry_of(path, is_new);
+    if (is_new) entry.size_kb = kilobytes(path);
+    entry.chains.emplace_back();
+    ++entry.fulfilled;
+    recount(entry);
+    link_parents(static_cast<uint32_t>(&entry - entries.data()),
+                 static_cast<uint32_t>(entry.chains.size() - 1));
+}
+
+void size_register::add_files(const std::vector<wide_string>& paths) {
+    for (const wide_string& path : paths) add_file(path);
+}
+
+void size_register::add_wstrings(const vs_wstrings* paths) {
+    const uint32_t count = vs_wstrings_get_size(paths);
+    for (uint32_t index = 0; index < count; ++index) add_file(vs_wstrings_get_str(paths, index));
+}
+
+void size_register::add_path_to_parents(const wide_string& path) {
+    for (uuid_row* parent : parents) parent->bare_paths.insert(path);
+}
+
+void size_register::add_path_to_uuid(const wide_string& uuid, const wide_string& path) {
+    files_of_uuid[uuid].bare_paths.insert(path);
+}
+
+void size_register::set_uuid_selected(const wide_string& uuid, bool selected) {
+    const auto row = files_of_uuid.find(uuid);
+    if (row == files_of_uuid.end() || (row->second.links.empty() && row->second.bare_paths.empty())) return;
+    for (chain_link& link : row->second.links) {
+        if (link.selected == selected) continue;
+        link.selected = selected;
+        size_entry& entry = entries[link.entry];
+        uint32_t& left_out = entry.chains[link.chain].left_out;
+        if (selected && --left_out == 0) ++entry.fulfilled;
+        if (!selected && left_out++ == 0) --entry.fulfilled;
+        recount(entry);
+    }
+    bool is_new = false;
+    for (const wide_string& path : row->second.bare_paths) entry_of(path, is_new);
+    if (on_changed) on_changed();
+}
+
+void size_register::clear() {
+    files.clear();
+    entries.clear();
+    parents.clear();
+    files_of_uuid.clear();
+    total_kb_ = 0;
+}
+
+} // namespace vs::project_resave

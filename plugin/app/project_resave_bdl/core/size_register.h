@@ -1,0 +1,76 @@
+// How many kilobytes the present selection comes to.
+//
+// While the tree is built, each file is entered under the uuids of the units being built. A path is needed
+// while at least one of the ways it was entered has all its uuids selected; it counts once however often it
+// is needed.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <string>
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
+
+#include "host/types.h"
+#include "platform/wide_string.h"
+
+namespace vs::project_resave {
+
+class size_register {
+public:
+    // Stack of the units being built. An empty uuid is refused and must not be popped.
+    bool push_parent(const wide_string& uuid);
+    void pop_parent();
+
+    // Enters a file or folder under the present stack; its size is read when it is met first. What does not
+    // exist counts 0 and stays known.
+    void add_file(const wide_string& path);
+    void add_files(const std::vector<wide_string>& paths);
+    void add_wstrings(const vs_wstrings* paths);
+    // Only files the path under the uuids of the stack, or under the one given.
+    void add_path_to_parents(const wide_string& path);
+    void add_path_to_uuid(const wide_string& uuid, const wide_string& path);
+
+    void set_uuid_selected(const wide_string& uuid, bool selected);
+    double total_kb() const { return total_kb_; }
+    // Forgets all paths and the stack; keeps the callback and does not call it.
+    void clear();
+    // Called after each change of a known uuid's state; may be empty.
+    void set_on_changed(std::function<void()> callback) { on_changed = std::move(callback); }
+
+private:
+    // One way a path was entered: needed while none of its uuids is left out.
+    struct chain {
+        uint32_t left_out = 0;
+    };
+    struct size_entry {
+        std::vector<chain> chains;
+        uint32_t fulfilled = 0; // how many of them are
+        bool counted = false;
+        double size_kb = 0;
+    };
+    // The place of a uuid in a chain. The flag is its own: a path entered later starts selected.
+    struct chain_link {
+        uint32_t entry;
+        uint32_t chain;
+        bool selected = true;
+    };
+    struct uuid_row {
+        std::vector<chain_link> links;              // in each chain the first place of the uuid
+        std::unordered_set<wide_string> bare_paths; // filed without a chain
+    };
+
+    size_entry& entry_of(const wide_string& path, bool& is_new);
+    void link_parents(uint32_t entry, uint32_t chain_index);
+    void recount(size_entry& entry);
+
+    std::unordered_map<wide_string, uint32_t> files; // place of the path's entry
+    std::vector<size_entry> entries;
+    std::vector<uuid_row*> parents;
+    std::unordered_map<wide_string, uuid_row> files_of_uuid;
+    double total_kb_ = 0;
+    std::function<void()> on_changed;
+};
+
+} // namespace vs::project_resave

@@ -1,0 +1,85 @@
+// The bundle's service factories: static objects that list themselves before the entry is ever called.
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "framework/ref.h"
+#include "host/interfaces/service_factory.h"
+#include "platform/wide_string.h"
+
+namespace vs::project_resave {
+
+class basic_service_factory_impl : public service_factory_impl {
+public:
+    explicit basic_service_factory_impl(wide_string factory_id) : id(std::move(factory_id)) {}
+    basic_service_factory_impl(const basic_service_factory_impl&) = delete;
+    basic_service_factory_impl& operator=(const basic_service_factory_impl&) = delete;
+    virtual ~basic_service_factory_impl() = default;
+
+    const wide_string id; // may be empty
+};
+
+// All factories of this library in the order of their construction. Exists before any of them.
+std::vector<basic_service_factory_impl*>& factory_registry();
+
+// Lists itself for as long as it lives.
+class custom_service_factory_impl : public basic_service_factory_impl {
+public:
+    explicit custom_service_factory_impl(wide_string factory_id);
+    ~custom_service_factory_impl() override;
+};
+
+// The same for a factory that offers nothing but wants the context, as a client of other services.
+class custom_client_factory_impl : public basic_service_factory_impl {
+public:
+    explicit custom_client_factory_impl(wide_string factory_id);
+    ~custom_client_factory_impl() override;
+};
+
+// Starts, keeps and hands out one service of a factory.
+template <class T>
+class service_holder_base {
+public:
+    virtual ~service_holder_base() = default;
+    // Builds the service unless it runs.
+    virtual void start(const bundle_context& context) = 0;
+    virtual void stop() = 0;
+    virtual bool running() const = 0;
+    virtual identity_pointer service() const = 0;
+};
+
+// T is the service's class, a referent of the interface Impl built with the context.
+template <class T, class Impl>
+class ref_service_holder final : public service_holder_base<T> {
+public:
+    void start(const bundle_context& context) override {
+        if (!held) held.assign(pointer_to<Impl>(*new T(context)));
+    }
+    void stop() override { held.reset(); }
+    bool running() const override { return static_cast<bool>(held); }
+    identity_pointer service() const override {
+        return identity_of(static_cast<const interface_pointer&>(held.get()));
+    }
+
+private:
+    ref<Impl> held;
+};
+
+template <class T>
+class service_factory final : public custom_service_factory_impl {
+public:
+    service_factory(wide_string factory_id, std::unique_ptr<service_holder_base<T>> holder)
+        : custom_service_factory_impl(std::move(factory_id)) {
+        holders.push_back(std::move(holder));
+    }
+    identity_pointer create(bundle_context context) override {
+        for (const auto& holder : holders) holder->start(context);
+        return holders.front()->service();
+    }
+
+private:
+    std::vector<std::unique_ptr<service_holder_base<T>>> holders;
+};
+
+} // namespace vs::project_resave

@@ -1,0 +1,178 @@
+// Interfaces across library borders: a pair of pointers, a constant table of plain functions behind the
+// first.
+//
+// An interface is declared once, as its provider class: derive from interface_of<X>, give it a name, virtual
+// operations and the list of them in table order. Table, entries, client calls and casts come from that.
+// Entry 0 of a table hands back the identity interface. Entry 1 hands back the base interface, except where
+// `rooted_in_identity` says that the operations follow at once. No exception leaves an entry: one that is
+// caught there gives a zero result. Used on the user-interface thread only.
+#pragma once
+
+#include <cstddef>
+#include <cstring>
+#include <type_traits>
+#include <utility>
+
+#include "host/types.h"
+
+namespace vs::project_resave {
+
+using interface_pointer = vs_interface_pointer;
+
+// Typed pair. A call through a null one does nothing and gives zero.
+template <class Impl>
+struct interface_to : interface_pointer {};
+
+class interface_impl;
+using identity_pointer = interface_to<interface_impl>;
+
+// Root of every provider class. The first two virtual operations of each are these, in this order.
+class interface_impl {
+public:
+    // Fills both outputs if the object speaks the interface of exactly this name; else leaves them alone.
+    virtual void query(const char* asked, const void** table, void** instance) = 0;
+    virtual void identity(interface_pointer& out);
+
+protected:
+    ~interface_impl() = default;
+};
+
+template <auto... Operations>
+struct operation_list {};
+
+namespace border {
+
+using entry = void (*)();
+
+template <class Result>
+constexpr bool is_pair = std::is_base_of_v<interface_pointer, Result>;
+
+// One entry for one operation: its plain function, and the call of it through a pair.
+template <auto Operation, class Signature = decltype(Operation)>
+struct operation;
+
+template <auto Operation, class Impl, class Result, class... Args>
+struct operation<Operation, Result (Impl::*)(Args...)> {
+    using provider = Impl;
+
+    static Result run(void* instance, Args... args) noexcept {
+        try {
+            return (static_cast<Impl*>(instance)->*Operation)(std::forward<Args>(args)...);
+        } catch (...) {
+            return Result();
+        }
+    }
+    static Result plain(const void*, void* instance, Args... args) noexcept {
+        return run(instance, std::forward<Args>(args)...);
+    }
+    // A result that is an interface pointer goes through a hidden output.
+    static void with_output(interface_pointer* out, const void*, void* instance, Args... args) noexcept {
+        if constexpr (is_pair<Result>) *out = run(instance, std::forward<Args>(args)...);
+    }
+    static entry make() {
+        if constexpr (is_pair<Result>)
+            return reinterpret_cast<entry>(&with_output);
+        else
+            return reinterpret_cast<entry>(&plain);
+    }
+    static Result call(const interface_pointer& target, std::size_t index, Args... args) {
+        if (!target) return Result();
+        const entry function = static_cast<const entry*>(target.table)[index];
+        if constexpr (is_pair<Result>) {
+            Result result;
+            reinterpret_cast<decltype(&with_output)>(function)(&result, target.table, target.instance,
+                                                               std::forward<Args>(args)...);
+            return result;
+        } else {
+            return reinterpret_cast<decltype(&plain)>(function)(target.table, target.instance,
+                                                                std::forward<Args>(args)...);
+        }
+    }
+};
+
+template <auto Operation, auto... Operations>
+constexpr std::size_t place_of(operation_list<Operations...>) {
+    std::size_t place = 0;
+    const bool found = ((std::is_same_v<std::integral_constant<decltype(Operation), Operation>,
+                                        std::integral_constant<decltype(Operations), Operations>> ||
+                         (++place, false)) ||
+                        ...);
+    return found ? place : ~std::size_t{0};
+}
+
+template <class Impl>
+void identity_entry(interface_pointer* out, const void*, void* instance) noexcept {
+    static_cast<Impl*>(instance)->identity(*out);
+}
+
+template <class Impl, auto... Operations>
+const void* build_table(operation_list<Operations...>) {
+    if constexpr (Impl::rooted_in_identity) {
+        static const entry table[] = {reinterpret_cast<entry>(&identity_entry<Impl>),
+                                      operation<Operations>::make()...};
+        return table;
+    } else {
+        // The base of every such interface here is the identity interface.
+        static const entry table[] = {reinterpret_cast<entry>(&identity_entry<Impl>),
+                                      reinterpret_cast<entry>(&identity_entry<Impl>),
+                                      operation<Operations>::make()...};
+        return table;
+    }
+}
+
+} // namespace border
+
+// The one table of an interface in this library, built on first use.
+template <class Impl>
+const void* table_of() {
+    static const void* const table = border::build_table<Impl>(typename Impl::operations{});
+    return table;
+}
+
+// Provider side of one interface; Impl is the declaring class itself.
+template <class Impl>
+class interface_of : public interface_impl {
+public:
+    static constexpr bool rooted_in_identity = false;
+
+    void query(const char* asked, const void** table, void** instance) override {
+        if (std::strcmp(asked, Impl::name) != 0) return;
+        *table = table_of<Impl>();
+        *instance = static_cast<Impl*>(this);
+    }
+
+protected:
+    ~interface_of() = default;
+};
+
+// The pair by which a provider is handed out.
+template <class Impl>
+interface_to<Impl> pointer_to(Impl& provider) {
+    return {{table_of<Impl>(), &provider}};
+}
+identity_pointer identity_of(interface_impl& provider);
+
+// Client call: call<&x_impl::operation>(x, arguments...).
+template <auto Operation, class... Args>
+auto call(const interface_to<typename border::operation<Operation>::provider>& target, Args&&... args) {
+    using impl = typename border::operation<Operation>::provider;
+    constexpr std::size_t place = border::place_of<Operation>(typename impl::operations{});
+    static_assert(place != ~std::size_t{0}, "not in the list of operations");
+    constexpr std::size_t first = impl::rooted_in_identity ? 1 : 2;
+    return border::operation<Operation>::call(target, first + place, std::forward<Args>(args)...);
+}
+
+// Asks an object for the interface of a name; null if the object does not speak it.
+interface_pointer query_name(const identity_pointer& object, const char* name);
+identity_pointer identity_of(const interface_pointer& object);
+
+template <class Impl>
+interface_to<Impl> cast_to(const identity_pointer& object) {
+    return {query_name(object, Impl::name)};
+}
+template <class Impl, class Other>
+interface_to<Impl> cast_to(const interface_to<Other>& object) {
+    return cast_to<Impl>(identity_of(static_cast<const interface_pointer&>(object)));
+}
+
+} // namespace vs::project_resave

@@ -1,0 +1,48 @@
+// Adapters for host functions that assign a text to the caller's string.
+#pragma once
+
+#include <utility>
+
+#include "host/vsk_basic.h"
+#include "platform/wide_string.h"
+
+namespace vs::project_resave {
+
+// Holds the host's adapter for the life of one call.
+class Tvs_string_adapter_base {
+public:
+    Tvs_string_adapter_base();
+    Tvs_string_adapter_base(const Tvs_string_adapter_base&) = delete;
+    Tvs_string_adapter_base& operator=(const Tvs_string_adapter_base&) = delete;
+    // `text` may be null, which counts as empty.
+    virtual void assign(const char16_t* text) = 0;
+    virtual const char16_t* text() = 0;
+    operator vs_string_adp*() const { return handle; }
+
+protected:
+    ~Tvs_string_adapter_base();
+
+private:
+    vs_string_adp* handle;
+};
+
+class Tvs_std_wstring_adapter final : public Tvs_string_adapter_base {
+public:
+    explicit Tvs_std_wstring_adapter(wide_string& target) : string(&target) {}
+    void assign(const char16_t* text) override { *string = text ? text : u""; }
+    const char16_t* text() override { return string->c_str(); }
+
+private:
+    wide_string* string;
+};
+
+// Runs a host function whose last argument is an adapter, and answers the text it assigned.
+template <class Function, class... Args>
+wide_string host_string(Function function, Args... args) {
+    wide_string text;
+    Tvs_std_wstring_adapter adapter(text);
+    function(args..., adapter);
+    return text;
+}
+
+} // namespace vs::project_resave

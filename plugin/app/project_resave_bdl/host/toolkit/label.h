@@ -1,0 +1,19 @@
+// A line of words beside another element. Who implements: the bundle. Who calls: the host.
+#pragma once
+
+#include "framework/visitors.h"
+
+namespace vs::project_resave {
+
+class label_impl : public interface_of<label_impl> {
+public:
+    static constexpr const char* name = "vs_label_interface_1";
+    static constexpr const char16_t* element_kind = u"label";
+    virtual void text(string_visitor visitor) = 0;
+    using operations = operation_list<&label_impl::text>;
+
+protected:
+    ~label_impl() = default;
+};
+
+} // namespace vs::project_resave

@@ -1,0 +1,28 @@
+// A field with many lines of text that the user can scroll, read and copy but not change. Who implements: the
+// bundle. Who calls: the host.
+#pragma once
+
+#include <cstdint>
+
+#include "framework/visitors.h"
+
+namespace vs::project_resave {
+
+class multiline_output_impl : public interface_of<multiline_output_impl> {
+public:
+    static constexpr const char* name = "vs_multiline_output_interface_1";
+    static constexpr const char16_t* element_kind = u"multiline_output";
+    // The whole text; a line feed ends a line.
+    virtual void text(string_visitor visitor) = 0;
+    // The least size at which the field is of use, in average characters and in lines. The host may give it
+    // more.
+    virtual uint32_t width() = 0;
+    virtual uint32_t height() = 0;
+    using operations = operation_list<&multiline_output_impl::text, &multiline_output_impl::width,
+                                      &multiline_output_impl::height>;
+
+protected:
+    ~multiline_output_impl() = default;
+};
+
+} // namespace vs::project_resave

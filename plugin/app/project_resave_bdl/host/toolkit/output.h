@@ -1,0 +1,20 @@
+// A field with one line of text that the user can read and copy but not change. Who implements: the bundle.
+// Who calls: the host.
+#pragma once
+
+#include "framework/visitors.h"
+
+namespace vs::project_resave {
+
+class output_impl : public interface_of<output_impl> {
+public:
+    static constexpr const char* name = "vs_output_interface_1";
+    static constexpr const char16_t* element_kind = u"output";
+    virtual void text(string_visitor visitor) = 0;
+    using operations = operation_list<&output_impl::text>;
+
+protected:
+    ~output_impl() = default;
+};
+
+} // namespace vs::project_resave

@@ -1,0 +1,48 @@
+#include "layers/resave_grid_layers.h"
+
+#include "core/paths.h"
+#include "framework/string_adapter.h"
+#include "framework/strings.h"
+#include "host/vsk_lr.h"
+#include "layers/layer_copying.h"
+#include "operations/project_context.h"
+#include "platform/system.h"
+
+namespace vs::project_resave {
+
+namespace {
+
+constexpr int32_t seismic_folder_text = 407;
+constexpr int32_t grid_folder_text = 411;
+constexpr char16_t cutline_mark = u'*';
+
+} // namespace
+
+wide_string Tvs_resave_grid::default_folder() {
+    const wide_string extension = path_extension(host_string(&vs_lr_get_wfilename, layer));
+    const bool seismic = extension == u".sgy" || extension == u".segy" || extension == u".sec";
+    return load_string(seismic ? seismic_folder_text : grid_folder_text);
+}
+
+bool Tvs_resave_grid::copy_files(const wide_string& source, const wide_string& target) {
+    switch (platform::current_system().kind_of(source)) {
+    case platform::entry_kind::file:
+        return copy_data_set(source, target, *context);
+    case platform::entry_kind::folder:
+        return copy_data_folder(source, target, *context);
+    case platform::entry_kind::none:
+        break;
+    }
+    return false;
+}
+
+wide_string Tvs_resave_grid_cutline::source_path() {
+    const wide_string reference = Tvs_resave_tos_lr2d::source_path();
+    return reference.starts_with(cutline_mark) ? reference.substr(1) : reference;
+}
+
+void Tvs_resave_grid_cutline::set_new_path(const wide_string& path) {
+    Tvs_resave_tos_lr2d::set_new_path(path.starts_with(cutline_mark) ? path : cutline_mark + path);
+}
+
+} // namespace vs::project_resave

@@ -1,0 +1,103 @@
+#include "layers/resave_map_layers.h"
+
+#include "containers/resave_scene_2d.h"
+#include "core/path_files.h"
+#include "core/paths.h"
+#include "core/structure_line.h"
+#include "framework/string_adapter.h"
+#include "framework/strings.h"
+#include "host/vsk_lr.h"
+#include "layers/layer_files.h"
+#include "operations/project_context.h"
+
+namespace vs::project_resave {
+
+namespace {
+
+constexpr int32_t scene_heading_text = 621;
+
+// While a scene file is being loaded, a map layer on it further down would load it again for ever.
+struct loading_mark {
+    loading_mark(std::unordered_set<wide_string>& scenes, wide_string path)
+        : loading(scenes), key(std::move(path)), first(loading.insert(key).second) {}
+    loading_mark(const loading_mark&) = delete;
+    loading_mark& operator=(const loading_mark&) = delete;
+    ~loading_mark() {
+        if (first) loading.erase(key);
+    }
+
+    std::unordered_set<wide_string>& loading;
+    const wide_string key;
+    const bool first;
+};
+
+} // namespace
+
+Tvs_resave_map_lr::Tvs_resave_map_lr(vs_lr* handle, project_context& run) : Tvs_resave_layer(handle, run) {}
+
+Tvs_resave_map_lr::~Tvs_resave_map_lr() = default;
+
+void Tvs_resave_map_lr::build() {
+    const wide_string reference = host_string(&vs_lr_get_wfilename, layer);
+    context->sizes.add_file(reference);
+    map_writer.reset(vs_xml_save_2d_create());
+    map_scene.reset(vs_scn_2d_create());
+    const loading_mark mark(context->loading_scenes, path_key(reference));
+    if (!mark.first) return; // counts as one that cannot be loaded
+    if ((vs_xml_data_load_scn2d_w(map_writer.get(), reference.c_str(), map_scene.get()) & 0xFF) == 0) return;
+    map_unit = std::make_unique<Tvs_resave_scene_2d_map>(map_scene.get(), *context);
+    map_unit->build_once();
+}
+
+uint32_t Tvs_resave_map_lr::count_units(uint32_t& total) {
+    return map_unit ? map_unit->count_units(total) : 0;
+}
+
+void Tvs_resave_map_lr::collect_common_directory(common_directory& common) {
+    Tvs_resave_layer::collect_common_directory(common);
+    if (map_unit) map_unit->collect_common_directory(common);
+}
+
+bool Tvs_resave_map_lr::do_save() {
+    const wide_string source = host_string(&vs_lr_get_wfilename, layer);
+    if (source.empty()) {
+        skip_progress();
+        return true;
+    }
+    if (!path_exists(source)) {
+        context->log.file_missing(source);
+        context->report.add_lost_source(caption());
+        skip_progress();
+        return false;
+    }
+    if (!map_unit) {
+        context->log.scene_not_loaded(source);
+        return false;
+    }
+    map_unit->save(); // before the look-up, so that the scene refers to the new places in any case
+    wide_string target = context->placement.lookup_placed(source);
+    if (target.empty()) target = place_and_copy(source);
+    set_new_path(target);
+    skip_progress();
+    after_file_saved();
+    return true;
+}
+
+bool Tvs_resave_map_lr::copy_files(const wide_string& source, const wide_string& target) {
+    vs_xml_data_save_scn2d_w(map_writer.get(), target.c_str(), map_scene.get());
+    context->placement.register_placed(source, target);
+    return true;
+}
+
+bool Tvs_resave_map_lr::write_structure() {
+    const wide_string heading = load_string(scene_heading_text) + host_string(&vs_lr_get_wcaption, layer);
+    context->log.write_indented(with_path(*context, heading, host_string(&vs_lr_get_wfilename, layer)));
+    if (map_unit) map_unit->write_structure();
+    return true;
+}
+
+void Tvs_resave_map_lr2d::after_file_saved() { save_layer_file_2d(layer, *context); }
+
+void Tvs_resave_map_lr3d::after_file_saved() { save_layer_file_3d(layer, *context); }
+
+} // namespace vs::project_resave

@@ -1,0 +1,48 @@
+#include "layers/resave_raster_layers.h"
+
+#include "core/copying.h"
+#include "core/path_files.h"
+#include "framework/string_adapter.h"
+#include "framework/strings.h"
+#include "host/vsk_lr.h"
+#include "layers/layer_copying.h"
+#include "layers/layer_files.h"
+#include "operations/project_context.h"
+
+namespace vs::project_resave {
+
+namespace {
+
+constexpr int32_t raster_folder_text = 401;
+constexpr int32_t tile_folder_text = 404;
+
+} // namespace
+
+wide_string Tvs_resave_rtr_lr::default_folder() { return load_string(raster_folder_text); }
+
+bool Tvs_resave_rtr_lr::copy_files(const wide_string& source, const wide_string& target) {
+    copy_one(source, target, *context);
+    copy_overview_file(source, target, *context);
+    copy_world_files(source, target, *context);
+    copy_projection_file(source, target, *context);
+    return true;
+}
+
+void Tvs_resave_rtr_lr2d::after_file_saved() { save_layer_file_2d(layer, *context); }
+
+void Tvs_resave_tld_lr::collect_source_files(std::vector<wide_string>& out) {
+    const wide_string reference = host_string(&vs_lr_get_wfilename, layer);
+    out = {reference};
+    const wide_string projection = projection_file_name(reference);
+    if (path_exists(projection)) out.push_back(projection);
+}
+
+wide_string Tvs_resave_tld_lr::default_folder() { return load_string(tile_folder_text); }
+
+bool Tvs_resave_tld_lr::copy_files(const wide_string& source, const wide_string& target) {
+    return copy_file_and_projection(source, target, *context);
+}
+
+void Tvs_resave_tld_lr2d::after_file_saved() { save_layer_file_2d(layer, *context); }
+
+} // namespace vs::project_resave

@@ -1,0 +1,66 @@
+#include "layers/resave_shape_layers.h"
+
+#include "core/attr_field_lines.h"
+#include "core/copying.h"
+#include "core/data_source.h"
+#include "core/path_files.h"
+#include "framework/string_adapter.h"
+#include "framework/strings.h"
+#include "host/vsk_attr_data.h"
+#include "host/vsk_lr.h"
+#include "host/vsk_lr3d.h"
+#include "host/vsk_shp_lr2d.h"
+#include "layers/layer_files.h"
+#include "operations/project_context.h"
+
+namespace vs::project_resave {
+
+namespace {
+
+constexpr int32_t shape_folder_text = 400;
+constexpr uint32_t columns_heading_text = 618;
+
+void append_joined_tables(vs_attr_data* table, std::vector<wide_string>& out) {
+    if (!table || !vs_attr_data_is_joined(table)) return;
+    const int32_t count = vs_attr_data_get_join_count(table);
+    for (int32_t index = 0; index < count; ++index) {
+        const wide_string joined = host_string(&vs_attr_data_get_join_other_source, table, index);
+        if (path_exists(joined)) out.push_back(joined);
+    }
+}
+
+} // namespace
+
+bool Tvs_resave_shp_lr::write_structure() {
+    Tvs_resave_layer::write_structure();
+    if (!write_dbf_columns()) return true;
+    context->log.indent();
+    context->log.write_indented(columns_heading_text);
+    write_attr_fields(*context, attr_data());
+    context->log.unindent();
+    return false;
+}
+
+bool Tvs_resave_shp_lr::write_dbf_columns() { return context->options.write_table_columns; }
+
+void Tvs_resave_shp_lr::collect_source_files(std::vector<wide_string>& out) {
+    out.clear();
+    if (!append_existing_files(host_string(&vs_lr_get_wfilename, layer), out)) out.push_back(source_path());
+    append_joined_tables(vs_attr_data_safe_downcast(vs_lr_get_data_ptr(layer)), out);
+}
+
+wide_string Tvs_resave_shp_lr::default_folder() { return load_string(shape_folder_text); }
+
+bool Tvs_resave_shp_lr::copy_files(const wide_string& source, const wide_string& target) {
+    return copy_shape_family(source, target, attr_data(), *context);
+}
+
+void Tvs_resave_shp_lr2d::after_file_saved() { save_layer_file_2d(layer, *context); }
+
+vs_attr_data* Tvs_resave_shp_lr2d::attr_data() { return vs_shp_lr2d_get_attr_data_ptr(layer); }
+
+void Tvs_resave_shp_lr3d::after_file_saved() { save_layer_file_3d(layer, *context); }
+
+vs_attr_data* Tvs_resave_shp_lr3d::attr_data() { return vs_shp_lr3d_get_attr_data_ptr(layer); }
+
+} // namespace vs::project_resave

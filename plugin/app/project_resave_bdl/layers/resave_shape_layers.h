@@ -1,0 +1,40 @@
+// Shape layers: a shape file with index, projection and table, and the tables joined to that.
+#pragma once
+
+#include "layers/resave_layer.h"
+
+namespace vs::project_resave {
+
+class Tvs_resave_shp_lr : public Tvs_resave_layer {
+public:
+    using Tvs_resave_layer::Tvs_resave_layer;
+
+    // Under the layer's line its fields, if columns are wanted; the answer is false then.
+    bool write_structure() override;
+    // The data set's files or, where the host cannot open it, the main file untested; then the joined tables.
+    void collect_source_files(std::vector<wide_string>& out) override;
+    wide_string default_folder() override;
+    bool copy_files(const wide_string& source, const wide_string& target) override;
+
+    // The layer's table, not owned; null if it has none.
+    virtual vs_attr_data* attr_data() = 0;
+    virtual bool write_dbf_columns();
+};
+
+class Tvs_resave_shp_lr2d : public Tvs_resave_shp_lr {
+public:
+    using Tvs_resave_shp_lr::Tvs_resave_shp_lr;
+
+    void after_file_saved() override;
+    vs_attr_data* attr_data() override;
+};
+
+class Tvs_resave_shp_lr3d : public Tvs_resave_shp_lr {
+public:
+    using Tvs_resave_shp_lr::Tvs_resave_shp_lr;
+
+    void after_file_saved() override;
+    vs_attr_data* attr_data() override;
+};
+
+} // namespace vs::project_resave

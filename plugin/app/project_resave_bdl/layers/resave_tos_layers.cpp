@@ -1,0 +1,160 @@
+#include "layers/resave_tos_layers.h"
+
+#include <algorithm>
+#include <string_view>
+
+#include "core/common_directory.h"
+#include "core/copying.h"
+#include "core/data_source.h"
+#include "core/path_files.h"
+#include "core/paths.h"
+#include "core/tos_property_lines.h"
+#include "framework/string_adapter.h"
+#include "framework/strings.h"
+#include "host/vsk_lr.h"
+#include "layers/complex_model_record.h"
+#include "layers/layer_files.h"
+#include "operations/project_context.h"
+
+namespace vs::project_resave {
+
+namespace {
+
+constexpr int32_t tos_folder_text = 403;
+
+// The files that a complex model refers to, in the order of the rows.
+struct model_element {
+    uint32_t element; // of the record
+    int32_t lost_text;
+};
+constexpr model_element model_elements[] = {
+    {9, 523},  // base of the structural map
+    {15, 524}, // cube of the depth model
+    {44, 525}, // cube of the time model
+    {39, 526}, // base of the isochrone map
+};
+
+// Only layers of this kind lose their style over a save.
+bool keeps_style(vs_lr* layer) {
+    const char* type = vs_lr_get_lr_type(layer);
+    return type && std::string_view(type) == "tos_grid_lr1d";
+}
+
+} // namespace
+
+void Tvs_resave_tos_lr::before_save() {
+    Tvs_resave_unit::before_save();
+    saved_style.reset();
+    saved_style_list.reset();
+    if (!keeps_style(layer)) return;
+    if (vs_stl_mngr* style = vs_lr_get_style_mngr_ptr(layer)) {
+        saved_style.reset(vs_stl_mngr_create(vs_stl_mngr_get_style_type(style)));
+        vs_stl_mngr_assign(saved_style.get(), style);
+    }
+    if (vs_stl_mngr_list* list = vs_lr_get_style_mngr_list_ptr(layer)) {
+        saved_style_list.reset(vs_stl_mngr_list_create(vs_stl_mngr_list_get_type(list)));
+        vs_stl_mngr_list_assign(saved_style_list.get(), list);
+    }
+}
+
+void Tvs_resave_tos_lr::after_save(bool ok) {
+    vs_stl_mngr* style = saved_style ? vs_lr_get_style_mngr_ptr(layer) : nullptr;
+    if (style) vs_stl_mngr_assign(style, saved_style.get());
+    saved_style.reset();
+    vs_stl_mngr_list* list = saved_style_list ? vs_lr_get_style_mngr_list_ptr(layer) : nullptr;
+    if (list) vs_stl_mngr_list_assign(list, saved_style_list.get());
+    saved_style_list.reset();
+    Tvs_resave_unit::after_save(ok);
+}
+
+void Tvs_resave_tos_lr::build() {
+    if (complex_model_record::is_listed(layer)) read_model_files();
+    Tvs_resave_layer::build();
+}
+
+void Tvs_resave_tos_lr::read_model_files() {
+    complex_model_record record(layer);
+    if (!record) return;
+    const wide_string folder = path_head(source_path());
+    for (const model_element& row : model_elements) {
+        const wide_string text = record.text(row.element);
+        model_files.push_back({text.empty() ? text : path_resolve(folder, text), wide_string()});
+    }
+}
+
+void Tvs_resave_tos_lr::collect_source_files(std::vector<wide_string>& out) {
+    out.clear();
+    if (!append_existing_files(source_path(), out)) return;
+    for (const model_file& file : model_files) {
+        if (file.old_path.empty() || std::ranges::find(out, file.old_path) != out.end()) continue;
+        if (!append_existing_files(file.old_path, out)) return; // the rows behind it are not looked at
+    }
+}
+
+void Tvs_resave_tos_lr::collect_common_directory(common_directory& common) {
+    for (const model_file& file : model_files) common.add_path(file.old_path);
+    Tvs_resave_layer::collect_common_directory(common);
+}
+
+wide_string Tvs_resave_tos_lr::default_folder() { return load_string(tos_folder_text); }
+
+bool Tvs_resave_tos_lr::copy_files(const wide_string& source, const wide_string& target) {
+    return copy_data_source_files(source, target, true, *context); // the main file is one of them
+}
+
+void Tvs_resave_tos_lr::after_file_saved() {
+    // Counts the rows that name a file, not the rows: behind an empty row a file is handled under the element
+    // of an earlier one. Projects rely on it.
+    size_t counted = 0;
+    for (model_file& file : model_files) {
+        if (file.old_path.empty()) continue;
+        const model_element& row = model_elements[counted++];
+        file.new_path = place_model_file(file.old_path, row.lost_text);
+        if (complex_model_record record{layer}) record.set_text(row.element, file.new_path);
+    }
+}
+
+// The path to be written into the record; empty for a file that is lost or finds no place.
+wide_string Tvs_resave_tos_lr::place_model_file(const wide_string& source, int32_t lost_text) {
+    if (!path_exists(source)) {
+        context->log.file_missing(source);
+        context->report.add_lost_source(caption() + u". " + load_string(lost_text));
+        skip_progress(); // a step that nobody counted
+        return wide_string();
+    }
+    path_placement& placement = context->placement;
+    wide_string target = placement.lookup_placed(source);
+    if (target.empty()) {
+        placement.set_type_folder(default_folder());
+        target = placement.new_path(source);
+        if (target.empty())
+            context->log.new_name_failed(target);
+        else
+            copy_data_source_files(source, target, true, *context);
+        placement.set_type_folder(u"files");
+    }
+    if (target.empty()) return target;
+    // The reference as the layer holds it: a marked one is no folder to start from, and the path stays whole.
+    return path_relative(host_string(&vs_lr_get_wfilename, layer), target);
+}
+
+bool Tvs_resave_tos_lr::write_structure() {
+    Tvs_resave_layer::write_structure();
+    if (!context->options.write_table_columns) return true;
+    context->log.indent();
+    write_tos_properties(*context, source_path());
+    context->log.unindent();
+    return true;
+}
+
+void Tvs_resave_tos_lr2d::after_file_saved() {
+    Tvs_resave_tos_lr::after_file_saved();
+    save_layer_file_2d(layer, *context);
+}
+
+void Tvs_resave_tos_lr3d::after_file_saved() {
+    Tvs_resave_tos_lr::after_file_saved();
+    save_layer_file_3d(layer, *context);
+}
+
+} // namespace vs::project_resave

@@ -1,0 +1,58 @@
+#include "layers/resave_wells.h"
+
+#include "core/copying.h"
+#include "core/path_files.h"
+#include "core/paths.h"
+#include "core/structure_line.h"
+#include "framework/string_adapter.h"
+#include "framework/strings.h"
+#include "host/vsk_lr.h"
+#include "layers/layer_files.h"
+#include "operations/project_context.h"
+
+namespace vs::project_resave {
+
+namespace {
+
+constexpr int32_t well_folder_text = 405;
+
+} // namespace
+
+bool Tvs_resave_well::write_structure() {
+    context->log.write_indented(with_path(*context, well_caption(), source_path()));
+    return true;
+}
+
+void Tvs_resave_well::collect_source_files(std::vector<wide_string>& out) {
+    out.clear();
+    const wide_string source = source_path();
+    if (path_exists(source)) out.push_back(source);
+    const wide_string folder = path_replace_extension(source, u"");
+    if (path_exists(folder)) out.push_back(folder);
+}
+
+wide_string Tvs_resave_well::default_folder() { return load_string(well_folder_text); }
+
+bool Tvs_resave_well::copy_files(const wide_string& source, const wide_string& target) {
+    return copy_file_and_folder(source, target, *context);
+}
+
+vs_entity* Tvs_resave_well_lr::entity() { return layer ? vs_lr_safe_upcast(layer) : nullptr; }
+
+bool Tvs_resave_well_lr::do_save() {
+    if (context->options.structure_variant != folder_per_scene) return Tvs_resave_well::do_save();
+    skip_progress();
+    return true;
+}
+
+wide_string Tvs_resave_well_lr::source_path() { return host_string(&vs_lr_get_wfilename, layer); }
+
+void Tvs_resave_well_lr::set_new_path(const wide_string& path) { vs_lr_set_wfilename(layer, path.c_str()); }
+
+wide_string Tvs_resave_well_lr::well_caption() { return host_string(&vs_lr_get_wcaption, layer); }
+
+void Tvs_resave_well_lr2d::after_file_saved() { save_layer_file_2d(layer, *context); }
+
+void Tvs_resave_well_lr3d::after_file_saved() { save_layer_file_3d(layer, *context); }
+
+} // namespace vs::project_resave

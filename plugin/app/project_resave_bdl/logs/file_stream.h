@@ -1,0 +1,36 @@
+// Low-level writer of text files.
+#pragma once
+
+#include <cstdint>
+#include <memory>
+
+#include "framework/encoding.h"
+#include "platform/system.h"
+#include "platform/wide_string.h"
+
+namespace vs::project_resave {
+
+// Writes through to the file, without a buffer. No failure is told but that of `open`; writing to a stream
+// that did not open does nothing.
+class file_stream {
+public:
+    // "r" reads, "w" creates or empties, "a" appends to a file that exists; "+" asks for both directions. A
+    // file that somebody else holds is tried again for about 20 ms. Closes what was open.
+    bool open(const wide_string& path, wide_view mode);
+    void write(wide_view text);
+    // The text and a line end.
+    void write_line(wide_view text);
+    void close();
+
+private:
+    std::unique_ptr<platform::file> handle; // null when closed
+    bool eof_seen = false;                  // cleared by an open for appending
+    uint32_t encoding = utf8_row;
+    wide_string line_end = u"\r\n";
+};
+
+// Opens a file that exists, appends the text up to its first zero character, and closes the file: when it
+// returns, the text stands in the file or is lost.
+void append_text(const wide_string& file_name, const wide_string& text, bool end_line);
+
+} // namespace vs::project_resave

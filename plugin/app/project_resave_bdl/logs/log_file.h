@@ -1,0 +1,78 @@
+// Writer of the resave log, of the structure text and of the case report.
+#pragma once
+
+#include <cstdint>
+#include <initializer_list>
+#include <vector>
+
+#include "platform/wide_string.h"
+
+namespace vs::project_resave {
+
+class project_context;
+
+// Each line opens the file, appends, and closes it, so it stands in the file when the call returns, and a log
+// that cannot be written stops nothing. Lines end with CR LF, in UTF-8 without a mark in front; a text ends
+// at its first zero character. User-interface thread only.
+//
+// Nobody tests whether the log is on: while it was never opened there is no file that a line could reach. One
+// that was open in an earlier run goes on receiving lines.
+class log_file {
+public:
+    // `options.indent_unit` is read through `owner`, which must outlive this object.
+    explicit log_file(project_context* owner) : context(owner) {}
+    log_file(const log_file&) = delete;
+    log_file& operator=(const log_file&) = delete;
+    virtual ~log_file() = default;
+
+    // Creates or empties the file and writes there from now on; true even if it could not be created. Without
+    // `enable` does nothing and answers false.
+    virtual bool open(const wide_string& name, bool enable);
+    virtual void close();
+    // One line: the text of this number, a narrow text of the host, a wide text. The result is always false.
+    virtual bool write(uint32_t string_id);
+    virtual bool write(const char* text);
+    virtual bool write(const wide_string& text);
+
+    // Messages, each a block of lines.
+    virtual void copy_failed(const wide_string& path);
+    virtual void new_name_failed(const wide_string& path);
+    virtual void file_missing(const wide_string& path);
+    virtual void layer_2d_not_saved(const char* name);
+    virtual void layer_2d_not_saved(const wide_string& name);
+    virtual void layer_3d_not_saved(const char* name);
+    virtual void layer_3d_not_saved(const wide_string& name);
+    virtual void file_renamed(const wide_string& old_path, const wide_string& new_path);
+    virtual void layer_2d_removed();
+    virtual void layer_3d_removed();
+    virtual void dbf_table_removed();
+    virtual void tos_table_removed();
+    virtual void scene_not_loaded(const wide_string& name);
+    virtual void service_begin(const wide_string& name);
+    virtual void service_end(const wide_string& name);
+    virtual void service_file_removed(const wide_string& name);
+
+    virtual void indent();
+    // Stops at 0; the new depth.
+    virtual uint32_t unindent();
+    virtual bool write_at(const wide_string& text, uint32_t at_depth);
+    // At the present depth. Only these lines are indented.
+    virtual void write_indented(uint32_t string_id);
+    virtual void write_indented(const wide_string& text);
+
+    virtual void clear_unprocessed_types();
+    virtual void add_unprocessed_type(const char* text);
+    virtual void dump_unprocessed_types();
+
+protected:
+    project_context* context;
+    wide_string file_name; // empty until the log is opened for the first time
+    uint32_t depth = 0;
+    std::vector<wide_string> unprocessed_types;
+
+private:
+    // Each text as a line, and the end of a block.
+    void write_block(std::initializer_list<wide_string> lines);
+};
+
+} // namespace vs::project_resave

@@ -1,0 +1,95 @@
+// The one object on which all work of the bundle is done: the loaded project, its tree of units, and all that
+// the runs over the tree share. Lives as long as the panel or command that owns it. User-interface thread
+// only.
+#pragma once
+
+#include <memory>
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
+
+#include "core/deferred_joins.h"
+#include "core/path_placement.h"
+#include "core/resave_options.h"
+#include "core/resave_unit.h"
+#include "core/selection_register.h"
+#include "core/size_register.h"
+#include "framework/ref.h"
+#include "logs/log_file.h"
+#include "logs/open_log_file.h"
+#include "operations/event.h"
+#include "operations/run_progress.h"
+#include "operations/run_report.h"
+#include "services/entity_factory.h"
+#include "services/resave_service.h"
+
+namespace vs::project_resave {
+
+using resave_services = std::vector<ref<resave_service_impl>>;
+
+class project_context {
+public:
+    // The services are the owner's and may come later; null counts as none.
+    explicit project_context(const resave_services* found);
+    project_context(const project_context&) = delete;
+    project_context& operator=(const project_context&) = delete;
+    // Releases a loaded project; nobody is told.
+    ~project_context();
+
+    // Reads a project into a private copy and builds its tree. What was loaded before is gone in any case;
+    // after a failure, which the user is told, nothing is loaded. Fires project_changed once.
+    bool load_project(const wide_string& path, bool show_wait, bool write_open_log);
+    // Releases the project and fires project_changed; nothing if none is loaded.
+    void close_project();
+    // Destroys the tree without a word.
+    void clear_tree();
+    // Asks all roots again how many steps a run has.
+    uint32_t count_units();
+
+    // Resaves the loaded project. False only if none is loaded. Afterwards none is, unless the user wants the
+    // source reopened.
+    bool resave_project(const resave_settings& settings);
+    // After a stop: erases what the run created, if the user asked for it.
+    void on_stopped();
+    bool stop_and_reload();
+    void note_project_saved(bool ok);
+
+    vs_prj* project_handle() { return project; }
+    event& project_changed_event() { return project_changed; }
+
+    resave_options options{&progress};
+    run_progress progress;
+    log_file log{this};
+    open_log_file open_log{this};
+    path_placement placement{&progress, &log, &options};
+    project_resave::selection_register selection{&sizes};
+    project_resave::size_register sizes;
+    run_report report;
+    std::unordered_map<wide_string, Tvs_resave_unit*> units; // by uuid text, the first that was built
+    entity_factory entity_factory_;
+    std::unordered_set<wide_string> loading_scenes; // path keys of the map scenes now being loaded
+    deferred_joins deferred_joins_{&placement, &log, &report};
+    uint32_t total_units = 0;
+    const resave_services* services;
+    vs_prj* project = nullptr; // owned
+    event project_changed;
+    std::vector<std::unique_ptr<Tvs_resave_unit>> tree; // the roots, in the order of a run
+
+private:
+    bool read_project(vs_xml_save_prj* reader, const wide_string& path, bool write_open_log);
+    void build_tree();
+    void add_root(std::unique_ptr<Tvs_resave_unit> root);
+    void release_project();
+    void begin_run(const resave_settings& settings);
+    void correct_selection();
+    void find_common_directory();
+    void save_tree();
+    void save_project();
+    void end_run();
+    void abandon_run();
+    void forget_project();
+
+    std::set<wide_string> types_of_tree; // layer kinds of the loaded tree that nothing resaves
+};
+
+} // namespace vs::project_resave

@@ -1,0 +1,132 @@
+#include "operations/project_context.h"
+
+#include <cstring>
+
+#include "containers/resave_layouts.h"
+#include "containers/resave_scenes.h"
+#include "containers/resave_tables.h"
+#include "containers/resave_wells_data.h"
+#include "framework/host_owned.h"
+#include "framework/strings.h"
+#include "host/vsk_entity.h"
+#include "host/vsk_msgs.h"
+#include "host/vsk_prj.h"
+#include "host/vsk_scn_2d.h"
+#include "host/vsk_xml_save_prj.h"
+#include "services/resave_plugin_list.h"
+
+namespace vs::project_resave {
+
+namespace {
+
+using wait_window = host_owned<vs_wait, &vs_wait_destroy>;
+using project_xml = host_owned<vs_xml_save_prj, &vs_xml_save_prj_destroy>;
+
+// Plug-in collections whose members are sheets made from a file.
+constexpr const char* well_collections[] = {"plugin_scn_2d_well_planshet_collection3",
+                                            "c_scn2d_correlation_collection2"};
+
+bool is_well_collection(vs_scns_2d* collection) {
+    const char* meta_id = vs_entity_get_meta_id(vs_entities_safe_upcast(vs_scns_2d_safe_upcast(collection)));
+    for (const char* known : well_collections)
+        if (std::strcmp(meta_id, known) == 0) return true;
+    return false;
+}
+
+} // namespace
+
+project_context::project_context(const resave_services* found) : services(found) {}
+
+project_context::~project_context() {
+    release_project();
+    clear_tree();
+    project_changed.disconnect_all();
+}
+
+void project_context::release_project() {
+    if (project) vs_prj_destroy(project);
+    project = nullptr;
+}
+
+void project_context::clear_tree() {
+    tree.clear();
+    units.clear();
+    types_of_tree.clear();
+}
+
+void project_context::close_project() {
+    if (!project) return;
+    release_project();
+    clear_tree();
+    selection.clear();
+    sizes.clear();
+    project_changed.fire();
+}
+
+bool project_context::load_project(const wide_string& wanted, bool show_wait, bool write_open_log) {
+    const wide_string path = wanted; // may be a text of ours that the load resets
+    const wait_window wait(show_wait ? vs_wait_wcreate(load_string(358).c_str()) : nullptr);
+    selection.clear();
+    sizes.clear();
+    log.clear_unprocessed_types();
+    report.unprocessed_types.clear();
+    release_project();
+    clear_tree();
+    const project_xml reader(vs_xml_save_prj_create());
+    const bool loaded = read_project(reader.get(), path, write_open_log);
+    if (loaded) {
+        placement.set_source(path);
+        sizes.add_file(path);
+        build_tree();
+    }
+    project_changed.fire();
+    return loaded;
+}
+
+bool project_context::read_project(vs_xml_save_prj* reader, const wide_string& path, bool write_open_log) {
+    project = vs_prj_create();
+    open_log.set_open_log_path(path, write_open_log);
+    open_log.write_load_begin();
+    if ((vs_xml_data_load_prj_w(reader, path.c_str(), project) & 0xFF) == 0) {
+        show_error(500);
+        release_project();
+        return false;
+    }
+    open_log.write_load_end();
+    return true;
+}
+
+void project_context::build_tree() {
+    add_root(std::make_unique<Tvs_resave_scenes_2d>(vs_prj_get_scns_2d_ptr(project), *this));
+    add_root(std::make_unique<Tvs_resave_scenes_3d>(vs_prj_get_scns_3d_ptr(project), *this));
+    add_root(std::make_unique<Tvs_resave_toss_data>(vs_prj_get_toss_data_ptr(project), *this));
+    add_root(std::make_unique<Tvs_resave_scns_layout>(vs_prj_get_layouts_data_ptr(project), *this));
+    const uint32_t collections = vs_prj_get_plugin_scns_2d_count(project);
+    for (uint32_t index = 0; index < collections; ++index) {
+        vs_scns_2d* collection = vs_prj_get_plugin_scns_2d_ptr(project, index);
+        if (is_well_collection(collection))
+            add_root(std::make_unique<Tvs_resave_wells_data>(collection, *this));
+    }
+    if (services)
+        for (const ref<resave_service_impl>& service : *services)
+            add_root(std::make_unique<resave_plugin_list>(*this, project, service));
+    // Last of all: every unit before may still refer to a table.
+    add_root(std::make_unique<Tvs_resave_attrs_data>(vs_prj_get_attrs_data_ptr(project), *this));
+    count_units();
+    types_of_tree = report.unprocessed_types;
+    log.close();
+}
+
+// Each root is built before the next one is made.
+void project_context::add_root(std::unique_ptr<Tvs_resave_unit> root) {
+    tree.push_back(std::move(root));
+    tree.back()->build_once();
+}
+
+uint32_t project_context::count_units() {
+    uint32_t total = 0;
+    for (const auto& root : tree) root->count_units(total);
+    return total_units = total;
+}
+
+} // namespace vs::project_resave

@@ -1,0 +1,27 @@
+#include "operations/run_report.h"
+
+#include "core/paths.h"
+#include "framework/encoding.h"
+#include "framework/strings.h"
+
+namespace vs::project_resave {
+
+void run_report::reset() { *this = run_report(); }
+
+void run_report::add_lost_source(const wide_string& what) { add_to_current(load_string(519) + what + u"\n"); }
+
+void run_report::add_copy_error(const wide_string& path) {
+    add_to_current(load_string(520) + path_file_name(path) + u"\n");
+}
+
+void run_report::add_unprocessed_type(const char* layer_type) {
+    unprocessed_types.insert(host_text(layer_type));
+}
+
+void run_report::add_to_current(const wide_string& text) {
+    if (current_unit.empty()) return;
+    if (problems.empty() || problems.back().title != current_unit) problems.push_back({current_unit, {}});
+    problems.back().text += text;
+}
+
+} // namespace vs::project_resave

@@ -1,0 +1,36 @@
+// What a run found: losses and failures by the list in work, and its outcome.
+#pragma once
+
+#include <set>
+#include <vector>
+
+#include "platform/wide_string.h"
+
+namespace vs::project_resave {
+
+class run_report {
+public:
+    struct problem {
+        wide_string title; // caption of the list that was in work
+        wide_string text;  // one line or more, each ended by a line feed
+    };
+
+    // Everything empty and false again.
+    void reset();
+    // Records under the list in work; dropped while there is none.
+    void add_lost_source(const wide_string& what);
+    void add_copy_error(const wide_string& path); // its file name alone is told
+    void add_unprocessed_type(const char* layer_type);
+    void add_to_current(const wide_string& text);
+    // Tells the user how the resave went.
+    void show_final_message() const;
+
+    bool depth_exceeded = false;             // the selection did not settle in time
+    std::set<wide_string> unprocessed_types; // layer kinds that nothing resaves, each once
+    std::vector<problem> problems;           // grouped by consecutive titles
+    wide_string current_unit;                // caption of the list in work; kept after the list has ended
+    bool stopped = false;                    // the user ended the run
+    bool saved = false;                      // the new project file exists
+};
+
+} // namespace vs::project_resave

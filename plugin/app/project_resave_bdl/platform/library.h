@@ -1,0 +1,30 @@
+// Libraries of code that are loaded by name while the program runs.
+#pragma once
+
+#include <memory>
+
+#include "platform/wide_string.h"
+
+namespace vs::project_resave::platform {
+
+/// A loaded library; unloaded by the destructor, which runs the destructors of its static objects.
+class library {
+public:
+    /// Loads the file of a drive path, and no other of that name. Null with the system's `reason` if there is
+    /// no such file, it is no library of this target, or it needs one that is not there.
+    static std::unique_ptr<library> open(const wide_string& path, wide_string& reason);
+
+    ~library();
+    library(const library&) = delete;
+    library& operator=(const library&) = delete;
+
+    /// Address of what the library exports under `name`; null if nothing. Ends with the library.
+    void* symbol(const char* name) const;
+
+private:
+    explicit library(void* handle) : handle_(handle) {}
+
+    void* handle_;
+};
+
+} // namespace vs::project_resave::platform

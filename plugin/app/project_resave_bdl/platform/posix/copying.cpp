@@ -1,0 +1,148 @@
+#include "platform/posix/copying.h"
+
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <atomic>
+#include <cstdint>
+#include <cstdio>
+#include <utility>
+#include <vector>
+
+#include "platform/posix/descriptor.h"
+#include "platform/posix/volumes.h"
+
+namespace vs::project_resave::platform {
+
+namespace {
+
+folder_names& names() { return mapped_volumes().names(); }
+
+descriptor create_exclusively(const std::string& path, mode_t mode) {
+    names().before_change(path);
+    descriptor created(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode));
+    if (created) names().created(path);
+    return created;
+}
+
+// A file that did not exist before; its destructor removes it unless it was kept.
+class new_file {
+public:
+    new_file(std::string path, mode_t mode)
+        : path_(std::move(path)), content_(create_exclusively(path_, mode)), present_(bool(content_)) {}
+    ~new_file() {
+        if (!present_) return;
+        names().before_change(path_);
+        if (::unlink(path_.c_str()) == 0) names().removed(path_);
+    }
+    new_file(const new_file&) = delete;
+    new_file& operator=(const new_file&) = delete;
+
+    explicit operator bool() const { return present_; }
+    int get() const { return content_.get(); }
+
+    bool keep() {
+        if (content_.close()) present_ = false;
+        return !present_;
+    }
+    bool keep_in_place_of(const std::string& target) {
+        if (!content_.close()) return false;
+        names().before_change(path_);
+        if (std::rename(path_.c_str(), target.c_str()) != 0) return false;
+        names().removed(path_);
+        present_ = false;
+        return true;
+    }
+
+private:
+    std::string path_;
+    descriptor content_;
+    bool present_;
+};
+
+bool copy_through_memory(int source, int target, off_t from, off_t end) {
+    constexpr off_t piece = 128 * 1024;
+    std::vector<char> buffer(static_cast<size_t>(std::min(piece, end - from)));
+    while (from < end) {
+        const auto wanted = static_cast<size_t>(std::min(piece, end - from));
+        const ssize_t taken = ::pread(source, buffer.data(), wanted, from);
+        if (taken <= 0) return false;
+        for (ssize_t given = 0; given < taken;) {
+            const ssize_t count =
+                ::pwrite(target, buffer.data() + given, size_t(taken - given), from + given);
+            if (count <= 0) return false;
+            given += count;
+        }
+        from += taken;
+    }
+    return true;
+}
+
+bool copy_range(int source, int target, off_t from, off_t end) {
+    off_t to = from;
+    while (from < end) {
+        const ssize_t count = ::copy_file_range(source, &from, target, &to, size_t(end - from), 0);
+        if (count <= 0)
+            return copy_through_memory(source, target, from, end); // not between these file systems
+    }
+    return true;
+}
+
+bool copy_without_holes(int source, int target, off_t size) {
+    off_t end = 0;
+    while (end < size) {
+        const off_t data = ::lseek(source, end, SEEK_DATA);
+        if (data < 0) break; // nothing but a hole is left
+        end = std::min(::lseek(source, data, SEEK_HOLE), size);
+        if (end <= data || !copy_range(source, target, data, end)) return false;
+    }
+    return ::ftruncate(target, size) == 0;
+}
+
+bool copy_content(int source, int target, const struct stat& status) {
+    constexpr off_t block = 512;
+    if (status.st_blocks * block < status.st_size) return copy_without_holes(source, target, status.st_size);
+    return copy_range(source, target, 0, status.st_size);
+}
+
+bool is_unchanged(int source, const struct stat& before) {
+    struct stat now {};
+    return ::fstat(source, &now) == 0 && now.st_size == before.st_size &&
+           now.st_mtim.tv_sec == before.st_mtim.tv_sec && now.st_mtim.tv_nsec == before.st_mtim.tv_nsec;
+}
+
+// Some mounted file systems know neither; a copy without them is still a copy.
+void copy_attributes(int target, const struct stat& status, mode_t permissions) {
+    const timespec times[] = {status.st_atim, status.st_mtim};
+    const bool kept = ::fchmod(target, permissions) == 0 && ::futimens(target, times) == 0;
+    static_cast<void>(kept);
+}
+
+// Beside the target, so that it can take its place in one step.
+std::string temporary_name(const std::string& target) {
+    static std::atomic<unsigned> count{0};
+    const std::string folder = target.substr(0, target.rfind('/') + 1);
+    return folder + ".copy-" + std::to_string(::getpid()) + "-" + std::to_string(++count) + ".tmp";
+}
+
+} // namespace
+
+bool copy_regular_file(const std::string& source, const std::string& target, bool replace) {
+    const descriptor in(::open(source.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)); // a pipe must not block
+    struct stat status {};
+    if (!in || ::fstat(in.get(), &status) != 0 || !S_ISREG(status.st_mode)) return false;
+
+    struct stat existing {};
+    const bool replaces = replace && ::stat(target.c_str(), &existing) == 0;
+    if (replaces && existing.st_dev == status.st_dev && existing.st_ino == status.st_ino) return false;
+
+    const mode_t permissions = status.st_mode & 0777;
+    new_file out(replaces ? temporary_name(target) : target, permissions);
+    if (!out || !copy_content(in.get(), out.get(), status) || !is_unchanged(in.get(), status)) return false;
+    copy_attributes(out.get(), status, permissions);
+    return replaces ? out.keep_in_place_of(target) : out.keep();
+}
+
+} // namespace vs::project_resave::platform

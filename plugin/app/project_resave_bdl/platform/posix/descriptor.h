@@ -1,0 +1,31 @@
+// Owner of an open file descriptor.
+#pragma once
+
+#include <unistd.h>
+
+#include <utility>
+
+namespace vs::project_resave::platform {
+
+class descriptor {
+public:
+    explicit descriptor(int number) : number_(number) {}
+    ~descriptor() { close(); }
+    descriptor(descriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
+    descriptor(const descriptor&) = delete;
+    descriptor& operator=(const descriptor&) = delete;
+
+    explicit operator bool() const { return number_ >= 0; }
+    int get() const { return number_; }
+
+    /// False if the system could not keep what was written. A second call does nothing.
+    bool close() {
+        const int number = std::exchange(number_, -1);
+        return number < 0 || ::close(number) == 0;
+    }
+
+private:
+    int number_;
+};
+
+} // namespace vs::project_resave::platform

@@ -1,0 +1,166 @@
+#include <dirent.h>
+#include <sys/stat.h>
+#include <sys/statvfs.h>
+#include <unistd.h>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+#include <optional>
+#include <string_view>
+#include <thread>
+
+#include "platform/posix/copying.h"
+#include "platform/posix/open_file.h"
+#include "platform/posix/volumes.h"
+#include "platform/system.h"
+#include "platform/text.h"
+
+namespace vs::project_resave::platform {
+
+namespace {
+
+folder_names& names() { return mapped_volumes().names(); }
+
+std::optional<std::string> existing(const wide_string& path) { return mapped_volumes().native(path, true); }
+std::optional<std::string> wanted(const wide_string& path) { return mapped_volumes().native(path, false); }
+
+std::optional<struct stat> status_of(const wide_string& path) {
+    struct stat status {};
+    const auto native = existing(path);
+    if (!native || ::stat(native->c_str(), &status) != 0) return std::nullopt;
+    return status;
+}
+
+folder_entry entry_of(const std::string& folder, const dirent& found) {
+    const std::string path = folder + "/" + found.d_name;
+    struct stat status {};
+    const bool is_known = found.d_type != DT_UNKNOWN;
+    const bool is_link =
+        is_known ? found.d_type == DT_LNK : ::lstat(path.c_str(), &status) == 0 && S_ISLNK(status.st_mode);
+    const bool is_folder = is_known && !is_link
+                               ? found.d_type == DT_DIR
+                               : ::stat(path.c_str(), &status) == 0 && S_ISDIR(status.st_mode);
+    return {from_utf8(found.d_name), is_folder, is_link};
+}
+
+class posix_system final : public system {
+public:
+    entry_kind kind_of(const wide_string& path) override {
+        const auto status = status_of(path);
+        if (!status) return entry_kind::none;
+        if (S_ISDIR(status->st_mode)) return entry_kind::folder;
+        return S_ISREG(status->st_mode) ? entry_kind::file : entry_kind::none;
+    }
+
+    uint64_t file_size(const wide_string& path) override {
+        const auto status = status_of(path);
+        return status && S_ISREG(status->st_mode) ? static_cast<uint64_t>(status->st_size) : 0;
+    }
+
+    bool copy_file(const wide_string& source, const wide_string& target, bool replace) override {
+        const auto from = existing(source);
+        const auto to = wanted(target);
+        return from && to && copy_regular_file(*from, *to, replace);
+    }
+
+    bool delete_file(const wide_string& path) override {
+        const auto native = existing(path);
+        if (!native) return false;
+        names().before_change(*native);
+        if (::unlink(native->c_str()) != 0) return false;
+        names().removed(*native);
+        return true;
+    }
+
+    bool create_folder(const wide_string& path) override {
+        const auto native = wanted(path);
+        if (!native) return false;
+        names().before_change(*native);
+        if (::mkdir(native->c_str(), 0777) != 0) return false;
+        names().created(*native);
+        return true;
+    }
+
+    bool remove_folder(const wide_string& path) override {
+        const auto native = existing(path);
+        if (!native) return false;
+        names().before_change(*native);
+        if (::rmdir(native->c_str()) != 0) return false;
+        names().removed(*native);
+        return true;
+    }
+
+    std::vector<folder_entry> list(const wide_string& path) override {
+        std::vector<folder_entry> entries;
+        const auto native = existing(path);
+        DIR* const folder = native ? ::opendir(native->c_str()) : nullptr;
+        if (folder == nullptr) return entries;
+        while (const dirent* const found = ::readdir(folder)) {
+            const std::string_view name = found->d_name;
+            if (name != "." && name != "..") entries.push_back(entry_of(*native, *found));
+        }
+        ::closedir(folder);
+        std::ranges::sort(entries, {}, &folder_entry::name);
+        return entries;
+    }
+
+    bool true_name(const wide_string& folder, const wide_string& name, wide_string& spelling) override {
+        if (name == u"." || name == u"..") {
+            spelling = name;
+            return true;
+        }
+        const auto native = existing(folder);
+        const auto found = native ? names().find(*native, to_utf8(name)) : std::nullopt;
+        if (!found) return false;
+        spelling = from_utf8(*found);
+        return true;
+    }
+
+    bool same_file(const wide_string& a, const wide_string& b) override {
+        const auto first = status_of(a);
+        const auto second = status_of(b);
+        return first && second && first->st_dev == second->st_dev && first->st_ino == second->st_ino;
+    }
+
+    bool rename_over(const wide_string& from, const wide_string& to) override {
+        const auto source = existing(from);
+        const auto target = wanted(to);
+        if (!source || !target) return false;
+        names().before_change(*source);
+        if (std::rename(source->c_str(), target->c_str()) != 0) return false;
+        if (*source != *target) names().removed(*source);
+        names().created(*target);
+        return true;
+    }
+
+    open_result open(const wide_string& path, access access_wanted, disposition how,
+                     std::unique_ptr<file>& result) override {
+        result.reset();
+        const bool creates = how == disposition::create_always;
+        const auto native = creates ? wanted(path) : existing(path);
+        if (!native) return open_result::failed;
+        if (creates) names().before_change(*native);
+        const open_result answer = open_regular_file(*native, access_wanted, how, result);
+        if (creates && answer == open_result::opened) names().created(*native);
+        return answer;
+    }
+
+    void pause_1ms() override { std::this_thread::sleep_for(std::chrono::milliseconds(1)); }
+
+    uint64_t free_space(const wide_string& folder) override {
+        const auto native = existing(folder);
+        struct statvfs status {};
+        if (!native || ::statvfs(native->c_str(), &status) != 0) return 0;
+        return static_cast<uint64_t>(status.f_bavail) * status.f_frsize;
+    }
+};
+
+} // namespace
+
+system& operating_system() {
+    static posix_system own;
+    return own;
+}
+
+} // namespace vs::project_resave::platform

@@ -1,0 +1,126 @@
+#include "platform/posix/folder_names.h"
+
+#include <dirent.h>
+
+#include <algorithm>
+#include <ctime>
+#include <memory>
+
+#include "platform/text.h"
+
+namespace vs::project_resave::platform {
+
+namespace {
+
+// Longer than the step of the clock that stamps folders.
+constexpr int64_t settling_time = 20'000'000;
+
+int64_t nanoseconds(const timespec& time) { return int64_t{time.tv_sec} * 1'000'000'000 + time.tv_nsec; }
+
+wide_string key_of(std::string_view name) { return folded(from_utf8(name)); }
+
+} // namespace
+
+bool exists_exactly(const std::string& path) {
+    struct stat status {};
+    return ::lstat(path.c_str(), &status) == 0;
+}
+
+std::string folder_of(const std::string& path) {
+    const size_t slash = path.rfind('/');
+    return slash == 0 || slash == std::string::npos ? "/" : path.substr(0, slash);
+}
+
+std::string_view name_of(std::string_view path) { return path.substr(path.rfind('/') + 1); }
+
+std::string joined(const std::string& folder, std::string_view name) {
+    std::string path = folder;
+    if (!path.ends_with('/')) path += '/';
+    return path.append(name);
+}
+
+std::optional<std::string> folder_names::find(const std::string& folder, std::string_view name) {
+    const std::lock_guard guard(mutex_);
+    const content* const names = current(folder);
+    if (names == nullptr) return std::nullopt;
+    const std::string* best = nullptr;
+    const auto [first, last] = names->by_folded.equal_range(key_of(name));
+    for (auto entry = first; entry != last; ++entry) {
+        const std::string& spelling = entry->second;
+        if (!exists_exactly(joined(folder, spelling))) continue;
+        if (spelling == name) return spelling;
+        if (best == nullptr || spelling < *best) best = &spelling;
+    }
+    return best != nullptr ? std::optional(*best) : std::nullopt;
+}
+
+folder_names::folder_times folder_names::times_of(const struct stat& status) {
+    return {nanoseconds(status.st_mtim), nanoseconds(status.st_ctim)};
+}
+
+// The names as they stand now, read again if need be; null if `folder` is no readable folder.
+folder_names::content* folder_names::current(const std::string& folder) {
+    struct stat status {};
+    if (::stat(folder.c_str(), &status) != 0 || !S_ISDIR(status.st_mode)) return nullptr;
+    content& names = folders_[{status.st_dev, status.st_ino}];
+    if (names.settled && names.seen == times_of(status)) return &names;
+    return read(folder, status, names) ? &names : nullptr;
+}
+
+bool folder_names::read(const std::string& folder, const struct stat& status, content& names) {
+    names.by_folded.clear();
+    names.settled = false;
+    timespec now{};
+    ::clock_gettime(CLOCK_REALTIME_COARSE, &now);
+    const std::unique_ptr<DIR, int (*)(DIR*)> listing(::opendir(folder.c_str()), ::closedir);
+    if (!listing) return false;
+    while (const dirent* const entry = ::readdir(listing.get())) {
+        const std::string_view name = entry->d_name;
+        if (name != "." && name != "..") names.by_folded.emplace(key_of(name), name);
+    }
+    names.seen = times_of(status);
+    // Names read just after somebody else's change are read again until that change is old enough. After
+    // one's own changes they are taken as they are: else a folder in steady use would be read at each look.
+    names.settled = names.seen == names.own_change || nanoseconds(now) - names.seen.changed > settling_time;
+    return true;
+}
+
+folder_names::content* folder_names::kept(const std::string& folder, folder_times& now) {
+    struct stat status {};
+    if (::stat(folder.c_str(), &status) != 0) return nullptr;
+    now = times_of(status);
+    const auto found = folders_.find({status.st_dev, status.st_ino});
+    return found != folders_.end() ? &found->second : nullptr;
+}
+
+void folder_names::before_change(const std::string& path) {
+    const std::lock_guard guard(mutex_);
+    folder_times now;
+    content* const names = kept(folder_of(path), now);
+    if (names != nullptr && names->seen != now) names->settled = false;
+}
+
+void folder_names::created(const std::string& path) { note_own_change(path, true); }
+
+void folder_names::removed(const std::string& path) { note_own_change(path, false); }
+
+void folder_names::note_own_change(const std::string& path, bool is_present) {
+    const std::lock_guard guard(mutex_);
+    folder_times now;
+    content* const names = kept(folder_of(path), now);
+    if (names == nullptr) return;
+    names->seen = names->own_change = now;
+    const wide_string key = key_of(name_of(path));
+    const auto [first, last] = names->by_folded.equal_range(key);
+    const auto known =
+        std::find_if(first, last, [&](const auto& entry) { return entry.second == name_of(path); });
+    if (is_present && known == last) names->by_folded.emplace(key, name_of(path));
+    if (!is_present && known != last) names->by_folded.erase(known);
+}
+
+void folder_names::clear() {
+    const std::lock_guard guard(mutex_);
+    folders_.clear();
+}
+
+} // namespace vs::project_resave::platform

@@ -1,0 +1,37 @@
+#include "platform/library.h"
+
+#include <dlfcn.h>
+
+#include "platform/text.h"
+#include "platform/volumes.h"
+
+namespace vs::project_resave::platform {
+
+namespace {
+
+wide_string last_error() {
+    const char* const text = ::dlerror();
+    return from_utf8(text != nullptr ? text : "");
+}
+
+} // namespace
+
+std::unique_ptr<library> library::open(const wide_string& path, wide_string& reason) {
+    const std::string native = native_path(path).string();
+    if (native.empty()) {
+        reason = u"no such file";
+        return nullptr;
+    }
+    void* const handle = ::dlopen(native.c_str(), RTLD_NOW | RTLD_LOCAL);
+    if (handle == nullptr) {
+        reason = last_error();
+        return nullptr;
+    }
+    return std::unique_ptr<library>(new library(handle));
+}
+
+library::~library() { ::dlclose(handle_); }
+
+void* library::symbol(const char* name) const { return ::dlsym(handle_, name); }
+
+} // namespace vs::project_resave::platform

@@ -1,0 +1,33 @@
+// Where the resources of a library come from on POSIX, whose libraries have no resource section: compiled
+// tables and files held in memory are registered, usually by a static initialiser of the library.
+// May be called from any thread.
+#pragma once
+
+#include <cstdint>
+#include <span>
+
+#include "platform/resources.h"
+#include "platform/wide_string.h"
+
+namespace vs::project_resave::platform {
+
+struct text_row {
+    uint32_t id;
+    wide_view text;
+};
+
+enum class image_kind { bitmap, icon };
+
+/// Makes the module "vsk_basic" present, and names it; called by the host. The second call changes nothing.
+module_handle register_host_basic_module();
+
+/// Adds rows to a module; a row registered again replaces the earlier one. The texts are not copied and must
+/// outlive the process's last look-up.
+void register_text_rows(module_handle module, std::span<const text_row> rows);
+
+/// Adds an image in BMP form. As an icon its transparency is kept (32 bits for each pixel). The bytes are
+/// not copied and must outlive the process's last look-up.
+void register_image(module_handle module, uint32_t id, std::span<const unsigned char> bmp,
+                    image_kind kind = image_kind::bitmap);
+
+} // namespace vs::project_resave::platform

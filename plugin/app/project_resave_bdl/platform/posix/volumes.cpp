@@ -1,0 +1,164 @@
+#include "platform/posix/volumes.h"
+
+#include <algorithm>
+#include <climits>
+#include <cstdlib>
+#include <filesystem>
+#include <vector>
+
+#include "platform/text.h"
+#include "platform/volumes.h"
+
+namespace vs::project_resave::platform {
+
+namespace {
+
+bool is_separator(char c) { return c == '\\' || c == '/'; }
+bool is_letter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
+size_t drive_index(char letter) { return static_cast<size_t>((letter | 0x20) - 'a'); }
+
+bool has_drive(std::string_view path) { return path.size() > 1 && is_letter(path[0]) && path[1] == ':'; }
+
+std::string absolute(const std::string& native) {
+    std::error_code failed;
+    std::string path = std::filesystem::absolute(native, failed).lexically_normal().native();
+    if (path.size() > 1 && path.ends_with('/')) path.pop_back();
+    return failed ? std::string() : path;
+}
+
+// `path` below `base`, of which ".." takes nothing away.
+std::string below(const std::string& base, std::string_view path) {
+    std::vector<std::string_view> pieces;
+    while (!path.empty()) {
+        const auto end = static_cast<size_t>(std::ranges::find_if(path, is_separator) - path.begin());
+        const std::string_view piece = path.substr(0, end);
+        path.remove_prefix(std::min(end + 1, path.size()));
+        if (piece.empty() || piece == ".") continue;
+        if (piece != "..")
+            pieces.push_back(piece);
+        else if (!pieces.empty())
+            pieces.pop_back();
+    }
+    std::string result = base;
+    for (const std::string_view piece : pieces) {
+        if (!result.ends_with('/')) result += '/';
+        result.append(piece);
+    }
+    return result;
+}
+
+} // namespace
+
+volumes::volumes() { reset(); }
+
+void volumes::reset() {
+    {
+        const std::lock_guard guard(mutex_);
+        drives_.fill({});
+        drives_[drive_index('Z')] = "/";
+        names_.clear();
+    }
+    const char* const variable = std::getenv("VESTRA_DRIVES");
+    std::string_view rest = variable != nullptr ? variable : "";
+    while (!rest.empty()) {
+        const size_t end = std::min(rest.find(';'), rest.size());
+        add_assignment(rest.substr(0, end));
+        rest.remove_prefix(std::min(end + 1, rest.size()));
+    }
+}
+
+bool volumes::add(char letter, const std::string& folder) {
+    std::error_code failed;
+    if (!is_letter(letter) || !std::filesystem::is_directory(folder, failed)) return false;
+    const std::lock_guard guard(mutex_);
+    drives_[drive_index(letter)] = absolute(folder);
+    return true;
+}
+
+bool volumes::add_assignment(std::string_view assignment) {
+    const bool has_form = assignment.size() > 2 && assignment[1] == '=';
+    return has_form && add(assignment[0], std::string(assignment.substr(2)));
+}
+
+std::optional<std::string> volumes::native(const wide_string& drive_path, bool must_exist) {
+    const std::string path = to_utf8(drive_path);
+    const bool is_network_path = path.size() > 1 && is_separator(path[0]) && is_separator(path[1]);
+    if (path.empty() || is_network_path || path.find('\0') != std::string::npos) return std::nullopt;
+
+    const std::lock_guard guard(mutex_);
+    std::string exact;
+    if (has_drive(path)) {
+        const std::string& drive = drives_[drive_index(path[0])];
+        if (drive.empty()) return std::nullopt;
+        exact = below(drive, std::string_view(path).substr(2));
+    } else if (is_separator(path[0])) {
+        exact = below("/", path);
+    } else {
+        const std::string current = absolute(".");
+        if (current.empty()) return std::nullopt;
+        exact = below("/", current + "/" + path);
+    }
+    if (exact.size() >= PATH_MAX) return std::nullopt;
+    bool exists = false;
+    std::string found = spelled(exact, exists);
+    if (must_exist && !exists) return std::nullopt;
+    return found;
+}
+
+// The path in the spelling of the entries that exist, as far as they do.
+std::string volumes::spelled(const std::string& native, bool& exists) {
+    exists = native == "/" || exists_exactly(native);
+    if (exists) return native;
+    const std::string folder = spelled(folder_of(native), exists);
+    const std::string_view name = name_of(native);
+    const auto entry = exists ? names_.find(folder, name) : std::nullopt;
+    exists = entry.has_value();
+    return joined(folder, entry ? std::string_view(*entry) : name);
+}
+
+wide_string volumes::drive_path(const std::string& native) const {
+    const std::string path = absolute(native);
+    if (path.empty()) return {};
+    const std::lock_guard guard(mutex_);
+    size_t best = drive_index('Z');
+    size_t best_length = 0;
+    for (size_t i = 0; i < drives_.size(); ++i) {
+        const std::string& folder = drives_[i];
+        const bool holds =
+            path.starts_with(folder) &&
+            (folder.ends_with('/') || path.size() == folder.size() || path[folder.size()] == '/');
+        if (folder.empty() || !holds || folder.size() <= best_length) continue;
+        best = i;
+        best_length = folder.size();
+    }
+    std::string_view rest = std::string_view(path).substr(best_length);
+    if (rest.starts_with('/')) rest.remove_prefix(1);
+    std::string result{static_cast<char>('A' + best), ':', '\\'};
+    result.append(rest);
+    std::ranges::replace(result, '/', '\\');
+    return from_utf8(result);
+}
+
+volumes& mapped_volumes() {
+    static volumes own;
+    return own;
+}
+
+bool add_drive(std::string_view assignment, std::string& message) {
+    if (mapped_volumes().add_assignment(assignment)) return true;
+    message =
+        "not a drive: \"" + std::string(assignment) + "\"; expected a letter, \"=\" and an existing folder";
+    return false;
+}
+
+wide_string drive_path(std::string_view argument) {
+    if (argument.empty()) return {};
+    if (has_drive(argument)) return from_utf8(argument);
+    return mapped_volumes().drive_path(std::string(argument));
+}
+
+std::filesystem::path native_path(const wide_string& path) {
+    return mapped_volumes().native(path, false).value_or(std::string());
+}
+
+} // namespace vs::project_resave::platform

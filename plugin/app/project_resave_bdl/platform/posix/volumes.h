@@ -1,0 +1,56 @@
+// Drive letters over folders. Everything of the POSIX layer that touches a file turns its path into a native
+// one here; letter case is ignored on the way (posix/folder_names.h).
+#pragma once
+
+#include <array>
+#include <mutex>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/posix/folder_names.h"
+#include "platform/wide_string.h"
+
+namespace vs::project_resave::platform {
+
+/// May be used from any thread. Native paths are absolute, without "." and "..", and have no separator at
+/// the end.
+class volumes {
+public:
+    /// Z: is the root folder; the others come from the variable VESTRA_DRIVES ("C=/data/c;N=/mnt/n"), of
+    /// which parts in a wrong form are passed over.
+    volumes();
+
+    /// Makes `folder` (native, made absolute against the current directory) the drive `letter`, in place of
+    /// the folder it had. False if `letter` is none or `folder` does not exist.
+    bool add(char letter, const std::string& folder);
+    /// The same from a text "C=/data/c".
+    bool add_assignment(std::string_view assignment);
+    /// Forgets all drives and folders, and begins again as the constructor does. For tests.
+    void reset();
+
+    /// The native path of a drive path. A path without drive is taken against the current directory, or the
+    /// root folder if it begins with one separator. With `must_exist` the entry stands there (it may be a
+    /// broken link); without, what does not exist keeps the spelling asked for, behind the part that does.
+    /// Nothing for an unknown drive, a network path, an embedded zero, an empty path.
+    std::optional<std::string> native(const wide_string& drive_path, bool must_exist);
+
+    /// The path on the drive whose folder is the longest that holds `native`, which is made absolute against
+    /// the current directory first and need not exist.
+    wide_string drive_path(const std::string& native) const;
+
+    /// The names of folders, for whoever changes them or asks for a spelling.
+    folder_names& names() { return names_; }
+
+private:
+    std::string spelled(const std::string& native, bool& exists);
+
+    std::array<std::string, 26> drives_; ///< native folders by letter; empty where there is no drive
+    folder_names names_;
+    mutable std::mutex mutex_;
+};
+
+/// The volumes of this process.
+volumes& mapped_volumes();
+
+} // namespace vs::project_resave::platform

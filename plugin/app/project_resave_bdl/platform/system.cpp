@@ -1,0 +1,63 @@
+#include "platform/system.h"
+
+#include <algorithm>
+#include <utility>
+
+namespace vs::project_resave::platform {
+
+namespace {
+
+system* override_in_force = nullptr;
+
+wide_string joined(const wide_string& folder, const wide_string& name) {
+    const bool has_separator = folder.ends_with(u'\\') || folder.ends_with(u'/');
+    return folder + (has_separator ? u"" : u"\\") + name;
+}
+
+class tree_walk {
+public:
+    tree_walk(system& files, const wide_string& start) : files_(files) {
+        constexpr wide_view separators = u"\\/";
+        for (size_t at = start.find_first_of(separators); at != wide_string::npos;
+             at = start.find_first_of(separators, at + 1))
+            holders_.push_back(start.substr(0, at + 1));
+        enter(start);
+    }
+
+    std::vector<tree_entry> take() { return std::move(entries_); }
+
+private:
+    void enter(const wide_string& folder) {
+        holders_.push_back(folder);
+        for (const folder_entry& entry : files_.list(folder)) {
+            wide_string path = joined(folder, entry.name);
+            entries_.push_back({path, entry.is_folder});
+            if (entry.is_folder && !(entry.is_link && leads_back(path))) enter(path);
+        }
+        holders_.pop_back();
+    }
+
+    bool leads_back(const wide_string& link) {
+        return std::ranges::any_of(holders_,
+                                   [&](const auto& folder) { return files_.same_file(link, folder); });
+    }
+
+    system& files_;
+    std::vector<wide_string> holders_; // the present folder and those above it, up to the drive
+    std::vector<tree_entry> entries_;
+};
+
+} // namespace
+
+system& current_system() { return override_in_force != nullptr ? *override_in_force : operating_system(); }
+
+system_override::system_override(system& replacement)
+    : previous_(std::exchange(override_in_force, &replacement)) {}
+
+system_override::~system_override() { override_in_force = previous_; }
+
+std::vector<tree_entry> list_tree(system& files, const wide_string& folder) {
+    return tree_walk(files, folder).take();
+}
+
+} // namespace vs::project_resave::platform

@@ -1,0 +1,120 @@
+// The operating system as an object: every file call of the bundle goes through `current_system()`, so that
+// a test can put a wrapper in its place that fails the n-th copy, fills the disk or counts calls.
+//
+// Paths have their Windows form (C:\data\a.shp; "/" is a separator too) on every target. Letter case is
+// ignored when a name is looked up, the exact spelling being preferred. No function throws; a path that
+// cannot be expressed on the target (unknown drive, embedded zero) is one that does not exist.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <vector>
+
+#include "platform/wide_string.h"
+
+namespace vs::project_resave::platform {
+
+enum class entry_kind { none, file, folder };
+enum class access { read, read_write };
+enum class disposition { open_existing, create_always };
+enum class open_result { opened, sharing_violation, failed };
+
+/// One direct entry of a folder. For a link `is_folder` tells what it leads to.
+struct folder_entry {
+    wide_string name;
+    bool is_folder = false;
+    bool is_link = false;
+};
+
+/// One entry of a tree of folders, with its whole path.
+struct tree_entry {
+    wide_string path;
+    bool is_folder = false;
+};
+
+/// An open file; closed by the destructor. One thread at a time.
+class file {
+public:
+    virtual ~file() = default;
+
+    /// Reads up to `length` bytes from the present position; fewer at the end of the file and on failure.
+    virtual size_t read(void* buffer, size_t length) = 0;
+    /// Writes at the present position; the number of bytes that went out, fewer than `length` on failure.
+    virtual size_t write(const void* bytes, size_t length) = 0;
+    /// Moves the position behind the last byte.
+    virtual bool seek_end() = 0;
+    /// Present size in bytes; 0 on failure.
+    virtual uint64_t size() = 0;
+};
+
+/// All functions may be called from any thread, but see `system_override`.
+class system {
+public:
+    virtual ~system() = default;
+
+    /// What stands under `path`, links followed; `none` also for a broken link, a device or a pipe.
+    virtual entry_kind kind_of(const wide_string& path) = 0;
+    /// Bytes of a file; 0 for a folder and on failure.
+    virtual uint64_t file_size(const wide_string& path) = 0;
+
+    /// Copies a regular file with its modification time and permissions (attributes), as far as the target's
+    /// file system has them. A target that exists,
+    /// also in another letter case, is refused unless `replace`; a source that changes while it is read
+    /// fails. After a failure there is no new target, and one that was to be replaced stands as before.
+    /// Holes of a sparse file stay holes, and blocks are shared where the file system can.
+    virtual bool copy_file(const wide_string& source, const wide_string& target, bool replace) = 0;
+    /// Removes a file, or a link but not what it leads to; false for a folder and where nothing was removed.
+    virtual bool delete_file(const wide_string& path) = 0;
+    /// Creates one level; false if the name exists in any letter case or the level above does not.
+    virtual bool create_folder(const wide_string& path) = 0;
+    /// Removes an empty folder; false if it holds anything.
+    virtual bool remove_folder(const wide_string& path) = 0;
+    /// The direct entries without "." and "..", ordered by name; empty if `path` is no readable folder.
+    virtual std::vector<folder_entry> list(const wide_string& path) = 0;
+
+    /// Puts into `spelling` the name that the listing of `folder` holds for `name`, compared without letter
+    /// case ("." and ".." stand for themselves). False, with `spelling` untouched, if there is none.
+    virtual bool true_name(const wide_string& folder, const wide_string& name, wide_string& spelling) = 0;
+    /// True if both paths lead to one existing file or folder, through links or other spellings too.
+    virtual bool same_file(const wide_string& a, const wide_string& b) = 0;
+    /// Moves `from` to `to` in one folder in one step, replacing a file that stands there: a reader sees the
+    /// old file or the new one. On failure both stand as before.
+    virtual bool rename_over(const wide_string& from, const wide_string& to) = 0;
+
+    /// Opens a file that others may read meanwhile but not write; the caller owns `result`, which is null
+    /// unless the answer is `opened`. `create_always` creates the file or empties it. `sharing_violation`:
+    /// somebody else has the file open in a way that excludes this one, so that a later try may succeed.
+    virtual open_result open(const wide_string& path, access wanted, disposition how,
+                             std::unique_ptr<file>& result) = 0;
+    /// Sleeps about a millisecond, between two tries to open.
+    virtual void pause_1ms() = 0;
+    /// Bytes that the user may still write on the volume of `folder`; 0 on failure.
+    virtual uint64_t free_space(const wide_string& folder) = 0;
+};
+
+/// The target's own system, never an override.
+system& operating_system();
+
+/// The system in force: the innermost override, else `operating_system()`.
+system& current_system();
+
+/// Puts `replacement` in force for its own life. Overrides nest; they are made and ended on one thread while
+/// no other thread uses the system.
+class system_override {
+public:
+    explicit system_override(system& replacement);
+    ~system_override();
+    system_override(const system_override&) = delete;
+    system_override& operator=(const system_override&) = delete;
+
+private:
+    system* previous_;
+};
+
+/// All entries below `folder` at all depths, each folder before its content; empty if there is no such
+/// folder. A link to a folder that holds it is told as an entry but not entered, so the walk always ends.
+/// A folder that cannot be read counts as empty.
+std::vector<tree_entry> list_tree(system& files, const wide_string& folder);
+
+} // namespace vs::project_resave::platform

@@ -1,0 +1,136 @@
+#include <algorithm>
+#include <optional>
+
+#include "platform/system.h"
+#include "platform/text.h"
+#include "platform/windows/copying.h"
+#include "platform/windows/open_file.h"
+#include "platform/windows/paths.h"
+
+namespace vs::project_resave::platform {
+
+namespace {
+
+bool is_folder(DWORD attributes) { return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0; }
+
+std::optional<WIN32_FILE_ATTRIBUTE_DATA> attributes_of(const wide_string& path) {
+    WIN32_FILE_ATTRIBUTE_DATA data{};
+    if (!GetFileAttributesExW(wide(system_path(path).c_str()), GetFileExInfoStandard, &data))
+        return std::nullopt;
+    return data;
+}
+
+std::optional<BY_HANDLE_FILE_INFORMATION> identity_of(const wide_string& path) {
+    constexpr DWORD share = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    const file_handle opened(CreateFileW(wide(system_path(path).c_str()), 0, share, nullptr, OPEN_EXISTING,
+                                         FILE_FLAG_BACKUP_SEMANTICS, nullptr)); // the flag admits folders
+    BY_HANDLE_FILE_INFORMATION information{};
+    if (!opened || !GetFileInformationByHandle(opened.get(), &information)) return std::nullopt;
+    return information;
+}
+
+folder_entry entry_of(const WIN32_FIND_DATAW& found) {
+    const bool is_link = (found.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
+    return {text16(found.cFileName), is_folder(found.dwFileAttributes), is_link};
+}
+
+class windows_system final : public system {
+public:
+    entry_kind kind_of(const wide_string& path) override {
+        const auto data = attributes_of(path);
+        if (!data) return entry_kind::none;
+        return is_folder(data->dwFileAttributes) ? entry_kind::folder : entry_kind::file;
+    }
+
+    uint64_t file_size(const wide_string& path) override {
+        const auto data = attributes_of(path);
+        if (!data || is_folder(data->dwFileAttributes)) return 0;
+        return (uint64_t{data->nFileSizeHigh} << 32) | data->nFileSizeLow;
+    }
+
+    bool copy_file(const wide_string& source, const wide_string& target, bool replace) override {
+        return copy_regular_file(source, target, replace);
+    }
+
+    bool delete_file(const wide_string& path) override {
+        return DeleteFileW(wide(system_path(path).c_str())) != FALSE;
+    }
+
+    bool create_folder(const wide_string& path) override {
+        return CreateDirectoryW(wide(system_path(path).c_str()), nullptr) != FALSE;
+    }
+
+    bool remove_folder(const wide_string& path) override {
+        return RemoveDirectoryW(wide(system_path(path).c_str())) != FALSE;
+    }
+
+    std::vector<folder_entry> list(const wide_string& path) override {
+        std::vector<folder_entry> entries;
+        if (kind_of(path) != entry_kind::folder) return entries;
+        const bool has_separator = path.ends_with(u'\\') || path.ends_with(u'/');
+        const wide_string pattern = system_path(path + (has_separator ? u"*" : u"\\*"));
+        WIN32_FIND_DATAW found{};
+        const HANDLE search = FindFirstFileW(wide(pattern.c_str()), &found);
+        if (search == INVALID_HANDLE_VALUE) return entries;
+        do {
+            const wide_view name = text16(found.cFileName);
+            if (name != u"." && name != u"..") entries.push_back(entry_of(found));
+        } while (FindNextFileW(search, &found));
+        FindClose(search);
+        std::ranges::sort(entries, {}, &folder_entry::name);
+        return entries;
+    }
+
+    bool true_name(const wide_string& folder, const wide_string& name, wide_string& spelling) override {
+        if (name == u"." || name == u"..") {
+            spelling = name;
+            return true;
+        }
+        if (name.empty() || name.find_first_of(u"\\/:*?<>\"") != wide_string::npos) return false;
+        const bool has_separator = folder.ends_with(u'\\') || folder.ends_with(u'/');
+        const wide_string path = system_path(folder + (has_separator ? u"" : u"\\") + name);
+        WIN32_FIND_DATAW found{};
+        const HANDLE search = FindFirstFileW(wide(path.c_str()), &found);
+        if (search == INVALID_HANDLE_VALUE) return false;
+        FindClose(search);
+        // A short name of the old form (PROGRA~1) leads to an entry too, but is not its name.
+        if (compare_no_case(text16(found.cFileName), name) != 0) return false;
+        spelling = text16(found.cFileName);
+        return true;
+    }
+
+    bool same_file(const wide_string& a, const wide_string& b) override {
+        const auto first = identity_of(a);
+        const auto second = identity_of(b);
+        return first && second && first->dwVolumeSerialNumber == second->dwVolumeSerialNumber &&
+               first->nFileIndexHigh == second->nFileIndexHigh &&
+               first->nFileIndexLow == second->nFileIndexLow;
+    }
+
+    bool rename_over(const wide_string& from, const wide_string& to) override {
+        return MoveFileExW(wide(system_path(from).c_str()), wide(system_path(to).c_str()),
+                           MOVEFILE_REPLACE_EXISTING) != FALSE;
+    }
+
+    open_result open(const wide_string& path, access access_wanted, disposition how,
+                     std::unique_ptr<file>& result) override {
+        return open_regular_file(path, access_wanted, how, result);
+    }
+
+    void pause_1ms() override { Sleep(1); }
+
+    uint64_t free_space(const wide_string& folder) override {
+        ULARGE_INTEGER available{};
+        if (!GetDiskFreeSpaceExW(wide(system_path(folder).c_str()), &available, nullptr, nullptr)) return 0;
+        return available.QuadPart;
+    }
+};
+
+} // namespace
+
+system& operating_system() {
+    static windows_system own;
+    return own;
+}
+
+} // namespace vs::project_resave::platform

@@ -1,0 +1,72 @@
+#include "platform/windows/open_file.h"
+
+#include <algorithm>
+
+#include "platform/windows/paths.h"
+
+namespace vs::project_resave::platform {
+
+namespace {
+
+constexpr size_t largest_piece = 0x40000000;
+
+class open_file final : public file {
+public:
+    explicit open_file(HANDLE opened) : content_(opened) {}
+
+    size_t read(void* buffer, size_t length) override {
+        size_t done = 0;
+        while (done < length) {
+            DWORD count = 0;
+            const auto piece = static_cast<DWORD>(std::min(length - done, largest_piece));
+            if (!ReadFile(content_.get(), static_cast<char*>(buffer) + done, piece, &count, nullptr)) break;
+            if (count == 0) break;
+            done += count;
+        }
+        return done;
+    }
+
+    size_t write(const void* bytes, size_t length) override {
+        size_t done = 0;
+        while (done < length) {
+            DWORD count = 0;
+            const auto piece = static_cast<DWORD>(std::min(length - done, largest_piece));
+            if (!WriteFile(content_.get(), static_cast<const char*>(bytes) + done, piece, &count, nullptr))
+                break;
+            if (count == 0) break;
+            done += count;
+        }
+        return done;
+    }
+
+    bool seek_end() override {
+        return SetFilePointerEx(content_.get(), LARGE_INTEGER{}, nullptr, FILE_END) != FALSE;
+    }
+
+    uint64_t size() override {
+        LARGE_INTEGER bytes{};
+        return GetFileSizeEx(content_.get(), &bytes) ? static_cast<uint64_t>(bytes.QuadPart) : 0;
+    }
+
+private:
+    file_handle content_;
+};
+
+} // namespace
+
+open_result open_regular_file(const wide_string& path, access wanted, disposition how,
+                              std::unique_ptr<file>& result) {
+    result.reset();
+    const bool writes = wanted == access::read_write;
+    const DWORD rights = GENERIC_READ | (writes ? GENERIC_WRITE : 0);
+    const DWORD creation = how == disposition::create_always ? CREATE_ALWAYS : OPEN_EXISTING;
+    const HANDLE opened = CreateFileW(wide(system_path(path).c_str()), rights, FILE_SHARE_READ, nullptr,
+                                      creation, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (opened == INVALID_HANDLE_VALUE)
+        return GetLastError() == ERROR_SHARING_VIOLATION ? open_result::sharing_violation
+                                                         : open_result::failed;
+    result = std::make_unique<open_file>(opened);
+    return open_result::opened;
+}
+
+} // namespace vs::project_resave::platform

@@ -1,0 +1,38 @@
+// The bundle's paths as the system takes them. Included by the windows sources only.
+#pragma once
+
+#include <windows.h>
+
+#include "platform/wide_string.h"
+
+namespace vs::project_resave::platform {
+
+inline const wchar_t* wide(const char16_t* text) { return reinterpret_cast<const wchar_t*>(text); }
+inline wchar_t* wide(char16_t* text) { return reinterpret_cast<wchar_t*>(text); }
+inline const char16_t* text16(const wchar_t* text) { return reinterpret_cast<const char16_t*>(text); }
+
+/// The path for a call of the system; one near or past the old limit of 260 characters gets the prefix that
+/// lifts it. Empty, which no call accepts, for a path with an embedded zero.
+wide_string system_path(const wide_string& path);
+
+/// `GetFullPathNameW`: whole, with its drive, "." and ".." resolved; empty on failure.
+wide_string full_path(const wide_string& path);
+
+/// Owner of a file handle.
+class file_handle {
+public:
+    explicit file_handle(HANDLE handle) : handle_(handle) {}
+    ~file_handle() {
+        if (*this) CloseHandle(handle_);
+    }
+    file_handle(const file_handle&) = delete;
+    file_handle& operator=(const file_handle&) = delete;
+
+    explicit operator bool() const { return handle_ != INVALID_HANDLE_VALUE; }
+    HANDLE get() const { return handle_; }
+
+private:
+    HANDLE handle_;
+};
+
+} // namespace vs::project_resave::platform

@@ -1,0 +1,88 @@
+#include "platform/terminal.h"
+
+#include <windows.h>
+
+#include <atomic>
+
+#include "platform/text.h"
+
+namespace vs::project_resave::platform {
+
+namespace {
+
+std::atomic<bool> interrupt_seen{false}; // the system calls the handler on a thread of its own
+
+BOOL WINAPI note_interrupt(DWORD kind) {
+    if (kind != CTRL_C_EVENT) return FALSE;
+    interrupt_seen = true;
+    return TRUE;
+}
+
+bool is_console(DWORD stream) {
+    DWORD mode = 0;
+    return ::GetConsoleMode(::GetStdHandle(stream), &mode) != 0;
+}
+
+// In a file or a pipe the bytes go out as they are.
+void write_bytes(std::string_view text) {
+    DWORD written = 0;
+    ::WriteFile(::GetStdHandle(STD_ERROR_HANDLE), text.data(), static_cast<DWORD>(text.size()), &written,
+                nullptr);
+}
+
+} // namespace
+
+process_terminal::process_terminal() {
+    interrupt_seen = false;
+    ::SetConsoleCtrlHandler(&note_interrupt, TRUE);
+    const HANDLE screen = ::GetStdHandle(STD_ERROR_HANDLE);
+    DWORD mode = 0;
+    if (::GetConsoleMode(screen, &mode) != 0)
+        ::SetConsoleMode(screen, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING);
+}
+
+process_terminal::~process_terminal() { ::SetConsoleCtrlHandler(&note_interrupt, FALSE); }
+
+bool process_terminal::shows() { return is_console(STD_ERROR_HANDLE); }
+
+bool process_terminal::asks() { return shows() && is_console(STD_INPUT_HANDLE); }
+
+unsigned process_terminal::width() {
+    CONSOLE_SCREEN_BUFFER_INFO info{};
+    if (::GetConsoleScreenBufferInfo(::GetStdHandle(STD_ERROR_HANDLE), &info) == 0) return 80;
+    return static_cast<unsigned>(info.srWindow.Right - info.srWindow.Left + 1);
+}
+
+void process_terminal::write(std::string_view text) {
+    if (!shows()) {
+        write_bytes(text);
+        return;
+    }
+    const wide_string wide = from_utf8(text);
+    DWORD written = 0;
+    ::WriteConsoleW(::GetStdHandle(STD_ERROR_HANDLE), wide.data(), static_cast<DWORD>(wide.size()), &written,
+                    nullptr);
+}
+
+line_result process_terminal::read_line(std::string& line) {
+    line.clear();
+    wide_string wide;
+    for (;;) {
+        wchar_t next = 0;
+        DWORD count = 0;
+        const BOOL read = ::ReadConsoleW(::GetStdHandle(STD_INPUT_HANDLE), &next, 1, &count, nullptr);
+        if (interrupt_seen) return line_result::interrupted;
+        const bool ended = read == 0 || count == 0;
+        if (ended && wide.empty()) return line_result::ended;
+        if (ended || next == L'\n') break;
+        if (next != L'\r') wide += static_cast<char16_t>(next);
+    }
+    line = to_utf8(wide);
+    return line_result::read;
+}
+
+bool process_terminal::interrupted() { return interrupt_seen; }
+
+void process_terminal::forget_interrupt() { interrupt_seen = false; }
+
+} // namespace vs::project_resave::platform

@@ -1,0 +1,36 @@
+#include "platform/volumes.h"
+
+#include "platform/text.h"
+#include "platform/windows/paths.h"
+
+namespace vs::project_resave::platform {
+
+wide_string full_path(const wide_string& path) {
+    const DWORD needed = GetFullPathNameW(wide(path.c_str()), 0, nullptr, nullptr);
+    if (needed == 0) return {};
+    wide_string full(needed, u'\0');
+    full.resize(GetFullPathNameW(wide(path.c_str()), needed, wide(full.data()), nullptr));
+    return full;
+}
+
+wide_string system_path(const wide_string& path) {
+    constexpr size_t limit = 240; // folders have less room than the 260 of files
+    if (path.find(u'\0') != wide_string::npos) return {};
+    if (path.size() < limit || path.starts_with(u"\\\\?\\")) return path;
+    const wide_string full = full_path(path);
+    if (full.starts_with(u"\\\\")) return u"\\\\?\\UNC\\" + full.substr(2);
+    return u"\\\\?\\" + full;
+}
+
+bool add_drive(std::string_view, std::string& message) {
+    message = "drives belong to the system here and cannot be added";
+    return false;
+}
+
+wide_string drive_path(std::string_view argument) {
+    return full_path(from_bytes(argument, code_page_active));
+}
+
+std::filesystem::path native_path(const wide_string& path) { return system_path(path); }
+
+} // namespace vs::project_resave::platform

@@ -1,0 +1,19 @@
+// All that the bundle offers to the host: its static factories, in the order in which they are announced.
+#include "framework/local_factory.h"
+#include "services/maplegs_plugin_service.h"
+#include "ui/dialog_factories.h"
+
+namespace vs::project_resave {
+
+namespace {
+
+plain_dialog_factory plain_dialog;
+unique_name_dialog_factory unique_name;
+extended_message_dialog_factory extended_message;
+service_factory<maplegs_plugin_service>
+    map_legends(u"", std::make_unique<ref_service_holder<maplegs_plugin_service, resave_service_impl>>());
+local_factory_impl localizer_client_of_bundle;
+
+} // namespace
+
+} // namespace vs::project_resave

@@ -1,0 +1,55 @@
+// Units for elements that are told by their meta identifier. Asked before the tables of layer types, so what
+// is found here always wins over them.
+#pragma once
+
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <string>
+#include <unordered_map>
+
+#include "core/resave_unit.h"
+
+namespace vs::project_resave {
+
+// Makes the units of one kind of element.
+class factory_obj {
+public:
+    virtual ~factory_obj() = default;
+    // Of the factories of one meta identifier the one with the lowest is asked first.
+    virtual int32_t priority() { return priority_; }
+    // A finer look at the element; false passes it on to the next factory.
+    virtual bool accepts(vs_entity* /*entity*/) { return true; }
+    virtual std::unique_ptr<Tvs_resave_unit> make(project_context& context, vs_entity* entity) = 0;
+
+private:
+    int32_t priority_ = 0;
+};
+
+// A layer on a grid cut along a line.
+class factory_grid_cutline_lr2d : public factory_obj {
+public:
+    std::unique_ptr<Tvs_resave_unit> make(project_context& context, vs_entity* entity) override;
+};
+
+// A layer of drawn graphics.
+class factory_graphics_layer : public factory_obj {
+public:
+    std::unique_ptr<Tvs_resave_unit> make(project_context& context, vs_entity* entity) override;
+};
+
+class entity_factory {
+public:
+    // The unit of the first factory that accepts the element; null if none does. It is not built yet, and the
+    // caller places it.
+    std::unique_ptr<Tvs_resave_unit> make(project_context& context, vs_entity* entity);
+
+private:
+    void build_table();
+    void insert(const std::string& meta_id, std::unique_ptr<factory_obj> factory);
+
+    bool initialised = false; // the table is built when it is needed first
+    std::unordered_map<std::string, std::multimap<int32_t, std::unique_ptr<factory_obj>>> by_meta_id;
+};
+
+} // namespace vs::project_resave

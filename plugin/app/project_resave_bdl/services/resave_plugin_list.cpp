@@ -1,0 +1,159 @@
+#include "services/resave_plugin_list.h"
+
+#include "core/common_directory.h"
+#include "core/copying.h"
+#include "core/entity_uuid.h"
+#include "core/path_files.h"
+#include "core/paths.h"
+#include "framework/visitors.h"
+#include "host/vsk_basic.h"
+#include "operations/project_context.h"
+#include "platform/system.h"
+#include "platform/text.h"
+#include "services/wide_string_list.h"
+
+namespace vs::project_resave {
+
+namespace {
+
+// What the service tells a visitor in answer to a question.
+template <auto Question, class... Args>
+wide_string told(const resave_service& service, Args... args) {
+    wide_string text;
+    stdwstring_visitor visitor(text);
+    call<Question>(service, args..., visitor);
+    return text;
+}
+
+std::vector<wide_string> files_of(const resave_service& service, uint32_t index) {
+    wide_string_list files;
+    call<&resave_service_impl::item_files>(service, index, files);
+    return files.texts();
+}
+
+} // namespace
+
+uint32_t resave_plugin_list::item_count() const {
+    return call<&resave_service_impl::item_count>(service.get());
+}
+
+wide_string resave_plugin_list::caption() { return told<&resave_service_impl::caption>(service.get()); }
+
+void resave_plugin_list::build() {
+    call<&resave_service_impl::set_project>(service.get(), project);
+    const uint32_t count = item_count();
+    for (uint32_t index = 0; index < count; ++index) {
+        const wide_string_list files;
+        call<&resave_service_impl::item_files>(service.get(), index, files);
+        context->sizes.add_wstrings(files);
+    }
+}
+
+uint32_t resave_plugin_list::count_units(uint32_t& total) {
+    const uint32_t own = item_count();
+    total += own;
+    return own;
+}
+
+void resave_plugin_list::collect_common_directory(common_directory& common) {
+    const uint32_t count = item_count();
+    for (uint32_t index = 0; index < count; ++index)
+        for (const wide_string& file : files_of(service.get(), index)) common.add_path(file);
+}
+
+bool resave_plugin_list::is_item_selected(uint32_t index) const {
+    const wide_string uuid = uuid_to_text(call<&resave_service_impl::item_uuid>(service.get(), index));
+    return uuid.empty() || context->selection.is_selected(uuid);
+}
+
+void resave_plugin_list::set_selected(bool on) {
+    const uint32_t count = item_count();
+    for (uint32_t index = 0; index < count; ++index) // an empty uuid changes nothing
+        context->selection.set_selected(
+            uuid_to_text(call<&resave_service_impl::item_uuid>(service.get(), index)), on);
+}
+
+uint32_t resave_plugin_list::selection_state() {
+    const uint32_t count = item_count();
+    if (count == 0) return 0;
+    const bool first = is_item_selected(0);
+    for (uint32_t index = 1; index < count; ++index)
+        if (is_item_selected(index) != first) return 2;
+    return vs_bool_to_3state(first);
+}
+
+void resave_plugin_list::log_end() { context->log.service_end(caption()); }
+
+bool resave_plugin_list::do_save() {
+    context->log.service_begin(caption());
+    context->progress.set_caption(told<&resave_service_impl::progress_caption>(service.get()));
+    // Backwards: taking out an item must not move what is still to come.
+    for (uint32_t index = item_count(); index-- > 0;) {
+        if (context->progress.is_stopped()) break;
+        if (!is_item_selected(index)) {
+            call<&resave_service_impl::remove_item>(service.get(), index);
+        } else if (!save_item(index) && context->options.delete_lost_sources) {
+            call<&resave_service_impl::remove_item>(service.get(), index);
+            context->log.service_file_removed(caption());
+        }
+        context->progress.advance(1);
+    }
+    log_end();
+    return true;
+}
+
+bool resave_plugin_list::save_item(uint32_t index) {
+    const wide_string source = told<&resave_service_impl::item_source>(service.get(), index);
+    if (source.empty()) return true;
+    if (!path_exists(source)) {
+        context->log.file_missing(source);
+        context->report.add_lost_source(caption());
+        return false;
+    }
+    wide_string target = context->placement.lookup_placed(source);
+    if (target.empty()) target = place_and_copy(index, source);
+    call<&resave_service_impl::set_item_source>(service.get(), index, target.c_str());
+    return true;
+}
+
+wide_string resave_plugin_list::place_and_copy(uint32_t index, const wide_string& source) {
+    context->placement.set_type_folder(told<&resave_service_impl::default_folder>(service.get()));
+    const wide_string target = context->placement.new_path(source);
+    if (target.empty())
+        context->log.new_name_failed(source);
+    else
+        copy_item_files(index, source, target);
+    context->placement.set_type_folder(u"files");
+    return target;
+}
+
+// Each file keeps its place relative to the item's source, also where the source itself got another name.
+void resave_plugin_list::copy_item_files(uint32_t index, const wide_string& source,
+                                         const wide_string& target) {
+    const wide_string source_head = path_head(source), target_head = path_head(target);
+    for (const wide_string& file : files_of(service.get(), index)) {
+        if (context->placement.is_placed(file)) continue;
+        wide_string copy = path_join(target_head, path_relative(source_head, file));
+        if (context->options.lower_case) platform::lower_in_place(copy);
+        if (copy_item_file(file, copy)) {
+            context->placement.register_placed(file, copy);
+        } else {
+            context->report.add_copy_error(file);
+            context->log.copy_failed(file);
+        }
+    }
+}
+
+bool resave_plugin_list::copy_item_file(const wide_string& file, const wide_string& target) {
+    switch (platform::current_system().kind_of(file)) {
+    case platform::entry_kind::file:
+        return platform::current_system().copy_file(file, target, false);
+    case platform::entry_kind::folder:
+        return copy_folder(file, target, false, false);
+    case platform::entry_kind::none:
+        break;
+    }
+    return false;
+}
+
+} // namespace vs::project_resave

@@ -1,0 +1,70 @@
+// The bundle's modal dialogs. Each is one family of the classes below, told apart by a tag type whose `name`
+// is the dialog's identity. The host has the factory make the service and installs its runner; from then on
+// code of the bundle reaches the runner through the service's slot, without a look-up.
+#pragma once
+
+#include "framework/factories.h"
+#include "framework/strings.h"
+#include "host/toolkit/modal_dialog.h"
+#include "ui/toolkit/docker_base.h"
+
+namespace vs::project_resave {
+
+// Holds the connection to the host's dialog runner.
+template <class Tag>
+class modal_dialog final : public modal_dialog_impl {
+public:
+    void identity_text(string_visitor visitor) override {
+        call<&string_visitor_impl::visit>(visitor, Tag::name);
+    }
+    void set_runner(dialog_runner runner) override { runner_.assign(runner); }
+
+    int32_t run(docker content) const { return call<&dialog_runner_impl::run>(runner_.get(), content); }
+
+private:
+    ref<dialog_runner_impl, true> runner_;
+};
+
+template <class Tag>
+class modal_dialog_service final : public referent<modal_dialog_service_impl> {
+public:
+    modal_dialog_service() { slot = this; }
+    ~modal_dialog_service() override {
+        if (slot == this) slot = nullptr;
+    }
+    modal_dialog_pointer dialog() override { return pointer_to<modal_dialog_impl>(own_dialog); }
+
+    modal_dialog<Tag> own_dialog;
+    // The service that was made last, as long as it lives.
+    static inline modal_dialog_service* slot = nullptr;
+};
+
+// Makes the service when it is first wanted, and keeps it.
+template <class Tag>
+class modal_dialog_service_factory final : public custom_service_factory_impl {
+public:
+    modal_dialog_service_factory() : custom_service_factory_impl(u"") {}
+    identity_pointer create(bundle_context) override {
+        if (!service) service.assign(pointer_to<modal_dialog_service_impl>(*new modal_dialog_service<Tag>));
+        return identity_of(static_cast<const interface_pointer&>(service.get()));
+    }
+
+private:
+    ref<modal_dialog_service_impl> service;
+};
+
+// What the host's window shows of a dialog: its element, under the dialog's title.
+class dialog_docker final : public toolkit::docker_base {
+public:
+    // `box` may be null; both must outlive the docker.
+    dialog_docker(int32_t title_id, const element& content, const element& box = {})
+        : docker_base(load_string(title_id)), content_(content), box_(box) {}
+    element main_element() override { return content_; }
+    element buttons() override { return box_; }
+
+private:
+    const element content_;
+    const element box_;
+};
+
+} // namespace vs::project_resave

@@ -1,0 +1,49 @@
+// Elements that show a text: label, output, multi-line output.
+#pragma once
+
+#include "host/toolkit/label.h"
+#include "host/toolkit/multiline_output.h"
+#include "host/toolkit/output.h"
+#include "ui/toolkit/element_base.h"
+
+namespace vs::project_resave::toolkit {
+
+// Impl declares the operation that tells the text.
+template <class Impl>
+class text_element : public element_base<polymorphic<Impl>> {
+public:
+    explicit text_element(wide_string shown = {})
+        : element_base<polymorphic<Impl>>(Impl::element_kind), text_(std::move(shown)) {}
+
+    void set_text(const wide_string& shown) { this->assign(text_, shown); }
+
+    void text(string_visitor visitor) override { tell(visitor, text_); }
+
+private:
+    wide_string text_;
+};
+
+class label final : public text_element<label_impl> {
+public:
+    using text_element::text_element;
+};
+
+class output final : public text_element<output_impl> {
+public:
+    using text_element::text_element;
+};
+
+class multiline_output final : public text_element<multiline_output_impl> {
+public:
+    // Size hints in average characters and lines.
+    multiline_output(uint32_t width_hint, uint32_t height_hint) : width_(width_hint), height_(height_hint) {}
+
+    uint32_t width() override { return width_; }
+    uint32_t height() override { return height_; }
+
+private:
+    const uint32_t width_;
+    const uint32_t height_;
+};
+
+} // namespace vs::project_resave::toolkit

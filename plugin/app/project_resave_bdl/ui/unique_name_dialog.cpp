@@ -1,0 +1,46 @@
+#include "ui/unique_name_dialog.h"
+
+#include "framework/strings.h"
+#include "platform/system.h"
+
+namespace vs::dialog {
+
+using project_resave::load_string;
+using project_resave::wide_string;
+
+namespace {
+
+constexpr int32_t name_exists = 305;
+constexpr int32_t set_path = 302;
+
+bool exists(const wide_string& path) {
+    using namespace project_resave::platform;
+    return current_system().kind_of(path) != entry_kind::none;
+}
+
+} // namespace
+
+unique_name_dialog::unique_name_dialog(const wide_string& source_path, const wide_string& proposed_path)
+    : groupbox(4, 1), explanation(load_string(name_exists)), source(source_path),
+      request(load_string(set_path)), path(project_resave::file_input_mode::new_file) {
+    path.set_text(proposed_path);
+    path.set_validator([this](const wide_string& entered) { return take(entered); });
+    place(0, 0, explanation);
+    place(1, 0, source);
+    place(2, 0, request);
+    place(3, 0, path);
+    set_spare_row(3);
+}
+
+wide_string unique_name_dialog::free_path() const {
+    return exists(path.text()) ? wide_string() : path.text();
+}
+
+bool unique_name_dialog::take(const wide_string& entered) {
+    if (!exists(entered)) return true;
+    project_resave::show_error(name_exists);
+    path.set_text({});
+    return false;
+}
+
+} // namespace vs::dialog

@@ -1,0 +1,27 @@
+// The bodies of the C functions that read and write files: the outcome as a number, the reason of a failure
+// in the settings.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+
+#include "reference_host/api/calls.h"
+#include "reference_host/files/files.h"
+
+namespace vestra::api {
+
+// Hands the object to a reader or writer of files. 1 on success; 0 for a null handle and on failure, whose
+// reason then stands in `fault`, which is empty otherwise.
+template <class Session, class Handle, class Model>
+std::uint32_t with_file(const Session* session, const char16_t* path, Handle* object, wide_string& fault,
+                        std::optional<files::file_error> (*function)(const wide_string&, Model&)) noexcept {
+    fault.clear();
+    if (!session || !object) return 0;
+    return guarded([&] {
+        const auto error = function(wide_string(text_of(path)), *to_model(object));
+        if (error) fault = error->text();
+        return std::uint32_t{!error};
+    });
+}
+
+} // namespace vestra::api

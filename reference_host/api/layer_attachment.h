@@ -1,0 +1,56 @@
+// What the C functions make of a layer on first demand and keep for as long as it lives.
+#pragma once
+
+#include <vector>
+
+#include "host/interfaces/layout_legend_layer.h"
+#include "host/interfaces/profile_compound_layer.h"
+#include "reference_host/model/layer.h"
+
+namespace vestra::api {
+
+// The objects behind the plug-in interfaces of a layer answer from the layer as it is when they are asked.
+class layer_attachment final {
+public:
+    explicit layer_attachment(layer& owner);
+    layer_attachment(const layer_attachment&) = delete;
+    layer_attachment& operator=(const layer_attachment&) = delete;
+
+    // Addresses of identity interfaces, the same at each call.
+    const vs_interface_pointer* compound_profile() const { return &profile_identity_; }
+    const vs_interface_pointer* layout_legend() const { return &legend_identity_; }
+
+    // The layer's extra values as a table of the border; it is overwritten by the next call.
+    const vs_table_extra* extras(extra_table& values);
+
+private:
+    class profile final : public vs::project_resave::profil_cmpnd_lr2d_impl {
+    public:
+        explicit profile(layer& owner) : layer_(owner) {}
+        std::int32_t member_count() override;
+        void member_uuid(std::int32_t index, vs::project_resave::string_visitor visitor) override;
+
+    private:
+        layer& layer_;
+    };
+    class legend final : public vs::project_resave::layout_legend_layer_impl {
+    public:
+        explicit legend(layer& owner) : layer_(owner) {}
+        vs_scn_2d* scene() override;
+
+    private:
+        layer& layer_;
+    };
+
+    profile profile_;
+    legend legend_;
+    vs_interface_pointer profile_identity_;
+    vs_interface_pointer legend_identity_;
+    std::vector<vs_table_extra_row> rows_;
+    vs_table_extra table_{};
+};
+
+// The attachment of a layer, made if there is none.
+layer_attachment& attachment_of(layer& owner);
+
+} // namespace vestra::api

@@ -1,0 +1,26 @@
+#include "host/vsk_xml_save_2d.h"
+
+#include "host/vsk_lr2d.h"
+#include "reference_host/api/file_calls.h"
+#include "reference_host/api/objects.h"
+#include "reference_host/shell/settings.h"
+
+using namespace vestra::api;
+using namespace vestra::files;
+using vestra::shell::settings;
+
+vs_xml_save_2d* vs_xml_save_2d_create() { return create<vs_xml_save_2d>(); }
+
+void vs_xml_save_2d_destroy(vs_xml_save_2d* xml) { destroy(xml); }
+
+uint32_t vs_xml_data_load_scn2d_w(vs_xml_save_2d* xml, const char16_t* path, vs_scn_2d* scene) {
+    return with_file(xml, path, scene, settings().read_error, read_scene);
+}
+
+uint32_t vs_xml_data_save_scn2d_w(vs_xml_save_2d* xml, const char16_t* path, vs_scn_2d* scene) {
+    return with_file(xml, path, scene, settings().write_error, write_scene);
+}
+
+uint32_t vs_xml_data_save_lr2d_w(vs_xml_save_2d* xml, const char16_t* path, vs_lr* layer) {
+    return with_file(xml, path, vs_lr2d_safe_downcast(layer), settings().write_error, write_layer);
+}

@@ -1,0 +1,92 @@
+#include "reference_host/datasets/dbf_fields.h"
+
+#include <algorithm>
+#include <array>
+#include <cctype>
+#include <charconv>
+#include <memory>
+#include <string_view>
+
+#include "platform/system.h"
+#include "platform/text.h"
+#include "reference_host/datasets/path_parts.h"
+
+namespace vestra::datasets {
+
+namespace platform = vs::project_resave::platform;
+
+namespace {
+
+constexpr std::size_t row_size = 32; // of the file's own header and of each field behind it
+constexpr std::size_t name_size = 11;
+constexpr char end_of_fields = '\r';
+
+// The first bytes of a file; fewer if it is shorter, none if it cannot be read.
+std::string first_bytes(const wide_string& path, std::size_t count) {
+    std::unique_ptr<platform::file> file;
+    const auto opened = platform::current_system().open(path, platform::access::read,
+                                                        platform::disposition::open_existing, file);
+    std::string bytes(count, '\0');
+    bytes.resize(opened == platform::open_result::opened ? file->read(bytes.data(), count) : 0);
+    return bytes;
+}
+
+std::size_t byte_at(std::string_view bytes, std::size_t place) {
+    return static_cast<unsigned char>(bytes[place]);
+}
+
+// "UTF-8", "1251", "CP866", "ANSI 1251": the digits tell.
+unsigned named_code_page(std::string_view name) {
+    const auto* const digits =
+        std::ranges::find_if(name, [](unsigned char c) { return std::isdigit(c) != 0; });
+    unsigned number = platform::code_page_active;
+    std::from_chars(digits, name.data() + name.size(), number);
+    return number == 8 ? platform::code_page_utf8 : number;
+}
+
+unsigned code_page_of(const wide_string& path, std::size_t mark) {
+    const path_parts main = parts_of(path);
+    const std::string named = first_bytes(main.head + main.stem + u".cpg", 32);
+    if (!named.empty()) return named_code_page(named);
+    switch (mark) {
+    case 0x03:
+        return 1252;
+    case 0x26:
+    case 0x65:
+        return 866;
+    case 0xc9:
+        return 1251;
+    default:
+        return platform::code_page_active;
+    }
+}
+
+std::string in_system_code_page(std::string_view name, unsigned code_page) {
+    const wide_string wide = platform::from_bytes(name, code_page);
+    if (wide.empty()) return std::string(name); // of a code page that is not known
+    return platform::to_bytes(wide, platform::code_page_active);
+}
+
+} // namespace
+
+std::optional<std::vector<std::string>> dbf_field_names(const wide_string& path) {
+    const std::string start = first_bytes(path, row_size);
+    if (start.size() < row_size) return std::nullopt;
+    const std::size_t header_size = byte_at(start, 8) | byte_at(start, 9) << 8;
+    const std::string header = first_bytes(path, header_size);
+    if (header.size() <= row_size || header.size() < header_size) return std::nullopt;
+
+    const unsigned code_page = code_page_of(path, byte_at(start, 29));
+    std::vector<std::string> names;
+    std::size_t place = row_size;
+    for (; place + row_size < header_size && header[place] != end_of_fields; place += row_size) {
+        std::string_view name = std::string_view(header).substr(place, name_size);
+        name = name.substr(0, name.find('\0'));
+        name = name.substr(0, name.find_last_not_of(' ') + 1);
+        names.push_back(in_system_code_page(name, code_page));
+    }
+    if (header[place] != end_of_fields) return std::nullopt;
+    return names;
+}
+
+} // namespace vestra::datasets

@@ -1,0 +1,108 @@
+#include "reference_host/datasets/families.h"
+
+#include <array>
+#include <cstring>
+#include <filesystem>
+#include <unordered_map>
+
+#include "platform/system.h"
+#include "platform/text.h"
+#include "platform/volumes.h"
+#include "reference_host/datasets/path_parts.h"
+
+namespace vestra::datasets {
+
+namespace platform = vs::project_resave::platform;
+
+namespace {
+
+bool is_shape_file(const wide_string& path) {
+    std::unique_ptr<platform::file> file;
+    const auto opened = platform::current_system().open(path, platform::access::read,
+                                                        platform::disposition::open_existing, file);
+    std::array<unsigned char, 4> first{};
+    constexpr std::array<unsigned char, 4> mark{0x00, 0x00, 0x27, 0x0a};
+    return opened == platform::open_result::opened &&
+           file->read(first.data(), first.size()) == first.size() && first == mark;
+}
+
+// The names of one folder by their folded stems.
+class folder_stems {
+public:
+    explicit folder_stems(const wide_string& folder) { read(folder); }
+
+    // True as long as the folder has not changed since it was read. A change that came too soon after the
+    // last one need not show in the folder's time, so that one must be older than the step of its clock.
+    bool is_current(std::filesystem::file_time_type folder_time) const {
+        constexpr auto settling_time = std::chrono::milliseconds(20);
+        return folder_time == changed_ && changed_ + settling_time < read_at_;
+    }
+
+    void read(const wide_string& folder) {
+        read_at_ = std::filesystem::file_time_type::clock::now();
+        changed_ = time_of(folder);
+        names_.clear();
+        for (const auto& entry : platform::current_system().list(folder))
+            if (!entry.is_folder) names_[platform::folded(parts_of(entry.name).stem)].push_back(entry.name);
+    }
+
+    const std::vector<wide_string>& with_stem(const wide_string& stem) {
+        return names_[platform::folded(stem)];
+    }
+
+    static std::filesystem::file_time_type time_of(const wide_string& folder) {
+        std::error_code failed;
+        return std::filesystem::last_write_time(platform::native_path(folder), failed);
+    }
+
+private:
+    std::unordered_map<wide_string, std::vector<wide_string>> names_;
+    std::filesystem::file_time_type changed_;
+    std::filesystem::file_time_type read_at_;
+};
+
+folder_stems& stems_of(const wide_string& folder) {
+    static std::unordered_map<std::string, folder_stems> folders;
+    const auto [row, is_new] = folders.try_emplace(platform::native_path(folder).string(), folder);
+    if (!is_new && !row->second.is_current(folder_stems::time_of(folder))) row->second.read(folder);
+    return row->second;
+}
+
+bool is_same_name(wide_view a, wide_view b) { return platform::compare_no_case(a, b) == 0; }
+
+} // namespace
+
+std::optional<file_list> shape_family(const wide_string& path) {
+    if (!is_shape_file(path)) return std::nullopt;
+    const path_parts main = parts_of(path);
+    file_list files{path};
+    for (const wide_view extension :
+         {u".shx", u".dbf", u".cpg", u".prj", u".qix", u".sbn", u".sbx", u".shp.xml"}) {
+        wide_string name;
+        if (platform::current_system().true_name(main.head, main.stem + wide_string(extension), name))
+            files.push_back(main.head + name);
+    }
+    return files;
+}
+
+file_list grid_family(const wide_string& path) {
+    const path_parts main = parts_of(path);
+    file_list files{path};
+    const wide_string folder = main.head.substr(0, main.head.find_last_not_of(u"\\/") + 1);
+    const wide_string folder_name = folder.substr(folder.find_last_of(u"\\/") + 1);
+    if (!is_same_name(folder_name, main.stem)) return files;
+    for (const auto& entry : platform::current_system().list(main.head))
+        if (!entry.is_folder && !is_same_name(entry.name, main.stem + main.extension))
+            files.push_back(main.head + entry.name);
+    return files;
+}
+
+file_list same_stem_family(const wide_string& path) {
+    const path_parts main = parts_of(path);
+    file_list files{path};
+    for (const wide_string& name : stems_of(main.head).with_stem(main.stem))
+        if (!is_same_name(name, main.stem + main.extension)) files.push_back(main.head + name);
+    return files;
+}
+
+} // namespace vestra::datasets

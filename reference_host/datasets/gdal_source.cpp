@@ -1,0 +1,97 @@
+#include "reference_host/datasets/gdal_source.h"
+
+#include <cpl_error.h>
+#include <cpl_string.h>
+#include <gdal.h>
+#include <ogr_api.h>
+
+#include "platform/text.h"
+
+namespace vestra::datasets {
+
+namespace platform = vs::project_resave::platform;
+
+namespace {
+
+// The library speaks of its failures on the terminal unless it is told not to.
+class silence {
+public:
+    silence() { CPLPushErrorHandler(&CPLQuietErrorHandler); }
+    ~silence() { CPLPopErrorHandler(); }
+    silence(const silence&) = delete;
+    silence& operator=(const silence&) = delete;
+};
+
+struct closer {
+    void operator()(GDALDatasetH data_set) const {
+        const silence quiet;
+        GDALClose(data_set);
+    }
+};
+using data_set_handle = std::unique_ptr<void, closer>;
+
+struct feature_closer {
+    void operator()(void* feature) const { OGR_F_Destroy(feature); }
+};
+using feature_handle = std::unique_ptr<void, feature_closer>;
+
+class opened_source final : public gdal_source {
+public:
+    explicit opened_source(data_set_handle data_set)
+        : data_set_(std::move(data_set)), layer_(GDALDatasetGetLayer(data_set_.get(), 0)) {}
+
+    std::vector<std::filesystem::path> files() override {
+        const silence quiet;
+        const std::unique_ptr<char*, void (*)(char**)> names(GDALGetFileList(data_set_.get()), &CSLDestroy);
+        std::vector<std::filesystem::path> paths;
+        for (char** name = names.get(); name != nullptr && *name != nullptr; ++name)
+            paths.emplace_back(*name);
+        return paths;
+    }
+
+    std::int32_t find_field(wide_view name) override {
+        if (layer_ == nullptr) return -1;
+        const std::string wanted = platform::to_utf8(name);
+        const OGRFeatureDefnH definition = OGR_L_GetLayerDefn(layer_);
+        for (int field = 0; field < OGR_FD_GetFieldCount(definition); ++field)
+            if (wanted == OGR_Fld_GetNameRef(OGR_FD_GetFieldDefn(definition, field))) return field;
+        return -1;
+    }
+
+    bool first() override {
+        if (layer_ == nullptr) return false;
+        const silence quiet;
+        OGR_L_ResetReading(layer_);
+        return next();
+    }
+
+    bool next() override {
+        if (layer_ == nullptr) return false;
+        const silence quiet;
+        record_.reset(OGR_L_GetNextFeature(layer_));
+        return record_ != nullptr;
+    }
+
+    wide_string field_text(std::int32_t field) override {
+        const bool is_there = record_ && field >= 0 && field < OGR_F_GetFieldCount(record_.get());
+        return is_there ? platform::from_utf8(OGR_F_GetFieldAsString(record_.get(), field)) : wide_string();
+    }
+
+private:
+    data_set_handle data_set_;
+    OGRLayerH layer_; // of the data set; null if it has no records
+    feature_handle record_;
+};
+
+} // namespace
+
+std::unique_ptr<gdal_source> open_gdal_source(const std::filesystem::path& native) {
+    [[maybe_unused]] static const bool registered = (GDALAllRegister(), true);
+    const silence quiet;
+    constexpr unsigned kinds = GDAL_OF_READONLY | GDAL_OF_RASTER | GDAL_OF_VECTOR;
+    data_set_handle opened(GDALOpenEx(native.string().c_str(), kinds, nullptr, nullptr, nullptr));
+    if (!opened) return nullptr;
+    return std::make_unique<opened_source>(std::move(opened));
+}
+
+} // namespace vestra::datasets

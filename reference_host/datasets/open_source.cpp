@@ -1,0 +1,152 @@
+#include "reference_host/datasets/open_source.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "framework/ref.h"
+#include "platform/system.h"
+#include "platform/text.h"
+#include "platform/volumes.h"
+#include "reference_host/datasets/families.h"
+#include "reference_host/datasets/gdal_source.h"
+#include "reference_host/datasets/path_parts.h"
+#include "reference_host/datasets/tos_reader.h"
+#include "reference_host/model/counted.h"
+
+namespace vestra::datasets {
+
+namespace platform = vs::project_resave::platform;
+using namespace vs::project_resave;
+
+namespace {
+
+// Where the records of a data set come from.
+struct record_source {
+    std::unique_ptr<gdal_source> opened;
+    std::filesystem::path unopened; // opened when a record is first asked for
+};
+
+class open_data_set final : public referent<stat_source_impl>, counted {
+public:
+    open_data_set(file_list files, record_source records)
+        : files_(std::move(files)), records_(std::move(records)) {}
+
+    void files(string_visitor visitor) override {
+        for (const wide_string& file : files_) tell(visitor, file);
+    }
+    std::int32_t find_field(const char16_t* name) override {
+        return name != nullptr && records() ? records()->find_field(name) : -1;
+    }
+    bool first() override { return records() && records()->first(); }
+    bool next() override { return records() && records()->next(); }
+    void field_text(std::int32_t field, string_visitor visitor) override {
+        tell(visitor, records() ? records()->field_text(field) : wide_string());
+    }
+
+private:
+    gdal_source* records() {
+        if (!records_.unopened.empty())
+            records_.opened = open_gdal_source(std::exchange(records_.unopened, {}));
+        return records_.opened.get();
+    }
+
+    file_list files_;
+    record_source records_;
+};
+
+identity_pointer make(file_list files, record_source records = {}) {
+    stat_source_impl* const fresh = new open_data_set(std::move(files), std::move(records));
+    return identity_of(*fresh);
+}
+
+// Between native paths and the folder that was asked for.
+class asked_place {
+public:
+    asked_place(const wide_string& path, std::filesystem::path native, bool is_folder)
+        : path_(path), native_(std::move(native)), is_folder_(is_folder) {
+        head_ = is_folder ? path : parts_of(path).head;
+        if (!head_.ends_with(u'\\') && !head_.ends_with(u'/')) head_ += u'\\';
+    }
+
+    wide_string asked_path(const std::filesystem::path& file) const {
+        if (file == native_) return path_;
+        const auto below = file.lexically_relative(is_folder_ ? native_ : native_.parent_path());
+        if (below.empty() || *below.begin() == "..") return platform::drive_path(file.string());
+        wide_string rest = below.u16string();
+        std::ranges::replace(rest, u'/', u'\\');
+        return head_ + rest;
+    }
+
+private:
+    wide_string path_;
+    std::filesystem::path native_;
+    bool is_folder_;
+    wide_string head_;
+};
+
+file_list asked_paths(gdal_source& known, const asked_place& place) {
+    file_list files;
+    for (const auto& file : known.files()) files.push_back(place.asked_path(file));
+    return files;
+}
+
+bool has_extension(const wide_string& path, std::initializer_list<wide_view> extensions) {
+    const wide_string own = parts_of(path).extension;
+    return std::ranges::any_of(extensions,
+                               [&](wide_view other) { return platform::compare_no_case(own, other) == 0; });
+}
+
+identity_pointer open_tos(const wide_string& path) {
+    const auto content = read_tos(path);
+    if (!content) return {};
+    file_list files{path};
+    for (wide_string member : content->members) {
+        std::ranges::replace(member, u'/', u'\\');
+        files.push_back(parts_of(path).head + member);
+    }
+    return make(std::move(files));
+}
+
+// The library names the folder itself for some formats, and the files in the order of its disk.
+identity_pointer open_folder(const wide_string& path) {
+    const auto native = platform::native_path(path);
+    auto known = open_gdal_source(native);
+    if (!known) return {};
+    file_list files = asked_paths(*known, asked_place(path, native, true));
+    std::erase(files, path);
+    std::ranges::sort(files);
+    return make(std::move(files), {std::move(known), {}});
+}
+
+identity_pointer open_file(const wide_string& path) {
+    if (has_extension(path, {u".tos"})) return open_tos(path);
+    if (has_extension(path, {u".pgrid"})) return make(grid_family(path));
+    if (has_extension(path, {u".sgy", u".segy", u".sec"})) return make({path});
+
+    const auto native = platform::native_path(path);
+    if (has_extension(path, {u".shp"}))
+        if (auto files = shape_family(path)) return make(std::move(*files), {nullptr, native});
+    if (auto known = open_gdal_source(native)) {
+        file_list files = asked_paths(*known, asked_place(path, native, false));
+        if (std::ranges::find(files, path) == files.end()) files.insert(files.begin(), path);
+        return make(std::move(files), {std::move(known), {}});
+    }
+    return make(same_stem_family(path));
+}
+
+} // namespace
+
+identity_pointer open_source(wide_view source, const table_data* data) {
+    const wide_string path = source.empty() && data ? data->file : wide_string(source);
+    switch (platform::current_system().kind_of(path)) {
+    case platform::entry_kind::file:
+        return open_file(path);
+    case platform::entry_kind::folder:
+        return open_folder(path);
+    case platform::entry_kind::none:
+        break;
+    }
+    return {};
+}
+
+} // namespace vestra::datasets

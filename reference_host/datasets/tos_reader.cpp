@@ -1,0 +1,170 @@
+#include "reference_host/datasets/tos_reader.h"
+
+#include <algorithm>
+#include <array>
+#include <memory>
+#include <string_view>
+#include <unordered_set>
+
+#include "platform/system.h"
+#include "platform/text.h"
+#include "reference_host/datasets/path_parts.h"
+
+namespace vestra::datasets {
+
+namespace platform = vs::project_resave::platform;
+
+namespace {
+
+// The lines of a file without their ends, LF or CR LF.
+class line_reader {
+public:
+    explicit line_reader(platform::file& file) : file_(file) {}
+
+    bool next(std::string& line) {
+        line.clear();
+        while (place_ < filled_ || fill()) {
+            const std::string_view rest(buffer_.data() + place_, filled_ - place_);
+            const std::size_t end = rest.find('\n');
+            line += rest.substr(0, end);
+            place_ += std::min(end, rest.size());
+            if (end == std::string_view::npos) continue;
+            ++place_;
+            if (line.ends_with('\r')) line.pop_back();
+            return true;
+        }
+        return !line.empty(); // the last line may lack its end
+    }
+
+private:
+    bool fill() {
+        place_ = 0;
+        filled_ = file_.read(buffer_.data(), buffer_.size());
+        return filled_ > 0;
+    }
+
+    platform::file& file_;
+    std::array<char, 16384> buffer_{};
+    std::size_t place_ = 0;
+    std::size_t filled_ = 0;
+};
+
+std::size_t skip_digits(std::string_view text, std::size_t& place) {
+    const std::size_t begin = place;
+    while (place < text.size() && text[place] >= '0' && text[place] <= '9') ++place;
+    return place - begin;
+}
+
+void skip_sign(std::string_view text, std::size_t& place) {
+    if (place < text.size() && (text[place] == '+' || text[place] == '-')) ++place;
+}
+
+bool is_value(std::string_view text) {
+    if (text == "-") return true; // the record has none
+    std::size_t place = 0;
+    skip_sign(text, place);
+    std::size_t digits = skip_digits(text, place);
+    if (place < text.size() && text[place] == '.') digits += skip_digits(text, ++place);
+    if (digits == 0) return false;
+    if (place < text.size() && (text[place] == 'e' || text[place] == 'E')) {
+        skip_sign(text, ++place);
+        if (skip_digits(text, place) == 0) return false;
+    }
+    return place == text.size();
+}
+
+bool is_utf8(std::string_view bytes) { return platform::to_utf8(platform::from_utf8(bytes)) == bytes; }
+
+constexpr wide_view separators = u"\\/";
+
+// Takes the lines in their order. Each function answers the rule that the line breaks, or the empty text.
+class parser {
+public:
+    explicit parser(const wide_string& path) {
+        const path_parts own = parts_of(path);
+        names_.insert(platform::folded(own.stem + own.extension));
+    }
+
+    wide_view take(std::string_view line) {
+        if (!is_begun_) {
+            is_begun_ = true;
+            return line == "TOS 1" ? u"" : u"the first line is not \"TOS 1\"";
+        }
+        const std::size_t blank = line.find(' ');
+        const std::string_view word = line.substr(0, blank);
+        const std::string_view text = blank == std::string_view::npos ? "" : line.substr(blank + 1);
+        const auto* const place = std::ranges::find(words, word);
+        if (place == words.end()) return u"the line begins with none of the words property, member and data";
+        if (text.empty() || text.front() == ' ' || text.back() == ' ')
+            return u"behind the word and one blank stands no text that is free of blanks at both ends";
+        if (!is_utf8(text)) return u"the text is not UTF-8";
+        if (place < last_word_) return u"properties come first, then members, then data";
+        last_word_ = place;
+        if (word == "property") return take_property(text);
+        return word == "member" ? take_member(text) : take_data(text);
+    }
+
+    bool is_begun() const { return is_begun_; }
+    tos_file content;
+
+private:
+    static constexpr std::array<std::string_view, 3> words{"property", "member", "data"};
+
+    wide_view take_property(std::string_view text) {
+        content.properties.push_back(platform::from_utf8(text));
+        return {};
+    }
+
+    wide_view take_member(std::string_view text) {
+        const wide_string path = platform::from_utf8(text);
+        if (separators.find(path.front()) != wide_view::npos || path.find(u':') != wide_string::npos)
+            return u"the path of the member is not relative";
+        wide_string key = platform::folded(path);
+        std::ranges::replace(key, u'/', u'\\');
+        if (key.find(u"\\\\") != wide_string::npos || key.back() == u'\\')
+            return u"a piece of the member's path is empty";
+        while (key.starts_with(u".\\")) key.erase(0, 2);
+        if (!names_.insert(key).second) return u"the member is named twice, or is the file itself";
+        content.members.push_back(path);
+        return {};
+    }
+
+    wide_view take_data(std::string_view text) const {
+        std::size_t count = 0;
+        for (std::size_t begin = 0, end = 0; end != std::string_view::npos; begin = end + 1, ++count) {
+            end = text.find(' ', begin);
+            if (!is_value(text.substr(begin, end == std::string_view::npos ? end : end - begin)))
+                return u"a value is neither a decimal number nor \"-\"";
+        }
+        return count == content.properties.size() ? u"" : u"the record has not one value for each property";
+    }
+
+    bool is_begun_ = false;
+    const std::string_view* last_word_ = words.begin();
+    std::unordered_set<wide_string> names_; // folded
+};
+
+} // namespace
+
+std::optional<tos_file> read_tos(const wide_string& path, files::file_error* error) {
+    const auto refuse = [&](std::size_t line, wide_view reason) {
+        if (error) *error = {path, line, wide_string(reason)};
+        return std::nullopt;
+    };
+    std::unique_ptr<platform::file> file;
+    const auto opened = platform::current_system().open(path, platform::access::read,
+                                                        platform::disposition::open_existing, file);
+    if (opened != platform::open_result::opened) return refuse(0, u"the file cannot be opened");
+
+    line_reader lines(*file);
+    parser rules(path);
+    std::string line;
+    for (std::size_t number = 1; lines.next(line); ++number) {
+        const wide_view broken_rule = rules.take(line);
+        if (!broken_rule.empty()) return refuse(number, broken_rule);
+    }
+    if (!rules.is_begun()) return refuse(1, u"the file is empty");
+    return std::move(rules.content);
+}
+
+} // namespace vestra::datasets

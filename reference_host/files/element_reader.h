@@ -1,0 +1,59 @@
+// Builds model objects from the elements of one file. The elements are those of the grammar; here their
+// values are read, uuids are kept apart and references between elements are resolved.
+#pragma once
+
+#include <memory>
+#include <unordered_map>
+#include <vector>
+
+#include "reference_host/files/input.h"
+#include "reference_host/model/project.h"
+
+namespace vestra::files {
+
+class element_reader {
+public:
+    // `folder` is that of the file: the base of its relative references.
+    element_reader(input& source, wide_string folder) : in_(source), folder_(std::move(folder)) {}
+
+    void read_project(pugi::xml_node node, project& out);
+    void read_scene(pugi::xml_node node, scene& out);
+    std::unique_ptr<layer> read_layer(pugi::xml_node node, dimension kind);
+    // Once, behind all others: parents and frames may name what stands further down.
+    void resolve_links();
+
+private:
+    struct known_entity {
+        entity* object;
+        pugi::xml_node node;
+    };
+    struct parent_link {
+        pugi::xml_node node;
+        entity* child;
+        uuid parent;
+    };
+
+    void read_entity(pugi::xml_node node, entity& out);
+    void enter_uuid(pugi::xml_node node, entity& object);
+    pugi::xml_node read_container(pugi::xml_node node, const char* name, entity& out);
+    void read_scenes(pugi::xml_node container, scene_collection& out);
+    void read_table(pugi::xml_node node, table_data& out);
+    void read_joins(pugi::xml_node node, attr_data& out);
+    void read_plugin_data(pugi::xml_node node, layer& out);
+    void read_extras(pugi::xml_node node, extra_table& out);
+    any read_any(pugi::xml_node node);
+    tuple read_tuple(pugi::xml_node node);
+    std::vector<style_value> read_values(pugi::xml_node node);
+    style_manager read_style(pugi::xml_node node);
+    void read_group(pugi::xml_node node, layer_group& out, const scene& owner);
+    wide_string reference(pugi::xml_node node, const char* name, bool behind_star = false);
+
+    input& in_;
+    wide_string folder_;
+    std::unordered_map<uuid, known_entity> known_;
+    std::vector<parent_link> parents_;
+    std::vector<frame_scene*> frames_;
+    std::uint32_t tuple_elements_ = 0;
+};
+
+} // namespace vestra::files

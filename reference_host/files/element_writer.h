@@ -1,0 +1,59 @@
+// Puts model objects into the elements of one file, as element_reader reads them. What equals the default
+// of an attribute is left out. The first reason why the file could not be read again is kept.
+#pragma once
+
+#include <optional>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+#include <pugixml.hpp>
+
+#include "reference_host/model/project.h"
+
+namespace vestra::files {
+
+class element_writer {
+public:
+    // `folder` is that of the file: the base of its relative references.
+    explicit element_writer(wide_string folder) : folder_(std::move(folder)) {}
+
+    void write_project(pugi::xml_node node, const project& in);
+    void write_scene(pugi::xml_node node, const scene& in);
+    void write_layer(pugi::xml_node node, const layer& in);
+    // Once, behind all others: parents are named only where they are in the file themselves.
+    void write_parents();
+
+    const std::optional<wide_string>& refused() const { return refused_; }
+
+private:
+    using place_of_layer = std::unordered_map<const layer*, std::uint32_t>; // in the scene's own list
+    struct parent_link {
+        pugi::xml_node node;
+        const entity* parent;
+    };
+
+    void write_entity(pugi::xml_node node, const entity& in, std::string_view default_meta_id);
+    pugi::xml_node write_container(pugi::xml_node node, const char* name, const entity_list& in,
+                                   std::string_view default_meta_id);
+    void write_scenes(pugi::xml_node container, const scene_collection& in);
+    void write_table(pugi::xml_node node, const table_data& in, std::string_view default_meta_id);
+    void write_joins(pugi::xml_node node, const attr_data& in);
+    void write_plugin_data(pugi::xml_node node, const layer& in);
+    void write_any(pugi::xml_node node, const any& in);
+    void write_tuple(pugi::xml_node node, const tuple& in);
+    void write_style(pugi::xml_node node, const style_manager& in);
+    void write_values(pugi::xml_node node, const std::vector<style_value>& in);
+    void write_group(pugi::xml_node node, const layer_group& in, const place_of_layer& places);
+    void write_reference(pugi::xml_node node, const char* name, wide_view reference,
+                         bool behind_star = false);
+    void refuse(wide_string reason);
+
+    wide_string folder_;
+    std::unordered_map<uuid, const entity*> written_;
+    std::vector<parent_link> parents_;
+    std::size_t tuple_elements_ = 0;
+    std::optional<wide_string> refused_;
+};
+
+} // namespace vestra::files

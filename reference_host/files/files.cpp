@@ -1,0 +1,141 @@
+#include "reference_host/files/files.h"
+
+#include <string_view>
+#include <utility>
+
+#include "platform/system.h"
+#include "platform/text.h"
+#include "reference_host/files/element_reader.h"
+#include "reference_host/files/element_writer.h"
+#include "reference_host/files/grammar.h"
+#include "reference_host/files/references.h"
+
+namespace vestra::files {
+namespace {
+
+using namespace vs::project_resave;
+
+const char* kind_text(dimension kind) { return kind == dimension::flat ? "2d" : "3d"; }
+
+void check_kind(input& in, dimension kind) {
+    if (in.failed() || in.root().attribute("kind").value() == std::string_view(kind_text(kind))) return;
+    in.refuse_value(in.root(), "kind", kind == dimension::flat ? u"\"2d\"" : u"\"3d\"");
+}
+
+pugi::xml_node start(pugi::xml_document& document, const char* root_name) {
+    pugi::xml_node declaration = document.append_child(pugi::node_declaration);
+    declaration.append_attribute("version") = "1.0";
+    declaration.append_attribute("encoding") = "UTF-8";
+    pugi::xml_node root = document.append_child(root_name);
+    root.append_attribute("version") = format_version;
+    return root;
+}
+
+struct text_sink : pugi::xml_writer {
+    void write(const void* data, std::size_t size) override {
+        text.append(static_cast<const char*>(data), size);
+    }
+    std::string text;
+};
+
+wide_string free_name_beside(const wide_string& path) {
+    wide_string name;
+    for (unsigned number = 1;
+         name.empty() || platform::current_system().kind_of(name) != platform::entry_kind::none; ++number)
+        name = path + u".new" + platform::from_utf8(std::to_string(number));
+    return name;
+}
+
+bool write_bytes(const wide_string& path, std::string_view bytes) {
+    std::unique_ptr<platform::file> file;
+    const platform::open_result result = platform::current_system().open(
+        path, platform::access::read_write, platform::disposition::create_always, file);
+    return result == platform::open_result::opened && file->write(bytes.data(), bytes.size()) == bytes.size();
+}
+
+std::optional<file_error> replace_file(const wide_string& path, std::string_view bytes) {
+    const wide_string fresh = free_name_beside(path);
+    if (write_bytes(fresh, bytes) && platform::current_system().rename_over(fresh, path)) return std::nullopt;
+    platform::current_system().delete_file(fresh);
+    return file_error{path, 0, u"the file cannot be written"};
+}
+
+// Finishes the document that the writer filled and puts it on the disk.
+std::optional<file_error> save(const wide_string& path, const pugi::xml_document& document,
+                               element_writer& writer) {
+    writer.write_parents();
+    if (writer.refused()) return file_error{path, 0, *writer.refused()};
+    if (const auto found = first_fault(document.document_element()))
+        return file_error{path, 0, found->reason};
+    text_sink sink;
+    document.save(sink, "  ", pugi::format_default, pugi::encoding_utf8);
+    if (sink.text.size() > largest_file) return file_error{path, 0, u"the file would be larger than 256 MiB"};
+    return replace_file(path, sink.text);
+}
+
+} // namespace
+
+std::optional<file_error> read_project(const wide_string& path, project& out) {
+    input in(path, "project");
+    if (in.failed()) return in.error();
+    project fresh;
+    element_reader reader(in, head_of(path));
+    reader.read_project(in.root(), fresh);
+    reader.resolve_links();
+    if (in.failed()) return in.error();
+    fresh.file = path;
+    out = std::move(fresh);
+    return std::nullopt;
+}
+
+std::optional<file_error> read_scene(const wide_string& path, scene& out) {
+    input in(path, "scene_file");
+    check_kind(in, out.kind);
+    if (in.failed()) return in.error();
+    scene fresh(out.kind);
+    element_reader reader(in, head_of(path));
+    reader.read_scene(in.root().child("scene"), fresh);
+    reader.resolve_links();
+    if (in.failed()) return in.error();
+    out = std::move(fresh);
+    return std::nullopt;
+}
+
+std::optional<file_error> read_layer(const wide_string& path, dimension kind, std::unique_ptr<layer>& out) {
+    input in(path, "layer_file");
+    check_kind(in, kind);
+    if (in.failed()) return in.error();
+    element_reader reader(in, head_of(path));
+    std::unique_ptr<layer> fresh = reader.read_layer(in.root().child("layer"), kind);
+    reader.resolve_links();
+    if (in.failed()) return in.error();
+    out = std::move(fresh);
+    return std::nullopt;
+}
+
+std::optional<file_error> write_project(const wide_string& path, const project& in) {
+    pugi::xml_document document;
+    element_writer writer(head_of(path));
+    writer.write_project(start(document, "project"), in);
+    return save(path, document, writer);
+}
+
+std::optional<file_error> write_scene(const wide_string& path, const scene& in) {
+    pugi::xml_document document;
+    element_writer writer(head_of(path));
+    pugi::xml_node root = start(document, "scene_file");
+    root.append_attribute("kind") = kind_text(in.kind);
+    writer.write_scene(root.append_child("scene"), in);
+    return save(path, document, writer);
+}
+
+std::optional<file_error> write_layer(const wide_string& path, const layer& in) {
+    pugi::xml_document document;
+    element_writer writer(head_of(path));
+    pugi::xml_node root = start(document, "layer_file");
+    root.append_attribute("kind") = kind_text(in.kind);
+    writer.write_layer(root.append_child("layer"), in);
+    return save(path, document, writer);
+}
+
+} // namespace vestra::files

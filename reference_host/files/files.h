@@ -1,0 +1,31 @@
+// Reading and writing the files of the host: projects ("._vp"), scenes ("._sn" 2D, "._sc" 3D) and layers
+// ("._lr" 2D, "._lrd" 3D). The format is told in docs/project_format.md. Paths have their Windows form and
+// go through the current system of the platform layer. Nothing throws for a bad file; an error is answered.
+//
+// Reading fills `out` only when all of the file is good; otherwise `out` stays as it was. References come
+// out whole. Writing goes to a new file beside the target, which then takes the target's place in one step;
+// after a failure the target is as it was before and nothing else is left.
+#pragma once
+
+#include <memory>
+#include <optional>
+
+#include "reference_host/files/file_error.h"
+#include "reference_host/model/project.h"
+
+namespace vestra::files {
+
+// Sets the file of the project to the path.
+std::optional<file_error> read_project(const wide_string& path, project& out);
+// The file must hold a scene of the kind of `out`.
+std::optional<file_error> read_scene(const wide_string& path, scene& out);
+// `out` becomes a new layer.
+std::optional<file_error> read_layer(const wide_string& path, dimension kind, std::unique_ptr<layer>& out);
+
+// Refused are an object in which two entities have one uuid, and what would nest too deep or be too large to
+// be read again. A parent that is not in the file itself is left out.
+std::optional<file_error> write_project(const wide_string& path, const project& in);
+std::optional<file_error> write_scene(const wide_string& path, const scene& in);
+std::optional<file_error> write_layer(const wide_string& path, const layer& in);
+
+} // namespace vestra::files

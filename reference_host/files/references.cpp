@@ -1,0 +1,85 @@
+#include "reference_host/files/references.h"
+
+#include <algorithm>
+
+#include "platform/text.h"
+
+namespace vestra::files {
+namespace {
+
+constexpr wide_view separators = u"\\/";
+constexpr char16_t verbatim_mark = u'=';
+
+bool is_separator(char16_t c) { return c == u'\\' || c == u'/'; }
+
+bool looks_relative(wide_view stored) {
+    return !stored.empty() && wide_view(u"\\/*=").find(stored.front()) == wide_view::npos &&
+           stored.find(u':') == wide_view::npos;
+}
+
+wide_string with_backslashes(wide_view path) {
+    wide_string text(path);
+    std::replace(text.begin(), text.end(), u'/', u'\\');
+    return text;
+}
+
+bool is_below(wide_view folder, wide_view path) {
+    if (folder.empty() || path.size() <= folder.size()) return false;
+    const wide_string head = with_backslashes(path.substr(0, folder.size()));
+    return vs::project_resave::platform::compare_no_case(head, with_backslashes(folder)) == 0;
+}
+
+// Length of what ".." cannot leave: a drive, or the server and share of a network path.
+std::size_t root_length(wide_view folder) {
+    if (folder.size() > 1 && folder[1] == u':') return std::min<std::size_t>(folder.size(), 3);
+    if (folder.size() < 2 || !is_separator(folder[0]) || !is_separator(folder[1])) return 1;
+    const std::size_t server_end = folder.find_first_of(separators, 2);
+    if (server_end == wide_view::npos) return folder.size();
+    const std::size_t share_end = folder.find_first_of(separators, server_end + 1);
+    return share_end == wide_view::npos ? folder.size() : share_end + 1;
+}
+
+wide_string joined(wide_view folder, wide_view relative) {
+    wide_string path(folder);
+    while (!relative.empty()) {
+        const std::size_t end = std::min(relative.find_first_of(separators), relative.size());
+        const wide_view name = relative.substr(0, end);
+        const wide_view piece = relative.substr(0, end + 1);
+        if (name == u"..") {
+            if (path.size() > root_length(path)) path = head_of(wide_view(path).substr(0, path.size() - 1));
+        } else if (name != u".") {
+            path += piece;
+        }
+        relative.remove_prefix(piece.size());
+    }
+    return path;
+}
+
+} // namespace
+
+wide_string head_of(wide_view path) {
+    const std::size_t last = path.find_last_of(separators);
+    return last == wide_view::npos ? wide_string() : wide_string(path.substr(0, last + 1));
+}
+
+wide_string stored_reference(wide_view folder, wide_view reference, bool behind_star) {
+    if (behind_star && reference.starts_with(u'*'))
+        return u"*" + stored_reference(folder, reference.substr(1));
+    if (is_below(folder, reference)) {
+        const wide_view rest = reference.substr(folder.size());
+        // Only what reads back as the same path; "sub\..\..\x" for one is not below the folder at all.
+        if (looks_relative(rest) && joined(folder, rest) == wide_string(folder) + wide_string(rest))
+            return wide_string(rest);
+    }
+    if (looks_relative(reference) || reference.starts_with(verbatim_mark))
+        return verbatim_mark + wide_string(reference);
+    return wide_string(reference);
+}
+
+wide_string resolved_reference(wide_view folder, wide_view stored, bool behind_star) {
+    if (behind_star && stored.starts_with(u'*')) return u"*" + resolved_reference(folder, stored.substr(1));
+    if (stored.starts_with(verbatim_mark)) return wide_string(stored.substr(1));
+    return looks_relative(stored) ? joined(folder, stored) : wide_string(stored);
+}
+
+} // namespace vestra::files

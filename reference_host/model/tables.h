@@ -1,0 +1,51 @@
+// DBF tables with the tables joined to them, TOS tables, map legends, and the containers of these.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "reference_host/model/entity_list.h"
+
+namespace vestra {
+
+class table_data : public entity {
+public:
+    using entity::entity;
+    wide_string file;
+};
+
+struct table_join {
+    wide_string other_source; // path of the joined table
+    std::int32_t base_field = 0;
+    std::int32_t other_field = 0;
+    friend bool operator==(const table_join&, const table_join&) = default;
+};
+
+class attr_data : public table_data {
+public:
+    attr_data() : table_data("AttrDataMetaID") {}
+    // Only the path of the other table is kept.
+    void join(const table_data& other, std::int32_t base_field, std::int32_t other_field) {
+        joins.push_back({other.file, base_field, other_field});
+    }
+    void unjoin() { joins.clear(); }
+
+    std::vector<table_join> joins;
+};
+
+class tos_data : public table_data {
+public:
+    tos_data() : table_data("TosDataMetaID") {}
+};
+
+// The caption is the legend's title.
+class map_legend : public entity {
+public:
+    map_legend() : entity("MapLegendMetaID") {}
+};
+
+using attr_data_list = owned_list<attr_data>;
+using tos_data_list = owned_list<tos_data>;
+using map_legend_list = owned_list<map_legend>;
+
+} // namespace vestra

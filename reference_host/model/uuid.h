@@ -1,0 +1,39 @@
+// Identity of an entity: sixteen bytes, or no value.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <optional>
+
+#include "reference_host/model/counted.h"
+#include "reference_host/model/text.h"
+
+namespace vestra {
+
+class uuid : public counted {
+public:
+    uuid() = default;
+
+    // "8-4-4-4-12" hexadecimal digits of any letter case, in braces or not; nothing else is a uuid, least of
+    // all a path. All digits zero is the uuid without a value.
+    static std::optional<uuid> parse(wide_view text);
+    // A new one that differs from all others.
+    static uuid random();
+
+    bool has_value() const { return bytes_ != std::array<uint8_t, 16>{}; }
+    // Lower case, without braces; empty without a value.
+    wide_string text() const;
+    std::size_t hash() const;
+    friend bool operator==(const uuid& a, const uuid& b) { return a.bytes_ == b.bytes_; }
+
+private:
+    std::array<uint8_t, 16> bytes_{};
+};
+
+} // namespace vestra
+
+template <>
+struct std::hash<vestra::uuid> {
+    std::size_t operator()(const vestra::uuid& id) const { return id.hash(); }
+};

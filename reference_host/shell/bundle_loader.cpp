@@ -1,0 +1,72 @@
+#include "reference_host/shell/bundle_loader.h"
+
+#include <algorithm>
+#include <utility>
+
+#include "framework/bundle_entry.h"
+#include "platform/library.h"
+#include "platform/system.h"
+
+namespace vestra::shell {
+
+using namespace vs::project_resave;
+
+// One bundle with the context that it knows the host by.
+class bundle_loader::loaded_bundle final : public bundle_context_impl {
+public:
+    loaded_bundle(service_registry& registry, wide_string path, std::unique_ptr<platform::library> library)
+        : registry_(registry), path_(std::move(path)), library_(std::move(library)) {}
+    ~loaded_bundle() { registry_.remove(context()); } // before the library goes
+    loaded_bundle(const loaded_bundle&) = delete;
+    loaded_bundle& operator=(const loaded_bundle&) = delete;
+
+    void register_factory(const char16_t* id, service_factory_pointer factory) override {
+        registry_.add(id ? id : u"", factory, context());
+    }
+
+    bundle_context context() { return pointer_to<bundle_context_impl>(*this); }
+    const wide_string& path() const { return path_; }
+
+private:
+    service_registry& registry_;
+    wide_string path_;
+    std::unique_ptr<platform::library> library_;
+};
+
+bundle_loader::bundle_loader(service_registry& registry) : registry_(registry) {}
+
+bundle_loader::~bundle_loader() { unload_all(); }
+
+std::optional<load_error> bundle_loader::start(entry_function entry) {
+    return start(entry, std::make_unique<loaded_bundle>(registry_, wide_string(), nullptr));
+}
+
+std::optional<load_error> bundle_loader::load(const wide_string& path) {
+    const bool is_loaded = std::ranges::any_of(bundles_, [&](const auto& other) {
+        return platform::current_system().same_file(other->path(), path);
+    });
+    if (is_loaded) return load_error{path, u"the bundle is loaded already"};
+
+    wide_string reason;
+    auto library = platform::library::open(path, reason);
+    if (!library) return load_error{path, reason};
+    const auto entry = reinterpret_cast<entry_function>(library->symbol(entry_name));
+    if (!entry) return load_error{path, u"the library is no bundle"};
+    return start(entry, std::make_unique<loaded_bundle>(registry_, path, std::move(library)));
+}
+
+std::optional<load_error> bundle_loader::start(entry_function entry, std::unique_ptr<loaded_bundle> bundle) {
+    interface_to<bundle_impl> started;
+    entry(&started, bundle.get());
+    if (!started) return load_error{bundle->path(), u"the library hands out no bundle"};
+    call<&bundle_impl::start>(started, bundle->context());
+    bundles_.push_back(std::move(bundle));
+    return std::nullopt;
+}
+
+void bundle_loader::unload_all() {
+    registry_.release_services();
+    while (!bundles_.empty()) bundles_.pop_back();
+}
+
+} // namespace vestra::shell

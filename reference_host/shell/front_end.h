@@ -1,0 +1,56 @@
+// What the host shows to a person and asks of them. The C functions of vsk_msgs go to the front end in
+// force: a terminal, a script of answers, a window. User-interface thread only.
+#pragma once
+
+#include <cstdint>
+
+#include "reference_host/model/text.h"
+
+namespace vestra::shell {
+
+// The answers of a box with yes, no and cancel, as numbers of the border; closed: by the system, unanswered.
+enum class answer : std::int32_t { closed = 0, cancel = 2, yes = 6, no = 7 };
+
+class front_end {
+public:
+    virtual ~front_end() = default;
+
+    // Message boxes. Each returns when the person has seen or answered it.
+    virtual void error(wide_view text) = 0;
+    virtual void warning(wide_view text) = 0;
+    virtual void message(wide_view text) = 0;
+    virtual bool yes_no(wide_view text) = 0;
+    virtual answer yes_no_cancel(wide_view text) = 0;
+
+    // The progress window. Between opened and closed there may come any number of the others, in any order.
+    virtual void progress_opened(bool stoppable) = 0;
+    virtual void progress_shown(std::uint32_t current, std::uint32_t total) = 0;
+    virtual void progress_caption(wide_view text) = 0;
+    virtual void progress_indeterminate(bool on) = 0;
+    virtual void progress_closed() = 0;
+    // True from the person's wish to stop until the reset.
+    virtual bool stop_requested() = 0;
+    virtual void stop_reset() = 0;
+
+    // A window that says what is being waited for.
+    virtual void wait_opened(wide_view text) = 0;
+    virtual void wait_closed() = 0;
+};
+
+// The innermost override. Without one, a front end that shows nothing, never stops, and answers every
+// question with no.
+front_end& current_front_end();
+
+// Puts `replacement` in force for its own life; it outlives the override. Overrides nest.
+class front_end_override {
+public:
+    explicit front_end_override(front_end& replacement);
+    ~front_end_override();
+    front_end_override(const front_end_override&) = delete;
+    front_end_override& operator=(const front_end_override&) = delete;
+
+private:
+    front_end* previous_;
+};
+
+} // namespace vestra::shell

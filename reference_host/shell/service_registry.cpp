@@ -1,0 +1,110 @@
+#include "reference_host/shell/service_registry.h"
+
+#include <algorithm>
+#include <array>
+#include <iterator>
+#include <ranges>
+#include <string>
+#include <utility>
+
+namespace vestra::shell {
+
+using namespace vs::project_resave;
+
+namespace {
+
+service_registry* registry_in_force = nullptr;
+
+// A kind of service: the name of its interface, and that of the visitors that want it.
+struct service_kind {
+    service_kind(const std::string& subject, const std::string& version)
+        : service("vs_" + subject + "_interface_" + version),
+          visitor("vs_" + subject + "_visitor_interface_" + version) {}
+
+    std::string service;
+    std::string visitor;
+};
+
+const std::array<service_kind, 6>& known_kinds() {
+    static const std::array<service_kind, 6> kinds{{{"resave_service", "5"},
+                                                    {"resave_entity_service", "1"},
+                                                    {"localizer_service", "1"},
+                                                    {"modal_dialog_service", "102"},
+                                                    {"layer_type_service", "1"},
+                                                    {"custom_app_service", "79"}}};
+    return kinds;
+}
+
+// Every visitor has one operation, behind identity and base, which is told the service.
+void tell_visitor(const interface_pointer& visitor, const interface_pointer& service) {
+    using visit_entry = void (*)(const void* table, void* instance, interface_pointer service);
+    constexpr std::size_t first_operation = 2;
+    const border::entry entry = static_cast<const border::entry*>(visitor.table)[first_operation];
+    reinterpret_cast<visit_entry>(entry)(visitor.table, visitor.instance, service);
+}
+
+} // namespace
+
+service_registry::service_registry() : previous_(std::exchange(registry_in_force, this)) {}
+
+service_registry::~service_registry() {
+    release_services();
+    registry_in_force = previous_;
+}
+
+void service_registry::add(wide_view id, const service_factory_pointer& factory,
+                           const bundle_context& context) {
+    if (factory)
+        offers_.push_back(std::make_shared<offer>(offer{wide_string(id), factory, context, false, {}}));
+}
+
+void service_registry::ask(const std::shared_ptr<offer>& wanted) {
+    if (std::exchange(wanted->asked, true)) return;
+    const identity_pointer service = call<&service_factory_impl::create>(wanted->factory, wanted->context);
+    if (!service) return;
+    wanted->service.assign(service);
+    made_.push_back(wanted);
+}
+
+void service_registry::start_clients() {
+    const auto offers = offers_;
+    for (const auto& wanted : offers)
+        if (wanted->id.empty()) ask(wanted);
+}
+
+void service_registry::visit_services(wide_view id, const identity_pointer& visitor) {
+    std::vector<std::pair<const service_kind*, interface_pointer>> wanted;
+    for (const service_kind& kind : known_kinds())
+        if (const auto speaks = query_name(visitor, kind.visitor.c_str())) wanted.emplace_back(&kind, speaks);
+
+    const auto offers = offers_;
+    for (const auto& offered : offers) {
+        if (wanted.empty() || (offered->id != id && !offered->id.empty())) continue;
+        ask(offered);
+        for (const auto& [kind, speaks] : wanted)
+            if (const auto service = query_name(offered->service.get(), kind->service.c_str()))
+                tell_visitor(speaks, service);
+    }
+}
+
+void service_registry::release_services() { release_services_of(nullptr); }
+
+void service_registry::release_services_of(const bundle_context* context) {
+    const auto made = std::exchange(made_, {});
+    const auto is_meant = [&](const auto& row) { return !context || row->context == *context; };
+    std::ranges::remove_copy_if(made, std::back_inserter(made_), is_meant);
+    for (const auto& row : made | std::views::reverse | std::views::filter(is_meant)) row->service.reset();
+}
+
+void service_registry::remove(const bundle_context& context) {
+    release_services_of(&context);
+    for (const auto& row : offers_)
+        if (row->context == context) row->asked = true; // a visit under way must not ask it any more
+    std::erase_if(offers_, [&](const auto& row) { return row->context == context; });
+}
+
+void visit_services(wide_view id, const identity_pointer& visitor) {
+    if (registry_in_force) registry_in_force->visit_services(id, visitor);
+}
+
+} // namespace vestra::shell

@@ -1,0 +1,188 @@
+#include "reference_host/shell/terminal_front_end.h"
+
+#include <algorithm>
+#include <array>
+#include <utility>
+
+#include "platform/text.h"
+#include "reference_host/shell/settings.h"
+
+namespace vestra::shell {
+
+namespace platform = vs::project_resave::platform;
+
+namespace {
+
+bool is_english() { return settings().language_offset != 0; }
+
+struct reply {
+    answer meaning;
+    std::array<wide_view, 4> words; // in both languages, whichever is shown
+};
+constexpr std::array<reply, 3> replies{{{answer::yes, {u"y", u"yes", u"д", u"да"}},
+                                        {answer::no, {u"n", u"no", u"н", u"нет"}},
+                                        {answer::cancel, {u"c", u"cancel", u"о", u"отмена"}}}};
+
+wide_view prompt(bool with_cancel) {
+    if (is_english()) return with_cancel ? u"[yes/no/cancel] " : u"[yes/no] ";
+    return with_cancel ? u"[да/нет/отмена] " : u"[да/нет] ";
+}
+
+std::optional<answer> meaning_of(const std::string& line, bool with_cancel) {
+    const wide_string word = platform::from_utf8(line);
+    for (const reply& known : replies) {
+        if (known.meaning == answer::cancel && !with_cancel) continue;
+        for (const wide_view other : known.words)
+            if (platform::compare_no_case(word, other) == 0) return known.meaning;
+    }
+    return std::nullopt;
+}
+
+// A file's name could hold signs that steer the terminal.
+std::string printable(wide_view text) {
+    wide_string safe;
+    for (const char16_t c : text) {
+        if (c == u'\r') continue;
+        const bool steers = (c < u' ' && c != u'\n' && c != u'\t') || (c >= 0x7f && c < 0xa0);
+        safe += steers ? u'\xfffd' : c;
+    }
+    return platform::to_utf8(safe);
+}
+
+// The first characters of a line, as many as the screen has columns for.
+std::string fitting(const std::string& line, unsigned columns) {
+    wide_string text = platform::from_utf8(line);
+    if (text.size() > columns) text.resize(columns);
+    return platform::to_utf8(text);
+}
+
+std::string in_columns(unsigned percent) {
+    const std::string digits = std::to_string(percent);
+    return std::string(3 - digits.size(), ' ') + digits;
+}
+
+std::string bar(unsigned percent) {
+    constexpr unsigned width = 20;
+    const unsigned filled = percent * width / 100;
+    return "[" + std::string(filled, '#') + std::string(width - filled, '.') + "] ";
+}
+
+} // namespace
+
+terminal_front_end::terminal_front_end(platform::terminal& terminal, terminal_options options)
+    : terminal_(terminal), options_(std::move(options)) {}
+
+void terminal_front_end::error(wide_view text) { print(text); }
+
+void terminal_front_end::warning(wide_view text) {
+    if (!options_.quiet) print(text);
+}
+
+void terminal_front_end::message(wide_view text) {
+    if (!options_.quiet) print(text);
+}
+
+bool terminal_front_end::yes_no(wide_view text) { return ask(text, false) == answer::yes; }
+
+answer terminal_front_end::yes_no_cancel(wide_view text) { return ask(text, true); }
+
+answer terminal_front_end::ask(wide_view question, bool with_cancel) {
+    if (options_.decided)
+        if (const auto decided = options_.decided(question)) return *decided;
+    if (!terminal_.asks()) return options_.nobody_asked;
+
+    const answer none = with_cancel ? answer::cancel : answer::no;
+    terminal_.forget_interrupt(); // the click that led here is known; the next one is an answer
+    print(question);
+    for (;;) {
+        terminal_.write(platform::to_utf8(prompt(with_cancel)));
+        std::string line;
+        const platform::line_result result = terminal_.read_line(line);
+        if (result == platform::line_result::read) {
+            if (const auto meaning = meaning_of(line, with_cancel)) return *meaning;
+            continue;
+        }
+        terminal_.write("\n");
+        terminal_.forget_interrupt();
+        return none;
+    }
+}
+
+void terminal_front_end::print(wide_view text) {
+    erase_bar();
+    std::string lines = printable(text);
+    if (!lines.ends_with('\n')) lines += '\n';
+    terminal_.write(lines);
+}
+
+void terminal_front_end::progress_opened(bool stoppable) {
+    is_open_ = true;
+    is_stoppable_ = stoppable;
+    is_indeterminate_ = false;
+    is_stopped_ = false;
+    percent_ = 0;
+    caption_.clear();
+}
+
+void terminal_front_end::progress_shown(std::uint32_t current, std::uint32_t total) {
+    percent_ = total == 0 ? 0 : static_cast<unsigned>(std::min(100.0, 100.0 * current / total));
+    show_progress();
+}
+
+void terminal_front_end::progress_caption(wide_view text) {
+    caption_ = printable(text);
+    std::ranges::replace(caption_, '\n', ' ');
+    show_progress();
+}
+
+void terminal_front_end::progress_indeterminate(bool on) {
+    is_indeterminate_ = on;
+    show_progress();
+}
+
+void terminal_front_end::show_progress() {
+    if (options_.quiet || !is_open_) return;
+    const bool is_watched = terminal_.shows();
+    // Lines that stay are written for each tenth, so that a long run does not fill a file with them.
+    const unsigned percent = is_watched ? percent_ : percent_ / 10 * 10;
+    std::string line = is_indeterminate_ ? caption_ : in_columns(percent) + " % " + caption_;
+    if (is_watched && !is_indeterminate_) line = bar(percent) + line;
+    const bool says_nothing = caption_.empty() && (is_indeterminate_ || percent == 0);
+    if (line == shown_ || (says_nothing && !is_watched)) return;
+    shown_ = line;
+    if (is_watched)
+        terminal_.write("\r" + fitting(line, terminal_.width() - 1) + "\x1b[K");
+    else
+        terminal_.write(line + "\n");
+    is_bar_on_screen_ = is_watched;
+}
+
+void terminal_front_end::erase_bar() {
+    if (is_bar_on_screen_) terminal_.write("\r\x1b[K");
+    is_bar_on_screen_ = false;
+    shown_.clear(); // so that the next step shows the bar again
+}
+
+void terminal_front_end::progress_closed() {
+    erase_bar();
+    is_open_ = false;
+}
+
+bool terminal_front_end::stop_requested() {
+    if (is_open_ && is_stoppable_ && terminal_.interrupted()) {
+        terminal_.forget_interrupt(); // so that it does not stop what comes after this window, too
+        is_stopped_ = true;
+    }
+    return is_stopped_;
+}
+
+void terminal_front_end::stop_reset() {
+    is_stopped_ = false;
+    terminal_.forget_interrupt();
+}
+
+void terminal_front_end::wait_opened(wide_view text) {
+    if (!options_.quiet) print(text);
+}
+
+} // namespace vestra::shell

@@ -1,0 +1,63 @@
+// The host on a terminal: messages as text, progress as a bar, Ctrl-C as the stop button, questions with an
+// answer to be typed. Where nobody watches, progress comes in plain lines and questions are not asked.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <string>
+#include <string_view>
+
+#include "platform/terminal.h"
+#include "reference_host/shell/front_end.h"
+
+namespace vestra::shell {
+
+struct terminal_options {
+    bool quiet = false; // progress, messages and warnings stay away; errors and questions do not
+    // The answer given beforehand to the question of this text; nothing where it is to be asked.
+    std::function<std::optional<answer>(wide_view question)> decided;
+    answer nobody_asked = answer::no; // to what is not decided, where there is no terminal
+};
+
+// In the language of the host's settings. Everything goes to the terminal, which outlives the front end.
+class terminal_front_end final : public front_end {
+public:
+    terminal_front_end(vs::project_resave::platform::terminal& terminal, terminal_options options);
+
+    void error(wide_view text) override;
+    void warning(wide_view text) override;
+    void message(wide_view text) override;
+    bool yes_no(wide_view text) override;
+    // Ctrl-C while the question stands is cancel.
+    answer yes_no_cancel(wide_view text) override;
+
+    void progress_opened(bool stoppable) override;
+    void progress_shown(std::uint32_t current, std::uint32_t total) override;
+    void progress_caption(wide_view text) override;
+    void progress_indeterminate(bool on) override;
+    void progress_closed() override;
+    bool stop_requested() override;
+    void stop_reset() override;
+
+    void wait_opened(wide_view text) override;
+    void wait_closed() override {}
+
+private:
+    answer ask(wide_view question, bool with_cancel);
+    void print(wide_view text);
+    void show_progress();
+    void erase_bar();
+
+    vs::project_resave::platform::terminal& terminal_;
+    terminal_options options_;
+    bool is_open_ = false; // the progress window
+    bool is_stoppable_ = false;
+    bool is_indeterminate_ = false;
+    bool is_stopped_ = false;
+    unsigned percent_ = 0;
+    std::string caption_;
+    std::string shown_; // the bar or line that was written last
+    bool is_bar_on_screen_ = false;
+};
+
+} // namespace vestra::shell

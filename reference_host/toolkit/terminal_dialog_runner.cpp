@@ -1,0 +1,45 @@
+#include "reference_host/toolkit/terminal_dialog_runner.h"
+
+#include "platform/volumes.h"
+
+namespace vestra::toolkit {
+
+namespace border = vs::project_resave;
+
+namespace {
+
+constexpr std::int32_t cancelled = 0;
+constexpr std::int32_t accepted = 1;
+
+} // namespace
+
+std::int32_t terminal_dialog_runner::run(border::docker content) {
+    const border::element root = border::cast_to<border::element_impl>(content);
+    for (;;) {
+        const element_view dialog = look_at(root);
+        // A progress bar may stand on the line.
+        terminal_.write("\n" + described(dialog));
+        if (!terminal_.asks()) return cancelled;
+        terminal_.write(find(dialog, u"file_input") ? "Enter: OK, or a new path, or \"cancel\": "
+                                                    : "Enter: OK, or \"cancel\": ");
+        std::string line;
+        if (terminal_.read_line(line) != border::platform::line_result::read) return cancelled;
+        if (const auto answer = obey(dialog, line)) return *answer;
+    }
+}
+
+std::optional<std::int32_t> terminal_dialog_runner::obey(const element_view& dialog,
+                                                         const std::string& line) {
+    if (line == "cancel") return cancelled;
+    if (line.empty()) {
+        const element_view* box = find(dialog, u"button_box");
+        if (!box || box->buttons.empty()) return accepted;
+        const std::int32_t code = box->buttons.front().code;
+        return press(*box, code) ? std::optional(code) : std::nullopt;
+    }
+    if (const element_view* field = find(dialog, u"file_input"))
+        enter_text(*field, border::platform::drive_path(line));
+    return std::nullopt;
+}
+
+} // namespace vestra::toolkit

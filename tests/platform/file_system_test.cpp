@@ -1,0 +1,203 @@
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <string>
+#include <vector>
+
+#include "platform/system.h"
+#include "tests/support/forwarding_system.h"
+#include "tests/support/temporary_folder.h"
+
+namespace vs::project_resave::platform {
+namespace {
+
+namespace fs = std::filesystem;
+
+class file_system : public testing::Test {
+protected:
+    std::vector<wide_string> tree() {
+        std::vector<wide_string> names;
+        for (const tree_entry& entry : list_tree(files, folder.path()))
+            names.push_back(entry.path.substr(folder.path().size() + 1) + (entry.is_folder ? u"\\" : u""));
+        return names;
+    }
+
+    temporary_folder folder;
+    system& files = current_system();
+};
+
+TEST_F(file_system, copy_keeps_bytes_time_and_permissions) {
+    for (const size_t size : {size_t{0}, size_t{1}, size_t{2} * 1024 * 1024 + 3}) {
+        std::string bytes(size, '\0');
+        for (size_t i = 0; i < size; ++i) bytes[i] = static_cast<char>(i * 31 % 251);
+        const wide_string source = folder.write(u"source.bin", bytes);
+        const fs::path native = native_path(source);
+        fs::last_write_time(native, fs::last_write_time(native) - std::chrono::hours(1000));
+        fs::permissions(native, fs::perms::owner_write, fs::perm_options::remove);
+
+        ASSERT_TRUE(files.copy_file(source, folder.path(u"copy.bin"), false)) << size;
+        const fs::path copy = native_path(folder.path(u"copy.bin"));
+        EXPECT_TRUE(folder.read(u"copy.bin") == bytes) << size;
+        EXPECT_EQ(files.file_size(folder.path(u"copy.bin")), size);
+        EXPECT_EQ(fs::last_write_time(copy), fs::last_write_time(native));
+        EXPECT_EQ(fs::status(copy).permissions(), fs::status(native).permissions());
+        for (const fs::path& file : {native, copy}) {
+            fs::permissions(file, fs::perms::owner_write, fs::perm_options::add);
+            fs::remove(file);
+        }
+    }
+}
+
+TEST_F(file_system, a_copy_that_cannot_be_made_changes_nothing) {
+    folder.write(u"source.txt", "new");
+    folder.write(u"there.txt", "old");
+    folder.write(u"sub\\x.txt");
+    const auto before = tree();
+    struct {
+        wide_view source, target;
+        bool replace;
+    } const cases[] = {
+        {u"source.txt", u"there.txt", false},  {u"source.txt", u"THERE.TXT", false},
+        {u"source.txt", u"sub", false},        {u"source.txt", u"sub", true},
+        {u"lost.txt", u"copy.txt", false},     {u"lost.txt", u"there.txt", true},
+        {u"sub", u"copy.txt", false},          {u"source.txt", u"none\\copy.txt", false},
+        {u"source.txt", u"source.txt", false}, {u"source.txt", u"SOURCE.txt", true},
+    };
+    for (const auto& [source, target, replace] : cases) {
+        EXPECT_FALSE(files.copy_file(folder.path(source), folder.path(target), replace));
+        EXPECT_EQ(tree(), before);
+    }
+    EXPECT_EQ(folder.read(u"there.txt"), "old");
+    EXPECT_EQ(folder.read(u"source.txt"), "new");
+    EXPECT_TRUE(files.copy_file(folder.path(u"source.txt"), folder.path(u"There.TXT"), true));
+    EXPECT_EQ(folder.read(u"there.txt"), "new");
+    EXPECT_EQ(tree(), before);
+}
+
+TEST_F(file_system, kinds_and_names_are_found_in_any_letter_case) {
+    folder.write(u"Данные\\Река.SHP", "12345");
+    struct {
+        wide_view path;
+        entry_kind kind;
+        uint64_t size;
+    } const cases[] = {
+        {u"Данные\\Река.SHP", entry_kind::file, 5},
+        {u"ДАННЫЕ\\рЕКА.shp", entry_kind::file, 5},
+        {u"данные/./РЕКА.Shp", entry_kind::file, 5},
+        {u"x\\..\\данные\\река.shp", entry_kind::file, 5},
+        {u"данные", entry_kind::folder, 0},
+        {u"данные\\", entry_kind::folder, 0},
+        {u"данные\\река.shx", entry_kind::none, 0},
+        {u"нет\\река.shp", entry_kind::none, 0},
+        {u"данные\\река.shp\\x", entry_kind::none, 0},
+        {wide_view(u"данные\0x", 8), entry_kind::none, 0},
+    };
+    for (const auto& [path, kind, size] : cases) {
+        EXPECT_EQ(files.kind_of(folder.path(path)), kind) << fs::path(path);
+        EXPECT_EQ(files.file_size(folder.path(path)), size) << fs::path(path);
+    }
+    EXPECT_EQ(files.kind_of(u""), entry_kind::none);
+    EXPECT_EQ(files.kind_of(u"\\\\no-such-server\\share\\x"), entry_kind::none);
+    EXPECT_EQ(files.kind_of(folder.path(wide_string(70000, u'x'))), entry_kind::none);
+    EXPECT_EQ(files.kind_of(folder.path(u"\xD800")), entry_kind::none);
+
+    wide_string spelling = u"as it was";
+    EXPECT_FALSE(files.true_name(folder.path(u"данные"), u"река.shx", spelling));
+    EXPECT_FALSE(files.true_name(folder.path(), u"данные\\река.shp", spelling));
+    EXPECT_EQ(spelling, u"as it was");
+    EXPECT_TRUE(files.true_name(folder.path(u"ДАННЫЕ"), u"река.shp", spelling));
+    EXPECT_EQ(spelling, u"Река.SHP");
+    EXPECT_TRUE(files.same_file(folder.path(u"ДАННЫЕ\\река.shp"), folder.path(u"Данные\\Река.SHP")));
+    EXPECT_FALSE(files.same_file(folder.path(u"Данные"), folder.path(u"Данные\\Река.SHP")));
+    EXPECT_FALSE(files.same_file(folder.path(u"нет"), folder.path(u"нет")));
+}
+
+TEST_F(file_system, folders_are_made_one_level_at_a_time_and_removed_when_empty) {
+    EXPECT_FALSE(files.create_folder(folder.path(u"a\\b")));
+    EXPECT_TRUE(files.create_folder(folder.path(u"a")));
+    EXPECT_FALSE(files.create_folder(folder.path(u"A")));
+    EXPECT_TRUE(files.create_folder(folder.path(u"a\\b")));
+    EXPECT_FALSE(files.remove_folder(folder.path(u"a")));
+    EXPECT_FALSE(files.delete_file(folder.path(u"a")));
+    EXPECT_TRUE(files.remove_folder(folder.path(u"A\\B")));
+    EXPECT_TRUE(files.remove_folder(folder.path(u"A")));
+    EXPECT_FALSE(files.remove_folder(folder.path(u"a")));
+    EXPECT_GT(files.free_space(folder.path()), 0U);
+    EXPECT_EQ(files.free_space(folder.path(u"a")), 0U);
+}
+
+TEST_F(file_system, a_tree_is_listed_with_each_folder_before_its_content) {
+    for (const wide_view name : {u"b\\c\\d.txt", u"b\\a.txt", u"a.txt", u"c\\e.txt"}) folder.write(name);
+    const std::vector<wide_string> expected = {u"a.txt",       u"b\\", u"b\\a.txt", u"b\\c\\",
+                                               u"b\\c\\d.txt", u"c\\", u"c\\e.txt"};
+    EXPECT_EQ(tree(), expected);
+    EXPECT_TRUE(list_tree(files, folder.path(u"none")).empty());
+    EXPECT_TRUE(list_tree(files, folder.path(u"a.txt")).empty());
+}
+
+TEST_F(file_system, a_log_grows_line_by_line_and_is_emptied_on_demand) {
+    std::unique_ptr<file> log;
+    const wide_string path = folder.path(u"log.txt");
+    const auto open = [&](access wanted, disposition how) { return files.open(path, wanted, how, log); };
+    EXPECT_EQ(open(access::read_write, disposition::open_existing), open_result::failed);
+    EXPECT_EQ(log, nullptr);
+    for (const std::string_view line : {"one\r\n", "two\r\n"}) {
+        if (line.starts_with("one"))
+            ASSERT_EQ(open(access::read_write, disposition::create_always), open_result::opened);
+        else
+            ASSERT_EQ(open(access::read_write, disposition::open_existing), open_result::opened);
+        EXPECT_TRUE(log->seek_end());
+        EXPECT_EQ(log->write(line.data(), line.size()), line.size());
+        log.reset();
+    }
+    EXPECT_EQ(folder.read(u"log.txt"), "one\r\ntwo\r\n");
+
+    char buffer[32];
+    ASSERT_EQ(open(access::read, disposition::open_existing), open_result::opened);
+    EXPECT_EQ(log->size(), 10U);
+    EXPECT_EQ(log->read(buffer, sizeof(buffer)), 10U);
+    std::unique_ptr<file> second;
+    EXPECT_EQ(files.open(path, access::read, disposition::open_existing, second), open_result::opened);
+    EXPECT_EQ(files.open(path, access::read_write, disposition::open_existing, second),
+              open_result::sharing_violation);
+    EXPECT_EQ(second, nullptr);
+    log.reset();
+    ASSERT_EQ(open(access::read_write, disposition::create_always), open_result::opened);
+    EXPECT_EQ(log->size(), 0U);
+    EXPECT_EQ(files.open(folder.path(), access::read, disposition::open_existing, log), open_result::failed);
+}
+
+TEST_F(file_system, a_file_takes_another_ones_place) {
+    folder.write(u"new.tmp", "new");
+    folder.write(u"Project._vp", "old");
+    EXPECT_TRUE(files.rename_over(folder.path(u"new.tmp"), folder.path(u"project._VP")));
+    EXPECT_EQ(folder.read(u"project._vp"), "new");
+    EXPECT_FALSE(files.rename_over(folder.path(u"new.tmp"), folder.path(u"project._vp")));
+    EXPECT_EQ(tree().size(), 1U);
+    EXPECT_TRUE(files.delete_file(folder.path(u"PROJECT._vp")));
+    EXPECT_FALSE(files.delete_file(folder.path(u"PROJECT._vp")));
+}
+
+TEST_F(file_system, wrappers_nest_and_leave_the_system_as_it_was) {
+    struct blind : forwarding_system {
+        entry_kind kind_of(const wide_string&) override { return entry_kind::none; }
+    };
+    struct no_copies : forwarding_system {
+        bool copy_file(const wide_string&, const wide_string&, bool) override { return false; }
+    };
+    const wide_string source = folder.write(u"a", "1");
+    {
+        blind outer;
+        const system_override first(outer);
+        no_copies inner;
+        const system_override second(inner);
+        EXPECT_EQ(current_system().kind_of(source), entry_kind::none);
+        EXPECT_EQ(current_system().file_size(source), 1U);
+        EXPECT_FALSE(current_system().copy_file(source, folder.path(u"b"), false));
+    }
+    EXPECT_EQ(&current_system(), &operating_system());
+    EXPECT_TRUE(current_system().copy_file(source, folder.path(u"b"), false));
+}
+
+} // namespace
+} // namespace vs::project_resave::platform

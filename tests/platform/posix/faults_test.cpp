@@ -1,0 +1,125 @@
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <sys/file.h>
+#include <sys/resource.h>
+#include <sys/stat.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+
+#include "platform/posix/descriptor.h"
+#include "platform/system.h"
+#include "tests/support/temporary_folder.h"
+
+namespace vs::project_resave::platform {
+namespace {
+
+namespace fs = std::filesystem;
+
+class faults : public testing::Test {
+protected:
+    temporary_folder folder;
+    system& files = current_system();
+};
+
+TEST_F(faults, a_full_disk_leaves_no_part_of_a_copy) {
+    const wide_string source = folder.write(u"big.bin", std::string(300'000, 'x'));
+    folder.write(u"there.bin", "old");
+    rlimit before{};
+    ASSERT_EQ(::getrlimit(RLIMIT_FSIZE, &before), 0);
+    const rlimit small{100'000, before.rlim_max};
+    const auto handler = std::signal(SIGXFSZ, SIG_IGN);
+    ASSERT_EQ(::setrlimit(RLIMIT_FSIZE, &small), 0);
+    EXPECT_FALSE(files.copy_file(source, folder.path(u"copy.bin"), false));
+    EXPECT_FALSE(files.copy_file(source, folder.path(u"there.bin"), true));
+    ::setrlimit(RLIMIT_FSIZE, &before);
+    std::signal(SIGXFSZ, handler);
+    EXPECT_EQ(files.list(folder.path()).size(), 2U);
+    EXPECT_EQ(folder.read(u"there.bin"), "old");
+    EXPECT_TRUE(files.copy_file(source, folder.path(u"copy.bin"), false));
+}
+
+TEST_F(faults, an_unreadable_or_special_source_is_refused_without_waiting) {
+    const wide_string source = folder.write(u"secret.txt", "x");
+    ASSERT_EQ(::mkfifo((folder.native() / "pipe").c_str(), 0600), 0);
+    fs::create_symlink("nowhere", folder.native() / "broken");
+    ASSERT_EQ(::chmod(folder.native().c_str(), 0777), 0);
+    ASSERT_EQ(::chmod((folder.native() / "secret.txt").c_str(), 0), 0);
+    const uid_t user = ::geteuid();
+    ASSERT_EQ(::seteuid(user == 0 ? 65534 : user), 0); // to the superuser nothing is unreadable
+    for (const wide_view name : {u"secret.txt", u"pipe", u"broken"}) {
+        std::unique_ptr<file> opened;
+        EXPECT_FALSE(files.copy_file(folder.path(name), folder.path(u"copy.txt"), false));
+        EXPECT_EQ(files.open(folder.path(name), access::read, disposition::open_existing, opened),
+                  open_result::failed);
+    }
+    ASSERT_EQ(::seteuid(user), 0);
+    EXPECT_EQ(files.kind_of(folder.path(u"pipe")), entry_kind::none);
+    EXPECT_EQ(files.kind_of(folder.path(u"broken")), entry_kind::none);
+    EXPECT_EQ(files.list(folder.path()).size(), 3U);
+    EXPECT_TRUE(files.delete_file(folder.path(u"BROKEN")));
+}
+
+TEST_F(faults, holes_stay_holes) {
+    const wide_string source = folder.write(u"sparse.bin", "head");
+    const fs::path native = folder.native() / "sparse.bin";
+    fs::resize_file(native, 8 << 20);
+    {
+        const descriptor content(::open(native.c_str(), O_WRONLY));
+        ASSERT_EQ(::pwrite(content.get(), "middle", 6, 3 << 20), 6);
+    }
+    ASSERT_TRUE(files.copy_file(source, folder.path(u"copy.bin"), false));
+    struct stat status {};
+    ASSERT_EQ(::stat((folder.native() / "copy.bin").c_str(), &status), 0);
+    EXPECT_EQ(status.st_size, 8 << 20);
+    EXPECT_LT(status.st_blocks * 512, 1 << 20);
+    EXPECT_TRUE(folder.read(u"copy.bin") == folder.read(u"sparse.bin"));
+}
+
+TEST_F(faults, links_are_followed_but_a_circle_of_them_ends) {
+    folder.write(u"a\\x.txt");
+    folder.write(u"b\\y.txt");
+    fs::create_directory_symlink(folder.native(), folder.native() / "a" / "self");
+    fs::create_directory_symlink(folder.native() / "b", folder.native() / "a" / "to_b");
+    fs::create_directory_symlink(folder.native() / "a", folder.native() / "b" / "to_a");
+    std::vector<wide_string> names;
+    for (const tree_entry& entry : list_tree(files, folder.path(u"a")))
+        names.push_back(entry.path.substr(folder.path(u"a\\").size()));
+    const std::vector<wide_string> expected = {u"self", u"to_b", u"to_b\\to_a", u"to_b\\y.txt", u"x.txt"};
+    EXPECT_EQ(names, expected);
+}
+
+TEST_F(faults, a_file_that_another_process_holds_is_told_from_one_that_is_lost) {
+    const wide_string path = folder.write(u"log.txt", "x");
+    int ready[2];
+    int done[2];
+    ASSERT_EQ(::pipe(ready), 0);
+    ASSERT_EQ(::pipe(done), 0);
+    const pid_t child = ::fork();
+    if (child == 0) {
+        ::close(done[1]);
+        const int held = ::open((folder.native() / "log.txt").c_str(), O_RDWR);
+        char byte = ::flock(held, LOCK_EX) == 0 ? 'y' : 'n';
+        if (::write(ready[1], &byte, 1) != 1 || ::read(done[0], &byte, 1) > 0) ::_exit(1);
+        ::_exit(0);
+    }
+    char byte = 0;
+    ASSERT_EQ(::read(ready[0], &byte, 1), 1);
+    EXPECT_EQ(byte, 'y');
+    std::unique_ptr<file> opened;
+    for (const access wanted : {access::read, access::read_write})
+        EXPECT_EQ(files.open(path, wanted, disposition::open_existing, opened),
+                  open_result::sharing_violation);
+    EXPECT_EQ(files.open(path, access::read_write, disposition::create_always, opened),
+              open_result::sharing_violation);
+    EXPECT_EQ(folder.read(u"log.txt"), "x");
+    for (const int end : {done[1], done[0], ready[0], ready[1]}) ::close(end);
+    int status = -1;
+    ASSERT_EQ(::waitpid(child, &status, 0), child);
+    EXPECT_EQ(status, 0);
+    EXPECT_EQ(files.open(path, access::read_write, disposition::open_existing, opened), open_result::opened);
+}
+
+} // namespace
+} // namespace vs::project_resave::platform

@@ -1,0 +1,129 @@
+#include "platform/posix/volumes.h"
+
+#include <gtest/gtest.h>
+#include <sys/inotify.h>
+
+#include <algorithm>
+#include <cstdlib>
+
+#include "platform/posix/descriptor.h"
+#include "platform/system.h"
+#include "platform/text.h"
+#include "tests/support/temporary_folder.h"
+
+namespace vs::project_resave::platform {
+namespace {
+
+namespace fs = std::filesystem;
+
+class drives : public testing::Test {
+protected:
+    ~drives() override { mapped_volumes().reset(); }
+
+    temporary_folder folder;
+    system& files = current_system();
+};
+
+TEST_F(drives, a_native_path_gets_the_drive_of_the_longest_folder_that_holds_it) {
+    const std::string root = folder.native().string();
+    folder.write(u"data\\gis\\x.shp");
+    folder.write(u"data2\\y.shp");
+    std::string message;
+    EXPECT_TRUE(add_drive("c=" + root + "/data", message));
+    EXPECT_TRUE(add_drive("N=" + root + "/data/gis/", message));
+    for (const std::string wrong : {"C", "C=", "=/", "1=/", "CD=/", "C=/none"}) {
+        message.clear();
+        EXPECT_FALSE(add_drive(wrong, message)) << wrong;
+        EXPECT_NE(message.find(wrong), std::string::npos);
+    }
+    struct {
+        std::string native;
+        wide_string drive;
+    } const cases[] = {
+        {root + "/data/gis/x.shp", u"N:\\x.shp"},
+        {root + "/data/gis", u"N:\\"},
+        {root + "/data/gis2/x", u"C:\\gis2\\x"},
+        {root + "/data//./gis/../y", u"C:\\y"},
+        {root + "/data2/y.shp", from_utf8("Z:" + root + "/data2/y.shp")},
+        {"/", u"Z:\\"},
+        {"C:\\any\\..\\x", u"C:\\any\\..\\x"},
+        {"", u""},
+    };
+    for (auto [native, drive] : cases) {
+        std::ranges::replace(drive, u'/', u'\\');
+        EXPECT_EQ(drive_path(native), drive) << native;
+    }
+    EXPECT_EQ(drive_path("x/../y"), drive_path(fs::current_path().string()) + u"\\y");
+    EXPECT_TRUE(files.same_file(u".", drive_path(fs::current_path().string())));
+
+    EXPECT_EQ(native_path(u"n:/X.SHP"), root + "/data/gis/x.shp");
+    EXPECT_EQ(native_path(u"C:\\GIS\\New\\Sub\\..\\a.txt"), root + "/data/gis/New/a.txt");
+    EXPECT_EQ(native_path(u"C:\\..\\..\\gis"), root + "/data/gis");
+    EXPECT_EQ(native_path(u"C:"), root + "/data");
+    for (const wide_view absent : {u"Q:\\x", u"\\\\server\\share\\x", u"//server/share", u""})
+        EXPECT_TRUE(native_path(wide_string(absent)).empty());
+    EXPECT_FALSE(mapped_volumes().native(u"C:\\none", true));
+}
+
+TEST_F(drives, the_environment_names_drives) {
+    const std::string value = "bad;C=" + folder.native().string() + ";;D=/no/such/folder";
+    ::setenv("VESTRA_DRIVES", value.c_str(), 1);
+    mapped_volumes().reset();
+    ::unsetenv("VESTRA_DRIVES");
+    EXPECT_EQ(native_path(u"C:\\x"), folder.native() / "x");
+    EXPECT_TRUE(native_path(u"D:\\x").empty());
+}
+
+TEST_F(drives, the_exact_spelling_wins_and_changes_by_others_are_seen) {
+    folder.write(u"Б.txt", "upper");
+    folder.write(u"б.TXT", "tail");
+    EXPECT_EQ(folder.read(u"б.TXT"), "tail");
+    EXPECT_EQ(folder.read(u"Б.txt"), "upper");
+    EXPECT_EQ(folder.read(u"Б.TXT"), "upper"); // the first in byte order
+    fs::remove(folder.native() / "Б.txt");
+    EXPECT_EQ(folder.read(u"Б.TXT"), "tail");
+    for (int i = 0; i < 50; ++i) {
+        const wide_string name = u"File" + from_utf8(std::to_string(i));
+        EXPECT_EQ(files.kind_of(folder.path(folded(name))), entry_kind::none);
+        folder.write(name);
+        EXPECT_EQ(files.kind_of(folder.path(folded(name))), entry_kind::file);
+        fs::remove(folder.native() / name);
+        EXPECT_EQ(files.kind_of(folder.path(folded(name))), entry_kind::none);
+    }
+    std::ofstream(folder.native() / "bad\xFFname") << "x";
+    ASSERT_EQ(files.list(folder.path()).size(), 2U);
+    EXPECT_EQ(files.file_size(folder.path(u"BAD\xFFFDname")), 1U);
+}
+
+TEST_F(drives, a_folder_being_filled_is_not_read_again_for_each_absent_name) {
+    const wide_string source = folder.write(u"source.txt", "x");
+    ASSERT_TRUE(files.create_folder(folder.path(u"target")));
+    const descriptor watch(::inotify_init1(IN_NONBLOCK | IN_CLOEXEC));
+    ASSERT_GE(::inotify_add_watch(watch.get(), (folder.native() / "target").c_str(), IN_OPEN), 0);
+
+    constexpr int count = 200;
+    for (int i = 0; i < count; ++i) {
+        const wide_string name = u"target\\Copy" + from_utf8(std::to_string(i));
+        ASSERT_EQ(files.kind_of(folder.path(name)), entry_kind::none);
+        ASSERT_TRUE(files.copy_file(source, folder.path(name), false));
+        ASSERT_EQ(files.kind_of(folder.path(folded(name))), entry_kind::file);
+        const wide_string kept = folder.path(name + u".Kept");
+        ASSERT_TRUE(i % 2 == 0 ? files.delete_file(folder.path(name))
+                               : files.rename_over(folder.path(name), kept));
+        ASSERT_EQ(files.kind_of(folder.path(folded(name))), entry_kind::none);
+        ASSERT_EQ(files.kind_of(folded(kept)) == entry_kind::file, i % 2 == 1);
+    }
+    int readings = 0;
+    alignas(inotify_event) char events[4096];
+    for (ssize_t length; (length = ::read(watch.get(), events, sizeof(events))) > 0;)
+        for (ssize_t at = 0; at < length;) {
+            const auto* event = reinterpret_cast<const inotify_event*>(events + at);
+            if ((event->mask & IN_ISDIR) != 0) ++readings;
+            at += static_cast<ssize_t>(sizeof(inotify_event) + event->len);
+        }
+    EXPECT_GT(readings, 0);
+    EXPECT_LT(readings, 10);
+}
+
+} // namespace
+} // namespace vs::project_resave::platform

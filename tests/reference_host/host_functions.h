@@ -1,0 +1,22 @@
+// The C functions of all host libraries.
+#pragma once
+
+#include "host/vsk_attr_data.h"
+#include "host/vsk_basic.h"
+#include "host/vsk_entity.h"
+#include "host/vsk_file_tos4.h"
+#include "host/vsk_layout.h"
+#include "host/vsk_lr.h"
+#include "host/vsk_lr2d.h"
+#include "host/vsk_lr3d.h"
+#include "host/vsk_msgs.h"
+#include "host/vsk_plugin_lr2d.h"
+#include "host/vsk_prj.h"
+#include "host/vsk_scn_2d.h"
+#include "host/vsk_scn_3d.h"
+#include "host/vsk_shp_lr2d.h"
+#include "host/vsk_styles.h"
+#include "host/vsk_tos_data.h"
+#include "host/vsk_xml_save_2d.h"
+#include "host/vsk_xml_save_3d.h"
+#include "host/vsk_xml_save_prj.h"

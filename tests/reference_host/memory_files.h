@@ -1,0 +1,66 @@
+// Files in memory under any path, in place of the disk, with faults to order.
+#pragma once
+
+#include <algorithm>
+#include <cstring>
+#include <map>
+#include <string>
+
+#include "platform/text.h"
+#include "tests/support/forwarding_system.h"
+
+namespace vestra {
+
+namespace platform = vs::project_resave::platform;
+using vs::project_resave::wide_string;
+using vs::project_resave::wide_view;
+
+class memory_files : public vs::project_resave::forwarding_system {
+public:
+    std::map<wide_string, std::string> content;
+    bool disk_full = false;
+    bool rename_fails = false;
+    std::uint64_t told_size = 0; // instead of the true one, if not 0
+
+    platform::entry_kind kind_of(const wide_string& path) override {
+        return content.contains(path) ? platform::entry_kind::file : platform::entry_kind::none;
+    }
+    bool delete_file(const wide_string& path) override { return content.erase(path) != 0; }
+    bool rename_over(const wide_string& from, const wide_string& to) override {
+        if (rename_fails) return false;
+        content[to] = std::move(content[from]);
+        return content.erase(from) != 0;
+    }
+    platform::open_result open(const wide_string& path, platform::access, platform::disposition how,
+                               std::unique_ptr<platform::file>& result) override {
+        const bool create = how == platform::disposition::create_always;
+        if (!create && !content.contains(path)) return platform::open_result::failed;
+        if (create) content[path].clear();
+        result = std::make_unique<open_file>(*this, content[path]);
+        return platform::open_result::opened;
+    }
+
+private:
+    struct open_file : platform::file {
+        open_file(const memory_files& files, std::string& text) : owner(files), bytes(text) {}
+        size_t read(void* buffer, size_t length) override {
+            const size_t count = std::min(length, bytes.size() - place);
+            std::memcpy(buffer, bytes.data() + place, count);
+            place += count;
+            return count;
+        }
+        size_t write(const void* from, size_t length) override {
+            const size_t count = owner.disk_full ? length / 2 : length;
+            bytes.append(static_cast<const char*>(from), count);
+            return count;
+        }
+        bool seek_end() override { return true; }
+        uint64_t size() override { return owner.told_size ? owner.told_size : bytes.size(); }
+
+        const memory_files& owner;
+        std::string& bytes;
+        size_t place = 0;
+    };
+};
+
+} // namespace vestra

@@ -1,0 +1,137 @@
+#include <gtest/gtest.h>
+
+#include <deque>
+#include <string>
+
+#include "reference_host/shell/settings.h"
+#include "reference_host/shell/terminal_front_end.h"
+
+namespace vestra::shell {
+namespace {
+
+using vs::project_resave::platform::line_result;
+
+struct fake_terminal final : vs::project_resave::platform::terminal {
+    bool is_screen = true;
+    bool was_interrupted = false;
+    std::deque<std::string> typed; // "^C" is Ctrl-C; the end of the list is the end of the input
+    std::string written;
+
+    bool shows() override { return is_screen; }
+    bool asks() override { return is_screen; }
+    unsigned width() override { return 40; }
+    void write(std::string_view text) override { written += text; }
+    line_result read_line(std::string& line) override {
+        if (typed.empty()) return line_result::ended;
+        line = typed.front();
+        typed.pop_front();
+        return line == "^C" ? line_result::interrupted : line_result::read;
+    }
+    bool interrupted() override { return was_interrupted; }
+    void forget_interrupt() override { was_interrupted = false; }
+};
+
+TEST(terminal_front_end, without_a_screen_progress_is_a_line_for_each_tenth_and_each_caption) {
+    fake_terminal terminal;
+    terminal.is_screen = false;
+    terminal_front_end front(terminal, {});
+    front.progress_opened(true);
+    front.progress_shown(0, 1000);
+    front.progress_caption(u"Saving\r\nproject");
+    for (std::uint32_t step = 0; step <= 250; ++step) front.progress_shown(step, 1000);
+    front.message(u"half\nway\x1b[2J");
+    front.progress_closed();
+    EXPECT_EQ("  0 % Saving project\n 10 % Saving project\n 20 % Saving project\nhalf\nway\xEF\xBF\xBD[2J\n",
+              terminal.written);
+}
+
+TEST(terminal_front_end, on_a_screen_the_bar_stays_in_its_line_and_makes_way_for_messages) {
+    fake_terminal terminal;
+    terminal_front_end front(terminal, {});
+    front.progress_opened(true);
+    front.progress_caption(u"Layers of a long name");
+    front.progress_shown(1, 2);
+    front.error(u"lost");
+    front.progress_closed();
+    EXPECT_EQ("\r[....................]   0 % Layers of \x1b[K"
+              "\r[##########..........]  50 % Layers of \x1b[K"
+              "\r\x1b[Klost\n",
+              terminal.written);
+}
+
+TEST(terminal_front_end, quiet_leaves_errors_only) {
+    fake_terminal terminal;
+    terminal_front_end front(terminal, {.quiet = true, .decided = {}, .nobody_asked = answer::no});
+    front.progress_opened(true);
+    front.progress_caption(u"caption");
+    front.message(u"message");
+    front.warning(u"warning");
+    front.wait_opened(u"wait");
+    front.error(u"error");
+    EXPECT_EQ("error\n", terminal.written);
+}
+
+TEST(terminal_front_end, questions_are_answered_by_the_person_by_what_was_decided_or_by_the_preset) {
+    const auto decide_erase = [](wide_view question) -> std::optional<answer> {
+        if (question == u"Erase?") return answer::yes;
+        return std::nullopt;
+    };
+    const struct {
+        const char* what;
+        wide_view question;
+        bool is_screen;
+        std::deque<std::string> typed;
+        answer with_cancel;
+        bool yes_no;
+    } rows[] = {
+        {"yes", u"Stop?", true, {"Y", "Y"}, answer::yes, true},
+        {"in the base language", u"Stop?", true, {"Да", "да"}, answer::yes, true},
+        {"asked until it is understood", u"Stop?", true, {"perhaps", "", "no", "n"}, answer::no, false},
+        {"cancel is no answer to yes or no", u"Stop?", true, {"c", "c", "y"}, answer::cancel, true},
+        {"a second Ctrl-C", u"Stop?", true, {"^C", "^C"}, answer::cancel, false},
+        {"end of the input", u"Stop?", true, {}, answer::cancel, false},
+        {"nobody there", u"Stop?", false, {"y", "y"}, answer::no, false},
+        {"decided", u"Erase?", true, {"n", "n"}, answer::yes, true},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.what);
+        fake_terminal terminal;
+        terminal.is_screen = row.is_screen;
+        terminal.typed = row.typed;
+        terminal_front_end front(terminal,
+                                 {.quiet = true, .decided = decide_erase, .nobody_asked = answer::no});
+        EXPECT_EQ(row.with_cancel, front.yes_no_cancel(row.question));
+        EXPECT_EQ(row.yes_no, front.yes_no(row.question));
+    }
+}
+
+TEST(terminal_front_end, the_prompt_speaks_the_language_of_the_host) {
+    const auto before = settings().language_offset;
+    for (const auto& [offset, prompt] : {std::pair(0u, "[да/нет] "), std::pair(50000u, "[yes/no] ")}) {
+        settings().language_offset = offset;
+        fake_terminal terminal;
+        terminal_front_end(terminal, {}).yes_no(u"?");
+        EXPECT_EQ(std::string("?\n") + prompt + "\n", terminal.written);
+    }
+    settings().language_offset = before;
+}
+
+TEST(terminal_front_end, ctrl_c_is_the_stop_button_of_the_window_that_is_open) {
+    fake_terminal terminal;
+    terminal_front_end front(terminal, {});
+    front.progress_opened(true);
+    EXPECT_FALSE(front.stop_requested());
+    terminal.was_interrupted = true;
+    EXPECT_TRUE(front.stop_requested());
+    EXPECT_TRUE(front.stop_requested());
+    front.stop_reset();
+    EXPECT_FALSE(front.stop_requested()) << "cancelled";
+    terminal.was_interrupted = true;
+    EXPECT_TRUE(front.stop_requested());
+    front.progress_closed();
+    front.progress_opened(true);
+    EXPECT_FALSE(front.stop_requested()) << "the next window begins anew";
+}
+
+} // namespace
+} // namespace vestra::shell

@@ -1,0 +1,90 @@
+// A front end that answers from a list and records what it is told, for tests.
+//
+//     shell::scripted_front_end script;
+//     script.answers = {shell::answer::cancel, shell::answer::yes};
+//     shell::front_end_override in_force(script);
+#pragma once
+
+#include <cstddef>
+#include <deque>
+#include <ostream>
+#include <string>
+#include <vector>
+
+#include "platform/text.h"
+#include "reference_host/shell/front_end.h"
+
+namespace vestra::shell {
+
+class scripted_front_end final : public front_end {
+public:
+    enum class kind { error, warning, message, yes_no, yes_no_cancel, caption, wait };
+    struct event {
+        kind what;
+        wide_string text;
+        friend bool operator==(const event&, const event&) = default;
+        friend std::ostream& operator<<(std::ostream& out, const event& shown) {
+            return out << static_cast<int>(shown.what) << ' '
+                       << vs::project_resave::platform::to_utf8(shown.text);
+        }
+    };
+
+    std::vector<event> events;    // everything shown or asked, in order
+    std::deque<answer> answers;   // to the next questions; no when there are none left
+    std::size_t stop_at_poll = 0; // the stop button is pressed at this poll, counted from 1; 0: never
+    std::size_t polls = 0;
+    std::size_t open_windows = 0;
+    std::uint32_t current = 0; // the progress shown last
+    std::uint32_t total = 0;
+
+    // The texts of one kind, in order.
+    std::vector<wide_string> texts(kind what) const {
+        std::vector<wide_string> found;
+        for (const event& shown : events)
+            if (shown.what == what) found.push_back(shown.text);
+        return found;
+    }
+
+    void error(wide_view text) override { record(kind::error, text); }
+    void warning(wide_view text) override { record(kind::warning, text); }
+    void message(wide_view text) override { record(kind::message, text); }
+    bool yes_no(wide_view text) override { return ask(kind::yes_no, text) == answer::yes; }
+    answer yes_no_cancel(wide_view text) override { return ask(kind::yes_no_cancel, text); }
+
+    void progress_opened(bool) override {
+        ++open_windows;
+        is_stopped_ = false;
+    }
+    void progress_shown(std::uint32_t shown_current, std::uint32_t shown_total) override {
+        current = shown_current;
+        total = shown_total;
+    }
+    void progress_caption(wide_view text) override { record(kind::caption, text); }
+    void progress_indeterminate(bool) override {}
+    void progress_closed() override { --open_windows; }
+    bool stop_requested() override {
+        if (++polls == stop_at_poll) is_stopped_ = true;
+        return is_stopped_;
+    }
+    void stop_reset() override { is_stopped_ = false; }
+
+    void wait_opened(wide_view text) override {
+        ++open_windows;
+        record(kind::wait, text);
+    }
+    void wait_closed() override { --open_windows; }
+
+private:
+    void record(kind what, wide_view text) { events.push_back({what, wide_string(text)}); }
+    answer ask(kind what, wide_view text) {
+        record(what, text);
+        if (answers.empty()) return answer::no;
+        const answer next = answers.front();
+        answers.pop_front();
+        return next;
+    }
+
+    bool is_stopped_ = false;
+};
+
+} // namespace vestra::shell

@@ -1,0 +1,61 @@
+// A folder of its own for a test, removed with all its content at the end. Names are given in Windows form,
+// below the folder, and looked up as the bundle looks them up.
+#pragma once
+
+#include <atomic>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <random>
+#include <string>
+#include <string_view>
+
+#include "platform/volumes.h"
+#include "platform/wide_string.h"
+
+namespace vs::project_resave {
+
+class temporary_folder {
+public:
+    temporary_folder() {
+        static std::atomic<unsigned> count{0};
+        const std::string name =
+            "resave-test-" + std::to_string(std::random_device()()) + "-" + std::to_string(++count);
+        native_ = std::filesystem::temp_directory_path() / name;
+        std::filesystem::create_directories(native_);
+    }
+    ~temporary_folder() {
+        std::error_code ignored;
+        std::filesystem::remove_all(native_, ignored);
+    }
+    temporary_folder(const temporary_folder&) = delete;
+    temporary_folder& operator=(const temporary_folder&) = delete;
+
+    const std::filesystem::path& native() const { return native_; }
+
+    /// The drive path of the folder, or of a name in it.
+    wide_string path() const { return platform::drive_path(native_.string()); }
+    wide_string path(wide_view name) const { return path() + u"\\" + wide_string(name); }
+
+    /// Writes a file, with the folders it needs, past the bundle's own file calls; its drive path.
+    wide_string write(wide_view name, std::string_view bytes = {}) const {
+        std::u16string below(name);
+        for (char16_t& c : below)
+            if (c == u'\\') c = u'/';
+        const std::filesystem::path file = native_ / below;
+        std::filesystem::create_directories(file.parent_path());
+        std::ofstream(file, std::ios::binary) << bytes;
+        return path(name);
+    }
+
+    /// The bytes of a file; empty if there is none.
+    std::string read(wide_view name) const {
+        std::ifstream file(platform::native_path(path(name)), std::ios::binary);
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
+
+private:
+    std::filesystem::path native_;
+};
+
+} // namespace vs::project_resave
