@@ -66,11 +66,15 @@ inline std::string_view text_of(const char* text) {
 
 // Assigns a text to the caller's string.
 void tell(vs_string_adp* out, const wide_string& text) noexcept;
-// The same with a text of an object; the empty one for a null handle.
+// The same; null counts as empty.
+inline void tell(vs_string_adp* out, const wide_string* text) noexcept {
+    static const wide_string nothing;
+    tell(out, text ? *text : nothing);
+}
+// The same with a text of an object.
 template <class Handle, class Owner>
 void tell(vs_string_adp* out, Handle* handle, wide_string Owner::*text) noexcept {
-    static const wide_string nothing;
-    tell(out, handle ? to_model(handle)->*text : nothing);
+    tell(out, handle ? &(to_model(handle)->*text) : nullptr);
 }
 
 } // namespace vestra::api

@@ -45,7 +45,7 @@ struct open_tos_file : counted {
 class progress_window : counted {
 public:
     explicit progress_window(bool stoppable) { shell::current_front_end().progress_opened(stoppable); }
-    ~progress_window() { shell::current_front_end().progress_closed(); }
+    ~progress_window();
     progress_window(const progress_window&) = delete;
     progress_window& operator=(const progress_window&) = delete;
 };
@@ -53,7 +53,7 @@ public:
 class wait_window : counted {
 public:
     explicit wait_window(wide_view text) { shell::current_front_end().wait_opened(text); }
-    ~wait_window() { shell::current_front_end().wait_closed(); }
+    ~wait_window();
     wait_window(const wait_window&) = delete;
     wait_window& operator=(const wait_window&) = delete;
 };

@@ -83,7 +83,7 @@ int32_t vs_attr_data_get_join_count(vs_attr_data* table) {
 
 void vs_attr_data_get_join_other_source(vs_attr_data* table, int32_t index, vs_string_adp* out) {
     const vestra::table_join* join = join_at(table, index);
-    tell(out, join ? join->other_source : vestra::wide_string());
+    tell(out, join ? &join->other_source : nullptr);
 }
 
 int32_t vs_attr_data_get_join_base_field(vs_attr_data* table, int32_t index) {

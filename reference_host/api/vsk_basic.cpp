@@ -123,8 +123,7 @@ vs_tuple* any_get_tuple(vs_any* value) {
 }
 
 void any_get_wstring(const vs_any* value, vs_string_adp* out) {
-    const wide_string* text = on(value, [](auto& dynamic) { return dynamic.as_text(); });
-    tell(out, text ? *text : wide_string());
+    tell(out, on(value, [](auto& dynamic) { return dynamic.as_text(); }));
 }
 
 void any_assign_tuple(vs_any* value, vs_tuple* tuple) {

@@ -22,7 +22,7 @@ uint32_t vs_tos4_get_prop_count(vs_tos4_file* file) {
 }
 
 void vs_tos4_get_prop_caption_w(vs_tos4_file* file, uint32_t index, vs_string_adp* out) {
-    const vestra::wide_string* caption =
-        on(file, [&](auto& tos) { return index < tos.properties.size() ? &tos.properties[index] : nullptr; });
-    tell(out, caption ? *caption : vestra::wide_string());
+    tell(out, on(file, [&](auto& tos) {
+             return index < tos.properties.size() ? &tos.properties[index] : nullptr;
+         }));
 }

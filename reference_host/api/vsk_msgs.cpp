@@ -6,6 +6,14 @@
 using namespace vestra::api;
 using vestra::shell::current_front_end;
 
+progress_window::~progress_window() {
+    guarded([] { current_front_end().progress_closed(); });
+}
+
+wait_window::~wait_window() {
+    guarded([] { current_front_end().wait_closed(); });
+}
+
 vs_progress* vs_progress_create(uint32_t stoppable) { return create<vs_progress>(stoppable != 0); }
 
 void vs_progress_destroy(vs_progress* window) { destroy(window); }

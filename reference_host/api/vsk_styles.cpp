@@ -8,7 +8,9 @@ const char* vs_stl_mngr_get_style_type(vs_stl_mngr* manager) {
     return manager ? to_model(manager)->type.c_str() : "";
 }
 
-vs_stl_mngr* vs_stl_mngr_create(const char* type) { return create<vs_stl_mngr>(std::string(text_of(type))); }
+vs_stl_mngr* vs_stl_mngr_create(const char* type) {
+    return guarded([&] { return create<vs_stl_mngr>(std::string(text_of(type))); });
+}
 
 void vs_stl_mngr_assign(vs_stl_mngr* target, vs_stl_mngr* source) { assign(target, source); }
 
@@ -19,7 +21,7 @@ const char* vs_stl_mngr_list_get_type(vs_stl_mngr_list* list) {
 }
 
 vs_stl_mngr_list* vs_stl_mngr_list_create(const char* type) {
-    return create<vs_stl_mngr_list>(std::string(text_of(type)));
+    return guarded([&] { return create<vs_stl_mngr_list>(std::string(text_of(type))); });
 }
 
 void vs_stl_mngr_list_assign(vs_stl_mngr_list* target, vs_stl_mngr_list* source) { assign(target, source); }

@@ -38,17 +38,6 @@ std::optional<answer> meaning_of(const std::string& line, bool with_cancel) {
     return std::nullopt;
 }
 
-// A file's name could hold signs that steer the terminal.
-std::string printable(wide_view text) {
-    wide_string safe;
-    for (const char16_t c : text) {
-        if (c == u'\r') continue;
-        const bool steers = (c < u' ' && c != u'\n' && c != u'\t') || (c >= 0x7f && c < 0xa0);
-        safe += steers ? u'\xfffd' : c;
-    }
-    return platform::to_utf8(safe);
-}
-
 // The first characters of a line, as many as the screen has columns for.
 std::string fitting(const std::string& line, unsigned columns) {
     wide_string text = platform::from_utf8(line);
@@ -69,10 +58,22 @@ std::string bar(unsigned percent) {
 
 } // namespace
 
+std::string printable(wide_view text) {
+    wide_string safe;
+    for (const char16_t c : text) {
+        if (c == u'\r') continue;
+        const bool steers = (c < u' ' && c != u'\n' && c != u'\t') || (c >= 0x7f && c < 0xa0);
+        safe += steers ? u'\xfffd' : c;
+    }
+    return platform::to_utf8(safe);
+}
+
 terminal_front_end::terminal_front_end(platform::terminal& terminal, terminal_options options)
     : terminal_(terminal), options_(std::move(options)) {}
 
-void terminal_front_end::error(wide_view text) { print(text); }
+void terminal_front_end::error(wide_view text) {
+    print(options_.error_text ? options_.error_text(text) : wide_string(text));
+}
 
 void terminal_front_end::warning(wide_view text) {
     if (!options_.quiet) print(text);

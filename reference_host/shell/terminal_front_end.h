@@ -12,10 +12,15 @@
 
 namespace vestra::shell {
 
+// The text in UTF-8 for a screen: a name in it could hold signs that steer the terminal.
+std::string printable(wide_view text);
+
 struct terminal_options {
     bool quiet = false; // progress, messages and warnings stay away; errors and questions do not
     // The answer given beforehand to the question of this text; nothing where it is to be asked.
     std::function<std::optional<answer>(wide_view question)> decided;
+    // What to print for the text of an error, where more is known than the error says.
+    std::function<wide_string(wide_view text)> error_text;
     answer nobody_asked = answer::no; // to what is not decided, where there is no terminal
 };
 

@@ -6,7 +6,11 @@
 #include "core/resave_options.h"
 #include "logs/log_file.h"
 #include "platform/text.h"
+#include "reference_host/shell/service_registry.h"
+#include "reference_host/toolkit/dialog_connections.h"
+#include "reference_host/toolkit/scripted_dialog_runner.h"
 #include "tests/support/temporary_folder.h"
+#include "ui/dialog_factories.h"
 
 namespace vs::project_resave {
 
@@ -161,6 +165,32 @@ TEST(path_placement, a_name_that_is_taken_gets_the_next_number) {
     EXPECT_EQ(by_types.placement.new_path(u"D:\\m.v2.pgrid"), disk.path(u"out\\grid\\m_(1)\\m_(1).pgrid"));
     run by_folders(from_project_folder, output);
     EXPECT_EQ(by_folders.placement.new_path(grid), disk.path(u"out\\grids_(2)\\grids_(2).pgrid"));
+}
+
+TEST(path_placement, a_person_may_name_the_file_and_cancelling_never_stops_the_run) {
+    const temporary_folder disk;
+    disk.write(u"out\\shp\\roads.shp");
+    unique_name_dialog_factory factory;
+    vestra::shell::service_registry services;
+    services.add(u"", pointer_to<service_factory_impl>(factory), {});
+    wide_string typed = disk.path(u"Elsewhere\\R.shp");
+    int asked = 0;
+    vestra::toolkit::scripted_dialog_runner person([&](const vestra::toolkit::element_view& dialog) {
+        ++asked;
+        return vestra::toolkit::enter_text(*find(dialog, u"file_input"), typed) && !typed.empty();
+    });
+    const vestra::toolkit::dialog_connections connections(person);
+
+    run run(by_type, disk.path(u"out\\new._vp"));
+    run.options.rename_on_conflict = false;
+    run.options.lower_case = true;
+    run.placement.set_type_folder(u"shp");
+    EXPECT_EQ(run.placement.new_path(roads), typed) << "not lowered, wherever it lies";
+    typed.clear();
+    const wide_string next = run.placement.new_path(roads);
+    EXPECT_EQ(path_file_name(next), u"roads_(1).shp");
+    run.placement.new_path(well);
+    EXPECT_EQ(asked, 2) << "only for a name that is taken";
 }
 
 TEST(path_placement, lower_case_covers_the_whole_path) {

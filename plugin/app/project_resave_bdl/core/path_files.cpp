@@ -1,7 +1,5 @@
 #include "core/path_files.h"
 
-#include <ranges>
-
 #include "core/paths.h"
 #include "platform/system.h"
 
@@ -35,10 +33,9 @@ bool remove_tree(const wide_string& path) {
     // First as if it were no folder: that takes a link without what it leads to.
     if (files.delete_file(path)) return true;
     const std::vector<platform::folder_entry> entries = files.list(path);
-    for (const platform::folder_entry& entry : std::views::reverse(entries)) {
-        const bool has_separator = !path.empty() && is_separator(path.back());
-        remove_tree(path + (has_separator ? u"" : u"\\") + entry.name);
-    }
+    const bool has_separator = !path.empty() && is_separator(path.back());
+    for (auto entry = entries.rbegin(); entry != entries.rend(); ++entry)
+        remove_tree(path + (has_separator ? u"" : u"\\") + entry->name);
     return files.remove_folder(path);
 }
 

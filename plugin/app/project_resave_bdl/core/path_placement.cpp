@@ -215,7 +215,7 @@ void path_placement::clear_scene() {
 }
 
 wide_string path_placement::current_output_folder() const {
-    const wide_string folder = path_head(new_project_path);
+    wide_string folder = path_head(new_project_path);
     if (options->structure_variant != folder_per_scene || scene_folder.empty()) return folder;
     return path_join(folder, scene_folder) + u'\\';
 }

@@ -129,7 +129,7 @@ wide_string path_join(wide_view first, wide_view second) {
 
 wide_string path_relative(wide_view base, wide_view target) {
     const wide_string folder = path_normalise(path_head(base));
-    const wide_string normal = path_normalise(target);
+    wide_string normal = path_normalise(target);
     if (path_is_relative(folder) || path_is_relative(normal)) return normal;
     const wide_string base_root = path_root(folder);
     const wide_string root = path_root(normal);

@@ -21,11 +21,9 @@
 #include "operations/run_progress.h"
 #include "operations/run_report.h"
 #include "services/entity_factory.h"
-#include "services/resave_service.h"
+#include "services/collect_services.h"
 
 namespace vs::project_resave {
-
-using resave_services = std::vector<ref<resave_service_impl>>;
 
 class project_context {
 public:

@@ -1,0 +1,189 @@
+#include "apps/vestra_resave/elements.h"
+
+#include <unordered_set>
+#include <utility>
+
+#include "core/entity_uuid.h"
+#include "core/paths.h"
+#include "framework/string_adapter.h"
+#include "host/interfaces/layout_legend_layer.h"
+#include "host/vsk_attr_data.h"
+#include "host/vsk_entity.h"
+#include "host/vsk_layout.h"
+#include "host/vsk_lr.h"
+#include "host/vsk_prj.h"
+#include "host/vsk_scn_2d.h"
+#include "host/vsk_scn_3d.h"
+#include "host/vsk_styles.h"
+#include "host/vsk_tos_data.h"
+#include "platform/system.h"
+
+namespace vestra::command {
+
+using namespace vs::project_resave;
+
+namespace {
+
+element described(std::string kind, vs_entity* entity, bool selectable = true) {
+    element shown;
+    shown.kind = std::move(kind);
+    shown.type = vs_entity_get_meta_id(entity);
+    shown.caption = host_string(&vs_entity_get_wcaption, entity);
+    shown.uuid = uuid_to_text(vs_entity_get_uuid(entity));
+    shown.selectable = selectable && !shown.uuid.empty();
+    return shown;
+}
+
+// A mark in front of a path is not part of it; services and links are no paths.
+void refer_to(element& shown, wide_string reference) {
+    const wide_string path = reference.starts_with(u'*') ? reference.substr(1) : reference;
+    shown.file = std::move(reference);
+    if (path_root(path).empty() && !path.starts_with(u"\\")) return;
+    shown.exists = platform::current_system().kind_of(path) != platform::entry_kind::none;
+    shown.bytes = bytes_of(path);
+}
+
+void add_joins(element& shown, vs_attr_data* table) {
+    const int32_t joins = vs_attr_data_get_join_count(table);
+    for (int32_t index = 0; index < joins; ++index) {
+        element joined;
+        joined.kind = "joined table";
+        refer_to(joined, host_string(&vs_attr_data_get_join_other_source, table, index));
+        joined.caption = path_file_name(joined.file);
+        shown.children.push_back(std::move(joined));
+    }
+}
+
+element scene_element(std::string kind, vs_scn* scene);
+
+element layer_element(vs_lr* layer) {
+    element shown = described("layer", vs_lr_safe_upcast(layer));
+    shown.type = vs_lr_get_lr_type(layer);
+    refer_to(shown, host_string(&vs_lr_get_wfilename, layer));
+    add_joins(shown, vs_attr_data_safe_downcast(vs_lr_get_data_ptr(layer)));
+    if (const interface_pointer* plugin = vs_layout_lr2d_get_plugin_interface(layer)) {
+        const auto legend = cast_to<layout_legend_layer_impl>(identity_pointer{*plugin});
+        if (vs_scn_2d* content = call<&layout_legend_layer_impl::scene>(legend))
+            shown.children.push_back(scene_element("legend", content));
+    }
+    return shown;
+}
+
+void add_nodes(element& parent, vs_lr_group* group, std::unordered_set<vs_lr*>& grouped) {
+    const uint32_t count = vs_lr_group_get_count_child(group);
+    for (uint32_t index = 0; index < count; ++index) {
+        vs_lr_group* node = vs_lr_group_get_child_by_index(group, index);
+        if (vs_lr_group_is_group(node)) {
+            element& shown = parent.children.emplace_back();
+            shown.kind = "group";
+            shown.caption = host_string(&vs_lr_group_get_wcaption, node);
+            add_nodes(shown, node, grouped);
+        } else if (vs_lr* layer = vs_lr_group_get_lr_ptr(node)) {
+            grouped.insert(layer);
+            parent.children.push_back(layer_element(layer));
+        }
+    }
+}
+
+// Layers in the order of the groups, then those that are in none.
+element scene_element(std::string kind, vs_scn* scene) {
+    element shown = described(std::move(kind), vs_entities_safe_upcast(vs_scn_safe_upcast(scene)));
+    std::unordered_set<vs_lr*> grouped;
+    if (vs_lr_group* groups = vs_scn_get_lr_group_ptr(scene)) add_nodes(shown, groups, grouped);
+    const uint32_t count = vs_scn_get_count(scene);
+    for (uint32_t index = 0; index < count; ++index)
+        if (vs_lr* layer = vs_scn_get_layer(scene, index); !grouped.contains(layer))
+            shown.children.push_back(layer_element(layer));
+    return shown;
+}
+
+element flat_scenes(std::string kind, vs_scns_2d* scenes) {
+    element shown = described("collection", vs_entities_safe_upcast(vs_scns_2d_safe_upcast(scenes)), false);
+    const uint32_t count = vs_scns_2d_get_size(scenes);
+    for (uint32_t index = 0; index < count; ++index) {
+        vs_scn_2d* scene = vs_scns_2d_get(scenes, index);
+        element& member = shown.children.emplace_back(scene_element(kind, scene));
+        refer_to(member, host_string(&vs_scn_2d_get_source, scene));
+        if (vs_lr* page = vs_scn_layout_get_page_lr2d(scene)) {
+            member.children.push_back(layer_element(page));
+            member.children.back().kind = "page";
+        }
+    }
+    return shown;
+}
+
+element solid_scenes(vs_scns_3d* scenes) {
+    element shown = described("collection", vs_entities_safe_upcast(vs_scns_3d_safe_upcast(scenes)), false);
+    const uint32_t count = vs_scns_3d_get_size(scenes);
+    for (uint32_t index = 0; index < count; ++index)
+        shown.children.push_back(scene_element("scene", vs_scns_3d_get(scenes, index)));
+    return shown;
+}
+
+element tables(vs_attrs_data* all) {
+    element shown = described("collection", vs_entities_safe_upcast(vs_attrs_data_safe_upcast(all)), false);
+    const uint32_t count = vs_attrs_data_get_size(all);
+    for (uint32_t index = 0; index < count; ++index) {
+        vs_attr_data* table = vs_attrs_data_get(all, index);
+        element& member = shown.children.emplace_back(
+            described("table", vs_table_data_safe_upcast(vs_attr_data_safe_upcast(table))));
+        refer_to(member, host_string(&vs_attr_data_get_wfilename, table));
+        add_joins(member, table);
+    }
+    return shown;
+}
+
+element tos_tables(vs_toss_data* all) {
+    element shown = described("collection", vs_entities_safe_upcast(vs_toss_data_safe_upcast(all)), false);
+    const uint32_t count = vs_toss_data_get_size(all);
+    for (uint32_t index = 0; index < count; ++index) {
+        vs_tos_data* table = vs_toss_data_get(all, index);
+        element& member = shown.children.emplace_back(
+            described("table", vs_table_data_safe_upcast(vs_tos_data_safe_upcast(table))));
+        refer_to(member, host_string(&vs_tos_data_get_wfilename, table));
+    }
+    return shown;
+}
+
+element map_legends(vs_maplegs* legends) {
+    element shown;
+    shown.kind = "collection";
+    shown.caption = u"Map legends";
+    const uint32_t count = vs_maplegs_get_size(legends);
+    for (uint32_t index = 0; index < count; ++index) {
+        vs_mapleg* legend = vs_maplegs_get_ptr(legends, index);
+        element& member = shown.children.emplace_back();
+        member.kind = "map legend";
+        member.caption = host_string(&vs_mapleg_get_title, legend);
+        member.uuid = uuid_to_text(vs_mapleg_get_uuid(legend));
+        member.selectable = !member.uuid.empty();
+    }
+    return shown;
+}
+
+} // namespace
+
+uint64_t bytes_of(const wide_string& path) {
+    platform::system& system = platform::current_system();
+    if (system.kind_of(path) != platform::entry_kind::folder) return system.file_size(path);
+    uint64_t sum = 0;
+    for (const platform::tree_entry& entry : platform::list_tree(system, path))
+        if (!entry.is_folder) sum += system.file_size(entry.path);
+    return sum;
+}
+
+std::vector<element> elements_of(vs_prj* project) {
+    std::vector<element> all;
+    all.push_back(flat_scenes("scene", vs_prj_get_scns_2d_ptr(project)));
+    all.push_back(solid_scenes(vs_prj_get_scns_3d_ptr(project)));
+    all.push_back(tables(vs_prj_get_attrs_data_ptr(project)));
+    all.push_back(tos_tables(vs_prj_get_toss_data_ptr(project)));
+    all.push_back(flat_scenes("layout", vs_prj_get_layouts_data_ptr(project)));
+    const uint32_t plugins = vs_prj_get_plugin_scns_2d_count(project);
+    for (uint32_t index = 0; index < plugins; ++index)
+        all.push_back(flat_scenes("sheet", vs_prj_get_plugin_scns_2d_ptr(project, index)));
+    all.push_back(map_legends(vs_prj_get_maplegs_ptr(project)));
+    return all;
+}
+
+} // namespace vestra::command

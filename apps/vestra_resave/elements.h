@@ -1,0 +1,35 @@
+// The elements of a loaded project, as a person or a program is shown them.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "host/types.h"
+#include "platform/wide_string.h"
+
+namespace vestra::command {
+
+using vs::project_resave::wide_string;
+using vs::project_resave::wide_view;
+
+struct element {
+    std::string kind; // "collection", "scene", "group", "layer", "table", "joined table", ...
+    std::string type; // layer type or meta identifier; empty for a group and a joined table
+    wide_string caption;
+    wide_string uuid;           // empty for what has none
+    wide_string file;           // the reference, as the element holds it
+    std::optional<bool> exists; // nothing for a reference that is no path
+    uint64_t bytes = 0;         // of the file; of a folder all that is in it
+    bool selectable = false;    // can be left out of a resave
+    std::vector<element> children;
+};
+
+// All collections of the project with what is in them, in the order of the project.
+std::vector<element> elements_of(vs_prj* project);
+
+// Bytes of a file, or of all files in a folder.
+uint64_t bytes_of(const wide_string& path);
+
+} // namespace vestra::command

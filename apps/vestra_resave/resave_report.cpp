@@ -1,0 +1,92 @@
+#include "apps/vestra_resave/resave_report.h"
+
+#include <iostream>
+#include <nlohmann/json.hpp>
+
+#include "apps/vestra_resave/elements.h"
+#include "apps/vestra_resave/figures.h"
+#include "core/path_files.h"
+#include "core/paths.h"
+#include "framework/strings.h"
+#include "platform/text.h"
+
+namespace vestra::command {
+
+using namespace vs::project_resave;
+using nlohmann::ordered_json;
+
+namespace {
+
+// The report's texts are lines that begin with what happened.
+void sort_problems(const run_report& from, resave_report& to) {
+    const wide_string lost = load_string(519), failed = load_string(520);
+    for (const run_report::problem& problem : from.problems) {
+        for (const wide_string& line : path_split(problem.text, u"\n", true)) {
+            const wide_string place = u" (" + problem.title + u")";
+            if (line.starts_with(lost))
+                to.lost_sources.push_back(line.substr(lost.size()) + place);
+            else if (line.starts_with(failed))
+                to.copy_errors.push_back(line.substr(failed.size()) + place);
+        }
+    }
+}
+
+ordered_json texts(const std::vector<wide_string>& all) {
+    ordered_json array = ordered_json::array();
+    for (const wide_string& text : all) array.push_back(platform::to_utf8(text));
+    return array;
+}
+
+} // namespace
+
+resave_report report_of(const project_context& context) {
+    resave_report report;
+    const run_report& run = context.report;
+    sort_problems(run, report);
+    report.types_not_resaved.assign(run.unprocessed_types.begin(), run.unprocessed_types.end());
+    report.depth_exceeded = run.depth_exceeded;
+    for (const placed_file& file : context.placement.placed)
+        if (!file.old_path.empty() && path_exists(file.new_path))
+            report.files.push_back({file.old_path, file.new_path, bytes_of(file.new_path)});
+    const bool clean = run.problems.empty() && run.unprocessed_types.empty() && !run.depth_exceeded;
+    if (run.stopped)
+        report.exit = stopped, report.outcome = "stopped";
+    else if (!run.saved)
+        report.exit = not_saved, report.outcome = "not saved";
+    else if (!clean)
+        report.exit = problems, report.outcome = "saved with problems";
+    else
+        report.outcome = "saved";
+    return report;
+}
+
+void print_json(const resave_report& report) {
+    ordered_json files = ordered_json::array();
+    for (const copied_file& file : report.files)
+        files.push_back({{"source", platform::to_utf8(file.source)},
+                         {"target", platform::to_utf8(file.target)},
+                         {"bytes", file.bytes}});
+    const ordered_json all{{"outcome", report.outcome},
+                           {"files", std::move(files)},
+                           {"lost_sources", texts(report.lost_sources)},
+                           {"copy_errors", texts(report.copy_errors)},
+                           {"types_not_resaved", texts(report.types_not_resaved)}};
+    std::cout << all.dump(2) << '\n';
+}
+
+void print_text(const resave_report& report, const wide_string& new_project, bool list_files) {
+    for (const wide_string& lost : report.lost_sources) complain("lost source: " + shell::printable(lost));
+    for (const wide_string& failed : report.copy_errors) complain("not copied: " + shell::printable(failed));
+    for (const wide_string& type : report.types_not_resaved)
+        complain("layer type not resaved: " + shell::printable(type));
+    if (report.depth_exceeded) complain(shell::printable(load_string(522)));
+    if (list_files)
+        for (const copied_file& file : report.files)
+            std::cout << shell::printable(file.source) << " -> " << shell::printable(file.target) << '\n';
+    uint64_t bytes = 0;
+    for (const copied_file& file : report.files) bytes += file.bytes;
+    std::cout << report.outcome << ": " << shell::printable(new_project) << ", " << report.files.size()
+              << " files, " << size_text(bytes) << '\n';
+}
+
+} // namespace vestra::command

@@ -1,0 +1,33 @@
+// What a finished resave did, for a person or a program.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "apps/vestra_resave/session.h"
+
+namespace vestra::command {
+
+struct copied_file {
+    wide_string source;
+    wide_string target;
+    uint64_t bytes = 0;
+};
+
+struct resave_report {
+    int exit = done;
+    std::string outcome; // "saved", "saved with problems", "not saved", "stopped"
+    std::vector<copied_file> files;
+    std::vector<wide_string> lost_sources; // each with the list it stands in
+    std::vector<wide_string> copy_errors;
+    std::vector<wide_string> types_not_resaved;
+    bool depth_exceeded = false;
+};
+
+// Reads what the run left in the context.
+resave_report report_of(const vs::project_resave::project_context& context);
+void print_json(const resave_report& report);
+// Each problem on the error output; on the other a line of summary and, if wanted, each file.
+void print_text(const resave_report& report, const wide_string& new_project, bool list_files);
+
+} // namespace vestra::command

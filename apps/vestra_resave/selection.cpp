@@ -1,0 +1,84 @@
+#include "apps/vestra_resave/selection.h"
+
+#include <unordered_map>
+#include <unordered_set>
+
+#include "platform/text.h"
+#include "reference_host/shell/terminal_front_end.h"
+
+namespace vestra::command {
+
+using namespace vs::project_resave;
+
+namespace {
+
+// All selectable elements by what a person may call them.
+class directory {
+public:
+    explicit directory(const std::vector<element>& elements) {
+        for (const element& each : elements) enter(each);
+    }
+    // The one element of this name; else null, with a line for the person.
+    const element* find(const std::string& name, std::vector<std::string>& complaints) const;
+
+private:
+    void enter(const element& each) {
+        if (each.selectable) {
+            by_name[platform::folded(each.uuid)].push_back(&each);
+            by_name[platform::folded(each.caption)].push_back(&each);
+        }
+        for (const element& child : each.children) enter(child);
+    }
+    std::unordered_map<wide_string, std::vector<const element*>> by_name;
+};
+
+const element* directory::find(const std::string& name, std::vector<std::string>& complaints) const {
+    const auto row = by_name.find(platform::folded(platform::from_utf8(name)));
+    if (row == by_name.end()) {
+        complaints.push_back("no element has the uuid or caption \"" + name + "\"");
+        return nullptr;
+    }
+    if (row->second.size() == 1) return row->second.front();
+    std::string line =
+        "\"" + name + "\" names " + std::to_string(row->second.size()) + " elements; give the uuid of one:";
+    for (const element* candidate : row->second)
+        line += "\n  " + shell::printable(candidate->uuid) + "  " + candidate->kind + "  " +
+                shell::printable(candidate->caption);
+    complaints.push_back(line);
+    return nullptr;
+}
+
+void leave_out(const element& each, selection_register& selection) {
+    if (each.selectable) selection.set_selected(each.uuid, false);
+    for (const element& child : each.children) leave_out(child, selection);
+}
+
+// True if the element or anything below it is wanted.
+bool keep_only(const element& each, const std::unordered_set<const element*>& wanted,
+               selection_register& selection) {
+    if (wanted.contains(&each)) return true;
+    bool holds_wanted = false;
+    for (const element& child : each.children)
+        if (keep_only(child, wanted, selection)) holds_wanted = true;
+    if (!holds_wanted && each.selectable) selection.set_selected(each.uuid, false);
+    return holds_wanted;
+}
+
+} // namespace
+
+std::vector<std::string> apply(const selection_wish& wish, const std::vector<element>& elements,
+                               selection_register& selection) {
+    const directory names(elements);
+    std::vector<std::string> complaints;
+    std::vector<const element*> unwanted;
+    std::unordered_set<const element*> wanted;
+    for (const std::string& name : wish.deselect) unwanted.push_back(names.find(name, complaints));
+    for (const std::string& name : wish.only) wanted.insert(names.find(name, complaints));
+    if (!complaints.empty()) return complaints;
+    if (!wanted.empty())
+        for (const element& each : elements) keep_only(each, wanted, selection);
+    for (const element* each : unwanted) leave_out(*each, selection);
+    return {};
+}
+
+} // namespace vestra::command

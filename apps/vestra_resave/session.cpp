@@ -1,0 +1,73 @@
+#include "apps/vestra_resave/session.h"
+
+#include <cstdlib>
+#include <iostream>
+
+#include "framework/bundle_entry.h"
+#include "framework/strings.h"
+#include "platform/text.h"
+#include "platform/volumes.h"
+#include "reference_host/shell/settings.h"
+
+namespace vestra::command {
+
+using namespace vs::project_resave;
+
+namespace {
+
+constexpr int32_t failure_load_project = 500;
+
+// The host says only that a project could not be loaded; a person wants the place and the reason.
+wide_string with_reason(wide_view error) {
+    const wide_string& reason = shell::settings().read_error;
+    return error == load_string(failure_load_project) && !reason.empty() ? reason : wide_string(error);
+}
+
+bool is_russian(const common_options& options) {
+    if (!options.language.empty()) return options.language == "ru";
+    for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANG"})
+        if (const char* value = std::getenv(name); value && *value)
+            return std::string_view(value).starts_with("ru");
+    return false;
+}
+
+shell::terminal_options for_terminal(const common_options& options, shell::terminal_options front) {
+    front.quiet = options.quiet;
+    front.error_text = &with_reason;
+    return front;
+}
+
+} // namespace
+
+void complain(const std::string& reason) { std::cerr << "vestra-resave: " << reason << '\n'; }
+
+std::optional<std::string> apply(const common_options& options) {
+    std::string reason;
+    for (const std::string& drive : options.drives)
+        if (!platform::add_drive(drive, reason)) return reason;
+    shell::settings().language_offset = is_russian(options) ? 0 : 50000;
+    return std::nullopt;
+}
+
+session::session(const common_options& options, shell::terminal_options front)
+    : front_end_(terminal_, for_terminal(options, std::move(front))), front_end_in_force_(front_end_),
+      bundles_(registry_), dialog_runner_(terminal_) {
+    bundles_.start(&vs_bundle_interface_to_custom_pointer);
+    registry_.start_clients();
+    dialogs_.emplace(dialog_runner_);
+    collect_resave_services(services_);
+    context_.emplace(&services_);
+}
+
+session::~session() {
+    context_.reset();
+    services_.clear();
+    dialogs_.reset();
+    bundles_.unload_all();
+}
+
+bool session::load(const std::string& project) {
+    return context_->load_project(platform::drive_path(project), false, false);
+}
+
+} // namespace vestra::command
