@@ -1,12 +1,10 @@
 # make          installs missing packages, builds into build/
 # make test     builds with the sanitizers into build-sanitize/ and runs every test
-# make demo     shows the tool on the sample project
+# make demo     lists the sample project and resaves it under each structure into build/demo/
 # make check    formatting and static analysis
 # make clean    removes the build folders
 
 SHELL := /bin/bash
-SAMPLE := $(CURDIR)/samples/area
-RESAVE := $(CURDIR)/build/bin/vestra-resave
 
 .PHONY: all packages test demo check format clean
 
@@ -23,7 +21,7 @@ test: packages
 	@ctest --preset sanitize
 
 demo: all
-	@$(RESAVE) list $(SAMPLE)/c/prj/area._vp --drive C=$(SAMPLE)/c --drive D=$(SAMPLE)/d
+	@tools/demo
 
 sources := git ls-files '*.h' '*.cpp' '*.inc'
 

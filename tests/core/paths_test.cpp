@@ -22,82 +22,55 @@ void expect_all(const std::vector<row>& rows) {
         EXPECT_EQ(platform::to_utf8(row.actual), platform::to_utf8(row.expected)) << row.rule;
 }
 
-wide_string joined(const std::vector<wide_string>& pieces) {
-    wide_string text;
-    for (const wide_string& piece : pieces) text += u"[" + piece + u"]";
-    return text;
-}
-
 } // namespace
 
 TEST(paths, a_name_falls_into_head_stem_and_extension) {
     expect_all({
-        {"head", path_head(u"C:\\a/b.shp"), u"C:\\a/"},
-        {"no head", path_head(u"b.shp"), u""},
-        {"file name", path_file_name(u"C:/a\\b.shp"), u"b.shp"},
-        {"no file name", path_file_name(u"C:\\a\\"), u""},
-        {"last dot", path_stem(u"C:\\x.y\\a.b.shp"), u"a.b"},
-        {"last dot", path_extension(u"C:\\x.y\\a.b.shp"), u".shp"},
-        {"dot of a folder", path_stem(u"C:\\x.y\\a"), u"a"},
-        {"dot of a folder", path_extension(u"C:\\x.y\\a"), u""},
-        {"only dot in front", path_stem(u"C:\\.tif"), u".tif"},
-        {"only dot in front", path_extension(u"C:\\.tif"), u""},
-        {"two dots", path_extension(u".a.b"), u".b"},
-        {"replaced", path_replace_extension(u"C:\\a\\b.tif", u".pj4"), u"C:\\a\\b.pj4"},
-        {"without its dot", path_replace_extension(u"b.tif", u"pj4"), u"b.pj4"},
+        {"head", path_head(u"C:\\a/b.shp") + path_head(u"b.shp"), u"C:\\a/"},
+        {"file name", path_file_name(u"C:/a\\b.shp") + path_file_name(u"C:\\a\\"), u"b.shp"},
+        {"last dot", path_stem(u"x.y\\a.b.shp") + u"|" + path_extension(u"x.y\\a.b.shp"), u"a.b|.shp"},
+        {"dot of a folder", path_stem(u"C:\\x.y\\a") + u"|" + path_extension(u"C:\\x.y\\a"), u"a|"},
+        {"only dot in front", path_stem(u"C:\\.tif") + u"|" + path_extension(u"C:\\.tif"), u".tif|"},
+        {"replaced", path_replace_extension(u"C:\\a\\b.tif", u"pj4"), u"C:\\a\\b.pj4"},
         {"taken off", path_replace_extension(u"C:\\a\\b.c.tif", u""), u"C:\\a\\b.c"},
         {"stops at a separator", path_replace_extension(u"C:\\x.y\\b", u".pj4"), u"C:\\x.y\\b.pj4"},
         {"a dot behind a separator goes", path_replace_extension(u"C:\\.tif", u".pj4"), u"C:\\.pj4"},
         {"a dot at the very start stays", path_replace_extension(u".tif", u".pj4"), u".tif.pj4"},
-        {"stem replaced", path_replace_stem(u"C:\\a\\b.shp", u"c"), u"C:\\a\\c.shp"},
-        {"stem longer", path_add_to_stem(u"C:\\a\\b.shp", u"_(1)"), u"C:\\a\\b_(1).shp"},
-        {"kept empty", joined(path_split(u"C:\\\\a/", path_separators, false)), u"[C:][][a][]"},
-        {"skipped empty", joined(path_split(u"C:\\\\a/", path_separators, true)), u"[C:][a]"},
-        {"drive stays", valid_path(u"C:\\a:b\\<c>|\"?*.shp"), u"C:\\a_b\\_c_____.shp"},
+        {"another stem", path_replace_stem(u"C:\\a\\b.shp", u"c"), u"C:\\a\\c.shp"},
+        {"longer stem", path_add_to_stem(u"C:\\a\\b.shp", u"_(1)"), u"C:\\a\\b_(1).shp"},
+        {"only a drive's colon is valid", valid_path(u"C:\\a:b\\<c>|\"?*.shp"), u"C:\\a_b\\_c_____.shp"},
         {"no drive", valid_path(u"1:\\a/b"), u"1_\\a/b"},
-        {"both ends", trim(u" \t\va b\r\n\f", white_space), u"a b"},
-        {"nothing left", trim(u" \t ", white_space), u""},
-        {"another set", trim(u"**a*b*", u"*"), u"a*b"},
+        {"trimmed", trim(u" \t\va b\r\n\f", white_space) + trim(u" \t ", white_space), u"a b"},
     });
 }
 
 TEST(paths, a_place_has_one_normal_form) {
     expect_all({
-        {"empty", path_normalise(u""), u""},
-        {"only here", path_normalise(u"."), u""},
+        {"nothing", path_normalise(u"") + path_normalise(u".") + path_normalise(u"\\"), u""},
         {"pieces", path_normalise(u"C:/a\\\\.\\b\\..\\c\\"), u"C:\\a\\c"},
         {"parents at the top stay", path_normalise(u"..\\a\\..\\..\\b"), u"..\\..\\b"},
         {"above a drive", path_normalise(u"C:\\.."), u"C:\\.."},
-        {"drive", path_normalise(u"C:\\"), u"C:"},
-        {"behind a bare drive", path_normalise(u"C:foo\\bar"), u"C:\\bar"},
-        {"one separator", path_normalise(u"\\"), u""},
+        {"behind a bare drive", path_normalise(u"C:foo\\bar") + path_normalise(u"C:\\"), u"C:\\barC:"},
         {"short folder", path_normalise(u"x/a"), u"x\\a"},
         {"share", path_normalise(u"//server\\share\\"), u"\\\\server\\share"},
-        {"join", path_join(u"C:\\a", u"b"), u"C:\\a\\b"},
-        {"join behind a separator", path_join(u"C:\\a/", u"b"), u"C:\\a/b"},
+        {"join", path_join(u"C:\\a", u"b") + path_join(u"|a/", u"b"), u"C:\\a\\b|a/b"},
         {"join with nothing", path_join(u"C:\\a", u"") + path_join(u"", u"b"), u"C:\\ab"},
         {"join throws the left part away", path_join(u"C:\\a", u"a:b"), u"a:b"},
         {"resolve from a file", path_resolve(u"C:\\a\\b._vp", u"..\\c\\d.shp"), u"C:\\c\\d.shp"},
         {"resolve what is absolute", path_resolve(u"C:\\a\\b._vp", u"D:/c/../d"), u"D:\\d"},
     });
     EXPECT_TRUE(path_same(u"C:\\Карты\\a.shp", u"c:/x/../КАРТЫ//A.SHP"));
-    EXPECT_FALSE(path_same(u"C:\\a.shp", u"C:\\a.shx"));
-    EXPECT_TRUE(path_is_relative(u"") && path_is_relative(u"a\\b") && path_is_relative(u"a"));
-    EXPECT_FALSE(path_is_relative(u"/a") || path_is_relative(u"C:a") || path_is_relative(u"\\\\s"));
-    EXPECT_TRUE(path_root(u"z:").size() == 2 && path_root(u"1:\\").empty() && path_root(u"\\C:").empty());
 }
 
 TEST(paths, the_way_from_a_file_to_another) {
     const wide_string base = u"C:\\prj\\area._vp";
     expect_all({
-        {"below", path_relative(base, u"C:\\PRJ\\maps\\a.shp"), u"maps\\a.shp"},
+        {"below", path_relative(base, u"c:\\PRJ\\maps\\a.shp"), u"maps\\a.shp"},
         {"beside", path_relative(base, u"C:\\data\\a.shp"), u"..\\data\\a.shp"},
         {"the folder itself", path_relative(base, u"C:\\prj"), u""},
-        {"folder with separator", path_relative(u"C:\\prj\\", u"C:\\prj\\a.shp"), u"a.shp"},
         {"a bare drive is no folder", path_relative(u"C:", u"C:\\prj\\a.shp"), u"C:\\prj\\a.shp"},
-        {"folder without loses its last piece", path_relative(u"C:\\x\\prj", u"C:\\x\\prj\\a"), u"prj\\a"},
+        {"folder without separator", path_relative(u"C:\\x\\prj", u"C:\\x\\prj\\a"), u"prj\\a"},
         {"other drive", path_relative(base, u"D:/gis/../a.shp"), u"D:\\a.shp"},
-        {"drive in another case", path_relative(base, u"c:\\prj\\a.shp"), u"a.shp"},
         {"relative target", path_relative(base, u"x/./a.shp"), u"x\\a.shp"},
         {"no base", path_relative(u"area._vp", u"C:\\a.shp"), u"C:\\a.shp"},
         {"share seen from a drive", path_relative(base, u"\\\\srv\\s\\a"), u"..\\srv\\s\\a"},
@@ -121,7 +94,7 @@ TEST(placed_files, answer_as_a_scan_from_the_oldest_entry) {
         for (const placed_file& entry : placed)
             if (!scanned && path_same(entry.old_path, asked)) scanned = &entry;
         ASSERT_EQ(placed.find(asked), scanned) << platform::to_utf8(asked);
-        if (placed.size() < 150) placed.add(spelling(), decimal(static_cast<uint32_t>(i)));
+        if (placed.size() < 150) placed.add(spelling(), u"new");
     }
 }
 

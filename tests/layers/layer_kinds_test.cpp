@@ -6,146 +6,89 @@ namespace vs::project_resave {
 
 namespace {
 
-// A name stands below src and below out; a reference that holds a colon or begins with "*" is no name.
 struct kind_row {
     const char* type;
-    names files;
-    wide_string reference;
-    names expected;
-    wide_string new_reference; // unlike the reference where the layer has a file that can be lost
+    wide_view files; // in src, parted by blanks, as all lists here
+    wide_view reference;
+    wide_view folder; // of the type; empty if the layer has no file that could be lost
+    wide_view copied;
     wide_view layer_file = {}; // extension
     const char* meta_id = nullptr;
-    bool has_table = false;
 };
 
 const kind_row kinds[] = {
-    {"shp_pnt_lr2d",
-     {u"r.shp", u"r.shx", u"r.dbf", u"r.cpg", u"r_shp.pj4", u"r.txt"},
-     u"r.shp",
-     {u"shp\\r.cpg", u"shp\\r.dbf", u"shp\\r.shp", u"shp\\r.shx", u"shp\\r_shp.pj4"},
-     u"shp\\r.shp",
-     u"._lr",
-     nullptr,
-     true},
-    {"shp_pgn_lr3d",
-     {u"r.shp", u"r.shx", u"r.dbf"},
-     u"r.shp",
-     {u"shp\\r.shp", u"shp\\r.shx"},
-     u"shp\\r.shp",
-     u"._lrd"},
-    {"rtr_lr2d",
-     {u"a.tif", u"a.tif.ovr", u"a.tfw", u"a_tif.pj4"},
-     u"a.tif",
-     {u"rtr\\a.tfw", u"rtr\\a.tif", u"rtr\\a.tif.ovr", u"rtr\\a_tif.pj4"},
-     u"rtr\\a.tif",
+    {"shp_pnt_lr2d", u"r.shp r.shx r.dbf r.cpg r_shp.pj4 r.txt", u"r.shp", u"shp",
+     u"r.shp r.shx r.dbf r.cpg r_shp.pj4", u"._lr"},
+    {"shp_pgn_lr3d", u"r.shp r.shx r.dbf", u"r.shp", u"shp", u"r.shp r.shx", u"._lrd"}, // has no table
+    {"rtr_lr2d", u"a.tif a.tif.ovr a.tfw a_tif.pj4", u"a.tif", u"rtr", u"a.tif a.tif.ovr a.tfw a_tif.pj4",
      u"._lr"},
-    {"rtr_lr2d", {u"a.x", u"a_x.pj4"}, u"a.x", {u"rtr\\a.x"}, u"rtr\\a.x", u"._lr"},
-    {"tld_lr2d",
-     {u"a.tld", u"a_tld.pj4", u"a.ovr"},
-     u"a.tld",
-     {u"tld\\a.tld", u"tld\\a_tld.pj4"},
-     u"tld\\a.tld",
-     u"._lr"},
-    {"wms_lr2d", {}, u"https://maps.example/wms", {}, u"https://maps.example/wms"},
-    {"grid_lr2d", {u"g.sgy", u"g_sgy.pj4"}, u"g.sgy", {u"sgy\\g.sgy", u"sgy\\g_sgy.pj4"}, u"sgy\\g.sgy"},
-    {"segy_lr3d", {u"g.SGY"}, u"g.SGY", {u"grid\\g.SGY"}, u"grid\\g.SGY"},
-    {"grid_lr2d", {u"g\\a.val", u"g\\b\\c.val"}, u"g", {u"grid\\g\\a.val", u"grid\\g\\b\\c.val"}, u"grid\\g"},
-    {"vector_lr2d",
-     {u"v.abc", u"v.ind", u"v_abc.pj4"},
-     u"v.abc",
-     {u"vector\\v.abc", u"vector\\v.ind", u"vector\\v_abc.pj4"},
-     u"vector\\v.abc"},
-    {"vector_polygon_lr2d", {u"v\\a.mif"}, u"v", {u"vector\\v\\a.mif"}, u"vector\\v"},
-    {"vector_point_lr2d", {}, u"*PG:host=db", {}, u"*PG:host=db"},
-    {"tos_2crd_lr2d",
-     {u"t.tos", u"t.tod", u"t_tos.pj4"},
-     u"t.tos",
-     {u"tos\\t.tod", u"tos\\t.tos"},
-     u"tos\\t.tos",
-     u"._lr"},
-    {"tos_surf_lr3d",
-     {u"t.tos", u"t.tod"},
-     u"t.tos",
-     {u"tos\\t.tod", u"tos\\t.tos"},
-     u"tos\\t.tos",
-     u"._lrd"},
-    {"shp_pnt_lr2d",
-     {u"t.tos", u"t.tod"},
-     u"*t.tos",
-     {u"tos\\t.tod", u"tos\\t.tos"},
-     u"*tos\\t.tos",
-     u"._lr",
-     "grid_cutline_lr2d"},
-    {"any",
-     {u"n.grf", u"n_grf.pj4"},
-     u"n.grf",
-     {u"graphics\\n.grf", u"graphics\\n_grf.pj4"},
-     u"graphics\\n.grf",
-     {},
-     "graph_lr2d"},
-    {"plugin_lr_2d_well_profil_2",
-     {u"w.wel", u"w\\log.las"},
-     u"w.wel",
-     {u"well\\w.wel", u"well\\w\\log.las"},
-     u"well\\w.wel",
-     u"._lr"},
-    {"plugin_lr_3d_wells_2", {u"w.wel"}, u"w.wel", {u"well\\w.wel"}, u"well\\w.wel", u"._lrd"},
-    {"map_lr3d",
-     {},
-     u"*6f0c0000-0000-4000-8000-000000000001*",
-     {},
-     u"*6f0c0000-0000-4000-8000-000000000001*"},
-    {"prf_lines_lr2d", {u"p.shp"}, u"C:\\elsewhere\\p.shp", {}, u"C:\\elsewhere\\p.shp"},
-    {"prf_compound_lr2d", {}, u"C:\\elsewhere\\c", {}, u"C:\\elsewhere\\c"},
+    {"rtr_lr2d", u"a.x a_x.pj4", u"a.x", u"rtr", u"a.x", u"._lr"}, // no world file can be named after it
+    {"tld_lr2d", u"a.tld a_tld.pj4 a.ovr", u"a.tld", u"tld", u"a.tld a_tld.pj4", u"._lr"},
+    {"wms_lr2d", u"", u"https://maps.example/wms", u"", u""},
+    {"grid_lr2d", u"g.sgy g_sgy.pj4", u"g.sgy", u"sgy", u"g.sgy g_sgy.pj4"},
+    {"segy_lr3d", u"g.SGY", u"g.SGY", u"grid", u"g.SGY"},
+    {"grid_lr2d", u"g\\a.val g\\b\\c.val", u"g", u"grid", u"g\\a.val g\\b\\c.val"},
+    {"vector_lr2d", u"v.abc v.ind v_abc.pj4", u"v.abc", u"vector", u"v.abc v.ind v_abc.pj4"},
+    {"vector_polygon_lr2d", u"v\\a.mif", u"v", u"vector", u"v\\a.mif"},
+    {"vector_point_lr2d", u"", u"*PG:host=db", u"", u""},
+    {"tos_2crd_lr2d", u"t.tos t.tod t_tos.pj4", u"t.tos", u"tos", u"t.tos t.tod", u"._lr"},
+    {"tos_surf_lr3d", u"t.tos t.tod", u"t.tos", u"tos", u"t.tos t.tod", u"._lrd"},
+    {"shp_pln_lr2d", u"t.tos t.tod", u"*t.tos", u"tos", u"t.tos t.tod", u"._lr", "grid_cutline_lr2d"},
+    {"any", u"n.grf n_grf.pj4", u"n.grf", u"graphics", u"n.grf n_grf.pj4", u"", "graph_lr2d"},
+    {"plugin_lr_2d_well_profil_2", u"w.wel w\\log.las", u"w.wel", u"well", u"w.wel w\\log.las", u"._lr"},
+    {"plugin_lr_3d_wells_2", u"w.wel", u"w.wel", u"well", u"w.wel", u"._lrd"},
+    {"map_lr3d", u"", u"*6f0c0000-0000-4000-8000-000000000001*", u"", u""},
+    {"prf_lines_lr2d", u"p.shp", u"C:\\elsewhere\\p.shp", u"", u""},
+    {"prf_compound_lr2d", u"", u"C:\\elsewhere\\c", u"", u""},
 };
 
 class layer_kinds : public layer_run {
 protected:
-    wide_string placed(const wide_string& name, wide_view folder) const {
-        if (name.find(u':') != wide_string::npos || name.ends_with(u'*')) return name;
-        const bool marked = name.starts_with(u'*');
-        return (marked ? u"*" : u"") + disk.path(folder) + u"\\" + name.substr(marked ? 1 : 0);
+    // The reference of the row's layer while its file lies in this folder.
+    wide_string reference(const kind_row& row, const wide_string& folder) const {
+        const bool marked = row.reference.starts_with(u'*');
+        if (row.folder.empty()) return wide_string(row.reference);
+        return (marked ? u"*" : u"") + folder + wide_string(row.reference.substr(marked ? 1 : 0));
     }
-    // The scene of the one layer of this kind.
-    vestra::scene& begin(const kind_row& row) {
+    wide_string old_reference(const kind_row& row) const { return reference(row, src(u"")); }
+    wide_string new_reference(const kind_row& row) const { return reference(row, out(row.folder) + u"\\"); }
+    static names listed(wide_view list) { return path_split(list, u" ", true); }
+
+    // A project of one layer of this kind, its files on the disk.
+    void begin(const kind_row& row) {
         clear();
         settings.save_layer_files = true;
-        for (const wide_string& name : row.files)
+        for (const wide_string& name : listed(row.files))
             disk.write(u"src\\" + name, name == u"t.tos" ? "TOS 1\nproperty X\nmember t.tod\n" : "content");
-        vestra::scene& scene =
-            std::string_view(row.type).ends_with("3d") || is_3d_plugin(row) ? scene_3d() : scene_2d();
-        vestra::layer& layer = add(scene, row.type, placed(row.reference, u"src"));
+        const std::string_view type = row.type;
+        const bool is_3d = type.find("3d") != std::string_view::npos;
+        vestra::layer& layer = add(is_3d ? scene_3d() : scene_2d(), row.type, old_reference(row));
         layer.caption = u"a:b";
         if (row.meta_id) layer.meta_id = row.meta_id;
-        if (row.has_table) {
-            layer.data = std::make_unique<vestra::attr_data>();
-            layer.data->id = vestra::uuid::random();
-            layer.data->file = src(u"r.dbf");
-        }
-        return scene;
-    }
-    static bool is_3d_plugin(const kind_row& row) {
-        return std::string_view(row.type).find("3d") != std::string_view::npos;
+        if (type != "shp_pnt_lr2d") return;
+        layer.data = std::make_unique<vestra::attr_data>();
+        layer.data->id = vestra::uuid::random();
     }
     // That layer in the new project; null if it left.
     vestra::layer* result() {
         return copy->scenes_2d.count() > 0 ? copy->scenes_2d.at(0)->at(0) : copy->scenes_3d.at(0)->at(0);
     }
-    static bool has_file(const kind_row& row) { return row.reference != row.new_reference; }
 };
 
 } // namespace
 
 TEST_F(layer_kinds, files_land_in_the_folder_of_their_type_and_the_layer_names_them_there) {
     for (const kind_row& row : kinds) {
-        SCOPED_TRACE(testing::Message() << row.type << " on " << testing::PrintToString(row.reference));
+        SCOPED_TRACE(testing::Message() << row.type << " on " << platform::to_utf8(row.reference));
         begin(row);
         resave();
-        names expected = row.expected;
+        names expected;
+        for (const wide_string& name : listed(row.copied))
+            expected.push_back(wide_string(row.folder) + u"\\" + name);
         if (!row.layer_file.empty()) expected.push_back(u"a_b" + wide_string(row.layer_file));
         std::ranges::sort(expected);
         EXPECT_EQ(copied(), expected);
-        EXPECT_EQ(result()->file, placed(row.new_reference, u"out"));
+        EXPECT_EQ(result()->file, new_reference(row));
         EXPECT_EQ(problems, row.reference == u"a.x" ? u"Copy error a.x\n" : u"");
         EXPECT_TRUE(unprocessed_types.empty());
     }
@@ -156,15 +99,14 @@ TEST_F(layer_kinds, a_lost_source_is_reported_and_the_layer_stays_unless_it_is_t
         for (const bool removes : {false, true}) {
             SCOPED_TRACE(testing::Message() << row.type << ' ' << removes);
             begin(row);
-            for (const wide_string& name : row.files) remove_tree(src(name));
-            remove_tree(src(row.reference));
+            remove_tree(disk.path(u"src"));
             settings.delete_lost_sources = removes;
             resave();
-            EXPECT_EQ(problems, has_file(row) ? u"Lost files a:b\n" : u"");
+            EXPECT_EQ(problems, !row.folder.empty() ? u"Lost files a:b\n" : u"");
             EXPECT_TRUE(copied().empty());
-            EXPECT_EQ(result() == nullptr, has_file(row) && removes);
+            EXPECT_EQ(result() == nullptr, !row.folder.empty() && removes);
             if (!result()) continue;
-            EXPECT_EQ(result()->file, placed(row.reference, u"src"));
+            EXPECT_EQ(result()->file, old_reference(row));
         }
     }
 }
@@ -180,10 +122,10 @@ TEST_F(layer_kinds, a_failed_copy_is_reported_and_the_layer_names_the_new_place_
         no_copies faults;
         const platform::system_override in_force(faults);
         resave();
-        EXPECT_EQ(problems.starts_with(u"Copy error " + path_file_name(placed(row.reference, u"src"))),
-                  has_file(row));
+        EXPECT_EQ(problems.starts_with(u"Copy error " + path_file_name(old_reference(row))),
+                  !row.folder.empty());
         EXPECT_TRUE(copied().empty());
-        EXPECT_EQ(result()->file, placed(row.new_reference, u"out"));
+        EXPECT_EQ(result()->file, new_reference(row));
     }
 }
 

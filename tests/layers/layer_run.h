@@ -37,6 +37,10 @@ protected:
     // An empty project on an empty disk.
     void clear() {
         remove_tree(disk.path(u"src"));
+        clear_run();
+    }
+    // The same, but for the source files.
+    void clear_run() {
         remove_tree(disk.path(u"out"));
         create_folders(disk.path(u"out"));
         project = std::make_unique<vestra::project>();

@@ -51,6 +51,7 @@ TEST_F(map_layers, with_a_folder_for_each_scene_each_has_the_map_with_its_files)
 TEST_F(map_layers, one_that_is_lost_or_does_not_load_is_lost_for_the_scene_but_ends_nothing) {
     disk.write(u"src\\bad._sn", "<scene");
     for (const bool removes : {false, true}) {
+        clear_run();
         vestra::scene& scene = scene_2d();
         for (const wide_view name : {u"gone._sn", u"bad._sn", u"m._sn"}) add(scene, map_2d, src(name));
         add(scene, map_2d, u"");
@@ -64,9 +65,6 @@ TEST_F(map_layers, one_that_is_lost_or_does_not_load_is_lost_for_the_scene_but_e
         for (const auto& layer : copy->scenes_2d.at(0)->members()) references.push_back(layer->file);
         EXPECT_EQ(references, removes ? (names{out(u"m._sn"), u""})
                                       : (names{src(u"gone._sn"), src(u"bad._sn"), out(u"m._sn"), u""}));
-        remove_tree(disk.path(u"out"));
-        create_folders(disk.path(u"out"));
-        project = std::make_unique<vestra::project>();
     }
 }
 

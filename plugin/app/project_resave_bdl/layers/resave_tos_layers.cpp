@@ -108,7 +108,7 @@ void Tvs_resave_tos_lr::after_file_saved() {
     size_t counted = 0;
     for (model_file& file : model_files) {
         if (file.old_path.empty()) continue;
-        const model_element& row = model_elements[static_cast<size_t>(&file - model_files.data())]; ++counted;
+        const model_element& row = model_elements[counted++];
         file.new_path = place_model_file(file.old_path, row.lost_text);
         if (complex_model_record record{layer}) record.set_text(row.element, file.new_path);
     }
