@@ -1,12 +1,15 @@
-# make          installs missing packages, builds into build/
-# make test     builds with the sanitizers into build-sanitize/ and runs every test
-# make demo     lists the sample project and resaves it under each structure into build/demo/
-# make check    formatting and static analysis
-# make clean    removes the build folders
+# make              installs missing packages, builds into build/
+# make test         builds with the sanitizers into build-sanitize/ and runs every test
+# make windows      builds the Windows library, its host and the command line into build-windows/bin/
+# make windows-test runs every test of that build under Wine
+# make demo         lists the sample project and resaves it under each structure into build/demo/
+# make bench        measures load and resave beside cp -a
+# make check        formatting and static analysis
+# make clean        removes the build folders
 
 SHELL := /bin/bash
 
-.PHONY: all packages test demo check format clean
+.PHONY: all packages test demo bench check format clean windows windows-test
 
 all: packages
 	@cmake --preset release >/dev/null
@@ -20,8 +23,19 @@ test: packages
 	@cmake --build --preset sanitize
 	@ctest --preset sanitize
 
+windows:
+	@tools/install_windows_packages build-windows/packages
+	@cmake --preset windows >/dev/null
+	@cmake --build --preset windows
+
+windows-test: windows
+	@tools/windows_test
+
 demo: all
 	@tools/demo
+
+bench: all
+	@bench/run
 
 sources := git ls-files '*.h' '*.cpp' '*.inc'
 
@@ -31,7 +45,7 @@ format:
 check: packages
 	@$(sources) | xargs clang-format --dry-run -Werror
 	@cmake --preset debug >/dev/null
-	@git ls-files '*.cpp' | grep -v /platform/windows/ | xargs -P 2 -n 4 clang-tidy -p build-debug --quiet
+	@git ls-files '*.cpp' | grep -v /windows/ | xargs -P 2 -n 4 clang-tidy -p build-debug --quiet
 
 clean:
-	@rm -rf build build-debug build-sanitize
+	@rm -rf build build-debug build-sanitize build-windows

@@ -5,6 +5,7 @@
 
 #include "core/entity_uuid.h"
 #include "core/paths.h"
+#include "framework/encoding.h"
 #include "framework/string_adapter.h"
 #include "host/interfaces/layout_legend_layer.h"
 #include "host/vsk_attr_data.h"
@@ -14,9 +15,11 @@
 #include "host/vsk_prj.h"
 #include "host/vsk_scn_2d.h"
 #include "host/vsk_scn_3d.h"
-#include "host/vsk_styles.h"
 #include "host/vsk_tos_data.h"
+#include "operations/project_context.h"
 #include "platform/system.h"
+#include "services/told_text.h"
+#include "services/wide_string_list.h"
 
 namespace vestra::command {
 
@@ -27,7 +30,7 @@ namespace {
 element described(std::string kind, vs_entity* entity, bool selectable = true) {
     element shown;
     shown.kind = std::move(kind);
-    shown.type = vs_entity_get_meta_id(entity);
+    shown.type = host_text(vs_entity_get_meta_id(entity));
     shown.caption = host_string(&vs_entity_get_wcaption, entity);
     shown.uuid = uuid_to_text(vs_entity_get_uuid(entity));
     shown.selectable = selectable && !shown.uuid.empty();
@@ -58,7 +61,7 @@ element scene_element(std::string kind, vs_scn* scene);
 
 element layer_element(vs_lr* layer) {
     element shown = described("layer", vs_lr_safe_upcast(layer));
-    shown.type = vs_lr_get_lr_type(layer);
+    shown.type = host_text(vs_lr_get_lr_type(layer));
     refer_to(shown, host_string(&vs_lr_get_wfilename, layer));
     add_joins(shown, vs_attr_data_safe_downcast(vs_lr_get_data_ptr(layer)));
     if (const interface_pointer* plugin = vs_layout_lr2d_get_plugin_interface(layer)) {
@@ -145,20 +148,38 @@ element tos_tables(vs_toss_data* all) {
     return shown;
 }
 
-element map_legends(vs_maplegs* legends) {
+element service_item(const resave_service& service, uint32_t index, bool selectable) {
     element shown;
-    shown.kind = "collection";
-    shown.caption = u"Map legends";
-    const uint32_t count = vs_maplegs_get_size(legends);
-    for (uint32_t index = 0; index < count; ++index) {
-        vs_mapleg* legend = vs_maplegs_get_ptr(legends, index);
+    shown.kind = "item";
+    shown.type = told_text<&resave_service_impl::caption>(service);
+    shown.caption = told_text<&resave_service_impl::item_caption>(service, index);
+    shown.uuid = uuid_to_text(call<&resave_service_impl::item_uuid>(service, index));
+    shown.selectable = selectable && !shown.uuid.empty();
+    refer_to(shown, told_text<&resave_service_impl::item_source>(service, index));
+    const wide_string_list files;
+    call<&resave_service_impl::item_files>(service, index, files);
+    for (const wide_string& file : files.texts()) {
+        if (path_same(file, shown.file)) continue;
         element& member = shown.children.emplace_back();
-        member.kind = "map legend";
-        member.caption = host_string(&vs_mapleg_get_title, legend);
-        member.uuid = uuid_to_text(vs_mapleg_get_uuid(legend));
-        member.selectable = !member.uuid.empty();
+        member.kind = "file";
+        member.caption = path_file_name(file);
+        refer_to(member, file);
     }
     return shown;
+}
+
+// What other bundles keep in the project, under the heading that their service wants.
+void add_service(std::vector<element>& all, const resave_service& service) {
+    const bool selectable = call<&resave_service_impl::shows_in_selection>(service);
+    element heading;
+    heading.kind = "collection";
+    heading.caption = told_text<&resave_service_impl::tree_caption>(service);
+    const bool has_heading = call<&resave_service_impl::has_own_heading>(service);
+    std::vector<element>& items = has_heading ? heading.children : all;
+    const uint32_t count = call<&resave_service_impl::item_count>(service);
+    for (uint32_t index = 0; index < count; ++index)
+        items.push_back(service_item(service, index, selectable));
+    if (has_heading) all.push_back(std::move(heading));
 }
 
 } // namespace
@@ -172,7 +193,8 @@ uint64_t bytes_of(const wide_string& path) {
     return sum;
 }
 
-std::vector<element> elements_of(vs_prj* project) {
+std::vector<element> elements_of(project_context& context) {
+    vs_prj* project = context.project_handle();
     std::vector<element> all;
     all.push_back(flat_scenes("scene", vs_prj_get_scns_2d_ptr(project)));
     all.push_back(solid_scenes(vs_prj_get_scns_3d_ptr(project)));
@@ -182,7 +204,8 @@ std::vector<element> elements_of(vs_prj* project) {
     const uint32_t plugins = vs_prj_get_plugin_scns_2d_count(project);
     for (uint32_t index = 0; index < plugins; ++index)
         all.push_back(flat_scenes("sheet", vs_prj_get_plugin_scns_2d_ptr(project, index)));
-    all.push_back(map_legends(vs_prj_get_maplegs_ptr(project)));
+    if (context.services)
+        for (const ref<resave_service_impl>& service : *context.services) add_service(all, service.get());
     return all;
 }
 

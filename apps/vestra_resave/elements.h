@@ -9,6 +9,10 @@
 #include "host/types.h"
 #include "platform/wide_string.h"
 
+namespace vs::project_resave {
+class project_context;
+}
+
 namespace vestra::command {
 
 using vs::project_resave::wide_string;
@@ -16,7 +20,7 @@ using vs::project_resave::wide_view;
 
 struct element {
     std::string kind; // "collection", "scene", "group", "layer", "table", "joined table", ...
-    std::string type; // layer type or meta identifier; empty for a group and a joined table
+    wide_string type; // layer type or meta identifier; empty for a group and a joined table
     wide_string caption;
     wide_string uuid;           // empty for what has none
     wide_string file;           // the reference, as the element holds it
@@ -26,8 +30,9 @@ struct element {
     std::vector<element> children;
 };
 
-// All collections of the project with what is in them, in the order of the project.
-std::vector<element> elements_of(vs_prj* project);
+// All collections of the loaded project with what is in them, in the order of the project, and then the items
+// that the services of the bundles keep in it.
+std::vector<element> elements_of(vs::project_resave::project_context& context);
 
 // Bytes of a file, or of all files in a folder.
 uint64_t bytes_of(const wide_string& path);

@@ -19,7 +19,7 @@ ordered_json to_json(const element& shown, const selection_register& selection) 
     ordered_json children = ordered_json::array();
     for (const element& child : shown.children) children.push_back(to_json(child, selection));
     return {{"kind", shown.kind},
-            {"type", shown.type},
+            {"type", to_utf8(shown.type)},
             {"caption", to_utf8(shown.caption)},
             {"uuid", to_utf8(shown.uuid)},
             {"file", to_utf8(shown.file)},
@@ -30,13 +30,13 @@ ordered_json to_json(const element& shown, const selection_register& selection) 
 }
 
 void print(const element& shown, size_t depth) {
-    std::string line = std::string(2 * depth, ' ') + shell::printable(shown.caption);
+    std::string line = std::string(2 * depth, ' ') + one_line(shown.caption);
     if (shown.kind == "group")
         line += "/";
     else if (!shown.type.empty())
-        line += "  [" + shown.type + "]";
-    if (!shown.uuid.empty()) line += "  " + shell::printable(shown.uuid);
-    if (!shown.file.empty()) line += "  " + shell::printable(shown.file);
+        line += "  [" + one_line(shown.type) + "]";
+    if (!shown.uuid.empty()) line += "  " + one_line(shown.uuid);
+    if (!shown.file.empty()) line += "  " + one_line(shown.file);
     if (shown.exists) line += *shown.exists ? "  " + size_text(shown.bytes) : "  MISSING";
     std::cout << line << '\n';
     for (const element& child : shown.children) print(child, depth + 1);
@@ -48,7 +48,7 @@ int list_project(const std::string& project, const common_options& options) {
     session host(options, {});
     if (!host.load(project)) return wrong_use;
     const wide_string& path = host.context().placement.source_project_path;
-    const std::vector<element> elements = elements_of(host.context().project_handle());
+    const std::vector<element> elements = elements_of(host.context());
     if (options.json) {
         ordered_json all = ordered_json::array();
         for (const element& shown : elements) all.push_back(to_json(shown, host.context().selection));

@@ -1,5 +1,6 @@
 #include "apps/vestra_resave/resave_command.h"
 
+#include "apps/vestra_resave/output_file.h"
 #include "apps/vestra_resave/resave_report.h"
 #include "core/path_files.h"
 #include "core/paths.h"
@@ -42,24 +43,20 @@ std::vector<wide_string> missing_levels(wide_string folder) {
     return missing;
 }
 
-bool is_source(const wide_string& source, const wide_string& target) {
-    return path_same(source, target) || platform::current_system().same_file(source, target);
-}
-
 } // namespace
 
 int resave(const resave_wish& wish, const common_options& options) {
     session host(options, answers(wish));
     const wide_string source = platform::drive_path(wish.project);
     const wide_string target = platform::drive_path(wish.new_project);
-    if (is_source(source, target)) {
+    if (is_same_file(source, target)) {
         complain(shell::printable(load_string(same_name)));
         return wrong_use;
     }
     project_context& context = host.context();
     if (!context.load_project(source, !options.quiet, wish.load_log)) return wrong_use;
     const std::vector<std::string> complaints =
-        apply(wish.selection, elements_of(context.project_handle()), context.selection);
+        apply(wish.selection, elements_of(context), context.selection);
     for (const std::string& line : complaints) complain(line);
     if (!complaints.empty()) return wrong_use;
 

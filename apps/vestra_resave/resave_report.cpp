@@ -75,18 +75,18 @@ void print_json(const resave_report& report) {
 }
 
 void print_text(const resave_report& report, const wide_string& new_project, bool list_files) {
-    for (const wide_string& lost : report.lost_sources) complain("lost source: " + shell::printable(lost));
-    for (const wide_string& failed : report.copy_errors) complain("not copied: " + shell::printable(failed));
+    for (const wide_string& lost : report.lost_sources) complain("lost source: " + one_line(lost));
+    for (const wide_string& failed : report.copy_errors) complain("not copied: " + one_line(failed));
     for (const wide_string& type : report.types_not_resaved)
-        complain("layer type not resaved: " + shell::printable(type));
-    if (report.depth_exceeded) complain(shell::printable(load_string(522)));
+        complain("layer type not resaved: " + one_line(type));
+    if (report.depth_exceeded) complain(one_line(load_string(522)));
     if (list_files)
         for (const copied_file& file : report.files)
-            std::cout << shell::printable(file.source) << " -> " << shell::printable(file.target) << '\n';
+            std::cout << one_line(file.source) << " -> " << one_line(file.target) << '\n';
     uint64_t bytes = 0;
     for (const copied_file& file : report.files) bytes += file.bytes;
-    std::cout << report.outcome << ": " << shell::printable(new_project) << ", " << report.files.size()
-              << " files, " << size_text(bytes) << '\n';
+    std::cout << report.outcome << ": " << one_line(new_project) << ", " << report.files.size() << " files, "
+              << size_text(bytes) << '\n';
 }
 
 } // namespace vestra::command

@@ -3,8 +3,8 @@
 #include <unordered_map>
 #include <unordered_set>
 
+#include "apps/vestra_resave/figures.h"
 #include "platform/text.h"
-#include "reference_host/shell/terminal_front_end.h"
 
 namespace vestra::command {
 
@@ -16,20 +16,26 @@ namespace {
 class directory {
 public:
     explicit directory(const std::vector<element>& elements) {
-        for (const element& each : elements) enter(each);
+        for (const element& each : elements) enter(each, {});
     }
     // The one element of this name; else null, with a line for the person.
     const element* find(const std::string& name, std::vector<std::string>& complaints) const;
 
 private:
-    void enter(const element& each) {
+    struct place {
+        const element* found;
+        wide_string holders; // captions of what it is in
+    };
+    void enter(const element& each, const wide_string& holders) {
         if (each.selectable) {
-            by_name[platform::folded(each.uuid)].push_back(&each);
-            by_name[platform::folded(each.caption)].push_back(&each);
+            by_name[platform::folded(each.uuid)].push_back({&each, holders});
+            if (platform::folded(each.caption) != platform::folded(each.uuid))
+                by_name[platform::folded(each.caption)].push_back({&each, holders});
         }
-        for (const element& child : each.children) enter(child);
+        const wide_string below = (holders.empty() ? holders : holders + u" / ") + each.caption;
+        for (const element& child : each.children) enter(child, below);
     }
-    std::unordered_map<wide_string, std::vector<const element*>> by_name;
+    std::unordered_map<wide_string, std::vector<place>> by_name;
 };
 
 const element* directory::find(const std::string& name, std::vector<std::string>& complaints) const {
@@ -38,12 +44,12 @@ const element* directory::find(const std::string& name, std::vector<std::string>
         complaints.push_back("no element has the uuid or caption \"" + name + "\"");
         return nullptr;
     }
-    if (row->second.size() == 1) return row->second.front();
+    if (row->second.size() == 1) return row->second.front().found;
     std::string line =
         "\"" + name + "\" names " + std::to_string(row->second.size()) + " elements; give the uuid of one:";
-    for (const element* candidate : row->second)
-        line += "\n  " + shell::printable(candidate->uuid) + "  " + candidate->kind + "  " +
-                shell::printable(candidate->caption);
+    for (const place& candidate : row->second)
+        line += "\n  " + one_line(candidate.found->uuid) + "  " + candidate.found->kind + " in " +
+                one_line(candidate.holders);
     complaints.push_back(line);
     return nullptr;
 }

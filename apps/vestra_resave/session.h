@@ -3,6 +3,7 @@
 
 #include <memory>
 #include <optional>
+#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -20,18 +21,25 @@ using vs::project_resave::wide_view;
 
 // What all commands share.
 struct common_options {
-    std::vector<std::string> drives; // "C=/folder"
-    std::string language;            // "ru", "en", or empty for the one of the environment
+    std::vector<std::string> drives;  // "C=/folder"
+    std::vector<std::string> bundles; // libraries, by their native or their drive paths
+    std::string language;             // "ru", "en", or empty for the one of the environment
     bool quiet = false;
     bool json = false;
 };
 
 enum exit_code : int { done = 0, problems = 1, wrong_use = 2, not_saved = 3, stopped = 130 };
 
+// What a session throws that cannot begin: which bundle could not be loaded, and why.
+struct bundle_not_loaded : std::runtime_error {
+    using std::runtime_error::runtime_error;
+};
+
 // Starts the host in its constructor and takes it down in its destructor. One at a time.
 class session {
 public:
-    // `front` tells how questions are answered; its `quiet` is taken from the options.
+    // Loads the bundles of the options beside the one that is linked in. `front` tells how questions are
+    // answered; its `quiet` is taken from the options.
     session(const common_options& options, shell::terminal_options front);
     ~session();
 

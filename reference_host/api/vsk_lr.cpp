@@ -1,9 +1,28 @@
 #include "host/vsk_lr.h"
 
+#include "platform/text.h"
 #include "reference_host/api/calls.h"
 #include "reference_host/api/layer_attachment.h"
+#include "reference_host/datasets/path_parts.h"
 
 using namespace vestra::api;
+
+namespace {
+
+vestra::wide_string table_beside(vestra::wide_view file) {
+    const auto parts = vestra::datasets::parts_of(file);
+    return parts.head + parts.stem + u".dbf";
+}
+
+// The table of a shape file is the one beside it, wherever the layer looks for the file.
+void refer_to(vestra::layer& layer, vestra::wide_view file) {
+    using vs::project_resave::platform::compare_no_case;
+    if (layer.data && !file.empty() && compare_no_case(layer.data->file, table_beside(layer.file)) == 0)
+        layer.data->file = table_beside(file);
+    layer.file = file;
+}
+
+} // namespace
 
 vs_entity* vs_lr_safe_upcast(vs_lr* layer) { return to_handle<vs_entity>(to_model(layer)); }
 
@@ -16,7 +35,7 @@ void vs_lr_get_wcaption(vs_lr* layer, vs_string_adp* out) { tell(out, layer, &ve
 void vs_lr_get_wfilename(vs_lr* layer, vs_string_adp* out) { tell(out, layer, &vestra::layer::file); }
 
 void vs_lr_set_wfilename(vs_lr* layer, const char16_t* text) {
-    on(layer, [&](auto& model) { model.file = text_of(text); });
+    on(layer, [&](auto& model) { refer_to(model, text_of(text)); });
 }
 
 void vs_lr_get_wsource(vs_lr* layer, vs_string_adp* out) { tell(out, layer, &vestra::layer::source); }

@@ -19,6 +19,11 @@ void vs_scn_2d_destroy(vs_scn_2d* scene_2d) { destroy(scene_2d); }
 
 vs_entities* vs_scn_2d_safe_upcast(vs_scn_2d* scene_2d) { return vs_scn_safe_upcast(scene_2d); }
 
+vs_scn_2d* vs_scn_2d_safe_downcast(vs_entity* entity) {
+    auto* found = dynamic_cast<vestra::scene*>(to_model(entity));
+    return found && found->kind == vestra::dimension::flat ? to_handle<vs_scn_2d>(found) : nullptr;
+}
+
 void vs_scn_2d_get_wcaption(vs_scn_2d* scene_2d, vs_string_adp* out) { vs_scn_get_wcaption(scene_2d, out); }
 
 uint32_t vs_scn_2d_get_layer_count(vs_scn_2d* scene_2d) { return count_of(scene_2d); }

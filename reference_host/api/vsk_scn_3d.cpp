@@ -15,6 +15,11 @@ void vs_scns_3d_del(vs_scns_3d* scenes, uint32_t index) { remove_member(scenes, 
 
 vs_entities* vs_scn_3d_safe_upcast(vs_scn_3d* scene_3d) { return vs_scn_safe_upcast(scene_3d); }
 
+vs_scn_3d* vs_scn_3d_safe_downcast(vs_entity* entity) {
+    auto* found = dynamic_cast<vestra::scene*>(to_model(entity));
+    return found && found->kind == vestra::dimension::solid ? to_handle<vs_scn_3d>(found) : nullptr;
+}
+
 void vs_scn_3d_get_wcaption(vs_scn_3d* scene_3d, vs_string_adp* out) { vs_scn_get_wcaption(scene_3d, out); }
 
 uint32_t vs_scn_3d_get_layer_count(vs_scn_3d* scene_3d) { return count_of(scene_3d); }

@@ -26,10 +26,12 @@ bool is_shape_file(const wide_string& path) {
            file->read(first.data(), first.size()) == first.size() && first == mark;
 }
 
-// The names of one folder by their folded stems.
-class folder_stems {
+wide_string first_piece(const wide_string& name) { return platform::folded(name.substr(0, name.find(u'.'))); }
+
+// The files of one folder, by what their names have before the first dot.
+class folder_names {
 public:
-    explicit folder_stems(const wide_string& folder) { read(folder); }
+    explicit folder_names(const wide_string& folder) { read(folder); }
 
     // True as long as the folder has not changed since it was read. A change that came too soon after the
     // last one need not show in the folder's time, so that one must be older than the step of its clock.
@@ -41,13 +43,18 @@ public:
     void read(const wide_string& folder) {
         read_at_ = std::filesystem::file_time_type::clock::now();
         changed_ = time_of(folder);
+        count_ = 0;
         names_.clear();
-        for (const auto& entry : platform::current_system().list(folder))
-            if (!entry.is_folder) names_[platform::folded(parts_of(entry.name).stem)].push_back(entry.name);
+        for (const auto& entry : platform::current_system().list(folder)) {
+            if (entry.is_folder) continue;
+            names_[first_piece(entry.name)].push_back(entry.name);
+            ++count_;
+        }
     }
 
-    const std::vector<wide_string>& with_stem(const wide_string& stem) {
-        return names_[platform::folded(stem)];
+    std::size_t count() const { return count_; }
+    const std::vector<wide_string>& beginning_as(const wide_string& name) {
+        return names_[first_piece(name)];
     }
 
     static std::filesystem::file_time_type time_of(const wide_string& folder) {
@@ -57,14 +64,15 @@ public:
 
 private:
     std::unordered_map<wide_string, std::vector<wide_string>> names_;
+    std::size_t count_ = 0;
     std::filesystem::file_time_type changed_;
     std::filesystem::file_time_type read_at_;
 };
 
-folder_stems& stems_of(const wide_string& folder) {
-    static std::unordered_map<std::string, folder_stems> folders;
+folder_names& names_in(const wide_string& folder) {
+    static std::unordered_map<std::string, folder_names> folders;
     const auto [row, is_new] = folders.try_emplace(platform::native_path(folder).string(), folder);
-    if (!is_new && !row->second.is_current(folder_stems::time_of(folder))) row->second.read(folder);
+    if (!is_new && !row->second.is_current(folder_names::time_of(folder))) row->second.read(folder);
     return row->second;
 }
 
@@ -99,10 +107,20 @@ file_list grid_family(const wide_string& path) {
 
 file_list same_stem_family(const wide_string& path) {
     const path_parts main = parts_of(path);
+    const wide_string own_name = main.stem + main.extension;
     file_list files{path};
-    for (const wide_string& name : stems_of(main.head).with_stem(main.stem))
-        if (!is_same_name(name, main.stem + main.extension)) files.push_back(main.head + name);
+    for (const wide_string& name : names_in(main.head).beginning_as(own_name))
+        if (!is_same_name(name, own_name) && is_same_name(parts_of(name).stem, main.stem))
+            files.push_back(main.head + name);
     return files;
+}
+
+std::optional<std::vector<wide_string>> near_names_in_large_folder(const wide_string& path) {
+    constexpr std::size_t fair_size = 1000;
+    const path_parts main = parts_of(path);
+    folder_names& names = names_in(main.head);
+    if (names.count() <= fair_size) return std::nullopt;
+    return names.beginning_as(main.stem + main.extension);
 }
 
 } // namespace vestra::datasets

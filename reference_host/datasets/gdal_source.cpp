@@ -85,11 +85,15 @@ private:
 
 } // namespace
 
-std::unique_ptr<gdal_source> open_gdal_source(const std::filesystem::path& native) {
+std::unique_ptr<gdal_source> open_gdal_source(const std::filesystem::path& native,
+                                              const std::vector<wide_string>* siblings) {
     [[maybe_unused]] static const bool registered = (GDALAllRegister(), true);
     const silence quiet;
+    CPLStringList names;
+    if (siblings)
+        for (const wide_string& name : *siblings) names.AddString(platform::to_utf8(name).c_str());
     constexpr unsigned kinds = GDAL_OF_READONLY | GDAL_OF_RASTER | GDAL_OF_VECTOR;
-    data_set_handle opened(GDALOpenEx(native.string().c_str(), kinds, nullptr, nullptr, nullptr));
+    data_set_handle opened(GDALOpenEx(native.string().c_str(), kinds, nullptr, nullptr, names.List()));
     if (!opened) return nullptr;
     return std::make_unique<opened_source>(std::move(opened));
 }

@@ -26,7 +26,9 @@ public:
     virtual wide_string field_text(std::int32_t field) = 0;
 };
 
-// Null if the file or folder is of no known format, or broken. Nothing is printed, nothing is written.
-std::unique_ptr<gdal_source> open_gdal_source(const std::filesystem::path& native);
+// Null if the file or folder is of no known format, or broken. Nothing is printed, nothing is written. With
+// `siblings`, names in the file's folder, no others are taken for companions and the folder is not read.
+std::unique_ptr<gdal_source> open_gdal_source(const std::filesystem::path& native,
+                                              const std::vector<wide_string>* siblings = nullptr);
 
 } // namespace vestra::datasets

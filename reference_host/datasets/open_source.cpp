@@ -126,7 +126,8 @@ identity_pointer open_file(const wide_string& path) {
     const auto native = platform::native_path(path);
     if (has_extension(path, {u".shp"}))
         if (auto files = shape_family(path)) return make(std::move(*files), {nullptr, native});
-    if (auto known = open_gdal_source(native)) {
+    const auto siblings = near_names_in_large_folder(path);
+    if (auto known = open_gdal_source(native, siblings ? &*siblings : nullptr)) {
         file_list files = asked_paths(*known, asked_place(path, native, false));
         if (std::ranges::find(files, path) == files.end()) files.insert(files.begin(), path);
         return make(std::move(files), {std::move(known), {}});

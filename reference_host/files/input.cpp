@@ -57,8 +57,10 @@ bool input::read(const wide_string& path) {
     const platform::open_result result =
         system.open(path, platform::access::read, platform::disposition::open_existing, file);
     if (result != platform::open_result::opened) {
-        const bool there = system.kind_of(path) == platform::entry_kind::file;
-        refuse_line(0, there ? u"the file cannot be opened" : u"there is no such file");
+        const platform::entry_kind there = system.kind_of(path);
+        refuse_line(0, there == platform::entry_kind::none     ? u"there is no such file"
+                       : there == platform::entry_kind::folder ? u"is a folder"
+                                                               : u"the file cannot be opened");
         return false;
     }
     const std::uint64_t size = file->size();

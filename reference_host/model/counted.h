@@ -14,11 +14,11 @@ public:
     ~counted() { --living; }
 
 private:
-    static inline std::size_t living = 0;
+    static std::size_t living;
     friend std::size_t living_objects();
 };
 
 // Zero when every host object was destroyed. Asked on the user-interface thread, as all of the host.
-inline std::size_t living_objects() { return counted::living; }
+std::size_t living_objects();
 
 } // namespace vestra

@@ -26,13 +26,19 @@ public:
     using entity_list::entity_list;
     owned_list& operator=(owned_list&&) noexcept = default;
 
-    std::uint32_t count() const override { return static_cast<std::uint32_t>(members_.size()); }
+    std::uint32_t count() const override { return static_cast<std::uint32_t>(members().size()); }
     T* at(std::uint32_t index) const override {
-        return index < members_.size() ? members_[index].get() : nullptr;
+        return index < members().size() ? members()[index].get() : nullptr;
     }
-    void clear() override { members_.clear(); }
+    void clear() override {
+        members_.clear();
+        first_gap_ = none;
+    }
 
-    T& add(std::unique_ptr<T> member) { return *members_.emplace_back(std::move(member)); }
+    T& add(std::unique_ptr<T> member) {
+        close_gaps();
+        return *members_.emplace_back(std::move(member));
+    }
     // Makes the member in place, from the arguments of its constructor.
     template <class... Arguments>
     T& make(Arguments&&... arguments) {
@@ -40,12 +46,28 @@ public:
     }
     // Destroys the member; those behind it move down. An index at or beyond the count is ignored.
     void remove(std::uint32_t index) {
-        if (index < members_.size()) members_.erase(members_.begin() + index);
+        if (index >= first_gap_) close_gaps();
+        if (index >= members_.size()) return;
+        members_[index].reset();
+        first_gap_ = index;
     }
-    const std::vector<std::unique_ptr<T>>& members() const { return members_; }
+    const std::vector<std::unique_ptr<T>>& members() const {
+        close_gaps();
+        return members_;
+    }
 
 private:
-    std::vector<std::unique_ptr<T>> members_;
+    static constexpr std::size_t none = ~std::size_t{0};
+
+    // Members move up only when somebody looks: removing n of them from the last to the first stays linear.
+    void close_gaps() const {
+        if (first_gap_ == none) return;
+        std::erase(members_, nullptr);
+        first_gap_ = none;
+    }
+
+    mutable std::vector<std::unique_ptr<T>> members_; // null where a member was removed
+    mutable std::size_t first_gap_ = none;
 };
 
 } // namespace vestra

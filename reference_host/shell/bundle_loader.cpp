@@ -42,10 +42,7 @@ std::optional<load_error> bundle_loader::start(entry_function entry) {
 }
 
 std::optional<load_error> bundle_loader::load(const wide_string& path) {
-    const bool is_loaded = std::ranges::any_of(bundles_, [&](const auto& other) {
-        return platform::current_system().same_file(other->path(), path);
-    });
-    if (is_loaded) return load_error{path, u"the bundle is loaded already"};
+    if (find(path) != bundles_.end()) return load_error{path, u"the bundle is loaded already"};
 
     wide_string reason;
     auto library = platform::library::open(path, reason);
@@ -62,6 +59,19 @@ std::optional<load_error> bundle_loader::start(entry_function entry, std::unique
     call<&bundle_impl::start>(started, bundle->context());
     bundles_.push_back(std::move(bundle));
     return std::nullopt;
+}
+
+bundle_loader::bundle_list::iterator bundle_loader::find(const wide_string& path) {
+    return std::ranges::find_if(bundles_, [&](const auto& bundle) {
+        return platform::current_system().same_file(bundle->path(), path);
+    });
+}
+
+bool bundle_loader::unload(const wide_string& path) {
+    const auto bundle = find(path);
+    if (bundle == bundles_.end()) return false;
+    bundles_.erase(bundle);
+    return true;
 }
 
 void bundle_loader::unload_all() {

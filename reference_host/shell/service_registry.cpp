@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <array>
 #include <iterator>
-#include <ranges>
 #include <string>
 #include <utility>
 
@@ -93,7 +92,8 @@ void service_registry::release_services_of(const bundle_context* context) {
     const auto made = std::exchange(made_, {});
     const auto is_meant = [&](const auto& row) { return !context || row->context == *context; };
     std::ranges::remove_copy_if(made, std::back_inserter(made_), is_meant);
-    for (const auto& row : made | std::views::reverse | std::views::filter(is_meant)) row->service.reset();
+    for (auto row = made.rbegin(); row != made.rend(); ++row)
+        if (is_meant(*row)) (*row)->service.reset();
 }
 
 void service_registry::remove(const bundle_context& context) {

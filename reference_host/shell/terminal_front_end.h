@@ -20,7 +20,7 @@ struct terminal_options {
     // The answer given beforehand to the question of this text; nothing where it is to be asked.
     std::function<std::optional<answer>(wide_view question)> decided;
     // What to print for the text of an error, where more is known than the error says.
-    std::function<wide_string(wide_view text)> error_text;
+    std::function<wide_string(wide_view text)> error_text = nullptr;
     answer nobody_asked = answer::no; // to what is not decided, where there is no terminal
 };
 

@@ -134,13 +134,12 @@ TEST(ref, the_last_strong_one_ends_the_object_once_and_the_weak_ones_learn_of_it
     EXPECT_FALSE(weak);
 }
 
-// A referrer without a pointer keeps the object alive, and a removal that finds nothing still runs the last test.
+// A referrer without a pointer keeps the object alive, and a removal that finds nothing still runs the last
+// test.
 TEST(ref, an_object_lives_as_long_as_a_row_keeps_it_and_no_longer) {
     auto* object = new desk_lamp;
     object->add_referrer({});
-    {
-        const ref<lamp_impl> strong(lamp_of(*object));
-    }
+    { const ref<lamp_impl> strong(lamp_of(*object)); }
     EXPECT_EQ(1, living);
     object->remove_referrer({});
     EXPECT_EQ(0, living);

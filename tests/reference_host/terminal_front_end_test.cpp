@@ -79,19 +79,19 @@ TEST(terminal_front_end, questions_are_answered_by_the_person_by_what_was_decide
     const struct {
         const char* what;
         wide_view question;
-        bool is_screen;
         std::deque<std::string> typed;
         answer with_cancel;
+        bool is_screen;
         bool yes_no;
     } rows[] = {
-        {"yes", u"Stop?", true, {"Y", "Y"}, answer::yes, true},
-        {"in the base language", u"Stop?", true, {"Да", "да"}, answer::yes, true},
-        {"asked until it is understood", u"Stop?", true, {"perhaps", "", "no", "n"}, answer::no, false},
-        {"cancel is no answer to yes or no", u"Stop?", true, {"c", "c", "y"}, answer::cancel, true},
-        {"a second Ctrl-C", u"Stop?", true, {"^C", "^C"}, answer::cancel, false},
-        {"end of the input", u"Stop?", true, {}, answer::cancel, false},
-        {"nobody there", u"Stop?", false, {"y", "y"}, answer::no, false},
-        {"decided", u"Erase?", true, {"n", "n"}, answer::yes, true},
+        {"yes", u"Stop?", {"Y", "Y"}, answer::yes, true, true},
+        {"in the base language", u"Stop?", {"Да", "да"}, answer::yes, true, true},
+        {"asked until it is understood", u"Stop?", {"perhaps", "", "no", "n"}, answer::no, true, false},
+        {"cancel is no answer to yes or no", u"Stop?", {"c", "c", "y"}, answer::cancel, true, true},
+        {"a second Ctrl-C", u"Stop?", {"^C", "^C"}, answer::cancel, true, false},
+        {"end of the input", u"Stop?", {}, answer::cancel, true, false},
+        {"nobody there", u"Stop?", {"y", "y"}, answer::no, false, false},
+        {"decided", u"Erase?", {"n", "n"}, answer::yes, true, true},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.what);

@@ -1,3 +1,4 @@
+// Linux only: a full disk, pipes, links, holes and locks are made by means of its own.
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/file.h>

@@ -1,3 +1,4 @@
+// Linux only: resources are registered there; on Windows they are the resource compiler's (see windows_test.cpp).
 #include "platform/resources.h"
 
 #include <gtest/gtest.h>

@@ -1,3 +1,4 @@
+// Linux only: drives are folders there; on Windows they are the system's (see windows_test.cpp).
 #include "platform/posix/volumes.h"
 
 #include <gtest/gtest.h>

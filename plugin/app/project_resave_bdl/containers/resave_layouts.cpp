@@ -4,6 +4,7 @@
 
 #include "containers/resave_layout_parts.h"
 #include "containers/resave_legend_plus.h"
+#include "framework/encoding.h"
 #include "framework/string_adapter.h"
 #include "framework/strings.h"
 #include "host/interfaces/layout_legend_layer.h"
@@ -44,7 +45,7 @@ void Tvs_resave_scn_layout::build() {
 std::unique_ptr<Tvs_resave_unit> Tvs_resave_scn_layout::make_unit(vs_lr* layer) {
     if (vs_entity* entity = vs_lr_safe_upcast(layer))
         if (auto claimed = context->entity_factory_.make(*context, entity)) return claimed;
-    const std::string_view type = vs_lr2d_get_lr_type(layer);
+    const std::string_view type = narrow_or_empty(vs_lr2d_get_lr_type(layer));
     if (type == "layout_scene_frame") return std::make_unique<Tvs_resave_scene_frame>(layer, *context);
     if (type == "layout_image") return std::make_unique<Tvs_resave_rtr_lr>(layer, *context);
     if (type == "vs_layout_legend_layer_meta_id") return make_legend(layer);

@@ -3,6 +3,7 @@
 #include <string_view>
 
 #include "core/paths.h"
+#include "framework/encoding.h"
 #include "framework/string_adapter.h"
 #include "framework/strings.h"
 #include "host/vsk_lr2d.h"
@@ -31,7 +32,7 @@ std::unique_ptr<Tvs_resave_unit> Tvs_resave_legend_plus::make_unit(vs_lr* layer)
         return std::make_unique<Unit>(layer, layout_caption, heading(), *context);
     };
     const char* const text = vs_lr2d_get_lr_type(layer);
-    const std::string_view type = text;
+    const std::string_view type = narrow_or_empty(text);
     if (type == "shp_pnt_lr2d" || type == "shp_pln_lr2d" || type == "shp_pgn_lr2d")
         return make(std::in_place_type<Tvs_resave_shp_2d_legend_plus>);
     if (type == "rtr_lr2d") return make(std::in_place_type<Tvs_resave_rtr_legend_plus>);

@@ -28,15 +28,28 @@ wide_string unique_path(const wide_string& path) {
     return candidate;
 }
 
-bool remove_tree(const wide_string& path) {
+namespace {
+
+// A file, an empty folder, or a link, which goes without what it leads to.
+bool remove_alone(const wide_string& path) {
     platform::system& files = platform::current_system();
-    // First as if it were no folder: that takes a link without what it leads to.
-    if (files.delete_file(path)) return true;
-    const std::vector<platform::folder_entry> entries = files.list(path);
+    return files.delete_file(path) || files.remove_folder(path);
+}
+
+} // namespace
+
+bool remove_tree(const wide_string& path) {
+    if (remove_alone(path)) return true;
+    const std::vector<platform::folder_entry> entries = platform::current_system().list(path);
     const bool has_separator = !path.empty() && is_separator(path.back());
-    for (auto entry = entries.rbegin(); entry != entries.rend(); ++entry)
-        remove_tree(path + (has_separator ? u"" : u"\\") + entry->name);
-    return files.remove_folder(path);
+    for (auto entry = entries.rbegin(); entry != entries.rend(); ++entry) {
+        const wide_string inner = path + (has_separator ? u"" : u"\\") + entry->name;
+        if (entry->is_link) // one that cannot be removed is not entered either
+            remove_alone(inner);
+        else
+            remove_tree(inner);
+    }
+    return platform::current_system().remove_folder(path);
 }
 
 } // namespace vs::project_resave

@@ -155,11 +155,16 @@ bool path_same(wide_view first, wide_view second) {
 
 wide_string path_key(wide_view path) { return platform::folded(path_normalise(path)); }
 
-wide_string valid_path(wide_view path) {
-    wide_string result(path);
-    for (size_t i = path_root(path).size(); i < result.size(); ++i)
-        if (wide_view(u"<>:\"|?*").find(result[i]) != wide_view::npos) result[i] = u'_';
+wide_string valid_name(wide_view name) {
+    wide_string result(name);
+    for (char16_t& c : result)
+        if (wide_view(u"<>:\"|?*").find(c) != wide_view::npos) c = u'_';
     return result;
+}
+
+wide_string valid_path(wide_view path) {
+    const wide_string drive = path_root(path);
+    return drive + valid_name(path.substr(drive.size()));
 }
 
 wide_string trim(wide_view text, wide_view set) {

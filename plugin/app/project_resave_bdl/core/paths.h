@@ -57,7 +57,9 @@ bool path_same(wide_view first, wide_view second);
 // Two texts have equal keys exactly if `path_same` finds them the same.
 wide_string path_key(wide_view path);
 
-// A copy in which each character that no file name may hold is "_"; the colon of a drive stays.
+// A copy in which each character that no file name may hold is "_"; separators stay.
+wide_string valid_name(wide_view name);
+// The same; the colon of a drive stays.
 wide_string valid_path(wide_view path);
 
 // Blanks as they are cut off captions.

@@ -24,9 +24,10 @@ void resave_options::assign(const resave_settings& settings) {
 
 bool resave_options::ask_add_referenced() {
     if (add_referenced == 2) {
+        const bool shown = progress->window != nullptr;
         progress->set_hidden(true);
         add_referenced = vs_bool_to_3state(ask_yes_no(214));
-        progress->set_hidden(false);
+        if (shown) progress->set_hidden(false);
     }
     return vs_3state_to_bool(add_referenced);
 }

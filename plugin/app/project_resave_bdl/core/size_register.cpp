@@ -3,6 +3,7 @@
 #include <algorithm>
 
 #include "core/selection_register.h"
+#include "framework/visitors.h"
 #include "host/vsk_basic.h"
 #include "platform/system.h"
 
@@ -85,7 +86,8 @@ void size_register::add_files(const std::vector<wide_string>& paths) {
 
 void size_register::add_wstrings(const vs_wstrings* paths) {
     const uint32_t count = vs_wstrings_get_size(paths);
-    for (uint32_t index = 0; index < count; ++index) add_file(vs_wstrings_get_str(paths, index));
+    for (uint32_t index = 0; index < count; ++index)
+        add_file(text_or_empty(vs_wstrings_get_str(paths, index)));
 }
 
 void size_register::add_path_to_parents(const wide_string& path) {

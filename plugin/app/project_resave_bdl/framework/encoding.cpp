@@ -1,6 +1,5 @@
 #include "framework/encoding.h"
 
-#include "framework/visitors.h"
 #include "platform/text.h"
 
 namespace vs::project_resave {
@@ -30,7 +29,5 @@ wide_string to_wide(std::string_view bytes, uint32_t row) {
 }
 
 wide_string host_text(const char* text) { return text ? to_wide(text, system_row) : wide_string(); }
-
-void stdstring_visitor::visit(const char16_t* told) { text = to_narrow(text_or_empty(told), encoding); }
 
 } // namespace vs::project_resave

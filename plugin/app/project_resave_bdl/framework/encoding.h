@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "platform/wide_string.h"
+#include "framework/visitors.h"
 
 namespace vs::project_resave {
 
@@ -25,5 +25,19 @@ std::string to_narrow(wide_view text, uint32_t row);
 wide_string to_wide(std::string_view bytes, uint32_t row);
 // Narrow text of the host; null counts as empty.
 wide_string host_text(const char* text);
+inline std::string_view narrow_or_empty(const char* text) { return text ? text : ""; }
+
+// Keeps the last text told, converted through a row of the encoding table; 18 is the system's code page.
+class stdstring_visitor final : public string_visitor_impl {
+public:
+    explicit stdstring_visitor(std::string& target, uint32_t encoding = system_row)
+        : text(target), row(encoding) {}
+    void visit(const char16_t* told) override { text = to_narrow(text_or_empty(told), row); }
+    operator string_visitor() { return pointer_to<string_visitor_impl>(*this); }
+
+private:
+    std::string& text;
+    uint32_t row;
+};
 
 } // namespace vs::project_resave

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <utility>
 #include <vector>
 
 #include "framework/ref.h"
@@ -21,20 +22,29 @@ public:
 };
 
 // All factories of this library in the order of their construction. Exists before any of them.
-std::vector<basic_service_factory_impl*>& factory_registry();
+inline std::vector<basic_service_factory_impl*>& factory_registry() {
+    static std::vector<basic_service_factory_impl*> factories;
+    return factories;
+}
 
 // Lists itself for as long as it lives.
 class custom_service_factory_impl : public basic_service_factory_impl {
 public:
-    explicit custom_service_factory_impl(wide_string factory_id);
-    ~custom_service_factory_impl() override;
+    explicit custom_service_factory_impl(wide_string factory_id)
+        : basic_service_factory_impl(std::move(factory_id)) {
+        factory_registry().push_back(this);
+    }
+    ~custom_service_factory_impl() override { std::erase(factory_registry(), this); }
 };
 
 // The same for a factory that offers nothing but wants the context, as a client of other services.
 class custom_client_factory_impl : public basic_service_factory_impl {
 public:
-    explicit custom_client_factory_impl(wide_string factory_id);
-    ~custom_client_factory_impl() override;
+    explicit custom_client_factory_impl(wide_string factory_id)
+        : basic_service_factory_impl(std::move(factory_id)) {
+        factory_registry().push_back(this);
+    }
+    ~custom_client_factory_impl() override { std::erase(factory_registry(), this); }
 };
 
 // Starts, keeps and hands out one service of a factory.
@@ -50,20 +60,30 @@ public:
 };
 
 // T is the service's class, a referent of the interface Impl built with the context.
+//
+// The end of the holder is the end of the service, whoever else holds it: it comes when the library goes, and
+// the service's code with it. All that refer to the service are told.
 template <class T, class Impl>
 class ref_service_holder final : public service_holder_base<T> {
 public:
+    ~ref_service_holder() override { ref_service_holder::stop(); }
     void start(const bundle_context& context) override {
-        if (!held) held.assign(pointer_to<Impl>(*new T(context)));
+        if (held) return;
+        auto made = std::make_unique<T>(context);
+        held.assign(pointer_to<Impl>(*made));
+        object = made.release();
     }
-    void stop() override { held.reset(); }
+    void stop() override {
+        if (held) delete object;
+    }
     bool running() const override { return static_cast<bool>(held); }
     identity_pointer service() const override {
         return identity_of(static_cast<const interface_pointer&>(held.get()));
     }
 
 private:
-    ref<Impl> held;
+    ref<Impl> held; // null again once the service has ended
+    T* object = nullptr;
 };
 
 template <class T>

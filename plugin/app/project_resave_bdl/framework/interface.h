@@ -145,12 +145,37 @@ protected:
     ~interface_of() = default;
 };
 
+namespace border {
+
+using query_entry = void (*)(const void* table, void* instance, const char* name, const void** found_table,
+                             void** found_instance);
+using identity_of_entry = void (*)(interface_pointer* out, const void* table, void* instance);
+
+inline void answer_query(const void*, void* instance, const char* name, const void** table,
+                         void** found) noexcept {
+    *table = nullptr;
+    *found = nullptr;
+    try {
+        static_cast<interface_impl*>(instance)->query(name, table, found);
+    } catch (...) {
+        *table = nullptr;
+        *found = nullptr;
+    }
+}
+
+inline constexpr query_entry identity_table[] = {&answer_query};
+
+} // namespace border
+
 // The pair by which a provider is handed out.
 template <class Impl>
 interface_to<Impl> pointer_to(Impl& provider) {
     return {{table_of<Impl>(), &provider}};
 }
-identity_pointer identity_of(interface_impl& provider);
+inline identity_pointer identity_of(interface_impl& provider) {
+    return {{border::identity_table, &provider}};
+}
+inline void interface_impl::identity(interface_pointer& out) { out = identity_of(*this); }
 
 // Client call: call<&x_impl::operation>(x, arguments...).
 template <auto Operation, class... Args>
@@ -162,9 +187,23 @@ auto call(const interface_to<typename border::operation<Operation>::provider>& t
     return border::operation<Operation>::call(target, first + place, std::forward<Args>(args)...);
 }
 
+// The identity of an object; null for a null one.
+inline identity_pointer identity_of(const interface_pointer& object) {
+    identity_pointer identity;
+    if (object)
+        (*static_cast<const border::identity_of_entry*>(object.table))(&identity, object.table,
+                                                                       object.instance);
+    return identity;
+}
+
 // Asks an object for the interface of a name; null if the object does not speak it.
-interface_pointer query_name(const identity_pointer& object, const char* name);
-identity_pointer identity_of(const interface_pointer& object);
+inline interface_pointer query_name(const identity_pointer& object, const char* name) {
+    interface_pointer found;
+    if (object)
+        (*static_cast<const border::query_entry*>(object.table))(object.table, object.instance, name,
+                                                                 &found.table, &found.instance);
+    return found;
+}
 
 template <class Impl>
 interface_to<Impl> cast_to(const identity_pointer& object) {
@@ -176,3 +215,5 @@ interface_to<Impl> cast_to(const interface_to<Other>& object) {
 }
 
 } // namespace vs::project_resave
+
+namespace project_resave = vs::project_resave;

@@ -5,6 +5,7 @@
 #include <memory>
 #include <unordered_set>
 
+#include "framework/encoding.h"
 #include "framework/ref.h"
 #include "host/interfaces/layer_type_service.h"
 #include "host/interfaces/service_visitor.h"
@@ -60,7 +61,7 @@ std::vector<layer_type_bitmap> layer_type_loader::load(const std::vector<wide_st
 
 int32_t layer_type_index(const std::vector<layer_type_bitmap>& types, vs_lr* layer) {
     if (!layer) return -1;
-    const char* type = vs_lr_get_lr_type(layer);
+    const std::string_view type = narrow_or_empty(vs_lr_get_lr_type(layer));
     const auto row = std::find_if(types.begin(), types.end(),
                                   [&](const layer_type_bitmap& known) { return known.layer_type == type; });
     return row == types.end() ? -1 : static_cast<int32_t>(row - types.begin());

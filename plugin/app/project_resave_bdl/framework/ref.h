@@ -74,6 +74,13 @@ public:
     obj() = default;
     explicit obj(const referent_pointer& wrapped_referent) : wrapped(wrapped_referent) {}
     referent_pointer self() override { return wrapped ? wrapped.get() : pointer_to<referent_impl>(*this); }
+    // Whoever refers to this object refers to the one whose life counts.
+    void query(const char* asked, const void** table, void** instance) override {
+        if (std::strcmp(asked, referent_impl::name) != 0) return;
+        const referent_pointer living = self();
+        *table = living.table;
+        *instance = living.instance;
+    }
 
 private:
     ref<referent_impl> wrapped;
@@ -81,7 +88,6 @@ private:
 
 // A class side and a referent in one object: class x : public referent<x_impl>. `I` may be a polymorphic
 // chain.
-
 template <class I>
 class referent : public I, public obj {
 public:

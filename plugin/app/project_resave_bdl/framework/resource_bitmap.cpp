@@ -49,6 +49,8 @@ platform::image find_picture(const string_key& key, loader load) {
         picture_taker taker(picture);
         call<&localizer_impl::bitmap>(found, key.module.value, key.id,
                                       pointer_to<masked_bitmap_visitor_impl>(taker));
+        const size_t pixels = size_t{picture.width} * picture.height;
+        if (picture.colour.size() != colour_bytes * pixels || picture.mask.size() != pixels) picture = {};
     } else if (!load(key.module, key.id + vs_res_get_lng(), picture)) {
         load(key.module, key.id, picture);
     }

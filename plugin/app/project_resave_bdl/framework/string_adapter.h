@@ -11,7 +11,7 @@ namespace vs::project_resave {
 // Holds the host's adapter for the life of one call.
 class Tvs_string_adapter_base {
 public:
-    Tvs_string_adapter_base();
+    Tvs_string_adapter_base() : handle(vs_string_adp_create(&assign_text, &text_of, this)) {}
     Tvs_string_adapter_base(const Tvs_string_adapter_base&) = delete;
     Tvs_string_adapter_base& operator=(const Tvs_string_adapter_base&) = delete;
     // `text` may be null, which counts as empty.
@@ -20,9 +20,24 @@ public:
     operator vs_string_adp*() const { return handle; }
 
 protected:
-    ~Tvs_string_adapter_base();
+    ~Tvs_string_adapter_base() { vs_string_adp_destroy(handle); }
 
 private:
+    // Called by the host: nothing may leave but by return.
+    static void assign_text(void* adapter, const char16_t* text) noexcept {
+        try {
+            static_cast<Tvs_string_adapter_base*>(adapter)->assign(text);
+        } catch (...) { // out of memory: the string stays as it was
+        }
+    }
+    static const char16_t* text_of(void* adapter) noexcept {
+        try {
+            return static_cast<Tvs_string_adapter_base*>(adapter)->text();
+        } catch (...) {
+            return u"";
+        }
+    }
+
     vs_string_adp* handle;
 };
 

@@ -4,7 +4,6 @@
 
 #include <cstdint>
 #include <set>
-#include <string>
 #include <vector>
 
 #include "framework/interface.h"
@@ -40,19 +39,6 @@ public:
 
 private:
     wide_string& text;
-};
-
-// Keeps the last text told, converted through a row of the encoding table; 18 is the system's code page.
-class stdstring_visitor final : public string_visitor_impl {
-public:
-    explicit stdstring_visitor(std::string& target, uint32_t encoding_row = 18)
-        : text(target), encoding(encoding_row) {}
-    void visit(const char16_t* told) override;
-    operator string_visitor() { return pointer_to<string_visitor_impl>(*this); }
-
-private:
-    std::string& text;
-    uint32_t encoding;
 };
 
 class stdwstring_list_visitor final : public string_visitor_impl {

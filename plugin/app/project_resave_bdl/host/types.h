@@ -3,6 +3,7 @@
 // All functions are called on the user-interface thread.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 
 // The pair by which the host and its bundles reach each other's objects; null when either word is null.
@@ -13,6 +14,8 @@ struct vs_interface_pointer {
     friend bool operator==(const vs_interface_pointer&, const vs_interface_pointer&) = default;
 };
 static_assert(sizeof(vs_interface_pointer) == 2 * sizeof(void*));
+static_assert(alignof(vs_interface_pointer) == alignof(void*));
+static_assert(offsetof(vs_interface_pointer, table) == 0);
 
 // A 2D and a 3D scene are both scenes; the tags below let their handles convert to vs_scn by themselves.
 struct vs_scn {};

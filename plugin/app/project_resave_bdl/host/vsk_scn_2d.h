@@ -16,6 +16,8 @@ void vs_scns_2d_del(vs_scns_2d* scenes, uint32_t index);
 vs_scn_2d* vs_scn_2d_create();
 void vs_scn_2d_destroy(vs_scn_2d* scene);
 vs_entities* vs_scn_2d_safe_upcast(vs_scn_2d* scene);
+// The 2D scene that the entity is, or null.
+vs_scn_2d* vs_scn_2d_safe_downcast(vs_entity* entity);
 void vs_scn_2d_get_wcaption(vs_scn_2d* scene, vs_string_adp* out);
 uint32_t vs_scn_2d_get_layer_count(vs_scn_2d* scene);
 vs_lr* vs_scn_2d_get_layer_ptr(vs_scn_2d* scene, uint32_t index);

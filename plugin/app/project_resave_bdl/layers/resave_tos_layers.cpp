@@ -104,7 +104,7 @@ bool Tvs_resave_tos_lr::copy_files(const wide_string& source, const wide_string&
 
 void Tvs_resave_tos_lr::after_file_saved() {
     // Counts the rows that name a file, not the rows: behind an empty row a file is handled under the element
-    // of an earlier one. Projects rely on it.
+    // of an earlier one. That is how it must stay.
     size_t counted = 0;
     for (model_file& file : model_files) {
         if (file.old_path.empty()) continue;

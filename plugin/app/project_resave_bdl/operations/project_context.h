@@ -3,6 +3,7 @@
 // only.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <unordered_map>
 #include <unordered_set>
@@ -20,10 +21,13 @@
 #include "operations/event.h"
 #include "operations/run_progress.h"
 #include "operations/run_report.h"
-#include "services/entity_factory.h"
 #include "services/collect_services.h"
+#include "services/entity_factory.h"
 
 namespace vs::project_resave {
+
+struct structure_settings;
+struct scene_file_settings;
 
 class project_context {
 public:
@@ -52,7 +56,20 @@ public:
     bool stop_and_reload();
     void note_project_saved(bool ok);
 
+    // The other runs over the tree. The project stays loaded and as it was. False only if none is loaded; a
+    // file that cannot be written is not told, and after a stop the text file is removed.
+    //
+    // The structure as text. The log goes on naming that file, so a later run without a log adds to it.
+    bool save_structure(const structure_settings& settings);
+    // A scene file for each selected 2D scene, named by its caption. Their folder is the path of the new
+    // project of the last resave, as it stands; before the first it is empty: the current directory.
+    bool create_scene_files(const scene_file_settings& settings);
+    // Three lines for each path whose letter case is not the disk's: as stored, as it is, and an empty one.
+    bool check_path_case(const wide_string& report_path);
+
     vs_prj* project_handle() { return project; }
+    project_resave::selection_register& selection_register() { return selection; }
+    project_resave::size_register& size_register() { return sizes; }
     event& project_changed_event() { return project_changed; }
 
     resave_options options{&progress};
@@ -68,6 +85,7 @@ public:
     std::unordered_set<wide_string> loading_scenes; // path keys of the map scenes now being loaded
     deferred_joins deferred_joins_{&placement, &log, &report};
     uint32_t total_units = 0;
+    bool case_differs = false; // what the last check of the letter case found
     const resave_services* services;
     vs_prj* project = nullptr; // owned
     event project_changed;
@@ -75,7 +93,7 @@ public:
 
 private:
     bool read_project(vs_xml_save_prj* reader, const wide_string& path, bool write_open_log);
-    void build_tree();
+    void build_tree(const wide_string& path);
     void add_root(std::unique_ptr<Tvs_resave_unit> root);
     void release_project();
     void begin_run(const resave_settings& settings);
@@ -86,6 +104,9 @@ private:
     void end_run();
     void abandon_run();
     void forget_project();
+    // Shows progress while `lines` writes a new text file through the log. After a stop the file is gone, the
+    // user has been told, and the answer is false.
+    bool write_text(const wide_string& path, const std::function<void()>& lines);
 
     std::set<wide_string> types_of_tree; // layer kinds of the loaded tree that nothing resaves
 };

@@ -1,11 +1,13 @@
 #include "operations/project_context.h"
 
-#include <cstring>
+#include <algorithm>
+#include <string_view>
 
 #include "containers/resave_layouts.h"
 #include "containers/resave_scenes.h"
 #include "containers/resave_tables.h"
 #include "containers/resave_wells_data.h"
+#include "framework/encoding.h"
 #include "framework/host_owned.h"
 #include "framework/strings.h"
 #include "host/vsk_entity.h"
@@ -23,14 +25,14 @@ using wait_window = host_owned<vs_wait, &vs_wait_destroy>;
 using project_xml = host_owned<vs_xml_save_prj, &vs_xml_save_prj_destroy>;
 
 // Plug-in collections whose members are sheets made from a file.
-constexpr const char* well_collections[] = {"plugin_scn_2d_well_planshet_collection3",
-                                            "c_scn2d_correlation_collection2"};
+constexpr std::string_view well_collections[] = {"plugin_scn_2d_well_planshet_collection3",
+                                                 "c_scn2d_correlation_collection2"};
 
 bool is_well_collection(vs_scns_2d* collection) {
-    const char* meta_id = vs_entity_get_meta_id(vs_entities_safe_upcast(vs_scns_2d_safe_upcast(collection)));
-    for (const char* known : well_collections)
-        if (std::strcmp(meta_id, known) == 0) return true;
-    return false;
+    vs_entity* entity = vs_entities_safe_upcast(vs_scns_2d_safe_upcast(collection));
+    const std::string_view meta_id = narrow_or_empty(vs_entity_get_meta_id(entity));
+    return std::find(std::begin(well_collections), std::end(well_collections), meta_id) !=
+           std::end(well_collections);
 }
 
 } // namespace
@@ -72,19 +74,22 @@ bool project_context::load_project(const wide_string& wanted, bool show_wait, bo
     report.unprocessed_types.clear();
     release_project();
     clear_tree();
+    project = vs_prj_create();
     const project_xml reader(vs_xml_save_prj_create());
-    const bool loaded = read_project(reader.get(), path, write_open_log);
-    if (loaded) {
-        placement.set_source(path);
-        sizes.add_file(path);
-        build_tree();
+    bool loaded = false;
+    try {
+        loaded = read_project(reader.get(), path, write_open_log);
+        if (loaded) build_tree(path);
+    } catch (...) { // out of memory: nothing stays half loaded
+        loaded = false;
+        release_project();
+        clear_tree();
     }
     project_changed.fire();
     return loaded;
 }
 
 bool project_context::read_project(vs_xml_save_prj* reader, const wide_string& path, bool write_open_log) {
-    project = vs_prj_create();
     open_log.set_open_log_path(path, write_open_log);
     open_log.write_load_begin();
     if ((vs_xml_data_load_prj_w(reader, path.c_str(), project) & 0xFF) == 0) {
@@ -96,7 +101,9 @@ bool project_context::read_project(vs_xml_save_prj* reader, const wide_string& p
     return true;
 }
 
-void project_context::build_tree() {
+void project_context::build_tree(const wide_string& path) {
+    placement.set_source(path);
+    sizes.add_file(path);
     add_root(std::make_unique<Tvs_resave_scenes_2d>(vs_prj_get_scns_2d_ptr(project), *this));
     add_root(std::make_unique<Tvs_resave_scenes_3d>(vs_prj_get_scns_3d_ptr(project), *this));
     add_root(std::make_unique<Tvs_resave_toss_data>(vs_prj_get_toss_data_ptr(project), *this));

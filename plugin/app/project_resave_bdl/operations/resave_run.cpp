@@ -1,9 +1,10 @@
 // The resave of a loaded project, from the settings to the question of reopening the source.
 #include "operations/project_context.h"
 
-#include <cstring>
+#include <string_view>
 
 #include "core/path_files.h"
+#include "framework/encoding.h"
 #include "framework/host_owned.h"
 #include "framework/strings.h"
 #include "host/vsk_entity.h"
@@ -21,12 +22,9 @@ using project_xml = host_owned<vs_xml_save_prj, &vs_xml_save_prj_destroy>;
 // The round after which a selection that still changes is taken as it is.
 constexpr uint32_t last_round = 12;
 
-constexpr const char* scene_collections[] = {"Scene2DCollectionMetaID", "Scene3DCollectionMetaID"};
-
 bool is_scene_collection(vs_entity* entity) {
-    for (const char* known : scene_collections)
-        if (std::strcmp(vs_entity_get_meta_id(entity), known) == 0) return true;
-    return false;
+    const std::string_view meta_id = narrow_or_empty(vs_entity_get_meta_id(entity));
+    return meta_id == "Scene2DCollectionMetaID" || meta_id == "Scene3DCollectionMetaID";
 }
 
 } // namespace

@@ -10,8 +10,9 @@ namespace vs::project_resave::platform {
 /// A loaded library; unloaded by the destructor, which runs the destructors of its static objects.
 class library {
 public:
-    /// Loads the file of a drive path, and no other of that name. Null with the system's `reason` if there is
-    /// no such file, it is no library of this target, or it needs one that is not there.
+    /// Loads the file of a drive path, and no other of that name. Where drives are folders they stand in the
+    /// variable VESTRA_DRIVES from then on, for the library to read. Null with the system's `reason` if there
+    /// is no such file, it is no library of this target, or it needs one that is not there.
     static std::unique_ptr<library> open(const wide_string& path, wide_string& reason);
 
     ~library();

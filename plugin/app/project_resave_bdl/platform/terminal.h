@@ -3,8 +3,13 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace vs::project_resave::platform {
+
+/// What a program was started with, without its own name, from what `main` got; on Windows in UTF-8 whatever
+/// the system's code page.
+std::vector<std::string> program_arguments(int argc, char** argv);
 
 enum class line_result { read, ended, interrupted };
 

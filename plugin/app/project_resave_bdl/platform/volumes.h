@@ -10,7 +10,7 @@
 
 namespace vs::project_resave::platform {
 
-/// Makes a folder a drive: `assignment` is "C=/data/c" in the command line's encoding. A drive that exists
+/// Makes a folder a drive: `assignment` is "C=/data/c" as `program_arguments` tells it. A drive that exists
 /// is moved. False with a reason for the user in `message`: the form is wrong, the folder does not exist, or
 /// the target has drives of its own (Windows).
 bool add_drive(std::string_view assignment, std::string& message);
@@ -19,6 +19,10 @@ bool add_drive(std::string_view assignment, std::string& message);
 /// as it stands. From any other one "." and ".." are resolved, and it gets the drive of the longest folder
 /// that holds it, else Z:. Empty for an empty argument.
 wide_string drive_path(std::string_view argument);
+
+/// Makes a folder the current one of the process, against which paths without a drive are taken. False if it
+/// is no folder that can be entered; nothing is changed then.
+bool set_current_folder(const wide_string& folder);
 
 /// The system's own path of a drive path: of the existing entry, looked up without letter case, or of the
 /// one that would be created. Empty if the path cannot be expressed.

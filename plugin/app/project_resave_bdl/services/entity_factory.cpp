@@ -1,8 +1,10 @@
 #include "services/entity_factory.h"
 
+#include "framework/encoding.h"
 #include "host/vsk_entity.h"
 #include "host/vsk_lr.h"
 #include "layers/resave_grid_layers.h"
+#include "services/resave_entity_plugin.h"
 #include "services/resave_graphics_layer.h"
 
 namespace vs::project_resave {
@@ -13,6 +15,15 @@ template <class Unit>
 std::unique_ptr<Tvs_resave_unit> make_layer_unit(project_context& context, vs_entity* entity) {
     vs_lr* layer = vs_lr_safe_downcast(entity);
     return layer ? std::make_unique<Unit>(layer, context) : nullptr;
+}
+
+constexpr int32_t priority_without_service = 1;
+
+std::string meta_id_of(const resave_entity_service& service, uint32_t index) {
+    std::string meta_id;
+    stdstring_visitor visitor(meta_id);
+    call<&resave_entity_service_impl::meta_id>(service, index, visitor);
+    return meta_id;
 }
 
 } // namespace
@@ -26,6 +37,18 @@ std::unique_ptr<Tvs_resave_unit> factory_graphics_layer::make(project_context& c
     return make_layer_unit<resave_graphics_layer>(context, entity);
 }
 
+int32_t factory_entity_service::priority() {
+    return *service ? call<&resave_entity_service_impl::priority>(service->get()) : priority_without_service;
+}
+
+bool factory_entity_service::accepts(vs_entity* entity) {
+    return call<&resave_entity_service_impl::accepts>(service->get(), entity);
+}
+
+std::unique_ptr<Tvs_resave_unit> factory_entity_service::make(project_context& context, vs_entity* entity) {
+    return std::make_unique<resave_entity_plugin>(context, entity, *service);
+}
+
 void entity_factory::insert(const std::string& meta_id, std::unique_ptr<factory_obj> factory) {
     const int32_t priority = factory->priority();
     by_meta_id[meta_id].emplace(priority, std::move(factory));
@@ -34,6 +57,13 @@ void entity_factory::insert(const std::string& meta_id, std::unique_ptr<factory_
 void entity_factory::build_table() {
     insert("grid_cutline_lr2d", std::make_unique<factory_grid_cutline_lr2d>());
     insert("graph_lr2d", std::make_unique<factory_graphics_layer>());
+    for (const ref<resave_entity_service_impl>& service : services) {
+        const uint32_t count = call<&resave_entity_service_impl::meta_id_count>(service.get());
+        for (uint32_t index = 0; index < count; ++index) {
+            const std::string meta_id = meta_id_of(service.get(), index);
+            if (!meta_id.empty()) insert(meta_id, std::make_unique<factory_entity_service>(&service));
+        }
+    }
     initialised = true;
 }
 

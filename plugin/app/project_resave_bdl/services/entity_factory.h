@@ -1,5 +1,5 @@
-// Units for elements that are told by their meta identifier. Asked before the tables of layer types, so what
-// is found here always wins over them.
+// Units for elements that are told by their meta identifier, those of other bundles among them. Asked before
+// the tables of layer types, so what is found here always wins over them.
 #pragma once
 
 #include <cstdint>
@@ -9,6 +9,7 @@
 #include <unordered_map>
 
 #include "core/resave_unit.h"
+#include "services/collect_services.h"
 
 namespace vs::project_resave {
 
@@ -38,8 +39,27 @@ public:
     std::unique_ptr<Tvs_resave_unit> make(project_context& context, vs_entity* entity) override;
 };
 
+// A kind of element that another bundle claims.
+class factory_entity_service : public factory_obj {
+public:
+    // The row is one of `entity_factory::services`. It is null once its bundle has gone.
+    explicit factory_entity_service(const ref<resave_entity_service_impl>* row) : service(row) {}
+
+    int32_t priority() override;
+    bool accepts(vs_entity* entity) override;
+    std::unique_ptr<Tvs_resave_unit> make(project_context& context, vs_entity* entity) override;
+
+private:
+    const ref<resave_entity_service_impl>* service;
+};
+
 class entity_factory {
 public:
+    // Collects the services that run now; those that come later are not seen.
+    entity_factory() { collect_resave_entity_services(services); }
+    entity_factory(const entity_factory&) = delete;
+    entity_factory& operator=(const entity_factory&) = delete;
+
     // The unit of the first factory that accepts the element; null if none does. It is not built yet, and the
     // caller places it.
     std::unique_ptr<Tvs_resave_unit> make(project_context& context, vs_entity* entity);
@@ -50,6 +70,7 @@ private:
 
     bool initialised = false; // the table is built when it is needed first
     std::unordered_map<std::string, std::multimap<int32_t, std::unique_ptr<factory_obj>>> by_meta_id;
+    resave_entity_services services; // complete before the table is built; it points to the rows
 };
 
 } // namespace vs::project_resave

@@ -5,25 +5,16 @@
 #include "core/entity_uuid.h"
 #include "core/path_files.h"
 #include "core/paths.h"
-#include "framework/visitors.h"
 #include "host/vsk_basic.h"
 #include "operations/project_context.h"
 #include "platform/system.h"
 #include "platform/text.h"
+#include "services/told_text.h"
 #include "services/wide_string_list.h"
 
 namespace vs::project_resave {
 
 namespace {
-
-// What the service tells a visitor in answer to a question.
-template <auto Question, class... Args>
-wide_string told(const resave_service& service, Args... args) {
-    wide_string text;
-    stdwstring_visitor visitor(text);
-    call<Question>(service, args..., visitor);
-    return text;
-}
 
 std::vector<wide_string> files_of(const resave_service& service, uint32_t index) {
     wide_string_list files;
@@ -37,7 +28,7 @@ uint32_t resave_plugin_list::item_count() const {
     return call<&resave_service_impl::item_count>(service.get());
 }
 
-wide_string resave_plugin_list::caption() { return told<&resave_service_impl::caption>(service.get()); }
+wide_string resave_plugin_list::caption() { return told_text<&resave_service_impl::caption>(service.get()); }
 
 void resave_plugin_list::build() {
     call<&resave_service_impl::set_project>(service.get(), project);
@@ -86,7 +77,7 @@ void resave_plugin_list::log_end() { context->log.service_end(caption()); }
 
 bool resave_plugin_list::do_save() {
     context->log.service_begin(caption());
-    context->progress.set_caption(told<&resave_service_impl::progress_caption>(service.get()));
+    context->progress.set_caption(told_text<&resave_service_impl::progress_caption>(service.get()));
     // Backwards: taking out an item must not move what is still to come.
     for (uint32_t index = item_count(); index-- > 0;) {
         if (context->progress.is_stopped()) break;
@@ -103,7 +94,7 @@ bool resave_plugin_list::do_save() {
 }
 
 bool resave_plugin_list::save_item(uint32_t index) {
-    const wide_string source = told<&resave_service_impl::item_source>(service.get(), index);
+    const wide_string source = told_text<&resave_service_impl::item_source>(service.get(), index);
     if (source.empty()) return true;
     if (!path_exists(source)) {
         context->log.file_missing(source);
@@ -117,7 +108,7 @@ bool resave_plugin_list::save_item(uint32_t index) {
 }
 
 wide_string resave_plugin_list::place_and_copy(uint32_t index, const wide_string& source) {
-    context->placement.set_type_folder(told<&resave_service_impl::default_folder>(service.get()));
+    context->placement.set_type_folder(told_text<&resave_service_impl::default_folder>(service.get()));
     const wide_string target = context->placement.new_path(source);
     if (target.empty())
         context->log.new_name_failed(source);
@@ -138,8 +129,7 @@ void resave_plugin_list::copy_item_files(uint32_t index, const wide_string& sour
         if (copy_item_file(file, copy)) {
             context->placement.register_placed(file, copy);
         } else {
-            context->report.add_copy_error(file);
-            context->log.copy_failed(file);
+            record_copy_failure(file, context->log, context->report);
         }
     }
 }

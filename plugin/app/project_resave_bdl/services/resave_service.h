@@ -25,7 +25,9 @@ public:
     // The item's identity, not owned; null: the item is always selected.
     virtual vs_uuid* item_uuid(uint32_t) { return nullptr; }
     virtual void item_caption(uint32_t, string_visitor) {}
-    // Adds all files of the item, its source among them.
+    // Adds all files of the item, its source among them; a folder stands for all that is in it. They keep
+    // their place relative to the source, under their own names. Items with one source are copied once, with
+    // the files of the last of them.
     virtual void item_files(uint32_t, vs_wstrings*) {}
     // Name of the folder for the service's files.
     virtual void default_folder(string_visitor) {}

@@ -3,8 +3,9 @@
 
 #include <vector>
 
+#include "framework/visitors.h"
+#include "framework/visitors.h"
 #include "host/vsk_basic.h"
-#include "platform/wide_string.h"
 
 namespace vs::project_resave {
 
@@ -20,7 +21,8 @@ public:
         std::vector<wide_string> all;
         const uint32_t count = vs_wstrings_get_size(handle);
         all.reserve(count);
-        for (uint32_t index = 0; index < count; ++index) all.emplace_back(vs_wstrings_get_str(handle, index));
+        for (uint32_t index = 0; index < count; ++index)
+            all.push_back(text_or_empty(vs_wstrings_get_str(handle, index)));
         return all;
     }
 

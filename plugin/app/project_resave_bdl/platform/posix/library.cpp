@@ -2,6 +2,9 @@
 
 #include <dlfcn.h>
 
+#include <cstdlib>
+
+#include "platform/posix/volumes.h"
 #include "platform/text.h"
 #include "platform/volumes.h"
 
@@ -22,6 +25,8 @@ std::unique_ptr<library> library::open(const wide_string& path, wide_string& rea
         reason = u"no such file";
         return nullptr;
     }
+    // A library that opens files by itself begins with the drives of this process.
+    ::setenv("VESTRA_DRIVES", mapped_volumes().assignments().c_str(), 1);
     void* const handle = ::dlopen(native.c_str(), RTLD_NOW | RTLD_LOCAL);
     if (handle == nullptr) {
         reason = last_error();

@@ -17,6 +17,10 @@ void note_interrupt(int) { interrupt_seen = 1; }
 
 } // namespace
 
+std::vector<std::string> program_arguments(int argc, char** argv) {
+    return {argv + (argc > 0 ? 1 : 0), argv + argc};
+}
+
 process_terminal::process_terminal() {
     interrupt_seen = 0;
     struct sigaction action {};

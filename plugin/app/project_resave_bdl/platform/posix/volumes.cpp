@@ -1,5 +1,7 @@
 #include "platform/posix/volumes.h"
 
+#include <unistd.h>
+
 #include <algorithm>
 #include <climits>
 #include <cstdlib>
@@ -80,6 +82,14 @@ bool volumes::add_assignment(std::string_view assignment) {
     return has_form && add(assignment[0], std::string(assignment.substr(2)));
 }
 
+std::string volumes::assignments() const {
+    const std::lock_guard guard(mutex_);
+    std::string all;
+    for (size_t i = 0; i < drives_.size(); ++i)
+        if (!drives_[i].empty()) all += static_cast<char>('A' + i) + ("=" + drives_[i] + ";");
+    return all;
+}
+
 std::optional<std::string> volumes::native(const wide_string& drive_path, bool must_exist) {
     const std::string path = to_utf8(drive_path);
     const bool is_network_path = path.size() > 1 && is_separator(path[0]) && is_separator(path[1]);
@@ -155,6 +165,11 @@ wide_string drive_path(std::string_view argument) {
     if (argument.empty()) return {};
     if (has_drive(argument)) return from_utf8(argument);
     return mapped_volumes().drive_path(std::string(argument));
+}
+
+bool set_current_folder(const wide_string& folder) {
+    const auto native = mapped_volumes().native(folder, true);
+    return native && ::chdir(native->c_str()) == 0;
 }
 
 std::filesystem::path native_path(const wide_string& path) {

@@ -29,6 +29,9 @@ public:
     /// Forgets all drives and folders, and begins again as the constructor does. For tests.
     void reset();
 
+    /// All drives in the form of the variable, Z: among them.
+    std::string assignments() const;
+
     /// The native path of a drive path. A path without drive is taken against the current directory, or the
     /// root folder if it begins with one separator. With `must_exist` the entry stands there (it may be a
     /// broken link); without, what does not exist keeps the spelling asked for, behind the part that does.

@@ -49,6 +49,7 @@ public:
     }
 
     bool copy_file(const wide_string& source, const wide_string& target, bool replace) override {
+        if (replace && same_file(source, target)) return false;
         return copy_regular_file(source, target, replace);
     }
 

@@ -12,7 +12,7 @@ inline wchar_t* wide(char16_t* text) { return reinterpret_cast<wchar_t*>(text); 
 inline const char16_t* text16(const wchar_t* text) { return reinterpret_cast<const char16_t*>(text); }
 
 /// The path for a call of the system; one near or past the old limit of 260 characters gets the prefix that
-/// lifts it. Empty, which no call accepts, for a path with an embedded zero.
+/// lifts it. Empty, which no call accepts, for a path with an embedded zero and for the name of a device.
 wide_string system_path(const wide_string& path);
 
 /// `GetFullPathNameW`: whole, with its drive, "." and ".." resolved; empty on failure.

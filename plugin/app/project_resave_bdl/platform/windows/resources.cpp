@@ -88,7 +88,8 @@ module_handle own_module() {
 module_handle host_basic_module() { return {GetModuleHandleW(L"vsk_basic.dll")}; }
 
 bool find_text_row(module_handle module, uint32_t id, wide_view& row) {
-    if (!module) return false;
+    constexpr uint32_t largest_id = 0xFFFF; // of a larger one the call would take the lower half
+    if (!module || id > largest_id) return false;
     const wchar_t* text = nullptr;
     // With no room for a copy the call hands out a pointer to the row itself.
     const int length = LoadStringW(instance_of(module), id, reinterpret_cast<LPWSTR>(&text), 0);

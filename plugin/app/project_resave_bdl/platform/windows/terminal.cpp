@@ -1,16 +1,22 @@
 #include "platform/terminal.h"
 
 #include <windows.h>
+// Needs the one above.
+#include <shellapi.h>
 
 #include <atomic>
+#include <memory>
 
 #include "platform/text.h"
+#include "platform/windows/paths.h"
 
 namespace vs::project_resave::platform {
 
 namespace {
 
 std::atomic<bool> interrupt_seen{false}; // the system calls the handler on a thread of its own
+
+UINT code_page_before = 0;
 
 BOOL WINAPI note_interrupt(DWORD kind) {
     if (kind != CTRL_C_EVENT) return FALSE;
@@ -32,8 +38,19 @@ void write_bytes(std::string_view text) {
 
 } // namespace
 
+std::vector<std::string> program_arguments(int, char**) {
+    int count = 0;
+    const std::unique_ptr<LPWSTR, decltype(&::LocalFree)> words(
+        ::CommandLineToArgvW(::GetCommandLineW(), &count), &::LocalFree);
+    std::vector<std::string> arguments;
+    for (int i = 1; words && i < count; ++i) arguments.push_back(to_utf8(text16(words.get()[i])));
+    return arguments;
+}
+
 process_terminal::process_terminal() {
     interrupt_seen = false;
+    code_page_before = ::GetConsoleOutputCP();
+    ::SetConsoleOutputCP(CP_UTF8); // for the program's results, which it writes itself
     ::SetConsoleCtrlHandler(&note_interrupt, TRUE);
     const HANDLE screen = ::GetStdHandle(STD_ERROR_HANDLE);
     DWORD mode = 0;
@@ -41,7 +58,10 @@ process_terminal::process_terminal() {
         ::SetConsoleMode(screen, mode | ENABLE_VIRTUAL_TERMINAL_PROCESSING);
 }
 
-process_terminal::~process_terminal() { ::SetConsoleCtrlHandler(&note_interrupt, FALSE); }
+process_terminal::~process_terminal() {
+    ::SetConsoleOutputCP(code_page_before);
+    ::SetConsoleCtrlHandler(&note_interrupt, FALSE);
+}
 
 bool process_terminal::shows() { return is_console(STD_ERROR_HANDLE); }
 

@@ -16,8 +16,10 @@ wide_string full_path(const wide_string& path) {
 wide_string system_path(const wide_string& path) {
     constexpr size_t limit = 240; // folders have less room than the 260 of files
     if (path.find(u'\0') != wide_string::npos) return {};
-    if (path.size() < limit || path.starts_with(u"\\\\?\\")) return path;
+    if (path.starts_with(u"\\\\?\\")) return path;
     const wide_string full = full_path(path);
+    if (full.starts_with(u"\\\\.\\")) return {}; // a device: NUL, CON, COM1 in any folder
+    if (path.size() < limit) return path;
     if (full.starts_with(u"\\\\")) return u"\\\\?\\UNC\\" + full.substr(2);
     return u"\\\\?\\" + full;
 }
@@ -28,7 +30,14 @@ bool add_drive(std::string_view, std::string& message) {
 }
 
 wide_string drive_path(std::string_view argument) {
-    return full_path(from_bytes(argument, code_page_active));
+    wide_string path = from_utf8(argument);
+    const bool names_a_drive = path.size() > 1 && path[1] == u':';
+    const bool has_foreign_separators = path.find(u'/') != wide_string::npos;
+    return names_a_drive && !has_foreign_separators ? path : full_path(path);
+}
+
+bool set_current_folder(const wide_string& folder) {
+    return SetCurrentDirectoryW(wide(folder.c_str())) != FALSE;
 }
 
 std::filesystem::path native_path(const wide_string& path) { return system_path(path); }

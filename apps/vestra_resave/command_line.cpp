@@ -1,0 +1,196 @@
+#include "apps/vestra_resave/command_line.h"
+
+#include <CLI/CLI.hpp>
+#include <algorithm>
+#include <map>
+
+#include "apps/vestra_resave/check_case_command.h"
+#include "apps/vestra_resave/list_command.h"
+#include "platform/terminal.h"
+
+namespace vestra::command {
+
+using shell::answer;
+using vs::project_resave::resave_settings;
+using vs::project_resave::structure_settings;
+
+namespace {
+
+// The words whose meaning is known when all of the line is.
+struct words {
+    std::string structure = "by-type", conflict = "rename", referenced, on_stop;
+    bool without_project_file = false;
+    std::string indent = "tab", if_exists = "new-name";
+};
+
+const std::map<std::string, uint32_t> structures{
+    {"by-type", vs::project_resave::by_type},
+    {"from-project-folder", vs::project_resave::from_project_folder},
+    {"project-tree-else-type", vs::project_resave::project_tree_else_type},
+    {"from-common-top", vs::project_resave::from_common_top},
+    {"folder-per-scene", vs::project_resave::folder_per_scene}};
+
+const std::map<std::string, wide_string> indents{
+    {"none", u""}, {"tab", u"\t"}, {"space", u" "}, {"4-spaces", u"    "}};
+
+const std::map<std::string, uint32_t> ways_if_scene_file_exists{{"rewrite", 0}, {"new-name", 1}};
+
+CLI::App* add_command(CLI::App& app, const char* name, const char* what, common_options& options,
+                      std::string& project) {
+    CLI::App* command = app.add_subcommand(name, what);
+    command->add_option("PROJECT", project, "Project file, by its native path or as C:\\...")->required();
+    command->add_option("--drive", options.drives, "Map a drive letter to a folder, as C=/data/c; repeatable")
+        ->type_name("X=FOLDER")
+        ->allow_extra_args(false);
+    command
+        ->add_option("--bundle", options.bundles,
+                     "Load this bundle, so that what it keeps in the project takes part; repeatable")
+        ->type_name("FILE")
+        ->allow_extra_args(false);
+    command->add_option("--language", options.language, "Language of texts and of folders by type")
+        ->check(CLI::IsMember({"ru", "en"}));
+    command->add_flag("--quiet", options.quiet, "No progress and no messages; errors only");
+    return command;
+}
+
+void add_list(CLI::App& app, command_line& line) {
+    CLI::App* command = add_command(app, "list", "Show what is in a project and which of its files are there",
+                                    line.options, line.project);
+    command->add_flag("--json", line.options.json, "Print one JSON object");
+    command->callback([&line] { line.run = [&line] { return list_project(line.project, line.options); }; });
+}
+
+void add_resave_choices(CLI::App& command, resave_wish& wish, words& words) {
+    resave_settings& settings = wish.settings;
+    command.add_option("--structure", words.structure, "Folder structure of the copy")
+        ->check(CLI::IsMember(structures))
+        ->capture_default_str();
+    command.add_option("--on-conflict", words.conflict, "When a name is taken")
+        ->check(CLI::IsMember({"rename", "ask"}))
+        ->capture_default_str();
+    command.add_flag("--delete-lost", settings.delete_lost_sources,
+                     "Leave out elements whose source is lost");
+    command.add_flag("--scene-files", settings.save_scene_files, "Write scene files (._sn, ._sc), too");
+    command.add_flag("--layer-files", settings.save_layer_files, "Write layer files (._lr, ._lrd), too");
+    command.add_flag("--log", settings.write_log, "Write a log beside the new project");
+    command.add_flag("--load-log", wish.load_log,
+                     "Write the last step of the load beside the source project");
+    command.add_flag("--without-project-file", words.without_project_file,
+                     "The source project does not count in the common top folder");
+    command.add_flag("--lowercase", settings.lower_case, "Lower-case paths and file names");
+    command.add_option("--add-referenced", words.referenced, "Add what selected elements refer to")
+        ->check(CLI::IsMember({"yes", "no", "ask"}));
+    command.add_option("--on-stop", words.on_stop, "What was created, after a stop (Ctrl-C)")
+        ->check(CLI::IsMember({"erase", "keep", "ask"}));
+}
+
+// An unset word and "ask" leave the question to the person.
+std::optional<answer> decided(const std::string& word, const std::string& yes) {
+    if (word.empty() || word == "ask") return std::nullopt;
+    return word == yes ? answer::yes : answer::no;
+}
+
+void add_resave(CLI::App& app, command_line& line, words& words) {
+    resave_wish& wish = line.resave;
+    CLI::App* command =
+        add_command(app, "resave", "Copy a project with all its files, and rewrite its references",
+                    line.options, wish.project);
+    command->add_option("NEW_PROJECT", wish.new_project, "Project file to be written")->required();
+    add_resave_choices(*command, wish, words);
+    command
+        ->add_option("--deselect", wish.selection.deselect,
+                     "Leave out this element, by uuid or caption; repeatable")
+        ->allow_extra_args(false);
+    command
+        ->add_option("--only", wish.selection.only,
+                     "Keep nothing but this element, by uuid or caption; repeatable")
+        ->allow_extra_args(false);
+    command->add_flag("--files", wish.list_files, "Print what went where");
+    command->add_flag("--json", line.options.json, "Print one JSON object");
+    command->footer(
+        "Ends with 0 saved, 1 saved with problems, 2 wrong use or project not loadable, 3 not saved, 130 "
+        "stopped.");
+    command->callback([&] {
+        wish.settings.structure_variant = structures.at(words.structure);
+        wish.settings.rename_on_conflict = words.conflict == "rename";
+        wish.settings.consider_project_file = !words.without_project_file;
+        wish.add_referenced = decided(words.referenced, "yes");
+        wish.on_stop = decided(words.on_stop, "erase");
+        line.run = [&line] { return resave(line.resave, line.options); };
+    });
+}
+
+void add_structure(CLI::App& app, command_line& line, words& words) {
+    structure_wish& wish = line.structure;
+    structure_settings& settings = wish.settings;
+    CLI::App* command = add_command(app, "structure", "Write what is in a project to a text file",
+                                    line.options, wish.project);
+    command->add_option("TEXT_FILE", wish.text_file, "Text file to be written, in place of one that exists")
+        ->required();
+    command->add_flag("--layers", settings.write_layer_names, "Layers of scenes, in their groups");
+    command->add_flag("--tables", settings.write_table_names, "Tables; DBF tables with their fields");
+    command->add_flag("--columns", settings.write_table_columns, "Fields of shape layers and TOS files");
+    command->add_flag("--layouts", settings.write_layout_layers, "What is on each layout");
+    command->add_flag("--legends", settings.write_legend_content, "What is in the legends of layouts");
+    command->add_flag("--legend-columns", settings.write_legend_columns, "Fields of shapes in legends");
+    command->add_flag("--paths", settings.write_file_paths, "Behind each caption the path of its file");
+    command->add_option("--indent", words.indent, "What a level of depth is indented by")
+        ->check(CLI::IsMember(indents))
+        ->capture_default_str();
+    command->footer("Ends with 0 written, 2 wrong use or project not loadable, 3 not written, 130 stopped.");
+    command->callback([&] {
+        settings.indent_text = indents.at(words.indent);
+        line.run = [&line] { return write_structure(line.structure, line.options); };
+    });
+}
+
+void add_scenes(CLI::App& app, command_line& line, words& words) {
+    scenes_wish& wish = line.scenes;
+    CLI::App* command = add_command(app, "scenes", "Write each 2D scene of a project to a file of its own",
+                                    line.options, wish.project);
+    command->add_option("FOLDER", wish.folder, "Folder that exists, for the scene files")->required();
+    command->add_option("--if-exists", words.if_exists, "When there is a scene file of the name")
+        ->check(CLI::IsMember(ways_if_scene_file_exists))
+        ->capture_default_str();
+    command->footer("Ends with 0 written, 2 wrong use or project not loadable, 3 not all written.");
+    command->callback([&] {
+        wish.settings.on_exists = ways_if_scene_file_exists.at(words.if_exists);
+        line.run = [&line] { return write_scenes(line.scenes, line.options); };
+    });
+}
+
+void add_check_case(CLI::App& app, command_line& line) {
+    CLI::App* command =
+        add_command(app, "check-case", "Find the paths that differ from the disk's in letter case",
+                    line.options, line.project);
+    command->add_option("REPORT", line.report, "Text file to be written, in place of one that exists")
+        ->required();
+    command->footer(
+        "Ends with 0 all well, 1 differences found, 2 wrong use or project not loadable, 3 not written, 130 "
+        "stopped.");
+    command->callback(
+        [&line] { line.run = [&line] { return check_case(line.project, line.report, line.options); }; });
+}
+
+} // namespace
+
+std::optional<int> parse(int argc, char** argv, command_line& line) {
+    CLI::App app("Copies mapping projects with all their files to a new place.", "vestra-resave");
+    app.require_subcommand(1);
+    words words;
+    add_list(app, line);
+    add_resave(app, line, words);
+    add_structure(app, line, words);
+    add_scenes(app, line, words);
+    add_check_case(app, line);
+    try {
+        std::vector<std::string> arguments = vs::project_resave::platform::program_arguments(argc, argv);
+        std::ranges::reverse(arguments); // taken from the end
+        app.parse(std::move(arguments));
+    } catch (const CLI::ParseError& error) {
+        return app.exit(error) == 0 ? done : wrong_use;
+    }
+    return std::nullopt;
+}
+
+} // namespace vestra::command

@@ -1,0 +1,58 @@
+#include "apps/vestra_resave/scenes_command.h"
+
+#include <iostream>
+#include <unordered_set>
+
+#include "apps/vestra_resave/figures.h"
+#include "core/path_files.h"
+#include "core/paths.h"
+#include "platform/volumes.h"
+#include "reference_host/shell/settings.h"
+
+namespace vestra::command {
+
+using namespace vs::project_resave;
+
+namespace {
+
+// The run tells nobody of a failure. Nothing was placed before it.
+int report_written(const project_context& context, const wide_string& folder, bool quiet) {
+    int end = done;
+    std::unordered_set<wide_string> seen;
+    for (const placed_file& scene : context.placement.placed) {
+        const wide_string path = path_join(folder, scene.new_path);
+        const bool is_there = path_exists(scene.new_path);
+        if (!is_there) {
+            complain("not written: " + one_line(path));
+            end = not_saved;
+        } else if (!seen.insert(path_key(path)).second) {
+            complain("written over by a further scene of this name: " + one_line(path));
+        } else if (!quiet) {
+            std::cout << one_line(path) << '\n';
+        }
+    }
+    const wide_string& reason = shell::settings().write_error; // of the last scene, if that one failed
+    if (reason.empty()) return end;
+    complain(one_line(reason));
+    return not_saved;
+}
+
+} // namespace
+
+int write_scenes(const scenes_wish& wish, const common_options& options) {
+    session host(options, {});
+    if (!host.load(wish.project)) return wrong_use;
+    project_context& context = host.context();
+    const wide_string folder = platform::drive_path(wish.folder);
+    // The run writes into the current folder: nothing was resaved before it.
+    if (!platform::set_current_folder(folder)) {
+        complain(one_line(folder) + ": there is no such folder");
+        return not_saved;
+    }
+    scene_file_settings settings = wish.settings;
+    settings.folder = folder.c_str();
+    context.create_scene_files(settings);
+    return report_written(context, folder, options.quiet);
+}
+
+} // namespace vestra::command

@@ -1,0 +1,25 @@
+# Run by CTest: installs the published headers into a folder of the build, compiles each alone, and builds the sample
+# bundle as its own project with nothing else.
+#
+#     cmake -D BUILD=... -D SOURCE=... -D COMPILER=... -P check_sdk.cmake
+set(prefix ${BUILD}/sdk_check/installed)
+file(REMOVE_RECURSE ${BUILD}/sdk_check)
+
+function(run)
+    execute_process(COMMAND ${ARGV} COMMAND_ERROR_IS_FATAL ANY)
+endfunction()
+
+run(${CMAKE_COMMAND} --install ${BUILD} --prefix ${prefix} --component sdk)
+
+file(GLOB_RECURSE headers ${prefix}/include/*.h)
+if(NOT headers)
+    message(FATAL_ERROR "No header was installed")
+endif()
+foreach(header IN LISTS headers)
+    run(${COMPILER} -std=c++20 -fsyntax-only -Wall -Wextra -Werror -I${prefix}/include/project_resave -include ${header}
+        -x c++ /dev/null)
+endforeach()
+
+run(${CMAKE_COMMAND} -S ${SOURCE}/samples/bundle -B ${BUILD}/sdk_check/sample -G Ninja
+    -D CMAKE_PREFIX_PATH=${prefix} -D CMAKE_CXX_COMPILER=${COMPILER})
+run(${CMAKE_COMMAND} --build ${BUILD}/sdk_check/sample)

@@ -1,0 +1,43 @@
+# What other bundles are built against: headers alone, as the target project_resave::sdk.
+include(GNUInstallDirs)
+include(CMakePackageConfigHelpers)
+
+file(GLOB sdk_headers CONFIGURE_DEPENDS ${bundle_root}/host/*.h)
+foreach(header
+        framework/bundle_entry.h framework/factories.h framework/interface.h framework/polymorphic.h
+        framework/ref.h framework/referent.h framework/string_adapter.h framework/visitors.h
+        host/interfaces/service_factory.h platform/export.h platform/wide_string.h
+        services/resave_entity_service.h services/resave_service.h)
+    list(APPEND sdk_headers ${bundle_root}/${header})
+endforeach()
+
+add_library(project_resave_sdk INTERFACE)
+add_library(project_resave::sdk ALIAS project_resave_sdk)
+set_target_properties(project_resave_sdk PROPERTIES EXPORT_NAME sdk)
+target_sources(project_resave_sdk INTERFACE FILE_SET HEADERS BASE_DIRS ${bundle_root} FILES ${sdk_headers})
+target_include_directories(project_resave_sdk INTERFACE $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/project_resave>)
+target_compile_features(project_resave_sdk INTERFACE cxx_std_20)
+# Each library has tables of its own, and goes from memory when the host unloads it.
+target_compile_options(project_resave_sdk INTERFACE
+    $<$<CXX_COMPILER_ID:GNU,Clang>:-fvisibility=hidden> $<$<CXX_COMPILER_ID:GNU>:-fno-gnu-unique>)
+
+set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/project_resave)
+install(TARGETS project_resave_sdk EXPORT project_resave_targets COMPONENT sdk
+    FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/project_resave)
+install(EXPORT project_resave_targets NAMESPACE project_resave:: FILE project_resaveConfig.cmake
+    DESTINATION ${package_folder} COMPONENT sdk)
+write_basic_package_version_file(${PROJECT_BINARY_DIR}/project_resaveConfigVersion.cmake
+    COMPATIBILITY SameMajorVersion ARCH_INDEPENDENT)
+install(FILES ${PROJECT_BINARY_DIR}/project_resaveConfigVersion.cmake DESTINATION ${package_folder} COMPONENT sdk)
+
+add_subdirectory(samples/bundle)
+set_target_properties(sample_bundle PROPERTIES LIBRARY_OUTPUT_DIRECTORY ${CMAKE_RUNTIME_OUTPUT_DIRECTORY})
+if(WIN32)
+    target_link_libraries(sample_bundle PRIVATE ${host_libraries})
+endif()
+
+if(NOT WIN32)
+    enable_testing()
+    add_test(NAME published_headers COMMAND ${CMAKE_COMMAND} -D BUILD=${PROJECT_BINARY_DIR}
+        -D SOURCE=${PROJECT_SOURCE_DIR} -D COMPILER=${CMAKE_CXX_COMPILER} -P ${PROJECT_SOURCE_DIR}/cmake/check_sdk.cmake)
+endif()

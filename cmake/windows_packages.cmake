@@ -1,0 +1,29 @@
+# What the Linux build finds as installed packages, for Windows: from sources, and headers that serve any system.
+# tools/install_windows_packages brings them. GDAL is not among them.
+set(VS_PUGIXML_SOURCE "${PROJECT_BINARY_DIR}/packages/pugixml" CACHE PATH "Source of pugixml")
+set(VS_GOOGLETEST_SOURCE "/usr/src/googletest" CACHE PATH "Source of GoogleTest")
+
+function(add_package name)
+    cmake_parse_arguments(package "" "" "SOURCES;INCLUDES" ${ARGN})
+    add_library(${name} STATIC ${package_SOURCES})
+    target_include_directories(${name} SYSTEM PUBLIC ${package_INCLUDES})
+    target_compile_options(${name} PRIVATE -w)
+endfunction()
+
+add_package(pugixml SOURCES ${VS_PUGIXML_SOURCE}/src/pugixml.cpp INCLUDES ${VS_PUGIXML_SOURCE}/src)
+add_library(pugixml::pugixml ALIAS pugixml)
+
+add_package(gtest_main
+    SOURCES ${VS_GOOGLETEST_SOURCE}/googletest/src/gtest-all.cc ${VS_GOOGLETEST_SOURCE}/googletest/src/gtest_main.cc
+    INCLUDES ${VS_GOOGLETEST_SOURCE}/googletest/include)
+target_include_directories(gtest_main PRIVATE ${VS_GOOGLETEST_SOURCE}/googletest)
+add_library(GTest::gtest_main ALIAS gtest_main)
+
+# The folder of the system's own headers must not be seen, so these two get one of their own.
+set(header_packages ${PROJECT_BINARY_DIR}/packages/include)
+file(MAKE_DIRECTORY ${header_packages})
+foreach(package CLI nlohmann)
+    file(CREATE_LINK /usr/include/${package} ${header_packages}/${package} SYMBOLIC)
+endforeach()
+add_library(CLI11::CLI11 INTERFACE IMPORTED)
+set_target_properties(CLI11::CLI11 PROPERTIES INTERFACE_INCLUDE_DIRECTORIES ${header_packages})

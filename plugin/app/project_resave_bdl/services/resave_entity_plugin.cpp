@@ -1,0 +1,171 @@
+#include "services/resave_entity_plugin.h"
+
+#include <cstring>
+
+#include "core/copying.h"
+#include "core/data_source.h"
+#include "core/entity_uuid.h"
+#include "core/path_files.h"
+#include "core/paths.h"
+#include "core/referenced_unit.h"
+#include "core/structure_line.h"
+#include "host/vsk_entity.h"
+#include "host/vsk_lr.h"
+#include "host/vsk_lr2d.h"
+#include "host/vsk_lr3d.h"
+#include "host/vsk_scn_2d.h"
+#include "host/vsk_scn_3d.h"
+#include "host/vsk_xml_save_2d.h"
+#include "host/vsk_xml_save_3d.h"
+#include "layers/layer_files.h"
+#include "operations/project_context.h"
+#include "services/told_text.h"
+#include "services/wide_string_list.h"
+
+namespace vs::project_resave {
+
+namespace {
+
+using xml_2d = host_owned<vs_xml_save_2d, &vs_xml_save_2d_destroy>;
+using xml_3d = host_owned<vs_xml_save_3d, &vs_xml_save_3d_destroy>;
+
+bool has_meta_id(vs_entity* entity, const char* meta_id) {
+    return std::strcmp(vs_entity_get_meta_id(entity), meta_id) == 0;
+}
+
+} // namespace
+
+void resave_entity_plugin::build() {
+    collect_references();
+    collect_rows();
+    Tvs_resave_file::build();
+}
+
+void resave_entity_plugin::collect_references() {
+    references.clear();
+    const uint32_t count = call<&resave_entity_service_impl::reference_count>(service.get(), entity_);
+    for (uint32_t index = 0; index < count; ++index) {
+        owned_uuid uuid(vs_uuid_create());
+        call<&resave_entity_service_impl::reference_uuid>(service.get(), entity_, index, uuid.get());
+        if (vs_uuid_has_value(uuid.get())) references.push_back(std::move(uuid));
+    }
+}
+
+void resave_entity_plugin::collect_rows() {
+    files.clear();
+    const uint32_t count = call<&resave_entity_service_impl::file_count>(service.get(), entity_);
+    for (uint32_t index = 0; index < count; ++index) {
+        file_row& row = files.emplace_back();
+        stdwstring_visitor source(row.source), folder(row.folder);
+        call<&resave_entity_service_impl::file_info>(service.get(), entity_, index, source, folder);
+    }
+}
+
+void resave_entity_plugin::collect_source_files(std::vector<wide_string>& out) {
+    out.clear();
+    const wide_string_list named;
+    if (call<&resave_entity_service_impl::all_files>(service.get(), entity_, named)) {
+        for (wide_string& path : named.texts())
+            if (path_exists(path)) out.push_back(std::move(path));
+        return;
+    }
+    for (const file_row& row : files)
+        if (!append_existing_files(row.source, out)) return;
+}
+
+bool resave_entity_plugin::write_structure() {
+    skip_progress();
+    wide_string line = caption();
+    for (const file_row& row : files) line = with_path(*context, std::move(line), row.source);
+    context->log.write_indented(line);
+    return true;
+}
+
+bool resave_entity_plugin::correct_selection() {
+    bool unchanged = true;
+    for (const owned_uuid& uuid : references)
+        if (select_referenced(*context, uuid_to_text(uuid.get()))) unchanged = false;
+    return unchanged;
+}
+
+bool resave_entity_plugin::do_save() {
+    uint32_t found = 0;
+    for (uint32_t index = 0; index < files.size(); ++index)
+        if (save_row(index)) ++found;
+    skip_progress();
+    if (!files.empty() && found == 0) return false;
+    save_own_file();
+    return true;
+}
+
+// True if the row's file was found, wherever it came to stand.
+bool resave_entity_plugin::save_row(uint32_t index) {
+    const wide_string& source = files[index].source;
+    if (source.empty()) return false;
+    if (!path_exists(source)) {
+        context->log.file_missing(source);
+        context->report.add_lost_source(caption());
+        return false;
+    }
+    wide_string target = context->placement.lookup_placed(source);
+    if (target.empty()) target = place_and_copy_row(index);
+    call<&resave_entity_service_impl::set_file>(service.get(), entity_, index, target.c_str());
+    return true;
+}
+
+wide_string resave_entity_plugin::place_and_copy_row(uint32_t index) {
+    context->placement.set_type_folder(files[index].folder);
+    const wide_string target = context->placement.new_path(files[index].source);
+    if (target.empty())
+        context->log.new_name_failed(target);
+    else
+        copy_row(index, target);
+    context->placement.set_type_folder(u"files");
+    return target;
+}
+
+// An empty target names nothing, so there is nothing to enter and nothing to remove.
+void resave_entity_plugin::copy_row(uint32_t index, const wide_string& target) {
+    const wide_string& source = files[index].source;
+    const wide_string_list from, to;
+    const bool copied = call<&resave_entity_service_impl::copy_files>(
+        service.get(), entity_, index, source.c_str(), target.c_str(), from, to);
+    std::vector<wide_string> sources = from.texts(), targets = to.texts();
+    sources.resize(targets.size());
+    for (size_t row = 0; row < targets.size(); ++row) {
+        if (targets[row].empty()) continue;
+        if (copied)
+            context->placement.register_placed(sources[row], targets[row]);
+        else
+            remove_tree(targets[row]);
+    }
+    if (!copied) record_copy_failure(source, context->log, context->report);
+}
+
+// Beside the new project, also where each scene has a folder of its own.
+wide_string resave_entity_plugin::place_own_file(wide_view extension) {
+    const wide_string path =
+        caption_file_path(path_head(context->placement.new_project_path), caption(), extension);
+    context->placement.register_placed(wide_string(), path);
+    return path;
+}
+
+void resave_entity_plugin::save_own_file() {
+    const xml_2d writer_2d(vs_xml_save_2d_create());
+    const xml_3d writer_3d(vs_xml_save_3d_create());
+    if (context->options.save_scene_files) {
+        if (has_meta_id(entity_, "Scene2DMetaID"))
+            vs_xml_data_save_scn2d_w(writer_2d.get(), place_own_file(u"._sn").c_str(),
+                                     vs_scn_2d_safe_downcast(entity_));
+        if (has_meta_id(entity_, "Scene3DMetaID"))
+            vs_xml_data_save_scn3d_w(writer_3d.get(), place_own_file(u"._sc").c_str(),
+                                     vs_scn_3d_safe_downcast(entity_));
+    }
+    vs_lr* layer = context->options.save_layer_files ? vs_lr_safe_downcast(entity_) : nullptr;
+    if (vs_lr2d_safe_downcast(layer))
+        vs_xml_data_save_lr2d_w(writer_2d.get(), place_own_file(u"._lr").c_str(), layer);
+    if (vs_lr3d_safe_downcast(layer))
+        vs_xml_data_save_lr3d_w(writer_3d.get(), place_own_file(u"._lrd").c_str(), layer);
+}
+
+} // namespace vs::project_resave

@@ -1,0 +1,61 @@
+// An element of a kind that another bundle claims: its service knows its files, copies them and writes the
+// new paths back.
+#pragma once
+
+#include <memory>
+
+#include "core/resave_file.h"
+#include "framework/host_owned.h"
+#include "framework/ref.h"
+#include "host/vsk_basic.h"
+#include "services/resave_entity_service.h"
+
+namespace vs::project_resave {
+
+class resave_entity_plugin final : public Tvs_resave_file {
+public:
+    // The element is the project's. A service whose bundle has gone is a null ref: every copy fails then.
+    resave_entity_plugin(project_context& run, vs_entity* claimed,
+                         const ref<resave_entity_service_impl>& claimant)
+        : Tvs_resave_file(run), entity_(claimed), service(claimant) {}
+
+    // One line: the caption and, if wanted, each of the paths.
+    bool write_structure() override;
+    // Brings the elements that this one needs into the selection, if the user agrees.
+    bool correct_selection() override;
+    vs_entity* entity() override { return entity_; }
+    // False if the element has files and none of them exists.
+    bool do_save() override;
+    void build() override;
+    // What the service names; where it cannot tell, what the host's data sources name for the first files,
+    // up to one that does not open.
+    void collect_source_files(std::vector<wide_string>& out) override;
+
+    // Each of the files has a path and a folder of its own, so these are not asked.
+    wide_string source_path() override { return {}; }
+    void set_new_path(const wide_string&) override {}
+    wide_string default_folder() override { return u"entity_plugin"; }
+    bool copy_files(const wide_string&, const wide_string&) override { return false; }
+
+private:
+    struct file_row {
+        wide_string source;
+        wide_string folder;
+    };
+    using owned_uuid = host_owned<vs_uuid, &vs_uuid_destroy>;
+
+    void collect_references();
+    void collect_rows();
+    bool save_row(uint32_t index);
+    wide_string place_and_copy_row(uint32_t index);
+    void copy_row(uint32_t index, const wide_string& target);
+    wide_string place_own_file(wide_view extension);
+    void save_own_file();
+
+    std::vector<file_row> files;
+    vs_entity* const entity_;
+    std::vector<owned_uuid> references;
+    ref<resave_entity_service_impl> service;
+};
+
+} // namespace vs::project_resave

@@ -1,0 +1,26 @@
+// The host library's own texts, where libraries have no resource section.
+#include "platform/posix/resource_registry.h"
+
+namespace vestra::shell {
+
+namespace {
+
+namespace platform = vs::project_resave::platform;
+
+constexpr uint32_t english = 50000;
+
+#define VS_TEXT(id, base, translated)                                                                        \
+    platform::text_row{id, base}, platform::text_row{id + english, translated},
+constexpr platform::text_row rows[] = {
+#include "reference_host/shell/host_texts.inc"
+};
+#undef VS_TEXT
+
+const bool registered = [] {
+    platform::register_text_rows(platform::register_host_basic_module(), rows);
+    return true;
+}();
+
+} // namespace
+
+} // namespace vestra::shell

@@ -1,0 +1,78 @@
+#include "notes_service.h"
+
+#include "host/vsk_prj.h"
+#include "host/vsk_scn_2d.h"
+#include "layer_rows.h"
+
+namespace sample {
+
+namespace {
+
+constexpr char notes_key[] = "sample_notes";
+enum place : uint32_t { uuid_place, caption_place, source_place, first_member_place };
+
+wide_string folder_of(const wide_string& path) { return path.substr(0, path.find_last_of(u"\\/") + 1); }
+
+} // namespace
+
+void notes_service::set_project(vs_prj* loaded) {
+    project = loaded;
+    notes.clear();
+}
+
+// Every walk over the items begins with their count. The layers with the notes may have left the project
+// since the last one, so the notes are read again each time.
+uint32_t notes_service::item_count() {
+    notes.clear();
+    vs_scns_2d* scenes = vs_prj_get_scns_2d_ptr(project);
+    for (uint32_t index = 0; index < vs_scns_2d_get_size(scenes); ++index) {
+        vs_scn_2d* scene = vs_scns_2d_get(scenes, index);
+        for (uint32_t layer = 0; layer < vs_scn_2d_get_layer_count(scene); ++layer)
+            read_notes_of(vs_scn_2d_get_layer_ptr(scene, layer));
+    }
+    return static_cast<uint32_t>(notes.size());
+}
+
+void notes_service::read_notes_of(vs_lr* layer) {
+    vs_tuple* rows = rows_of(layer, notes_key);
+    for (uint32_t index = 0; index < tuple_get_size(rows); ++index) {
+        vs_tuple* row = any_get_tuple(tuple_get_element(rows, index));
+        if (tuple_get_size(row) <= source_place) continue;
+        note& read = notes.emplace_back(row, nullptr);
+        read.uuid.reset(vs_uuid_create());
+        vs_uuid_from_string(read.uuid.get(), text_at(row, uuid_place).c_str());
+    }
+}
+
+vs_uuid* notes_service::item_uuid(uint32_t index) {
+    return index < notes.size() ? notes[index].uuid.get() : nullptr;
+}
+
+void notes_service::item_caption(uint32_t index, string_visitor visitor) {
+    tell(visitor, text_at(row(index), caption_place));
+}
+
+void notes_service::item_source(uint32_t index, string_visitor visitor) {
+    tell(visitor, text_at(row(index), source_place));
+}
+
+// What belongs to a note keeps its place relative to the main file, so one path is all there is to rewrite.
+void notes_service::set_item_source(uint32_t index, const char16_t* path) {
+    any_assign_wstring(tuple_get_element(row(index), source_place), path);
+}
+
+void notes_service::item_files(uint32_t index, vs_wstrings* files) {
+    const wide_string source = text_at(row(index), source_place);
+    if (source.empty()) return;
+    vs_wstrings_add(files, source.c_str());
+    for (uint32_t member = first_member_place; member < tuple_get_size(row(index)); ++member)
+        vs_wstrings_add(files, (folder_of(source) + text_at(row(index), member)).c_str());
+}
+
+void notes_service::remove_item(uint32_t index) {
+    if (index >= notes.size()) return;
+    tuple_resize(notes[index].row, 0);
+    notes.erase(notes.begin() + index);
+}
+
+} // namespace sample

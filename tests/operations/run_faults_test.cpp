@@ -1,0 +1,119 @@
+// One fault of the system at a time, at every place of a run where it can strike.
+#include <new>
+
+#include "framework/strings.h"
+#include "tests/support/forwarding_system.h"
+#include "tests/support/host_fixture.h"
+#include "tests/support/project_builder.h"
+
+namespace vs::project_resave {
+namespace {
+
+using kind = vestra::shell::scripted_front_end::kind;
+
+// Fails one copy, told by its number from 1, or breaks off there; notes the sources of all.
+class faulty_copies final : public forwarding_system {
+public:
+    bool copy_file(const wide_string& from, const wide_string& to, bool replace) override {
+        sources.push_back(from);
+        if (sources.size() != at) return forwarding_system::copy_file(from, to, replace);
+        if (breaks_off) throw std::bad_alloc();
+        return false;
+    }
+    size_t at = 0;
+    bool breaks_off = false;
+    std::vector<wide_string> sources;
+};
+
+struct full_disk final : forwarding_system {
+    bool rename_over(const wide_string&, const wide_string&) override { return false; }
+};
+
+class run_faults : public host_fixture {
+protected:
+    run_faults() {
+        for (const wide_string name :
+             {u"a.shp", u"a.shx", u"a.dbf", u"a.cpg", u"a_shp.pj4", u"r.tif", u"r.tif.ovr", u"r.tfw",
+              u"r.tfr", u"t.dbf", u"joined.dbf", u"joined.cpg", u"p.tos"})
+            write(u"C:\\data\\" + name, name == u"p.tos" ? "TOS 1\n" : "data");
+        project_builder()
+            .scene_2d(u"Area 1")
+            .layer("shp_pln_lr2d", u"A", u"C:\\data\\a.shp")
+            .layer("rtr_lr2d", u"R", u"C:\\data\\r.tif")
+            .scene_3d(u"Solid")
+            .layer("tos_surf_lr3d", u"P", u"C:\\data\\p.tos")
+            .table(u"T", u"C:\\data\\t.dbf")
+            .join(u"C:\\data\\joined.dbf")
+            .save(source);
+    }
+    // A run into an empty folder; the sources of its copies.
+    std::vector<wide_string> run(size_t fault_at, bool breaks_off = false) {
+        remove_tree(u"N:\\out");
+        write(u"N:\\out\\new_log.txt");
+        settings.write_log = true;
+        load();
+        faulty_copies faults;
+        faults.at = fault_at;
+        faults.breaks_off = breaks_off;
+        const platform::system_override in_force(faults);
+        resave();
+        return faults.sources;
+    }
+};
+
+TEST_F(run_faults, a_copy_that_fails_is_named_in_report_and_log_and_all_others_are_made) {
+    const std::vector<wide_string> all = run(0);
+    ASSERT_EQ(13U, all.size());
+    EXPECT_TRUE(context->report.problems.empty());
+    for (size_t at = 1; at <= all.size(); ++at) {
+        const wide_string& failed = all[at - 1];
+        SCOPED_TRACE(platform::to_utf8(failed));
+        EXPECT_EQ(all.size(), run(at).size() + (failed == u"C:\\data\\r.tfw" ? 1 : 0))
+            << "no .tfr without it";
+        ASSERT_EQ(1U, context->report.problems.size());
+        EXPECT_EQ(u"Copy error " + path_file_name(failed) + u"\n", context->report.problems[0].text);
+        EXPECT_NE(std::string::npos,
+                  read(u"N:\\out\\new_log.txt")
+                      .find("Failure copying file: \r\n" + platform::to_utf8(failed) + "\r\n \n"));
+        EXPECT_TRUE(context->report.saved);
+        vestra::project copy;
+        read_back(output, copy);
+        EXPECT_EQ(u"N:\\out\\shp\\a.shp", copy.scenes_2d.at(0)->at(0)->file);
+        EXPECT_EQ(u"N:\\out\\dbf\\joined.dbf", copy.tables.at(0)->joins.at(0).other_source);
+    }
+}
+
+TEST_F(run_faults, a_run_that_breaks_off_leaves_nothing_loaded_and_the_next_one_works) {
+    const size_t copies = run(0).size();
+    for (size_t at = 1; at <= copies; ++at) {
+        SCOPED_TRACE(at);
+        settings.structure_variant = at % 2 == 0 ? folder_per_scene : by_type;
+        if (run(at, true).size() < at) continue; // no tables there
+        EXPECT_EQ((std::vector<front::event>{{kind::error, load_string(509)}}), told());
+        EXPECT_FALSE(context->project);
+        EXPECT_TRUE(context->tree.empty() && context->units.empty());
+        EXPECT_TRUE(context->deferred_joins_.pending.empty());
+        EXPECT_EQ(u"files", context->placement.type_folder);
+        EXPECT_EQ(nullptr, context->placement.scene_common);
+        EXPECT_EQ(0U, script.open_windows);
+        EXPECT_EQ(1U, changes);
+        EXPECT_FALSE(path_exists(output));
+    }
+    settings.structure_variant = by_type;
+    EXPECT_EQ(copies, run(0).size());
+    EXPECT_TRUE(context->report.saved);
+}
+
+TEST_F(run_faults, a_project_that_cannot_be_written_is_told_and_the_copies_stay) {
+    load();
+    full_disk faults;
+    const platform::system_override in_force(faults);
+    resave();
+    EXPECT_EQ((std::vector<front::event>{{kind::error, load_string(509)}, {kind::yes_no, load_string(528)}}),
+              told());
+    EXPECT_FALSE(path_exists(output));
+    EXPECT_TRUE(path_exists(u"N:\\out\\shp\\a.shp") && path_exists(u"N:\\out\\dbf\\joined.dbf"));
+}
+
+} // namespace
+} // namespace vs::project_resave

@@ -1,0 +1,174 @@
+// The text of a project's structure: whole files for the sample, then one choice at a time.
+#include "operations/structure_run.h"
+
+#include "core/path_files.h"
+#include "framework/strings.h"
+#include "reference_host/shell/settings.h"
+#include "tests/support/host_fixture.h"
+#include "tests/support/project_builder.h"
+#include "tests/support/tree_state.h"
+
+namespace vs::project_resave {
+namespace {
+
+using kind = vestra::shell::scripted_front_end::kind;
+
+class structure_text : public host_fixture {
+protected:
+    structure_text() { wanted.output_path = text_file.c_str(); }
+
+    std::string save() {
+        script.events.clear();
+        script.polls = 0;
+        EXPECT_TRUE(context->save_structure(wanted));
+        EXPECT_EQ(0U, script.open_windows);
+        return read(text_file);
+    }
+    void deselect(const std::vector<wide_string>& ids) {
+        for (const wide_string& id : ids) context->selection.set_selected(id, false);
+    }
+    std::vector<wide_string> messages() const { return script.texts(kind::message); }
+
+    const wide_string text_file = n + u"out\\structure.txt";
+    structure_settings wanted;
+};
+
+struct flag_set {
+    const char* file; // below tests/operations/expected
+    structure_settings settings;
+};
+
+const flag_set flag_sets[] = {
+    {"structure_no_flags_tab.txt", {.indent_text = u"\t"}},
+    {"structure_layers_paths_no_indent.txt",
+     {.write_layer_names = true, .write_file_paths = true, .indent_text = u""}},
+    {"structure_tables_layouts_legends_legend_columns_two_blanks.txt",
+     {.write_table_names = true,
+      .write_layout_layers = true,
+      .write_legend_content = true,
+      .write_legend_columns = true,
+      .indent_text = u" ",
+      .indent_repeat = 2}},
+    {"structure_all_flags_tab.txt",
+     {.write_layer_names = true,
+      .write_table_names = true,
+      .write_table_columns = true,
+      .write_layout_layers = true,
+      .write_legend_content = true,
+      .write_legend_columns = true,
+      .write_file_paths = true,
+      .indent_text = u"\t"}},
+};
+
+class sample_structure : public structure_text, public testing::WithParamInterface<flag_set> {};
+
+TEST_P(sample_structure, is_the_committed_file_byte_for_byte_and_changes_nothing) {
+    copy_sample();
+    if (IsSkipped()) return;
+    const tree_state c_before = state_of(native("c")), d_before = state_of(native("d"));
+    load();
+    const std::string path = std::string(VS_SOURCE_DIR "/tests/operations/expected/") + GetParam().file;
+    std::ifstream expected(path, std::ios::binary);
+    ASSERT_TRUE(expected) << path;
+    wanted = GetParam().settings;
+    wanted.output_path = text_file.c_str();
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(expected), {}), save());
+    EXPECT_EQ(std::vector<wide_string>{load_string(511)}, messages());
+    EXPECT_EQ("", difference(c_before, state_of(native("c"))) + difference(d_before, state_of(native("d"))));
+    EXPECT_NE(nullptr, context->project_handle());
+    EXPECT_EQ(1U, context->report.unprocessed_types.count(u"wfs_pnt_lr2d")); // still to be told by a resave
+}
+
+INSTANTIATE_TEST_SUITE_P(flags, sample_structure, testing::ValuesIn(flag_sets), [](const auto& tested) {
+    const std::string_view file = tested.param.file;
+    return std::string(file.substr(0, file.find('.')));
+});
+
+TEST_F(structure_text, groups_are_shown_as_the_user_sees_them_with_what_is_selected) {
+    project_builder built;
+    built.scene_2d(u"First").layer("rtr_lr2d", u"A").layer("rtr_lr2d", u"B").layer("rtr_lr2d", u"C");
+    built.layer("unheard_of", u"U");
+    vestra::scene& first = *built.model.scenes_2d.at(0);
+    vestra::layer_group& outer = first.make_groups().add_group(u"Outer");
+    first.groups->add_layer(*first.at(2));
+    outer.add_group(u"Inner").add_layer(*first.at(0));
+    outer.add_layer(*first.at(1));
+    outer.add_group(u"Empty");
+    first.groups->add_group(u"Unheard").add_layer(*first.at(3));
+    built.scene_2d(u"Second").layer("rtr_lr2d", u"D").save(source);
+    load();
+    wanted.write_layer_names = true;
+    wanted.indent_text = u" ";
+    const auto text = [](const std::string& scenes) {
+        return "Project area._vp\r\n Scenes 2D:\r\n" + scenes +
+               " Scenes 3D:\r\n OAT tables:\r\n Layout\r\n DBF tables:\r\nProject ended\r\n";
+    };
+    const struct {
+        std::vector<wide_string> deselected;
+        std::string scenes;
+        uint32_t steps; // of four, the last never shown: none for a layer that its group leaves out
+        bool inverted = false;
+    } rows[] = {
+        {{},
+         "  First\r\n   Outer\r\n    Inner\r\n     A\r\n    B\r\n   C\r\n   Unheard\r\n  Second\r\n   D\r\n",
+         3},
+        {{},
+         "  First\r\n   Unheard\r\n   C\r\n   Outer\r\n    B\r\n    Inner\r\n     A\r\n  Second\r\n   D\r\n",
+         3,
+         true},
+        {{built.id(u"A")}, "  First\r\n   Outer\r\n    B\r\n   C\r\n   Unheard\r\n  Second\r\n   D\r\n", 3},
+        {{built.id(u"A"), built.id(u"B"), built.id(u"U")}, "  First\r\n   C\r\n  Second\r\n   D\r\n", 2},
+        {{built.id(u"First"), built.id(u"D")}, "  Second\r\n", 3},
+    };
+    for (const auto& row : rows) {
+        context->selection.clear();
+        deselect(row.deselected);
+        vestra::shell::settings().invert_layers = row.inverted;
+        EXPECT_EQ(text(row.scenes), save());
+        EXPECT_EQ(row.steps, script.current);
+    }
+}
+
+TEST_F(structure_text, a_stop_takes_the_file_away_whatever_is_answered_and_the_next_text_is_whole) {
+    project_builder built;
+    for (int scene = 0; scene < 5; ++scene) built.scene_2d(u"S").layer("rtr_lr2d", u"L");
+    built.save(source);
+    load();
+    wanted.write_layer_names = true;
+    const std::string whole = save();
+    ASSERT_LT(4U, script.polls);
+    const size_t polls = script.polls;
+    for (const answer said : {answer::yes, answer::no, answer::cancel}) {
+        for (size_t poll = 1; poll <= polls; ++poll) {
+            write(text_file, "older");
+            script.stop_at_poll = poll;
+            script.answers = {said};
+            const std::string text = save();
+            EXPECT_EQ(said == answer::cancel ? whole : "", text);
+            EXPECT_EQ(said == answer::cancel, path_exists(text_file));
+            EXPECT_EQ(std::vector<wide_string>{load_string(said == answer::cancel ? 511 : 513)}, messages());
+            script.stop_at_poll = 0;
+            EXPECT_EQ(whole, save());
+        }
+    }
+}
+
+TEST_F(structure_text, a_resave_without_a_log_writes_on_behind_the_text) {
+    project_builder().scene_2d(u"S").save(source);
+    load();
+    wanted.indent_text = u"\t";
+    const std::string text = save();
+    load_and_resave();
+    EXPECT_TRUE(read(text_file).starts_with(text + "Begin correction select\r\n"));
+    EXPECT_EQ(u"    ", context->options.indent_unit);
+}
+
+TEST_F(structure_text, nothing_runs_without_a_project) {
+    EXPECT_FALSE(context->save_structure(wanted));
+    EXPECT_FALSE(context->check_path_case(text_file));
+    EXPECT_FALSE(path_exists(text_file));
+    EXPECT_EQ((std::vector<wide_string>{load_string(501), load_string(501)}), errors());
+}
+
+} // namespace
+} // namespace vs::project_resave

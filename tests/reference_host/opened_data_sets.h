@@ -1,0 +1,46 @@
+// Data sets as a bundle would open them, for the tests of what makes one.
+#pragma once
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "framework/ref.h"
+#include "platform/text.h"
+#include "platform/volumes.h"
+#include "reference_host/datasets/open_source.h"
+
+namespace vestra::datasets {
+
+using namespace vs::project_resave;
+
+inline wide_string sample(const std::string& name) {
+    return platform::drive_path(std::string(VS_SOURCE_DIR "/samples/area/") + name);
+}
+
+inline std::vector<wide_string> sample_files(const std::string& extension) {
+    std::vector<wide_string> paths;
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(VS_SOURCE_DIR "/samples/area"))
+        if (entry.path().extension() == extension)
+            paths.push_back(platform::drive_path(entry.path().string()));
+    return paths;
+}
+
+inline ref<stat_source_impl> opened(wide_view path, const table_data* data = nullptr) {
+    return ref<stat_source_impl>(cast_to<stat_source_impl>(open_source(path, data)));
+}
+
+// The names of a data set's files without their folder, each behind a blank; "-" if it does not open.
+inline std::string names_of(const wide_string& path, const wide_string& folder) {
+    const auto source = opened(path);
+    if (!source) return "-";
+    std::vector<wide_string> files;
+    stdwstring_list_visitor list(files);
+    call<&stat_source_impl::files>(source.get(), list);
+    std::string names;
+    for (const wide_string& file : files)
+        names += " " + platform::to_utf8(file.starts_with(folder) ? file.substr(folder.size()) : file);
+    return names;
+}
+
+} // namespace vestra::datasets

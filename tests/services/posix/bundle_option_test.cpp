@@ -1,0 +1,52 @@
+// The command line with a bundle, as its own process.
+#include <gtest/gtest.h>
+#include <sys/wait.h>
+
+#include <cstdlib>
+
+#include "tests/support/temporary_folder.h"
+
+namespace vs::project_resave {
+namespace {
+
+class bundle_option : public testing::Test {
+protected:
+    // The exit code; `output` is what went to both outputs.
+    int command(const std::string& arguments) {
+        const std::string told = (folder.native() / "told").string();
+        const int status = std::system((VS_COMMAND " " + arguments + " > " + told + " 2>&1").c_str());
+        output = folder.read(u"told");
+        return WEXITSTATUS(status);
+    }
+    bool told(const std::string& text) const { return output.find(text) != std::string::npos; }
+
+    temporary_folder folder;
+    const std::string samples = VS_SOURCE_DIR "/samples/bundle";
+    const std::string project = samples + "/survey/survey._vp --language en --drive C=" + samples;
+    const std::string bundle = " --bundle " VS_SAMPLE_BUNDLE;
+    std::string output;
+};
+
+TEST_F(bundle_option, items_of_a_bundle_are_listed_left_out_by_name_and_copied) {
+    ASSERT_EQ(0, command("list " + project + bundle)) << output;
+    EXPECT_TRUE(told("Field notes\n    Quarry  [field_notes]")) << output;
+    ASSERT_EQ(0, command("list " + project)) << output;
+    EXPECT_FALSE(told("Quarry")) << output;
+
+    const std::string target = " " + (folder.native() / "copy" / "survey._vp").string();
+    ASSERT_EQ(0, command("resave --files --deselect bridge " + project + target + bundle)) << output;
+    EXPECT_TRUE(told("notes\\quarry.txt") && told("sketches\\plan.sketch.legend")) << output;
+    EXPECT_FALSE(told("bridge.txt")) << output;
+}
+
+TEST_F(bundle_option, a_bundle_that_cannot_be_loaded_is_told_with_path_and_reason) {
+    for (const std::string& wrong : {folder.native().string() + "/absent.so", samples + "/bundle.cpp"}) {
+        EXPECT_EQ(2, command("list " + project + bundle + " --bundle " + wrong));
+        EXPECT_TRUE(told("cannot load the bundle") && told(wrong + ": ")) << output;
+    }
+    EXPECT_EQ(2, command("resave " + project + " x._vp" + bundle + bundle));
+    EXPECT_TRUE(told("sample_bundle.so: the bundle is loaded already")) << output;
+}
+
+} // namespace
+} // namespace vs::project_resave

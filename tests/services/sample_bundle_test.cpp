@@ -1,0 +1,182 @@
+#include "tests/services/services_run.h"
+#include "tests/support/forwarding_system.h"
+
+namespace vs::project_resave {
+namespace {
+
+using vestra::any;
+
+any tuple_of(const texts& all) {
+    vestra::tuple tuple;
+    for (const wide_string& text : all) tuple.elements.emplace_back(text);
+    return any(tuple);
+}
+
+class sample_bundle : public services_run {
+protected:
+    sample_bundle() {
+        write(u"C:\\prj\\relief.tif");
+        write(u"C:\\prj\\field\\quarry.txt");
+        write(u"C:\\prj\\field\\quarry.csv");
+        write(u"C:\\prj\\field\\pics\\a.jpg");
+        write(u"C:\\prj\\field\\pics\\deep\\b.jpg");
+        write(u"C:\\prj\\field\\bridge.txt");
+        builder.scene_2d(u"Area").layer("rtr_lr2d", u"Relief", u"C:\\prj\\relief.tif");
+        pin({u"Quarry, east", u"C:\\prj\\field\\QUARRY.txt"});
+        pin({u"Quarry", u"C:\\prj\\field\\quarry.txt", u"quarry.csv", u"pics"});
+        pin({u"Bridge", u"C:\\prj\\field\\bridge.txt"});
+        pin({u"Well", u"C:\\prj\\field\\well.txt"}); // there is no such file
+        pin({u"Memory"});                            // nor one at all
+    }
+
+    // A note on the layer that came last: caption, file, and what belongs to it.
+    void pin(texts note) {
+        any& notes = builder.model.scenes_2d.at(0)->at(0)->extras.set("sample_notes");
+        if (!notes.as_tuple()) notes = any(vestra::tuple());
+        note.resize(std::max<size_t>(note.size(), 2));
+        note.insert(note.begin(), builder.id(note[0]));
+        notes.as_tuple()->elements.push_back(tuple_of(note));
+    }
+    // "caption > file" of each note of the new project.
+    texts notes() {
+        texts all;
+        any* kept = copied(0).extras.find("sample_notes");
+        for (any& note : kept->as_tuple()->elements)
+            if (const auto* row = note.as_tuple(); row->elements.size() > 2)
+                all.push_back(*row->elements[1].as_text() + u" > " + *row->elements[2].as_text());
+        return all;
+    }
+};
+
+TEST_F(sample_bundle, its_items_go_where_the_structure_wants_them_and_leave_if_unticked_or_lost) {
+    start(true);
+    unticked = {u"Bridge"};
+    const wide_string lost = u"Well > C:\\prj\\field\\well.txt";
+    const struct {
+        uint32_t structure;
+        bool delete_lost;
+        wide_string folder; // of the notes below that of the new project
+    } rows[] = {{by_type, false, u"notes\\"},
+                {by_type, true, u"notes\\"},
+                {from_project_folder, false, u"field\\"},
+                {project_tree_else_type, true, u"field\\"},
+                {from_common_top, false, u"prj\\field\\"}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(std::to_string(row.structure) + (row.delete_lost ? " without lost ones" : ""));
+        clear_output();
+        settings.structure_variant = row.structure;
+        settings.delete_lost_sources = row.delete_lost;
+        run();
+        const wide_string folder = u"N:\\out\\" + row.folder;
+        texts expected = {u"Quarry, east > " + folder + u"quarry.txt", u"Quarry > " + folder + u"quarry.txt",
+                          lost, u"Memory > "};
+        if (row.delete_lost) expected.erase(expected.begin() + 2);
+        EXPECT_EQ(expected, notes());
+        for (const char16_t* file : {u"quarry.txt", u"quarry.csv", u"pics\\a.jpg", u"pics\\deep\\b.jpg"})
+            EXPECT_TRUE(path_exists(folder + file)) << platform::to_utf8(file);
+        EXPECT_FALSE(path_exists(folder + u"bridge.txt"));
+        EXPECT_EQ(texts{u"Layouts: Lost files field_notes\n"}, problems);
+    }
+}
+
+TEST_F(sample_bundle, with_a_folder_for_each_scene_no_service_is_asked_to_save) {
+    start(true);
+    settings.structure_variant = folder_per_scene;
+    run();
+    EXPECT_EQ(5U, notes().size());
+    EXPECT_EQ(u"Quarry, east > C:\\prj\\field\\QUARRY.txt", notes().front());
+    EXPECT_EQ(u"N:\\out\\Area\\prj\\relief.tif", copied(0).file);
+}
+
+TEST_F(sample_bundle, a_layer_that_is_left_out_takes_its_notes_with_it) {
+    start(true);
+    unticked = {u"Relief"};
+    run();
+    EXPECT_EQ(0U, copy->scenes_2d.at(0)->count());
+    EXPECT_FALSE(path_exists(u"N:\\out\\notes"));
+    EXPECT_EQ(texts{}, problems);
+}
+
+TEST_F(sample_bundle, a_copy_that_fails_is_reported_by_name_and_the_others_go_on) {
+    struct : forwarding_system {
+        bool copy_file(const wide_string& from, const wide_string& to, bool replace) override {
+            return !from.ends_with(u"quarry.csv") && forwarding_system::copy_file(from, to, replace);
+        }
+    } faults;
+    start(true);
+    settings.write_log = true;
+    unticked = {u"Well"};
+    const platform::system_override in_force(faults);
+    run();
+    EXPECT_EQ(texts{u"Layouts: Copy error quarry.csv\n"}, problems);
+    EXPECT_NE(std::string::npos, read(context->placement.log_path).find("quarry.csv"));
+    EXPECT_TRUE(path_exists(u"N:\\out\\notes\\bridge.txt"));
+    EXPECT_TRUE(path_exists(u"N:\\out\\notes\\pics\\a.jpg"));
+}
+
+class sketches : public sample_bundle {
+protected:
+    sketches() {
+        write(u"C:\\prj\\plan.sketch");
+        write(u"C:\\prj\\plan.sketch.legend");
+        builder.model.scenes_2d.at(0)->at(0)->extras.rows().clear();
+        builder.layer("sample_sketch_lr2d", u"Plan", u"C:\\prj\\plan.sketch");
+        builder.model.scenes_2d.at(0)->at(1)->extras.set("sample_sketch") =
+            tuple_of({builder.id(u"Relief"), u"no uuid", builder.id(u"gone")});
+        start(true);
+    }
+};
+
+TEST_F(sketches, what_a_sketch_is_drawn_over_comes_with_it_if_the_person_agrees) {
+    unticked = {u"Relief"};
+    script.answers = {answer::yes};
+    settings.save_layer_files = true;
+    run();
+    ASSERT_EQ(2U, copy->scenes_2d.at(0)->count());
+    EXPECT_EQ(u"N:\\out\\sketches\\plan.sketch", copied(1).file);
+    for (const char16_t* file : {u"sketches\\plan.sketch", u"sketches\\plan.sketch.legend", u"Plan._lr"})
+        EXPECT_TRUE(path_exists(n + u"out\\" + file)) << platform::to_utf8(file);
+    EXPECT_EQ(texts{}, problems);
+
+    script.answers = {answer::no};
+    clear_output();
+    run();
+    ASSERT_EQ(1U, copy->scenes_2d.at(0)->count());
+    EXPECT_EQ(u"Plan", copied(0).caption);
+}
+
+TEST_F(sketches, one_that_is_lost_leaves_and_half_a_copy_is_taken_away_again) {
+    settings.delete_lost_sources = true;
+    write(u"N:\\out\\sketches\\plan.sketch.legend", "in the way");
+    run();
+    EXPECT_EQ(texts{u"Area: Copy error plan.sketch\n"}, problems);
+    EXPECT_FALSE(path_exists(u"N:\\out\\sketches\\plan.sketch"));
+    EXPECT_EQ("in the way", read(u"N:\\out\\sketches\\plan.sketch.legend"));
+    EXPECT_EQ(u"N:\\out\\sketches\\plan.sketch", copied(1).file);
+
+    std::filesystem::remove(native("c") / "prj" / "plan.sketch");
+    run();
+    EXPECT_EQ(1U, copy->scenes_2d.at(0)->count());
+    EXPECT_EQ(texts{u"Area: Lost files Plan\n"}, problems);
+}
+
+TEST_F(sketches, a_bundle_that_goes_between_load_and_run_takes_nothing_but_its_own_part_with_it) {
+    builder.model.map_legends.make().caption = u"Geology";
+    pin({u"Quarry", u"C:\\prj\\field\\quarry.txt"});
+    builder.save(source);
+    load();
+    ASSERT_TRUE(loader.unload(sample_path()));
+    EXPECT_FALSE(loader.unload(sample_path()));
+    resave_and_read();
+    EXPECT_EQ(texts{u"Area: Copy error plan.sketch\n"}, problems);
+    EXPECT_EQ(texts{u"Quarry > C:\\prj\\field\\quarry.txt"}, notes());
+    EXPECT_TRUE(path_exists(u"N:\\out\\rtr\\relief.tif"));
+    EXPECT_EQ(1U, copy->map_legends.count());
+    load_sample(); // comes too late for this context, and does no harm
+    run();
+    EXPECT_EQ(texts{}, problems);
+    EXPECT_EQ((std::set<wide_string>{u"sample_sketch_lr2d"}), context->report.unprocessed_types);
+}
+
+} // namespace
+} // namespace vs::project_resave

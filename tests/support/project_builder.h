@@ -1,0 +1,101 @@
+// A project written by hand, in the order of reading:
+//
+//     project_builder()
+//         .scene_2d(u"Area 1").layer("shp_pln_lr2d", u"Roads", u"C:\\maps\\roads.shp")
+//         .table(u"Owners", u"C:\\data\\owners.dbf")
+//         .save(u"C:\\prj\\area._vp");
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <map>
+#include <set>
+#include <string_view>
+
+#include "core/paths.h"
+#include "reference_host/files/files.h"
+
+namespace vs::project_resave {
+
+class project_builder {
+public:
+    // Each begins a scene, into which the layers go that follow.
+    project_builder& scene_2d(wide_view caption) { return begin(model.scenes_2d.make_scene(), caption); }
+    project_builder& scene_3d(wide_view caption) { return begin(model.scenes_3d.make_scene(), caption); }
+    project_builder& layout(wide_view caption) { return begin(model.layouts.make_scene(), caption); }
+    // A collection of sheets that a plug-in keeps, with one sheet.
+    project_builder& sheet(const char* meta_id, wide_view caption, wide_view source) {
+        vestra::scene_collection& sheets = model.add_plugin_scenes(meta_id);
+        sheets.id = vestra::uuid::random();
+        vestra::scene& made = sheets.make_scene();
+        made.source = source;
+        return begin(made, caption);
+    }
+    // A layer on a shape file has the table beside it.
+    project_builder& layer(const char* type, wide_view caption, wide_view file = {}) {
+        vestra::layer& made = scene_->make_layer(type);
+        identify(made, caption);
+        made.file = file;
+        table_ = nullptr;
+        if (std::string_view(type).starts_with("shp_")) {
+            made.data = std::make_unique<vestra::attr_data>();
+            made.data->file = path_replace_extension(file, u"dbf");
+            table_ = made.data.get();
+        }
+        return *this;
+    }
+    // A layer that refers to other elements, by their captions; they may come later.
+    project_builder& compound(wide_view caption, const std::vector<wide_string>& members) {
+        vestra::layer& made = scene_->make_layer("prf_compound_lr2d");
+        identify(made, caption);
+        for (const wide_string& member : members) made.members.emplace().push_back(id(member));
+        return *this;
+    }
+    project_builder& frame(wide_view caption, const wide_string& shown) {
+        vestra::layer& made = scene_->make_layer("layout_scene_frame");
+        identify(made, caption);
+        made.frame.emplace(*vestra::uuid::parse(id(shown)));
+        return *this;
+    }
+    project_builder& table(wide_view caption, wide_view file) {
+        table_ = &model.tables.make();
+        identify(*table_, caption);
+        table_->file = file;
+        return *this;
+    }
+    // To the table, or the table of the layer, that came last.
+    project_builder& join(const wide_string& other) {
+        table_->joins.push_back({other, 0, 0});
+        return *this;
+    }
+
+    // The uuid text of the first element of this caption, be it there yet or not.
+    wide_string id(const wide_string& caption) {
+        return ids_.try_emplace(caption, vestra::uuid::random()).first->second.text();
+    }
+    void save(const wide_string& path) {
+        const auto error = vestra::files::write_project(path, model);
+        EXPECT_FALSE(error) << platform::to_utf8(error->text());
+    }
+
+    vestra::project model;
+
+private:
+    project_builder& begin(vestra::scene& scene, wide_view caption) {
+        identify(scene, caption);
+        scene_ = &scene;
+        return *this;
+    }
+    void identify(vestra::entity& made, wide_view caption) {
+        made.caption = caption;
+        const bool is_first = named_.insert(made.caption).second;
+        made.id = is_first ? *vestra::uuid::parse(id(made.caption)) : vestra::uuid::random();
+    }
+
+    vestra::scene* scene_ = nullptr;
+    vestra::attr_data* table_ = nullptr;
+    std::map<wide_string, vestra::uuid> ids_;
+    std::set<wide_string> named_;
+};
+
+} // namespace vs::project_resave

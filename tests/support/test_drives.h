@@ -1,0 +1,28 @@
+// The drives C:, D: and N: for a test, without any file of its own on them at first; one at a time.
+//
+// On Linux they are folders of a temporary one, and drives of the process while this lives. On Windows they
+// are the system's own, on disks that were made for tests (see tools/run_under_wine); what the test left
+// there is removed.
+#pragma once
+
+#include <filesystem>
+
+#include "tests/support/temporary_folder.h"
+
+namespace vs::project_resave {
+
+class test_drives {
+public:
+    test_drives();
+    ~test_drives();
+    test_drives(const test_drives&) = delete;
+    test_drives& operator=(const test_drives&) = delete;
+
+    /// The native path of a drive's root.
+    std::filesystem::path root(char letter) const;
+
+private:
+    temporary_folder folder_;
+};
+
+} // namespace vs::project_resave

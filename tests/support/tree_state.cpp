@@ -1,0 +1,46 @@
+#include "tests/support/tree_state.h"
+
+#include <fstream>
+#include <iterator>
+
+namespace vs::project_resave {
+
+namespace fs = std::filesystem;
+
+namespace {
+
+std::string change(const entry_state& before, const entry_state& after) {
+    if (before.is_folder != after.is_folder) return "of another kind: ";
+    if (before.bytes != after.bytes) return "changed: ";
+    return before.written != after.written ? "touched: " : "";
+}
+
+} // namespace
+
+tree_state state_of(const fs::path& folder) {
+    tree_state state;
+    if (!fs::is_directory(folder)) return state;
+    for (const fs::directory_entry& entry : fs::recursive_directory_iterator(folder)) {
+        entry_state& made = state[entry.path().lexically_relative(folder).generic_string()];
+        made.is_folder = entry.is_directory();
+        if (made.is_folder) continue;
+        std::ifstream file(entry.path(), std::ios::binary);
+        made.bytes.assign(std::istreambuf_iterator<char>(file), {});
+        made.written = entry.last_write_time();
+    }
+    return state;
+}
+
+std::string difference(const tree_state& before, const tree_state& after) {
+    std::string lines;
+    for (const auto& [path, state] : before) {
+        const auto now = after.find(path);
+        const std::string what = now == after.end() ? "gone: " : change(state, now->second);
+        if (!what.empty()) lines += what + path + '\n';
+    }
+    for (const auto& [path, state] : after)
+        if (!before.contains(path)) lines += "new: " + path + '\n';
+    return lines;
+}
+
+} // namespace vs::project_resave

@@ -1,0 +1,51 @@
+// Writes a string table for the resource compiler: string_table_writer LIST FILE, where LIST is "bundle" or
+// "host". Characters stand as numbers, since resource compilers differ in how they read a file's letters.
+#include <cstdint>
+#include <fstream>
+#include <iomanip>
+#include <span>
+#include <string_view>
+
+namespace {
+
+constexpr uint32_t english = 50000;
+
+struct text_row {
+    uint32_t id;
+    std::u16string_view text;
+};
+
+#define VS_TEXT(id, base, translated) text_row{id, base}, text_row{id + english, translated},
+#define VS_TEXT_BASE_ONLY(id, base) text_row{id, base},
+constexpr text_row bundle_rows[] = {
+#include "framework/texts/bundle_texts.inc"
+#include "framework/texts/toolkit_texts.inc"
+};
+constexpr text_row host_rows[] = {
+#include "reference_host/shell/host_texts.inc"
+};
+#undef VS_TEXT
+#undef VS_TEXT_BASE_ONLY
+
+void write(std::ofstream& out, std::span<const text_row> rows) {
+    // Of no language to the system: a row's language is in its number.
+    out << "LANGUAGE 0, 0\nSTRINGTABLE\nBEGIN\n" << std::hex << std::setfill('0');
+    for (const text_row& row : rows) {
+        out << "    " << std::dec << row.id << std::hex << " L\"";
+        for (const char16_t c : row.text) out << "\\x" << std::setw(4) << static_cast<unsigned>(c);
+        out << "\"\n";
+    }
+    out << "END\n";
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    if (argc != 3) return 2;
+    std::ofstream out(argv[2]);
+    if (std::string_view(argv[1]) == "bundle")
+        write(out, bundle_rows);
+    else
+        write(out, host_rows);
+    return out.flush() ? 0 : 1;
+}
