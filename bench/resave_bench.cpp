@@ -1,12 +1,13 @@
 // Measures the bundle in the reference host, one thing in each process, so that peak memory belongs to it.
 //
-//     resave-bench generate FOLDER LAYERS BYTES     FOLDER/prj/area._vp with so many layers of one file each
+//     resave-bench generate FOLDER LAYERS BYTES     FOLDER/prj/area._vp with so many shapes, two files each
 //     resave-bench load PROJECT TIMES               loads it again and again
 //     resave-bench resave PROJECT NEW_PROJECT
 //
 // `load` and `resave` print one line of figures: name=value, seconds and KiB.
 #include <sys/resource.h>
 
+#include <algorithm>
 #include <chrono>
 #include <cstdio>
 #include <cstdlib>
@@ -51,7 +52,8 @@ wide_string number(size_t value) {
 int generate(const std::filesystem::path& folder, size_t layers, size_t bytes) {
     vestra::project project;
     vestra::scene* scene = nullptr;
-    const std::string content(bytes, 'x');
+    std::string content(std::max<size_t>(bytes, 100), 'x');
+    content.replace(0, 4, "\x00\x00\x27\x0a", 4); // the mark of a shape file
     const wide_string root = platform::drive_path(folder.string());
     for (size_t index = 0; index < layers; ++index) {
         if (index % 100 == 0) {
@@ -61,12 +63,14 @@ int generate(const std::filesystem::path& folder, size_t layers, size_t bytes) {
         }
         const std::string place = "data/" + std::to_string(index / 1000);
         std::filesystem::create_directories(folder / place);
-        const std::string name = "file" + std::to_string(index) + ".dat";
-        std::ofstream(folder / place / name, std::ios::binary) << content;
-        vestra::layer& layer = scene->make_layer("vector_lr2d");
+        for (const char* extension : {".shp", ".shx"}) {
+            const std::string name = "file" + std::to_string(index) + extension;
+            std::ofstream(folder / place / name, std::ios::binary) << content;
+        }
+        vestra::layer& layer = scene->make_layer("shp_pnt_lr2d");
         layer.id = vestra::uuid::random();
         layer.caption = u"Layer " + number(index);
-        layer.file = root + u"\\data\\" + number(index / 1000) + u"\\file" + number(index) + u".dat";
+        layer.file = root + u"\\data\\" + number(index / 1000) + u"\\file" + number(index) + u".shp";
     }
     std::filesystem::create_directories(folder / "prj");
     if (const auto error = vestra::files::write_project(root + u"\\prj\\area._vp", project)) return 1;

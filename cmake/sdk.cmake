@@ -17,18 +17,23 @@ set_target_properties(project_resave_sdk PROPERTIES EXPORT_NAME sdk)
 target_sources(project_resave_sdk INTERFACE FILE_SET HEADERS BASE_DIRS ${bundle_root} FILES ${sdk_headers})
 target_include_directories(project_resave_sdk INTERFACE $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/project_resave>)
 target_compile_features(project_resave_sdk INTERFACE cxx_std_20)
-# Each library has tables of its own, and goes from memory when the host unloads it.
-target_compile_options(project_resave_sdk INTERFACE
-    $<$<CXX_COMPILER_ID:GNU,Clang>:-fvisibility=hidden> $<$<CXX_COMPILER_ID:GNU>:-fno-gnu-unique>)
-
 set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/project_resave)
+
+# A bundle exports one function. All else is its own, so that it shares no table with another library and leaves the
+# memory when the host unloads it.
+set(exports $<BUILD_INTERFACE:${CMAKE_CURRENT_LIST_DIR}/bundle_exports.map>)
+string(APPEND exports $<INSTALL_INTERFACE:$<INSTALL_PREFIX>/${package_folder}/bundle_exports.map>)
+target_compile_options(project_resave_sdk INTERFACE $<$<CXX_COMPILER_ID:GNU,Clang>:-fvisibility=hidden>)
+target_link_options(project_resave_sdk INTERFACE $<$<PLATFORM_ID:Linux>:LINKER:--version-script=${exports}>)
+
 install(TARGETS project_resave_sdk EXPORT project_resave_targets COMPONENT sdk
     FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/project_resave)
 install(EXPORT project_resave_targets NAMESPACE project_resave:: FILE project_resaveConfig.cmake
     DESTINATION ${package_folder} COMPONENT sdk)
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/project_resaveConfigVersion.cmake
     COMPATIBILITY SameMajorVersion ARCH_INDEPENDENT)
-install(FILES ${PROJECT_BINARY_DIR}/project_resaveConfigVersion.cmake DESTINATION ${package_folder} COMPONENT sdk)
+install(FILES ${PROJECT_BINARY_DIR}/project_resaveConfigVersion.cmake ${CMAKE_CURRENT_LIST_DIR}/bundle_exports.map
+    DESTINATION ${package_folder} COMPONENT sdk)
 
 add_subdirectory(samples/bundle)
 set_target_properties(sample_bundle PROPERTIES LIBRARY_OUTPUT_DIRECTORY ${CMAKE_RUNTIME_OUTPUT_DIRECTORY})

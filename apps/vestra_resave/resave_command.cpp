@@ -73,6 +73,7 @@ int resave(const resave_wish& wish, const common_options& options) {
         for (const wide_string& level : made) platform::current_system().remove_folder(level);
 
     const resave_report report = report_of(context);
+    complain_of(report);
     if (options.json)
         print_json(report);
     else

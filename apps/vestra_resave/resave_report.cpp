@@ -74,12 +74,15 @@ void print_json(const resave_report& report) {
     std::cout << all.dump(2) << '\n';
 }
 
-void print_text(const resave_report& report, const wide_string& new_project, bool list_files) {
+void complain_of(const resave_report& report) {
     for (const wide_string& lost : report.lost_sources) complain("lost source: " + one_line(lost));
     for (const wide_string& failed : report.copy_errors) complain("not copied: " + one_line(failed));
     for (const wide_string& type : report.types_not_resaved)
         complain("layer type not resaved: " + one_line(type));
     if (report.depth_exceeded) complain(one_line(load_string(522)));
+}
+
+void print_text(const resave_report& report, const wide_string& new_project, bool list_files) {
     if (list_files)
         for (const copied_file& file : report.files)
             std::cout << one_line(file.source) << " -> " << one_line(file.target) << '\n';

@@ -27,7 +27,9 @@ struct resave_report {
 // Reads what the run left in the context.
 resave_report report_of(const vs::project_resave::project_context& context);
 void print_json(const resave_report& report);
-// Each problem on the error output; on the other a line of summary and, if wanted, each file.
+// Each problem, a line on the error output.
+void complain_of(const resave_report& report);
+// A line of summary and, if wanted, each file.
 void print_text(const resave_report& report, const wide_string& new_project, bool list_files);
 
 } // namespace vestra::command

@@ -1,5 +1,6 @@
 #include "apps/vestra_resave/selection.h"
 
+#include <algorithm>
 #include <unordered_map>
 #include <unordered_set>
 
@@ -44,7 +45,10 @@ const element* directory::find(const std::string& name, std::vector<std::string>
         complaints.push_back("no element has the uuid or caption \"" + name + "\"");
         return nullptr;
     }
-    if (row->second.size() == 1) return row->second.front().found;
+    const auto same = [&](const place& other) {
+        return other.found->uuid == row->second.front().found->uuid;
+    };
+    if (std::all_of(row->second.begin(), row->second.end(), same)) return row->second.front().found;
     std::string line =
         "\"" + name + "\" names " + std::to_string(row->second.size()) + " elements; give the uuid of one:";
     for (const place& candidate : row->second)

@@ -51,7 +51,7 @@ std::optional<std::string> apply(const common_options& options) {
 
 session::session(const common_options& options, shell::terminal_options front)
     : front_end_(terminal_, for_terminal(options, std::move(front))), front_end_in_force_(front_end_),
-      bundles_(registry_), dialog_runner_(terminal_) {
+      bundles_(registry_), dialog_runner_(terminal_, options.quiet) {
     bundles_.start(&vs_bundle_interface_to_custom_pointer);
     for (const std::string& file : options.bundles)
         if (const auto error = bundles_.load(platform::drive_path(file)))

@@ -36,8 +36,9 @@ public:
     // True as long as the folder has not changed since it was read. A change that came too soon after the
     // last one need not show in the folder's time, so that one must be older than the step of its clock.
     bool is_current(std::filesystem::file_time_type folder_time) const {
-        constexpr auto settling_time = std::chrono::milliseconds(20);
-        return folder_time == changed_ && changed_ + settling_time < read_at_;
+        using namespace std::chrono_literals;
+        const bool tells_fractions = changed_.time_since_epoch() % 1s != 0s;
+        return folder_time == changed_ && changed_ + (tells_fractions ? 20ms : 2000ms) < read_at_;
     }
 
     void read(const wide_string& folder) {

@@ -17,6 +17,7 @@ std::int32_t terminal_dialog_runner::run(border::docker content) {
     const border::element root = border::cast_to<border::element_impl>(content);
     for (;;) {
         const element_view dialog = look_at(root);
+        if (quiet_ && !find(dialog, u"file_input")) return accepted;
         // A progress bar may stand on the line.
         terminal_.write("\n" + described(dialog));
         if (!terminal_.asks()) return cancelled;

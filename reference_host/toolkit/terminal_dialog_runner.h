@@ -16,8 +16,9 @@ namespace vestra::toolkit {
 // written out and counts as cancelled.
 class terminal_dialog_runner final : public vs::project_resave::dialog_runner_impl {
 public:
-    // The terminal must outlive the runner.
-    explicit terminal_dialog_runner(vs::project_resave::platform::terminal& terminal) : terminal_(terminal) {}
+    // The terminal must outlive the runner. A quiet one lets dialogs that only tell something pass unseen.
+    explicit terminal_dialog_runner(vs::project_resave::platform::terminal& terminal, bool quiet = false)
+        : terminal_(terminal), quiet_(quiet) {}
 
     std::int32_t run(vs::project_resave::docker content) override;
 
@@ -26,6 +27,7 @@ private:
     static std::optional<std::int32_t> obey(const element_view& dialog, const std::string& line);
 
     vs::project_resave::platform::terminal& terminal_;
+    bool quiet_;
 };
 
 } // namespace vestra::toolkit

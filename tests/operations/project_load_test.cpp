@@ -85,20 +85,21 @@ TEST_F(loading, a_project_that_cannot_be_read_leaves_nothing_and_is_told_once) {
 
 TEST_F(loading, a_second_project_releases_the_first_and_starts_afresh) {
     copy_sample();
+    const wide_string scene = u"253ad0de-e325-5dd3-8153-ceac9a173086";
     ASSERT_TRUE(load(source));
     const size_t objects = vestra::living_objects(), units = context->units.size();
     const double kilobytes = context->sizes.total_kb();
     EXPECT_LT(60, kilobytes);
     for (int again = 0; again < 4; ++again) {
-        context->tree.front()->set_selected(false);
+        context->units.at(scene)->set_selected(false);
         ASSERT_TRUE(load(context->placement.source_project_path));
         EXPECT_EQ(objects, vestra::living_objects());
         EXPECT_EQ(units, context->units.size());
-        EXPECT_EQ(kilobytes, context->sizes.total_kb()) << "everything is selected again";
+        EXPECT_EQ(kilobytes, context->sizes.total_kb());
+        EXPECT_TRUE(context->selection.is_selected(scene)) << "as everything is again";
         EXPECT_EQ((std::set<wide_string>{u"wfs_pnt_lr2d"}), context->report.unprocessed_types);
         EXPECT_EQ(1U, changes);
     }
-    const wide_string scene = u"253ad0de-e325-5dd3-8153-ceac9a173086";
     context->units.at(scene)->set_selected(false);
     context->close_project();
     EXPECT_EQ(2U, changes);

@@ -26,12 +26,11 @@ protected:
             if (!state.is_folder && path != "new._vp") found.push_back(path);
         return found;
     }
-    // The new project, read again; each test reads it once.
+    // The new project, read again.
     vestra::project& made() {
         if (!made_) read_back(output, *(made_ = std::make_unique<vestra::project>()));
         return *made_;
     }
-    ~resaving() override { made_.reset(); }
 
     std::unique_ptr<vestra::project> made_;
 };

@@ -25,6 +25,17 @@ public:
     std::vector<wide_string> sources;
 };
 
+// Breaks off when it is asked what stands under a path for the n-th time, from 1.
+class exhausted final : public forwarding_system {
+public:
+    explicit exhausted(size_t n) : left(n) {}
+    platform::entry_kind kind_of(const wide_string& path) override {
+        if (left > 0 && --left == 0) throw std::bad_alloc();
+        return forwarding_system::kind_of(path);
+    }
+    size_t left;
+};
+
 struct full_disk final : forwarding_system {
     bool rename_over(const wide_string&, const wide_string&) override { return false; }
 };
@@ -34,12 +45,13 @@ protected:
     run_faults() {
         for (const wide_string name :
              {u"a.shp", u"a.shx", u"a.dbf", u"a.cpg", u"a_shp.pj4", u"r.tif", u"r.tif.ovr", u"r.tfw",
-              u"r.tfr", u"t.dbf", u"joined.dbf", u"joined.cpg", u"p.tos"})
+              u"r.tfr", u"t.dbf", u"joined.dbf", u"joined.cpg", u"p.tos", u"w.wel"})
             write(u"C:\\data\\" + name, name == u"p.tos" ? "TOS 1\n" : "data");
         project_builder()
             .scene_2d(u"Area 1")
             .layer("shp_pln_lr2d", u"A", u"C:\\data\\a.shp")
             .layer("rtr_lr2d", u"R", u"C:\\data\\r.tif")
+            .layer("plugin_lr_2d_well_hole_2d_3", u"W", u"C:\\data\\w.wel")
             .scene_3d(u"Solid")
             .layer("tos_surf_lr3d", u"P", u"C:\\data\\p.tos")
             .table(u"T", u"C:\\data\\t.dbf")
@@ -63,7 +75,7 @@ protected:
 
 TEST_F(run_faults, a_copy_that_fails_is_named_in_report_and_log_and_all_others_are_made) {
     const std::vector<wide_string> all = run(0);
-    ASSERT_EQ(13U, all.size());
+    ASSERT_EQ(14U, all.size());
     EXPECT_TRUE(context->report.problems.empty());
     for (size_t at = 1; at <= all.size(); ++at) {
         const wide_string& failed = all[at - 1];
@@ -99,9 +111,37 @@ TEST_F(run_faults, a_run_that_breaks_off_leaves_nothing_loaded_and_the_next_one_
         EXPECT_EQ(1U, changes);
         EXPECT_FALSE(path_exists(output));
     }
+    settings.structure_variant = folder_per_scene; // in which wells have no part
+    run(1, true);
     settings.structure_variant = by_type;
     EXPECT_EQ(copies, run(0).size());
     EXPECT_TRUE(context->report.saved);
+}
+
+TEST_F(run_faults, a_load_that_breaks_off_is_told_and_leaves_nothing_and_the_next_one_is_whole) {
+    vestra::scene map(vestra::dimension::flat);
+    map.make_layer("rtr_lr2d").file = u"C:\\data\\r.tif";
+    ASSERT_FALSE(vestra::files::write_scene(u"C:\\prj\\m._sn", map));
+    project_builder().scene_2d(u"S").layer("vs_scene_layer_meta_id", u"M", u"C:\\prj\\m._sn").save(source);
+    load();
+    const uint32_t steps = context->total_units;
+    EXPECT_EQ(1U, steps);
+    for (size_t at = 1, left = 0; left == 0; ++at) {
+        script.events.clear();
+        exhausted faults(at);
+        const platform::system_override in_force(faults);
+        const bool loaded = context->load_project(source, true, false);
+        left = faults.left;
+        if (!loaded) {
+            EXPECT_EQ((std::vector<wide_string>{load_string(500)}), errors());
+            EXPECT_FALSE(context->project);
+            EXPECT_TRUE(context->tree.empty() && context->units.empty());
+            EXPECT_EQ(0, context->sizes.total_kb());
+        }
+        faults.left = 0;
+        load();
+        EXPECT_EQ(steps, context->total_units);
+    }
 }
 
 TEST_F(run_faults, a_project_that_cannot_be_written_is_told_and_the_copies_stay) {

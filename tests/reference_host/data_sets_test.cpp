@@ -62,13 +62,14 @@ std::string table_with_field(std::string name, char mark) {
 TEST(dbf_fields, the_code_page_is_told_beside_the_table_or_in_it_and_no_table_has_no_names) {
     const temporary_folder folder;
     const std::string cp866 = "\x8f\xae\xab\xa5", cp1251 = "\xcf\xee\xeb\xe5", utf8 = "Поле";
+    const std::string told = platform::to_bytes(u"Поле", platform::code_page_active);
     const struct {
         std::string bytes, code_page, name;
     } rows[] = {
-        {table_with_field(cp866, 0x65), "", utf8},
-        {table_with_field(cp1251, '\xc9'), "", utf8},
-        {table_with_field(cp1251, 0x65), "ANSI 1251\n", utf8},
-        {table_with_field(utf8, 0x65), "UTF-8", utf8},
+        {table_with_field(cp866, 0x65), "", told},
+        {table_with_field(cp1251, '\xc9'), "", told},
+        {table_with_field(cp1251, 0x65), "ANSI 1251\n", told},
+        {table_with_field(utf8, 0x65), "UTF-8", told},
         {table_with_field("A", 0).substr(0, 60), "", "-"},
         {std::string(31, '\0'), "", "-"},
         {std::string(100, '\0'), "", "-"},

@@ -21,6 +21,9 @@ public:
     /// The native path of a drive's root.
     std::filesystem::path root(char letter) const;
 
+    /// True for what the system has in the root of its own disk.
+    static bool is_of_the_system(const std::filesystem::path& entry);
+
 private:
     temporary_folder folder_;
 };

@@ -1,3 +1,4 @@
+// Linux only: the command is started through a shell.
 // The command line with a bundle, as its own process.
 #include <gtest/gtest.h>
 #include <sys/wait.h>

@@ -21,4 +21,6 @@ std::filesystem::path test_drives::root(char letter) const {
     return folder_.native() / std::string(1, letter);
 }
 
+bool test_drives::is_of_the_system(const std::filesystem::path&) { return false; }
+
 } // namespace vs::project_resave

@@ -9,13 +9,10 @@ namespace vs::project_resave {
 
 namespace {
 
-constexpr std::array<std::wstring_view, 5> of_the_system{L"windows", L"users", L"Program Files",
-                                                         L"Program Files (x86)", L"ProgramData"};
-
 void remove_what_tests_made(const std::filesystem::path& root) {
-    for (const auto& entry : std::filesystem::directory_iterator(root))
-        if (std::ranges::find(of_the_system, entry.path().filename().wstring()) == of_the_system.end())
-            std::filesystem::remove_all(entry.path());
+    std::error_code empty, failed; // an empty root has no listing
+    for (const auto& entry : std::filesystem::directory_iterator(root, empty))
+        if (!test_drives::is_of_the_system(entry.path())) std::filesystem::remove_all(entry.path(), failed);
 }
 
 } // namespace
@@ -31,5 +28,12 @@ test_drives::~test_drives() {
 }
 
 std::filesystem::path test_drives::root(char letter) const { return std::string(1, letter) + ":\\"; }
+
+bool test_drives::is_of_the_system(const std::filesystem::path& entry) {
+    constexpr std::array<std::wstring_view, 5> names{L"windows", L"users", L"Program Files",
+                                                     L"Program Files (x86)", L"ProgramData"};
+    return entry.parent_path() == entry.root_path() &&
+           std::ranges::find(names, entry.filename().wstring()) != names.end();
+}
 
 } // namespace vs::project_resave

@@ -1,10 +1,9 @@
 #include "core/deferred_joins.h"
 
-#include <memory>
-
 #include "core/copying.h"
 #include "core/path_files.h"
 #include "core/path_placement.h"
+#include "framework/host_owned.h"
 #include "framework/string_adapter.h"
 #include "framework/strings.h"
 #include "host/vsk_attr_data.h"
@@ -17,10 +16,6 @@ namespace {
 
 constexpr int32_t table_folder_text = 402;
 constexpr int32_t join_file_text = 521;
-
-struct table_destroyer {
-    void operator()(vs_attr_data* table) const { vs_attr_data_destroy(table); }
-};
 
 } // namespace
 
@@ -58,7 +53,7 @@ void deferred_joins::rejoin(const pending_join& join) {
         }
         copy_table(join.other_source, path, *placement, *log, *report);
     }
-    const std::unique_ptr<vs_attr_data, table_destroyer> other(vs_attr_data_create());
+    const host_owned<vs_attr_data, &vs_attr_data_destroy> other(vs_attr_data_create());
     vs_attr_data_set_wfilename(other.get(), path.c_str());
     vs_attr_data_join(join.attr_data, other.get(), join.base_field, join.other_field);
 }

@@ -127,7 +127,7 @@ wide_string path_placement::folder_for(const wide_string& source) {
 wide_string path_placement::place(const wide_string& source) {
     switch (options->structure_variant) {
     case by_type:
-        return place_in_type_folder(source);
+        return in_type_folder(source);
     case from_project_folder:
         return place_from_project_folder(source);
     case project_tree_else_type:
@@ -150,11 +150,11 @@ wide_string path_placement::place_from_project_folder(const wide_string& source)
 
 wide_string path_placement::place_inside_or_by_type(const wide_string& source) const {
     const wide_string relative = path_relative(source_folder, source);
-    if (relative == source || leads_upwards(relative)) return place_in_type_folder(source);
+    if (relative == source || leads_upwards(relative)) return in_type_folder(source);
     return path_join(new_folder, relative);
 }
 
-wide_string path_placement::place_in_type_folder(const wide_string& source) const {
+wide_string path_placement::in_type_folder(const wide_string& source) const {
     wide_string folder = path_join(new_folder, type_folder);
     if (path_extension(source) == own_folder_extension) folder = path_join(folder, path_stem(source));
     return path_join(folder, path_file_name(source));

@@ -74,7 +74,7 @@ private:
     wide_string place(const wide_string& source);
     wide_string place_from_project_folder(const wide_string& source) const;
     wide_string place_inside_or_by_type(const wide_string& source) const;
-    wide_string place_in_type_folder(const wide_string& source) const;
+    wide_string in_type_folder(const wide_string& source) const;
     wide_string place_in_scene_folder(const wide_string& source);
     wide_string resolve_conflict(const wide_string& path, const wide_string& source);
     wide_string next_free_name(const wide_string& path);

@@ -3,6 +3,7 @@
 #include <stdexcept>
 
 #include "core/common_directory.h"
+#include "core/copying.h"
 #include "core/data_source.h"
 #include "core/entity_uuid.h"
 #include "core/path_files.h"
@@ -52,8 +53,7 @@ wide_string Tvs_resave_file::place_and_copy(const wide_string& source) {
         try {
             copy_files(source, target);
         } catch (const std::out_of_range&) { // a name from which a companion's cannot be formed
-            context->report.add_copy_error(source);
-            context->log.copy_failed(source);
+            record_copy_failure(source, context->log, context->report);
         }
     }
     placement.set_type_folder(u"files");

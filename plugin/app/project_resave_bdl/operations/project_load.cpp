@@ -80,10 +80,14 @@ bool project_context::load_project(const wide_string& wanted, bool show_wait, bo
     try {
         loaded = read_project(reader.get(), path, write_open_log);
         if (loaded) build_tree(path);
-    } catch (...) { // out of memory: nothing stays half loaded
+    } catch (...) { // out of memory
         loaded = false;
+    }
+    if (!loaded) { // nothing stays half loaded
+        show_error(500);
         release_project();
         clear_tree();
+        sizes.clear();
     }
     project_changed.fire();
     return loaded;
@@ -92,11 +96,7 @@ bool project_context::load_project(const wide_string& wanted, bool show_wait, bo
 bool project_context::read_project(vs_xml_save_prj* reader, const wide_string& path, bool write_open_log) {
     open_log.set_open_log_path(path, write_open_log);
     open_log.write_load_begin();
-    if ((vs_xml_data_load_prj_w(reader, path.c_str(), project) & 0xFF) == 0) {
-        show_error(500);
-        release_project();
-        return false;
-    }
+    if ((vs_xml_data_load_prj_w(reader, path.c_str(), project) & 0xFF) == 0) return false;
     open_log.write_load_end();
     return true;
 }

@@ -147,6 +147,8 @@ void project_context::forget_project() {
 // A run that broke off never leaves its half-changed project loaded.
 void project_context::abandon_run() {
     progress.finish();
+    report.saved = false;
+    options.structure_variant = by_type;
     placement.set_type_folder(u"files");
     placement.clear_scene();
     deferred_joins_.pending.clear();
@@ -170,6 +172,7 @@ void project_context::on_stopped() {
 
 bool project_context::stop_and_reload() {
     on_stopped();
+    options.structure_variant = by_type; // a tree that is built anew has all its units
     return load_project(placement.source_project_path, false, false);
 }
 

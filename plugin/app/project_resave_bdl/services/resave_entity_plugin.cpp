@@ -1,6 +1,6 @@
 #include "services/resave_entity_plugin.h"
 
-#include <cstring>
+#include <string_view>
 
 #include "core/copying.h"
 #include "core/data_source.h"
@@ -9,6 +9,7 @@
 #include "core/paths.h"
 #include "core/referenced_unit.h"
 #include "core/structure_line.h"
+#include "framework/encoding.h"
 #include "host/vsk_entity.h"
 #include "host/vsk_lr.h"
 #include "host/vsk_lr2d.h"
@@ -28,10 +29,6 @@ namespace {
 
 using xml_2d = host_owned<vs_xml_save_2d, &vs_xml_save_2d_destroy>;
 using xml_3d = host_owned<vs_xml_save_3d, &vs_xml_save_3d_destroy>;
-
-bool has_meta_id(vs_entity* entity, const char* meta_id) {
-    return std::strcmp(vs_entity_get_meta_id(entity), meta_id) == 0;
-}
 
 } // namespace
 
@@ -115,7 +112,7 @@ bool resave_entity_plugin::save_row(uint32_t index) {
 
 wide_string resave_entity_plugin::place_and_copy_row(uint32_t index) {
     context->placement.set_type_folder(files[index].folder);
-    const wide_string target = context->placement.new_path(files[index].source);
+    wide_string target = context->placement.new_path(files[index].source);
     if (target.empty())
         context->log.new_name_failed(target);
     else
@@ -144,28 +141,37 @@ void resave_entity_plugin::copy_row(uint32_t index, const wide_string& target) {
 
 // Beside the new project, also where each scene has a folder of its own.
 wide_string resave_entity_plugin::place_own_file(wide_view extension) {
-    const wide_string path =
+    wide_string path =
         caption_file_path(path_head(context->placement.new_project_path), caption(), extension);
     context->placement.register_placed(wide_string(), path);
     return path;
 }
 
 void resave_entity_plugin::save_own_file() {
-    const xml_2d writer_2d(vs_xml_save_2d_create());
-    const xml_3d writer_3d(vs_xml_save_3d_create());
-    if (context->options.save_scene_files) {
-        if (has_meta_id(entity_, "Scene2DMetaID"))
-            vs_xml_data_save_scn2d_w(writer_2d.get(), place_own_file(u"._sn").c_str(),
-                                     vs_scn_2d_safe_downcast(entity_));
-        if (has_meta_id(entity_, "Scene3DMetaID"))
-            vs_xml_data_save_scn3d_w(writer_3d.get(), place_own_file(u"._sc").c_str(),
-                                     vs_scn_3d_safe_downcast(entity_));
-    }
+    if (context->options.save_scene_files) save_own_scene();
     vs_lr* layer = context->options.save_layer_files ? vs_lr_safe_downcast(entity_) : nullptr;
-    if (vs_lr2d_safe_downcast(layer))
-        vs_xml_data_save_lr2d_w(writer_2d.get(), place_own_file(u"._lr").c_str(), layer);
-    if (vs_lr3d_safe_downcast(layer))
-        vs_xml_data_save_lr3d_w(writer_3d.get(), place_own_file(u"._lrd").c_str(), layer);
+    if (vs_lr2d_safe_downcast(layer)) {
+        const xml_2d writer(vs_xml_save_2d_create());
+        vs_xml_data_save_lr2d_w(writer.get(), place_own_file(u"._lr").c_str(), layer);
+    }
+    if (vs_lr3d_safe_downcast(layer)) {
+        const xml_3d writer(vs_xml_save_3d_create());
+        vs_xml_data_save_lr3d_w(writer.get(), place_own_file(u"._lrd").c_str(), layer);
+    }
+}
+
+void resave_entity_plugin::save_own_scene() {
+    const std::string_view meta_id = narrow_or_empty(vs_entity_get_meta_id(entity_));
+    vs_scn_2d* flat = meta_id == "Scene2DMetaID" ? vs_scn_2d_safe_downcast(entity_) : nullptr;
+    vs_scn_3d* solid = meta_id == "Scene3DMetaID" ? vs_scn_3d_safe_downcast(entity_) : nullptr;
+    if (flat) {
+        const xml_2d writer(vs_xml_save_2d_create());
+        vs_xml_data_save_scn2d_w(writer.get(), place_own_file(u"._sn").c_str(), flat);
+    }
+    if (solid) {
+        const xml_3d writer(vs_xml_save_3d_create());
+        vs_xml_data_save_scn3d_w(writer.get(), place_own_file(u"._sc").c_str(), solid);
+    }
 }
 
 } // namespace vs::project_resave

@@ -51,6 +51,7 @@ private:
     void copy_row(uint32_t index, const wide_string& target);
     wide_string place_own_file(wide_view extension);
     void save_own_file();
+    void save_own_scene();
 
     std::vector<file_row> files;
     vs_entity* const entity_;

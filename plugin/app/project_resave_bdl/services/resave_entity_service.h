@@ -2,10 +2,10 @@
 // refers to, and how its new paths are written back. What a service claims here wins over the bundle's own
 // knowledge of layers.
 //
-// Who implements: a bundle, as a service registered under "vestra/resave_project". Who calls: the resave, on
-// the user-interface thread, with elements of the private copy it works on, never with those of the host's
-// open project. Elements and lists are borrowed for the call; indexes run from 0; texts are told during the
-// call. A service must not call back into the run.
+// Who implements: a bundle, as a referent that is registered under "vestra/resave_project" and ends with its
+// library. Who calls: the resave, on the user-interface thread, with elements of the private copy it works
+// on, never with those of the host's open project. Elements and lists are borrowed for the call; indexes run
+// from 0; texts are told during the call. A service must not call back into the run.
 #pragma once
 
 #include "framework/visitors.h"

@@ -109,7 +109,7 @@ bool resave_plugin_list::save_item(uint32_t index) {
 
 wide_string resave_plugin_list::place_and_copy(uint32_t index, const wide_string& source) {
     context->placement.set_type_folder(told_text<&resave_service_impl::default_folder>(service.get()));
-    const wide_string target = context->placement.new_path(source);
+    wide_string target = context->placement.new_path(source);
     if (target.empty())
         context->log.new_name_failed(source);
     else

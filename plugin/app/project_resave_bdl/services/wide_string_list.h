@@ -4,7 +4,6 @@
 #include <vector>
 
 #include "framework/visitors.h"
-#include "framework/visitors.h"
 #include "host/vsk_basic.h"
 
 namespace vs::project_resave {
