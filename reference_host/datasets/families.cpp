@@ -36,14 +36,13 @@ public:
     // True as long as the folder has not changed since it was read. A change that came too soon after the
     // last one need not show in the folder's time, so that one must be older than the step of its clock.
     bool is_current(std::filesystem::file_time_type folder_time) const {
-        using namespace std::chrono_literals;
-        const bool tells_fractions = changed_.time_since_epoch() % 1s != 0s;
-        return folder_time == changed_ && changed_ + (tells_fractions ? 20ms : 2000ms) < read_at_;
+        constexpr auto settling_time = std::chrono::milliseconds(20);
+        return folder_time == changed_ && changed_ + settling_time < read_at_;
     }
 
     void read(const wide_string& folder) {
         read_at_ = std::filesystem::file_time_type::clock::now();
-        changed_ = time_of(folder);
+        changed_ = platform::folder_time(folder);
         count_ = 0;
         names_.clear();
         for (const auto& entry : platform::current_system().list(folder)) {
@@ -58,11 +57,6 @@ public:
         return names_[first_piece(name)];
     }
 
-    static std::filesystem::file_time_type time_of(const wide_string& folder) {
-        std::error_code failed;
-        return std::filesystem::last_write_time(platform::native_path(folder), failed);
-    }
-
 private:
     std::unordered_map<wide_string, std::vector<wide_string>> names_;
     std::size_t count_ = 0;
@@ -73,7 +67,7 @@ private:
 folder_names& names_in(const wide_string& folder) {
     static std::unordered_map<std::string, folder_names> folders;
     const auto [row, is_new] = folders.try_emplace(platform::native_path(folder).string(), folder);
-    if (!is_new && !row->second.is_current(folder_names::time_of(folder))) row->second.read(folder);
+    if (!is_new && !row->second.is_current(platform::folder_time(folder))) row->second.read(folder);
     return row->second;
 }
 

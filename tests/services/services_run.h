@@ -58,7 +58,7 @@ protected:
         read_back(output, *copy);
     }
     void clear_output() {
-        std::filesystem::remove_all(native("n"));
+        std::filesystem::remove_all(native("n") / "out");
         std::filesystem::create_directories(native("n") / "out");
     }
     vestra::layer& copied(uint32_t index) { return *copy->scenes_2d.at(0)->at(index); }

@@ -1,4 +1,4 @@
-// Linux only: resources are registered there; on Windows they are the resource compiler's (see windows_test.cpp).
+// Linux only: resources are registered there; those of the resource compiler are in windows_test.cpp.
 #include "platform/resources.h"
 
 #include <gtest/gtest.h>

@@ -24,6 +24,9 @@ wide_string drive_path(std::string_view argument);
 /// is no folder that can be entered; nothing is changed then.
 bool set_current_folder(const wide_string& folder);
 
+/// When an entry of a folder was last made, renamed or removed; the least value if there is no such folder.
+std::filesystem::file_time_type folder_time(const wide_string& folder);
+
 /// The system's own path of a drive path: of the existing entry, looked up without letter case, or of the
 /// one that would be created. Empty if the path cannot be expressed.
 std::filesystem::path native_path(const wide_string& path);

@@ -10,7 +10,8 @@ namespace {
 
 constexpr uint32_t english = 50000;
 
-#define VS_TEXT(id, base, translated) platform::text_row{id, base}, platform::text_row{id + english, translated},
+#define VS_TEXT(id, base, translated)                                                                        \
+    platform::text_row{id, base}, platform::text_row{id + english, translated},
 #define VS_TEXT_BASE_ONLY(id, base) platform::text_row{id, base},
 constexpr platform::text_row rows[] = {
 #include "framework/texts/bundle_texts.inc"

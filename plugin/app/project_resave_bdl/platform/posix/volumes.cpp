@@ -172,6 +172,11 @@ bool set_current_folder(const wide_string& folder) {
     return native && ::chdir(native->c_str()) == 0;
 }
 
+std::filesystem::file_time_type folder_time(const wide_string& folder) {
+    std::error_code failed;
+    return std::filesystem::last_write_time(native_path(folder), failed);
+}
+
 std::filesystem::path native_path(const wide_string& path) {
     return mapped_volumes().native(path, false).value_or(std::string());
 }

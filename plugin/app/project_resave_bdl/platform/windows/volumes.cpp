@@ -1,5 +1,7 @@
 #include "platform/volumes.h"
 
+#include <chrono>
+
 #include "platform/text.h"
 #include "platform/windows/paths.h"
 
@@ -38,6 +40,19 @@ wide_string drive_path(std::string_view argument) {
 
 bool set_current_folder(const wide_string& folder) {
     return SetCurrentDirectoryW(wide(folder.c_str())) != FALSE;
+}
+
+// The standard library asks for the time of files only.
+std::filesystem::file_time_type folder_time(const wide_string& folder) {
+    using ticks = std::chrono::duration<int64_t, std::ratio<1, 10'000'000>>;
+    constexpr std::chrono::seconds from_1601_to_1970(11'644'473'600);
+    WIN32_FILE_ATTRIBUTE_DATA data{};
+    if (!GetFileAttributesExW(wide(system_path(folder).c_str()), GetFileExInfoStandard, &data))
+        return std::filesystem::file_time_type::min();
+    const FILETIME& written = data.ftLastWriteTime;
+    const ticks from_1601((int64_t{written.dwHighDateTime} << 32) | written.dwLowDateTime);
+    return std::filesystem::file_time_type::clock::from_sys(
+        std::chrono::sys_time<ticks>(from_1601 - from_1601_to_1970));
 }
 
 std::filesystem::path native_path(const wide_string& path) { return system_path(path); }
