@@ -38,7 +38,10 @@ const std::map<std::string, uint32_t> ways_if_scene_file_exists{{"rewrite", 0}, 
 CLI::App* add_command(CLI::App& app, const char* name, const char* what, common_options& options,
                       std::string& project) {
     CLI::App* command = app.add_subcommand(name, what);
-    command->add_option("PROJECT", project, "Project file, by its native path or as C:\\...")->required();
+    const auto is_given = [](const std::string& text) { return std::string(text.empty() ? "is empty" : ""); };
+    command->add_option("PROJECT", project, "Project file, by its native path or as C:\\...")
+        ->required()
+        ->check(is_given);
     command->add_option("--drive", options.drives, "Map a drive letter to a folder, as C=/data/c; repeatable")
         ->type_name("X=FOLDER")
         ->allow_extra_args(false);
