@@ -1,5 +1,6 @@
 #include "reference_host/datasets/families.h"
 
+#include <algorithm>
 #include <array>
 #include <cstring>
 #include <filesystem>
@@ -65,8 +66,8 @@ private:
 };
 
 folder_names& names_in(const wide_string& folder) {
-    static std::unordered_map<std::string, folder_names> folders;
-    const auto [row, is_new] = folders.try_emplace(platform::native_path(folder).string(), folder);
+    static std::unordered_map<wide_string, folder_names> folders;
+    const auto [row, is_new] = folders.try_emplace(folder, folder);
     if (!is_new && !row->second.is_current(platform::folder_time(folder))) row->second.read(folder);
     return row->second;
 }
@@ -79,11 +80,15 @@ std::optional<file_list> shape_family(const wide_string& path) {
     if (!is_shape_file(path)) return std::nullopt;
     const path_parts main = parts_of(path);
     file_list files{path};
+    const std::vector<wide_string>& near = names_in(main.head).beginning_as(main.stem);
     for (const wide_view extension :
          {u".shx", u".dbf", u".cpg", u".prj", u".qix", u".sbn", u".sbx", u".shp.xml"}) {
-        wide_string name;
-        if (platform::current_system().true_name(main.head, main.stem + wide_string(extension), name))
-            files.push_back(main.head + name);
+        const wide_string name = main.stem + wide_string(extension);
+        auto found = std::ranges::find(near, name);
+        if (found == near.end())
+            found = std::ranges::find_if(near,
+                                         [&](const wide_string& other) { return is_same_name(other, name); });
+        if (found != near.end()) files.push_back(main.head + *found);
     }
     return files;
 }

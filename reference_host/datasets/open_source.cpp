@@ -23,7 +23,7 @@ namespace {
 // Where the records of a data set come from.
 struct record_source {
     std::unique_ptr<gdal_source> opened;
-    std::filesystem::path unopened; // opened when a record is first asked for
+    wide_string unopened; // a path, opened when a record is first asked for
 };
 
 class open_data_set final : public referent<stat_source_impl>, counted {
@@ -46,7 +46,7 @@ public:
 private:
     gdal_source* records() {
         if (!records_.unopened.empty())
-            records_.opened = open_gdal_source(std::exchange(records_.unopened, {}));
+            records_.opened = open_gdal_source(platform::native_path(std::exchange(records_.unopened, {})));
         return records_.opened.get();
     }
 
@@ -123,9 +123,9 @@ identity_pointer open_file(const wide_string& path) {
     if (has_extension(path, {u".pgrid"})) return make(grid_family(path));
     if (has_extension(path, {u".sgy", u".segy", u".sec"})) return make({path});
 
-    const auto native = platform::native_path(path);
     if (has_extension(path, {u".shp"}))
-        if (auto files = shape_family(path)) return make(std::move(*files), {nullptr, native});
+        if (auto files = shape_family(path)) return make(std::move(*files), {nullptr, path});
+    const auto native = platform::native_path(path);
     const auto siblings = near_names_in_large_folder(path);
     if (auto known = open_gdal_source(native, siblings ? &*siblings : nullptr)) {
         file_list files = asked_paths(*known, asked_place(path, native, false));

@@ -31,11 +31,20 @@ pugi::xml_node start(pugi::xml_document& document, const char* root_name) {
     return root;
 }
 
-struct text_sink : pugi::xml_writer {
+class file_sink : public pugi::xml_writer {
+public:
+    explicit file_sink(platform::file& file) : file_(file) {}
     void write(const void* data, std::size_t size) override {
-        text.append(static_cast<const char*>(data), size);
+        size_ += size;
+        complete_ = complete_ && size_ <= largest_file && file_.write(data, size) == size;
     }
-    std::string text;
+    std::size_t size() const { return size_; }
+    bool complete() const { return complete_; }
+
+private:
+    platform::file& file_;
+    std::size_t size_ = 0;
+    bool complete_ = true;
 };
 
 wide_string free_name_beside(const wide_string& path) {
@@ -46,18 +55,24 @@ wide_string free_name_beside(const wide_string& path) {
     return name;
 }
 
-bool write_bytes(const wide_string& path, std::string_view bytes) {
+const char16_t* write_document(const wide_string& path, const pugi::xml_document& document) {
     std::unique_ptr<platform::file> file;
     const platform::open_result result = platform::current_system().open(
         path, platform::access::read_write, platform::disposition::create_always, file);
-    return result == platform::open_result::opened && file->write(bytes.data(), bytes.size()) == bytes.size();
+    if (result != platform::open_result::opened) return u"the file cannot be written";
+    file_sink sink(*file);
+    document.save(sink, "  ", pugi::format_default, pugi::encoding_utf8);
+    if (sink.size() > largest_file) return u"the file would be larger than 256 MiB";
+    return sink.complete() ? nullptr : u"the file cannot be written";
 }
 
-std::optional<file_error> replace_file(const wide_string& path, std::string_view bytes) {
+std::optional<file_error> replace_file(const wide_string& path, const pugi::xml_document& document) {
     const wide_string fresh = free_name_beside(path);
-    if (write_bytes(fresh, bytes) && platform::current_system().rename_over(fresh, path)) return std::nullopt;
+    const char16_t* fault = write_document(fresh, document);
+    if (!fault && !platform::current_system().rename_over(fresh, path)) fault = u"the file cannot be written";
+    if (!fault) return std::nullopt;
     platform::current_system().delete_file(fresh);
-    return file_error{path, 0, u"the file cannot be written"};
+    return file_error{path, 0, fault};
 }
 
 // Finishes the document that the writer filled and puts it on the disk.
@@ -67,10 +82,7 @@ std::optional<file_error> save(const wide_string& path, const pugi::xml_document
     if (writer.refused()) return file_error{path, 0, *writer.refused()};
     if (const auto found = first_fault(document.document_element()))
         return file_error{path, 0, found->reason};
-    text_sink sink;
-    document.save(sink, "  ", pugi::format_default, pugi::encoding_utf8);
-    if (sink.text.size() > largest_file) return file_error{path, 0, u"the file would be larger than 256 MiB"};
-    return replace_file(path, sink.text);
+    return replace_file(path, document);
 }
 
 } // namespace

@@ -41,7 +41,7 @@ TEST_F(layer_run, each_kind_of_layer_has_its_lines_in_the_structure) {
     table->joins = {{sample("data/tables/owners.dbf"), 0, 0}, {src(u"gone.dbf"), 0, 0}};
     EXPECT_EQ(write("shp_pnt_lr2d", u"r.shp", &common, std::move(table)), 1U);
     size_t counted = 0;
-    for (const auto& [drive, files] : common.drives) counted += files.paths.size();
+    for (const auto& [drive, files] : common.drives) counted += files.counted;
     EXPECT_EQ(counted, 2U);
     EXPECT_EQ(write("vector_lr2d", u"v.mif"), 1U);
     EXPECT_EQ(write("tos_grid_lr2d", u"t.tos"), 1U);

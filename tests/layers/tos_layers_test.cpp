@@ -122,7 +122,7 @@ TEST_F(tos_layers, files_count_for_the_size_up_to_the_first_model_file_that_does
     EXPECT_EQ(files, (names{src(u"main.tos"), src(u"main.tod"), src(u"a.tos"), src(u"a.tod")}));
     common_directory common;
     unit.collect_common_directory(common);
-    EXPECT_EQ(common.drives[path_root(src(u""))].paths.size(),
+    EXPECT_EQ(common.drives[path_root(src(u""))].counted,
               7U); // three model files and four that stand there
     disk.write(u"src\\main.tos", "broken");
     unit.collect_source_files(files);

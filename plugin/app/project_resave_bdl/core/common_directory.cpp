@@ -6,27 +6,16 @@
 
 namespace vs::project_resave {
 
-namespace {
-
-using pieces = std::vector<wide_string>;
-
-pieces common_prefix(const std::vector<pieces>& paths) {
-    pieces prefix = paths.front();
-    for (const pieces& path : paths) {
-        const auto parting = std::ranges::mismatch(prefix, path).in1;
-        prefix.erase(parting, prefix.end());
-    }
-    return prefix;
-}
-
-} // namespace
-
 void common_directory::add_path(const wide_string& path) {
     const wide_string drive = path_root(path);
     if (drive.empty()) return;
-    pieces folder = path_split(path, path_separators, false);
+    std::vector<wide_string> folder = path_split(path, path_separators, false);
     if (folder.size() > 1) folder.pop_back();
-    drives[drive].paths.push_back(std::move(folder));
+    auto& [shared, counted, common] = drives[drive];
+    if (counted++ == 0)
+        shared = std::move(folder);
+    else
+        shared.erase(std::ranges::mismatch(shared, folder).in1, shared.end());
     computed = false;
 }
 
@@ -34,10 +23,9 @@ void common_directory::compute() {
     computed = true;
     for (auto& [name, drive] : drives) drive.common.clear();
     for (auto& [name, drive] : drives) {
-        if (drive.paths.empty()) continue;
-        const pieces prefix = common_prefix(drive.paths);
-        if (prefix.empty()) return;
-        for (const wide_string& piece : prefix) drive.common = path_join(drive.common, piece);
+        if (drive.counted == 0) continue;
+        if (drive.shared.empty()) return;
+        for (const wide_string& piece : drive.shared) drive.common = path_join(drive.common, piece);
     }
 }
 

@@ -20,7 +20,19 @@ size_t extension_start(wide_view file_name) {
     return dot == wide_view::npos || dot == 0 ? file_name.size() : dot;
 }
 
-void append_pieces(wide_string& path, const std::vector<wide_string>& pieces, size_t first) {
+using piece_views = std::vector<wide_view>;
+
+piece_views pieces_of(wide_view path, wide_view separators = path_separators, bool skip_empty = true) {
+    piece_views pieces;
+    for (size_t start = 0; start <= path.size();) {
+        const size_t end = std::min(path.find_first_of(separators, start), path.size());
+        if (end > start || !skip_empty) pieces.push_back(path.substr(start, end - start));
+        start = end + 1;
+    }
+    return pieces;
+}
+
+void append_pieces(wide_string& path, const piece_views& pieces, size_t first) {
     for (size_t i = first; i < pieces.size(); ++i) path.append(pieces[i]).push_back(u'\\');
 }
 
@@ -28,7 +40,7 @@ void drop_last_character(wide_string& path) {
     if (!path.empty()) path.pop_back();
 }
 
-bool same_piece(const wide_string& a, const wide_string& b) { return platform::compare_no_case(a, b) == 0; }
+bool same_piece(wide_view a, wide_view b) { return platform::compare_no_case(a, b) == 0; }
 
 } // namespace
 
@@ -88,19 +100,14 @@ size_t path_fixed_length(wide_view path) {
 }
 
 std::vector<wide_string> path_split(wide_view path, wide_view separators, bool skip_empty) {
-    std::vector<wide_string> pieces;
-    for (size_t start = 0; start <= path.size();) {
-        const size_t end = std::min(path.find_first_of(separators, start), path.size());
-        if (end > start || !skip_empty) pieces.emplace_back(path.substr(start, end - start));
-        start = end + 1;
-    }
-    return pieces;
+    const piece_views pieces = pieces_of(path, separators, skip_empty);
+    return {pieces.begin(), pieces.end()};
 }
 
 wide_string path_normalise(wide_view path) {
     const wide_string root = path_root(path);
-    const std::vector<wide_string> pieces = path_split(path, path_separators, true);
-    std::vector<wide_string> kept;
+    const piece_views pieces = pieces_of(path);
+    piece_views kept;
     for (size_t i = root.empty() ? 0 : 1; i < pieces.size(); ++i) {
         if (pieces[i] == u".") continue;
         if (pieces[i] == u".." && !kept.empty() && kept.back() != u"..")
@@ -109,6 +116,7 @@ wide_string path_normalise(wide_view path) {
             kept.push_back(pieces[i]);
     }
     wide_string result;
+    result.reserve(path.size() + 1);
     if (!path.empty() && is_separator(path[0])) {
         result += u'\\';
         if (path.size() > 1 && is_separator(path[1])) result += u'\\';
@@ -135,8 +143,8 @@ wide_string path_relative(wide_view base, wide_view target) {
     const wide_string root = path_root(normal);
     if (!root.empty() && !same_piece(base_root, root)) return normal;
 
-    const auto from = path_split(wide_view(folder).substr(base_root.size()), path_separators, true);
-    const auto to = path_split(wide_view(normal).substr(root.size()), path_separators, true);
+    const piece_views from = pieces_of(wide_view(folder).substr(base_root.size()));
+    const piece_views to = pieces_of(wide_view(normal).substr(root.size()));
     const auto parting = std::ranges::mismatch(from, to, same_piece);
     wide_string result;
     for (auto piece = parting.in1; piece != from.end(); ++piece) result += u"..\\";

@@ -1,6 +1,7 @@
 // The files of a run that have their place.
 #pragma once
 
+#include <cstdint>
 #include <unordered_map>
 #include <vector>
 
@@ -31,7 +32,7 @@ public:
 
 private:
     std::vector<placed_file> entries_;
-    std::unordered_map<wide_string, size_t> oldest_; // by path_key of the old path
+    std::unordered_multimap<size_t, uint32_t> oldest_; // by the hash of path_key of the old path
 };
 
 } // namespace vs::project_resave

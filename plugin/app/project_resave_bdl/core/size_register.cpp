@@ -16,14 +16,8 @@ constexpr double kb_per_byte = 0.0009765625;
 // Of a folder the files below it, at all depths.
 double kilobytes(const wide_string& path) {
     platform::system& system = platform::current_system();
-    switch (system.kind_of(path)) {
-    case platform::entry_kind::none:
-        return 0;
-    case platform::entry_kind::file:
-        return static_cast<double>(system.file_size(path)) * kb_per_byte;
-    case platform::entry_kind::folder:
-        break;
-    }
+    if (const uint64_t bytes = system.file_size(path)) return static_cast<double>(bytes) * kb_per_byte;
+    if (system.kind_of(path) != platform::entry_kind::folder) return 0;
     double sum = 0;
     for (const platform::tree_entry& entry : platform::list_tree(system, path))
         if (!entry.is_folder) sum += static_cast<double>(system.file_size(entry.path)) * kb_per_byte;

@@ -11,7 +11,7 @@
 #include <utility>
 #include <vector>
 
-#include "platform/posix/descriptor.h"
+#include "platform/posix/open_file.h"
 #include "platform/posix/volumes.h"
 
 namespace vs::project_resave::platform {
@@ -20,9 +20,9 @@ namespace {
 
 folder_names& names() { return mapped_volumes().names(); }
 
+// The names of the folder were looked through for `path` just now.
 descriptor create_exclusively(const std::string& path, mode_t mode) {
-    names().before_change(path);
-    descriptor created(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, mode));
+    descriptor created = open_native(path, O_WRONLY | O_CREAT | O_EXCL, mode);
     if (created) names().created(path);
     return created;
 }
@@ -64,7 +64,7 @@ private:
 
 bool copy_through_memory(int source, int target, off_t from, off_t end) {
     constexpr off_t piece = 128 * 1024;
-    std::vector<char> buffer(static_cast<size_t>(std::min(piece, end - from)));
+    static thread_local std::vector<char> buffer(piece);
     while (from < end) {
         const auto wanted = static_cast<size_t>(std::min(piece, end - from));
         const ssize_t taken = ::pread(source, buffer.data(), wanted, from);
@@ -103,7 +103,9 @@ bool copy_without_holes(int source, int target, off_t size) {
 
 bool copy_content(int source, int target, const struct stat& status) {
     constexpr off_t block = 512;
+    constexpr off_t small = 64 * 1024; // below it, setting up a transfer inside the kernel costs more
     if (status.st_blocks * block < status.st_size) return copy_without_holes(source, target, status.st_size);
+    if (status.st_size <= small) return copy_through_memory(source, target, 0, status.st_size);
     return copy_range(source, target, 0, status.st_size);
 }
 
@@ -116,7 +118,10 @@ bool is_unchanged(int source, const struct stat& before) {
 // Some mounted file systems know neither; a copy without them is still a copy.
 void copy_attributes(int target, const struct stat& status, mode_t permissions) {
     const timespec times[] = {status.st_atim, status.st_mtim};
-    const bool kept = ::fchmod(target, permissions) == 0 && ::futimens(target, times) == 0;
+    struct stat made {};
+    const bool has_permissions = ::fstat(target, &made) == 0 && (made.st_mode & 0777) == permissions;
+    const bool kept =
+        (has_permissions || ::fchmod(target, permissions) == 0) && ::futimens(target, times) == 0;
     static_cast<void>(kept);
 }
 
@@ -129,11 +134,14 @@ std::string temporary_name(const std::string& target) {
 
 } // namespace
 
-bool copy_regular_file(const std::string& source, const std::string& target, bool replace) {
-    const descriptor in(::open(source.c_str(), O_RDONLY | O_CLOEXEC | O_NONBLOCK)); // a pipe must not block
+bool copy_regular_file(const wide_string& source, const wide_string& target_path, bool replace) {
+    const descriptor in = open_existing(source, O_RDONLY);
     struct stat status {};
     if (!in || ::fstat(in.get(), &status) != 0 || !S_ISREG(status.st_mode)) return false;
 
+    const auto wanted = mapped_volumes().to_create(target_path);
+    if (!wanted) return false;
+    const std::string& target = *wanted;
     struct stat existing {};
     const bool replaces = replace && ::stat(target.c_str(), &existing) == 0;
     if (replaces && existing.st_dev == status.st_dev && existing.st_ino == status.st_ino) return false;

@@ -1,4 +1,5 @@
 #include <dirent.h>
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <sys/statvfs.h>
 #include <unistd.h>
@@ -23,12 +24,16 @@ namespace {
 folder_names& names() { return mapped_volumes().names(); }
 
 std::optional<std::string> existing(const wide_string& path) { return mapped_volumes().native(path, true); }
-std::optional<std::string> wanted(const wide_string& path) { return mapped_volumes().native(path, false); }
+std::optional<std::string> wanted(const wide_string& path) { return mapped_volumes().to_create(path); }
 
+// The spelling asked for is nearly always the right one.
 std::optional<struct stat> status_of(const wide_string& path) {
     struct stat status {};
-    const auto native = existing(path);
-    if (!native || ::stat(native->c_str(), &status) != 0) return std::nullopt;
+    const auto asked = mapped_volumes().as_asked(path);
+    if (!asked) return std::nullopt;
+    if (::stat(asked->c_str(), &status) == 0) return status;
+    const auto other = mapped_volumes().in_other_spelling(*asked);
+    if (!other || ::stat(other->c_str(), &status) != 0) return std::nullopt;
     return status;
 }
 
@@ -59,9 +64,7 @@ public:
     }
 
     bool copy_file(const wide_string& source, const wide_string& target, bool replace) override {
-        const auto from = existing(source);
-        const auto to = wanted(target);
-        return from && to && copy_regular_file(*from, *to, replace);
+        return copy_regular_file(source, target, replace);
     }
 
     bool delete_file(const wide_string& path) override {
@@ -111,7 +114,8 @@ public:
             return true;
         }
         const auto native = existing(folder);
-        const auto found = native ? names().find(*native, to_utf8(name)) : std::nullopt;
+        bool is_folder = false;
+        const auto found = native ? names().find(*native, to_utf8(name), is_folder) : std::nullopt;
         if (!found) return false;
         spelling = from_utf8(*found);
         return true;
@@ -137,13 +141,14 @@ public:
     open_result open(const wide_string& path, access access_wanted, disposition how,
                      std::unique_ptr<file>& result) override {
         result.reset();
-        const bool creates = how == disposition::create_always;
-        const auto native = creates ? wanted(path) : existing(path);
+        const bool writes = access_wanted == access::read_write;
+        if (how == disposition::open_existing)
+            return lock_regular_file(open_existing(path, writes ? O_RDWR : O_RDONLY), writes, false, result);
+        const auto native = wanted(path);
         if (!native) return open_result::failed;
-        if (creates) names().before_change(*native);
-        const open_result answer = open_regular_file(*native, access_wanted, how, result);
-        if (creates && answer == open_result::opened) names().created(*native);
-        return answer;
+        descriptor opened = open_native(*native, O_RDWR | O_CREAT, 0666);
+        if (opened) names().created(*native);
+        return lock_regular_file(std::move(opened), true, true, result);
     }
 
     void pause_1ms() override { std::this_thread::sleep_for(std::chrono::milliseconds(1)); }

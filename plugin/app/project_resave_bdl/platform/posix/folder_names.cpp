@@ -17,7 +17,11 @@ constexpr int64_t settling_time = 20'000'000;
 
 int64_t nanoseconds(const timespec& time) { return int64_t{time.tv_sec} * 1'000'000'000 + time.tv_nsec; }
 
-wide_string key_of(std::string_view name) { return folded(from_utf8(name)); }
+size_t key_of(std::string_view name) { return std::hash<wide_string>()(folded(from_utf8(name))); }
+
+bool is_same_name(std::string_view a, std::string_view b) {
+    return a == b || folded(from_utf8(a)) == folded(from_utf8(b));
+}
 
 } // namespace
 
@@ -39,15 +43,17 @@ std::string joined(const std::string& folder, std::string_view name) {
     return path.append(name);
 }
 
-std::optional<std::string> folder_names::find(const std::string& folder, std::string_view name) {
+std::optional<std::string> folder_names::find(const std::string& folder, std::string_view name,
+                                              bool& is_folder) {
     const std::lock_guard guard(mutex_);
     const content* const names = current(folder);
-    if (names == nullptr) return std::nullopt;
+    is_folder = names != nullptr;
+    if (!is_folder) return std::nullopt;
     const std::string* best = nullptr;
     const auto [first, last] = names->by_folded.equal_range(key_of(name));
     for (auto entry = first; entry != last; ++entry) {
         const std::string& spelling = entry->second;
-        if (!exists_exactly(joined(folder, spelling))) continue;
+        if (!is_same_name(spelling, name) || !exists_exactly(joined(folder, spelling))) continue;
         if (spelling == name) return spelling;
         if (best == nullptr || spelling < *best) best = &spelling;
     }
@@ -110,7 +116,7 @@ void folder_names::note_own_change(const std::string& path, bool is_present) {
     content* const names = kept(folder_of(path), now);
     if (names == nullptr) return;
     names->seen = names->own_change = now;
-    const wide_string key = key_of(name_of(path));
+    const size_t key = key_of(name_of(path));
     const auto [first, last] = names->by_folded.equal_range(key);
     const auto known =
         std::find_if(first, last, [&](const auto& entry) { return entry.second == name_of(path); });

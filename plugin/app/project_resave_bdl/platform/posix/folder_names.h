@@ -16,19 +16,19 @@
 #include <unordered_map>
 #include <utility>
 
-#include "platform/wide_string.h"
-
 namespace vs::project_resave::platform {
 
 /// Paths are native, absolute and without separator at the end. May be used from any thread.
 class folder_names {
 public:
     /// The spelling that `folder` holds for `name`: the exact one if it is there, else the first in byte
-    /// order; nothing if none. Costs the same for any number of entries, once the folder has been read.
-    std::optional<std::string> find(const std::string& folder, std::string_view name);
+    /// order; nothing if none. `is_folder` tells whether the folder could be read under exactly this path.
+    /// Costs the same for any number of entries, once the folder has been read.
+    std::optional<std::string> find(const std::string& folder, std::string_view name, bool& is_folder);
 
     /// These are called around a change that this process makes in the folder of `path`: the first before
-    /// it, then one of the others if the change was made. Without them the folder is read again.
+    /// it, where `find` was not just asked; then one of the others if the change was made. Without them the
+    /// folder is read again.
     void before_change(const std::string& path);
     void created(const std::string& path);
     void removed(const std::string& path);
@@ -43,8 +43,8 @@ private:
         bool operator==(const folder_times&) const = default;
     };
     struct content {
-        std::unordered_multimap<wide_string, std::string> by_folded;
-        folder_times seen;       ///< the times for which the names hold
+        std::unordered_multimap<size_t, std::string> by_folded; ///< the hash of the folded name is enough
+        folder_times seen;                                      ///< the times for which the names hold
         folder_times own_change; ///< the times after the last change by this process
         bool settled = false;    ///< false: a change may have come too soon after the last one to show
     };

@@ -8,7 +8,7 @@
 #include <cerrno>
 #include <utility>
 
-#include "platform/posix/descriptor.h"
+#include "platform/posix/volumes.h"
 
 namespace vs::project_resave::platform {
 
@@ -52,21 +52,29 @@ private:
 
 } // namespace
 
-open_result open_regular_file(const std::string& path, access wanted, disposition how,
-                              std::unique_ptr<file>& result) {
+descriptor open_native(const std::string& path, int flags, unsigned mode) {
+    return descriptor(::open(path.c_str(), flags | O_CLOEXEC | O_NONBLOCK, mode));
+}
+
+descriptor open_existing(const wide_string& path, int flags) {
+    const auto asked = mapped_volumes().as_asked(path);
+    if (!asked) return descriptor(-1);
+    descriptor opened = open_native(*asked, flags);
+    if (opened || errno != ENOENT) return opened;
+    const auto other = mapped_volumes().in_other_spelling(*asked);
+    return other ? open_native(*other, flags) : descriptor(-1);
+}
+
+open_result lock_regular_file(descriptor opened, bool writes, bool empties, std::unique_ptr<file>& result) {
     result.reset();
-    const bool creates = how == disposition::create_always;
-    const bool writes = creates || wanted == access::read_write;
-    const int flags = (writes ? O_RDWR : O_RDONLY) | (creates ? O_CREAT : 0) | O_CLOEXEC | O_NONBLOCK;
-    descriptor opened(::open(path.c_str(), flags, 0666));
     struct stat status {};
     if (!opened || ::fstat(opened.get(), &status) != 0 || !S_ISREG(status.st_mode))
         return open_result::failed;
 
-    // Readers may share the file and a writer has it alone. Where locks are unknown the file is used without.
+    // Where locks are unknown the file is used without.
     const int lock = (writes ? LOCK_EX : LOCK_SH) | LOCK_NB;
     if (::flock(opened.get(), lock) != 0 && errno == EWOULDBLOCK) return open_result::sharing_violation;
-    if (creates && ::ftruncate(opened.get(), 0) != 0) return open_result::failed;
+    if (empties && ::ftruncate(opened.get(), 0) != 0) return open_result::failed;
     result = std::make_unique<open_file>(std::move(opened));
     return open_result::opened;
 }

@@ -1,16 +1,23 @@
-// An open file over a descriptor, and the opening that keeps other writers out.
+// An open file over a descriptor, and the opening that keeps other writers out. All may be called from any
+// thread.
 #pragma once
 
 #include <memory>
 #include <string>
 
+#include "platform/posix/descriptor.h"
 #include "platform/system.h"
 
 namespace vs::project_resave::platform {
 
-/// Does what `system::open` promises, on a native path. The lock that keeps others out is advisory: it holds
-/// against processes that use it too. May be called from any thread.
-open_result open_regular_file(const std::string& path, access wanted, disposition how,
-                              std::unique_ptr<file>& result);
+/// Opens without waiting, as a pipe would make us; holds nothing on failure. `flags` and `mode` as the
+/// system's open takes them.
+descriptor open_native(const std::string& path, int flags, unsigned mode = 0);
+/// The same for a drive path, in the spelling asked for or else in the one that stands there.
+descriptor open_existing(const wide_string& path, int flags);
+
+/// Makes a file of `opened` if that is a regular one: shared by readers, alone for a writer, and empty if
+/// `empties`. The lock is advisory: it holds against processes that use it too.
+open_result lock_regular_file(descriptor opened, bool writes, bool empties, std::unique_ptr<file>& result);
 
 } // namespace vs::project_resave::platform

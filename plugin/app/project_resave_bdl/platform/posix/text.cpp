@@ -56,9 +56,13 @@ void append_utf8(std::string& bytes, char32_t c) {
 }
 
 std::string utf8_from_wide(wide_view text) {
-    std::string bytes;
-    bytes.reserve(text.size());
-    for (size_t i = 0; i < text.size(); ++i) {
+    // Most text is plain: it is taken over in one go.
+    const auto plain =
+        static_cast<size_t>(std::ranges::find_if(text, [](char16_t c) { return c >= 0x80; }) - text.begin());
+    std::string bytes(plain, char());
+    std::ranges::transform(text.substr(0, plain), bytes.begin(),
+                           [](char16_t c) { return static_cast<char>(c); });
+    for (size_t i = plain; i < text.size(); ++i) {
         char32_t c = text[i];
         if (is_high_half(c) && i + 1 < text.size() && is_low_half(text[i + 1]))
             c = 0x10000 + ((c - 0xD800) << 10) + (text[++i] - 0xDC00U);
@@ -95,8 +99,11 @@ char32_t take_utf8(std::string_view& bytes) {
 }
 
 wide_string wide_from_utf8(std::string_view bytes) {
-    wide_string text;
-    text.reserve(bytes.size());
+    const auto plain = static_cast<size_t>(
+        std::ranges::find_if(bytes, [](char c) { return static_cast<unsigned char>(c) >= 0x80; }) -
+        bytes.begin());
+    wide_string text(bytes.begin(), bytes.begin() + plain);
+    bytes.remove_prefix(plain);
     while (!bytes.empty()) {
         const char32_t c = take_utf8(bytes);
         if (c < 0x10000) {

@@ -6,7 +6,6 @@
 #include <climits>
 #include <cstdlib>
 #include <filesystem>
-#include <vector>
 
 #include "platform/text.h"
 #include "platform/volumes.h"
@@ -30,23 +29,20 @@ std::string absolute(const std::string& native) {
 
 // `path` below `base`, of which ".." takes nothing away.
 std::string below(const std::string& base, std::string_view path) {
-    std::vector<std::string_view> pieces;
+    std::string result = base;
+    if (result.ends_with('/')) result.pop_back();
+    const size_t top = result.size();
     while (!path.empty()) {
         const auto end = static_cast<size_t>(std::ranges::find_if(path, is_separator) - path.begin());
         const std::string_view piece = path.substr(0, end);
         path.remove_prefix(std::min(end + 1, path.size()));
         if (piece.empty() || piece == ".") continue;
         if (piece != "..")
-            pieces.push_back(piece);
-        else if (!pieces.empty())
-            pieces.pop_back();
+            result.append("/").append(piece);
+        else if (result.size() > top)
+            result.erase(result.rfind('/'));
     }
-    std::string result = base;
-    for (const std::string_view piece : pieces) {
-        if (!result.ends_with('/')) result += '/';
-        result.append(piece);
-    }
-    return result;
+    return result.empty() ? "/" : result;
 }
 
 } // namespace
@@ -90,7 +86,7 @@ std::string volumes::assignments() const {
     return all;
 }
 
-std::optional<std::string> volumes::native(const wide_string& drive_path, bool must_exist) {
+std::optional<std::string> volumes::as_asked(const wide_string& drive_path) const {
     const std::string path = to_utf8(drive_path);
     const bool is_network_path = path.size() > 1 && is_separator(path[0]) && is_separator(path[1]);
     if (path.empty() || is_network_path || path.find('\0') != std::string::npos) return std::nullopt;
@@ -109,19 +105,46 @@ std::optional<std::string> volumes::native(const wide_string& drive_path, bool m
         exact = below("/", current + "/" + path);
     }
     if (exact.size() >= PATH_MAX) return std::nullopt;
+    return exact;
+}
+
+std::optional<std::string> volumes::native(const wide_string& drive_path, bool must_exist) {
+    const auto asked = as_asked(drive_path);
+    if (!asked) return std::nullopt;
     bool exists = false;
-    std::string found = spelled(exact, exists);
+    std::string found = spelled(*asked, exists);
     if (must_exist && !exists) return std::nullopt;
     return found;
+}
+
+std::optional<std::string> volumes::in_other_spelling(const std::string& asked) {
+    bool exists = false;
+    std::string found = spelled_by_listing(asked, exists);
+    return exists && found != asked ? std::optional(std::move(found)) : std::nullopt;
+}
+
+std::optional<std::string> volumes::to_create(const wide_string& drive_path) {
+    const auto asked = as_asked(drive_path);
+    if (!asked) return std::nullopt;
+    bool exists = false;
+    return spelled_by_listing(*asked, exists);
 }
 
 // The path in the spelling of the entries that exist, as far as they do.
 std::string volumes::spelled(const std::string& native, bool& exists) {
     exists = native == "/" || exists_exactly(native);
-    if (exists) return native;
-    const std::string folder = spelled(folder_of(native), exists);
+    return exists ? native : spelled_by_listing(native, exists);
+}
+
+std::string volumes::spelled_by_listing(const std::string& native, bool& exists) {
+    std::string folder = folder_of(native);
     const std::string_view name = name_of(native);
-    const auto entry = exists ? names_.find(folder, name) : std::nullopt;
+    bool is_folder = false;
+    auto entry = names_.find(folder, name, is_folder);
+    if (!is_folder && folder != "/") {
+        folder = spelled(folder, exists);
+        if (exists) entry = names_.find(folder, name, is_folder);
+    }
     exists = entry.has_value();
     return joined(folder, entry ? std::string_view(*entry) : name);
 }
@@ -174,7 +197,9 @@ bool set_current_folder(const wide_string& folder) {
 
 std::filesystem::file_time_type folder_time(const wide_string& folder) {
     std::error_code failed;
-    return std::filesystem::last_write_time(native_path(folder), failed);
+    const auto asked = mapped_volumes().as_asked(folder);
+    const auto time = std::filesystem::last_write_time(asked.value_or(std::string()), failed);
+    return failed ? std::filesystem::last_write_time(native_path(folder), failed) : time;
 }
 
 std::filesystem::path native_path(const wide_string& path) {

@@ -37,6 +37,13 @@ public:
     /// broken link); without, what does not exist keeps the spelling asked for, behind the part that does.
     /// Nothing for an unknown drive, a network path, an embedded zero, an empty path.
     std::optional<std::string> native(const wide_string& drive_path, bool must_exist);
+    /// The same without a look at the disk: the spelling is the one asked for.
+    std::optional<std::string> as_asked(const wide_string& drive_path) const;
+    /// For what does not stand under the native path `asked`: the path of what stands there in another
+    /// spelling.
+    std::optional<std::string> in_other_spelling(const std::string& asked);
+    /// What `native` gives without `must_exist`; cheaper where the name is likely to be free.
+    std::optional<std::string> to_create(const wide_string& drive_path);
 
     /// The path on the drive whose folder is the longest that holds `native`, which is made absolute against
     /// the current directory first and need not exist.
@@ -47,6 +54,7 @@ public:
 
 private:
     std::string spelled(const std::string& native, bool& exists);
+    std::string spelled_by_listing(const std::string& native, bool& exists);
 
     std::array<std::string, 26> drives_; ///< native folders by letter; empty where there is no drive
     folder_names names_;
