@@ -18,6 +18,7 @@
 #include "host/vsk_tos_data.h"
 #include "operations/project_context.h"
 #include "platform/system.h"
+#include "services/told_count.h"
 #include "services/told_text.h"
 #include "services/wide_string_list.h"
 
@@ -100,7 +101,7 @@ element scene_element(std::string kind, vs_scn* scene) {
     return shown;
 }
 
-element flat_scenes(std::string kind, vs_scns_2d* scenes) {
+element flat_scenes(const std::string& kind, vs_scns_2d* scenes) {
     element shown = described("collection", vs_entities_safe_upcast(vs_scns_2d_safe_upcast(scenes)), false);
     const uint32_t count = vs_scns_2d_get_size(scenes);
     for (uint32_t index = 0; index < count; ++index) {
@@ -176,7 +177,7 @@ void add_service(std::vector<element>& all, const resave_service& service) {
     heading.caption = told_text<&resave_service_impl::tree_caption>(service);
     const bool has_heading = call<&resave_service_impl::has_own_heading>(service);
     std::vector<element>& items = has_heading ? heading.children : all;
-    const uint32_t count = call<&resave_service_impl::item_count>(service);
+    const uint32_t count = told_count<&resave_service_impl::item_count>(service).value_or(0);
     for (uint32_t index = 0; index < count; ++index)
         items.push_back(service_item(service, index, selectable));
     if (has_heading) all.push_back(std::move(heading));

@@ -28,6 +28,7 @@ const kind_row kinds[] = {
     {"grid_lr2d", u"g.sgy g_sgy.pj4", u"g.sgy", u"sgy", u"g.sgy g_sgy.pj4"},
     {"segy_lr3d", u"g.SGY", u"g.SGY", u"grid", u"g.SGY"},
     {"grid_lr2d", u"g\\a.val g\\b\\c.val", u"g", u"grid", u"g\\a.val g\\b\\c.val"},
+    {"grid_lr2d", u"g.sgy\\a.val", u"g.sgy", u"sgy", u"g.sgy\\a.val"}, // the name alone decides
     {"vector_lr2d", u"v.abc v.ind v_abc.pj4", u"v.abc", u"vector", u"v.abc v.ind v_abc.pj4"},
     {"vector_polygon_lr2d", u"v\\a.mif", u"v", u"vector", u"v\\a.mif"},
     {"vector_point_lr2d", u"", u"*PG:host=db", u"", u""},

@@ -83,7 +83,11 @@ protected:
         for (const wide_string& id : deselected) context.selection.set_selected(id, false);
         ASSERT_TRUE(context.resave_project(settings));
         problems.clear();
-        for (const auto& problem : context.report.problems) problems += problem.text;
+        titles.clear();
+        for (const auto& problem : context.report.problems) {
+            problems += problem.text;
+            titles.push_back(problem.title);
+        }
         unprocessed_types = context.report.unprocessed_types;
         ASSERT_FALSE(vestra::files::read_project(output, *copy));
     }
@@ -107,6 +111,7 @@ protected:
     names deselected; // uuid texts
     vestra::shell::scripted_front_end front_end;
     wide_string problems; // all lines of the report
+    names titles;         // under which they stand
     std::set<wide_string> unprocessed_types;
 };
 

@@ -1,5 +1,8 @@
 // Map layers, whose scene is resaved inside them.
+#include "layers/layer_factory.h"
+#include "reference_host/api/handles.h"
 #include "tests/layers/layer_run.h"
+#include "tests/support/forwarding_system.h"
 
 namespace vs::project_resave {
 
@@ -68,6 +71,20 @@ TEST_F(map_layers, one_that_is_lost_or_does_not_load_is_lost_for_the_scene_but_e
     }
 }
 
+TEST_F(map_layers, what_is_lost_behind_one_is_told_under_the_scene_inside) {
+    vestra::scene inside(vestra::dimension::flat);
+    add(inside, "rtr_lr2d", src(u"gone.tif")).caption = u"inner";
+    inside.caption = u"inside";
+    ASSERT_FALSE(vestra::files::write_scene(src(u"m._sn"), inside));
+    vestra::scene& scene = scene_2d();
+    add(scene, "rtr_lr2d", src(u"gone.tif")).caption = u"before"; // saved from the last to the first
+    add(scene, map_2d, src(u"m._sn"));
+    add(scene, "rtr_lr2d", src(u"gone.tif")).caption = u"behind";
+    resave();
+    EXPECT_EQ(titles, (names{u"S", u"inside"}));
+    EXPECT_EQ(problems, u"Lost files behind\nLost files inner\nLost files before\n");
+}
+
 TEST_F(map_layers, a_scene_file_that_leads_back_to_itself_ends_there) {
     for (const auto& [name, inner] : {std::pair(u"x._sn", u"Y._SN"), std::pair(u"y._sn", u"x._sn")}) {
         vestra::scene scene(vestra::dimension::flat);
@@ -92,6 +109,49 @@ TEST_F(map_layers, what_is_not_selected_leaves_the_scene_inside_too) {
     resave();
     EXPECT_EQ(copied(), (names{u"m._sn"}));
     EXPECT_EQ(first_reference(u"m._sn"), u"");
+}
+
+TEST_F(map_layers, only_saving_and_counting_go_into_the_scene_inside) {
+    vestra::scene inside(vestra::dimension::flat);
+    vestra::layer& raster = add(named(inside), "rtr_lr2d", src(u"A.TIF")); // its letter case differs
+    add(inside, "prf_compound_lr2d", u"").members = names{raster.id.text()};
+    ASSERT_FALSE(vestra::files::write_scene(src(u"m._sn"), inside));
+    vestra::layer& layer = add(scene_2d(), map_2d, src(u"m._sn"));
+    const vestra::shell::front_end_override in_force(front_end);
+    project_context context(nullptr);
+    const auto unit = make_layer_unit_2d(context, vestra::api::to_handle<vs_lr>(&layer));
+    unit->build_once();
+    ASSERT_TRUE(context.units.contains(raster.id.text()));
+    uint32_t total = 0;
+    unit->count_units(total);
+    EXPECT_EQ(total, 2U) << "not the map layer itself";
+    context.progress.total = 10;
+    unit->skip_progress();
+    bool differs = false;
+    EXPECT_TRUE(unit->check_path_case(&differs));
+    EXPECT_EQ(context.progress.current, 2U);
+    EXPECT_FALSE(differs);
+    unit->set_selected(false);
+    EXPECT_TRUE(context.selection.is_selected(raster.id.text()));
+    unit->set_selected(true);
+    context.selection.set_selected(raster.id.text(), false);
+    EXPECT_EQ(unit->selection_state(), 0U);
+    EXPECT_TRUE(unit->correct_selection());
+    EXPECT_TRUE(front_end.events.empty());
+}
+
+TEST_F(map_layers, a_scene_file_that_cannot_be_written_is_named_all_the_same) {
+    struct : forwarding_system {
+        bool rename_over(const wide_string& from, const wide_string& to) override {
+            return !to.ends_with(u"m._sn") && forwarding_system::rename_over(from, to);
+        }
+    } faults;
+    for (int i = 0; i < 2; ++i) add(scene_2d(), map_2d, src(u"m._sn"));
+    const platform::system_override in_force(faults);
+    resave();
+    EXPECT_EQ(copied(), (names{u"rtr\\a.tif"}));
+    EXPECT_EQ(layer_2d().file, out(u"m._sn"));
+    EXPECT_EQ(problems, u"");
 }
 
 } // namespace vs::project_resave

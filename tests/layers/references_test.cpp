@@ -26,6 +26,22 @@ TEST_F(layer_references, what_links_and_profiles_name_is_added_after_one_questio
     }
 }
 
+TEST_F(layer_references, a_link_is_the_uuid_as_the_host_writes_it_between_any_stars) {
+    for (const auto& [before, behind, is_found] :
+         {std::tuple(u"*", u"*", true), {u"", u"", true}, {u"***", u"*", true}, {u"*{", u"}*", false}}) {
+        clear();
+        const wide_string id = left_out(u"linked").id.text(), link = before + id + behind;
+        add(scene_3d(), "map_lr3d", link);
+        front_end.answers = {answer::yes};
+        settings.delete_lost_sources = true;
+        resave();
+        EXPECT_EQ(scenes(), is_found ? names{u"linked"} : names{});
+        EXPECT_EQ(questions(), is_found ? 1U : 0U);
+        ASSERT_EQ(copy->scenes_3d.at(0)->count(), 1U);
+        EXPECT_EQ(copy->scenes_3d.at(0)->at(0)->file, link);
+    }
+}
+
 TEST_F(layer_references, a_chain_of_links_is_followed_to_its_end) {
     vestra::scene& last = left_out(u"last");
     const vestra::scene& middle = [&]() -> vestra::scene& {

@@ -4,6 +4,7 @@
 #include "layers/resave_tos_layers.h"
 #include "reference_host/api/handles.h"
 #include "tests/layers/layer_run.h"
+#include "tests/support/forwarding_system.h"
 
 namespace vs::project_resave {
 
@@ -110,6 +111,44 @@ TEST_F(tos_layers, layers_that_share_a_model_file_name_one_copy_each_from_its_ow
     EXPECT_EQ(texts_of(layer_2d(0))[9], u"sub\\c.tos");
     EXPECT_EQ(texts_of(layer_2d(1))[9], u"..\\main.tos");
     EXPECT_EQ(texts_of(layer_2d(2))[9], out(u"a.tos")); // a marked reference is no folder to start from
+}
+
+TEST_F(tos_layers, with_a_folder_for_each_scene_each_has_the_model_files_it_names) {
+    add_tos(scene_2d(), {{9, u"a.tos"}, {15, u"..\\src\\main.tos"}});
+    vestra::scene& other = scene_2d();
+    other.caption = u"T";
+    add_tos(other, {{44, u"a.tos"}}).file = src(u"sub\\c.tos"); // which is in no folder of the model file
+    add_tos(other, {{9, u"sub\\c.tos"}});
+    settings.structure_variant = folder_per_scene;
+    resave();
+    EXPECT_EQ(copied(), (names{u"S\\src\\a.tod", u"S\\src\\a.tos", u"S\\src\\main.tod", u"S\\src\\main.tos",
+                               u"T\\src\\main.tod", u"T\\src\\main.tos", u"T\\src\\sub\\c.tod",
+                               u"T\\src\\sub\\c.tos"}));
+    EXPECT_EQ(texts_of(layer_2d())[9], u"a.tos");
+    EXPECT_EQ(texts_of(layer_2d())[15], u"main.tos");
+    EXPECT_EQ(texts_of(*copy->scenes_2d.at(1)->at(1))[9], u"sub\\c.tos");
+    EXPECT_EQ(problems, lost(523)); // there is no sub\\a.tos
+}
+
+TEST_F(tos_layers, a_model_file_that_is_not_copied_is_named_in_its_new_place_and_a_lost_one_takes_a_step) {
+    struct : forwarding_system {
+        bool copy_file(const wide_string& from, const wide_string& to, bool replace) override {
+            return !from.ends_with(u"a.tod") && forwarding_system::copy_file(from, to, replace);
+        }
+    } faults;
+    for (const bool is_lost : {false, true}) {
+        clear_run();
+        vestra::scene& scene = scene_2d();
+        add(scene, "wms_lr2d", u""); // counted, but makes no step
+        add(scene, "wms_lr2d", u"");
+        add_tos(scene, {{9, u"a.tos"}, {15, is_lost ? u"gone.tos" : u"b.tos"}});
+        const platform::system_override in_force(faults);
+        resave();
+        EXPECT_EQ(texts_of(layer_2d(2))[9], u"a.tos");
+        EXPECT_EQ(problems, u"Copy error a.tod\n" + (is_lost ? lost(524) : u""));
+        EXPECT_EQ(front_end.total, 3U);
+        EXPECT_EQ(front_end.current, is_lost ? 2U : 1U);
+    }
 }
 
 TEST_F(tos_layers, files_count_for_the_size_up_to_the_first_model_file_that_does_not_open) {

@@ -4,7 +4,6 @@
 #include "framework/strings.h"
 #include "tests/support/host_fixture.h"
 #include "tests/support/project_builder.h"
-#include "tests/support/tree_state.h"
 
 namespace vs::project_resave {
 namespace {
@@ -18,13 +17,6 @@ protected:
     wide_string shape(const wide_string& path) {
         for (const wide_view extension : {u"shx", u"dbf"}) write(path_replace_extension(path, extension));
         return write(path);
-    }
-    // Files of the new folder, in order, but for the new project.
-    strings files() const {
-        strings found;
-        for (const auto& [path, state] : state_of(native("n") / "out"))
-            if (!state.is_folder && path != "new._vp") found.push_back(path);
-        return found;
     }
     // The new project, read again.
     vestra::project& made() {

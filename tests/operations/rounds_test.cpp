@@ -1,4 +1,5 @@
 // The rounds in which selected elements pull in what they refer to.
+#include "core/path_files.h"
 #include "framework/strings.h"
 #include "tests/support/host_fixture.h"
 #include "tests/support/project_builder.h"
@@ -72,12 +73,18 @@ TEST_F(rounds, a_frame_brings_the_scene_it_shows_with_its_layers) {
         .layer("rtr_lr2d", u"R", write(u"C:\\data\\r.tif"))
         .scene_2d(u"Other")
         .layout(u"Sheet")
-        .frame(u"Frame", u"Shown");
-    for (const bool wanted : {false, true}) {
-        load(project, {u"Shown", u"Other"});
-        EXPECT_EQ(wanted ? 1U : 0U, scenes_with(wanted ? answer::yes : answer::no));
-        EXPECT_EQ(1U, times_asked());
-        EXPECT_EQ(wanted ? "data" : "", read(u"N:\\out\\rtr\\r.tif"));
+        .frame(u"Frame", u"Shown")
+        .frame(u"Another", u"Shown")
+        .frame(u"Empty", u"gone");
+    for (const wide_string left_out : {u"Shown", u"R"}) { // the frame looks at each layer by itself
+        for (const bool wanted : {false, true}) {
+            load(project, {left_out, u"Other"});
+            const bool is_kept = wanted || left_out == u"R";
+            EXPECT_EQ(is_kept ? 1U : 0U, scenes_with(wanted ? answer::yes : answer::no));
+            EXPECT_EQ(1U, times_asked());
+            EXPECT_EQ(wanted ? "data" : "", read(u"N:\\out\\rtr\\r.tif"));
+        }
+        remove_tree(u"N:\\out\\rtr");
     }
     load(project, {u"Shown", u"Other", u"Sheet"});
     EXPECT_EQ(0U, scenes_with(answer::yes));

@@ -4,7 +4,11 @@
 #include "framework/string_adapter.h"
 #include "host/vsk_basic.h"
 #include "host/vsk_lr.h"
+#include "host/vsk_scn_2d.h"
+#include "operations/structure_run.h"
 #include "platform/system.h"
+#include "reference_host/api/handles.h"
+#include "services/resave_entity_plugin.h"
 #include "tests/services/services_run.h"
 
 namespace vs::project_resave {
@@ -15,24 +19,31 @@ struct {
     int32_t priority = 0;
     bool accepts = true;
     wide_string meta_id = u"graph_lr2d";
+    uint32_t kinds = 1, references = 0, files = 1, items = 0;
 } wish;
+
+bool is_layer(vs_entity* entity) { return vs_lr_safe_downcast(entity) != nullptr; }
 
 class entity_service : public referent<resave_entity_service_impl> {
 public:
     explicit entity_service(const bundle_context&) {}
-    uint32_t meta_id_count() override { return 1; }
+    uint32_t meta_id_count() override { return wish.kinds; }
     void meta_id(uint32_t, string_visitor visitor) override { tell(visitor, wish.meta_id); }
     int32_t priority() override { return wish.priority; }
     bool accepts(vs_entity*) override { return wish.accepts; }
-    uint32_t reference_count(vs_entity*) override { return 0; }
+    uint32_t reference_count(vs_entity*) override { return wish.references; }
     void reference_uuid(vs_entity*, uint32_t, vs_uuid*) override {}
-    uint32_t file_count(vs_entity*) override { return 1; }
+    uint32_t file_count(vs_entity*) override { return wish.files; }
     void file_info(vs_entity* entity, uint32_t, string_visitor source, string_visitor folder) override {
-        tell(source, host_string(&vs_lr_get_wfilename, vs_lr_safe_downcast(entity)));
+        tell(source, is_layer(entity) ? host_string(&vs_lr_get_wfilename, vs_lr_safe_downcast(entity))
+                                      : host_string(&vs_scn_2d_get_source, vs_scn_2d_safe_downcast(entity)));
         tell(folder, u"claimed");
     }
     void set_file(vs_entity* entity, uint32_t, const char16_t* path) override {
-        vs_lr_set_wfilename(vs_lr_safe_downcast(entity), path);
+        if (is_layer(entity))
+            vs_lr_set_wfilename(vs_lr_safe_downcast(entity), path);
+        else
+            vs_scn_2d_set_source(vs_scn_2d_safe_downcast(entity), path);
     }
     bool copy_files(vs_entity*, uint32_t, const char16_t* source, const char16_t* target,
                     vs_wstrings* sources, vs_wstrings* targets) override {
@@ -73,6 +84,138 @@ TEST_F(foreign_services, the_claim_with_the_lowest_priority_wins_and_among_equal
         run();
         EXPECT_EQ(u"N:\\out\\" + row.folder + u"\\a.dxf", copied(0).file);
         EXPECT_TRUE(path_exists(copied(0).file));
+    }
+}
+
+TEST_F(foreign_services, a_claim_is_heard_in_scenes_sheets_and_layouts_but_never_in_a_legend) {
+    offer<entity_service, resave_entity_service_impl>();
+    for (const char16_t* file : {u"1.tif", u"2.sgy", u"3.wsh", u"4.tif", u"5.tif", u"6.tif"})
+        write(u"C:\\prj\\" + wide_string(file));
+    builder.scene_2d(u"Flat")
+        .layer("rtr_lr2d", u"A", u"C:\\prj\\1.tif")
+        .scene_3d(u"Solid")
+        .layer("segy_lr3d", u"B", u"C:\\prj\\2.sgy")
+        .sheet(vestra::well_sheets_meta_id, u"C", u"C:\\prj\\3.wsh")
+        .layout(u"Sheet")
+        .layer("layout_image", u"D", u"C:\\prj\\4.tif")
+        .layer("layout_scene_frame", u"E", u"C:\\prj\\5.tif")
+        .legend(u"Signs", {{"rtr_lr2d", u"F", u"C:\\prj\\6.tif"}});
+    const struct {
+        wide_view meta_id, file, unclaimed;
+    } elements[] = {{u"rtr_lr2d", u"1.tif", u"N:\\out\\rtr\\"},
+                    {u"segy_lr3d", u"2.sgy", u"N:\\out\\sgy\\"},
+                    {u"Scene2DMetaID", u"3.wsh", u"N:\\out\\well\\"},
+                    {u"layout_image", u"4.tif", u"N:\\out\\rtr\\"},
+                    {u"layout_scene_frame", u"5.tif", u"C:\\prj\\"},
+                    {u"", u"6.tif", u"N:\\out\\legend plus\\"}}; // a raster too
+    for (const auto& claimed : elements) {
+        SCOPED_TRACE(platform::to_utf8(claimed.meta_id));
+        wish = {-1, true, wide_string(claimed.meta_id)};
+        clear_output();
+        loader.unload_all();
+        start(false);
+        run();
+        const vestra::scene& sheet = *copy->layouts.at(0);
+        const wide_string found[] = {copy->scenes_2d.at(1)->at(0)->file,
+                                     copy->scenes_3d.at(0)->at(0)->file,
+                                     copy->plugin_scenes.at(0)->at(0)->source,
+                                     sheet.at(0)->file,
+                                     sheet.at(1)->file,
+                                     sheet.at(2)->legend->at(0)->file};
+        for (size_t index = 0; index < std::size(elements); ++index) {
+            const auto& [meta_id, file, unclaimed] = elements[index];
+            const bool is_claimed = meta_id == claimed.meta_id && !meta_id.empty();
+            const wide_string folder = is_claimed ? u"N:\\out\\claimed\\" : wide_string(unclaimed);
+            EXPECT_EQ(folder + wide_string(file), found[index]) << index;
+        }
+    }
+}
+
+TEST_F(foreign_services, a_claim_that_is_accepted_and_makes_nothing_ends_the_search) {
+    offer<entity_service, resave_entity_service_impl>();
+    write(u"C:\\prj\\w.wsh");
+    builder.sheet(vestra::well_sheets_meta_id, u"Well", u"C:\\prj\\w.wsh");
+    builder.model.plugin_scenes.at(0)->at(0)->meta_id = "graph_lr2d";
+    for (const int32_t priority : {-1, 0}) { // that of drawings is asked in between, and a sheet is no layer
+        wish.priority = priority;
+        clear_output();
+        loader.unload_all();
+        start(false);
+        run();
+        EXPECT_EQ(priority < 0 ? u"N:\\out\\claimed\\w.wsh" : u"N:\\out\\well\\w.wsh",
+                  copy->plugin_scenes.at(0)->at(0)->source);
+    }
+}
+
+TEST_F(foreign_services, an_element_has_its_own_file_beside_the_new_project_under_every_structure) {
+    using strings = std::vector<std::string>;
+    offer<entity_service, resave_entity_service_impl>();
+    write(u"C:\\prj\\w.wsh");
+    builder.sheet(vestra::well_sheets_meta_id, u"Well: 1", u"C:\\prj\\w.wsh");
+    settings.save_scene_files = settings.save_layer_files = true;
+    const struct {
+        uint32_t structure;
+        wide_string meta_id;
+        strings files;
+    } rows[] = {
+        {by_type, u"Scene2DMetaID", {"Area._sn", "Well_ 1._sn", "claimed/w.wsh", "graphics/a.dxf"}},
+        {folder_per_scene, u"Scene2DMetaID", {"Area/Area._sn", "Area/prj/a.dxf"}}, // without the sheets
+        {by_type, u"graph_lr2d", {"Area._sn", "Drawing._lr", "claimed/a.dxf", "well/w.wsh"}},
+        {folder_per_scene, u"graph_lr2d", {"Area/Area._sn", "Area/prj/a.dxf", "Drawing._lr"}}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(platform::to_utf8(row.meta_id));
+        wish = {-1, true, row.meta_id};
+        settings.structure_variant = row.structure;
+        clear_output();
+        loader.unload_all();
+        start(false);
+        run();
+        EXPECT_EQ(row.files, files());
+        EXPECT_EQ(texts{}, problems);
+        if (&row != rows) continue;
+        vestra::scene sheet(vestra::dimension::flat);
+        EXPECT_FALSE(vestra::files::read_scene(u"N:\\out\\Well_ 1._sn", sheet));
+        EXPECT_EQ(u"N:\\out\\claimed\\w.wsh", sheet.source) << "as it is after the resave";
+    }
+}
+
+TEST_F(foreign_services, an_element_whose_bundle_has_gone_has_no_files_but_its_own) {
+    builder.layer("any", u"Flat", {}).scene_3d(u"Solid scene").layer("any", u"Solid", {});
+    vestra::scene& flat = *builder.model.scenes_2d.at(0);
+    vestra::scene& solid = *builder.model.scenes_3d.at(0);
+    for (vestra::entity* element :
+         {static_cast<vestra::entity*>(&flat), static_cast<vestra::entity*>(&solid),
+          static_cast<vestra::entity*>(flat.at(1)), static_cast<vestra::entity*>(solid.at(0))}) {
+        context->placement.set_output(output);
+        context->options.save_scene_files = context->options.save_layer_files = true;
+        resave_entity_plugin unit(*context, vestra::api::to_handle<vs_entity>(element), {});
+        unit.build_once();
+        EXPECT_TRUE(unit.correct_selection() && unit.do_save());
+    }
+    EXPECT_EQ((std::vector<std::string>{"Area._sn", "Flat._lr", "Solid scene._sc", "Solid._lrd"}), files());
+}
+
+TEST_F(foreign_services, the_structure_names_an_element_with_each_of_its_files) {
+    offer<entity_service, resave_entity_service_impl>();
+    wish.priority = -1;
+    builder.save(source);
+    const wide_string text_file = n + u"out\\structure.txt";
+    for (const uint32_t count : {0U, 1U, 2U}) {
+        wish.files = count;
+        loader.unload_all();
+        start(false);
+        load();
+        for (const bool with_paths : {false, true}) {
+            structure_settings wanted;
+            wanted.write_layer_names = true;
+            wanted.write_file_paths = with_paths;
+            wanted.indent_text = u"\t";
+            wanted.output_path = text_file.c_str();
+            EXPECT_TRUE(context->save_structure(wanted));
+            std::string line = "\r\n\t\t\tDrawing";
+            for (uint32_t file = 0; with_paths && file < count; ++file) line += "\tC:\\prj\\a.dxf";
+            EXPECT_NE(std::string::npos, read(text_file).find(line + "\r\n")) << read(text_file);
+        }
     }
 }
 
@@ -196,6 +339,45 @@ public:
 private:
     uint32_t counts = 0;
 };
+
+class boundless_service final : public referent<resave_service_impl> {
+public:
+    explicit boundless_service(const bundle_context&) {}
+    void caption(string_visitor visitor) override { tell(visitor, u"boundless"); }
+    vs_uuid* item_uuid(uint32_t) override { fail(); }
+    void item_files(uint32_t, vs_wstrings*) override { ++asked; }
+    void item_source(uint32_t, string_visitor) override { ++asked; }
+    uint32_t item_count() override { return wish.items; }
+    static inline int asked = 0;
+};
+
+TEST_F(foreign_services, counts_that_cannot_be_are_reported_and_nobody_waits_for_their_end) {
+    constexpr uint32_t all = ~0U;
+    const texts lost_drawing{u"Area: Copy error Drawing\n"};
+    const struct {
+        uint32_t kinds, references, files, items;
+        wide_string place; // of the drawing
+        texts problems;
+    } rows[] = {{1, all, 1, 0, u"N:\\out\\claimed\\a.dxf", lost_drawing},
+                {1, 0, all, 0, u"C:\\prj\\a.dxf", lost_drawing},
+                {1, 1'000'001, all, 0, u"C:\\prj\\a.dxf", lost_drawing},
+                {all, 0, 1, 0, u"N:\\out\\graphics\\a.dxf", {}},
+                {1, 0, 1, all, u"N:\\out\\claimed\\a.dxf", {u"Layouts: Copy error boundless\n"}}};
+    offer<entity_service, resave_entity_service_impl>();
+    offer<boundless_service, resave_service_impl>();
+    boundless_service::asked = 0;
+    for (const auto& row : rows) {
+        wish = {-1, true, u"graph_lr2d", row.kinds, row.references, row.files, row.items};
+        clear_output();
+        loader.unload_all();
+        start(false);
+        run();
+        EXPECT_TRUE(context->report.saved);
+        EXPECT_EQ(row.problems, problems);
+        EXPECT_EQ(row.place, copied(0).file);
+        EXPECT_EQ(0, boundless_service::asked);
+    }
+}
 
 TEST_F(foreign_services, a_service_that_answers_nonsense_ends_in_a_report) {
     for (const bool copy_fails : {true, false}) {

@@ -88,6 +88,19 @@ TEST_F(sample_bundle, with_a_folder_for_each_scene_no_service_is_asked_to_save) 
     EXPECT_EQ(u"N:\\out\\Area\\prj\\relief.tif", copied(0).file);
 }
 
+TEST_F(sample_bundle, files_of_items_count_for_the_size_whatever_is_ticked) {
+    start(true);
+    builder.save(source);
+    load();
+    const double all = context->sizes.total_kb();
+    for (const wide_string caption : {u"Quarry, east", u"Quarry", u"Bridge"})
+        context->selection.set_selected(builder.id(caption), false);
+    EXPECT_EQ(all, context->sizes.total_kb());
+    context->selection.set_selected(builder.id(u"Area"), false);
+    EXPECT_LT(4 * 4 / 1024., context->sizes.total_kb()) << "the notes are still there";
+    EXPECT_GT(all, context->sizes.total_kb());
+}
+
 TEST_F(sample_bundle, a_layer_that_is_left_out_takes_its_notes_with_it) {
     start(true);
     unticked = {u"Relief"};
@@ -95,6 +108,22 @@ TEST_F(sample_bundle, a_layer_that_is_left_out_takes_its_notes_with_it) {
     EXPECT_EQ(0U, copy->scenes_2d.at(0)->count());
     EXPECT_FALSE(path_exists(u"N:\\out\\notes"));
     EXPECT_EQ(texts{}, problems);
+}
+
+// The files keep their own names, and the item is told the numbered one.
+TEST_F(sample_bundle, a_main_file_whose_name_is_taken_is_not_copied_and_what_belongs_to_it_is) {
+    start(true);
+    write(u"N:\\out\\notes\\quarry.txt", "in the way");
+    settings.lower_case = true;
+    run();
+    EXPECT_EQ((texts{u"Layouts: Lost files field_notes\nCopy error quarry.txt\nCopy error QUARRY.txt\n"}),
+              problems);
+    const texts kept = notes();
+    EXPECT_EQ(u"Quarry, east > n:\\out\\notes\\quarry_(1).txt", kept.at(0));
+    EXPECT_EQ(u"Quarry > n:\\out\\notes\\quarry_(1).txt", kept.at(1));
+    EXPECT_EQ("in the way", read(u"N:\\out\\notes\\quarry.txt"));
+    EXPECT_FALSE(path_exists(u"N:\\out\\notes\\quarry_(1).txt"));
+    EXPECT_TRUE(path_exists(u"N:\\out\\notes\\quarry.csv"));
 }
 
 TEST_F(sample_bundle, a_copy_that_fails_is_reported_by_name_and_the_others_go_on) {
@@ -143,6 +172,26 @@ TEST_F(sketches, what_a_sketch_is_drawn_over_comes_with_it_if_the_person_agrees)
     run();
     ASSERT_EQ(1U, copy->scenes_2d.at(0)->count());
     EXPECT_EQ(u"Plan", copied(0).caption);
+}
+
+TEST_F(sketches, go_where_the_structure_wants_them_and_one_drawing_is_copied_once) {
+    builder.layer("sample_sketch_lr2d", u"Plan again", u"C:\\prj\\plan.sketch");
+    builder.layer("sample_sketch_lr2d", u"Blank", {});
+    const wide_string folders[] = {u"sketches\\", u"", u"", u"prj\\", u"Area\\prj\\"};
+    for (uint32_t structure = by_type; structure <= folder_per_scene; ++structure) {
+        SCOPED_TRACE(structure);
+        settings.structure_variant = structure;
+        settings.delete_lost_sources = structure % 2 == 1;
+        clear_output();
+        run();
+        const wide_string place = n + u"out\\" + folders[structure] + u"plan.sketch";
+        for (const wide_string& file : {place, place + u".legend"}) EXPECT_TRUE(path_exists(file));
+        EXPECT_EQ(3U, files().size()) << "and the relief";
+        EXPECT_EQ(place, copied(1).file);
+        EXPECT_EQ(place, copied(2).file);
+        EXPECT_EQ(settings.delete_lost_sources ? 3U : 4U, copy->scenes_2d.at(0)->count()) << "the blank one";
+        EXPECT_EQ(texts{}, problems);
+    }
 }
 
 TEST_F(sketches, one_that_is_lost_leaves_and_half_a_copy_is_taken_away_again) {

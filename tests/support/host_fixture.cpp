@@ -5,6 +5,7 @@
 #include "framework/bundle_entry.h"
 #include "reference_host/files/files.h"
 #include "reference_host/shell/settings.h"
+#include "tests/support/tree_state.h"
 
 namespace vs::project_resave {
 
@@ -70,6 +71,13 @@ void host_fixture::resave() {
     script.polls = 0;
     changes = 0;
     EXPECT_TRUE(context->resave_project(settings));
+}
+
+std::vector<std::string> host_fixture::files() const {
+    std::vector<std::string> found;
+    for (const auto& [path, state] : state_of(native("n") / "out"))
+        if (!state.is_folder && path != "new._vp") found.push_back(path);
+    return found;
 }
 
 std::vector<vestra::shell::scripted_front_end::event> host_fixture::told() const {

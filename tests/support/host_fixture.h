@@ -45,6 +45,8 @@ protected:
         load();
         resave();
     }
+    // Files of the new folder, in order, with "/", but for the new project.
+    std::vector<std::string> files() const;
     // What the front end was told and asked, without the captions of the progress.
     std::vector<front::event> told() const;
     std::vector<wide_string> errors() const { return script.texts(front::kind::error); }

@@ -57,6 +57,28 @@ public:
         made.frame.emplace(*vestra::uuid::parse(id(shown)));
         return *this;
     }
+    // The page of the layout; it is not among the layers.
+    project_builder& page(wide_view caption, wide_view file) {
+        scene_->page = std::make_unique<vestra::layer>(vestra::dimension::flat, "layout_page");
+        identify(*scene_->page, caption);
+        scene_->page->file = file;
+        return *this;
+    }
+    // A legend of the layout with its signs. The layer and the scene in it have this caption.
+    struct sign {
+        const char* type;
+        wide_view caption, file;
+    };
+    project_builder& legend(wide_view caption, const std::vector<sign>& signs) {
+        layer("vs_layout_legend_layer_meta_id", caption);
+        vestra::layer& made = *scene_->members().back();
+        made.legend = std::make_unique<vestra::scene>(vestra::dimension::flat);
+        vestra::scene* const layout = scene_;
+        begin(*made.legend, caption);
+        for (const sign& each : signs) layer(each.type, each.caption, each.file);
+        scene_ = layout;
+        return *this;
+    }
     project_builder& table(wide_view caption, wide_view file) {
         table_ = &model.tables.make();
         identify(*table_, caption);

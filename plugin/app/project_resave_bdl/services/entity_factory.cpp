@@ -6,6 +6,7 @@
 #include "layers/resave_grid_layers.h"
 #include "services/resave_entity_plugin.h"
 #include "services/resave_graphics_layer.h"
+#include "services/told_count.h"
 
 namespace vs::project_resave {
 
@@ -58,7 +59,8 @@ void entity_factory::build_table() {
     insert("grid_cutline_lr2d", std::make_unique<factory_grid_cutline_lr2d>());
     insert("graph_lr2d", std::make_unique<factory_graphics_layer>());
     for (const ref<resave_entity_service_impl>& service : services) {
-        const uint32_t count = call<&resave_entity_service_impl::meta_id_count>(service.get());
+        const uint32_t count =
+            told_count<&resave_entity_service_impl::meta_id_count>(service.get()).value_or(0);
         for (uint32_t index = 0; index < count; ++index) {
             const std::string meta_id = meta_id_of(service.get(), index);
             if (!meta_id.empty()) insert(meta_id, std::make_unique<factory_entity_service>(&service));

@@ -20,7 +20,7 @@
 #include "host/vsk_xml_save_3d.h"
 #include "layers/layer_files.h"
 #include "operations/project_context.h"
-#include "services/told_text.h"
+#include "services/told_count.h"
 #include "services/wide_string_list.h"
 
 namespace vs::project_resave {
@@ -40,8 +40,10 @@ void resave_entity_plugin::build() {
 
 void resave_entity_plugin::collect_references() {
     references.clear();
-    const uint32_t count = call<&resave_entity_service_impl::reference_count>(service.get(), entity_);
-    for (uint32_t index = 0; index < count; ++index) {
+    const std::optional<uint32_t> count =
+        told_count<&resave_entity_service_impl::reference_count>(service.get(), entity_);
+    if (!count) has_miscounted = true;
+    for (uint32_t index = 0; index < count.value_or(0); ++index) {
         owned_uuid uuid(vs_uuid_create());
         call<&resave_entity_service_impl::reference_uuid>(service.get(), entity_, index, uuid.get());
         if (vs_uuid_has_value(uuid.get())) references.push_back(std::move(uuid));
@@ -50,8 +52,10 @@ void resave_entity_plugin::collect_references() {
 
 void resave_entity_plugin::collect_rows() {
     files.clear();
-    const uint32_t count = call<&resave_entity_service_impl::file_count>(service.get(), entity_);
-    for (uint32_t index = 0; index < count; ++index) {
+    const std::optional<uint32_t> count =
+        told_count<&resave_entity_service_impl::file_count>(service.get(), entity_);
+    if (!count) has_miscounted = true;
+    for (uint32_t index = 0; index < count.value_or(0); ++index) {
         file_row& row = files.emplace_back();
         stdwstring_visitor source(row.source), folder(row.folder);
         call<&resave_entity_service_impl::file_info>(service.get(), entity_, index, source, folder);
@@ -86,6 +90,7 @@ bool resave_entity_plugin::correct_selection() {
 }
 
 bool resave_entity_plugin::do_save() {
+    if (has_miscounted) record_copy_failure(caption(), context->log, context->report);
     uint32_t found = 0;
     for (uint32_t index = 0; index < files.size(); ++index)
         if (save_row(index)) ++found;

@@ -57,6 +57,7 @@ private:
     vs_entity* const entity_;
     std::vector<owned_uuid> references;
     ref<resave_entity_service_impl> service;
+    bool has_miscounted = false; // the service told counts that cannot be
 };
 
 } // namespace vs::project_resave

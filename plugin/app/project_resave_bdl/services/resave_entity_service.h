@@ -5,7 +5,8 @@
 // Who implements: a bundle, as a referent that is registered under "vestra/resave_project" and ends with its
 // library. Who calls: the resave, on the user-interface thread, with elements of the private copy it works
 // on, never with those of the host's open project. Elements and lists are borrowed for the call; indexes run
-// from 0; texts are told during the call. A service must not call back into the run.
+// from 0; texts are told during the call. A service must not call back into the run. A count of more than a
+// million is taken for a fault of the service: there are none then, and a resave reports the element.
 #pragma once
 
 #include "framework/visitors.h"

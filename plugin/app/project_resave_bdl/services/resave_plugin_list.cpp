@@ -9,6 +9,7 @@
 #include "operations/project_context.h"
 #include "platform/system.h"
 #include "platform/text.h"
+#include "services/told_count.h"
 #include "services/told_text.h"
 #include "services/wide_string_list.h"
 
@@ -25,7 +26,7 @@ std::vector<wide_string> files_of(const resave_service& service, uint32_t index)
 } // namespace
 
 uint32_t resave_plugin_list::item_count() const {
-    return call<&resave_service_impl::item_count>(service.get());
+    return told_count<&resave_service_impl::item_count>(service.get()).value_or(0);
 }
 
 wide_string resave_plugin_list::caption() { return told_text<&resave_service_impl::caption>(service.get()); }
@@ -78,8 +79,10 @@ void resave_plugin_list::log_end() { context->log.service_end(caption()); }
 bool resave_plugin_list::do_save() {
     context->log.service_begin(caption());
     context->progress.set_caption(told_text<&resave_service_impl::progress_caption>(service.get()));
+    const std::optional<uint32_t> count = told_count<&resave_service_impl::item_count>(service.get());
+    if (!count) record_copy_failure(caption(), context->log, context->report);
     // Backwards: taking out an item must not move what is still to come.
-    for (uint32_t index = item_count(); index-- > 0;) {
+    for (uint32_t index = count.value_or(0); index-- > 0;) {
         if (context->progress.is_stopped()) break;
         if (!is_item_selected(index)) {
             call<&resave_service_impl::remove_item>(service.get(), index);

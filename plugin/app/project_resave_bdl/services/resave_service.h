@@ -36,6 +36,7 @@ public:
     virtual void item_source(uint32_t, string_visitor) {}
     // Writes the new path into the private copy.
     virtual void set_item_source(uint32_t, const char16_t*) {}
+    // More than a million is taken for a fault of the service: it has no items then, and a resave reports it.
     virtual uint32_t item_count() { return 0; }
     // Takes the item out of the private copy; those behind it move down.
     virtual void remove_item(uint32_t) {}

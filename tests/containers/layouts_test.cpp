@@ -1,0 +1,212 @@
+// Layouts with their images, pages, frames and legends: what is copied, what is rewritten, what stays.
+#include "containers/resave_layout_parts.h"
+#include "core/path_files.h"
+#include "framework/strings.h"
+#include "layers/resave_raster_layers.h"
+#include "tests/support/forwarding_system.h"
+#include "tests/support/host_fixture.h"
+#include "tests/support/project_builder.h"
+
+namespace vs::project_resave {
+namespace {
+
+using names = std::vector<wide_string>;
+using sign = project_builder::sign;
+
+class layouts : public host_fixture {
+protected:
+    layouts() {
+        for (const wide_view file :
+             {u"C:\\data\\i.tif", u"C:\\data\\i.tif.ovr", u"C:\\data\\i.tfw", u"C:\\data\\i_tif.pj4",
+              u"C:\\data\\s.shp", u"C:\\data\\s.shx", u"C:\\data\\s.dbf", u"C:\\data\\t.tod",
+              u"C:\\data\\b.tld", u"D:\\data\\i.tif"})
+            write(wide_string(file));
+        write(u"C:\\data\\t.tos", "TOS 1\nmember t.tod\n");
+        settings.save_layer_files = settings.write_log = true;
+    }
+    // Runs the project as it is built so far, into an empty folder.
+    void run() {
+        remove_tree(u"N:\\out");
+        create_folders(u"N:\\out");
+        builder.save(source);
+        load();
+        for (const wide_string& caption : unticked)
+            context->selection.set_selected(builder.id(caption), false);
+        resave();
+        problems.clear();
+        for (const auto& problem : context->report.problems)
+            problems.push_back(problem.title + u": " + problem.text);
+        copy = std::make_unique<vestra::project>();
+        read_back(output, *copy);
+    }
+    vestra::scene& sheet(uint32_t index = 0) const { return *copy->layouts.at(index); }
+    // References of the layers of a scene of the new project; those at N:\out\ below that.
+    static names references(const vestra::scene& scene) {
+        names all;
+        for (const auto& layer : scene.members())
+            all.push_back(layer->file.starts_with(u"N:\\out\\") ? layer->file.substr(7) : layer->file);
+        return all;
+    }
+    std::vector<std::string> copied() const {
+        std::vector<std::string> found = files();
+        std::erase(found, "new_log.txt");
+        return found;
+    }
+
+    project_builder builder;
+    names unticked, problems; // captions; "title: lines"
+    std::unique_ptr<vestra::project> copy;
+};
+
+// All kinds that a legend knows, and two that it does not.
+const std::vector<sign> all_signs = {
+    {"shp_pln_lr2d", u"Road", u"C:\\data\\s.shp"},   {"rtr_lr2d", u"Relief", u"C:\\data\\i.tif"},
+    {"tos_2crd_lr2d", u"Depth", u"C:\\data\\t.tos"}, {"tld_lr2d", u"Base", u"C:\\data\\b.tld"},
+    {"grid_lr2d", u"Grid", u"C:\\data\\i.tif"},      {"layout_text", u"Words", {}},
+};
+const names old_signs = {u"C:\\data\\s.shp", u"C:\\data\\i.tif", u"C:\\data\\t.tos",
+                         u"C:\\data\\b.tld", u"C:\\data\\i.tif", u""};
+
+} // namespace
+
+TEST_F(layouts, a_page_is_told_a_place_by_each_structure_and_nothing_is_copied_for_it) {
+    const struct {
+        uint32_t structure;
+        wide_view page, becomes;
+    } rows[] = {
+        {by_type, u"C:\\prj\\img\\p.fmt", u"N:\\out\\files"}, // without its name
+        {by_type, u"", u"N:\\out\\files"},
+        {from_project_folder, u"C:\\prj\\img\\P.fmt", u"N:\\out\\img\\P.fmt"},
+        {from_project_folder, u"C:\\data\\p.fmt", u"N:\\out\\data\\p.fmt"},
+        {from_project_folder, u"D:\\img\\p.fmt", u"\\img\\p.fmt"}, // required as it is
+        {from_project_folder, u"", u"N:\\out\\"},
+        {project_tree_else_type, u"C:\\prj\\img\\p.fmt", u"N:\\out\\img\\p.fmt"},
+        {project_tree_else_type, u"D:\\img\\p.fmt", u"N:\\out\\files\\p.fmt"},
+        {project_tree_else_type, u"", u"N:\\out\\files"},
+        {from_common_top, u"C:\\prj\\p.fmt", u"N:\\out\\prj\\p.fmt"},
+        {from_common_top, u"D:\\img\\p.fmt", u"N:\\out\\img\\p.fmt"},
+        {from_common_top, u"", u""},
+    };
+    for (const bool exists : {false, true}) {
+        for (const auto& row : rows) {
+            SCOPED_TRACE(testing::Message() << row.structure << ' ' << platform::to_utf8(row.page));
+            if (exists && !row.page.empty()) write(wide_string(row.page));
+            settings.structure_variant = row.structure;
+            settings.lower_case = true; // does not reach it
+            builder.model.layouts.clear();
+            builder.layout(u"Sheet").layer("layout_image", u"I", u"C:\\data\\i.tif").page(u"P", row.page);
+            run();
+            EXPECT_EQ(row.becomes, sheet().page->file);
+            EXPECT_EQ(4U, copied().size()) << "the image";
+            EXPECT_EQ(names{}, problems);
+        }
+    }
+}
+
+TEST_F(layouts, an_image_brings_its_companions_and_what_has_no_file_stays_without_a_word) {
+    builder.layout(u"Sheet")
+        .layer("layout_image", u"Image", u"C:\\data\\i.tif")
+        .layer("layout_text", u"Text", u"C:\\data\\b.tld")
+        .frame(u"Frame", u"gone")
+        .page(u"Page", {})
+        .layout(u"Other")
+        .layer("layout_ole_object", u"Object")
+        .layer("layout_legend", u"Plain legend")
+        .layer("grid_lr2d", u"Unheard of here", u"C:\\data\\b.tld")
+        .layer("vs_layout_legend_layer_meta_id", u"Shows nothing");
+    builder.save(source);
+    load();
+    EXPECT_EQ(1U, context->total_units) << "the image";
+    EXPECT_NE(nullptr, dynamic_cast<Tvs_resave_rtr_lr*>(context->units.at(builder.id(u"Image"))));
+    EXPECT_NE(nullptr, dynamic_cast<Tvs_resave_scene_frame*>(context->units.at(builder.id(u"Frame"))));
+    EXPECT_NE(nullptr, dynamic_cast<Tvs_resave_layout_page*>(context->units.at(builder.id(u"Page"))));
+    for (const wide_string caption :
+         {u"Text", u"Object", u"Plain legend", u"Unheard of here", u"Shows nothing"})
+        EXPECT_FALSE(context->units.contains(builder.id(caption))) << platform::to_utf8(caption);
+    run();
+    EXPECT_EQ((std::vector<std::string>{"rtr/i.tfw", "rtr/i.tif", "rtr/i.tif.ovr", "rtr/i_tif.pj4"}),
+              copied());
+    EXPECT_EQ((names{u"rtr\\i.tif", u"C:\\data\\b.tld", u""}), references(sheet()));
+    EXPECT_EQ((names{u"", u"", u"C:\\data\\b.tld", u""}), references(sheet(1)));
+    EXPECT_TRUE(context->report.unprocessed_types.empty());
+    EXPECT_EQ(names{}, problems);
+}
+
+TEST_F(layouts, all_legends_share_one_folder_and_only_their_shapes_have_layer_files) {
+    builder.layout(u"Sheet")
+        .legend(u"Signs", all_signs)
+        .legend(u"Signs", {{"shp_pgn_lr2d", u"Road again", u"C:\\data\\s.shp"},
+                           {"rtr_lr2d", u"Other relief", u"D:\\data\\i.tif"}})
+        .layout(u"Second")
+        .legend(u"Signs", {{"tld_lr2d", u"Base again", u"C:\\DATA\\B.tld"}});
+    run(); // from the last to the first
+    const wide_string folder = u"legend plus\\";
+    const vestra::scene& first = *sheet().at(0)->legend;
+    EXPECT_EQ((names{folder + u"s.shp", folder + u"i_(1).tif", folder + u"t.tos", folder + u"B.tld",
+                     u"C:\\data\\i.tif", u""}),
+              references(first));
+    EXPECT_EQ((names{folder + u"s.shp", folder + u"i.tif"}), references(*sheet().at(1)->legend));
+    EXPECT_EQ(names{folder + u"B.tld"}, references(*sheet(1).at(0)->legend));
+    EXPECT_EQ(u"N:\\out\\legend plus\\s.dbf", first.at(0)->data->file);
+    std::vector<std::string> expected = {"Road again._lr", "Road._lr"};
+    for (const char* name : {"B.tld", "i.tif", "i_(1).tfw", "i_(1).tif", "i_(1).tif.ovr", "i_(1)_tif.pj4",
+                             "s.dbf", "s.shp", "s.shx", "t.tod", "t.tos"})
+        expected.push_back(std::string("legend plus/") + name);
+    EXPECT_EQ(expected, copied());
+    EXPECT_EQ((std::set<wide_string>{u"grid_lr2d", u"layout_text"}), context->report.unprocessed_types);
+    EXPECT_NE(std::string::npos, read(u"N:\\out\\new_log.txt").find("\r\ngrid_lr2d \n\r\nlayout_text \n"));
+    EXPECT_EQ(names{}, problems);
+}
+
+TEST_F(layouts, a_legend_keeps_layers_that_are_lost_or_left_out) {
+    builder.layout(u"Sheet").layer("layout_image", u"Image", u"C:\\data\\i.tif").legend(u"Signs", all_signs);
+    settings.delete_lost_sources = true;
+    std::filesystem::remove_all(native("c") / "data");
+    run();
+    // What is lost behind a legend stands under its name.
+    EXPECT_EQ(names{u"Signs: Lost files Base\nLost files Depth\nLost files Relief\nLost files Road\n"
+                    u"Lost files Image\n"},
+              problems);
+    ASSERT_EQ(1U, sheet().count()) << "the image has gone";
+    EXPECT_EQ(old_signs, references(*sheet().at(0)->legend));
+    size_t removals = 0;
+    const std::string log = read(u"N:\\out\\new_log.txt"), told = platform::to_utf8(load_string(611));
+    for (size_t at = log.find(told); at != std::string::npos; at = log.find(told, at + 1)) ++removals;
+    EXPECT_EQ(5U, removals) << "told for the signs too";
+
+    builder.page(u"Page", u"C:\\prj\\p.fmt");
+    unticked = {u"Image", u"Road", u"Relief", u"Depth", u"Base", u"Page"};
+    run();
+    EXPECT_EQ(names{}, problems);
+    ASSERT_EQ(1U, sheet().count());
+    EXPECT_EQ(old_signs, references(*sheet().at(0)->legend));
+    EXPECT_EQ(u"C:\\prj\\p.fmt", sheet().page->file) << "can be left out by its uuid alone, and stays";
+    unticked = {u"Image"};
+    vestra::scene& signs = *builder.model.layouts.at(0)->at(1)->legend;
+    signs.id = *vestra::uuid::parse(builder.id(u"scene of the legend"));
+    unticked.push_back(u"scene of the legend");
+    run();
+    EXPECT_EQ(0U, sheet().count()) << "a legend that is left out goes as a whole";
+}
+
+TEST_F(layouts, a_copy_that_fails_is_told_and_the_reference_is_the_new_one_all_the_same) {
+    struct : forwarding_system {
+        bool copy_file(const wide_string&, const wide_string&, bool) override { return false; }
+    } faults;
+    builder.layout(u"Sheet").layer("layout_image", u"Image", u"C:\\data\\i.tif").legend(u"Signs", all_signs);
+    settings.save_layer_files = false;
+    const platform::system_override in_force(faults);
+    run();
+    EXPECT_TRUE(copied().empty());
+    EXPECT_EQ(u"rtr\\i.tif", references(sheet())[0]);
+    for (const wide_string& reference : references(*sheet().at(1)->legend))
+        EXPECT_TRUE(reference.starts_with(u"legend plus\\") || reference == old_signs[4] ||
+                    reference.empty());
+    ASSERT_EQ(1U, problems.size());
+    EXPECT_TRUE(problems[0].starts_with(u"Signs: Copy error b.tld\nCopy error t.tos\nCopy error t.tod\n"
+                                        u"Copy error i.tif\n"));
+    EXPECT_TRUE(problems[0].ends_with(u"Copy error s.dbf\nCopy error i.tif\nCopy error i.tif.ovr\n"
+                                      u"Copy error i.tfw\nCopy error i_tif.pj4\n"));
+}
+
+} // namespace vs::project_resave
