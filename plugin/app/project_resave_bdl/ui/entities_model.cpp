@@ -1,0 +1,171 @@
+#include "ui/entities_model.h"
+
+#include <algorithm>
+
+#include "framework/encoding.h"
+#include "framework/strings.h"
+#include "host/vsk_attr_data.h"
+#include "host/vsk_entity.h"
+#include "host/vsk_prj.h"
+#include "host/vsk_scn_2d.h"
+#include "host/vsk_tos_data.h"
+#include "operations/project_context.h"
+#include "ui/entities_fill.h"
+
+namespace vs::project_resave::detail {
+
+entities_model::flat_view::flat_view(selection_register& told, int32_t caption_id)
+    : root(told, load_string(caption_id)) {}
+
+entities_model::entities_model(project_context& owner)
+    : context(owner), model_2d(owner.selection_register(), 201, u"vestra/scene/2d"),
+      model_3d(owner.selection_register(), 202, u"vestra/scene/3d"),
+      flat_views{flat_view(owner.selection_register(), 203), flat_view(owner.selection_register(), 204),
+                 flat_view(owner.selection_register(), 205), flat_view(owner.selection_register(), 212),
+                 flat_view(owner.selection_register(), 213), flat_view(owner.selection_register(), 219)} {
+    enabled.fill(true);
+}
+
+entities_model::place entities_model::place_of(uint32_t view) {
+    switch (view) {
+    case views::layers_2d:
+        return {&model_2d, bottom_part};
+    case views::scenes_2d:
+        return {&model_2d, top_part};
+    case views::layers_3d:
+        return {&model_3d, bottom_part};
+    case views::scenes_3d:
+        return {&model_3d, top_part};
+    default:
+        return {};
+    }
+}
+
+entities_model::flat_view* entities_model::flat_of(uint32_t view) {
+    return view >= views::dbf_tables && view <= views::others ? &flat_views[view - views::dbf_tables]
+                                                              : nullptr;
+}
+
+void entities_model::set_project(vs_prj* project) {
+    if (project)
+        fill(project);
+    else
+        clear();
+}
+
+void entities_model::clear() {
+    model_2d.clear();
+    model_3d.clear();
+    for (flat_view& flat : flat_views) flat.root.clear_children();
+}
+
+void entities_model::fill(vs_prj* project) {
+    const auto fill_view = [this](uint32_t view, vs_entities* collection) {
+        flat_view& flat = *flat_of(view);
+        fill_flat(collection, flat.root, flat.changed);
+    };
+    fill_scenes_2d(project, model_2d);
+    fill_scenes_3d(project, model_3d);
+    fill_view(views::dbf_tables, vs_attrs_data_safe_upcast(vs_prj_get_attrs_data_ptr(project)));
+    fill_view(views::tos_tables, vs_toss_data_safe_upcast(vs_prj_get_toss_data_ptr(project)));
+    fill_view(views::layouts, vs_scns_2d_safe_upcast(vs_prj_get_layouts_data_ptr(project)));
+    const uint32_t collections = vs_prj_get_plugin_scns_2d_count(project);
+    for (uint32_t index = 0; index < collections; ++index) {
+        vs_entities* sheets = vs_scns_2d_safe_upcast(vs_prj_get_plugin_scns_2d_ptr(project, index));
+        const auto meta_id = narrow_or_empty(vs_entity_get_meta_id(vs_entities_safe_upcast(sheets)));
+        // Of two collections of one kind the later stands alone.
+        if (meta_id == "plugin_scn_2d_well_planshet_collection3") fill_view(views::wells, sheets);
+        if (meta_id == "c_scn2d_correlation_collection2") fill_view(views::correlations, sheets);
+    }
+    fill_services(context.services, flat_of(views::others)->root);
+}
+
+void entities_model::set_all(uint32_t view, bool on) {
+    change(
+        view, [on](select_2part_model& scenes, uint32_t part) { scenes.set_all(part, on); },
+        [on](select_tree_node& tree) { tree.set_checked(on); });
+}
+
+void entities_model::invert(uint32_t view) {
+    change(
+        view, [](select_2part_model& scenes, uint32_t part) { scenes.invert(part); },
+        [](select_tree_node& tree) { tree.invert_checked(); });
+}
+
+void entities_model::reset(uint32_t view) {
+    change(
+        view, [](select_2part_model& scenes, uint32_t part) { scenes.reset(part); },
+        [](select_tree_node& tree) { tree.reset_checked(); });
+}
+
+void entities_model::change(uint32_t view, const part_change& change_part, const tree_change& change_tree) {
+    if (view == views::everything) {
+        for (select_2part_model* scenes : {&model_2d, &model_3d}) {
+            change_part(*scenes, bottom_part);
+            change_part(*scenes, top_part);
+        }
+        for (flat_view& flat : flat_views) change_tree(flat.root);
+    } else if (const place at = place_of(view); at.model) {
+        change_part(*at.model, at.part);
+    } else if (flat_view* flat = flat_of(view)) {
+        change_tree(flat->root);
+    }
+    fire_changed(view);
+}
+
+void entities_model::on_item_checked(uint32_t view, select_tree_item& item, bool on, bool only_highlighted) {
+    if (const place at = place_of(view); at.model)
+        at.model->on_item_checked(at.part, item, on, only_highlighted);
+}
+
+void entities_model::set_current_item(uint32_t view, const select_tree_item* item) {
+    if (const place at = place_of(view); at.model) at.model->set_current_item(at.part, item);
+}
+
+select_tree_node* entities_model::root(uint32_t view) {
+    if (const place at = place_of(view); at.model) return at.model->root(at.part);
+    flat_view* const flat = flat_of(view);
+    return flat ? &flat->root : nullptr;
+}
+
+event* entities_model::changed_event(uint32_t view) {
+    if (const place at = place_of(view); at.model) return at.model->changed_event(at.part);
+    flat_view* const flat = flat_of(view);
+    return flat ? &flat->changed : nullptr;
+}
+
+layer_icons* entities_model::icons(uint32_t view) {
+    const place at = place_of(view);
+    return at.model && at.part == bottom_part ? &at.model->icons() : nullptr;
+}
+
+bool entities_model::is_view_empty(uint32_t tab_index) {
+    if (tab_index < 4) return (tab_index < 2 ? model_2d : model_3d).root(top_part)->is_empty();
+    const flat_view* const flat = flat_of(tab_index + 1);
+    return !flat || flat->root.is_empty();
+}
+
+void entities_model::fire_changed(uint32_t view) {
+    if (view != views::everything) {
+        if (event* changed = changed_event(view)) changed->fire();
+        return;
+    }
+    for (const uint32_t each : {views::layers_2d, views::scenes_2d, views::layers_3d, views::scenes_3d})
+        changed_event(each)->fire();
+    for (flat_view& flat : flat_views) flat.changed.fire();
+}
+
+bool entities_model::view_enabled(uint32_t view) const {
+    if (view == views::everything)
+        return std::any_of(enabled.begin(), enabled.end(), [](bool on) { return on; });
+    return view <= enabled.size() && enabled[view - 1];
+}
+
+void entities_model::set_view_enabled(uint32_t view, bool on) {
+    if (view == views::everything)
+        enabled.fill(on);
+    else if (view <= enabled.size())
+        enabled[view - 1] = on;
+}
+
+} // namespace vs::project_resave::detail

@@ -1,0 +1,70 @@
+#include "ui/entities_outline.h"
+
+namespace vs::project_resave::detail {
+
+entities_outline::entities_outline(entities_model& model, uint32_t view)
+    : model_(model), view_(view), names_(model, view), checks_(model, view) {
+    if (event* changed = model.changed_event(view)) connection_ = changed->connect([this] { refresh(); });
+}
+
+select_tree_item* entities_outline::parent_item(outline_row* parent) {
+    return parent ? item_of(parent) : model_.root(view_);
+}
+
+uint32_t entities_outline::child_count(outline_row* parent) {
+    const select_tree_item* const item = parent_item(parent);
+    return item ? item->child_count() : 0;
+}
+
+outline_row* entities_outline::child(outline_row* parent, uint32_t index) {
+    const select_tree_item* const item = parent_item(parent);
+    return item ? row_of(item->child_at(index)) : nullptr;
+}
+
+void entities_outline::set_expanded(outline_row* row, bool on) {
+    if (row) item_of(row)->set_expanded(on);
+}
+
+void entities_outline::set_highlighted(outline_row* row, bool on) {
+    if (row) item_of(row)->set_highlighted(on);
+}
+
+void entities_outline::highlight_added(outline_row* row, outline_row* second) {
+    if (row && !second) item_of(row)->set_highlighted_deep(true);
+}
+
+uint32_t entities_outline::image_count() {
+    layer_icons* const icons = model_.icons(view_);
+    return icons ? icons->count() : 1;
+}
+
+void entities_outline::image(int32_t index, masked_bitmap_visitor visitor) {
+    resource::masked_bitmap none;
+    layer_icons* const icons = model_.icons(view_);
+    masked_bitmap_impl* const found = icons ? icons->at(index) : nullptr;
+    call<&masked_bitmap_visitor_impl::visit>(visitor, pointer_to<masked_bitmap_impl>(found ? *found : none));
+}
+
+int32_t entities_outline::image_index(outline_row* row) {
+    layer_icons* const icons = model_.icons(view_);
+    return row && icons ? icons->index_of(item_of(row)->layer_type) : -1;
+}
+
+entities_toolbar::entities_toolbar(entities_model& model, uint32_t view)
+    : select(u"vs_resave_project_select_tool", 1002, [&model, view] { model.set_all(view, true); }),
+      unselect(u"vs_resave_project_unselect_tool", 1003, [&model, view] { model.set_all(view, false); }),
+      invert(u"vs_resave_project_invert_select_tool", 1004, [&model, view] { model.invert(view); }),
+      visible(u"vs_resave_project_vis_select_tool", 1001, [&model, view] { model.reset(view); }) {
+    add(select);
+    add(unselect);
+    if (view != views::everything) add(invert);
+    if (view >= views::layers_2d && view <= views::scenes_3d) add(visible);
+    if (event* changed = model.changed_event(view))
+        connection = changed->connect([this, &model, view] { enable_tools(model.view_enabled(view)); });
+}
+
+void entities_toolbar::enable_tools(bool on) {
+    for (common_tool* each : {&visible, &unselect, &select, &invert}) each->set_enabled(on);
+}
+
+} // namespace vs::project_resave::detail

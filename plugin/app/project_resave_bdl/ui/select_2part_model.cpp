@@ -1,0 +1,90 @@
+#include "ui/select_2part_model.h"
+
+#include "framework/strings.h"
+
+namespace vs::project_resave::detail {
+
+select_2part_model::select_2part_model(selection_register& told, int32_t caption_id)
+    : selection(told), top_root(told, load_string(caption_id)) {}
+
+void select_2part_model::set_all(uint32_t part, bool on) {
+    change_all(part, [on](select_tree_node& tree) { tree.set_checked(on); });
+}
+
+void select_2part_model::invert(uint32_t part) {
+    change_all(part, [](select_tree_node& tree) { tree.invert_checked(); });
+}
+
+void select_2part_model::reset(uint32_t part) {
+    change_all(part, [](select_tree_node& tree) { tree.reset_checked(); });
+}
+
+void select_2part_model::change_all(uint32_t part, const std::function<void(select_tree_node&)>& change) {
+    select_tree_node* const own = root(part);
+    if (!own) return;
+    change(*own);
+    if (part == top_part)
+        for (const auto& [uuid, tree] : bottoms_) change(*tree);
+    sync_top();
+    bottom_changed.fire();
+    top_changed.fire();
+}
+
+void select_2part_model::on_item_checked(uint32_t part, select_tree_item& item, bool on,
+                                         bool only_highlighted) {
+    if (part == bottom_part) {
+        sync_top();
+        top_changed.fire();
+    }
+    if (part != top_part) return;
+    std::vector<select_tree_leaf*> scenes;
+    item.collect_leaves(scenes, only_highlighted);
+    for (const select_tree_leaf* scene : scenes)
+        if (const auto row = bottoms_.find(scene->uuid); row != bottoms_.end()) row->second->set_checked(on);
+    bottom_changed.fire();
+}
+
+void select_2part_model::sync_top() {
+    for (const auto& [uuid, tree] : bottoms_) {
+        if (tree->check_state() == unchecked_state) continue;
+        if (select_tree_leaf* scene = top_root.find_leaf(uuid)) scene->set_checked(true);
+    }
+}
+
+void select_2part_model::set_current_item(uint32_t part, const select_tree_item* item) {
+    if (part == top_part && item) set_current(item->uuid);
+}
+
+void select_2part_model::set_current(const wide_string& uuid) {
+    current = uuid;
+    bottom_changed.fire();
+}
+
+select_tree_node* select_2part_model::root(uint32_t part) {
+    if (part == top_part) return &top_root;
+    const auto shown = part == bottom_part ? bottoms_.find(current) : bottoms_.end();
+    return shown == bottoms_.end() ? nullptr : shown->second.get();
+}
+
+void select_2part_model::fire_changed(uint32_t part) {
+    if (event* changed = changed_event(part)) changed->fire();
+}
+
+event* select_2part_model::changed_event(uint32_t part) {
+    if (part == top_part) return &top_changed;
+    return part == bottom_part ? &bottom_changed : nullptr;
+}
+
+select_tree_node& select_2part_model::add_bottom(const wide_string& uuid, const wide_string& caption) {
+    auto& place = bottoms_[uuid];
+    place = std::make_unique<select_tree_node>(selection, caption);
+    return *place;
+}
+
+void select_2part_model::clear() {
+    bottoms_.clear();
+    top_root.clear_children();
+    current.clear();
+}
+
+} // namespace vs::project_resave::detail

@@ -1,0 +1,70 @@
+// A list of scenes and, below it, the layers of the one that is current: what can be ticked of the scenes of
+// one kind.
+#pragma once
+
+#include <functional>
+
+#include "operations/event.h"
+#include "ui/layer_icons.h"
+#include "ui/select_tree.h"
+
+namespace vs::project_resave::detail {
+
+// The two parts of such a model. Operations that take a part ignore any other number.
+constexpr uint32_t top_part = 0;    // a leaf for each scene
+constexpr uint32_t bottom_part = 1; // the tree of layers of the current scene
+
+class select_2part_model {
+public:
+    using trees = std::unordered_map<wide_string, std::unique_ptr<select_tree_node>>;
+
+    select_2part_model(selection_register& told, int32_t caption_id);
+
+    // The tools. On the top part they take in all layers of all scenes. Where there is no current scene those
+    // of the bottom part do nothing, and nothing is fired.
+    void set_all(uint32_t part, bool on);
+    void invert(uint32_t part);
+    void reset(uint32_t part);
+    // Carries a tick, which is there already, over to the other part: from scenes down to all their layers,
+    // from layers up to a scene that now has one ticked. `item` is the row, or the root for all highlighted.
+    void on_item_checked(uint32_t part, select_tree_item& item, bool on, bool only_highlighted);
+    // Shows the layers of this scene; null and the bottom part change nothing.
+    void set_current_item(uint32_t part, const select_tree_item* item);
+    void set_current(const wide_string& uuid);
+    // Ticks each scene that has a layer ticked. One way only: the last layer unticked leaves its scene on.
+    void sync_top();
+
+    // Null for the bottom part while no scene is current.
+    select_tree_node* root(uint32_t part);
+    void fire_changed(uint32_t part);
+    // Null for any other part.
+    event* changed_event(uint32_t part);
+    const trees& bottoms() const { return bottoms_; }
+    // Makes the tree of a scene; one of the same uuid is destroyed.
+    select_tree_node& add_bottom(const wide_string& uuid, const wide_string& caption);
+    // Rows asked for before are void; nothing is fired.
+    void clear();
+
+private:
+    // Does so to each tree of the part, top first.
+    void change_all(uint32_t part, const std::function<void(select_tree_node&)>& change);
+
+    selection_register& selection;
+    select_tree_node top_root;
+    event top_changed;
+    trees bottoms_; // by the scene's uuid
+    wide_string current;
+    event bottom_changed;
+};
+
+class select_2part_model_bottom_icon final : public select_2part_model {
+public:
+    select_2part_model_bottom_icon(selection_register& told, int32_t caption_id, wide_string scene_kind)
+        : select_2part_model(told, caption_id), icons_(std::move(scene_kind)) {}
+    layer_icons& icons() { return icons_; }
+
+private:
+    layer_icons icons_;
+};
+
+} // namespace vs::project_resave::detail

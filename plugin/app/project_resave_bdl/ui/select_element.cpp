@@ -1,0 +1,94 @@
+#include "ui/select_element.h"
+
+#include <charconv>
+
+#include "framework/strings.h"
+#include "host/vsk_basic.h"
+#include "operations/project_context.h"
+
+namespace vs::project_resave {
+
+using detail::scene_tab;
+using detail::table_tab;
+
+namespace {
+
+constexpr int32_t kbyte = 216, mbyte = 217, gbyte = 218;
+
+// As printf's "%.15lg", in any locale.
+wide_string number_text(double number) {
+    char digits[32];
+    const auto end =
+        std::to_chars(std::begin(digits), std::end(digits), number, std::chars_format::general, 15);
+    return {digits, end.ptr};
+}
+
+} // namespace
+
+select_element::select_element(project_context& owner)
+    : docker_base({}), model(owner), sizes(owner.size_register()), common_tools(model, views::everything),
+      size_label(load_string(215), u" 0 ", load_string(kbyte)), group(2, 1, load_string(200)) {
+    top_row.place(0, 0, common_tools);
+    top_row.place(0, 1, size_label);
+    add_pages();
+    group.place(0, 0, top_row);
+    group.place(1, 0, tabs);
+    group.set_spare_row(1);
+    outer.place(0, 0, group);
+    sizes.set_on_changed([this] { update_size_label(); });
+}
+
+select_element::~select_element() { sizes.set_on_changed({}); }
+
+void select_element::add_pages() {
+    struct page_row {
+        const char16_t* id;
+        int32_t title;
+        uint32_t view;
+        uint32_t layers_view; // 0: the page has one part
+    };
+    constexpr page_row rows[] = {
+        {u"project_resave_select_tab_scn2d", 201, views::scenes_2d, views::layers_2d},
+        {u"project_resave_select_tab_scn3d", 202, views::scenes_3d, views::layers_3d},
+        {u"project_resave_select_tab_dbf", 203, views::dbf_tables, 0},
+        {u"project_resave_select_tab_tos", 204, views::tos_tables, 0},
+        {u"project_resave_select_tab_layout", 205, views::layouts, 0},
+        {u"project_resave_select_tab_well", 212, views::wells, 0},
+        {u"project_resave_select_tab_correlation", 213, views::correlations, 0},
+        {u"project_resave_select_tab_plugin", 219, views::others, 0},
+    };
+    for (size_t index = 0; index < pages.size(); ++index) {
+        const page_row& row = rows[index];
+        const wide_string title = load_string(row.title);
+        if (row.layers_view)
+            pages[index] = std::make_unique<scene_tab>(model, row.view, row.layers_view, title);
+        else
+            pages[index] = std::make_unique<table_tab>(model, row.view, title);
+        tabs.add(row.id, title, *pages[index]);
+    }
+}
+
+void select_element::set_project(vs_prj* project) {
+    constexpr uint32_t model_tabs[] = {1, 3, 4, 5, 6, 7, 8, 9}; // the pages, as the model numbers them
+    model.set_project(project);
+    for (uint32_t index = 0; index < pages.size(); ++index) {
+        pages[index]->refresh();
+        tabs.set_enabled(index, !project || !model.is_view_empty(model_tabs[index]));
+    }
+    update_size_label();
+}
+
+void select_element::update_size_label() {
+    constexpr double step = 1024.0;
+    double size = sizes.total_kb();
+    int32_t unit = kbyte;
+    for (const int32_t larger : {mbyte, gbyte}) {
+        if (size < step) break;
+        size /= step;
+        unit = larger;
+    }
+    size_label.set_value(u' ' + number_text(vs_round_dbl(size, 2)) + u' ');
+    size_label.set_unit(load_string(unit));
+}
+
+} // namespace vs::project_resave

@@ -1,0 +1,88 @@
+// What the user can tick, as a tree: nodes with a heading, and leaves that each stand for one element of the
+// project. A leaf is the only place where a tick meets the register of what is selected.
+//
+// A parent owns its children and outlives them. What a node sums up of all that is below it is computed when
+// it is asked for and kept until something there changes, so that asking every row costs the rows once.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <unordered_map>
+
+#include "ui/select_tree_item.h"
+
+namespace vs::project_resave::detail {
+
+class select_tree_node final : public select_tree_item {
+public:
+    select_tree_node(selection_register& told, wide_string own_caption, select_tree_node* parent = nullptr)
+        : select_tree_item(told, parent, std::move(own_caption)) {}
+
+    void set_highlighted_deep(bool on) override;
+    void set_expanded(bool on) override { expanded_ = on; }
+    bool expanded() const override { return expanded_; }
+    bool valid() const override { return summed().valid; }
+    uint32_t child_count() const override { return static_cast<uint32_t>(children.size()); }
+    select_tree_item* child_at(uint32_t index) const override;
+    void set_checked(bool on) override;
+    uint32_t check_state() const override { return summed().check_state; }
+    void invert_checked() override;
+    void reset_checked() override;
+    void set_checked_if_highlighted(bool on) override;
+    bool contains_leaf() const override { return summed().contains_leaf; }
+    void collect_leaves(std::vector<select_tree_leaf*>& found, bool only_highlighted) override;
+
+    void clear_children();
+    // Append a child and answer it.
+    select_tree_node& add_node(const wide_string& caption);
+    // Adds nothing for an empty uuid, and answers null.
+    select_tree_leaf* add_leaf(const wide_string& uuid, const wide_string& caption, bool valid,
+                               bool default_checked, const std::string& layer_type);
+    // The first match, depth first; null if there is none. Costs the nodes, not the leaves.
+    select_tree_leaf* find_leaf(const wide_string& uuid) const;
+
+private:
+    friend class select_tree_item;
+    struct summary {
+        bool contains_leaf = false;
+        bool valid = true;
+        uint32_t check_state = unchecked_state;
+    };
+    const summary& summed() const;
+    // Also of the nodes above: one that has none is under none that has.
+    void forget_summary() const;
+
+    bool expanded_ = true;
+    std::vector<std::unique_ptr<select_tree_item>> children;
+    // The nodes and the leaves among them with their places; of equal leaves the first.
+    std::vector<std::pair<size_t, select_tree_node*>> nodes;
+    std::unordered_map<wide_view, std::pair<size_t, select_tree_leaf*>> leaves;
+    mutable std::optional<summary> summary_;
+};
+
+// Ticked when it is made.
+class select_tree_leaf final : public select_tree_item {
+public:
+    select_tree_leaf(selection_register& told, select_tree_node* parent, const wide_string& own_uuid,
+                     const wide_string& own_caption, bool is_valid, bool checked_by_default,
+                     const std::string& own_layer_type)
+        : select_tree_item(told, parent, own_caption, own_uuid, own_layer_type), valid_(is_valid),
+          default_checked(checked_by_default) {}
+
+    void set_valid(bool on);
+    bool valid() const override { return valid_; }
+    void set_checked(bool on) override;
+    uint32_t check_state() const override;
+    void invert_checked() override { set_checked(!checked); }
+    void reset_checked() override { set_checked(default_checked); }
+    void set_checked_if_highlighted(bool on) override;
+    bool contains_leaf() const override { return true; }
+    void collect_leaves(std::vector<select_tree_leaf*>& found, bool only_highlighted) override;
+
+private:
+    bool valid_;
+    bool checked = true;
+    const bool default_checked;
+};
+
+} // namespace vs::project_resave::detail

@@ -1,0 +1,120 @@
+#include "reference_host/toolkit/outline_view.h"
+
+#include "host/toolkit/tool.h"
+#include "host/toolkit/toolbar.h"
+#include "platform/text.h"
+#include "reference_host/toolkit/element_view.h"
+#include "reference_host/toolkit/told.h"
+
+namespace vestra::toolkit {
+
+namespace border = vs::project_resave;
+using border::call;
+using border::cast_to;
+using border::outline_checks_impl;
+using border::outline_column_impl;
+using border::outline_impl;
+using border::outline_row;
+using border::tool_impl;
+
+namespace {
+
+// The tables of one outline.
+struct outline_tables {
+    border::interface_to<outline_impl> outline;
+    border::outline_column names;
+    border::outline_checks checks;
+};
+
+mark mark_of(const border::outline_checks& checks, outline_row* row) {
+    if (!checks) return mark::none;
+    if (call<&outline_checks_impl::mixed>(checks, row)) return mark::mixed;
+    return call<&outline_checks_impl::checked>(checks, row) ? mark::on : mark::off;
+}
+
+std::vector<row_view> rows_below(const outline_tables& asked, outline_row* parent) {
+    if (!call<&outline_impl::has_children>(asked.outline, parent)) return {};
+    std::vector<row_view> rows(call<&outline_impl::child_count>(asked.outline, parent));
+    for (std::uint32_t index = 0; index < rows.size(); ++index) {
+        outline_row* const row = call<&outline_impl::child>(asked.outline, parent, index);
+        rows[index] = {told<&outline_column_impl::text>(asked.names, row),
+                       mark_of(asked.checks, row),
+                       !call<&outline_column_impl::invalid>(asked.names, row),
+                       call<&outline_impl::highlighted>(asked.outline, row),
+                       call<&outline_impl::expanded>(asked.outline, row),
+                       call<&outline_impl::image_index>(asked.outline, row),
+                       row,
+                       rows_below(asked, row)};
+    }
+    return rows;
+}
+
+bool is_enabled(const element_view& view) { return call<&border::element_impl::enabled>(view.live); }
+
+} // namespace
+
+void add_outline(element_view& view) {
+    const auto outline = cast_to<outline_impl>(view.live);
+    if (!outline) return;
+    const outline_tables asked{outline, call<&outline_impl::name_column>(outline),
+                               call<&outline_impl::checks>(outline)};
+    view.caption = told<&outline_column_impl::header>(asked.names);
+    view.rows = rows_below(asked, nullptr);
+}
+
+void add_toolbar(element_view& view) {
+    const auto bar = cast_to<border::toolbar_impl>(view.live);
+    const std::uint32_t count = call<&border::toolbar_impl::tool_count>(bar);
+    for (std::uint32_t index = 0; index < count; ++index)
+        view.children.push_back(look_at(call<&border::toolbar_impl::tool>(bar, index)));
+}
+
+void add_tool(element_view& view) {
+    const auto tool = cast_to<tool_impl>(view.live);
+    if (!tool) return;
+    view.id = told<&tool_impl::id>(tool);
+    view.caption = told<&tool_impl::caption>(tool);
+    view.text = told<&tool_impl::hint>(tool);
+}
+
+void describe_rows(std::string& out, const std::vector<row_view>& rows, const std::string& indent,
+                   const std::string& path) {
+    constexpr const char* marks[] = {"", " [ ]", " [x]", " [-]"};
+    for (std::size_t index = 0; index < rows.size(); ++index) {
+        const row_view& row = rows[index];
+        const std::string row_path = (path.empty() ? path : path + '/') + std::to_string(index + 1);
+        out += indent + row_path + marks[static_cast<std::size_t>(row.check)] + ' ' +
+               border::platform::to_utf8(row.text);
+        if (!row.valid) out += " (invalid)";
+        if (row.highlighted) out += " (highlighted)";
+        if (!row.expanded) out += " (collapsed)";
+        out += '\n';
+        describe_rows(out, row.rows, indent + "  ", row_path);
+    }
+}
+
+bool check_row(const element_view& outline, const row_view& row, bool on) {
+    const auto live = cast_to<outline_impl>(outline.live);
+    if (!live || !is_enabled(outline)) return false;
+    call<&outline_checks_impl::click>(call<&outline_impl::checks>(live), row.reference, on);
+    return true;
+}
+
+bool highlight_row(const element_view& outline, const row_view& row, bool on) {
+    const auto live = cast_to<outline_impl>(outline.live);
+    if (!live || !is_enabled(outline)) return false;
+    call<&outline_impl::set_highlighted>(live, row.reference, on);
+    if (!on) return true;
+    call<&outline_impl::highlight_added>(live, row.reference, nullptr);
+    call<&outline_impl::current_changed>(live, row.reference);
+    return true;
+}
+
+bool click_tool(const element_view& tool) {
+    const auto live = cast_to<tool_impl>(tool.live);
+    if (!live || !is_enabled(tool)) return false;
+    call<&tool_impl::click>(live);
+    return true;
+}
+
+} // namespace vestra::toolkit
