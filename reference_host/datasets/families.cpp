@@ -27,9 +27,9 @@ bool is_shape_file(const wide_string& path) {
            file->read(first.data(), first.size()) == first.size() && first == mark;
 }
 
-wide_string first_piece(const wide_string& name) { return platform::folded(name.substr(0, name.find(u'.'))); }
+bool is_same_name(wide_view a, wide_view b) { return platform::compare_no_case(a, b) == 0; }
 
-// The files of one folder, by what their names have before the first dot.
+// The names of the files of one folder, in their order without letter case.
 class folder_names {
 public:
     explicit folder_names(const wide_string& folder) { read(folder); }
@@ -44,23 +44,32 @@ public:
     void read(const wide_string& folder) {
         read_at_ = std::filesystem::file_time_type::clock::now();
         changed_ = platform::folder_time(folder);
-        count_ = 0;
         names_.clear();
-        for (const auto& entry : platform::current_system().list(folder)) {
-            if (entry.is_folder) continue;
-            names_[first_piece(entry.name)].push_back(entry.name);
-            ++count_;
-        }
+        for (auto& entry : platform::current_system().list(folder))
+            if (!entry.is_folder) names_.push_back(std::move(entry.name));
+        std::ranges::stable_sort(names_, is_before);
     }
 
-    std::size_t count() const { return count_; }
-    const std::vector<wide_string>& beginning_as(const wide_string& name) {
-        return names_[first_piece(name)];
+    std::size_t count() const { return names_.size(); }
+
+    // Those that have before their first dot what `name` has.
+    std::vector<wide_string> beginning_as(const wide_string& name) const {
+        const wide_string beginning = name.substr(0, name.find(u'.'));
+        auto next = std::ranges::lower_bound(names_, beginning, is_before);
+        std::vector<wide_string> found;
+        for (; next != names_.end() && is_same_name(*next, beginning); ++next) found.push_back(*next);
+        const wide_string with_dot = beginning + u'.';
+        next = std::ranges::lower_bound(names_, with_dot, is_before);
+        for (; next != names_.end() && is_same_name(wide_view(*next).substr(0, with_dot.size()), with_dot);
+             ++next)
+            found.push_back(*next);
+        return found;
     }
 
 private:
-    std::unordered_map<wide_string, std::vector<wide_string>> names_;
-    std::size_t count_ = 0;
+    static bool is_before(wide_view a, wide_view b) { return platform::compare_no_case(a, b) < 0; }
+
+    std::vector<wide_string> names_;
     std::filesystem::file_time_type changed_;
     std::filesystem::file_time_type read_at_;
 };
@@ -72,15 +81,13 @@ folder_names& names_in(const wide_string& folder) {
     return row->second;
 }
 
-bool is_same_name(wide_view a, wide_view b) { return platform::compare_no_case(a, b) == 0; }
-
 } // namespace
 
 std::optional<file_list> shape_family(const wide_string& path) {
     if (!is_shape_file(path)) return std::nullopt;
     const path_parts main = parts_of(path);
     file_list files{path};
-    const std::vector<wide_string>& near = names_in(main.head).beginning_as(main.stem);
+    const std::vector<wide_string> near = names_in(main.head).beginning_as(main.stem);
     for (const wide_view extension :
          {u".shx", u".dbf", u".cpg", u".prj", u".qix", u".sbn", u".sbx", u".shp.xml"}) {
         const wide_string name = main.stem + wide_string(extension);
@@ -118,7 +125,7 @@ file_list same_stem_family(const wide_string& path) {
 std::optional<std::vector<wide_string>> near_names_in_large_folder(const wide_string& path) {
     constexpr std::size_t fair_size = 1000;
     const path_parts main = parts_of(path);
-    folder_names& names = names_in(main.head);
+    const folder_names& names = names_in(main.head);
     if (names.count() <= fair_size) return std::nullopt;
     return names.beginning_as(main.stem + main.extension);
 }

@@ -45,12 +45,12 @@ uuid uuid::random() {
 wide_string uuid::text() const {
     if (!has_value()) return {};
     static constexpr wide_view digits = u"0123456789abcdef";
-    wide_string text;
-    text.reserve(36);
+    wide_string text(36, u'-');
+    auto place = text.begin();
     for (std::size_t byte = 0; byte < bytes_.size(); ++byte) {
-        if (hyphen_before(byte)) text += u'-';
-        text += digits[bytes_[byte] >> 4];
-        text += digits[bytes_[byte] & 15];
+        if (hyphen_before(byte)) ++place;
+        *place++ = digits[bytes_[byte] >> 4];
+        *place++ = digits[bytes_[byte] & 15];
     }
     return text;
 }

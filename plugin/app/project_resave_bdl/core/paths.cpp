@@ -40,6 +40,17 @@ void drop_last_character(wide_string& path) {
     if (!path.empty()) path.pop_back();
 }
 
+// True for a path with a drive that normalising would give back as it is; most are.
+bool is_normal(wide_view path) {
+    if (path.size() < 4 || path_root(path).empty() || path[2] != u'\\' || path.back() == u'\\') return false;
+    for (size_t i = 2; i < path.size(); ++i) {
+        if (path[i] == u'/') return false;
+        const bool begins_piece = path[i - 1] == u'\\';
+        if (begins_piece && (path[i] == u'\\' || path[i] == u'.')) return false;
+    }
+    return true;
+}
+
 bool same_piece(wide_view a, wide_view b) { return platform::compare_no_case(a, b) == 0; }
 
 } // namespace
@@ -105,6 +116,7 @@ std::vector<wide_string> path_split(wide_view path, wide_view separators, bool s
 }
 
 wide_string path_normalise(wide_view path) {
+    if (is_normal(path)) return wide_string(path);
     const wide_string root = path_root(path);
     const piece_views pieces = pieces_of(path);
     piece_views kept;

@@ -2,8 +2,8 @@
 #pragma once
 
 #include <cstdint>
+#include <deque>
 #include <unordered_map>
-#include <vector>
 
 #include "platform/wide_string.h"
 
@@ -23,7 +23,7 @@ public:
     const placed_file* find(const wide_string& source) const;
     void clear();
 
-    const std::vector<placed_file>& entries() const { return entries_; }
+    const std::deque<placed_file>& entries() const { return entries_; }
     auto begin() const { return entries_.begin(); }
     auto end() const { return entries_.end(); }
     size_t size() const { return entries_.size(); }
@@ -31,7 +31,7 @@ public:
     const placed_file& operator[](size_t index) const { return entries_[index]; }
 
 private:
-    std::vector<placed_file> entries_;
+    std::deque<placed_file> entries_;
     std::unordered_multimap<size_t, uint32_t> oldest_; // by the hash of path_key of the old path
 };
 

@@ -43,11 +43,11 @@ bool size_register::push_parent(const wide_string& uuid) {
 
 void size_register::pop_parent() { parents.pop_back(); }
 
-size_register::size_entry& size_register::entry_of(const wide_string& path, bool& is_new) {
+uint32_t size_register::entry_of(const wide_string& path, bool& is_new) {
     const auto [row, inserted] = files.try_emplace(path, static_cast<uint32_t>(entries.size()));
     if (inserted) entries.emplace_back();
     is_new = inserted;
-    return entries[row->second];
+    return row->second;
 }
 
 void size_register::recount(size_entry& entry) {
@@ -56,22 +56,22 @@ void size_register::recount(size_entry& entry) {
     entry.counted = needed;
 }
 
-void size_register::link_parents(uint32_t entry, uint32_t chain_index) {
+void size_register::link_parents(uint32_t chain_index) {
     for (size_t place = 0; place < parents.size(); ++place)
         if (std::find(parents.begin(), parents.begin() + static_cast<ptrdiff_t>(place), parents[place]) ==
             parents.begin() + static_cast<ptrdiff_t>(place))
-            parents[place]->links.push_back({entry, chain_index, true});
+            parents[place]->links.push_back({chain_index, true});
 }
 
 void size_register::add_file(const wide_string& path) {
     bool is_new = false;
-    size_entry& entry = entry_of(path, is_new);
+    const uint32_t index = entry_of(path, is_new);
+    size_entry& entry = entries[index];
     if (is_new) entry.size_kb = kilobytes(path);
-    entry.chains.emplace_back();
+    chains.push_back({index});
     ++entry.fulfilled;
     recount(entry);
-    link_parents(static_cast<uint32_t>(&entry - entries.data()),
-                 static_cast<uint32_t>(entry.chains.size() - 1));
+    link_parents(static_cast<uint32_t>(chains.size() - 1));
 }
 
 void size_register::add_files(const std::vector<wide_string>& paths) {
@@ -98,10 +98,10 @@ void size_register::set_uuid_selected(const wide_string& uuid, bool selected) {
     for (chain_link& link : row->second.links) {
         if (link.selected == selected) continue;
         link.selected = selected;
-        size_entry& entry = entries[link.entry];
-        uint32_t& left_out = entry.chains[link.chain].left_out;
-        if (selected && --left_out == 0) ++entry.fulfilled;
-        if (!selected && left_out++ == 0) --entry.fulfilled;
+        chain& way = chains[link.chain];
+        size_entry& entry = entries[way.entry];
+        if (selected && --way.left_out == 0) ++entry.fulfilled;
+        if (!selected && way.left_out++ == 0) --entry.fulfilled;
         recount(entry);
     }
     bool is_new = false;
@@ -112,6 +112,7 @@ void size_register::set_uuid_selected(const wide_string& uuid, bool selected) {
 void size_register::clear() {
     files.clear();
     entries.clear();
+    chains.clear();
     parents.clear();
     files_of_uuid.clear();
     total_kb_ = 0;

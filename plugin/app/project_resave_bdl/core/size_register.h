@@ -6,6 +6,7 @@
 #pragma once
 
 #include <cstdint>
+#include <deque>
 #include <functional>
 #include <string>
 #include <unordered_map>
@@ -42,17 +43,16 @@ public:
 private:
     // One way a path was entered: needed while none of its uuids is left out.
     struct chain {
+        uint32_t entry;
         uint32_t left_out = 0;
     };
     struct size_entry {
-        std::vector<chain> chains;
-        uint32_t fulfilled = 0; // how many of them are
+        uint32_t fulfilled = 0; // how many of its chains are
         bool counted = false;
         double size_kb = 0;
     };
     // The place of a uuid in a chain. The flag is its own: a path entered later starts selected.
     struct chain_link {
-        uint32_t entry;
         uint32_t chain;
         bool selected = true;
     };
@@ -61,12 +61,13 @@ private:
         std::unordered_set<wide_string> bare_paths; // filed without a chain
     };
 
-    size_entry& entry_of(const wide_string& path, bool& is_new);
-    void link_parents(uint32_t entry, uint32_t chain_index);
+    uint32_t entry_of(const wide_string& path, bool& is_new);
+    void link_parents(uint32_t chain_index);
     void recount(size_entry& entry);
 
     std::unordered_map<wide_string, uint32_t> files; // place of the path's entry
-    std::vector<size_entry> entries;
+    std::deque<size_entry> entries;
+    std::deque<chain> chains;
     std::vector<uuid_row*> parents;
     std::unordered_map<wide_string, uuid_row> files_of_uuid;
     double total_kb_ = 0;

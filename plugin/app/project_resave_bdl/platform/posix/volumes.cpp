@@ -32,8 +32,9 @@ std::string below(const std::string& base, std::string_view path) {
     std::string result = base;
     if (result.ends_with('/')) result.pop_back();
     const size_t top = result.size();
+    result.reserve(base.size() + path.size() + 1);
     while (!path.empty()) {
-        const auto end = static_cast<size_t>(std::ranges::find_if(path, is_separator) - path.begin());
+        const size_t end = std::min(path.find_first_of("\\/"), path.size());
         const std::string_view piece = path.substr(0, end);
         path.remove_prefix(std::min(end + 1, path.size()));
         if (piece.empty() || piece == ".") continue;
