@@ -114,7 +114,7 @@ void element_writer::write_layer(pugi::xml_node node, const layer& in) {
     if (!in.visible) set(node, "visible", u"no");
     if (in.data) {
         pugi::xml_node data = node.append_child("attributes");
-        set(data, "file", stored_reference(folder_, in.data->file));
+        set(data, "file", stored(in.data->file));
         write_joins(data, *in.data);
     }
     if (!in.extras.rows().empty()) {
@@ -147,13 +147,13 @@ void element_writer::write_plugin_data(pugi::xml_node node, const layer& in) {
 void element_writer::write_table(pugi::xml_node node, const table_data& in,
                                  std::string_view default_meta_id) {
     write_entity(node, in, default_meta_id);
-    set(node, "file", stored_reference(folder_, in.file));
+    set(node, "file", stored(in.file));
 }
 
 void element_writer::write_joins(pugi::xml_node node, const attr_data& in) {
     for (const table_join& join : in.joins) {
         pugi::xml_node item = node.append_child("join");
-        set(item, "source", stored_reference(folder_, join.other_source));
+        set(item, "source", stored(join.other_source));
         item.append_attribute("base_field") = join.base_field;
         item.append_attribute("other_field") = join.other_field;
     }
@@ -196,9 +196,13 @@ void element_writer::write_values(pugi::xml_node node, const std::vector<style_v
     }
 }
 
+wide_string element_writer::stored(wide_view reference, bool behind_star) const {
+    return stored_reference(folder_, reference, behind_star, near_);
+}
+
 void element_writer::write_reference(pugi::xml_node node, const char* name, wide_view reference,
                                      bool behind_star) {
-    if (!reference.empty()) set(node, name, stored_reference(folder_, reference, behind_star));
+    if (!reference.empty()) set(node, name, stored(reference, behind_star));
 }
 
 void element_writer::write_parents() {

@@ -9,14 +9,15 @@
 
 #include <pugixml.hpp>
 
+#include "reference_host/files/references.h"
 #include "reference_host/model/project.h"
 
 namespace vestra::files {
 
 class element_writer {
 public:
-    // `folder` is that of the file: the base of its relative references.
-    explicit element_writer(wide_string folder) : folder_(std::move(folder)) {}
+    // `folder` is that of the file: the base of its relative references, which are those `near` it.
+    element_writer(wide_string folder, nearness near) : folder_(std::move(folder)), near_(near) {}
 
     void write_project(pugi::xml_node node, const project& in);
     void write_scene(pugi::xml_node node, const scene& in);
@@ -45,11 +46,13 @@ private:
     void write_style(pugi::xml_node node, const style_manager& in);
     void write_values(pugi::xml_node node, const std::vector<style_value>& in);
     void write_group(pugi::xml_node node, const layer_group& in, const place_of_layer& places);
+    wide_string stored(wide_view reference, bool behind_star = false) const;
     void write_reference(pugi::xml_node node, const char* name, wide_view reference,
                          bool behind_star = false);
     void refuse(wide_string reason);
 
     wide_string folder_;
+    nearness near_;
     std::unordered_map<uuid, const entity*> written_;
     std::vector<parent_link> parents_;
     std::size_t tuple_elements_ = 0;

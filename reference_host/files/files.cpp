@@ -127,14 +127,14 @@ std::optional<file_error> read_layer(const wide_string& path, dimension kind, st
 
 std::optional<file_error> write_project(const wide_string& path, const project& in) {
     pugi::xml_document document;
-    element_writer writer(head_of(path));
+    element_writer writer(head_of(path), nearness::below);
     writer.write_project(start(document, "project"), in);
     return save(path, document, writer);
 }
 
 std::optional<file_error> write_scene(const wide_string& path, const scene& in) {
     pugi::xml_document document;
-    element_writer writer(head_of(path));
+    element_writer writer(head_of(path), nearness::beside);
     pugi::xml_node root = start(document, "scene_file");
     root.append_attribute("kind") = kind_text(in.kind);
     writer.write_scene(root.append_child("scene"), in);
@@ -143,7 +143,7 @@ std::optional<file_error> write_scene(const wide_string& path, const scene& in) 
 
 std::optional<file_error> write_layer(const wide_string& path, const layer& in) {
     pugi::xml_document document;
-    element_writer writer(head_of(path));
+    element_writer writer(head_of(path), nearness::beside);
     pugi::xml_node root = start(document, "layer_file");
     root.append_attribute("kind") = kind_text(in.kind);
     writer.write_layer(root.append_child("layer"), in);

@@ -39,6 +39,8 @@ std::size_t root_length(wide_view folder) {
     return share_end == wide_view::npos ? folder.size() : share_end + 1;
 }
 
+wide_string folder_above(wide_view folder) { return head_of(folder.substr(0, folder.size() - 1)); }
+
 wide_string joined(wide_view folder, wide_view relative) {
     wide_string path(folder);
     while (!relative.empty()) {
@@ -46,13 +48,28 @@ wide_string joined(wide_view folder, wide_view relative) {
         const wide_view name = relative.substr(0, end);
         const wide_view piece = relative.substr(0, end + 1);
         if (name == u"..") {
-            if (path.size() > root_length(path)) path = head_of(wide_view(path).substr(0, path.size() - 1));
+            if (path.size() > root_length(path)) path = folder_above(path);
         } else if (name != u".") {
             path += piece;
         }
         relative.remove_prefix(piece.size());
     }
     return path;
+}
+
+// Relative to the nearest folder above that holds it too; empty if there is none.
+wide_string climbing_reference(wide_view folder, wide_view reference) {
+    const std::size_t root = root_length(folder);
+    wide_string up = u"..\\";
+    for (wide_string above(folder); above.size() > root; up += u"..\\") {
+        above = folder_above(above);
+        if (above.size() <= root || !is_below(above, reference)) continue;
+        const wide_view rest = reference.substr(above.size());
+        // Only what reads back as the same path.
+        return joined(folder, up + wide_string(rest)) == above + wide_string(rest) ? up + wide_string(rest)
+                                                                                   : wide_string();
+    }
+    return {};
 }
 
 } // namespace
@@ -62,14 +79,17 @@ wide_string head_of(wide_view path) {
     return last == wide_view::npos ? wide_string() : wide_string(path.substr(0, last + 1));
 }
 
-wide_string stored_reference(wide_view folder, wide_view reference, bool behind_star) {
+wide_string stored_reference(wide_view folder, wide_view reference, bool behind_star, nearness near) {
     if (behind_star && reference.starts_with(u'*'))
-        return u"*" + stored_reference(folder, reference.substr(1));
+        return u"*" + stored_reference(folder, reference.substr(1), false, near);
     if (is_below(folder, reference)) {
         const wide_view rest = reference.substr(folder.size());
         // Only what reads back as the same path; "sub\..\..\x" for one is not below the folder at all.
         if (looks_relative(rest) && joined(folder, rest) == wide_string(folder) + wide_string(rest))
             return wide_string(rest);
+    } else if (near == nearness::beside && !looks_relative(reference)) {
+        const wide_string climbing = climbing_reference(folder, reference);
+        if (!climbing.empty()) return climbing;
     }
     if (looks_relative(reference) || reference.starts_with(verbatim_mark))
         return verbatim_mark + wide_string(reference);

@@ -54,6 +54,27 @@ TEST(references, what_is_stored_reads_back_as_the_same_reference) {
     EXPECT_EQ(stored_reference(u"C:\\Prj\\", u"c:/PRJ/A.shp"), u"A.shp") << "letter case and separators";
 }
 
+TEST(references, a_scene_file_moves_with_the_data_beside_it) {
+    const reference_row rows[] = {
+        {u"C:\\prj\\maps\\", u"C:\\prj\\data\\a.shp", u"..\\data\\a.shp"},
+        {u"C:\\prj\\maps\\x\\", u"C:\\prj\\a.shp", u"..\\..\\a.shp"},
+        {u"C:\\prj\\maps\\", u"C:\\prj\\maps\\a.shp", u"a.shp"},
+        {u"C:\\prj\\maps\\", u"*C:\\prj\\a.tos", u"*..\\a.tos", true},
+        {u"C:\\prj\\maps\\", u"C:\\other\\a.shp", u"C:\\other\\a.shp"},
+        {u"C:\\prj\\maps\\", u"D:\\prj\\a.shp", u"D:\\prj\\a.shp"},
+        {u"C:\\prj\\maps\\", u"C:\\prj\\x\\..\\a.shp", u"C:\\prj\\x\\..\\a.shp"},
+        {u"C:\\prj\\maps\\", u"*a link", u"*a link"},
+        {u"\\\\srv\\share\\prj\\maps\\", u"\\\\srv\\share\\prj\\a.shp", u"..\\a.shp"},
+        {u"\\\\srv\\share\\prj\\", u"\\\\srv\\share\\a.shp", u"\\\\srv\\share\\a.shp"},
+        {u"", u"C:\\a.shp", u"C:\\a.shp"},
+    };
+    for (const auto& [folder, reference, stored, behind_star] : rows) {
+        SCOPED_TRACE(vs::project_resave::platform::to_utf8(reference));
+        EXPECT_EQ(stored_reference(folder, reference, behind_star, nearness::beside), stored);
+        EXPECT_EQ(resolved_reference(folder, stored, behind_star), reference);
+    }
+}
+
 TEST(references, a_reference_written_by_hand_may_climb) {
     const reference_row rows[] = {
         {u"C:\\prj\\maps\\", u"C:\\prj\\data\\a.shp", u"..\\data\\a.shp"},
