@@ -1,0 +1,21 @@
+// Two elements, one above the other, with a border between them that the user can move. Who implements: the
+// bundle. Who calls: the host.
+#pragma once
+
+#include "host/toolkit/element.h"
+
+namespace vs::project_resave {
+
+class split_layout_impl : public interface_of<split_layout_impl> {
+public:
+    static constexpr const char* name = "vs_split_layout_interface_1";
+    static constexpr const char16_t* element_kind = u"split_layout";
+    virtual element top() = 0;
+    virtual element bottom() = 0;
+    using operations = operation_list<&split_layout_impl::top, &split_layout_impl::bottom>;
+
+protected:
+    ~split_layout_impl() = default;
+};
+
+} // namespace vs::project_resave
