@@ -1,15 +1,21 @@
 #include "reference_host/toolkit/element_view.h"
 
-#include <algorithm>
-
+#include "host/toolkit/button.h"
 #include "host/toolkit/button_box.h"
+#include "host/toolkit/checkbox.h"
+#include "host/toolkit/dropdownex.h"
 #include "host/toolkit/file_input.h"
 #include "host/toolkit/grid_layout.h"
 #include "host/toolkit/groupbox.h"
 #include "host/toolkit/label.h"
+#include "host/toolkit/label_ex.h"
 #include "host/toolkit/multiline_output.h"
 #include "host/toolkit/output.h"
-#include "platform/text.h"
+#include "host/toolkit/radiobutton.h"
+#include "host/toolkit/split_layout.h"
+#include "host/toolkit/stack_layout.h"
+#include "host/toolkit/tab_layout.h"
+#include "reference_host/toolkit/told.h"
 
 namespace vestra::toolkit {
 
@@ -17,18 +23,8 @@ namespace border = vs::project_resave;
 using border::call;
 using border::cast_to;
 using border::element;
-using border::interface_to;
 
 namespace {
-
-// The text that an operation tells; empty if the element does not speak that interface.
-template <auto Operation, class Impl, class... Args>
-wide_string told(const interface_to<Impl>& target, Args... args) {
-    wide_string text;
-    border::stdwstring_visitor visitor(text);
-    call<Operation>(target, args..., visitor);
-    return text;
-}
 
 // Each of these adds what one interface has to say, and nothing if the element does not speak it.
 
@@ -41,11 +37,49 @@ void add_text(element_view& view) {
         view.text = told<&border::multiline_output_impl::text>(lines);
 }
 
+void add_figure(element_view& view) {
+    const auto figure = cast_to<border::label_ex_impl>(view.live);
+    if (!figure) return;
+    view.caption = told<&border::label_ex_impl::caption>(figure);
+    view.text = told<&border::label_ex_impl::value>(figure) + told<&border::label_ex_impl::unit>(figure);
+}
+
 void add_field(element_view& view) {
     const auto field = cast_to<border::file_input_impl>(view.live);
     if (!field) return;
     view.caption = told<&border::file_input_impl::button_caption>(field);
     view.text = told<&border::file_input_impl::text>(field);
+}
+
+void add_button(element_view& view) {
+    const auto button = cast_to<border::button_impl>(view.live);
+    if (!button) return;
+    view.caption = told<&border::button_impl::caption>(button);
+    view.text = told<&border::button_impl::hint>(button);
+}
+
+void add_check(element_view& view) {
+    bool on = false;
+    if (const auto box = cast_to<border::checkbox_impl>(view.live)) {
+        view.caption = told<&border::checkbox_impl::caption>(box);
+        on = call<&border::checkbox_impl::state>(box) == border::checkbox_state::checked;
+    } else if (const auto radio = cast_to<border::radiobutton_impl>(view.live)) {
+        view.caption = told<&border::radiobutton_impl::caption>(radio);
+        on = call<&border::radiobutton_impl::checked>(radio);
+    } else {
+        return;
+    }
+    view.check = on ? mark::on : mark::off;
+}
+
+void add_choices(element_view& view) {
+    const auto list = cast_to<border::dropdownex_impl>(view.live);
+    if (!list) return;
+    view.caption = told<&border::dropdownex_impl::label>(list);
+    const std::uint32_t count = call<&border::dropdownex_impl::row_count>(list);
+    for (std::uint32_t index = 0; index < count; ++index)
+        view.choices.push_back(told<&border::dropdownex_impl::row_text>(list, index));
+    view.current = call<&border::dropdownex_impl::current_row>(list);
 }
 
 void add_buttons(element_view& view) {
@@ -69,6 +103,16 @@ void add_cells(element_view& view) {
             add_child(view, call<&border::grid_layout_impl::child>(grid, row, column));
 }
 
+void add_parts(element_view& view) {
+    const auto stack = cast_to<border::stack_layout_impl>(view.live);
+    const std::uint32_t count = call<&border::stack_layout_impl::child_count>(stack);
+    for (std::uint32_t index = 0; index < count; ++index)
+        add_child(view, call<&border::stack_layout_impl::child>(stack, index));
+    const auto split = cast_to<border::split_layout_impl>(view.live);
+    add_child(view, call<&border::split_layout_impl::top>(split));
+    add_child(view, call<&border::split_layout_impl::bottom>(split));
+}
+
 void add_frame(element_view& view) {
     if (const auto frame = cast_to<border::groupbox_impl>(view.live))
         view.caption = told<&border::groupbox_impl::caption>(frame);
@@ -83,24 +127,22 @@ void add_docker(element_view& view) {
     add_child(view, call<&border::docker_impl::buttons>(docker));
 }
 
-void describe(std::string& out, const element_view& view, const std::string& indent) {
-    using border::platform::to_utf8;
-    if (!view.visible) return;
-    out += indent + to_utf8(view.kind);
-    if (!view.caption.empty()) out += " \"" + to_utf8(view.caption) + '"';
-    for (const button_view& button : view.buttons)
-        out += " [" + std::to_string(button.code) + ' ' + to_utf8(button.text) + ']';
-    if (!view.enabled) out += " (disabled)";
-    const std::string inner = indent + "  ";
-    const std::string before_line = view.text.find(u'\n') == wide_string::npos ? " " : "\n" + inner;
-    for (std::size_t begin = 0; begin < view.text.size();) {
-        const std::size_t end = std::min(view.text.find(u'\n', begin), view.text.size());
-        out += before_line + to_utf8(wide_view(view.text).substr(begin, end - begin));
-        begin = end + 1;
+void add_pages(element_view& view) {
+    const auto tabs = cast_to<border::tab_layout_impl>(view.live);
+    if (!tabs) return;
+    const std::uint32_t count = call<&border::tab_layout_impl::page_count>(tabs);
+    for (std::uint32_t index = 0; index < count; ++index) {
+        const auto content = call<&border::tab_layout_impl::page>(tabs, index);
+        element_view page = look_at(cast_to<border::element_impl>(content));
+        page.id = told<&border::tab_layout_impl::page_id>(tabs, index);
+        page.caption = told<&border::tab_layout_impl::page_title>(tabs, index);
+        page.enabled = page.enabled && call<&border::tab_layout_impl::page_enabled>(tabs, index);
+        view.children.push_back(std::move(page));
     }
-    out += '\n';
-    for (const element_view& child : view.children) describe(out, child, inner);
+    view.current = call<&border::tab_layout_impl::active_page>(tabs);
 }
+
+bool is_enabled(const element_view& view) { return call<&border::element_impl::enabled>(view.live); }
 
 } // namespace
 
@@ -110,12 +152,10 @@ element_view look_at(const element& root) {
     view.kind = told<&border::element_impl::kind>(root);
     view.enabled = call<&border::element_impl::enabled>(root);
     view.visible = call<&border::element_impl::visible>(root);
-    add_text(view);
-    add_field(view);
-    add_buttons(view);
-    add_frame(view);
-    add_cells(view);
-    add_docker(view);
+    for (const auto add :
+         {&add_text, &add_figure, &add_field, &add_button, &add_check, &add_choices, &add_buttons, &add_frame,
+          &add_cells, &add_parts, &add_docker, &add_pages, &add_outline, &add_toolbar, &add_tool})
+        add(view);
     return view;
 }
 
@@ -127,20 +167,44 @@ const element_view* find(const element_view& root, wide_view kind) {
 }
 
 bool enter_text(const element_view& field, const wide_string& text) {
-    return call<&border::element_impl::enabled>(field.live) &&
-           call<&border::file_input_impl::text_entered>(cast_to<border::file_input_impl>(field.live),
-                                                        text.c_str());
+    return is_enabled(field) && call<&border::file_input_impl::text_entered>(
+                                    cast_to<border::file_input_impl>(field.live), text.c_str());
 }
 
 bool press(const element_view& box, std::int32_t code) {
-    return call<&border::element_impl::enabled>(box.live) &&
+    return is_enabled(box) &&
            call<&border::button_box_impl::click>(cast_to<border::button_box_impl>(box.live), code);
 }
 
-std::string described(const element_view& root) {
-    std::string out;
-    describe(out, root, "");
-    return out;
+bool click(const element_view& button) {
+    const auto live = cast_to<border::button_impl>(button.live);
+    if (!live || !is_enabled(button)) return false;
+    call<&border::button_impl::click>(live);
+    return true;
+}
+
+bool set_check(const element_view& box, bool on) {
+    if (!is_enabled(box)) return false;
+    if (const auto check = cast_to<border::checkbox_impl>(box.live)) {
+        call<&border::checkbox_impl::state_entered>(check, on ? border::checkbox_state::checked
+                                                              : border::checkbox_state::unchecked);
+        return true;
+    }
+    const auto radio = cast_to<border::radiobutton_impl>(box.live);
+    if (!radio || !on) return false;
+    call<&border::radiobutton_impl::pressed>(radio);
+    return true;
+}
+
+bool choose(const element_view& list, std::uint32_t index) {
+    if (!is_enabled(list)) return false;
+    if (const auto dropdown = cast_to<border::dropdownex_impl>(list.live)) {
+        call<&border::dropdownex_impl::row_chosen>(dropdown, index);
+        return call<&border::dropdownex_impl::current_row>(dropdown) == index;
+    }
+    const auto tabs = cast_to<border::tab_layout_impl>(list.live);
+    call<&border::tab_layout_impl::page_chosen>(tabs, index);
+    return tabs && call<&border::tab_layout_impl::active_page>(tabs) == index;
 }
 
 } // namespace vestra::toolkit

@@ -10,6 +10,7 @@
 
 #include "host/toolkit/docker.h"
 #include "reference_host/model/text.h"
+#include "reference_host/toolkit/outline_view.h"
 
 namespace vestra::toolkit {
 
@@ -20,13 +21,21 @@ struct button_view {
 
 // What a kind of element does not have stays empty.
 struct element_view {
+    static constexpr std::uint32_t none = UINT32_MAX;
+
     vs::project_resave::element live;
     wide_string kind;
+    wide_string id;   // of a page and of a tool: the same in every language
+    std::string name; // short, for commands; see `name_elements`
     bool enabled = true;
     bool visible = true;
-    wide_string caption; // of a frame, a field's button, a docker
-    wide_string text;
-    std::vector<button_view> buttons;
+    wide_string caption; // of what has words of its own beside its content
+    wide_string text;    // the content of a field; a figure with its unit; a hint
+    mark check = mark::none;
+    std::vector<button_view> buttons;   // of a button box
+    std::vector<wide_string> choices;   // of a dropdown
+    std::uint32_t current = none;       // the choice, or the page, that is shown
+    std::vector<row_view> rows;         // of an outline
     std::vector<element_view> children; // cells row by row; of a docker the main element, then its button box
 };
 
@@ -39,9 +48,10 @@ const element_view* find(const element_view& root, wide_view kind);
 // answers. `enter_text`: whether the text was taken. `press`: whether the window closes.
 bool enter_text(const element_view& field, const wide_string& text);
 bool press(const element_view& box, std::int32_t code);
-
-// One line for each element, indented by depth, with the lines of a long text below it; in UTF-8. What is not
-// visible is left out.
-std::string described(const element_view& root);
+bool click(const element_view& button);
+// A radio button can only be put on.
+bool set_check(const element_view& box, bool on);
+// A row of a dropdown, or a page.
+bool choose(const element_view& list, std::uint32_t index);
 
 } // namespace vestra::toolkit

@@ -1,6 +1,7 @@
 #include "reference_host/toolkit/terminal_dialog_runner.h"
 
 #include "platform/volumes.h"
+#include "reference_host/toolkit/element_description.h"
 
 namespace vestra::toolkit {
 

@@ -1,0 +1,157 @@
+#include "reference_host/toolkit/element_description.h"
+
+#include <algorithm>
+#include <map>
+
+#include "platform/text.h"
+
+namespace vestra::toolkit {
+
+using vs::project_resave::platform::compare_no_case;
+using vs::project_resave::platform::from_utf8;
+using vs::project_resave::platform::to_utf8;
+
+namespace {
+
+// Words for the kinds that take an event.
+const std::map<wide_string, std::string> stems{
+    {u"file_input", "field"}, {u"button", "button"},     {u"checkbox", "check"}, {u"radiobutton", "radio"},
+    {u"outline", "list"},     {u"dropdownex", "choice"}, {u"tool", "tool"}};
+
+// Up to the last underscore that all ids have in common.
+std::size_t common_start(const std::vector<element_view>& pages) {
+    if (pages.empty()) return 0;
+    wide_view common = pages.front().id;
+    for (const element_view& page : pages)
+        while (!wide_view(page.id).starts_with(common)) common.remove_suffix(1);
+    return common.rfind(u'_') + 1; // nothing if there is none
+}
+
+// One page with what it holds, but for the pages inside of it.
+class naming {
+public:
+    explicit naming(std::string page) : page_(std::move(page)) {}
+
+    void name(element_view& view) {
+        if (const auto stem = stems.find(view.kind); stem != stems.end())
+            view.name = page_ + stem->second + std::to_string(++counts_[view.kind]);
+        const bool holds_pages = view.kind == u"tab_layout";
+        const std::size_t start = holds_pages ? common_start(view.children) : 0;
+        for (element_view& child : view.children) {
+            if (!holds_pages) {
+                name(child);
+                continue;
+            }
+            child.name = to_utf8(wide_view(child.id).substr(start));
+            naming inside(child.name + '/');
+            for (element_view& content : child.children) inside.name(content);
+        }
+    }
+
+private:
+    const std::string page_;
+    std::map<wide_string, unsigned> counts_;
+};
+
+template <class Wanted>
+void collect(const element_view& view, const Wanted& is_wanted, std::vector<const element_view*>& found) {
+    if (is_wanted(view)) found.push_back(&view);
+    for (const element_view& child : view.children) collect(child, is_wanted, found);
+}
+
+const row_view* row_of(const std::vector<row_view>& rows, const std::string& word) {
+    for (std::size_t index = 0; index < rows.size(); ++index)
+        if (std::to_string(index + 1) == word) return &rows[index];
+    const wide_string text = from_utf8(word);
+    const auto row = std::ranges::find_if(
+        rows, [&](const row_view& each) { return compare_no_case(each.text, text) == 0; });
+    return row == rows.end() ? nullptr : &*row;
+}
+
+const char* sign_of(mark check) {
+    switch (check) {
+    case mark::on:
+        return "[x] ";
+    case mark::off:
+        return "[ ] ";
+    case mark::mixed:
+        return "[-] ";
+    default:
+        return "";
+    }
+}
+
+void describe_text(std::string& out, const wide_string& text, const std::string& inner) {
+    const std::string before_line = text.find(u'\n') == wide_string::npos ? " " : "\n" + inner;
+    for (std::size_t begin = 0; begin < text.size();) {
+        const std::size_t end = std::min(text.find(u'\n', begin), text.size());
+        out += before_line + to_utf8(wide_view(text).substr(begin, end - begin));
+        begin = end + 1;
+    }
+}
+
+void describe(std::string& out, const element_view& view, const std::string& indent, bool is_shown_page) {
+    if (!view.visible) return;
+    out += indent;
+    if (!view.name.empty()) out += view.name + ": ";
+    out += sign_of(view.check) + to_utf8(view.kind);
+    if (!view.caption.empty()) out += " \"" + to_utf8(view.caption) + '"';
+    for (const button_view& button : view.buttons)
+        out += " [" + std::to_string(button.code) + ' ' + to_utf8(button.text) + ']';
+    if (view.current < view.choices.size()) out += ' ' + to_utf8(view.choices[view.current]);
+    if (is_shown_page) out += " (shown)";
+    if (!view.enabled) out += " (disabled)";
+    const std::string inner = indent + "  ";
+    if (view.text != view.caption) describe_text(out, view.text, inner);
+    out += '\n';
+    describe_rows(out, view.rows, inner, view.name);
+    for (std::size_t index = 0; index < view.children.size(); ++index)
+        describe(out, view.children[index], inner, view.kind == u"tab_layout" && index == view.current);
+}
+
+} // namespace
+
+void name_elements(element_view& root) { naming({}).name(root); }
+
+const element_view* find_named(const element_view& root, const std::string& name) {
+    std::vector<const element_view*> found;
+    collect(
+        root, [&](const element_view& view) { return view.name == name && !name.empty(); }, found);
+    if (!found.empty()) return found.front();
+    const wide_string caption = from_utf8(name);
+    const auto bears_caption = [&](const element_view& view) {
+        return !view.name.empty() && compare_no_case(view.caption, caption) == 0;
+    };
+    collect(root, bears_caption, found);
+    return found.size() == 1 ? found.front() : nullptr;
+}
+
+const row_view* find_row(const element_view& root, const std::string& path, const element_view*& outline) {
+    std::vector<const element_view*> outlines;
+    collect(
+        root,
+        [&](const element_view& view) { return !view.name.empty() && path.starts_with(view.name + '/'); },
+        outlines);
+    for (const element_view* candidate : outlines) {
+        const std::vector<row_view>* rows = &candidate->rows;
+        const row_view* row = nullptr;
+        for (std::size_t begin = candidate->name.size() + 1; rows && begin <= path.size();) {
+            const std::size_t end = std::min(path.find('/', begin), path.size());
+            row = row_of(*rows, path.substr(begin, end - begin));
+            rows = row ? &row->rows : nullptr;
+            begin = end + 1;
+        }
+        if (!row) continue;
+        outline = candidate;
+        return row;
+    }
+    return nullptr;
+}
+
+std::string described(const element_view& root) {
+    std::string out;
+    describe(out, root, "", false);
+    return out;
+}
+
+} // namespace vestra::toolkit

@@ -1,0 +1,26 @@
+// A window as text, and the short names by which a person or a script speaks of what is in it.
+#pragma once
+
+#include "reference_host/toolkit/element_view.h"
+
+namespace vestra::toolkit {
+
+// Gives a name to each element that takes an event. A page bears its id without what all ids of its layout
+// begin with. Anything else bears a word for its kind and its number among those of the same page, in the
+// order of the walk, behind the page's name: "field1", "prj/check3". A name is the same as long as the window
+// is built the same.
+void name_elements(element_view& root);
+
+// The element of this name, or, where no name fits, the one whose caption it is, in any letter case. Null if
+// there is none, or several of the caption.
+const element_view* find_named(const element_view& root, const std::string& name);
+
+// The row of "NAME/ROW/ROW...", where a ROW is the number that the description shows or, where no row has it,
+// a text. `outline` is the element it stands in. Null if there is none.
+const row_view* find_row(const element_view& root, const std::string& path, const element_view*& outline);
+
+// One line for each element, indented by depth, led by its name if it has one, with the lines of a long text
+// and the rows of an outline below it; in UTF-8. What is not visible is left out.
+std::string described(const element_view& root);
+
+} // namespace vestra::toolkit
