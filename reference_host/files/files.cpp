@@ -5,6 +5,7 @@
 
 #include "platform/system.h"
 #include "platform/text.h"
+#include "platform/volumes.h"
 #include "reference_host/files/element_reader.h"
 #include "reference_host/files/element_writer.h"
 #include "reference_host/files/grammar.h"
@@ -29,6 +30,12 @@ pugi::xml_node start(pugi::xml_document& document, const char* root_name) {
     pugi::xml_node root = document.append_child(root_name);
     root.append_attribute("version") = format_version;
     return root;
+}
+
+// The folder that relative references are measured from; a bare name stands in the current one.
+wide_string folder_of_file(const wide_string& path) {
+    const wide_string head = head_of(path);
+    return head.empty() ? head_of(platform::drive_path(platform::to_utf8(path))) : head;
 }
 
 class file_sink : public pugi::xml_writer {
@@ -91,7 +98,7 @@ std::optional<file_error> read_project(const wide_string& path, project& out) {
     input in(path, "project");
     if (in.failed()) return in.error();
     project fresh;
-    element_reader reader(in, head_of(path));
+    element_reader reader(in, folder_of_file(path));
     reader.read_project(in.root(), fresh);
     reader.resolve_links();
     if (in.failed()) return in.error();
@@ -105,7 +112,7 @@ std::optional<file_error> read_scene(const wide_string& path, scene& out) {
     check_kind(in, out.kind);
     if (in.failed()) return in.error();
     scene fresh(out.kind);
-    element_reader reader(in, head_of(path));
+    element_reader reader(in, folder_of_file(path));
     reader.read_scene(in.root().child("scene"), fresh);
     reader.resolve_links();
     if (in.failed()) return in.error();
@@ -117,7 +124,7 @@ std::optional<file_error> read_layer(const wide_string& path, dimension kind, st
     input in(path, "layer_file");
     check_kind(in, kind);
     if (in.failed()) return in.error();
-    element_reader reader(in, head_of(path));
+    element_reader reader(in, folder_of_file(path));
     std::unique_ptr<layer> fresh = reader.read_layer(in.root().child("layer"), kind);
     reader.resolve_links();
     if (in.failed()) return in.error();
@@ -127,14 +134,14 @@ std::optional<file_error> read_layer(const wide_string& path, dimension kind, st
 
 std::optional<file_error> write_project(const wide_string& path, const project& in) {
     pugi::xml_document document;
-    element_writer writer(head_of(path), nearness::below);
+    element_writer writer(folder_of_file(path), nearness::below);
     writer.write_project(start(document, "project"), in);
     return save(path, document, writer);
 }
 
 std::optional<file_error> write_scene(const wide_string& path, const scene& in) {
     pugi::xml_document document;
-    element_writer writer(head_of(path), nearness::beside);
+    element_writer writer(folder_of_file(path), nearness::beside);
     pugi::xml_node root = start(document, "scene_file");
     root.append_attribute("kind") = kind_text(in.kind);
     writer.write_scene(root.append_child("scene"), in);
@@ -143,7 +150,7 @@ std::optional<file_error> write_scene(const wide_string& path, const scene& in) 
 
 std::optional<file_error> write_layer(const wide_string& path, const layer& in) {
     pugi::xml_document document;
-    element_writer writer(head_of(path), nearness::beside);
+    element_writer writer(folder_of_file(path), nearness::beside);
     pugi::xml_node root = start(document, "layer_file");
     root.append_attribute("kind") = kind_text(in.kind);
     writer.write_layer(root.append_child("layer"), in);

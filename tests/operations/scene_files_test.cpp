@@ -95,6 +95,18 @@ TEST_F(scene_files, captions_become_names_that_a_disk_takes) {
     EXPECT_EQ((strings{".sn._sn", "1.5 __x____._sn", "a_b_._sn"}), write_files(0));
 }
 
+TEST_F(scene_files, move_together_with_the_data_beside_them) {
+    write(n + u"out\\maps\\a.shp", "shape");
+    project_builder().scene_2d(u"A").layer("shp_pnt_lr2d", u"A1", n + u"out\\maps\\a.shp").save(source);
+    load();
+    write_files(0);
+    std::filesystem::rename(native("n") / "out", native("n") / "moved");
+    vestra::scene scene(vestra::dimension::flat);
+    ASSERT_FALSE(vestra::files::read_scene(n + u"moved\\A._sn", scene));
+    EXPECT_EQ(n + u"moved\\maps\\a.shp", scene.at(0)->file);
+    std::filesystem::rename(native("n") / "moved", native("n") / "out");
+}
+
 TEST_F(scene_files, only_selected_2d_scenes_are_written_also_after_a_stopped_run) {
     project_builder built;
     built.scene_2d(u"A").scene_2d(u"B").scene_3d(u"C").layout(u"D").save(source);
