@@ -54,6 +54,10 @@ std::optional<int> run(session& host, const resave_wish& wish, const common_opti
         complain(shell::printable(load_string(same_name)));
         return wrong_use;
     }
+    if (path_head(target).empty()) {
+        complain(one_line(target) + ": the new project needs a folder and a name");
+        return wrong_use;
+    }
     if (platform::current_system().kind_of(target) == platform::entry_kind::folder) {
         complain(one_line(target) + ": it is a folder; the name of the new project is wanted");
         return wrong_use;
@@ -67,15 +71,18 @@ std::optional<int> run(session& host, const resave_wish& wish, const common_opti
 
     const wide_string folder = path_head(target);
     const std::vector<wide_string> made = missing_levels(folder);
+    const auto take_back = [&made] {
+        for (const wide_string& level : made) platform::current_system().remove_folder(level);
+    };
     if (!create_folders(folder)) {
+        take_back();
         complain("cannot create the folder " + one_line(folder));
         return not_saved;
     }
     resave_settings settings = wish.settings;
     settings.output_path = &target;
     context.resave_project(settings);
-    if (context.progress.erase_created)
-        for (const wide_string& level : made) platform::current_system().remove_folder(level);
+    if (context.progress.erase_created) take_back();
     return std::nullopt;
 }
 

@@ -17,17 +17,24 @@ using nlohmann::ordered_json;
 
 namespace {
 
-// The report's texts are lines that begin with what happened.
+// The report's texts are lines that begin with what happened. A line that does not belongs to the caption
+// before it, which may have several.
 void sort_problems(const run_report& from, resave_report& to) {
     const wide_string lost = load_string(519), failed = load_string(520);
     for (const run_report::problem& problem : from.problems) {
+        wide_string* last = nullptr;
+        const size_t lost_before = to.lost_sources.size(), failed_before = to.copy_errors.size();
         for (const wide_string& line : path_split(problem.text, u"\n", true)) {
-            const wide_string place = u" (" + problem.title + u")";
             if (line.starts_with(lost))
-                to.lost_sources.push_back(line.substr(lost.size()) + place);
+                last = &to.lost_sources.emplace_back(line.substr(lost.size()));
             else if (line.starts_with(failed))
-                to.copy_errors.push_back(line.substr(failed.size()) + place);
+                last = &to.copy_errors.emplace_back(line.substr(failed.size()));
+            else if (last != nullptr)
+                last->append(u"\n").append(line);
         }
+        const wide_string place = u" (" + problem.title + u")";
+        for (size_t i = lost_before; i < to.lost_sources.size(); ++i) to.lost_sources[i] += place;
+        for (size_t i = failed_before; i < to.copy_errors.size(); ++i) to.copy_errors[i] += place;
     }
 }
 

@@ -62,9 +62,8 @@ protected:
         std::set<std::string> known; // letter case aside: a folder may have been there in another one
         const std::string root = lowered(native("n").generic_string());
         const auto note = [&](const std::filesystem::path& copy) {
-            known.insert(std::filesystem::path(lowered(copy.generic_string()))
-                             .lexically_relative(root)
-                             .generic_string());
+            const std::string below = lowered(copy.generic_string()).substr(root.size());
+            known.insert(below.starts_with('/') ? below.substr(1) : below);
         };
         for (const auto& [old_path, new_path] : context->placement.placed) {
             const auto from = platform::native_path(old_path), to = platform::native_path(new_path);

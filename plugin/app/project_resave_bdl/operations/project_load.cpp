@@ -81,6 +81,8 @@ bool project_context::load_project(const wide_string& wanted, bool show_wait, bo
         loaded = read_project(reader.get(), path, write_open_log);
         if (loaded) build_tree(path);
     } catch (...) { // out of memory
+        while (open_log.unindent() > 0) {
+        }
         loaded = false;
     }
     if (!loaded) { // nothing stays half loaded
