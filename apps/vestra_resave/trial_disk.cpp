@@ -95,6 +95,7 @@ std::vector<trial_disk::made_file> trial_disk::made_files() const {
         if (each.kind == entry_kind::file) made.push_back(&each);
     std::ranges::sort(made, {}, &entry::number);
     std::vector<made_file> files;
+    files.reserve(made.size());
     for (const entry* each : made) files.push_back({each->path, each->source, bytes_of(*each)});
     return files;
 }

@@ -1,5 +1,4 @@
-// Whether a project stands alone: all that it refers to is there, below its own folder, and so can be moved
-// with it.
+// Whether a project stands alone: all that it refers to is there, below its own folder.
 #pragma once
 
 #include <functional>
