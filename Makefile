@@ -35,6 +35,7 @@ demo: all
 	@tools/demo
 
 bench: all
+	@tools/install_packages rsync
 	@bench/run
 
 sources := git ls-files '*.h' '*.cpp' '*.inc'

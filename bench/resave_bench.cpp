@@ -1,11 +1,20 @@
 // Measures the bundle in the reference host, one thing in each process, so that peak memory belongs to it.
 //
-//     resave-bench generate FOLDER LAYERS BYTES     FOLDER/prj/area._vp with so many shapes, two files each
+//     resave-bench generate FOLDER KIND LAYERS BYTES   FOLDER/prj/area._vp with so many layers, two files
+//     each:
+//                                                      "shape" or "raster"
+//     resave-bench copy FOLDER NEW_FOLDER              a straight loop over the files, for comparison
 //     resave-bench load PROJECT TIMES               loads it again and again
 //     resave-bench resave PROJECT NEW_PROJECT
+//     resave-bench structure PROJECT TEXT_FILE      with all that it can hold
+//     resave-bench check-case PROJECT REPORT
 //
-// `load` and `resave` print one line of figures: name=value, seconds and KiB.
+// All but the first two print one line of figures: name=value, seconds and KiB. Those of the last two leave
+// the load out.
+#include <fcntl.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
 #include <algorithm>
 #include <chrono>
@@ -14,11 +23,14 @@
 #include <filesystem>
 #include <fstream>
 #include <iostream>
+#include <optional>
 
 #include "operations/project_context.h"
+#include "operations/structure_run.h"
 #include "platform/volumes.h"
 #include "reference_host/files/files.h"
 #include "reference_host/shell/front_end.h"
+#include "tests/support/forwarding_system.h"
 
 namespace {
 
@@ -48,12 +60,43 @@ wide_string number(size_t value) {
     return {digits.begin(), digits.end()};
 }
 
-// A thousand files to a folder, as people keep them; a hundred layers to a scene.
-int generate(const std::filesystem::path& folder, size_t layers, size_t bytes) {
+// One grey pixel, as the smallest file that a raster library takes.
+std::string smallest_raster() {
+    std::string bytes("II*\0\x08\0\0\0", 8);
+    const auto number = [&](unsigned value, int length) {
+        for (int byte = 0; byte < length; ++byte) bytes += static_cast<char>(value >> (8 * byte));
+    };
+    constexpr unsigned entries[][3] = {{256, 3, 1}, {257, 3, 1}, {258, 3, 8}, {259, 3, 1}, {262, 3, 1},
+                                       {273, 4, 8}, {277, 3, 1}, {278, 3, 1}, {279, 4, 1}};
+    number(std::size(entries), 2);
+    for (const auto& [tag, type, value] : entries) {
+        number(tag, 2);
+        number(type, 2);
+        number(1, 4);
+        number(value, 4);
+    }
+    number(0, 4);
+    return bytes;
+}
+
+struct family {
+    const char* layer_type;
+    std::string main_extension, main_content, companion;
+    size_t folder_size; // layers in a folder, as people keep them
+};
+
+family family_of(const std::string& kind) {
+    if (kind == "raster") return {"rtr_lr2d", ".tif", smallest_raster(), ".tfw", 100};
+    return {"shp_pnt_lr2d", ".shp", std::string("\x00\x00\x27\x0a", 4), ".shx", 1000};
+}
+
+// A hundred layers to a scene.
+int generate(const std::filesystem::path& folder, const std::string& kind, size_t layers, size_t bytes) {
+    const family files = family_of(kind);
+    std::string content = files.main_content;
+    content.resize(std::max(bytes, content.size()), 'x');
     vestra::project project;
     vestra::scene* scene = nullptr;
-    std::string content(std::max<size_t>(bytes, 100), 'x');
-    content.replace(0, 4, "\x00\x00\x27\x0a", 4); // the mark of a shape file
     const wide_string root = platform::drive_path(folder.string());
     for (size_t index = 0; index < layers; ++index) {
         if (index % 100 == 0) {
@@ -61,21 +104,59 @@ int generate(const std::filesystem::path& folder, size_t layers, size_t bytes) {
             scene->caption = u"Scene " + number(index / 100);
             scene->id = vestra::uuid::random();
         }
-        const std::string place = "data/" + std::to_string(index / 1000);
+        const std::string place = "data/" + std::to_string(index / files.folder_size);
+        const std::string name = "file" + std::to_string(index);
         std::filesystem::create_directories(folder / place);
-        for (const char* extension : {".shp", ".shx"}) {
-            const std::string name = "file" + std::to_string(index) + extension;
-            std::ofstream(folder / place / name, std::ios::binary) << content;
-        }
-        vestra::layer& layer = scene->make_layer("shp_pnt_lr2d");
+        std::ofstream(folder / place / (name + files.main_extension), std::ios::binary) << content;
+        std::ofstream(folder / place / (name + files.companion), std::ios::binary)
+            << std::string(content.size(), '1');
+        vestra::layer& layer = scene->make_layer(files.layer_type);
         layer.id = vestra::uuid::random();
         layer.caption = u"Layer " + number(index);
-        layer.file = root + u"\\data\\" + number(index / 1000) + u"\\file" + number(index) + u".shp";
+        layer.file = platform::drive_path((folder / place / (name + files.main_extension)).string());
     }
     std::filesystem::create_directories(folder / "prj");
     if (const auto error = vestra::files::write_project(root + u"\\prj\\area._vp", project)) return 1;
     return 0;
 }
+
+int copy_in_a_loop(const std::filesystem::path& folder, const std::filesystem::path& target) {
+    for (const auto& entry : std::filesystem::recursive_directory_iterator(folder)) {
+        const auto place = target / entry.path().lexically_relative(folder);
+        if (entry.is_directory()) {
+            std::filesystem::create_directories(place);
+            continue;
+        }
+        const int in = ::open(entry.path().c_str(), O_RDONLY | O_CLOEXEC);
+        std::filesystem::create_directories(place.parent_path());
+        const int out = ::open(place.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0644);
+        struct stat status {};
+        if (in < 0 || out < 0 || ::fstat(in, &status) != 0) return 1;
+        for (off_t left = status.st_size; left > 0;) {
+            const ssize_t count = ::copy_file_range(in, nullptr, out, nullptr, static_cast<size_t>(left), 0);
+            if (count <= 0) return 1;
+            left -= count;
+        }
+        ::close(in);
+        ::close(out);
+    }
+    return 0;
+}
+
+// Notes when the first file is copied and when the project is begun to be written.
+class phase_clock : public forwarding_system {
+public:
+    bool copy_file(const wide_string& source, const wide_string& target, bool replace) override {
+        if (!copying) copying = clock_type::now();
+        return forwarding_system::copy_file(source, target, replace);
+    }
+    platform::open_result open(const wide_string& path, platform::access wanted, platform::disposition how,
+                               std::unique_ptr<platform::file>& result) override {
+        if (how == platform::disposition::create_always) writing = clock_type::now();
+        return forwarding_system::open(path, wanted, how, result);
+    }
+    std::optional<clock_type::time_point> copying, writing;
+};
 
 int load(const wide_string& path, int times) {
     project_context context(nullptr);
@@ -93,29 +174,53 @@ int load(const wide_string& path, int times) {
 }
 
 int resave(const wide_string& path, const wide_string& target) {
+    phase_clock phases;
+    const platform::system_override in_force(phases);
     project_context context(nullptr);
     const auto start = clock_type::now();
     if (!context.load_project(path, false, false)) return 1;
-    const double loaded = seconds_since(start);
+    const auto loaded = clock_type::now();
     resave_settings settings;
     settings.output_path = &target;
     context.resave_project(settings);
-    const double seconds = seconds_since(start);
-    std::printf("seconds=%.3f load=%.3f peak=%ld files=%zu saved=%d problems=%zu\n", seconds, loaded,
-                peak_kib(), context.placement.placed.size(), context.report.saved,
-                context.report.problems.size());
+    const auto end = clock_type::now();
+    const auto between = [](clock_type::time_point from, clock_type::time_point to) {
+        return std::chrono::duration<double>(to - from).count();
+    };
+    const auto copying = phases.copying.value_or(end), writing = phases.writing.value_or(end);
+    std::printf("seconds=%.3f load=%.3f rounds=%.3f save=%.3f write=%.3f peak=%ld files=%zu\n",
+                between(start, end), between(start, loaded), between(loaded, copying),
+                between(copying, writing), between(writing, end), peak_kib(),
+                context.placement.placed.size());
     return context.report.saved && context.report.problems.empty() ? 0 : 1;
+}
+
+int write_text(const wide_string& path, const wide_string& text_file, bool is_structure) {
+    project_context context(nullptr);
+    if (!context.load_project(path, false, false)) return 1;
+    structure_settings settings;
+    settings.output_path = text_file.c_str();
+    settings.write_layer_names = settings.write_table_names = settings.write_table_columns = true;
+    settings.write_file_paths = true;
+    const auto start = clock_type::now();
+    const bool done = is_structure ? context.save_structure(settings) : context.check_path_case(text_file);
+    std::printf("seconds=%.6f peak=%ld\n", seconds_since(start), peak_kib());
+    return done ? 0 : 1;
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
     const std::string mode = argc > 1 ? argv[1] : "";
-    if (mode == "generate" && argc == 5)
-        return generate(argv[2], std::strtoul(argv[3], nullptr, 10), std::strtoul(argv[4], nullptr, 10));
+    if (mode == "generate" && argc == 6)
+        return generate(argv[2], argv[3], std::strtoul(argv[4], nullptr, 10),
+                        std::strtoul(argv[5], nullptr, 10));
+    if (mode == "copy" && argc == 4) return copy_in_a_loop(argv[2], argv[3]);
     if (mode == "load" && argc == 4) return load(platform::drive_path(argv[2]), std::atoi(argv[3]));
     if (mode == "resave" && argc == 4)
         return resave(platform::drive_path(argv[2]), platform::drive_path(argv[3]));
+    if ((mode == "structure" || mode == "check-case") && argc == 4)
+        return write_text(platform::drive_path(argv[2]), platform::drive_path(argv[3]), mode == "structure");
     std::cerr << "see the head of resave_bench.cpp\n";
     return 2;
 }

@@ -6,6 +6,7 @@
 
 #include "apps/vestra_resave/check_case_command.h"
 #include "apps/vestra_resave/list_command.h"
+#include "apps/vestra_resave/verify_command.h"
 #include "platform/terminal.h"
 
 namespace vestra::command {
@@ -19,7 +20,7 @@ namespace {
 // The words whose meaning is known when all of the line is.
 struct words {
     std::string structure = "by-type", conflict = "rename", referenced, on_stop;
-    bool without_project_file = false;
+    bool without_project_file = false, dry_run = false;
     std::string indent = "tab", if_exists = "new-name";
 };
 
@@ -35,13 +36,14 @@ const std::map<std::string, wide_string> indents{
 
 const std::map<std::string, uint32_t> ways_if_scene_file_exists{{"rewrite", 0}, {"new-name", 1}};
 
-CLI::App* add_command(CLI::App& app, const char* name, const char* what, common_options& options,
-                      std::string& project) {
-    CLI::App* command = app.add_subcommand(name, what);
+CLI::Option* add_project(CLI::App* command, std::string& project) {
     const auto is_given = [](const std::string& text) { return std::string(text.empty() ? "is empty" : ""); };
-    command->add_option("PROJECT", project, "Project file, by its native path or as C:\\...")
-        ->required()
+    return command->add_option("PROJECT", project, "Project file, by its native path or as C:\\...")
         ->check(is_given);
+}
+
+CLI::App* add_command(CLI::App& app, const char* name, const char* what, common_options& options) {
+    CLI::App* command = app.add_subcommand(name, what);
     command->add_option("--drive", options.drives, "Map a drive letter to a folder, as C=/data/c; repeatable")
         ->type_name("X=FOLDER")
         ->allow_extra_args(false);
@@ -56,11 +58,28 @@ CLI::App* add_command(CLI::App& app, const char* name, const char* what, common_
     return command;
 }
 
+CLI::App* add_command(CLI::App& app, const char* name, const char* what, common_options& options,
+                      std::string& project) {
+    CLI::App* command = add_command(app, name, what, options);
+    add_project(command, project)->required();
+    return command;
+}
+
 void add_list(CLI::App& app, command_line& line) {
     CLI::App* command = add_command(app, "list", "Show what is in a project and which of its files are there",
                                     line.options, line.project);
     command->add_flag("--json", line.options.json, "Print one JSON object");
     command->callback([&line] { line.run = [&line] { return list_project(line.project, line.options); }; });
+}
+
+void add_verify(CLI::App& app, command_line& line) {
+    CLI::App* command =
+        add_command(app, "verify", "Look whether all that a project refers to is there, below its own folder",
+                    line.options, line.project);
+    command->add_flag("--json", line.options.json, "Print one JSON object");
+    command->footer(
+        "Ends with 0 stands alone, 1 does not, 2 wrong use or project not loadable, 130 stopped.");
+    command->callback([&line] { line.run = [&line] { return verify_project(line.project, line.options); }; });
 }
 
 void add_resave_choices(CLI::App& command, resave_wish& wish, words& words) {
@@ -109,6 +128,10 @@ void add_resave(CLI::App& app, command_line& line, words& words) {
                      "Keep nothing but this element, by uuid or caption; repeatable")
         ->allow_extra_args(false);
     command->add_flag("--files", wish.list_files, "Print what went where");
+    CLI::Option* verifies = command->add_flag("--verify", wish.verify,
+                                              "Look at the new project, and compare copies with sources");
+    command->add_flag("--dry-run", words.dry_run, "Print what would go where, and write nothing")
+        ->excludes(verifies);
     command->add_flag("--json", line.options.json, "Print one JSON object");
     command->footer(
         "Ends with 0 saved, 1 saved with problems, 2 wrong use or project not loadable, 3 not saved, 130 "
@@ -118,8 +141,9 @@ void add_resave(CLI::App& app, command_line& line, words& words) {
         wish.settings.rename_on_conflict = words.conflict == "rename";
         wish.settings.consider_project_file = !words.without_project_file;
         wish.add_referenced = decided(words.referenced, "yes");
-        wish.on_stop = decided(words.on_stop, "erase");
-        line.run = [&line] { return resave(line.resave, line.options); };
+        wish.on_stop = words.dry_run ? answer::no : decided(words.on_stop, "erase");
+        const auto command_of = words.dry_run ? &plan_resave : &resave;
+        line.run = [&line, command_of] { return command_of(line.resave, line.options); };
     });
 }
 
@@ -175,6 +199,18 @@ void add_check_case(CLI::App& app, command_line& line) {
         [&line] { line.run = [&line] { return check_case(line.project, line.report, line.options); }; });
 }
 
+void add_panel(CLI::App& app, command_line& line) {
+    CLI::App* command =
+        add_command(app, "panel", "Open the bundle's window and lead it by commands from the standard input",
+                    line.options);
+    add_project(command, line.panel.project);
+    command->add_option("--open", line.panel.open_project, "Project that is open in the host meanwhile")
+        ->type_name("PROJECT");
+    command->footer("Ends with 0 done, 1 a command was refused, 2 wrong use or project not loadable, 3 the "
+                    "window left something behind.");
+    command->callback([&line] { line.run = [&line] { return lead_panel(line.panel, line.options); }; });
+}
+
 } // namespace
 
 std::optional<int> parse(int argc, char** argv, command_line& line) {
@@ -183,9 +219,11 @@ std::optional<int> parse(int argc, char** argv, command_line& line) {
     words words;
     add_list(app, line);
     add_resave(app, line, words);
+    add_verify(app, line);
     add_structure(app, line, words);
     add_scenes(app, line, words);
     add_check_case(app, line);
+    add_panel(app, line);
     try {
         std::vector<std::string> arguments = vs::project_resave::platform::program_arguments(argc, argv);
         std::ranges::reverse(arguments); // taken from the end

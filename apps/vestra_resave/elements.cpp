@@ -1,5 +1,7 @@
 #include "apps/vestra_resave/elements.h"
 
+#include <algorithm>
+#include <iterator>
 #include <unordered_set>
 #include <utility>
 
@@ -38,13 +40,12 @@ element described(std::string kind, vs_entity* entity, bool selectable = true) {
     return shown;
 }
 
-// A mark in front of a path is not part of it; services and links are no paths.
 void refer_to(element& shown, wide_string reference) {
-    const wide_string path = reference.starts_with(u'*') ? reference.substr(1) : reference;
+    const std::optional<wide_string> path = path_in(reference);
     shown.file = std::move(reference);
-    if (path_root(path).empty() && !path.starts_with(u"\\")) return;
-    shown.exists = platform::current_system().kind_of(path) != platform::entry_kind::none;
-    shown.bytes = bytes_of(path);
+    if (!path) return;
+    shown.exists = platform::current_system().kind_of(*path) != platform::entry_kind::none;
+    shown.bytes = bytes_of(*path);
 }
 
 void add_joins(element& shown, vs_attr_data* table) {
@@ -185,6 +186,12 @@ void add_service(std::vector<element>& all, const resave_service& service) {
 
 } // namespace
 
+std::optional<wide_string> path_in(wide_view reference) {
+    wide_string path(reference.starts_with(u'*') ? reference.substr(1) : reference);
+    if (path_root(path).empty() && !path.starts_with(u"\\")) return std::nullopt;
+    return path;
+}
+
 uint64_t bytes_of(const wide_string& path) {
     platform::system& system = platform::current_system();
     if (system.kind_of(path) != platform::entry_kind::folder) return system.file_size(path);
@@ -205,6 +212,12 @@ std::vector<element> elements_of(project_context& context) {
     const uint32_t plugins = vs_prj_get_plugin_scns_2d_count(project);
     for (uint32_t index = 0; index < plugins; ++index)
         all.push_back(flat_scenes("sheet", vs_prj_get_plugin_scns_2d_ptr(project, index)));
+    std::ranges::move(kept_by_services(context), std::back_inserter(all));
+    return all;
+}
+
+std::vector<element> kept_by_services(project_context& context) {
+    std::vector<element> all;
     if (context.services)
         for (const ref<resave_service_impl>& service : *context.services) add_service(all, service.get());
     return all;

@@ -33,6 +33,11 @@ struct element {
 // All collections of the loaded project with what is in them, in the order of the project, and then the items
 // that the services of the bundles keep in it.
 std::vector<element> elements_of(vs::project_resave::project_context& context);
+// Those items alone, under their headings.
+std::vector<element> kept_by_services(vs::project_resave::project_context& context);
+
+// The path that a reference holds, without a mark in front; nothing for one to a service or an element.
+std::optional<wide_string> path_in(wide_view reference);
 
 // Bytes of a file, or of all files in a folder.
 uint64_t bytes_of(const wide_string& path);

@@ -1,7 +1,10 @@
 #include "apps/vestra_resave/resave_command.h"
 
+#include "apps/vestra_resave/figures.h"
 #include "apps/vestra_resave/output_file.h"
+#include "apps/vestra_resave/resave_plan.h"
 #include "apps/vestra_resave/resave_report.h"
+#include "apps/vestra_resave/verification.h"
 #include "core/path_files.h"
 #include "core/paths.h"
 #include "framework/strings.h"
@@ -43,14 +46,16 @@ std::vector<wide_string> missing_levels(wide_string folder) {
     return missing;
 }
 
-} // namespace
-
-int resave(const resave_wish& wish, const common_options& options) {
-    session host(options, answers(wish));
+// How the command ends where there is nothing to run; the person has been told why.
+std::optional<int> run(session& host, const resave_wish& wish, const common_options& options) {
     const wide_string source = platform::drive_path(wish.project);
     const wide_string target = platform::drive_path(wish.new_project);
     if (is_same_file(source, target)) {
         complain(shell::printable(load_string(same_name)));
+        return wrong_use;
+    }
+    if (platform::current_system().kind_of(target) == platform::entry_kind::folder) {
+        complain(one_line(target) + ": it is a folder; the name of the new project is wanted");
         return wrong_use;
     }
     project_context& context = host.context();
@@ -63,7 +68,7 @@ int resave(const resave_wish& wish, const common_options& options) {
     const wide_string folder = path_head(target);
     const std::vector<wide_string> made = missing_levels(folder);
     if (!create_folders(folder)) {
-        complain("cannot create the folder " + shell::printable(folder));
+        complain("cannot create the folder " + one_line(folder));
         return not_saved;
     }
     resave_settings settings = wish.settings;
@@ -71,14 +76,78 @@ int resave(const resave_wish& wish, const common_options& options) {
     context.resave_project(settings);
     if (context.progress.erase_created)
         for (const wide_string& level : made) platform::current_system().remove_folder(level);
+    return std::nullopt;
+}
 
-    const resave_report report = report_of(context);
-    complain_of(report);
+// Reads the new project, so that what the run left in the context is gone.
+verification verified(session& host) {
+    project_context& context = host.context();
+    const wide_string project = context.placement.new_project_path;
+    std::vector<placed_file> copies;
+    for (const placed_file& each : context.placement.placed)
+        if (!each.old_path.empty() && each.new_path != project) copies.push_back(each);
+    const auto is_stopped = [&] { return host.interrupted(); };
+    verification found;
+    if (context.load_project(project, false, false))
+        verify(context, is_stopped, found);
+    else
+        found.astray.push_back({"project", path_file_name(project), project, project, "unreadable"});
+    compare(copies, is_stopped, found);
+    return found;
+}
+
+void add(const verification& found, resave_report& report) {
+    for (const std::string& line : lines_of(found)) complain(line);
+    if (found.stopped) {
+        complain("the verification was stopped before its end");
+        report.exit = stopped;
+    } else if (report.exit == done && !(found.astray.empty() && found.differing.empty())) {
+        report.exit = problems;
+        report.outcome = "saved with problems";
+    }
+}
+
+} // namespace
+
+int resave(const resave_wish& wish, const common_options& options) {
+    session host(options, answers(wish));
+    if (const std::optional<int> end = run(host, wish, options)) return *end;
+    resave_report report = report_of(host.context());
+    // Where the host's own message has told the problems they are not told again.
+    if (options.quiet || report.exit != problems) complain_of(report);
+    const wide_string target = host.context().placement.new_project_path;
+    std::optional<verification> found;
+    if (wish.verify && (report.exit == done || report.exit == problems)) {
+        found = verified(host);
+        add(*found, report);
+    }
     if (options.json)
-        print_json(report);
+        print_json(report, found);
     else
         print_text(report, target, wish.list_files);
     return report.exit;
+}
+
+int plan_resave(const resave_wish& wish, const common_options& options) {
+    trial_disk disk;
+    const platform::system_override in_force(disk);
+    common_options silent = options; // a message of the host would tell that the project is saved
+    silent.quiet = true;
+    session host(silent, answers(wish));
+    resave_entity_services copying;
+    collect_resave_entity_services(copying);
+    if (!copying.empty()) {
+        complain("--dry-run: a bundle of --bundle copies files by itself, which cannot be tried out");
+        return wrong_use;
+    }
+    if (const std::optional<int> end = run(host, wish, silent)) return *end;
+    const resave_plan plan = plan_of(host.context(), disk);
+    complain_of(plan);
+    if (options.json)
+        print_json(plan);
+    else
+        print_text(plan, host.context().placement.new_project_path);
+    return plan.report.exit;
 }
 
 } // namespace vestra::command

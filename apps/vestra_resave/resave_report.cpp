@@ -60,17 +60,25 @@ resave_report report_of(const project_context& context) {
     return report;
 }
 
-void print_json(const resave_report& report) {
+ordered_json json_of(const resave_report& report) {
     ordered_json files = ordered_json::array();
     for (const copied_file& file : report.files)
         files.push_back({{"source", platform::to_utf8(file.source)},
                          {"target", platform::to_utf8(file.target)},
                          {"bytes", file.bytes}});
-    const ordered_json all{{"outcome", report.outcome},
-                           {"files", std::move(files)},
-                           {"lost_sources", texts(report.lost_sources)},
-                           {"copy_errors", texts(report.copy_errors)},
-                           {"types_not_resaved", texts(report.types_not_resaved)}};
+    return {{"outcome", report.outcome},
+            {"files", std::move(files)},
+            {"lost_sources", texts(report.lost_sources)},
+            {"copy_errors", texts(report.copy_errors)},
+            {"types_not_resaved", texts(report.types_not_resaved)}};
+}
+
+void print_json(const resave_report& report, const std::optional<verification>& found) {
+    ordered_json all = json_of(report);
+    if (found) {
+        all["astray"] = json_of(found->astray);
+        all["differing"] = json_of(found->differing);
+    }
     std::cout << all.dump(2) << '\n';
 }
 

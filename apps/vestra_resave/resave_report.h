@@ -1,10 +1,13 @@
 // What a finished resave did, for a person or a program.
 #pragma once
 
+#include <nlohmann/json_fwd.hpp>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "apps/vestra_resave/session.h"
+#include "apps/vestra_resave/verification.h"
 
 namespace vestra::command {
 
@@ -26,7 +29,9 @@ struct resave_report {
 
 // Reads what the run left in the context.
 resave_report report_of(const vs::project_resave::project_context& context);
-void print_json(const resave_report& report);
+nlohmann::ordered_json json_of(const resave_report& report);
+// With what a verification found, if there was one.
+void print_json(const resave_report& report, const std::optional<verification>& found);
 // Each problem, a line on the error output.
 void complain_of(const resave_report& report);
 // A line of summary and, if wanted, each file.

@@ -112,14 +112,17 @@ TEST_F(copying, companions_follow_the_main_file_under_its_new_name) {
 }
 
 TEST_F(copying, a_file_is_registered_only_if_its_copy_stands) {
-    begin(u"a.tif a_tif.pj4 w.wel w\\x *b.tif");
+    begin(u"a.tif a_tif.pj4 a.cpg w.wel w\\x *b.tif");
     copy_one(src + u"a.tif", out + u"b.tif", context);
     copy_projection_file(src + u"a.tif", out + u"a.tif", context);
     copy_projection_file(src + u"a.tif", out + u"c.tif", context); // two rasters share it: copied once
     EXPECT_EQ(outcome(true), "a_tif.pj4>a_tif.pj4 !");
+    // A code page file is tried for each table that it belongs to.
+    for (int table = 0; table < 2; ++table) copy_code_page_file(src + u"a.dbf", out + u"a.dbf", context);
+    EXPECT_EQ(outcome(true), "a.cpg>a.cpg a_tif.pj4>a_tif.pj4 !!");
     copy_file_and_folder(src + u"w.wel", out + u"w.wel", context);
-    ASSERT_EQ(context.placement.placed.size(), 3u);
-    EXPECT_EQ(context.placement.placed[1].new_path, out + u"w");
+    ASSERT_EQ(context.placement.placed.size(), 4u);
+    EXPECT_EQ(context.placement.placed[2].new_path, out + u"w");
 }
 
 TEST_F(copying, a_folder_comes_whole_or_tells_that_it_did_not) {

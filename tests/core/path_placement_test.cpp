@@ -45,16 +45,17 @@ TEST(path_placement, each_structure_puts_a_file_where_it_promises) {
     const struct {
         uint32_t variant;
         wide_string source, expected;
+        wide_string type_folder = u"shp";
     } rows[] = {
         {0, roads, u"shp\\roads.shp"},
         {0, well, u"shp\\w1.shp"},
         {0, lake, u"shp\\lake.shp"},
-        {0, grid, u"shp\\m\\m.pgrid"},
-        {0, u"C:\\prj\\m.PGRID", u"shp\\m.PGRID"},
+        {0, grid, u"grid\\m\\m.pgrid", u"grid"},
+        {0, u"C:\\prj\\m.PGRID", u"grid\\m.PGRID", u"grid"},
         {1, roads, u"maps\\roads.shp"},
         {1, well, u"data\\wells\\w1.shp"},
         {1, lake, u"gis\\base\\lake.shp"},
-        {1, grid, u"grids\\m.pgrid"},
+        {1, grid, u"grids\\m.pgrid", u"grid"},
         {1, u"C:\\PRJ\\a.shp", u"a.shp"},
         {1, u"D:\\a\\..\\b.shp", u"D:\\b.shp"}, // not in normal form, so its drive is not cut off
         {1, u"maps\\a.shp", u"s\\a.shp"},
@@ -62,10 +63,15 @@ TEST(path_placement, each_structure_puts_a_file_where_it_promises) {
         {2, roads, u"maps\\roads.shp"},
         {2, well, u"shp\\w1.shp"},
         {2, lake, u"shp\\lake.shp"},
-        {2, grid, u"grids\\m.pgrid"},
+        {2, grid, u"grids\\m.pgrid", u"grid"},
+        {2, u"D:\\m.pgrid", u"grid\\m\\m.pgrid", u"grid"},
         {2, u"C:\\prj\\roads.shp", u"roads.shp"},
     };
-    for (const auto& row : rows) run(row.variant).expect_placed(row.source, row.expected);
+    for (const auto& row : rows) {
+        run run(row.variant);
+        run.placement.set_type_folder(row.type_folder);
+        run.expect_placed(row.source, row.expected);
+    }
     EXPECT_EQ(run(5).placement.new_path(roads), u"");
 }
 
@@ -81,6 +87,7 @@ TEST(path_placement, a_common_top_folder_is_kept_under_the_new_project) {
           {lake, u"base\\lake.shp"},
           {u"E:\\q\\r\\s.shp", u"q\\r\\s.shp"},
           {u"\\\\server\\share\\file", u"server\\share\\file"}}},
+        {{roads, grid}, {{roads, u"prj\\maps\\roads.shp"}, {grid, u"prj\\grids\\m.pgrid"}}},
         {{u"C:\\prj\\area._vp", roads, grid}, {{roads, u"prj\\maps\\roads.shp"}}},
         {{u"C:\\a\\b\\c.shp"}, {{u"C:\\a\\b\\c.shp", u"b\\c.shp"}}},
         // Letter case counts among what was collected, and so does that of the drive.
@@ -93,6 +100,20 @@ TEST(path_placement, a_common_top_folder_is_kept_under_the_new_project) {
         for (const wide_string& path : row.collected) run.placement.common.add_path(path);
         for (const auto& [source, expected] : row.placed) run.expect_placed(source, expected);
         EXPECT_EQ(run.placement.new_path(u""), u"");
+    }
+}
+
+TEST(path_placement, two_scenes_with_one_file_get_a_copy_each) {
+    run run(folder_per_scene);
+    common_directory scenes[2];
+    for (common_directory& scene : scenes)
+        for (const wide_string& path : {roads, grid}) scene.add_path(path);
+    for (const wide_string name : {u"Area 1", u"Area 2"}) {
+        run.placement.set_scene(&scenes[name.back() - u'1'], name);
+        EXPECT_FALSE(run.placement.is_placed(roads));
+        run.expect_placed(roads, name + u"\\prj\\maps\\roads.shp");
+        run.placement.register_placed(roads, run.placement.new_path(roads));
+        EXPECT_EQ(run.placement.lookup_placed(roads), u"N:\\out\\" + name + u"\\prj\\maps\\roads.shp");
     }
 }
 
@@ -144,6 +165,10 @@ TEST(path_placement, a_name_that_is_taken_gets_the_next_number) {
     disk.write(u"out\\grids_(1)\\x");
     run.options.structure_variant = from_project_folder;
     EXPECT_EQ(run.placement.new_path(grid), disk.path(u"out\\grids_(2)\\grids_(2).pgrid"));
+    // A path of another drive that is not in normal form leads to the source itself.
+    disk.write(u"b.shp");
+    run.placement.set_source(u"Q:\\prj\\area._vp");
+    EXPECT_EQ(run.placement.new_path(disk.path(u"a\\..\\b.shp")), disk.path(u"b_(1).shp"));
 }
 
 TEST(path_placement, a_person_may_name_the_file_and_cancelling_never_stops_the_run) {
@@ -187,6 +212,7 @@ TEST(path_placement, created_folders_are_the_missing_levels) {
 TEST(path_placement, lower_case_covers_the_whole_path_but_that_of_a_layout_page) {
     run run(from_project_folder);
     run.options.lower_case = true;
+    run.expect_placed(roads, u"n:\\out\\maps\\roads.shp");
     run.expect_placed(u"C:\\prj\\Карты\\ROADS.shp", u"n:\\out\\карты\\roads.shp");
     EXPECT_EQ(run.placement.folder_for(u"C:\\prj\\Img\\p.bmp"), u"N:\\out\\Img\\p.bmp");
     EXPECT_EQ(run.placement.folder_for(u"D:\\img\\p.bmp"), u"\\img\\p.bmp") << "required as it is";

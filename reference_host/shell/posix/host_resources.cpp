@@ -1,4 +1,6 @@
 // The host library's own texts, where libraries have no resource section.
+#include <iterator>
+
 #include "platform/posix/resource_registry.h"
 
 namespace vestra::shell {
@@ -16,6 +18,7 @@ constexpr platform::text_row rows[] = {
 };
 #undef VS_TEXT
 
+// With the copy of the bundle that is linked in; a loaded one asks by name.
 const bool registered = [] {
     platform::register_text_rows(platform::register_host_basic_module(), rows);
     return true;
@@ -24,3 +27,7 @@ const bool registered = [] {
 } // namespace
 
 } // namespace vestra::shell
+
+extern "C" vs::project_resave::platform::text_row_list vs_host_text_rows() {
+    return {vestra::shell::rows, std::size(vestra::shell::rows)};
+}

@@ -8,6 +8,7 @@
 #include "host/interfaces/service_visitor.h"
 #include "host/vsk_prj.h"
 #include "host/vsk_xml_save_prj.h"
+#include "platform/library.h"
 #include "platform/volumes.h"
 #include "reference_host/model/counted.h"
 #include "reference_host/shell/bundle_loader.h"
@@ -24,14 +25,7 @@ public:
     ref<resave_service_impl> found;
 };
 
-// Stands beside this program, as the host's libraries do.
-wide_string bundle_path() {
-    wchar_t path[MAX_PATH];
-    const DWORD length = ::GetModuleFileNameW(nullptr, path, MAX_PATH);
-    wide_string folder(path, path + length);
-    folder.resize(folder.rfind(u'\\') + 1);
-    return folder + u"vsk_project_resave_bdl.dll";
-}
+const wide_string bundle_path = platform::library_beside_program(u"vsk_project_resave_bdl");
 
 template <auto Operation, class... Arguments>
 wide_string told(const resave_service& service, Arguments... arguments) {
@@ -49,9 +43,9 @@ TEST(bundle_library, the_host_loads_it_uses_its_service_in_its_language_and_lets
     {
         vestra::shell::service_registry registry;
         vestra::shell::bundle_loader loader(registry);
-        const auto failure = loader.load(bundle_path());
+        const auto failure = loader.load(bundle_path);
         ASSERT_FALSE(failure) << failure->reason.size();
-        EXPECT_TRUE(loader.load(bundle_path())) << "twice";
+        EXPECT_TRUE(loader.load(bundle_path)) << "twice";
         registry.start_clients();
 
         found_service visitor;

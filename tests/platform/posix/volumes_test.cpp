@@ -2,14 +2,13 @@
 #include "platform/posix/volumes.h"
 
 #include <gtest/gtest.h>
-#include <sys/inotify.h>
 
 #include <algorithm>
 #include <cstdlib>
 
-#include "platform/posix/descriptor.h"
 #include "platform/system.h"
 #include "platform/text.h"
+#include "tests/support/posix/folder_watch.h"
 #include "tests/support/temporary_folder.h"
 
 namespace vs::project_resave::platform {
@@ -99,8 +98,7 @@ TEST_F(drives, the_exact_spelling_wins_and_changes_by_others_are_seen) {
 TEST_F(drives, a_folder_being_filled_is_not_read_again_for_each_absent_name) {
     const wide_string source = folder.write(u"source.txt", "x");
     ASSERT_TRUE(files.create_folder(folder.path(u"target")));
-    const descriptor watch(::inotify_init1(IN_NONBLOCK | IN_CLOEXEC));
-    ASSERT_GE(::inotify_add_watch(watch.get(), (folder.native() / "target").c_str(), IN_OPEN), 0);
+    const folder_watch listing(folder.native() / "target");
 
     constexpr int count = 200;
     for (int i = 0; i < count; ++i) {
@@ -114,14 +112,7 @@ TEST_F(drives, a_folder_being_filled_is_not_read_again_for_each_absent_name) {
         ASSERT_EQ(files.kind_of(folder.path(folded(name))), entry_kind::none);
         ASSERT_EQ(files.kind_of(folded(kept)) == entry_kind::file, i % 2 == 1);
     }
-    int readings = 0;
-    alignas(inotify_event) char events[4096];
-    for (ssize_t length; (length = ::read(watch.get(), events, sizeof(events))) > 0;)
-        for (ssize_t at = 0; at < length;) {
-            const auto* event = reinterpret_cast<const inotify_event*>(events + at);
-            if ((event->mask & IN_ISDIR) != 0) ++readings;
-            at += static_cast<ssize_t>(sizeof(inotify_event) + event->len);
-        }
+    const int readings = listing.readings();
     EXPECT_GT(readings, 0);
     EXPECT_LT(readings, 10);
 }

@@ -40,6 +40,24 @@ TEST_F(bundle_option, items_of_a_bundle_are_listed_left_out_by_name_and_copied) 
     EXPECT_FALSE(told("bridge.txt")) << output;
 }
 
+// Its own copies would be real.
+TEST_F(bundle_option, a_bundle_that_copies_by_itself_has_no_dry_run) {
+    const std::string target = " " + (folder.native() / "survey._vp").string();
+    EXPECT_EQ(2, command("resave --dry-run " + project + target + bundle));
+    EXPECT_TRUE(told("copies files by itself")) << output;
+    EXPECT_EQ(0, command("resave --dry-run " + project + target)) << output;
+    EXPECT_FALSE(std::filesystem::exists(folder.native() / "survey._vp"));
+}
+
+TEST_F(bundle_option, what_a_bundle_keeps_is_verified_too) {
+    const std::string target = (folder.native() / "copy" / "survey._vp").string();
+    ASSERT_EQ(0, command("resave --verify " + project + " " + target + bundle)) << output;
+    std::filesystem::remove(folder.native() / "copy/notes/quarry.txt");
+    EXPECT_EQ(1, command("verify " + target + bundle));
+    EXPECT_TRUE(told("missing: item Quarry: ")) << output;
+    EXPECT_EQ(0, command("verify " + target)) << output;
+}
+
 TEST_F(bundle_option, a_bundle_that_cannot_be_loaded_is_told_with_path_and_reason) {
     for (const std::string& wrong : {folder.native().string() + "/absent.so", samples + "/bundle.cpp"}) {
         EXPECT_EQ(2, command("list " + project + bundle + " --bundle " + wrong));

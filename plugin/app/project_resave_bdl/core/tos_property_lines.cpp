@@ -9,8 +9,7 @@ namespace vs::project_resave {
 
 void write_tos_properties(project_context& context, const wide_string& path) {
     const host_owned<vs_tos4_file, &vs_tos4_file_close> file(vs_tos4_file_open_w(path.c_str(), 1));
-    if (!file) return;
-    const uint32_t count = vs_tos4_get_prop_count(file.get());
+    const uint32_t count = vs_tos4_get_prop_count(file.get()); // 0 where the file did not open
     for (uint32_t index = 0; index < count; ++index)
         context.log.write_indented(host_string(&vs_tos4_get_prop_caption_w, file.get(), index));
 }

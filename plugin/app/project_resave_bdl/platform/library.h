@@ -28,4 +28,8 @@ private:
     void* handle_;
 };
 
+/// Drive path of the library of this name, told without the target's ending, in the folder of the program
+/// that runs; it need not be there.
+wide_string library_beside_program(wide_view name);
+
 } // namespace vs::project_resave::platform

@@ -64,7 +64,7 @@ public:
     /// fails. After a failure there is no new target, and one that was to be replaced stands as before.
     /// Holes of a sparse file stay holes, and blocks are shared where the file system can.
     virtual bool copy_file(const wide_string& source, const wide_string& target, bool replace) = 0;
-    /// Removes a file, or a link but not what it leads to; false for a folder and where nothing was removed.
+    /// Removes a file, read-only too, or a link but not what it leads to; false for a folder and on failure.
     virtual bool delete_file(const wide_string& path) = 0;
     /// Creates one level; false if the name exists in any letter case or the level above does not.
     virtual bool create_folder(const wide_string& path) = 0;

@@ -2,12 +2,16 @@
 #include "framework/local_factory.h"
 #include "services/maplegs_plugin_service.h"
 #include "ui/dialog_factories.h"
+#include "ui/project_resave_app.h"
 
 namespace vs::project_resave {
 
 namespace {
 
 plain_dialog_factory plain_dialog;
+service_factory<project_resave_app>
+    application(project_resave_app::id,
+                std::make_unique<ref_service_holder<project_resave_app, custom_app_service_impl>>());
 unique_name_dialog_factory unique_name;
 extended_message_dialog_factory extended_message;
 service_factory<maplegs_plugin_service>

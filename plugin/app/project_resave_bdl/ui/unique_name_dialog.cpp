@@ -1,22 +1,18 @@
 #include "ui/unique_name_dialog.h"
 
+#include "core/path_files.h"
 #include "framework/strings.h"
-#include "platform/system.h"
 
 namespace vs::dialog {
 
 using project_resave::load_string;
+using project_resave::path_exists;
 using project_resave::wide_string;
 
 namespace {
 
 constexpr int32_t name_exists = 305;
 constexpr int32_t set_path = 302;
-
-bool exists(const wide_string& path) {
-    using namespace project_resave::platform;
-    return current_system().kind_of(path) != entry_kind::none;
-}
 
 } // namespace
 
@@ -33,11 +29,11 @@ unique_name_dialog::unique_name_dialog(const wide_string& source_path, const wid
 }
 
 wide_string unique_name_dialog::free_path() const {
-    return exists(path.text()) ? wide_string() : path.text();
+    return path_exists(path.text()) ? wide_string() : path.text();
 }
 
 bool unique_name_dialog::take(const wide_string& entered) {
-    if (!exists(entered)) return true;
+    if (!path_exists(entered)) return true;
     project_resave::show_error(name_exists);
     path.set_text({});
     return false;

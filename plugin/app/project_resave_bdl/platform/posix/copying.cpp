@@ -64,14 +64,13 @@ private:
 
 bool copy_through_memory(int source, int target, off_t from, off_t end) {
     constexpr off_t piece = 128 * 1024;
-    static thread_local std::vector<char> buffer(piece);
+    char buffer[piece];
     while (from < end) {
         const auto wanted = static_cast<size_t>(std::min(piece, end - from));
-        const ssize_t taken = ::pread(source, buffer.data(), wanted, from);
+        const ssize_t taken = ::pread(source, buffer, wanted, from);
         if (taken <= 0) return false;
         for (ssize_t given = 0; given < taken;) {
-            const ssize_t count =
-                ::pwrite(target, buffer.data() + given, size_t(taken - given), from + given);
+            const ssize_t count = ::pwrite(target, buffer + given, size_t(taken - given), from + given);
             if (count <= 0) return false;
             given += count;
         }

@@ -3,6 +3,7 @@
 #include <dlfcn.h>
 
 #include <cstdlib>
+#include <filesystem>
 
 #include "platform/posix/volumes.h"
 #include "platform/text.h"
@@ -38,5 +39,11 @@ std::unique_ptr<library> library::open(const wide_string& path, wide_string& rea
 library::~library() { ::dlclose(handle_); }
 
 void* library::symbol(const char* name) const { return ::dlsym(handle_, name); }
+
+wide_string library_beside_program(wide_view name) {
+    std::error_code ignored;
+    const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", ignored);
+    return drive_path((program.parent_path() / (to_utf8(name) + ".so")).string());
+}
 
 } // namespace vs::project_resave::platform

@@ -21,6 +21,15 @@ enum class image_kind { bitmap, icon };
 /// Makes the module "vsk_basic" present, and names it; called by the host. The second call changes nothing.
 module_handle register_host_basic_module();
 
+/// The function by which a program that is the host hands the rows of "vsk_basic" to the libraries it loads;
+/// they live as long as the process.
+struct text_row_list {
+    const text_row* first;
+    size_t count;
+};
+using host_text_rows = text_row_list (*)();
+inline constexpr const char* host_text_rows_name = "vs_host_text_rows";
+
 /// Adds rows to a module; a row registered again replaces the earlier one. The texts are not copied and must
 /// outlive the process's last look-up.
 void register_text_rows(module_handle module, std::span<const text_row> rows);

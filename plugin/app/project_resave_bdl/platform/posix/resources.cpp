@@ -4,6 +4,7 @@
 #define STB_IMAGE_STATIC
 #define STBI_ONLY_BMP
 #define STBI_NO_STDIO
+#include <dlfcn.h>
 #include <stb/stb_image.h>
 
 #include <memory>
@@ -78,8 +79,17 @@ bool load(module_handle module, uint32_t id, image_kind kind, image& result) {
 module_handle own_module() { return {&registered().own}; }
 
 module_handle host_basic_module() {
-    const std::lock_guard guard(registered().mutex);
-    return {registered().host_basic_is_present ? &registered().host_basic : nullptr};
+    {
+        const std::lock_guard guard(registered().mutex);
+        if (registered().host_basic_is_present) return {&registered().host_basic};
+    }
+    // This copy of the platform layer stands in a library: the rows were registered with the program's.
+    const auto rows_of_host = reinterpret_cast<host_text_rows>(::dlsym(RTLD_DEFAULT, host_text_rows_name));
+    if (rows_of_host == nullptr) return {};
+    const module_handle module = register_host_basic_module();
+    const text_row_list list = rows_of_host();
+    register_text_rows(module, {list.first, list.count});
+    return module;
 }
 
 bool find_text_row(module_handle module, uint32_t id, wide_view& row) {

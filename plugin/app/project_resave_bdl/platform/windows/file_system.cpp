@@ -54,7 +54,16 @@ public:
     }
 
     bool delete_file(const wide_string& path) override {
-        return DeleteFileW(wide(system_path(path).c_str())) != FALSE;
+        const wide_string native = system_path(path);
+        if (DeleteFileW(wide(native.c_str()))) return true;
+        // Other systems delete what is read-only, too; so do copies of such files go that a stop erases.
+        const DWORD attributes = GetFileAttributesW(wide(native.c_str()));
+        if (attributes == INVALID_FILE_ATTRIBUTES || is_folder(attributes)) return false;
+        if ((attributes & FILE_ATTRIBUTE_READONLY) == 0) return false;
+        SetFileAttributesW(wide(native.c_str()), attributes & ~DWORD{FILE_ATTRIBUTE_READONLY});
+        if (DeleteFileW(wide(native.c_str()))) return true;
+        SetFileAttributesW(wide(native.c_str()), attributes);
+        return false;
     }
 
     bool create_folder(const wide_string& path) override {

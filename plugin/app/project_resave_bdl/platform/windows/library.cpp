@@ -37,4 +37,20 @@ void* library::symbol(const char* name) const {
     return reinterpret_cast<void*>(::GetProcAddress(static_cast<HMODULE>(handle_), name));
 }
 
+wide_string library_beside_program(wide_view name) {
+    std::wstring program(MAX_PATH, L'\0');
+    for (;;) {
+        const auto room = static_cast<DWORD>(program.size());
+        const DWORD length = ::GetModuleFileNameW(nullptr, program.data(), room);
+        if (length < room) {
+            program.resize(length);
+            break;
+        }
+        program.resize(program.size() * 2);
+    }
+    const size_t folder_length = program.rfind(L'\\') + 1;
+    return wide_string(program.begin(), program.begin() + static_cast<ptrdiff_t>(folder_length)) +
+           wide_string(name) + u".dll";
+}
+
 } // namespace vs::project_resave::platform

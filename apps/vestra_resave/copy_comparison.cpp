@@ -1,0 +1,82 @@
+// Copies beside their sources.
+#include <cstring>
+#include <vector>
+
+#include "apps/vestra_resave/verification.h"
+#include "core/paths.h"
+#include "platform/system.h"
+#include "reference_host/files/files.h"
+
+namespace vestra::command {
+
+using namespace vs::project_resave;
+using platform::entry_kind;
+
+namespace {
+
+constexpr size_t piece = 256 * 1024;
+
+std::unique_ptr<platform::file> opened(const wide_string& path) {
+    std::unique_ptr<platform::file> file;
+    platform::current_system().open(path, platform::access::read, platform::disposition::open_existing, file);
+    return file;
+}
+
+class comparison {
+public:
+    comparison(const std::function<bool()>& is_stopped, verification& found)
+        : is_stopped_(is_stopped), found_(found) {}
+
+    void add(const wide_string& source, const wide_string& target) {
+        if (is_at_end()) return;
+        if (platform::current_system().kind_of(source) == entry_kind::folder)
+            return add_folder(source, target);
+        const std::string reason = difference(source, target);
+        if (!reason.empty() && !found_.stopped && !is_scene_file(target))
+            found_.differing.push_back({source, target, reason});
+    }
+
+private:
+    bool is_at_end() { return found_.stopped = found_.stopped || is_stopped_(); }
+
+    void add_folder(const wide_string& source, const wide_string& target) {
+        const wide_string from = source + (is_separator(source.back()) ? u"" : u"\\");
+        for (const auto& entry : platform::list_tree(platform::current_system(), from))
+            if (!entry.is_folder) add(entry.path, path_join(target, path_relative(from, entry.path)));
+    }
+
+    // Empty if there is none, and after a stop.
+    std::string difference(const wide_string& source, const wide_string& target) {
+        if (platform::current_system().kind_of(target) != entry_kind::file) return "missing";
+        const auto one = opened(source), other = opened(target);
+        if (!one || !other) return "unreadable";
+        uint64_t rest = one->size();
+        if (rest != other->size()) return "size";
+        for (; rest != 0 && !is_at_end(); rest -= std::min<uint64_t>(rest, piece)) {
+            const auto length = static_cast<size_t>(std::min<uint64_t>(rest, piece));
+            if (one->read(first_.data(), length) != length || other->read(second_.data(), length) != length)
+                return "unreadable";
+            if (std::memcmp(first_.data(), second_.data(), length) != 0) return "content";
+        }
+        return {};
+    }
+
+    static bool is_scene_file(const wide_string& path) {
+        scene content(dimension::flat);
+        return !files::read_scene(path, content);
+    }
+
+    const std::function<bool()>& is_stopped_;
+    verification& found_;
+    std::vector<char> first_ = std::vector<char>(piece), second_ = std::vector<char>(piece);
+};
+
+} // namespace
+
+void compare(std::span<const placed_file> copies, const std::function<bool()>& is_stopped,
+             verification& found) {
+    comparison all(is_stopped, found);
+    for (const placed_file& copy : copies) all.add(copy.old_path, copy.new_path);
+}
+
+} // namespace vestra::command

@@ -1,0 +1,110 @@
+#include "apps/vestra_resave/panel_command.h"
+
+#include <iostream>
+#include <memory>
+#include <optional>
+
+#include "apps/vestra_resave/panel_commands.h"
+#include "platform/library.h"
+#include "platform/volumes.h"
+#include "reference_host/files/files.h"
+#include "reference_host/model/project.h"
+#include "reference_host/shell/settings.h"
+
+namespace vestra::command {
+
+namespace platform = vs::project_resave::platform;
+
+namespace {
+
+constexpr const char16_t* tool = u"vestra/app/project_resave_app";
+constexpr const char16_t* tool_library = u"vsk_project_resave_bdl";
+
+void print(const std::string& lines) { std::cout << lines << std::flush; }
+
+// Asks at all times: where nobody types, the lines of a script are the answers, and are written out.
+class panel_terminal final : public platform::terminal {
+public:
+    bool shows() override { return process_.shows(); }
+    bool asks() override { return true; }
+    unsigned width() override { return process_.width(); }
+    void write(std::string_view text) override { process_.write(text); }
+    platform::line_result read_line(std::string& line) override {
+        const platform::line_result result = process_.read_line(line);
+        if (result == platform::line_result::read && !process_.asks()) print(line + '\n');
+        return result;
+    }
+    bool interrupted() override { return process_.interrupted(); }
+    void forget_interrupt() override { process_.forget_interrupt(); }
+
+private:
+    platform::process_terminal process_;
+};
+
+// The project that is open in the host beside the window.
+class open_project {
+public:
+    bool read(const std::string& path) {
+        const wide_string file = platform::drive_path(path);
+        if (const auto error = files::read_project(file, project_)) {
+            complain(shell::printable(error->text()));
+            return false;
+        }
+        shell::settings().open_project = &project_;
+        return true;
+    }
+    ~open_project() { shell::settings().open_project = nullptr; }
+
+private:
+    vestra::project project_;
+};
+
+// The tool of a bundle that was named, else of the one beside this program.
+std::unique_ptr<toolkit::app_window> open_window(terminal_host& host) {
+    host.load_bundles();
+    host.connect();
+    auto window = std::make_unique<toolkit::app_window>(tool);
+    if (!window->is_open()) {
+        host.load(platform::library_beside_program(tool_library));
+        host.connect();
+        window = std::make_unique<toolkit::app_window>(tool);
+    }
+    return window;
+}
+
+int lead(toolkit::app_window& window, platform::terminal& terminal, const std::string& project) {
+    panel_commands commands(window, &print);
+    if (!project.empty() && !commands.set_first_field(project)) return wrong_use;
+    commands.show();
+    while (!commands.is_over()) {
+        print("> ");
+        std::string line;
+        if (terminal.read_line(line) != platform::line_result::read) {
+            print("\n");
+            break;
+        }
+        commands.obey(line);
+    }
+    return commands.was_refused() ? problems : done;
+}
+
+} // namespace
+
+int lead_panel(const panel_wish& wish, const common_options& options) {
+    int end = done;
+    {
+        panel_terminal terminal;
+        std::optional<open_project> opened;
+        if (!wish.open_project.empty() && !opened.emplace().read(wish.open_project)) return wrong_use;
+        terminal_host host(terminal, options, {});
+        end = lead(*open_window(host), terminal, wish.project);
+    }
+    if (const std::size_t left = living_objects()) {
+        complain("the window is closed, but of its objects there are left: " + std::to_string(left));
+        return not_saved;
+    }
+    print("closed, nothing left\n");
+    return end;
+}
+
+} // namespace vestra::command

@@ -1,0 +1,226 @@
+#include "apps/vestra_resave/panel_commands.h"
+
+#include <algorithm>
+#include <charconv>
+
+#include "apps/vestra_resave/panel_words.h"
+#include "platform/text.h"
+#include "platform/volumes.h"
+#include "reference_host/toolkit/element_description.h"
+
+namespace vestra::command {
+
+using namespace toolkit;
+namespace platform = vs::project_resave::platform;
+
+struct panel_commands::verb {
+    const char* word;
+    const char* arguments;
+    const char* what;
+    void (panel_commands::*act)(const std::string& arguments);
+};
+
+const panel_commands::verb panel_commands::verbs[] = {
+    {"show", "[ELEMENT]", "print the window, or a part of it", &panel_commands::show_part},
+    {"set", "ELEMENT TEXT", "fill a field, or choose a row of a list that drops down", &panel_commands::set},
+    {"check", "ELEMENT [on|off]", "check a box, a radio button or a row", &panel_commands::check},
+    {"press", "ELEMENT", "press a button, a tool, or the window's button of this number",
+     &panel_commands::press},
+    {"tab", "NAME", "turn to a page", &panel_commands::tab},
+    {"highlight", "ROW [on|off]", "go to a row and highlight it", &panel_commands::highlight},
+    {"run", "", "press the window's first button", &panel_commands::run},
+    {"help", "", "print this", &panel_commands::help},
+    {"quit", "", "close the window", &panel_commands::quit}};
+
+namespace {
+
+bool takes_text(const element_view& view) { return view.kind == u"file_input" || view.kind == u"dropdownex"; }
+bool is_box(const element_view& view) { return view.kind == u"checkbox" || view.kind == u"radiobutton"; }
+bool is_pressed(const element_view& view) { return view.kind == u"button" || view.kind == u"tool"; }
+bool has_rows(const element_view& view) { return view.kind == u"outline"; }
+bool is_page(const element_view& view) { return view.kind == u"docker"; }
+bool is_any(const element_view&) { return true; }
+
+std::string names_of(const element_view& view, bool (*is_meant)(const element_view&)) {
+    std::string names = !view.name.empty() && is_meant(view) ? ' ' + view.name : std::string();
+    for (const element_view& child : view.children) names += names_of(child, is_meant);
+    return names;
+}
+
+// Whether a user could reach the element: nothing around it is disabled or out of sight.
+bool is_within_reach(const element_view& around, const element_view& wanted) {
+    if (!around.enabled || !around.visible) return false;
+    if (&around == &wanted) return true;
+    return std::ranges::any_of(around.children,
+                               [&](const element_view& child) { return is_within_reach(child, wanted); });
+}
+
+const element_view* layout_of(const element_view& root, const element_view& page, std::uint32_t& index) {
+    for (const element_view& child : root.children) {
+        if (&child == &page) {
+            index = static_cast<std::uint32_t>(&child - root.children.data());
+            return &root;
+        }
+        if (const element_view* layout = layout_of(child, page, index)) return layout;
+    }
+    return nullptr;
+}
+
+} // namespace
+
+panel_commands::panel_commands(app_window& window, std::function<void(const std::string&)> print)
+    : window_(window), print_(std::move(print)) {
+    look();
+}
+
+void panel_commands::look() { view_ = window_.look(); }
+
+void panel_commands::refuse(const std::string& reason) {
+    was_refused_ = true;
+    print_(reason + '\n');
+}
+
+void panel_commands::obey(std::string_view line) {
+    std::string rest(line);
+    while (rest.ends_with(' ') || rest.ends_with('\r')) rest.pop_back();
+    const std::string word = take_word(rest);
+    if (word.empty()) return;
+    const auto known = std::ranges::find_if(verbs, [&](const verb& each) { return word == each.word; });
+    if (known != std::end(verbs)) return (this->*known->act)(rest);
+    std::string words;
+    for (const verb& each : verbs) words += std::string(" ") + each.word;
+    refuse("no command \"" + word + "\"; there are:" + words);
+}
+
+void panel_commands::help(const std::string&) {
+    for (const verb& each : verbs) {
+        std::string line = std::string("  ") + each.word + ' ' + each.arguments;
+        line.resize(std::max<std::size_t>(line.size() + 1, 26), ' ');
+        print_(line + each.what + '\n');
+    }
+}
+
+void panel_commands::show() { print_(described(view_)); }
+
+void panel_commands::show_part(const std::string& name) {
+    if (name.empty()) return show();
+    if (const element_view* part = wanted(unquoted(name), &is_any)) print_(described(*part));
+}
+
+const element_view* panel_commands::wanted(const std::string& name, bool (*is_meant)(const element_view&)) {
+    const element_view* found = find_named(view_, name);
+    if (!found || !is_meant(*found))
+        refuse("no such element: \"" + name + "\"; there are:" + names_of(view_, is_meant));
+    else if (is_meant != &is_any && !is_within_reach(view_, *found))
+        refuse(found->name + " is disabled");
+    else
+        return found;
+    return nullptr;
+}
+
+void panel_commands::print_changes(const std::string& before) {
+    look();
+    print_(new_lines(before, described(view_)));
+}
+
+void panel_commands::set(const std::string& words) {
+    std::string text = words;
+    const element_view* element = wanted(take_word(text), &takes_text);
+    if (!element) return;
+    text = unquoted(text);
+    const std::string before = described(view_);
+    bool is_taken = false;
+    if (element->kind == u"file_input") {
+        is_taken = enter_text(*element, platform::drive_path(text));
+    } else {
+        const wide_string choice = platform::from_utf8(text);
+        const auto& rows = element->choices;
+        const auto row = std::ranges::find_if(
+            rows, [&](const wide_string& each) { return platform::compare_no_case(each, choice) == 0; });
+        is_taken = row != rows.end() && choose(*element, static_cast<std::uint32_t>(row - rows.begin()));
+    }
+    const std::string name = element->name;
+    print_changes(before);
+    if (!is_taken) refuse(name + " does not take this");
+}
+
+bool panel_commands::set_first_field(const std::string& path) {
+    const element_view* field = find(view_, u"file_input");
+    const bool is_taken = field && enter_text(*field, platform::drive_path(path));
+    look();
+    return is_taken;
+}
+
+void panel_commands::check(const std::string& words) {
+    std::string name = words;
+    const bool on = take_switch(name);
+    const std::string before = described(view_);
+    const element_view* outline = nullptr;
+    if (const row_view* row = find_row(view_, unquoted(name), outline)) {
+        if (!is_within_reach(view_, *outline)) return refuse(outline->name + " is disabled");
+        check_row(*outline, *row, on);
+        return print_changes(before);
+    }
+    const element_view* box =
+        wanted(unquoted(name), [](const element_view& view) { return is_box(view) || has_rows(view); });
+    if (!box) return;
+    if (has_rows(*box)) return refuse("a row is wanted, such as " + box->name + "/1");
+    if (!set_check(*box, on)) return refuse(box->name + " goes off when another goes on");
+    print_changes(before);
+}
+
+void panel_commands::press(const std::string& name) {
+    std::int32_t code = 0;
+    const char* const end = name.data() + name.size();
+    if (std::from_chars(name.data(), end, code).ptr == end && code != 0) return press_window_button(code);
+    const element_view* button = wanted(unquoted(name), &is_pressed);
+    if (!button) return;
+    const std::string before = described(view_);
+    if (button->kind == u"tool")
+        click_tool(*button);
+    else
+        click(*button);
+    print_changes(before);
+}
+
+void panel_commands::press_window_button(std::int32_t code) {
+    const element_view* box = find(view_, u"button_box");
+    const auto has_code = [code](const button_view& button) { return button.code == code; };
+    if (!box || std::ranges::none_of(box->buttons, has_code))
+        return refuse("the window has no button " + std::to_string(code));
+    const std::string before = described(view_);
+    is_over_ = toolkit::press(*box, code);
+    print_changes(before);
+}
+
+void panel_commands::tab(const std::string& name) {
+    const element_view* page = wanted(unquoted(name), &is_page);
+    if (!page) return;
+    std::uint32_t index = 0;
+    const element_view* layout = layout_of(view_, *page, index);
+    const std::string before = described(view_);
+    choose(*layout, index);
+    print_changes(before);
+}
+
+void panel_commands::highlight(const std::string& words) {
+    std::string path = words;
+    const bool on = take_switch(path);
+    const element_view* outline = nullptr;
+    const row_view* row = find_row(view_, unquoted(path), outline);
+    if (!row) return refuse("no such row: \"" + path + "\"; rows are below:" + names_of(view_, &has_rows));
+    if (!is_within_reach(view_, *outline)) return refuse(outline->name + " is disabled");
+    const std::string before = described(view_);
+    highlight_row(*outline, *row, on);
+    print_changes(before);
+}
+
+void panel_commands::run(const std::string&) {
+    const element_view* box = find(view_, u"button_box");
+    if (!box || box->buttons.empty()) return refuse("the window has no buttons");
+    press_window_button(box->buttons.front().code);
+}
+
+void panel_commands::quit(const std::string&) { is_over_ = true; }
+
+} // namespace vestra::command

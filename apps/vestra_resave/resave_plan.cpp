@@ -1,0 +1,150 @@
+#include "apps/vestra_resave/resave_plan.h"
+
+#include <iostream>
+#include <nlohmann/json.hpp>
+#include <unordered_map>
+#include <unordered_set>
+
+#include "apps/vestra_resave/figures.h"
+#include "core/paths.h"
+#include "platform/text.h"
+
+namespace vestra::command {
+
+using namespace vs::project_resave;
+using nlohmann::ordered_json;
+using platform::folded;
+using platform::to_utf8;
+
+namespace {
+
+bool is_same_name(const wide_string& a, const wide_string& b) {
+    return folded(path_file_name(a)) == folded(path_file_name(b));
+}
+
+// Tells of each target what it comes from and whether a conflict gave it another name.
+class origins {
+public:
+    origins(const path_placement& placement, trial_disk& disk) : new_project_(placement.new_project_path) {
+        for (const placed_file& each : placement.placed) {
+            if (each.old_path.empty()) continue;
+            sources_.try_emplace(path_key(each.new_path), each.old_path);
+            const bool is_folder = disk.kind_of(each.new_path) == platform::entry_kind::folder;
+            if (is_folder && !is_same_name(each.old_path, each.new_path))
+                renamed_folders_.insert(path_key(each.new_path));
+        }
+    }
+
+    resave_plan::file file(const trial_disk::made_file& made) const {
+        resave_plan::file planned{made.source, made.path, made.bytes};
+        const auto row = sources_.find(path_key(made.path));
+        if (planned.source.empty() && row != sources_.end()) planned.source = row->second;
+        planned.renamed = !planned.source.empty() && !path_same(made.path, new_project_) &&
+                          (!is_same_name(planned.source, made.path) || is_in_renamed_folder(made.path));
+        return planned;
+    }
+
+private:
+    bool is_in_renamed_folder(const wide_string& path) const {
+        if (renamed_folders_.empty()) return false;
+        wide_string key = path_key(path);
+        for (size_t end; (end = key.rfind(u'\\')) != wide_string::npos;) {
+            key.resize(end);
+            if (renamed_folders_.contains(key)) return true;
+        }
+        return false;
+    }
+
+    wide_string new_project_;
+    std::unordered_map<wide_string, wide_string> sources_; // by path_key of the target
+    std::unordered_set<wide_string> renamed_folders_;
+};
+
+// Finds what stands beside the sources. Each folder is listed once.
+class neighbourhood {
+public:
+    explicit neighbourhood(const std::vector<trial_disk::made_file>& files) {
+        for (const auto& each : files) taken_.insert(path_key(each.source));
+    }
+
+    void add(const wide_string& source, std::vector<resave_plan::neighbour>& found) {
+        const wide_string head = path_head(source), stem = folded(path_stem(source)) + u'.';
+        for (const wide_string& name : names_in(head)[first_piece(stem)]) {
+            const wide_string path = head + name;
+            if (folded(name).starts_with(stem) && taken_.insert(path_key(path)).second)
+                found.push_back({path, source});
+        }
+    }
+
+private:
+    using names_by_piece = std::unordered_map<wide_string, std::vector<wide_string>>;
+
+    static wide_string first_piece(const wide_string& name) { return name.substr(0, name.find(u'.')); }
+
+    names_by_piece& names_in(const wide_string& folder) {
+        const auto [row, is_new] = folders_.try_emplace(path_key(folder));
+        if (is_new)
+            for (const platform::folder_entry& entry : platform::operating_system().list(folder))
+                if (!entry.is_folder) row->second[first_piece(folded(entry.name))].push_back(entry.name);
+        return row->second;
+    }
+
+    std::unordered_map<wide_string, names_by_piece> folders_;
+    std::unordered_set<wide_string> taken_; // path keys of what is copied, or told already
+};
+
+} // namespace
+
+resave_plan plan_of(const project_context& context, trial_disk& disk) {
+    resave_plan plan;
+    plan.report = report_of(context);
+    const std::vector<trial_disk::made_file> made = disk.made_files();
+    const origins from(context.placement, disk);
+    neighbourhood beside(made);
+    for (const trial_disk::made_file& each : made) {
+        plan.files.push_back(from.file(each));
+        plan.bytes += each.bytes;
+        if (!each.source.empty()) beside.add(each.source, plan.neighbours);
+    }
+    plan.free_bytes = disk.free_space(context.placement.new_folder);
+    if (plan.bytes > plan.free_bytes && plan.report.exit == done) plan.report.exit = problems;
+    return plan;
+}
+
+void complain_of(const resave_plan& plan) {
+    complain_of(plan.report);
+    if (plan.bytes > plan.free_bytes)
+        complain("too little space: " + size_text(plan.bytes) + " are needed, " + size_text(plan.free_bytes) +
+                 " are free");
+}
+
+void print_json(const resave_plan& plan) {
+    ordered_json all = json_of(plan.report), neighbours = ordered_json::array();
+    all["outcome"] = "would be " + plan.report.outcome;
+    ordered_json& files = all["files"] = ordered_json::array();
+    for (const resave_plan::file& file : plan.files)
+        files.push_back({{"source", to_utf8(file.source)},
+                         {"target", to_utf8(file.target)},
+                         {"bytes", file.bytes},
+                         {"renamed", file.renamed}});
+    for (const resave_plan::neighbour& each : plan.neighbours)
+        neighbours.push_back({{"file", to_utf8(each.file)}, {"beside", to_utf8(each.beside)}});
+    all["neighbours_not_copied"] = std::move(neighbours);
+    all["bytes"] = plan.bytes;
+    all["free_bytes"] = plan.free_bytes;
+    std::cout << all.dump(2) << '\n';
+}
+
+void print_text(const resave_plan& plan, const wide_string& new_project) {
+    for (const resave_plan::file& file : plan.files)
+        std::cout << (file.source.empty() ? "(new)" : one_line(file.source)) << " -> "
+                  << one_line(file.target) << "  " << size_text(file.bytes)
+                  << (file.renamed ? "  renamed" : "") << '\n';
+    for (const resave_plan::neighbour& each : plan.neighbours)
+        std::cout << "stays behind: " << one_line(each.file) << ", beside " << one_line(each.beside) << '\n';
+    std::cout << "would be " << plan.report.outcome << ": " << one_line(new_project) << ", "
+              << plan.files.size() << " files, " << size_text(plan.bytes) << ", "
+              << size_text(plan.free_bytes) << " free\n";
+}
+
+} // namespace vestra::command

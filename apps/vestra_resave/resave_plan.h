@@ -1,0 +1,39 @@
+// What a resave would do, from a run that was tried out.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "apps/vestra_resave/resave_report.h"
+#include "apps/vestra_resave/trial_disk.h"
+
+namespace vestra::command {
+
+struct resave_plan {
+    struct file {
+        wide_string source; // empty for one that has none: a scene or layer file, a log
+        wide_string target;
+        uint64_t bytes = 0;
+        bool renamed = false; // it, or a folder it is copied in, as its own name is taken
+    };
+    // A file that bears the name of one that is copied, in the same folder, and is not copied itself.
+    struct neighbour {
+        wide_string file;
+        wide_string beside;
+    };
+    resave_report report; // as of the run
+    std::vector<file> files;
+    std::vector<neighbour> neighbours;
+    uint64_t bytes = 0;      // of all files
+    uint64_t free_bytes = 0; // where they go; 0 if that cannot be told
+};
+
+// While the disk is in force. What the run left in the context is read.
+resave_plan plan_of(const vs::project_resave::project_context& context, trial_disk& disk);
+
+// Problems and warnings, a line each on the error output.
+void complain_of(const resave_plan& plan);
+void print_json(const resave_plan& plan);
+void print_text(const resave_plan& plan, const wide_string& new_project);
+
+} // namespace vestra::command

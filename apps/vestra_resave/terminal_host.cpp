@@ -1,0 +1,78 @@
+#include "apps/vestra_resave/terminal_host.h"
+
+#include <cstdlib>
+#include <iostream>
+
+#include "framework/bundle_entry.h"
+#include "framework/strings.h"
+#include "platform/volumes.h"
+#include "reference_host/shell/settings.h"
+
+namespace vestra::command {
+
+using namespace vs::project_resave;
+
+namespace {
+
+constexpr int32_t failure_load_project = 500;
+
+// The host says only that a project could not be loaded; a person wants the place and the reason.
+wide_string with_reason(wide_view error) {
+    const wide_string& reason = shell::settings().read_error;
+    return error == load_string(failure_load_project) && !reason.empty() ? reason : wide_string(error);
+}
+
+bool is_russian(const common_options& options) {
+    if (!options.language.empty()) return options.language == "ru";
+    for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANG"})
+        if (const char* value = std::getenv(name); value && *value)
+            return std::string_view(value).starts_with("ru");
+    return false;
+}
+
+shell::terminal_options for_terminal(const common_options& options, shell::terminal_options front) {
+    front.quiet = options.quiet;
+    front.error_text = &with_reason;
+    return front;
+}
+
+} // namespace
+
+void complain(const std::string& reason) { std::cerr << "vestra-resave: " << reason << '\n'; }
+
+std::optional<std::string> apply(const common_options& options) {
+    std::string reason;
+    for (const std::string& drive : options.drives)
+        if (!platform::add_drive(drive, reason)) return reason;
+    shell::settings().language_offset = is_russian(options) ? 0 : 50000;
+    return std::nullopt;
+}
+
+terminal_host::terminal_host(platform::terminal& terminal, const common_options& options,
+                             shell::terminal_options front)
+    : options_(options), front_end_(terminal, for_terminal(options, std::move(front))),
+      front_end_in_force_(front_end_), bundles_(registry_), dialog_runner_(terminal, options.quiet) {}
+
+terminal_host::~terminal_host() {
+    dialogs_.reset();
+    bundles_.unload_all();
+}
+
+void terminal_host::start_own_bundle() { bundles_.start(&vs_bundle_interface_to_custom_pointer); }
+
+void terminal_host::load_bundles() {
+    for (const std::string& file : options_.bundles) load(platform::drive_path(file));
+}
+
+void terminal_host::load(const wide_string& path) {
+    if (const auto error = bundles_.load(path))
+        throw bundle_not_loaded("cannot load the bundle " + shell::printable(error->path) + ": " +
+                                shell::printable(error->reason));
+}
+
+void terminal_host::connect() {
+    registry_.start_clients();
+    dialogs_.emplace(dialog_runner_);
+}
+
+} // namespace vestra::command

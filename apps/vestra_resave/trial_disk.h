@@ -1,0 +1,72 @@
+// A disk on which a run can be tried out: it shows what stands on the real one, and keeps in memory what is
+// made, written and removed. So what the run would do is learnt from the run itself, and nothing is changed.
+//
+// What only the attempt can show is not foreseen: a disk that gets full, a folder that may not be written to,
+// a name that the disk does not take.
+#pragma once
+
+#include <string>
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
+
+#include "platform/system.h"
+
+namespace vestra::command {
+
+using vs::project_resave::wide_string;
+namespace platform = vs::project_resave::platform;
+
+class trial_disk final : public platform::system {
+public:
+    struct made_file {
+        wide_string path;
+        wide_string source; // what it is a copy of; empty for one that was written
+        uint64_t bytes = 0;
+    };
+    // The files made so far that have not been removed since, in their order; one that was replaced counts
+    // as made.
+    std::vector<made_file> made_files() const;
+
+    // A file that stands on the real disk can be replaced and removed, but neither renamed nor changed
+    // within.
+    platform::entry_kind kind_of(const wide_string& path) override;
+    uint64_t file_size(const wide_string& path) override;
+    bool copy_file(const wide_string& source, const wide_string& target, bool replace) override;
+    bool delete_file(const wide_string& path) override;
+    bool create_folder(const wide_string& path) override;
+    bool remove_folder(const wide_string& path) override;
+    std::vector<platform::folder_entry> list(const wide_string& path) override;
+    bool true_name(const wide_string& folder, const wide_string& name, wide_string& spelling) override;
+    bool same_file(const wide_string& a, const wide_string& b) override;
+    bool rename_over(const wide_string& from, const wide_string& to) override;
+    platform::open_result open(const wide_string& path, platform::access wanted, platform::disposition how,
+                               std::unique_ptr<platform::file>& result) override;
+    void pause_1ms() override { real_.pause_1ms(); }
+    // On the real disk; of a folder that is not there yet on the volume where it would be.
+    uint64_t free_space(const wide_string& folder) override;
+
+private:
+    struct entry {
+        platform::entry_kind kind = platform::entry_kind::none; // none: something real that was removed
+        wide_string path;
+        wide_string source = {};
+        std::shared_ptr<std::string> text = nullptr; // of a file that was written
+        size_t number = 0;                           // in the order of making
+    };
+
+    const entry* known(const wide_string& path) const;
+    uint64_t bytes_of(const entry& file) const;
+    bool has_folder(const wide_string& path);
+    bool is_free(const wide_string& path);
+    bool is_readable(const wide_string& path);
+    void put(entry made);
+    void take_away(const wide_string& path);
+
+    platform::system& real_ = platform::operating_system();
+    std::unordered_map<wide_string, entry> entries_;                          // by path_key
+    std::unordered_map<wide_string, std::unordered_set<wide_string>> inside_; // keys, by that of their folder
+    size_t made_ = 0;
+};
+
+} // namespace vestra::command

@@ -1,0 +1,44 @@
+// The tool as the host sees it: a service that hands over a window's content and its buttons.
+#pragma once
+
+#include "framework/factories.h"
+#include "host/toolkit/custom_app_service.h"
+#include "ui/settings_element.h"
+#include "ui/toolkit/button_box.h"
+
+namespace vs::project_resave {
+
+class project_resave_app final : public referent<custom_app_service_impl> {
+public:
+    static constexpr const char16_t* id = u"vestra/app/project_resave_app";
+
+    explicit project_resave_app(const bundle_context& context);
+    // Whoever still holds the window's content keeps it, without a project and without services.
+    ~project_resave_app() override;
+
+    void hand_over_main_element(main_element_visitor visitor) override;
+    element button_box() override { return buttons; }
+
+private:
+    // What stands in the window. A referent of its own, for the host may hold it longer than this service.
+    class docker final : public toolkit::docker_base, public obj {
+    public:
+        explicit docker(const resave_services* found);
+
+        void query(const char* asked, const void** table, void** instance) override;
+        void identity(interface_pointer& out) override { docker_base::identity(out); }
+        void description(string_visitor visitor) override { title(visitor); }
+        element main_element() override { return panel.main_element(); }
+        // The window that goes takes the loaded project with it.
+        void set_parent(identity_pointer window) override;
+
+        settings_element panel;
+    };
+
+    resave_services services; // stays where it is: the panel's context knows its place
+    docker& content;
+    ref<docker_impl> content_held;
+    toolkit::button_box buttons;
+};
+
+} // namespace vs::project_resave

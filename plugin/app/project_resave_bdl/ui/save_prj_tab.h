@@ -1,0 +1,65 @@
+// The tab that resaves the project: where to, and how.
+#pragma once
+
+#include <array>
+#include <functional>
+
+#include "core/resave_options.h"
+#include "ui/toolkit/checkbox.h"
+#include "ui/toolkit/docker_base.h"
+#include "ui/toolkit/file_input.h"
+#include "ui/toolkit/grid_span_layout.h"
+#include "ui/toolkit/radiobutton.h"
+#include "ui/toolkit/texts.h"
+
+namespace vs::project_resave {
+
+// Tells the user that a project cannot be resaved under its own name.
+void warn_same_name();
+
+class save_prj_tab final : public toolkit::docker_base {
+public:
+    // The texts are the panel's: of the project that is loaded, and of the path the user gave in this tab.
+    save_prj_tab(const wide_string& source_path, wide_string& new_path);
+
+    element main_element() override { return content_; }
+
+    // `output_path` points to the panel's text.
+    void get_settings(resave_settings& settings) const;
+    // Leaves alone the path, the lower case, and the log of a load.
+    void apply_settings(const resave_settings& settings);
+    uint32_t structure_variant() const;
+    // Called after each change of a radio button: twice when the user presses one, for another goes off.
+    void set_on_structure_variant_changed(std::function<void()> handler) { changed_ = std::move(handler); }
+    // Whether a load writes its log.
+    bool open_log_checked() const { return load_log_.checked(); }
+
+private:
+    // One for each structure, by its value.
+    using variant_buttons = std::array<toolkit::radiobutton, 5>;
+
+    bool take_path(const wide_string& entered);
+    void lay_out();
+
+    const wide_string& source_path_;
+    wide_string& new_path_;
+    std::function<void()> changed_;
+    toolkit::label path_label_;
+    toolkit::file_input path_;
+    toolkit::radio_group variants_;
+    variant_buttons variant_buttons_;
+    toolkit::label indent_; // never visible: takes the width in front of the check box behind it
+    toolkit::checkbox use_project_file_;
+    toolkit::groupbox_span structure_box_;
+    toolkit::checkbox rename_;
+    toolkit::checkbox delete_lost_;
+    toolkit::checkbox scene_files_;
+    toolkit::checkbox layer_files_;
+    toolkit::checkbox resave_log_;
+    toolkit::checkbox load_log_;
+    toolkit::checkbox lower_case_;
+    toolkit::groupbox options_box_;
+    toolkit::grid_layout content_;
+};
+
+} // namespace vs::project_resave

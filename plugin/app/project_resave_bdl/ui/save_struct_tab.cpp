@@ -1,0 +1,90 @@
+#include "ui/save_struct_tab.h"
+
+#include "framework/strings.h"
+
+namespace vs::project_resave {
+
+namespace {
+
+constexpr uint32_t tab_row = 1;
+
+std::vector<toolkit::dropdownex::row> indents() {
+    return {{load_string(163), u""},
+            {load_string(164), u"\t"},
+            {load_string(165), u" "},
+            {load_string(166), u"    "}};
+}
+
+} // namespace
+
+save_struct_tab::save_struct_tab()
+    : docker_base(load_string(150)), path_label_(load_string(151)),
+      path_(file_input_mode::text_file, load_string(152)), layer_names_(load_string(154)),
+      table_names_(load_string(155)), table_columns_(load_string(156)), layout_layers_(load_string(159)),
+      legend_content_(load_string(160)), legend_columns_(load_string(161)), file_paths_(load_string(158)),
+      indent_(load_string(162), indents()), options_box_(8, 1, load_string(153)), content_(3, 1) {
+    indent_.set_current(tab_row);
+    connect();
+    lay_out();
+}
+
+// What makes no sense without another comes and goes with it.
+void save_struct_tab::connect() {
+    table_columns_.set_on_changed([this] {
+        if (!table_columns_.checked()) return;
+        layer_names_.set_checked(true);
+        table_names_.set_checked(true);
+    });
+    layout_layers_.set_on_changed([this] {
+        if (layout_layers_.checked()) return;
+        legend_content_.set_checked(false);
+        legend_columns_.set_checked(false);
+    });
+    legend_content_.set_on_changed([this] {
+        if (legend_content_.checked())
+            layout_layers_.set_checked(true);
+        else
+            legend_columns_.set_checked(false);
+    });
+    legend_columns_.set_on_changed([this] {
+        if (!legend_columns_.checked()) return;
+        layout_layers_.set_checked(true);
+        legend_content_.set_checked(true);
+    });
+}
+
+void save_struct_tab::lay_out() {
+    uint32_t row = 0;
+    for (const element& option :
+         std::initializer_list<element>{layer_names_, table_names_, table_columns_, layout_layers_,
+                                        legend_content_, legend_columns_, file_paths_, indent_})
+        options_box_.place(row++, 0, option);
+    content_.place(0, 0, path_label_);
+    content_.place(1, 0, path_);
+    content_.place(2, 0, options_box_);
+}
+
+void save_struct_tab::get_settings(structure_settings& settings) const {
+    settings.output_path = path_.text().c_str();
+    settings.write_layer_names = layer_names_.checked();
+    settings.write_table_names = table_names_.checked();
+    settings.write_table_columns = table_columns_.checked();
+    settings.write_layout_layers = layout_layers_.checked();
+    settings.write_legend_content = legend_content_.checked();
+    settings.write_legend_columns = legend_columns_.checked();
+    settings.write_file_paths = file_paths_.checked();
+    settings.indent_text = indent_.value();
+    settings.indent_repeat = 1;
+}
+
+void save_struct_tab::apply_settings(const structure_settings& settings) {
+    layer_names_.set_checked(settings.write_layer_names);
+    table_names_.set_checked(settings.write_table_names);
+    table_columns_.set_checked(settings.write_table_columns);
+    layout_layers_.set_checked(settings.write_layout_layers);
+    legend_content_.set_checked(settings.write_legend_content);
+    legend_columns_.set_checked(settings.write_legend_columns);
+    file_paths_.set_checked(settings.write_file_paths);
+}
+
+} // namespace vs::project_resave

@@ -1,0 +1,76 @@
+// The main panel: the source project, a tab for each operation, and what of the project takes part. It owns
+// the context on which all of them work.
+#pragma once
+
+#include <functional>
+#include <memory>
+
+#include "operations/project_context.h"
+#include "ui/checked_path_register_tab.h"
+#include "ui/save_prj_tab.h"
+#include "ui/save_scns_xml_tab.h"
+#include "ui/save_struct_tab.h"
+#include "ui/select_element.h"
+#include "ui/toolkit/button.h"
+#include "ui/toolkit/tab_layout.h"
+
+namespace vs::project_resave {
+
+class settings_element {
+public:
+    // The services are the application's, and come later.
+    explicit settings_element(const resave_services* services);
+    settings_element(const settings_element&) = delete;
+    settings_element& operator=(const settings_element&) = delete;
+
+    element main_element() { return main_layout; }
+
+    // Does the operation of the tab that is shown. False at all times: the window stays.
+    bool run_active_tab();
+    // Validator of the source field: loads the project. False, with nothing loaded and the field empty, if
+    // that fails; false, with everything as it was, for the path of the new project.
+    bool load_from_field(const wide_string& text);
+    // Loads the project that was open in the host when the panel was built.
+    void load_current();
+    // Releases the loaded project; while an operation runs, after it.
+    void close_project();
+    // The window is there again.
+    void keep_project() { close_after_work = false; }
+    // The same without services: they go, and the panel is left to whoever still holds it.
+    void leave_services();
+    void reset_to_defaults();
+
+private:
+    void on_project_changed();
+    void on_active_tab_changed();
+    void run_tab(uint32_t index);
+    void resave();
+    // Runs `operation`, which gets no second one into its way. What it throws ends with the project closed
+    // and the error of this number.
+    void work(int32_t failure, const std::function<void()>& operation);
+    void enable_only(std::initializer_list<uint32_t> views);
+    void lay_out();
+
+    wide_string source_path; // of the project now loaded; empty without one
+    wide_string new_path;    // as accepted in the tab that resaves
+    project_context context;
+    const wide_string host_project_path;
+    toolkit::label source_label;
+    toolkit::file_input source_field;
+    toolkit::button load_button;
+    toolkit::button save_button; // in no layout: nothing is kept between sessions
+    toolkit::grid_span_layout header;
+    save_prj_tab prj_tab;
+    save_struct_tab struct_tab;
+    save_scns_xml_tab scns_xml_tab;
+    checked_path_register_tab path_register_tab;
+    toolkit::tab_layout tabs;
+    toolkit::grid_layout left_column;
+    select_element selection;
+    std::shared_ptr<void> project_connection;
+    toolkit::grid_layout main_layout;
+    bool running = false;
+    bool close_after_work = false;
+};
+
+} // namespace vs::project_resave

@@ -1,0 +1,118 @@
+// Linux only: the command is started through a shell, and stopped by a signal.
+// vestra-resave structure, scenes and check-case: exit codes, what is refused, and what stands there
+// afterwards.
+#include "tests/apps/posix/command_run.h"
+
+namespace vs::project_resave {
+namespace {
+
+using std::string;
+
+class text_commands : public command_run {
+protected:
+    text_commands() {
+        write(u"C:\\data\\r.tif");
+        scenes.scene_2d(u"A").layer("rtr_lr2d", u"R", u"C:\\data\\r.tif").scene_2d(u"A");
+        scenes.save(source);
+        project_builder()
+            .scene_2d(u"A")
+            .layer("rtr_lr2d", u"R", u"C:\\Data\\r.tif")
+            .save(u"C:\\prj\\case._vp");
+    }
+    project_builder scenes;
+};
+
+TEST_F(text_commands, write_what_is_asked_for_or_say_why_not) {
+    const string structure = "structure 'C:\\prj\\area._vp' ", files = "scenes 'C:\\prj\\area._vp' ",
+                 check = "check-case 'C:\\prj\\area._vp' ", differs = "check-case 'C:\\prj\\case._vp' ",
+                 text = "'N:\\out\\t.txt' ", folder = "'N:\\out' ",
+                 two = "N:\\out\\A._sn\nN:\\out\\A(1)._sn\n";
+    const struct {
+        string arguments;
+        int code;
+        string err, out, made; // `err` somewhere in what was told
+    } rows[] = {
+        {structure + text, 0, "The project structure is preserved", "", " t.txt"},
+        {structure + text + "--quiet", 0, "", "", " t.txt"},
+        {structure, 2, "TEXT_FILE", "", ""},
+        {structure + text + "--indent five", 2, "five", "", ""},
+        {"structure 'C:\\none._vp' " + text, 2, "C:\\none._vp", "", ""},
+        {structure + "'c:/prj/AREA._vp'", 2, "the project itself cannot be written over", "", ""},
+        {structure + folder, 3, "N:\\out: it is a folder", "", ""},
+        {structure + "'N:\\none\\t.txt'", 3, "there is no folder N:\\none\\", "", ""},
+        {structure + "/dev/full", 3, "it cannot be opened for writing", "", ""},
+        {files + folder, 0, "", two, " A(1)._sn A._sn"},
+        {files + folder + "--quiet", 0, "", "", " A(1)._sn A._sn"},
+        {files + folder + "--if-exists rewrite", 0,
+         "written over by a further scene of this name: N:\\out\\A._sn", "N:\\out\\A._sn\n", " A._sn"},
+        {files + folder + "--if-exists ask", 2, "ask", "", ""},
+        {files, 2, "FOLDER", "", ""},
+        {"scenes 'C:\\none._vp' " + folder, 2, "C:\\none._vp", "", ""},
+        {files + "'N:\\none'", 3, "N:\\none: there is no such folder", "", ""},
+        {files + "'C:\\data\\r.tif'", 3, "C:\\data\\r.tif: there is no such folder", "", ""},
+        {check + text, 0, "", "", " t.txt"},
+        {differs + text, 1, "", "", " t.txt"},
+        {differs + text + "--quiet", 1, "", "", " t.txt"},
+        {check, 2, "REPORT", "", ""},
+        {"check-case 'C:\\none._vp' " + text, 2, "C:\\none._vp", "", ""},
+        {differs + "'C:\\prj\\case._vp'", 2, "the project itself cannot be written over", "", ""},
+        {check + folder, 3, "N:\\out: it is a folder", "", ""},
+    };
+    const tree_state before = state_of(native("c"));
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.arguments);
+        remove_tree(u"N:\\out");
+        std::filesystem::create_directories(native("n") / "out");
+        EXPECT_EQ(row.code, command(row.arguments)) << err;
+        EXPECT_TRUE(is_told(row.err)) << err;
+        EXPECT_EQ(row.out, out);
+        EXPECT_EQ(row.made, made());
+        EXPECT_TRUE(err.empty() || !row.arguments.ends_with("--quiet")) << err;
+    }
+    EXPECT_EQ("", difference(before, state_of(native("c"))));
+}
+
+TEST_F(text_commands, hold_what_their_words_ask_for) {
+    const struct {
+        const char* word;
+        string indent;
+    } rows[] = {{"", "\t"},
+                {"--indent tab", "\t"},
+                {"--indent none", ""},
+                {"--indent space", " "},
+                {"--indent 4-spaces", "    "}};
+    for (const auto& row : rows) {
+        write(u"N:\\out\\t.txt", string(9999, 'x'));
+        ASSERT_EQ(0, command(string("structure 'C:\\prj\\area._vp' 'N:\\out\\t.txt' --layers --paths ") +
+                             row.word));
+        const string two = row.indent + row.indent, between = row.indent.empty() ? " " : row.indent;
+        EXPECT_TRUE(read(u"N:\\out\\t.txt")
+                        .starts_with("Project area._vp\r\n" + row.indent + "Scenes 2D:\r\n" + two + "A\r\n" +
+                                     two + row.indent + "R" + between + "C:\\data\\r.tif\r\n"))
+            << read(u"N:\\out\\t.txt");
+    }
+    ASSERT_EQ(1, command("check-case 'C:\\prj\\case._vp' 'N:\\out\\t.txt'"));
+    EXPECT_EQ("C:\\Data\\r.tif\r\nC:\\data\\r.tif\r\n\r\n", read(u"N:\\out\\t.txt"));
+    ASSERT_EQ(0, command("check-case 'C:\\prj\\area._vp' 'N:\\out\\t.txt'"));
+    EXPECT_EQ("", read(u"N:\\out\\t.txt"));
+
+    write(u"N:\\out\\A._sn", "older");
+    ASSERT_EQ(0, command("scenes 'C:\\prj\\area._vp' 'N:\\out' --if-exists new-name"));
+    EXPECT_EQ("older", read(u"N:\\out\\A._sn"));
+    EXPECT_EQ(" A(1)(2)._sn A(1)._sn A._sn t.txt", made());
+}
+
+TEST_F(text_commands, a_stop_takes_the_text_away) {
+    for (uint32_t index = 0; index < 40; ++index)
+        scenes.layer("rtr_lr2d", u"R", write(u"C:\\data\\" + decimal(index) + u".tif"));
+    scenes.save(source);
+    for (const char* name : {"structure --layers", "check-case"}) {
+        write(u"N:\\out\\t.txt", "older");
+        EXPECT_EQ(130, interrupted(string(name) + " 'C:\\prj\\area._vp' 'N:\\out\\t.txt'", " 10 % ")) << err;
+        EXPECT_TRUE(is_told("Overstore was interrupted by the user\n")) << err;
+        EXPECT_EQ("", made());
+    }
+}
+
+} // namespace
+} // namespace vs::project_resave

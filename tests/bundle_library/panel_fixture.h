@@ -1,0 +1,143 @@
+// The bundle's window as a host has it: the library loaded by its name, the tool found in the registry, and
+// nothing but its tables between the test and the panel. The project_context of the base is that of the copy
+// linked in, which a test may hold the library's work against.
+#pragma once
+
+#include "framework/strings.h"
+#include "platform/library.h"
+#include "reference_host/shell/settings.h"
+#include "reference_host/toolkit/app_window.h"
+#include "reference_host/toolkit/element_description.h"
+#include "tests/support/host_fixture.h"
+#include "tests/support/project_builder.h"
+
+namespace vs::project_resave {
+
+class panel : public host_fixture {
+protected:
+    using element_view = vestra::toolkit::element_view;
+    using row_view = vestra::toolkit::row_view;
+    using mark = vestra::toolkit::mark;
+    using texts = std::vector<wide_string>;
+
+    panel()
+        : runner([this](const element_view& shown) { return on_panel_dialog ? on_panel_dialog(shown) : 0; }) {
+        const auto error = loader.load(platform::library_beside_program(u"vsk_project_resave_bdl"));
+        EXPECT_FALSE(error) << platform::to_utf8(error->reason);
+        registry.start_clients();
+        connections.emplace(runner);
+    }
+    ~panel() override {
+        window.reset();
+        connections.reset();
+        loader.unload_all();
+    }
+
+    void open() {
+        window.emplace(u"vestra/app/project_resave_app");
+        ASSERT_TRUE(window->is_open());
+    }
+    void close() { window.reset(); }
+    // Opens the window on a project, by way of the source field.
+    void open_on(const wide_string& path) {
+        open();
+        ASSERT_TRUE(enter("field1", path));
+    }
+    void open_on_sample() {
+        copy_sample();
+        open_on(source);
+    }
+
+    // The element of this name as it is now; good until the next look.
+    const element_view& at(const std::string& name) {
+        view = window->look();
+        const element_view* found = vestra::toolkit::find_named(view, name);
+        EXPECT_NE(nullptr, found) << name;
+        static const element_view nothing;
+        return found ? *found : nothing;
+    }
+    wide_string text(const std::string& name) { return at(name).text; }
+    bool is_checked(const std::string& name) { return at(name).check == mark::on; }
+
+    bool enter(const std::string& name, const wide_string& entered) {
+        return vestra::toolkit::enter_text(at(name), entered);
+    }
+    bool check(const std::string& name, bool on = true) { return vestra::toolkit::set_check(at(name), on); }
+    bool press(const std::string& button) { return vestra::toolkit::click(at(button)); }
+    // Turns to the page of this name, in whichever layout it is.
+    void turn_to(const std::string& page) {
+        const element_view& wanted = at(page);
+        const element_view* layout = layout_with(view, wanted);
+        ASSERT_NE(nullptr, layout) << page;
+        ASSERT_TRUE(
+            vestra::toolkit::choose(*layout, static_cast<uint32_t>(&wanted - layout->children.data())));
+    }
+    // A button below the window; whether the window is to close.
+    bool press_below(int32_t code) {
+        view = window->look();
+        return vestra::toolkit::press(*vestra::toolkit::find(view, u"button_box"), code);
+    }
+    // Starts the operation; what the front end was told before is forgotten.
+    void run() {
+        script.events.clear();
+        EXPECT_FALSE(press_below(2)) << "the window stays";
+    }
+
+    // The rows of an outline, those below others behind a blank for each level, with "-" in front of one that
+    // is not checked and "~" of one that is in part.
+    texts rows(const std::string& outline) {
+        texts all;
+        collect(at(outline).rows, {}, all);
+        return all;
+    }
+    // A row by its numbers and captions: "scn2d/list1/2".
+    const row_view& row(const std::string& path, const element_view*& outline) {
+        view = window->look();
+        const row_view* found = vestra::toolkit::find_row(view, path, outline);
+        EXPECT_NE(nullptr, found) << path;
+        static const row_view nothing;
+        return found ? *found : nothing;
+    }
+    bool check_row(const std::string& path, bool on) {
+        const element_view* outline = nullptr;
+        const row_view& found = row(path, outline);
+        return outline && vestra::toolkit::check_row(*outline, found, on);
+    }
+    bool highlight_row(const std::string& path, bool on = true) {
+        const element_view* outline = nullptr;
+        const row_view& found = row(path, outline);
+        return outline && vestra::toolkit::highlight_row(*outline, found, on);
+    }
+    bool press_tool(const std::string& name) { return vestra::toolkit::click_tool(at(name)); }
+
+    texts warnings() const { return script.texts(front::kind::warning); }
+    const wide_string same_name = u"You can't resave a project with the same name.";
+
+private:
+    static const element_view* layout_with(const element_view& around, const element_view& page) {
+        for (const element_view& child : around.children) {
+            if (&child == &page) return &around;
+            if (const element_view* layout = layout_with(child, page)) return layout;
+        }
+        return nullptr;
+    }
+    static void collect(const std::vector<row_view>& rows, const wide_string& indent, texts& all) {
+        for (const row_view& each : rows) {
+            const char16_t* sign = each.check == mark::off ? u"-" : each.check == mark::mixed ? u"~" : u"";
+            all.push_back(indent + sign + each.text);
+            collect(each.rows, indent + u' ', all);
+        }
+    }
+
+protected:
+    // Answers for a person before a dialog of the library: what to close it with, 0 for cancel.
+    std::function<int32_t(const element_view&)> on_panel_dialog;
+    vestra::shell::service_registry registry; // in force instead of the base's
+    vestra::shell::bundle_loader loader{registry};
+    vestra::toolkit::scripted_dialog_runner runner;
+    std::optional<vestra::toolkit::dialog_connections> connections;
+    std::optional<vestra::toolkit::app_window> window;
+    element_view view;
+};
+
+} // namespace vs::project_resave

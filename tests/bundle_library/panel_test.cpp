@@ -1,0 +1,264 @@
+// The main panel through the library's tables: what is loaded and when, what is refused, and how it ends.
+#include "reference_host/model/counted.h"
+#include "tests/bundle_library/panel_fixture.h"
+#include "tests/support/forwarding_system.h"
+#include "tests/support/tree_state.h"
+#include "ui/project_resave_app.h"
+
+namespace vs::project_resave {
+namespace {
+
+// The project that is open in the host, for its own life.
+struct opened {
+    explicit opened(wide_view file) {
+        project.file = file;
+        vestra::shell::settings().open_project = &project;
+    }
+    ~opened() { vestra::shell::settings().open_project = nullptr; }
+    vestra::project project;
+};
+
+TEST_F(panel, the_window_opens_in_the_users_language_with_one_button_that_runs_and_one_that_closes) {
+    open();
+    EXPECT_EQ(u"project_resave_app", window->name());
+    view = window->look();
+    EXPECT_EQ(u"Resave Project", view.caption);
+    EXPECT_EQ(u"Resave Project", view.text);
+    const auto& buttons = vestra::toolkit::find(view, u"button_box")->buttons;
+    ASSERT_EQ(2U, buttons.size());
+    EXPECT_EQ(u"Run", buttons[0].text);
+    EXPECT_EQ(u"Close", buttons[1].text);
+    EXPECT_EQ(2, buttons[0].code);
+    EXPECT_EQ(8, buttons[1].code);
+    EXPECT_FALSE(press_below(2));
+    EXPECT_FALSE(press_below(4)) << "no such button";
+    EXPECT_TRUE(press_below(8));
+    EXPECT_TRUE(script.events.empty()) << "no project and no path: the button does nothing";
+}
+
+TEST_F(panel, the_hosts_own_project_can_be_loaded_only_if_it_has_a_whole_path) {
+    const std::pair<wide_view, bool> table[] = {
+        {u"C:\\prj\\area._vp", true}, {u"\\\\server\\share\\area._vp", true},
+        {u"/prj/area._vp", true},     {u"", false},
+        {u"area._vp", false},         {u"prj\\area._vp", false}};
+    for (const auto& [path, expected] : table) {
+        const opened in_host(path);
+        open();
+        EXPECT_EQ(expected, at("button1").enabled) << platform::to_utf8(path);
+        EXPECT_EQ(expected, press("button1"));
+        close();
+        registry.release_services(); // the next window is a new tool's
+        loader.unload_all();
+        ASSERT_FALSE(loader.load(platform::library_beside_program(u"vsk_project_resave_bdl")));
+    }
+    open();
+    EXPECT_FALSE(at("button1").enabled) << "the host has none";
+}
+
+TEST_F(panel, load_current_reads_a_private_copy_and_leaves_the_hosts_project_alone) {
+    copy_sample();
+    const opened in_host(source);
+    const size_t before = vestra::living_objects();
+    open();
+    EXPECT_EQ(u"", text("field1")) << "nothing is loaded by itself";
+    EXPECT_EQ(texts{}, rows("scn2d/list1"));
+    ASSERT_TRUE(press("button1"));
+    EXPECT_EQ(source, text("field1"));
+    EXPECT_EQ(4U, rows("scn2d/list1").size());
+    EXPECT_EQ(&in_host.project, vestra::shell::settings().open_project);
+    EXPECT_EQ(0U, in_host.project.scenes_2d.count());
+    // Loaded even where the path of the new project is the same; but never written over.
+    const tree_state files = state_of(native("c"));
+    EXPECT_FALSE(enter("prj/field1", u"c:\\PRJ\\area._vp"));
+    ASSERT_TRUE(enter("prj/field1", u"C:/prj/sub/../AREA._vp"));
+    ASSERT_TRUE(press("button1"));
+    EXPECT_EQ(4U, rows("scn2d/list1").size());
+    run();
+    EXPECT_EQ(std::vector{same_name}, warnings());
+    EXPECT_EQ(1U, script.events.size());
+    EXPECT_EQ("", difference(files, state_of(native("c"))));
+    EXPECT_EQ(source, text("field1"));
+    close();
+    EXPECT_EQ(before, vestra::living_objects());
+}
+
+TEST_F(panel, a_project_cannot_become_its_own_copy_in_either_field_whatever_the_letter_case) {
+    open_on_sample();
+    EXPECT_FALSE(enter("prj/field1", u"c:\\PRJ\\Area._VP"));
+    EXPECT_EQ(std::vector{same_name}, warnings());
+    EXPECT_EQ(u"", text("prj/field1"));
+    ASSERT_TRUE(enter("prj/field1", output));
+    EXPECT_FALSE(enter("prj/field1", source));
+    EXPECT_EQ(output, text("prj/field1")) << "the old text stays";
+    script.events.clear();
+    EXPECT_FALSE(enter("field1", u"n:\\OUT\\New._vp"));
+    EXPECT_EQ(std::vector{same_name}, warnings());
+    EXPECT_EQ(1U, script.events.size()) << "no load was tried";
+    EXPECT_EQ(source, text("field1"));
+    EXPECT_EQ(4U, rows("scn2d/list1").size());
+    run();
+    ASSERT_TRUE(path_exists(output));
+    EXPECT_FALSE(enter("field1", output)) << "the project just written is still the new path";
+    EXPECT_TRUE(enter("prj/field1", source)) << "no source is loaded any more";
+}
+
+TEST_F(panel, a_load_that_fails_empties_the_field_and_what_was_loaded_is_gone) {
+    open_on_sample();
+    script.events.clear();
+    EXPECT_FALSE(enter("field1", u"C:\\prj\\absent._vp"));
+    EXPECT_EQ(texts{u"Failure load project"}, errors());
+    EXPECT_EQ(u"", text("field1"));
+    EXPECT_EQ(texts{}, rows("scn2d/list1"));
+    EXPECT_TRUE(enter("prj/field1", u"C:\\prj\\absent._vp")) << "compared with no source at all";
+    EXPECT_FALSE(enter("field1", u""));
+    ASSERT_TRUE(enter("field1", source));
+    EXPECT_EQ(4U, rows("scn2d/list1").size());
+}
+
+TEST_F(panel, a_window_that_goes_takes_the_project_along_and_comes_back_empty_with_its_options) {
+    const size_t before = vestra::living_objects();
+    open_on_sample();
+    ASSERT_TRUE(enter("prj/field1", output));
+    ASSERT_TRUE(check("prj/check2", false));
+    ASSERT_TRUE(check_row("scn2d/list1/2", false));
+    ASSERT_LT(before + 1, vestra::living_objects());
+    close();
+    EXPECT_EQ(before, vestra::living_objects());
+    open();
+    EXPECT_EQ(u"", text("field1"));
+    EXPECT_EQ(texts{}, rows("scn2d/list1"));
+    EXPECT_EQ(u" 0 Kbyte", vestra::toolkit::find(view, u"label_ex")->text);
+    EXPECT_EQ(output, text("prj/field1"));
+    EXPECT_FALSE(is_checked("prj/check2"));
+    ASSERT_TRUE(enter("field1", source));
+    EXPECT_EQ((texts{u"Overview", u"Geology", u"Section 1", u"Empty scene"}), rows("scn2d/list1"));
+
+    // A project that is loaded when the library goes ends with it, window or not.
+    close();
+    ASSERT_TRUE(vestra::toolkit::enter_text(*vestra::toolkit::find(view, u"file_input"), source));
+    ASSERT_LT(before, vestra::living_objects());
+    loader.unload_all();
+    EXPECT_EQ(before, vestra::living_objects());
+}
+
+// The tool of the copy that is linked in, whose code does not go with it, and whose system a test can break.
+struct linked_in_tool {
+    using app = project_resave_app;
+    linked_in_tool() { registry.add(app::id, pointer_to<service_factory_impl>(*factory), {}); }
+
+    vestra::shell::service_registry registry;
+    std::optional<service_factory<app>> factory{
+        std::in_place, app::id, std::make_unique<ref_service_holder<app, custom_app_service_impl>>()};
+};
+
+TEST_F(panel, whoever_holds_the_content_longer_than_the_tool_has_an_empty_panel_and_no_more) {
+    copy_sample();
+    const size_t before = vestra::living_objects();
+    ref<docker_impl> content;
+    {
+        linked_in_tool tool;
+        open_on(source);
+        content.assign(cast_to<docker_impl>(window->look().live));
+        ASSERT_LT(before + 1, vestra::living_objects());
+        tool.factory.reset();
+        close();
+    }
+    EXPECT_EQ(before, vestra::living_objects());
+    const element_view left = vestra::toolkit::look_at(cast_to<element_impl>(content.get()));
+    EXPECT_EQ(u"", vestra::toolkit::find(left, u"file_input")->text);
+    EXPECT_TRUE(vestra::toolkit::enter_text(*vestra::toolkit::find(left, u"file_input"), source));
+    EXPECT_LT(before, vestra::living_objects()) << "it still works, for whoever wants that";
+    content.reset();
+    EXPECT_EQ(before, vestra::living_objects());
+}
+
+TEST_F(panel, a_run_that_breaks_off_closes_the_project_and_says_that_nothing_was_saved) {
+    struct no_memory : forwarding_system {
+        platform::entry_kind kind_of(const wide_string&) override { throw std::bad_alloc(); }
+    };
+    copy_sample();
+    linked_in_tool tool;
+    open_on(source);
+    turn_to("scns_xml");
+    ASSERT_TRUE(enter("scns_xml/field1", u"N:\\out"));
+    {
+        no_memory faults;
+        const platform::system_override in_force(faults);
+        run();
+    }
+    EXPECT_EQ(texts{u"Error! The project is not saved!"}, errors());
+    EXPECT_EQ(u"", text("field1"));
+    EXPECT_EQ(texts{}, rows("scn2d/list1"));
+    EXPECT_TRUE(enter("field1", source)) << "the panel goes on";
+    close();
+}
+
+// A collision asks for another name in the middle of the run, where a person still has the window.
+TEST_F(panel, while_a_run_waits_nothing_else_begins_and_a_closed_window_takes_effect_after_it) {
+    for (const bool closes : {false, true}) {
+        project_builder()
+            .scene_2d(u"Area")
+            .layer("rtr_lr2d", u"East", write(u"C:\\a\\relief.tif"))
+            .layer("rtr_lr2d", u"West", write(u"C:\\b\\relief.tif"))
+            .save(source);
+        open_on(source);
+        ASSERT_TRUE(enter("prj/field1", output));
+        ASSERT_TRUE(check("prj/check2", false));
+        const ref<docker_impl> content(cast_to<docker_impl>(window->look().live));
+        size_t asked = 0;
+        on_panel_dialog = [&](const element_view& dialog) {
+            ++asked;
+            const auto before = script.events.size();
+            EXPECT_FALSE(press_below(2));
+            EXPECT_FALSE(enter("field1", source));
+            EXPECT_EQ(source, text("field1"));
+            if (closes) call<&docker_impl::set_parent>(content.get(), identity_pointer());
+            EXPECT_EQ(2U, rows("scn2d/list2").size()) << "the run still needs them";
+            EXPECT_EQ(before, script.events.size());
+            return vestra::toolkit::enter_text(*vestra::toolkit::find(dialog, u"file_input"),
+                                               u"N:\\out\\rtr\\west.tif");
+        };
+        script.answers = {answer::yes}; // load the source again
+        run();
+        EXPECT_EQ(1U, asked);
+        EXPECT_EQ((std::vector<std::string>{"rtr/relief.tif", "rtr/west.tif"}), files());
+        EXPECT_EQ(closes ? u"" : source, text("field1")) << "a window that went keeps no project";
+        EXPECT_EQ(closes ? 0U : 2U, rows("scn2d/list2").size());
+        close();
+        std::filesystem::remove_all(native("n") / "out");
+        std::filesystem::create_directories(native("n") / "out");
+    }
+}
+
+TEST_F(panel, each_page_and_structure_leaves_in_use_what_it_works_on_and_the_marks_stay) {
+    open_on_sample();
+    ASSERT_TRUE(check_row("dbf/list1/1", false));
+    ASSERT_TRUE(check_row("scn3d/list2/1", false));
+    const std::string lists[] = {"scn2d/list1",       "scn2d/list2", "scn3d/list1",  "scn3d/list2",
+                                 "dbf/list1",         "tos/list1",   "layout/list1", "well/list1",
+                                 "correlation/list1", "plugin/list1"};
+    const struct {
+        const char* page;
+        const char* radio; // of the page that resaves
+        const char* in_use;
+    } table[] = {{"prj", "prj/radio5", "1111000000"}, {"struct", nullptr, "1111111111"},
+                 {"prj", nullptr, "1111000000"},      {"scns_xml", nullptr, "1000000000"},
+                 {"struct", nullptr, "1111111111"},   {"prj", "prj/radio1", "1111111111"},
+                 {"scns_xml", nullptr, "1000000000"}, {"prj", "prj/radio3", "1111111111"}};
+    std::string shown = "prj";
+    for (const auto& row : table) {
+        if (row.page != shown) turn_to(row.page);
+        shown = row.page;
+        if (row.radio) check(row.radio);
+        std::string in_use;
+        for (const std::string& list : lists) in_use += at(list).enabled ? '1' : '0';
+        EXPECT_EQ(row.in_use, in_use) << row.page;
+        EXPECT_EQ(in_use[4] == '1', at("dbf/tool1").enabled);
+        EXPECT_TRUE(at("tool1").enabled);
+        EXPECT_EQ(u"-Deposits", rows("dbf/list1").at(0));
+        EXPECT_EQ(u"-Wells", rows("scn3d/list2").at(0));
+    }
+}
+
+} // namespace
+} // namespace vs::project_resave

@@ -1,0 +1,92 @@
+// Runs that a stop or a fault breaks off.
+#pragma once
+
+#include "framework/strings.h"
+#include "tests/support/host_fixture.h"
+#include "tests/support/project_builder.h"
+#include "tests/support/tree_state.h"
+
+namespace vs::project_resave {
+
+class broken_run : public host_fixture {
+protected:
+    using kind = front::kind;
+
+    // Fills `small` with a file of each family that is copied in a way of its own. Each holds its name.
+    void make_small_project() {
+        for (const wide_string name :
+             {u"a.shp", u"a.shx", u"a.dbf", u"a.cpg", u"a_shp.pj4", u"r.tif", u"r.tif.ovr", u"r.tfw",
+              u"r.tfr", u"w.wel", u"w\\logs\\1.las", u"t.dbf", u"t.cpg", u"joined.dbf", u"joined.cpg"})
+            write(u"C:\\data\\" + name, platform::to_utf8(name));
+        write(u"C:\\data\\p.tos", "TOS 1\n");
+        small.scene_2d(u"Area 1")
+            .layer("shp_pln_lr2d", u"A", u"C:\\data\\a.shp")
+            .layer("rtr_lr2d", u"R", u"C:\\data\\r.tif")
+            .layer("plugin_lr_2d_well_hole_2d_3", u"W", u"C:\\data\\w.wel")
+            .scene_3d(u"Solid")
+            .layer("tos_surf_lr3d", u"P", u"C:\\data\\p.tos")
+            .table(u"T", u"C:\\data\\t.dbf")
+            .join(u"C:\\data\\joined.dbf");
+    }
+    // One run of what is loaded, with the stop button pressed at this poll, 0 for never, and this answer to
+    // the question of erasure.
+    void stop_at(size_t poll, answer given) {
+        load();
+        script.stop_at_poll = poll;
+        script.answers = {given, answer::no};
+        resave();
+    }
+    tree_state target() const { return state_of(native("n")); }
+
+    void expect_nothing_left_over() const {
+        EXPECT_FALSE(context->project);
+        EXPECT_TRUE(context->tree.empty() && context->units.empty());
+        EXPECT_TRUE(context->deferred_joins_.pending.empty());
+        EXPECT_EQ(u"files", context->placement.type_folder);
+        EXPECT_EQ(nullptr, context->placement.scene_common);
+        EXPECT_EQ(nullptr, context->progress.window);
+        EXPECT_EQ(0U, script.open_windows);
+        EXPECT_EQ(1U, changes);
+    }
+    // What the user is told of a run that was stopped.
+    void expect_told_as_stopped() const {
+        EXPECT_TRUE(context->report.stopped);
+        EXPECT_EQ((std::vector<front::event>{{kind::yes_no_cancel, load_string(359)},
+                                             {kind::wait, load_string(360)},
+                                             {kind::message, load_string(513)},
+                                             {kind::yes_no, load_string(528)}}),
+                  told());
+    }
+    // Each copy is its source, what was there before is as it was, and nothing else stands there.
+    void expect_whole_copies(const tree_state& before) const {
+        std::set<std::string> known; // letter case aside: a folder may have been there in another one
+        const std::string root = lowered(native("n").generic_string());
+        const auto note = [&](const std::filesystem::path& copy) {
+            known.insert(std::filesystem::path(lowered(copy.generic_string()))
+                             .lexically_relative(root)
+                             .generic_string());
+        };
+        for (const auto& [old_path, new_path] : context->placement.placed) {
+            const auto from = platform::native_path(old_path), to = platform::native_path(new_path);
+            note(to);
+            if (old_path.empty() || old_path == source || old_path.ends_with(u"._sn")) continue; // written
+            EXPECT_EQ(read(old_path), read(new_path)) << platform::to_utf8(new_path);
+            EXPECT_EQ("", difference(state_of(from), state_of(to)));
+            for (const auto& [path, state] : state_of(to)) note(to / path);
+        }
+        const tree_state now = target();
+        for (const auto& [path, state] : now)
+            EXPECT_TRUE(state.is_folder || before.contains(path) || known.contains(lowered(path))) << path;
+        for (const auto& [path, state] : before)
+            EXPECT_TRUE(now.contains(path) && now.at(path).bytes == state.bytes) << path;
+    }
+    static std::string lowered(std::string text) {
+        for (char& c : text)
+            if (c >= 'A' && c <= 'Z') c = static_cast<char>(c | 0x20);
+        return text;
+    }
+
+    project_builder small;
+};
+
+} // namespace vs::project_resave
