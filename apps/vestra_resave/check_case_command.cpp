@@ -14,7 +14,7 @@ int check_case(const std::string& project, const std::string& report, const comm
     if (!host.load(project)) return wrong_use;
     project_context& context = host.context();
     const wide_string path = platform::drive_path(report);
-    if (const int end = create_text_file(path, context.placement.source_project_path)) return end;
+    if (const int end = create_text_file(path, context)) return end;
     context.check_path_case(path);
     if (context.progress.stopped) return stopped;
     if (!context.case_differs) return done;

@@ -1,6 +1,7 @@
 #include "apps/vestra_resave/output_file.h"
 
 #include "apps/vestra_resave/figures.h"
+#include "apps/vestra_resave/project_files.h"
 #include "core/paths.h"
 #include "framework/strings.h"
 #include "platform/system.h"
@@ -19,9 +20,9 @@ bool is_same_file(const wide_string& one, const wide_string& other) {
     return path_same(one, other) || platform::current_system().same_file(one, other);
 }
 
-int create_text_file(const wide_string& path, const wide_string& project) {
+int create_text_file(const wide_string& path, project_context& context) {
     const std::string shown = one_line(path);
-    if (is_same_file(path, project)) {
+    if (is_same_file(path, context.placement.source_project_path)) {
         complain(shown + ": the project itself cannot be written over");
         return wrong_use;
     }
@@ -30,6 +31,8 @@ int create_text_file(const wide_string& path, const wide_string& project) {
     std::unique_ptr<platform::file> created;
     if (files.kind_of(path) == platform::entry_kind::folder)
         reason = "it is a folder";
+    else if (would_replace_project_file({path}, context))
+        return wrong_use;
     else if (files.kind_of(path_head(path)) != platform::entry_kind::folder)
         reason = "there is no folder " + one_line(path_head(path));
     else if (files.open(path, platform::access::read_write, platform::disposition::create_always, created) !=

@@ -4,8 +4,13 @@
 #include <unordered_set>
 
 #include "apps/vestra_resave/figures.h"
+#include "apps/vestra_resave/project_files.h"
 #include "core/path_files.h"
 #include "core/paths.h"
+#include "framework/string_adapter.h"
+#include "host/vsk_prj.h"
+#include "host/vsk_scn_2d.h"
+#include "layers/layer_files.h"
 #include "platform/volumes.h"
 #include "reference_host/shell/settings.h"
 
@@ -14,6 +19,19 @@ namespace vestra::command {
 using namespace vs::project_resave;
 
 namespace {
+
+constexpr uint32_t rewrite = 0;
+
+// Where the run puts the scenes; none is left out of the selection here.
+std::vector<wide_string> scene_files(project_context& context, const wide_string& folder) {
+    std::vector<wide_string> paths;
+    vs_scns_2d* scenes = vs_prj_get_scns_2d_ptr(context.project_handle());
+    for (uint32_t index = 0; index < vs_scns_2d_get_size(scenes); ++index) {
+        const wide_string caption = host_string(&vs_scn_2d_get_wcaption, vs_scns_2d_get(scenes, index));
+        paths.push_back(caption_file_path(folder, caption, u"._sn"));
+    }
+    return paths;
+}
 
 // The run tells nobody of a failure. Nothing was placed before it.
 int report_written(const project_context& context, const wide_string& folder, bool quiet) {
@@ -50,6 +68,8 @@ int write_scenes(const scenes_wish& wish, const common_options& options) {
         return not_saved;
     }
     scene_file_settings settings = wish.settings;
+    if (settings.on_exists == rewrite && would_replace_project_file(scene_files(context, folder), context))
+        return wrong_use;
     settings.folder = folder.c_str();
     context.create_scene_files(settings);
     return report_written(context, folder, options.quiet);

@@ -33,7 +33,7 @@ int write_structure(const structure_wish& wish, const common_options& options) {
     if (!host.load(wish.project)) return wrong_use;
     project_context& context = host.context();
     const wide_string path = platform::drive_path(wish.text_file);
-    if (const int end = create_text_file(path, context.placement.source_project_path)) return end;
+    if (const int end = create_text_file(path, context)) return end;
     structure_settings settings = wish.settings;
     settings.output_path = path.c_str();
     context.save_structure(settings);

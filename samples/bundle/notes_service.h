@@ -49,7 +49,7 @@ private:
     // Null for an index at or beyond the count, on which nothing is then done.
     vs_tuple* row(uint32_t index) const { return index < notes.size() ? notes[index].row : nullptr; }
 
-    vs_prj* project = nullptr; // stale from its end to the next load, in which time nobody asks
+    vs_prj* project = nullptr; // stale from its end to the next load, in which time nothing reads it
     std::vector<note> notes;
 };
 

@@ -1,9 +1,6 @@
 // Layouts with their images, pages, frames and legends: what is copied, what is rewritten, what stays.
-#include "containers/resave_layout_parts.h"
 #include "core/path_files.h"
 #include "framework/strings.h"
-#include "layers/resave_raster_layers.h"
-#include "tests/support/forwarding_system.h"
 #include "tests/support/host_fixture.h"
 #include "tests/support/project_builder.h"
 
@@ -114,16 +111,8 @@ TEST_F(layouts, an_image_brings_its_companions_and_what_has_no_file_stays_withou
         .layer("layout_legend", u"Plain legend")
         .layer("grid_lr2d", u"Unheard of here", u"C:\\data\\b.tld")
         .layer("vs_layout_legend_layer_meta_id", u"Shows nothing");
-    builder.save(source);
-    load();
-    EXPECT_EQ(1U, context->total_units) << "the image";
-    EXPECT_NE(nullptr, dynamic_cast<Tvs_resave_rtr_lr*>(context->units.at(builder.id(u"Image"))));
-    EXPECT_NE(nullptr, dynamic_cast<Tvs_resave_scene_frame*>(context->units.at(builder.id(u"Frame"))));
-    EXPECT_NE(nullptr, dynamic_cast<Tvs_resave_layout_page*>(context->units.at(builder.id(u"Page"))));
-    for (const wide_string caption :
-         {u"Text", u"Object", u"Plain legend", u"Unheard of here", u"Shows nothing"})
-        EXPECT_FALSE(context->units.contains(builder.id(caption))) << platform::to_utf8(caption);
     run();
+    EXPECT_EQ(1U, script.total) << "the image";
     EXPECT_EQ((std::vector<std::string>{"rtr/i.tfw", "rtr/i.tif", "rtr/i.tif.ovr", "rtr/i_tif.pj4"}),
               copied());
     EXPECT_EQ((names{u"rtr\\i.tif", u"C:\\data\\b.tld", u""}), references(sheet()));
@@ -187,26 +176,6 @@ TEST_F(layouts, a_legend_keeps_layers_that_are_lost_or_left_out) {
     unticked.push_back(u"scene of the legend");
     run();
     EXPECT_EQ(0U, sheet().count()) << "a legend that is left out goes as a whole";
-}
-
-TEST_F(layouts, a_copy_that_fails_is_told_and_the_reference_is_the_new_one_all_the_same) {
-    struct : forwarding_system {
-        bool copy_file(const wide_string&, const wide_string&, bool) override { return false; }
-    } faults;
-    builder.layout(u"Sheet").layer("layout_image", u"Image", u"C:\\data\\i.tif").legend(u"Signs", all_signs);
-    settings.save_layer_files = false;
-    const platform::system_override in_force(faults);
-    run();
-    EXPECT_TRUE(copied().empty());
-    EXPECT_EQ(u"rtr\\i.tif", references(sheet())[0]);
-    for (const wide_string& reference : references(*sheet().at(1)->legend))
-        EXPECT_TRUE(reference.starts_with(u"legend plus\\") || reference == old_signs[4] ||
-                    reference.empty());
-    ASSERT_EQ(1U, problems.size());
-    EXPECT_TRUE(problems[0].starts_with(u"Signs: Copy error b.tld\nCopy error t.tos\nCopy error t.tod\n"
-                                        u"Copy error i.tif\n"));
-    EXPECT_TRUE(problems[0].ends_with(u"Copy error s.dbf\nCopy error i.tif\nCopy error i.tif.ovr\n"
-                                      u"Copy error i.tfw\nCopy error i_tif.pj4\n"));
 }
 
 } // namespace vs::project_resave

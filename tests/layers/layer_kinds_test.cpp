@@ -1,4 +1,7 @@
 // Every kind of layer, resaved from real files.
+#include "layers/layer_factory.h"
+#include "platform/volumes.h"
+#include "reference_host/api/handles.h"
 #include "tests/layers/layer_run.h"
 #include "tests/support/forwarding_system.h"
 
@@ -112,22 +115,56 @@ TEST_F(layer_kinds, a_lost_source_is_reported_and_the_layer_stays_unless_it_is_t
     }
 }
 
-TEST_F(layer_kinds, a_failed_copy_is_reported_and_the_layer_names_the_new_place_all_the_same) {
-    struct no_copies : forwarding_system {
+TEST_F(layer_kinds, after_a_failed_copy_the_layer_names_the_new_place_and_nothing_if_there_is_none) {
+    struct : forwarding_system {
         bool copy_file(const wide_string&, const wide_string&, bool) override { return false; }
-    };
+    } faults;
+    const platform::system_override in_force(faults);
     for (const kind_row& row : kinds) {
-        SCOPED_TRACE(row.type);
-        begin(row);
-        settings.save_layer_files = false;
-        no_copies faults;
-        const platform::system_override in_force(faults);
-        resave();
-        EXPECT_EQ(problems.starts_with(u"Copy error " + path_file_name(old_reference(row))),
-                  !row.folder.empty());
-        EXPECT_TRUE(copied().empty());
-        EXPECT_EQ(result()->file, new_reference(row));
+        for (const bool has_place : {true, false}) {
+            SCOPED_TRACE(testing::Message() << row.type << ' ' << has_place);
+            begin(row);
+            settings.structure_variant = has_place ? uint32_t{by_type} : 7; // there is no such structure
+            settings.save_layer_files = false;
+            settings.write_log = true;
+            resave();
+            EXPECT_EQ(problems.starts_with(u"Copy error " + path_file_name(old_reference(row))),
+                      has_place && !row.folder.empty());
+            EXPECT_EQ(copied(), names{u"new_log.txt"});
+            const wide_string none = row.reference.starts_with(u'*') ? u"*" : u"";
+            EXPECT_EQ(result()->file, has_place || row.folder.empty() ? new_reference(row) : none);
+            const std::string told = platform::to_utf8(load_string(603)) + "\r\n\r\n";
+            EXPECT_EQ(disk.read(u"out\\new_log.txt").find(told) != std::string::npos,
+                      !has_place && !row.folder.empty());
+        }
     }
+}
+
+TEST_F(layer_kinds, a_cutline_is_marked_afterwards_unless_it_has_no_file) {
+    for (const auto& [before, after] :
+         {std::pair(src(u"t.tos"), u"*" + out(u"tos\\t.tos")), {u"", u""}, {u"*", u"*"}}) {
+        clear();
+        disk.write(u"src\\t.tos", "TOS 1\nproperty X\n");
+        add(scene_2d(), "shp_pln_lr2d", before).meta_id = "grid_cutline_lr2d";
+        resave();
+        EXPECT_EQ(layer_2d().file, after);
+    }
+}
+
+TEST_F(layer_kinds, a_shape_counts_for_the_common_top_with_the_joined_tables_that_exist) {
+    const wide_string samples = platform::drive_path(VS_SOURCE_DIR "/samples/area/c");
+    vestra::layer& layer = add(scene_2d(), "shp_pnt_lr2d", src(u"gone.shp"));
+    layer.data = std::make_unique<vestra::attr_data>();
+    layer.data->file = samples + u"\\prj\\maps\\settlements.dbf";
+    layer.data->joins = {{samples + u"\\data\\tables\\owners.dbf", 0, 0}, {src(u"gone.dbf"), 0, 0}};
+    project_context context(nullptr);
+    const auto unit = make_layer_unit_2d(context, vestra::api::to_handle<vs_lr>(&layer));
+    unit->build_once();
+    common_directory files;
+    unit->collect_common_directory(files);
+    size_t counted = 0;
+    for (const auto& [drive, of_drive] : files.drives) counted += of_drive.counted;
+    EXPECT_EQ(counted, 2U);
 }
 
 TEST_F(layer_kinds, a_type_that_nothing_resaves_is_told_once_and_its_layer_keeps_its_old_reference) {

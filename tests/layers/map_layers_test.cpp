@@ -133,9 +133,6 @@ TEST_F(map_layers, only_saving_and_counting_go_into_the_scene_inside) {
     EXPECT_FALSE(differs);
     unit->set_selected(false);
     EXPECT_TRUE(context.selection.is_selected(raster.id.text()));
-    unit->set_selected(true);
-    context.selection.set_selected(raster.id.text(), false);
-    EXPECT_EQ(unit->selection_state(), 0U);
     EXPECT_TRUE(unit->correct_selection());
     EXPECT_TRUE(front_end.events.empty());
 }

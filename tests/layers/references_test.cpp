@@ -42,22 +42,6 @@ TEST_F(layer_references, a_link_is_the_uuid_as_the_host_writes_it_between_any_st
     }
 }
 
-TEST_F(layer_references, a_chain_of_links_is_followed_to_its_end) {
-    vestra::scene& last = left_out(u"last");
-    const vestra::scene& middle = [&]() -> vestra::scene& {
-        vestra::scene& scene = left_out(u"middle");
-        add(scene, "prf_compound_lr2d", u"").members = names{last.id.text()};
-        return scene;
-    }();
-    vestra::scene& first = scene_2d();
-    add(first, "prf_compound_lr2d", u"").members = names{middle.id.text()};
-    add(last, "prf_compound_lr2d", u"").members = names{first.id.text(), last.id.text()};
-    front_end.answers = {answer::yes};
-    resave();
-    EXPECT_EQ(scenes(), (names{u"last", u"middle", u"S"}));
-    EXPECT_EQ(questions(), 1U);
-}
-
 TEST_F(layer_references, a_scene_with_some_of_its_layers_counts_as_not_selected) {
     disk.write(u"src\\a.tif");
     vestra::scene& target = scene_2d();

@@ -89,6 +89,25 @@ TEST_F(tos_layers, files_of_a_complex_model_come_along_and_the_record_names_them
     }
 }
 
+TEST_F(tos_layers, without_a_new_name_model_files_and_maps_are_named_by_nothing) {
+    disk.write(u"src\\a.tif");
+    write_map(u"m._sn", u"a.tif");
+    vestra::scene& scene = scene_2d();
+    add_tos(scene, {{9, u"a.tos"}, {15, u"b.tos"}});
+    add(scene, "vs_scene_layer_meta_id", src(u"m._sn"));
+    settings.structure_variant = 7;
+    settings.write_log = true;
+    resave();
+    EXPECT_EQ(texts_of(layer_2d()), (elements{{9, u""}, {15, u""}, {39, u""}, {44, u""}}));
+    EXPECT_EQ(layer_2d(1).file, u"");
+    EXPECT_EQ(copied(), names{u"new_log.txt"});
+    size_t lines = 0;
+    const std::string log = disk.read(u"out\\new_log.txt"),
+                      told = platform::to_utf8(load_string(603)) + "\r\n\r\n";
+    for (size_t at = log.find(told); at != std::string::npos; at = log.find(told, at + 1)) ++lines;
+    EXPECT_EQ(lines, 5U) << "the grid, its two model files, the map and the raster in it";
+}
+
 TEST_F(tos_layers, what_is_no_record_becomes_an_empty_one_and_other_keys_are_left_alone) {
     vestra::scene& scene = scene_2d();
     add(scene, "tos_grid_lr2d", src(u"main.tos")).extras.set(record_key).value = wide_string(u"a.tos");

@@ -76,8 +76,18 @@ TEST_F(scene_files, rewriting_takes_the_old_file_first_so_a_failure_leaves_none)
             return forwarding_system::open(path, wanted, how, file);
         }
     };
+    struct : forwarding_system {
+        bool delete_file(const wide_string&) override { return false; }
+    } nothing_is_deleted;
     project_builder().scene_2d(u"A").layer("rtr_lr2d", u"new").save(source);
     load();
+    {
+        write(n + u"out\\A._sn", "older");
+        const platform::system_override in_force(nothing_is_deleted);
+        EXPECT_EQ(strings{"A._sn"}, write_files(0));
+    }
+    EXPECT_EQ(u"new", layer_of(u"A._sn")) << "written all the same";
+    remove_tree(n + u"out\\A._sn");
     for (const uint32_t on_exists : {0U, 2U}) { // rewrite; a value that has no meaning writes over it
         write(n + u"out\\a._SN", "older");
         EXPECT_EQ(1U, write_files(on_exists).size());

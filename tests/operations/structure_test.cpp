@@ -129,6 +129,34 @@ TEST_F(structure_text, groups_are_shown_as_the_user_sees_them_with_what_is_selec
     }
 }
 
+TEST_F(structure_text, in_groups_each_layer_without_identity_is_shown_as_the_first_of_them) {
+    project_builder built;
+    built.scene_2d(u"S").layer("rtr_lr2d", u"A").layer("rtr_lr2d", u"X").layer("tld_lr2d", u"Y");
+    vestra::scene& scene = *built.model.scenes_2d.at(0);
+    for (uint32_t index : {2U, 0U, 1U}) scene.make_groups().add_layer(*scene.at(index));
+    scene.at(1)->id = scene.at(2)->id = {};
+    built.save(source);
+    load();
+    wanted.write_layer_names = true;
+    EXPECT_NE(std::string::npos, save().find("\r\nS\r\nX\r\nA\r\nX\r\n"));
+}
+
+TEST_F(structure_text, a_text_that_cannot_be_written_is_told_as_if_it_were) {
+    project_builder().scene_2d(u"S").save(source);
+    load();
+    write(n + u"out\\folder\\kept");
+    for (const char16_t* path : {u"N:\\none\\t.txt", u"N:\\out\\folder"}) {
+        wanted.output_path = path;
+        EXPECT_EQ("", save());
+        EXPECT_EQ(std::vector<wide_string>{load_string(511)}, messages());
+        EXPECT_FALSE(path_exists(n + u"none"));
+        EXPECT_TRUE(path_exists(n + u"out\\folder\\kept"));
+    }
+    script.stop_at_poll = 1;
+    save();
+    EXPECT_FALSE(path_exists(n + u"out\\folder")) << "what has the text's name goes after a stop";
+}
+
 TEST_F(structure_text, a_stop_takes_the_file_away_whatever_is_answered_and_the_next_text_is_whole) {
     project_builder built;
     for (int scene = 0; scene < 5; ++scene) built.scene_2d(u"S").layer("rtr_lr2d", u"L");

@@ -131,6 +131,47 @@ TEST_F(foreign_services, a_claim_is_heard_in_scenes_sheets_and_layouts_but_never
     }
 }
 
+class row_service final : public entity_service {
+public:
+    using entity_service::entity_service;
+    uint32_t file_count(vs_entity*) override { return static_cast<uint32_t>(rows.size()); }
+    void file_info(vs_entity*, uint32_t index, string_visitor source, string_visitor folder) override {
+        tell(source, rows[index]);
+        tell(folder, u"claimed" + decimal(index));
+    }
+    void set_file(vs_entity*, uint32_t index, const char16_t* path) override {
+        told.push_back(decimal(index) + u" " + path);
+    }
+    static inline texts rows, told;
+};
+
+TEST_F(foreign_services, each_file_of_an_element_is_told_its_place_and_one_that_is_found_keeps_it) {
+    offer<row_service, resave_entity_service_impl>();
+    wish.priority = -1;
+    settings.delete_lost_sources = true;
+    const wide_string found = u"C:\\prj\\a.dxf", lost = u"C:\\prj\\gone.dxf", place = u"N:\\out\\claimed";
+    const struct {
+        texts rows, told;
+        wide_string problems;
+        uint32_t left = 1; // elements
+    } rows[] = {{{lost, u"", found}, {u"2 " + place + u"2\\a.dxf"}, u"Area: Lost files Drawing\n"},
+                {{found, found}, {u"0 " + place + u"0\\a.dxf", u"1 " + place + u"0\\a.dxf"}, {}},
+                {{lost, u""}, {}, u"Area: Lost files Drawing\n", 0},
+                {{u"", u""}, {}, {}, 0},
+                {{}, {}, {}}};
+    for (const auto& row : rows) {
+        row_service::rows = row.rows;
+        row_service::told.clear();
+        clear_output();
+        loader.unload_all();
+        start(false);
+        run();
+        EXPECT_EQ(row.told, row_service::told);
+        EXPECT_EQ(row.problems.empty() ? texts{} : texts{row.problems}, problems);
+        EXPECT_EQ(row.left, copy->scenes_2d.at(0)->count());
+    }
+}
+
 TEST_F(foreign_services, a_claim_that_is_accepted_and_makes_nothing_ends_the_search) {
     offer<entity_service, resave_entity_service_impl>();
     write(u"C:\\prj\\w.wsh");
@@ -227,6 +268,18 @@ TEST_F(foreign_services,
         legend.id = *vestra::uuid::parse(builder.id(caption));
     }
     start(false);
+    const resave_service legends = services.front().get();
+    const auto is_unbound = [&] { // asked for nothing, it answers nothing
+        call<&resave_service_impl::remove_item>(legends, 0);
+        return call<&resave_service_impl::item_count>(legends) == 0 &&
+               !call<&resave_service_impl::item_uuid>(legends, 0);
+    };
+    builder.save(source);
+    load();
+    call<&resave_service_impl::set_project>(legends, nullptr);
+    EXPECT_TRUE(is_unbound());
+    resave_and_read();
+    EXPECT_EQ(3U, copy->map_legends.count());
     unticked = {u"Soils"};
     run();
     ASSERT_EQ(2U, copy->map_legends.count());

@@ -1,5 +1,4 @@
 #include "tests/services/services_run.h"
-#include "tests/support/forwarding_system.h"
 
 namespace vs::project_resave {
 namespace {
@@ -79,6 +78,39 @@ TEST_F(sample_bundle, its_items_go_where_the_structure_wants_them_and_leave_if_u
     }
 }
 
+TEST_F(sample_bundle, each_item_is_a_step_under_the_services_caption_and_a_lost_one_is_logged_by_its_name) {
+    start(true);
+    settings.delete_lost_sources = settings.write_log = true;
+    run();
+    EXPECT_EQ(6U, script.total) << "the relief, and five items";
+    EXPECT_EQ(5U, script.current) << "the last step is never shown";
+    const texts captions = script.texts(front::kind::caption);
+    EXPECT_EQ(1, std::ranges::count(captions, wide_string(u"Field notes are being saved")));
+    const std::string gone = platform::to_utf8(load_string(636)) + "\r\nfield_notes\r\n";
+    EXPECT_NE(std::string::npos, read(context->placement.log_path).find(gone));
+}
+
+TEST_F(sample_bundle, a_service_for_items_that_is_told_twice_counts_twice_and_one_for_elements_once) {
+    start(true);
+    const size_t once = services.size();
+    collect_resave_services(services);
+    EXPECT_EQ(2 * once, services.size());
+    resave_entity_services of_elements;
+    for (int told = 0; told < 2; ++told) collect_resave_entity_services(of_elements);
+    EXPECT_EQ(1U, of_elements.size());
+}
+
+TEST_F(sample_bundle, an_item_that_is_left_out_counts_for_the_common_top_all_the_same) {
+    start(true);
+    pin({u"Above", u"C:\\prj\\relief.tif"});
+    builder.model.scenes_2d.at(0)->at(0)->file = write(u"C:\\prj\\field\\r.tif");
+    unticked = {u"Above"};
+    settings.structure_variant = from_common_top;
+    settings.consider_project_file = false;
+    run();
+    EXPECT_EQ(u"N:\\out\\prj\\field\\r.tif", copied(0).file) << "and not in field alone";
+}
+
 TEST_F(sample_bundle, with_a_folder_for_each_scene_no_service_is_asked_to_save) {
     start(true);
     settings.structure_variant = folder_per_scene;
@@ -126,23 +158,6 @@ TEST_F(sample_bundle, a_main_file_whose_name_is_taken_is_not_copied_and_what_bel
     EXPECT_TRUE(path_exists(u"N:\\out\\notes\\quarry.csv"));
 }
 
-TEST_F(sample_bundle, a_copy_that_fails_is_reported_by_name_and_the_others_go_on) {
-    struct : forwarding_system {
-        bool copy_file(const wide_string& from, const wide_string& to, bool replace) override {
-            return !from.ends_with(u"quarry.csv") && forwarding_system::copy_file(from, to, replace);
-        }
-    } faults;
-    start(true);
-    settings.write_log = true;
-    unticked = {u"Well"};
-    const platform::system_override in_force(faults);
-    run();
-    EXPECT_EQ(texts{u"Layouts: Copy error quarry.csv\n"}, problems);
-    EXPECT_NE(std::string::npos, read(context->placement.log_path).find("quarry.csv"));
-    EXPECT_TRUE(path_exists(u"N:\\out\\notes\\bridge.txt"));
-    EXPECT_TRUE(path_exists(u"N:\\out\\notes\\pics\\a.jpg"));
-}
-
 class sketches : public sample_bundle {
 protected:
     sketches() {
@@ -174,24 +189,19 @@ TEST_F(sketches, what_a_sketch_is_drawn_over_comes_with_it_if_the_person_agrees)
     EXPECT_EQ(u"Plan", copied(0).caption);
 }
 
-TEST_F(sketches, go_where_the_structure_wants_them_and_one_drawing_is_copied_once) {
-    builder.layer("sample_sketch_lr2d", u"Plan again", u"C:\\prj\\plan.sketch");
-    builder.layer("sample_sketch_lr2d", u"Blank", {});
-    const wide_string folders[] = {u"sketches\\", u"", u"", u"prj\\", u"Area\\prj\\"};
-    for (uint32_t structure = by_type; structure <= folder_per_scene; ++structure) {
-        SCOPED_TRACE(structure);
-        settings.structure_variant = structure;
-        settings.delete_lost_sources = structure % 2 == 1;
-        clear_output();
-        run();
-        const wide_string place = n + u"out\\" + folders[structure] + u"plan.sketch";
-        for (const wide_string& file : {place, place + u".legend"}) EXPECT_TRUE(path_exists(file));
-        EXPECT_EQ(3U, files().size()) << "and the relief";
-        EXPECT_EQ(place, copied(1).file);
-        EXPECT_EQ(place, copied(2).file);
-        EXPECT_EQ(settings.delete_lost_sources ? 3U : 4U, copy->scenes_2d.at(0)->count()) << "the blank one";
-        EXPECT_EQ(texts{}, problems);
-    }
+TEST_F(sketches, without_a_new_name_nothing_is_copied_and_both_kinds_are_told_an_empty_one) {
+    pin({u"Quarry", u"C:\\prj\\field\\quarry.txt"});
+    settings.structure_variant = 7; // there is no such structure
+    settings.write_log = true;
+    run();
+    EXPECT_EQ(u"", copied(1).file);
+    EXPECT_EQ(texts{u"Quarry > "}, notes());
+    EXPECT_EQ(std::vector<std::string>{"new_log.txt"}, files());
+    for (const char* named : {"C:\\prj\\field\\quarry.txt", ""}) // the item with its path, the sketch without
+        EXPECT_NE(std::string::npos,
+                  read(context->placement.log_path)
+                      .find(platform::to_utf8(load_string(603)) + "\r\n" + named + "\r\n"));
+    EXPECT_EQ(texts{}, problems);
 }
 
 TEST_F(sketches, one_that_is_lost_leaves_and_half_a_copy_is_taken_away_again) {

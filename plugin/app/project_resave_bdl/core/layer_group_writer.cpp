@@ -14,7 +14,6 @@ layer_group_writer::layer_group_writer(project_context& run,
     : context(run) {
     for (const auto& unit : units)
         if (unit) unit_of.try_emplace(uuid_to_text(unit->uuid()), unit.get());
-    unit_of.erase(wide_string());
 }
 
 void layer_group_writer::write(vs_lr_group* group) {

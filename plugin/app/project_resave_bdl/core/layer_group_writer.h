@@ -24,7 +24,7 @@ private:
     bool has_selected_layer(vs_lr_group* group);
 
     project_context& context;
-    std::unordered_map<wide_string, Tvs_resave_unit*> unit_of; // the first unit of a uuid
+    std::unordered_map<wide_string, Tvs_resave_unit*> unit_of; // the first unit of a uuid, or of none
     std::unordered_map<vs_lr_group*, bool> holds_selected;
 };
 

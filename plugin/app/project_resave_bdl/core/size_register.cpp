@@ -1,6 +1,7 @@
 #include "core/size_register.h"
 
 #include <algorithm>
+#include <ranges>
 
 #include "core/selection_register.h"
 #include "framework/visitors.h"
@@ -107,6 +108,11 @@ void size_register::set_uuid_selected(const wide_string& uuid, bool selected) {
     bool is_new = false;
     for (const wide_string& path : row->second.bare_paths) entry_of(path, is_new);
     if (on_changed) on_changed();
+}
+
+std::vector<wide_string> size_register::known_paths() const {
+    const auto paths = std::views::keys(files);
+    return {paths.begin(), paths.end()};
 }
 
 void size_register::clear() {

@@ -35,6 +35,8 @@ public:
 
     void set_uuid_selected(const wide_string& uuid, bool selected);
     double total_kb() const { return total_kb_; }
+    // All that was entered, each spelling once, in no order.
+    std::vector<wide_string> known_paths() const;
     // Forgets all paths and the stack; keeps the callback and does not call it.
     void clear();
     // Called after each change of a known uuid's state; may be empty.

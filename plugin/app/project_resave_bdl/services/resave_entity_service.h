@@ -6,7 +6,8 @@
 // library. Who calls: the resave, on the user-interface thread, with elements of the private copy it works
 // on, never with those of the host's open project. Elements and lists are borrowed for the call; indexes run
 // from 0; texts are told during the call. A service must not call back into the run. A count of more than a
-// million is taken for a fault of the service: there are none then, and a resave reports the element.
+// million is taken for a fault of the service: there are none then. Of references and files a resave reports
+// the element; of kinds the claim is dropped without a record.
 #pragma once
 
 #include "framework/visitors.h"

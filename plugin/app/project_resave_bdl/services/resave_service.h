@@ -1,8 +1,8 @@
 // How another bundle's data takes part in a resave: a flat list of items, each of which may have files.
 //
 // Who implements: a bundle, as a referent that is registered under "vestra/resave_project" and ends with its
-// library. Who calls: the resave, while a project is loaded, and never between the release of a project and
-// the next set_project. Indexes run from 0; texts and lists are told during the call. A service must not call
+// library. Who calls: the resave, while a project is loaded, and between the release of a project and the next
+// set_project for nothing but the caption. Indexes run from 0; texts and lists are told during the call. A service must not call
 // back into the run.
 #pragma once
 
@@ -15,7 +15,8 @@ public:
     static constexpr const char* name = "vs_resave_service_interface_5";
     // Binds to the private copy that the resave works on, not to the host's open project; null unbinds.
     virtual void set_project(vs_prj*) {}
-    // Name of the service in the log and in the report.
+    // Name of the service in the log and in the report. It may be asked before set_project too, when the
+    // project before has ended: it must not read the project then.
     virtual void caption(string_visitor) {}
     // Caption of the progress window while the service is saved.
     virtual void progress_caption(string_visitor) {}

@@ -1,0 +1,79 @@
+#include "apps/vestra_resave/project_files.h"
+
+#include <algorithm>
+#include <unordered_map>
+#include <unordered_set>
+
+#include "apps/vestra_resave/elements.h"
+#include "apps/vestra_resave/figures.h"
+#include "core/path_files.h"
+#include "core/paths.h"
+#include "platform/system.h"
+
+namespace vestra::command {
+
+using namespace vs::project_resave;
+
+namespace {
+
+class project_files {
+public:
+    explicit project_files(project_context& context) {
+        for (const wide_string& path : context.sizes.known_paths()) add(path);
+        add_references(elements_of(context));
+    }
+    bool hold(const wide_string& path) const;
+
+private:
+    void add(const wide_string& path);
+    void add_references(const std::vector<element>& elements);
+
+    platform::system& system = platform::current_system();
+    std::unordered_set<wide_string> keys;
+    // Only files of one size can be the same, so few are compared.
+    std::unordered_map<uint64_t, std::vector<wide_string>> of_size;
+};
+
+void project_files::add(const wide_string& path) {
+    if (!keys.insert(path_key(path)).second) return;
+    if (system.kind_of(path) != platform::entry_kind::folder) {
+        of_size[system.file_size(path)].push_back(path);
+        return;
+    }
+    for (const platform::tree_entry& entry : platform::list_tree(system, path))
+        if (!entry.is_folder) add(entry.path);
+}
+
+// Joined tables, and layers of types that nothing resaves, have no sizes.
+void project_files::add_references(const std::vector<element>& elements) {
+    for (const element& each : elements) {
+        if (each.exists.value_or(false)) add(each.file);
+        add_references(each.children);
+    }
+}
+
+bool project_files::hold(const wide_string& path) const {
+    if (keys.contains(path_key(path))) return true;
+    const auto row = of_size.find(system.file_size(path));
+    return row != of_size.end() && std::ranges::any_of(row->second, [&](const wide_string& known) {
+               return system.same_file(known, path);
+           });
+}
+
+} // namespace
+
+bool would_replace_project_file(const std::vector<wide_string>& paths, project_context& context) {
+    std::vector<wide_string> standing;
+    std::ranges::copy_if(paths, std::back_inserter(standing), &path_exists);
+    if (standing.empty()) return false; // the usual case, in which no file of the project is looked at
+    const project_files files(context);
+    bool is_one = false;
+    for (const wide_string& path : standing) {
+        if (!files.hold(path)) continue;
+        complain(one_line(path) + ": a file of the project cannot be written over");
+        is_one = true;
+    }
+    return is_one;
+}
+
+} // namespace vestra::command
