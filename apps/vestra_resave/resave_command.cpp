@@ -2,6 +2,7 @@
 
 #include "apps/vestra_resave/figures.h"
 #include "apps/vestra_resave/output_file.h"
+#include "apps/vestra_resave/project_files.h"
 #include "apps/vestra_resave/resave_plan.h"
 #include "apps/vestra_resave/resave_report.h"
 #include "apps/vestra_resave/verification.h"
@@ -67,7 +68,7 @@ std::optional<int> run(session& host, const resave_wish& wish, const common_opti
     const std::vector<std::string> complaints =
         apply(wish.selection, elements_of(context), context.selection);
     for (const std::string& line : complaints) complain(line);
-    if (!complaints.empty()) return wrong_use;
+    if (!complaints.empty() || would_replace_project_file({target}, context)) return wrong_use;
 
     const wide_string folder = path_head(target);
     const std::vector<wide_string> made = missing_levels(folder);

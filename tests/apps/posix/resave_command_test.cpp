@@ -94,6 +94,7 @@ TEST_F(resave_command, the_exit_code_tells_how_it_went_and_the_error_output_why)
         {"resave 'C:\\prj\\bad._vp'" + to, 2, {"C:\\prj\\bad._vp:2: "}},
         {a + "'N:\\out'", 2, {"N:\\out: it is a folder"}},
         {a + "''", 2, {"needs a folder"}},
+        {poor.substr(0, poor.size() - to.size()) + " 'C:\\p.tif'", 2, {"C:\\p.tif"}},
         {a + "N:new._vp", 2, {"N:new._vp: the new project needs a folder"}},
         {a + "'N:\\file\\new._vp'", 3, {"cannot create the folder N:\\file\\"}},
         {a + "'N:\\out\\" + string(300, 'x') + "' --quiet", 3, {"Error! The project is not saved!\n"}},
