@@ -36,8 +36,8 @@ protected:
             for (const auto& [path, state] : state_of(native(name))) {
                 const auto row = old.find(path);
                 if (state.is_folder || (row != old.end() && row->second.written == state.written)) continue;
-                string place = name + ":/" + path;
-                place[0] = static_cast<char>(std::toupper(place[0]));
+                string place = name;
+                place.append(":/").append(path);
                 std::ranges::replace(place, '/', '\\');
                 written.insert(with_size(platform::from_utf8(place), state.bytes.size()));
             }
@@ -95,7 +95,8 @@ TEST_P(dry_run_of_sample, says_file_by_file_what_the_run_does) {
     for (const string& arguments : {plain, full}) {
         remove_tree(u"N:\\out");
         for (const string state : {"empty", "in the way", "again"}) {
-            SCOPED_TRACE(arguments + ", " + state);
+            SCOPED_TRACE(arguments);
+            SCOPED_TRACE(state);
             if (state == "in the way") {
                 remove_tree(u"N:\\out");
                 for (const wide_string folder : {u"shp", u"maps", u"prj\\maps", u"Geology\\prj\\maps"})
