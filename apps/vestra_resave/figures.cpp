@@ -1,10 +1,7 @@
 #include "apps/vestra_resave/figures.h"
 
-#include <algorithm>
 #include <array>
 #include <cstdio>
-
-#include "reference_host/shell/terminal_front_end.h"
 
 namespace vestra::command {
 
@@ -17,13 +14,6 @@ std::string size_text(uint64_t bytes) {
     std::array<char, 32> text{};
     std::snprintf(text.data(), text.size(), "%.1f %s", value, units[unit]);
     return text.data();
-}
-
-std::string one_line(vs::project_resave::wide_view text) {
-    std::string line = shell::printable(text);
-    std::replace_if(
-        line.begin(), line.end(), [](char c) { return c == '\n' || c == '\t'; }, ' ');
-    return line;
 }
 
 } // namespace vestra::command

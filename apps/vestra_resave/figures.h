@@ -4,14 +4,13 @@
 #include <cstdint>
 #include <string>
 
-#include "platform/wide_string.h"
+#include "reference_host/shell/terminal_front_end.h"
 
 namespace vestra::command {
 
 // "0 B", "512 B", "1.5 KB", "12.3 MB", in steps of 1024.
 std::string size_text(uint64_t bytes);
 
-// The text in UTF-8, on one line and without signs that steer a terminal.
-std::string one_line(vs::project_resave::wide_view text);
+using shell::one_line;
 
 } // namespace vestra::command

@@ -108,13 +108,19 @@ void panel_commands::show_part(const std::string& name) {
 }
 
 const element_view* panel_commands::wanted(const std::string& name, bool (*is_meant)(const element_view&)) {
-    const element_view* found = find_named(view_, name);
-    if (!found || !is_meant(*found))
+    auto found = all_named(view_, name);
+    std::erase_if(found, [&](const element_view* each) { return !is_meant(*each); });
+    if (found.empty()) {
         refuse("no such element: \"" + name + "\"; there are:" + names_of(view_, is_meant));
-    else if (is_meant != &is_any && !is_within_reach(view_, *found))
-        refuse(found->name + " is disabled");
-    else
-        return found;
+    } else if (found.size() > 1) {
+        std::string names;
+        for (const element_view* each : found) names += ' ' + each->name;
+        refuse("several elements are called so: \"" + name + "\"; there are:" + names);
+    } else if (is_meant != &is_any && !is_within_reach(view_, *found.front())) {
+        refuse(found.front()->name + " is disabled");
+    } else {
+        return found.front();
+    }
     return nullptr;
 }
 
@@ -139,9 +145,10 @@ void panel_commands::set(const std::string& words) {
             rows, [&](const wide_string& each) { return platform::compare_no_case(each, choice) == 0; });
         is_taken = row != rows.end() && choose(*element, static_cast<std::uint32_t>(row - rows.begin()));
     }
-    const std::string name = element->name;
+    std::string refusal = element->name + " does not take this";
+    if (!element->choices.empty()) refusal += "; there are: " + choices_of(*element);
     print_changes(before);
-    if (!is_taken) refuse(name + " does not take this");
+    if (!is_taken) refuse(refusal);
 }
 
 bool panel_commands::set_first_field(const std::string& path) {

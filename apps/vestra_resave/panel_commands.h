@@ -43,7 +43,8 @@ private:
 
     void look();
     void refuse(const std::string& reason);
-    // The element, or a refusal that names those for which `is_meant` holds.
+    // The one of this name, or of this caption and kind; or a refusal that names those for which `is_meant`
+    // holds.
     const toolkit::element_view* wanted(const std::string& name,
                                         bool (*is_meant)(const toolkit::element_view& view));
     void press_window_button(std::int32_t code);

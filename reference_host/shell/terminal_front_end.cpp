@@ -68,6 +68,13 @@ std::string printable(wide_view text) {
     return platform::to_utf8(safe);
 }
 
+std::string one_line(wide_view text) {
+    std::string line = printable(text);
+    std::ranges::replace_if(
+        line, [](char c) { return c == '\n' || c == '\t'; }, ' ');
+    return line;
+}
+
 terminal_front_end::terminal_front_end(platform::terminal& terminal, terminal_options options)
     : terminal_(terminal), options_(std::move(options)) {}
 

@@ -14,6 +14,8 @@ namespace vestra::shell {
 
 // The text in UTF-8 for a screen: a name in it could hold signs that steer the terminal.
 std::string printable(wide_view text);
+// The same on one line.
+std::string one_line(wide_view text);
 
 struct terminal_options {
     bool quiet = false; // progress, messages and warnings stay away; errors and questions do not

@@ -4,12 +4,13 @@
 #include <map>
 
 #include "platform/text.h"
+#include "reference_host/shell/terminal_front_end.h"
 
 namespace vestra::toolkit {
 
+using shell::one_line;
 using vs::project_resave::platform::compare_no_case;
 using vs::project_resave::platform::from_utf8;
-using vs::project_resave::platform::to_utf8;
 
 namespace {
 
@@ -42,7 +43,7 @@ public:
                 name(child);
                 continue;
             }
-            child.name = to_utf8(wide_view(child.id).substr(start));
+            child.name = one_line(wide_view(child.id).substr(start));
             naming inside(child.name + '/');
             for (element_view& content : child.children) inside.name(content);
         }
@@ -85,20 +86,31 @@ void describe_text(std::string& out, const wide_string& text, const std::string&
     const std::string before_line = text.find(u'\n') == wide_string::npos ? " " : "\n" + inner;
     for (std::size_t begin = 0; begin < text.size();) {
         const std::size_t end = std::min(text.find(u'\n', begin), text.size());
-        out += before_line + to_utf8(wide_view(text).substr(begin, end - begin));
+        out += before_line + shell::printable(wide_view(text).substr(begin, end - begin));
         begin = end + 1;
     }
+}
+
+void describe_mode(std::string& out, const element_view& view) {
+    constexpr const char* asks_for[] = {"source project", "text file", "new file", "folder"}; // by mode
+    if (!view.mode) return;
+    const auto mode = static_cast<std::size_t>(*view.mode);
+    out += std::string(" (") + (mode < std::size(asks_for) ? asks_for[mode] : "unknown mode");
+    if (!view.filter.empty()) out += ": " + one_line(view.filter);
+    out += ')';
 }
 
 void describe(std::string& out, const element_view& view, const std::string& indent, bool is_shown_page) {
     if (!view.visible) return;
     out += indent;
     if (!view.name.empty()) out += view.name + ": ";
-    out += sign_of(view.check) + to_utf8(view.kind);
-    if (!view.caption.empty()) out += " \"" + to_utf8(view.caption) + '"';
+    out += sign_of(view.check) + one_line(view.kind);
+    if (!view.caption.empty()) out += " \"" + one_line(view.caption) + '"';
     for (const button_view& button : view.buttons)
-        out += " [" + std::to_string(button.code) + ' ' + to_utf8(button.text) + ']';
-    if (view.current < view.choices.size()) out += ' ' + to_utf8(view.choices[view.current]);
+        out += " [" + std::to_string(button.code) + ' ' + one_line(button.text) + ']';
+    if (view.current < view.choices.size()) out += ' ' + one_line(view.choices[view.current]);
+    if (!view.choices.empty()) out += " (" + choices_of(view) + ')';
+    describe_mode(out, view);
     if (is_shown_page) out += " (shown)";
     if (!view.enabled) out += " (disabled)";
     const std::string inner = indent + "  ";
@@ -113,16 +125,27 @@ void describe(std::string& out, const element_view& view, const std::string& ind
 
 void name_elements(element_view& root) { naming({}).name(root); }
 
-const element_view* find_named(const element_view& root, const std::string& name) {
+std::string choices_of(const element_view& dropdown) {
+    std::string all;
+    for (const wide_string& choice : dropdown.choices) all += (all.empty() ? "" : " | ") + one_line(choice);
+    return all;
+}
+
+std::vector<const element_view*> all_named(const element_view& root, const std::string& name) {
     std::vector<const element_view*> found;
     collect(
         root, [&](const element_view& view) { return view.name == name && !name.empty(); }, found);
-    if (!found.empty()) return found.front();
+    if (!found.empty()) return {found.front()};
     const wide_string caption = from_utf8(name);
     const auto bears_caption = [&](const element_view& view) {
         return !view.name.empty() && compare_no_case(view.caption, caption) == 0;
     };
     collect(root, bears_caption, found);
+    return found;
+}
+
+const element_view* find_named(const element_view& root, const std::string& name) {
+    const auto found = all_named(root, name);
     return found.size() == 1 ? found.front() : nullptr;
 }
 

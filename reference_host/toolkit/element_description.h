@@ -11,16 +11,22 @@ namespace vestra::toolkit {
 // is built the same.
 void name_elements(element_view& root);
 
-// The element of this name, or, where no name fits, the one whose caption it is, in any letter case. Null if
-// there is none, or several of the caption.
+// The element of this name, or, where no name fits, those that have a name and whose caption it is, in any
+// letter case.
+std::vector<const element_view*> all_named(const element_view& root, const std::string& name);
+// The only one of these; null if there is none, or several.
 const element_view* find_named(const element_view& root, const std::string& name);
 
 // The row of "NAME/ROW/ROW...", where a ROW is the number that the description shows or, where no row has it,
 // a text. `outline` is the element it stands in. Null if there is none.
 const row_view* find_row(const element_view& root, const std::string& path, const element_view*& outline);
 
+// The rows of a dropdown: "None | Tab".
+std::string choices_of(const element_view& dropdown);
+
 // One line for each element, indented by depth, led by its name if it has one, with the lines of a long text
-// and the rows of an outline below it; in UTF-8. What is not visible is left out.
+// and the rows of an outline below it; in UTF-8, without signs that steer a terminal. What is not visible is
+// left out.
 std::string described(const element_view& root);
 
 } // namespace vestra::toolkit

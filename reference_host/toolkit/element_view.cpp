@@ -4,7 +4,6 @@
 #include "host/toolkit/button_box.h"
 #include "host/toolkit/checkbox.h"
 #include "host/toolkit/dropdownex.h"
-#include "host/toolkit/file_input.h"
 #include "host/toolkit/grid_layout.h"
 #include "host/toolkit/groupbox.h"
 #include "host/toolkit/label.h"
@@ -49,6 +48,8 @@ void add_field(element_view& view) {
     if (!field) return;
     view.caption = told<&border::file_input_impl::button_caption>(field);
     view.text = told<&border::file_input_impl::text>(field);
+    view.mode = call<&border::file_input_impl::mode>(field);
+    view.filter = told<&border::file_input_impl::filter>(field);
 }
 
 void add_button(element_view& view) {

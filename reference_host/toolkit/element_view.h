@@ -5,10 +5,12 @@
 #pragma once
 
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "host/toolkit/docker.h"
+#include "host/toolkit/file_input.h"
 #include "reference_host/model/text.h"
 #include "reference_host/toolkit/outline_view.h"
 
@@ -31,6 +33,8 @@ struct element_view {
     bool visible = true;
     wide_string caption; // of what has words of its own beside its content
     wide_string text;    // the content of a field; a figure with its unit; a hint
+    std::optional<vs::project_resave::file_input_mode> mode; // of a field
+    wide_string filter;                                      // of a field
     mark check = mark::none;
     std::vector<button_view> buttons;   // of a button box
     std::vector<wide_string> choices;   // of a dropdown

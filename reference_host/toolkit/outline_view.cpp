@@ -2,7 +2,7 @@
 
 #include "host/toolkit/tool.h"
 #include "host/toolkit/toolbar.h"
-#include "platform/text.h"
+#include "reference_host/shell/terminal_front_end.h"
 #include "reference_host/toolkit/element_view.h"
 #include "reference_host/toolkit/told.h"
 
@@ -83,8 +83,8 @@ void describe_rows(std::string& out, const std::vector<row_view>& rows, const st
     for (std::size_t index = 0; index < rows.size(); ++index) {
         const row_view& row = rows[index];
         const std::string row_path = (path.empty() ? path : path + '/') + std::to_string(index + 1);
-        out += indent + row_path + marks[static_cast<std::size_t>(row.check)] + ' ' +
-               border::platform::to_utf8(row.text);
+        out +=
+            indent + row_path + marks[static_cast<std::size_t>(row.check)] + ' ' + shell::one_line(row.text);
         if (!row.valid) out += " (invalid)";
         if (row.highlighted) out += " (highlighted)";
         if (!row.expanded) out += " (collapsed)";

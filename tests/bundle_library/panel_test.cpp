@@ -1,4 +1,5 @@
 // The main panel through the library's tables: what is loaded and when, what is refused, and how it ends.
+#include "framework/bundle_entry.h"
 #include "reference_host/model/counted.h"
 #include "tests/bundle_library/panel_fixture.h"
 #include "tests/support/forwarding_system.h"
@@ -36,6 +37,22 @@ TEST_F(panel, the_window_opens_in_the_users_language_with_one_button_that_runs_a
     EXPECT_TRUE(script.events.empty()) << "no project and no path: the button does nothing";
 }
 
+TEST_F(panel, the_library_announces_its_factories_in_the_order_that_hosts_rely_on) {
+    struct recording_context final : bundle_context_impl {
+        void register_factory(const char16_t* id, service_factory_pointer) override { ids.emplace_back(id); }
+        texts ids;
+    } announced_to;
+    using vestra::shell::bundle_loader;
+    wide_string reason;
+    const auto library =
+        platform::library::open(platform::library_beside_program(u"vsk_project_resave_bdl"), reason);
+    ASSERT_TRUE(library);
+    interface_to<bundle_impl> found;
+    reinterpret_cast<bundle_loader::entry_function>(library->symbol(bundle_loader::entry_name))(&found, this);
+    call<&bundle_impl::start>(found, pointer_to<bundle_context_impl>(announced_to));
+    EXPECT_EQ((texts{u"", u"vestra/app/project_resave_app", u"", u"", u"", u""}), announced_to.ids);
+}
+
 TEST_F(panel, the_hosts_own_project_can_be_loaded_only_if_it_has_a_whole_path) {
     const std::pair<wide_view, bool> table[] = {
         {u"C:\\prj\\area._vp", true}, {u"\\\\server\\share\\area._vp", true},
@@ -62,13 +79,18 @@ TEST_F(panel, load_current_reads_a_private_copy_and_leaves_the_hosts_project_alo
     open();
     EXPECT_EQ(u"", text("field1")) << "nothing is loaded by itself";
     EXPECT_EQ(texts{}, rows("scn2d/list1"));
+    // Loaded even where the path of the new project is the same; but never written over.
+    ASSERT_TRUE(enter("prj/field1", u"c:\\PRJ\\Area._VP")) << "there is no source yet";
+    script.events.clear();
     ASSERT_TRUE(press("button1"));
+    EXPECT_EQ(texts{}, warnings());
     EXPECT_EQ(source, text("field1"));
     EXPECT_EQ(4U, rows("scn2d/list1").size());
     EXPECT_EQ(&in_host.project, vestra::shell::settings().open_project);
     EXPECT_EQ(0U, in_host.project.scenes_2d.count());
-    // Loaded even where the path of the new project is the same; but never written over.
     const tree_state files = state_of(native("c"));
+    run();
+    EXPECT_EQ(std::vector{same_name}, warnings());
     EXPECT_FALSE(enter("prj/field1", u"c:\\PRJ\\area._vp"));
     ASSERT_TRUE(enter("prj/field1", u"C:/prj/sub/../AREA._vp"));
     ASSERT_TRUE(press("button1"));
@@ -109,10 +131,40 @@ TEST_F(panel, a_load_that_fails_empties_the_field_and_what_was_loaded_is_gone) {
     EXPECT_EQ(texts{u"Failure load project"}, errors());
     EXPECT_EQ(u"", text("field1"));
     EXPECT_EQ(texts{}, rows("scn2d/list1"));
-    EXPECT_TRUE(enter("prj/field1", u"C:\\prj\\absent._vp")) << "compared with no source at all";
+    for (const wide_string& path : {source, wide_string(u"C:\\prj\\absent._vp"), wide_string()})
+        EXPECT_TRUE(enter("prj/field1", path)) << "compared with no source at all";
     EXPECT_FALSE(enter("field1", u""));
     ASSERT_TRUE(enter("field1", source));
     EXPECT_EQ(4U, rows("scn2d/list1").size());
+}
+
+TEST_F(panel, another_project_leaves_no_row_no_mark_and_no_size_of_the_one_before) {
+    const wide_string other = u"C:\\prj\\other._vp";
+    open_on_sample();
+    const auto size = [this] { return vestra::toolkit::find(window->look(), u"label_ex")->text; };
+    const wide_string whole = size();
+    project_builder()
+        .scene_2d(u"Area")
+        .layer("rtr_lr2d", u"East", write(u"C:\\a\\relief.tif", std::string(2048, 'x')))
+        .save(other);
+    ASSERT_TRUE(highlight_row("scn2d/list1/Geology"));
+    ASSERT_TRUE(check_row("scn2d/list1/Geology", false));
+    ASSERT_TRUE(check_row("dbf/list1/Owners", false));
+    ASSERT_TRUE(enter("field1", other));
+    EXPECT_EQ(texts{u"Area"}, rows("scn2d/list1"));
+    EXPECT_EQ(texts{u"East"}, rows("scn2d/list2"));
+    for (const char* page : {"scn3d", "dbf", "tos", "layout", "well", "correlation", "plugin"}) {
+        EXPECT_FALSE(at(page).enabled) << page;
+        EXPECT_EQ(texts{}, rows(page + std::string("/list1")));
+    }
+    const wide_string after_another = size();
+    ASSERT_TRUE(enter("field1", source));
+    EXPECT_EQ((texts{u"Overview", u"Geology", u"Section 1", u"Empty scene"}), rows("scn2d/list1"));
+    EXPECT_EQ((texts{u"Deposits", u"Owners", u"Core samples"}), rows("dbf/list1"));
+    EXPECT_EQ(whole, size());
+    close();
+    open_on(other);
+    EXPECT_EQ(size(), after_another);
 }
 
 TEST_F(panel, a_window_that_goes_takes_the_project_along_and_comes_back_empty_with_its_options) {
@@ -201,6 +253,7 @@ TEST_F(panel, while_a_run_waits_nothing_else_begins_and_a_closed_window_takes_ef
             .layer("rtr_lr2d", u"East", write(u"C:\\a\\relief.tif"))
             .layer("rtr_lr2d", u"West", write(u"C:\\b\\relief.tif"))
             .save(source);
+        const opened in_host(u"C:\\prj\\other._vp");
         open_on(source);
         ASSERT_TRUE(enter("prj/field1", output));
         ASSERT_TRUE(check("prj/check2", false));
@@ -211,6 +264,7 @@ TEST_F(panel, while_a_run_waits_nothing_else_begins_and_a_closed_window_takes_ef
             const auto before = script.events.size();
             EXPECT_FALSE(press_below(2));
             EXPECT_FALSE(enter("field1", source));
+            EXPECT_TRUE(press("button1")) << "it can be pressed, and does nothing";
             EXPECT_EQ(source, text("field1"));
             if (closes) call<&docker_impl::set_parent>(content.get(), identity_pointer());
             EXPECT_EQ(2U, rows("scn2d/list2").size()) << "the run still needs them";

@@ -16,6 +16,15 @@ protected:
             all += is_checked(page + "/check" + std::to_string(box)) ? '1' : '0';
         return all;
     }
+    // The marks of an outline from top to bottom: "x" checked, "." not, "~" in part.
+    std::string marks(const std::string& outline) {
+        std::string all;
+        for (const wide_string& row : rows(outline)) {
+            const char16_t sign = row[row.find_first_not_of(u' ')];
+            all += sign == u'-' ? '.' : sign == u'~' ? '~' : 'x';
+        }
+        return all;
+    }
     // Bytes of all files of the new folder, by path.
     std::map<std::string, std::string> written() const {
         std::map<std::string, std::string> all;
@@ -39,6 +48,25 @@ TEST_F(tabs, the_options_begin_with_their_defaults) {
     EXPECT_EQ(1U, at("struct/choice1").current);
     EXPECT_TRUE(is_checked("scns_xml/radio1"));
     EXPECT_FALSE(is_checked("scns_xml/radio2"));
+}
+
+TEST_F(tabs, each_field_asks_the_user_for_what_belongs_in_it) {
+    const wide_string project_files = u"Vestra project file (*._vp)|*._vp";
+    const struct {
+        const char* field;
+        file_input_mode mode;
+        wide_string filter, button;
+    } table[] = {{"field1", file_input_mode{0}, project_files, u"Select project"},
+                 {"prj/field1", file_input_mode{2}, project_files, u"Select new project"},
+                 {"struct/field1", file_input_mode{1}, u"Text file (*.txt)|*.txt", u""},
+                 {"scns_xml/field1", file_input_mode{3}, u"", u""}};
+    open();
+    for (const auto& row : table) {
+        const element_view& field = at(row.field);
+        EXPECT_EQ(row.mode, field.mode) << row.field;
+        EXPECT_EQ(row.filter, field.filter) << row.field;
+        EXPECT_EQ(row.button, field.caption) << row.field;
+    }
 }
 
 TEST_F(tabs, what_needs_another_option_brings_it_along_and_goes_with_it) {
@@ -161,6 +189,42 @@ TEST_F(tabs, what_is_unchecked_stays_out_of_the_copy_and_the_source_comes_back_i
     EXPECT_EQ(2U, copy.tables.count());
     EXPECT_EQ(source, text("field1"));
     EXPECT_EQ((texts{u"Overview", u"Geology", u"Section 1", u"Empty scene"}), rows("scn2d/list1"));
+}
+
+TEST_F(tabs, clicks_and_tools_mark_the_layers_of_a_scene_as_the_user_means_them) {
+    const struct {
+        char event; // a row is (h)ighlighted, (n)ot any more, (c)hecked, (u)nchecked; a tool is (p)ressed
+        const char* on;
+        const char *scenes, *layers; // from top to bottom: x checked, . not, ~ in part
+    } table[] = {
+        {'u', "scn2d/list2/1/Roads", "xxxx", "~.xxxxxx.xxxxxxx"},
+        {'p', "scn2d/tool7", "xxxx", "~x.............."}, // invert
+        {'h', "scn2d/list2/Services", "xxxx", "~x.............."},
+        {'h', "scn2d/list2/Notes", "xxxx", "~x.............."},
+        {'c', "scn2d/list2/Services/Springs", "xxxx", "~x.......xxxx..."}, // for all that are highlighted
+        {'c', "scn2d/list2/1/4", "xxxx", "~x..xxxx.xxxx..."},              // for itself
+        {'u', "scn2d/list2/Notes", "xxxx", "~x..xxxx........"},
+        {'n', "scn2d/list2/Notes", "xxxx", "~x..xxxx........"},
+        {'c', "scn2d/list2/Notes", "xxxx", "~x..xxxx....x..."},
+        {'u', "scn2d/list1/Overview", ".xxx", "................"},
+        {'p', "scn2d/tool8", "xxxx", "~xxx~x.x.~.xxxxx"}, // as visible in the scene
+        {'p', "scn2d/tool6", "xxxx", "................"}, // none
+        {'p', "scn2d/tool2", "....", "................"}, // no scene
+        {'p', "scn2d/tool3", "xxxx", "xxxxxxxx.xxxxxxx"}, // scenes inverted
+        {'p', "tool2", "....", "................"},       // nothing on any page
+        {'p', "scn2d/tool5", "x...", "xxxxxxxx.xxxxxxx"}, // all of this scene
+    };
+    open_on_sample();
+    for (const auto& row : table) {
+        const bool on = row.event == 'h' || row.event == 'c';
+        if (row.event == 'p')
+            EXPECT_TRUE(press_tool(row.on));
+        else
+            EXPECT_TRUE(row.event == 'h' || row.event == 'n' ? highlight_row(row.on, on)
+                                                             : check_row(row.on, on));
+        EXPECT_EQ(row.scenes, marks("scn2d/list1")) << row.event << ' ' << row.on;
+        EXPECT_EQ(row.layers, marks("scn2d/list2")) << row.event << ' ' << row.on;
+    }
 }
 
 TEST_F(tabs, a_load_writes_its_log_only_if_the_box_says_so) {

@@ -258,7 +258,7 @@ TEST_F(dialogs, a_person_at_a_terminal_sees_the_conflict_and_types_another_path)
         EXPECT_EQ(row.expected.path, answer.path) << row.typed;
         EXPECT_EQ(row.refusals, errors().size()) << row.typed;
         EXPECT_NE(std::string::npos,
-                  terminal.out.find("    file_input " + platform::to_utf8(proposed) + "\n"));
+                  terminal.out.find("    file_input (new file) " + platform::to_utf8(proposed) + "\n"));
     }
 }
 

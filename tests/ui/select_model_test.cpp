@@ -148,6 +148,14 @@ TEST_F(select_model, a_click_on_one_of_several_highlighted_rows_acts_on_all_of_t
     EXPECT_EQ("..|.....", both());
 }
 
+TEST_F(select_model, a_caption_steers_no_terminal_and_looks_like_no_further_row) {
+    open();
+    project().scenes_2d.at(0)->caption = u"North\n2 [x] \u001b[2JSouth";
+    fill();
+    EXPECT_TRUE(rows(views::scenes_2d).starts_with("1 [x] North 2 [x] \ufffd[2JSouth\n"))
+        << rows(views::scenes_2d);
+}
+
 TEST_F(select_model, what_is_in_the_project_twice_is_left_out_in_both_places) {
     open();
     vestra::project& loaded = project();

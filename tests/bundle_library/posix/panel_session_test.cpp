@@ -55,9 +55,13 @@ TEST_F(panel_session, wrong_words_are_answered_with_what_there_is_and_end_with_1
         {"dance", "no command \"dance\"; there are: show set check press tab highlight run help quit"},
         {"set field9 x",
          "no such element: \"field9\"; there are: field1 prj/field1 struct/field1 struct/choice1 "},
-        {"set struct/choice1 Tabs", "struct/choice1 does not take this"},
+        {"set struct/choice1 Tabs",
+         "struct/choice1 does not take this; there are: None | Tab | Space | 4 space\n"},
         {"set field1 C:\\prj\\absent._vp", "field1 does not take this"},
         {"press button1", "button1 is disabled"},
+        {"press Выбрать все",
+         "several elements are called so: \"Выбрать все\"; there are: tool1 scn2d/tool1 "},
+        {"check DBF table", "a row is wanted, such as dbf/list1/1"},
         {"press 3", "the window has no button 3"},
         {"press", "no such element: \"\"; there are: button1 tool1 tool2 scn2d/tool1 "},
         {"check prj/radio1 off", "prj/radio1 goes off when another goes on"},
@@ -81,7 +85,8 @@ TEST_F(panel_session, wrong_words_are_answered_with_what_there_is_and_end_with_1
 
 TEST_F(panel_session, what_is_open_in_the_host_is_loaded_by_its_button_and_what_cannot_begin_ends_with_2) {
     EXPECT_EQ(0, command("--open " + project, "press \"Load current\"")) << told;
-    EXPECT_NE(std::string::npos, told.find("  field1: file_input \"Select project\" C:\\prj\\area._vp\n"));
+    EXPECT_NE(std::string::npos, told.find("  field1: file_input \"Select project\" (source project: "
+                                           "Vestra project file (*._vp)|*._vp) C:\\prj\\area._vp\n"));
     EXPECT_EQ(2, command(area + "/README.md", "quit"));
     EXPECT_EQ(2, command("--open " + area + "/README.md", "quit"));
     EXPECT_EQ(2, command("--bundle " + area + "/README.md", "quit"));

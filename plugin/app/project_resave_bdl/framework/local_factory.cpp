@@ -5,7 +5,7 @@
 
 namespace vs::project_resave {
 
-// The localizer's place is made before this object is, so that it is still there when this object ends.
+// No localizer of an earlier client stays in force.
 local_factory_impl::local_factory_impl() : custom_client_factory_impl(u"") { set_current_localizer({}); }
 
 local_factory_impl::~local_factory_impl() {

@@ -1,5 +1,6 @@
 // All that the bundle offers to the host: its static factories, in the order in which they are announced.
 #include "framework/local_factory.h"
+#include "framework/strings.h"
 #include "services/maplegs_plugin_service.h"
 #include "ui/dialog_factories.h"
 #include "ui/project_resave_app.h"
@@ -7,6 +8,11 @@
 namespace vs::project_resave {
 
 namespace {
+
+// Made before the factories, and so there until the last of them has ended: a panel that is still open when
+// the library goes shows words to its end.
+[[maybe_unused]] const localizer place_of_localizer = current_localizer();
+[[maybe_unused]] const platform::module_handle place_of_texts = platform::own_module();
 
 plain_dialog_factory plain_dialog;
 service_factory<project_resave_app>

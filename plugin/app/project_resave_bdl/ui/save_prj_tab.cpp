@@ -78,8 +78,8 @@ void save_prj_tab::get_settings(resave_settings& settings) const {
 void save_prj_tab::apply_settings(const resave_settings& settings) {
     rename_.set_checked(settings.rename_on_conflict);
     delete_lost_.set_checked(settings.delete_lost_sources);
-    for (uint32_t variant = 0; variant < variant_buttons_.size(); ++variant)
-        variant_buttons_[variant].set_checked(variant == settings.structure_variant);
+    const uint32_t variant = settings.structure_variant;
+    variant_buttons_[variant < variant_buttons_.size() ? variant : by_type].set_checked(true);
     use_project_file_.set_checked(settings.consider_project_file);
     scene_files_.set_checked(settings.save_scene_files);
     layer_files_.set_checked(settings.save_layer_files);

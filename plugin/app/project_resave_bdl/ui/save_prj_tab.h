@@ -26,7 +26,8 @@ public:
 
     // `output_path` points to the panel's text.
     void get_settings(resave_settings& settings) const;
-    // Leaves alone the path, the lower case, and the log of a load.
+    // Leaves alone the path, the lower case, and the log of a load. A structure that there is not counts as
+    // `by_type`.
     void apply_settings(const resave_settings& settings);
     uint32_t structure_variant() const;
     // Called after each change of a radio button: twice when the user presses one, for another goes off.

@@ -34,10 +34,10 @@ public:
     void load_current();
     // Releases the loaded project; while an operation runs, after it.
     void close_project();
-    // The window is there again.
-    void keep_project() { close_after_work = false; }
-    // The same without services: they go, and the panel is left to whoever still holds it.
+    // Closes it, and works without services from now on: they go, and the panel is left to whoever holds it.
     void leave_services();
+    // The window is there again: takes back a `close_project` that waits for the end of an operation.
+    void keep_project() { close_after_work = false; }
     void reset_to_defaults();
 
 private:
