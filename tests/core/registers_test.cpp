@@ -46,6 +46,7 @@ TEST_F(registers, a_shared_file_is_counted_once_and_as_long_as_somebody_needs_it
     for (const auto& step : steps) {
         selection.set_selected(step.uuid, step.on);
         EXPECT_DOUBLE_EQ(step.expected, sizes.total_kb());
+        EXPECT_EQ(step.on, selection.is_selected(step.uuid));
     }
     EXPECT_TRUE(selection.is_selected(u"never heard of"));
     selection.set_selected(u"", false);

@@ -40,6 +40,7 @@ TEST(strings, each_text_comes_in_the_hosts_language_and_falls_back_to_the_base) 
         {russian, -102, u"Закрыть"},
         {english, 10001, u"OK"},
         {russian, 40001, u"own zero"}, // one of posix/own_rows.cpp and of the resources of this program
+        {russian, 40002, u"without"},
     };
     for (const auto& row : rows) {
         const in_language language(row.language);

@@ -1,4 +1,4 @@
-// The two dialogs as a host meets them: through their services and the tables of their elements.
+// The naming dialog as a host meets it: through its service and the tables of its elements.
 #include <gtest/gtest.h>
 
 #include <optional>
@@ -20,11 +20,10 @@ namespace {
 using namespace vestra::toolkit;
 using vestra::shell::scripted_front_end;
 
-// One dialog of the bundle, offered to a host's registry.
-template <class Factory>
+// The naming dialog of the bundle, offered to a host's registry.
 struct offered {
     offered() { registry.add(u"", pointer_to<service_factory_impl>(factory), {}); }
-    Factory factory;
+    unique_name_dialog_factory factory;
     vestra::shell::service_registry registry;
 };
 
@@ -37,7 +36,7 @@ protected:
     }
     unique_name_answer ask(scripted_dialog_runner::script script) {
         scripted_dialog_runner runner(std::move(script));
-        offered<unique_name_dialog_factory> offer;
+        const offered offer;
         const dialog_connections connections(runner);
         return show_unique_name_dialog(u"D:\\gis\\source.shp", proposed);
     }
@@ -106,29 +105,12 @@ TEST_F(dialogs, only_a_path_that_was_accepted_and_is_free_reaches_the_run) {
     EXPECT_EQ(u"", late.path) << "came into being while the dialog stood open";
 }
 
-TEST_F(dialogs, a_long_report_stands_whole_in_a_field_that_scrolls_and_ok_closes_it) {
-    wide_string report, told;
-    for (int line = 0; line < 26; ++line) report += u"слой.shp: " + wide_string(200, u'x') + u"\n";
-    scripted_dialog_runner runner([&](const element_view& dialog) {
-        told = find(dialog, u"multiline_output")->text;
-        EXPECT_EQ(u"Warning!", dialog.caption);
-        const element_view& box = *find(dialog, u"button_box");
-        EXPECT_EQ(u"OK", box.buttons.at(0).text);
-        EXPECT_TRUE(press(box, box.buttons.at(0).code));
-        return box.buttons.at(0).code;
-    });
-    offered<extended_message_dialog_factory> offer;
-    const dialog_connections connections(runner);
-    show_extended_message_dialog(report);
-    EXPECT_EQ(report, told);
-}
-
 // The host never brought a runner, or lets the bundle's service go before it.
 TEST_F(dialogs, without_a_service_or_a_runner_nothing_is_shown_and_nothing_accepted) {
     scripted_dialog_runner runner([](const element_view&) { return 1; });
     const auto is_accepted = [&] { return show_unique_name_dialog(u"C:\\a.shp", proposed).accepted; };
     EXPECT_FALSE(is_accepted());
-    std::optional<offered<unique_name_dialog_factory>> offer(std::in_place);
+    std::optional<offered> offer(std::in_place);
     offer->registry.start_clients();
     EXPECT_FALSE(is_accepted());
     const dialog_connections connections(runner);
