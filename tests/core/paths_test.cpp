@@ -32,11 +32,9 @@ TEST(paths, a_name_falls_into_head_stem_and_extension) {
         {"dot of a folder", path_stem(u"C:\\x.y\\a") + u"|" + path_extension(u"C:\\x.y\\a"), u"a|"},
         {"only dot in front", path_stem(u"C:\\.tif") + u"|" + path_extension(u"C:\\.tif"), u".tif|"},
         {"replaced", path_replace_extension(u"C:\\a\\b.tif", u"pj4"), u"C:\\a\\b.pj4"},
-        {"taken off", path_replace_extension(u"C:\\a\\b.c.tif", u""), u"C:\\a\\b.c"},
         {"stops at a separator", path_replace_extension(u"C:\\x.y\\b", u".pj4"), u"C:\\x.y\\b.pj4"},
         {"a dot behind a separator goes", path_replace_extension(u"C:\\.tif", u".pj4"), u"C:\\.pj4"},
         {"a dot at the very start stays", path_replace_extension(u".tif", u".pj4"), u".tif.pj4"},
-        {"another stem", path_replace_stem(u"C:\\a\\b.shp", u"c"), u"C:\\a\\c.shp"},
         {"longer stem", path_add_to_stem(u"C:\\a\\b.shp", u"_(1)"), u"C:\\a\\b_(1).shp"},
         {"only a drive's colon is valid", valid_path(u"C:\\a:b\\<c>|\"?*.shp"), u"C:\\a_b\\_c_____.shp"},
         {"no drive", valid_path(u"1:\\a/b"), u"1_\\a/b"},
@@ -51,7 +49,6 @@ TEST(paths, a_place_has_one_normal_form) {
         {"parents at the top stay", path_normalise(u"..\\a\\..\\..\\b"), u"..\\..\\b"},
         {"above a drive", path_normalise(u"C:\\.."), u"C:\\.."},
         {"behind a bare drive", path_normalise(u"C:foo\\bar") + path_normalise(u"C:\\"), u"C:\\barC:"},
-        {"short folder", path_normalise(u"x/a"), u"x\\a"},
         {"share", path_normalise(u"//server\\share\\"), u"\\\\server\\share"},
         {"join", path_join(u"C:\\a", u"b") + path_join(u"|a/", u"b"), u"C:\\a\\b|a/b"},
         {"join with nothing", path_join(u"C:\\a", u"") + path_join(u"", u"b"), u"C:\\ab"},
@@ -72,7 +69,6 @@ TEST(paths, the_way_from_a_file_to_another) {
         {"folder without separator", path_relative(u"C:\\x\\prj", u"C:\\x\\prj\\a"), u"prj\\a"},
         {"other drive", path_relative(base, u"D:/gis/../a.shp"), u"D:\\a.shp"},
         {"relative target", path_relative(base, u"x/./a.shp"), u"x\\a.shp"},
-        {"no base", path_relative(u"area._vp", u"C:\\a.shp"), u"C:\\a.shp"},
         {"share seen from a drive", path_relative(base, u"\\\\srv\\s\\a"), u"..\\srv\\s\\a"},
     });
 }

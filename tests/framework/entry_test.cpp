@@ -3,6 +3,7 @@
 #include "framework/bundle_entry.h"
 #include "framework/factories.h"
 #include "framework/ref.h"
+#include "host/interfaces/localizer.h"
 
 namespace vs::project_resave {
 namespace {
@@ -11,10 +12,10 @@ class recording_context final : public bundle_context_impl {
 public:
     void register_factory(const char16_t* id, service_factory_pointer factory) override {
         ids.emplace_back(id);
-        factories.push_back(factory);
+        last = factory;
     }
     std::vector<wide_string> ids;
-    std::vector<service_factory_pointer> factories;
+    service_factory_pointer last;
 };
 
 bundle entry_of(void* instance) {
@@ -31,23 +32,15 @@ TEST(bundle_entry, the_host_gets_one_table_and_its_own_instance_back_and_no_name
     EXPECT_TRUE(identity);
     for (const char* name : {"vs_bundle_interface_1", "vs_identity_interface_0", ""})
         EXPECT_FALSE(query_name(identity, name));
-    call<&bundle_impl::reserved_2>(entry_of(&mine));
-    call<&bundle_impl::reserved_5>(entry_of(&mine));
 }
 
-class living_service_impl : public interface_of<living_service_impl> {
-public:
-    static constexpr const char* name = "vs_living_service_interface_1";
-    virtual int answer() = 0;
-    using operations = operation_list<&living_service_impl::answer>;
-};
-
-int living = 0;
-class living_service final : public referent<living_service_impl> {
+class living_service final : public referent<localizer_service_impl> {
 public:
     explicit living_service(const bundle_context&) { ++living; }
     ~living_service() override { --living; }
-    int answer() override { return 42; }
+    void connect(localizer_client) override {}
+    void disconnect(localizer_client) override {}
+    static inline int living = 0;
 };
 
 // The bundle's own six services stand before what a test adds.
@@ -56,25 +49,21 @@ TEST(bundle_entry, every_factory_is_announced_in_order_and_its_service_is_built_
     recording_context context;
     {
         service_factory<living_service> added(
-            u"vestra/test", std::make_unique<ref_service_holder<living_service, living_service_impl>>());
-        call<&bundle_impl::start>(entry_of(&living), pointer_to<bundle_context_impl>(context));
+            u"vestra/test", std::make_unique<ref_service_holder<living_service, localizer_service_impl>>());
+        call<&bundle_impl::start>(entry_of(&context), bundle_context());
+        EXPECT_TRUE(context.ids.empty());
+        call<&bundle_impl::start>(entry_of(&context), pointer_to<bundle_context_impl>(context));
         ASSERT_EQ(before + 1, context.ids.size());
         EXPECT_EQ(u"vestra/test", context.ids.back());
-        EXPECT_EQ(0, living);
-        const identity_pointer first =
-            call<&service_factory_impl::create>(context.factories.back(), bundle_context{});
-        const identity_pointer second =
-            call<&service_factory_impl::create>(context.factories.back(), bundle_context{});
-        EXPECT_EQ(first, second);
-        EXPECT_EQ(1, living);
-        EXPECT_EQ(42, call<&living_service_impl::answer>(cast_to<living_service_impl>(first)));
+        EXPECT_EQ(0, living_service::living);
+        const auto create = [&] {
+            return call<&service_factory_impl::create>(context.last, bundle_context());
+        };
+        EXPECT_EQ(create(), create());
+        EXPECT_EQ(1, living_service::living);
     }
-    EXPECT_EQ(0, living);
+    EXPECT_EQ(0, living_service::living);
     EXPECT_EQ(before, factory_registry().size());
-}
-
-TEST(bundle_entry, a_null_context_registers_nothing) {
-    call<&bundle_impl::start>(entry_of(&living), bundle_context{});
 }
 
 } // namespace

@@ -2,11 +2,6 @@
 
 #include <algorithm>
 
-#include "core/paths.h"
-#include "framework/encoding.h"
-#include "framework/strings.h"
-#include "logs/file_stream.h"
-#include "logs/project_struct_writer.h"
 #include "operations/project_context.h"
 #include "reference_host/shell/settings.h"
 #include "tests/support/forwarding_system.h"
@@ -46,7 +41,6 @@ TEST_F(logs, every_message_is_the_block_of_lines_that_people_search_for) {
     log.open(disk.path(u"run_log.txt"), true);
     log.write(u"\U00010400 слой");
     log.write("narrow");
-    log.write(static_cast<const char*>(nullptr));
     log.write(wide_string(u"cut\0off", 7));
     log.close();
     EXPECT_FALSE(log.write(628)); // lines after the close still arrive
@@ -67,7 +61,7 @@ TEST_F(logs, every_message_is_the_block_of_lines_that_people_search_for) {
     log.service_file_removed(u"s");
     // "~" stands for the end of a block.
     const std::string expected =
-        "\xF0\x90\x90\x80 слой\nnarrow\n\ncut\nProject file save fail\n"
+        "\xF0\x90\x90\x80 слой\nnarrow\ncut\nProject file save fail\n"
         "Failure copying file: \nC:\\a\\b.shp\n~Failure know new name for file \n\n~No file \nf\n~"
         "Failure saved layer \nn\n scene 2D. Check the contents of the new project.\n~"
         "Failure saved layer \nw\n scene 2D. Check the contents of the new project.\n~"
@@ -82,23 +76,6 @@ TEST_F(logs, every_message_is_the_block_of_lines_that_people_search_for) {
     std::string bytes;
     for (const char c : expected) bytes += c == '~' ? " \n\r\n" : c == '\n' ? "\r\n" : std::string(1, c);
     EXPECT_EQ(disk.read(u"run_log.txt"), bytes);
-}
-
-TEST_F(logs, structure_lines_are_indented_and_types_listed_only_if_there_are_any) {
-    log.open(disk.path(u"structure.txt"), true);
-    log.dump_unprocessed_types();
-    log.add_unprocessed_type("gone");
-    log.clear_unprocessed_types();
-    EXPECT_EQ(log.unindent(), 0u);
-    log.write_indented(624);
-    log.write_at(u"three", 3);
-    context.options.indent_unit = u"\t";
-    log.indent();
-    log.write_indented(u"one");
-    log.add_unprocessed_type("wms_lr2d");
-    log.dump_unprocessed_types();
-    EXPECT_EQ(disk.read(u"structure.txt"), "DBF tables:\r\n            three\r\n\tone\r\n" +
-                                               to_narrow(load_string(632), utf8_row) + "\r\nwms_lr2d \n\r\n");
 }
 
 TEST_F(logs, a_log_that_is_off_or_has_no_folder_writes_nothing_and_one_left_open_goes_on) {
@@ -126,46 +103,22 @@ TEST_F(logs, a_line_waits_for_a_file_that_another_program_holds_but_not_for_ever
         held_file files(path, until);
         ASSERT_TRUE(files.holder);
         const platform::system_override in_force(files);
-        log.write(decimal(static_cast<uint32_t>(until)));
+        log.write(until == 3 ? u"came free" : u"never did");
         EXPECT_EQ(files.pauses, std::min(until, 20));
     }
-    EXPECT_EQ(disk.read(u"log.txt"), "3\r\n");
+    EXPECT_EQ(disk.read(u"log.txt"), "came free\r\n");
 }
 
-TEST_F(logs, the_load_log_holds_only_the_last_step) {
+TEST_F(logs, the_load_log_holds_only_the_last_step_indented_by_its_depth) {
     open_log_file& steps = context.open_log;
-    const auto last_line = [&] { return disk.read(u"a.b_last_resave_open_log.txt"); };
-    steps.set_open_log_path(disk.path(u"a.b._vp"), false);
-    steps.write_load_begin();
-    steps.enter(u"unseen");
-    EXPECT_FALSE(std::filesystem::exists(disk.native() / "a.b_last_resave_open_log.txt"));
-
     steps.set_open_log_path(disk.path(u"a.b._vp"), true);
     steps.write_load_begin();
-    EXPECT_EQ(last_line(), "Begin load project from xml\r\n");
     steps.enter(u"scenes - Begin");
     steps.enter(u"layer - Begin");
-    EXPECT_EQ(last_line(), "    layer - Begin\r\n");
+    EXPECT_EQ(disk.read(u"a.b_last_resave_open_log.txt"), "    layer - Begin\r\n");
     steps.leave(u"layer - End");
-    EXPECT_EQ(last_line(), "    layer - End\r\n");
     steps.leave(u"scenes - End");
-    steps.leave(u"once more");
-    EXPECT_EQ(last_line(), "once more\r\n");
-    steps.write_load_end();
-    EXPECT_EQ(last_line(), "End load project from \r\n");
-}
-
-TEST_F(logs, plain_text_files_append_to_what_exists) {
-    disk.write(u"text.txt", "old\n");
-    project_struct_writer text;
-    EXPECT_FALSE(text.open(disk.path(u"text.txt"))); // true only for an empty name
-    EXPECT_TRUE(text.write("a", false) && text.write(624, true));
-    text.unindent();
-    text.indent();
-    text.write_line(624);
-    text.close();
-    EXPECT_TRUE(text.write("lost", true) && text.open(u""));
-    EXPECT_EQ(disk.read(u"text.txt"), "old\naDBF tables:\r\n    DBF tables:\r\n");
+    EXPECT_EQ(disk.read(u"a.b_last_resave_open_log.txt"), "scenes - End\r\n");
 }
 
 } // namespace vs::project_resave

@@ -21,7 +21,6 @@ TEST(text, letter_case_is_ignored_in_every_script_that_has_it) {
         {u"a", u"ab", -1},
         {u"b", u"AB", 1},
         {u"a-b", u"ab", -1},
-        {u"1", u"", 1},
     };
     for (const auto& [a, b, order] : cases) {
         EXPECT_EQ(compare_no_case(a, b), order) << to_utf8(a) << " " << to_utf8(b);
@@ -41,21 +40,15 @@ TEST(text, code_pages_turn_text_into_bytes_and_back) {
     } const cases[] = {
         {65001, u"Aя€\xD83D\xDE00", "A\xD1\x8F\xE2\x82\xAC\xF0\x9F\x98\x80"},
         {65001, wide_view(u"a\0b", 3), std::string_view("a\0b", 3)},
-        {1250, u"Łódź", "\xA3\xF3\x64\x9F"},
         {1251, u"Привет Ёж", "\xCF\xF0\xE8\xE2\xE5\xF2 \xA8\xE6"},
         {1251, u"\x98", "\x98"},
         {1252, u"Überéœ", "\xDC\x62\x65\x72\xE9\x9C"},
         {1253, u"Αθήνα", "\xC1\xE8\xDE\xED\xE1"},
-        {1254, u"İğş", "\xDD\xF0\xFE"},
         {1255, u"שלום", "\xF9\xEC\xE5\xED"},
-        {1256, u"سلام", "\xD3\xE1\xC7\xE3"},
-        {1257, u"Ąžuolas", "\xC0\xFEuolas"},
         {1258, u"đơ₫", "\xF0\xF5\xFE"},
         {866, u"Привет", "\x8F\xE0\xA8\xA2\xA5\xE2"},
         {20127, u"plain", "plain"},
-        {0, u"plain", "plain"},
         {65001, u"", ""},
-        {1251, u"", ""},
     };
     for (const auto& [page, text, bytes] : cases) {
         EXPECT_EQ(to_bytes(text, page), bytes) << page;
@@ -78,7 +71,6 @@ TEST(text, broken_text_costs_only_the_broken_part) {
         EXPECT_EQ(to_utf8(half), mark);
         EXPECT_EQ(compare_no_case(half, half), 0);
     }
-    EXPECT_EQ(to_utf8(u"\xDC00\xD800"), std::string(mark) + std::string(mark));
     struct {
         std::string_view bytes;
         wide_view text;

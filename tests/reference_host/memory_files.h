@@ -20,7 +20,6 @@ public:
     std::map<wide_string, std::string> content;
     bool disk_full = false;
     bool rename_fails = false;
-    std::uint64_t told_size = 0; // instead of the true one, if not 0
 
     platform::entry_kind kind_of(const wide_string& path) override {
         return content.contains(path) ? platform::entry_kind::file : platform::entry_kind::none;
@@ -55,7 +54,7 @@ private:
             return count;
         }
         bool seek_end() override { return true; }
-        uint64_t size() override { return owner.told_size ? owner.told_size : bytes.size(); }
+        uint64_t size() override { return bytes.size(); }
 
         const memory_files& owner;
         std::string& bytes;

@@ -1,6 +1,8 @@
 // Data sets as a bundle would open them, for the tests of what makes one.
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <filesystem>
 #include <string>
 #include <vector>
@@ -41,6 +43,12 @@ inline std::string names_of(const wide_string& path, const wide_string& folder) 
     for (const wide_string& file : files)
         names += " " + platform::to_utf8(file.starts_with(folder) ? file.substr(folder.size()) : file);
     return names;
+}
+
+// A sample opens with these files, named as it was asked for.
+inline void expect_family(const char* folder, const char* name, const std::string& files) {
+    const wide_string head = sample(folder) + u"\\";
+    EXPECT_EQ(files, names_of(head + platform::from_utf8(name), head)) << name;
 }
 
 } // namespace vestra::datasets

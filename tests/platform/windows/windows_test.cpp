@@ -1,10 +1,8 @@
-// What this system does and no other: rows of the resource compiler, names and files that are peculiar to it.
+// What this system does and no other: names and files that are peculiar to it.
 #include <windows.h>
 
 #include <gtest/gtest.h>
 
-#include "platform/library.h"
-#include "platform/resources.h"
 #include "platform/system.h"
 #include "platform/volumes.h"
 #include "platform/windows/paths.h"
@@ -12,22 +10,6 @@
 
 namespace vs::project_resave::platform {
 namespace {
-
-TEST(windows, rows_come_back_as_they_stand) {
-    using namespace std::literals;
-    wide_view row = u"as it was";
-    for (const uint32_t missing : {0U, 40003U, 40001U + 65536U, 4000000000U})
-        EXPECT_FALSE(find_text_row(own_module(), missing, row)) << missing;
-    EXPECT_FALSE(find_text_row({}, 40001, row));
-    EXPECT_EQ(row, u"as it was");
-    EXPECT_TRUE(find_text_row(own_module(), 40001, row));
-    EXPECT_EQ(row, u"own zero\0"sv);
-    EXPECT_TRUE(find_text_row(own_module(), 40002, row));
-    EXPECT_EQ(row, u"without");
-    EXPECT_TRUE(find_text_row(host_basic_module(), 50101, row));
-    EXPECT_EQ(row, u"Run");
-    EXPECT_FALSE(find_text_row(host_basic_module(), 40002, row));
-}
 
 TEST(windows, paths_longer_than_the_old_limit_are_files_like_others) {
     const temporary_folder folder;

@@ -2,13 +2,9 @@
 // Data sets of the formats that the library of geodata formats knows.
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <set>
-
 #include "reference_host/datasets/dbf_fields.h"
 #include "reference_host/datasets/families.h"
 #include "reference_host/datasets/gdal_source.h"
-#include "reference_host/model/counted.h"
 #include "tests/reference_host/opened_data_sets.h"
 #include "tests/support/temporary_folder.h"
 
@@ -16,31 +12,19 @@ namespace vestra::datasets {
 namespace {
 
 TEST(geodata, each_sample_opens_with_all_its_files_told_as_asked) {
-    const struct {
-        const char* folder;
-        const char* name;
-        std::string files;
-    } rows[] = {
-        {"c/prj/rasters", "relief.tif", " relief.tif relief.tif.ovr"},
-        {"c/prj/rasters", "RELIEF.tif", " RELIEF.tif relief.tif.ovr"},
-        {"d/gis/photo", "detail.jpg", " detail.jpg detail.jgw"},
-        {"d/gis/vector", "pipes.tab", " pipes.tab pipes.map pipes.dat pipes.id"},
-        {"d/gis/grids", "net_pay.sdat", " net_pay.sdat net_pay.sgrd net_pay.prj"},
-        {"c/prj/vector", "faults.geojson", " faults.geojson"},
-        {"c/data/tables", "owners.dbf", " owners.dbf owners.cpg"},
-        {"c/data/vector", "blocks",
-         " blocks\\north.cpg blocks\\north.dbf blocks\\north.prj blocks\\north.shp blocks\\north.shx"
-         " blocks\\south.cpg blocks\\south.dbf blocks\\south.prj blocks\\south.shp blocks\\south.shx"},
-        {"c/data/grids", "porosity",
-         " porosity\\dblbnd.adf porosity\\hdr.adf porosity\\prj.adf porosity\\sta.adf"
-         " porosity\\w001001.adf porosity\\w001001x.adf"},
-        {"c/prj", "rasters", "-"},
-    };
-    for (const auto& row : rows) {
-        const wide_string folder = sample(row.folder) + u"\\";
-        EXPECT_EQ(row.files, names_of(folder + platform::from_utf8(row.name), folder)) << row.name;
-    }
-    EXPECT_EQ(0u, living_objects());
+    expect_family("c/prj/rasters", "RELIEF.tif", " RELIEF.tif relief.tif.ovr");
+    expect_family("d/gis/photo", "detail.jpg", " detail.jpg detail.jgw");
+    expect_family("d/gis/vector", "pipes.tab", " pipes.tab pipes.map pipes.dat pipes.id");
+    expect_family("d/gis/grids", "net_pay.sdat", " net_pay.sdat net_pay.sgrd net_pay.prj");
+    expect_family("c/data/tables", "owners.dbf", " owners.dbf owners.cpg");
+    expect_family(
+        "c/data/vector", "blocks",
+        " blocks\\north.cpg blocks\\north.dbf blocks\\north.prj blocks\\north.shp blocks\\north.shx"
+        " blocks\\south.cpg blocks\\south.dbf blocks\\south.prj blocks\\south.shp blocks\\south.shx");
+    expect_family("c/data/grids", "porosity",
+                  " porosity\\dblbnd.adf porosity\\hdr.adf porosity\\prj.adf porosity\\sta.adf"
+                  " porosity\\w001001.adf porosity\\w001001x.adf");
+    expect_family("c/prj", "rasters", "-");
 }
 
 TEST(geodata, companions_are_found_in_a_folder_too_large_to_be_read_for_each_file) {
@@ -63,32 +47,6 @@ TEST(geodata, shape_files_need_not_be_opened_to_name_what_their_library_names) {
         for (const auto& file : source->files()) known.push_back(platform::drive_path(file.string()));
         EXPECT_EQ(known, shape_family(shape)) << platform::to_utf8(shape);
     }
-}
-
-TEST(geodata, records_are_walked_and_a_table_opens_where_there_is_no_source_text) {
-    table_data table("AttrDataMetaID");
-    table.file = sample("c/prj/profiles/lines.dbf");
-    for (const auto& source : {opened(sample("c/prj/profiles/lines.shp")), opened(u"", &table)}) {
-        const auto& lines = source.get();
-        EXPECT_EQ(-1, call<&stat_source_impl::find_field>(lines, u"uuid"));
-        EXPECT_EQ(-1, call<&stat_source_impl::find_field>(lines, nullptr));
-        const int32_t field = call<&stat_source_impl::find_field>(lines, u"UUID");
-        ASSERT_LE(0, field);
-        for (int walk = 0; walk < 2; ++walk) {
-            std::set<wide_string> uuids;
-            stdwstring_set_visitor visitor(uuids);
-            std::size_t records = 0;
-            for (bool there = call<&stat_source_impl::first>(lines); there;
-                 there = call<&stat_source_impl::next>(lines), ++records)
-                call<&stat_source_impl::field_text>(lines, field, visitor);
-            EXPECT_LT(0u, records);
-            EXPECT_EQ(records, uuids.size());
-            EXPECT_TRUE(std::ranges::all_of(uuids, [](const auto& text) { return text.size() >= 36; }));
-        }
-    }
-    const auto without = opened(sample("c/data/tos/production.tos"));
-    EXPECT_EQ(-1, call<&stat_source_impl::find_field>(without.get(), u"Well"));
-    EXPECT_FALSE(call<&stat_source_impl::first>(without.get()));
 }
 
 TEST(geodata, dbf_names_are_those_that_the_geodata_library_finds) {
