@@ -102,7 +102,7 @@ TEST_F(select_model, each_tool_changes_what_its_view_shows_and_nothing_else) {
     check(views::scenes_2d, {0}, true);
     check(views::layers_2d, {0, 0}, false);
     EXPECT_TRUE(press(views::scenes_2d, u"invert_select"));
-    EXPECT_EQ("xx|x....", both()) << "turned over, a scene stays on while it has a layer";
+    EXPECT_EQ("x.|-x...", both()) << "both turned over, a scene stays on while it has a layer";
 }
 
 TEST_F(select_model, a_click_on_one_of_several_highlighted_rows_acts_on_all_of_them) {
