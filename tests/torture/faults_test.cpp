@@ -14,6 +14,10 @@ namespace {
 
 using call = faulty_system::call;
 
+// What these fail to see is not there for anybody.
+const faulty_system::kinds unseen{call::kind,      call::list,         call::true_name,
+                                  call::same_file, call::open_to_read, call::read};
+
 struct area {
     const char* name;
     uint32_t structure;
@@ -70,13 +74,26 @@ protected:
         return false;
     }
 
+    // A file under a new name is told by its old one.
+    bool is_told_for(wide_string path) const {
+        path = path_file_name(path);
+        const size_t number = path.find(u"_(");
+        if (number != wide_string::npos) path.erase(number, path.find(u')') + 1 - number);
+        return is_told(path);
+    }
+    // The report is silent on the scene of a map that cannot be read or written, so that what it shows stays
+    // where it was, and on a TOS file that is not there any more when it is opened; `verify` tells of both.
+    static bool is_passed_over(const wide_string& path, bool is_unseen) {
+        const wide_string extension = path_extension(path);
+        return extension == u"._sn" || (is_unseen && (extension == u".tos" || !path.starts_with(u"N:")));
+    }
     size_t told_length() const {
         size_t length = 0;
         for (const run_report::problem& problem : context->report.problems) length += problem.text.size();
         return length;
     }
 
-    void expect_order(const faulty_system& faults, bool loaded) {
+    void expect_order(const faulty_system& faults, bool loaded, bool is_unseen) {
         EXPECT_EQ(0U, script.open_windows);
         EXPECT_FALSE(context->project);
         EXPECT_EQ("", difference(before_, sources()));
@@ -84,10 +101,11 @@ protected:
         EXPECT_EQ(saved ? std::vector<wide_string>() : std::vector{load_string(loaded ? 509 : 500)},
                   errors());
         if (!loaded) return;
-        expect_all_there_or_told();
+        expect_all_there_or_told(is_unseen);
         expect_a_true_log(faults);
     }
-    void expect_all_there_or_told() {
+    // A companion that cannot be seen counts as absent.
+    void expect_all_there_or_told(bool is_unseen) {
         std::set<wide_string> placed;
         for (const placed_file& file : context->placement.placed) {
             placed.insert(path_key(file.old_path));
@@ -96,10 +114,11 @@ protected:
         }
         if (context->report.saved) {
             for (const auto& [path, owner] : astray())
-                EXPECT_TRUE(clean_astray_.contains(path) || is_told(path_file_name(path)) || is_told(owner))
+                EXPECT_TRUE(clean_astray_.contains(path) || is_told_for(path) || is_told(owner) ||
+                            is_passed_over(path, is_unseen))
                     << "refers to " << platform::to_utf8(path) << " of " << platform::to_utf8(owner);
             for (const wide_string& path : clean_)
-                EXPECT_TRUE(placed.contains(path) || told_length() > clean_told_)
+                EXPECT_TRUE(is_unseen || placed.contains(path) || told_length() > clean_told_)
                     << "not copied and nothing told: " << platform::to_utf8(path);
         }
         for (const auto& [path, state] : state_of(native("n") / "out"))
@@ -127,9 +146,10 @@ protected:
             const wide_string first = faults.failed.empty() ? wide_string() : faults.failed.front();
             SCOPED_TRACE(std::string(name) + ' ' + std::to_string(at) + ' ' + platform::to_utf8(first));
             EXPECT_FALSE(faults.failed.empty());
-            expect_order(faults, loaded);
-            const bool is_copy = kinds == faulty_system::kinds{call::copy};
-            EXPECT_TRUE(!is_copy || is_told(path_file_name(first)));
+            expect_order(faults, loaded, unseen.contains(*kinds.begin()));
+            // What lies in a folder is told by the file that the folder goes with.
+            EXPECT_TRUE(!kinds.contains(call::copy) || is_told(path_file_name(first)) ||
+                        told_length() > clean_told_ || !context->report.saved);
             ++tried;
         }
         return tried;
