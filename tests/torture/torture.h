@@ -22,7 +22,7 @@ inline size_t number_of(const char* variable, size_t otherwise) {
 
 // From one number of `all` to the next, so that about as many are met as are wanted.
 inline size_t stride(size_t all) {
-    const size_t wanted = number_of("TORTURE_FAULTS", 6);
+    const size_t wanted = number_of("TORTURE_FAULTS", 2);
     return wanted >= all ? 1 : (all + wanted - 1) / wanted;
 }
 
