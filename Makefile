@@ -4,12 +4,13 @@
 # make windows-test runs every test of that build under Wine
 # make demo         lists the sample project and resaves it under each structure into build/demo/
 # make bench        measures load and resave beside cp -a
+# make torture      faults at every call, kills, arbitrary bytes: prints what was tried, fails if anything was lost
 # make check        formatting and static analysis
 # make clean        removes the build folders
 
 SHELL := /bin/bash
 
-.PHONY: all packages test demo bench check format clean windows windows-test
+.PHONY: all packages test demo bench torture check format clean windows windows-test
 
 all: packages
 	@cmake --preset release >/dev/null
@@ -38,6 +39,9 @@ bench: all
 	@tools/install_packages rsync
 	@bench/run
 
+torture: packages
+	@tools/torture
+
 sources := git ls-files '*.h' '*.cpp' '*.inc'
 
 format:
@@ -49,4 +53,4 @@ check: packages
 	@git ls-files '*.cpp' | grep -v /windows/ | xargs -P 2 -n 4 clang-tidy -p build-debug --quiet
 
 clean:
-	@rm -rf build build-debug build-sanitize build-windows
+	@rm -rf build build-debug build-sanitize build-fuzz build-windows

@@ -96,9 +96,10 @@ bool has_extension(const wide_string& path, std::initializer_list<wide_view> ext
                                [&](wide_view other) { return platform::compare_no_case(own, other) == 0; });
 }
 
+// One that cannot be read is taken as any other file, so that a copy of the project keeps it, or tells of it.
 identity_pointer open_tos(const wide_string& path) {
     const auto content = read_tos(path);
-    if (!content) return {};
+    if (!content) return make(same_stem_family(path));
     file_list files{path};
     for (wide_string member : content->members) {
         std::ranges::replace(member, u'/', u'\\');

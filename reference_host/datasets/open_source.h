@@ -10,9 +10,10 @@ namespace vestra::datasets {
 // table `data`, which may be null. Answers the identity of a fresh referent that speaks stat_source, of which
 // the caller takes a ref at once; null if the main file does not exist or nothing can open it.
 //
-// Asked first are the host's own formats: TOS files (a broken one does not open), grids, seismic files. Then
-// come shape files by their names, what the library of geodata formats knows, folders too, and for any other
-// file the files of the same stem. The main file is told as asked, the others in the folder as asked.
+// Asked first are the host's own formats: TOS files (a broken one is as any other file), grids, seismic
+// files. Then come shape files by their names, what the library of geodata formats knows, folders too, and
+// for any other file the files of the same stem. The main file is told as asked, the others in the folder as
+// asked.
 vs::project_resave::identity_pointer open_source(wide_view source, const table_data* data = nullptr);
 
 } // namespace vestra::datasets

@@ -153,8 +153,9 @@ TEST_F(copying, members_of_a_data_set_follow_the_new_name_of_the_main_file) {
             outcome(copy_data_source_files(source, out + wide_string(row.target), row.keep_case, context)),
             row.expected);
     }
-    begin(u"broken.tos");
-    EXPECT_EQ(outcome(copy_data_source_files(src + u"broken.tos", out + u"b.tos", true, context)), "no");
+    begin(u"broken.tos"); // its members are not known
+    EXPECT_EQ(outcome(copy_data_source_files(src + u"broken.tos", out + u"b.tos", true, context)),
+              "broken.tos>b.tos ");
 }
 
 TEST_F(copying, joins_come_back_when_every_table_has_its_place) {

@@ -38,6 +38,8 @@ TEST(paths, a_name_falls_into_head_stem_and_extension) {
         {"longer stem", path_add_to_stem(u"C:\\a\\b.shp", u"_(1)"), u"C:\\a\\b_(1).shp"},
         {"only a drive's colon is valid", valid_path(u"C:\\a:b\\<c>|\"?*.shp"), u"C:\\a_b\\_c_____.shp"},
         {"no drive", valid_path(u"1:\\a/b"), u"1_\\a/b"},
+        {"held below", held_below(u"..\\a/.. \\..._sn") + held_below(u"..") + held_below(u".\\a..b"),
+         u"__\\a/__ \\..._sn__.\\a..b"},
         {"trimmed", trim(u" \t\va b\r\n\f", white_space) + trim(u" \t ", white_space), u"a b"},
     });
 }

@@ -46,7 +46,7 @@ TEST(tos_reader, properties_and_members_are_read_as_they_are_written) {
     EXPECT_EQ(" a.tos Sub\\A.tod ..\\b", names_of(path, head));
 }
 
-TEST(tos_reader, a_broken_file_is_refused_with_its_line_and_does_not_open) {
+TEST(tos_reader, a_broken_file_is_refused_with_its_line_and_stays_a_data_set) {
     const temporary_folder folder;
     const struct {
         std::string bytes;
@@ -71,7 +71,8 @@ TEST(tos_reader, a_broken_file_is_refused_with_its_line_and_does_not_open) {
         files::file_error error;
         EXPECT_FALSE(read_tos(path, &error)) << row.bytes;
         EXPECT_EQ(row.line, error.line) << row.bytes;
-        EXPECT_EQ("-", names_of(path, u""));
+        EXPECT_FALSE(error.reason.empty());
+        EXPECT_EQ(" broken.tos", names_of(path, folder.path() + u"\\"));
     }
 }
 

@@ -17,7 +17,8 @@ bool create_folders(const wide_string& path) {
     wide_string level = path.substr(0, path_fixed_length(path));
     for (const wide_string& piece : path_split(wide_view(path).substr(level.size()), path_separators, true)) {
         level.append(piece).push_back(u'\\');
-        if (!path_exists(level) && !files.create_folder(level)) return false;
+        // Another process may make it meanwhile.
+        if (!path_exists(level) && !files.create_folder(level) && !path_exists(level)) return false;
     }
     return path_exists(level);
 }

@@ -204,7 +204,11 @@ void path_placement::set_scene(common_directory* scene, const wide_string& name)
     scene_folder = name;
     if (!name.empty()) {
         const wide_string folder = path_head(new_project_path);
-        scene_folder = path_relative(folder, unique_path(path_join(folder, name)));
+        wide_string wanted = path_join(folder, name);
+        const wide_string way = path_relative(folder, wanted);
+        if (way.starts_with(u"..") || !path_is_relative(way)) // no caption leads out of the new project
+            wanted = folder + trim(valid_name(held_below(name)), path_separators);
+        scene_folder = path_relative(folder, unique_path(wanted));
     }
     scene_placed.clear();
 }

@@ -175,6 +175,20 @@ bool path_same(wide_view first, wide_view second) {
 
 wide_string path_key(wide_view path) { return platform::folded(path_normalise(path)); }
 
+// Dots and blanks at the end of a piece do not count everywhere, so ".. " leads upwards, too.
+wide_string held_below(wide_view name) {
+    wide_string result(name);
+    for (size_t start = 0; start <= result.size();) {
+        const size_t end = std::min(result.find_first_of(path_separators, start), result.size());
+        const wide_view piece = wide_view(result).substr(start, end - start);
+        if (piece.starts_with(u"..") && piece.find_first_not_of(u". ") == wide_view::npos)
+            std::replace(result.begin() + static_cast<ptrdiff_t>(start),
+                         result.begin() + static_cast<ptrdiff_t>(end), u'.', u'_');
+        start = end + 1;
+    }
+    return result;
+}
+
 wide_string valid_name(wide_view name) {
     wide_string result(name);
     for (char16_t& c : result)

@@ -62,6 +62,10 @@ wide_string valid_name(wide_view name);
 // The same; the colon of a drive stays.
 wide_string valid_path(wide_view path);
 
+// A copy in which the dots of a piece that would lead upwards are "_": a caption may name a folder below
+// another one, but none above it.
+wide_string held_below(wide_view name);
+
 // Blanks as they are cut off captions.
 inline constexpr wide_view white_space = u" \t\n\r\v\f";
 // Without the characters of `set` at both ends.

@@ -15,7 +15,7 @@ wide_string caption_file_path(wide_view folder, wide_view caption, wide_view ext
     wide_string path(folder);
     if (!path.empty() && !is_separator(path.back())) path += u'\\';
     // Apart: without a folder a caption like "a:b" would pass for a name on a drive.
-    return valid_path(path) + valid_name(wide_string(caption).append(extension));
+    return valid_path(path) + valid_name(held_below(wide_string(caption).append(extension)));
 }
 
 void save_layer_file_2d(vs_lr* layer, project_context& context) {

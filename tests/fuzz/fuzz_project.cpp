@@ -1,0 +1,25 @@
+// The reader of projects: no bytes harm it, and what it reads it can write and read again.
+#include "reference_host/files/files.h"
+#include "tests/fuzz/fuzz_input.h"
+#include "tests/reference_host/memory_files.h"
+
+using namespace vestra;
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
+    memory_files disk;
+    const platform::system_override in_force(disk);
+    disk.content[u"C:\\p\\a._vp"] = vs::project_resave::bytes_of(bytes, size);
+    {
+        project read, again;
+        if (const auto error = files::read_project(u"C:\\p\\a._vp", read)) {
+            vs::project_resave::hold(!error->reason.empty(), "a reason for what is refused");
+        } else if (!files::write_project(u"C:\\p\\b._vp", read)) {
+            vs::project_resave::hold(!files::read_project(u"C:\\p\\b._vp", again), "written is readable");
+            vs::project_resave::hold(!files::write_project(u"C:\\p\\c._vp", again), "and written again");
+            vs::project_resave::hold(disk.content[u"C:\\p\\b._vp"] == disk.content[u"C:\\p\\c._vp"],
+                                     "the same");
+        }
+    }
+    vs::project_resave::hold(living_objects() == 0, "nothing is left");
+    return 0;
+}

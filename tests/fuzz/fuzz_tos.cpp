@@ -1,0 +1,22 @@
+// The reader of TOS files: no bytes harm it, and what it refuses has a line and a reason.
+#include "reference_host/datasets/tos_reader.h"
+#include "tests/fuzz/fuzz_input.h"
+#include "tests/reference_host/memory_files.h"
+
+using namespace vestra;
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
+    memory_files disk;
+    const platform::system_override in_force(disk);
+    const wide_string path = u"C:\\d\\a.tos";
+    disk.content[path] = vs::project_resave::bytes_of(bytes, size);
+    files::file_error error;
+    const auto read = datasets::read_tos(path, &error);
+    vs::project_resave::hold(read || (error.line > 0 && !error.reason.empty()), "a line and a reason");
+    if (!read) return 0;
+    for (const wide_string& member : read->members)
+        vs::project_resave::hold(!member.empty() && member.find(u':') == wide_string::npos &&
+                                     member.front() != u'/' && member.front() != u'\\',
+                                 "a member is relative");
+    return 0;
+}

@@ -1,0 +1,184 @@
+// The n-th call of each kind fails, for every n, from the load to the end of a run; and the disk is full from
+// the n-th call on. Whatever fails, the source is as it was, and what is missing is told.
+#include "core/paths.h"
+#include "framework/strings.h"
+#include "tests/support/faulty_system.h"
+#include "tests/support/host_fixture.h"
+#include "tests/support/references_of.h"
+#include "tests/support/tree_state.h"
+#include "tests/torture/generated_area.h"
+#include "tests/torture/torture.h"
+
+namespace vs::project_resave {
+namespace {
+
+using call = faulty_system::call;
+
+// What these fail to see is not there for anybody.
+const faulty_system::kinds unseen{call::kind,      call::list,         call::true_name,
+                                  call::same_file, call::open_to_read, call::read};
+
+struct area {
+    const char* name;
+    uint32_t structure;
+    bool is_sample;
+};
+void PrintTo(const area& shown, std::ostream* out) { *out << shown.name; }
+
+class every_fault : public host_fixture, public testing::WithParamInterface<area> {
+protected:
+    void SetUp() override {
+        if (GetParam().is_sample)
+            copy_sample();
+        else
+            torture::write_generated_area(source, 100, write);
+        settings.structure_variant = GetParam().structure;
+        settings.write_log = settings.save_scene_files = settings.save_layer_files = true;
+        before_ = sources();
+        faulty_system none({});
+        run(none);
+        ASSERT_TRUE(context->report.saved);
+        clean_astray_ = astray();
+        for (const placed_file& file : context->placement.placed) clean_.insert(path_key(file.old_path));
+        clean_told_ = told_length();
+    }
+
+    tree_state sources() const {
+        tree_state all = state_of(native("c"));
+        all.merge(state_of(native("d")));
+        return all;
+    }
+    // From the load to the end; false if it was not loaded.
+    bool run(faulty_system& faults) {
+        std::filesystem::remove_all(native("n") / "out");
+        std::filesystem::create_directories(native("n") / "out");
+        script.events.clear();
+        const platform::system_override in_force(faults);
+        if (!context->load_project(source, false, false)) return false;
+        resave();
+        return true;
+    }
+    // What the new project refers to and is not there, or not below it.
+    std::map<wide_string, wide_string> astray() const {
+        vestra::project project;
+        read_back(output, project);
+        std::map<wide_string, wide_string> found;
+        for (const reference& each : references_of(project))
+            if (!each.path.starts_with(u"N:\\out\\") || !path_exists(each.path))
+                found.emplace(each.path, each.owner);
+        return found;
+    }
+    bool is_told(wide_view what) const {
+        for (const run_report::problem& problem : context->report.problems)
+            if (problem.text.find(what) != wide_string::npos) return true;
+        return false;
+    }
+
+    // A file under a new name is told by its old one.
+    bool is_told_for(wide_string path) const {
+        path = path_file_name(path);
+        const size_t number = path.find(u"_(");
+        if (number != wide_string::npos) path.erase(number, path.find(u')') + 1 - number);
+        return is_told(path);
+    }
+    // The report is silent on the scene of a map that cannot be read or written, so that what it shows stays
+    // where it was, and on a TOS file that is not there any more when it is opened; `verify` tells of both.
+    static bool is_passed_over(const wide_string& path, bool is_unseen) {
+        const wide_string extension = path_extension(path);
+        return extension == u"._sn" || (is_unseen && (extension == u".tos" || !path.starts_with(u"N:")));
+    }
+    size_t told_length() const {
+        size_t length = 0;
+        for (const run_report::problem& problem : context->report.problems) length += problem.text.size();
+        return length;
+    }
+
+    void expect_order(const faulty_system& faults, bool loaded, bool is_unseen) {
+        EXPECT_EQ(0U, script.open_windows);
+        EXPECT_FALSE(context->project);
+        EXPECT_EQ("", difference(before_, sources()));
+        const bool saved = loaded && context->report.saved;
+        EXPECT_EQ(saved ? std::vector<wide_string>() : std::vector{load_string(loaded ? 509 : 500)},
+                  errors());
+        if (!loaded) return;
+        expect_all_there_or_told(is_unseen);
+        expect_a_true_log(faults);
+    }
+    // A companion that cannot be seen counts as absent.
+    void expect_all_there_or_told(bool is_unseen) {
+        std::set<wide_string> placed;
+        for (const placed_file& file : context->placement.placed) {
+            placed.insert(path_key(file.old_path));
+            if (file.old_path.empty() || path_extension(file.old_path).starts_with(u"._")) continue;
+            EXPECT_EQ(read(file.old_path), read(file.new_path)) << platform::to_utf8(file.new_path);
+        }
+        if (context->report.saved) {
+            for (const auto& [path, owner] : astray())
+                EXPECT_TRUE(clean_astray_.contains(path) || is_told_for(path) || is_told(owner) ||
+                            is_passed_over(path, is_unseen))
+                    << "refers to " << platform::to_utf8(path) << " of " << platform::to_utf8(owner);
+            for (const wide_string& path : clean_)
+                EXPECT_TRUE(is_unseen || placed.contains(path) || told_length() > clean_told_)
+                    << "not copied and nothing told: " << platform::to_utf8(path);
+        }
+        for (const auto& [path, state] : state_of(native("n") / "out"))
+            EXPECT_TRUE(path.find(".new1") == std::string::npos && path.find(".tmp") == std::string::npos)
+                << path;
+    }
+    void expect_a_true_log(const faulty_system& faults) const {
+        const std::string log = read(u"N:\\out\\new_log.txt");
+        if (log.empty()) return; // it failed itself
+        EXPECT_TRUE(log.find("Project saved") == std::string::npos || context->report.saved);
+        for (const wide_string& failed : faults.failed) {
+            const bool is_logged =
+                log.find("Failure copying file: \r\n" + platform::to_utf8(failed)) != std::string::npos;
+            EXPECT_TRUE(!is_logged || is_told(path_file_name(failed)));
+        }
+    }
+
+    size_t strike(const faulty_system::kinds& kinds, const char* name, size_t length) {
+        faulty_system counting(kinds);
+        run(counting);
+        size_t tried = 0;
+        for (size_t at = 1; at <= counting.count; at += torture::stride(counting.count)) {
+            faulty_system faults(kinds, at, length == SIZE_MAX ? SIZE_MAX : at + length - 1);
+            const bool loaded = run(faults);
+            const wide_string first = faults.failed.empty() ? wide_string() : faults.failed.front();
+            SCOPED_TRACE(std::string(name) + ' ' + std::to_string(at) + ' ' + platform::to_utf8(first));
+            EXPECT_FALSE(faults.failed.empty());
+            expect_order(faults, loaded, unseen.contains(*kinds.begin()));
+            // What lies in a folder is told by the file that the folder goes with.
+            EXPECT_TRUE(*kinds.begin() != call::copy || length != 1 || is_told(path_file_name(first)) ||
+                        told_length() > clean_told_ || !context->report.saved);
+            ++tried;
+        }
+        return tried;
+    }
+
+private:
+    tree_state before_;
+    std::map<wide_string, wide_string> clean_astray_;
+    std::set<wide_string> clean_;
+    size_t clean_told_ = 0;
+};
+
+TEST_P(every_fault, leaves_the_source_whole_and_tells_what_is_missing) {
+    size_t tried = 0;
+    for (const auto& [kind, name] : faulty_system::calls) tried += strike({kind}, name, 1);
+    torture::count("faults", tried);
+}
+
+TEST_P(every_fault, of_a_full_disk_is_told_wherever_it_begins) {
+    torture::count("full disks", strike(faulty_system::disk_full, "full disk", SIZE_MAX));
+}
+
+INSTANTIATE_TEST_SUITE_P(areas, every_fault,
+                         testing::Values(area{"sample_by_type", by_type, true},
+                                         area{"sample_from_top", from_common_top, true},
+                                         area{"sample_per_scene", folder_per_scene, true},
+                                         area{"generated_by_type", by_type, false},
+                                         area{"generated_per_scene", folder_per_scene, false}),
+                         [](const auto& shown) { return shown.param.name; });
+
+} // namespace
+} // namespace vs::project_resave

@@ -1,0 +1,33 @@
+// A project with families of files that share names and companions, over three folders of C:.
+#pragma once
+
+#include "tests/support/host_fixture.h"
+#include "tests/support/project_builder.h"
+
+namespace vs::project_resave::torture {
+
+// `bytes`: of each shape, raster and table, about.
+inline void write_generated_area(const wide_string& project, size_t bytes,
+                                 const std::function<void(const wide_string&, std::string_view)>& write) {
+    project_builder made;
+    made.scene_2d(u"Area");
+    for (const wide_string place : {u"a", u"b", u"c"}) {
+        const wide_string folder = u"C:\\data\\" + place + u"\\";
+        std::string content;
+        while (content.size() < bytes) content += "of " + platform::to_utf8(folder) + '\n';
+        for (const wide_view name : {u"a.shp", u"a.dbf", u"r.tif", u"r.tif.ovr", u"t.dbf", u"joined.dbf"})
+            write(folder + wide_string(name), content);
+        for (const wide_view name : {u"a.shx", u"a.cpg", u"a_shp.pj4", u"r.tfw", u"r.tfr", u"r_tif.pj4",
+                                     u"t.cpg", u"w.wel", u"w\\1\\core.txt", u"w\\log.txt"})
+            write(folder + wide_string(name), platform::to_utf8(folder));
+        write(folder + u"p.tos", "TOS 1\n");
+        made.layer("shp_pln_lr2d", u"Shape " + place, folder + u"a.shp").join(folder + u"joined.dbf");
+        made.layer("rtr_lr2d", u"Raster " + place, folder + u"r.tif");
+        made.layer("plugin_lr_2d_well_hole_2d_3", u"Well " + place, folder + u"w.wel");
+        made.table(u"Table " + place, folder + u"t.dbf").join(folder + u"joined.dbf");
+    }
+    made.scene_3d(u"Solid").layer("tos_surf_lr3d", u"Surface", u"C:\\data\\a\\p.tos");
+    made.save(project);
+}
+
+} // namespace vs::project_resave::torture
