@@ -1,3 +1,4 @@
+// Linux only: names and links that other systems refuse.
 // Captions, references and uuids of every shape through a whole run: it ends in order, or the project is
 // refused; and nothing is written but below the new project's folder.
 #include "core/paths.h"

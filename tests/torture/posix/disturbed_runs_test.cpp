@@ -1,3 +1,4 @@
+// Linux only: a file that is being read can be changed there.
 // Runs whose disk or source is not as it should be.
 #include <atomic>
 #include <thread>
