@@ -1,9 +1,9 @@
 // How another bundle's data takes part in a resave: a flat list of items, each of which may have files.
 //
 // Who implements: a bundle, as a referent that is registered under "vestra/resave_project" and ends with its
-// library. Who calls: the resave, while a project is loaded, and between the release of a project and the next
-// set_project for nothing but the caption. Indexes run from 0; texts and lists are told during the call. A service must not call
-// back into the run.
+// library. Who calls: the resave, while a project is loaded, and between the release of a project and the
+// next set_project for nothing but the caption. Indexes run from 0; texts and lists are told during the call.
+// A service must not call back into the run.
 #pragma once
 
 #include "framework/visitors.h"
