@@ -11,15 +11,19 @@ size_t hash_of(const wide_string& path) { return std::hash<wide_string>()(path_k
 } // namespace
 
 void placed_files::add(const wide_string& old_path, const wide_string& new_path) {
-    if (find(old_path) == nullptr) oldest_.emplace(hash_of(old_path), static_cast<uint32_t>(entries_.size()));
+    const size_t hash = hash_of(old_path);
+    if (find(old_path, hash) == nullptr) oldest_.add(hash, static_cast<uint32_t>(entries_.size()));
     entries_.push_back({old_path, new_path});
 }
 
 const placed_file* placed_files::find(const wide_string& source) const {
-    const auto [first, last] = oldest_.equal_range(hash_of(source));
-    for (auto row = first; row != last; ++row)
-        if (path_same(entries_[row->second].old_path, source)) return &entries_[row->second];
-    return nullptr;
+    return find(source, hash_of(source));
+}
+
+const placed_file* placed_files::find(const wide_string& source, size_t hash) const {
+    const uint32_t row = oldest_.find(
+        hash, [&](uint32_t candidate) { return path_same(entries_[candidate].old_path, source); });
+    return row != row_index::none ? &entries_[row] : nullptr;
 }
 
 void placed_files::clear() {

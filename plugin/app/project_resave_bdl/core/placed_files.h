@@ -3,8 +3,8 @@
 
 #include <cstdint>
 #include <deque>
-#include <unordered_map>
 
+#include "core/row_index.h"
 #include "platform/wide_string.h"
 
 namespace vs::project_resave {
@@ -31,8 +31,10 @@ public:
     const placed_file& operator[](size_t index) const { return entries_[index]; }
 
 private:
+    const placed_file* find(const wide_string& source, size_t hash) const;
+
     std::deque<placed_file> entries_;
-    std::unordered_multimap<size_t, uint32_t> oldest_; // by the hash of path_key of the old path
+    row_index oldest_; // by the hash of path_key of the old path
 };
 
 } // namespace vs::project_resave

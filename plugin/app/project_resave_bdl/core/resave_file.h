@@ -39,8 +39,8 @@ public:
     virtual bool copy_files(const wide_string& source, const wide_string& target) = 0;
 
 protected:
-    uint32_t weight = 1;                   // steps of progress
-    std::vector<wide_string> source_files; // found by build
+    uint32_t weight = 1;                // steps of progress
+    std::vector<uint32_t> source_files; // found by build; their texts stand in the context's `sizes`
 
     // Finds the new place of a file that has none yet and copies its family there; the path, or empty.
     wide_string place_and_copy(const wide_string& source);

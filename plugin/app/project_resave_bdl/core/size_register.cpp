@@ -45,10 +45,14 @@ bool size_register::push_parent(const wide_string& uuid) {
 void size_register::pop_parent() { parents.pop_back(); }
 
 uint32_t size_register::entry_of(const wide_string& path, bool& is_new) {
-    const auto [row, inserted] = files.try_emplace(path, static_cast<uint32_t>(entries.size()));
-    if (inserted) entries.emplace_back();
-    is_new = inserted;
-    return row->second;
+    const size_t hash = std::hash<wide_string>()(path);
+    uint32_t row = entry_of_path.find(hash, [&](uint32_t known) { return entries[known].path == path; });
+    is_new = row == row_index::none;
+    if (!is_new) return row;
+    row = static_cast<uint32_t>(entries.size());
+    entries.emplace_back().path = path;
+    entry_of_path.add(hash, row);
+    return row;
 }
 
 void size_register::recount(size_entry& entry) {
@@ -64,7 +68,7 @@ void size_register::link_parents(uint32_t chain_index) {
             parents[place]->links.push_back({chain_index, true});
 }
 
-void size_register::add_file(const wide_string& path) {
+uint32_t size_register::add_file(const wide_string& path) {
     bool is_new = false;
     const uint32_t index = entry_of(path, is_new);
     size_entry& entry = entries[index];
@@ -73,10 +77,14 @@ void size_register::add_file(const wide_string& path) {
     ++entry.fulfilled;
     recount(entry);
     link_parents(static_cast<uint32_t>(chains.size() - 1));
+    return index;
 }
 
-void size_register::add_files(const std::vector<wide_string>& paths) {
-    for (const wide_string& path : paths) add_file(path);
+std::vector<uint32_t> size_register::add_files(const std::vector<wide_string>& paths) {
+    std::vector<uint32_t> numbers;
+    numbers.reserve(paths.size());
+    for (const wide_string& path : paths) numbers.push_back(add_file(path));
+    return numbers;
 }
 
 void size_register::add_wstrings(const vs_wstrings* paths) {
@@ -85,17 +93,22 @@ void size_register::add_wstrings(const vs_wstrings* paths) {
         add_file(text_or_empty(vs_wstrings_get_str(paths, index)));
 }
 
+void size_register::uuid_row::add_bare(const wide_string& path) {
+    if (!bare_paths) bare_paths = std::make_unique<std::unordered_set<wide_string>>();
+    bare_paths->insert(path);
+}
+
 void size_register::add_path_to_parents(const wide_string& path) {
-    for (uuid_row* parent : parents) parent->bare_paths.insert(path);
+    for (uuid_row* parent : parents) parent->add_bare(path);
 }
 
 void size_register::add_path_to_uuid(const wide_string& uuid, const wide_string& path) {
-    files_of_uuid[uuid].bare_paths.insert(path);
+    files_of_uuid[uuid].add_bare(path);
 }
 
 void size_register::set_uuid_selected(const wide_string& uuid, bool selected) {
     const auto row = files_of_uuid.find(uuid);
-    if (row == files_of_uuid.end() || (row->second.links.empty() && row->second.bare_paths.empty())) return;
+    if (row == files_of_uuid.end() || (row->second.links.empty() && !row->second.bare_paths)) return;
     for (chain_link& link : row->second.links) {
         if (link.selected == selected) continue;
         link.selected = selected;
@@ -106,18 +119,19 @@ void size_register::set_uuid_selected(const wide_string& uuid, bool selected) {
         recount(entry);
     }
     bool is_new = false;
-    for (const wide_string& path : row->second.bare_paths) entry_of(path, is_new);
+    if (row->second.bare_paths)
+        for (const wide_string& path : *row->second.bare_paths) entry_of(path, is_new);
     if (on_changed) on_changed();
 }
 
 std::vector<wide_string> size_register::known_paths() const {
-    const auto paths = std::views::keys(files);
+    const auto paths = std::views::transform(entries, &size_entry::path);
     return {paths.begin(), paths.end()};
 }
 
 void size_register::clear() {
-    files.clear();
     entries.clear();
+    entry_of_path.clear();
     chains.clear();
     parents.clear();
     files_of_uuid.clear();

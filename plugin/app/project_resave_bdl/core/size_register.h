@@ -8,11 +8,13 @@
 #include <cstdint>
 #include <deque>
 #include <functional>
+#include <memory>
 #include <string>
 #include <unordered_map>
 #include <unordered_set>
 #include <vector>
 
+#include "core/row_index.h"
 #include "host/types.h"
 #include "platform/wide_string.h"
 
@@ -25,9 +27,10 @@ public:
     void pop_parent();
 
     // Enters a file or folder under the present stack; its size is read when it is met first. What does not
-    // exist counts 0 and stays known.
-    void add_file(const wide_string& path);
-    void add_files(const std::vector<wide_string>& paths);
+    // exist counts 0 and stays known. The number stands for the path until `clear`.
+    uint32_t add_file(const wide_string& path);
+    std::vector<uint32_t> add_files(const std::vector<wide_string>& paths);
+    const wide_string& path(uint32_t number) const { return entries[number].path; }
     void add_wstrings(const vs_wstrings* paths);
     // Only files the path under the uuids of the stack, or under the one given.
     void add_path_to_parents(const wide_string& path);
@@ -49,9 +52,10 @@ private:
         uint32_t left_out = 0;
     };
     struct size_entry {
+        wide_string path;
+        double size_kb = 0;
         uint32_t fulfilled = 0; // how many of its chains are
         bool counted = false;
-        double size_kb = 0;
     };
     // The place of a uuid in a chain. The flag is its own: a path entered later starts selected.
     struct chain_link {
@@ -59,16 +63,18 @@ private:
         bool selected = true;
     };
     struct uuid_row {
-        std::vector<chain_link> links;              // in each chain the first place of the uuid
-        std::unordered_set<wide_string> bare_paths; // filed without a chain
+        void add_bare(const wide_string& path);
+
+        std::vector<chain_link> links; // in each chain the first place of the uuid
+        std::unique_ptr<std::unordered_set<wide_string>> bare_paths; // without a chain; null while none
     };
 
     uint32_t entry_of(const wide_string& path, bool& is_new);
     void link_parents(uint32_t chain_index);
     void recount(size_entry& entry);
 
-    std::unordered_map<wide_string, uint32_t> files; // place of the path's entry
     std::deque<size_entry> entries;
+    row_index entry_of_path; // by the hash of the path as it is spelled
     std::deque<chain> chains;
     std::vector<uuid_row*> parents;
     std::unordered_map<wide_string, uuid_row> files_of_uuid;
