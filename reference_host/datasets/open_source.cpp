@@ -124,8 +124,6 @@ identity_pointer open_file(const wide_string& path) {
     if (has_extension(path, {u".pgrid"})) return make(grid_family(path));
     if (has_extension(path, {u".sgy", u".segy", u".sec"})) return make({path});
 
-    if (has_extension(path, {u".shp"}))
-        if (auto files = shape_family(path)) return make(std::move(*files), {nullptr, path});
     const auto native = platform::native_path(path);
     const auto siblings = near_names_in_large_folder(path);
     if (auto known = open_gdal_source(native, siblings ? &*siblings : nullptr)) {
@@ -140,6 +138,8 @@ identity_pointer open_file(const wide_string& path) {
 
 identity_pointer open_source(wide_view source, const table_data* data) {
     const wide_string path = source.empty() && data ? data->file : wide_string(source);
+    if (has_extension(path, {u".shp"})) // most are, and their mark tells that they exist
+        if (auto files = shape_family(path)) return make(std::move(*files), {nullptr, path});
     switch (platform::current_system().kind_of(path)) {
     case platform::entry_kind::file:
         return open_file(path);

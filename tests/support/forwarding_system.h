@@ -17,6 +17,7 @@ public:
     explicit forwarding_system(platform::system& inner = platform::current_system()) : inner_(inner) {}
 
     platform::entry_kind kind_of(const wide_string& path) override { return inner_.kind_of(path); }
+    bool is_known_absent(const wide_string& path) override { return inner_.is_known_absent(path); }
     uint64_t file_size(const wide_string& path) override { return inner_.file_size(path); }
     bool copy_file(const wide_string& source, const wide_string& target, bool replace) override {
         return inner_.copy_file(source, target, replace);

@@ -9,6 +9,10 @@ bool path_exists(const wide_string& path) {
     return platform::current_system().kind_of(path) != platform::entry_kind::none;
 }
 
+bool path_is_taken(const wide_string& path) {
+    return !platform::current_system().is_known_absent(path) && path_exists(path);
+}
+
 bool create_folders(const wide_string& path) {
     platform::system& files = platform::current_system();
     const platform::entry_kind kind = files.kind_of(path);

@@ -8,6 +8,8 @@ namespace vs::project_resave {
 
 // True for a file and for a folder.
 bool path_exists(const wide_string& path);
+// The same, at a lower cost where the name is likely to be free.
+bool path_is_taken(const wide_string& path);
 
 // Creates what is missing of a folder path. True if all of it stands as folders afterwards; levels made
 // before a failure stay. The drive, or server and share, must be there.

@@ -34,7 +34,7 @@ void Tvs_resave_tld_lr::collect_source_files(std::vector<wide_string>& out) {
     const wide_string reference = host_string(&vs_lr_get_wfilename, layer);
     out = {reference};
     const wide_string projection = projection_file_name(reference);
-    if (path_exists(projection)) out.push_back(projection);
+    if (path_is_taken(projection)) out.push_back(projection);
 }
 
 wide_string Tvs_resave_tld_lr::default_folder() { return load_string(tile_folder_text); }

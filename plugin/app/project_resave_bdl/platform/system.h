@@ -55,6 +55,9 @@ public:
 
     /// What stands under `path`, links followed; `none` also for a broken link, a device or a pipe.
     virtual entry_kind kind_of(const wide_string& path) = 0;
+    /// True if the names of the folder show, at a lower cost than `kind_of` has, that nothing stands under
+    /// `path`. False tells nothing.
+    virtual bool is_known_absent(const wide_string&) { return false; }
     /// Bytes of a file; 0 for a folder and on failure.
     virtual uint64_t file_size(const wide_string& path) = 0;
 

@@ -12,6 +12,13 @@ public:
     explicit descriptor(int number) : number_(number) {}
     ~descriptor() { close(); }
     descriptor(descriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
+    descriptor& operator=(descriptor&& other) noexcept {
+        if (this != &other) {
+            close();
+            number_ = std::exchange(other.number_, -1);
+        }
+        return *this;
+    }
     descriptor(const descriptor&) = delete;
     descriptor& operator=(const descriptor&) = delete;
 

@@ -58,6 +58,12 @@ public:
         return S_ISREG(status->st_mode) ? entry_kind::file : entry_kind::none;
     }
 
+    bool is_known_absent(const wide_string& path) override {
+        const auto asked = mapped_volumes().as_asked(path);
+        bool was_read = false;
+        return asked && !names().find(folder_of(*asked), name_of(*asked), was_read) && was_read;
+    }
+
     uint64_t file_size(const wide_string& path) override {
         const auto status = status_of(path);
         return status && S_ISREG(status->st_mode) ? static_cast<uint64_t>(status->st_size) : 0;

@@ -1,11 +1,13 @@
 #include "platform/posix/folder_names.h"
 
 #include <dirent.h>
+#include <fcntl.h>
 
 #include <algorithm>
 #include <ctime>
 #include <memory>
 
+#include "platform/posix/open_file.h"
 #include "platform/text.h"
 
 namespace vs::project_resave::platform {
@@ -14,6 +16,9 @@ namespace {
 
 // Longer than the step of the clock that stamps folders.
 constexpr int64_t settling_time = 20'000'000;
+
+// For so long a path is taken to lead to the folder that it led to; what is in the folder is looked at anew.
+constexpr int64_t holding_time = 5'000'000;
 
 int64_t nanoseconds(const timespec& time) { return int64_t{time.tv_sec} * 1'000'000'000 + time.tv_nsec; }
 
@@ -60,6 +65,21 @@ std::optional<std::string> folder_names::find(const std::string& folder, std::st
     return best != nullptr ? std::optional(*best) : std::nullopt;
 }
 
+// False unless `folder` is a folder.
+bool folder_names::status_of(const std::string& folder, struct stat& status) {
+    timespec clock{};
+    ::clock_gettime(CLOCK_MONOTONIC_COARSE, &clock);
+    const int64_t now = nanoseconds(clock);
+    held_folder* held = std::ranges::find(held_, folder, &held_folder::path);
+    if (held == held_.end())
+        held = &held_[oldest_held_++ % held_.size()];
+    else if (now - held->since < holding_time && ::fstat(held->handle.get(), &status) == 0 &&
+             status.st_nlink > 0)
+        return true;
+    *held = {folder, open_native(folder, O_PATH | O_DIRECTORY), now};
+    return held->handle && ::fstat(held->handle.get(), &status) == 0;
+}
+
 folder_names::folder_times folder_names::times_of(const struct stat& status) {
     return {nanoseconds(status.st_mtim), nanoseconds(status.st_ctim)};
 }
@@ -67,7 +87,7 @@ folder_names::folder_times folder_names::times_of(const struct stat& status) {
 // The names as they stand now, read again if need be; null if `folder` is no readable folder.
 folder_names::content* folder_names::current(const std::string& folder) {
     struct stat status {};
-    if (::stat(folder.c_str(), &status) != 0 || !S_ISDIR(status.st_mode)) return nullptr;
+    if (!status_of(folder, status)) return nullptr;
     content& names = folders_[{status.st_dev, status.st_ino}];
     if (names.settled && names.seen == times_of(status)) return &names;
     return read(folder, status, names) ? &names : nullptr;
@@ -93,7 +113,7 @@ bool folder_names::read(const std::string& folder, const struct stat& status, co
 
 folder_names::content* folder_names::kept(const std::string& folder, folder_times& now) {
     struct stat status {};
-    if (::stat(folder.c_str(), &status) != 0) return nullptr;
+    if (!status_of(folder, status)) return nullptr;
     now = times_of(status);
     const auto found = folders_.find({status.st_dev, status.st_ino});
     return found != folders_.end() ? &found->second : nullptr;
@@ -127,6 +147,7 @@ void folder_names::note_own_change(const std::string& path, bool is_present) {
 void folder_names::clear() {
     const std::lock_guard guard(mutex_);
     folders_.clear();
+    held_ = {};
 }
 
 } // namespace vs::project_resave::platform

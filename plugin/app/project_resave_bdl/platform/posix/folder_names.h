@@ -7,6 +7,8 @@
 
 #include <sys/stat.h>
 
+#include <array>
+#include <cstddef>
 #include <cstdint>
 #include <map>
 #include <mutex>
@@ -15,6 +17,8 @@
 #include <string_view>
 #include <unordered_map>
 #include <utility>
+
+#include "platform/posix/descriptor.h"
 
 namespace vs::project_resave::platform {
 
@@ -49,7 +53,14 @@ private:
         bool settled = false;    ///< false: a change may have come too soon after the last one to show
     };
     using identity = std::pair<dev_t, ino_t>;
+    /// A folder held open, so that its times cost no walk along its path.
+    struct held_folder {
+        std::string path;
+        descriptor handle{-1};
+        int64_t since = 0; ///< when the path was followed, in nanoseconds
+    };
 
+    bool status_of(const std::string& folder, struct stat& status);
     static folder_times times_of(const struct stat& status);
     static bool read(const std::string& folder, const struct stat& status, content& names);
     content* current(const std::string& folder);
@@ -57,6 +68,8 @@ private:
     content* kept(const std::string& folder, folder_times& now);
 
     std::map<identity, content> folders_;
+    std::array<held_folder, 4> held_; ///< the folders asked for last
+    size_t oldest_held_ = 0;
     std::mutex mutex_;
 };
 
