@@ -29,6 +29,15 @@ void record_copy_failure(const wide_string& path, log_file& log, run_report& rep
     log.copy_failed(path);
 }
 
+void record_lost_source(const wide_string& path, const wide_string& text, log_file& log, run_report& report) {
+    log.file_missing(path);
+    report.add_lost_source(text);
+}
+
+void record_lost_source(const wide_string& path, const wide_string& text, project_context& context) {
+    record_lost_source(path, text, context.log, context.report);
+}
+
 bool copy_one(const wide_string& source, const wide_string& target, path_placement& placement, log_file& log,
               run_report& report) {
     if (!copy_file(source, target)) {

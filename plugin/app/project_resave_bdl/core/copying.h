@@ -65,5 +65,8 @@ bool copy_data_source_files(const wide_string& source, const wide_string& target
 
 // Enters a failed copy in report and log.
 void record_copy_failure(const wide_string& path, log_file& log, run_report& report);
+// Enters a missing file: its path in the log, in the report the text that tells whose it was.
+void record_lost_source(const wide_string& path, const wide_string& text, log_file& log, run_report& report);
+void record_lost_source(const wide_string& path, const wide_string& text, project_context& context);
 
 } // namespace vs::project_resave

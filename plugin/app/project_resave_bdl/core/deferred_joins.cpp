@@ -40,8 +40,7 @@ void deferred_joins::run() {
 
 void deferred_joins::rejoin(const pending_join& join) {
     if (!path_exists(join.other_source)) {
-        log->file_missing(join.other_source);
-        report->add_lost_source(load_string(join_file_text));
+        record_lost_source(join.other_source, load_string(join_file_text), *log, *report);
         return;
     }
     wide_string path = placement->lookup_placed(join.other_source);

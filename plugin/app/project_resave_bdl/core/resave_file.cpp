@@ -14,8 +14,9 @@
 namespace vs::project_resave {
 
 void Tvs_resave_file::build() {
-    collect_source_files(source_files);
-    context->sizes.add_files(source_files);
+    std::vector<wide_string> paths;
+    collect_source_files(paths);
+    source_files = context->sizes.add_files(paths);
 }
 
 void Tvs_resave_file::collect_source_files(std::vector<wide_string>& out) {
@@ -30,8 +31,7 @@ bool Tvs_resave_file::do_save() {
         return true; // an element without a file is no failure
     }
     if (!path_exists(source)) {
-        context->log.file_missing(source);
-        context->report.add_lost_source(caption());
+        record_lost_source(source, caption(), *context);
         skip_progress();
         return false;
     }
@@ -89,7 +89,7 @@ uint32_t Tvs_resave_file::count_units(uint32_t& total) {
 void Tvs_resave_file::skip_progress() { context->progress.advance(weight); }
 
 void Tvs_resave_file::collect_common_directory(common_directory& common) {
-    for (const wide_string& path : source_files) common.add_path(path);
+    for (const uint32_t file : source_files) common.add_path(context->sizes.path(file));
 }
 
 void Tvs_resave_file::set_selected(bool on) {

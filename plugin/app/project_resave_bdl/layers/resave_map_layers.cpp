@@ -1,6 +1,7 @@
 #include "layers/resave_map_layers.h"
 
 #include "containers/resave_scene_2d.h"
+#include "core/copying.h"
 #include "core/path_files.h"
 #include "core/paths.h"
 #include "core/structure_line.h"
@@ -65,8 +66,7 @@ bool Tvs_resave_map_lr::do_save() {
         return true;
     }
     if (!path_exists(source)) {
-        context->log.file_missing(source);
-        context->report.add_lost_source(caption());
+        record_lost_source(source, caption(), *context);
         skip_progress();
         return false;
     }

@@ -117,8 +117,7 @@ void Tvs_resave_tos_lr::after_file_saved() {
 // The path to be written into the record; empty for a file that is lost or finds no place.
 wide_string Tvs_resave_tos_lr::place_model_file(const wide_string& source, int32_t lost_text) {
     if (!path_exists(source)) {
-        context->log.file_missing(source);
-        context->report.add_lost_source(caption() + u". " + load_string(lost_text));
+        record_lost_source(source, caption() + u". " + load_string(lost_text), *context);
         skip_progress(); // a step that nobody counted
         return wide_string();
     }
