@@ -38,12 +38,16 @@ void resave_entity_plugin::build() {
     Tvs_resave_file::build();
 }
 
+uint32_t resave_entity_plugin::believed(const std::optional<uint32_t>& count) {
+    if (!count) has_miscounted = true;
+    return count.value_or(0);
+}
+
 void resave_entity_plugin::collect_references() {
     references.clear();
-    const std::optional<uint32_t> count =
-        told_count<&resave_entity_service_impl::reference_count>(service.get(), entity_);
-    if (!count) has_miscounted = true;
-    for (uint32_t index = 0; index < count.value_or(0); ++index) {
+    const uint32_t count =
+        believed(told_count<&resave_entity_service_impl::reference_count>(service.get(), entity_));
+    for (uint32_t index = 0; index < count; ++index) {
         owned_uuid uuid(vs_uuid_create());
         call<&resave_entity_service_impl::reference_uuid>(service.get(), entity_, index, uuid.get());
         if (vs_uuid_has_value(uuid.get())) references.push_back(std::move(uuid));
@@ -52,10 +56,9 @@ void resave_entity_plugin::collect_references() {
 
 void resave_entity_plugin::collect_rows() {
     files.clear();
-    const std::optional<uint32_t> count =
-        told_count<&resave_entity_service_impl::file_count>(service.get(), entity_);
-    if (!count) has_miscounted = true;
-    for (uint32_t index = 0; index < count.value_or(0); ++index) {
+    const uint32_t count =
+        believed(told_count<&resave_entity_service_impl::file_count>(service.get(), entity_));
+    for (uint32_t index = 0; index < count; ++index) {
         file_row& row = files.emplace_back();
         stdwstring_visitor source(row.source), folder(row.folder);
         call<&resave_entity_service_impl::file_info>(service.get(), entity_, index, source, folder);
@@ -105,8 +108,7 @@ bool resave_entity_plugin::save_row(uint32_t index) {
     const wide_string& source = files[index].source;
     if (source.empty()) return false;
     if (!path_exists(source)) {
-        context->log.file_missing(source);
-        context->report.add_lost_source(caption());
+        record_lost_source(source, caption(), *context);
         return false;
     }
     wide_string target = context->placement.lookup_placed(source);

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 
 #include "core/resave_file.h"
 #include "framework/host_owned.h"
@@ -44,6 +45,8 @@ private:
     };
     using owned_uuid = host_owned<vs_uuid, &vs_uuid_destroy>;
 
+    // The count, or 0 where it cannot be, which is remembered.
+    uint32_t believed(const std::optional<uint32_t>& count);
     void collect_references();
     void collect_rows();
     bool save_row(uint32_t index);
