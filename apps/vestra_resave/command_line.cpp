@@ -211,11 +211,19 @@ void add_panel(CLI::App& app, command_line& line) {
     command->callback([&line] { line.run = [&line] { return lead_panel(line.panel, line.options); }; });
 }
 
+// Without a command the first word is to blame, if there is one.
+std::string failure_text(const CLI::App* app, const CLI::Error& error) {
+    const std::vector<std::string> words = app->remaining();
+    if (words.empty() || !app->get_subcommands().empty()) return CLI::FailureMessage::simple(app, error);
+    return "no such command: " + words.front() + "\nRun with --help for the list of commands.\n";
+}
+
 } // namespace
 
 std::optional<int> parse(int argc, char** argv, command_line& line) {
     CLI::App app("Copies mapping projects with all their files to a new place.", "vestra-resave");
     app.require_subcommand(1);
+    app.failure_message(failure_text);
     words words;
     add_list(app, line);
     add_resave(app, line, words);
