@@ -51,6 +51,11 @@ void host_fixture::copy_sample() {
     fs::copy(area / "d", native("d"), all);
 }
 
+void host_fixture::clear_output() const {
+    fs::remove_all(native("n") / "out");
+    fs::create_directories(native("n") / "out");
+}
+
 wide_string host_fixture::write(const wide_string& path, std::string_view bytes) {
     const fs::path file = platform::native_path(path);
     fs::create_directories(file.parent_path());
