@@ -285,8 +285,8 @@ TEST_F(foreign_services, counts_that_cannot_be_are_reported_and_nobody_waits_for
         uint32_t kinds, references, files, items;
         wide_string place; // of the drawing
         texts problems;
-    } rows[] = {{1, all, 1, 0, u"N:\\out\\claimed\\a.dxf", lost_drawing},
-                {1, 1'000'001, all, 0, u"C:\\prj\\a.dxf", lost_drawing},
+    } rows[] = {{1, 1'000'001, 1, 0, u"N:\\out\\claimed\\a.dxf", lost_drawing},
+                {1, 0, all, 0, u"C:\\prj\\a.dxf", lost_drawing},
                 {all, 0, 1, 0, u"N:\\out\\graphics\\a.dxf", {}},
                 {1, 0, 1, all, u"N:\\out\\claimed\\a.dxf", {u"Layouts: Copy error boundless\n"}}};
     offer<entity_service, resave_entity_service_impl>();
@@ -306,7 +306,7 @@ TEST_F(foreign_services, a_service_that_answers_nonsense_ends_in_a_report) {
         wish = {-1, copy_fails, {}};
         run_anew();
         EXPECT_TRUE(context->report.saved);
-        EXPECT_EQ(copy_fails, problems.front() == u"Area: Copy error a.dxf\n");
+        EXPECT_EQ(copy_fails, problems.at(0) == u"Area: Copy error a.dxf\n");
         EXPECT_TRUE(path_exists(u"C:\\prj\\a.dxf"));
         EXPECT_TRUE(copied(0).file.starts_with(u"N:\\out\\claimed\\a")) << platform::to_utf8(copied(0).file);
     }

@@ -123,7 +123,7 @@ TEST_F(sketches, what_a_sketch_is_drawn_over_comes_with_it_if_the_person_agrees)
         script.answers = {given};
         clear_output();
         run();
-        EXPECT_EQ(expected, files());
+        ASSERT_EQ(expected, files());
         EXPECT_EQ(texts{}, problems);
         expected.insert(expected.begin() + 1, {"Relief._lr", "rtr/relief.tif"});
     }
