@@ -11,13 +11,14 @@ using namespace vs::project_resave;
 
 TEST(data_sets, files_of_other_formats_go_with_their_stem) {
     const temporary_folder folder;
-    for (const wide_view name : {u"Well.wel", u"well.LOG", u"well.2.log", u"wells.log", u"other.wel",
-                                 u"well.x\\a.wel", u"g\\g.pgrid", u"g\\values.bin", u"g\\deep\\no.bin",
-                                 u"h\\i.pgrid", u"h\\values.bin", u"broken.shp", u"broken.dbf"})
+    for (const wide_view name :
+         {u"Well.wel", u"well.LOG", u"well.2.log", u"wells.log", u"other.wel", u"well.x\\a.wel",
+          u"g\\g.pgrid", u"g\\values.bin", u"g\\deep\\no.bin", u"h\\i.pgrid", u"h\\values.bin", u"broken.shp",
+          u"broken.dbf", u"broken.doc"})
         folder.write(name, "text");
     const wide_string head = folder.path() + u"\\";
     EXPECT_EQ(" well.wel well.LOG", names_of(head + u"well.wel", head));
-    EXPECT_EQ(" broken.shp broken.dbf", names_of(head + u"broken.shp", head));
+    EXPECT_EQ(" broken.shp broken.dbf broken.doc", names_of(head + u"broken.shp", head));
     EXPECT_EQ(" g\\g.pgrid g\\values.bin", names_of(head + u"g\\g.pgrid", head));
     EXPECT_EQ(" h\\i.pgrid", names_of(head + u"h\\i.pgrid", head));
     folder.write(u"well.new", "text");

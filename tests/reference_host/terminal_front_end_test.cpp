@@ -76,7 +76,7 @@ TEST(terminal_front_end, questions_are_answered_by_the_person_by_what_was_decide
 TEST(terminal_front_end, ctrl_c_is_the_stop_button_of_the_window_that_is_open) {
     fake_terminal terminal;
     terminal_front_end front(terminal, {});
-    for (const bool cancelled : {true, false}) {
+    for (const bool cancelled : {false, true}) {
         front.progress_opened(true);
         EXPECT_FALSE(front.stop_requested()) << "each window begins anew";
         terminal.was_interrupted = true;
