@@ -92,6 +92,8 @@ TEST(ref, the_last_strong_one_ends_the_object_once_and_the_weak_ones_learn_of_it
         ref<lamp_impl> strong(pair);
         std::vector<ref<lamp_impl>> grown;
         for (int i = 0; i < 20; ++i) grown.push_back(strong);
+        const ref<lamp_impl>& same = strong;
+        strong = same;
         strong.reset();
         EXPECT_EQ(1, living);
         EXPECT_TRUE(weak);

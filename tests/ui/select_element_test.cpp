@@ -58,11 +58,11 @@ TEST_F(select_panel, an_outline_has_its_host_ask_again_after_everything_that_cha
     open();
     const auto live = cast_to<outline_impl>(outline(views::layers_2d).live);
     call<&outline_impl::set_events>(live, pointer_to<outline_events_impl>(layers));
-    const std::function<void()> changes[] = {[&] { check(views::scenes_2d, {0}, false); },
-                                             [&] { check(views::layers_2d, {0}, true); },
-                                             [&] { press(views::everything, u"select"); },
-                                             [&] { highlight(views::scenes_2d, {0}); }, [&] { open(); }};
-    for (const auto& change : changes) {
+    const std::function<void()> rows[] = {[&] { check(views::scenes_2d, {0}, false); },
+                                          [&] { check(views::layers_2d, {0}, true); },
+                                          [&] { press(views::everything, u"select"); },
+                                          [&] { highlight(views::scenes_2d, {0}); }, [&] { open(); }};
+    for (const auto& change : rows) {
         layers.told = 0;
         change();
         EXPECT_NE(0, layers.told);
