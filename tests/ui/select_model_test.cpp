@@ -104,21 +104,23 @@ TEST_F(select_model, each_tool_changes_what_its_view_shows_and_nothing_else) {
 }
 
 TEST_F(select_model, a_click_on_one_of_several_highlighted_rows_acts_on_all_of_them) {
+    builder.scene_2d(u"Spare").layer("a", u"Left alone");
     open();
     check(views::scenes_2d, {0}, false);
     highlight(views::layers_2d, {0});
     EXPECT_TRUE(row(outline(views::layers_2d), {0, 1}).highlighted) << "a group takes what is below it along";
     check(views::layers_2d, {2}, true);
-    EXPECT_EQ("xx|....x", both()) << "a row beside them stands for itself";
+    EXPECT_EQ("xxx|....x", both()) << "a row beside them stands for itself";
     check(views::layers_2d, {0, 1}, true);
-    EXPECT_EQ("xx|xxx.x", both()) << "a row below stands for the group";
+    EXPECT_EQ("xxx|xxx.x", both()) << "a row below stands for the group";
     highlight(views::layers_2d, {0}, false);
     check(views::layers_2d, {0, 0}, false);
-    EXPECT_EQ("xx|....x", both()) << "the rows below keep their own highlight";
+    EXPECT_EQ("xxx|....x", both()) << "the rows below keep their own highlight";
     highlight(views::scenes_2d, {0});
     highlight(views::scenes_2d, {1});
     check(views::scenes_2d, {1}, false);
-    EXPECT_EQ("..|..", both()) << "two scenes at once, with their layers";
+    EXPECT_EQ("..x|..", both()) << "two scenes at once, with their layers";
+    EXPECT_TRUE(is_selected(u"Left alone"));
 }
 
 TEST_F(select_model, what_is_in_the_project_twice_is_left_out_in_both_places) {
