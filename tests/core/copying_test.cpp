@@ -97,6 +97,15 @@ TEST_F(copying, companions_follow_the_main_file_under_its_new_name) {
     }
 }
 
+TEST_F(copying, a_file_is_registered_only_if_its_copy_stands) {
+    begin(u"a.tif a_tif.pj4 *b.tif");
+    copy_one(src + u"a.tif", out + u"b.tif", context);
+    copy_projection_file(src + u"a.tif", out + u"a.tif", context);
+    copy_projection_file(src + u"a.tif", out + u"c.tif", context); // two rasters share it: copied once
+    EXPECT_EQ(outcome(true), "a_tif.pj4>a_tif.pj4 !");
+    EXPECT_EQ(context.placement.placed.size(), 1u);
+}
+
 TEST_F(copying, a_folder_comes_whole_or_tells_that_it_did_not) {
     begin(u"g\\a\\1 g\\b\\c\\2 g\\3 *old\\3");
     EXPECT_FALSE(copy_folder(src + u"g", out + u"old", false, false));

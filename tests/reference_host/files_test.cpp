@@ -1,4 +1,5 @@
-// The files of the host: what is written by hand comes back, wherever the folder stands by then.
+// The files of the host: what is written by hand comes back, wherever the folder stands by then, and what a
+// person is told of a file that is not as it should be.
 #include <gtest/gtest.h>
 
 #include <fstream>
@@ -21,9 +22,36 @@ const std::string everything = [] {
     return std::string(std::istreambuf_iterator<char>(file), {});
 }();
 
+constexpr const char* id_1 = "00000000-0000-0000-0000-0000000000a1";
+
 class host_files : public testing::Test {
 protected:
     ~host_files() override { EXPECT_EQ(living_objects(), before_); }
+
+    // What is said after the path and a colon; the project is untouched then.
+    std::string told(const std::string& content) {
+        const wide_string path = folder_.write(u"bad._vp", content);
+        project prj;
+        prj.scenes_2d.make_scene();
+        const auto error = read_project(path, prj);
+        if (!error) return "";
+        EXPECT_EQ(prj.scenes_2d.count(), 1U);
+        EXPECT_TRUE(error->text().starts_with(path + u":"));
+        return platform::to_utf8(error->text().substr(path.size() + 1));
+    }
+    // A layer in line 5 of a project, with a uuid and a caption.
+    static std::string with_layer(const std::string& attributes, const std::string& content) {
+        return "<project version='1'>\n<scenes2d>\n<scene uuid='' caption=''>\n<layers>\n<layer uuid='" +
+               std::string(id_1) + "' caption='' " + attributes + ">" + content +
+               "</layer></layers></scene></scenes2d></project>";
+    }
+    static std::string with_extras(const std::string& rows) {
+        return with_layer("type='t'", "<extras>\n" + rows + "</extras>");
+    }
+    static std::string with_groups(const std::string& leaves) {
+        return "<project version='1'><scenes2d><scene uuid='' caption=''><groups>\n" + leaves +
+               "</groups><layers><layer uuid='' caption='' type='t'/></layers></scene></scenes2d></project>";
+    }
 
     std::size_t before_ = living_objects();
     temporary_folder folder_;
@@ -96,6 +124,63 @@ TEST_F(host_files, a_failed_write_leaves_the_old_file_and_nothing_else) {
         EXPECT_EQ(error->text(), path + u": the file cannot be written");
         EXPECT_EQ(difference(before, state_of(folder_.native())), "");
     }
+}
+
+TEST_F(host_files, each_is_refused_with_line_and_reason) {
+    const struct {
+        std::string content;
+        int line;
+        std::string reason; // or its end
+    } rows[] = {
+        {"<project version='1'>\n</scene>", 2, "bad XML: Start-end tags mismatch"},
+        {"\n<scene_file version='1'/>", 2, "the root element is <scene_file>, not <project>"},
+        {"<project version='2'/>", 1, "the version is \"2\", known is only \"1\""},
+        {"<project version='1'>\n\xFF</project>", 2, "the file is no UTF-8 text"},
+        {"\xEF\xBB\xBF<?xml version='1.0'?>\r\n<!-- & -->\r\n<project version='1'>\r\n<maps/></project>", 4,
+         "unknown element <maps> in <project>"},
+        {"<project version='1' colour='red'/>", 1, "element <project> has the unknown attribute \"colour\""},
+        {with_layer("", ""), 5, "element <layer> lacks attribute \"type\""},
+        {with_layer("type='t' parent='00000000-0000-0000-0000-0000000000ff'", ""), 5,
+         "not the uuid of an element of this file"},
+        {with_layer("type='t'", "\n<attributes file=''>\n<join source='' base_field='1.5' other_field='0'/>"
+                                "</attributes>"),
+         7, "attribute \"base_field\" of element <join> is \"1.5\", not a whole number of 32 bits"},
+        {with_layer("type='t'", "</layer>\n<layer type='t' uuid='{" + std::string(id_1) + "}' caption=''>"),
+         6, "0000000000a1 is already that of element <layer> in line 5"},
+        {with_groups("<leaf layer='0'/><group caption=''><leaf layer='0'/></group>"), 2,
+         "\"0\", not a layer that stands in no group yet"},
+        {with_extras("<extra key='k' type='tuple' size='2'><item index='2' type='empty'/></extra>"), 6,
+         "\"2\", not an ascending number below the size"},
+        {with_extras("<extra key='k' type='tuple' size='4294967295'/>"), 6,
+         "not within the 16777216 elements that all tuples of a file may have"},
+    };
+    for (const auto& [content, line, reason] : rows) {
+        const std::string text = told(content);
+        EXPECT_TRUE(text.starts_with(std::to_string(line) + ": ")) << text;
+        EXPECT_TRUE(text.ends_with(reason)) << text;
+    }
+}
+
+TEST_F(host_files, depth_and_size_have_limits) {
+    const auto nested = [](int groups) { // the groups stand in four elements and hold none
+        std::string text = "<project version='1'><scenes2d><scene uuid='' caption=''><groups>";
+        for (int depth = 0; depth < groups; ++depth) text += "\n<group caption=''>";
+        for (int depth = 0; depth < groups; ++depth) text += "</group>";
+        return text + "</groups></scene></scenes2d></project>";
+    };
+    EXPECT_EQ(told(nested(60)), "");
+    EXPECT_EQ(told(nested(61)), "62: elements are nested more than 64 deep");
+    EXPECT_NE(told(nested(200000)), "");
+}
+
+TEST_F(host_files, what_could_not_be_read_again_is_not_written) {
+    const uuid id = *uuid::parse(u"00000000-0000-0000-0000-0000000000a1");
+    project prj;
+    prj.scenes_2d.make_scene().id = id;
+    prj.tables.make().id = id;
+    EXPECT_EQ(write_project(folder_.path(u"a._vp"), prj)->reason,
+              u"two elements have the uuid 00000000-0000-0000-0000-0000000000a1");
+    EXPECT_TRUE(folder_.read(u"a._vp").empty());
 }
 
 } // namespace
