@@ -51,11 +51,6 @@ void host_fixture::copy_sample() {
     fs::copy(area / "d", native("d"), all);
 }
 
-void host_fixture::clear_output() const {
-    fs::remove_all(native("n") / "out");
-    fs::create_directories(native("n") / "out");
-}
-
 wide_string host_fixture::write(const wide_string& path, std::string_view bytes) {
     const fs::path file = platform::native_path(path);
     fs::create_directories(file.parent_path());
@@ -89,6 +84,11 @@ std::vector<vestra::shell::scripted_front_end::event> host_fixture::told() const
     std::vector<front::event> all = script.events;
     std::erase_if(all, [](const front::event& shown) { return shown.what == front::kind::caption; });
     return all;
+}
+
+void host_fixture::clear_output() const {
+    fs::remove_all(native("n") / "out");
+    fs::create_directories(native("n") / "out");
 }
 
 void host_fixture::read_back(const wide_string& path, vestra::project& into) {

@@ -37,8 +37,6 @@ protected:
     static wide_string write(const wide_string& path, std::string_view bytes = "data");
     // Its bytes; empty for a folder and for what is not there.
     static std::string read(const wide_string& path);
-    // Empties the folder of the output.
-    void clear_output() const;
 
     void load() { ASSERT_TRUE(context->load_project(source, false, false)); }
     // Resaves what is loaded; what the front end was told before is forgotten.
@@ -54,6 +52,8 @@ protected:
     std::vector<wide_string> errors() const { return script.texts(front::kind::error); }
     // The native root of a drive: "c", "d" or "n".
     std::filesystem::path native(std::string_view drive) const;
+    // Empties the folder of the output.
+    void clear_output() const;
     // Reads a written project.
     static void read_back(const wide_string& path, vestra::project& into);
 
