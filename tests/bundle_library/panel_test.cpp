@@ -19,23 +19,6 @@ struct opened {
     vestra::project project;
 };
 
-TEST_F(panel, the_hosts_own_project_can_be_loaded_only_if_it_has_a_whole_path) {
-    const std::pair<wide_view, bool> table[] = {{u"C:\\prj\\area._vp", true},
-                                                {u"\\\\server\\share\\area._vp", true},
-                                                {u"/prj/area._vp", true},
-                                                {u"", false},
-                                                {u"prj\\area._vp", false}};
-    for (const auto& [path, expected] : table) {
-        const opened in_host(path);
-        open();
-        EXPECT_EQ(expected, press("button1")) << platform::to_utf8(path);
-        close();
-        registry.release_services(); // the next window is a new tool's
-        loader.unload_all();
-        ASSERT_FALSE(loader.load(platform::library_beside_program(u"vsk_project_resave_bdl")));
-    }
-}
-
 TEST_F(panel, load_current_reads_a_private_copy_that_is_never_written_over_the_hosts_project) {
     copy_sample();
     const opened in_host(source);
@@ -209,30 +192,6 @@ TEST_F(panel, while_a_run_waits_nothing_else_begins_and_a_closed_window_takes_ef
         EXPECT_EQ(closes ? 0U : 2U, rows("scn2d/list2").size());
         close();
         clear_output();
-    }
-}
-
-TEST_F(panel, each_page_and_structure_leaves_in_use_what_it_works_on_and_the_marks_stay) {
-    open_on_sample();
-    ASSERT_TRUE(check_row("dbf/list1/1", false));
-    const char* const lists[] = {"scn2d/list1",       "scn2d/list2", "scn3d/list1",  "scn3d/list2",
-                                 "dbf/list1",         "tos/list1",   "layout/list1", "well/list1",
-                                 "correlation/list1", "plugin/list1"};
-    const struct {
-        const char* page;
-        const char* radio; // of the page that resaves
-        const char* in_use;
-    } table[] = {{"struct", nullptr, "1111111111"},   {"prj", "prj/radio5", "1111000000"},
-                 {"scns_xml", nullptr, "1000000000"}, {"prj", "prj/radio1", "1111111111"},
-                 {"scns_xml", nullptr, "1000000000"}, {"struct", nullptr, "1111111111"}};
-    for (const auto& row : table) {
-        turn_to(row.page);
-        if (row.radio) check(row.radio);
-        std::string in_use;
-        for (const char* list : lists) in_use += at(list).enabled ? '1' : '0';
-        EXPECT_EQ(row.in_use, in_use) << row.page;
-        EXPECT_EQ(in_use[4] == '1', at("dbf/tool1").enabled);
-        EXPECT_EQ(u"-Deposits", rows("dbf/list1").at(0));
     }
 }
 

@@ -56,16 +56,11 @@ TEST_F(layouts, a_page_is_told_a_place_by_each_structure_and_nothing_is_copied_f
         wide_view page, becomes;
     } rows[] = {
         {by_type, u"C:\\prj\\img\\p.fmt", u"N:\\out\\files"}, // without its name
-        {by_type, u"", u"N:\\out\\files"},
         {from_project_folder, u"C:\\prj\\img\\P.fmt", u"N:\\out\\img\\P.fmt"},
-        {from_project_folder, u"C:\\data\\p.fmt", u"N:\\out\\data\\p.fmt"},
         {from_project_folder, u"D:\\img\\p.fmt", u"\\img\\p.fmt"}, // required as it is
-        {from_project_folder, u"", u"N:\\out\\"},
         {project_tree_else_type, u"C:\\prj\\img\\p.fmt", u"N:\\out\\img\\p.fmt"},
         {project_tree_else_type, u"D:\\img\\p.fmt", u"N:\\out\\files\\p.fmt"},
-        {project_tree_else_type, u"", u"N:\\out\\files"},
         {from_common_top, u"C:\\prj\\p.fmt", u"N:\\out\\prj\\p.fmt"},
-        {from_common_top, u"D:\\img\\p.fmt", u"N:\\out\\img\\p.fmt"},
         {from_common_top, u"", u""},
     };
     for (const bool exists : {false, true}) {

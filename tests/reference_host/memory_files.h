@@ -1,0 +1,60 @@
+// Files in memory under any path, in place of the disk, for readers that are fed millions of times.
+#pragma once
+
+#include <algorithm>
+#include <cstring>
+#include <map>
+#include <string>
+
+#include "platform/text.h"
+#include "tests/support/forwarding_system.h"
+
+namespace vestra {
+
+namespace platform = vs::project_resave::platform;
+using vs::project_resave::wide_string;
+using vs::project_resave::wide_view;
+
+class memory_files : public vs::project_resave::forwarding_system {
+public:
+    std::map<wide_string, std::string> content;
+
+    platform::entry_kind kind_of(const wide_string& path) override {
+        return content.contains(path) ? platform::entry_kind::file : platform::entry_kind::none;
+    }
+    bool delete_file(const wide_string& path) override { return content.erase(path) != 0; }
+    bool rename_over(const wide_string& from, const wide_string& to) override {
+        content[to] = std::move(content[from]);
+        return content.erase(from) != 0;
+    }
+    platform::open_result open(const wide_string& path, platform::access, platform::disposition how,
+                               std::unique_ptr<platform::file>& result) override {
+        const bool create = how == platform::disposition::create_always;
+        if (!create && !content.contains(path)) return platform::open_result::failed;
+        if (create) content[path].clear();
+        result = std::make_unique<open_file>(content[path]);
+        return platform::open_result::opened;
+    }
+
+private:
+    struct open_file : platform::file {
+        explicit open_file(std::string& text) : bytes(text) {}
+        size_t read(void* buffer, size_t length) override {
+            const size_t count = std::min(length, bytes.size() - place);
+            std::memcpy(buffer, bytes.data() + place, count);
+            place += count;
+            return count;
+        }
+        size_t write(const void* from, size_t length) override {
+            bytes.append(static_cast<const char*>(from), length);
+            return length;
+        }
+        bool seek_end() override { return true; }
+        uint64_t size() override { return bytes.size(); }
+
+        std::string& bytes;
+        size_t place = 0;
+    };
+};
+
+} // namespace vestra
