@@ -91,26 +91,15 @@ protected:
         return all;
     }
     // A row by its numbers and captions: "scn2d/list1/2".
-    const row_view& row(const std::string& path, const element_view*& outline) {
-        view = window->look();
-        const row_view* found = vestra::toolkit::find_row(view, path, outline);
-        EXPECT_NE(nullptr, found) << path;
-        static const row_view nothing;
-        return found ? *found : nothing;
-    }
     bool check_row(const std::string& path, bool on) {
+        view = window->look();
         const element_view* outline = nullptr;
-        const row_view& found = row(path, outline);
-        return outline && vestra::toolkit::check_row(*outline, found, on);
+        const row_view* row = vestra::toolkit::find_row(view, path, outline);
+        return row && vestra::toolkit::check_row(*outline, *row, on);
     }
-    bool highlight_row(const std::string& path, bool on = true) {
-        const element_view* outline = nullptr;
-        const row_view& found = row(path, outline);
-        return outline && vestra::toolkit::highlight_row(*outline, found, on);
-    }
-    bool press_tool(const std::string& name) { return vestra::toolkit::click_tool(at(name)); }
 
     texts warnings() const { return script.texts(front::kind::warning); }
+    const texts all_scenes{u"Overview", u"Geology", u"Section 1", u"Empty scene"}; // of the sample
     const wide_string same_name = u"You can't resave a project with the same name.";
 
 private:

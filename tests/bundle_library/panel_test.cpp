@@ -19,105 +19,35 @@ struct opened {
     vestra::project project;
 };
 
-TEST_F(panel, the_window_opens_in_the_users_language_with_one_button_that_runs_and_one_that_closes) {
-    open();
-    EXPECT_EQ(u"project_resave_app", window->name());
-    view = window->look();
-    EXPECT_EQ(u"Resave Project", view.caption);
-    EXPECT_EQ(u"Resave Project", view.text);
-    const auto& buttons = vestra::toolkit::find(view, u"button_box")->buttons;
-    ASSERT_EQ(2U, buttons.size());
-    EXPECT_EQ(u"Run", buttons[0].text);
-    EXPECT_EQ(u"Close", buttons[1].text);
-    EXPECT_EQ(2, buttons[0].code);
-    EXPECT_EQ(8, buttons[1].code);
-    EXPECT_FALSE(press_below(2));
-    EXPECT_FALSE(press_below(4)) << "no such button";
-    EXPECT_TRUE(press_below(8));
-    EXPECT_TRUE(script.events.empty()) << "no project and no path: the button does nothing";
-}
-
-TEST_F(panel, the_library_announces_its_factories_in_the_order_that_hosts_rely_on) {
-    struct recording_context final : bundle_context_impl {
-        void register_factory(const char16_t* id, service_factory_pointer) override { ids.emplace_back(id); }
-        texts ids;
-    } announced_to;
-    using vestra::shell::bundle_loader;
-    wide_string reason;
-    const auto library =
-        platform::library::open(platform::library_beside_program(u"vsk_project_resave_bdl"), reason);
-    ASSERT_TRUE(library);
-    interface_to<bundle_impl> found;
-    reinterpret_cast<bundle_loader::entry_function>(library->symbol(bundle_loader::entry_name))(&found, this);
-    call<&bundle_impl::start>(found, pointer_to<bundle_context_impl>(announced_to));
-    EXPECT_EQ((texts{u"", u"vestra/app/project_resave_app", u"", u"", u"", u""}), announced_to.ids);
-}
-
-TEST_F(panel, the_hosts_own_project_can_be_loaded_only_if_it_has_a_whole_path) {
-    const std::pair<wide_view, bool> table[] = {
-        {u"C:\\prj\\area._vp", true}, {u"\\\\server\\share\\area._vp", true},
-        {u"/prj/area._vp", true},     {u"", false},
-        {u"area._vp", false},         {u"prj\\area._vp", false}};
-    for (const auto& [path, expected] : table) {
-        const opened in_host(path);
-        open();
-        EXPECT_EQ(expected, at("button1").enabled) << platform::to_utf8(path);
-        EXPECT_EQ(expected, press("button1"));
-        close();
-        registry.release_services(); // the next window is a new tool's
-        loader.unload_all();
-        ASSERT_FALSE(loader.load(platform::library_beside_program(u"vsk_project_resave_bdl")));
-    }
-    open();
-    EXPECT_FALSE(at("button1").enabled) << "the host has none";
-}
-
-TEST_F(panel, load_current_reads_a_private_copy_and_leaves_the_hosts_project_alone) {
+TEST_F(panel, load_current_reads_a_private_copy_that_is_never_written_over_the_hosts_project) {
     copy_sample();
     const opened in_host(source);
-    const size_t before = vestra::living_objects();
+    const tree_state files = state_of(native("c"));
     open();
     EXPECT_EQ(u"", text("field1")) << "nothing is loaded by itself";
-    EXPECT_EQ(texts{}, rows("scn2d/list1"));
     // Loaded even where the path of the new project is the same; but never written over.
-    ASSERT_TRUE(enter("prj/field1", u"c:\\PRJ\\Area._VP")) << "there is no source yet";
-    script.events.clear();
-    ASSERT_TRUE(press("button1"));
-    EXPECT_EQ(texts{}, warnings());
-    EXPECT_EQ(source, text("field1"));
-    EXPECT_EQ(4U, rows("scn2d/list1").size());
-    EXPECT_EQ(&in_host.project, vestra::shell::settings().open_project);
+    for (const wide_view same : {u"c:\\PRJ\\Area._VP", u"C:/prj/sub/../AREA._vp"}) {
+        ASSERT_TRUE(enter("prj/field1", wide_string(same)));
+        ASSERT_TRUE(press("button1"));
+        EXPECT_EQ(source, text("field1"));
+        EXPECT_EQ(4U, rows("scn2d/list1").size());
+        run();
+        EXPECT_EQ((std::vector<front::event>{{front::kind::warning, same_name}}), script.events);
+    }
     EXPECT_EQ(0U, in_host.project.scenes_2d.count());
-    const tree_state files = state_of(native("c"));
-    run();
-    EXPECT_EQ(std::vector{same_name}, warnings());
-    EXPECT_FALSE(enter("prj/field1", u"c:\\PRJ\\area._vp"));
-    ASSERT_TRUE(enter("prj/field1", u"C:/prj/sub/../AREA._vp"));
-    ASSERT_TRUE(press("button1"));
-    EXPECT_EQ(4U, rows("scn2d/list1").size());
-    run();
-    EXPECT_EQ(std::vector{same_name}, warnings());
-    EXPECT_EQ(1U, script.events.size());
     EXPECT_EQ("", difference(files, state_of(native("c"))));
-    EXPECT_EQ(source, text("field1"));
-    close();
-    EXPECT_EQ(before, vestra::living_objects());
 }
 
 TEST_F(panel, a_project_cannot_become_its_own_copy_in_either_field_whatever_the_letter_case) {
     open_on_sample();
     EXPECT_FALSE(enter("prj/field1", u"c:\\PRJ\\Area._VP"));
-    EXPECT_EQ(std::vector{same_name}, warnings());
     EXPECT_EQ(u"", text("prj/field1"));
     ASSERT_TRUE(enter("prj/field1", output));
     EXPECT_FALSE(enter("prj/field1", source));
     EXPECT_EQ(output, text("prj/field1")) << "the old text stays";
-    script.events.clear();
     EXPECT_FALSE(enter("field1", u"n:\\OUT\\New._vp"));
-    EXPECT_EQ(std::vector{same_name}, warnings());
-    EXPECT_EQ(1U, script.events.size()) << "no load was tried";
-    EXPECT_EQ(source, text("field1"));
-    EXPECT_EQ(4U, rows("scn2d/list1").size());
+    EXPECT_EQ((texts{same_name, same_name, same_name}), warnings());
+    EXPECT_EQ(source, text("field1")) << "no load was tried";
     run();
     ASSERT_TRUE(path_exists(output));
     EXPECT_FALSE(enter("field1", output)) << "the project just written is still the new path";
@@ -126,16 +56,11 @@ TEST_F(panel, a_project_cannot_become_its_own_copy_in_either_field_whatever_the_
 
 TEST_F(panel, a_load_that_fails_empties_the_field_and_what_was_loaded_is_gone) {
     open_on_sample();
-    script.events.clear();
     EXPECT_FALSE(enter("field1", u"C:\\prj\\absent._vp"));
     EXPECT_EQ(texts{u"Failure load project"}, errors());
     EXPECT_EQ(u"", text("field1"));
     EXPECT_EQ(texts{}, rows("scn2d/list1"));
-    for (const wide_string& path : {source, wide_string(u"C:\\prj\\absent._vp"), wide_string()})
-        EXPECT_TRUE(enter("prj/field1", path)) << "compared with no source at all";
-    EXPECT_FALSE(enter("field1", u""));
-    ASSERT_TRUE(enter("field1", source));
-    EXPECT_EQ(4U, rows("scn2d/list1").size());
+    EXPECT_TRUE(enter("prj/field1", source)) << "compared with no source at all";
 }
 
 TEST_F(panel, another_project_leaves_no_row_no_mark_and_no_size_of_the_one_before) {
@@ -147,19 +72,16 @@ TEST_F(panel, another_project_leaves_no_row_no_mark_and_no_size_of_the_one_befor
         .scene_2d(u"Area")
         .layer("rtr_lr2d", u"East", write(u"C:\\a\\relief.tif", std::string(2048, 'x')))
         .save(other);
-    ASSERT_TRUE(highlight_row("scn2d/list1/Geology"));
     ASSERT_TRUE(check_row("scn2d/list1/Geology", false));
     ASSERT_TRUE(check_row("dbf/list1/Owners", false));
     ASSERT_TRUE(enter("field1", other));
     EXPECT_EQ(texts{u"Area"}, rows("scn2d/list1"));
     EXPECT_EQ(texts{u"East"}, rows("scn2d/list2"));
-    for (const char* page : {"scn3d", "dbf", "tos", "layout", "well", "correlation", "plugin"}) {
-        EXPECT_FALSE(at(page).enabled) << page;
-        EXPECT_EQ(texts{}, rows(page + std::string("/list1")));
-    }
     const wide_string after_another = size();
+    EXPECT_FALSE(at("dbf").enabled);
+    EXPECT_EQ(texts{}, rows("dbf/list1"));
     ASSERT_TRUE(enter("field1", source));
-    EXPECT_EQ((texts{u"Overview", u"Geology", u"Section 1", u"Empty scene"}), rows("scn2d/list1"));
+    EXPECT_EQ(all_scenes, rows("scn2d/list1"));
     EXPECT_EQ((texts{u"Deposits", u"Owners", u"Core samples"}), rows("dbf/list1"));
     EXPECT_EQ(whole, size());
     close();
@@ -179,16 +101,14 @@ TEST_F(panel, a_window_that_goes_takes_the_project_along_and_comes_back_empty_wi
     open();
     EXPECT_EQ(u"", text("field1"));
     EXPECT_EQ(texts{}, rows("scn2d/list1"));
-    EXPECT_EQ(u" 0 Kbyte", vestra::toolkit::find(view, u"label_ex")->text);
     EXPECT_EQ(output, text("prj/field1"));
     EXPECT_FALSE(is_checked("prj/check2"));
     ASSERT_TRUE(enter("field1", source));
-    EXPECT_EQ((texts{u"Overview", u"Geology", u"Section 1", u"Empty scene"}), rows("scn2d/list1"));
+    EXPECT_EQ(all_scenes, rows("scn2d/list1"));
 
     // A project that is loaded when the library goes ends with it, window or not.
     close();
     ASSERT_TRUE(vestra::toolkit::enter_text(*vestra::toolkit::find(view, u"file_input"), source));
-    ASSERT_LT(before, vestra::living_objects());
     loader.unload_all();
     EXPECT_EQ(before, vestra::living_objects());
 }
@@ -203,7 +123,7 @@ struct linked_in_tool {
         std::in_place, app::id, std::make_unique<ref_service_holder<app, custom_app_service_impl>>()};
 };
 
-TEST_F(panel, whoever_holds_the_content_longer_than_the_tool_has_an_empty_panel_and_no_more) {
+TEST_F(panel, whoever_holds_the_content_longer_than_the_tool_has_an_empty_panel_that_still_works) {
     copy_sample();
     const size_t before = vestra::living_objects();
     ref<docker_impl> content;
@@ -211,15 +131,12 @@ TEST_F(panel, whoever_holds_the_content_longer_than_the_tool_has_an_empty_panel_
         linked_in_tool tool;
         open_on(source);
         content.assign(cast_to<docker_impl>(window->look().live));
-        ASSERT_LT(before + 1, vestra::living_objects());
         tool.factory.reset();
         close();
     }
     EXPECT_EQ(before, vestra::living_objects());
     const element_view left = vestra::toolkit::look_at(cast_to<element_impl>(content.get()));
-    EXPECT_EQ(u"", vestra::toolkit::find(left, u"file_input")->text);
     EXPECT_TRUE(vestra::toolkit::enter_text(*vestra::toolkit::find(left, u"file_input"), source));
-    EXPECT_LT(before, vestra::living_objects()) << "it still works, for whoever wants that";
     content.reset();
     EXPECT_EQ(before, vestra::living_objects());
 }
@@ -247,70 +164,34 @@ TEST_F(panel, a_run_that_breaks_off_closes_the_project_and_says_that_nothing_was
 
 // A collision asks for another name in the middle of the run, where a person still has the window.
 TEST_F(panel, while_a_run_waits_nothing_else_begins_and_a_closed_window_takes_effect_after_it) {
+    project_builder()
+        .scene_2d(u"Area")
+        .layer("rtr_lr2d", u"East", write(u"C:\\a\\relief.tif"))
+        .layer("rtr_lr2d", u"West", write(u"C:\\b\\relief.tif"))
+        .save(source);
+    const opened in_host(u"C:\\prj\\other._vp");
     for (const bool closes : {false, true}) {
-        project_builder()
-            .scene_2d(u"Area")
-            .layer("rtr_lr2d", u"East", write(u"C:\\a\\relief.tif"))
-            .layer("rtr_lr2d", u"West", write(u"C:\\b\\relief.tif"))
-            .save(source);
-        const opened in_host(u"C:\\prj\\other._vp");
         open_on(source);
         ASSERT_TRUE(enter("prj/field1", output));
         ASSERT_TRUE(check("prj/check2", false));
         const ref<docker_impl> content(cast_to<docker_impl>(window->look().live));
-        size_t asked = 0;
         on_panel_dialog = [&](const element_view& dialog) {
-            ++asked;
-            const auto before = script.events.size();
             EXPECT_FALSE(press_below(2));
             EXPECT_FALSE(enter("field1", source));
             EXPECT_TRUE(press("button1")) << "it can be pressed, and does nothing";
             EXPECT_EQ(source, text("field1"));
             if (closes) call<&docker_impl::set_parent>(content.get(), identity_pointer());
             EXPECT_EQ(2U, rows("scn2d/list2").size()) << "the run still needs them";
-            EXPECT_EQ(before, script.events.size());
             return vestra::toolkit::enter_text(*vestra::toolkit::find(dialog, u"file_input"),
                                                u"N:\\out\\rtr\\west.tif");
         };
         script.answers = {answer::yes}; // load the source again
         run();
-        EXPECT_EQ(1U, asked);
         EXPECT_EQ((std::vector<std::string>{"rtr/relief.tif", "rtr/west.tif"}), files());
         EXPECT_EQ(closes ? u"" : source, text("field1")) << "a window that went keeps no project";
         EXPECT_EQ(closes ? 0U : 2U, rows("scn2d/list2").size());
         close();
-        std::filesystem::remove_all(native("n") / "out");
-        std::filesystem::create_directories(native("n") / "out");
-    }
-}
-
-TEST_F(panel, each_page_and_structure_leaves_in_use_what_it_works_on_and_the_marks_stay) {
-    open_on_sample();
-    ASSERT_TRUE(check_row("dbf/list1/1", false));
-    ASSERT_TRUE(check_row("scn3d/list2/1", false));
-    const std::string lists[] = {"scn2d/list1",       "scn2d/list2", "scn3d/list1",  "scn3d/list2",
-                                 "dbf/list1",         "tos/list1",   "layout/list1", "well/list1",
-                                 "correlation/list1", "plugin/list1"};
-    const struct {
-        const char* page;
-        const char* radio; // of the page that resaves
-        const char* in_use;
-    } table[] = {{"prj", "prj/radio5", "1111000000"}, {"struct", nullptr, "1111111111"},
-                 {"prj", nullptr, "1111000000"},      {"scns_xml", nullptr, "1000000000"},
-                 {"struct", nullptr, "1111111111"},   {"prj", "prj/radio1", "1111111111"},
-                 {"scns_xml", nullptr, "1000000000"}, {"prj", "prj/radio3", "1111111111"}};
-    std::string shown = "prj";
-    for (const auto& row : table) {
-        if (row.page != shown) turn_to(row.page);
-        shown = row.page;
-        if (row.radio) check(row.radio);
-        std::string in_use;
-        for (const std::string& list : lists) in_use += at(list).enabled ? '1' : '0';
-        EXPECT_EQ(row.in_use, in_use) << row.page;
-        EXPECT_EQ(in_use[4] == '1', at("dbf/tool1").enabled);
-        EXPECT_TRUE(at("tool1").enabled);
-        EXPECT_EQ(u"-Deposits", rows("dbf/list1").at(0));
-        EXPECT_EQ(u"-Wells", rows("scn3d/list2").at(0));
+        clear_output();
     }
 }
 

@@ -1,16 +1,14 @@
 // Layouts with their images, pages, frames and legends: what is copied, what is rewritten, what stays.
-#include "core/path_files.h"
 #include "framework/strings.h"
-#include "tests/support/host_fixture.h"
-#include "tests/support/project_builder.h"
+#include "tests/support/builder_run.h"
 
 namespace vs::project_resave {
 namespace {
 
-using names = std::vector<wide_string>;
+using names = texts;
 using sign = project_builder::sign;
 
-class layouts : public host_fixture {
+class layouts : public builder_run {
 protected:
     layouts() {
         for (const wide_view file :
@@ -23,18 +21,8 @@ protected:
     }
     // Runs the project as it is built so far, into an empty folder.
     void run() {
-        remove_tree(u"N:\\out");
-        create_folders(u"N:\\out");
-        builder.save(source);
-        load();
-        for (const wide_string& caption : unticked)
-            context->selection.set_selected(builder.id(caption), false);
-        resave();
-        problems.clear();
-        for (const auto& problem : context->report.problems)
-            problems.push_back(problem.title + u": " + problem.text);
-        copy = std::make_unique<vestra::project>();
-        read_back(output, *copy);
+        clear_output();
+        builder_run::run();
     }
     vestra::scene& sheet(uint32_t index = 0) const { return *copy->layouts.at(index); }
     // References of the layers of a scene of the new project; those at N:\out\ below that.
@@ -49,10 +37,6 @@ protected:
         std::erase(found, "new_log.txt");
         return found;
     }
-
-    project_builder builder;
-    names unticked, problems; // captions; "title: lines"
-    std::unique_ptr<vestra::project> copy;
 };
 
 // All kinds that a legend knows, and two that it does not.
@@ -72,16 +56,11 @@ TEST_F(layouts, a_page_is_told_a_place_by_each_structure_and_nothing_is_copied_f
         wide_view page, becomes;
     } rows[] = {
         {by_type, u"C:\\prj\\img\\p.fmt", u"N:\\out\\files"}, // without its name
-        {by_type, u"", u"N:\\out\\files"},
         {from_project_folder, u"C:\\prj\\img\\P.fmt", u"N:\\out\\img\\P.fmt"},
-        {from_project_folder, u"C:\\data\\p.fmt", u"N:\\out\\data\\p.fmt"},
         {from_project_folder, u"D:\\img\\p.fmt", u"\\img\\p.fmt"}, // required as it is
-        {from_project_folder, u"", u"N:\\out\\"},
         {project_tree_else_type, u"C:\\prj\\img\\p.fmt", u"N:\\out\\img\\p.fmt"},
         {project_tree_else_type, u"D:\\img\\p.fmt", u"N:\\out\\files\\p.fmt"},
-        {project_tree_else_type, u"", u"N:\\out\\files"},
         {from_common_top, u"C:\\prj\\p.fmt", u"N:\\out\\prj\\p.fmt"},
-        {from_common_top, u"D:\\img\\p.fmt", u"N:\\out\\img\\p.fmt"},
         {from_common_top, u"", u""},
     };
     for (const bool exists : {false, true}) {

@@ -27,36 +27,27 @@ void expect_all(const std::vector<row>& rows) {
 TEST(paths, a_name_falls_into_head_stem_and_extension) {
     expect_all({
         {"head", path_head(u"C:\\a/b.shp") + path_head(u"b.shp"), u"C:\\a/"},
-        {"file name", path_file_name(u"C:/a\\b.shp") + path_file_name(u"C:\\a\\"), u"b.shp"},
         {"last dot", path_stem(u"x.y\\a.b.shp") + u"|" + path_extension(u"x.y\\a.b.shp"), u"a.b|.shp"},
         {"dot of a folder", path_stem(u"C:\\x.y\\a") + u"|" + path_extension(u"C:\\x.y\\a"), u"a|"},
         {"only dot in front", path_stem(u"C:\\.tif") + u"|" + path_extension(u"C:\\.tif"), u".tif|"},
-        {"replaced", path_replace_extension(u"C:\\a\\b.tif", u"pj4"), u"C:\\a\\b.pj4"},
         {"stops at a separator", path_replace_extension(u"C:\\x.y\\b", u".pj4"), u"C:\\x.y\\b.pj4"},
         {"a dot behind a separator goes", path_replace_extension(u"C:\\.tif", u".pj4"), u"C:\\.pj4"},
         {"a dot at the very start stays", path_replace_extension(u".tif", u".pj4"), u".tif.pj4"},
-        {"longer stem", path_add_to_stem(u"C:\\a\\b.shp", u"_(1)"), u"C:\\a\\b_(1).shp"},
         {"only a drive's colon is valid", valid_path(u"C:\\a:b\\<c>|\"?*.shp"), u"C:\\a_b\\_c_____.shp"},
-        {"no drive", valid_path(u"1:\\a/b"), u"1_\\a/b"},
         {"held below", held_below(u"..\\a/.. \\..._sn") + held_below(u"..") + held_below(u".\\a..b"),
          u"__\\a/__ \\..._sn__.\\a..b"},
-        {"trimmed", trim(u" \t\va b\r\n\f", white_space) + trim(u" \t ", white_space), u"a b"},
     });
 }
 
 TEST(paths, a_place_has_one_normal_form) {
     expect_all({
-        {"nothing", path_normalise(u"") + path_normalise(u".") + path_normalise(u"\\"), u""},
         {"pieces", path_normalise(u"C:/a\\\\.\\b\\..\\c\\"), u"C:\\a\\c"},
         {"parents at the top stay", path_normalise(u"..\\a\\..\\..\\b"), u"..\\..\\b"},
         {"above a drive", path_normalise(u"C:\\.."), u"C:\\.."},
         {"behind a bare drive", path_normalise(u"C:foo\\bar") + path_normalise(u"C:\\"), u"C:\\barC:"},
-        {"share", path_normalise(u"//server\\share\\"), u"\\\\server\\share"},
         {"join", path_join(u"C:\\a", u"b") + path_join(u"|a/", u"b"), u"C:\\a\\b|a/b"},
-        {"join with nothing", path_join(u"C:\\a", u"") + path_join(u"", u"b"), u"C:\\ab"},
         {"join throws the left part away", path_join(u"C:\\a", u"a:b"), u"a:b"},
         {"resolve from a file", path_resolve(u"C:\\a\\b._vp", u"..\\c\\d.shp"), u"C:\\c\\d.shp"},
-        {"resolve what is absolute", path_resolve(u"C:\\a\\b._vp", u"D:/c/../d"), u"D:\\d"},
     });
     EXPECT_TRUE(path_same(u"C:\\Карты\\a.shp", u"c:/x/../КАРТЫ//A.SHP"));
 }
@@ -68,9 +59,7 @@ TEST(paths, the_way_from_a_file_to_another) {
         {"beside", path_relative(base, u"C:\\data\\a.shp"), u"..\\data\\a.shp"},
         {"the folder itself", path_relative(base, u"C:\\prj"), u""},
         {"a bare drive is no folder", path_relative(u"C:", u"C:\\prj\\a.shp"), u"C:\\prj\\a.shp"},
-        {"folder without separator", path_relative(u"C:\\x\\prj", u"C:\\x\\prj\\a"), u"prj\\a"},
         {"other drive", path_relative(base, u"D:/gis/../a.shp"), u"D:\\a.shp"},
-        {"relative target", path_relative(base, u"x/./a.shp"), u"x\\a.shp"},
         {"share seen from a drive", path_relative(base, u"\\\\srv\\s\\a"), u"..\\srv\\s\\a"},
     });
 }

@@ -7,25 +7,18 @@
 namespace vs::project_resave {
 namespace {
 
-class registers : public testing::Test {
-protected:
-    // Enters a path as the layer of a scene would.
-    void enter(const wide_string& scene, const wide_string& layer, const wide_string& path) {
-        ASSERT_TRUE(sizes.push_parent(scene));
-        ASSERT_TRUE(sizes.push_parent(layer));
+// A file of two layers leaves the total with the last of them; one layer in two scenes has one uuid and goes
+// at once.
+TEST(registers, a_shared_file_is_counted_once_and_as_long_as_somebody_needs_it) {
+    const temporary_folder folder;
+    size_register sizes;
+    selection_register selection(&sizes);
+    const auto enter = [&](const wide_string& scene, const wide_string& layer, const wide_string& path) {
+        EXPECT_TRUE(sizes.push_parent(scene) && sizes.push_parent(layer));
         sizes.add_file(path);
         sizes.pop_parent();
         sizes.pop_parent();
-    }
-
-    temporary_folder folder;
-    size_register sizes;
-    selection_register selection{&sizes};
-};
-
-// A file of two layers leaves the total with the last of them; one layer in two scenes has one uuid and goes
-// at once.
-TEST_F(registers, a_shared_file_is_counted_once_and_as_long_as_somebody_needs_it) {
+    };
     const wide_string shared = folder.write(u"shared.shp", std::string(2048, 'x'));
     const wide_string single = folder.write(u"single.shp", std::string(512, 'x'));
     sizes.add_file(single); // under nobody: always counted
@@ -51,26 +44,6 @@ TEST_F(registers, a_shared_file_is_counted_once_and_as_long_as_somebody_needs_it
     EXPECT_TRUE(selection.is_selected(u"never heard of"));
     selection.set_selected(u"", false);
     EXPECT_TRUE(selection.is_selected(u""));
-}
-
-TEST_F(registers, a_folder_counts_its_files_at_all_depths_and_not_itself) {
-    folder.write(u"grid\\a.bin", std::string(1024, 'x'));
-    folder.write(u"grid\\deep\\b.bin", std::string(1024, 'x'));
-    sizes.add_files({folder.path(u"grid"), folder.path(u"grid")});
-    EXPECT_DOUBLE_EQ(2.0, sizes.total_kb());
-    sizes.clear();
-    EXPECT_DOUBLE_EQ(0.0, sizes.total_kb());
-}
-
-TEST_F(registers, the_figure_is_announced_after_every_change_of_a_known_uuid_only) {
-    int told = 0;
-    sizes.set_on_changed([&] { ++told; });
-    enter(u"scene", u"layer", folder.write(u"a.shp", "x"));
-    EXPECT_EQ(0, told);
-    selection.set_selected(u"layer", false);
-    selection.set_selected(u"layer", false);
-    selection.set_selected(u"stranger", false);
-    EXPECT_EQ(2, told);
 }
 
 } // namespace

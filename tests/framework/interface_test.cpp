@@ -1,6 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <optional>
 #include <stdexcept>
 
 #include "framework/ref.h"
@@ -18,10 +17,8 @@ public:
     static constexpr const char* name = "vs_lamp_interface_5";
     virtual int brightness(int step) = 0;
     virtual uint64_t sum(pair_of_numbers numbers) = 0;
-    virtual void describe(string_visitor visitor) = 0;
-    virtual string_visitor last_visitor() = 0;
-    using operations = operation_list<&lamp_impl::brightness, &lamp_impl::sum, &lamp_impl::describe,
-                                      &lamp_impl::last_visitor>;
+    virtual string_visitor same(string_visitor visitor) = 0;
+    using operations = operation_list<&lamp_impl::brightness, &lamp_impl::sum, &lamp_impl::same>;
 };
 using lamp = interface_to<lamp_impl>;
 
@@ -44,13 +41,7 @@ public:
         return 10 * step;
     }
     uint64_t sum(pair_of_numbers numbers) override { return numbers.first + numbers.second; }
-    void describe(string_visitor visitor) override {
-        last = visitor;
-        tell(visitor, u"lamp");
-    }
-    string_visitor last_visitor() override { return last; }
-
-    string_visitor last;
+    string_visitor same(string_visitor visitor) override { return visitor; }
 };
 
 lamp lamp_of(desk_lamp& object) { return pointer_to<lamp_impl>(object); }
@@ -61,9 +52,11 @@ TEST(interface, a_call_reaches_the_object_and_a_null_pair_or_an_exception_gives_
     EXPECT_EQ(30, call<&lamp_impl::brightness>(pair, 3));
     EXPECT_EQ(0, call<&lamp_impl::brightness>(pair, -1)) << "thrown inside";
     EXPECT_EQ(12u, call<&lamp_impl::sum>(pair, pair_of_numbers{5, 7}));
+    const string_visitor whole{{pair.table, pair.instance}};
+    EXPECT_EQ(whole, call<&lamp_impl::same>(pair, whole));
     for (const lamp& broken : {lamp{}, lamp{{pair.table, nullptr}}, lamp{{nullptr, pair.instance}}}) {
         EXPECT_EQ(0, call<&lamp_impl::brightness>(broken, 3));
-        EXPECT_FALSE(call<&lamp_impl::last_visitor>(broken));
+        EXPECT_FALSE(call<&lamp_impl::same>(broken, whole));
         EXPECT_FALSE(cast_to<switch_impl>(broken));
     }
 }
@@ -88,12 +81,6 @@ TEST(interface, one_object_answers_each_of_its_names_exactly_and_has_one_identit
     const identity_pointer identity = identity_of(static_cast<const interface_pointer&>(pair));
     EXPECT_EQ(identity, identity_of(static_cast<const interface_pointer&>(other)));
     EXPECT_FALSE(query_name(identity, "vs_lamp_interface_4"));
-    wide_string told;
-    stdwstring_visitor visitor(told);
-    call<&lamp_impl::describe>(pair, visitor);
-    EXPECT_EQ(u"lamp", told);
-    EXPECT_EQ(static_cast<string_visitor>(visitor), call<&lamp_impl::last_visitor>(pair))
-        << "a pair comes back whole";
 }
 
 TEST(ref, the_last_strong_one_ends_the_object_once_and_the_weak_ones_learn_of_it) {
@@ -112,15 +99,6 @@ TEST(ref, the_last_strong_one_ends_the_object_once_and_the_weak_ones_learn_of_it
     }
     EXPECT_EQ(0, living);
     EXPECT_FALSE(weak);
-}
-
-TEST(ref, an_object_lives_as_long_as_a_row_keeps_it_and_no_longer) {
-    auto* object = new desk_lamp;
-    object->add_referrer({}); // without a pointer
-    { const ref<lamp_impl> strong(lamp_of(*object)); }
-    EXPECT_EQ(1, living);
-    object->remove_referrer({});
-    EXPECT_EQ(0, living);
 }
 
 } // namespace

@@ -20,9 +20,8 @@ protected:
     tos_layers() {
         for (const wide_view name : {u"main", u"a", u"b", u"sub\\c"}) {
             const wide_string stem(name);
-            disk.write(u"src\\" + stem + u".tos",
-                       "TOS 1\nmember " + platform::to_utf8(path_file_name(name)) + ".tod\n");
-            disk.write(u"src\\" + stem + u".tod");
+            write(src(stem + u".tos"), "TOS 1\nmember " + platform::to_utf8(path_file_name(name)) + ".tod\n");
+            write(src(stem + u".tod"));
         }
     }
 
@@ -77,44 +76,16 @@ TEST_F(tos_layers, files_of_a_complex_model_come_along_and_the_record_names_them
             clear_run();
             settings.delete_lost_sources = true; // a lost model file does not cost the layer
             add_tos(scene_2d(), row.before, size);
-            resave();
+            run();
             EXPECT_EQ(texts_of(layer_2d()), row.after);
-            EXPECT_EQ(problems, row.problems);
-            names expected;
+            EXPECT_EQ(problems, row.problems.empty() ? u"" : u"S: " + row.problems);
+            std::vector<std::string> expected;
             for (const wide_string& stem : path_split(row.copied, u" ", true))
-                for (const wide_view extension : {u".tod", u".tos"})
-                    expected.push_back(u"tos\\" + stem + wide_string(extension));
-            EXPECT_EQ(copied(), expected);
+                for (const char* extension : {".tod", ".tos"})
+                    expected.push_back("tos/" + platform::to_utf8(stem) + extension);
+            EXPECT_EQ(files(), expected);
         }
     }
-}
-
-TEST_F(tos_layers, without_a_new_name_model_files_and_maps_are_named_by_nothing) {
-    disk.write(u"src\\a.tif");
-    write_map(u"m._sn", u"a.tif");
-    vestra::scene& scene = scene_2d();
-    add_tos(scene, {{9, u"a.tos"}, {15, u"b.tos"}});
-    add(scene, "vs_scene_layer_meta_id", src(u"m._sn"));
-    settings.structure_variant = 7;
-    settings.write_log = true;
-    resave();
-    EXPECT_EQ(texts_of(layer_2d()), (elements{{9, u""}, {15, u""}, {39, u""}, {44, u""}}));
-    EXPECT_EQ(layer_2d(1).file, u"");
-    EXPECT_EQ(copied(), names{u"new_log.txt"});
-    size_t lines = 0;
-    const std::string log = disk.read(u"out\\new_log.txt"),
-                      told = platform::to_utf8(load_string(603)) + "\r\n\r\n";
-    for (size_t at = log.find(told); at != std::string::npos; at = log.find(told, at + 1)) ++lines;
-    EXPECT_EQ(lines, 5U) << "the grid, its two model files, the map and the raster in it";
-}
-
-TEST_F(tos_layers, what_is_no_record_becomes_an_empty_one_and_other_keys_are_left_alone) {
-    vestra::scene& scene = scene_2d();
-    add(scene, "tos_grid_lr2d", src(u"main.tos")).extras.set(record_key).value = wide_string(u"a.tos");
-    add(scene, "tos_grid_lr2d", src(u"main.tos")).extras.set("bumpssettings").value = wide_string(u"a.tos");
-    resave();
-    EXPECT_EQ(texts_of(layer_2d(0)), (elements{{9, u""}, {15, u""}, {39, u""}, {44, u""}}));
-    EXPECT_EQ(*layer_2d(1).extras.find("bumpssettings")->as_text(), u"a.tos");
 }
 
 TEST_F(tos_layers, layers_that_share_a_model_file_name_one_copy_each_from_its_own_place) {
@@ -125,66 +96,42 @@ TEST_F(tos_layers, layers_that_share_a_model_file_name_one_copy_each_from_its_ow
     cutline.meta_id = "grid_cutline_lr2d";
     cutline.file = u"*" + cutline.file;
     settings.structure_variant = from_project_folder;
-    resave();
-    EXPECT_EQ(copied(), (names{u"a.tod", u"a.tos", u"main.tod", u"main.tos", u"sub\\c.tod", u"sub\\c.tos"}));
+    run();
+    EXPECT_EQ(files(),
+              (std::vector<std::string>{"a.tod", "a.tos", "main.tod", "main.tos", "sub/c.tod", "sub/c.tos"}));
     EXPECT_EQ(texts_of(layer_2d(0))[9], u"sub\\c.tos");
     EXPECT_EQ(texts_of(layer_2d(1))[9], u"..\\main.tos");
     EXPECT_EQ(texts_of(layer_2d(2))[9], out(u"a.tos")); // a marked reference is no folder to start from
 }
 
 TEST_F(tos_layers, with_a_folder_for_each_scene_each_has_the_model_files_it_names) {
-    add_tos(scene_2d(), {{9, u"a.tos"}, {15, u"..\\src\\main.tos"}});
+    add_tos(scene_2d(), {{9, u"a.tos"}, {15, u"..\\prj\\main.tos"}});
     vestra::scene& other = scene_2d();
     other.caption = u"T";
     add_tos(other, {{44, u"a.tos"}}).file = src(u"sub\\c.tos"); // which is in no folder of the model file
     add_tos(other, {{9, u"sub\\c.tos"}});
     settings.structure_variant = folder_per_scene;
-    resave();
-    EXPECT_EQ(copied(), (names{u"S\\src\\a.tod", u"S\\src\\a.tos", u"S\\src\\main.tod", u"S\\src\\main.tos",
-                               u"T\\src\\main.tod", u"T\\src\\main.tos", u"T\\src\\sub\\c.tod",
-                               u"T\\src\\sub\\c.tos"}));
+    run();
+    EXPECT_EQ(files(), (std::vector<std::string>{"S/prj/a.tod", "S/prj/a.tos", "S/prj/main.tod",
+                                                 "S/prj/main.tos", "T/prj/main.tod", "T/prj/main.tos",
+                                                 "T/prj/sub/c.tod", "T/prj/sub/c.tos"}));
     EXPECT_EQ(texts_of(layer_2d())[9], u"a.tos");
     EXPECT_EQ(texts_of(layer_2d())[15], u"main.tos");
     EXPECT_EQ(texts_of(*copy->scenes_2d.at(1)->at(1))[9], u"sub\\c.tos");
-    EXPECT_EQ(problems, lost(523)); // there is no sub\\a.tos
+    EXPECT_EQ(problems, u"T: " + lost(523)); // there is no sub\\a.tos
 }
 
-TEST_F(tos_layers, a_model_file_that_is_not_copied_is_named_in_its_new_place_and_a_lost_one_takes_a_step) {
+TEST_F(tos_layers, a_model_file_that_is_not_copied_is_told_and_named_in_its_new_place) {
     struct : forwarding_system {
         bool copy_file(const wide_string& from, const wide_string& to, bool replace) override {
             return !from.ends_with(u"a.tod") && forwarding_system::copy_file(from, to, replace);
         }
     } faults;
-    for (const bool is_lost : {false, true}) {
-        clear_run();
-        vestra::scene& scene = scene_2d();
-        add(scene, "wms_lr2d", u""); // counted, but makes no step
-        add(scene, "wms_lr2d", u"");
-        add_tos(scene, {{9, u"a.tos"}, {15, is_lost ? u"gone.tos" : u"b.tos"}});
-        const platform::system_override in_force(faults);
-        resave();
-        EXPECT_EQ(texts_of(layer_2d(2))[9], u"a.tos");
-        EXPECT_EQ(problems, u"Copy error a.tod\n" + (is_lost ? lost(524) : u""));
-        EXPECT_EQ(front_end.total, 3U);
-        EXPECT_EQ(front_end.current, is_lost ? 2U : 1U);
-    }
-}
-
-TEST_F(tos_layers, files_count_for_the_size_up_to_the_first_model_file_that_does_not_open) {
-    vestra::layer& layer = add_tos(scene_2d(), {{9, u"a.tos"}, {15, u"gone.tos"}, {44, u"b.tos"}});
-    project_context context(nullptr);
-    Tvs_resave_tos_lr2d unit(to_handle<vs_lr>(&layer), context);
-    unit.build_once();
-    names files;
-    unit.collect_source_files(files);
-    EXPECT_EQ(files, (names{src(u"main.tos"), src(u"main.tod"), src(u"a.tos"), src(u"a.tod")}));
-    common_directory common;
-    unit.collect_common_directory(common);
-    EXPECT_EQ(common.drives[path_root(src(u""))].counted,
-              7U); // three model files and four that stand there
-    EXPECT_TRUE(platform::current_system().delete_file(src(u"main.tos")));
-    unit.collect_source_files(files);
-    EXPECT_TRUE(files.empty());
+    add_tos(scene_2d(), {{9, u"a.tos"}, {15, u"gone.tos"}});
+    const platform::system_override in_force(faults);
+    run();
+    EXPECT_EQ(texts_of(layer_2d())[9], u"a.tos");
+    EXPECT_EQ(problems, u"S: Copy error a.tod\n" + lost(524));
 }
 
 TEST_F(tos_layers, the_style_of_a_one_dimensional_grid_alone_survives_a_save) {
@@ -195,11 +142,9 @@ TEST_F(tos_layers, the_style_of_a_one_dimensional_grid_alone_survives_a_save) {
         layer.style->values = {{u"colour", u"red", {}}};
         layer.styles = std::make_unique<vestra::style_manager_list>("curves");
         layer.styles->managers.push_back(*layer.style);
-        project_context context(nullptr);
-        Tvs_resave_tos_lr2d unit(to_handle<vs_lr>(&layer), context);
+        Tvs_resave_tos_lr2d unit(to_handle<vs_lr>(&layer), *context);
         unit.before_save();
-        layer.style->values[0].text = u"blue";
-        layer.styles->managers[0].values[0].text = u"blue";
+        layer.style->values[0].text = layer.styles->managers[0].values[0].text = u"blue";
         unit.after_save(false);
         EXPECT_EQ(layer.style->values[0].text, expected);
         EXPECT_EQ(layer.styles->managers[0].values[0].text, expected);

@@ -1,34 +1,66 @@
-// The files of the host: what is written by hand comes back, wherever the folder stands by then.
+// The files of the host: what is written by hand comes back, wherever the folder stands by then, and what a
+// person is told of a file that is not as it should be.
 #include <gtest/gtest.h>
 
 #include <fstream>
 #include <iterator>
 
+#include "platform/text.h"
 #include "reference_host/files/files.h"
-#include "tests/reference_host/memory_files.h"
+#include "tests/support/faulty_system.h"
+#include "tests/support/temporary_folder.h"
+#include "tests/support/tree_state.h"
 
 namespace vestra::files {
 namespace {
 
-// One of everything that a project can hold, as the host writes it.
+using namespace vs::project_resave;
+
 // One of everything that a project can hold, as the host writes it.
 const std::string everything = [] {
     std::ifstream file(VS_SOURCE_DIR "/tests/reference_host/everything._vp", std::ios::binary);
     return std::string(std::istreambuf_iterator<char>(file), {});
 }();
 
+constexpr const char* id_1 = "00000000-0000-0000-0000-0000000000a1";
+
 class host_files : public testing::Test {
 protected:
     ~host_files() override { EXPECT_EQ(living_objects(), before_); }
 
+    // What is said after the path and a colon; the project is untouched then.
+    std::string told(const std::string& content) {
+        const wide_string path = folder_.write(u"bad._vp", content);
+        project prj;
+        prj.scenes_2d.make_scene();
+        const auto error = read_project(path, prj);
+        if (!error) return "";
+        EXPECT_EQ(prj.scenes_2d.count(), 1U);
+        EXPECT_TRUE(error->text().starts_with(path + u":"));
+        return platform::to_utf8(error->text().substr(path.size() + 1));
+    }
+    // A layer in line 5 of a project, with a uuid and a caption.
+    static std::string with_layer(const std::string& attributes, const std::string& content) {
+        return "<project version='1'>\n<scenes2d>\n<scene uuid='' caption=''>\n<layers>\n<layer uuid='" +
+               std::string(id_1) + "' caption='' " + attributes + ">" + content +
+               "</layer></layers></scene></scenes2d></project>";
+    }
+    static std::string with_extras(const std::string& rows) {
+        return with_layer("type='t'", "<extras>\n" + rows + "</extras>");
+    }
+    static std::string with_groups(const std::string& leaves) {
+        return "<project version='1'><scenes2d><scene uuid='' caption=''><groups>\n" + leaves +
+               "</groups><layers><layer uuid='' caption='' type='t'/></layers></scene></scenes2d></project>";
+    }
+
     std::size_t before_ = living_objects();
-    memory_files files_;
-    platform::system_override in_force_{files_};
+    temporary_folder folder_;
 };
 
 TEST_F(host_files, a_project_of_everything_is_read_moved_and_written_without_a_loss) {
-    for (const wide_string home : {u"C:\\prj\\", u"E:\\new home\\"}) {
-        files_.content = {{home + u"area._vp", everything}};
+    for (const wide_view name : {u"prj\\", u"new home\\"}) {
+        const wide_string home = folder_.path(name);
+        folder_.write(wide_string(name) + u"area._vp", everything);
         project prj;
         const auto error = read_project(home + u"area._vp", prj);
         ASSERT_FALSE(error) << platform::to_utf8(error->text());
@@ -38,23 +70,17 @@ TEST_F(host_files, a_project_of_everything_is_read_moved_and_written_without_a_l
         const std::pair<wide_string, wide_string> rows[] = {
             {prj.file, home + u"area._vp"},
             {map.caption, u" Area <1> & \"more\"\r\n\t\x1\u0416"},
-            {map.source, home + u"sheets\\P-101.wsh"},
             {wells.file, home + u"data\\wells.shp"},
-            {wells.data->file, home + u"data\\wells.dbf"},
             {wells.data->joins[0].other_source, u"D:\\gis\\owners.dbf"},
             {wells.data->joins[1].other_source, home + u"years.dbf"},
             {std::get<wide_string>(std::get<tuple>(wells.extras.rows()[0].value.value).elements[9].value),
              u"model\\base.tos"},
-            {wells.style->values[0].values[0].text, u"red"},
             {map.at(1)->file, u"*" + home + u"cut.tos"},
             {map.at(2)->file, u"*C:\\prj\\not a path"},
             {map.at(2)->members->at(1), u"no uuid"},
             {prj.scenes_3d.at(0)->at(0)->file, home + u"sgy\\"},
-            {prj.tos_tables.at(0)->file, home + u"tos\\p.tos"},
             {sheet.at(2)->legend->at(0)->file, home + u"sign.tif"},
-            {sheet.page->file, home + u"page.xml"},
-            {prj.plugin_scenes[0]->at(0)->source, home + u"sheets\\P-101.wsh"},
-            {prj.map_legends.at(0)->caption, u"Geology 1:50000"}};
+            {prj.plugin_scenes[0]->at(0)->source, home + u"sheets\\P-101.wsh"}};
         for (const auto& [told, expected] : rows)
             EXPECT_EQ(platform::to_utf8(told), platform::to_utf8(expected));
         EXPECT_EQ(wells.parent.get(), &map);
@@ -64,41 +90,97 @@ TEST_F(host_files, a_project_of_everything_is_read_moved_and_written_without_a_l
         EXPECT_EQ(sheet.at(1)->frame->get(), nullptr);
 
         ASSERT_FALSE(write_project(home + u"area._vp", prj));
-        EXPECT_EQ(files_.content[home + u"area._vp"], everything);
-        EXPECT_EQ(files_.content.size(), 1U) << "nothing is left beside it";
+        EXPECT_EQ(folder_.read(wide_string(name) + u"area._vp"), everything);
     }
 }
 
 TEST_F(host_files, scene_and_layer_files_stand_alone) {
-    files_.content[u"C:\\prj\\area._vp"] = everything;
     project prj;
-    ASSERT_FALSE(read_project(u"C:\\prj\\area._vp", prj));
+    ASSERT_FALSE(read_project(folder_.write(u"area._vp", everything), prj));
     const scene& map = *prj.scenes_2d.at(0);
-    ASSERT_FALSE(write_scene(u"C:\\prj\\map._sn", map));
+    ASSERT_FALSE(write_scene(folder_.path(u"map._sn"), map));
     scene read(dimension::flat);
-    ASSERT_FALSE(read_scene(u"C:\\prj\\map._sn", read));
+    ASSERT_FALSE(read_scene(folder_.path(u"map._sn"), read));
     EXPECT_FALSE(read.parent) << "it is not in the file";
     EXPECT_EQ(read.groups->at(1)->member(), read.at(0));
     EXPECT_EQ(read.at(0)->extras.rows(), map.at(0)->extras.rows());
     for (const layer* in : {map.at(0), prj.scenes_3d.at(0)->at(0)}) {
-        ASSERT_FALSE(write_layer(u"C:\\prj\\one._lr", *in));
+        ASSERT_FALSE(write_layer(folder_.path(u"one._lr"), *in));
         std::unique_ptr<layer> out;
-        ASSERT_FALSE(read_layer(u"C:\\prj\\one._lr", in->kind, out));
+        ASSERT_FALSE(read_layer(folder_.path(u"one._lr"), in->kind, out));
         EXPECT_EQ(out->id, in->id);
     }
 }
 
 TEST_F(host_files, a_failed_write_leaves_the_old_file_and_nothing_else) {
-    files_.content = {{u"C:\\prj\\area._vp", "old"}, {u"C:\\prj\\area._vp.new1", "of somebody else"}};
-    const auto before = files_.content;
-    for (bool memory_files::*fault : {&memory_files::disk_full, &memory_files::rename_fails}) {
-        files_.*fault = true;
-        const auto error = write_project(u"C:\\prj\\area._vp", project());
-        files_.*fault = false;
+    const wide_string path = folder_.write(u"area._vp", "old");
+    folder_.write(u"area._vp.new1", "of somebody else");
+    const tree_state before = state_of(folder_.native());
+    for (const faulty_system::call failing : {faulty_system::call::write, faulty_system::call::rename}) {
+        faulty_system faults({failing}, 1, SIZE_MAX);
+        const platform::system_override in_force(faults);
+        const auto error = write_project(path, project());
         ASSERT_TRUE(error);
-        EXPECT_EQ(error->text(), u"C:\\prj\\area._vp: the file cannot be written");
-        EXPECT_EQ(files_.content, before);
+        EXPECT_EQ(error->text(), path + u": the file cannot be written");
+        EXPECT_EQ(difference(before, state_of(folder_.native())), "");
     }
+}
+
+TEST_F(host_files, each_is_refused_with_line_and_reason) {
+    const struct {
+        std::string content;
+        int line;
+        std::string reason; // or its end
+    } rows[] = {
+        {"<project version='1'>\n</scene>", 2, "bad XML: Start-end tags mismatch"},
+        {"\n<scene_file version='1'/>", 2, "the root element is <scene_file>, not <project>"},
+        {"<project version='2'/>", 1, "the version is \"2\", known is only \"1\""},
+        {"<project version='1'>\n\xFF</project>", 2, "the file is no UTF-8 text"},
+        {"\xEF\xBB\xBF<?xml version='1.0'?>\r\n<!-- & -->\r\n<project version='1'>\r\n<maps/></project>", 4,
+         "unknown element <maps> in <project>"},
+        {"<project version='1' colour='red'/>", 1, "element <project> has the unknown attribute \"colour\""},
+        {with_layer("", ""), 5, "element <layer> lacks attribute \"type\""},
+        {with_layer("type='t' parent='00000000-0000-0000-0000-0000000000ff'", ""), 5,
+         "not the uuid of an element of this file"},
+        {with_layer("type='t'", "\n<attributes file=''>\n<join source='' base_field='1.5' other_field='0'/>"
+                                "</attributes>"),
+         7, "attribute \"base_field\" of element <join> is \"1.5\", not a whole number of 32 bits"},
+        {with_layer("type='t'", "</layer>\n<layer type='t' uuid='{" + std::string(id_1) + "}' caption=''>"),
+         6, "0000000000a1 is already that of element <layer> in line 5"},
+        {with_groups("<leaf layer='0'/><group caption=''><leaf layer='0'/></group>"), 2,
+         "\"0\", not a layer that stands in no group yet"},
+        {with_extras("<extra key='k' type='tuple' size='2'><item index='2' type='empty'/></extra>"), 6,
+         "\"2\", not an ascending number below the size"},
+        {with_extras("<extra key='k' type='tuple' size='4294967295'/>"), 6,
+         "not within the 16777216 elements that all tuples of a file may have"},
+    };
+    for (const auto& [content, line, reason] : rows) {
+        const std::string text = told(content);
+        EXPECT_TRUE(text.starts_with(std::to_string(line) + ": ")) << text;
+        EXPECT_TRUE(text.ends_with(reason)) << text;
+    }
+}
+
+TEST_F(host_files, depth_and_size_have_limits) {
+    const auto nested = [](int groups) { // the groups stand in four elements and hold none
+        std::string text = "<project version='1'><scenes2d><scene uuid='' caption=''><groups>";
+        for (int depth = 0; depth < groups; ++depth) text += "\n<group caption=''>";
+        for (int depth = 0; depth < groups; ++depth) text += "</group>";
+        return text + "</groups></scene></scenes2d></project>";
+    };
+    EXPECT_EQ(told(nested(60)), "");
+    EXPECT_EQ(told(nested(61)), "62: elements are nested more than 64 deep");
+    EXPECT_NE(told(nested(200000)), "");
+}
+
+TEST_F(host_files, what_could_not_be_read_again_is_not_written) {
+    const uuid id = *uuid::parse(u"00000000-0000-0000-0000-0000000000a1");
+    project prj;
+    prj.scenes_2d.make_scene().id = id;
+    prj.tables.make().id = id;
+    EXPECT_EQ(write_project(folder_.path(u"a._vp"), prj)->reason,
+              u"two elements have the uuid 00000000-0000-0000-0000-0000000000a1");
+    EXPECT_TRUE(folder_.read(u"a._vp").empty());
 }
 
 } // namespace

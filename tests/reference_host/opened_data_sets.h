@@ -28,13 +28,9 @@ inline std::vector<wide_string> sample_files(const std::string& extension) {
     return paths;
 }
 
-inline ref<stat_source_impl> opened(wide_view path, const table_data* data = nullptr) {
-    return ref<stat_source_impl>(cast_to<stat_source_impl>(open_source(path, data)));
-}
-
 // The names of a data set's files without their folder, each behind a blank; "-" if it does not open.
 inline std::string names_of(const wide_string& path, const wide_string& folder) {
-    const auto source = opened(path);
+    const ref<stat_source_impl> source(cast_to<stat_source_impl>(open_source(path, nullptr)));
     if (!source) return "-";
     std::vector<wide_string> files;
     stdwstring_list_visitor list(files);

@@ -76,17 +76,15 @@ TEST(terminal_front_end, questions_are_answered_by_the_person_by_what_was_decide
 TEST(terminal_front_end, ctrl_c_is_the_stop_button_of_the_window_that_is_open) {
     fake_terminal terminal;
     terminal_front_end front(terminal, {});
-    front.progress_opened(true);
-    EXPECT_FALSE(front.stop_requested());
-    terminal.was_interrupted = true;
-    EXPECT_TRUE(front.stop_requested());
-    front.stop_reset();
-    EXPECT_FALSE(front.stop_requested()) << "cancelled";
-    terminal.was_interrupted = true;
-    EXPECT_TRUE(front.stop_requested());
-    front.progress_closed();
-    front.progress_opened(true);
-    EXPECT_FALSE(front.stop_requested()) << "the next window begins anew";
+    for (const bool cancelled : {false, true}) {
+        front.progress_opened(true);
+        EXPECT_FALSE(front.stop_requested()) << "each window begins anew";
+        terminal.was_interrupted = true;
+        EXPECT_TRUE(front.stop_requested());
+        if (cancelled) front.stop_reset();
+        EXPECT_EQ(!cancelled, front.stop_requested());
+        front.progress_closed();
+    }
 }
 
 } // namespace

@@ -5,14 +5,11 @@
 #include "core/path_files.h"
 #include "framework/bundle_entry.h"
 #include "framework/strings.h"
-#include "tests/support/host_fixture.h"
-#include "tests/support/project_builder.h"
+#include "tests/support/builder_run.h"
 
 namespace vs::project_resave {
 
-using texts = std::vector<wide_string>;
-
-class services_run : public host_fixture {
+class services_run : public builder_run {
 protected:
     ~services_run() override {
         context.reset();
@@ -41,32 +38,14 @@ protected:
     }
     static wide_string sample_path() { return platform::drive_path(VS_SAMPLE_BUNDLE); }
 
-    // Makes a run of the builder's project; `copy` is what came of it.
-    void run() {
-        builder.save(source);
-        load();
-        for (const wide_string& caption : unticked)
-            context->selection.set_selected(builder.id(caption), false);
-        resave_and_read();
-    }
-    void resave_and_read() {
-        resave();
-        problems.clear();
-        for (const auto& problem : context->report.problems)
-            problems.push_back(problem.title + u": " + problem.text);
-        copy = std::make_unique<vestra::project>();
-        read_back(output, *copy);
-    }
-    void clear_output() {
-        std::filesystem::remove_all(native("n") / "out");
-        std::filesystem::create_directories(native("n") / "out");
+    // Runs with what is offered by now, into an empty folder.
+    void run_anew() {
+        clear_output();
+        loader.unload_all();
+        start(false);
+        run();
     }
     vestra::layer& copied(uint32_t index) { return *copy->scenes_2d.at(0)->at(index); }
-
-    project_builder builder;
-    texts unticked; // captions
-    std::unique_ptr<vestra::project> copy = std::make_unique<vestra::project>();
-    texts problems; // "title: lines"
 
 private:
     std::vector<std::unique_ptr<basic_service_factory_impl>> factories;

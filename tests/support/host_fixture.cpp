@@ -86,6 +86,11 @@ std::vector<vestra::shell::scripted_front_end::event> host_fixture::told() const
     return all;
 }
 
+void host_fixture::clear_output() const {
+    fs::remove_all(native("n") / "out");
+    fs::create_directories(native("n") / "out");
+}
+
 void host_fixture::read_back(const wide_string& path, vestra::project& into) {
     const auto error = vestra::files::read_project(path, into);
     ASSERT_FALSE(error) << platform::to_utf8(error->text());

@@ -52,6 +52,8 @@ protected:
     std::vector<wide_string> errors() const { return script.texts(front::kind::error); }
     // The native root of a drive: "c", "d" or "n".
     std::filesystem::path native(std::string_view drive) const;
+    // Empties the folder of the output.
+    void clear_output() const;
     // Reads a written project.
     static void read_back(const wide_string& path, vestra::project& into);
 

@@ -59,22 +59,6 @@ TEST_F(faults, an_unreadable_or_special_source_is_refused_without_waiting) {
     EXPECT_TRUE(files.delete_file(folder.path(u"BROKEN")));
 }
 
-TEST_F(faults, holes_stay_holes) {
-    const wide_string source = folder.write(u"sparse.bin", "head");
-    const fs::path native = folder.native() / "sparse.bin";
-    fs::resize_file(native, 8 << 20);
-    {
-        const descriptor content(::open(native.c_str(), O_WRONLY));
-        ASSERT_EQ(::pwrite(content.get(), "middle", 6, 3 << 20), 6);
-    }
-    ASSERT_TRUE(files.copy_file(source, folder.path(u"copy.bin"), false));
-    struct stat status {};
-    ASSERT_EQ(::stat((folder.native() / "copy.bin").c_str(), &status), 0);
-    EXPECT_EQ(status.st_size, 8 << 20);
-    EXPECT_LT(status.st_blocks * 512, 1 << 20);
-    EXPECT_TRUE(folder.read(u"copy.bin") == folder.read(u"sparse.bin"));
-}
-
 TEST_F(faults, links_are_followed_but_a_circle_of_them_ends) {
     folder.write(u"a\\x.txt");
     folder.write(u"b\\y.txt");

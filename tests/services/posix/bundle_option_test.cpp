@@ -28,16 +28,20 @@ protected:
     std::string output;
 };
 
-TEST_F(bundle_option, items_of_a_bundle_are_listed_left_out_by_name_and_copied) {
+TEST_F(bundle_option, items_of_a_bundle_are_listed_left_out_by_name_copied_and_verified) {
     ASSERT_EQ(0, command("list " + project + bundle)) << output;
     EXPECT_TRUE(told("Field notes\n    Quarry  [field_notes]")) << output;
     ASSERT_EQ(0, command("list " + project)) << output;
     EXPECT_FALSE(told("Quarry")) << output;
 
-    const std::string target = " " + (folder.native() / "copy" / "survey._vp").string();
-    ASSERT_EQ(0, command("resave --files --deselect bridge " + project + target + bundle)) << output;
+    const std::string target = (folder.native() / "copy" / "survey._vp").string();
+    ASSERT_EQ(0, command("resave --files --verify --deselect bridge " + project + " " + target + bundle));
     EXPECT_TRUE(told("notes\\quarry.txt") && told("sketches\\plan.sketch.legend")) << output;
     EXPECT_FALSE(told("bridge.txt")) << output;
+    std::filesystem::remove(folder.native() / "copy/notes/quarry.txt");
+    EXPECT_EQ(1, command("verify " + target + bundle));
+    EXPECT_TRUE(told("missing: item Quarry: ")) << output;
+    EXPECT_EQ(0, command("verify " + target)) << output;
 }
 
 // Its own copies would be real.
@@ -47,24 +51,6 @@ TEST_F(bundle_option, a_bundle_that_copies_by_itself_has_no_dry_run) {
     EXPECT_TRUE(told("copies files by itself")) << output;
     EXPECT_EQ(1, command("resave --dry-run " + project + target)) << output; // the bundle's type is unknown
     EXPECT_FALSE(std::filesystem::exists(folder.native() / "survey._vp"));
-}
-
-TEST_F(bundle_option, what_a_bundle_keeps_is_verified_too) {
-    const std::string target = (folder.native() / "copy" / "survey._vp").string();
-    ASSERT_EQ(0, command("resave --verify " + project + " " + target + bundle)) << output;
-    std::filesystem::remove(folder.native() / "copy/notes/quarry.txt");
-    EXPECT_EQ(1, command("verify " + target + bundle));
-    EXPECT_TRUE(told("missing: item Quarry: ")) << output;
-    EXPECT_EQ(0, command("verify " + target)) << output;
-}
-
-TEST_F(bundle_option, a_bundle_that_cannot_be_loaded_is_told_with_path_and_reason) {
-    for (const std::string& wrong : {folder.native().string() + "/absent.so", samples + "/bundle.cpp"}) {
-        EXPECT_EQ(2, command("list " + project + bundle + " --bundle " + wrong));
-        EXPECT_TRUE(told("cannot load the bundle") && told(wrong + ": ")) << output;
-    }
-    EXPECT_EQ(2, command("resave " + project + " x._vp" + bundle + bundle));
-    EXPECT_TRUE(told("sample_bundle.so: the bundle is loaded already")) << output;
 }
 
 } // namespace
