@@ -55,7 +55,15 @@ TEST_F(loading, a_second_project_releases_the_first_and_starts_afresh) {
         EXPECT_EQ((std::set<wide_string>{u"wfs_pnt_lr2d"}), context->report.unprocessed_types);
         EXPECT_EQ(1U, changes);
     }
-    context->units.at(scene)->set_selected(false);
+    project_builder().save(source);
+    ASSERT_TRUE(load(source));
+    resave();
+    EXPECT_EQ(
+        (std::vector<front::event>{{kind::message, load_string(502)}, {kind::yes_no, load_string(528)}}),
+        script.events)
+        << "without a caption, as nothing has a length";
+    ASSERT_TRUE(load(source));
+    context->selection.set_selected(scene, false);
     context->close_project();
     context->close_project();
     EXPECT_EQ(2U, changes);
@@ -71,6 +79,19 @@ TEST_F(loading, the_load_log_holds_the_last_step_alone) {
     EXPECT_EQ("DBF tables - End\r\n", read(u"C:\\prj\\a.b_last_resave_open_log.txt"));
     context->load_project(broken(), false, true);
     EXPECT_EQ("Begin load project from xml\r\n", read(u"C:\\prj\\broken_last_resave_open_log.txt"));
+}
+
+// A map saved from the project has its own copies of the layers.
+TEST_F(loading, of_two_elements_with_one_uuid_the_first_is_found) {
+    project_builder project;
+    project.scene_2d(u"S")
+        .layer("rtr_lr2d", u"First", u"C:\\data\\a.tif")
+        .layer("vs_scene_layer_meta_id", u"Map", u"C:\\prj\\m._sn")
+        .save(source);
+    project.model.scenes_2d.at(0)->at(0)->caption = u"Again";
+    ASSERT_FALSE(vestra::files::write_scene(u"C:\\prj\\m._sn", *project.model.scenes_2d.at(0)));
+    ASSERT_TRUE(load(source));
+    EXPECT_EQ(u"First", context->units.at(project.id(u"First"))->caption());
 }
 
 } // namespace
