@@ -20,7 +20,7 @@ namespace {
 namespace fs = std::filesystem;
 using clock_type = std::chrono::steady_clock;
 
-class processes : public host_fixture {
+class processes : public torture::runs {
 protected:
     processes() { torture::write_generated_area(source, 300'000, write); }
 
@@ -49,10 +49,6 @@ protected:
         int status = 0;
         ::waitpid(child, &status, 0);
         return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
-    }
-    void clear() const {
-        fs::remove_all(native("n") / "out");
-        fs::create_directories(native("n") / "out");
     }
 
     // When something stands in N:\out, or the run has ended.
