@@ -16,11 +16,6 @@ using std::string;
 
 class dry_run : public command_run {
 protected:
-    tree_state all_drives() const {
-        tree_state all = sources();
-        for (const auto& [path, state] : state_of(native("n"))) all.emplace("n:/" + path, state);
-        return all;
-    }
     // The files that are new or were written since, each with its size. Letter case does not count: a folder
     // keeps the spelling in which it was made first.
     std::set<string> written_since(const tree_state& before) const {
@@ -117,28 +112,6 @@ TEST_P(dry_run_of_sample, says_file_by_file_what_the_run_does) {
 INSTANTIATE_TEST_SUITE_P(structures, dry_run_of_sample,
                          testing::Values("by-type", "from-project-folder", "project-tree-else-type",
                                          "from-common-top", "folder-per-scene"));
-
-TEST_F(dry_run, ends_as_the_run_would_and_leaves_no_folder) {
-    project_builder().scene_2d(u"S").layer("rtr_lr2d", u"R", write(u"C:\\r.tif")).save(source);
-    write(u"N:\\file", "x");
-    remove_tree(u"N:\\out");
-    const struct {
-        string arguments;
-        int code;
-    } rows[] = {{"'N:\\out\\a\\b\\new._vp' --log --load-log", 0},
-                {"'N:\\out\\new._vp' --deselect R", 0},
-                {"'N:\\out\\new._vp' --deselect nobody", 2},
-                {"'N:\\out\\new._vp' --verify", 2},
-                {"'C:\\prj\\area._vp'", 2},
-                {"'N:\\file\\new._vp'", 3}};
-    const tree_state before = all_drives();
-    for (const auto& row : rows) {
-        EXPECT_EQ(row.code, command("resave --dry-run 'C:\\prj\\area._vp' " + row.arguments))
-            << row.arguments << err;
-        EXPECT_EQ(row.code == 0, err.empty()) << err; // above all nothing of "saved"
-        EXPECT_EQ("", difference(before, all_drives()));
-    }
-}
 
 TEST_F(dry_run, tells_what_no_rule_takes_along_and_where_the_space_ends) {
     for (const wide_string name : {u"Roads.shp", u"Roads.shx", u"Roads.dbf", u"roads.SBN", u"Roads.shp.xml",

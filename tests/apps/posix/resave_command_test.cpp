@@ -67,6 +67,7 @@ TEST_F(resave_command, the_exit_code_tells_how_it_went_and_the_error_output_why)
         {"", 2, {"subcommand"}},
         {"resave 'C:\\prj\\area._vp'", 2, {"NEW_PROJECT"}},
         {"resave ''" + to, 2, {"PROJECT"}},
+        {area + "--deselect nobody", 2, {"nobody"}},
         {area + "--structure sideways", 2, {"sideways"}},
         {area + "--no-such-option", 2, {"--no-such-option"}},
         {area + "--drive E=/no/such/folder", 2, {"E=/no/such/folder"}},
@@ -83,6 +84,12 @@ TEST_F(resave_command, the_exit_code_tells_how_it_went_and_the_error_output_why)
         SCOPED_TRACE(row.arguments);
         remove_tree(u"N:\\out");
         write(u"N:\\out\\rtr\\p.tfw", "older"); // which no copy replaces
+        const tree_state before = all_drives();
+        const int planned = command(row.arguments + " --dry-run");
+        EXPECT_TRUE(planned == row.code || row.arguments.size() > 300)
+            << err; // the disk alone knows its limit
+        EXPECT_FALSE(is_told("Project saved")) << err;
+        EXPECT_EQ("", difference(before, all_drives()));
         EXPECT_EQ(row.code, command(row.arguments)) << err;
         for (const string& text : row.told) EXPECT_EQ(1U, times_told(text)) << text << "\n" << err;
         EXPECT_EQ(row.told.empty(), err.empty()) << err;
