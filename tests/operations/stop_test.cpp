@@ -48,7 +48,7 @@ TEST_F(stopping, with_erasure_leaves_the_target_as_it_was_and_without_it_whole_c
     settings.save_layer_files = settings.save_scene_files = true;
     for (const answer given : {answer::yes, answer::no}) stop_everywhere(given, SIZE_MAX);
     copy_sample();
-    for (const answer given : {answer::yes, answer::no}) stop_everywhere(given, 3);
+    for (const answer given : {answer::yes, answer::no}) stop_everywhere(given, 2);
 }
 
 TEST_F(stopping, a_cancelled_stop_changes_nothing) {
