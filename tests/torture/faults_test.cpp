@@ -106,11 +106,12 @@ protected:
                 << path;
     }
     size_t strike(const faulty_system::kinds& kinds, const char* name, size_t length) {
-        faulty_system counting(kinds);
+        const wide_string below = length == SIZE_MAX ? u"N:" : u""; // a full disk is that of the target
+        faulty_system counting(kinds, 0, 0, below);
         run(counting);
         size_t tried = 0;
         for (size_t at = 1; at <= counting.count; at += torture::stride(counting.count)) {
-            faulty_system faults(kinds, at, length == SIZE_MAX ? SIZE_MAX : at + length - 1);
+            faulty_system faults(kinds, at, length == SIZE_MAX ? SIZE_MAX : at + length - 1, below);
             const bool loaded = run(faults);
             const wide_string first = faults.failed.empty() ? wide_string() : faults.failed.front();
             SCOPED_TRACE(std::string(name) + ' ' + std::to_string(at) + ' ' + platform::to_utf8(first));
