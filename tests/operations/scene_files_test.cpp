@@ -1,14 +1,12 @@
 // Scene files: their names, what happens to one that exists, and which scenes get one.
 #include "operations/scene_files_run.h"
 
-#include "core/path_files.h"
 #include "framework/strings.h"
 #include "operations/structure_run.h"
 #include "platform/volumes.h"
-#include "tests/support/forwarding_system.h"
+#include "tests/support/faulty_system.h"
 #include "tests/support/host_fixture.h"
 #include "tests/support/project_builder.h"
-#include "tests/support/tree_state.h"
 
 namespace vs::project_resave {
 namespace {
@@ -32,90 +30,59 @@ protected:
         EXPECT_EQ(0U, script.open_windows);
         return files();
     }
-    strings files() const {
-        strings names;
-        for (const auto& [path, state] : state_of(native("n") / "out")) names.push_back(path);
-        return names;
-    }
-    // Caption of the one layer in a scene file.
-    wide_string layer_of(const wide_string& name) {
+    // Of the one layer in a scene file.
+    wide_string file_in(const wide_string& name) {
         vestra::scene scene(vestra::dimension::flat);
-        EXPECT_FALSE(vestra::files::read_scene(n + u"out\\" + name, scene)) << platform::to_utf8(name);
-        return scene.count() == 1 ? scene.at(0)->caption : wide_string();
+        EXPECT_FALSE(vestra::files::read_scene(n + name, scene)) << platform::to_utf8(name);
+        return scene.count() == 1 ? scene.at(0)->file : wide_string();
     }
 
 private:
     const std::filesystem::path before_;
 };
 
-TEST_F(scene_files, a_new_name_is_the_last_one_with_a_further_number) {
+TEST_F(scene_files, have_names_that_a_disk_takes_and_move_with_the_data_beside_them) {
     project_builder()
         .scene_2d(u"A")
-        .layer("rtr_lr2d", u"one")
+        .layer("rtr_lr2d", u"L", n + u"out\\1.tif")
         .scene_2d(u"A")
-        .layer("rtr_lr2d", u"two")
+        .layer("rtr_lr2d", u"L", n + u"out\\2.tif")
         .scene_2d(u"A")
-        .layer("rtr_lr2d", u"three")
+        .scene_2d(u"a:b?")
+        .scene_2d(u"1.5 <\"x\"|*>")
+        .scene_2d(u".sn")
         .save(source);
     load();
-    EXPECT_EQ((strings{"A(1)(2)._sn", "A(1)._sn", "A._sn"}), write_files(1));
-    EXPECT_EQ(u"one", layer_of(u"A._sn"));
-    EXPECT_EQ(u"two", layer_of(u"A(1)._sn"));
-    EXPECT_EQ(u"three", layer_of(u"A(1)(2)._sn"));
-    EXPECT_EQ((strings{"A(1)(2)(3)(4)(5)._sn", "A(1)(2)(3)(4)._sn", "A(1)(2)(3)._sn", "A(1)(2)._sn",
-                       "A(1)._sn", "A._sn"}),
-              write_files(1));
+    strings names{".sn._sn", "1.5 __x____._sn", "A(1)(2)._sn", "A(1)._sn", "A._sn", "a_b_._sn"};
+    EXPECT_EQ(names, write_files(1)) << "the last name with a further number";
+    std::filesystem::current_path(native("n")); // Windows moves no folder that is the current one
+    std::filesystem::rename(native("n") / "out", native("n") / "moved");
+    EXPECT_EQ(n + u"moved\\1.tif", file_in(u"moved\\A._sn"));
+    EXPECT_EQ(n + u"moved\\2.tif", file_in(u"moved\\A(1)._sn"));
+    std::filesystem::rename(native("n") / "moved", native("n") / "out");
 }
 
 TEST_F(scene_files, rewriting_takes_the_old_file_first_so_a_failure_leaves_none) {
-    struct full_disk : forwarding_system {
-        platform::open_result open(const wide_string& path, platform::access wanted,
-                                   platform::disposition how,
-                                   std::unique_ptr<platform::file>& file) override {
-            if (how == platform::disposition::create_always) return platform::open_result::failed;
-            return forwarding_system::open(path, wanted, how, file);
-        }
-    };
-    struct : forwarding_system {
-        bool delete_file(const wide_string&) override { return false; }
-    } nothing_is_deleted;
-    project_builder().scene_2d(u"A").layer("rtr_lr2d", u"new").save(source);
+    project_builder().scene_2d(u"A").layer("rtr_lr2d", u"L", c + u"new.tif").save(source);
     load();
-    {
-        write(n + u"out\\A._sn", "older");
-        const platform::system_override in_force(nothing_is_deleted);
-        EXPECT_EQ(strings{"A._sn"}, write_files(0));
-    }
-    EXPECT_EQ(u"new", layer_of(u"A._sn")) << "written all the same";
-    remove_tree(n + u"out\\A._sn");
-    for (const uint32_t on_exists : {0U, 2U}) { // rewrite; a value that has no meaning writes over it
-        write(n + u"out\\a._SN", "older");
-        EXPECT_EQ(1U, write_files(on_exists).size());
-        EXPECT_EQ(u"new", layer_of(u"A._sn"));
-        full_disk faults;
-        const platform::system_override in_force(faults);
-        EXPECT_EQ(on_exists == 0 ? 0U : 1U, write_files(on_exists).size());
+    using call = faulty_system::call;
+    const struct {
+        faulty_system::kinds failing;
+        uint32_t on_exists; // 0: rewrite; 2, which has no meaning, writes over it
+        std::string begins;
+    } rows[] = {{{}, 0, "<"},
+                {{}, 2, "<"},
+                {{call::delete_file}, 0, "<"},
+                {{call::open_to_write}, 0, ""},
+                {{call::open_to_write}, 2, "o"}};
+    for (const auto& row : rows) {
         remove_tree(n + u"out\\a._sn");
+        write(n + u"out\\a._SN", "older");
+        faulty_system faults(row.failing, 1, SIZE_MAX);
+        const platform::system_override in_force(faults);
+        EXPECT_EQ(row.begins.size(), write_files(row.on_exists).size());
+        EXPECT_EQ(row.begins, read(n + u"out\\a._sn").substr(0, 1));
     }
-}
-
-TEST_F(scene_files, captions_become_names_that_a_disk_takes) {
-    project_builder().scene_2d(u"a:b?").scene_2d(u"1.5 <\"x\"|*>").scene_2d(u".sn").save(source);
-    load();
-    EXPECT_EQ((strings{".sn._sn", "1.5 __x____._sn", "a_b_._sn"}), write_files(0));
-}
-
-TEST_F(scene_files, move_together_with_the_data_beside_them) {
-    write(n + u"out\\maps\\a.shp", "shape");
-    project_builder().scene_2d(u"A").layer("shp_pnt_lr2d", u"A1", n + u"out\\maps\\a.shp").save(source);
-    load();
-    write_files(0);
-    std::filesystem::current_path(native("n")); // Windows moves no folder that is the current one
-    std::filesystem::rename(native("n") / "out", native("n") / "moved");
-    vestra::scene scene(vestra::dimension::flat);
-    ASSERT_FALSE(vestra::files::read_scene(n + u"moved\\A._sn", scene));
-    EXPECT_EQ(n + u"moved\\maps\\a.shp", scene.at(0)->file);
-    std::filesystem::rename(native("n") / "moved", native("n") / "out");
 }
 
 TEST_F(scene_files, only_selected_2d_scenes_are_written_also_after_a_stopped_run) {
@@ -124,9 +91,8 @@ TEST_F(scene_files, only_selected_2d_scenes_are_written_also_after_a_stopped_run
     load();
     context->selection.set_selected(built.id(u"A"), false);
     script.stop_at_poll = 1;
-    const wide_string text_file = c + u"structure.txt";
     structure_settings stopped;
-    stopped.output_path = text_file.c_str();
+    stopped.output_path = u"C:\\structure.txt";
     EXPECT_TRUE(context->save_structure(stopped));
     EXPECT_TRUE(context->progress.stopped);
     EXPECT_EQ((strings{"B._sn"}), write_files(0));
@@ -136,18 +102,8 @@ TEST_F(scene_files, after_a_resave_their_folder_is_the_path_of_the_new_project) 
     project_builder().scene_2d(u"A").save(source);
     load_and_resave();
     load();
-    const size_t placed = context->placement.placed.size();
-    EXPECT_EQ((strings{"new._vp"}), write_files(0)); // which is a file: nothing can be written there
-    ASSERT_EQ(placed + 1, context->placement.placed.size());
-    const placed_file& last = *std::prev(context->placement.placed.end());
-    EXPECT_EQ(u"", last.old_path);
-    EXPECT_EQ(output + u"\\A._sn", last.new_path);
-}
-
-TEST_F(scene_files, nothing_is_written_without_a_project) {
-    EXPECT_FALSE(context->create_scene_files({u"unused", 0}));
-    EXPECT_EQ(std::vector<wide_string>{load_string(501)}, errors());
-    EXPECT_TRUE(files().empty());
+    EXPECT_EQ(strings{}, write_files(0)); // it is a file: nothing can be written there
+    EXPECT_EQ(output + u"\\A._sn", std::prev(context->placement.placed.end())->new_path);
 }
 
 } // namespace

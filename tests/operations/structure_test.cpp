@@ -1,12 +1,11 @@
 // The text of a project's structure: whole files for the sample, then one choice at a time.
 #include "operations/structure_run.h"
 
-#include "core/path_files.h"
 #include "framework/strings.h"
+#include "operations/scene_files_run.h"
 #include "reference_host/shell/settings.h"
 #include "tests/support/host_fixture.h"
 #include "tests/support/project_builder.h"
-#include "tests/support/tree_state.h"
 
 namespace vs::project_resave {
 namespace {
@@ -23,9 +22,6 @@ protected:
         EXPECT_TRUE(context->save_structure(wanted));
         EXPECT_EQ(0U, script.open_windows);
         return read(text_file);
-    }
-    void deselect(const std::vector<wide_string>& ids) {
-        for (const wide_string& id : ids) context->selection.set_selected(id, false);
     }
     std::vector<wide_string> messages() const { return script.texts(kind::message); }
 
@@ -60,29 +56,19 @@ const flag_set flag_sets[] = {
       .indent_text = u"\t"}},
 };
 
-class sample_structure : public structure_text, public testing::WithParamInterface<flag_set> {};
-
-TEST_P(sample_structure, is_the_committed_file_byte_for_byte_and_changes_nothing) {
+TEST_F(structure_text, of_the_sample_is_the_committed_file_byte_for_byte_and_changes_nothing) {
     copy_sample();
-    if (IsSkipped()) return;
-    const tree_state c_before = state_of(native("c")), d_before = state_of(native("d"));
+    const tree_state before = sources();
     load();
-    const std::string path = std::string(VS_SOURCE_DIR "/tests/operations/expected/") + GetParam().file;
-    std::ifstream expected(path, std::ios::binary);
-    ASSERT_TRUE(expected) << path;
-    wanted = GetParam().settings;
-    wanted.output_path = text_file.c_str();
-    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(expected), {}), save());
-    EXPECT_EQ(std::vector<wide_string>{load_string(511)}, messages());
-    EXPECT_EQ("", difference(c_before, state_of(native("c"))) + difference(d_before, state_of(native("d"))));
-    EXPECT_NE(nullptr, context->project_handle());
+    for (const flag_set& each : flag_sets) {
+        wanted = each.settings;
+        wanted.output_path = text_file.c_str();
+        EXPECT_EQ(expected(each.file), save());
+        EXPECT_EQ(std::vector<wide_string>{load_string(511)}, messages());
+    }
+    EXPECT_EQ("", difference(before, sources()));
     EXPECT_EQ(1U, context->report.unprocessed_types.count(u"wfs_pnt_lr2d")); // still to be told by a resave
 }
-
-INSTANTIATE_TEST_SUITE_P(flags, sample_structure, testing::ValuesIn(flag_sets), [](const auto& tested) {
-    const std::string_view file = tested.param.file;
-    return std::string(file.substr(0, file.find('.')));
-});
 
 TEST_F(structure_text, groups_are_shown_as_the_user_sees_them_with_what_is_selected) {
     project_builder built;
@@ -99,10 +85,6 @@ TEST_F(structure_text, groups_are_shown_as_the_user_sees_them_with_what_is_selec
     load();
     wanted.write_layer_names = true;
     wanted.indent_text = u" ";
-    const auto text = [](const std::string& scenes) {
-        return "Project area._vp\r\n Scenes 2D:\r\n" + scenes +
-               " Scenes 3D:\r\n OAT tables:\r\n Layout\r\n DBF tables:\r\nProject ended\r\n";
-    };
     const struct {
         std::vector<wide_string> deselected;
         std::string scenes;
@@ -122,23 +104,13 @@ TEST_F(structure_text, groups_are_shown_as_the_user_sees_them_with_what_is_selec
     };
     for (const auto& row : rows) {
         context->selection.clear();
-        deselect(row.deselected);
+        for (const wide_string& id : row.deselected) context->selection.set_selected(id, false);
         vestra::shell::settings().invert_layers = row.inverted;
-        EXPECT_EQ(text(row.scenes), save());
+        EXPECT_EQ("Project area._vp\r\n Scenes 2D:\r\n" + row.scenes +
+                      " Scenes 3D:\r\n OAT tables:\r\n Layout\r\n DBF tables:\r\nProject ended\r\n",
+                  save());
         EXPECT_EQ(row.steps, script.current);
     }
-}
-
-TEST_F(structure_text, in_groups_each_layer_without_identity_is_shown_as_the_first_of_them) {
-    project_builder built;
-    built.scene_2d(u"S").layer("rtr_lr2d", u"A").layer("rtr_lr2d", u"X").layer("tld_lr2d", u"Y");
-    vestra::scene& scene = *built.model.scenes_2d.at(0);
-    for (uint32_t index : {2U, 0U, 1U}) scene.make_groups().add_layer(*scene.at(index));
-    scene.at(1)->id = scene.at(2)->id = {};
-    built.save(source);
-    load();
-    wanted.write_layer_names = true;
-    EXPECT_NE(std::string::npos, save().find("\r\nS\r\nX\r\nA\r\nX\r\n"));
 }
 
 TEST_F(structure_text, a_text_that_cannot_be_written_is_told_as_if_it_were) {
@@ -158,23 +130,21 @@ TEST_F(structure_text, a_text_that_cannot_be_written_is_told_as_if_it_were) {
 }
 
 TEST_F(structure_text, a_stop_takes_the_file_away_whatever_is_answered_and_the_next_text_is_whole) {
-    project_builder built;
-    for (int scene = 0; scene < 5; ++scene) built.scene_2d(u"S").layer("rtr_lr2d", u"L");
-    built.save(source);
+    project_builder().scene_2d(u"S").layer("rtr_lr2d", u"L").scene_2d(u"S").save(source);
     load();
     wanted.write_layer_names = true;
     const std::string whole = save();
-    ASSERT_LT(4U, script.polls);
     const size_t polls = script.polls;
+    ASSERT_LT(2U, polls);
     for (const answer said : {answer::yes, answer::no, answer::cancel}) {
+        const bool goes_on = said == answer::cancel;
         for (size_t poll = 1; poll <= polls; ++poll) {
             write(text_file, "older");
             script.stop_at_poll = poll;
             script.answers = {said};
-            const std::string text = save();
-            EXPECT_EQ(said == answer::cancel ? whole : "", text);
-            EXPECT_EQ(said == answer::cancel, path_exists(text_file));
-            EXPECT_EQ(std::vector<wide_string>{load_string(said == answer::cancel ? 511 : 513)}, messages());
+            EXPECT_EQ(goes_on ? whole : "", save());
+            EXPECT_EQ(goes_on, path_exists(text_file));
+            EXPECT_EQ(std::vector<wide_string>{load_string(goes_on ? 511 : 513)}, messages());
             script.stop_at_poll = 0;
             EXPECT_EQ(whole, save());
         }
@@ -192,10 +162,11 @@ TEST_F(structure_text, a_resave_without_a_log_writes_on_behind_the_text) {
 }
 
 TEST_F(structure_text, nothing_runs_without_a_project) {
-    EXPECT_FALSE(context->save_structure(wanted));
-    EXPECT_FALSE(context->check_path_case(text_file));
-    EXPECT_FALSE(path_exists(text_file));
-    EXPECT_EQ((std::vector<wide_string>{load_string(501), load_string(501)}), errors());
+    settings.output_path = &output;
+    EXPECT_FALSE(context->save_structure(wanted) || context->check_path_case(text_file) ||
+                 context->create_scene_files({u"unused", 0}) || context->resave_project(settings));
+    EXPECT_TRUE(files().empty() && !path_exists(output));
+    EXPECT_EQ(std::vector<wide_string>(4, load_string(501)), errors());
 }
 
 } // namespace

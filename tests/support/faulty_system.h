@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <map>
+#include <new>
 #include <set>
 #include <utility>
 
@@ -56,6 +57,7 @@ public:
         : failing_(std::move(failing)), first_(first), last_(std::max(first, last)),
           below_(std::move(below)) {}
 
+    bool breaks_off = false;         // the calls do not fail but throw
     size_t count = 0;                // of such calls
     std::vector<wide_string> failed; // their paths; of a copy that of the source
 
@@ -127,6 +129,7 @@ private:
         ++count;
         if (count < first_ || count > last_) return false;
         failed.push_back(path);
+        if (breaks_off) throw std::bad_alloc();
         return true;
     }
 

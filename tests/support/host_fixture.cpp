@@ -5,7 +5,7 @@
 #include "framework/bundle_entry.h"
 #include "reference_host/files/files.h"
 #include "reference_host/shell/settings.h"
-#include "tests/support/tree_state.h"
+#include "tests/support/references_of.h"
 
 namespace vs::project_resave {
 
@@ -65,6 +65,12 @@ std::string host_fixture::read(const wide_string& path) {
     return {std::istreambuf_iterator<char>(file), {}};
 }
 
+std::string host_fixture::expected(const std::string& name) {
+    std::ifstream file(fs::path(VS_SOURCE_DIR) / "tests/operations/expected" / name, std::ios::binary);
+    EXPECT_TRUE(file) << name;
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
 void host_fixture::resave() {
     settings.output_path = &output;
     script.events.clear();
@@ -78,6 +84,19 @@ std::vector<std::string> host_fixture::files() const {
     for (const auto& [path, state] : state_of(native("n") / "out"))
         if (!state.is_folder && path != "new._vp") found.push_back(path);
     return found;
+}
+
+std::string host_fixture::outline() const {
+    vestra::project made;
+    read_back(output, made);
+    return outline_of(made, path_head(output));
+}
+
+tree_state host_fixture::sources() const {
+    tree_state all;
+    for (const std::string drive : {"c", "d"})
+        for (const auto& [path, state] : state_of(native(drive))) all.emplace(drive + ":/" + path, state);
+    return all;
 }
 
 std::vector<vestra::shell::scripted_front_end::event> host_fixture::told() const {

@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "core/path_files.h"
+#include "core/paths.h"
 #include "operations/project_context.h"
 #include "reference_host/model/project.h"
 #include "reference_host/shell/bundle_loader.h"
@@ -18,6 +19,7 @@
 #include "reference_host/toolkit/scripted_dialog_runner.h"
 #include "tests/support/scripted_front_end.h"
 #include "tests/support/test_drives.h"
+#include "tests/support/tree_state.h"
 
 namespace vs::project_resave {
 
@@ -37,6 +39,8 @@ protected:
     static wide_string write(const wide_string& path, std::string_view bytes = "data");
     // Its bytes; empty for a folder and for what is not there.
     static std::string read(const wide_string& path);
+    // A committed file of tests/operations/expected.
+    static std::string expected(const std::string& name);
 
     void load() { ASSERT_TRUE(context->load_project(source, false, false)); }
     // Resaves what is loaded; what the front end was told before is forgotten.
@@ -47,6 +51,10 @@ protected:
     }
     // Files of the new folder, in order, with "/", but for the new project.
     std::vector<std::string> files() const;
+    // What the new project holds, see references_of.h; paths in its folder are cut short.
+    std::string outline() const;
+    // What C: and D: hold.
+    tree_state sources() const;
     // What the front end was told and asked, without the captions of the progress.
     std::vector<front::event> told() const;
     std::vector<wide_string> errors() const { return script.texts(front::kind::error); }

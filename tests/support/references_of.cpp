@@ -1,6 +1,7 @@
 #include "tests/support/references_of.h"
 
 #include "core/paths.h"
+#include "platform/text.h"
 #include "reference_host/files/files.h"
 
 namespace vs::project_resave {
@@ -60,6 +61,56 @@ std::vector<reference> references_of(const vestra::project& project) {
     for (const auto& table : project.tables.members()) all.table(table->caption, *table);
     for (const auto& table : project.tos_tables.members()) all.path(table->caption, table->file);
     return std::move(all.found);
+}
+
+namespace {
+
+class outline {
+public:
+    explicit outline(wide_view folder) : folder_(folder) {}
+
+    void scenes(const vestra::scene_collection& all) {
+        for (const auto& scene : all.members()) {
+            text += scene->caption + u":";
+            if (!scene->source.empty()) path(u" ", scene->source);
+            for (const auto& layer : scene->members()) {
+                text += u" " + layer->caption;
+                if (!layer->file.empty()) path(u"=", layer->file);
+                if (layer->data) table(u"+", *layer->data);
+            }
+            for (uint32_t index = 0; scene->groups && index < scene->groups->count(); ++index)
+                text += u" [" + scene->groups->at(index)->caption + u"]";
+            text += u"\n";
+        }
+    }
+    void table(wide_view mark, const vestra::attr_data& data) {
+        path(mark, data.file);
+        for (const vestra::table_join& join : data.joins) path(u">", join.other_source);
+    }
+
+    wide_string text;
+
+private:
+    void path(wide_view mark, wide_view whole) {
+        text += mark;
+        text += whole.starts_with(folder_) ? whole.substr(folder_.size()) : whole;
+    }
+    const wide_view folder_;
+};
+
+} // namespace
+
+std::string outline_of(const vestra::project& project, wide_view folder) {
+    outline made(folder);
+    for (const auto* scenes : {&project.scenes_2d, &project.scenes_3d, &project.layouts})
+        made.scenes(*scenes);
+    for (const auto& sheets : project.plugin_scenes) made.scenes(*sheets);
+    for (const auto& table : project.tables.members()) {
+        made.text += table->caption;
+        made.table(u"=", *table);
+        made.text += u"\n";
+    }
+    return platform::to_utf8(made.text);
 }
 
 } // namespace vs::project_resave

@@ -30,4 +30,20 @@ inline void write_generated_area(const wide_string& project, size_t bytes,
     made.save(project);
 }
 
+// Runs into an empty folder, again and again.
+class runs : public host_fixture {
+protected:
+    void clear() const {
+        std::filesystem::remove_all(native("n") / "out");
+        std::filesystem::create_directories(native("n") / "out");
+    }
+    // All lines of the report.
+    wide_string told_text() const {
+        wide_string all;
+        for (const run_report::problem& problem : context->report.problems) all += problem.text;
+        return all;
+    }
+    bool is_told(wide_view what) const { return told_text().find(what) != wide_string::npos; }
+};
+
 } // namespace vs::project_resave::torture

@@ -66,6 +66,12 @@ protected:
         return names;
     }
 
+    tree_state all_drives() const {
+        tree_state all = sources();
+        for (const auto& [path, state] : state_of(native("n"))) all.emplace("n:/" + path, state);
+        return all;
+    }
+
     std::string out, err;
 
 private:

@@ -1,5 +1,6 @@
 // Linux only: the command is started through a shell.
 // What a person would lose if a text, a report or a scene file went over a file of the project.
+#include "framework/strings.h"
 #include "tests/apps/posix/command_run.h"
 
 namespace vs::project_resave {
@@ -27,7 +28,15 @@ TEST_F(command_run, no_file_of_the_project_is_written_over_under_whatever_name) 
         .save(source);
     std::filesystem::create_hard_link(native("c") / "data/r.tif", native("n") / "out/hard.txt");
     std::filesystem::create_directory_symlink(native("c") / "data", native("n") / "data");
-    const tree_state before = state_of(native("c"));
+    std::filesystem::create_hard_link(native("c") / "prj/area._vp", native("n") / "out/hard._vp");
+    std::filesystem::create_symlink(native("c") / "prj/area._vp", native("n") / "out/soft._vp");
+    std::filesystem::create_directory_symlink(native("c") / "prj", native("n") / "prj");
+    const tree_state before = sources();
+    for (const char* same : {"C:\\prj\\area._vp' --language en", "c:/data/../PRJ\\AREA._vp'",
+                             "N:\\out\\hard._vp'", "N:\\out\\soft._vp'", "N:\\prj\\area._vp'"}) {
+        EXPECT_EQ(2, command("resave 'C:\\prj\\area._vp' '" + string(same))) << same;
+        EXPECT_EQ("vestra-resave: " + platform::to_utf8(load_string(527)) + "\n", err);
+    }
     const string structure = "structure 'C:\\prj\\area._vp' '", check = "check-case 'C:\\prj\\area._vp' '";
     for (const string& refused :
          {structure + "C:\\data\\r.tif", check + "c:/prj/../DATA/R.TIF", structure + "C:\\data\\r.tfw",
@@ -39,7 +48,7 @@ TEST_F(command_run, no_file_of_the_project_is_written_over_under_whatever_name) 
     }
     EXPECT_EQ(2, command("scenes 'C:\\prj\\area._vp' 'C:\\maps' --if-exists rewrite"));
     EXPECT_TRUE(is_told("C:\\maps\\A._sn: a file of the project cannot be written over")) << err;
-    EXPECT_EQ("", difference(before, state_of(native("c"))));
+    EXPECT_EQ("", difference(before, sources()));
 
     EXPECT_EQ(0, command(structure + "C:\\data\\free.txt'")) << err;
     EXPECT_EQ(0, command("scenes 'C:\\prj\\area._vp' 'C:\\maps' --if-exists new-name")) << err;

@@ -26,12 +26,21 @@ TEST_F(text_commands, write_what_is_asked_for_or_say_why_not) {
     const string structure = "structure 'C:\\prj\\area._vp' ", files = "scenes 'C:\\prj\\area._vp' ",
                  check = "check-case 'C:\\prj\\area._vp' ", differs = "check-case 'C:\\prj\\case._vp' ",
                  text = "'N:\\out\\t.txt' ", folder = "'N:\\out' ",
-                 two = "N:\\out\\A._sn\nN:\\out\\A(1)._sn\n";
+                 two = "N:\\out\\A._sn\nN:\\out\\A(1)._sn\n", head = "Project area._vp\r\n";
     const struct {
         string arguments;
         int code;
         string err, out, made; // `err` somewhere in what was told
+        string text = {};      // the beginning of the file
     } rows[] = {
+        {structure + text, 0, "", "", " t.txt", head + "\tScenes 2D:\r\n\t\tA\r\n\t\tA\r\n"},
+        {structure + text + "--layers --paths --indent none", 0, "", "", " t.txt",
+         head + "Scenes 2D:\r\nA\r\nR C:\\data\\r.tif\r\n"},
+        {structure + text + "--layers --indent space", 0, "", "", " t.txt",
+         head + " Scenes 2D:\r\n  A\r\n   R\r\n"},
+        {structure + text + "--indent 4-spaces", 0, "", "", " t.txt",
+         head + "    Scenes 2D:\r\n        A\r\n"},
+        {differs + text, 1, "", "", " t.txt", "C:\\Data\\r.tif\r\nC:\\data\\r.tif\r\n\r\n"},
         {structure + text, 0, "The project structure is preserved", "", " t.txt"},
         {structure + text + "--quiet", 0, "", "", " t.txt"},
         {structure, 2, "TEXT_FILE", "", ""},
@@ -51,14 +60,13 @@ TEST_F(text_commands, write_what_is_asked_for_or_say_why_not) {
         {files + "'N:\\none'", 3, "N:\\none: there is no such folder", "", ""},
         {files + "'C:\\data\\r.tif'", 3, "C:\\data\\r.tif: there is no such folder", "", ""},
         {check + text, 0, "", "", " t.txt"},
-        {differs + text, 1, "", "", " t.txt"},
         {differs + text + "--quiet", 1, "", "", " t.txt"},
         {check, 2, "REPORT", "", ""},
         {"check-case 'C:\\none._vp' " + text, 2, "C:\\none._vp", "", ""},
         {differs + "'C:\\prj\\case._vp'", 2, "the project itself cannot be written over", "", ""},
         {check + folder, 3, "N:\\out: it is a folder", "", ""},
     };
-    const tree_state before = state_of(native("c"));
+    const tree_state before = sources();
     for (const auto& row : rows) {
         SCOPED_TRACE(row.arguments);
         remove_tree(u"N:\\out");
@@ -67,39 +75,10 @@ TEST_F(text_commands, write_what_is_asked_for_or_say_why_not) {
         EXPECT_TRUE(is_told(row.err)) << err;
         EXPECT_EQ(row.out, out);
         EXPECT_EQ(row.made, made());
+        EXPECT_EQ(row.text, read(u"N:\\out\\t.txt").substr(0, row.text.size()));
         EXPECT_TRUE(err.empty() || !row.arguments.ends_with("--quiet")) << err;
     }
-    EXPECT_EQ("", difference(before, state_of(native("c"))));
-}
-
-TEST_F(text_commands, hold_what_their_words_ask_for) {
-    const struct {
-        const char* word;
-        string indent;
-    } rows[] = {{"", "\t"},
-                {"--indent tab", "\t"},
-                {"--indent none", ""},
-                {"--indent space", " "},
-                {"--indent 4-spaces", "    "}};
-    for (const auto& row : rows) {
-        write(u"N:\\out\\t.txt", string(9999, 'x'));
-        ASSERT_EQ(0, command(string("structure 'C:\\prj\\area._vp' 'N:\\out\\t.txt' --layers --paths ") +
-                             row.word));
-        const string two = row.indent + row.indent, between = row.indent.empty() ? " " : row.indent;
-        EXPECT_TRUE(read(u"N:\\out\\t.txt")
-                        .starts_with("Project area._vp\r\n" + row.indent + "Scenes 2D:\r\n" + two + "A\r\n" +
-                                     two + row.indent + "R" + between + "C:\\data\\r.tif\r\n"))
-            << read(u"N:\\out\\t.txt");
-    }
-    ASSERT_EQ(1, command("check-case 'C:\\prj\\case._vp' 'N:\\out\\t.txt'"));
-    EXPECT_EQ("C:\\Data\\r.tif\r\nC:\\data\\r.tif\r\n\r\n", read(u"N:\\out\\t.txt"));
-    ASSERT_EQ(0, command("check-case 'C:\\prj\\area._vp' 'N:\\out\\t.txt'"));
-    EXPECT_EQ("", read(u"N:\\out\\t.txt"));
-
-    write(u"N:\\out\\A._sn", "older");
-    ASSERT_EQ(0, command("scenes 'C:\\prj\\area._vp' 'N:\\out' --if-exists new-name"));
-    EXPECT_EQ("older", read(u"N:\\out\\A._sn"));
-    EXPECT_EQ(" A(1)(2)._sn A(1)._sn A._sn t.txt", made());
+    EXPECT_EQ("", difference(before, sources()));
 }
 
 TEST_F(text_commands, a_stop_takes_the_text_away) {

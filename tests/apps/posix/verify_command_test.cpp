@@ -23,14 +23,11 @@ protected:
         for (const auto& each : told.at("astray"))
             found.insert(each.at("reason").get<string>() + ": " + each.at("kind").get<string>() + " " +
                          each.at("caption").get<string>() + ": " + each.at("path").get<string>());
-        references = told.at("references");
         return found;
     }
     static void save_scene(const wide_string& path, const vestra::scene& scene) {
         EXPECT_FALSE(vestra::files::write_scene(path, scene));
     }
-
-    size_t references = 0;
 };
 
 // Every place that can hold a reference; most of them lead astray.
@@ -130,48 +127,22 @@ TEST_F(verify_command, ends_with_0_only_for_a_project_that_can_be_moved) {
     EXPECT_EQ(1U, state_of(native("n") / "moved").size());
 }
 
-TEST_F(verify_command, of_a_resave_tells_what_the_new_project_lacks) {
-    copy_sample();
-    const string to = "resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp' --quiet --verify --json --structure ";
-    for (const string structure : {"by-type", "from-common-top", "folder-per-scene"}) {
-        remove_tree(u"N:\\out");
-        EXPECT_EQ(1, command(to + structure)) << err;
-        const auto told = json::parse(out);
-        EXPECT_TRUE(told.at("differing").empty()) << told.at("differing");
-        std::set<string> captions;
-        for (const auto& each : told.at("astray")) captions.insert(each.at("caption"));
-        std::set<string> expected{"Old survey", "Profile lines", "Monthly report"};
-        if (structure == "folder-per-scene")
-            expected.insert({"Well P-101", "Profile of P-102", "Section 1"});
-        else
-            expected.insert("Page A3");
-        EXPECT_EQ(expected, captions);
-        EXPECT_TRUE(is_told("vestra-resave: outside: layer Profile lines: C:\\prj\\profiles\\lines.shp\n"));
-        EXPECT_EQ(captions.size(), astray("N:\\out\\new._vp").size());
-        EXPECT_LT(60U, references);
-    }
-}
-
 // A layer file is written over a copy that came to bear its name.
 TEST_F(verify_command, of_a_resave_tells_of_a_copy_that_is_not_as_its_source) {
     project_builder().scene_2d(u"S").layer("rtr_lr2d", u"Rocks", write(u"C:\\prj\\Rocks._lr")).save(source);
     const string to =
         "resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp' --structure from-project-folder --verify ";
-    EXPECT_EQ(1, command(to)) << err; // no layer file, though it bears the name of one
-    EXPECT_TRUE(is_told("vestra-resave: unreadable: file Rocks._lr: N:\\out\\Rocks._lr\n")) << err;
-    EXPECT_FALSE(is_told("not as its source"));
+    EXPECT_EQ(1, command(to)) << err;
+    EXPECT_EQ("vestra-resave: unreadable: file Rocks._lr: N:\\out\\Rocks._lr\n",
+              err.substr(err.find("vestra")))
+        << "no layer file, though it bears the name of one";
     EXPECT_NE(string::npos, out.find("saved with problems: "));
-
     for (const string reason : {"size", "content"}) {
         remove_tree(u"N:\\out");
         EXPECT_EQ(1, command(to + "--layer-files --json")) << err;
         EXPECT_TRUE(
             is_told("not as its source (" + reason + "): N:\\out\\Rocks._lr, from C:\\prj\\Rocks._lr"));
-        const auto told = json::parse(out);
-        EXPECT_EQ(
-            json({{{"source", "C:\\prj\\Rocks._lr"}, {"target", "N:\\out\\Rocks._lr"}, {"reason", reason}}}),
-            told.at("differing"));
-        EXPECT_TRUE(told.at("astray").empty()) << told.at("astray");
+        EXPECT_EQ(reason, json::parse(out).at("differing").at(0).at("reason"));
         write(u"C:\\prj\\Rocks._lr", string(read(u"N:\\out\\Rocks._lr").size(), 'x'));
     }
 }

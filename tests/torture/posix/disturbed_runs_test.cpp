@@ -5,8 +5,7 @@
 
 #include "core/paths.h"
 #include "framework/strings.h"
-#include "tests/support/faulty_system.h"
-#include "tests/support/tree_state.h"
+#include "tests/support/forwarding_system.h"
 #include "tests/torture/generated_area.h"
 #include "tests/torture/torture.h"
 
@@ -15,54 +14,32 @@ namespace {
 
 namespace fs = std::filesystem;
 
-class disturbed_runs : public host_fixture {
+class disturbed_runs : public torture::runs {
 protected:
     disturbed_runs() { torture::write_generated_area(source, 100, write); }
-    bool is_told(wide_view what) const {
-        for (const run_report::problem& problem : context->report.problems)
-            if (problem.text.find(what) != wide_string::npos) return true;
-        return false;
-    }
 };
 
-// Does something to the source of each copy right before it is made.
-struct meddler final : forwarding_system {
-    using deed = std::function<void(const wide_string&)>;
-    explicit meddler(deed what) : before_copy(std::move(what)) {}
+// Takes the source of every third copy away right before it is made.
+struct thief final : forwarding_system {
     bool copy_file(const wide_string& from, const wide_string& to, bool replace) override {
-        before_copy(from);
+        if (++count % 3 == 0) {
+            gone.push_back(from);
+            fs::remove(platform::native_path(from));
+        }
         return forwarding_system::copy_file(from, to, replace);
     }
-    deed before_copy;
+    size_t count = 0;
+    std::vector<wide_string> gone;
 };
-
-TEST_F(disturbed_runs, nothing_can_be_written_to_the_target_and_that_is_told) {
-    const tree_state before = state_of(native("c"));
-    load();
-    faulty_system::kinds all = faulty_system::disk_full;
-    all.insert({faulty_system::call::rename, faulty_system::call::delete_file});
-    faulty_system read_only(all, 1, SIZE_MAX, u"N:");
-    const platform::system_override in_force(read_only);
-    resave();
-    EXPECT_EQ((std::vector<wide_string>{load_string(509)}), errors());
-    EXPECT_TRUE(fs::is_empty(native("n") / "out"));
-    EXPECT_EQ("", difference(before, state_of(native("c"))));
-}
 
 TEST_F(disturbed_runs, sources_that_vanish_one_by_one_are_each_named) {
     load();
-    std::vector<wide_string> gone;
-    size_t count = 0;
-    meddler thief([&](const wide_string& from) {
-        if (++count % 3 != 0) return;
-        gone.push_back(from);
-        fs::remove(platform::native_path(from));
-    });
-    const platform::system_override in_force(thief);
+    thief disturber;
+    const platform::system_override in_force(disturber);
     resave();
     EXPECT_TRUE(context->report.saved);
-    EXPECT_LT(10U, gone.size());
-    for (const wide_string& path : gone)
+    EXPECT_LT(10U, disturber.gone.size());
+    for (const wide_string& path : disturber.gone)
         EXPECT_TRUE(is_told(path_file_name(path)) || path.find(u"\\w\\") != wide_string::npos)
             << platform::to_utf8(path);
 }
@@ -72,8 +49,7 @@ TEST_F(disturbed_runs, sources_that_grow_or_shrink_meanwhile_are_copied_as_they_
         const wide_string path = u"C:\\data\\a\\a.shp";
         const fs::path file = platform::native_path(path);
         write(path, std::string(8 << 20, 'x'));
-        fs::remove_all(native("n") / "out");
-        fs::create_directories(native("n") / "out");
+        clear();
         load();
         std::atomic<bool> is_over = false;
         std::thread other([&] {

@@ -1,5 +1,4 @@
 // Linux only: the command as processes of its own, killed, and many at once.
-#include <fcntl.h>
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -20,28 +19,21 @@ namespace {
 namespace fs = std::filesystem;
 using clock_type = std::chrono::steady_clock;
 
-class processes : public host_fixture {
+class processes : public torture::runs {
 protected:
     processes() { torture::write_generated_area(source, 300'000, write); }
 
     // A resave into N:\out; what it prints goes into a file in N:\told.
     pid_t start(const std::string& project, const std::string& structure) const {
         fs::create_directories(native("n") / "told");
-        const std::string told = told_of(project).string();
-        const std::string drive_c = "C=" + native("c").string(), drive_n = "N=" + native("n").string();
-        const std::string target = "N:\\out\\" + project;
-        const char* const arguments[] = {VS_COMMAND,        "resave",        "C:\\prj\\area._vp",
-                                         target.c_str(),    "--drive",       drive_c.c_str(),
-                                         "--drive",         drive_n.c_str(), "--structure",
-                                         structure.c_str(), "--language",    "en",
-                                         "--quiet",         "--files",       "--log",
-                                         "--scene-files",   "--layer-files", nullptr};
+        const std::string line =
+            "exec " VS_COMMAND " resave 'C:\\prj\\area._vp' 'N:\\out\\" + project +
+            "' --drive C=" + native("c").string() + " --drive N=" + native("n").string() +
+            " --language en --quiet --files --log --scene-files --layer-files --structure " + structure +
+            " > " + told_of(project).string() + " 2>&1";
         const pid_t child = ::fork();
         if (child != 0) return child;
-        const int out = ::open(told.c_str(), O_WRONLY | O_CREAT | O_TRUNC, 0666);
-        ::dup2(out, STDOUT_FILENO);
-        ::dup2(out, STDERR_FILENO);
-        ::execv(VS_COMMAND, const_cast<char* const*>(arguments));
+        ::execl("/bin/sh", "sh", "-c", line.c_str(), nullptr);
         ::_exit(127);
     }
     fs::path told_of(const std::string& project) const { return native("n") / "told" / project; }
@@ -49,10 +41,6 @@ protected:
         int status = 0;
         ::waitpid(child, &status, 0);
         return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
-    }
-    void clear() const {
-        fs::remove_all(native("n") / "out");
-        fs::create_directories(native("n") / "out");
     }
 
     // When something stands in N:\out, or the run has ended.
