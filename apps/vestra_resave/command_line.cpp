@@ -211,10 +211,11 @@ void add_panel(CLI::App& app, command_line& line) {
     command->callback([&line] { line.run = [&line] { return lead_panel(line.panel, line.options); }; });
 }
 
-// Without a command the first word is to blame, if there is one.
+// Without a command the first word is to blame, if there is one that is no option.
 std::string failure_text(const CLI::App* app, const CLI::Error& error) {
     const std::vector<std::string> words = app->remaining();
-    if (words.empty() || !app->get_subcommands().empty()) return CLI::FailureMessage::simple(app, error);
+    if (words.empty() || words.front().starts_with("-") || !app->get_subcommands().empty())
+        return CLI::FailureMessage::simple(app, error);
     return "no such command: " + words.front() + "\nRun with --help for the list of commands.\n";
 }
 

@@ -65,6 +65,7 @@ TEST_F(resave_command, the_exit_code_tells_how_it_went_and_the_error_output_why)
           "vestra-resave: layer type not resaved: wfs_pnt_lr2d\n"}},
         {poor + "--json", 1, {"Lost files Lost one\n", "Copy error p.tfw\n", "wfs_pnt_lr2d\n"}},
         {"", 2, {"subcommand"}},
+        {"bogus", 2, {"no such command: bogus"}},
         {"resave 'C:\\prj\\area._vp'", 2, {"NEW_PROJECT"}},
         {"resave ''" + to, 2, {"PROJECT"}},
         {area + "--deselect nobody", 2, {"nobody"}},

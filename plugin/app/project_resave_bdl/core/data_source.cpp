@@ -1,6 +1,5 @@
 #include "core/data_source.h"
 
-#include "core/path_files.h"
 #include "framework/visitors.h"
 #include "host/vsk_basic.h"
 
@@ -28,11 +27,10 @@ bool data_source_files(const wide_string& path, std::vector<wide_string>& out) {
     return true;
 }
 
-bool append_existing_files(const wide_string& path, std::vector<wide_string>& out) {
+bool append_existing_files(const wide_string& path, std::vector<found_file>& out) {
     std::vector<wide_string> named;
     if (!data_source_files(path, named)) return false;
-    for (wide_string& file : named)
-        if (path_exists(file)) out.push_back(std::move(file));
+    for (const wide_string& file : named) append_if_exists(file, out);
     return true;
 }
 

@@ -4,6 +4,7 @@
 #include <cstdint>
 #include <vector>
 
+#include "core/path_files.h"
 #include "framework/ref.h"
 #include "host/interfaces/stat_source.h"
 #include "platform/wide_string.h"
@@ -15,7 +16,7 @@ namespace vs::project_resave {
 bool data_source_files(const wide_string& path, std::vector<wide_string>& out);
 
 // Appends those of them that exist. False, with nothing appended, where the host cannot open the data set.
-bool append_existing_files(const wide_string& path, std::vector<wide_string>& out);
+bool append_existing_files(const wide_string& path, std::vector<found_file>& out);
 
 // Reads the records of a vector source one after the other. Holds the source open for its own life.
 class vector_datasource {

@@ -1,7 +1,6 @@
 #include "core/path_files.h"
 
 #include "core/paths.h"
-#include "platform/system.h"
 
 namespace vs::project_resave {
 
@@ -11,6 +10,13 @@ bool path_exists(const wide_string& path) {
 
 bool path_is_taken(const wide_string& path) {
     return !platform::current_system().is_known_absent(path) && path_exists(path);
+}
+
+bool append_if_exists(const wide_string& path, std::vector<found_file>& out) {
+    const platform::entry_status status = platform::current_system().status_of(path);
+    if (status.kind == platform::entry_kind::none) return false;
+    out.emplace_back(path, status);
+    return true;
 }
 
 bool create_folders(const wide_string& path) {

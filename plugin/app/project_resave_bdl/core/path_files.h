@@ -2,7 +2,9 @@
 // through platform::current_system(); nothing throws for a bad path.
 #pragma once
 
-#include "platform/wide_string.h"
+#include <vector>
+
+#include "platform/system.h"
 
 namespace vs::project_resave {
 
@@ -10,6 +12,18 @@ namespace vs::project_resave {
 bool path_exists(const wide_string& path);
 // The same, at a lower cost where the name is likely to be free.
 bool path_is_taken(const wide_string& path);
+
+// A file or folder that belongs to an element. The status is that of the moment when it was looked for, none
+// if that was not done.
+struct found_file {
+    found_file(const wide_string& place, platform::entry_status found = {}) : path(place), status(found) {}
+
+    wide_string path;
+    platform::entry_status status;
+};
+
+// Appends what stands there; false if nothing does.
+bool append_if_exists(const wide_string& path, std::vector<found_file>& out);
 
 // Creates what is missing of a folder path. True if all of it stands as folders afterwards; levels made
 // before a failure stay. The drive, or server and share, must be there.

@@ -14,12 +14,12 @@
 namespace vs::project_resave {
 
 void Tvs_resave_file::build() {
-    std::vector<wide_string> paths;
-    collect_source_files(paths);
-    source_files = context->sizes.add_files(paths);
+    std::vector<found_file> found;
+    collect_source_files(found);
+    source_files = context->sizes.add_files(found);
 }
 
-void Tvs_resave_file::collect_source_files(std::vector<wide_string>& out) {
+void Tvs_resave_file::collect_source_files(std::vector<found_file>& out) {
     out.clear();
     append_existing_files(source_path(), out);
 }
@@ -67,9 +67,9 @@ bool Tvs_resave_file::write_structure() {
 }
 
 bool Tvs_resave_file::check_path_case(bool* found) {
-    std::vector<wide_string> paths; // asked for again: the source may have changed since the build
-    collect_source_files(paths);
-    for (const wide_string& path : paths) {
+    std::vector<found_file> files; // asked for again: the source may have changed since the build
+    collect_source_files(files);
+    for (const auto& [path, status] : files) {
         wide_string spelling;
         if (!true_case_path(path, spelling) || spelling == path) continue;
         *found = true;

@@ -6,6 +6,7 @@
 
 #include <vector>
 
+#include "core/path_files.h"
 #include "core/resave_unit.h"
 
 namespace vs::project_resave {
@@ -30,7 +31,7 @@ public:
     // The last step of a save that found its source.
     virtual void after_file_saved() {}
     // The unit's existing files; by default those that the host's data source names.
-    virtual void collect_source_files(std::vector<wide_string>& out);
+    virtual void collect_source_files(std::vector<found_file>& out);
     virtual wide_string source_path() = 0;
     virtual void set_new_path(const wide_string& path) = 0;
     // Name of the folder for files of this type.

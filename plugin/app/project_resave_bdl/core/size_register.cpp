@@ -15,12 +15,13 @@ namespace {
 constexpr double kb_per_byte = 0.0009765625;
 
 // Of a folder the files below it, at all depths.
-double kilobytes(const wide_string& path) {
+double kilobytes(const found_file& file) {
     platform::system& system = platform::current_system();
-    if (const uint64_t bytes = system.file_size(path)) return static_cast<double>(bytes) * kb_per_byte;
-    if (system.kind_of(path) != platform::entry_kind::folder) return 0;
+    const bool is_known = file.status.kind != platform::entry_kind::none;
+    const platform::entry_status status = is_known ? file.status : system.status_of(file.path);
+    if (status.kind != platform::entry_kind::folder) return static_cast<double>(status.bytes) * kb_per_byte;
     double sum = 0;
-    for (const platform::tree_entry& entry : platform::list_tree(system, path))
+    for (const platform::tree_entry& entry : platform::list_tree(system, file.path))
         if (!entry.is_folder) sum += static_cast<double>(system.file_size(entry.path)) * kb_per_byte;
     return sum;
 }
@@ -68,11 +69,11 @@ void size_register::link_parents(uint32_t chain_index) {
             parents[place]->links.push_back({chain_index, true});
 }
 
-uint32_t size_register::add_file(const wide_string& path) {
+uint32_t size_register::add_file(const found_file& file) {
     bool is_new = false;
-    const uint32_t index = entry_of(path, is_new);
+    const uint32_t index = entry_of(file.path, is_new);
     size_entry& entry = entries[index];
-    if (is_new) entry.size_kb = kilobytes(path);
+    if (is_new) entry.size_kb = kilobytes(file);
     chains.push_back({index});
     ++entry.fulfilled;
     recount(entry);
@@ -80,17 +81,17 @@ uint32_t size_register::add_file(const wide_string& path) {
     return index;
 }
 
-std::vector<uint32_t> size_register::add_files(const std::vector<wide_string>& paths) {
+std::vector<uint32_t> size_register::add_files(const std::vector<found_file>& files) {
     std::vector<uint32_t> numbers;
-    numbers.reserve(paths.size());
-    for (const wide_string& path : paths) numbers.push_back(add_file(path));
+    numbers.reserve(files.size());
+    for (const found_file& file : files) numbers.push_back(add_file(file));
     return numbers;
 }
 
 void size_register::add_wstrings(const vs_wstrings* paths) {
     const uint32_t count = vs_wstrings_get_size(paths);
     for (uint32_t index = 0; index < count; ++index)
-        add_file(text_or_empty(vs_wstrings_get_str(paths, index)));
+        add_file(wide_string(text_or_empty(vs_wstrings_get_str(paths, index))));
 }
 
 void size_register::uuid_row::add_bare(const wide_string& path) {

@@ -14,6 +14,7 @@
 #include <unordered_set>
 #include <vector>
 
+#include "core/path_files.h"
 #include "core/row_index.h"
 #include "host/types.h"
 #include "platform/wide_string.h"
@@ -28,8 +29,8 @@ public:
 
     // Enters a file or folder under the present stack; its size is read when it is met first. What does not
     // exist counts 0 and stays known. The number stands for the path until `clear`.
-    uint32_t add_file(const wide_string& path);
-    std::vector<uint32_t> add_files(const std::vector<wide_string>& paths);
+    uint32_t add_file(const found_file& file);
+    std::vector<uint32_t> add_files(const std::vector<found_file>& files);
     const wide_string& path(uint32_t number) const { return entries[number].path; }
     void add_wstrings(const vs_wstrings* paths);
     // Only files the path under the uuids of the stack, or under the one given.

@@ -30,11 +30,10 @@ bool Tvs_resave_rtr_lr::copy_files(const wide_string& source, const wide_string&
 
 void Tvs_resave_rtr_lr2d::after_file_saved() { save_layer_file_2d(layer, *context); }
 
-void Tvs_resave_tld_lr::collect_source_files(std::vector<wide_string>& out) {
+void Tvs_resave_tld_lr::collect_source_files(std::vector<found_file>& out) {
     const wide_string reference = host_string(&vs_lr_get_wfilename, layer);
     out = {reference};
-    const wide_string projection = projection_file_name(reference);
-    if (path_is_taken(projection)) out.push_back(projection);
+    append_if_exists(projection_file_name(reference), out);
 }
 
 wide_string Tvs_resave_tld_lr::default_folder() { return load_string(tile_folder_text); }

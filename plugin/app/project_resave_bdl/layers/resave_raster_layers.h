@@ -27,7 +27,7 @@ public:
     using Tvs_resave_layer::Tvs_resave_layer;
 
     // The main file, untested, and its projection.
-    void collect_source_files(std::vector<wide_string>& out) override;
+    void collect_source_files(std::vector<found_file>& out) override;
     wide_string default_folder() override;
     bool copy_files(const wide_string& source, const wide_string& target) override;
 };

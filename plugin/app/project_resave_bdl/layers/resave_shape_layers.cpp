@@ -20,13 +20,11 @@ namespace {
 constexpr int32_t shape_folder_text = 400;
 constexpr uint32_t columns_heading_text = 618;
 
-void append_joined_tables(vs_attr_data* table, std::vector<wide_string>& out) {
+void append_joined_tables(vs_attr_data* table, std::vector<found_file>& out) {
     if (!table || !vs_attr_data_is_joined(table)) return;
     const int32_t count = vs_attr_data_get_join_count(table);
-    for (int32_t index = 0; index < count; ++index) {
-        const wide_string joined = host_string(&vs_attr_data_get_join_other_source, table, index);
-        if (path_exists(joined)) out.push_back(joined);
-    }
+    for (int32_t index = 0; index < count; ++index)
+        append_if_exists(host_string(&vs_attr_data_get_join_other_source, table, index), out);
 }
 
 } // namespace
@@ -43,9 +41,10 @@ bool Tvs_resave_shp_lr::write_structure() {
 
 bool Tvs_resave_shp_lr::write_dbf_columns() { return context->options.write_table_columns; }
 
-void Tvs_resave_shp_lr::collect_source_files(std::vector<wide_string>& out) {
+void Tvs_resave_shp_lr::collect_source_files(std::vector<found_file>& out) {
     out.clear();
-    if (!append_existing_files(host_string(&vs_lr_get_wfilename, layer), out)) out.push_back(source_path());
+    if (!append_existing_files(host_string(&vs_lr_get_wfilename, layer), out))
+        out.emplace_back(source_path());
     append_joined_tables(vs_attr_data_safe_downcast(vs_lr_get_data_ptr(layer)), out);
 }
 

@@ -12,7 +12,7 @@ public:
     // Under the layer's line its fields, if columns are wanted; the answer is false then.
     bool write_structure() override;
     // The data set's files or, where the host cannot open it, the main file untested; then the joined tables.
-    void collect_source_files(std::vector<wide_string>& out) override;
+    void collect_source_files(std::vector<found_file>& out) override;
     wide_string default_folder() override;
     bool copy_files(const wide_string& source, const wide_string& target) override;
 

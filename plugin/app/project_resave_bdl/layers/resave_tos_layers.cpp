@@ -82,11 +82,12 @@ void Tvs_resave_tos_lr::read_model_files() {
     }
 }
 
-void Tvs_resave_tos_lr::collect_source_files(std::vector<wide_string>& out) {
+void Tvs_resave_tos_lr::collect_source_files(std::vector<found_file>& out) {
     out.clear();
     if (!append_existing_files(source_path(), out)) return;
     for (const model_file& file : model_files) {
-        if (file.old_path.empty() || std::ranges::find(out, file.old_path) != out.end()) continue;
+        if (file.old_path.empty() || std::ranges::find(out, file.old_path, &found_file::path) != out.end())
+            continue;
         if (!append_existing_files(file.old_path, out)) return; // the rows behind it are not looked at
     }
 }

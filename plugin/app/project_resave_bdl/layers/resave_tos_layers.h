@@ -21,7 +21,7 @@ public:
     // one leaves its element empty, and the layer stays.
     void after_file_saved() override;
     // The files of the layer's data set and of the model's; nothing where the main file does not open.
-    void collect_source_files(std::vector<wide_string>& out) override;
+    void collect_source_files(std::vector<found_file>& out) override;
     wide_string default_folder() override;
     bool copy_files(const wide_string& source, const wide_string& target) override;
 

@@ -23,12 +23,11 @@ bool Tvs_resave_well::write_structure() {
     return true;
 }
 
-void Tvs_resave_well::collect_source_files(std::vector<wide_string>& out) {
+void Tvs_resave_well::collect_source_files(std::vector<found_file>& out) {
     out.clear();
     const wide_string source = source_path();
-    if (path_exists(source)) out.push_back(source);
-    const wide_string folder = path_replace_extension(source, u"");
-    if (path_exists(folder)) out.push_back(folder);
+    append_if_exists(source, out);
+    append_if_exists(path_replace_extension(source, u""), out);
 }
 
 wide_string Tvs_resave_well::default_folder() { return load_string(well_folder_text); }

@@ -13,7 +13,7 @@ public:
     // Makes no step of progress.
     bool write_structure() override;
     // The file and the folder, as far as they exist.
-    void collect_source_files(std::vector<wide_string>& out) override;
+    void collect_source_files(std::vector<found_file>& out) override;
     wide_string default_folder() override;
     bool copy_files(const wide_string& source, const wide_string& target) override;
 

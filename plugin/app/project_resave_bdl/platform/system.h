@@ -20,6 +20,12 @@ enum class access { read, read_write };
 enum class disposition { open_existing, create_always };
 enum class open_result { opened, sharing_violation, failed };
 
+/// What stands under a path; `bytes` of a file, 0 for anything else.
+struct entry_status {
+    entry_kind kind = entry_kind::none;
+    uint64_t bytes = 0;
+};
+
 /// One direct entry of a folder. For a link `is_folder` tells what it leads to.
 struct folder_entry {
     wide_string name;
@@ -60,6 +66,9 @@ public:
     virtual bool is_known_absent(const wide_string&) { return false; }
     /// Bytes of a file; 0 for a folder and on failure.
     virtual uint64_t file_size(const wide_string& path) = 0;
+
+    /// Both in one question.
+    virtual entry_status status_of(const wide_string& path) { return {kind_of(path), file_size(path)}; }
 
     /// Copies a regular file with its modification time and permissions (attributes), as far as the target's
     /// file system has them. A target that exists,

@@ -65,12 +65,11 @@ void resave_entity_plugin::collect_rows() {
     }
 }
 
-void resave_entity_plugin::collect_source_files(std::vector<wide_string>& out) {
+void resave_entity_plugin::collect_source_files(std::vector<found_file>& out) {
     out.clear();
     const wide_string_list named;
     if (call<&resave_entity_service_impl::all_files>(service.get(), entity_, named)) {
-        for (wide_string& path : named.texts())
-            if (path_exists(path)) out.push_back(std::move(path));
+        for (const wide_string& path : named.texts()) append_if_exists(path, out);
         return;
     }
     for (const file_row& row : files)

@@ -30,7 +30,7 @@ public:
     void build() override;
     // What the service names; where it cannot tell, what the host's data sources name for the first files,
     // up to one that does not open.
-    void collect_source_files(std::vector<wide_string>& out) override;
+    void collect_source_files(std::vector<found_file>& out) override;
 
     // Each of the files has a path and a folder of its own, so these are not asked.
     wide_string source_path() override { return {}; }

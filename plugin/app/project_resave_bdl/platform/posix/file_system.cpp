@@ -27,7 +27,7 @@ std::optional<std::string> existing(const wide_string& path) { return mapped_vol
 std::optional<std::string> wanted(const wide_string& path) { return mapped_volumes().to_create(path); }
 
 // The spelling asked for is nearly always the right one.
-std::optional<struct stat> status_of(const wide_string& path) {
+std::optional<struct stat> stat_of(const wide_string& path) {
     struct stat status {};
     const auto asked = mapped_volumes().as_asked(path);
     if (!asked) return std::nullopt;
@@ -51,12 +51,7 @@ folder_entry entry_of(const std::string& folder, const dirent& found) {
 
 class posix_system final : public system {
 public:
-    entry_kind kind_of(const wide_string& path) override {
-        const auto status = status_of(path);
-        if (!status) return entry_kind::none;
-        if (S_ISDIR(status->st_mode)) return entry_kind::folder;
-        return S_ISREG(status->st_mode) ? entry_kind::file : entry_kind::none;
-    }
+    entry_kind kind_of(const wide_string& path) override { return status_of(path).kind; }
 
     bool is_known_absent(const wide_string& path) override {
         const auto asked = mapped_volumes().as_asked(path);
@@ -64,9 +59,14 @@ public:
         return asked && !names().find(folder_of(*asked), name_of(*asked), was_read) && was_read;
     }
 
-    uint64_t file_size(const wide_string& path) override {
-        const auto status = status_of(path);
-        return status && S_ISREG(status->st_mode) ? static_cast<uint64_t>(status->st_size) : 0;
+    uint64_t file_size(const wide_string& path) override { return status_of(path).bytes; }
+
+    entry_status status_of(const wide_string& path) override {
+        const auto status = stat_of(path);
+        if (!status) return {};
+        if (S_ISDIR(status->st_mode)) return {entry_kind::folder};
+        return S_ISREG(status->st_mode) ? entry_status{entry_kind::file, uint64_t(status->st_size)}
+                                        : entry_status{};
     }
 
     bool copy_file(const wide_string& source, const wide_string& target, bool replace) override {
@@ -128,8 +128,8 @@ public:
     }
 
     bool same_file(const wide_string& a, const wide_string& b) override {
-        const auto first = status_of(a);
-        const auto second = status_of(b);
+        const auto first = stat_of(a);
+        const auto second = stat_of(b);
         return first && second && first->st_dev == second->st_dev && first->st_ino == second->st_ino;
     }
 

@@ -36,16 +36,14 @@ folder_entry entry_of(const WIN32_FIND_DATAW& found) {
 
 class windows_system final : public system {
 public:
-    entry_kind kind_of(const wide_string& path) override {
-        const auto data = attributes_of(path);
-        if (!data) return entry_kind::none;
-        return is_folder(data->dwFileAttributes) ? entry_kind::folder : entry_kind::file;
-    }
+    entry_kind kind_of(const wide_string& path) override { return status_of(path).kind; }
+    uint64_t file_size(const wide_string& path) override { return status_of(path).bytes; }
 
-    uint64_t file_size(const wide_string& path) override {
+    entry_status status_of(const wide_string& path) override {
         const auto data = attributes_of(path);
-        if (!data || is_folder(data->dwFileAttributes)) return 0;
-        return (uint64_t{data->nFileSizeHigh} << 32) | data->nFileSizeLow;
+        if (!data) return {};
+        if (is_folder(data->dwFileAttributes)) return {entry_kind::folder};
+        return {entry_kind::file, (uint64_t{data->nFileSizeHigh} << 32) | data->nFileSizeLow};
     }
 
     bool copy_file(const wide_string& source, const wide_string& target, bool replace) override {
