@@ -90,8 +90,8 @@ public:
     virtual bool true_name(const wide_string& folder, const wide_string& name, wide_string& spelling) = 0;
     /// True if both paths lead to one existing file or folder, through links or other spellings too.
     virtual bool same_file(const wide_string& a, const wide_string& b) = 0;
-    /// Moves `from` to `to` in one folder in one step, replacing a file that stands there: a reader sees the
-    /// old file or the new one. On failure both stand as before.
+    /// Moves `from` to `to` in one folder in one step, replacing a file that stands there, a read-only one
+    /// too: a reader sees the old file or the new one. On failure both stand as before.
     virtual bool rename_over(const wide_string& from, const wide_string& to) = 0;
 
     /// Opens a file that others may read meanwhile but not write; the caller owns `result`, which is null

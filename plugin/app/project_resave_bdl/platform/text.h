@@ -10,7 +10,8 @@
 namespace vs::project_resave::platform {
 
 /// Below, equal to or above 0 as `a` stands before, at or behind `b` when letter case is ignored, character
-/// by character and in every script that has case.
+/// by character and in every script that has case. What a dictionary takes for one word (strasse and its form
+/// with a sharp s) stays two, as it can be two files.
 int compare_no_case(wide_view a, wide_view b);
 
 /// Turns every character to lower case; the length stays.
@@ -25,7 +26,8 @@ wide_string folded(wide_view text);
 inline constexpr unsigned code_page_utf8 = 65001;
 inline constexpr unsigned code_page_active = 0;
 
-/// The text in the code page. A character that the page lacks becomes "?", half a surrogate pair in UTF-8
+/// The text in the code page. A character that the page lacks becomes "?", on Windows one that looks like it
+/// if there is any; half a surrogate pair in UTF-8
 /// U+FFFD; the rest is kept. Empty for an unknown code page.
 std::string to_bytes(wide_view text, unsigned code_page);
 

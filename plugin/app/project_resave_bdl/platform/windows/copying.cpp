@@ -1,6 +1,7 @@
 #include "platform/windows/copying.h"
 
 #include <atomic>
+#include <optional>
 #include <string>
 
 #include "platform/windows/paths.h"
@@ -18,23 +19,51 @@ wide_string temporary_name(const wide_string& target) {
     return folder + u".copy-" + text16(number.c_str()) + u".tmp";
 }
 
-bool exists(const wide_string& path) {
-    return GetFileAttributesW(wide(path.c_str())) != INVALID_FILE_ATTRIBUTES;
+using file_state = WIN32_FILE_ATTRIBUTE_DATA;
+
+std::optional<file_state> state_of(const wide_string& path) {
+    file_state state{};
+    if (!GetFileAttributesExW(wide(path.c_str()), GetFileExInfoStandard, &state)) return std::nullopt;
+    return state;
+}
+
+bool is_unchanged(const file_state& before, const file_state& now) {
+    return before.nFileSizeHigh == now.nFileSizeHigh && before.nFileSizeLow == now.nFileSizeLow &&
+           CompareFileTime(&before.ftLastWriteTime, &now.ftLastWriteTime) == 0;
+}
+
+// A copy that broke off can be left behind, and others may write into the source meanwhile.
+bool copy_whole(const wide_string& from, const wide_string& to) {
+    const auto before = state_of(from);
+    if (!before || state_of(to)) return false;
+    if (CopyFileW(wide(from.c_str()), wide(to.c_str()), TRUE) != FALSE) {
+        const auto now = state_of(from);
+        if (now && is_unchanged(*before, *now)) return true;
+    } else if (const DWORD error = GetLastError();
+               error == ERROR_FILE_EXISTS || error == ERROR_ALREADY_EXISTS) {
+        return false; // made by somebody else since
+    }
+    in_spite_of_read_only(to, [&] { return DeleteFileW(wide(to.c_str())) != FALSE; });
+    return false;
 }
 
 } // namespace
 
-// The system itself removes what it had copied when a copy breaks off, and keeps writers away meanwhile.
+bool rename_file_over(const wide_string& from, const wide_string& to) {
+    return in_spite_of_read_only(to, [&] {
+        return MoveFileExW(wide(from.c_str()), wide(to.c_str()), MOVEFILE_REPLACE_EXISTING) != FALSE;
+    });
+}
+
 bool copy_regular_file(const wide_string& source, const wide_string& target, bool replace) {
     const wide_string from = system_path(source);
     const wide_string to = system_path(target);
-    if (!replace || !exists(to)) return CopyFileW(wide(from.c_str()), wide(to.c_str()), TRUE) != FALSE;
+    if (!replace || !state_of(to)) return copy_whole(from, to);
 
     const wide_string beside = system_path(temporary_name(target));
-    if (CopyFileW(wide(from.c_str()), wide(beside.c_str()), TRUE) == FALSE) return false;
-    if (MoveFileExW(wide(beside.c_str()), wide(to.c_str()), MOVEFILE_REPLACE_EXISTING) != FALSE) return true;
-    SetFileAttributesW(wide(beside.c_str()), FILE_ATTRIBUTE_NORMAL); // a read-only copy could not be deleted
-    DeleteFileW(wide(beside.c_str()));
+    if (!copy_whole(from, beside)) return false;
+    if (rename_file_over(beside, to)) return true;
+    in_spite_of_read_only(beside, [&] { return DeleteFileW(wide(beside.c_str())) != FALSE; });
     return false;
 }
 

@@ -29,6 +29,11 @@ std::optional<BY_HANDLE_FILE_INFORMATION> identity_of(const wide_string& path) {
     return information;
 }
 
+entry_status status_in(const auto& data) {
+    if (is_folder(data.dwFileAttributes)) return {entry_kind::folder};
+    return {entry_kind::file, (uint64_t{data.nFileSizeHigh} << 32) | data.nFileSizeLow};
+}
+
 folder_entry entry_of(const WIN32_FIND_DATAW& found) {
     const bool is_link = (found.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
     return {text16(found.cFileName), is_folder(found.dwFileAttributes), is_link};
@@ -42,8 +47,9 @@ public:
     entry_status status_of(const wide_string& path) override {
         const auto data = attributes_of(path);
         if (!data) return {};
-        if (is_folder(data->dwFileAttributes)) return {entry_kind::folder};
-        return {entry_kind::file, (uint64_t{data->nFileSizeHigh} << 32) | data->nFileSizeLow};
+        if ((data->dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0) return status_in(*data);
+        const auto followed = identity_of(path);
+        return followed ? status_in(*followed) : entry_status{};
     }
 
     bool copy_file(const wide_string& source, const wide_string& target, bool replace) override {
@@ -53,15 +59,12 @@ public:
 
     bool delete_file(const wide_string& path) override {
         const wide_string native = system_path(path);
-        if (DeleteFileW(wide(native.c_str()))) return true;
-        // Other systems delete what is read-only, too; so do copies of such files go that a stop erases.
+        constexpr DWORD link_to_folder = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_REPARSE_POINT;
         const DWORD attributes = GetFileAttributesW(wide(native.c_str()));
-        if (attributes == INVALID_FILE_ATTRIBUTES || is_folder(attributes)) return false;
-        if ((attributes & FILE_ATTRIBUTE_READONLY) == 0) return false;
-        SetFileAttributesW(wide(native.c_str()), attributes & ~DWORD{FILE_ATTRIBUTE_READONLY});
-        if (DeleteFileW(wide(native.c_str()))) return true;
-        SetFileAttributesW(wide(native.c_str()), attributes);
-        return false;
+        if (attributes == INVALID_FILE_ATTRIBUTES) return false;
+        if ((attributes & link_to_folder) == link_to_folder) return remove_folder(path);
+        // Other systems delete what is read-only, too; so do copies of such files go that a stop erases.
+        return in_spite_of_read_only(native, [&] { return DeleteFileW(wide(native.c_str())) != FALSE; });
     }
 
     bool create_folder(const wide_string& path) override {
@@ -84,7 +87,9 @@ public:
             const wide_view name = text16(found.cFileName);
             if (name != u"." && name != u"..") entries.push_back(entry_of(found));
         } while (FindNextFileW(search, &found));
+        const bool is_whole = GetLastError() == ERROR_NO_MORE_FILES;
         FindClose(search);
+        if (!is_whole) return {}; // a part would be taken for the whole
         std::ranges::sort(entries, {}, &folder_entry::name);
         return entries;
     }
@@ -94,7 +99,8 @@ public:
             spelling = name;
             return true;
         }
-        if (name.empty() || name.find_first_of(u"\\/:*?<>\"") != wide_string::npos) return false;
+        if (folder.empty() || name.empty()) return false;
+        if (name.find_first_of(u"\\/:*?<>\"") != wide_string::npos) return false;
         const bool has_separator = folder.ends_with(u'\\') || folder.ends_with(u'/');
         const wide_string path = system_path(folder + (has_separator ? u"" : u"\\") + name);
         WIN32_FIND_DATAW found{};
@@ -116,8 +122,7 @@ public:
     }
 
     bool rename_over(const wide_string& from, const wide_string& to) override {
-        return MoveFileExW(wide(system_path(from).c_str()), wide(system_path(to).c_str()),
-                           MOVEFILE_REPLACE_EXISTING) != FALSE;
+        return rename_file_over(system_path(from), system_path(to));
     }
 
     open_result open(const wide_string& path, access access_wanted, disposition how,

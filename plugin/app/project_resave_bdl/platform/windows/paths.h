@@ -18,6 +18,20 @@ wide_string system_path(const wide_string& path);
 /// `GetFullPathNameW`: whole, with its drive, "." and ".." resolved; empty on failure.
 wide_string full_path(const wide_string& path);
 
+/// The result of `act`, which the read-only mark of the file at the system path `path` may hinder: then it is
+/// taken off for a second try, and put back if that fails too.
+template <class action>
+bool in_spite_of_read_only(const wide_string& path, action act) {
+    if (act()) return true;
+    const DWORD attributes = GetFileAttributesW(wide(path.c_str()));
+    if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_READONLY) == 0) return false;
+    if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) return false;
+    SetFileAttributesW(wide(path.c_str()), attributes & ~DWORD{FILE_ATTRIBUTE_READONLY});
+    if (act()) return true;
+    SetFileAttributesW(wide(path.c_str()), attributes);
+    return false;
+}
+
 /// Owner of a file handle.
 class file_handle {
 public:

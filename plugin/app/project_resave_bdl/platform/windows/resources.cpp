@@ -74,6 +74,9 @@ plane take_lower_half(plane& mask) {
     return lower;
 }
 
+// Of a larger one the system's calls would take the lower half.
+bool is_resource_id(uint32_t id) { return id <= 0xFFFF; }
+
 } // namespace
 
 module_handle own_module() {
@@ -88,8 +91,7 @@ module_handle own_module() {
 module_handle host_basic_module() { return {GetModuleHandleW(L"vsk_basic.dll")}; }
 
 bool find_text_row(module_handle module, uint32_t id, wide_view& row) {
-    constexpr uint32_t largest_id = 0xFFFF; // of a larger one the call would take the lower half
-    if (!module || id > largest_id) return false;
+    if (!module || !is_resource_id(id)) return false;
     const wchar_t* text = nullptr;
     // With no room for a copy the call hands out a pointer to the row itself.
     const int length = LoadStringW(instance_of(module), id, reinterpret_cast<LPWSTR>(&text), 0);
@@ -99,7 +101,7 @@ bool find_text_row(module_handle module, uint32_t id, wide_view& row) {
 }
 
 bool load_image(module_handle module, uint32_t id, image& result) {
-    if (!module) return false;
+    if (!module || !is_resource_id(id)) return false;
     const HANDLE found =
         LoadImageW(instance_of(module), MAKEINTRESOURCEW(id), IMAGE_BITMAP, 0, 0, LR_CREATEDIBSECTION);
     const bitmap_owner bitmap(static_cast<HBITMAP>(found));
@@ -111,7 +113,7 @@ bool load_image(module_handle module, uint32_t id, image& result) {
 }
 
 bool load_icon_image(module_handle module, uint32_t id, image& result) {
-    if (!module) return false;
+    if (!module || !is_resource_id(id)) return false;
     const icon_owner icon = open_icon(module, id);
     ICONINFO planes{};
     if (!icon || !GetIconInfo(icon.get(), &planes)) return false;

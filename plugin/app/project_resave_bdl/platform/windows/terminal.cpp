@@ -36,6 +36,22 @@ void write_bytes(std::string_view text) {
                 nullptr);
 }
 
+// One character after the other through `read`, as far as the end of the line.
+template <class character, class read_call>
+line_result take_line(read_call read, std::basic_string<character>& line) {
+    for (;;) {
+        character next = 0;
+        DWORD count = 0;
+        const BOOL done = read(::GetStdHandle(STD_INPUT_HANDLE), &next, 1, &count, nullptr);
+        if (interrupt_seen || (done == 0 && ::GetLastError() == ERROR_OPERATION_ABORTED))
+            return line_result::interrupted;
+        const bool ended = done == 0 || count == 0;
+        if (ended && line.empty()) return line_result::ended;
+        if (ended || next == '\n') return line_result::read;
+        if (next != '\r') line += next;
+    }
+}
+
 } // namespace
 
 std::vector<std::string> program_arguments(int, char**) {
@@ -84,21 +100,14 @@ void process_terminal::write(std::string_view text) {
                     nullptr);
 }
 
+// A file or a pipe gives the bytes of UTF-8, a keyboard gives wide characters.
 line_result process_terminal::read_line(std::string& line) {
     line.clear();
-    wide_string wide;
-    for (;;) {
-        wchar_t next = 0;
-        DWORD count = 0;
-        const BOOL read = ::ReadConsoleW(::GetStdHandle(STD_INPUT_HANDLE), &next, 1, &count, nullptr);
-        if (interrupt_seen) return line_result::interrupted;
-        const bool ended = read == 0 || count == 0;
-        if (ended && wide.empty()) return line_result::ended;
-        if (ended || next == L'\n') break;
-        if (next != L'\r') wide += static_cast<char16_t>(next);
-    }
-    line = to_utf8(wide);
-    return line_result::read;
+    if (!is_console(STD_INPUT_HANDLE)) return take_line<char>(&::ReadFile, line);
+    wide_string text;
+    const line_result result = take_line<char16_t>(&::ReadConsoleW, text);
+    line = to_utf8(text);
+    return result;
 }
 
 bool process_terminal::interrupted() { return interrupt_seen; }

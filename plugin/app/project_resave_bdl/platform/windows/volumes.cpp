@@ -19,9 +19,10 @@ wide_string system_path(const wide_string& path) {
     constexpr size_t limit = 240; // folders have less room than the 260 of files
     if (path.find(u'\0') != wide_string::npos) return {};
     if (path.starts_with(u"\\\\?\\")) return path;
+    if (path.find(u':', 2) != wide_string::npos) return {}; // a stream within a file, which no listing shows
     const wide_string full = full_path(path);
     if (full.starts_with(u"\\\\.\\")) return {}; // a device: NUL, CON, COM1 in any folder
-    if (path.size() < limit) return path;
+    if (path.size() < limit && full.size() < limit) return path;
     if (full.starts_with(u"\\\\")) return u"\\\\?\\UNC\\" + full.substr(2);
     return u"\\\\?\\" + full;
 }
