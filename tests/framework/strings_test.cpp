@@ -31,6 +31,8 @@ TEST_F(strings, each_text_comes_in_the_hosts_language_and_falls_back_to_the_base
         {english, -101, u"Run"},
         {russian, -102, u"Закрыть"},
         {english, 10001, u"OK"},
+        {russian, 40001, u"own zero"}, // these two of windows/own_rows.rc and posix/own_rows.cpp
+        {russian, 40002, u"without"},
     };
     for (const auto& row : rows) {
         vestra::shell::settings().language_offset = row.language;

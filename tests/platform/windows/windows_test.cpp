@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include "platform/system.h"
+#include "platform/text.h"
 #include "platform/volumes.h"
 #include "platform/windows/paths.h"
 #include "tests/support/test_drives.h"
@@ -11,22 +12,48 @@
 namespace vs::project_resave::platform {
 namespace {
 
-TEST(windows, paths_longer_than_the_old_limit_are_files_like_others) {
+// Each name by itself and below a folder.
+TEST(windows, names_of_devices_and_of_streams_are_no_files_and_nothing_is_copied_onto_them) {
     const temporary_folder folder;
-    system& files = current_system();
-    wide_string path = folder.path();
-    for (int level = 0; level < 8; ++level) {
-        path += u"\\" + wide_string(50, u'a');
-        ASSERT_TRUE(files.create_folder(path)) << level;
-    }
-    ASSERT_GT(path.size(), 400U);
     const wide_string source = folder.write(u"x.txt", "text");
-    EXPECT_TRUE(files.copy_file(source, path + u"\\Copy.txt", false));
-    EXPECT_EQ(files.file_size(path + u"\\copy.TXT"), 4U);
-    EXPECT_EQ(list_tree(files, folder.path()).size(), 10U);
-    EXPECT_TRUE(files.delete_file(path + u"/copy.txt"));
-    for (; path.size() > folder.path().size(); path.resize(path.rfind(u'\\')))
-        EXPECT_TRUE(files.remove_folder(path));
+    system& files = current_system();
+    for (const wide_string name :
+         {u"NUL", u"nul.txt", u"COM1", u"com1.shp", u"LPT9", u"AUX", u"aux.shp", u"PRN", u"CON.", u"con ",
+          u"CONIN$", u"CONOUT$", u"nul:", u"x.txt:stream"}) {
+        for (const wide_string& path : {name, folder.path(name)}) {
+            SCOPED_TRACE(to_utf8(path));
+            std::unique_ptr<file> opened;
+            EXPECT_EQ(files.kind_of(path), entry_kind::none);
+            EXPECT_EQ(files.open(path, access::read_write, disposition::create_always, opened),
+                      open_result::failed);
+            for (const bool replaces : {false, true}) EXPECT_FALSE(files.copy_file(source, path, replaces));
+            EXPECT_FALSE(files.create_folder(path) || files.delete_file(path));
+        }
+    }
+    EXPECT_EQ(files.list(folder.path()).size(), 1U);
+    EXPECT_EQ(folder.read(u"x.txt"), "text");
+}
+
+// The prefix lifts the limit of 260 characters, and is for whole paths without "/" and "..".
+TEST(windows, long_paths_are_made_whole_and_get_the_prefix_that_calls_need) {
+    const test_drives disks;
+    EXPECT_TRUE(SetCurrentDirectoryW(L"N:\\"));
+    const wide_string name(100, u'n'), long_name(260, u'n'), top = u"C:\\" + name, prefix = u"\\\\?\\";
+    const wide_string limit = top + wide_string(136, u'm'); // of 239 characters
+    const std::pair<wide_string, wide_string> table[] = {
+        {u"C:\\a\\..\\b/c.shp", u"C:\\a\\..\\b/c.shp"},
+        {limit, limit},
+        {limit + u"m", prefix + limit + u"m"},
+        {top + u"/a/../" + long_name, prefix + top + u"\\" + long_name},
+        {u"\\\\server\\share\\" + long_name, prefix + u"UNC\\server\\share\\" + long_name},
+        {u"//server/share/" + long_name, prefix + u"UNC\\server\\share\\" + long_name},
+        {long_name, prefix + u"N:\\" + long_name},
+        {wide_string(238, u'r'), prefix + u"N:\\" + wide_string(238, u'r')},
+        {top + u"\\" + long_name + u"\\..\\..\\NUL", u""},
+        {wide_string(u"C:\\a\0b", 6), u""},
+    };
+    for (const auto& [path, expected] : table) EXPECT_EQ(to_utf8(system_path(path)), to_utf8(expected));
+    EXPECT_TRUE(SetCurrentDirectoryW(L"C:\\"));
 }
 
 TEST(windows, a_locked_file_is_told_from_a_lost_one_and_stays_where_it_is) {

@@ -1,4 +1,4 @@
-// Linux only: the command as processes of its own, killed, and many at once.
+// Linux only: the command is killed by a signal, and runs many times at once.
 #include <sys/wait.h>
 #include <unistd.h>
 
@@ -8,6 +8,7 @@
 #include <thread>
 
 #include "core/paths.h"
+#include "tests/support/command_process.h"
 #include "tests/support/references_of.h"
 #include "tests/support/tree_state.h"
 #include "tests/torture/generated_area.h"
@@ -27,10 +28,9 @@ protected:
     pid_t start(const std::string& project, const std::string& structure) const {
         fs::create_directories(native("n") / "told");
         const std::string line =
-            "exec " VS_COMMAND " resave 'C:\\prj\\area._vp' 'N:\\out\\" + project +
-            "' --drive C=" + native("c").string() + " --drive N=" + native("n").string() +
-            " --language en --quiet --files --log --scene-files --layer-files --structure " + structure +
-            " > " + told_of(project).string() + " 2>&1";
+            command_line("resave 'C:\\prj\\area._vp' 'N:\\out\\" + project +
+                             "' --quiet --files --log --scene-files --layer-files --structure " + structure,
+                         {{}, told_of(project), {}});
         const pid_t child = ::fork();
         if (child != 0) return child;
         ::execl("/bin/sh", "sh", "-c", line.c_str(), nullptr);

@@ -1,7 +1,6 @@
-// Linux only: the command is started through a shell.
 // What a person would lose if a text, a report or a scene file went over a file of the project.
 #include "framework/strings.h"
-#include "tests/apps/posix/command_run.h"
+#include "tests/apps/command_run.h"
 
 namespace vs::project_resave {
 namespace {
@@ -26,15 +25,19 @@ TEST_F(command_run, no_file_of_the_project_is_written_over_under_whatever_name) 
         .table(u"T", u"C:\\data\\t.dbf")
         .join(u"C:\\data\\j.dbf")
         .save(source);
-    std::filesystem::create_hard_link(native("c") / "data/r.tif", native("n") / "out/hard.txt");
-    std::filesystem::create_directory_symlink(native("c") / "data", native("n") / "data");
-    std::filesystem::create_hard_link(native("c") / "prj/area._vp", native("n") / "out/hard._vp");
-    std::filesystem::create_symlink(native("c") / "prj/area._vp", native("n") / "out/soft._vp");
-    std::filesystem::create_directory_symlink(native("c") / "prj", native("n") / "prj");
+    namespace fs = std::filesystem;
+    fs::create_directories(native("c") / "link");
+    fs::create_hard_link(native("c") / "data/r.tif", native("c") / "link/hard.txt");
+    fs::create_hard_link(native("c") / "prj/area._vp", native("c") / "link/hard._vp");
+    std::error_code no_links; // by name, which not every system offers
+    fs::create_symlink(native("c") / "prj/area._vp", native("c") / "link/soft._vp", no_links);
+    fs::create_directory_symlink(native("c"), native("n") / "link", no_links);
+    const string linked = no_links ? "C:" : "N:\\link", soft = no_links ? "hard._vp'" : "soft._vp'";
     const tree_state before = sources();
-    for (const char* same : {"C:\\prj\\area._vp' --language en", "c:/data/../PRJ\\AREA._vp'",
-                             "N:\\out\\hard._vp'", "N:\\out\\soft._vp'", "N:\\prj\\area._vp'"}) {
-        EXPECT_EQ(2, command("resave 'C:\\prj\\area._vp' '" + string(same))) << same;
+    for (const string& same :
+         {string("C:\\prj\\area._vp' --language en"), string("c:/data/../PRJ\\AREA._vp'"),
+          string("C:\\link\\hard._vp'"), "C:\\link\\" + soft, linked + "\\prj\\area._vp'"}) {
+        EXPECT_EQ(2, command("resave 'C:\\prj\\area._vp' '" + same)) << same;
         EXPECT_EQ("vestra-resave: " + platform::to_utf8(load_string(527)) + "\n", err);
     }
     const string structure = "structure 'C:\\prj\\area._vp' '", check = "check-case 'C:\\prj\\area._vp' '";
@@ -42,7 +45,7 @@ TEST_F(command_run, no_file_of_the_project_is_written_over_under_whatever_name) 
          {structure + "C:\\data\\r.tif", check + "c:/prj/../DATA/R.TIF", structure + "C:\\data\\r.tfw",
           structure + "C:\\data\\g\\a.val", structure + "C:\\data\\t.dbf", check + "C:\\data\\j.dbf",
           structure + "C:\\data\\odd.txt", structure + "C:\\data\\inner.tif", structure + "C:\\maps\\A._sn",
-          check + "N:\\out\\hard.txt", structure + "N:\\data\\g\\a.val"}) {
+          check + "C:\\link\\hard.txt", structure + linked + "\\data\\g\\a.val"}) {
         EXPECT_EQ(2, command(refused + "'")) << refused << err;
         EXPECT_TRUE(is_told("a file of the project cannot be written over")) << refused << err;
     }

@@ -1,4 +1,3 @@
-// Linux only: a file that is being read can be changed there.
 // Runs whose disk or source is not as it should be.
 #include <atomic>
 #include <thread>
@@ -53,8 +52,10 @@ TEST_F(disturbed_runs, sources_that_grow_or_shrink_meanwhile_are_copied_as_they_
         load();
         std::atomic<bool> is_over = false;
         std::thread other([&] {
-            for (size_t size = 8 << 20; !is_over && size > 4096 && size < 64 << 20;)
-                fs::resize_file(file, size += grows ? 4096 : -4096);
+            std::error_code failed; // while it is being read, unless the system lets others write then
+            for (size_t size = 8 << 20; !is_over && size > 4096 && size < 64 << 20;
+                 size = fs::file_size(file))
+                fs::resize_file(file, size + (grows ? 4096 : -4096), failed);
         });
         resave();
         is_over = true;
@@ -77,15 +78,6 @@ TEST_F(disturbed_runs, a_file_where_a_folder_is_wanted_is_told_and_stays) {
     load_and_resave();
     EXPECT_EQ((std::vector<wide_string>{load_string(509)}), errors());
     EXPECT_EQ("mine", read(u"N:\\out\\shp"));
-}
-
-TEST_F(disturbed_runs, a_folder_that_links_to_itself_ends_the_walk) {
-    std::error_code failed;
-    fs::create_directory_symlink(".", native("c") / "data" / "a" / "w" / "again", failed);
-    if (failed) GTEST_SKIP() << "no links here";
-    load_and_resave();
-    EXPECT_TRUE(context->report.saved);
-    EXPECT_EQ(read(u"C:\\data\\a\\w\\1\\core.txt"), read(u"N:\\out\\well\\w_(2)\\1\\core.txt"));
 }
 
 } // namespace

@@ -1,9 +1,8 @@
-// Linux only: the command is started through a shell.
 // vestra-resave verify, and resave --verify: whether a project can be moved with all it needs.
 #include <nlohmann/json.hpp>
 #include <set>
 
-#include "tests/apps/posix/command_run.h"
+#include "tests/apps/command_run.h"
 
 namespace vs::project_resave {
 namespace {
@@ -117,14 +116,14 @@ TEST_F(verify_command, ends_with_0_only_for_a_project_that_can_be_moved) {
     const tree_state before = state_of(native("c"));
     EXPECT_EQ(0, command("verify 'C:\\prj\\area._vp'"));
     EXPECT_EQ("stands alone: C:\\prj\\area._vp, 1 references, 0 astray\n", out);
-    std::filesystem::rename(native("c") / "prj", native("n") / "moved");
-    EXPECT_EQ(0, command("verify 'N:\\moved\\area._vp' --json"));
-    std::filesystem::remove(native("n") / "moved/r.tif");
-    EXPECT_EQ(1, command("verify 'N:\\moved\\area._vp' --quiet"));
+    std::filesystem::rename(native("c") / "prj", native("c") / "moved");
+    EXPECT_EQ(0, command("verify 'C:\\moved\\area._vp' --json"));
+    std::filesystem::remove(native("c") / "moved/r.tif");
+    EXPECT_EQ(1, command("verify 'C:\\moved\\area._vp' --quiet"));
     EXPECT_EQ(2, command("verify 'C:\\prj\\area._vp'"));
     EXPECT_TRUE(is_told("C:\\prj\\area._vp: there is no such file")) << err;
     EXPECT_EQ(2, command("verify"));
-    EXPECT_EQ(1U, state_of(native("n") / "moved").size());
+    EXPECT_EQ(1U, state_of(native("c") / "moved").size());
 }
 
 // A layer file is written over a copy that came to bear its name.

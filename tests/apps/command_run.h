@@ -1,0 +1,61 @@
+// The command line as a process of its own, on the drives of the test.
+#pragma once
+
+#include "tests/support/command_process.h"
+#include "tests/support/host_fixture.h"
+#include "tests/support/project_builder.h"
+#include "tests/support/tree_state.h"
+
+namespace vs::project_resave {
+
+class command_run : public host_fixture {
+protected:
+    // Runs the command; its exit code. What it printed is in `out` and `err`.
+    int command(const std::string& arguments) {
+        const int code = run_line(command_line(arguments, {{}, file_of("out"), file_of("err")}));
+        out = text("out");
+        err = text("err");
+        return code;
+    }
+    // The same with lines to be read; all that it printed is in `out`.
+    int session(const std::string& arguments, const std::string& lines) {
+        streams_.write(u"in", lines);
+        const int code = run_line(command_line(arguments, {file_of("in"), file_of("out"), {}}));
+        out = text("out");
+        return code;
+    }
+    bool is_told(const std::string& text) const { return err.find(text) != std::string::npos; }
+    bool is_printed(const std::string& text) const { return out.find(text) != std::string::npos; }
+    size_t times_told(const std::string& text) const {
+        size_t count = 0;
+        for (size_t at = 0; (at = err.find(text, at)) != std::string::npos; at += text.size()) ++count;
+        return count;
+    }
+    // Files and folders of the new folder, each behind a blank, in order.
+    std::string made() const {
+        std::string names;
+        for (const auto& [path, state] : state_of(native("n") / "out")) names += " " + path;
+        return names;
+    }
+
+    tree_state all_drives() const {
+        tree_state all = sources();
+        for (const auto& [path, state] : state_of(native("n"))) all.emplace("n:/" + path, state);
+        return all;
+    }
+
+    // Beside the drives.
+    std::filesystem::path file_of(const char* stream) const { return streams_.native() / stream; }
+    // What went to it, its lines ended in one way on each system.
+    std::string text(const char* stream) const {
+        std::ifstream file(file_of(stream));
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
+
+    std::string out, err;
+
+private:
+    temporary_folder streams_;
+};
+
+} // namespace vs::project_resave

@@ -1,0 +1,86 @@
+// Linux only: the command is stopped by a signal.
+// What a stop takes away, keeps and tells.
+#include <fcntl.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <csignal>
+#include <nlohmann/json.hpp>
+
+#include "tests/apps/command_run.h"
+
+namespace vs::project_resave {
+namespace {
+
+using std::string;
+
+class stopped_command : public command_run {
+protected:
+    stopped_command() {
+        project_builder many;
+        many.scene_2d(u"S");
+        for (uint32_t index = 0; index < 40; ++index)
+            many.layer("rtr_lr2d", u"R", write(u"C:\\data\\" + decimal(index) + u".tif"));
+        many.save(source);
+    }
+    // Runs it, with Ctrl-C once this text is on the error output; the exit code. The pipe holds one line at a
+    // time, so the command is two lines ahead at most.
+    int interrupted(const string& arguments, const string& at) {
+        int ends[2];
+        EXPECT_EQ(0, ::pipe2(ends, O_DIRECT | O_CLOEXEC));
+        EXPECT_LT(0, ::fcntl(ends[1], F_SETPIPE_SZ, 1));
+        const string line = command_line(arguments, {{}, file_of("out"), "&2"}); // the pipe
+        const pid_t child = ::fork();
+        if (child == 0) {
+            ::dup2(ends[1], STDERR_FILENO);
+            ::execl("/bin/sh", "sh", "-c", line.c_str(), nullptr);
+            ::_exit(127);
+        }
+        ::close(ends[1]);
+        err.clear();
+        bool is_pressed = false;
+        char part[4096];
+        for (ssize_t length; (length = ::read(ends[0], part, sizeof part)) > 0;) {
+            err.append(part, static_cast<size_t>(length));
+            if (is_pressed || !is_told(at)) continue;
+            is_pressed = true;
+            ::kill(child, SIGINT);
+        }
+        ::close(ends[0]);
+        int status = 0;
+        ::waitpid(child, &status, 0);
+        out = text("out");
+        EXPECT_TRUE(is_pressed) << err;
+        return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
+    }
+};
+
+TEST_F(stopped_command, a_resave_erases_or_keeps_as_told_and_tells_of_the_stop) {
+    const tree_state before = sources();
+    for (const string choice : {"", "--on-stop keep", "--on-stop ask", "--on-stop erase"}) {
+        SCOPED_TRACE(choice);
+        remove_tree(u"N:\\out");
+        const string deep = "resave 'C:\\prj\\area._vp' 'N:\\out\\a\\new._vp' --json --log " + choice;
+        EXPECT_EQ(130, interrupted(deep, " 20 % ")) << err;
+        EXPECT_EQ("stopped", nlohmann::json::parse(out).at("outcome"));
+        EXPECT_TRUE(is_told("Overstore was interrupted by the user\n"));
+        const bool keeps = !choice.ends_with("erase");
+        EXPECT_EQ(keeps, path_exists(u"N:\\out\\a\\rtr\\39.tif") && path_exists(u"N:\\out\\a\\new_log.txt"))
+            << made(); // the last goes first
+        EXPECT_EQ(keeps, path_exists(u"N:\\out"));
+        EXPECT_FALSE(path_exists(u"N:\\out\\a\\new._vp") || path_exists(u"N:\\out\\a\\rtr\\0.tif"));
+    }
+    EXPECT_EQ("", difference(before, sources()));
+}
+
+TEST_F(stopped_command, a_text_is_taken_away) {
+    for (const char* name : {"structure --layers", "check-case"}) {
+        write(u"N:\\out\\t.txt", "older");
+        EXPECT_EQ(130, interrupted(string(name) + " 'C:\\prj\\area._vp' 'N:\\out\\t.txt'", " 10 % ")) << err;
+        EXPECT_TRUE(is_told("Overstore was interrupted by the user\n")) << err;
+        EXPECT_EQ("", made());
+    }
+}
+
+} // namespace
+} // namespace vs::project_resave

@@ -1,0 +1,21 @@
+// The library among those of the process.
+#include <windows.h>
+
+#include "tests/bundle_library/panel_fixture.h"
+
+namespace vs::project_resave {
+namespace {
+
+// English is what it speaks in all other tests.
+TEST_F(panel, the_library_speaks_the_base_language_too_and_is_gone_from_the_process_once_unloaded) {
+    vestra::shell::settings().language_offset = 0;
+    open();
+    EXPECT_EQ(u"Пересохранение проекта", at("prj").caption);
+    close();
+    EXPECT_NE(nullptr, GetModuleHandleW(L"vsk_project_resave_bdl.dll"));
+    loader.unload_all();
+    EXPECT_EQ(nullptr, GetModuleHandleW(L"vsk_project_resave_bdl.dll"));
+}
+
+} // namespace
+} // namespace vs::project_resave
