@@ -1,8 +1,7 @@
 // Measures the bundle in the reference host, one thing in each process, so that peak memory belongs to it.
 //
-//     resave-bench generate FOLDER KIND LAYERS BYTES   FOLDER/prj/area._vp with so many layers, two files
-//     each:
-//                                                      "shape" or "raster"
+//     resave-bench generate FOLDER KIND COUNT BYTES    FOLDER/prj/area._vp with so many elements of two files
+//                                                      each: "shape" or "raster" layers, or "table"
 //     resave-bench copy FOLDER NEW_FOLDER              a straight loop over the files, for comparison
 //     resave-bench load PROJECT TIMES               loads it again and again
 //     resave-bench resave PROJECT NEW_PROJECT
@@ -79,41 +78,58 @@ std::string smallest_raster() {
     return bytes;
 }
 
+// A table of one column without records.
+std::string smallest_table() {
+    std::string bytes("\x03\x7a\x01\x01\0\0\0\0\x41\0\x02\0", 12);
+    bytes.resize(32);
+    bytes.append("A").resize(43);
+    bytes.append("C").resize(48);
+    bytes += '\1';
+    bytes.resize(64);
+    return bytes + "\r\x1a";
+}
+
 struct family {
-    const char* layer_type;
+    const char* layer_type; // null for a table
     std::string main_extension, main_content, companion;
-    size_t folder_size; // layers in a folder, as people keep them
+    size_t folder_size; // elements in a folder, as people keep them
 };
 
 family family_of(const std::string& kind) {
+    if (kind == "table") return {nullptr, ".dbf", smallest_table(), ".cpg", 1000};
     if (kind == "raster") return {"rtr_lr2d", ".tif", smallest_raster(), ".tfw", 100};
     return {"shp_pnt_lr2d", ".shp", std::string("\x00\x00\x27\x0a", 4), ".shx", 1000};
 }
 
+auto& identify(auto& element, const wide_string& kind, size_t index) {
+    element.id = vestra::uuid::random();
+    element.caption = kind + number(index);
+    return element;
+}
+
 // A hundred layers to a scene.
-int generate(const std::filesystem::path& folder, const std::string& kind, size_t layers, size_t bytes) {
+int generate(const std::filesystem::path& folder, const std::string& kind, size_t count, size_t bytes) {
     const family files = family_of(kind);
     std::string content = files.main_content;
     content.resize(std::max(bytes, content.size()), 'x');
     vestra::project project;
     vestra::scene* scene = nullptr;
     const wide_string root = platform::drive_path(folder.string());
-    for (size_t index = 0; index < layers; ++index) {
-        if (index % 100 == 0) {
-            scene = &project.scenes_2d.make_scene();
-            scene->caption = u"Scene " + number(index / 100);
-            scene->id = vestra::uuid::random();
-        }
+    for (size_t index = 0; index < count; ++index) {
+        if (files.layer_type != nullptr && index % 100 == 0)
+            scene = &identify(project.scenes_2d.make_scene(), u"Scene ", index / 100);
         const std::string place = "data/" + std::to_string(index / files.folder_size);
         const std::string name = "file" + std::to_string(index);
         std::filesystem::create_directories(folder / place);
         std::ofstream(folder / place / (name + files.main_extension), std::ios::binary) << content;
         std::ofstream(folder / place / (name + files.companion), std::ios::binary)
             << std::string(content.size(), '1');
-        vestra::layer& layer = scene->make_layer(files.layer_type);
-        layer.id = vestra::uuid::random();
-        layer.caption = u"Layer " + number(index);
-        layer.file = platform::drive_path((folder / place / (name + files.main_extension)).string());
+        const wide_string path =
+            platform::drive_path((folder / place / (name + files.main_extension)).string());
+        if (files.layer_type != nullptr)
+            identify(scene->make_layer(files.layer_type), u"Layer ", index).file = path;
+        else
+            identify(project.tables.make(), u"Table ", index).file = path;
     }
     std::filesystem::create_directories(folder / "prj");
     if (const auto error = vestra::files::write_project(root + u"\\prj\\area._vp", project)) return 1;
@@ -185,7 +201,14 @@ double seconds_for_common_directory(const project_context& context) {
     return seconds_since(start);
 }
 
+double seconds_for_xml(const wide_string& path) {
+    const auto start = clock_type::now();
+    vestra::project project;
+    return vestra::files::read_project(path, project) ? 0 : seconds_since(start);
+}
+
 int resave(const wide_string& path, const wide_string& target) {
+    const double xml = seconds_for_xml(path);
     phase_clock phases;
     const platform::system_override in_force(phases);
     project_context context(nullptr);
@@ -203,8 +226,9 @@ int resave(const wide_string& path, const wide_string& target) {
     };
     const auto copying = phases.copying.value_or(end), writing = phases.writing.value_or(end);
     const double rounds = between(begun, copying) - directory;
-    std::printf("seconds=%.3f load=%.3f rounds=%.3f directory=%.3f save=%.3f write=%.3f peak=%ld files=%zu\n",
-                between(start, loaded) + between(begun, end), between(start, loaded), rounds, directory,
+    std::printf("seconds=%.3f load=%.3f xml=%.3f rounds=%.3f directory=%.3f save=%.3f write=%.3f peak=%ld "
+                "files=%zu\n",
+                between(start, loaded) + between(begun, end), between(start, loaded), xml, rounds, directory,
                 between(copying, writing), between(writing, end), peak_kib(),
                 context.placement.placed.size());
     return context.report.saved && context.report.problems.empty() ? 0 : 1;

@@ -188,7 +188,7 @@ void add_service(std::vector<element>& all, const resave_service& service) {
 
 std::optional<wide_string> path_in(wide_view reference) {
     wide_string path(reference.starts_with(u'*') ? reference.substr(1) : reference);
-    if (path_root(path).empty() && !path.starts_with(u"\\")) return std::nullopt;
+    if (path_root(path).empty() && !(path.starts_with(u"\\") || path.starts_with(u"/"))) return std::nullopt;
     return path;
 }
 

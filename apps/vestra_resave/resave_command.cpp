@@ -1,5 +1,7 @@
 #include "apps/vestra_resave/resave_command.h"
 
+#include <filesystem>
+
 #include "apps/vestra_resave/figures.h"
 #include "apps/vestra_resave/output_file.h"
 #include "apps/vestra_resave/project_files.h"
@@ -46,6 +48,25 @@ std::vector<wide_string> missing_levels(wide_string folder) {
     }
     return missing;
 }
+
+// By which a file that was written anew is told from an older one.
+class file_stamp {
+public:
+    explicit file_stamp(const wide_string& path)
+        : path_(path), existed_(path_exists(path)), time_(time_of(path)) {}
+
+    bool still_holds() const { return existed_ && path_exists(path_) && time_of(path_) == time_; }
+
+private:
+    static std::filesystem::file_time_type time_of(const wide_string& path) {
+        std::error_code failed;
+        return std::filesystem::last_write_time(platform::native_path(path), failed);
+    }
+
+    wide_string path_;
+    bool existed_;
+    std::filesystem::file_time_type time_;
+};
 
 // How the command ends where there is nothing to run; the person has been told why.
 std::optional<int> run(session& host, const resave_wish& wish, const common_options& options) {
@@ -119,10 +140,17 @@ void add(const verification& found, resave_report& report) {
 
 int resave(const resave_wish& wish, const common_options& options) {
     session host(options, answers(wish));
+    const file_stamp older(platform::drive_path(wish.new_project));
     if (const std::optional<int> end = run(host, wish, options)) return *end;
+    run_report& told = host.context().report;
+    if (told.saved && older.still_holds()) { // the run asks only whether a file of that name is there
+        complain("the older project of that name could not be replaced");
+        told.saved = false;
+    }
     resave_report report = report_of(host.context());
     // Where the host's own message has told the problems they are not told again.
-    if (options.quiet || report.exit != problems) complain_of(report);
+    if (options.quiet || report.exit != problems) complain_of_problems(report);
+    complain_of_files(report);
     const wide_string target = host.context().placement.new_project_path;
     std::optional<verification> found;
     if (wish.verify && (report.exit == done || report.exit == problems)) {

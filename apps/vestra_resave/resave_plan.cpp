@@ -84,7 +84,8 @@ private:
     names_by_piece& names_in(const wide_string& folder) {
         const auto [row, is_new] = folders_.try_emplace(path_key(folder));
         if (is_new)
-            for (const platform::folder_entry& entry : platform::operating_system().list(folder))
+            for (const auto& entry :
+                 platform::operating_system().list(folder).value_or(std::vector<platform::folder_entry>()))
                 if (!entry.is_folder) row->second[first_piece(folded(entry.name))].push_back(entry.name);
         return row->second;
     }
@@ -92,6 +93,11 @@ private:
     std::unordered_map<wide_string, names_by_piece> folders_;
     std::unordered_set<wide_string> taken_; // path keys of what is copied, or told already
 };
+
+// Nothing free is how the system answers where it cannot tell.
+bool has_too_little_space(const resave_plan& plan) {
+    return plan.free_bytes != 0 && plan.bytes > plan.free_bytes;
+}
 
 } // namespace
 
@@ -107,13 +113,15 @@ resave_plan plan_of(const project_context& context, trial_disk& disk) {
         if (!each.source.empty()) beside.add(each.source, plan.neighbours);
     }
     plan.free_bytes = disk.free_space(context.placement.new_folder);
-    if (plan.bytes > plan.free_bytes && plan.report.exit == done) plan.report.exit = problems;
+    if (has_too_little_space(plan) && plan.report.exit == done) plan.report.exit = problems;
     return plan;
 }
 
 void complain_of(const resave_plan& plan) {
-    complain_of(plan.report);
-    if (plan.bytes > plan.free_bytes)
+    complain_of_problems(plan.report);
+    complain_of_files(plan.report);
+    if (plan.free_bytes == 0) complain("how much space is free cannot be told");
+    if (has_too_little_space(plan))
         complain("too little space: " + size_text(plan.bytes) + " are needed, " + size_text(plan.free_bytes) +
                  " are free");
 }

@@ -38,6 +38,20 @@ void sort_problems(const run_report& from, resave_report& to) {
     }
 }
 
+// After a stop what was made may have been erased again.
+void look_at_files(const path_placement& placement, bool was_stopped, resave_report& to) {
+    const wide_string below = path_key(placement.new_folder) + u'\\';
+    for (const placed_file& file : placement.placed) {
+        if (file.new_path == placement.log_path) continue; // entered whether it is written or not
+        const bool stands = path_exists(file.new_path);
+        if (stands && !file.old_path.empty())
+            to.files.push_back({file.old_path, file.new_path, bytes_of(file.new_path)});
+        if (was_stopped) continue;
+        if (!stands) to.not_written.push_back(file.new_path);
+        if (!path_key(file.new_path).starts_with(below)) to.outside.push_back(file.new_path);
+    }
+}
+
 ordered_json texts(const std::vector<wide_string>& all) {
     ordered_json array = ordered_json::array();
     for (const wide_string& text : all) array.push_back(platform::to_utf8(text));
@@ -52,10 +66,9 @@ resave_report report_of(const project_context& context) {
     sort_problems(run, report);
     report.types_not_resaved.assign(run.unprocessed_types.begin(), run.unprocessed_types.end());
     report.depth_exceeded = run.depth_exceeded;
-    for (const placed_file& file : context.placement.placed)
-        if (!file.old_path.empty() && path_exists(file.new_path))
-            report.files.push_back({file.old_path, file.new_path, bytes_of(file.new_path)});
-    const bool clean = run.problems.empty() && run.unprocessed_types.empty() && !run.depth_exceeded;
+    look_at_files(context.placement, run.stopped, report);
+    const bool clean = run.problems.empty() && run.unprocessed_types.empty() && !run.depth_exceeded &&
+                       report.not_written.empty() && report.outside.empty();
     if (run.stopped)
         report.exit = stopped, report.outcome = "stopped";
     else if (!run.saved)
@@ -77,7 +90,9 @@ ordered_json json_of(const resave_report& report) {
             {"files", std::move(files)},
             {"lost_sources", texts(report.lost_sources)},
             {"copy_errors", texts(report.copy_errors)},
-            {"types_not_resaved", texts(report.types_not_resaved)}};
+            {"types_not_resaved", texts(report.types_not_resaved)},
+            {"not_written", texts(report.not_written)},
+            {"outside", texts(report.outside)}};
 }
 
 void print_json(const resave_report& report, const std::optional<verification>& found) {
@@ -89,7 +104,13 @@ void print_json(const resave_report& report, const std::optional<verification>& 
     std::cout << all.dump(2) << '\n';
 }
 
-void complain_of(const resave_report& report) {
+void complain_of_files(const resave_report& report) {
+    for (const wide_string& file : report.not_written) complain("not written: " + one_line(file));
+    for (const wide_string& file : report.outside)
+        complain("outside the new project's folder: " + one_line(file));
+}
+
+void complain_of_problems(const resave_report& report) {
     for (const wide_string& lost : report.lost_sources) complain("lost source: " + one_line(lost));
     for (const wide_string& failed : report.copy_errors) complain("not copied: " + one_line(failed));
     for (const wide_string& type : report.types_not_resaved)

@@ -24,6 +24,9 @@ struct resave_report {
     std::vector<wide_string> lost_sources; // each with the list it stands in
     std::vector<wide_string> copy_errors;
     std::vector<wide_string> types_not_resaved;
+    // What the run itself does not tell: files that could not be made, and those whose place it found outside
+    // the new project's folder.
+    std::vector<wide_string> not_written, outside;
     bool depth_exceeded = false;
 };
 
@@ -32,8 +35,9 @@ resave_report report_of(const vs::project_resave::project_context& context);
 nlohmann::ordered_json json_of(const resave_report& report);
 // With what a verification found, if there was one.
 void print_json(const resave_report& report, const std::optional<verification>& found);
-// Each problem, a line on the error output.
-void complain_of(const resave_report& report);
+// Each problem, a line on the error output. The first tells what the host's own message tells, too.
+void complain_of_problems(const resave_report& report);
+void complain_of_files(const resave_report& report);
 // A line of summary and, if wanted, each file.
 void print_text(const resave_report& report, const wide_string& new_project, bool list_files);
 

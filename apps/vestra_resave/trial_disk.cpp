@@ -135,16 +135,20 @@ bool trial_disk::create_folder(const wide_string& path) {
 }
 
 bool trial_disk::remove_folder(const wide_string& path) {
-    if (kind_of(path) != entry_kind::folder || !list(path).empty()) return false;
+    const auto entries = list(path);
+    if (!entries || !entries->empty()) return false;
     take_away(path);
     return true;
 }
 
-std::vector<platform::folder_entry> trial_disk::list(const wide_string& path) {
-    if (kind_of(path) != entry_kind::folder) return {};
-    std::vector<platform::folder_entry> entries = real_.list(path);
+std::optional<std::vector<platform::folder_entry>> trial_disk::list(const wide_string& path) {
+    if (kind_of(path) != entry_kind::folder) return std::nullopt;
+    auto listed = real_.list(path);
     const auto changed = inside_.find(path_key(path));
-    if (changed == inside_.end()) return entries;
+    if (changed == inside_.end()) return listed;
+    if (!listed && real_.kind_of(path) != entry_kind::none) return std::nullopt;
+    std::vector<platform::folder_entry> entries =
+        std::move(listed).value_or(std::vector<platform::folder_entry>());
     std::erase_if(entries, [&](const platform::folder_entry& each) {
         return changed->second.contains(path_key(path_join(path, each.name)));
     });

@@ -36,7 +36,7 @@ public:
     bool delete_file(const wide_string& path) override;
     bool create_folder(const wide_string& path) override;
     bool remove_folder(const wide_string& path) override;
-    std::vector<platform::folder_entry> list(const wide_string& path) override;
+    std::optional<std::vector<platform::folder_entry>> list(const wide_string& path) override;
     bool true_name(const wide_string& folder, const wide_string& name, wide_string& spelling) override;
     bool same_file(const wide_string& a, const wide_string& b) override;
     bool rename_over(const wide_string& from, const wide_string& to) override;

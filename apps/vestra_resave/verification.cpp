@@ -50,8 +50,11 @@ public:
     void run(project_context& context) {
         files::visit_references(*api::to_model(context.project_handle()), visitor_);
         for (const element& each : kept_by_services(context)) visit(each);
-        for (const auto& entry : platform::list_tree(platform::current_system(), folder_))
+        bool is_whole = false;
+        for (const auto& entry : platform::list_tree(platform::current_system(), folder_, &is_whole))
             if (!entry.is_folder && kind_of(entry.path)) add_file(entry.path);
+        if (!is_whole)
+            found_.astray.push_back({"folder", path_file_name(folder_), folder_, folder_, "unreadable"});
         for (; !files_.empty() && !is_at_end(); files_.pop_front()) visit_file(files_.front());
     }
 

@@ -27,6 +27,10 @@ bool is_shape_file(const wide_string& path) {
            file->read(first.data(), first.size()) == first.size() && first == mark;
 }
 
+std::vector<platform::folder_entry> entries_of(const wide_string& folder) {
+    return platform::current_system().list(folder).value_or(std::vector<platform::folder_entry>());
+}
+
 bool is_same_name(wide_view a, wide_view b) { return platform::compare_no_case(a, b) == 0; }
 
 // The names of the files of one folder, in their order without letter case.
@@ -45,7 +49,7 @@ public:
         read_at_ = std::filesystem::file_time_type::clock::now();
         changed_ = platform::folder_time(folder);
         names_.clear();
-        for (auto& entry : platform::current_system().list(folder))
+        for (auto& entry : entries_of(folder))
             if (!entry.is_folder) names_.push_back(std::move(entry.name));
         std::ranges::stable_sort(names_, is_before);
     }
@@ -106,7 +110,7 @@ file_list grid_family(const wide_string& path) {
     const wide_string folder = main.head.substr(0, main.head.find_last_not_of(u"\\/") + 1);
     const wide_string folder_name = folder.substr(folder.find_last_of(u"\\/") + 1);
     if (!is_same_name(folder_name, main.stem)) return files;
-    for (const auto& entry : platform::current_system().list(main.head))
+    for (const auto& entry : entries_of(main.head))
         if (!entry.is_folder && !is_same_name(entry.name, main.stem + main.extension))
             files.push_back(main.head + entry.name);
     return files;

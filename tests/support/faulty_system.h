@@ -79,9 +79,8 @@ public:
     bool remove_folder(const wide_string& path) override {
         return !fails(call::remove_folder, path) && forwarding_system::remove_folder(path);
     }
-    std::vector<platform::folder_entry> list(const wide_string& path) override {
-        return fails(call::list, path) ? std::vector<platform::folder_entry>()
-                                       : forwarding_system::list(path);
+    std::optional<std::vector<platform::folder_entry>> list(const wide_string& path) override {
+        return fails(call::list, path) ? std::nullopt : forwarding_system::list(path);
     }
     bool true_name(const wide_string& folder, const wide_string& name, wide_string& spelling) override {
         return !fails(call::true_name, folder) && forwarding_system::true_name(folder, name, spelling);

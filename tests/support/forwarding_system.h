@@ -17,7 +17,6 @@ public:
     explicit forwarding_system(platform::system& inner = platform::current_system()) : inner_(inner) {}
 
     platform::entry_kind kind_of(const wide_string& path) override { return inner_.kind_of(path); }
-    bool is_known_absent(const wide_string& path) override { return inner_.is_known_absent(path); }
     uint64_t file_size(const wide_string& path) override { return inner_.file_size(path); }
     bool copy_file(const wide_string& source, const wide_string& target, bool replace) override {
         return inner_.copy_file(source, target, replace);
@@ -25,7 +24,9 @@ public:
     bool delete_file(const wide_string& path) override { return inner_.delete_file(path); }
     bool create_folder(const wide_string& path) override { return inner_.create_folder(path); }
     bool remove_folder(const wide_string& path) override { return inner_.remove_folder(path); }
-    std::vector<platform::folder_entry> list(const wide_string& path) override { return inner_.list(path); }
+    std::optional<std::vector<platform::folder_entry>> list(const wide_string& path) override {
+        return inner_.list(path);
+    }
     bool true_name(const wide_string& folder, const wide_string& name, wide_string& spelling) override {
         return inner_.true_name(folder, name, spelling);
     }

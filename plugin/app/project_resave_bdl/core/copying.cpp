@@ -59,12 +59,13 @@ bool copy_folder(const wide_string& source, const wide_string& target, bool allo
     const wide_string from = with_separator(source);
     const wide_string to = with_separator(target);
     if (!create_folders(to)) return false;
-    for (const platform::tree_entry& entry : platform::list_tree(platform::current_system(), from)) {
+    bool is_whole = false;
+    for (const auto& entry : platform::list_tree(platform::current_system(), from, &is_whole)) {
         const wide_string place = to + path_relative(from, entry.path);
         if (!create_folders(entry.is_folder ? place : path_head(place))) return false;
         if (!entry.is_folder && !copy_file(entry.path, place, overwrite_files)) return false;
     }
-    return true;
+    return is_whole;
 }
 
 bool copy_file_and_folder(const wide_string& source, const wide_string& target, project_context& context) {

@@ -22,7 +22,7 @@ wide_string world_extension(const wide_string& path) {
 }
 
 bool copy_if_there(const wide_string& source, const wide_string& target, project_context& context) {
-    return !path_is_taken(source) || copy_one(source, target, context);
+    return !path_exists(source) || copy_one(source, target, context);
 }
 
 } // namespace
@@ -36,7 +36,7 @@ wide_string projection_file_name(const wide_string& path) {
 bool copy_code_page_file(const wide_string& source, const wide_string& target, path_placement& placement,
                          log_file& log, run_report& report) {
     const wide_string companion = path_replace_extension(source, u".cpg");
-    if (!path_is_taken(companion)) return true;
+    if (!path_exists(companion)) return true;
     return copy_one(companion, path_replace_extension(target, u".cpg"), placement, log, report);
 }
 
@@ -57,13 +57,13 @@ bool copy_table(const wide_string& source, const wide_string& target, project_co
 
 bool copy_projection_file(const wide_string& source, const wide_string& target, project_context& context) {
     const wide_string companion = projection_file_name(source);
-    if (!path_is_taken(companion) || context.placement.is_placed(companion)) return true;
+    if (!path_exists(companion) || context.placement.is_placed(companion)) return true;
     return copy_one(companion, projection_file_name(target), context);
 }
 
 bool copy_overview_file(const wide_string& source, const wide_string& target, project_context& context) {
     const wide_string companion = source + u".ovr";
-    return path_is_taken(companion) && copy_one(companion, target + u".ovr", context);
+    return path_exists(companion) && copy_one(companion, target + u".ovr", context);
 }
 
 bool copy_world_files(const wide_string& source, const wide_string& target, project_context& context) {

@@ -8,10 +8,6 @@ bool path_exists(const wide_string& path) {
     return platform::current_system().kind_of(path) != platform::entry_kind::none;
 }
 
-bool path_is_taken(const wide_string& path) {
-    return !platform::current_system().is_known_absent(path) && path_exists(path);
-}
-
 bool append_if_exists(const wide_string& path, std::vector<found_file>& out) {
     const platform::entry_status status = platform::current_system().status_of(path);
     if (status.kind == platform::entry_kind::none) return false;
@@ -51,7 +47,8 @@ bool remove_alone(const wide_string& path) {
 
 bool remove_tree(const wide_string& path) {
     if (remove_alone(path)) return true;
-    const std::vector<platform::folder_entry> entries = platform::current_system().list(path);
+    const auto listed = platform::current_system().list(path);
+    const auto entries = listed.value_or(std::vector<platform::folder_entry>());
     const bool has_separator = !path.empty() && is_separator(path.back());
     for (auto entry = entries.rbegin(); entry != entries.rend(); ++entry) {
         const wide_string inner = path + (has_separator ? u"" : u"\\") + entry->name;

@@ -10,8 +10,6 @@ namespace vs::project_resave {
 
 // True for a file and for a folder.
 bool path_exists(const wide_string& path);
-// The same, at a lower cost where the name is likely to be free.
-bool path_is_taken(const wide_string& path);
 
 // A file or folder that belongs to an element. The status is that of the moment when it was looked for, none
 // if that was not done.

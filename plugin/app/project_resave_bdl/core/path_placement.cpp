@@ -98,7 +98,7 @@ void path_placement::register_placed(const wide_string& old_path, const wide_str
 wide_string path_placement::new_path(const wide_string& source) {
     wide_string result = place(source);
     if (options->lower_case) platform::lower_in_place(result);
-    if (path_is_taken(result)) {
+    if (path_exists(result)) {
         result = resolve_conflict(result, source);
         log->file_renamed(source, result);
     }
@@ -176,7 +176,7 @@ wide_string path_placement::resolve_conflict(const wide_string& path, const wide
 wide_string path_placement::next_free_name(const wide_string& path) {
     const bool own_folder = path_extension(path) == own_folder_extension;
     const auto taken = [&](const wide_string& name) {
-        return path_is_taken(own_folder ? path_head(name) : name);
+        return path_exists(own_folder ? path_head(name) : name);
     };
     const auto numbered = own_folder ? &numbered_grid : &numbered_name;
     if (!taken(path)) return path;

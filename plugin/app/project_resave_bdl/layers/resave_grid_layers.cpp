@@ -1,5 +1,6 @@
 #include "layers/resave_grid_layers.h"
 
+#include "core/copying.h"
 #include "core/paths.h"
 #include "framework/string_adapter.h"
 #include "framework/strings.h"
@@ -30,7 +31,8 @@ bool Tvs_resave_grid::copy_files(const wide_string& source, const wide_string& t
         return copy_data_set(source, target, *context);
     case platform::entry_kind::folder:
         return copy_data_folder(source, target, *context);
-    case platform::entry_kind::none:
+    case platform::entry_kind::none: // it was there a moment ago
+        record_copy_failure(source, context->log, context->report);
         break;
     }
     return false;

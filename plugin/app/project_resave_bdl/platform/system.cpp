@@ -25,11 +25,14 @@ public:
     }
 
     std::vector<tree_entry> take() { return std::move(entries_); }
+    bool is_whole() const { return is_whole_; }
 
 private:
     void enter(const wide_string& folder) {
         holders_.push_back(folder);
-        for (const folder_entry& entry : files_.list(folder)) {
+        const auto listed = files_.list(folder);
+        if (!listed) is_whole_ = false;
+        for (const folder_entry& entry : listed.value_or(std::vector<folder_entry>())) {
             wide_string path = joined(folder, entry.name);
             entries_.push_back({path, entry.is_folder});
             if (entry.is_folder && !(entry.is_link && leads_back(path))) enter(path);
@@ -45,6 +48,7 @@ private:
     system& files_;
     std::vector<wide_string> holders_; // the present folder and those above it, up to the drive
     std::vector<tree_entry> entries_;
+    bool is_whole_ = true;
 };
 
 } // namespace
@@ -56,8 +60,10 @@ system_override::system_override(system& replacement)
 
 system_override::~system_override() { override_in_force = previous_; }
 
-std::vector<tree_entry> list_tree(system& files, const wide_string& folder) {
-    return tree_walk(files, folder).take();
+std::vector<tree_entry> list_tree(system& files, const wide_string& folder, bool* is_whole) {
+    tree_walk walk(files, folder);
+    if (is_whole != nullptr) *is_whole = walk.is_whole();
+    return walk.take();
 }
 
 } // namespace vs::project_resave::platform

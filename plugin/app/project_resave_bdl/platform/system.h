@@ -9,6 +9,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <optional>
 #include <vector>
 
 #include "platform/wide_string.h"
@@ -61,9 +62,6 @@ public:
 
     /// What stands under `path`, links followed; `none` also for a broken link, a device or a pipe.
     virtual entry_kind kind_of(const wide_string& path) = 0;
-    /// True if the names of the folder show, at a lower cost than `kind_of` has, that nothing stands under
-    /// `path`. False tells nothing.
-    virtual bool is_known_absent(const wide_string&) { return false; }
     /// Bytes of a file; 0 for a folder and on failure.
     virtual uint64_t file_size(const wide_string& path) = 0;
 
@@ -82,8 +80,9 @@ public:
     virtual bool create_folder(const wide_string& path) = 0;
     /// Removes an empty folder; false if it holds anything.
     virtual bool remove_folder(const wide_string& path) = 0;
-    /// The direct entries without "." and "..", ordered by name; empty if `path` is no readable folder.
-    virtual std::vector<folder_entry> list(const wide_string& path) = 0;
+    /// The direct entries without "." and "..", ordered by name; nothing unless `path` is a folder and could
+    /// be read to its end.
+    virtual std::optional<std::vector<folder_entry>> list(const wide_string& path) = 0;
 
     /// Puts into `spelling` the name that the listing of `folder` holds for `name`, compared without letter
     /// case ("." and ".." stand for themselves). False, with `spelling` untouched, if there is none.
@@ -126,7 +125,7 @@ private:
 
 /// All entries below `folder` at all depths, each folder before its content; empty if there is no such
 /// folder. A link to a folder that holds it is told as an entry but not entered, so the walk always ends.
-/// A folder that cannot be read counts as empty.
-std::vector<tree_entry> list_tree(system& files, const wide_string& folder);
+/// A folder that cannot be read counts as empty, and makes `is_whole` false.
+std::vector<tree_entry> list_tree(system& files, const wide_string& folder, bool* is_whole = nullptr);
 
 } // namespace vs::project_resave::platform

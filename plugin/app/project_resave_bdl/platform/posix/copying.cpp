@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <atomic>
+#include <cerrno>
 #include <cstdint>
 #include <cstdio>
 #include <utility>
@@ -93,7 +94,8 @@ bool copy_without_holes(int source, int target, off_t size) {
     off_t end = 0;
     while (end < size) {
         const off_t data = ::lseek(source, end, SEEK_DATA);
-        if (data < 0) break; // nothing but a hole is left
+        if (data < 0 && errno == ENXIO) break; // nothing but a hole is left
+        if (data < 0) return false;
         end = std::min(::lseek(source, data, SEEK_HOLE), size);
         if (end <= data || !copy_range(source, target, data, end)) return false;
     }

@@ -5,8 +5,10 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <chrono>
 #include <cstdio>
+#include <memory>
 #include <optional>
 #include <string_view>
 #include <thread>
@@ -53,12 +55,6 @@ class posix_system final : public system {
 public:
     entry_kind kind_of(const wide_string& path) override { return status_of(path).kind; }
 
-    bool is_known_absent(const wide_string& path) override {
-        const auto asked = mapped_volumes().as_asked(path);
-        bool was_read = false;
-        return asked && !names().find(folder_of(*asked), name_of(*asked), was_read) && was_read;
-    }
-
     uint64_t file_size(const wide_string& path) override { return status_of(path).bytes; }
 
     entry_status status_of(const wide_string& path) override {
@@ -100,16 +96,20 @@ public:
         return true;
     }
 
-    std::vector<folder_entry> list(const wide_string& path) override {
+    std::optional<std::vector<folder_entry>> list(const wide_string& path) override {
         std::vector<folder_entry> entries;
         const auto native = existing(path);
-        DIR* const folder = native ? ::opendir(native->c_str()) : nullptr;
-        if (folder == nullptr) return entries;
-        while (const dirent* const found = ::readdir(folder)) {
+        if (!native) return std::nullopt;
+        const std::unique_ptr<DIR, int (*)(DIR*)> folder(::opendir(native->c_str()), ::closedir);
+        if (!folder) return std::nullopt;
+        for (;;) {
+            errno = 0;
+            const dirent* const found = ::readdir(folder.get());
+            if (found == nullptr) break;
             const std::string_view name = found->d_name;
             if (name != "." && name != "..") entries.push_back(entry_of(*native, *found));
         }
-        ::closedir(folder);
+        if (errno != 0) return std::nullopt;
         std::ranges::sort(entries, {}, &folder_entry::name);
         return entries;
     }

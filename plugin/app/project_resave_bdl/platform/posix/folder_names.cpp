@@ -4,6 +4,7 @@
 #include <fcntl.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <ctime>
 #include <memory>
 
@@ -100,10 +101,12 @@ bool folder_names::read(const std::string& folder, const struct stat& status, co
     ::clock_gettime(CLOCK_REALTIME_COARSE, &now);
     const std::unique_ptr<DIR, int (*)(DIR*)> listing(::opendir(folder.c_str()), ::closedir);
     if (!listing) return false;
+    errno = 0; // the end of the listing leaves it as it is
     while (const dirent* const entry = ::readdir(listing.get())) {
         const std::string_view name = entry->d_name;
         if (name != "." && name != "..") names.by_folded.emplace(key_of(name), name);
     }
+    if (errno != 0) return false;
     names.seen = times_of(status);
     // Names read just after somebody else's change are read again until that change is old enough. After
     // one's own changes they are taken as they are: else a folder in steady use would be read at each look.
