@@ -60,12 +60,11 @@ protected:
         for (const wide_string& name : path_split(has_files ? row.files : u"", u" ", true))
             write(src(name), name == u"t.tos" ? "TOS 1\nproperty X\nmember t.tod\n" : "content");
         const std::string_view type = row.type;
-        type.find("3d") != type.npos ? builder.scene_3d(u"S") : builder.scene_2d(u"S");
-        vestra::layer& layer = builder.layer(row.type, u"a:b", reference(row, src(u""))).last();
+        auto& begun = type.find("3d") != type.npos ? builder.scene_3d(u"S") : builder.scene_2d(u"S");
+        vestra::layer& layer = begun.layer(row.type, u"a:b", reference(row, src(u""))).last();
         if (row.meta_id) layer.meta_id = row.meta_id;
         if (type != "shp_pnt_lr2d") layer.data.reset();
         layer_run::run();
-        SCOPED_TRACE(testing::Message() << row.type << " on " << platform::to_utf8(row.reference));
         const auto& scenes = copy->scenes_2d.count() > 0 ? copy->scenes_2d : copy->scenes_3d;
         found = scenes.at(0)->count() > 0 ? scenes.at(0)->at(0)->file : u"no layer";
     }
