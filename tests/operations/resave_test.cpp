@@ -154,23 +154,40 @@ TEST_F(resaving, the_log_tells_every_step_in_its_order_and_everything_that_was_n
 }
 
 // The project is saved after the second.
-TEST_F(resaving, of_two_tables_on_one_file_the_first_goes_on_joining_the_source) {
+TEST_F(resaving, joins_come_back_where_their_tables_are_and_of_two_on_one_file_the_first_joins_the_source) {
     const wide_string joined = write(u"C:\\data\\joined.dbf"), file = write(u"C:\\data\\t.dbf");
-    project_builder().table(u"First", file).join(joined).table(u"Second", file).join(joined).save(source);
+    const wide_string placed = write(u"C:\\data\\placed.dbf");
+    write(u"C:\\data\\joined.cpg");
+    project_builder()
+        .table(u"First", file)
+        .join(joined)
+        .table(u"Second", file)
+        .join(joined)
+        .join(u"C:\\data\\lost.dbf")
+        .join(placed)
+        .table(u"Placed", placed)
+        .save(source);
     load_and_resave();
-    EXPECT_EQ("First=dbf\\t.dbf>C:\\data\\joined.dbf\nSecond=dbf\\t.dbf>dbf\\joined.dbf\n", outline());
+    EXPECT_EQ("dbf/joined.cpg dbf/joined.dbf dbf/placed.dbf dbf/t.dbf \n"
+              "First=dbf\\t.dbf>C:\\data\\joined.dbf\nSecond=dbf\\t.dbf>dbf\\joined.dbf>dbf\\placed.dbf\n"
+              "Placed=dbf\\placed.dbf\n!DBF tables: Lost files Join file\n",
+              outcome());
+    vestra::project copy;
+    read_back(output, copy);
+    EXPECT_EQ(2, copy.tables.at(1)->joins.at(1).base_field);
 }
 
+// The last dot of a folder counts as that of an extension.
 TEST_F(resaving, of_scenes_with_one_caption_the_last_gets_the_plain_folder_and_of_files_the_plain_name) {
     project_builder built;
     for (const wide_string place : {u"1", u"2", u"3"})
-        built.scene_2d(u" A ").layer("rtr_lr2d", u"L", write(u"C:\\data\\" + place + u"\\r.tif"));
+        built.scene_2d(u" A.b ").layer("rtr_lr2d", u"L", write(u"C:\\data\\" + place + u"\\r.tif"));
     built.save(source);
     load_and_resave();
-    EXPECT_EQ(" A : L=rtr\\r_(2).tif\n A : L=rtr\\r_(1).tif\n A : L=rtr\\r.tif\n", outline());
+    EXPECT_EQ(" A.b : L=rtr\\r_(2).tif\n A.b : L=rtr\\r_(1).tif\n A.b : L=rtr\\r.tif\n", outline());
     settings.structure_variant = folder_per_scene;
     load_and_resave();
-    EXPECT_EQ(" A : L=A_2\\1\\r.tif\n A : L=A_1\\2\\r.tif\n A : L=A\\3\\r.tif\n", outline());
+    EXPECT_EQ(" A.b : L=A_2.b\\1\\r.tif\n A.b : L=A_1.b\\2\\r.tif\n A.b : L=A.b\\3\\r.tif\n", outline());
 }
 
 } // namespace

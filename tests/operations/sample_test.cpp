@@ -38,6 +38,12 @@ protected:
         return owners;
     }
 
+    // What came of a run but for its files.
+    std::string told_of_run() const {
+        const std::string all = outcome();
+        return all.substr(all.find('\n'));
+    }
+
     names kept_as_they_are{u"Old survey", u"Profile lines", u"Monthly report"}; // lost, not moved, no unit
 };
 
@@ -49,9 +55,9 @@ TEST_P(sample, goes_where_the_structure_says_and_stands_alone_once_it_is_moved) 
                                   u"Overview:\nLost files Old survey\n"}),
         script.texts(kind::warning));
     expect_whole_copies(before);
-    std::string copied;
-    for (const std::string& path : files()) copied += path + '\n';
-    EXPECT_EQ(expected("sample_in_structure_" + std::to_string(GetParam()) + ".txt"), copied);
+    std::string all;
+    for (const std::string& path : files()) all += path + '\n';
+    EXPECT_EQ(expected("sample_in_structure_" + std::to_string(GetParam()) + ".txt"), all + told_of_run());
     EXPECT_EQ(kept_as_they_are, astray(u"N:\\out\\"));
     move("n", "out", "moved");
     move("c", "prj", "prj away");
@@ -60,11 +66,11 @@ TEST_P(sample, goes_where_the_structure_says_and_stands_alone_once_it_is_moved) 
     EXPECT_EQ(kept_as_they_are, astray(u"N:\\moved\\"));
 }
 
-// The second run finds the names of the first one taken.
+// The second run finds the names of the first one taken; a member of a data set that is not named after it is
+// in the way of itself then.
 TEST_P(sample, comes_in_lower_case_without_what_is_left_out_and_beside_what_is_there) {
-    const bool has_tables = GetParam() != folder_per_scene;
     settings.lower_case = true;
-    size_t of_first = 0;
+    std::string all;
     for (const bool is_second : {false, true}) {
         SCOPED_TRACE(is_second);
         remove_tree(output);
@@ -77,27 +83,9 @@ TEST_P(sample, comes_in_lower_case_without_what_is_left_out_and_beside_what_is_t
         resave();
         expect_whole_copies(before);
         EXPECT_EQ(kept_as_they_are, astray(u"N:\\out\\"));
-        // A member of a data set that is not named after it is in the way of itself.
-        const bool collides = is_second && has_tables;
-        EXPECT_EQ(collides ? u"Copy error Production_Wells.tod\n" : u"Lost files Old survey\n",
-                  context->report.problems.back().text);
-        if (!is_second) of_first = files().size();
-        EXPECT_EQ(is_second ? 2 * of_first - (has_tables ? 1 : 0) : of_first, files().size());
-
-        vestra::project copy;
-        read_back(output, copy);
-        for (const reference& each : references_of(copy)) {
-            wide_string lowered = each.path;
-            platform::lower_in_place(lowered);
-            EXPECT_TRUE(kept_as_they_are.contains(each.owner) || lowered.ends_with(each.path.substr(2)))
-                << platform::to_utf8(each.path);
-        }
-        EXPECT_NE(u"Roads", copy.scenes_2d.at(0)->at(0)->caption);
-        EXPECT_EQ(has_tables ? 2U : 0U, copy.tables.count());
-        EXPECT_EQ(has_tables, std::ranges::any_of(files(), [](const std::string& path) {
-                      return path.ends_with("/owners.dbf");
-                  }));
+        all += std::to_string(files().size()) + " files" + told_of_run();
     }
+    EXPECT_EQ(expected("sample_lower_case_" + std::to_string(GetParam()) + ".txt"), all);
 }
 
 INSTANTIATE_TEST_SUITE_P(structures, sample, testing::Range(0U, 5U));

@@ -29,12 +29,8 @@ protected:
     structure_settings wanted;
 };
 
-struct flag_set {
-    const char* file; // below tests/operations/expected
-    structure_settings settings;
-};
-
-const flag_set flag_sets[] = {
+// The settings of the files below tests/operations/expected.
+const std::pair<const char*, structure_settings> flag_sets[] = {
     {"structure_no_flags_tab.txt", {.indent_text = u"\t"}},
     {"structure_layers_paths_no_indent.txt",
      {.write_layer_names = true, .write_file_paths = true, .indent_text = u""}},
@@ -53,17 +49,16 @@ const flag_set flag_sets[] = {
       .write_legend_content = true,
       .write_legend_columns = true,
       .write_file_paths = true,
-      .indent_text = u"\t"}},
-};
+      .indent_text = u"\t"}}};
 
 TEST_F(structure_text, of_the_sample_is_the_committed_file_byte_for_byte_and_changes_nothing) {
     copy_sample();
     const tree_state before = sources();
     load();
-    for (const flag_set& each : flag_sets) {
-        wanted = each.settings;
+    for (const auto& [file, flags] : flag_sets) {
+        wanted = flags;
         wanted.output_path = text_file.c_str();
-        EXPECT_EQ(expected(each.file), save());
+        EXPECT_EQ(expected(file), save());
         EXPECT_EQ(std::vector<wide_string>{load_string(511)}, messages());
     }
     EXPECT_EQ("", difference(before, sources()));

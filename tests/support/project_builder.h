@@ -85,9 +85,9 @@ public:
         table_->file = file;
         return *this;
     }
-    // To the table, or the table of the layer, that came last.
+    // To the table, or the table of the layer, that came last, by the field of the join's number.
     project_builder& join(const wide_string& other) {
-        table_->joins.push_back({other, 0, 0});
+        table_->joins.push_back({other, static_cast<int32_t>(table_->joins.size()), 0});
         return *this;
     }
 
