@@ -47,6 +47,7 @@ TEST_F(run_faults, a_copy_that_fails_is_named_in_report_and_log_and_all_others_a
         const wide_string reported = is_in_folder ? u"w.wel" : path_file_name(failed);
         const wide_string logged = is_in_folder ? u"C:\\data\\w" : failed;
         EXPECT_EQ(u"Copy error " + reported + u"\n", context->report.problems[0].text);
+        EXPECT_FALSE(context->placement.is_placed(failed)) << "nothing may come to refer to it";
         EXPECT_NE(std::string::npos,
                   read(u"N:\\out\\new_log.txt")
                       .find("Failure copying file: \r\n" + platform::to_utf8(logged) + "\r\n \n"));
