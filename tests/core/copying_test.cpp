@@ -4,7 +4,6 @@
 
 #include "core/path_files.h"
 #include "core/paths.h"
-#include "framework/string_adapter.h"
 #include "host/vsk_attr_data.h"
 #include "operations/project_context.h"
 #include "platform/system.h"
@@ -97,15 +96,6 @@ TEST_F(copying, companions_follow_the_main_file_under_its_new_name) {
     }
 }
 
-TEST_F(copying, a_file_is_registered_only_if_its_copy_stands) {
-    begin(u"a.tif a_tif.pj4 *b.tif");
-    copy_one(src + u"a.tif", out + u"b.tif", context);
-    copy_projection_file(src + u"a.tif", out + u"a.tif", context);
-    copy_projection_file(src + u"a.tif", out + u"c.tif", context); // two rasters share it: copied once
-    EXPECT_EQ(outcome(true), "a_tif.pj4>a_tif.pj4 !");
-    EXPECT_EQ(context.placement.placed.size(), 1u);
-}
-
 TEST_F(copying, a_folder_comes_whole_or_tells_that_it_did_not) {
     begin(u"g\\a\\1 g\\b\\c\\2 g\\3 *old\\3");
     EXPECT_FALSE(copy_folder(src + u"g", out + u"old", false, false));
@@ -142,31 +132,6 @@ TEST_F(copying, members_of_a_data_set_follow_the_new_name_of_the_main_file) {
     begin(u"broken.tos"); // its members are not known
     EXPECT_EQ(outcome(copy_data_source_files(src + u"broken.tos", out + u"b.tos", true, context)),
               "broken.tos>b.tos ");
-}
-
-TEST_F(copying, joins_come_back_when_every_table_has_its_place) {
-    begin(u"base.dbf placed.dbf other.dbf other.cpg");
-    context.placement.set_output(out + u"new._vp");
-    const auto table = [](const wide_string& path) {
-        vs_attr_data* const made = vs_attr_data_create();
-        vs_attr_data_set_wfilename(made, path.c_str());
-        return std::unique_ptr<vs_attr_data, void (*)(vs_attr_data*)>(made, vs_attr_data_destroy);
-    };
-    const auto base = table(src + u"base.dbf");
-    int32_t field = 0;
-    for (const wide_view name : {u"other.dbf", u"lost.dbf", u"placed.dbf"})
-        vs_attr_data_join(base.get(), table(src + wide_string(name)).get(), ++field, 0);
-    copy_table_and_joins(base.get(), src + u"base.dbf", out + u"base.dbf", context);
-    EXPECT_FALSE(vs_attr_data_is_joined(base.get()));
-    copy_table(src + u"placed.dbf", out + u"placed.dbf", context); // the run reaches it later
-
-    context.deferred_joins_.run();
-    ASSERT_EQ(vs_attr_data_get_join_count(base.get()), 2); // the lost one stays off
-    EXPECT_EQ(host_string(vs_attr_data_get_join_other_source, base.get(), 0), out + u"dbf\\other.dbf");
-    EXPECT_EQ(host_string(vs_attr_data_get_join_other_source, base.get(), 1), out + u"placed.dbf");
-    EXPECT_EQ(vs_attr_data_get_join_base_field(base.get(), 1), 3);
-    EXPECT_EQ(disk.read(u"out\\dbf\\other.cpg"), "other.cpg");
-    EXPECT_EQ(context.report.problems.size(), 1u);
 }
 
 } // namespace vs::project_resave

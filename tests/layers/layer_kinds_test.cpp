@@ -1,6 +1,6 @@
 // Every kind of layer, resaved from real files.
 #include "tests/layers/layer_run.h"
-#include "tests/support/forwarding_system.h"
+#include "tests/support/faulty_system.h"
 
 namespace vs::project_resave {
 
@@ -51,114 +51,85 @@ protected:
         if (row.folder.empty()) return wide_string(row.reference);
         return (marked ? u"*" : u"") + folder + wide_string(row.reference.substr(marked ? 1 : 0));
     }
-    static wide_string old_reference(const kind_row& row) { return reference(row, src(u"")); }
     static wide_string new_reference(const kind_row& row) { return reference(row, out(row.folder) + u"\\"); }
-    static names listed(wide_view list) { return path_split(list, u" ", true); }
 
-    // A project of one layer of this kind, with its files or without.
-    void begin(const kind_row& row, bool has_files = true) {
+    // Runs a project of one layer of this kind, with its files or without.
+    void run(const kind_row& row, const resave_settings& wanted, bool has_files = true) {
         clear();
-        settings.save_layer_files = true;
-        for (const wide_string& name : listed(has_files ? row.files : u""))
+        settings = wanted;
+        for (const wide_string& name : path_split(has_files ? row.files : u"", u" ", true))
             write(src(name), name == u"t.tos" ? "TOS 1\nproperty X\nmember t.tod\n" : "content");
         const std::string_view type = row.type;
-        const bool is_3d = type.find("3d") != std::string_view::npos;
-        vestra::layer& layer = add(is_3d ? scene_3d() : scene_2d(), row.type, old_reference(row));
-        layer.caption = u"a:b";
+        auto& begun = type.find("3d") != type.npos ? builder.scene_3d(u"S") : builder.scene_2d(u"S");
+        vestra::layer& layer = begun.layer(row.type, u"a:b", reference(row, src(u""))).last();
         if (row.meta_id) layer.meta_id = row.meta_id;
-        if (type != "shp_pnt_lr2d") return;
-        layer.data = std::make_unique<vestra::attr_data>();
-        layer.data->id = vestra::uuid::random();
+        if (type != "shp_pnt_lr2d") layer.data.reset();
+        layer_run::run();
+        const auto& scenes = copy->scenes_2d.count() > 0 ? copy->scenes_2d : copy->scenes_3d;
+        found = scenes.at(0)->count() > 0 ? scenes.at(0)->at(0)->file : u"no layer";
     }
-    // That layer in the new project; null if it left.
-    vestra::layer* result() {
-        return copy->scenes_2d.count() > 0 ? copy->scenes_2d.at(0)->at(0) : copy->scenes_3d.at(0)->at(0);
-    }
+    wide_string found; // that of the layer in the new project
 };
 
 } // namespace
 
 TEST_F(layer_kinds, files_land_in_the_folder_of_their_type_and_the_layer_names_them_there) {
     for (const kind_row& row : kinds) {
-        SCOPED_TRACE(testing::Message() << row.type << " on " << platform::to_utf8(row.reference));
-        begin(row);
-        run();
+        run(row, {.save_layer_files = true});
         std::vector<std::string> expected;
-        for (const wide_string& name : listed(row.copied))
+        for (const wide_string& name : path_split(row.copied, u" ", true))
             expected.push_back(platform::to_utf8(wide_string(row.folder) + u"/" + name));
         if (!row.layer_file.empty()) expected.push_back("a_b" + platform::to_utf8(row.layer_file));
         for (std::string& name : expected) std::ranges::replace(name, '\\', '/');
         std::ranges::sort(expected);
-        EXPECT_EQ(files(), expected);
-        EXPECT_EQ(result()->file, new_reference(row));
-        EXPECT_EQ(problems, row.reference == u"a.x" ? u"S: Copy error a.x\n" : u"");
-        EXPECT_TRUE(context->report.unprocessed_types.empty());
+        EXPECT_EQ(expected, files()) << row.type;
+        EXPECT_EQ(new_reference(row), found) << row.type;
+        EXPECT_EQ(row.reference == u"a.x" ? texts{u"S: Copy error a.x\n"} : texts{}, problems) << row.type;
+        EXPECT_TRUE(context->report.unprocessed_types.empty()) << row.type;
     }
 }
 
 TEST_F(layer_kinds, a_lost_source_is_reported_and_the_layer_stays_unless_it_is_to_go) {
     for (const kind_row& row : kinds) {
         for (const bool removes : {false, true}) {
-            SCOPED_TRACE(testing::Message() << row.type << ' ' << removes);
-            begin(row, false);
-            settings.delete_lost_sources = removes;
-            run();
-            EXPECT_EQ(problems, !row.folder.empty() ? u"S: Lost files a:b\n" : u"");
-            EXPECT_TRUE(files().empty());
-            EXPECT_EQ(result() == nullptr, !row.folder.empty() && removes);
-            EXPECT_TRUE(!result() || result()->file == old_reference(row));
+            run(row, {.delete_lost_sources = removes, .save_layer_files = true}, false);
+            const bool is_lost = !row.folder.empty();
+            EXPECT_EQ(is_lost ? texts{u"S: Lost files a:b\n"} : texts{}, problems) << row.type;
+            EXPECT_EQ(std::vector<std::string>{}, files()) << row.type;
+            EXPECT_EQ(is_lost && removes ? u"no layer" : reference(row, src(u"")), found) << row.type;
         }
     }
 }
 
 TEST_F(layer_kinds, after_a_failed_copy_the_user_is_told_and_the_layer_names_the_new_place) {
-    struct : forwarding_system {
-        bool copy_file(const wide_string&, const wide_string&, bool) override { return false; }
-    } faults;
+    faulty_system faults({faulty_system::call::copy}, 1, SIZE_MAX);
     const platform::system_override in_force(faults);
     for (const kind_row& row : kinds) {
-        SCOPED_TRACE(row.type);
-        begin(row);
-        settings.save_layer_files = false;
-        run();
-        EXPECT_EQ(problems.starts_with(u"S: Copy error " + path_file_name(old_reference(row))),
-                  !row.folder.empty());
-        EXPECT_TRUE(files().empty());
-        EXPECT_EQ(result()->file, new_reference(row));
+        run(row, {});
+        const wide_string told = u"S: Copy error " + path_file_name(reference(row, src(u"")));
+        EXPECT_EQ(!row.folder.empty(), !problems.empty() && problems[0].starts_with(told)) << row.type;
+        EXPECT_EQ(std::vector<std::string>{}, files()) << row.type;
+        EXPECT_EQ(new_reference(row), found) << row.type;
     }
 }
 
 TEST_F(layer_kinds, a_type_that_nothing_resaves_is_told_once_and_its_layer_keeps_its_old_reference) {
-    vestra::scene& flat = scene_2d();
+    builder.scene_2d(u"S");
     for (const char* type : {"wfs_pnt_lr2d", "wfs_pnt_lr2d", "RTR_LR2D", "segy_lr3d"})
-        add(flat, type, write(src(u"a.tif")));
-    deselected = {flat.at(0)->id.text()};
-    run();
-    EXPECT_EQ(context->report.unprocessed_types,
-              (std::set<wide_string>{u"RTR_LR2D", u"segy_lr3d", u"wfs_pnt_lr2d"}));
-    ASSERT_EQ(copy->scenes_2d.at(0)->count(), 4U); // not even one that was left out goes
-    EXPECT_EQ(layer_2d().file, src(u"a.tif"));
-    EXPECT_TRUE(files().empty());
-}
-
-TEST_F(layer_kinds, with_a_folder_for_each_scene_a_well_keeps_its_old_file) {
-    vestra::scene& scene = scene_2d();
-    add(scene, "plugin_lr_2d_well_profil_2", write(src(u"w.wel")));
-    add(scene, "rtr_lr2d", write(src(u"a.tif")));
-    settings.structure_variant = folder_per_scene;
-    run();
-    EXPECT_EQ(files(), std::vector<std::string>{"S/prj/a.tif"});
-    EXPECT_EQ(layer_2d().file, src(u"w.wel"));
-    EXPECT_EQ(problems, u"");
+        builder.layer(type, u"L", write(src(u"a.tif")));
+    unticked = {u"L"}; // not even one that is left out goes
+    layer_run::run();
+    EXPECT_EQ((std::set<wide_string>{u"RTR_LR2D", u"segy_lr3d", u"wfs_pnt_lr2d"}),
+              context->report.unprocessed_types);
+    const std::string kept = " L=C:\\prj\\a.tif";
+    EXPECT_EQ("\nS:" + kept + kept + kept + kept + "\n", outcome());
 }
 
 TEST_F(layer_kinds, a_file_used_twice_is_copied_once) {
-    vestra::scene& scene = scene_2d();
-    add(scene, "tld_lr2d", write(src(u"a.tld")));
-    add(scene, "rtr_lr2d", u"C:\\PRJ\\.\\A.tld"); // saved first, and so the one that gives the folder
-    run();
-    EXPECT_EQ(files(), std::vector<std::string>{"rtr/A.tld"});
-    for (const uint32_t layer : {0U, 1U}) EXPECT_EQ(layer_2d(layer).file, out(u"rtr\\A.tld"));
+    builder.scene_2d(u"S").layer("tld_lr2d", u"L", write(src(u"a.tld")));
+    builder.layer("rtr_lr2d", u"R", u"C:\\PRJ\\.\\A.tld"); // saved first, so it gives the folder
+    layer_run::run();
+    EXPECT_EQ("rtr/A.tld \nS: L=rtr\\A.tld R=rtr\\A.tld\n", outcome());
 }
 
 } // namespace vs::project_resave

@@ -9,26 +9,23 @@ TEST_F(layer_references, a_link_is_the_uuid_as_the_host_writes_it_between_any_st
     for (const auto& [before, behind, is_found] :
          {std::tuple(u"*", u"*", true), {u"", u"", true}, {u"***", u"*", true}, {u"*{", u"}*", false}}) {
         clear();
-        const wide_string id = left_out(u"linked").id.text(), link = before + id + behind;
-        add(scene_3d(), "map_lr3d", link);
+        const wide_string link = before + builder.id(u"linked") + behind;
+        left_out(u"linked").scene_3d(u"S").layer("map_lr3d", u"L", link);
         script.answers = {answer::yes};
         settings.delete_lost_sources = true;
         run();
-        EXPECT_EQ(scenes(), is_found ? names{u"linked"} : names{});
-        EXPECT_EQ(questions(), is_found ? 1U : 0U);
-        ASSERT_EQ(copy->scenes_3d.at(0)->count(), 1U);
-        EXPECT_EQ(copy->scenes_3d.at(0)->at(0)->file, link);
+        EXPECT_EQ((is_found ? "\nlinked:\nS: L=" : "\nS: L=") + platform::to_utf8(link) + "\n", outcome());
+        EXPECT_EQ(is_found ? 1U : 0U, questions());
     }
 }
 
 TEST_F(layer_references, a_scene_with_some_of_its_layers_counts_as_not_selected) {
-    write(src(u"a.tif"));
-    vestra::scene& target = scene_2d();
-    deselected = {add(target, "rtr_lr2d", src(u"a.tif")).id.text()};
-    add(scene_3d(), "map_lr3d", u"*" + target.id.text() + u"*");
+    builder.scene_2d(u"S").layer("rtr_lr2d", u"R", write(src(u"a.tif")));
+    builder.scene_3d(u"Solid").layer("map_lr3d", u"L", u"*" + builder.id(u"S") + u"*");
+    unticked = {u"R"};
     script.answers = {answer::yes};
     run();
-    EXPECT_EQ(files(), std::vector<std::string>{"rtr/a.tif"});
+    EXPECT_EQ(std::vector<std::string>{"rtr/a.tif"}, files());
 }
 
 } // namespace vs::project_resave

@@ -4,7 +4,6 @@
 #include "layers/resave_tos_layers.h"
 #include "reference_host/api/handles.h"
 #include "tests/layers/layer_run.h"
-#include "tests/support/forwarding_system.h"
 
 namespace vs::project_resave {
 
@@ -25,17 +24,20 @@ protected:
         }
     }
 
-    vestra::layer& add_tos(vestra::scene& scene, const elements& texts, size_t size = 70) {
-        vestra::layer& layer = add(scene, "tos_grid_lr2d", src(u"main.tos"));
+    // To the scene that was begun last.
+    vestra::layer& add_tos(const elements& texts, size_t size = 70, wide_view file = u"main.tos") {
+        vestra::layer& layer = builder.layer("tos_grid_lr2d", u"L", src(file)).last();
         vestra::tuple record;
         record.elements.resize(size);
         for (const auto& [place, text] : texts) record.elements[place].value = text;
         layer.extras.set(record_key).value = record;
         return layer;
     }
-    static elements texts_of(vestra::layer& layer) {
+    // Of a layer of the new project.
+    elements texts_of(uint32_t layer, uint32_t scene = 0) const {
         elements result;
-        const auto& record = layer.extras.find(record_key)->as_tuple()->elements;
+        vestra::layer& shown = *copy->scenes_2d.at(scene)->at(layer);
+        const auto& record = shown.extras.find(record_key)->as_tuple()->elements;
         EXPECT_EQ(record.size(), 70U);
         for (size_t place = 0; place < record.size(); ++place)
             if (const wide_string* text = record[place].as_text()) result[place] = *text;
@@ -75,10 +77,11 @@ TEST_F(tos_layers, files_of_a_complex_model_come_along_and_the_record_names_them
             SCOPED_TRACE(testing::Message() << testing::PrintToString(row.before) << ' ' << size);
             clear_run();
             settings.delete_lost_sources = true; // a lost model file does not cost the layer
-            add_tos(scene_2d(), row.before, size);
+            builder.scene_2d(u"S");
+            add_tos(row.before, size);
             run();
-            EXPECT_EQ(texts_of(layer_2d()), row.after);
-            EXPECT_EQ(problems, row.problems.empty() ? u"" : u"S: " + row.problems);
+            EXPECT_EQ(texts_of(0), row.after);
+            EXPECT_EQ(problems, row.problems.empty() ? texts{} : texts{u"S: " + row.problems});
             std::vector<std::string> expected;
             for (const wide_string& stem : path_split(row.copied, u" ", true))
                 for (const char* extension : {".tod", ".tos"})
@@ -89,55 +92,52 @@ TEST_F(tos_layers, files_of_a_complex_model_come_along_and_the_record_names_them
 }
 
 TEST_F(tos_layers, layers_that_share_a_model_file_name_one_copy_each_from_its_own_place) {
-    vestra::scene& scene = scene_2d();
-    add_tos(scene, {{9, u"sub\\c.tos"}});
-    add_tos(scene, {{9, u"..\\main.tos"}}).file = src(u"sub\\c.tos"); // saved first
-    vestra::layer& cutline = add_tos(scene, {{9, u"a.tos"}});
+    builder.scene_2d(u"S");
+    add_tos({{9, u"sub\\c.tos"}});
+    add_tos({{9, u"..\\main.tos"}}, 70, u"sub\\c.tos"); // saved first
+    vestra::layer& cutline = add_tos({{9, u"a.tos"}});
     cutline.meta_id = "grid_cutline_lr2d";
     cutline.file = u"*" + cutline.file;
     settings.structure_variant = from_project_folder;
     run();
-    EXPECT_EQ(files(),
-              (std::vector<std::string>{"a.tod", "a.tos", "main.tod", "main.tos", "sub/c.tod", "sub/c.tos"}));
-    EXPECT_EQ(texts_of(layer_2d(0))[9], u"sub\\c.tos");
-    EXPECT_EQ(texts_of(layer_2d(1))[9], u"..\\main.tos");
-    EXPECT_EQ(texts_of(layer_2d(2))[9], out(u"a.tos")); // a marked reference is no folder to start from
+    EXPECT_EQ("a.tod a.tos main.tod main.tos sub/c.tod sub/c.tos \nS: L=main.tos L=sub\\c.tos L=*main.tos\n",
+              outcome());
+    EXPECT_EQ(texts_of(0)[9], u"sub\\c.tos");
+    EXPECT_EQ(texts_of(1)[9], u"..\\main.tos");
+    EXPECT_EQ(texts_of(2)[9], out(u"a.tos")); // a marked reference is no folder to start from
 }
 
 TEST_F(tos_layers, with_a_folder_for_each_scene_each_has_the_model_files_it_names) {
-    add_tos(scene_2d(), {{9, u"a.tos"}, {15, u"..\\prj\\main.tos"}});
-    vestra::scene& other = scene_2d();
-    other.caption = u"T";
-    add_tos(other, {{44, u"a.tos"}}).file = src(u"sub\\c.tos"); // which is in no folder of the model file
-    add_tos(other, {{9, u"sub\\c.tos"}});
+    builder.scene_2d(u"S");
+    add_tos({{9, u"a.tos"}, {15, u"..\\prj\\main.tos"}});
+    builder.scene_2d(u"T");
+    add_tos({{44, u"a.tos"}}, 70, u"sub\\c.tos"); // which is in no folder of the model file
+    add_tos({{9, u"sub\\c.tos"}});
     settings.structure_variant = folder_per_scene;
     run();
-    EXPECT_EQ(files(), (std::vector<std::string>{"S/prj/a.tod", "S/prj/a.tos", "S/prj/main.tod",
-                                                 "S/prj/main.tos", "T/prj/main.tod", "T/prj/main.tos",
-                                                 "T/prj/sub/c.tod", "T/prj/sub/c.tos"}));
-    EXPECT_EQ(texts_of(layer_2d())[9], u"a.tos");
-    EXPECT_EQ(texts_of(layer_2d())[15], u"main.tos");
-    EXPECT_EQ(texts_of(*copy->scenes_2d.at(1)->at(1))[9], u"sub\\c.tos");
-    EXPECT_EQ(problems, u"T: " + lost(523)); // there is no sub\\a.tos
+    EXPECT_EQ("S/prj/a.tod S/prj/a.tos S/prj/main.tod S/prj/main.tos "
+              "T/prj/main.tod T/prj/main.tos T/prj/sub/c.tod T/prj/sub/c.tos \n"
+              "S: L=S\\prj\\main.tos\nT: L=T\\prj\\sub\\c.tos L=T\\prj\\main.tos\n"
+              "!T: " +
+                  platform::to_utf8(lost(523)), // there is no sub\\a.tos
+              outcome());
+    EXPECT_EQ(texts_of(0)[9] + texts_of(0)[15] + texts_of(1, 1)[9], u"a.tosmain.tossub\\c.tos");
 }
 
 TEST_F(tos_layers, a_model_file_that_is_not_copied_is_told_and_named_in_its_new_place) {
-    struct : forwarding_system {
-        bool copy_file(const wide_string& from, const wide_string& to, bool replace) override {
-            return !from.ends_with(u"a.tod") && forwarding_system::copy_file(from, to, replace);
-        }
-    } faults;
-    add_tos(scene_2d(), {{9, u"a.tos"}, {15, u"gone.tos"}});
-    const platform::system_override in_force(faults);
+    builder.scene_2d(u"S");
+    add_tos({{9, u"a.tos"}, {15, u"gone.tos"}});
+    write(out(u"tos\\a.tod"), "in the way");
     run();
-    EXPECT_EQ(texts_of(layer_2d())[9], u"a.tos");
-    EXPECT_EQ(problems, u"S: Copy error a.tod\n" + lost(524));
+    EXPECT_EQ(texts_of(0)[9], u"a.tos");
+    EXPECT_EQ(problems, texts{u"S: Copy error a.tod\n" + lost(524)});
 }
 
 TEST_F(tos_layers, the_style_of_a_one_dimensional_grid_alone_survives_a_save) {
     for (const bool kept : {true, false}) {
         const wide_string expected = kept ? u"red" : u"blue";
-        vestra::layer& layer = add(scene_2d(), kept ? "tos_grid_lr1d" : "tos_grid_lr2d", src(u"main.tos"));
+        vestra::layer& layer =
+            builder.scene_2d(u"S").layer(kept ? "tos_grid_lr1d" : "tos_grid_lr2d", u"L").last();
         layer.style = std::make_unique<vestra::style_manager>("curve");
         layer.style->values = {{u"colour", u"red", {}}};
         layer.styles = std::make_unique<vestra::style_manager_list>("curves");

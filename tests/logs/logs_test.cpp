@@ -59,23 +59,8 @@ TEST_F(logs, every_message_is_the_block_of_lines_that_people_search_for) {
     log.service_begin(u"s");
     log.service_end(u"s");
     log.service_file_removed(u"s");
-    // "~" stands for the end of a block.
-    const std::string expected =
-        "\xF0\x90\x90\x80 слой\nnarrow\ncut\nProject file save fail\n"
-        "Failure copying file: \nC:\\a\\b.shp\n~Failure know new name for file \n\n~No file \nf\n~"
-        "Failure saved layer \nn\n scene 2D. Check the contents of the new project.\n~"
-        "Failure saved layer \nw\n scene 2D. Check the contents of the new project.\n~"
-        "Failure saved layer \nw\n scene 3D. Check the contents of the new project.\n~"
-        "File \nold\n already exists and has been resave the name \nnew\n~"
-        "Missing in original project layer 2d has been deleted from the new project\n~"
-        "Missing in original project layer 3d has been deleted from the new project\n~"
-        "Missing in original project dbf table has been deleted from the new project\n~"
-        "Missing in original project oat table has been deleted from the new project\n~"
-        "Scene\ns\n can not be loaded\n~Begin resave service \ns\n~End resave service \ns\n~"
-        "Missing file has been deleted from service \ns\n~";
-    std::string bytes;
-    for (const char c : expected) bytes += c == '~' ? " \n\r\n" : c == '\n' ? "\r\n" : std::string(1, c);
-    EXPECT_EQ(disk.read(u"run_log.txt"), bytes);
+    std::ifstream expected(VS_SOURCE_DIR "/tests/logs/expected/every_message.txt", std::ios::binary);
+    EXPECT_EQ(disk.read(u"run_log.txt"), std::string(std::istreambuf_iterator<char>(expected), {}));
 }
 
 TEST_F(logs, a_log_that_is_off_or_has_no_folder_writes_nothing_and_one_left_open_goes_on) {

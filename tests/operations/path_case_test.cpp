@@ -1,6 +1,5 @@
-// The check of letter case: what is reported, and that its cost keeps step with the project.
+// The check of letter case. That its cost keeps step with the project is measured by bench/run.
 #include "framework/strings.h"
-#include "tests/support/faulty_system.h"
 #include "tests/support/host_fixture.h"
 #include "tests/support/project_builder.h"
 
@@ -62,23 +61,6 @@ TEST_F(path_case, every_spelling_but_the_disks_own_is_told_and_what_is_no_file_o
         EXPECT_EQ(row.told, check(row.told.empty() ? 530 : 529));
         context->selection.set_selected(built.id(u"W"), false);
         EXPECT_EQ("", check(530));
-    }
-}
-
-TEST_F(path_case, the_disk_is_asked_as_often_for_each_file_of_a_large_project_as_of_a_small_one) {
-    size_t calls_of_fifty = 0;
-    for (const size_t count : {50U, 500U}) {
-        project_builder built;
-        built.scene_2d(u"S");
-        for (uint32_t index = 0; index < count; ++index)
-            built.layer(well, u"W", write(c + u"wells\\" + decimal(index) + u".wel"));
-        built.save(source);
-        load();
-        faulty_system counted({faulty_system::call::kind, faulty_system::call::true_name});
-        const platform::system_override in_force(counted);
-        EXPECT_TRUE(context->check_path_case(report));
-        if (count == 50) calls_of_fifty = counted.count;
-        EXPECT_EQ(calls_of_fifty * count / 50, counted.count);
     }
 }
 

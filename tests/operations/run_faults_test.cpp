@@ -47,6 +47,7 @@ TEST_F(run_faults, a_copy_that_fails_is_named_in_report_and_log_and_all_others_a
         const wide_string reported = is_in_folder ? u"w.wel" : path_file_name(failed);
         const wide_string logged = is_in_folder ? u"C:\\data\\w" : failed;
         EXPECT_EQ(u"Copy error " + reported + u"\n", context->report.problems[0].text);
+        EXPECT_FALSE(context->placement.is_placed(failed)) << "nothing may come to refer to it";
         EXPECT_NE(std::string::npos,
                   read(u"N:\\out\\new_log.txt")
                       .find("Failure copying file: \r\n" + platform::to_utf8(logged) + "\r\n \n"));
@@ -73,9 +74,10 @@ TEST_F(run_faults, a_run_that_breaks_off_leaves_nothing_loaded_and_the_next_one_
 }
 
 TEST_F(run_faults, a_load_that_breaks_off_is_told_and_leaves_nothing_and_the_next_one_is_whole) {
-    vestra::scene map(vestra::dimension::flat);
-    map.make_layer("rtr_lr2d").file = u"C:\\data\\r.tif";
-    ASSERT_FALSE(vestra::files::write_scene(u"C:\\prj\\m._sn", map));
+    project_builder()
+        .scene_2d(u"M")
+        .layer("rtr_lr2d", u"R", u"C:\\data\\r.tif")
+        .save_scene(u"C:\\prj\\m._sn");
     project_builder().scene_2d(u"S").layer("vs_scene_layer_meta_id", u"M", u"C:\\prj\\m._sn").save(source);
     for (size_t at = 1, failures = 1; failures != 0; ++at) {
         script.events.clear();

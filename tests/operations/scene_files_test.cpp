@@ -30,12 +30,6 @@ protected:
         EXPECT_EQ(0U, script.open_windows);
         return files();
     }
-    // Of the one layer in a scene file.
-    wide_string file_in(const wide_string& name) {
-        vestra::scene scene(vestra::dimension::flat);
-        EXPECT_FALSE(vestra::files::read_scene(n + name, scene)) << platform::to_utf8(name);
-        return scene.count() == 1 ? scene.at(0)->file : wide_string();
-    }
 
 private:
     const std::filesystem::path before_;
@@ -57,8 +51,8 @@ TEST_F(scene_files, have_names_that_a_disk_takes_and_move_with_the_data_beside_t
     EXPECT_EQ(names, write_files(1)) << "the last name with a further number";
     std::filesystem::current_path(native("n")); // Windows moves no folder that is the current one
     std::filesystem::rename(native("n") / "out", native("n") / "moved");
-    EXPECT_EQ(n + u"moved\\1.tif", file_in(u"moved\\A._sn"));
-    EXPECT_EQ(n + u"moved\\2.tif", file_in(u"moved\\A(1)._sn"));
+    EXPECT_EQ("A: L=N:\\moved\\1.tif\n", scene_outline(n + u"moved\\A._sn"));
+    EXPECT_EQ("A: L=N:\\moved\\2.tif\n", scene_outline(n + u"moved\\A(1)._sn"));
     std::filesystem::rename(native("n") / "moved", native("n") / "out");
 }
 

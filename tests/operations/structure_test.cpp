@@ -29,41 +29,29 @@ protected:
     structure_settings wanted;
 };
 
-struct flag_set {
-    const char* file; // below tests/operations/expected
-    structure_settings settings;
-};
-
-const flag_set flag_sets[] = {
-    {"structure_no_flags_tab.txt", {.indent_text = u"\t"}},
-    {"structure_layers_paths_no_indent.txt",
-     {.write_layer_names = true, .write_file_paths = true, .indent_text = u""}},
-    {"structure_tables_layouts_legends_legend_columns_two_blanks.txt",
-     {.write_table_names = true,
-      .write_layout_layers = true,
-      .write_legend_content = true,
-      .write_legend_columns = true,
-      .indent_text = u" ",
-      .indent_repeat = 2}},
-    {"structure_all_flags_tab.txt",
-     {.write_layer_names = true,
-      .write_table_names = true,
-      .write_table_columns = true,
-      .write_layout_layers = true,
-      .write_legend_content = true,
-      .write_legend_columns = true,
-      .write_file_paths = true,
-      .indent_text = u"\t"}},
-};
-
 TEST_F(structure_text, of_the_sample_is_the_committed_file_byte_for_byte_and_changes_nothing) {
+    using all = structure_settings;
+    bool all::*const flags[] = {&all::write_layer_names,    &all::write_table_names,
+                                &all::write_table_columns,  &all::write_layout_layers,
+                                &all::write_legend_content, &all::write_legend_columns,
+                                &all::write_file_paths};
+    const struct {
+        const char* file; // below tests/operations/expected
+        std::string_view flags;
+        wide_view indent;
+        uint32_t repeat = 1;
+    } rows[] = {{"structure_no_flags_tab.txt", "0000000", u"\t"},
+                {"structure_layers_paths_no_indent.txt", "1000001", u""},
+                {"structure_tables_layouts_legends_legend_columns_two_blanks.txt", "0101110", u" ", 2},
+                {"structure_all_flags_tab.txt", "1111111", u"\t"}};
     copy_sample();
     const tree_state before = sources();
     load();
-    for (const flag_set& each : flag_sets) {
-        wanted = each.settings;
-        wanted.output_path = text_file.c_str();
-        EXPECT_EQ(expected(each.file), save());
+    for (const auto& row : rows) {
+        for (size_t flag = 0; flag < std::size(flags); ++flag) wanted.*flags[flag] = row.flags[flag] == '1';
+        wanted.indent_text = row.indent;
+        wanted.indent_repeat = row.repeat;
+        EXPECT_EQ(expected(row.file), save());
         EXPECT_EQ(std::vector<wide_string>{load_string(511)}, messages());
     }
     EXPECT_EQ("", difference(before, sources()));

@@ -11,7 +11,6 @@
 #include "host/vsk_xml_save_prj.h"
 #include "reference_host/api/handles.h"
 #include "reference_host/shell/settings.h"
-#include "tests/support/temporary_folder.h"
 
 namespace {
 
@@ -43,20 +42,7 @@ TEST_F(host_api, an_index_beyond_the_end_and_a_null_handle_are_harmless) {
     EXPECT_EQ(host_string(vs_attr_data_get_wcaption, static_cast<vs_attr_data*>(nullptr)), u"");
     EXPECT_EQ(vs_xml_data_load_prj_w(nullptr, u"C:\\a._vp", handle), 0U);
     EXPECT_EQ(vs_dib_create(0xFFFFFFFF, 0xFFFFFFFF), nullptr) << "nor what does not fit into memory";
-}
-
-TEST_F(host_api, a_project_that_cannot_be_read_stays_as_it_was_and_the_reason_is_kept) {
-    const temporary_folder folder;
-    const wide_string broken = folder.write(u"b._vp", "<project version=\"1\">\n<nonsense/>\n</project>\n");
-    project.scenes_2d.make_scene();
     vestra::shell::settings().open_project = &project;
-    vs_xml_save_prj* const xml = vs_xml_save_prj_create();
-    EXPECT_EQ(vs_xml_data_load_prj_w(xml, broken.c_str(), handle), 0U);
-    EXPECT_TRUE(vestra::shell::settings().read_error.starts_with(broken + u":2: "));
-    EXPECT_EQ(project.scenes_2d.count(), 1U);
-    EXPECT_EQ(vs_xml_data_save_prj_w(xml, folder.path(u"no\\such\\folder._vp").c_str(), handle), 0U);
-    EXPECT_NE(vestra::shell::settings().write_error, u"");
-    vs_xml_save_prj_destroy(xml);
     vs_prj_destroy(std::exchange(handle, nullptr));
     EXPECT_EQ(vs_prj_get_instance(), nullptr) << "the open one has gone";
 }

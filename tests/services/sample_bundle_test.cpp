@@ -14,13 +14,10 @@ any tuple_of(const texts& all) {
 class sample_bundle : public services_run {
 protected:
     sample_bundle() {
-        write(u"C:\\prj\\relief.tif");
-        write(u"C:\\prj\\field\\quarry.txt");
-        write(u"C:\\prj\\field\\quarry.csv");
-        write(u"C:\\prj\\field\\pics\\a.jpg");
-        write(u"C:\\prj\\field\\pics\\deep\\b.jpg");
-        write(u"C:\\prj\\field\\bridge.txt");
-        builder.scene_2d(u"Area").layer("rtr_lr2d", u"Relief", u"C:\\prj\\relief.tif");
+        for (const wide_string name :
+             {u"quarry.txt", u"quarry.csv", u"pics\\a.jpg", u"pics\\deep\\b.jpg", u"bridge.txt"})
+            write(u"C:\\prj\\field\\" + name);
+        builder.scene_2d(u"Area").layer("rtr_lr2d", u"Relief", write(u"C:\\prj\\relief.tif"));
         pin({u"Quarry, east", u"C:\\prj\\field\\QUARRY.txt"});
         pin({u"Quarry", u"C:\\prj\\field\\quarry.txt", u"quarry.csv", u"pics"});
         pin({u"Bridge", u"C:\\prj\\field\\bridge.txt"});
@@ -105,11 +102,10 @@ TEST_F(sample_bundle, a_main_file_whose_name_is_taken_is_not_copied_and_what_bel
 class sketches : public sample_bundle {
 protected:
     sketches() {
-        write(u"C:\\prj\\plan.sketch");
         write(u"C:\\prj\\plan.sketch.legend");
-        builder.model.scenes_2d.at(0)->at(0)->extras.rows().clear();
-        builder.layer("sample_sketch_lr2d", u"Plan", u"C:\\prj\\plan.sketch");
-        builder.model.scenes_2d.at(0)->at(1)->extras.set("sample_sketch") =
+        builder.last().extras.rows().clear();
+        builder.layer("sample_sketch_lr2d", u"Plan", write(u"C:\\prj\\plan.sketch"));
+        builder.last().extras.set("sample_sketch") =
             tuple_of({builder.id(u"Relief"), u"no uuid", builder.id(u"gone")});
         start(true);
     }

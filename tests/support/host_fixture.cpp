@@ -5,7 +5,6 @@
 #include "framework/bundle_entry.h"
 #include "reference_host/files/files.h"
 #include "reference_host/shell/settings.h"
-#include "tests/support/references_of.h"
 
 namespace vs::project_resave {
 
@@ -86,10 +85,69 @@ std::vector<std::string> host_fixture::files() const {
     return found;
 }
 
+namespace {
+
+void add_table(wide_string& text, char16_t mark, const vestra::attr_data& table) {
+    text += mark + table.file;
+    for (const vestra::table_join& join : table.joins) text += u'>' + join.other_source;
+}
+
+void add_scene(wide_string& text, const vestra::scene& shown) {
+    text += shown.caption + (shown.source.empty() ? u":" : u": ") + shown.source;
+    const auto add_layer = [&](wide_view mark, const vestra::layer& layer) {
+        text += wide_string(mark) + layer.caption + (layer.file.empty() ? u"" : u"=") + layer.file;
+        if (layer.data) add_table(text, u'+', *layer.data);
+        if (!layer.legend) return;
+        text += u'{';
+        add_scene(text, *layer.legend);
+        text += u'}';
+    };
+    for (const auto& layer : shown.members()) add_layer(u" ", *layer);
+    if (shown.page) add_layer(u" |", *shown.page);
+    for (uint32_t index = 0; shown.groups && index < shown.groups->count(); ++index)
+        text += u" [" + shown.groups->at(index)->caption + u"]";
+}
+
+} // namespace
+
+std::string host_fixture::outline_of(const vestra::project& project, wide_view folder) {
+    std::vector<const vestra::scene_collection*> all{&project.scenes_2d, &project.scenes_3d,
+                                                     &project.layouts};
+    for (const auto& sheets : project.plugin_scenes) all.push_back(sheets.get());
+    wide_string text;
+    for (const auto* scenes : all)
+        for (const auto& scene : scenes->members()) {
+            add_scene(text, *scene);
+            text += u'\n';
+        }
+    for (const auto& table : project.tables.members()) {
+        text += table->caption;
+        add_table(text, u'=', *table);
+        text += u'\n';
+    }
+    for (size_t at; (at = text.find(folder)) != wide_string::npos;) text.erase(at, folder.size());
+    return platform::to_utf8(text);
+}
+
 std::string host_fixture::outline() const {
     vestra::project made;
     read_back(output, made);
     return outline_of(made, path_head(output));
+}
+
+std::string host_fixture::scene_outline(const wide_string& path) const {
+    vestra::project shown;
+    EXPECT_FALSE(vestra::files::read_scene(path, shown.scenes_2d.make_scene()));
+    return outline_of(shown, path_head(output));
+}
+
+std::string host_fixture::outcome() const {
+    std::string all;
+    for (const std::string& file : files()) all += file + ' ';
+    all += '\n' + outline();
+    for (const auto& problem : context->report.problems)
+        all += platform::to_utf8(u"!" + problem.title + u": " + problem.text);
+    return all;
 }
 
 tree_state host_fixture::sources() const {

@@ -51,8 +51,19 @@ protected:
     }
     // Files of the new folder, in order, with "/", but for the new project.
     std::vector<std::string> files() const;
-    // What the new project holds, see references_of.h; paths in its folder are cut short.
+    // A line for each scene with what is in it, for each sheet and for each table:
+    //
+    //     Area: Roads=shp\roads.shp+shp\roads.dbf Signs{Signs: Road=s.shp} |Page=p.fmt [a group]
+    //     Owners=dbf\owners.dbf>dbf\joined.dbf
+    //
+    // `folder` is left out of all paths.
+    static std::string outline_of(const vestra::project& project, wide_view folder);
+    // That of the new project, and of a file of a 2D scene, without the new project's folder.
     std::string outline() const;
+    std::string scene_outline(const wide_string& path) const;
+    // What came of a run: a line of the files, each with a blank behind it, the outline, and the problems, a
+    // line each behind "!".
+    std::string outcome() const;
     // What C: and D: hold.
     tree_state sources() const;
     // What the front end was told and asked, without the captions of the progress.

@@ -85,9 +85,9 @@ public:
         table_->file = file;
         return *this;
     }
-    // To the table, or the table of the layer, that came last.
+    // To the table, or the table of the layer, that came last, by the field of the join's number.
     project_builder& join(const wide_string& other) {
-        table_->joins.push_back({other, 0, 0});
+        table_->joins.push_back({other, static_cast<int32_t>(table_->joins.size()), 0});
         return *this;
     }
 
@@ -99,6 +99,14 @@ public:
         const auto error = vestra::files::write_project(path, model);
         EXPECT_FALSE(error) << platform::to_utf8(error->text());
     }
+    // The scene alone, as a scene file.
+    void save_scene(const wide_string& path) { EXPECT_FALSE(vestra::files::write_scene(path, *scene_)); }
+    // Begins anew; who has a caption again has its uuid again.
+    void clear() {
+        for (auto* scenes : {&model.scenes_2d, &model.scenes_3d, &model.layouts}) scenes->clear();
+        named_.clear();
+    }
+    vestra::layer& last() { return *scene_->members().back(); }
 
     vestra::project model;
 

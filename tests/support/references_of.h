@@ -1,11 +1,12 @@
-// All paths that a project holds: of its layers, tables, joins, sheets, pages, legends and models, and those
-// in the scene files that its map layers show.
+// All paths that a project holds, and those in the scene files that its map layers show.
 #pragma once
 
 #include <string>
 #include <vector>
 
-#include "reference_host/model/project.h"
+#include "core/paths.h"
+#include "reference_host/files/files.h"
+#include "reference_host/files/reference_walk.h"
 
 namespace vs::project_resave {
 
@@ -13,14 +14,19 @@ struct reference {
     wide_string owner; // caption of the element
     wide_string path;  // whole, without a mark in front
 };
-std::vector<reference> references_of(const vestra::project& project);
 
-// A line for each scene with what is in it, for each sheet, and for each table:
-//
-//     Area: Roads=shp\roads.shp+shp\roads.dbf Relief=rtr\r.tif [a group]
-//     Owners=dbf\owners.dbf>dbf\joined.dbf
-//
-// `folder` is left out where a path begins with it.
-std::string outline_of(const vestra::project& project, wide_view folder = {});
+inline std::vector<reference> references_of(const vestra::project& project) {
+    std::vector<reference> found;
+    const vestra::files::reference_visitor add = [&](const vestra::files::held_reference& held) {
+        const wide_string path(held.text.starts_with(u'*') ? held.text.substr(1) : held.text);
+        if (path_root(path).empty() && !path.starts_with(u"\\")) return; // names a service or an element
+        found.push_back({wide_string(held.caption), path});
+        vestra::scene shown(vestra::dimension::flat);
+        if (held.is_scene && !vestra::files::read_scene(path, shown))
+            vestra::files::visit_references(shown, "scene", add);
+    };
+    vestra::files::visit_references(project, add);
+    return found;
+}
 
 } // namespace vs::project_resave

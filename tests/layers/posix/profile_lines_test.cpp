@@ -7,26 +7,24 @@ using profile_lines = layer_run;
 
 // Sheet > frame > shown > compound profile > solid > link > linked > lines > drawn.
 TEST_F(profile_lines, are_followed_through_every_kind_of_reference_or_through_none) {
-    for (const answer given : {answer::yes, answer::no}) {
-        clear();
-        const wide_string drawn = left_out(u"drawn").id.text();
-        write(src(u"lines.csv"), "NAME,UUID\na,\nb,unknown\nc," + platform::to_utf8(drawn) + "\n");
-        left_out(u"nobody's");
-        vestra::scene& linked = left_out(u"linked");
-        add(linked, "prf_lines_lr2d", u"").source = src(u"lines.csv");
-        vestra::scene& solid = scene_3d();
-        deselected.push_back(solid.id.text());
-        add(solid, "map_lr3d", u"*" + linked.id.text() + u"*");
-        vestra::scene& shown = left_out(u"shown");
-        add(shown, "prf_compound_lr2d", u"").members = names{u"unknown", solid.id.text()};
-        add(named(project->layouts.make_scene()), "layout_scene_frame", u"").frame.emplace(shown.id);
-        const wide_string frame = shown.id.text();
-        script.answers = {given};
+    write(src(u"lines.csv"), "NAME,UUID\na,\nb,unknown\nc," + platform::to_utf8(builder.id(u"drawn")) + "\n");
+    left_out(u"drawn");
+    left_out(u"nobody's");
+    left_out(u"linked").layer("prf_lines_lr2d", u"lines");
+    builder.last().source = src(u"lines.csv");
+    left_out(u"shown").compound(u"profile", {u"unknown", u"solid"});
+    builder.scene_3d(u"solid").layer("map_lr3d", u"link", u"*" + builder.id(u"linked") + u"*");
+    unticked.push_back(u"solid");
+    builder.layout(u"sheet").frame(u"frame", u"shown");
+    for (const bool follows : {true, false}) {
+        script.answers = {follows ? answer::yes : answer::no};
         run();
-        EXPECT_EQ(scenes(), given == answer::yes ? (names{u"drawn", u"linked", u"shown"}) : names{});
-        EXPECT_EQ(copy->scenes_3d.count(), given == answer::yes ? 1U : 0U);
-        EXPECT_EQ(copy->layouts.at(0)->at(0)->frame->id.text(), frame) << "also when the scene stays behind";
-        EXPECT_EQ(questions(), 1U);
+        const std::string solid = "solid: link=*" + platform::to_utf8(builder.id(u"linked")) + "*\n";
+        EXPECT_EQ((follows ? "drawn:\nlinked: lines\nshown: profile\n" + solid : "") + "sheet: frame\n",
+                  outline());
+        EXPECT_EQ(builder.id(u"shown"), copy->layouts.at(0)->at(0)->frame->id.text())
+            << "also when the scene stays behind";
+        EXPECT_EQ(1U, questions());
     }
 }
 
