@@ -75,6 +75,13 @@ TEST_F(copying, what_stands_in_the_way_is_told_and_costs_no_more_than_it_must) {
     }
 }
 
+TEST_F(copying, a_projection_file_that_two_share_is_copied_once) {
+    begin(u"a_tif.pj4");
+    for (const wide_string target : {u"a.tif", u"c.tif"})
+        copy_projection_file(src + u"a.tif", out + target, context);
+    EXPECT_EQ(outcome(true), "a_tif.pj4>a_tif.pj4 ");
+}
+
 TEST_F(copying, a_folder_comes_whole_or_tells_that_it_did_not) {
     begin(u"g\\a\\1 g\\b\\c\\2 g\\3 *old\\3");
     EXPECT_FALSE(copy_folder(src + u"g", out + u"old", false, false));
