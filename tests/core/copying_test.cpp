@@ -4,7 +4,6 @@
 
 #include "core/path_files.h"
 #include "core/paths.h"
-#include "host/vsk_attr_data.h"
 #include "operations/project_context.h"
 #include "platform/system.h"
 #include "platform/text.h"
@@ -55,34 +54,14 @@ protected:
 
 using routine = bool (*)(const wide_string&, const wide_string&, project_context&);
 
-bool raster(const wide_string& source, const wide_string& target, project_context& context) {
-    copy_one(source, target, context);
-    copy_overview_file(source, target, context);
-    return copy_world_files(source, target, context) && copy_projection_file(source, target, context);
-}
-
-bool shape(const wide_string& source, const wide_string& target, project_context& context) {
-    vs_attr_data* const table = vs_attr_data_create();
-    const bool done = copy_shape_family(source, target, table, context);
-    vs_attr_data_destroy(table);
-    return done;
-}
-
 } // namespace
 
-TEST_F(copying, companions_follow_the_main_file_under_its_new_name) {
+TEST_F(copying, what_stands_in_the_way_is_told_and_costs_no_more_than_it_must) {
     const struct {
         routine copy;
         wide_view source, target, present;
         std::string expected;
     } rows[] = {
-        {shape, u"r.shp", u"s_(1).shp", u"r.shp r.shx r.dbf r.cpg r_shp.pj4",
-         "r.cpg>s_(1).cpg r.dbf>s_(1).dbf r.shp>s_(1).shp r.shx>s_(1).shx r_shp.pj4>s_(1)_shp.pj4 "},
-        {raster, u"a.tif", u"b.c.tif", u"a.tif a.tif.ovr a.tfw a.tfr a_tif.pj4",
-         "a.tfr>b.c.tfr a.tfw>b.c.tfw a.tif>b.c.tif a.tif.ovr>b.c.tif.ovr a_tif.pj4>b.c_tif.pj4 "},
-        {raster, u"a.jpeg", u"a.jpeg", u"a.jpeg a.jew a.jer a.jgw", "a.jer>a.jer a.jew>a.jew a.jpeg>a.jpeg "},
-        // A world file that cannot be copied takes its sibling with it.
-        {raster, u"a.tif", u"a.tif", u"a.tif a.tfw a.tfr *a.tfw", "a.tif>a.tif !no"},
         {copy_one, u"a", u"a", u"a *A", "!no"},
         {copy_table, u"t.dbf", u"t.dbf", u"t.dbf t.cpg *t.dbf", "t.cpg>t.cpg !"},
         {copy_file_and_folder, u"w.wel", u"v.wel", u"w.wel w\\l.las w\\c\\a",
@@ -94,6 +73,13 @@ TEST_F(copying, companions_follow_the_main_file_under_its_new_name) {
         const bool result = row.copy(src + wide_string(row.source), out + wide_string(row.target), context);
         EXPECT_EQ(outcome(result), row.expected);
     }
+}
+
+TEST_F(copying, a_projection_file_that_two_share_is_copied_once) {
+    begin(u"a_tif.pj4");
+    for (const wide_string target : {u"a.tif", u"c.tif"})
+        copy_projection_file(src + u"a.tif", out + target, context);
+    EXPECT_EQ(outcome(true), "a_tif.pj4>a_tif.pj4 ");
 }
 
 TEST_F(copying, a_folder_comes_whole_or_tells_that_it_did_not) {

@@ -25,6 +25,7 @@ TEST_F(resaving, a_taken_name_is_numbered_or_asked_for_and_what_stood_there_stay
     } rows[] = {
         {true, false, "shp\\a_(1)", 0}, {false, false, "shp\\a_(1)", 1}, {false, true, "typed\\b", 1}};
     project_builder().scene_2d(u"S").layer("shp_pln_lr2d", u"L", shape(u"C:\\data\\a.shp")).save(source);
+    for (const wide_string companion : {u"a.cpg", u"a_shp.pj4"}) write(u"C:\\data\\" + companion);
     for (const auto& row : rows) {
         remove_tree(u"N:\\out");
         write(u"N:\\out\\shp\\a.shp", "older");
@@ -38,9 +39,9 @@ TEST_F(resaving, a_taken_name_is_numbered_or_asked_for_and_what_stood_there_stay
         EXPECT_EQ(row.asked, dialogs.size());
         EXPECT_EQ("S: L=" + row.becomes + ".shp+" + row.becomes + ".dbf\n", outline());
         EXPECT_EQ("older", read(u"N:\\out\\shp\\a.shp"));
-        for (const wide_view extension : {u".shp", u".shx", u".dbf"})
+        for (const wide_view extension : {u".shp", u".shx", u".dbf", u".cpg", u"_shp.pj4"})
             EXPECT_EQ("data", read(u"N:\\out\\" + platform::from_utf8(row.becomes) + wide_string(extension)));
-        EXPECT_EQ(4U, files().size());
+        EXPECT_EQ(6U, files().size());
     }
 }
 
