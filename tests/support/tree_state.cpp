@@ -3,6 +3,7 @@
 #include <fstream>
 #include <iterator>
 
+#include "platform/volumes.h"
 #include "tests/support/test_drives.h"
 
 namespace vs::project_resave {
@@ -34,7 +35,9 @@ tree_state state_of(const fs::path& folder) {
         if (made.is_folder) continue;
         std::ifstream file(entry.path(), std::ios::binary);
         made.bytes.assign(std::istreambuf_iterator<char>(file), {});
-        made.written = entry.last_write_time();
+        const std::u8string path = entry.path().u8string();
+        const std::string_view bytes(reinterpret_cast<const char*>(path.data()), path.size());
+        made.written = platform::folder_time(platform::drive_path(bytes)); // finer than that of the library
     }
     return state;
 }

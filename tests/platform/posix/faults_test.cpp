@@ -35,7 +35,7 @@ TEST_F(faults, a_full_disk_leaves_no_part_of_a_copy) {
     EXPECT_FALSE(files.copy_file(source, folder.path(u"there.bin"), true));
     ::setrlimit(RLIMIT_FSIZE, &before);
     std::signal(SIGXFSZ, handler);
-    EXPECT_EQ(files.list(folder.path()).size(), 2U);
+    EXPECT_EQ(files.list(folder.path())->size(), 2U);
     EXPECT_EQ(folder.read(u"there.bin"), "old");
     EXPECT_TRUE(files.copy_file(source, folder.path(u"copy.bin"), false));
 }
@@ -55,7 +55,7 @@ TEST_F(faults, an_unreadable_or_special_source_is_refused_without_waiting) {
                   open_result::failed);
     }
     ASSERT_EQ(::seteuid(user), 0);
-    EXPECT_EQ(files.list(folder.path()).size(), 3U);
+    EXPECT_EQ(files.list(folder.path())->size(), 3U);
     EXPECT_TRUE(files.delete_file(folder.path(u"BROKEN")));
 }
 

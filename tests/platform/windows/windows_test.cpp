@@ -30,7 +30,7 @@ TEST(windows, names_of_devices_and_of_streams_are_no_files_and_nothing_is_copied
             EXPECT_FALSE(files.create_folder(path) || files.delete_file(path));
         }
     }
-    EXPECT_EQ(files.list(folder.path()).size(), 1U);
+    EXPECT_EQ(files.list(folder.path())->size(), 1U);
     EXPECT_EQ(folder.read(u"x.txt"), "text");
 }
 
@@ -72,7 +72,7 @@ TEST(windows, a_locked_file_is_told_from_a_lost_one_and_stays_where_it_is) {
         EXPECT_FALSE(files.copy_file(other, path, true));
         EXPECT_FALSE(files.delete_file(path));
         EXPECT_FALSE(files.rename_over(other, path));
-        EXPECT_EQ(files.list(folder.path()).size(), 2U);
+        EXPECT_EQ(files.list(folder.path())->size(), 2U);
     }
     EXPECT_EQ(folder.read(u"log.txt"), "x");
     EXPECT_EQ(files.open(path, access::read_write, disposition::open_existing, opened), open_result::opened);

@@ -75,21 +75,22 @@ public:
         return RemoveDirectoryW(wide(system_path(path).c_str())) != FALSE;
     }
 
-    std::vector<folder_entry> list(const wide_string& path) override {
+    std::optional<std::vector<folder_entry>> list(const wide_string& path) override {
         std::vector<folder_entry> entries;
-        if (kind_of(path) != entry_kind::folder) return entries;
+        if (kind_of(path) != entry_kind::folder) return std::nullopt;
         const bool has_separator = path.ends_with(u'\\') || path.ends_with(u'/');
         const wide_string pattern = system_path(path + (has_separator ? u"*" : u"\\*"));
         WIN32_FIND_DATAW found{};
         const HANDLE search = FindFirstFileW(wide(pattern.c_str()), &found);
-        if (search == INVALID_HANDLE_VALUE) return entries;
+        if (search == INVALID_HANDLE_VALUE) // an empty drive has no entry at all
+            return GetLastError() == ERROR_FILE_NOT_FOUND ? std::optional(entries) : std::nullopt;
         do {
             const wide_view name = text16(found.cFileName);
             if (name != u"." && name != u"..") entries.push_back(entry_of(found));
         } while (FindNextFileW(search, &found));
         const bool is_whole = GetLastError() == ERROR_NO_MORE_FILES;
         FindClose(search);
-        if (!is_whole) return {}; // a part would be taken for the whole
+        if (!is_whole) return std::nullopt;
         std::ranges::sort(entries, {}, &folder_entry::name);
         return entries;
     }
