@@ -67,11 +67,13 @@ protected:
         if (number != wide_string::npos) path.erase(number, path.find(u')') + 1 - number);
         return is_told(path);
     }
-    // A file by its own name, by one of its stem, or by that of the folder it lies in; by its path key.
+    // By its own name, by that of a file of its stem, or of the folder it lies in.
     bool is_told_by_family(const wide_string& path) const {
-        const wide_string told = platform::folded(told_text()), head = path_head(path);
-        return told.find(head + path_stem(path)) != wide_string::npos ||
-               told.find(head.substr(0, head.size() - 1)) != wide_string::npos;
+        const wide_string told = platform::folded(told_text()), stem = path_stem(path);
+        const wide_string folder = path_stem(path_head(path).substr(0, path_head(path).size() - 1));
+        for (const wide_string& name : {stem + u'.', stem + u'\n', folder + u'.', folder + u'\n'})
+            if (told.find(u' ' + name) != wide_string::npos) return true;
+        return false;
     }
     // The report is silent on the scene of a map that cannot be read or written, so that what it shows stays
     // where it was, and on a TOS file that is not there any more when it is opened; `verify` tells of both.
