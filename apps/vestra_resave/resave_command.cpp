@@ -53,16 +53,13 @@ std::vector<wide_string> missing_levels(wide_string folder) {
 class file_stamp {
 public:
     explicit file_stamp(const wide_string& path)
-        : path_(path), existed_(path_exists(path)), time_(time_of(path)) {}
+        : path_(path), existed_(path_exists(path)), time_(platform::folder_time(path)) {}
 
-    bool still_holds() const { return existed_ && path_exists(path_) && time_of(path_) == time_; }
-
-private:
-    static std::filesystem::file_time_type time_of(const wide_string& path) {
-        std::error_code failed;
-        return std::filesystem::last_write_time(platform::native_path(path), failed);
+    bool still_holds() const {
+        return existed_ && path_exists(path_) && platform::folder_time(path_) == time_;
     }
 
+private:
     wide_string path_;
     bool existed_;
     std::filesystem::file_time_type time_;

@@ -27,8 +27,8 @@ wide_string system_path(const wide_string& path) {
     return u"\\\\?\\" + full;
 }
 
-bool add_drive(std::string_view, std::string& message) {
-    message = "drives belong to the system here and cannot be added";
+bool add_drive(std::string_view assignment, std::string& message) {
+    message = "drives belong to the system here and cannot be added: \"" + std::string(assignment) + "\"";
     return false;
 }
 
