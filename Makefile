@@ -53,4 +53,4 @@ check: packages
 	@git ls-files '*.cpp' | grep -v /windows/ | xargs -P 2 -n 4 clang-tidy -p build-debug --quiet
 
 clean:
-	@rm -rf build build-debug build-sanitize build-fuzz build-windows
+	@rm -rf build build-debug build-fast build-sanitize build-fuzz build-windows

@@ -38,6 +38,16 @@ protected:
     project_builder built;
 };
 
+// A path that is not written out in full keeps its place under some structures.
+TEST_F(resave_command, tells_of_a_copy_that_came_to_lie_outside_the_new_folder) {
+    write(u"D:\\gis\\y.tif");
+    built.scene_2d(u"S").layer("rtr_lr2d", u"Y", u"D:/gis/y.tif").save(source);
+    for (const string dry : {" --dry-run", ""}) {
+        EXPECT_EQ(1, command(area + "--structure from-project-folder" + dry)) << err;
+        EXPECT_TRUE(is_told("outside the new project's folder: D:\\gis\\y_(1).tif")) << err;
+    }
+}
+
 TEST_F(resave_command, the_exit_code_tells_how_it_went_and_the_error_output_why) {
     project_builder()
         .scene_2d(u"S")
