@@ -120,4 +120,16 @@ TEST_F(copying, members_of_a_data_set_follow_the_new_name_of_the_main_file) {
               "broken.tos>b.tos ");
 }
 
+TEST_F(copying, erasing_a_tree_spares_what_its_links_lead_to) {
+    disk.write(u"made\\a\\b.shp");
+    disk.write(u"kept\\file");
+    std::error_code unsupported;
+    std::filesystem::create_directory_symlink(disk.native() / "kept", disk.native() / "made/a/link",
+                                              unsupported);
+    EXPECT_TRUE(remove_tree(disk.path(u"made")));
+    EXPECT_FALSE(std::filesystem::exists(disk.native() / "made"));
+    EXPECT_TRUE(remove_tree(disk.path(u"kept\\file"))) << "it must have survived";
+    EXPECT_FALSE(remove_tree(disk.path(u"kept\\file")));
+}
+
 } // namespace vs::project_resave

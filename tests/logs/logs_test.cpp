@@ -59,8 +59,7 @@ TEST_F(logs, every_message_is_the_block_of_lines_that_people_search_for) {
     log.service_begin(u"s");
     log.service_end(u"s");
     log.service_file_removed(u"s");
-    std::ifstream expected(VS_SOURCE_DIR "/tests/logs/expected/every_message.txt", std::ios::binary);
-    EXPECT_EQ(disk.read(u"run_log.txt"), std::string(std::istreambuf_iterator<char>(expected), {}));
+    EXPECT_EQ(disk.read(u"run_log.txt"), committed("tests/logs/expected/every_message.txt"));
 }
 
 TEST_F(logs, a_log_that_is_off_or_has_no_folder_writes_nothing_and_one_left_open_goes_on) {

@@ -87,7 +87,7 @@ TEST_F(resaving, each_choice_decides_what_comes_along_and_under_which_name) {
         resave();
         all += outcome() + '\n';
     }
-    EXPECT_EQ(expected("choices.txt"), all);
+    EXPECT_EQ(committed("tests/operations/expected/choices.txt"), all);
 }
 
 TEST_F(resaving, scene_and_layer_files_refer_to_the_copies_beside_them) {
@@ -151,7 +151,7 @@ TEST_F(resaving, the_log_tells_every_step_in_its_order_and_everything_that_was_n
     settings.delete_lost_sources = settings.write_log = true;
     load_and_resave();
     // Whatever is taken out as lost is a 3D layer here.
-    EXPECT_EQ(expected("log_with_everything.txt"), read(u"N:\\out\\new_log.txt"));
+    EXPECT_EQ(committed("tests/operations/expected/log_with_everything.txt"), read(u"N:\\out\\new_log.txt"));
 }
 
 // The project is saved after the second.

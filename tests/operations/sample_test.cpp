@@ -57,7 +57,9 @@ TEST_P(sample, goes_where_the_structure_says_and_stands_alone_once_it_is_moved) 
     expect_whole_copies(before);
     std::string all;
     for (const std::string& path : files()) all += path + '\n';
-    EXPECT_EQ(expected("sample_in_structure_" + std::to_string(GetParam()) + ".txt"), all + told_of_run());
+    EXPECT_EQ(
+        committed("tests/operations/expected/sample_in_structure_" + std::to_string(GetParam()) + ".txt"),
+        all + told_of_run());
     EXPECT_EQ(kept_as_they_are, astray(u"N:\\out\\"));
     move("n", "out", "moved");
     move("c", "prj", "prj away");
@@ -85,7 +87,8 @@ TEST_P(sample, comes_in_lower_case_without_what_is_left_out_and_beside_what_is_t
         EXPECT_EQ(kept_as_they_are, astray(u"N:\\out\\"));
         all += std::to_string(files().size()) + " files" + told_of_run();
     }
-    EXPECT_EQ(expected("sample_lower_case_" + std::to_string(GetParam()) + ".txt"), all);
+    EXPECT_EQ(committed("tests/operations/expected/sample_lower_case_" + std::to_string(GetParam()) + ".txt"),
+              all);
 }
 
 INSTANTIATE_TEST_SUITE_P(structures, sample, testing::Range(0U, 5U));

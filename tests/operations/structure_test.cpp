@@ -51,7 +51,7 @@ TEST_F(structure_text, of_the_sample_is_the_committed_file_byte_for_byte_and_cha
         for (size_t flag = 0; flag < std::size(flags); ++flag) wanted.*flags[flag] = row.flags[flag] == '1';
         wanted.indent_text = row.indent;
         wanted.indent_repeat = row.repeat;
-        EXPECT_EQ(expected(row.file), save());
+        EXPECT_EQ(committed(std::string("tests/operations/expected/") + row.file), save());
         EXPECT_EQ(std::vector<wide_string>{load_string(511)}, messages());
     }
     EXPECT_EQ("", difference(before, sources()));

@@ -2,9 +2,6 @@
 // person is told of a file that is not as it should be.
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <iterator>
-
 #include "platform/text.h"
 #include "reference_host/files/files.h"
 #include "reference_host/files/reference_walk.h"
@@ -18,10 +15,7 @@ namespace {
 using namespace vs::project_resave;
 
 // One of everything that a project can hold, as the host writes it.
-const std::string everything = [] {
-    std::ifstream file(VS_SOURCE_DIR "/tests/reference_host/everything._vp", std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(file), {});
-}();
+const std::string everything = committed("tests/reference_host/everything._vp");
 
 constexpr const char* id_1 = "00000000-0000-0000-0000-0000000000a1";
 

@@ -59,15 +59,7 @@ wide_string host_fixture::write(const wide_string& path, std::string_view bytes)
 
 std::string host_fixture::read(const wide_string& path) {
     const fs::path native_path = platform::native_path(path);
-    if (!fs::is_regular_file(native_path)) return {};
-    std::ifstream file(native_path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
-std::string host_fixture::expected(const std::string& name) {
-    std::ifstream file(fs::path(VS_SOURCE_DIR) / "tests/operations/expected" / name, std::ios::binary);
-    EXPECT_TRUE(file) << name;
-    return {std::istreambuf_iterator<char>(file), {}};
+    return fs::is_regular_file(native_path) ? bytes_of(native_path) : std::string();
 }
 
 void host_fixture::resave() {

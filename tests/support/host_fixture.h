@@ -39,8 +39,6 @@ protected:
     static wide_string write(const wide_string& path, std::string_view bytes = "data");
     // Its bytes; empty for a folder and for what is not there.
     static std::string read(const wide_string& path);
-    // A committed file of tests/operations/expected.
-    static std::string expected(const std::string& name);
 
     void load() { ASSERT_TRUE(context->load_project(source, false, false)); }
     // Resaves what is loaded; what the front end was told before is forgotten.

@@ -15,6 +15,15 @@
 
 namespace vs::project_resave {
 
+// The bytes of a file; empty if there is none.
+inline std::string bytes_of(const std::filesystem::path& file) {
+    std::ifstream opened(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(opened), {}};
+}
+
+// Those of a file of the source tree.
+inline std::string committed(const std::string& name) { return bytes_of(VS_SOURCE_DIR "/" + name); }
+
 class temporary_folder {
 public:
     temporary_folder() {
@@ -49,10 +58,7 @@ public:
     }
 
     /// The bytes of a file; empty if there is none.
-    std::string read(wide_view name) const {
-        std::ifstream file(platform::native_path(path(name)), std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
-    }
+    std::string read(wide_view name) const { return bytes_of(platform::native_path(path(name))); }
 
 private:
     std::filesystem::path native_;

@@ -1,8 +1,5 @@
 #include "tests/support/tree_state.h"
 
-#include <fstream>
-#include <iterator>
-
 #include "platform/volumes.h"
 #include "tests/support/test_drives.h"
 
@@ -33,8 +30,7 @@ tree_state state_of(const fs::path& folder) {
         entry_state& made = state[entry.path().lexically_relative(folder).generic_string()];
         made.is_folder = entry.is_directory();
         if (made.is_folder) continue;
-        std::ifstream file(entry.path(), std::ios::binary);
-        made.bytes.assign(std::istreambuf_iterator<char>(file), {});
+        made.bytes = bytes_of(entry.path());
         const std::u8string path = entry.path().u8string();
         const std::string_view bytes(reinterpret_cast<const char*>(path.data()), path.size());
         made.written = platform::folder_time(platform::drive_path(bytes)); // finer than that of the library
