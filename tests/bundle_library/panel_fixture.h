@@ -98,7 +98,6 @@ protected:
         return row && vestra::toolkit::check_row(*outline, *row, on);
     }
 
-    texts warnings() const { return script.texts(front::kind::warning); }
     const texts all_scenes{u"Overview", u"Geology", u"Section 1", u"Empty scene"}; // of the sample
     const wide_string same_name = u"You can't resave a project with the same name.";
 

@@ -18,40 +18,6 @@ protected:
     }
 };
 
-TEST_F(tabs, what_needs_another_option_brings_it_along_and_goes_with_it) {
-    const struct {
-        int box;
-        bool on;
-        const char* after; // one after the other
-    } table[] = {{3, true, "1110000"},  {1, false, "0110000"}, {3, false, "0100000"}, {6, true, "0101110"},
-                 {4, false, "0100000"}, {5, true, "0101100"},  {6, true, "0101110"},  {5, false, "0101000"},
-                 {6, true, "0101110"},  {6, false, "0101100"}, {7, true, "0101101"}};
-    open();
-    for (const auto& row : table) {
-        check("struct/check" + std::to_string(row.box), row.on);
-        std::string boxes;
-        for (int box = 1; box <= 7; ++box)
-            boxes += is_checked("struct/check" + std::to_string(box)) ? '1' : '0';
-        EXPECT_EQ(row.after, boxes) << row.box;
-    }
-}
-
-TEST_F(tabs, without_a_path_nothing_starts_and_without_a_project_the_user_is_told) {
-    const std::pair<std::string, wide_string> pages[] = {
-        {"prj", output}, {"struct", u"N:\\out\\area.txt"}, {"scns_xml", u"N:\\out"}};
-    open();
-    for (const auto& [page, path] : pages) {
-        if (page != "prj") turn_to(page);
-        run();
-        EXPECT_TRUE(script.events.empty()) << page;
-        ASSERT_TRUE(enter(page + "/field1", path));
-        run();
-        EXPECT_EQ(texts{u"The project is loaded incorrectly. Please reload the project"}, errors()) << page;
-        ASSERT_TRUE(enter(page + "/field1", u""));
-    }
-    EXPECT_TRUE(written().empty());
-}
-
 // Against the run itself with the settings that the controls stand for.
 TEST_F(tabs, every_structure_and_option_reaches_the_run_from_the_click_to_the_files) {
     copy_sample();
@@ -87,26 +53,6 @@ TEST_F(tabs, every_structure_and_option_reaches_the_run_from_the_click_to_the_fi
         clear_output();
         for (const std::string& box : row.boxes) click(box);
     }
-}
-
-TEST_F(tabs, what_is_unchecked_stays_out_of_the_copy_and_the_source_comes_back_if_wanted) {
-    open_on_sample();
-    const tree_state before = state_of(native("c"));
-    ASSERT_TRUE(check("prj/check7"));
-    ASSERT_TRUE(enter("field1", source));
-    ASSERT_TRUE(enter("prj/field1", output));
-    ASSERT_TRUE(check_row("scn2d/list1/Overview", false));
-    ASSERT_TRUE(check_row("dbf/list1/Owners", false));
-    script.answers = {answer::no, answer::yes}; // no further elements; open the source again
-    run();
-    const std::string log = difference(before, state_of(native("c")));
-    EXPECT_TRUE(log.starts_with("new: prj/") && log.find('\n') + 1 == log.size()) << log; // of the load
-    vestra::project copy;
-    read_back(output, copy);
-    EXPECT_EQ(3U, copy.scenes_2d.count());
-    EXPECT_EQ(2U, copy.tables.count());
-    EXPECT_EQ(source, text("field1"));
-    EXPECT_EQ(all_scenes, rows("scn2d/list1"));
 }
 
 TEST_F(tabs, the_structure_is_written_as_the_boxes_and_the_list_say) {

@@ -185,19 +185,6 @@ TEST_F(foreign_services, an_element_has_its_own_file_beside_the_new_project_unde
     EXPECT_EQ("Well: 1: claimed\\w.wsh\n", scene_outline(u"N:\\out\\Well_ 1._sn")) << "as after the resave";
 }
 
-TEST_F(foreign_services,
-       of_three_map_legends_the_first_and_the_third_are_left_when_the_middle_one_is_unticked) {
-    for (const wide_string caption : {u"Geology", u"Soils", u"Water"}) {
-        vestra::map_legend& legend = builder.model.map_legends.make();
-        legend.caption = caption;
-        legend.id = *vestra::uuid::parse(builder.id(caption));
-    }
-    unticked = {u"Soils"};
-    run_anew();
-    ASSERT_EQ(2U, copy->map_legends.count());
-    EXPECT_EQ(u"GeologyWater", copy->map_legends.at(0)->caption + copy->map_legends.at(1)->caption);
-}
-
 class list_service final : public referent<resave_service_impl> {
 public:
     explicit list_service(const bundle_context&) {}

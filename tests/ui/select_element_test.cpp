@@ -1,26 +1,113 @@
-// What the selection panel shows beside the marks: pages, sizes, and when the host must ask again.
+// The selection panel, driven as a host drives it: what no session of the whole window shows, which are in
+// tests/apps/sessions.
+#include "host/toolkit/outline.h"
+#include "reference_host/api/handles.h"
+#include "reference_host/shell/settings.h"
+#include "reference_host/toolkit/element_description.h"
 #include "tests/support/forwarding_system.h"
-#include "tests/ui/select_panel.h"
+#include "tests/support/host_fixture.h"
+#include "tests/support/project_builder.h"
+#include "ui/select_element.h"
 
 namespace vs::project_resave {
 namespace {
 
-using vestra::toolkit::find;
-using vestra::toolkit::look_at;
+using namespace vestra::toolkit;
 
-TEST_F(select_panel, pages_without_content_cannot_be_chosen_until_the_project_is_gone) {
-    const auto enabled = [&] {
-        std::string pages;
-        for (size_t index = 0; index < 8; ++index) pages += page(index).enabled ? 'x' : '.';
-        return pages;
-    };
-    builder.scene_3d(u"Model").table(u"Owners", u"C:\\d.dbf");
-    builder.sheet(vestra::correlations_meta_id, u"Line", u"C:\\l.xml");
-    open();
-    EXPECT_EQ(".xx...x.", enabled());
-    context->close_project();
-    EXPECT_EQ("xxxxxxxx", enabled());
-    EXPECT_EQ("", marks(views::scenes_3d) + marks(views::dbf_tables) + marks(views::correlations));
+// Over a project of two scenes, the first in groups.
+class select_panel : public host_fixture {
+protected:
+    select_panel() {
+        refill_ = context->project_changed_event().connect([this] { fill(); });
+        builder.scene_2d(u"Area").layer("a", u"Roads").layer("b", u"Rivers").layer("c", u"Sites");
+        vestra::scene& area = *builder.model.scenes_2d.at(0);
+        vestra::layer_group& base = area.make_groups().add_group(u"Base");
+        base.add_layer(*area.at(0));
+        base.add_layer(*area.at(1));
+        area.groups->add_layer(*area.at(2));
+        builder.scene_2d(u"Plan").layer("a", u"Walls").save(source);
+    }
+    // Fills the panel again, after a change to the loaded project that no file could hold.
+    void fill() {
+        script.events.clear();
+        panel.set_project(nullptr);
+        if (vs_prj* handle = context->project_handle()) panel.set_project(handle);
+    }
+    element_view look() {
+        element_view view = look_at(panel);
+        name_elements(view);
+        return view;
+    }
+    // The rows of a list.
+    std::string rows(const std::string& list) {
+        const element_view view = look();
+        const std::string text = described(*find_named(view, list));
+        return text.substr(text.find('\n') + 1);
+    }
+    void check(const std::string& path, bool on, decltype(check_row)& act = check_row) {
+        const element_view view = look(), *outline = nullptr;
+        const row_view* row = find_row(view, path, outline);
+        EXPECT_TRUE(row && act(*outline, *row, on)) << path;
+    }
+    bool is_selected(const wide_string& caption) {
+        return context->selection.is_selected(builder.id(caption));
+    }
+
+    project_builder builder;
+    select_element panel{*context};
+
+private:
+    std::shared_ptr<void> refill_;
+};
+
+TEST_F(select_panel, layers_stand_where_the_user_sees_them_in_the_host) {
+    vestra::shell::settings().invert_layers = true;
+    load();
+    EXPECT_EQ("  scn2d/list2/1 [x] Sites\n  scn2d/list2/2 [x] Base\n"
+              "    scn2d/list2/2/1 [x] Rivers\n    scn2d/list2/2/2 [x] Roads\n",
+              rows("scn2d/list2"));
+}
+
+TEST_F(select_panel, what_is_in_the_project_twice_is_left_out_in_both_places) {
+    load();
+    vestra::project& loaded = *vestra::api::to_model(context->project_handle());
+    loaded.scenes_2d.at(1)->at(0)->id = loaded.scenes_2d.at(0)->at(0)->id;
+    loaded.tables.make(); // without identity
+    fill();
+    EXPECT_EQ(std::vector<wide_string>{u"Error select"}, errors());
+    EXPECT_EQ("", rows("dbf/list1")) << "what has no identity has no row";
+    check("scn2d/list2/Base/Roads", false);
+    EXPECT_FALSE(is_selected(u"Roads"));
+    EXPECT_EQ("  scn2d/list1/1 [x] Area\n  scn2d/list1/2 [x] Plan\n", rows("scn2d/list1"))
+        << "two rows, of which only one was clicked";
+}
+
+// What another bundle adds.
+struct listed final : referent<resave_service_impl> {
+    listed(bool under_own_heading, std::vector<vestra::uuid> items)
+        : with_heading(under_own_heading), ids(std::move(items)) {}
+    bool shows_in_selection() override { return true; }
+    bool has_own_heading() override { return with_heading; }
+    void tree_caption(string_visitor visitor) override { tell(visitor, u"Forms"); }
+    vs_uuid* item_uuid(uint32_t index) override { return vestra::api::to_handle<vs_uuid>(&ids.at(index)); }
+    void item_caption(uint32_t, string_visitor visitor) override { tell(visitor, u"form"); }
+    uint32_t item_count() override { return static_cast<uint32_t>(ids.size()); }
+
+    const bool with_heading;
+    std::vector<vestra::uuid> ids;
+};
+
+TEST_F(select_panel, items_of_other_bundles_stand_under_the_headings_these_want) {
+    services.clear();
+    const auto id = [&](const wide_string& caption) { return *vestra::uuid::parse(builder.id(caption)); };
+    for (auto* each : {new listed(true, {id(u"1"), vestra::uuid(), id(u"2")}), new listed(false, {id(u"3")})})
+        services.emplace_back(pointer_to<resave_service_impl>(*each));
+    load();
+    check("plugin/list1/Forms/2", false);
+    EXPECT_EQ("  plugin/list1/1 [-] Forms\n    plugin/list1/1/1 [x] form\n    plugin/list1/1/2 [ ] form\n"
+              "  plugin/list1/2 [x] form\n",
+              rows("plugin/list1"));
+    EXPECT_TRUE(is_selected(u"1") && !is_selected(u"2"));
 }
 
 TEST_F(select_panel, the_size_is_told_in_the_unit_that_fits_it) {
@@ -43,7 +130,7 @@ TEST_F(select_panel, the_size_is_told_in_the_unit_that_fits_it) {
         context->sizes.clear();
         context->sizes.add_file(c + u"any.dat");
         panel.update_size_label();
-        EXPECT_EQ(row.expected, find(look_at(panel), u"label_ex")->text) << row.bytes;
+        EXPECT_EQ(row.expected, find(look(), u"label_ex")->text) << row.bytes;
     }
 }
 
@@ -54,14 +141,13 @@ TEST_F(select_panel, an_outline_has_its_host_ask_again_after_everything_that_cha
         void reset_images() override {}
         int told = 0;
     } layers;
-    builder.scene_2d(u"Area").layer("a", u"Roads");
-    open();
-    const auto live = cast_to<outline_impl>(outline(views::layers_2d).live);
+    load();
+    const auto live = cast_to<outline_impl>(find_named(look(), "scn2d/list2")->live);
     call<&outline_impl::set_events>(live, pointer_to<outline_events_impl>(layers));
-    const std::function<void()> rows[] = {[&] { check(views::scenes_2d, {0}, false); },
-                                          [&] { check(views::layers_2d, {0}, true); },
-                                          [&] { press(views::everything, u"select"); },
-                                          [&] { highlight(views::scenes_2d, {0}); }, [&] { open(); }};
+    const std::function<void()> rows[] = {[&] { check("scn2d/list1/Area", false); },
+                                          [&] { check("scn2d/list2/Sites", true); },
+                                          [&] { check("scn2d/list1/Plan", true, highlight_row); },
+                                          [&] { click_tool(*find_named(look(), "tool1")); }, [&] { load(); }};
     for (const auto& change : rows) {
         layers.told = 0;
         change();
