@@ -104,7 +104,7 @@ TEST_F(command_run, no_file_of_the_project_is_written_over_under_whatever_name) 
     const string structure = "structure 'C:\\prj\\area._vp' '", check = "check-case 'C:\\prj\\area._vp' '";
     for (const string& refused :
          {structure + "C:\\prj\\rasters\\relief.tif", check + "c:/data/../PRJ/Rasters/RELIEF.tif",
-          structure + "C:\\prj\\rasters\\relief.tfw", structure + "C:\\data\\grids\\porosity\\hdr.adf",
+          structure + "D:\\gis\\vector\\pipes.map", structure + "C:\\data\\grids\\porosity\\hdr.adf",
           structure + "C:\\data\\tables\\deposits.dbf", check + "D:\\gis\\tables\\labs.dbf",
           structure + "C:\\prj\\reports\\monthly.rep", structure + "C:\\prj\\model\\map_base.tos",
           structure + "C:\\prj\\maps\\overview._sn", check + "C:\\link\\hard.txt",
