@@ -33,70 +33,42 @@ protected:
         note.insert(note.begin(), builder.id(note[0]));
         notes.as_tuple()->elements.push_back(tuple_of(note));
     }
-    // "caption > file" of each note of the new project.
-    texts notes() {
-        texts all;
+    // A line for each note of the new project: "caption > file".
+    std::string notes() {
+        wide_string all;
         any* kept = copied(0).extras.find("sample_notes");
         for (any& note : kept->as_tuple()->elements)
             if (const auto* row = note.as_tuple(); row->elements.size() > 2)
-                all.push_back(*row->elements[1].as_text() + u" > " + *row->elements[2].as_text());
-        return all;
+                all += *row->elements[1].as_text() + u" > " + *row->elements[2].as_text() + u'\n';
+        return platform::to_utf8(all);
     }
 };
 
+// A folder for each scene has no service asked to save. Where a main file's name is taken, the files keep
+// their own names, and the item is told the numbered one.
 TEST_F(sample_bundle, its_items_go_where_the_structure_wants_them_and_leave_if_unticked_or_lost) {
     start(true);
     unticked = {u"Bridge"};
-    const struct {
-        uint32_t structure;
-        bool delete_lost;
-        wide_string folder; // of the notes below that of the new project
-    } rows[] = {{by_type, false, u"notes\\"},
-                {from_project_folder, true, u"field\\"},
-                {project_tree_else_type, true, u"field\\"},
-                {from_common_top, false, u"prj\\field\\"}};
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.structure);
+    std::string all;
+    for (const resave_settings& row : std::initializer_list<resave_settings>{
+             {},
+             {.structure_variant = from_project_folder, .delete_lost_sources = true},
+             {.structure_variant = project_tree_else_type, .delete_lost_sources = true},
+             {.structure_variant = from_common_top},
+             {.structure_variant = folder_per_scene},
+             {.lower_case = true}}) {
         clear_output();
-        settings.structure_variant = row.structure;
-        settings.delete_lost_sources = row.delete_lost;
+        if (row.lower_case) write(u"N:\\out\\notes\\quarry.txt", "in the way");
+        settings = row;
         run();
-        const wide_string folder = u"N:\\out\\" + row.folder;
-        texts expected = {u"Quarry, east > " + folder + u"quarry.txt", u"Quarry > " + folder + u"quarry.txt",
-                          u"Well > C:\\prj\\field\\well.txt", u"Memory > "};
-        if (row.delete_lost) expected.erase(expected.begin() + 2);
-        EXPECT_EQ(expected, notes());
-        for (const char16_t* file : {u"quarry.txt", u"quarry.csv", u"pics\\a.jpg", u"pics\\deep\\b.jpg"})
-            EXPECT_TRUE(path_exists(folder + file)) << platform::to_utf8(file);
-        EXPECT_FALSE(path_exists(folder + u"bridge.txt"));
-        EXPECT_EQ(texts{u"Layouts: Lost files field_notes\n"}, problems);
+        all += outcome() + notes() + '\n';
     }
-    settings.structure_variant = folder_per_scene; // in which no service is asked to save
-    run();
-    EXPECT_EQ(u"Quarry, east > C:\\prj\\field\\QUARRY.txt", notes().front());
-    EXPECT_EQ(u"N:\\out\\Area\\prj\\relief.tif", copied(0).file);
-    settings.structure_variant = by_type;
+    EXPECT_EQ(committed("tests/services/expected/notes.txt"), all);
+    EXPECT_EQ("in the way", read(u"N:\\out\\notes\\quarry.txt"));
     unticked = {u"Relief"}; // the layer with its notes
     clear_output();
     run();
-    EXPECT_EQ(std::vector<std::string>{}, files());
-    EXPECT_EQ(texts{}, problems);
-}
-
-// The files keep their own names, and the item is told the numbered one.
-TEST_F(sample_bundle, a_main_file_whose_name_is_taken_is_not_copied_and_what_belongs_to_it_is) {
-    start(true);
-    write(u"N:\\out\\notes\\quarry.txt", "in the way");
-    settings.lower_case = true;
-    run();
-    EXPECT_EQ((texts{u"Layouts: Lost files field_notes\nCopy error quarry.txt\nCopy error QUARRY.txt\n"}),
-              problems);
-    const texts kept = notes();
-    EXPECT_EQ(u"Quarry, east > n:\\out\\notes\\quarry_(1).txt", kept.at(0));
-    EXPECT_EQ(u"Quarry > n:\\out\\notes\\quarry_(1).txt", kept.at(1));
-    EXPECT_EQ("in the way", read(u"N:\\out\\notes\\quarry.txt"));
-    EXPECT_FALSE(path_exists(u"N:\\out\\notes\\quarry_(1).txt"));
-    EXPECT_TRUE(path_exists(u"N:\\out\\notes\\quarry.csv"));
+    EXPECT_EQ("\nArea:\n", outcome());
 }
 
 class sketches : public sample_bundle {
@@ -147,7 +119,7 @@ TEST_F(sketches, a_bundle_that_goes_between_load_and_run_takes_nothing_but_its_o
     ASSERT_TRUE(loader.unload(sample_path()));
     resave_and_read();
     EXPECT_EQ(texts{u"Area: Copy error plan.sketch\n"}, problems);
-    EXPECT_EQ(texts{u"Quarry > C:\\prj\\field\\quarry.txt"}, notes());
+    EXPECT_EQ("Quarry > C:\\prj\\field\\quarry.txt\n", notes());
     EXPECT_EQ(std::vector<std::string>{"rtr/relief.tif"}, files());
     EXPECT_EQ(1U, copy->map_legends.count());
     load_sample(); // comes too late for this context, and does no harm
