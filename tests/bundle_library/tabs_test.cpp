@@ -94,10 +94,9 @@ TEST_F(tabs, scene_files_of_the_checked_scenes_get_new_names_or_take_the_old_one
         run();
         std::filesystem::current_path(before);
     };
-    const std::vector<std::string> names{"Empty scene._sn", "Geology._sn", "Section 1._sn"};
     run_in_folder();
     EXPECT_EQ(texts{u"Files *_sn has been saved"}, script.texts(front::kind::message));
-    EXPECT_EQ(names, files());
+    EXPECT_EQ((std::vector<std::string>{"Empty scene._sn", "Geology._sn", "Section 1._sn"}), files());
     write(u"N:\\out\\Geology._sn", "old");
     run_in_folder();
     EXPECT_EQ(6U, files().size());

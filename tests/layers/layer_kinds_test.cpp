@@ -125,11 +125,4 @@ TEST_F(layer_kinds, a_type_that_nothing_resaves_is_told_once_and_its_layer_keeps
     EXPECT_EQ("\nS:" + kept + kept + kept + kept + "\n", outcome());
 }
 
-TEST_F(layer_kinds, a_file_used_twice_is_copied_once) {
-    builder.scene_2d(u"S").layer("tld_lr2d", u"L", write(src(u"a.tld")));
-    builder.layer("rtr_lr2d", u"R", u"C:\\PRJ\\.\\A.tld"); // saved first, so it gives the folder
-    layer_run::run();
-    EXPECT_EQ("rtr/A.tld \nS: L=rtr\\A.tld R=rtr\\A.tld\n", outcome());
-}
-
 } // namespace vs::project_resave

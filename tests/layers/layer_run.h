@@ -1,7 +1,6 @@
 // A project whose data lies in its own folder, resaved and read again.
 #pragma once
 
-#include "framework/strings.h"
 #include "tests/support/builder_run.h"
 
 namespace vs::project_resave {
@@ -28,10 +27,6 @@ protected:
     project_builder& left_out(const wide_string& caption) {
         unticked.push_back(caption);
         return builder.scene_2d(caption);
-    }
-    // How often the user was asked whether to add what is referred to.
-    size_t questions() const {
-        return static_cast<size_t>(std::ranges::count(script.texts(front::kind::yes_no), load_string(214)));
     }
 };
 

@@ -1,11 +1,8 @@
 // The rounds in which selected elements pull in what they refer to.
-#include "framework/strings.h"
 #include "tests/support/builder_run.h"
 
 namespace vs::project_resave {
 namespace {
-
-using kind = vestra::shell::scripted_front_end::kind;
 
 class rounds : public builder_run {
 protected:
@@ -14,9 +11,6 @@ protected:
         script.answers = {given, answer::no};
         run();
         return copy->scenes_2d.count();
-    }
-    size_t times_asked() const {
-        return static_cast<size_t>(std::ranges::count(script.texts(kind::yes_no), load_string(214)));
     }
 };
 
@@ -40,7 +34,7 @@ TEST_F(rounds, follow_a_chain_of_references_as_far_as_twelve_rounds_go_if_the_us
         }
         unticked.pop_back(); // the last alone is selected
         EXPECT_EQ(row.saved, scenes_with(row.given));
-        EXPECT_EQ(row.length > 1 ? 1U : 0U, times_asked());
+        EXPECT_EQ(row.length > 1 ? 1U : 0U, questions());
         EXPECT_EQ(row.exceeded, context->report.depth_exceeded);
     }
 }
@@ -66,7 +60,7 @@ TEST_F(rounds, a_frame_brings_the_scene_it_shows_with_its_layers) {
         remove_tree(u"N:\\out\\rtr");
         unticked = row.left_out;
         EXPECT_EQ(row.scenes, scenes_with(row.given));
-        EXPECT_EQ(row.asked, times_asked());
+        EXPECT_EQ(row.asked, questions());
         EXPECT_EQ(row.files, files().size());
     }
 }

@@ -1,6 +1,7 @@
 // Whole runs of a project that a test builds, of which some elements may be left out.
 #pragma once
 
+#include "framework/strings.h"
 #include "tests/support/host_fixture.h"
 #include "tests/support/project_builder.h"
 
@@ -25,6 +26,11 @@ protected:
             problems.push_back(problem.title + u": " + problem.text);
         copy = std::make_unique<vestra::project>();
         read_back(output, *copy);
+    }
+
+    // How often the user was asked whether to add what is referred to.
+    size_t questions() const {
+        return static_cast<size_t>(std::ranges::count(script.texts(front::kind::yes_no), load_string(214)));
     }
 
     project_builder builder;
