@@ -2,6 +2,8 @@
 // person is told of a file that is not as it should be.
 #include <gtest/gtest.h>
 
+#include <sstream>
+
 #include "platform/text.h"
 #include "reference_host/files/files.h"
 #include "reference_host/files/reference_walk.h"
@@ -17,8 +19,6 @@ using namespace vs::project_resave;
 // One of everything that a project can hold, as the host writes it.
 const std::string everything = committed("tests/reference_host/everything._vp");
 
-constexpr const char* id_1 = "00000000-0000-0000-0000-0000000000a1";
-
 class host_files : public testing::Test {
 protected:
     ~host_files() override { EXPECT_EQ(living_objects(), before_); }
@@ -33,19 +33,6 @@ protected:
         EXPECT_EQ(prj.scenes_2d.count(), 1U);
         EXPECT_TRUE(error->text().starts_with(path + u":"));
         return platform::to_utf8(error->text().substr(path.size() + 1));
-    }
-    // A layer in line 5 of a project, with a uuid and a caption.
-    static std::string with_layer(const std::string& attributes, const std::string& content) {
-        return "<project version='1'>\n<scenes2d>\n<scene uuid='' caption=''>\n<layers>\n<layer uuid='" +
-               std::string(id_1) + "' caption='' " + attributes + ">" + content +
-               "</layer></layers></scene></scenes2d></project>";
-    }
-    static std::string with_extras(const std::string& rows) {
-        return with_layer("type='t'", "<extras>\n" + rows + "</extras>");
-    }
-    static std::string with_groups(const std::string& leaves) {
-        return "<project version='1'><scenes2d><scene uuid='' caption=''><groups>\n" + leaves +
-               "</groups><layers><layer uuid='' caption='' type='t'/></layers></scene></scenes2d></project>";
     }
 
     std::size_t before_ = living_objects();
@@ -112,39 +99,23 @@ TEST_F(host_files, a_failed_write_leaves_the_old_file_and_nothing_else) {
     }
 }
 
+// Behind "## " stands what is told of the lines below it.
 TEST_F(host_files, each_is_refused_with_line_and_reason) {
-    const struct {
-        std::string content;
-        int line;
-        std::string reason; // or its end
-    } rows[] = {
-        {"<project version='1'>\n</scene>", 2, "bad XML: Start-end tags mismatch"},
-        {"\n<scene_file version='1'/>", 2, "the root element is <scene_file>, not <project>"},
-        {"<project version='2'/>", 1, "the version is \"2\", known is only \"1\""},
-        {"<project version='1'>\n\xFF</project>", 2, "the file is no UTF-8 text"},
-        {"\xEF\xBB\xBF<?xml version='1.0'?>\r\n<!-- & -->\r\n<project version='1'>\r\n<maps/></project>", 4,
-         "unknown element <maps> in <project>"},
-        {"<project version='1' colour='red'/>", 1, "element <project> has the unknown attribute \"colour\""},
-        {with_layer("", ""), 5, "element <layer> lacks attribute \"type\""},
-        {with_layer("type='t' parent='00000000-0000-0000-0000-0000000000ff'", ""), 5,
-         "not the uuid of an element of this file"},
-        {with_layer("type='t'", "\n<attributes file=''>\n<join source='' base_field='1.5' other_field='0'/>"
-                                "</attributes>"),
-         7, "attribute \"base_field\" of element <join> is \"1.5\", not a whole number of 32 bits"},
-        {with_layer("type='t'", "</layer>\n<layer type='t' uuid='{" + std::string(id_1) + "}' caption=''>"),
-         6, "0000000000a1 is already that of element <layer> in line 5"},
-        {with_groups("<leaf layer='0'/><group caption=''><leaf layer='0'/></group>"), 2,
-         "\"0\", not a layer that stands in no group yet"},
-        {with_extras("<extra key='k' type='tuple' size='2'><item index='2' type='empty'/></extra>"), 6,
-         "\"2\", not an ascending number below the size"},
-        {with_extras("<extra key='k' type='tuple' size='4294967295'/>"), 6,
-         "not within the 16777216 elements that all tuples of a file may have"},
-    };
-    for (const auto& [content, line, reason] : rows) {
-        const std::string text = told(content);
-        EXPECT_TRUE(text.starts_with(std::to_string(line) + ": ")) << text;
-        EXPECT_TRUE(text.ends_with(reason)) << text;
+    std::istringstream rows(committed("tests/reference_host/refused.txt") + "## ");
+    std::string expected, content;
+    for (std::string line; std::getline(rows, line);) {
+        if (!line.starts_with("## ")) {
+            content += line + '\n';
+            continue;
+        }
+        if (!content.empty()) EXPECT_EQ(expected, told(content));
+        expected = line.substr(3);
+        content.clear();
     }
+    EXPECT_EQ(told("<project version='1'>\n\xFF</project>"), "2: the file is no UTF-8 text");
+    EXPECT_EQ(
+        told("\xEF\xBB\xBF<?xml version='1.0'?>\r\n<!-- & -->\r\n<project version='1'>\r\n<maps/></project>"),
+        "4: unknown element <maps> in <project>");
 }
 
 TEST_F(host_files, depth_and_size_have_limits) {
