@@ -102,13 +102,13 @@ TEST_F(host_files, a_failed_write_leaves_the_old_file_and_nothing_else) {
 // Behind "## " stands what is told of the lines below it.
 TEST_F(host_files, each_is_refused_with_line_and_reason) {
     std::istringstream rows(committed("tests/reference_host/refused.txt") + "## ");
-    std::string expected, content;
+    std::string content, expected = "1: there is no root element <project>"; // in an empty file
     for (std::string line; std::getline(rows, line);) {
         if (!line.starts_with("## ")) {
             content += line + '\n';
             continue;
         }
-        if (!content.empty()) EXPECT_EQ(expected, told(content));
+        EXPECT_EQ(expected, told(content));
         expected = line.substr(3);
         content.clear();
     }
