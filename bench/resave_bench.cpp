@@ -159,11 +159,21 @@ int copy_in_a_loop(const std::filesystem::path& folder, const std::filesystem::p
     return 0;
 }
 
-// Notes when the first file is copied and when the project is begun to be written.
+// Notes when the first file is copied and when the project is begun to be written, and how long the disk is
+// asked what is there.
 class phase_clock : public forwarding_system {
 public:
     platform::entry_status status_of(const wide_string& path) override {
-        return platform::operating_system().status_of(path); // in one question, as without this wrapper
+        const timer running(asking); // in one question, as without this wrapper
+        return platform::operating_system().status_of(path);
+    }
+    platform::entry_kind kind_of(const wide_string& path) override {
+        const timer running(asking);
+        return forwarding_system::kind_of(path);
+    }
+    std::optional<std::vector<platform::folder_entry>> list(const wide_string& path) override {
+        const timer running(asking);
+        return forwarding_system::list(path);
     }
     bool copy_file(const wide_string& source, const wide_string& target, bool replace) override {
         if (!copying) copying = clock_type::now();
@@ -172,9 +182,19 @@ public:
     platform::open_result open(const wide_string& path, platform::access wanted, platform::disposition how,
                                std::unique_ptr<platform::file>& result) override {
         if (how == platform::disposition::create_always) writing = clock_type::now();
+        const timer running(asking);
         return forwarding_system::open(path, wanted, how, result);
     }
     std::optional<clock_type::time_point> copying, writing;
+    double asking = 0; // seconds
+
+private:
+    struct timer {
+        explicit timer(double& sum) : total(sum) {}
+        ~timer() { total += seconds_since(start); }
+        double& total;
+        const clock_type::time_point start = clock_type::now();
+    };
 };
 
 int load(const wide_string& path, int times) {
@@ -215,6 +235,7 @@ int resave(const wide_string& path, const wide_string& target) {
     const auto start = clock_type::now();
     if (!context.load_project(path, false, false)) return 1;
     const auto loaded = clock_type::now();
+    const double asking = phases.asking;
     const double directory = seconds_for_common_directory(context);
     const auto begun = clock_type::now();
     resave_settings settings;
@@ -226,11 +247,11 @@ int resave(const wide_string& path, const wide_string& target) {
     };
     const auto copying = phases.copying.value_or(end), writing = phases.writing.value_or(end);
     const double rounds = between(begun, copying) - directory;
-    std::printf("seconds=%.3f load=%.3f xml=%.3f rounds=%.3f directory=%.3f save=%.3f write=%.3f peak=%ld "
-                "files=%zu\n",
-                between(start, loaded) + between(begun, end), between(start, loaded), xml, rounds, directory,
-                between(copying, writing), between(writing, end), peak_kib(),
-                context.placement.placed.size());
+    std::printf(
+        "seconds=%.3f load=%.3f xml=%.3f disk=%.3f rounds=%.3f directory=%.3f save=%.3f write=%.3f peak=%ld "
+        "files=%zu\n",
+        between(start, loaded) + between(begun, end), between(start, loaded), xml, asking, rounds, directory,
+        between(copying, writing), between(writing, end), peak_kib(), context.placement.placed.size());
     return context.report.saved && context.report.problems.empty() ? 0 : 1;
 }
 

@@ -41,8 +41,14 @@ private:
 
     void add_folder(const wide_string& source, const wide_string& target) {
         const wide_string from = source + (is_separator(source.back()) ? u"" : u"\\");
-        for (const auto& entry : platform::list_tree(platform::current_system(), from))
-            if (!entry.is_folder) add(entry.path, path_join(target, path_relative(from, entry.path)));
+        std::vector<wide_string> unread;
+        const auto place_of = [&](const wide_string& path) {
+            return path_join(target, path_relative(from, path));
+        };
+        for (const auto& entry : platform::list_tree(platform::current_system(), from, &unread))
+            if (!entry.is_folder) add(entry.path, place_of(entry.path));
+        for (const wide_string& path : unread)
+            found_.differing.push_back({path, place_of(path), "unreadable"});
     }
 
     // Empty if there is none, and after a stop.

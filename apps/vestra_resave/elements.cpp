@@ -20,9 +20,6 @@
 #include "host/vsk_tos_data.h"
 #include "operations/project_context.h"
 #include "platform/system.h"
-#include "services/told_count.h"
-#include "services/told_text.h"
-#include "services/wide_string_list.h"
 
 namespace vestra::command {
 
@@ -32,20 +29,13 @@ namespace {
 
 element described(std::string kind, vs_entity* entity, bool selectable = true) {
     element shown;
+    shown.entity = entity;
     shown.kind = std::move(kind);
     shown.type = host_text(vs_entity_get_meta_id(entity));
     shown.caption = host_string(&vs_entity_get_wcaption, entity);
     shown.uuid = uuid_to_text(vs_entity_get_uuid(entity));
     shown.selectable = selectable && !shown.uuid.empty();
     return shown;
-}
-
-void refer_to(element& shown, wide_string reference) {
-    const std::optional<wide_string> path = path_in(reference);
-    shown.file = std::move(reference);
-    if (!path) return;
-    shown.exists = platform::current_system().kind_of(*path) != platform::entry_kind::none;
-    shown.bytes = bytes_of(*path);
 }
 
 void add_joins(element& shown, vs_attr_data* table) {
@@ -150,41 +140,15 @@ element tos_tables(vs_toss_data* all) {
     return shown;
 }
 
-element service_item(const resave_service& service, uint32_t index, bool selectable) {
-    element shown;
-    shown.kind = "item";
-    shown.type = told_text<&resave_service_impl::caption>(service);
-    shown.caption = told_text<&resave_service_impl::item_caption>(service, index);
-    shown.uuid = uuid_to_text(call<&resave_service_impl::item_uuid>(service, index));
-    shown.selectable = selectable && !shown.uuid.empty();
-    refer_to(shown, told_text<&resave_service_impl::item_source>(service, index));
-    const wide_string_list files;
-    call<&resave_service_impl::item_files>(service, index, files);
-    for (const wide_string& file : files.texts()) {
-        if (path_same(file, shown.file)) continue;
-        element& member = shown.children.emplace_back();
-        member.kind = "file";
-        member.caption = path_file_name(file);
-        refer_to(member, file);
-    }
-    return shown;
-}
-
-// What other bundles keep in the project, under the heading that their service wants.
-void add_service(std::vector<element>& all, const resave_service& service) {
-    const bool selectable = call<&resave_service_impl::shows_in_selection>(service);
-    element heading;
-    heading.kind = "collection";
-    heading.caption = told_text<&resave_service_impl::tree_caption>(service);
-    const bool has_heading = call<&resave_service_impl::has_own_heading>(service);
-    std::vector<element>& items = has_heading ? heading.children : all;
-    const uint32_t count = told_count<&resave_service_impl::item_count>(service).value_or(0);
-    for (uint32_t index = 0; index < count; ++index)
-        items.push_back(service_item(service, index, selectable));
-    if (has_heading) all.push_back(std::move(heading));
-}
-
 } // namespace
+
+void refer_to(element& shown, wide_string reference) {
+    const std::optional<wide_string> path = path_in(reference);
+    shown.file = std::move(reference);
+    if (!path) return;
+    shown.exists = platform::current_system().kind_of(*path) != platform::entry_kind::none;
+    shown.bytes = bytes_of(*path);
+}
 
 std::optional<wide_string> path_in(wide_view reference) {
     wide_string path(reference.starts_with(u'*') ? reference.substr(1) : reference);
@@ -213,13 +177,6 @@ std::vector<element> elements_of(project_context& context) {
     for (uint32_t index = 0; index < plugins; ++index)
         all.push_back(flat_scenes("sheet", vs_prj_get_plugin_scns_2d_ptr(project, index)));
     std::ranges::move(kept_by_services(context), std::back_inserter(all));
-    return all;
-}
-
-std::vector<element> kept_by_services(project_context& context) {
-    std::vector<element> all;
-    if (context.services)
-        for (const ref<resave_service_impl>& service : *context.services) add_service(all, service.get());
     return all;
 }
 

@@ -22,11 +22,12 @@ struct element {
     std::string kind; // "collection", "scene", "group", "layer", "table", "joined table", ...
     wide_string type; // layer type or meta identifier; empty for a group and a joined table
     wide_string caption;
-    wide_string uuid;           // empty for what has none
-    wide_string file;           // the reference, as the element holds it
-    std::optional<bool> exists; // nothing for a reference that is no path
-    uint64_t bytes = 0;         // of the file; of a folder all that is in it
-    bool selectable = false;    // can be left out of a resave
+    wide_string uuid;            // empty for what has none
+    wide_string file;            // the reference, as the element holds it
+    std::optional<bool> exists;  // nothing for a reference that is no path
+    uint64_t bytes = 0;          // of the file; of a folder all that is in it
+    bool selectable = false;     // can be left out of a resave
+    vs_entity* entity = nullptr; // of the project, which owns it; null for what is no entity
     std::vector<element> children;
 };
 
@@ -35,7 +36,11 @@ struct element {
 std::vector<element> elements_of(vs::project_resave::project_context& context);
 // Those items alone, under their headings.
 std::vector<element> kept_by_services(vs::project_resave::project_context& context);
+// The files that services tell of elements of the project.
+std::vector<element> files_of_services(vs::project_resave::project_context& context);
 
+// Enters the reference with what stands there.
+void refer_to(element& shown, wide_string reference);
 // The path that a reference holds, without a mark in front; nothing for one to a service or an element.
 std::optional<wide_string> path_in(wide_view reference);
 

@@ -1,7 +1,5 @@
 #include "apps/vestra_resave/resave_command.h"
 
-#include <filesystem>
-
 #include "apps/vestra_resave/figures.h"
 #include "apps/vestra_resave/output_file.h"
 #include "apps/vestra_resave/project_files.h"
@@ -14,6 +12,7 @@
 #include "platform/system.h"
 #include "platform/text.h"
 #include "platform/volumes.h"
+#include "reference_host/shell/settings.h"
 
 namespace vestra::command {
 
@@ -48,22 +47,6 @@ std::vector<wide_string> missing_levels(wide_string folder) {
     }
     return missing;
 }
-
-// By which a file that was written anew is told from an older one.
-class file_stamp {
-public:
-    explicit file_stamp(const wide_string& path)
-        : path_(path), existed_(path_exists(path)), time_(platform::folder_time(path)) {}
-
-    bool still_holds() const {
-        return existed_ && path_exists(path_) && platform::folder_time(path_) == time_;
-    }
-
-private:
-    wide_string path_;
-    bool existed_;
-    std::filesystem::file_time_type time_;
-};
 
 // How the command ends where there is nothing to run; the person has been told why.
 std::optional<int> run(session& host, const resave_wish& wish, const common_options& options) {
@@ -100,9 +83,19 @@ std::optional<int> run(session& host, const resave_wish& wish, const common_opti
     }
     resave_settings settings = wish.settings;
     settings.output_path = &target;
+    shell::settings().refused_writes.clear();
     context.resave_project(settings);
     if (context.progress.erase_created) take_back();
     return std::nullopt;
+}
+
+// The run asks only whether a project of that name is there, which can be an older one.
+void look_at_new_project(project_context& context) {
+    for (const shell::refused_file& refused : shell::settings().refused_writes) {
+        if (!path_same(refused.path, context.placement.new_project_path)) continue;
+        complain(one_line(refused.reason));
+        context.report.saved = false;
+    }
 }
 
 // Reads the new project, so that what the run left in the context is gone.
@@ -110,12 +103,15 @@ verification verified(session& host) {
     project_context& context = host.context();
     const wide_string project = context.placement.new_project_path;
     std::vector<placed_file> copies;
-    for (const placed_file& each : context.placement.placed)
+    std::vector<wide_string> made;
+    for (const placed_file& each : context.placement.placed) {
+        made.push_back(each.new_path);
         if (!each.old_path.empty() && each.new_path != project) copies.push_back(each);
+    }
     const auto is_stopped = [&] { return host.interrupted(); };
     verification found;
     if (context.load_project(project, false, false))
-        verify(context, is_stopped, found);
+        verify(context, made, is_stopped, found);
     else
         found.astray.push_back({"project", path_file_name(project), project, project, "unreadable"});
     compare(copies, is_stopped, found);
@@ -137,16 +133,12 @@ void add(const verification& found, resave_report& report) {
 
 int resave(const resave_wish& wish, const common_options& options) {
     session host(options, answers(wish));
-    const file_stamp older(platform::drive_path(wish.new_project));
     if (const std::optional<int> end = run(host, wish, options)) return *end;
-    run_report& told = host.context().report;
-    if (told.saved && older.still_holds()) { // the run asks only whether a file of that name is there
-        complain("the older project of that name could not be replaced");
-        told.saved = false;
-    }
+    look_at_new_project(host.context());
     resave_report report = report_of(host.context());
-    // Where the host's own message has told the problems they are not told again.
-    if (options.quiet || report.exit != problems) complain_of_problems(report);
+    // Where the host's own message has told all problems they are not told again.
+    const bool is_told = !options.quiet && report.exit == problems && host.context().report.untitled.empty();
+    if (!is_told) complain_of_problems(report);
     complain_of_files(report);
     const wide_string target = host.context().placement.new_project_path;
     std::optional<verification> found;

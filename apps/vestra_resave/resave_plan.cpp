@@ -63,7 +63,7 @@ private:
 // Finds what stands beside the sources. Each folder is listed once.
 class neighbourhood {
 public:
-    explicit neighbourhood(const std::vector<trial_disk::made_file>& files) {
+    explicit neighbourhood(const std::vector<resave_plan::file>& files) {
         for (const auto& each : files) taken_.insert(path_key(each.source));
     }
 
@@ -84,8 +84,7 @@ private:
     names_by_piece& names_in(const wide_string& folder) {
         const auto [row, is_new] = folders_.try_emplace(path_key(folder));
         if (is_new)
-            for (const auto& entry :
-                 platform::operating_system().list(folder).value_or(std::vector<platform::folder_entry>()))
+            for (const auto& entry : platform::entries_or_none(platform::operating_system(), folder))
                 if (!entry.is_folder) row->second[first_piece(folded(entry.name))].push_back(entry.name);
         return row->second;
     }
@@ -94,9 +93,8 @@ private:
     std::unordered_set<wide_string> taken_; // path keys of what is copied, or told already
 };
 
-// Nothing free is how the system answers where it cannot tell.
 bool has_too_little_space(const resave_plan& plan) {
-    return plan.free_bytes != 0 && plan.bytes > plan.free_bytes;
+    return plan.free_bytes && plan.bytes > *plan.free_bytes;
 }
 
 } // namespace
@@ -106,12 +104,14 @@ resave_plan plan_of(const project_context& context, trial_disk& disk) {
     plan.report = report_of(context);
     const std::vector<trial_disk::made_file> made = disk.made_files();
     const origins from(context.placement, disk);
-    neighbourhood beside(made);
     for (const trial_disk::made_file& each : made) {
         plan.files.push_back(from.file(each));
         plan.bytes += each.bytes;
-        if (!each.source.empty()) beside.add(each.source, plan.neighbours);
     }
+    neighbourhood beside(plan.files);
+    for (const resave_plan::file& each : plan.files)
+        if (!each.source.empty() && !path_same(each.target, context.placement.new_project_path))
+            beside.add(each.source, plan.neighbours);
     plan.free_bytes = disk.free_space(context.placement.new_folder);
     if (has_too_little_space(plan) && plan.report.exit == done) plan.report.exit = problems;
     return plan;
@@ -120,10 +120,10 @@ resave_plan plan_of(const project_context& context, trial_disk& disk) {
 void complain_of(const resave_plan& plan) {
     complain_of_problems(plan.report);
     complain_of_files(plan.report);
-    if (plan.free_bytes == 0) complain("how much space is free cannot be told");
+    if (!plan.free_bytes) complain("how much space is free cannot be told");
     if (has_too_little_space(plan))
-        complain("too little space: " + size_text(plan.bytes) + " are needed, " + size_text(plan.free_bytes) +
-                 " are free");
+        complain("too little space: " + size_text(plan.bytes) + " are needed, " +
+                 size_text(*plan.free_bytes) + " are free");
 }
 
 void print_json(const resave_plan& plan) {
@@ -139,7 +139,7 @@ void print_json(const resave_plan& plan) {
         neighbours.push_back({{"file", to_utf8(each.file)}, {"beside", to_utf8(each.beside)}});
     all["neighbours_not_copied"] = std::move(neighbours);
     all["bytes"] = plan.bytes;
-    all["free_bytes"] = plan.free_bytes;
+    all["free_bytes"] = plan.free_bytes ? ordered_json(*plan.free_bytes) : ordered_json(nullptr);
     std::cout << all.dump(2) << '\n';
 }
 
@@ -152,7 +152,7 @@ void print_text(const resave_plan& plan, const wide_string& new_project) {
         std::cout << "stays behind: " << one_line(each.file) << ", beside " << one_line(each.beside) << '\n';
     std::cout << "would be " << plan.report.outcome << ": " << one_line(new_project) << ", "
               << plan.files.size() << " files, " << size_text(plan.bytes) << ", "
-              << size_text(plan.free_bytes) << " free\n";
+              << (plan.free_bytes ? size_text(*plan.free_bytes) : "unknown space") << " free\n";
 }
 
 } // namespace vestra::command

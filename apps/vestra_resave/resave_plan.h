@@ -1,6 +1,7 @@
 // What a resave would do, from a run that was tried out.
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -24,8 +25,8 @@ struct resave_plan {
     resave_report report; // as of the run
     std::vector<file> files;
     std::vector<neighbour> neighbours;
-    uint64_t bytes = 0;      // of all files
-    uint64_t free_bytes = 0; // where they go; 0 if that cannot be told
+    uint64_t bytes = 0;                 // of all files
+    std::optional<uint64_t> free_bytes; // where they go; nothing if that cannot be told
 };
 
 // While the disk is in force. What the run left in the context is read.

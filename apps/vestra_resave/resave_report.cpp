@@ -2,6 +2,7 @@
 
 #include <iostream>
 #include <nlohmann/json.hpp>
+#include <unordered_set>
 
 #include "apps/vestra_resave/elements.h"
 #include "apps/vestra_resave/figures.h"
@@ -9,6 +10,7 @@
 #include "core/paths.h"
 #include "framework/strings.h"
 #include "platform/text.h"
+#include "reference_host/shell/settings.h"
 
 namespace vestra::command {
 
@@ -19,9 +21,9 @@ namespace {
 
 // The report's texts are lines that begin with what happened. A line that does not belongs to the caption
 // before it, which may have several.
-void sort_problems(const run_report& from, resave_report& to) {
+void sort_problems(const std::vector<run_report::problem>& from, resave_report& to) {
     const wide_string lost = load_string(519), failed = load_string(520);
-    for (const run_report::problem& problem : from.problems) {
+    for (const run_report::problem& problem : from) {
         wide_string* last = nullptr;
         const size_t lost_before = to.lost_sources.size(), failed_before = to.copy_errors.size();
         for (const wide_string& line : path_split(problem.text, u"\n", true)) {
@@ -32,7 +34,7 @@ void sort_problems(const run_report& from, resave_report& to) {
             else if (last != nullptr)
                 last->append(u"\n").append(line);
         }
-        const wide_string place = u" (" + problem.title + u")";
+        const wide_string place = problem.title.empty() ? wide_string() : u" (" + problem.title + u")";
         for (size_t i = lost_before; i < to.lost_sources.size(); ++i) to.lost_sources[i] += place;
         for (size_t i = failed_before; i < to.copy_errors.size(); ++i) to.copy_errors[i] += place;
     }
@@ -41,13 +43,16 @@ void sort_problems(const run_report& from, resave_report& to) {
 // After a stop what was made may have been erased again.
 void look_at_files(const path_placement& placement, bool was_stopped, resave_report& to) {
     const wide_string below = path_key(placement.new_folder) + u'\\';
+    std::unordered_set<wide_string> refused;
+    for (const shell::refused_file& file : shell::settings().refused_writes)
+        refused.insert(path_key(file.path));
     for (const placed_file& file : placement.placed) {
         if (file.new_path == placement.log_path) continue; // entered whether it is written or not
         const bool stands = path_exists(file.new_path);
         if (stands && !file.old_path.empty())
             to.files.push_back({file.old_path, file.new_path, bytes_of(file.new_path)});
         if (was_stopped) continue;
-        if (!stands) to.not_written.push_back(file.new_path);
+        if (!stands || refused.contains(path_key(file.new_path))) to.not_written.push_back(file.new_path);
         if (!path_key(file.new_path).starts_with(below)) to.outside.push_back(file.new_path);
     }
 }
@@ -63,12 +68,15 @@ ordered_json texts(const std::vector<wide_string>& all) {
 resave_report report_of(const project_context& context) {
     resave_report report;
     const run_report& run = context.report;
-    sort_problems(run, report);
+    sort_problems(run.problems, report);
+    sort_problems(run.untitled, report);
+    report.not_read = run.unread_files;
     report.types_not_resaved.assign(run.unprocessed_types.begin(), run.unprocessed_types.end());
     report.depth_exceeded = run.depth_exceeded;
     look_at_files(context.placement, run.stopped, report);
-    const bool clean = run.problems.empty() && run.unprocessed_types.empty() && !run.depth_exceeded &&
-                       report.not_written.empty() && report.outside.empty();
+    const bool clean = run.problems.empty() && run.untitled.empty() && run.unprocessed_types.empty() &&
+                       !run.depth_exceeded && report.not_written.empty() && report.outside.empty() &&
+                       report.not_read.empty();
     if (run.stopped)
         report.exit = stopped, report.outcome = "stopped";
     else if (!run.saved)
@@ -92,7 +100,9 @@ ordered_json json_of(const resave_report& report) {
             {"copy_errors", texts(report.copy_errors)},
             {"types_not_resaved", texts(report.types_not_resaved)},
             {"not_written", texts(report.not_written)},
-            {"outside", texts(report.outside)}};
+            {"outside", texts(report.outside)},
+            {"not_read", texts(report.not_read)},
+            {"selection_settled", !report.depth_exceeded}};
 }
 
 void print_json(const resave_report& report, const std::optional<verification>& found) {
@@ -100,6 +110,7 @@ void print_json(const resave_report& report, const std::optional<verification>& 
     if (found) {
         all["astray"] = json_of(found->astray);
         all["differing"] = json_of(found->differing);
+        all["verification_stopped"] = found->stopped;
     }
     std::cout << all.dump(2) << '\n';
 }
@@ -108,6 +119,8 @@ void complain_of_files(const resave_report& report) {
     for (const wide_string& file : report.not_written) complain("not written: " + one_line(file));
     for (const wide_string& file : report.outside)
         complain("outside the new project's folder: " + one_line(file));
+    for (const wide_string& file : report.not_read)
+        complain("cannot be read, what it refers to is not resaved: " + one_line(file));
 }
 
 void complain_of_problems(const resave_report& report) {

@@ -24,9 +24,9 @@ struct resave_report {
     std::vector<wide_string> lost_sources; // each with the list it stands in
     std::vector<wide_string> copy_errors;
     std::vector<wide_string> types_not_resaved;
-    // What the run itself does not tell: files that could not be made, and those whose place it found outside
-    // the new project's folder.
-    std::vector<wide_string> not_written, outside;
+    // What the run itself does not tell: files that could not be made, those whose place it found outside the
+    // new project's folder, and those that could not be read.
+    std::vector<wide_string> not_written, outside, not_read;
     bool depth_exceeded = false;
 };
 

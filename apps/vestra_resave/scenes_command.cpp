@@ -49,10 +49,9 @@ int report_written(const project_context& context, const wide_string& folder, bo
             std::cout << one_line(path) << '\n';
         }
     }
-    const wide_string& reason = shell::settings().write_error; // of the last scene, if that one failed
-    if (reason.empty()) return end;
-    complain(one_line(reason));
-    return not_saved;
+    for (const shell::refused_file& refused : shell::settings().refused_writes)
+        complain(one_line(refused.reason));
+    return shell::settings().refused_writes.empty() ? end : not_saved;
 }
 
 } // namespace

@@ -38,6 +38,7 @@ public:
         return true;
     }
     uint64_t size() override { return text_->size(); }
+    bool close() override { return true; }
 
 private:
     std::shared_ptr<std::string> text_;
@@ -147,16 +148,15 @@ std::optional<std::vector<platform::folder_entry>> trial_disk::list(const wide_s
     const auto changed = inside_.find(path_key(path));
     if (changed == inside_.end()) return listed;
     if (!listed && real_.kind_of(path) != entry_kind::none) return std::nullopt;
-    std::vector<platform::folder_entry> entries =
-        std::move(listed).value_or(std::vector<platform::folder_entry>());
-    std::erase_if(entries, [&](const platform::folder_entry& each) {
+    if (!listed) listed.emplace();
+    std::erase_if(*listed, [&](const platform::folder_entry& each) {
         return changed->second.contains(path_key(path_join(path, each.name)));
     });
     for (const wide_string& key : changed->second)
         if (const entry& made = entries_.at(key); made.kind != entry_kind::none)
-            entries.push_back({path_file_name(made.path), made.kind == entry_kind::folder, false});
-    std::ranges::sort(entries, {}, &platform::folder_entry::name);
-    return entries;
+            listed->push_back({path_file_name(made.path), made.kind == entry_kind::folder, false});
+    std::ranges::sort(*listed, {}, &platform::folder_entry::name);
+    return listed;
 }
 
 bool trial_disk::true_name(const wide_string& folder, const wide_string& name, wide_string& spelling) {
@@ -203,7 +203,7 @@ open_result trial_disk::open(const wide_string& path, platform::access wanted, p
     return real_.open(found ? found->source : path, wanted, how, result);
 }
 
-uint64_t trial_disk::free_space(const wide_string& folder) {
+std::optional<uint64_t> trial_disk::free_space(const wide_string& folder) {
     wide_string level = path_normalise(folder);
     while (real_.kind_of(level + u'\\') != entry_kind::folder && level.size() > path_fixed_length(level))
         level = path_normalise(path_head(level));

@@ -44,7 +44,7 @@ public:
                                std::unique_ptr<platform::file>& result) override;
     void pause_1ms() override { real_.pause_1ms(); }
     // On the real disk; of a folder that is not there yet on the volume where it would be.
-    uint64_t free_space(const wide_string& folder) override;
+    std::optional<uint64_t> free_space(const wide_string& folder) override;
 
 private:
     struct entry {

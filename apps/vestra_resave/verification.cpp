@@ -44,17 +44,15 @@ const file_kind* kind_of(const wide_string& path) {
 class verifier {
 public:
     verifier(const std::function<bool()>& is_stopped, verification& found)
-        : file_(found.project), folder_(path_head(file_)), below_(path_key(folder_) + u'\\'),
-          is_stopped_(is_stopped), found_(found) {}
+        : file_(found.project), below_(path_key(path_head(file_)) + u'\\'), is_stopped_(is_stopped),
+          found_(found) {}
 
-    void run(project_context& context) {
+    void run(project_context& context, std::span<const wide_string> further) {
         files::visit_references(*api::to_model(context.project_handle()), visitor_);
         for (const element& each : kept_by_services(context)) visit(each);
-        bool is_whole = false;
-        for (const auto& entry : platform::list_tree(platform::current_system(), folder_, &is_whole))
-            if (!entry.is_folder && kind_of(entry.path)) add_file(entry.path);
-        if (!is_whole)
-            found_.astray.push_back({"folder", path_file_name(folder_), folder_, folder_, "unreadable"});
+        for (const element& each : files_of_services(context)) visit(each);
+        for (const wide_string& path : further)
+            if (kind_of(path)) add_file(path);
         for (; !files_.empty() && !is_at_end(); files_.pop_front()) visit_file(files_.front());
     }
 
@@ -103,7 +101,7 @@ private:
     }
 
     wide_string file_; // in work
-    const wide_string folder_, below_;
+    const wide_string below_;
     const std::function<bool()>& is_stopped_;
     verification& found_;
     const files::reference_visitor visitor_ = [this](const held_reference& held) { check(held); };
@@ -113,9 +111,20 @@ private:
 
 } // namespace
 
-void verify(project_context& context, const std::function<bool()>& is_stopped, verification& found) {
+void verify(project_context& context, std::span<const wide_string> further,
+            const std::function<bool()>& is_stopped, verification& found) {
     found.project = context.placement.source_project_path;
-    verifier(is_stopped, found).run(context);
+    verifier(is_stopped, found).run(context, further);
+}
+
+std::vector<wide_string> files_beside(const project_context& context, verification& found) {
+    std::vector<wide_string> all, unread;
+    const wide_string folder = path_head(context.placement.source_project_path);
+    for (auto& entry : platform::list_tree(platform::current_system(), folder, &unread))
+        if (!entry.is_folder) all.push_back(std::move(entry.path));
+    for (const wide_string& path : unread)
+        found.astray.push_back({"folder", path_file_name(path), path, path, "unreadable"});
+    return all;
 }
 
 std::vector<std::string> lines_of(const verification& found) {

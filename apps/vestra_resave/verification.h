@@ -39,10 +39,15 @@ struct verification {
 
 // Both add what they find, and ask `is_stopped` now and then.
 //
-// Looks at the references of the loaded project, of the scene files that it shows, of the scene and layer
-// files below its folder, and of the items that services keep in it.
-void verify(vs::project_resave::project_context& context, const std::function<bool()>& is_stopped,
-            verification& found);
+// Looks at the references of the loaded project, of the scene files that it shows and of those scene and
+// layer files that are among `further`, at the items that services keep in it, and at the files that they
+// tell of its elements.
+void verify(vs::project_resave::project_context& context, std::span<const wide_string> further,
+            const std::function<bool()>& is_stopped, verification& found);
+// All files below the folder of the loaded project, for `further`. A folder that cannot be read is added to
+// what was found.
+std::vector<wide_string> files_beside(const vs::project_resave::project_context& context,
+                                      verification& found);
 // Looks at copies that are not as their sources, byte by byte; of a folder at all that the source holds. A
 // scene file is passed over, as it was written anew.
 void compare(std::span<const vs::project_resave::placed_file> copies, const std::function<bool()>& is_stopped,

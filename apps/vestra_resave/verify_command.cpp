@@ -40,7 +40,7 @@ int verify_project(const std::string& project, const common_options& options) {
     if (!host.load(project)) return wrong_use;
     verification found;
     verify(
-        host.context(), [&] { return host.interrupted(); }, found);
+        host.context(), files_beside(host.context(), found), [&] { return host.interrupted(); }, found);
     options.json ? print_json(found) : print_text(found);
     if (found.stopped) return stopped;
     return found.astray.empty() ? done : problems;

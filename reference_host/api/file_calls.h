@@ -4,9 +4,11 @@
 
 #include <cstdint>
 #include <optional>
+#include <utility>
 
 #include "reference_host/api/calls.h"
 #include "reference_host/files/files.h"
+#include "reference_host/shell/settings.h"
 
 namespace vestra::api {
 
@@ -21,6 +23,19 @@ std::uint32_t with_file(const Session* session, const char16_t* path, Handle* ob
         const auto error = function(wide_string(text_of(path)), *to_model(object));
         if (error) fault = error->text();
         return std::uint32_t{!error};
+    });
+}
+
+// The same with a writer, whose failure is added to the refused files of the settings.
+template <class Session, class Handle, class Model>
+std::uint32_t to_file(const Session* session, const char16_t* path, Handle* object,
+                      std::optional<files::file_error> (*writer)(const wide_string&, Model&)) noexcept {
+    wide_string fault;
+    const std::uint32_t is_done = with_file(session, path, object, fault, writer);
+    if (fault.empty()) return is_done;
+    return guarded([&] {
+        shell::settings().refused_writes.push_back({wide_string(text_of(path)), std::move(fault)});
+        return std::uint32_t{0};
     });
 }
 

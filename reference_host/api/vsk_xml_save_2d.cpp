@@ -18,9 +18,9 @@ uint32_t vs_xml_data_load_scn2d_w(vs_xml_save_2d* xml, const char16_t* path, vs_
 }
 
 uint32_t vs_xml_data_save_scn2d_w(vs_xml_save_2d* xml, const char16_t* path, vs_scn_2d* scene) {
-    return with_file(xml, path, scene, settings().write_error, write_scene);
+    return to_file(xml, path, scene, write_scene);
 }
 
 uint32_t vs_xml_data_save_lr2d_w(vs_xml_save_2d* xml, const char16_t* path, vs_lr* layer) {
-    return with_file(xml, path, vs_lr2d_safe_downcast(layer), settings().write_error, write_layer);
+    return to_file(xml, path, vs_lr2d_safe_downcast(layer), write_layer);
 }

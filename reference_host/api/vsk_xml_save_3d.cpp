@@ -14,9 +14,9 @@ vs_xml_save_3d* vs_xml_save_3d_create() { return create<vs_xml_save_3d>(); }
 void vs_xml_save_3d_destroy(vs_xml_save_3d* xml) { destroy(xml); }
 
 uint32_t vs_xml_data_save_scn3d_w(vs_xml_save_3d* xml, const char16_t* path, vs_scn_3d* scene) {
-    return with_file(xml, path, scene, settings().write_error, write_scene);
+    return to_file(xml, path, scene, write_scene);
 }
 
 uint32_t vs_xml_data_save_lr3d_w(vs_xml_save_3d* xml, const char16_t* path, vs_lr* layer) {
-    return with_file(xml, path, vs_lr3d_safe_downcast(layer), settings().write_error, write_layer);
+    return to_file(xml, path, vs_lr3d_safe_downcast(layer), write_layer);
 }

@@ -17,5 +17,5 @@ uint32_t vs_xml_data_load_prj_w(vs_xml_save_prj* xml, const char16_t* path, vs_p
 }
 
 uint32_t vs_xml_data_save_prj_w(vs_xml_save_prj* xml, const char16_t* path, vs_prj* project) {
-    return with_file(xml, path, project, settings().write_error, write_project);
+    return to_file(xml, path, project, write_project);
 }

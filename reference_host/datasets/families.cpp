@@ -28,7 +28,7 @@ bool is_shape_file(const wide_string& path) {
 }
 
 std::vector<platform::folder_entry> entries_of(const wide_string& folder) {
-    return platform::current_system().list(folder).value_or(std::vector<platform::folder_entry>());
+    return platform::entries_or_none(platform::current_system(), folder);
 }
 
 bool is_same_name(wide_view a, wide_view b) { return platform::compare_no_case(a, b) == 0; }

@@ -70,7 +70,7 @@ const char16_t* write_document(const wide_string& path, const pugi::xml_document
     file_sink sink(*file);
     document.save(sink, "  ", pugi::format_default, pugi::encoding_utf8);
     if (sink.size() > largest_file) return u"the file would be larger than 256 MiB";
-    return sink.complete() ? nullptr : u"the file cannot be written";
+    return file->close() && sink.complete() ? nullptr : u"the file cannot be written";
 }
 
 std::optional<file_error> replace_file(const wide_string& path, const pugi::xml_document& document) {

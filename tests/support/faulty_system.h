@@ -115,6 +115,7 @@ private:
         }
         bool seek_end() override { return inner_->seek_end(); }
         uint64_t size() override { return inner_->size(); }
+        bool close() override { return inner_->close(); }
 
     private:
         faulty_system& faults_;

@@ -39,7 +39,9 @@ public:
         return inner_.open(path, wanted, how, result);
     }
     void pause_1ms() override { inner_.pause_1ms(); }
-    uint64_t free_space(const wide_string& folder) override { return inner_.free_space(folder); }
+    std::optional<uint64_t> free_space(const wide_string& folder) override {
+        return inner_.free_space(folder);
+    }
 
 private:
     platform::system& inner_;

@@ -34,10 +34,6 @@ void record_lost_source(const wide_string& path, const wide_string& text, log_fi
     report.add_lost_source(text);
 }
 
-void record_lost_source(const wide_string& path, const wide_string& text, project_context& context) {
-    record_lost_source(path, text, context.log, context.report);
-}
-
 bool copy_one(const wide_string& source, const wide_string& target, path_placement& placement, log_file& log,
               run_report& report) {
     if (!copy_file(source, target)) {
@@ -54,18 +50,18 @@ bool copy_one(const wide_string& source, const wide_string& target, project_cont
 
 bool copy_folder(const wide_string& source, const wide_string& target, bool allow_existing_target,
                  bool overwrite_files) {
-    if (!path_exists(source)) return false;
-    if (!allow_existing_target && path_exists(target)) return false;
     const wide_string from = with_separator(source);
     const wide_string to = with_separator(target);
+    if (!platform::current_system().list(from)) return false;
+    if (!allow_existing_target && path_exists(target)) return false;
     if (!create_folders(to)) return false;
-    bool is_whole = false;
-    for (const auto& entry : platform::list_tree(platform::current_system(), from, &is_whole)) {
+    std::vector<wide_string> unread;
+    for (const auto& entry : platform::list_tree(platform::current_system(), from, &unread)) {
         const wide_string place = to + path_relative(from, entry.path);
         if (!create_folders(entry.is_folder ? place : path_head(place))) return false;
         if (!entry.is_folder && !copy_file(entry.path, place, overwrite_files)) return false;
     }
-    return is_whole;
+    return unread.empty();
 }
 
 bool copy_file_and_folder(const wide_string& source, const wide_string& target, project_context& context) {

@@ -53,8 +53,8 @@ bool copy_shape_family(const wide_string& source, const wide_string& target, vs_
 // entered, if the file failed.
 bool copy_file_and_folder(const wide_string& source, const wide_string& target, project_context& context);
 
-// A folder with all it holds; nothing is entered or recorded. False if `source` does not exist, if `target`
-// does and may not, and at the first failure; what was copied by then stays.
+// A folder with all it holds; nothing is entered or recorded. False if `source` cannot be listed, if `target`
+// exists and may not, and at the first failure; what was copied by then stays.
 bool copy_folder(const wide_string& source, const wide_string& target, bool allow_existing_target,
                  bool overwrite_files);
 
@@ -63,10 +63,13 @@ bool copy_folder(const wide_string& source, const wide_string& target, bool allo
 bool copy_data_source_files(const wide_string& source, const wide_string& target, bool keep_case,
                             project_context& context);
 
+// The same for a TOS file, which is one of the members: its case is kept, and one that the host cannot open
+// is entered as unread.
+bool copy_tos_files(const wide_string& source, const wide_string& target, project_context& context);
+
 // Enters a failed copy in report and log.
 void record_copy_failure(const wide_string& path, log_file& log, run_report& report);
 // Enters a missing file: its path in the log, in the report the text that tells whose it was.
 void record_lost_source(const wide_string& path, const wide_string& text, log_file& log, run_report& report);
-void record_lost_source(const wide_string& path, const wide_string& text, project_context& context);
 
 } // namespace vs::project_resave

@@ -39,4 +39,10 @@ bool copy_data_source_files(const wide_string& source, const wide_string& target
     return true;
 }
 
+bool copy_tos_files(const wide_string& source, const wide_string& target, project_context& context) {
+    const bool is_read = copy_data_source_files(source, target, true, context);
+    if (!is_read) context.report.unread_files.push_back(source);
+    return is_read;
+}
+
 } // namespace vs::project_resave

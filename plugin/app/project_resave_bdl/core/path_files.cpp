@@ -47,8 +47,7 @@ bool remove_alone(const wide_string& path) {
 
 bool remove_tree(const wide_string& path) {
     if (remove_alone(path)) return true;
-    const auto listed = platform::current_system().list(path);
-    const auto entries = listed.value_or(std::vector<platform::folder_entry>());
+    const auto entries = platform::entries_or_none(platform::current_system(), path);
     const bool has_separator = !path.empty() && is_separator(path.back());
     for (auto entry = entries.rbegin(); entry != entries.rend(); ++entry) {
         const wide_string inner = path + (has_separator ? u"" : u"\\") + entry->name;

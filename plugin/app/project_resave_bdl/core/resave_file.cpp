@@ -31,7 +31,7 @@ bool Tvs_resave_file::do_save() {
         return true; // an element without a file is no failure
     }
     if (!path_exists(source)) {
-        record_lost_source(source, caption(), *context);
+        record_lost_source(source, caption(), context->log, context->report);
         skip_progress();
         return false;
     }

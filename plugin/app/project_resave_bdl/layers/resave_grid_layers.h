@@ -12,7 +12,7 @@ public:
 
     // By the extension alone, in small letters: seismic data or grid, whatever the layer is.
     wide_string default_folder() override;
-    // False, without a record, where the source has vanished.
+    // False where the source has vanished, which is entered as a copy that failed.
     bool copy_files(const wide_string& source, const wide_string& target) override;
 };
 

@@ -66,12 +66,13 @@ bool Tvs_resave_map_lr::do_save() {
         return true;
     }
     if (!path_exists(source)) {
-        record_lost_source(source, caption(), *context);
+        record_lost_source(source, caption(), context->log, context->report);
         skip_progress();
         return false;
     }
     if (!map_unit) {
         context->log.scene_not_loaded(source);
+        context->report.unread_files.push_back(source);
         return false;
     }
     map_unit->save(); // before the look-up, so that the scene refers to the new places in any case

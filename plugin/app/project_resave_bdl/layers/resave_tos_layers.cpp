@@ -100,7 +100,7 @@ void Tvs_resave_tos_lr::collect_common_directory(common_directory& common) {
 wide_string Tvs_resave_tos_lr::default_folder() { return load_string(tos_folder_text); }
 
 bool Tvs_resave_tos_lr::copy_files(const wide_string& source, const wide_string& target) {
-    return copy_data_source_files(source, target, true, *context); // the main file is one of them
+    return copy_tos_files(source, target, *context); // the main file is one of them
 }
 
 void Tvs_resave_tos_lr::after_file_saved() {
@@ -118,7 +118,7 @@ void Tvs_resave_tos_lr::after_file_saved() {
 // The path to be written into the record; empty for a file that is lost or finds no place.
 wide_string Tvs_resave_tos_lr::place_model_file(const wide_string& source, int32_t lost_text) {
     if (!path_exists(source)) {
-        record_lost_source(source, caption() + u". " + load_string(lost_text), *context);
+        record_lost_source(source, caption() + u". " + load_string(lost_text), context->log, context->report);
         skip_progress(); // a step that nobody counted
         return wide_string();
     }
@@ -130,7 +130,7 @@ wide_string Tvs_resave_tos_lr::place_model_file(const wide_string& source, int32
         if (target.empty())
             context->log.new_name_failed(target);
         else
-            copy_data_source_files(source, target, true, *context);
+            copy_tos_files(source, target, *context);
         placement.set_type_folder(u"files");
     }
     if (target.empty()) return target;

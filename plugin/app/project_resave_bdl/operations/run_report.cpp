@@ -19,9 +19,9 @@ void run_report::add_unprocessed_type(const char* layer_type) {
 }
 
 void run_report::add_to_current(const wide_string& text) {
-    if (current_unit.empty()) return;
-    if (problems.empty() || problems.back().title != current_unit) problems.push_back({current_unit, {}});
-    problems.back().text += text;
+    std::vector<problem>& all = current_unit.empty() ? untitled : problems;
+    if (all.empty() || all.back().title != current_unit) all.push_back({current_unit, {}});
+    all.back().text += text;
 }
 
 } // namespace vs::project_resave

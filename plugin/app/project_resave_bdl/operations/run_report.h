@@ -17,7 +17,7 @@ public:
 
     // Everything empty and false again.
     void reset();
-    // Records under the list in work; dropped while there is none.
+    // Records under the list in work; among the untitled ones while it has no caption.
     void add_lost_source(const wide_string& what);
     void add_copy_error(const wide_string& path); // its file name alone is told
     void add_unprocessed_type(const char* layer_type);
@@ -28,9 +28,13 @@ public:
     bool depth_exceeded = false;             // the selection did not settle in time
     std::set<wide_string> unprocessed_types; // layer kinds that nothing resaves, each once
     std::vector<problem> problems;           // grouped by consecutive titles
-    wide_string current_unit;                // caption of the list in work; kept after the list has ended
-    bool stopped = false;                    // the user ended the run
-    bool saved = false;                      // the new project file exists
+    // What the final message leaves out, for whoever asks after the run: problems of lists without a caption,
+    // and files that are there but could not be read, so that what they refer to stays where it was.
+    std::vector<problem> untitled;
+    std::vector<wide_string> unread_files;
+    wide_string current_unit; // caption of the list in work; kept after the list has ended
+    bool stopped = false;     // the user ended the run
+    bool saved = false;       // the new project file exists
 };
 
 } // namespace vs::project_resave

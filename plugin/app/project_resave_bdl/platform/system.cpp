@@ -24,18 +24,20 @@ public:
         enter(start);
     }
 
-    std::vector<tree_entry> take() { return std::move(entries_); }
-    bool is_whole() const { return is_whole_; }
+    std::vector<tree_entry> entries;
+    std::vector<wide_string> unread;
 
 private:
     void enter(const wide_string& folder) {
         holders_.push_back(folder);
-        const auto listed = files_.list(folder);
-        if (!listed) is_whole_ = false;
-        for (const folder_entry& entry : listed.value_or(std::vector<folder_entry>())) {
-            wide_string path = joined(folder, entry.name);
-            entries_.push_back({path, entry.is_folder});
-            if (entry.is_folder && !(entry.is_link && leads_back(path))) enter(path);
+        if (const auto listed = files_.list(folder)) {
+            for (const folder_entry& entry : *listed) {
+                wide_string path = joined(folder, entry.name);
+                entries.push_back({path, entry.is_folder});
+                if (entry.is_folder && !(entry.is_link && leads_back(path))) enter(path);
+            }
+        } else {
+            unread.push_back(folder);
         }
         holders_.pop_back();
     }
@@ -47,11 +49,13 @@ private:
 
     system& files_;
     std::vector<wide_string> holders_; // the present folder and those above it, up to the drive
-    std::vector<tree_entry> entries_;
-    bool is_whole_ = true;
 };
 
 } // namespace
+
+std::vector<folder_entry> entries_or_none(system& files, const wide_string& folder) {
+    return files.list(folder).value_or(std::vector<folder_entry>());
+}
 
 system& current_system() { return override_in_force != nullptr ? *override_in_force : operating_system(); }
 
@@ -60,10 +64,11 @@ system_override::system_override(system& replacement)
 
 system_override::~system_override() { override_in_force = previous_; }
 
-std::vector<tree_entry> list_tree(system& files, const wide_string& folder, bool* is_whole) {
+std::vector<tree_entry> list_tree(system& files, const wide_string& folder,
+                                  std::vector<wide_string>* unread) {
     tree_walk walk(files, folder);
-    if (is_whole != nullptr) *is_whole = walk.is_whole();
-    return walk.take();
+    if (unread != nullptr) *unread = walk.unread;
+    return std::move(walk.entries);
 }
 
 } // namespace vs::project_resave::platform

@@ -53,6 +53,9 @@ public:
     virtual bool seek_end() = 0;
     /// Present size in bytes; 0 on failure.
     virtual uint64_t size() = 0;
+    /// Closes it before the destructor would; nothing else is called after that. False if the system could
+    /// not keep what was written: some tell so no sooner.
+    virtual bool close() = 0;
 };
 
 /// All functions may be called from any thread, but see `system_override`.
@@ -72,7 +75,7 @@ public:
     /// file system has them. A target that exists,
     /// also in another letter case, is refused unless `replace`; a source that changes while it is read
     /// fails. After a failure there is no new target, and one that was to be replaced stands as before.
-    /// Holes of a sparse file stay holes, and blocks are shared where the file system can.
+    /// On POSIX holes of a sparse file stay holes, and blocks are shared where the file system can.
     virtual bool copy_file(const wide_string& source, const wide_string& target, bool replace) = 0;
     /// Removes a file, read-only too, or a link but not what it leads to; false for a folder and on failure.
     virtual bool delete_file(const wide_string& path) = 0;
@@ -93,15 +96,16 @@ public:
     /// too: a reader sees the old file or the new one. On failure both stand as before.
     virtual bool rename_over(const wide_string& from, const wide_string& to) = 0;
 
-    /// Opens a file that others may read meanwhile but not write; the caller owns `result`, which is null
-    /// unless the answer is `opened`. `create_always` creates the file or empties it. `sharing_violation`:
-    /// somebody else has the file open in a way that excludes this one, so that a later try may succeed.
+    /// Opens a file that others may read meanwhile, and may not write while it is open to be written; the
+    /// caller owns `result`, which is null unless the answer is `opened`. `create_always` creates the file or
+    /// empties it. `sharing_violation`: somebody else has the file open in a way that excludes this one, so
+    /// that a later try may succeed.
     virtual open_result open(const wide_string& path, access wanted, disposition how,
                              std::unique_ptr<file>& result) = 0;
     /// Sleeps about a millisecond, between two tries to open.
     virtual void pause_1ms() = 0;
-    /// Bytes that the user may still write on the volume of `folder`; 0 on failure.
-    virtual uint64_t free_space(const wide_string& folder) = 0;
+    /// Bytes that the user may still write on the volume of `folder`; nothing on failure.
+    virtual std::optional<uint64_t> free_space(const wide_string& folder) = 0;
 };
 
 /// The target's own system, never an override.
@@ -123,9 +127,13 @@ private:
     system* previous_;
 };
 
+/// The direct entries of `folder` as `list` gives them; none where it cannot be read to its end.
+std::vector<folder_entry> entries_or_none(system& files, const wide_string& folder);
+
 /// All entries below `folder` at all depths, each folder before its content; empty if there is no such
 /// folder. A link to a folder that holds it is told as an entry but not entered, so the walk always ends.
-/// A folder that cannot be read counts as empty, and makes `is_whole` false.
-std::vector<tree_entry> list_tree(system& files, const wide_string& folder, bool* is_whole = nullptr);
+/// A folder that cannot be read counts as empty, and is added to `unread`.
+std::vector<tree_entry> list_tree(system& files, const wide_string& folder,
+                                  std::vector<wide_string>* unread = nullptr);
 
 } // namespace vs::project_resave::platform

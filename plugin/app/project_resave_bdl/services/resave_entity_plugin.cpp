@@ -65,6 +65,14 @@ void resave_entity_plugin::collect_rows() {
     }
 }
 
+std::vector<wide_string> resave_entity_plugin::named_files() {
+    collect_rows();
+    std::vector<wide_string> paths;
+    for (const file_row& row : files)
+        if (!row.source.empty()) paths.push_back(row.source);
+    return paths;
+}
+
 void resave_entity_plugin::collect_source_files(std::vector<found_file>& out) {
     out.clear();
     const wide_string_list named;
@@ -107,7 +115,7 @@ bool resave_entity_plugin::save_row(uint32_t index) {
     const wide_string& source = files[index].source;
     if (source.empty()) return false;
     if (!path_exists(source)) {
-        record_lost_source(source, caption(), *context);
+        record_lost_source(source, caption(), context->log, context->report);
         return false;
     }
     wide_string target = context->placement.lookup_placed(source);

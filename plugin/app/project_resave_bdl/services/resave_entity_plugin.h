@@ -25,6 +25,8 @@ public:
     // Brings the elements that this one needs into the selection, if the user agrees.
     bool correct_selection() override;
     vs_entity* entity() override { return entity_; }
+    // The paths of its files as the service tells them now.
+    std::vector<wide_string> named_files();
     // False if the element has files and none of them exists.
     bool do_save() override;
     void build() override;

@@ -100,7 +100,7 @@ bool resave_plugin_list::save_item(uint32_t index) {
     const wide_string source = told_text<&resave_service_impl::item_source>(service.get(), index);
     if (source.empty()) return true;
     if (!path_exists(source)) {
-        record_lost_source(source, caption(), *context);
+        record_lost_source(source, caption(), context->log, context->report);
         return false;
     }
     wide_string target = context->placement.lookup_placed(source);

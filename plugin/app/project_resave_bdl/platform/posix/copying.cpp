@@ -68,10 +68,11 @@ bool copy_through_memory(int source, int target, off_t from, off_t end) {
     char buffer[piece];
     while (from < end) {
         const auto wanted = static_cast<size_t>(std::min(piece, end - from));
-        const ssize_t taken = ::pread(source, buffer, wanted, from);
+        const ssize_t taken = again_if_interrupted([&] { return ::pread(source, buffer, wanted, from); });
         if (taken <= 0) return false;
         for (ssize_t given = 0; given < taken;) {
-            const ssize_t count = ::pwrite(target, buffer + given, size_t(taken - given), from + given);
+            const ssize_t count = again_if_interrupted(
+                [&] { return ::pwrite(target, buffer + given, size_t(taken - given), from + given); });
             if (count <= 0) return false;
             given += count;
         }
@@ -94,7 +95,9 @@ bool copy_without_holes(int source, int target, off_t size) {
     off_t end = 0;
     while (end < size) {
         const off_t data = ::lseek(source, end, SEEK_DATA);
-        if (data < 0 && errno == ENXIO) break; // nothing but a hole is left
+        if (data < 0 && errno == ENXIO) break;                    // nothing but a hole is left
+        if (data < 0 && (errno == EINVAL || errno == EOPNOTSUPP)) // the file system knows of no holes
+            return copy_range(source, target, end, size);
         if (data < 0) return false;
         end = std::min(::lseek(source, data, SEEK_HOLE), size);
         if (end <= data || !copy_range(source, target, data, end)) return false;

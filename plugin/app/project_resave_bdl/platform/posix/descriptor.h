@@ -3,9 +3,18 @@
 
 #include <unistd.h>
 
+#include <cerrno>
 #include <utility>
 
 namespace vs::project_resave::platform {
+
+/// What a call of the system answers, made again for as long as a signal breaks it off.
+template <typename Call>
+auto again_if_interrupted(const Call& call) {
+    auto answer = call();
+    while (answer < 0 && errno == EINTR) answer = call();
+    return answer;
+}
 
 class descriptor {
 public:
@@ -25,6 +34,8 @@ public:
     explicit operator bool() const { return number_ >= 0; }
     int get() const { return number_; }
 
+    /// Gives the descriptor up; the caller closes it.
+    int release() { return std::exchange(number_, -1); }
     /// False if the system could not keep what was written. A second call does nothing.
     bool close() {
         const int number = std::exchange(number_, -1);

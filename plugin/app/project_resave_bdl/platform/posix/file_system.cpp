@@ -159,10 +159,10 @@ public:
 
     void pause_1ms() override { std::this_thread::sleep_for(std::chrono::milliseconds(1)); }
 
-    uint64_t free_space(const wide_string& folder) override {
+    std::optional<uint64_t> free_space(const wide_string& folder) override {
         const auto native = existing(folder);
         struct statvfs status {};
-        if (!native || ::statvfs(native->c_str(), &status) != 0) return 0;
+        if (!native || ::statvfs(native->c_str(), &status) != 0) return std::nullopt;
         return static_cast<uint64_t>(status.f_bavail) * status.f_frsize;
     }
 };

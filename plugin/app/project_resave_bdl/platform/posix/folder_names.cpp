@@ -66,8 +66,8 @@ std::optional<std::string> folder_names::find(const std::string& folder, std::st
     return best != nullptr ? std::optional(*best) : std::nullopt;
 }
 
-// False unless `folder` is a folder.
-bool folder_names::status_of(const std::string& folder, struct stat& status) {
+// Null unless `folder` is a folder.
+const descriptor* folder_names::follow(const std::string& folder, struct stat& status) {
     timespec clock{};
     ::clock_gettime(CLOCK_MONOTONIC_COARSE, &clock);
     const int64_t now = nanoseconds(clock);
@@ -76,9 +76,9 @@ bool folder_names::status_of(const std::string& folder, struct stat& status) {
         held = &held_[oldest_held_++ % held_.size()];
     else if (now - held->since < holding_time && ::fstat(held->handle.get(), &status) == 0 &&
              status.st_nlink > 0)
-        return true;
+        return &held->handle;
     *held = {folder, open_native(folder, O_PATH | O_DIRECTORY), now};
-    return held->handle && ::fstat(held->handle.get(), &status) == 0;
+    return held->handle && ::fstat(held->handle.get(), &status) == 0 ? &held->handle : nullptr;
 }
 
 folder_names::folder_times folder_names::times_of(const struct stat& status) {
@@ -88,23 +88,27 @@ folder_names::folder_times folder_names::times_of(const struct stat& status) {
 // The names as they stand now, read again if need be; null if `folder` is no readable folder.
 folder_names::content* folder_names::current(const std::string& folder) {
     struct stat status {};
-    if (!status_of(folder, status)) return nullptr;
+    const descriptor* const handle = follow(folder, status);
+    if (handle == nullptr) return nullptr;
     content& names = folders_[{status.st_dev, status.st_ino}];
     if (names.settled && names.seen == times_of(status)) return &names;
-    return read(folder, status, names) ? &names : nullptr;
+    return read(*handle, status, names) ? &names : nullptr;
 }
 
-bool folder_names::read(const std::string& folder, const struct stat& status, content& names) {
+bool folder_names::read(const descriptor& folder, const struct stat& status, content& names) {
     names.by_folded.clear();
     names.settled = false;
     timespec now{};
     ::clock_gettime(CLOCK_REALTIME_COARSE, &now);
-    const std::unique_ptr<DIR, int (*)(DIR*)> listing(::opendir(folder.c_str()), ::closedir);
+    descriptor opened(::openat(folder.get(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    const std::unique_ptr<DIR, int (*)(DIR*)> listing(::fdopendir(opened.get()), ::closedir);
     if (!listing) return false;
-    errno = 0; // the end of the listing leaves it as it is
+    opened.release(); // the listing closes it
+    errno = 0;        // the end of the listing leaves it as it is
     while (const dirent* const entry = ::readdir(listing.get())) {
         const std::string_view name = entry->d_name;
         if (name != "." && name != "..") names.by_folded.emplace(key_of(name), name);
+        errno = 0;
     }
     if (errno != 0) return false;
     names.seen = times_of(status);
@@ -116,7 +120,7 @@ bool folder_names::read(const std::string& folder, const struct stat& status, co
 
 folder_names::content* folder_names::kept(const std::string& folder, folder_times& now) {
     struct stat status {};
-    if (!status_of(folder, status)) return nullptr;
+    if (follow(folder, status) == nullptr) return nullptr;
     now = times_of(status);
     const auto found = folders_.find({status.st_dev, status.st_ino});
     return found != folders_.end() ? &found->second : nullptr;

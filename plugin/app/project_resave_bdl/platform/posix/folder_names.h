@@ -3,6 +3,9 @@
 // The folded names of a folder are kept, and checked against the folder's times at each use. As those times
 // are too coarse to show two changes in quick succession, the layer reports what it creates and removes
 // itself; so a folder that is being filled is not read again for each file that is asked for in vain.
+//
+// Up to four folders stay open, and for 5 ms a path is taken to lead to the folder it led to: a folder that
+// somebody else renames or puts in another's place is seen that much later.
 #pragma once
 
 #include <sys/stat.h>
@@ -60,9 +63,9 @@ private:
         int64_t since = 0; ///< when the path was followed, in nanoseconds
     };
 
-    bool status_of(const std::string& folder, struct stat& status);
+    const descriptor* follow(const std::string& folder, struct stat& status);
     static folder_times times_of(const struct stat& status);
-    static bool read(const std::string& folder, const struct stat& status, content& names);
+    static bool read(const descriptor& folder, const struct stat& status, content& names);
     content* current(const std::string& folder);
     void note_own_change(const std::string& path, bool is_present);
     content* kept(const std::string& folder, folder_times& now);

@@ -21,7 +21,8 @@ public:
     size_t read(void* buffer, size_t length) override {
         size_t done = 0;
         while (done < length) {
-            const ssize_t count = ::read(content_.get(), static_cast<char*>(buffer) + done, length - done);
+            const ssize_t count = again_if_interrupted(
+                [&] { return ::read(content_.get(), static_cast<char*>(buffer) + done, length - done); });
             if (count <= 0) break;
             done += static_cast<size_t>(count);
         }
@@ -31,8 +32,9 @@ public:
     size_t write(const void* bytes, size_t length) override {
         size_t done = 0;
         while (done < length) {
-            const ssize_t count =
-                ::write(content_.get(), static_cast<const char*>(bytes) + done, length - done);
+            const ssize_t count = again_if_interrupted([&] {
+                return ::write(content_.get(), static_cast<const char*>(bytes) + done, length - done);
+            });
             if (count <= 0) break;
             done += static_cast<size_t>(count);
         }
@@ -45,6 +47,8 @@ public:
         struct stat status {};
         return ::fstat(content_.get(), &status) == 0 ? static_cast<uint64_t>(status.st_size) : 0;
     }
+
+    bool close() override { return content_.close(); }
 
 private:
     descriptor content_;

@@ -1,6 +1,8 @@
 #include "platform/windows/copying.h"
 
+#include <algorithm>
 #include <atomic>
+#include <iterator>
 #include <optional>
 #include <string>
 
@@ -32,6 +34,12 @@ bool is_unchanged(const file_state& before, const file_state& now) {
            CompareFileTime(&before.ftLastWriteTime, &now.ftLastWriteTime) == 0;
 }
 
+bool made_nothing(DWORD copy_error) {
+    constexpr DWORD before_it_began[] = {ERROR_FILE_EXISTS,   ERROR_ALREADY_EXISTS, ERROR_SHARING_VIOLATION,
+                                         ERROR_ACCESS_DENIED, ERROR_FILE_NOT_FOUND, ERROR_PATH_NOT_FOUND};
+    return std::ranges::find(before_it_began, copy_error) != std::end(before_it_began);
+}
+
 // A copy that broke off can be left behind, and others may write into the source meanwhile.
 bool copy_whole(const wide_string& from, const wide_string& to) {
     const auto before = state_of(from);
@@ -39,9 +47,8 @@ bool copy_whole(const wide_string& from, const wide_string& to) {
     if (CopyFileW(wide(from.c_str()), wide(to.c_str()), TRUE) != FALSE) {
         const auto now = state_of(from);
         if (now && is_unchanged(*before, *now)) return true;
-    } else if (const DWORD error = GetLastError();
-               error == ERROR_FILE_EXISTS || error == ERROR_ALREADY_EXISTS) {
-        return false; // made by somebody else since
+    } else if (made_nothing(GetLastError())) {
+        return false; // what stands there now somebody else has made
     }
     in_spite_of_read_only(to, [&] { return DeleteFileW(wide(to.c_str())) != FALSE; });
     return false;

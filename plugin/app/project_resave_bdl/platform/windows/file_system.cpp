@@ -133,9 +133,10 @@ public:
 
     void pause_1ms() override { Sleep(1); }
 
-    uint64_t free_space(const wide_string& folder) override {
+    std::optional<uint64_t> free_space(const wide_string& folder) override {
         ULARGE_INTEGER available{};
-        if (!GetDiskFreeSpaceExW(wide(system_path(folder).c_str()), &available, nullptr, nullptr)) return 0;
+        if (!GetDiskFreeSpaceExW(wide(system_path(folder).c_str()), &available, nullptr, nullptr))
+            return std::nullopt;
         return available.QuadPart;
     }
 };

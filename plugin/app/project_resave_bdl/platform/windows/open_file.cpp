@@ -48,6 +48,8 @@ public:
         return GetFileSizeEx(content_.get(), &bytes) ? static_cast<uint64_t>(bytes.QuadPart) : 0;
     }
 
+    bool close() override { return content_.close(); }
+
 private:
     file_handle content_;
 };
@@ -60,8 +62,10 @@ open_result open_regular_file(const wide_string& path, access wanted, dispositio
     const bool writes = wanted == access::read_write;
     const DWORD rights = GENERIC_READ | (writes ? GENERIC_WRITE : 0);
     const DWORD creation = how == disposition::create_always ? CREATE_ALWAYS : OPEN_EXISTING;
-    const HANDLE opened = CreateFileW(wide(system_path(path).c_str()), rights, FILE_SHARE_READ, nullptr,
-                                      creation, FILE_ATTRIBUTE_NORMAL, nullptr);
+    // A reader lets others go on writing: else it could not read what they have open.
+    const DWORD shared = writes ? FILE_SHARE_READ : FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    const HANDLE opened = CreateFileW(wide(system_path(path).c_str()), rights, shared, nullptr, creation,
+                                      FILE_ATTRIBUTE_NORMAL, nullptr);
     if (opened == INVALID_HANDLE_VALUE)
         return GetLastError() == ERROR_SHARING_VIOLATION ? open_result::sharing_violation
                                                          : open_result::failed;

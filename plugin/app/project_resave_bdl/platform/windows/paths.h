@@ -3,6 +3,8 @@
 
 #include <windows.h>
 
+#include <utility>
+
 #include "platform/wide_string.h"
 
 namespace vs::project_resave::platform {
@@ -36,14 +38,18 @@ bool in_spite_of_read_only(const wide_string& path, action act) {
 class file_handle {
 public:
     explicit file_handle(HANDLE handle) : handle_(handle) {}
-    ~file_handle() {
-        if (*this) CloseHandle(handle_);
-    }
+    ~file_handle() { close(); }
     file_handle(const file_handle&) = delete;
     file_handle& operator=(const file_handle&) = delete;
 
     explicit operator bool() const { return handle_ != INVALID_HANDLE_VALUE; }
     HANDLE get() const { return handle_; }
+
+    /// False if the system could not keep what was written. A second call does nothing.
+    bool close() {
+        const HANDLE handle = std::exchange(handle_, INVALID_HANDLE_VALUE);
+        return handle == INVALID_HANDLE_VALUE || CloseHandle(handle) != FALSE;
+    }
 
 private:
     HANDLE handle_;
