@@ -6,6 +6,7 @@
 
 #include "apps/vestra_resave/elements.h"
 #include "apps/vestra_resave/figures.h"
+#include "core/copying.h"
 #include "core/path_files.h"
 #include "core/paths.h"
 #include "platform/system.h"
@@ -38,6 +39,10 @@ void project_files::add(const wide_string& path) {
     if (!keys.insert(path_key(path)).second) return;
     if (system.kind_of(path) != platform::entry_kind::folder) {
         of_size[system.file_size(path)].push_back(path);
+        for (const wide_string& companion : companion_files(path))
+            if (system.kind_of(companion) == platform::entry_kind::file &&
+                keys.insert(path_key(companion)).second)
+                of_size[system.file_size(companion)].push_back(companion);
         return;
     }
     for (const platform::tree_entry& entry : platform::list_tree(system, path))

@@ -56,7 +56,8 @@ std::optional<int> run(session& host, const resave_wish& wish, const common_opti
         complain(shell::printable(load_string(same_name)));
         return wrong_use;
     }
-    if (path_head(target).empty()) {
+    const bool has_name = wish.new_project.find_last_of("/\\") + 1 != wish.new_project.size();
+    if (path_head(target).empty() || !has_name) {
         complain(one_line(target) + ": the new project needs a folder and a name");
         return wrong_use;
     }

@@ -6,6 +6,8 @@
 // Names beside C:\a\b.tif: b_tif.pj4, b.cpg, b.tif.ovr, world file b.tfw and its sibling b.tfr, b.shx, b.dbf.
 #pragma once
 
+#include <vector>
+
 #include "host/types.h"
 #include "platform/wide_string.h"
 
@@ -52,6 +54,9 @@ bool copy_shape_family(const wide_string& source, const wide_string& target, vs_
 // A file and the folder of the same stem beside it, if there is one. The folder is not tried, and nothing
 // entered, if the file failed.
 bool copy_file_and_folder(const wide_string& source, const wide_string& target, project_context& context);
+
+// The names of all that a copy of the file can take along, whether it is there or not.
+std::vector<wide_string> companion_files(const wide_string& path);
 
 // A folder with all it holds; nothing is entered or recorded. False if `source` cannot be listed, if `target`
 // exists and may not, and at the first failure; what was copied by then stays.

@@ -76,6 +76,16 @@ bool copy_world_files(const wide_string& source, const wide_string& target, proj
     return true;
 }
 
+std::vector<wide_string> companion_files(const wide_string& path) {
+    std::vector<wide_string> all{projection_file_name(path), path + u".ovr"};
+    for (const wide_view extension : {u".cpg", u".shx", u".dbf"})
+        all.push_back(path_replace_extension(path, wide_string(extension)));
+    if (path_extension(path).size() < 3) return all;
+    for (const char16_t last : {u'w', u'r'})
+        all.push_back(path_replace_extension(path, world_extension(path) + last));
+    return all;
+}
+
 bool copy_table_and_joins(vs_attr_data* attr_data, const wide_string& source, const wide_string& target,
                           project_context& context) {
     copy_table(source, target, context);
