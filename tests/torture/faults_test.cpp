@@ -60,21 +60,6 @@ protected:
                 found.emplace(each.path, each.owner);
         return found;
     }
-    // A file under a new name is told by its old one.
-    bool is_told_for(wide_string path) const {
-        path = path_file_name(path);
-        const size_t number = path.find(u"_(");
-        if (number != wide_string::npos) path.erase(number, path.find(u')') + 1 - number);
-        return is_told(path);
-    }
-    // By its own name, by that of a file of its stem, or of the folder it lies in.
-    bool is_told_by_family(const wide_string& path) const {
-        const wide_string told = platform::folded(told_text()), stem = path_stem(path);
-        const wide_string folder = path_stem(path_head(path).substr(0, path_head(path).size() - 1));
-        for (const wide_string& name : {stem + u'.', stem + u'\n', folder + u'.', folder + u'\n'})
-            if (told.find(u' ' + name) != wide_string::npos) return true;
-        return false;
-    }
     // The report is silent on the scene of a map that cannot be read or written, so that what it shows stays
     // where it was, and on a TOS file that is not there any more when it is opened; `verify` tells of both.
     static bool is_passed_over(const wide_string& path, bool is_unseen) {
@@ -102,11 +87,11 @@ protected:
         }
         if (context->report.saved) {
             for (const auto& [path, owner] : astray())
-                EXPECT_TRUE(clean_astray_.contains(path) || is_told_for(path) ||
+                EXPECT_TRUE(clean_astray_.contains(path) || names_original(told_text(), path) ||
                             (!owner.empty() && is_told(owner)) || is_passed_over(path, is_unseen))
                     << "refers to " << platform::to_utf8(path) << " of " << platform::to_utf8(owner);
             for (const wide_string& path : clean_)
-                EXPECT_TRUE(is_unseen || placed.contains(path) || is_told_by_family(path))
+                EXPECT_TRUE(is_unseen || placed.contains(path) || names_family(told_text(), path))
                     << "not copied and nothing told: " << platform::to_utf8(path);
         }
         for (const auto& [path, state] : state_of(native("n") / "out"))

@@ -44,6 +44,22 @@ protected:
         return all;
     }
     bool is_told(wide_view what) const { return told_text().find(what) != wide_string::npos; }
+    // Whether `told` names the file of which this is the copy; a file under a new name has its number last.
+    static bool names_original(const wide_string& told, wide_string path) {
+        path = path_file_name(path);
+        const size_t number = path.find(u"_(");
+        if (number != wide_string::npos) path.erase(number, path.find(u')') + 1 - number);
+        return told.find(path) != wide_string::npos;
+    }
+    // By its own name, by that of a file of its stem, or of the folder it lies in.
+    static bool names_family(const wide_string& told, const wide_string& path) {
+        const wide_string all = platform::folded(told), stem = platform::folded(path_stem(path));
+        const wide_string folder = path_head(platform::folded(path));
+        const wide_string holder = path_stem(folder.substr(0, folder.size() - 1));
+        for (const wide_string& name : {stem + u'.', stem + u'\n', holder + u'.', holder + u'\n'})
+            if (all.find(u' ' + name) != wide_string::npos) return true;
+        return false;
+    }
 };
 
 } // namespace vs::project_resave::torture
