@@ -3,7 +3,6 @@
 #include "core/paths.h"
 #include "framework/strings.h"
 #include "tests/support/faulty_system.h"
-#include "tests/support/references_of.h"
 #include "tests/torture/generated_area.h"
 #include "tests/torture/torture.h"
 
@@ -50,16 +49,6 @@ protected:
         resave();
         return true;
     }
-    // What the new project refers to and is not there, or not below it.
-    std::map<wide_string, wide_string> astray() const {
-        vestra::project project;
-        read_back(output, project);
-        std::map<wide_string, wide_string> found;
-        for (const reference& each : references_of(project))
-            if (!each.path.starts_with(u"N:\\out\\") || !path_exists(each.path))
-                found.emplace(each.path, each.owner);
-        return found;
-    }
     // The report is silent on the scene of a map that cannot be read or written, so that what it shows stays
     // where it was, and on a TOS file that is not there any more when it is opened; `verify` tells of both.
     static bool is_passed_over(const wide_string& path, bool is_unseen) {
@@ -80,11 +69,8 @@ protected:
     // A companion that cannot be seen counts as absent.
     void expect_all_there_or_told(bool is_unseen) {
         std::set<wide_string> placed;
-        for (const placed_file& file : context->placement.placed) {
-            placed.insert(path_key(file.old_path));
-            if (file.old_path.empty() || path_extension(file.old_path).starts_with(u"._")) continue;
-            EXPECT_EQ(read(file.old_path), read(file.new_path)) << platform::to_utf8(file.new_path);
-        }
+        for (const placed_file& file : context->placement.placed) placed.insert(path_key(file.old_path));
+        expect_copies();
         if (context->report.saved) {
             for (const auto& [path, owner] : astray())
                 EXPECT_TRUE(clean_astray_.contains(path) || names_original(told_text(), path) ||

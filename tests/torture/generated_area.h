@@ -3,6 +3,7 @@
 
 #include "tests/support/host_fixture.h"
 #include "tests/support/project_builder.h"
+#include "tests/support/references_of.h"
 
 namespace vs::project_resave::torture {
 
@@ -44,6 +45,23 @@ protected:
         return all;
     }
     bool is_told(wide_view what) const { return told_text().find(what) != wide_string::npos; }
+    // What the new project refers to and is not there, or not below it, with the caption of its owner.
+    std::map<wide_string, wide_string> astray() const {
+        vestra::project project;
+        read_back(output, project);
+        std::map<wide_string, wide_string> found;
+        for (const reference& each : references_of(project))
+            if (!path_key(each.path).starts_with(platform::folded(u"N:\\out\\")) || !path_exists(each.path))
+                found.emplace(each.path, each.owner);
+        return found;
+    }
+    // Each file that the run counts as copied is as its source.
+    void expect_copies() const {
+        for (const placed_file& file : context->placement.placed) {
+            if (file.old_path.empty() || path_extension(file.old_path).starts_with(u"._")) continue;
+            EXPECT_EQ(read(file.old_path), read(file.new_path)) << platform::to_utf8(file.new_path);
+        }
+    }
     // Whether `told` names the file of which this is the copy; a file under a new name has its number last.
     static bool names_original(const wide_string& told, wide_string path) {
         path = path_file_name(path);
