@@ -67,6 +67,7 @@ resave_report report_of(const project_context& context) {
     report.types_not_resaved.assign(run.unprocessed_types.begin(), run.unprocessed_types.end());
     report.depth_exceeded = run.depth_exceeded;
     look_at_files(context.placement, run.stopped, report);
+    report.not_erased = run.not_erased;
     const bool clean = run.problems.empty() && run.unprocessed_types.empty() && !run.depth_exceeded &&
                        report.not_written.empty() && report.outside.empty();
     if (run.stopped)
@@ -92,7 +93,8 @@ ordered_json json_of(const resave_report& report) {
             {"copy_errors", texts(report.copy_errors)},
             {"types_not_resaved", texts(report.types_not_resaved)},
             {"not_written", texts(report.not_written)},
-            {"outside", texts(report.outside)}};
+            {"outside", texts(report.outside)},
+            {"not_erased", texts(report.not_erased)}};
 }
 
 void print_json(const resave_report& report, const std::optional<verification>& found) {
@@ -108,6 +110,7 @@ void complain_of_files(const resave_report& report) {
     for (const wide_string& file : report.not_written) complain("not written: " + one_line(file));
     for (const wide_string& file : report.outside)
         complain("outside the new project's folder: " + one_line(file));
+    for (const wide_string& file : report.not_erased) complain("not erased: " + one_line(file));
 }
 
 void complain_of_problems(const resave_report& report) {

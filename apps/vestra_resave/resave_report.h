@@ -24,9 +24,9 @@ struct resave_report {
     std::vector<wide_string> lost_sources; // each with the list it stands in
     std::vector<wide_string> copy_errors;
     std::vector<wide_string> types_not_resaved;
-    // What the run itself does not tell: files that could not be made, and those whose place it found outside
-    // the new project's folder.
-    std::vector<wide_string> not_written, outside;
+    // What the run itself does not tell: files that could not be made, those whose place it found outside the
+    // new project's folder, and what a stop was to erase and still stands.
+    std::vector<wide_string> not_written, outside, not_erased;
     bool depth_exceeded = false;
 };
 

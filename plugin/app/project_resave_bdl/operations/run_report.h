@@ -31,6 +31,7 @@ public:
     wide_string current_unit;                // caption of the list in work; kept after the list has ended
     bool stopped = false;                    // the user ended the run
     bool saved = false;                      // the new project file exists
+    std::vector<wide_string> not_erased;     // what a stop was to erase and still stands
 };
 
 } // namespace vs::project_resave
