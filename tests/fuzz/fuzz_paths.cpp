@@ -26,7 +26,8 @@ void of_one(const wide_string& path) {
     const wide_string head = path_head(path), stem = path_stem(path), extension = path_extension(path);
     hold(head + path_file_name(path) == path, "head and file name make the path");
     hold(stem + extension == path_file_name(path), "stem and extension make the name");
-    hold(is_normal(path_normalise(path)), "normal is normal");
+    if (path.find(u':', 2) == wide_string::npos) // in no name; in front it would be taken for a drive
+        hold(is_normal(path_normalise(path)), "normal is normal");
     hold(path_same(path, path), "same as itself");
     hold(valid_path(valid_path(path)) == valid_path(path), "valid is valid");
     hold(valid_name(path).size() == path.size(), "a valid name is as long");

@@ -12,8 +12,7 @@ namespace {
 using call = faulty_system::call;
 
 // What these fail to see is not there for anybody.
-const faulty_system::kinds unseen{call::kind,      call::list,         call::true_name,
-                                  call::same_file, call::open_to_read, call::read};
+const faulty_system::kinds unseen{call::kind, call::list, call::open_to_read, call::read};
 
 struct area {
     const char* name;
@@ -35,6 +34,8 @@ protected:
         faulty_system none({});
         run(none);
         ASSERT_TRUE(context->report.saved);
+        before_run = torture::descriptors();
+        polls_ = script.polls;
         clean_astray_ = astray();
         for (const placed_file& file : context->placement.placed) clean_.insert(path_key(file.old_path));
         clean_told_ = told_text().size();
@@ -56,8 +57,8 @@ protected:
         return extension == u"._sn" || (is_unseen && (extension == u".tos" || !path.starts_with(u"N:")));
     }
     void expect_order(bool loaded, bool is_unseen) {
-        EXPECT_EQ(0U, script.open_windows);
         EXPECT_FALSE(context->project);
+        expect_nothing_left();
         EXPECT_EQ("", difference(before_, sources()));
         const bool saved = loaded && context->report.saved;
         EXPECT_TRUE(saved || read(u"N:\\out\\new_log.txt").find("Project saved") == std::string::npos);
@@ -88,6 +89,7 @@ protected:
         const wide_string below = length == SIZE_MAX ? u"N:" : u""; // a full disk is that of the target
         faulty_system counting(kinds, 0, 0, below);
         run(counting);
+        EXPECT_LT(0U, counting.count) << name << ": no run makes such a call";
         size_t tried = 0;
         for (size_t at = 1; at <= counting.count; at += torture::stride(counting.count)) {
             faulty_system faults(kinds, at, length == SIZE_MAX ? SIZE_MAX : at + length - 1, below);
@@ -104,8 +106,39 @@ protected:
         return tried;
     }
 
-private:
+    // A run that is stopped when all is written, and is to erase it; what still stands is told, by itself or
+    // by the folder that it stands in.
+    size_t strike_erasure(call kind) {
+        const size_t last_poll = polls_;
+        size_t tried = 0;
+        for (size_t at = 1, count = 1; at <= count; at += torture::stride(count)) {
+            faulty_system faults({kind}, at, at, u"N:");
+            script.polls = 0;
+            script.stop_at_poll = last_poll;
+            script.answers = {answer::yes, answer::no};
+            EXPECT_TRUE(run(faults) && context->report.stopped);
+            count = faults.count;
+            EXPECT_LT(0U, count);
+            expect_nothing_left();
+            EXPECT_EQ("", difference(before_, sources()));
+            std::set<wide_string> told;
+            for (const wide_string& path : context->report.not_erased) told.insert(path_key(path));
+            for (const auto& [path, state] : state_of(native("n") / "out")) {
+                wide_string place = path_key(u"N:\\out\\" + platform::from_utf8(path));
+                while (!told.contains(place) && !place.empty()) place = path_key(path_head(place));
+                EXPECT_FALSE(place.empty()) << "stands and is not told: " << path;
+            }
+            ++tried;
+        }
+        script.stop_at_poll = 0;
+        script.answers.clear();
+        return tried;
+    }
+
     tree_state before_;
+
+private:
+    size_t polls_ = 0; // of a run that nothing disturbs
     std::map<wide_string, wide_string> clean_astray_;
     std::set<wide_string> clean_;
     size_t clean_told_ = 0;
@@ -115,6 +148,29 @@ TEST_P(every_fault, leaves_the_source_whole_and_tells_what_is_missing) {
     size_t tried = 0;
     for (const auto& [kind, name] : faulty_system::calls) tried += strike({kind}, name, 1);
     torture::count("faults", tried);
+}
+
+TEST_P(every_fault, of_an_erasure_is_told_by_what_still_stands) {
+    size_t tried = 0;
+    for (const call kind : {call::delete_file, call::remove_folder, call::list})
+        tried += strike_erasure(kind);
+    torture::count("faults of an erasure", tried);
+}
+
+// A name that cannot be asked for counts as spelled right.
+TEST_P(every_fault, of_a_case_check_leaves_all_as_it_was) {
+    const wide_string text = u"N:\\out\\case.txt";
+    for (size_t at = 1, count = 1; at <= count; at += torture::stride(count)) {
+        clear();
+        load();
+        faulty_system faults({call::true_name}, at);
+        const platform::system_override in_force(faults);
+        EXPECT_TRUE(context->check_path_case(text));
+        count = faults.count;
+        ASSERT_FALSE(faults.failed.empty());
+        EXPECT_EQ(context->case_differs, !read(text).empty());
+        EXPECT_EQ("", difference(before_, sources()));
+    }
 }
 
 TEST_P(every_fault, of_a_full_disk_is_told_wherever_it_begins) {

@@ -4,6 +4,7 @@
 #include "tests/support/host_fixture.h"
 #include "tests/support/project_builder.h"
 #include "tests/support/references_of.h"
+#include "tests/torture/torture.h"
 
 namespace vs::project_resave::torture {
 
@@ -34,6 +35,14 @@ inline void write_generated_area(const wide_string& project, size_t bytes,
 // Runs into an empty folder, again and again.
 class runs : public host_fixture {
 protected:
+    // What a run opened and made in the host is closed and gone.
+    void expect_nothing_left() const {
+        EXPECT_EQ(0U, script.open_windows);
+        EXPECT_EQ(0U, vestra::living_objects());
+        const open_descriptors now = descriptors();
+        EXPECT_EQ(before_run.files, now.files);
+        EXPECT_GE(4U, now.folders);
+    }
     void clear() const {
         std::filesystem::remove_all(native("n") / "out");
         std::filesystem::create_directories(native("n") / "out");
@@ -78,6 +87,9 @@ protected:
             if (all.find(u' ' + name) != wide_string::npos) return true;
         return false;
     }
+
+    // After a run, as libraries of the host keep files of their own open from then on.
+    open_descriptors before_run = descriptors();
 };
 
 } // namespace vs::project_resave::torture
