@@ -74,9 +74,11 @@ resave_report report_of(const project_context& context) {
     report.types_not_resaved.assign(run.unprocessed_types.begin(), run.unprocessed_types.end());
     report.depth_exceeded = run.depth_exceeded;
     look_at_files(context.placement, run.stopped, report);
+    report.not_erased = run.not_erased;
+    report.kept_joins = run.kept_joins;
     const bool clean = run.problems.empty() && run.untitled.empty() && run.unprocessed_types.empty() &&
                        !run.depth_exceeded && report.not_written.empty() && report.outside.empty() &&
-                       report.not_read.empty();
+                       report.not_read.empty() && report.kept_joins.empty();
     if (run.stopped)
         report.exit = stopped, report.outcome = "stopped";
     else if (!run.saved)
@@ -102,6 +104,8 @@ ordered_json json_of(const resave_report& report) {
             {"not_written", texts(report.not_written)},
             {"outside", texts(report.outside)},
             {"not_read", texts(report.not_read)},
+            {"kept_joins", texts(report.kept_joins)},
+            {"not_erased", texts(report.not_erased)},
             {"selection_settled", !report.depth_exceeded}};
 }
 
@@ -121,6 +125,9 @@ void complain_of_files(const resave_report& report) {
         complain("outside the new project's folder: " + one_line(file));
     for (const wide_string& file : report.not_read)
         complain("cannot be read, what it refers to is not resaved: " + one_line(file));
+    for (const wide_string& table : report.kept_joins)
+        complain("joined at its source still: " + one_line(table));
+    for (const wide_string& file : report.not_erased) complain("not erased: " + one_line(file));
 }
 
 void complain_of_problems(const resave_report& report) {

@@ -25,8 +25,9 @@ struct resave_report {
     std::vector<wide_string> copy_errors;
     std::vector<wide_string> types_not_resaved;
     // What the run itself does not tell: files that could not be made, those whose place it found outside the
-    // new project's folder, and those that could not be read.
-    std::vector<wide_string> not_written, outside, not_read;
+    // new project's folder, those that could not be read, joined tables that stay at their source, and what a
+    // stop was to erase and still stands.
+    std::vector<wide_string> not_written, outside, not_read, kept_joins, not_erased;
     bool depth_exceeded = false;
 };
 

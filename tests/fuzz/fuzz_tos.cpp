@@ -1,4 +1,5 @@
 // The reader of TOS files: no bytes harm it, and what it refuses has a line and a reason.
+#include "core/paths.h"
 #include "reference_host/datasets/tos_reader.h"
 #include "tests/fuzz/fuzz_input.h"
 #include "tests/reference_host/memory_files.h"
@@ -14,9 +15,17 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     const auto read = datasets::read_tos(path, &error);
     vs::project_resave::hold(read || (error.line > 0 && !error.reason.empty()), "a line and a reason");
     if (!read) return 0;
-    for (const wide_string& member : read->members)
-        vs::project_resave::hold(!member.empty() && member.find(u':') == wide_string::npos &&
-                                     member.front() != u'/' && member.front() != u'\\',
-                                 "a member is relative");
+    for (const wide_string& member : read->members) {
+        using namespace vs::project_resave;
+        hold(!member.empty() && member.find(u':') == wide_string::npos && !is_separator(member.front()),
+             "a member is relative");
+        // One that climbs is a member, too: its copy lies as far above that of the file.
+        const bool climbs = member.find(u"..") != wide_string::npos;
+        const wide_string way = path_relative(path, path_resolve(path, member));
+        hold(climbs || path_same(path_resolve(u"N:\\out\\a.tos", way), u"N:\\out\\" + member),
+             "its copy lies beside that of the file as it does");
+        hold(climbs || path_key(path_resolve(path, member)).starts_with(path_key(u"C:\\d")),
+             "below its folder");
+    }
     return 0;
 }

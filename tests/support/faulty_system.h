@@ -34,6 +34,7 @@ public:
         true_name,
         same_file
     };
+    // Those that a run makes from its load to its end, if nothing is to be erased.
     static constexpr std::pair<call, const char*> calls[] = {{call::copy, "copy"},
                                                              {call::create_folder, "create folder"},
                                                              {call::list, "list"},
@@ -41,13 +42,9 @@ public:
                                                              {call::open_to_write, "open to write"},
                                                              {call::read, "read"},
                                                              {call::write, "write"},
-                                                             {call::delete_file, "delete"},
-                                                             {call::remove_folder, "remove folder"},
                                                              {call::rename, "rename"},
                                                              {call::kind, "kind"},
-                                                             {call::size, "size"},
-                                                             {call::true_name, "true name"},
-                                                             {call::same_file, "same file"}};
+                                                             {call::size, "size"}};
     using kinds = std::set<call>;
     static inline const kinds disk_full{call::copy, call::create_folder, call::open_to_write, call::write};
 

@@ -3,7 +3,6 @@
 #include "core/paths.h"
 #include "framework/strings.h"
 #include "tests/support/faulty_system.h"
-#include "tests/support/references_of.h"
 #include "tests/torture/generated_area.h"
 #include "tests/torture/torture.h"
 
@@ -13,8 +12,7 @@ namespace {
 using call = faulty_system::call;
 
 // What these fail to see is not there for anybody.
-const faulty_system::kinds unseen{call::kind,      call::list,         call::true_name,
-                                  call::same_file, call::open_to_read, call::read};
+const faulty_system::kinds unseen{call::kind, call::list, call::open_to_read, call::read};
 
 struct area {
     const char* name;
@@ -36,6 +34,8 @@ protected:
         faulty_system none({});
         run(none);
         ASSERT_TRUE(context->report.saved);
+        before_run = torture::descriptors();
+        polls_ = script.polls;
         clean_astray_ = astray();
         for (const placed_file& file : context->placement.placed) clean_.insert(path_key(file.old_path));
         clean_told_ = told_text().size();
@@ -50,31 +50,6 @@ protected:
         resave();
         return true;
     }
-    // What the new project refers to and is not there, or not below it.
-    std::map<wide_string, wide_string> astray() const {
-        vestra::project project;
-        read_back(output, project);
-        std::map<wide_string, wide_string> found;
-        for (const reference& each : references_of(project))
-            if (!each.path.starts_with(u"N:\\out\\") || !path_exists(each.path))
-                found.emplace(each.path, each.owner);
-        return found;
-    }
-    // A file under a new name is told by its old one.
-    bool is_told_for(wide_string path) const {
-        path = path_file_name(path);
-        const size_t number = path.find(u"_(");
-        if (number != wide_string::npos) path.erase(number, path.find(u')') + 1 - number);
-        return is_told(path);
-    }
-    // By its own name, by that of a file of its stem, or of the folder it lies in.
-    bool is_told_by_family(const wide_string& path) const {
-        const wide_string told = platform::folded(told_text()), stem = path_stem(path);
-        const wide_string folder = path_stem(path_head(path).substr(0, path_head(path).size() - 1));
-        for (const wide_string& name : {stem + u'.', stem + u'\n', folder + u'.', folder + u'\n'})
-            if (told.find(u' ' + name) != wide_string::npos) return true;
-        return false;
-    }
     // The report is silent on the scene of a map that cannot be read or written, so that what it shows stays
     // where it was, and on a TOS file that is not there any more when it is opened; `verify` tells of both.
     static bool is_passed_over(const wide_string& path, bool is_unseen) {
@@ -82,8 +57,8 @@ protected:
         return extension == u"._sn" || (is_unseen && (extension == u".tos" || !path.starts_with(u"N:")));
     }
     void expect_order(bool loaded, bool is_unseen) {
-        EXPECT_EQ(0U, script.open_windows);
         EXPECT_FALSE(context->project);
+        expect_nothing_left();
         EXPECT_EQ("", difference(before_, sources()));
         const bool saved = loaded && context->report.saved;
         EXPECT_TRUE(saved || read(u"N:\\out\\new_log.txt").find("Project saved") == std::string::npos);
@@ -95,18 +70,15 @@ protected:
     // A companion that cannot be seen counts as absent.
     void expect_all_there_or_told(bool is_unseen) {
         std::set<wide_string> placed;
-        for (const placed_file& file : context->placement.placed) {
-            placed.insert(path_key(file.old_path));
-            if (file.old_path.empty() || path_extension(file.old_path).starts_with(u"._")) continue;
-            EXPECT_EQ(read(file.old_path), read(file.new_path)) << platform::to_utf8(file.new_path);
-        }
+        for (const placed_file& file : context->placement.placed) placed.insert(path_key(file.old_path));
+        expect_copies();
         if (context->report.saved) {
             for (const auto& [path, owner] : astray())
-                EXPECT_TRUE(clean_astray_.contains(path) || is_told_for(path) ||
+                EXPECT_TRUE(clean_astray_.contains(path) || names_original(told_text(), path) ||
                             (!owner.empty() && is_told(owner)) || is_passed_over(path, is_unseen))
                     << "refers to " << platform::to_utf8(path) << " of " << platform::to_utf8(owner);
             for (const wide_string& path : clean_)
-                EXPECT_TRUE(is_unseen || placed.contains(path) || is_told_by_family(path))
+                EXPECT_TRUE(is_unseen || placed.contains(path) || names_family(told_text(), path))
                     << "not copied and nothing told: " << platform::to_utf8(path);
         }
         for (const auto& [path, state] : state_of(native("n") / "out"))
@@ -117,6 +89,7 @@ protected:
         const wide_string below = length == SIZE_MAX ? u"N:" : u""; // a full disk is that of the target
         faulty_system counting(kinds, 0, 0, below);
         run(counting);
+        EXPECT_LT(0U, counting.count) << name << ": no run makes such a call";
         size_t tried = 0;
         for (size_t at = 1; at <= counting.count; at += torture::stride(counting.count)) {
             faulty_system faults(kinds, at, length == SIZE_MAX ? SIZE_MAX : at + length - 1, below);
@@ -133,8 +106,39 @@ protected:
         return tried;
     }
 
-private:
+    // A run that is stopped when all is written, and is to erase it; what still stands is told, by itself or
+    // by the folder that it stands in.
+    size_t strike_erasure(call kind) {
+        const size_t last_poll = polls_;
+        size_t tried = 0;
+        for (size_t at = 1, count = 1; at <= count; at += torture::stride(count)) {
+            faulty_system faults({kind}, at, at, u"N:");
+            script.polls = 0;
+            script.stop_at_poll = last_poll;
+            script.answers = {answer::yes, answer::no};
+            EXPECT_TRUE(run(faults) && context->report.stopped);
+            count = faults.count;
+            EXPECT_LT(0U, count);
+            expect_nothing_left();
+            EXPECT_EQ("", difference(before_, sources()));
+            std::set<wide_string> told;
+            for (const wide_string& path : context->report.not_erased) told.insert(path_key(path));
+            for (const auto& [path, state] : state_of(native("n") / "out")) {
+                wide_string place = path_key(u"N:\\out\\" + platform::from_utf8(path));
+                while (!told.contains(place) && !place.empty()) place = path_key(path_head(place));
+                EXPECT_FALSE(place.empty()) << "stands and is not told: " << path;
+            }
+            ++tried;
+        }
+        script.stop_at_poll = 0;
+        script.answers.clear();
+        return tried;
+    }
+
     tree_state before_;
+
+private:
+    size_t polls_ = 0; // of a run that nothing disturbs
     std::map<wide_string, wide_string> clean_astray_;
     std::set<wide_string> clean_;
     size_t clean_told_ = 0;
@@ -144,6 +148,29 @@ TEST_P(every_fault, leaves_the_source_whole_and_tells_what_is_missing) {
     size_t tried = 0;
     for (const auto& [kind, name] : faulty_system::calls) tried += strike({kind}, name, 1);
     torture::count("faults", tried);
+}
+
+TEST_P(every_fault, of_an_erasure_is_told_by_what_still_stands) {
+    size_t tried = 0;
+    for (const call kind : {call::delete_file, call::remove_folder, call::list})
+        tried += strike_erasure(kind);
+    torture::count("faults of an erasure", tried);
+}
+
+// A name that cannot be asked for counts as spelled right.
+TEST_P(every_fault, of_a_case_check_leaves_all_as_it_was) {
+    const wide_string text = u"N:\\out\\case.txt";
+    for (size_t at = 1, count = 1; at <= count; at += torture::stride(count)) {
+        clear();
+        load();
+        faulty_system faults({call::true_name}, at);
+        const platform::system_override in_force(faults);
+        EXPECT_TRUE(context->check_path_case(text));
+        count = faults.count;
+        ASSERT_FALSE(faults.failed.empty());
+        EXPECT_EQ(context->case_differs, !read(text).empty());
+        EXPECT_EQ("", difference(before_, sources()));
+    }
 }
 
 TEST_P(every_fault, of_a_full_disk_is_told_wherever_it_begins) {

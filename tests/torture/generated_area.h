@@ -3,6 +3,8 @@
 
 #include "tests/support/host_fixture.h"
 #include "tests/support/project_builder.h"
+#include "tests/support/references_of.h"
+#include "tests/torture/torture.h"
 
 namespace vs::project_resave::torture {
 
@@ -33,6 +35,14 @@ inline void write_generated_area(const wide_string& project, size_t bytes,
 // Runs into an empty folder, again and again.
 class runs : public host_fixture {
 protected:
+    // What a run opened and made in the host is closed and gone.
+    void expect_nothing_left() const {
+        EXPECT_EQ(0U, script.open_windows);
+        EXPECT_EQ(0U, vestra::living_objects());
+        const open_descriptors now = descriptors();
+        EXPECT_EQ(before_run.files, now.files);
+        EXPECT_GE(4U, now.folders);
+    }
     void clear() const {
         std::filesystem::remove_all(native("n") / "out");
         std::filesystem::create_directories(native("n") / "out");
@@ -44,6 +54,42 @@ protected:
         return all;
     }
     bool is_told(wide_view what) const { return told_text().find(what) != wide_string::npos; }
+    // What the new project refers to and is not there, or not below it, with the caption of its owner.
+    std::map<wide_string, wide_string> astray() const {
+        vestra::project project;
+        read_back(output, project);
+        std::map<wide_string, wide_string> found;
+        for (const reference& each : references_of(project))
+            if (!path_key(each.path).starts_with(platform::folded(u"N:\\out\\")) || !path_exists(each.path))
+                found.emplace(each.path, each.owner);
+        return found;
+    }
+    // Each file that the run counts as copied is as its source.
+    void expect_copies() const {
+        for (const placed_file& file : context->placement.placed) {
+            if (file.old_path.empty() || path_extension(file.old_path).starts_with(u"._")) continue;
+            EXPECT_EQ(read(file.old_path), read(file.new_path)) << platform::to_utf8(file.new_path);
+        }
+    }
+    // Whether `told` names the file of which this is the copy; a file under a new name has its number last.
+    static bool names_original(const wide_string& told, wide_string path) {
+        path = path_file_name(path);
+        const size_t number = path.find(u"_(");
+        if (number != wide_string::npos) path.erase(number, path.find(u')') + 1 - number);
+        return told.find(path) != wide_string::npos;
+    }
+    // By its own name, by that of a file of its stem, or of the folder it lies in.
+    static bool names_family(const wide_string& told, const wide_string& path) {
+        const wide_string all = platform::folded(told), stem = platform::folded(path_stem(path));
+        const wide_string folder = path_head(platform::folded(path));
+        const wide_string holder = path_stem(folder.substr(0, folder.size() - 1));
+        for (const wide_string& name : {stem + u'.', stem + u'\n', holder + u'.', holder + u'\n'})
+            if (all.find(u' ' + name) != wide_string::npos) return true;
+        return false;
+    }
+
+    // After a run, as libraries of the host keep files of their own open from then on.
+    open_descriptors before_run = descriptors();
 };
 
 } // namespace vs::project_resave::torture

@@ -32,6 +32,13 @@ inline std::mt19937_64 seeded(const char* what) {
     return std::mt19937_64(seed);
 }
 
+// Of this process, where the system shows them: files that are open, and folders that are only held, of which
+// a disk holds four at most, so that their names can be looked up.
+struct open_descriptors {
+    size_t files = 0, folders = 0;
+};
+open_descriptors descriptors();
+
 // A line that tools/torture adds up.
 inline void count(const char* what, size_t number) { std::printf("torture: %s %zu\n", what, number); }
 

@@ -43,25 +43,63 @@ protected:
         return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
     }
 
-    // When something stands in N:\out, or the run has ended.
+    // When the run has begun its log, or has ended.
     clock_type::time_point first_file(pid_t child) const {
         siginfo_t state{};
-        while (fs::is_empty(native("n") / "out") && state.si_pid == 0)
+        while (log_time() == log_before_ && state.si_pid == 0)
             ::waitid(P_PID, static_cast<id_t>(child), &state, WEXITED | WNOHANG | WNOWAIT);
         return clock_type::now();
     }
-    // Of a whole run, from its first file on.
-    clock_type::duration run_time(const std::string& structure) const {
+    fs::file_time_type log_time() const {
+        std::error_code absent;
+        return fs::last_write_time(native("n") / "out" / "new_log.txt", absent);
+    }
+    // An empty folder, or one with the project and all files of an earlier run.
+    void prepare(bool has_older) {
         clear();
+        const fs::path out = native("n") / "out";
+        if (has_older) fs::copy(native("n") / "older", out, fs::copy_options::recursive);
+        older_ = state_of(out);
+        log_before_ = log_time();
+    }
+    void make_older() {
+        prepare(false);
+        EXPECT_EQ(0, ended(start("new._vp", "by-type")));
+        fs::rename(native("n") / "out", native("n") / "older");
+    }
+    // All but what a run writes anew under the name that it had.
+    void expect_older_stays() const {
+        const tree_state now = state_of(native("n") / "out");
+        for (const auto& [path, state] : older_) {
+            if (path.find("._") != std::string::npos || path == "new_log.txt") continue;
+            const auto found = now.find(path);
+            EXPECT_TRUE(found != now.end() && found->second.bytes == state.bytes) << path;
+        }
+    }
+    // The new project, with all that it refers to, or the older one to the last byte; nothing only where
+    // nothing was. Answers whether it is the new one.
+    bool has_new_project() const {
+        const auto older = older_.find("new._vp");
+        const bool is_older = older != older_.end() && read(output) == older->second.bytes;
+        if (is_older || (older == older_.end() && !path_exists(output))) return false;
+        expect_references("new._vp");
+        return true;
+    }
+    // Of a whole run, from its first file on.
+    clock_type::duration run_time(const std::string& structure) {
+        prepare(false);
         const pid_t child = start("new._vp", structure);
         const auto begun = first_file(child);
         EXPECT_EQ(0, ended(child));
-        return clock_type::now() - begun;
+        const auto taken = clock_type::now() - begun;
+        whole_ = copies_of("new._vp");
+        EXPECT_EQ(47U, whole_.size());
+        return taken;
     }
 
-    // Each file that the run tells as copied is as its source, and the project refers to nothing else.
-    void expect_whole(const std::string& project) {
-        std::set<wide_string> copied;
+    // The copies that the run tells of, by their sources; each is as its source.
+    std::multimap<wide_string, wide_string> copies_of(const std::string& project) const {
+        std::multimap<wide_string, wide_string> copies;
         std::ifstream told(told_of(project));
         for (std::string line; std::getline(told, line);) {
             const size_t arrow = line.find(" -> ");
@@ -69,20 +107,34 @@ protected:
             const wide_string from = platform::from_utf8(line.substr(0, arrow));
             const wide_string to = platform::from_utf8(line.substr(arrow + 4));
             EXPECT_TRUE(path_extension(to) == u"._vp" || read(from) == read(to)) << line;
-            copied.insert(to);
+            EXPECT_EQ("",
+                      difference(state_of(platform::native_path(from)), state_of(platform::native_path(to))));
+            copies.emplace(from, to);
         }
-        EXPECT_EQ(47U, copied.size());
-        expect_references(project, copied);
+        return copies;
     }
-    void expect_references(const std::string& project, const std::set<wide_string>& among) {
+    std::vector<reference> expect_references(const std::string& project) const {
         vestra::project made;
         read_back(u"N:\\out\\" + platform::from_utf8(project), made);
         const std::vector<reference> all = references_of(made);
         EXPECT_EQ(22U, all.size());
         for (const reference& each : all)
-            EXPECT_TRUE(each.path.starts_with(u"N:\\out\\") && path_exists(each.path) &&
-                        (among.empty() || among.contains(each.path)))
+            EXPECT_TRUE(each.path.starts_with(u"N:\\out\\") && path_exists(each.path))
                 << platform::to_utf8(each.path);
+        return all;
+    }
+    // The project refers to copies that its own run made, and it made one of each source; what is missing the
+    // run has told.
+    void expect_whole(const std::string& project, const wide_string& told = {}) const {
+        std::set<wide_string> own;
+        const auto copies = copies_of(project);
+        for (const auto& [from, to] : copies) own.insert(to);
+        for (const reference& each : expect_references(project))
+            EXPECT_TRUE(own.contains(each.path) || names_original(told, each.path))
+                << "refers to " << platform::to_utf8(each.path);
+        for (const auto& [from, to] : whole_)
+            EXPECT_TRUE(copies.contains(from) || names_family(told, from))
+                << "not copied and nothing told: " << platform::to_utf8(from);
     }
     // Copies that broke off in the middle, by the names of all files of the source.
     size_t half_files() const {
@@ -96,40 +148,49 @@ protected:
         }
         return count;
     }
+
+    tree_state older_;                              // what stood in N:\out before the run
+    fs::file_time_type log_before_;                 // of its log
+    std::multimap<wide_string, wide_string> whole_; // the copies of a run that nothing disturbs
 };
 
 TEST_F(processes, a_run_killed_anywhere_leaves_the_source_whole_and_the_next_run_succeeds) {
     std::mt19937_64 random = torture::seeded("kills");
-    const size_t wanted = torture::number_of("TORTURE_KILLS", 3);
+    const size_t wanted = torture::number_of("TORTURE_KILLS", 4);
     const tree_state before = state_of(native("c"));
     const char* const structures[] = {"by-type", "from-common-top", "project-tree-else-type"};
+    make_older();
     auto whole = run_time(structures[0]);
-    size_t killed = 0, with_remains = 0, with_project = 0, half = 0;
+    size_t killed = 0, over_older = 0, with_remains = 0, with_project = 0, half = 0;
     for (size_t turn = 0; killed < wanted && turn < 4 * wanted + 10; ++turn) {
         SCOPED_TRACE("turn " + std::to_string(turn));
         const char* const structure = structures[turn % 3];
-        clear();
+        const bool has_older = turn % 2 == 1;
+        prepare(has_older);
         const pid_t child = start("new._vp", structure);
-        const bool is_early = turn % 8 == 7; // else some time behind the first file
+        const bool is_early = turn % 9 == 8; // else some time behind the first file
         const auto begun = is_early ? clock_type::now() : first_file(child);
         std::this_thread::sleep_until(begun + whole * (random() % 1024) / 1024);
         ::kill(child, SIGKILL);
         const bool is_killed = ended(child) == -SIGKILL;
         killed += is_killed;
+        over_older += is_killed && has_older;
         if (!is_killed) whole = whole * 7 / 8;
         ASSERT_EQ("", difference(before, state_of(native("c"))));
-        const bool has_project = path_exists(output);
-        if (has_project) expect_references("new._vp", {});
-        with_project += is_killed && has_project;
-        with_remains += is_killed && !fs::is_empty(native("n") / "out");
+        expect_older_stays();
+        with_project += has_new_project() && is_killed;
+        with_remains += is_killed && state_of(native("n") / "out").size() > older_.size();
         half += half_files();
 
         ASSERT_EQ(0, ended(start("new._vp", structure)));
+        EXPECT_TRUE(has_new_project());
         expect_whole("new._vp");
+        expect_older_stays();
         ASSERT_EQ("", difference(before, state_of(native("c"))));
     }
     EXPECT_EQ(wanted, killed);
     torture::count("kills survived", killed);
+    torture::count("kills while an older project stood there", over_older);
     torture::count("kills that left something", with_remains);
     torture::count("kills that left a whole project", with_project);
     torture::count("kills in the middle of a copy", half);
@@ -137,6 +198,7 @@ TEST_F(processes, a_run_killed_anywhere_leaves_the_source_whole_and_the_next_run
 
 TEST_F(processes, twenty_runs_at_once_into_one_folder_make_twenty_whole_projects) {
     const tree_state before = state_of(native("c"));
+    run_time("by-type");
     for (const char* structure : {"by-type", "from-project-folder", "project-tree-else-type"}) {
         clear();
         std::map<std::string, pid_t> children;
@@ -144,16 +206,16 @@ TEST_F(processes, twenty_runs_at_once_into_one_folder_make_twenty_whole_projects
             const std::string project = "new" + std::to_string(i) + "._vp";
             children[project] = start(project, structure);
         }
-        for (const auto& [project, child] : children) {
+        std::map<std::string, int> codes;
+        for (const auto& [project, child] : children) codes[project] = ended(child);
+        for (const auto& [project, code] : codes) {
             SCOPED_TRACE(structure + (" " + project));
-            const int code = ended(child);
-            std::ifstream told(told_of(project));
-            const std::string text{std::istreambuf_iterator<char>(told), {}};
-            EXPECT_TRUE(code == 0 || (code == 1 && text.find("not copied: ") != std::string::npos))
-                << code << ' ' << text;
-            if (code == 0) expect_whole(project);
-            vestra::project made;
-            read_back(u"N:\\out\\" + platform::from_utf8(project), made);
+            std::ifstream file(told_of(project));
+            wide_string told;
+            for (std::string line; std::getline(file, line);)
+                if (line.find("not copied: ") != std::string::npos) told += platform::from_utf8(line) + u'\n';
+            EXPECT_EQ(told.empty() ? 0 : 1, code);
+            expect_whole(project, told);
         }
         EXPECT_EQ("", difference(before, state_of(native("c"))));
     }

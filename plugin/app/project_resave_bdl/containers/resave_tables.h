@@ -18,6 +18,7 @@ public:
     wide_string source_path() override;
     void set_new_path(const wide_string& path) override;
     wide_string default_folder() override;
+    vs_attr_data* attr_data() override { return table; }
     bool copy_files(const wide_string& source, const wide_string& target) override;
 
 private:

@@ -21,6 +21,10 @@ bool leads_upwards(wide_view relative) {
     return relative.size() >= 3 && relative.starts_with(u"..") && is_separator(relative[2]);
 }
 
+bool leads_outside(wide_view relative) {
+    return relative == u".." || leads_upwards(relative) || !path_is_relative(relative);
+}
+
 wide_string strip_parents(wide_string relative) {
     size_t behind = 0;
     while (leads_upwards(wide_view(relative).substr(behind))) behind += 3;
@@ -204,12 +208,13 @@ void path_placement::set_scene(common_directory* scene, const wide_string& name)
     scene_folder = name;
     if (!name.empty()) {
         const wide_string folder = path_head(new_project_path);
-        wide_string wanted = path_join(folder, name);
-        const wide_string way = path_relative(folder, wanted);
-        // No caption leads out of the new project.
-        if (way == u".." || leads_upwards(way) || !path_is_relative(way))
-            wanted = folder + trim(valid_name(held_below(name)), path_separators);
-        scene_folder = path_relative(folder, unique_path(wanted));
+        const auto way_to = [&](const wide_string& wanted) {
+            return path_relative(folder, unique_path(wanted));
+        };
+        scene_folder = way_to(path_join(folder, name));
+        // No caption leads out of the new project, and none by the number that it gets.
+        if (leads_outside(scene_folder))
+            scene_folder = way_to(folder + trim(valid_name(held_below(name)), path_separators));
     }
     scene_placed.clear();
 }

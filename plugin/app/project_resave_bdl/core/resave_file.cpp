@@ -36,7 +36,10 @@ bool Tvs_resave_file::do_save() {
         return false;
     }
     wide_string target = context->placement.lookup_placed(source);
-    if (target.empty()) target = place_and_copy(source);
+    if (target.empty())
+        target = place_and_copy(source);
+    else
+        context->deferred_joins_.note_kept(attr_data());
     set_new_path(target);
     skip_progress();
     after_file_saved();

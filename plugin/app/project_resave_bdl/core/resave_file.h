@@ -36,6 +36,8 @@ public:
     virtual void set_new_path(const wide_string& path) = 0;
     // Name of the folder for files of this type.
     virtual wide_string default_folder() = 0;
+    // The table whose joins go with the copying, not owned; null if there is none.
+    virtual vs_attr_data* attr_data() { return nullptr; }
     // Copies the family of files. The result says nothing: failures are on record.
     virtual bool copy_files(const wide_string& source, const wide_string& target) = 0;
 

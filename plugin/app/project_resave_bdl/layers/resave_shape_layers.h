@@ -16,8 +16,6 @@ public:
     wide_string default_folder() override;
     bool copy_files(const wide_string& source, const wide_string& target) override;
 
-    // The layer's table, not owned; null if it has none.
-    virtual vs_attr_data* attr_data() = 0;
     virtual bool write_dbf_columns();
 };
 

@@ -168,6 +168,12 @@ void project_context::on_stopped() {
     for (const placed_file& file : placement.placed)
         if (file.old_path != file.new_path) remove_tree(file.new_path);
     for (const wide_string& folder : placement.created_folders) remove_tree(folder);
+    const auto note_if_there = [&](const wide_string& path) {
+        if (path_exists(path)) report.not_erased.push_back(path);
+    };
+    for (const placed_file& file : placement.placed)
+        if (file.old_path != file.new_path) note_if_there(file.new_path);
+    for (const wide_string& folder : placement.created_folders) note_if_there(folder);
 }
 
 bool project_context::stop_and_reload() {

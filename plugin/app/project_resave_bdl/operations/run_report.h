@@ -28,13 +28,15 @@ public:
     bool depth_exceeded = false;             // the selection did not settle in time
     std::set<wide_string> unprocessed_types; // layer kinds that nothing resaves, each once
     std::vector<problem> problems;           // grouped by consecutive titles
-    // What the final message leaves out, for whoever asks after the run: problems of lists without a caption,
-    // and files that are there but could not be read, so that what they refer to stays where it was.
-    std::vector<problem> untitled;
-    std::vector<wide_string> unread_files;
-    wide_string current_unit; // caption of the list in work; kept after the list has ended
-    bool stopped = false;     // the user ended the run
-    bool saved = false;       // the new project file exists
+    wide_string current_unit;                // caption of the list in work; kept after the list has ended
+    bool stopped = false;                    // the user ended the run
+    bool saved = false;                      // the new project file exists
+
+    // What the final message leaves out, for whoever asks after the run.
+    std::vector<problem> untitled;         // problems of lists without a caption
+    std::vector<wide_string> unread_files; // there, but not to be read: what they refer to stays where it was
+    std::vector<wide_string> kept_joins;   // tables that an element goes on joining at their source
+    std::vector<wide_string> not_erased;   // what a stop was to erase and still stands
 };
 
 } // namespace vs::project_resave

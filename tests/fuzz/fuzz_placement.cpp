@@ -1,0 +1,118 @@
+// Where files go, against a plain scan: two bytes that choose, then a source on each line, placed and copied
+// in its turn, and looked up again.
+#include <deque>
+#include <set>
+
+#include "core/path_files.h"
+#include "core/path_placement.h"
+#include "core/paths.h"
+#include "core/resave_options.h"
+#include "framework/strings.h"
+#include "logs/log_file.h"
+#include "tests/fuzz/fuzz_input.h"
+#include "tests/support/forwarding_system.h"
+#include "ui/dialogs.h"
+
+// What a placement calls besides the disk; nobody is there to be asked.
+namespace vs::project_resave {
+wide_string load_string(int32_t) { return u"_log.txt"; }
+unique_name_answer show_unique_name_dialog(const wide_string&, const wide_string&) { return {}; }
+} // namespace vs::project_resave
+
+using namespace vs::project_resave;
+
+namespace {
+
+// Of drives with nothing on them but what a run makes.
+class empty_disk final : public forwarding_system {
+public:
+    platform::entry_kind kind_of(const wide_string& path) override {
+        const wide_string key = key_of(path);
+        const bool is_drive = !path_root(path).empty() && path.size() == path_fixed_length(path);
+        if (is_drive || folders_.contains(key)) return platform::entry_kind::folder;
+        return files_.contains(key) ? platform::entry_kind::file : platform::entry_kind::none;
+    }
+    bool create_folder(const wide_string& path) override {
+        return kind_of(path) == platform::entry_kind::none && folders_.insert(key_of(path)).second;
+    }
+    bool copy_file(const wide_string&, const wide_string& target, bool) override {
+        return path_exists(path_head(target)) && !path_exists(target) && files_.insert(key_of(target)).second;
+    }
+
+private:
+    // "C:name", which has no normal form of its own, lies in the drive's root.
+    static wide_string key_of(const wide_string& path) {
+        const wide_string drive = path_root(path);
+        return path_key(drive.empty() ? path : drive + u'\\' + path.substr(2));
+    }
+
+    std::set<wide_string> files_, folders_;
+};
+
+// As a disk would find it without knowing the folder that somebody is in; no name on it holds a colon.
+bool is_written_out(const wide_string& path) {
+    if (path_root(path).empty() || path.size() < 4 || path_normalise(path) != path) return false;
+    return path.find(u"..") == wide_string::npos && path.find(u':', 2) == wide_string::npos;
+}
+
+struct run {
+    run(unsigned char structure, unsigned char choices) {
+        options.structure_variant = structure % 5;
+        options.lower_case = (choices & 1) != 0;
+        options.rename_on_conflict = (choices & 2) != 0;
+        placement.set_source(u"C:\\prj\\area._vp");
+        placement.set_output(u"N:\\out\\new._vp");
+        if ((choices & 4) != 0) placement.common.add_path(placement.source_project_path);
+        if ((choices & 8) != 0) placement.set_type_folder(u"shp");
+    }
+    bool is_below(const wide_string& path) const {
+        return (path_key(path) + u'\\').starts_with(path_key(placement.new_folder) + u'\\');
+    }
+    void begin_scene(const wide_string& name) {
+        placement.set_scene(nullptr, name);
+        hold(is_below(path_join(placement.new_folder, placement.scene_folder)),
+             "a scene below the new folder");
+    }
+    void place(const wide_string& source) {
+        const placed_file* scanned = nullptr;
+        for (const placed_file& entry : scan)
+            if (!scanned && path_same(entry.old_path, source)) scanned = &entry;
+        hold(placement.lookup_placed(source) == (scanned ? scanned->new_path : wide_string()), "as a scan");
+        if (scanned) return;
+        const wide_string target = placement.new_path(source);
+        const bool is_copied = platform::current_system().copy_file(source, target, false);
+        wide_string lower = target;
+        platform::lower_in_place(lower);
+        hold(!options.lower_case || lower == target, "lower case is lower");
+        if (is_written_out(source)) {
+            hold(is_copied, "a free name in a folder that is there");
+            hold(is_below(target), "below the new folder");
+        }
+        if (!is_copied) return;
+        if (is_written_out(target))
+            hold(targets.insert(path_key(target)).second, "two files never have one place");
+        placement.register_placed(source, target);
+        scan.push_back({source, target});
+    }
+
+    resave_options options{nullptr};
+    log_file log{nullptr};
+    path_placement placement{nullptr, &log, &options};
+    std::deque<placed_file> scan;
+    std::set<wide_string> targets;
+};
+
+} // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
+    if (size < 2) return 0;
+    empty_disk disk;
+    const platform::system_override in_force(disk);
+    run fuzzed(bytes[0], bytes[1]);
+    auto sources = path_split(wide_of(bytes_of(bytes + 2, size - 2)), u"\n", true);
+    if (sources.size() > 100) sources.resize(100);
+    if (!sources.empty()) fuzzed.begin_scene(sources.front());
+    for (const wide_string& source : sources) fuzzed.placement.common.add_path(source);
+    for (const wide_string& source : sources) fuzzed.place(source);
+    return 0;
+}
