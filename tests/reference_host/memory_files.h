@@ -51,6 +51,7 @@ private:
         }
         bool seek_end() override { return true; }
         uint64_t size() override { return bytes.size(); }
+        bool close() override { return true; }
 
         std::string& bytes;
         size_t place = 0;

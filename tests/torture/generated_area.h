@@ -1,6 +1,7 @@
 // A project with families of files that share names and companions, over three folders of C:.
 #pragma once
 
+#include "reference_host/shell/settings.h"
 #include "tests/support/host_fixture.h"
 #include "tests/support/project_builder.h"
 #include "tests/support/references_of.h"
@@ -46,11 +47,17 @@ protected:
     void clear() const {
         std::filesystem::remove_all(native("n") / "out");
         std::filesystem::create_directories(native("n") / "out");
+        vestra::shell::settings().refused_writes.clear();
     }
-    // All lines of the report.
+    // All that a run tells, or the command after it.
     wide_string told_text() const {
         wide_string all;
-        for (const run_report::problem& problem : context->report.problems) all += problem.text;
+        for (const auto* problems : {&context->report.problems, &context->report.untitled})
+            for (const run_report::problem& problem : *problems) all += problem.text;
+        for (const auto* paths : {&context->report.unread_files, &context->report.kept_joins})
+            for (const wide_string& path : *paths) all += u"! " + path_file_name(path) + u"\n";
+        for (const auto& file : vestra::shell::settings().refused_writes)
+            all += u"! " + path_file_name(file.path) + u"\n";
         return all;
     }
     bool is_told(wide_view what) const { return told_text().find(what) != wide_string::npos; }
