@@ -56,6 +56,16 @@ TEST_F(resave_command, the_exit_code_tells_how_it_went_and_the_error_output_why)
         .layer("rtr_lr2d", u"P", write(u"C:\\p.tif"))
         .save(u"C:\\prj\\poor._vp");
     write(u"C:\\p.tfw");
+    project_builder() // what has no place in the host's own message
+        .scene_2d(u"")
+        .layer("rtr_lr2d", u"Nameless", u"C:\\gone.tif")
+        .scene_2d(u"S")
+        .layer("vs_scene_layer_meta_id", u"Map", write(u"C:\\prj\\broken._sn", "x"))
+        .layer("shp_pln_lr2d", u"One", u"C:\\prj\\data\\Roads.shp")
+        .join(u"C:\\prj\\data\\t.dbf")
+        .layer("shp_pln_lr2d", u"Two", u"C:\\prj\\data\\Roads.shp")
+        .join(u"C:\\prj\\data\\t.dbf")
+        .save(u"C:\\prj\\mute._vp");
     write(u"C:\\prj\\bad._vp", "<project version=\"1\">\n  <scene/>\n</project>\n");
     write(u"N:\\file", "x");
     const string poor = "resave 'C:\\prj\\poor._vp'" + to, a = "resave 'C:\\prj\\area._vp' ";
@@ -73,6 +83,10 @@ TEST_F(resave_command, the_exit_code_tells_how_it_went_and_the_error_output_why)
          {"vestra-resave: lost source: Lost one (S)\n", "vestra-resave: not copied: p.tfw (S)\n",
           "vestra-resave: layer type not resaved: wfs_pnt_lr2d\n"}},
         {poor + "--json", 1, {"Lost files Lost one\n", "Copy error p.tfw\n", "wfs_pnt_lr2d\n"}},
+        {"resave 'C:\\prj\\mute._vp'" + to,
+         1,
+         {"lost source: Nameless\n", "not resaved: C:\\prj\\broken._sn\n",
+          "joined at its source still: C:\\prj\\data\\t.dbf\n"}},
         {"", 2, {"subcommand"}},
         {"bogus", 2, {"no such command: bogus"}},
         {"resave 'C:\\prj\\area._vp'", 2, {"NEW_PROJECT"}},
@@ -86,6 +100,7 @@ TEST_F(resave_command, the_exit_code_tells_how_it_went_and_the_error_output_why)
         {a + "'N:\\out'", 2, {"N:\\out: it is a folder"}},
         {a + "''", 2, {"needs a folder"}},
         {poor.substr(0, poor.size() - to.size()) + " 'C:\\p.tif'", 2, {"C:\\p.tif"}},
+        {a + "'N:\\new\\'", 2, {"needs a folder and a name"}},
         {a + "N:new._vp", 2, {"N:new._vp: the new project needs a folder"}},
         {a + "'N:\\file\\new._vp'", 3, {"cannot create the folder N:\\file\\"}},
         {a + "'N:\\out\\" + string(300, 'x') + "' --quiet", 3, {"Error! The project is not saved!\n"}},

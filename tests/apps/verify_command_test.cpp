@@ -85,6 +85,9 @@ TEST_F(bundle_option, items_of_a_bundle_are_listed_left_out_by_name_copied_and_v
     EXPECT_EQ(1, command("verify " + target + bundle));
     EXPECT_TRUE(is_printed("missing: item Quarry: ")) << out;
     EXPECT_EQ(0, command("verify " + target)) << out;
+    std::filesystem::remove(native("n") / "copy/sketches/plan.sketch");
+    EXPECT_EQ(1, command("verify " + target + bundle));
+    EXPECT_TRUE(is_printed("missing: file ")) << out;
 }
 
 // Its own copies would be real.
