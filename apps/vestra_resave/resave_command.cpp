@@ -137,9 +137,8 @@ int resave(const resave_wish& wish, const common_options& options) {
     if (const std::optional<int> end = run(host, wish, options)) return *end;
     look_at_new_project(host.context());
     resave_report report = report_of(host.context());
-    // Where the host's own message has told all problems they are not told again.
-    const bool is_told = !options.quiet && report.exit == problems && host.context().report.untitled.empty();
-    if (!is_told) complain_of_problems(report);
+    // Where the host's own message has told problems they are not told again.
+    complain_of_problems(report, !options.quiet && report.exit == problems);
     complain_of_files(report);
     const wide_string target = host.context().placement.new_project_path;
     std::optional<verification> found;
@@ -167,6 +166,7 @@ int plan_resave(const resave_wish& wish, const common_options& options) {
         return wrong_use;
     }
     if (const std::optional<int> end = run(host, wish, silent)) return *end;
+    look_at_new_project(host.context());
     const resave_plan plan = plan_of(host.context(), disk);
     complain_of(plan);
     if (options.json)

@@ -68,28 +68,29 @@ public:
     }
 
     void add(const wide_string& source, std::vector<resave_plan::neighbour>& found) {
-        const wide_string head = path_head(source), stem = folded(path_stem(source)) + u'.';
-        for (const wide_string& name : names_in(head)[first_piece(stem)]) {
+        const wide_string head = path_head(source);
+        for (const wide_string& name : names_in(head)[folded(path_stem(source))]) {
             const wide_string path = head + name;
-            if (folded(name).starts_with(stem) && taken_.insert(path_key(path)).second)
-                found.push_back({path, source});
+            if (taken_.insert(path_key(path)).second) found.push_back({path, source});
         }
     }
 
 private:
-    using names_by_piece = std::unordered_map<wide_string, std::vector<wide_string>>;
+    using names_by_beginning = std::unordered_map<wide_string, std::vector<wide_string>>;
 
-    static wide_string first_piece(const wide_string& name) { return name.substr(0, name.find(u'.')); }
-
-    names_by_piece& names_in(const wide_string& folder) {
+    // A name stands under all that is before one of its dots.
+    names_by_beginning& names_in(const wide_string& folder) {
         const auto [row, is_new] = folders_.try_emplace(path_key(folder));
-        if (is_new)
-            for (const auto& entry : platform::entries_or_none(platform::operating_system(), folder))
-                if (!entry.is_folder) row->second[first_piece(folded(entry.name))].push_back(entry.name);
+        if (!is_new) return row->second;
+        for (const auto& entry : platform::entries_or_none(platform::operating_system(), folder)) {
+            const wide_string name = entry.is_folder ? wide_string() : folded(entry.name);
+            for (size_t dot = name.find(u'.'); dot != wide_string::npos; dot = name.find(u'.', dot + 1))
+                row->second[name.substr(0, dot)].push_back(entry.name);
+        }
         return row->second;
     }
 
-    std::unordered_map<wide_string, names_by_piece> folders_;
+    std::unordered_map<wide_string, names_by_beginning> folders_;
     std::unordered_set<wide_string> taken_; // path keys of what is copied, or told already
 };
 
@@ -118,7 +119,7 @@ resave_plan plan_of(const project_context& context, trial_disk& disk) {
 }
 
 void complain_of(const resave_plan& plan) {
-    complain_of_problems(plan.report);
+    complain_of_problems(plan.report, false);
     complain_of_files(plan.report);
     if (!plan.free_bytes) complain("how much space is free cannot be told");
     if (has_too_little_space(plan))

@@ -40,21 +40,30 @@ void sort_problems(const std::vector<run_report::problem>& from, resave_report& 
     }
 }
 
+std::vector<wide_string> with_owners(const std::vector<run_report::problem>& paths) {
+    std::vector<wide_string> all;
+    for (const auto& [owner, path] : paths) all.push_back(path + u" (" + owner + u")");
+    return all;
+}
+
 // After a stop what was made may have been erased again.
-void look_at_files(const path_placement& placement, bool was_stopped, resave_report& to) {
+void look_at_files(const project_context& context, resave_report& to) {
+    const path_placement& placement = context.placement;
     const wide_string below = path_key(placement.new_folder) + u'\\';
     std::unordered_set<wide_string> refused;
     for (const shell::refused_file& file : shell::settings().refused_writes)
         refused.insert(path_key(file.path));
     for (const placed_file& file : placement.placed) {
         if (file.new_path == placement.log_path) continue; // entered whether it is written or not
-        const bool stands = path_exists(file.new_path);
-        if (stands && !file.old_path.empty())
+        const bool is_made = path_exists(file.new_path) && !refused.contains(path_key(file.new_path));
+        if (is_made && !file.old_path.empty())
             to.files.push_back({file.old_path, file.new_path, bytes_of(file.new_path)});
-        if (was_stopped) continue;
-        if (!stands || refused.contains(path_key(file.new_path))) to.not_written.push_back(file.new_path);
+        if (context.report.stopped) continue;
+        const bool is_told = file.new_path == placement.new_project_path; // where it is refused
+        if (!is_made && !is_told) to.not_written.push_back(file.new_path);
         if (!path_key(file.new_path).starts_with(below)) to.outside.push_back(file.new_path);
     }
+    if (!context.report.stopped && context.log.has_lost_lines()) to.not_written.push_back(placement.log_path);
 }
 
 ordered_json texts(const std::vector<wide_string>& all) {
@@ -68,14 +77,16 @@ ordered_json texts(const std::vector<wide_string>& all) {
 resave_report report_of(const project_context& context) {
     resave_report report;
     const run_report& run = context.report;
-    sort_problems(run.problems, report);
     sort_problems(run.untitled, report);
-    report.not_read = run.unread_files;
+    report.untold_losses = report.lost_sources.size();
+    report.untold_errors = report.copy_errors.size();
+    sort_problems(run.problems, report);
+    report.not_read = with_owners(run.unread_files);
     report.types_not_resaved.assign(run.unprocessed_types.begin(), run.unprocessed_types.end());
     report.depth_exceeded = run.depth_exceeded;
-    look_at_files(context.placement, run.stopped, report);
+    look_at_files(context, report);
     report.not_erased = run.not_erased;
-    report.kept_joins = run.kept_joins;
+    report.kept_joins = with_owners(run.kept_joins);
     const bool clean = run.problems.empty() && run.untitled.empty() && run.unprocessed_types.empty() &&
                        !run.depth_exceeded && report.not_written.empty() && report.outside.empty() &&
                        report.not_read.empty() && report.kept_joins.empty();
@@ -130,12 +141,14 @@ void complain_of_files(const resave_report& report) {
     for (const wide_string& file : report.not_erased) complain("not erased: " + one_line(file));
 }
 
-void complain_of_problems(const resave_report& report) {
-    for (const wide_string& lost : report.lost_sources) complain("lost source: " + one_line(lost));
-    for (const wide_string& failed : report.copy_errors) complain("not copied: " + one_line(failed));
-    for (const wide_string& type : report.types_not_resaved)
-        complain("layer type not resaved: " + one_line(type));
-    if (report.depth_exceeded) complain(one_line(load_string(522)));
+void complain_of_problems(const resave_report& report, bool is_told) {
+    const auto tell = [&](const char* what, const std::vector<wide_string>& all, size_t untold) {
+        for (size_t i = 0; i < (is_told ? untold : all.size()); ++i) complain(what + one_line(all[i]));
+    };
+    tell("lost source: ", report.lost_sources, report.untold_losses);
+    tell("not copied: ", report.copy_errors, report.untold_errors);
+    tell("layer type not resaved: ", report.types_not_resaved, 0);
+    if (report.depth_exceeded && !is_told) complain(one_line(load_string(522)));
 }
 
 void print_text(const resave_report& report, const wide_string& new_project, bool list_files) {

@@ -21,8 +21,10 @@ struct resave_report {
     int exit = done;
     std::string outcome; // "saved", "saved with problems", "not saved", "stopped"
     std::vector<copied_file> files;
-    std::vector<wide_string> lost_sources; // each with the list it stands in
-    std::vector<wide_string> copy_errors;
+    std::vector<wide_string>
+        lost_sources;                     // each with the list it stands in; those of lists without a caption
+    std::vector<wide_string> copy_errors; // come first
+    size_t untold_losses = 0, untold_errors = 0; // so many of these the host's own message leaves out
     std::vector<wide_string> types_not_resaved;
     // What the run itself does not tell: files that could not be made, those whose place it found outside the
     // new project's folder, those that could not be read, joined tables that stay at their source, and what a
@@ -36,8 +38,9 @@ resave_report report_of(const vs::project_resave::project_context& context);
 nlohmann::ordered_json json_of(const resave_report& report);
 // With what a verification found, if there was one.
 void print_json(const resave_report& report, const std::optional<verification>& found);
-// Each problem, a line on the error output. The first tells what the host's own message tells, too.
-void complain_of_problems(const resave_report& report);
+// Each problem, a line on the error output. The first leaves out what the host's own message tells if
+// `is_told`.
+void complain_of_problems(const resave_report& report, bool is_told);
 void complain_of_files(const resave_report& report);
 // A line of summary and, if wanted, each file.
 void print_text(const resave_report& report, const wide_string& new_project, bool list_files);

@@ -32,8 +32,9 @@ std::uint32_t to_file(const Session* session, const char16_t* path, Handle* obje
                       std::optional<files::file_error> (*writer)(const wide_string&, Model&)) noexcept {
     wide_string fault;
     const std::uint32_t is_done = with_file(session, path, object, fault, writer);
-    if (fault.empty()) return is_done;
+    if (is_done != 0 || !session || !object) return is_done;
     return guarded([&] {
+        if (fault.empty()) fault = wide_string(text_of(path)) + u": there is too little memory to write it";
         shell::settings().refused_writes.push_back({wide_string(text_of(path)), std::move(fault)});
         return std::uint32_t{0};
     });

@@ -67,7 +67,8 @@ protected:
         EXPECT_EQ(json({"Old survey (Overview)"}), run.at("lost_sources"));
         EXPECT_EQ(json({"wfs_pnt_lr2d"}), run.at("types_not_resaved"));
         EXPECT_EQ("would be saved with problems", plan.at("outcome"));
-        for (const char* told : {"lost_sources", "copy_errors", "types_not_resaved"})
+        for (const char* told : {"lost_sources", "copy_errors", "types_not_resaved", "not_written", "outside",
+                                 "not_read", "kept_joins"})
             EXPECT_EQ(run.at(told), plan.at(told)) << told;
     }
 };

@@ -55,7 +55,7 @@ protected:
         for (const auto* problems : {&context->report.problems, &context->report.untitled})
             for (const run_report::problem& problem : *problems) all += problem.text;
         for (const auto* paths : {&context->report.unread_files, &context->report.kept_joins})
-            for (const wide_string& path : *paths) all += u"! " + path_file_name(path) + u"\n";
+            for (const auto& [owner, path] : *paths) all += u"! " + path_file_name(path) + u"\n";
         for (const auto& file : vestra::shell::settings().refused_writes)
             all += u"! " + path_file_name(file.path) + u"\n";
         return all;

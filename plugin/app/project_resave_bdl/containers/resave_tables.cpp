@@ -57,7 +57,7 @@ void Tvs_resave_tos_table::set_new_path(const wide_string& path) {
 wide_string Tvs_resave_tos_table::default_folder() { return load_string(403); }
 
 bool Tvs_resave_tos_table::copy_files(const wide_string& source, const wide_string& target) {
-    return copy_tos_files(source, target, *context);
+    return copy_tos_files(source, target, caption(), *context);
 }
 
 bool Tvs_resave_tos_table::write_structure() {

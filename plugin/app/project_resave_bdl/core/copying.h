@@ -69,8 +69,9 @@ bool copy_data_source_files(const wide_string& source, const wide_string& target
                             project_context& context);
 
 // The same for a TOS file, which is one of the members: its case is kept, and one that the host cannot open
-// is entered as unread.
-bool copy_tos_files(const wide_string& source, const wide_string& target, project_context& context);
+// is entered as unread, under the caption of its owner.
+bool copy_tos_files(const wide_string& source, const wide_string& target, const wide_string& owner,
+                    project_context& context);
 
 // Enters a failed copy in report and log.
 void record_copy_failure(const wide_string& path, log_file& log, run_report& report);

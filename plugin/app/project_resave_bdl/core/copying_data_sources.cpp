@@ -39,9 +39,10 @@ bool copy_data_source_files(const wide_string& source, const wide_string& target
     return true;
 }
 
-bool copy_tos_files(const wide_string& source, const wide_string& target, project_context& context) {
+bool copy_tos_files(const wide_string& source, const wide_string& target, const wide_string& owner,
+                    project_context& context) {
     const bool is_read = copy_data_source_files(source, target, true, context);
-    if (!is_read) context.report.unread_files.push_back(source);
+    if (!is_read) context.report.unread_files.push_back({owner, source});
     return is_read;
 }
 

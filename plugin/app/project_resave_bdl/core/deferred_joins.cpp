@@ -31,11 +31,11 @@ void deferred_joins::take_off(vs_attr_data* attr_data) {
     vs_attr_data_unjoin(attr_data);
 }
 
-void deferred_joins::note_kept(vs_attr_data* attr_data) {
+void deferred_joins::note_kept(vs_attr_data* attr_data, const wide_string& owner) {
     if (!attr_data || !vs_attr_data_is_joined(attr_data)) return;
     const int32_t count = vs_attr_data_get_join_count(attr_data);
     for (int32_t i = 0; i < count; ++i)
-        report->kept_joins.push_back(host_string(vs_attr_data_get_join_other_source, attr_data, i));
+        report->kept_joins.push_back({owner, host_string(vs_attr_data_get_join_other_source, attr_data, i)});
 }
 
 void deferred_joins::run() {

@@ -34,8 +34,9 @@ public:
 
     // Notes all joins of a table and takes them off it. Nothing for a null table and one without joins.
     void take_off(vs_attr_data* attr_data);
-    // Reports the joins of a table whose file has its place already: they go on leading to their sources.
-    void note_kept(vs_attr_data* attr_data);
+    // Reports the joins of a table whose file has its place already: they go on leading to their
+    // sources. `owner` is the caption of the element.
+    void note_kept(vs_attr_data* attr_data, const wide_string& owner);
     // Puts all pending joins on again and forgets them, copying the tables that have no place yet. A table
     // that is lost goes into log and report, and its join stays off.
     void run();

@@ -39,7 +39,7 @@ bool Tvs_resave_file::do_save() {
     if (target.empty())
         target = place_and_copy(source);
     else
-        context->deferred_joins_.note_kept(attr_data());
+        context->deferred_joins_.note_kept(attr_data(), caption());
     set_new_path(target);
     skip_progress();
     after_file_saved();

@@ -72,7 +72,7 @@ bool Tvs_resave_map_lr::do_save() {
     }
     if (!map_unit) {
         context->log.scene_not_loaded(source);
-        context->report.unread_files.push_back(source);
+        context->report.unread_files.push_back({caption(), source});
         return false;
     }
     map_unit->save(); // before the look-up, so that the scene refers to the new places in any case

@@ -100,7 +100,7 @@ void Tvs_resave_tos_lr::collect_common_directory(common_directory& common) {
 wide_string Tvs_resave_tos_lr::default_folder() { return load_string(tos_folder_text); }
 
 bool Tvs_resave_tos_lr::copy_files(const wide_string& source, const wide_string& target) {
-    return copy_tos_files(source, target, *context); // the main file is one of them
+    return copy_tos_files(source, target, caption(), *context); // the main file is one of them
 }
 
 void Tvs_resave_tos_lr::after_file_saved() {
@@ -130,7 +130,7 @@ wide_string Tvs_resave_tos_lr::place_model_file(const wide_string& source, int32
         if (target.empty())
             context->log.new_name_failed(target);
         else
-            copy_tos_files(source, target, *context);
+            copy_tos_files(source, target, caption(), *context);
         placement.set_type_folder(u"files");
     }
     if (target.empty()) return target;

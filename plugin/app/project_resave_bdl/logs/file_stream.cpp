@@ -34,31 +34,26 @@ bool file_stream::open(const wide_string& path, wide_view mode) {
     return false;
 }
 
-void file_stream::write(wide_view text) {
-    if (!handle) return;
+bool file_stream::write(wide_view text) {
+    if (!handle) return false;
     const std::string bytes = to_narrow(text, encoding);
     for (size_t written = 0; written < bytes.size();) {
         const size_t piece = std::min(bytes.size() - written, longest_piece);
-        if (handle->write(bytes.data() + written, piece) != piece) return;
+        if (handle->write(bytes.data() + written, piece) != piece) return false;
         written += piece;
     }
+    return true;
 }
 
-void file_stream::write_line(wide_view text) {
-    write(text);
-    write(line_end);
-}
+bool file_stream::write_line(wide_view text) { return write(text) && write(line_end); }
 
 void file_stream::close() { handle.reset(); }
 
-void append_text(const wide_string& file_name, const wide_string& text, bool end_line) {
+bool append_text(const wide_string& file_name, const wide_string& text, bool end_line) {
     file_stream stream;
-    if (!stream.open(file_name, u"a")) return;
+    if (!stream.open(file_name, u"a")) return false;
     const wide_view shown(text.c_str());
-    if (end_line)
-        stream.write_line(shown);
-    else
-        stream.write(shown);
+    return end_line ? stream.write_line(shown) : stream.write(shown);
 }
 
 } // namespace vs::project_resave

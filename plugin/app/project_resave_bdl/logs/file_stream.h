@@ -10,16 +10,16 @@
 
 namespace vs::project_resave {
 
-// Writes through to the file, without a buffer. No failure is told but that of `open`; writing to a stream
-// that did not open does nothing.
+// Writes through to the file, without a buffer.
 class file_stream {
 public:
     // "r" reads, "w" creates or empties, "a" appends to a file that exists; "+" asks for both directions. A
     // file that somebody else holds is tried again for about 20 ms. Closes what was open.
     bool open(const wide_string& path, wide_view mode);
-    void write(wide_view text);
+    // False if not all of it went out, as always while nothing is open.
+    bool write(wide_view text);
     // The text and a line end.
-    void write_line(wide_view text);
+    bool write_line(wide_view text);
     void close();
 
 private:
@@ -30,7 +30,7 @@ private:
 };
 
 // Opens a file that exists, appends the text up to its first zero character, and closes the file: when it
-// returns, the text stands in the file or is lost.
-void append_text(const wide_string& file_name, const wide_string& text, bool end_line);
+// returns, the text stands in the file or, if it answers false, is lost in whole or in part.
+bool append_text(const wide_string& file_name, const wide_string& text, bool end_line);
 
 } // namespace vs::project_resave

@@ -38,7 +38,7 @@ wide_string text_of(uint32_t string_id) { return load_string(static_cast<int32_t
 bool log_file::open(const wide_string& name, bool enable) {
     if (!enable) return false;
     file_name = name;
-    file_stream().open(file_name, u"w");
+    lost_lines = !file_stream().open(file_name, u"w");
     return true;
 }
 
@@ -50,7 +50,7 @@ bool log_file::write(uint32_t string_id) { return write(text_of(string_id)); }
 bool log_file::write(const char* text) { return write(host_text(text)); }
 
 bool log_file::write(const wide_string& text) {
-    append_text(file_name, text, true);
+    if (!append_text(file_name, text, true) && !file_name.empty()) lost_lines = true;
     return false;
 }
 

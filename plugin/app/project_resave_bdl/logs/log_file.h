@@ -29,6 +29,8 @@ public:
     // `enable` does nothing and answers false.
     virtual bool open(const wide_string& name, bool enable);
     virtual void close();
+    // Whether a line did not reach the file since it was opened, or not even that could be done.
+    bool has_lost_lines() const { return lost_lines; }
     // One line: the text of this number, a narrow text of the host, a wide text. The result is always false.
     virtual bool write(uint32_t string_id);
     virtual bool write(const char* text);
@@ -67,6 +69,7 @@ public:
 protected:
     project_context* context;
     wide_string file_name; // empty until the log is opened for the first time
+    bool lost_lines = false;
     uint32_t depth = 0;
     std::vector<wide_string> unprocessed_types;
 

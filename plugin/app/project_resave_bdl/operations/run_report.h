@@ -33,10 +33,11 @@ public:
     bool saved = false;                      // the new project file exists
 
     // What the final message leaves out, for whoever asks after the run.
-    std::vector<problem> untitled;         // problems of lists without a caption
-    std::vector<wide_string> unread_files; // there, but not to be read: what they refer to stays where it was
-    std::vector<wide_string> kept_joins;   // tables that an element goes on joining at their source
-    std::vector<wide_string> not_erased;   // what a stop was to erase and still stands
+    std::vector<problem> untitled;       // problems of lists without a caption
+    std::vector<problem> unread_files;   // under the caption of the element, the path of a file that is there
+                                         // but not to be read: what it refers to stays where it was
+    std::vector<problem> kept_joins;     // the same with tables that it goes on joining at their source
+    std::vector<wide_string> not_erased; // what a stop was to erase and still stands
 };
 
 } // namespace vs::project_resave
