@@ -63,7 +63,7 @@ public:
     void progress_indeterminate(bool) override {}
     void progress_closed() override { --open_windows; }
     bool stop_requested() override {
-        if (++polls == stop_at_poll) is_stopped_ = true;
+        is_stopped_ |= ++polls == stop_at_poll;
         return is_stopped_;
     }
     void stop_reset() override { is_stopped_ = false; }

@@ -34,7 +34,7 @@ TEST_F(linked_folders, that_are_not_recognised_are_copied_or_told_and_the_run_en
     fs::remove(native("c") / "data" / "a" / "w" / "1" / "above");
     const tree_state before = sources();
     load();
-    faulty_system faults({faulty_system::call::same_file}, 1, SIZE_MAX);
+    faulty_system faults({"same file"}, 1, SIZE_MAX);
     const platform::system_override in_force(faults);
     resave();
     EXPECT_LT(0U, faults.failed.size());
