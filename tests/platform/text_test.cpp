@@ -6,10 +6,7 @@ namespace vs::project_resave::platform {
 namespace {
 
 TEST(text, letter_case_is_ignored_in_every_script_that_has_it) {
-    struct {
-        wide_view a, b;
-        int order;
-    } const cases[] = {
+    const std::tuple<wide_view, wide_view, int> cases[] = {
         {u"", u"", 0},
         {u"C:\\Data\\ROADS.shp", u"c:\\data\\roads.SHP", 0},
         {u"Разрез Ёлка", u"рАЗРЕЗ ёЛКА", 0},
@@ -31,11 +28,7 @@ TEST(text, letter_case_is_ignored_in_every_script_that_has_it) {
 }
 
 TEST(text, code_pages_turn_text_into_bytes_and_back) {
-    struct {
-        unsigned page;
-        wide_view text;
-        std::string_view bytes;
-    } const cases[] = {
+    const std::tuple<unsigned, wide_view, std::string_view> cases[] = {
         {65001, u"Aя€\xD83D\xDE00", "A\xD1\x8F\xE2\x82\xAC\xF0\x9F\x98\x80"},
         {65001, wide_view(u"a\0b", 3), std::string_view("a\0b", 3)},
         {1251, u"Привет Ёж\x98", "\xCF\xF0\xE8\xE2\xE5\xF2 \xA8\xE6\x98"},

@@ -38,8 +38,7 @@ public:
         std::error_code ignored;
         std::filesystem::remove_all(native_, ignored);
     }
-    temporary_folder(const temporary_folder&) = delete;
-    temporary_folder& operator=(const temporary_folder&) = delete;
+    temporary_folder& operator=(temporary_folder&&) = delete;
 
     const std::filesystem::path& native() const { return native_; }
 

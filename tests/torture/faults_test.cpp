@@ -12,21 +12,17 @@ namespace {
 // What these fail to see is not there for anybody.
 const faulty_system::kinds unseen{"kind", "list", "open to read", "read"};
 
-struct area {
-    const char* name;
-    uint32_t structure;
-    bool is_sample;
-};
-void PrintTo(const area& shown, std::ostream* out) { *out << shown.name; }
+// The sample, else the generated one, and the structure.
+using area = std::pair<bool, uint32_t>;
 
 class every_fault : public torture::runs, public testing::WithParamInterface<area> {
 protected:
     void SetUp() override {
-        if (GetParam().is_sample)
+        if (GetParam().first)
             copy_sample();
         else
             torture::write_generated_area(source, 100, write);
-        settings.structure_variant = GetParam().structure;
+        settings.structure_variant = GetParam().second;
         settings.write_log = settings.save_scene_files = settings.save_layer_files = true;
         before_ = sources();
         run();
@@ -63,6 +59,8 @@ protected:
             expect_nothing_left();
             EXPECT_EQ("", difference(before_, sources()));
             const bool saved = loaded && context->report.saved;
+            EXPECT_EQ(saved ? std::vector<wide_string>() : std::vector{load_string(loaded ? 509 : 500)},
+                      errors());
             EXPECT_TRUE(saved || read(u"N:\\out\\new_log.txt").find("Project saved") == std::string::npos);
             if (saved) expect_all_there_or_told(unseen.contains(*kinds.begin()));
             // What lies in a folder is told by the file that the folder goes with.
@@ -143,12 +141,9 @@ TEST_P(every_fault, of_a_full_disk_is_told_wherever_it_begins) {
 }
 
 INSTANTIATE_TEST_SUITE_P(areas, every_fault,
-                         testing::Values(area{"sample_by_type", by_type, true},
-                                         area{"sample_from_top", from_common_top, true},
-                                         area{"sample_per_scene", folder_per_scene, true},
-                                         area{"generated_by_type", by_type, false},
-                                         area{"generated_per_scene", folder_per_scene, false}),
-                         [](const auto& shown) { return shown.param.name; });
+                         testing::Values(area(true, by_type), area(true, from_common_top),
+                                         area(true, folder_per_scene), area(false, by_type),
+                                         area(false, folder_per_scene)));
 
 } // namespace
 } // namespace vs::project_resave

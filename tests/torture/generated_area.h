@@ -1,7 +1,6 @@
 // A project with families of files that share names and companions, over three folders of C:.
 #pragma once
 
-#include "framework/strings.h"
 #include "reference_host/shell/settings.h"
 #include "tests/support/host_fixture.h"
 #include "tests/support/project_builder.h"
@@ -71,8 +70,8 @@ protected:
                 found.emplace(each.path, each.owner);
         return found;
     }
-    // Into an empty folder, from the load to the end, on these files; false if it was not loaded. Whether
-    // there is a new project is told, and each file that the run counts as copied is as its source.
+    // Into an empty folder, from the load to the end, on these files; false if it was not loaded. Each
+    // file that the run counts as copied is as its source.
     bool run(platform::system& files = platform::current_system()) {
         clear();
         script.events.clear();
@@ -82,12 +81,9 @@ protected:
             if (is_loaded) resave();
             return is_loaded;
         }();
-        const bool saved = loaded && context->report.saved;
-        EXPECT_EQ(saved ? std::vector<wide_string>() : std::vector{load_string(loaded ? 509 : 500)},
-                  errors());
+        if (!loaded || context->report.stopped) return loaded; // all may be erased
         for (const placed_file& file : context->placement.placed) {
-            if (!loaded || file.old_path.empty() || path_extension(file.old_path).starts_with(u"._"))
-                continue;
+            if (file.old_path.empty() || path_extension(file.old_path).starts_with(u"._")) continue;
             EXPECT_EQ(read(file.old_path), read(file.new_path)) << platform::to_utf8(file.new_path);
         }
         return loaded;

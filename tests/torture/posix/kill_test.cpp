@@ -161,7 +161,7 @@ TEST_F(processes, a_run_killed_anywhere_leaves_the_source_whole_and_the_next_run
     const char* const structures[] = {"by-type", "from-common-top", "project-tree-else-type"};
     make_older();
     auto whole = run_time(structures[0]);
-    std::map<const char*, size_t> met;
+    std::map<std::string, size_t> met;
     size_t& killed = met["kills survived"];
     for (size_t turn = 0; killed < wanted && turn < 4 * wanted + 10; ++turn) {
         SCOPED_TRACE("turn " + std::to_string(turn));
@@ -190,7 +190,7 @@ TEST_F(processes, a_run_killed_anywhere_leaves_the_source_whole_and_the_next_run
         ASSERT_EQ("", difference(before, state_of(native("c"))));
     }
     EXPECT_EQ(wanted, killed);
-    for (const auto& [what, number] : met) torture::count(what, number);
+    for (const auto& [what, number] : met) torture::count(what.c_str(), number);
 }
 
 TEST_F(processes, twenty_runs_at_once_into_one_folder_make_twenty_whole_projects) {
