@@ -68,11 +68,6 @@ struct run {
     bool is_below(const wide_string& path) const {
         return (path_key(path) + u'\\').starts_with(path_key(placement.new_folder) + u'\\');
     }
-    void begin_scene(const wide_string& name) {
-        placement.set_scene(nullptr, name);
-        hold(is_below(path_join(placement.new_folder, placement.scene_folder)),
-             "a scene below the new folder");
-    }
     void place(const wide_string& source) {
         const placed_file* scanned = nullptr;
         for (const placed_file& entry : scan)
@@ -111,8 +106,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     run fuzzed(bytes[0], bytes[1]);
     auto sources = path_split(wide_of(bytes_of(bytes + 2, size - 2)), u"\n", true);
     if (sources.size() > 100) sources.resize(100);
-    if (!sources.empty()) fuzzed.begin_scene(sources.front());
-    for (const wide_string& source : sources) fuzzed.placement.common.add_path(source);
+    path_placement& placement = fuzzed.placement;
+    if (!sources.empty()) placement.set_scene(nullptr, sources.front());
+    hold(sources.empty() || fuzzed.is_below(path_join(placement.new_folder, placement.scene_folder)),
+         "a scene below");
+    for (const wide_string& source : sources) placement.common.add_path(source);
     for (const wide_string& source : sources) fuzzed.place(source);
     return 0;
 }

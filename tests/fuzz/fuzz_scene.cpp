@@ -4,7 +4,7 @@
 #include "tests/reference_host/memory_files.h"
 
 using namespace vestra;
-using vs::project_resave::bytes_of, vs::project_resave::hold;
+using namespace vs::project_resave;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
     memory_files disk;

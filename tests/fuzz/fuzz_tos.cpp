@@ -5,7 +5,7 @@
 #include "tests/reference_host/memory_files.h"
 
 using namespace vestra;
-using vs::project_resave::bytes_of, vs::project_resave::hold;
+using namespace vs::project_resave;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
     memory_files disk;
@@ -17,7 +17,6 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     hold(read || (error.line > 0 && !error.reason.empty()), "a line and a reason");
     if (!read) return 0;
     for (const wide_string& member : read->members) {
-        using namespace vs::project_resave;
         hold(!member.empty() && member.find(u':') == wide_string::npos && !is_separator(member.front()),
              "a member is relative");
         // One that climbs is a member, too: its copy lies as far above that of the file.

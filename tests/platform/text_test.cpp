@@ -11,7 +11,7 @@ TEST(text, letter_case_is_ignored_in_every_script_that_has_it) {
         {u"C:\\Data\\ROADS.shp", u"c:\\data\\roads.SHP", 0},
         {u"Разрез Ёлка", u"рАЗРЕЗ ёЛКА", 0},
         {u"ΔÉLTA Ž Ø Ґ Є", u"δélta ž ø ґ є", 0},
-        {u"\xD801\xDC00", u"\xD801\xDC00", 0},
+        {u"\xD801\xDC00\xDC00\xD800", u"\xD801\xDC00\xDC00\xD800", 0},
         {u"е", u"ё", -1},
         {u"a", u"ab", -1},
         {u"b", u"AB", 1},
@@ -44,10 +44,8 @@ TEST(text, code_pages_turn_text_into_bytes_and_back) {
 }
 
 TEST(text, broken_text_costs_only_the_broken_part) {
-    for (const wide_view half : {u"\xD800", u"\xDC00"}) {
+    for (const wide_view half : {u"\xD800", u"\xDC00"})
         EXPECT_EQ(to_utf8(u"a" + wide_string(half) + u"я"), "a\xEF\xBF\xBD\xD1\x8F");
-        EXPECT_EQ(compare_no_case(half, half), 0);
-    }
     // How many marks stand for one broken part is the system's choice.
     for (const std::string_view broken :
          {"\xFF", "\xD1", "\xE2\x82", "\xC0\x80", "\xED\xA0\x80", "\xF0\x9F\x98"}) {

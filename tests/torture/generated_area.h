@@ -75,12 +75,10 @@ protected:
     bool run(platform::system& files = platform::current_system()) {
         clear();
         script.events.clear();
-        const bool loaded = [&] {
-            const platform::system_override in_force(files);
-            const bool is_loaded = context->load_project(source, false, false);
-            if (is_loaded) resave();
-            return is_loaded;
-        }();
+        std::optional<platform::system_override> in_force(std::in_place, files);
+        const bool loaded = context->load_project(source, false, false);
+        if (loaded) resave();
+        in_force.reset();
         if (!loaded || context->report.stopped) return loaded; // all may be erased
         for (const placed_file& file : context->placement.placed) {
             if (file.old_path.empty() || path_extension(file.old_path).starts_with(u"._")) continue;
