@@ -79,13 +79,10 @@ struct run {
         wide_string lower = target;
         platform::lower_in_place(lower);
         hold(!options.lower_case || lower == target, "lower case is lower");
-        if (is_written_out(source)) {
-            hold(is_copied, "a free name in a folder that is there");
-            hold(is_below(target), "below the new folder");
-        }
+        hold(!is_written_out(source) || is_copied, "a free name in a folder that is there");
+        hold(!is_written_out(source) || is_below(target), "below the new folder");
         if (!is_copied) return;
-        if (is_written_out(target))
-            hold(targets.insert(path_key(target)).second, "two files never have one place");
+        hold(!is_written_out(target) || targets.insert(path_key(target)).second, "two files in one place");
         placement.register_placed(source, target);
         scan.push_back({source, target});
     }

@@ -30,11 +30,8 @@ TEST_F(drives, a_native_path_gets_the_drive_of_the_longest_folder_that_holds_it)
     std::string message;
     EXPECT_TRUE(add_drive("c=" + root + "/data", message));
     EXPECT_TRUE(add_drive("N=" + root + "/data/gis/", message));
-    for (const std::string wrong : {"C", "C=", "=/", "1=/", "CD=/", "C=/none"}) {
-        message.clear();
-        EXPECT_FALSE(add_drive(wrong, message)) << wrong;
-        EXPECT_NE(message.find(wrong), std::string::npos);
-    }
+    for (const std::string wrong : {"C", "C=", "=/", "1=/", "CD=/", "C=/none"})
+        EXPECT_TRUE(!add_drive(wrong, message = "") && message.find(wrong) != std::string::npos) << wrong;
     const std::pair<std::string, wide_string> cases[] = {
         {root + "/data/gis/x.shp", u"N:\\x.shp"},
         {root + "/data/gis", u"N:\\"},
