@@ -41,10 +41,7 @@ const std::string old_signs =
 } // namespace
 
 TEST_F(layouts, a_page_is_told_a_place_by_each_structure_and_nothing_is_copied_for_it) {
-    const struct {
-        uint32_t structure;
-        wide_view page, becomes;
-    } rows[] = {
+    const std::tuple<uint32_t, wide_view, wide_view> rows[] = {
         {by_type, u"C:\\prj\\img\\p.fmt", u"N:\\out\\files"}, // without its name
         {from_project_folder, u"C:\\prj\\img\\P.fmt", u"N:\\out\\img\\P.fmt"},
         {from_project_folder, u"D:\\img\\p.fmt", u"\\img\\p.fmt"}, // required as it is
@@ -54,15 +51,15 @@ TEST_F(layouts, a_page_is_told_a_place_by_each_structure_and_nothing_is_copied_f
         {from_common_top, u"", u""},
     };
     for (const bool exists : {false, true}) {
-        for (const auto& row : rows) {
-            SCOPED_TRACE(testing::Message() << row.structure << ' ' << platform::to_utf8(row.page));
-            if (exists && !row.page.empty()) write(wide_string(row.page));
-            settings.structure_variant = row.structure;
+        for (const auto& [structure, page, becomes] : rows) {
+            SCOPED_TRACE(testing::Message() << structure << ' ' << platform::to_utf8(page));
+            if (exists && !page.empty()) write(wide_string(page));
+            settings.structure_variant = structure;
             settings.lower_case = true; // does not reach it
             builder.model.layouts.clear();
-            builder.layout(u"Sheet").layer("layout_image", u"I", u"C:\\data\\i.tif").page(u"P", row.page);
+            builder.layout(u"Sheet").layer("layout_image", u"I", u"C:\\data\\i.tif").page(u"P", page);
             run();
-            EXPECT_EQ(row.becomes, copy->layouts.at(0)->page->file);
+            EXPECT_EQ(becomes, copy->layouts.at(0)->page->file);
             EXPECT_EQ(4U, files().size()) << "the image";
             EXPECT_EQ(texts{}, problems);
         }

@@ -68,11 +68,6 @@ struct run {
     bool is_below(const wide_string& path) const {
         return (path_key(path) + u'\\').starts_with(path_key(placement.new_folder) + u'\\');
     }
-    void begin_scene(const wide_string& name) {
-        placement.set_scene(nullptr, name);
-        hold(is_below(path_join(placement.new_folder, placement.scene_folder)),
-             "a scene below the new folder");
-    }
     void place(const wide_string& source) {
         const placed_file* scanned = nullptr;
         for (const placed_file& entry : scan)
@@ -84,13 +79,10 @@ struct run {
         wide_string lower = target;
         platform::lower_in_place(lower);
         hold(!options.lower_case || lower == target, "lower case is lower");
-        if (is_written_out(source)) {
-            hold(is_copied, "a free name in a folder that is there");
-            hold(is_below(target), "below the new folder");
-        }
+        hold(!is_written_out(source) || is_copied, "a free name in a folder that is there");
+        hold(!is_written_out(source) || is_below(target), "below the new folder");
         if (!is_copied) return;
-        if (is_written_out(target))
-            hold(targets.insert(path_key(target)).second, "two files never have one place");
+        hold(!is_written_out(target) || targets.insert(path_key(target)).second, "two files in one place");
         placement.register_placed(source, target);
         scan.push_back({source, target});
     }
@@ -111,8 +103,11 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     run fuzzed(bytes[0], bytes[1]);
     auto sources = path_split(wide_of(bytes_of(bytes + 2, size - 2)), u"\n", true);
     if (sources.size() > 100) sources.resize(100);
-    if (!sources.empty()) fuzzed.begin_scene(sources.front());
-    for (const wide_string& source : sources) fuzzed.placement.common.add_path(source);
+    path_placement& placement = fuzzed.placement;
+    if (!sources.empty()) placement.set_scene(nullptr, sources.front());
+    hold(sources.empty() || fuzzed.is_below(path_join(placement.new_folder, placement.scene_folder)),
+         "a scene below");
+    for (const wide_string& source : sources) placement.common.add_path(source);
     for (const wide_string& source : sources) fuzzed.place(source);
     return 0;
 }

@@ -4,22 +4,22 @@
 #include "tests/reference_host/memory_files.h"
 
 using namespace vestra;
+using vs::project_resave::bytes_of, vs::project_resave::hold;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
     memory_files disk;
     const platform::system_override in_force(disk);
-    disk.content[u"C:\\p\\a._vp"] = vs::project_resave::bytes_of(bytes, size);
+    disk.content[u"C:\\p\\a._vp"] = bytes_of(bytes, size);
     {
         project read, again;
         if (const auto error = files::read_project(u"C:\\p\\a._vp", read)) {
-            vs::project_resave::hold(!error->reason.empty(), "a reason for what is refused");
+            hold(!error->reason.empty(), "a reason for what is refused");
         } else if (!files::write_project(u"C:\\p\\b._vp", read)) {
-            vs::project_resave::hold(!files::read_project(u"C:\\p\\b._vp", again), "written is readable");
-            vs::project_resave::hold(!files::write_project(u"C:\\p\\c._vp", again), "and written again");
-            vs::project_resave::hold(disk.content[u"C:\\p\\b._vp"] == disk.content[u"C:\\p\\c._vp"],
-                                     "the same");
+            hold(!files::read_project(u"C:\\p\\b._vp", again), "written is readable");
+            hold(!files::write_project(u"C:\\p\\c._vp", again), "and written again");
+            hold(disk.content[u"C:\\p\\b._vp"] == disk.content[u"C:\\p\\c._vp"], "the same");
         }
     }
-    vs::project_resave::hold(living_objects() == 0, "nothing is left");
+    hold(living_objects() == 0, "nothing is left");
     return 0;
 }

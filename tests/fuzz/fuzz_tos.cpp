@@ -5,18 +5,18 @@
 #include "tests/reference_host/memory_files.h"
 
 using namespace vestra;
+using namespace vs::project_resave;
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t size) {
     memory_files disk;
     const platform::system_override in_force(disk);
     const wide_string path = u"C:\\d\\a.tos";
-    disk.content[path] = vs::project_resave::bytes_of(bytes, size);
+    disk.content[path] = bytes_of(bytes, size);
     files::file_error error;
     const auto read = datasets::read_tos(path, &error);
-    vs::project_resave::hold(read || (error.line > 0 && !error.reason.empty()), "a line and a reason");
+    hold(read || (error.line > 0 && !error.reason.empty()), "a line and a reason");
     if (!read) return 0;
     for (const wide_string& member : read->members) {
-        using namespace vs::project_resave;
         hold(!member.empty() && member.find(u':') == wide_string::npos && !is_separator(member.front()),
              "a member is relative");
         // One that climbs is a member, too: its copy lies as far above that of the file.

@@ -102,7 +102,7 @@ TEST_F(layer_kinds, a_lost_source_is_reported_and_the_layer_stays_unless_it_is_t
 }
 
 TEST_F(layer_kinds, after_a_failed_copy_the_user_is_told_and_the_layer_names_the_new_place) {
-    faulty_system faults({faulty_system::call::copy}, 1, SIZE_MAX);
+    faulty_system faults({"copy"}, 1, SIZE_MAX);
     const platform::system_override in_force(faults);
     for (const kind_row& row : kinds) {
         run(row, {});

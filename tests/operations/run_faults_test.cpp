@@ -5,8 +5,6 @@
 namespace vs::project_resave {
 namespace {
 
-using call = faulty_system::call;
-
 class run_faults : public broken_run {
 protected:
     run_faults() {
@@ -20,7 +18,7 @@ protected:
         remove_tree(u"N:\\out");
         write(u"N:\\out\\new_log.txt");
         load();
-        faulty_system faults({call::copy}, fault_at);
+        faulty_system faults({"copy"}, fault_at);
         faults.breaks_off = breaks_off;
         const platform::system_override in_force(faults);
         resave();
@@ -82,7 +80,7 @@ TEST_F(run_faults, a_load_that_breaks_off_is_told_and_leaves_nothing_and_the_nex
     for (size_t at = 1, failures = 1; failures != 0; ++at) {
         script.events.clear();
         {
-            faulty_system faults({call::kind}, at);
+            faulty_system faults({"kind"}, at);
             faults.breaks_off = true;
             const platform::system_override in_force(faults);
             const bool loaded = context->load_project(source, true, false);

@@ -59,16 +59,15 @@ TEST_F(scene_files, have_names_that_a_disk_takes_and_move_with_the_data_beside_t
 TEST_F(scene_files, rewriting_takes_the_old_file_first_so_a_failure_leaves_none) {
     project_builder().scene_2d(u"A").layer("rtr_lr2d", u"L", c + u"new.tif").save(source);
     load();
-    using call = faulty_system::call;
     const struct {
         faulty_system::kinds failing;
         uint32_t on_exists; // 0: rewrite; 2, which has no meaning, writes over it
         std::string begins;
     } rows[] = {{{}, 0, "<"},
                 {{}, 2, "<"},
-                {{call::delete_file}, 0, "<"},
-                {{call::open_to_write}, 0, ""},
-                {{call::open_to_write}, 2, "o"}};
+                {{"delete"}, 0, "<"},
+                {{"open to write"}, 0, ""},
+                {{"open to write"}, 2, "o"}};
     for (const auto& row : rows) {
         remove_tree(n + u"out\\a._sn");
         write(n + u"out\\a._SN", "older");

@@ -45,15 +45,13 @@ TEST_F(file_system, copy_keeps_bytes_time_and_permissions) {
     }
 }
 
-TEST_F(file_system, a_copy_that_cannot_be_made_changes_nothing) {
+TEST_F(file_system,
+       a_copy_that_cannot_be_made_changes_nothing_and_a_file_takes_anothers_place_when_it_is_told_to) {
     folder.write(u"source.txt", "new");
     folder.write(u"there.txt", "old");
     folder.write(u"sub\\x.txt");
     const auto before = tree();
-    struct {
-        wide_view source, target;
-        bool replace;
-    } const cases[] = {
+    const std::tuple<wide_view, wide_view, bool> cases[] = {
         {u"source.txt", u"there.txt", false},  {u"source.txt", u"THERE.TXT", false},
         {u"source.txt", u"sub", false},        {u"source.txt", u"sub", true},
         {u"lost.txt", u"copy.txt", false},     {u"lost.txt", u"there.txt", true},
@@ -69,20 +67,24 @@ TEST_F(file_system, a_copy_that_cannot_be_made_changes_nothing) {
     EXPECT_TRUE(files.copy_file(folder.path(u"source.txt"), folder.path(u"There.TXT"), true));
     EXPECT_EQ(folder.read(u"there.txt"), "new");
     EXPECT_EQ(tree(), before);
+    folder.write(u"x.tmp", "newer");
+    EXPECT_TRUE(files.rename_over(folder.path(u"x.tmp"), folder.path(u"THERE.txt")));
+    EXPECT_FALSE(files.rename_over(folder.path(u"x.tmp"), folder.path(u"there.txt")));
+    EXPECT_EQ(folder.read(u"there.txt"), "newer");
+    EXPECT_EQ(tree().size(), before.size());
+    EXPECT_TRUE(files.delete_file(folder.path(u"There.TXT")));
+    EXPECT_FALSE(files.delete_file(folder.path(u"There.TXT")));
 }
 
 TEST_F(file_system, kinds_and_names_are_found_in_any_letter_case) {
     folder.write(u"Данные\\Река.SHP", "12345");
-    struct {
-        wide_view path;
-        entry_kind kind;
-        uint64_t size;
-    } const cases[] = {{u"ДАННЫЕ\\рЕКА.shp", entry_kind::file, 5},
-                       {u"x\\..\\данные\\река.shp", entry_kind::file, 5},
-                       {u"данные", entry_kind::folder, 0},
-                       {u"данные\\река.shx", entry_kind::none, 0},
-                       {u"данные\\река.shp\\x", entry_kind::none, 0},
-                       {wide_view(u"данные\0x", 8), entry_kind::none, 0}};
+    const std::tuple<wide_view, entry_kind, uint64_t> cases[] = {
+        {u"ДАННЫЕ\\рЕКА.shp", entry_kind::file, 5},
+        {u"x\\..\\данные\\река.shp", entry_kind::file, 5},
+        {u"данные", entry_kind::folder, 0},
+        {u"данные\\река.shx", entry_kind::none, 0},
+        {u"данные\\река.shp\\x", entry_kind::none, 0},
+        {wide_view(u"данные\0x", 8), entry_kind::none, 0}};
     for (const auto& [path, kind, size] : cases) {
         EXPECT_EQ(files.kind_of(folder.path(path)), kind) << fs::path(path);
         EXPECT_EQ(files.file_size(folder.path(path)), size) << fs::path(path);
@@ -101,31 +103,17 @@ TEST_F(file_system, kinds_and_names_are_found_in_any_letter_case) {
 }
 
 TEST_F(file_system, folders_are_made_one_level_at_a_time_listed_before_their_content_and_removed_when_empty) {
-    EXPECT_FALSE(files.create_folder(folder.path(u"a\\b")));
-    EXPECT_TRUE(files.create_folder(folder.path(u"a")));
-    EXPECT_FALSE(files.create_folder(folder.path(u"A")));
-    EXPECT_TRUE(files.create_folder(folder.path(u"a\\b")));
-    EXPECT_FALSE(files.remove_folder(folder.path(u"a")));
-    EXPECT_FALSE(files.delete_file(folder.path(u"a")));
+    const std::pair<wide_view, bool> made[] = {
+        {u"a\\b", false}, {u"a", true}, {u"A", false}, {u"a\\b", true}};
+    for (const auto& [name, is_made] : made) EXPECT_EQ(files.create_folder(folder.path(name)), is_made);
+    EXPECT_FALSE(files.remove_folder(folder.path(u"a")) || files.delete_file(folder.path(u"a")));
     folder.write(u"a\\b\\x");
     folder.write(u"a\\c");
     EXPECT_EQ(tree(), (std::vector<wide_string>{u"a\\", u"a\\b\\", u"a\\b\\x", u"a\\c"}));
     for (const wide_view file : {u"a\\b\\X", u"a\\c"}) EXPECT_TRUE(files.delete_file(folder.path(file)));
-    EXPECT_TRUE(files.remove_folder(folder.path(u"A\\B")));
-    EXPECT_TRUE(files.remove_folder(folder.path(u"A")));
+    for (const wide_view empty : {u"A\\B", u"A"}) EXPECT_TRUE(files.remove_folder(folder.path(empty)));
     EXPECT_GT(files.free_space(folder.path()), 0U);
     EXPECT_EQ(files.free_space(folder.path(u"a")), std::nullopt);
-}
-
-TEST_F(file_system, a_file_takes_another_ones_place) {
-    folder.write(u"new.tmp", "new");
-    folder.write(u"Project._vp", "old");
-    EXPECT_TRUE(files.rename_over(folder.path(u"new.tmp"), folder.path(u"project._VP")));
-    EXPECT_EQ(folder.read(u"project._vp"), "new");
-    EXPECT_FALSE(files.rename_over(folder.path(u"new.tmp"), folder.path(u"project._vp")));
-    EXPECT_EQ(tree().size(), 1U);
-    EXPECT_TRUE(files.delete_file(folder.path(u"PROJECT._vp")));
-    EXPECT_FALSE(files.delete_file(folder.path(u"PROJECT._vp")));
 }
 
 } // namespace

@@ -6,15 +6,12 @@ namespace vs::project_resave::platform {
 namespace {
 
 TEST(text, letter_case_is_ignored_in_every_script_that_has_it) {
-    struct {
-        wide_view a, b;
-        int order;
-    } const cases[] = {
+    const std::tuple<wide_view, wide_view, int> cases[] = {
         {u"", u"", 0},
         {u"C:\\Data\\ROADS.shp", u"c:\\data\\roads.SHP", 0},
         {u"Разрез Ёлка", u"рАЗРЕЗ ёЛКА", 0},
         {u"ΔÉLTA Ž Ø Ґ Є", u"δélta ž ø ґ є", 0},
-        {u"\xD801\xDC00", u"\xD801\xDC00", 0},
+        {u"\xD801\xDC00\xDC00\xD800", u"\xD801\xDC00\xDC00\xD800", 0},
         {u"е", u"ё", -1},
         {u"a", u"ab", -1},
         {u"b", u"AB", 1},
@@ -31,11 +28,7 @@ TEST(text, letter_case_is_ignored_in_every_script_that_has_it) {
 }
 
 TEST(text, code_pages_turn_text_into_bytes_and_back) {
-    struct {
-        unsigned page;
-        wide_view text;
-        std::string_view bytes;
-    } const cases[] = {
+    const std::tuple<unsigned, wide_view, std::string_view> cases[] = {
         {65001, u"Aя€\xD83D\xDE00", "A\xD1\x8F\xE2\x82\xAC\xF0\x9F\x98\x80"},
         {65001, wide_view(u"a\0b", 3), std::string_view("a\0b", 3)},
         {1251, u"Привет Ёж\x98", "\xCF\xF0\xE8\xE2\xE5\xF2 \xA8\xE6\x98"},
@@ -51,10 +44,8 @@ TEST(text, code_pages_turn_text_into_bytes_and_back) {
 }
 
 TEST(text, broken_text_costs_only_the_broken_part) {
-    for (const wide_view half : {u"\xD800", u"\xDC00"}) {
+    for (const wide_view half : {u"\xD800", u"\xDC00"})
         EXPECT_EQ(to_utf8(u"a" + wide_string(half) + u"я"), "a\xEF\xBF\xBD\xD1\x8F");
-        EXPECT_EQ(compare_no_case(half, half), 0);
-    }
     // How many marks stand for one broken part is the system's choice.
     for (const std::string_view broken :
          {"\xFF", "\xD1", "\xE2\x82", "\xC0\x80", "\xED\xA0\x80", "\xF0\x9F\x98"}) {

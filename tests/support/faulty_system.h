@@ -1,15 +1,15 @@
 // A system of which calls of one kind fail, told by their numbers, as the real one fails them: with nothing
 // changed and the answer that stands for failure. The paths of those that failed are kept.
 //
-//     faulty_system faults({faulty_system::call::copy}, 3);             // the third copy
+//     faulty_system faults({"copy"}, 3);                                // the third copy
 //     faulty_system faults(faulty_system::disk_full, 3, SIZE_MAX, n);   // all from there on that go to N:
 //     platform::system_override in_force(faults);
 #pragma once
 
 #include <algorithm>
-#include <map>
 #include <new>
 #include <set>
+#include <string_view>
 #include <utility>
 
 #include "tests/support/forwarding_system.h"
@@ -18,35 +18,13 @@ namespace vs::project_resave {
 
 class faulty_system final : public forwarding_system {
 public:
-    enum class call {
-        copy,
-        create_folder,
-        list,
-        open_to_read,
-        open_to_write,
-        read,
-        write,
-        delete_file,
-        remove_folder,
-        rename,
-        kind,
-        size,
-        true_name,
-        same_file
-    };
+    // By the names below, and "delete", "remove folder", "name" and "same file".
+    using kinds = std::set<std::string_view>;
     // Those that a run makes from its load to its end, if nothing is to be erased.
-    static constexpr std::pair<call, const char*> calls[] = {{call::copy, "copy"},
-                                                             {call::create_folder, "create folder"},
-                                                             {call::list, "list"},
-                                                             {call::open_to_read, "open to read"},
-                                                             {call::open_to_write, "open to write"},
-                                                             {call::read, "read"},
-                                                             {call::write, "write"},
-                                                             {call::rename, "rename"},
-                                                             {call::kind, "kind"},
-                                                             {call::size, "size"}};
-    using kinds = std::set<call>;
-    static inline const kinds disk_full{call::copy, call::create_folder, call::open_to_write, call::write};
+    static constexpr const char* calls[] = {"copy",          "create folder", "list",  "open to read",
+                                            "open to write", "read",          "write", "rename",
+                                            "kind",          "size"};
+    static inline const kinds disk_full{"copy", "create folder", "open to write", "write"};
 
     // Fails those numbered `first` to `last`, from 1, of all calls of these kinds on paths that begin with
     // `below`.
@@ -59,40 +37,39 @@ public:
     std::vector<wide_string> failed; // their paths; of a copy that of the source
 
     platform::entry_kind kind_of(const wide_string& path) override {
-        return fails(call::kind, path) ? platform::entry_kind::none : forwarding_system::kind_of(path);
+        return fails("kind", path) ? platform::entry_kind::none : forwarding_system::kind_of(path);
     }
     uint64_t file_size(const wide_string& path) override {
-        return fails(call::size, path) ? 0 : forwarding_system::file_size(path);
+        return fails("size", path) ? 0 : forwarding_system::file_size(path);
     }
     bool copy_file(const wide_string& from, const wide_string& to, bool replace) override {
-        return !fails(call::copy, from, to) && forwarding_system::copy_file(from, to, replace);
+        return !fails("copy", from, to) && forwarding_system::copy_file(from, to, replace);
     }
     bool delete_file(const wide_string& path) override {
-        return !fails(call::delete_file, path) && forwarding_system::delete_file(path);
+        return !fails("delete", path) && forwarding_system::delete_file(path);
     }
     bool create_folder(const wide_string& path) override {
-        return !fails(call::create_folder, path) && forwarding_system::create_folder(path);
+        return !fails("create folder", path) && forwarding_system::create_folder(path);
     }
     bool remove_folder(const wide_string& path) override {
-        return !fails(call::remove_folder, path) && forwarding_system::remove_folder(path);
+        return !fails("remove folder", path) && forwarding_system::remove_folder(path);
     }
     std::optional<std::vector<platform::folder_entry>> list(const wide_string& path) override {
-        return fails(call::list, path) ? std::nullopt : forwarding_system::list(path);
+        return fails("list", path) ? std::nullopt : forwarding_system::list(path);
     }
     bool true_name(const wide_string& folder, const wide_string& name, wide_string& spelling) override {
-        return !fails(call::true_name, folder) && forwarding_system::true_name(folder, name, spelling);
+        return !fails("name", folder) && forwarding_system::true_name(folder, name, spelling);
     }
     bool same_file(const wide_string& a, const wide_string& b) override {
-        return !fails(call::same_file, a) && forwarding_system::same_file(a, b);
+        return !fails("same file", a) && forwarding_system::same_file(a, b);
     }
     bool rename_over(const wide_string& from, const wide_string& to) override {
-        return !fails(call::rename, to) && forwarding_system::rename_over(from, to);
+        return !fails("rename", to) && forwarding_system::rename_over(from, to);
     }
     platform::open_result open(const wide_string& path, platform::access wanted, platform::disposition how,
                                std::unique_ptr<platform::file>& result) override {
         const bool writes = wanted == platform::access::read_write;
-        if (fails(writes ? call::open_to_write : call::open_to_read, path))
-            return platform::open_result::failed;
+        if (fails(writes ? "open to write" : "open to read", path)) return platform::open_result::failed;
         const platform::open_result opened = forwarding_system::open(path, wanted, how, result);
         if (result) result = std::make_unique<faulty_file>(*this, path, std::move(result));
         return opened;
@@ -104,11 +81,11 @@ private:
         faulty_file(faulty_system& faults, wide_string path, std::unique_ptr<platform::file> inner)
             : faults_(faults), path_(std::move(path)), inner_(std::move(inner)) {}
         size_t read(void* buffer, size_t length) override {
-            return faults_.fails(call::read, path_) ? 0 : inner_->read(buffer, length);
+            return faults_.fails("read", path_) ? 0 : inner_->read(buffer, length);
         }
         // Half of it goes out.
         size_t write(const void* bytes, size_t length) override {
-            return inner_->write(bytes, faults_.fails(call::write, path_) ? length / 2 : length);
+            return inner_->write(bytes, faults_.fails("write", path_) ? length / 2 : length);
         }
         bool seek_end() override { return inner_->seek_end(); }
         uint64_t size() override { return inner_->size(); }
@@ -120,8 +97,8 @@ private:
         std::unique_ptr<platform::file> inner_;
     };
 
-    bool fails(call kind, const wide_string& path) { return fails(kind, path, path); }
-    bool fails(call kind, const wide_string& path, const wide_string& place) {
+    bool fails(std::string_view kind, const wide_string& path) { return fails(kind, path, path); }
+    bool fails(std::string_view kind, const wide_string& path, const wide_string& place) {
         if (!failing_.contains(kind) || !place.starts_with(below_)) return false;
         ++count;
         if (count < first_ || count > last_) return false;

@@ -149,9 +149,9 @@ tree_state host_fixture::sources() const {
     return all;
 }
 
-std::vector<vestra::shell::scripted_front_end::event> host_fixture::told() const {
-    std::vector<front::event> all = script.events;
-    std::erase_if(all, [](const front::event& shown) { return shown.what == front::kind::caption; });
+std::vector<host_fixture::front::event> host_fixture::told() const {
+    auto all = script.events;
+    std::erase_if(all, [](const front::event& shown) { return shown.first == front::kind::caption; });
     return all;
 }
 

@@ -46,15 +46,13 @@ public:
     }
     // A layer that refers to other elements, by their captions; they may come later.
     project_builder& compound(wide_view caption, const std::vector<wide_string>& members) {
-        vestra::layer& made = scene_->make_layer("prf_compound_lr2d");
-        identify(made, caption);
-        for (const wide_string& member : members) made.members.emplace().push_back(id(member));
+        layer("prf_compound_lr2d", caption);
+        for (const wide_string& member : members) last().members.emplace().push_back(id(member));
         return *this;
     }
     project_builder& frame(wide_view caption, const wide_string& shown) {
-        vestra::layer& made = scene_->make_layer("layout_scene_frame");
-        identify(made, caption);
-        made.frame.emplace(*vestra::uuid::parse(id(shown)));
+        layer("layout_scene_frame", caption);
+        last().frame.emplace(*vestra::uuid::parse(id(shown)));
         return *this;
     }
     // The page of the layout; it is not among the layers.
@@ -71,7 +69,7 @@ public:
     };
     project_builder& legend(wide_view caption, const std::vector<sign>& signs) {
         layer("vs_layout_legend_layer_meta_id", caption);
-        vestra::layer& made = *scene_->members().back();
+        vestra::layer& made = last();
         made.legend = std::make_unique<vestra::scene>(vestra::dimension::flat);
         vestra::scene* const layout = scene_;
         begin(*made.legend, caption);

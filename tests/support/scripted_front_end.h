@@ -7,11 +7,10 @@
 
 #include <cstddef>
 #include <deque>
-#include <ostream>
 #include <string>
+#include <utility>
 #include <vector>
 
-#include "platform/text.h"
 #include "reference_host/shell/front_end.h"
 
 namespace vestra::shell {
@@ -19,29 +18,20 @@ namespace vestra::shell {
 class scripted_front_end final : public front_end {
 public:
     enum class kind { error, warning, message, yes_no, yes_no_cancel, caption, wait };
-    struct event {
-        kind what;
-        wide_string text;
-        friend bool operator==(const event&, const event&) = default;
-        friend std::ostream& operator<<(std::ostream& out, const event& shown) {
-            return out << static_cast<int>(shown.what) << ' '
-                       << vs::project_resave::platform::to_utf8(shown.text);
-        }
-    };
+    using event = std::pair<kind, wide_string>;
 
     std::vector<event> events;    // everything shown or asked, in order
     std::deque<answer> answers;   // to the next questions; no when there are none left
     std::size_t stop_at_poll = 0; // the stop button is pressed at this poll, counted from 1; 0: never
     std::size_t polls = 0;
     std::size_t open_windows = 0;
-    std::uint32_t current = 0; // the progress shown last
-    std::uint32_t total = 0;
+    std::uint32_t current = 0, total = 0; // of the progress shown last
 
     // The texts of one kind, in order.
     std::vector<wide_string> texts(kind what) const {
         std::vector<wide_string> found;
-        for (const event& shown : events)
-            if (shown.what == what) found.push_back(shown.text);
+        for (const auto& [shown, text] : events)
+            if (shown == what) found.push_back(text);
         return found;
     }
 
@@ -63,7 +53,7 @@ public:
     void progress_indeterminate(bool) override {}
     void progress_closed() override { --open_windows; }
     bool stop_requested() override {
-        if (++polls == stop_at_poll) is_stopped_ = true;
+        is_stopped_ |= ++polls == stop_at_poll;
         return is_stopped_;
     }
     void stop_reset() override { is_stopped_ = false; }
@@ -75,7 +65,7 @@ public:
     void wait_closed() override { --open_windows; }
 
 private:
-    void record(kind what, wide_view text) { events.push_back({what, wide_string(text)}); }
+    void record(kind what, wide_view text) { events.emplace_back(what, text); }
     answer ask(kind what, wide_view text) {
         record(what, text);
         if (answers.empty()) return answer::no;

@@ -2,6 +2,7 @@
 // below the folder, and looked up as the bundle looks them up.
 #pragma once
 
+#include <algorithm>
 #include <atomic>
 #include <filesystem>
 #include <fstream>
@@ -37,8 +38,7 @@ public:
         std::error_code ignored;
         std::filesystem::remove_all(native_, ignored);
     }
-    temporary_folder(const temporary_folder&) = delete;
-    temporary_folder& operator=(const temporary_folder&) = delete;
+    temporary_folder& operator=(temporary_folder&&) = delete;
 
     const std::filesystem::path& native() const { return native_; }
 
@@ -49,8 +49,7 @@ public:
     /// Writes a file, with the folders it needs, past the bundle's own file calls; its drive path.
     wide_string write(wide_view name, std::string_view bytes = {}) const {
         std::u16string below(name);
-        for (char16_t& c : below)
-            if (c == u'\\') c = u'/';
+        std::ranges::replace(below, u'\\', u'/');
         const std::filesystem::path file = native_ / below;
         std::filesystem::create_directories(file.parent_path());
         std::ofstream(file, std::ios::binary) << bytes;

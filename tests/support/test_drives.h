@@ -15,8 +15,6 @@ class test_drives {
 public:
     test_drives();
     ~test_drives();
-    test_drives(const test_drives&) = delete;
-    test_drives& operator=(const test_drives&) = delete;
 
     /// The native path of a drive's root.
     std::filesystem::path root(char letter) const;

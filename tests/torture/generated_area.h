@@ -45,8 +45,7 @@ protected:
         EXPECT_GE(4U, now.folders);
     }
     void clear() const {
-        std::filesystem::remove_all(native("n") / "out");
-        std::filesystem::create_directories(native("n") / "out");
+        clear_output();
         vestra::shell::settings().refused_writes.clear();
     }
     // All that a run tells, or the command after it.
@@ -71,12 +70,35 @@ protected:
                 found.emplace(each.path, each.owner);
         return found;
     }
-    // Each file that the run counts as copied is as its source.
-    void expect_copies() const {
+    // Into an empty folder, from the load to the end, on these files; false if it was not loaded. Each
+    // file that the run counts as copied is as its source.
+    bool run(platform::system& files = platform::current_system()) {
+        clear();
+        script.events.clear();
+        std::optional<platform::system_override> in_force(std::in_place, files);
+        const bool loaded = context->load_project(source, false, false);
+        if (loaded) resave();
+        in_force.reset();
+        if (!loaded || context->report.stopped) return loaded; // all may be erased
         for (const placed_file& file : context->placement.placed) {
             if (file.old_path.empty() || path_extension(file.old_path).starts_with(u"._")) continue;
             EXPECT_EQ(read(file.old_path), read(file.new_path)) << platform::to_utf8(file.new_path);
         }
+        return loaded;
+    }
+    // What the new project refers to is there, or told by its name or that of its owner, or `excused`.
+    void expect_there_or_told(
+        const std::function<bool(const wide_string& path, const wide_string& owner)>& excused) const {
+        for (const auto& [path, owner] : astray())
+            EXPECT_TRUE(names_original(told_text(), path) || (!owner.empty() && is_told(owner)) ||
+                        excused(path, owner))
+                << "refers to " << platform::to_utf8(path) << " of " << platform::to_utf8(owner);
+    }
+    // The keys of all sources, or all copies, of a run.
+    std::set<wide_string> placed(wide_string placed_file::*path) const {
+        std::set<wide_string> keys;
+        for (const placed_file& file : context->placement.placed) keys.insert(path_key(file.*path));
+        return keys;
     }
     // Whether `told` names the file of which this is the copy; a file under a new name has its number last.
     static bool names_original(const wide_string& told, wide_string path) {

@@ -65,11 +65,10 @@ TEST_F(faults, links_are_followed_but_a_circle_of_them_ends) {
     fs::create_directory_symlink(folder.native(), folder.native() / "a" / "self");
     fs::create_directory_symlink(folder.native() / "b", folder.native() / "a" / "to_b");
     fs::create_directory_symlink(folder.native() / "a", folder.native() / "b" / "to_a");
-    std::vector<wide_string> names;
+    wide_string names;
     for (const tree_entry& entry : list_tree(files, folder.path(u"a")))
-        names.push_back(entry.path.substr(folder.path(u"a\\").size()));
-    const std::vector<wide_string> expected = {u"self", u"to_b", u"to_b\\to_a", u"to_b\\y.txt", u"x.txt"};
-    EXPECT_EQ(names, expected);
+        names += entry.path.substr(folder.path(u"a").size()) + u' ';
+    EXPECT_EQ(names, u"\\self \\to_b \\to_b\\to_a \\to_b\\y.txt \\x.txt ");
 }
 
 TEST_F(faults, a_file_that_another_program_holds_is_told_from_one_that_is_lost) {

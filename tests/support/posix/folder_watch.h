@@ -13,12 +13,12 @@ namespace vs::project_resave {
 class folder_watch {
 public:
     explicit folder_watch(const std::filesystem::path& folder)
-        : events_(::inotify_init1(IN_NONBLOCK | IN_CLOEXEC)),
-          is_watching_(::inotify_add_watch(events_.get(), folder.c_str(), IN_OPEN) >= 0) {}
+        : events_(::inotify_init1(IN_NONBLOCK | IN_CLOEXEC)) {
+        ::inotify_add_watch(events_.get(), folder.c_str(), IN_OPEN);
+    }
 
-    // Since the last call; -1 if the folder is not watched.
+    // Since the last call.
     int readings() const {
-        if (!is_watching_) return -1;
         int count = 0;
         alignas(inotify_event) char events[4096];
         for (ssize_t length; (length = ::read(events_.get(), events, sizeof(events))) > 0;)
@@ -32,7 +32,6 @@ public:
 
 private:
     platform::descriptor events_;
-    bool is_watching_;
 };
 
 } // namespace vs::project_resave

@@ -9,10 +9,12 @@ namespace vs::project_resave {
 
 namespace {
 
-void remove_what_tests_made(const std::filesystem::path& root) {
+void remove_what_tests_made() {
     std::error_code empty, failed; // an empty root has no listing
-    for (const auto& entry : std::filesystem::directory_iterator(root, empty))
-        if (!test_drives::is_of_the_system(entry.path())) std::filesystem::remove_all(entry.path(), failed);
+    for (const char* const root : {"C:\\", "D:\\", "N:\\"})
+        for (const auto& entry : std::filesystem::directory_iterator(root, empty))
+            if (!test_drives::is_of_the_system(entry.path()))
+                std::filesystem::remove_all(entry.path(), failed);
 }
 
 } // namespace
@@ -20,12 +22,10 @@ void remove_what_tests_made(const std::filesystem::path& root) {
 test_drives::test_drives() {
     if (std::getenv("VESTRA_TEST_DRIVES") == nullptr)
         throw std::runtime_error("the drives of this system are not made for tests");
-    for (const char letter : {'C', 'D', 'N'}) remove_what_tests_made(root(letter));
+    remove_what_tests_made();
 }
 
-test_drives::~test_drives() {
-    for (const char letter : {'C', 'D', 'N'}) remove_what_tests_made(root(letter));
-}
+test_drives::~test_drives() { remove_what_tests_made(); }
 
 std::filesystem::path test_drives::root(char letter) const { return std::string(1, letter) + ":\\"; }
 

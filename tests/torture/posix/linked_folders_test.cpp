@@ -34,11 +34,10 @@ TEST_F(linked_folders, that_are_not_recognised_are_copied_or_told_and_the_run_en
     fs::remove(native("c") / "data" / "a" / "w" / "1" / "above");
     const tree_state before = sources();
     load();
-    faulty_system faults({faulty_system::call::same_file}, 1, SIZE_MAX);
+    faulty_system faults({"same file"}, 1, SIZE_MAX);
     const platform::system_override in_force(faults);
     resave();
-    EXPECT_LT(0U, faults.failed.size());
-    EXPECT_TRUE(context->report.saved);
+    EXPECT_TRUE(!faults.failed.empty() && context->report.saved);
     EXPECT_TRUE(is_told(u"w.wel") || context->placement.is_placed(u"C:\\data\\a\\w"));
     EXPECT_EQ("", difference(before, sources()));
     expect_nothing_left();
