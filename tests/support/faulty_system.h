@@ -23,7 +23,7 @@ public:
     // Those that a run makes from its load to its end, if nothing is to be erased.
     static constexpr const char* calls[] = {"copy",          "create folder", "list",  "open to read",
                                             "open to write", "read",          "write", "rename",
-                                            "kind",          "size"};
+                                            "kind",          "size",          "close"};
     static inline const kinds disk_full{"copy", "create folder", "open to write", "write"};
 
     // Fails those numbered `first` to `last`, from 1, of all calls of these kinds on paths that begin with
@@ -89,7 +89,7 @@ private:
         }
         bool seek_end() override { return inner_->seek_end(); }
         uint64_t size() override { return inner_->size(); }
-        bool close() override { return inner_->close(); }
+        bool close() override { return inner_->close() && !faults_.fails("close", path_); }
 
     private:
         faulty_system& faults_;

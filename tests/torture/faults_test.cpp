@@ -66,6 +66,8 @@ protected:
             // What lies in a folder is told by the file that the folder goes with.
             EXPECT_TRUE(*kinds.begin() != "copy" || !once || is_told(path_file_name(first)) ||
                         told_text().size() > clean_told_ || !saved);
+            const bool is_lost = std::string_view(*kinds.begin()).ends_with("write");
+            EXPECT_TRUE(!is_lost || first != context->placement.log_path || context->log.has_lost_lines());
             for (const auto& [path, state] : state_of(native("n") / "out"))
                 EXPECT_TRUE(!loaded || (path.find(".new1") == std::string::npos &&
                                         path.find(".tmp") == std::string::npos))

@@ -1,4 +1,4 @@
-// Folders that lead to themselves, by links.
+// Linux only: folders that lead to themselves, by links that anybody may make there.
 #include "core/path_files.h"
 #include "tests/support/faulty_system.h"
 #include "tests/torture/generated_area.h"
