@@ -74,11 +74,12 @@ protected:
                     << path;
         });
     }
-    // A companion that cannot be seen counts as absent. What a map shows that could not be read stays where
-    // it was; the map is told.
+    // A companion that cannot be seen counts as absent. What a map shows that could not be read, or seen,
+    // stays where it was; the map is told, by its file or its caption.
     void expect_all_there_or_told(bool is_unseen) const {
         expect_there_or_told([this](const wide_string& path, const wide_string&) {
-            return clean_astray_.contains(path) || (is_told(u"._sn\n") && !path.starts_with(u"N:"));
+            const bool is_map_told = is_told(u"._sn\n") || is_told(u"Overview map\n");
+            return clean_astray_.contains(path) || (is_map_told && !path.starts_with(u"N:"));
         });
         const auto sources = placed(&placed_file::old_path);
         for (const wide_string& path : clean_)
