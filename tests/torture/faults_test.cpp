@@ -78,7 +78,7 @@ protected:
     // stays where it was; the map is told, by its file or its caption.
     void expect_all_there_or_told(bool is_unseen) const {
         expect_there_or_told([this](const wide_string& path, const wide_string&) {
-            const bool is_map_told = is_told(u"._sn\n") || is_told(u"Overview map\n");
+            const bool is_map_told = is_told(u"._sn\n") || is_told(u"Overview map");
             return clean_astray_.contains(path) || (is_map_told && !path.starts_with(u"N:"));
         });
         const auto sources = placed(&placed_file::old_path);
