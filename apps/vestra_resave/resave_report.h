@@ -21,10 +21,10 @@ struct resave_report {
     int exit = done;
     std::string outcome; // "saved", "saved with problems", "not saved", "stopped"
     std::vector<copied_file> files;
-    std::vector<wide_string>
-        lost_sources;                     // each with the list it stands in; those of lists without a caption
-    std::vector<wide_string> copy_errors; // come first
-    size_t untold_losses = 0, untold_errors = 0; // so many of these the host's own message leaves out
+    // Each with the list it stands in. Those of lists without a caption come first: so many of them the
+    // host's own message leaves out.
+    std::vector<wide_string> lost_sources, copy_errors;
+    size_t untold_losses = 0, untold_errors = 0;
     std::vector<wide_string> types_not_resaved;
     // What the run itself does not tell: files that could not be made, those whose place it found outside the
     // new project's folder, those that could not be read, joined tables that stay at their source, and what a

@@ -52,11 +52,12 @@ bool copy_folder(const wide_string& source, const wide_string& target, bool allo
                  bool overwrite_files) {
     const wide_string from = with_separator(source);
     const wide_string to = with_separator(target);
-    if (!platform::current_system().list(from)) return false;
     if (!allow_existing_target && path_exists(target)) return false;
-    if (!create_folders(to)) return false;
     std::vector<wide_string> unread;
-    for (const auto& entry : platform::list_tree(platform::current_system(), from, &unread)) {
+    const auto entries = platform::list_tree(platform::current_system(), from, &unread);
+    if (!unread.empty() && unread.front() == from) return false;
+    if (!create_folders(to)) return false;
+    for (const auto& entry : entries) {
         const wide_string place = to + path_relative(from, entry.path);
         if (!create_folders(entry.is_folder ? place : path_head(place))) return false;
         if (!entry.is_folder && !copy_file(entry.path, place, overwrite_files)) return false;

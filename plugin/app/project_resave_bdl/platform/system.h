@@ -72,10 +72,10 @@ public:
     virtual entry_status status_of(const wide_string& path) { return {kind_of(path), file_size(path)}; }
 
     /// Copies a regular file with its modification time and permissions (attributes), as far as the target's
-    /// file system has them. A target that exists,
-    /// also in another letter case, is refused unless `replace`; a source that changes while it is read
-    /// fails. After a failure there is no new target, and one that was to be replaced stands as before.
-    /// On POSIX holes of a sparse file stay holes, and blocks are shared where the file system can.
+    /// file system has them. A target that exists, also in another letter case, is refused unless `replace`;
+    /// a source that changes while it is read fails. After a failure there is no new target, and one that was
+    /// to be replaced stands as before. On POSIX holes of a sparse file stay holes, and blocks are shared
+    /// where the file system can.
     virtual bool copy_file(const wide_string& source, const wide_string& target, bool replace) = 0;
     /// Removes a file, read-only too, or a link but not what it leads to; false for a folder and on failure.
     virtual bool delete_file(const wide_string& path) = 0;
