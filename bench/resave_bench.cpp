@@ -1,9 +1,11 @@
 // Measures the bundle in the reference host, one thing in each process, so that peak memory belongs to it.
 //
 //     resave-bench generate FOLDER KIND COUNT BYTES    FOLDER/prj/area._vp with so many elements of two files
-//                                                      each: "shape" or "raster" layers, or "table"
+//                                                   each: "shape" or "raster" layers, or "table"; "away" are
+//                                                   shape layers on a drive that is not there
 //     resave-bench copy FOLDER NEW_FOLDER              a straight loop over the files, for comparison
 //     resave-bench load PROJECT TIMES               loads it again and again
+//     resave-bench xml PROJECT                      reads it as the host does, and nothing else
 //     resave-bench resave PROJECT NEW_PROJECT
 //     resave-bench structure PROJECT TEXT_FILE      with all that it can hold
 //     resave-bench check-case PROJECT REPORT
@@ -110,6 +112,7 @@ auto& identify(auto& element, const wide_string& kind, size_t index) {
 // A hundred layers to a scene.
 int generate(const std::filesystem::path& folder, const std::string& kind, size_t count, size_t bytes) {
     const family files = family_of(kind);
+    const bool is_away = kind == "away";
     std::string content = files.main_content;
     content.resize(std::max(bytes, content.size()), 'x');
     vestra::project project;
@@ -118,14 +121,17 @@ int generate(const std::filesystem::path& folder, const std::string& kind, size_
     for (size_t index = 0; index < count; ++index) {
         if (files.layer_type != nullptr && index % 100 == 0)
             scene = &identify(project.scenes_2d.make_scene(), u"Scene ", index / 100);
-        const std::string place = "data/" + std::to_string(index / files.folder_size);
+        const auto place = folder / "data" / std::to_string(index / files.folder_size);
         const std::string name = "file" + std::to_string(index);
-        std::filesystem::create_directories(folder / place);
-        std::ofstream(folder / place / (name + files.main_extension), std::ios::binary) << content;
-        std::ofstream(folder / place / (name + files.companion), std::ios::binary)
-            << std::string(content.size(), '1');
-        const wide_string path =
-            platform::drive_path((folder / place / (name + files.main_extension)).string());
+        wide_string path = platform::drive_path((place / (name + files.main_extension)).string());
+        if (is_away) {
+            path.front() = u'Q';
+        } else {
+            std::filesystem::create_directories(place);
+            std::ofstream(place / (name + files.main_extension), std::ios::binary) << content;
+            std::ofstream(place / (name + files.companion), std::ios::binary)
+                << std::string(content.size(), '1');
+        }
         if (files.layer_type != nullptr)
             identify(scene->make_layer(files.layer_type), u"Layer ", index).file = path;
         else
@@ -159,22 +165,9 @@ int copy_in_a_loop(const std::filesystem::path& folder, const std::filesystem::p
     return 0;
 }
 
-// Notes when the first file is copied and when the project is begun to be written, and how long the disk is
-// asked what is there.
+// Notes when the first file is copied and when the project is begun to be written.
 class phase_clock : public forwarding_system {
 public:
-    platform::entry_status status_of(const wide_string& path) override {
-        const timer running(asking); // in one question, as without this wrapper
-        return platform::operating_system().status_of(path);
-    }
-    platform::entry_kind kind_of(const wide_string& path) override {
-        const timer running(asking);
-        return forwarding_system::kind_of(path);
-    }
-    std::optional<std::vector<platform::folder_entry>> list(const wide_string& path) override {
-        const timer running(asking);
-        return forwarding_system::list(path);
-    }
     bool copy_file(const wide_string& source, const wide_string& target, bool replace) override {
         if (!copying) copying = clock_type::now();
         return forwarding_system::copy_file(source, target, replace);
@@ -182,19 +175,12 @@ public:
     platform::open_result open(const wide_string& path, platform::access wanted, platform::disposition how,
                                std::unique_ptr<platform::file>& result) override {
         if (how == platform::disposition::create_always) writing = clock_type::now();
-        const timer running(asking);
         return forwarding_system::open(path, wanted, how, result);
     }
+    platform::entry_status status_of(const wide_string& path) override {
+        return platform::operating_system().status_of(path); // in one question, as without this wrapper
+    }
     std::optional<clock_type::time_point> copying, writing;
-    double asking = 0; // seconds
-
-private:
-    struct timer {
-        explicit timer(double& sum) : total(sum) {}
-        ~timer() { total += seconds_since(start); }
-        double& total;
-        const clock_type::time_point start = clock_type::now();
-    };
 };
 
 int load(const wide_string& path, int times) {
@@ -207,7 +193,7 @@ int load(const wide_string& path, int times) {
     }
     const double seconds = seconds_since(start);
     context.close_project();
-    std::printf("seconds=%.3f resident_at_a_tenth=%ld resident_at_end=%ld peak=%ld living=%zu\n", seconds,
+    std::printf("seconds=%.4f resident_at_a_tenth=%ld resident_at_end=%ld peak=%ld living=%zu\n", seconds,
                 after_tenth, resident_kib(), peak_kib(), vestra::living_objects());
     return vestra::living_objects() == 0 ? 0 : 1;
 }
@@ -221,21 +207,22 @@ double seconds_for_common_directory(const project_context& context) {
     return seconds_since(start);
 }
 
-double seconds_for_xml(const wide_string& path) {
+// The host's part of a load.
+int read_xml(const wide_string& path) {
     const auto start = clock_type::now();
     vestra::project project;
-    return vestra::files::read_project(path, project) ? 0 : seconds_since(start);
+    if (vestra::files::read_project(path, project)) return 1;
+    std::printf("seconds=%.4f\n", seconds_since(start));
+    return 0;
 }
 
 int resave(const wide_string& path, const wide_string& target) {
-    const double xml = seconds_for_xml(path);
     phase_clock phases;
     const platform::system_override in_force(phases);
     project_context context(nullptr);
     const auto start = clock_type::now();
     if (!context.load_project(path, false, false)) return 1;
     const auto loaded = clock_type::now();
-    const double asking = phases.asking;
     const double directory = seconds_for_common_directory(context);
     const auto begun = clock_type::now();
     resave_settings settings;
@@ -247,11 +234,10 @@ int resave(const wide_string& path, const wide_string& target) {
     };
     const auto copying = phases.copying.value_or(end), writing = phases.writing.value_or(end);
     const double rounds = between(begun, copying) - directory;
-    std::printf(
-        "seconds=%.3f load=%.3f xml=%.3f disk=%.3f rounds=%.3f directory=%.3f save=%.3f write=%.3f peak=%ld "
-        "files=%zu\n",
-        between(start, loaded) + between(begun, end), between(start, loaded), xml, asking, rounds, directory,
-        between(copying, writing), between(writing, end), peak_kib(), context.placement.placed.size());
+    std::printf("seconds=%.3f load=%.3f rounds=%.3f directory=%.3f save=%.3f write=%.3f peak=%ld files=%zu\n",
+                between(start, loaded) + between(begun, end), between(start, loaded), rounds, directory,
+                between(copying, writing), between(writing, end), peak_kib(),
+                context.placement.placed.size());
     return context.report.saved && context.report.problems.empty() ? 0 : 1;
 }
 
@@ -277,6 +263,7 @@ int main(int argc, char** argv) {
                         std::strtoul(argv[5], nullptr, 10));
     if (mode == "copy" && argc == 4) return copy_in_a_loop(argv[2], argv[3]);
     if (mode == "load" && argc == 4) return load(platform::drive_path(argv[2]), std::atoi(argv[3]));
+    if (mode == "xml" && argc == 3) return read_xml(platform::drive_path(argv[2]));
     if (mode == "resave" && argc == 4)
         return resave(platform::drive_path(argv[2]), platform::drive_path(argv[3]));
     if ((mode == "structure" || mode == "check-case") && argc == 4)

@@ -18,7 +18,7 @@ protected:
     wide_string broken() { return write(u"C:\\prj\\broken._vp", "<project version=\"1\"><scene/>"); }
     void expect_nothing_loaded() const {
         EXPECT_FALSE(context->project);
-        EXPECT_TRUE(context->tree.empty() && context->units.empty());
+        EXPECT_TRUE(context->tree.empty() && context->units.rows().empty());
         EXPECT_EQ(0, context->sizes.total_kb());
         EXPECT_EQ(0U, vestra::living_objects());
     }
@@ -42,14 +42,14 @@ TEST_F(loading, a_second_project_releases_the_first_and_starts_afresh) {
     copy_sample();
     const wide_string scene = u"253ad0de-e325-5dd3-8153-ceac9a173086";
     ASSERT_TRUE(load(source));
-    const size_t objects = vestra::living_objects(), units = context->units.size();
+    const size_t objects = vestra::living_objects(), units = context->units.rows().size();
     const double kilobytes = context->sizes.total_kb();
     EXPECT_LT(60, kilobytes);
     for (int again = 0; again < 2; ++again) {
-        context->units.at(scene)->set_selected(false);
+        (*context->units.find(scene))->set_selected(false);
         ASSERT_TRUE(load(context->placement.source_project_path));
         EXPECT_EQ(objects, vestra::living_objects());
-        EXPECT_EQ(units, context->units.size());
+        EXPECT_EQ(units, context->units.rows().size());
         EXPECT_EQ(kilobytes, context->sizes.total_kb());
         EXPECT_TRUE(context->selection.is_selected(scene)) << "as everything is again";
         EXPECT_EQ((std::set<wide_string>{u"wfs_pnt_lr2d"}), context->report.unprocessed_types);
@@ -89,7 +89,7 @@ TEST_F(loading, of_two_elements_with_one_uuid_the_first_is_found) {
     project.model.scenes_2d.at(0)->at(0)->caption = u"Again";
     project.save_scene(u"C:\\prj\\m._sn");
     ASSERT_TRUE(load(source));
-    EXPECT_EQ(u"First", context->units.at(project.id(u"First"))->caption());
+    EXPECT_EQ(u"First", (*context->units.find(project.id(u"First")))->caption());
 }
 
 } // namespace

@@ -88,7 +88,7 @@ TEST_F(resaving, each_choice_decides_what_comes_along_under_which_name_and_what_
         settings = row.settings;
         load();
         for (const wide_string& caption : row.deselected)
-            context->units.at(built.id(caption))->set_selected(false);
+            (*context->units.find(built.id(caption)))->set_selected(false);
         resave();
         all += outcome() + '\n' + read(u"N:\\out\\new_log.txt");
     }
@@ -137,7 +137,7 @@ TEST_F(resaving, the_source_opens_again_if_the_user_wants_to_go_on_and_nothing_d
     resave();
     EXPECT_EQ("well/w.wel \nS: Well=well\\w.wel\n", outcome()) << "the wells are there again";
     EXPECT_EQ(1U, changes);
-    EXPECT_TRUE(!context->project && context->tree.empty() && context->units.empty());
+    EXPECT_TRUE(!context->project && context->tree.empty() && context->units.rows().empty());
     EXPECT_EQ(0, context->sizes.total_kb());
 }
 

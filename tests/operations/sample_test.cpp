@@ -81,7 +81,7 @@ TEST_P(sample, comes_in_lower_case_without_what_is_left_out_and_beside_what_is_t
         for (const wide_string uuid : {u"7865b2c7-7eaa-53c4-919d-e635d883acd4",  // Roads of the first scene
                                        u"c8e6c8ae-7dbd-58e2-b228-6fbc008fd40f",  // Section 1
                                        u"8b3114a0-1418-5ecb-a9e1-193e0fa08b1c"}) // Owners, joined to Deposits
-            context->units.at(uuid)->set_selected(false);
+            (*context->units.find(uuid))->set_selected(false);
         resave();
         expect_whole_copies(before);
         EXPECT_EQ(kept_as_they_are, astray(u"N:\\out\\"));

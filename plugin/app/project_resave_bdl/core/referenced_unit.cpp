@@ -5,10 +5,10 @@
 namespace vs::project_resave {
 
 bool select_referenced(project_context& context, const wide_string& uuid) {
-    const auto found = context.units.find(uuid);
-    if (found == context.units.end() || found->second->selection_state() == 0) return false;
+    Tvs_resave_unit** const found = context.units.find(uuid);
+    if (found == nullptr || (*found)->selection_state() == 0) return false;
     if (!context.options.ask_add_referenced()) return false;
-    found->second->set_selected(true);
+    (*found)->set_selected(true);
     return true;
 }
 

@@ -1,5 +1,7 @@
 #include "core/resave_unit.h"
 
+#include <utility>
+
 #include "core/entity_uuid.h"
 #include "framework/string_adapter.h"
 #include "framework/strings.h"
@@ -43,8 +45,10 @@ void Tvs_resave_unit::after_build() {
     if (uuid_pushed) context->sizes.pop_parent();
     vs_entity* own = entity();
     if (!own) return;
-    const wide_string key = entity_uuid_text(own);
-    if (!key.empty()) context->units.try_emplace(key, this); // the first of a uuid stays
+    wide_string key = entity_uuid_text(own);
+    if (key.empty()) return;
+    const auto [row, is_new] = context->units.enter(std::move(key));
+    if (is_new) context->units[row] = this; // the first of a uuid stays
 }
 
 void Tvs_resave_unit::before_save() { context->log.write(load_string(639) + caption()); }

@@ -39,22 +39,11 @@ void selection_register::set_selected(const wide_string& uuid, bool selected) {
 
 bool size_register::push_parent(const wide_string& uuid) {
     if (uuid.empty()) return false;
-    parents.push_back(&files_of_uuid[uuid]);
+    parents.push_back(&files_of_uuid[files_of_uuid.enter(uuid).first]);
     return true;
 }
 
 void size_register::pop_parent() { parents.pop_back(); }
-
-uint32_t size_register::entry_of(const wide_string& path, bool& is_new) {
-    const size_t hash = std::hash<wide_string>()(path);
-    uint32_t row = entry_of_path.find(hash, [&](uint32_t known) { return entries[known].path == path; });
-    is_new = row == row_index::none;
-    if (!is_new) return row;
-    row = static_cast<uint32_t>(entries.size());
-    entries.emplace_back().path = path;
-    entry_of_path.add(hash, row);
-    return row;
-}
 
 void size_register::recount(size_entry& entry) {
     const bool needed = entry.fulfilled != 0;
@@ -70,8 +59,7 @@ void size_register::link_parents(uint32_t chain_index) {
 }
 
 uint32_t size_register::add_file(const found_file& file) {
-    bool is_new = false;
-    const uint32_t index = entry_of(file.path, is_new);
+    const auto [index, is_new] = entries.enter(file.path);
     size_entry& entry = entries[index];
     if (is_new) entry.size_kb = kilobytes(file);
     chains.push_back({index});
@@ -104,13 +92,13 @@ void size_register::add_path_to_parents(const wide_string& path) {
 }
 
 void size_register::add_path_to_uuid(const wide_string& uuid, const wide_string& path) {
-    files_of_uuid[uuid].add_bare(path);
+    files_of_uuid[files_of_uuid.enter(uuid).first].add_bare(path);
 }
 
 void size_register::set_uuid_selected(const wide_string& uuid, bool selected) {
-    const auto row = files_of_uuid.find(uuid);
-    if (row == files_of_uuid.end() || (row->second.links.empty() && !row->second.bare_paths)) return;
-    for (chain_link& link : row->second.links) {
+    uuid_row* const row = files_of_uuid.find(uuid);
+    if (row == nullptr || (row->links.empty() && !row->bare_paths)) return;
+    for (chain_link& link : row->links) {
         if (link.selected == selected) continue;
         link.selected = selected;
         chain& way = chains[link.chain];
@@ -119,20 +107,18 @@ void size_register::set_uuid_selected(const wide_string& uuid, bool selected) {
         if (!selected && way.left_out++ == 0) --entry.fulfilled;
         recount(entry);
     }
-    bool is_new = false;
-    if (row->second.bare_paths)
-        for (const wide_string& path : *row->second.bare_paths) entry_of(path, is_new);
+    if (row->bare_paths)
+        for (const wide_string& path : *row->bare_paths) entries.enter(path);
     if (on_changed) on_changed();
 }
 
 std::vector<wide_string> size_register::known_paths() const {
-    const auto paths = std::views::transform(entries, &size_entry::path);
+    const auto paths = std::views::transform(entries.rows(), &text_rows<size_entry>::row::text);
     return {paths.begin(), paths.end()};
 }
 
 void size_register::clear() {
     entries.clear();
-    entry_of_path.clear();
     chains.clear();
     parents.clear();
     files_of_uuid.clear();

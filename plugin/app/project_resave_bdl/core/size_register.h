@@ -10,12 +10,11 @@
 #include <functional>
 #include <memory>
 #include <string>
-#include <unordered_map>
 #include <unordered_set>
 #include <vector>
 
 #include "core/path_files.h"
-#include "core/row_index.h"
+#include "core/text_rows.h"
 #include "host/types.h"
 #include "platform/wide_string.h"
 
@@ -31,7 +30,7 @@ public:
     // exist counts 0 and stays known. The number stands for the path until `clear`.
     uint32_t add_file(const found_file& file);
     std::vector<uint32_t> add_files(const std::vector<found_file>& files);
-    const wide_string& path(uint32_t number) const { return entries[number].path; }
+    const wide_string& path(uint32_t number) const { return entries.rows()[number].text; }
     void add_wstrings(const vs_wstrings* paths);
     // Only files the path under the uuids of the stack, or under the one given.
     void add_path_to_parents(const wide_string& path);
@@ -53,7 +52,6 @@ private:
         uint32_t left_out = 0;
     };
     struct size_entry {
-        wide_string path;
         double size_kb = 0;
         uint32_t fulfilled = 0; // how many of its chains are
         bool counted = false;
@@ -70,15 +68,13 @@ private:
         std::unique_ptr<std::unordered_set<wide_string>> bare_paths; // without a chain; null while none
     };
 
-    uint32_t entry_of(const wide_string& path, bool& is_new);
     void link_parents(uint32_t chain_index);
     void recount(size_entry& entry);
 
-    std::deque<size_entry> entries;
-    row_index entry_of_path; // by the hash of the path as it is spelled
+    text_rows<size_entry> entries; // by path
     std::deque<chain> chains;
     std::vector<uuid_row*> parents;
-    std::unordered_map<wide_string, uuid_row> files_of_uuid;
+    text_rows<uuid_row> files_of_uuid;
     double total_kb_ = 0;
     std::function<void()> on_changed;
 };

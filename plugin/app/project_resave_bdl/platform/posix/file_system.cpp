@@ -28,17 +28,6 @@ folder_names& names() { return mapped_volumes().names(); }
 std::optional<std::string> existing(const wide_string& path) { return mapped_volumes().native(path, true); }
 std::optional<std::string> wanted(const wide_string& path) { return mapped_volumes().to_create(path); }
 
-// The spelling asked for is nearly always the right one.
-std::optional<struct stat> stat_of(const wide_string& path) {
-    struct stat status {};
-    const auto asked = mapped_volumes().as_asked(path);
-    if (!asked) return std::nullopt;
-    if (::stat(asked->c_str(), &status) == 0) return status;
-    const auto other = mapped_volumes().in_other_spelling(*asked);
-    if (!other || ::stat(other->c_str(), &status) != 0) return std::nullopt;
-    return status;
-}
-
 folder_entry entry_of(const std::string& folder, const dirent& found) {
     const std::string path = folder + "/" + found.d_name;
     struct stat status {};
@@ -58,7 +47,7 @@ public:
     uint64_t file_size(const wide_string& path) override { return status_of(path).bytes; }
 
     entry_status status_of(const wide_string& path) override {
-        const auto status = stat_of(path);
+        const auto status = mapped_volumes().status(path);
         if (!status) return {};
         if (S_ISDIR(status->st_mode)) return {entry_kind::folder};
         return S_ISREG(status->st_mode) ? entry_status{entry_kind::file, uint64_t(status->st_size)}
@@ -128,8 +117,8 @@ public:
     }
 
     bool same_file(const wide_string& a, const wide_string& b) override {
-        const auto first = stat_of(a);
-        const auto second = stat_of(b);
+        const auto first = mapped_volumes().status(a);
+        const auto second = mapped_volumes().status(b);
         return first && second && first->st_dev == second->st_dev && first->st_ino == second->st_ino;
     }
 
@@ -152,7 +141,7 @@ public:
             return lock_regular_file(open_existing(path, writes ? O_RDWR : O_RDONLY), writes, false, result);
         const auto native = wanted(path);
         if (!native) return open_result::failed;
-        descriptor opened = open_native(*native, O_RDWR | O_CREAT, 0666);
+        descriptor opened = mapped_volumes().held().open(*native, O_RDWR | O_CREAT, 0666);
         if (opened) names().created(*native);
         return lock_regular_file(std::move(opened), true, true, result);
     }

@@ -8,7 +8,6 @@
 #include <ctime>
 #include <memory>
 
-#include "platform/posix/open_file.h"
 #include "platform/text.h"
 
 namespace vs::project_resave::platform {
@@ -17,9 +16,6 @@ namespace {
 
 // Longer than the step of the clock that stamps folders.
 constexpr int64_t settling_time = 20'000'000;
-
-// For so long a path is taken to lead to the folder that it led to; what is in the folder is looked at anew.
-constexpr int64_t holding_time = 5'000'000;
 
 int64_t nanoseconds(const timespec& time) { return int64_t{time.tv_sec} * 1'000'000'000 + time.tv_nsec; }
 
@@ -66,21 +62,6 @@ std::optional<std::string> folder_names::find(const std::string& folder, std::st
     return best != nullptr ? std::optional(*best) : std::nullopt;
 }
 
-// Null unless `folder` is a folder.
-const descriptor* folder_names::follow(const std::string& folder, struct stat& status) {
-    timespec clock{};
-    ::clock_gettime(CLOCK_MONOTONIC_COARSE, &clock);
-    const int64_t now = nanoseconds(clock);
-    held_folder* held = std::ranges::find(held_, folder, &held_folder::path);
-    if (held == held_.end())
-        held = &held_[oldest_held_++ % held_.size()];
-    else if (now - held->since < holding_time && ::fstat(held->handle.get(), &status) == 0 &&
-             status.st_nlink > 0)
-        return &held->handle;
-    *held = {folder, open_native(folder, O_PATH | O_DIRECTORY), now};
-    return held->handle && ::fstat(held->handle.get(), &status) == 0 ? &held->handle : nullptr;
-}
-
 folder_names::folder_times folder_names::times_of(const struct stat& status) {
     return {nanoseconds(status.st_mtim), nanoseconds(status.st_ctim)};
 }
@@ -88,19 +69,18 @@ folder_names::folder_times folder_names::times_of(const struct stat& status) {
 // The names as they stand now, read again if need be; null if `folder` is no readable folder.
 folder_names::content* folder_names::current(const std::string& folder) {
     struct stat status {};
-    const descriptor* const handle = follow(folder, status);
-    if (handle == nullptr) return nullptr;
+    if (!held_.folder_status(folder, status)) return nullptr;
     content& names = folders_[{status.st_dev, status.st_ino}];
     if (names.settled && names.seen == times_of(status)) return &names;
-    return read(*handle, status, names) ? &names : nullptr;
+    return read(folder, status, names) ? &names : nullptr;
 }
 
-bool folder_names::read(const descriptor& folder, const struct stat& status, content& names) {
+bool folder_names::read(const std::string& folder, const struct stat& status, content& names) {
     names.by_folded.clear();
     names.settled = false;
     timespec now{};
     ::clock_gettime(CLOCK_REALTIME_COARSE, &now);
-    descriptor opened(::openat(folder.get(), ".", O_RDONLY | O_DIRECTORY | O_CLOEXEC));
+    descriptor opened = held_.open(joined(folder, "."), O_RDONLY | O_DIRECTORY);
     const std::unique_ptr<DIR, int (*)(DIR*)> listing(::fdopendir(opened.get()), ::closedir);
     if (!listing) return false;
     opened.release(); // the listing closes it
@@ -120,7 +100,7 @@ bool folder_names::read(const descriptor& folder, const struct stat& status, con
 
 folder_names::content* folder_names::kept(const std::string& folder, folder_times& now) {
     struct stat status {};
-    if (follow(folder, status) == nullptr) return nullptr;
+    if (!held_.folder_status(folder, status)) return nullptr;
     now = times_of(status);
     const auto found = folders_.find({status.st_dev, status.st_ino});
     return found != folders_.end() ? &found->second : nullptr;
@@ -135,7 +115,10 @@ void folder_names::before_change(const std::string& path) {
 
 void folder_names::created(const std::string& path) { note_own_change(path, true); }
 
-void folder_names::removed(const std::string& path) { note_own_change(path, false); }
+void folder_names::removed(const std::string& path) {
+    held_.forget(path);
+    note_own_change(path, false);
+}
 
 void folder_names::note_own_change(const std::string& path, bool is_present) {
     const std::lock_guard guard(mutex_);
@@ -154,7 +137,6 @@ void folder_names::note_own_change(const std::string& path, bool is_present) {
 void folder_names::clear() {
     const std::lock_guard guard(mutex_);
     folders_.clear();
-    held_ = {};
 }
 
 } // namespace vs::project_resave::platform

@@ -3,14 +3,10 @@
 // The folded names of a folder are kept, and checked against the folder's times at each use. As those times
 // are too coarse to show two changes in quick succession, the layer reports what it creates and removes
 // itself; so a folder that is being filled is not read again for each file that is asked for in vain.
-//
-// Up to four folders stay open, and for 5 ms a path is taken to lead to the folder it led to: a folder that
-// somebody else renames or puts in another's place is seen that much later.
 #pragma once
 
 #include <sys/stat.h>
 
-#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <map>
@@ -21,13 +17,16 @@
 #include <unordered_map>
 #include <utility>
 
-#include "platform/posix/descriptor.h"
+#include "platform/posix/held_folders.h"
 
 namespace vs::project_resave::platform {
 
 /// Paths are native, absolute and without separator at the end. May be used from any thread.
 class folder_names {
 public:
+    /// Asks `folders`, which outlives it.
+    explicit folder_names(held_folders& folders) : held_(folders) {}
+
     /// The spelling that `folder` holds for `name`: the exact one if it is there, else the first in byte
     /// order; nothing if none. `is_folder` tells whether the folder could be read under exactly this path.
     /// Costs the same for any number of entries, once the folder has been read.
@@ -56,23 +55,14 @@ private:
         bool settled = false;    ///< false: a change may have come too soon after the last one to show
     };
     using identity = std::pair<dev_t, ino_t>;
-    /// A folder held open, so that its times cost no walk along its path.
-    struct held_folder {
-        std::string path;
-        descriptor handle{-1};
-        int64_t since = 0; ///< when the path was followed, in nanoseconds
-    };
-
-    const descriptor* follow(const std::string& folder, struct stat& status);
     static folder_times times_of(const struct stat& status);
-    static bool read(const descriptor& folder, const struct stat& status, content& names);
+    bool read(const std::string& folder, const struct stat& status, content& names);
     content* current(const std::string& folder);
     void note_own_change(const std::string& path, bool is_present);
     content* kept(const std::string& folder, folder_times& now);
 
+    held_folders& held_;
     std::map<identity, content> folders_;
-    std::array<held_folder, 4> held_; ///< the folders asked for last
-    size_t oldest_held_ = 0;
     std::mutex mutex_;
 };
 

@@ -56,17 +56,14 @@ private:
 
 } // namespace
 
-descriptor open_native(const std::string& path, int flags, unsigned mode) {
-    return descriptor(::open(path.c_str(), flags | O_CLOEXEC | O_NONBLOCK, mode));
-}
-
 descriptor open_existing(const wide_string& path, int flags) {
+    held_folders& folders = mapped_volumes().held();
     const auto asked = mapped_volumes().as_asked(path);
     if (!asked) return descriptor(-1);
-    descriptor opened = open_native(*asked, flags);
+    descriptor opened = folders.open(*asked, flags);
     if (opened || errno != ENOENT) return opened;
     const auto other = mapped_volumes().in_other_spelling(*asked);
-    return other ? open_native(*other, flags) : descriptor(-1);
+    return other ? folders.open(*other, flags) : descriptor(-1);
 }
 
 open_result lock_regular_file(descriptor opened, bool writes, bool empties, std::unique_ptr<file>& result) {

@@ -10,10 +10,7 @@
 
 namespace vs::project_resave::platform {
 
-/// Opens without waiting, as a pipe would make us; holds nothing on failure. `flags` and `mode` as the
-/// system's open takes them.
-descriptor open_native(const std::string& path, int flags, unsigned mode = 0);
-/// The same for a drive path, in the spelling asked for or else in the one that stands there.
+/// Opens without waiting what stands there in the spelling asked for, or else in another; none on failure.
 descriptor open_existing(const wide_string& path, int flags);
 
 /// Makes a file of `opened` if that is a regular one: shared by readers, alone for a writer, and empty if

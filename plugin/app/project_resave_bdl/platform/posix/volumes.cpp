@@ -3,6 +3,7 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <chrono>
 #include <climits>
 #include <cstdlib>
 #include <filesystem>
@@ -56,6 +57,7 @@ void volumes::reset() {
         drives_.fill({});
         drives_[drive_index('Z')] = "/";
         names_.clear();
+        held_.clear();
     }
     const char* const variable = std::getenv("VESTRA_DRIVES");
     std::string_view rest = variable != nullptr ? variable : "";
@@ -122,6 +124,15 @@ std::optional<std::string> volumes::in_other_spelling(const std::string& asked) 
     bool exists = false;
     std::string found = spelled_by_listing(asked, exists);
     return exists && found != asked ? std::optional(std::move(found)) : std::nullopt;
+}
+
+std::optional<struct stat> volumes::status(const wide_string& drive_path) {
+    struct stat found {};
+    const auto asked = as_asked(drive_path);
+    if (!asked) return std::nullopt;
+    if (held_.status(*asked, found)) return found;
+    const auto other = in_other_spelling(*asked);
+    return other && held_.status(*other, found) ? std::optional(found) : std::nullopt;
 }
 
 std::optional<std::string> volumes::to_create(const wide_string& drive_path) {
@@ -197,10 +208,11 @@ bool set_current_folder(const wide_string& folder) {
 }
 
 std::filesystem::file_time_type folder_time(const wide_string& folder) {
-    std::error_code failed;
-    const auto asked = mapped_volumes().as_asked(folder);
-    const auto time = std::filesystem::last_write_time(asked.value_or(std::string()), failed);
-    return failed ? std::filesystem::last_write_time(native_path(folder), failed) : time;
+    using namespace std::chrono;
+    const auto status = mapped_volumes().status(folder);
+    if (!status) return std::filesystem::file_time_type::min();
+    const nanoseconds since_epoch = seconds(status->st_mtim.tv_sec) + nanoseconds(status->st_mtim.tv_nsec);
+    return file_clock::from_sys(sys_time<nanoseconds>(since_epoch));
 }
 
 std::filesystem::path native_path(const wide_string& path) {

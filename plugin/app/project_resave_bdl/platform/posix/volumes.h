@@ -2,6 +2,8 @@
 // one here; letter case is ignored on the way (posix/folder_names.h).
 #pragma once
 
+#include <sys/stat.h>
+
 #include <array>
 #include <mutex>
 #include <optional>
@@ -42,6 +44,9 @@ public:
     /// For what does not stand under the native path `asked`: the path of what stands there in another
     /// spelling.
     std::optional<std::string> in_other_spelling(const std::string& asked);
+    /// What stands under a drive path, in the spelling asked for, which is nearly always the right one, or
+    /// else in another; links are followed.
+    std::optional<struct stat> status(const wide_string& drive_path);
     /// What `native` gives without `must_exist`; cheaper where the name is likely to be free.
     std::optional<std::string> to_create(const wide_string& drive_path);
 
@@ -51,13 +56,16 @@ public:
 
     /// The names of folders, for whoever changes them or asks for a spelling.
     folder_names& names() { return names_; }
+    /// The folders asked for last, for whoever opens or looks at what is in them.
+    held_folders& held() { return held_; }
 
 private:
     std::string spelled(const std::string& native, bool& exists);
     std::string spelled_by_listing(const std::string& native, bool& exists);
 
     std::array<std::string, 26> drives_; ///< native folders by letter; empty where there is no drive
-    folder_names names_;
+    held_folders held_;
+    folder_names names_{held_};
     mutable std::mutex mutex_;
 };
 

@@ -1,0 +1,51 @@
+// Folders held open, so that a question for what is in them costs no walk along the whole path.
+//
+// Up to four stay open, those asked for last, and for 5 ms a path is taken to lead to the folder it led to: a
+// folder that somebody else renames or puts in another's place is seen that much later. What is in a folder
+// is looked at anew each time.
+#pragma once
+
+#include <sys/stat.h>
+
+#include <array>
+#include <cstddef>
+#include <cstdint>
+#include <mutex>
+#include <string>
+#include <string_view>
+
+#include "platform/posix/descriptor.h"
+
+namespace vs::project_resave::platform {
+
+/// Paths are native, absolute and without separator at the end. May be used from any thread.
+class held_folders {
+public:
+    /// Opens without waiting, as a pipe would make us; on failure none, and errno tells why. `flags` and
+    /// `mode` as the system's open takes them.
+    descriptor open(const std::string& path, int flags, unsigned mode = 0);
+    /// What stands under exactly this path, links followed; false if nothing does.
+    bool status(const std::string& path, struct stat& found);
+    /// The same for what must be a folder; only this one sees at once that it was removed.
+    bool folder_status(const std::string& folder, struct stat& found);
+
+    /// To be called when an entry was removed or renamed: none of the folders below it are held any longer.
+    void forget(std::string_view path);
+    void clear();
+
+private:
+    struct held_folder {
+        std::string path;
+        descriptor handle{-1};
+        int64_t since = 0; ///< when the path was followed, in nanoseconds
+    };
+
+    held_folder* find(std::string_view folder);
+    const held_folder* follow(std::string_view folder);
+
+    std::array<held_folder, 4> held_;
+    size_t oldest_ = 0;
+    std::mutex mutex_;
+};
+
+} // namespace vs::project_resave::platform
