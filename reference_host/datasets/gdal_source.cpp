@@ -5,6 +5,9 @@
 #include <gdal.h>
 #include <ogr_api.h>
 
+#include <algorithm>
+#include <cctype>
+
 #include "platform/text.h"
 
 namespace vestra::datasets {
@@ -83,6 +86,15 @@ private:
     feature_handle record_;
 };
 
+// The driver to be asked before all others, of which there are more than two hundred; null where none is
+// likely.
+const char* likely_driver(const std::filesystem::path& file) {
+    std::string extension = file.extension().string();
+    std::ranges::transform(extension, extension.begin(), [](unsigned char c) { return std::tolower(c); });
+    if (extension == ".tif" || extension == ".tiff") return "GTiff";
+    return extension == ".dbf" ? "ESRI Shapefile" : nullptr;
+}
+
 } // namespace
 
 std::unique_ptr<gdal_source> open_gdal_source(const std::filesystem::path& native,
@@ -93,7 +105,13 @@ std::unique_ptr<gdal_source> open_gdal_source(const std::filesystem::path& nativ
     if (siblings)
         for (const wide_string& name : *siblings) names.AddString(platform::to_utf8(name).c_str());
     constexpr unsigned kinds = GDAL_OF_READONLY | GDAL_OF_RASTER | GDAL_OF_VECTOR;
-    data_set_handle opened(GDALOpenEx(native.string().c_str(), kinds, nullptr, nullptr, names.List()));
+    const std::string name = native.string();
+    const auto open_with = [&](const char* const* drivers) {
+        return data_set_handle(GDALOpenEx(name.c_str(), kinds, drivers, nullptr, names.List()));
+    };
+    const char* const likely[] = {likely_driver(native), nullptr};
+    data_set_handle opened = likely[0] != nullptr ? open_with(likely) : nullptr;
+    if (!opened) opened = open_with(nullptr);
     if (!opened) return nullptr;
     return std::make_unique<opened_source>(std::move(opened));
 }

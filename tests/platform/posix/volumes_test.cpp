@@ -8,6 +8,7 @@
 
 #include "platform/system.h"
 #include "platform/text.h"
+#include "platform/volumes.h"
 #include "tests/support/posix/folder_watch.h"
 #include "tests/support/temporary_folder.h"
 
@@ -77,6 +78,28 @@ TEST_F(drives, the_exact_spelling_wins_and_changes_by_others_are_seen) {
     }
     std::ofstream(folder.native() / "bad\xFFname") << "x";
     EXPECT_EQ(files.file_size(folder.path(u"BAD\xFFFDname")), 1U);
+}
+
+TEST_F(drives, a_folder_made_anew_under_its_name_is_not_taken_for_the_one_before) {
+    const fs::path sub = folder.native() / "sub";
+    const wide_string file = folder.write(u"sub\\file.txt", "old");
+    EXPECT_EQ(files.file_size(file), 3U);
+    fs::remove_all(sub); // by somebody else
+    fs::create_directory(sub);
+    std::ofstream(sub / "file.txt") << "newer";
+    EXPECT_EQ(files.file_size(file), 5U);
+    EXPECT_EQ(folder.read(u"sub\\FILE.txt"), "newer");
+
+    ASSERT_TRUE(files.rename_over(folder.path(u"sub"), folder.path(u"before")));
+    EXPECT_EQ(files.kind_of(file), entry_kind::none);
+    ASSERT_TRUE(files.create_folder(folder.path(u"sub")));
+    ASSERT_TRUE(files.copy_file(folder.path(u"before\\file.txt"), folder.path(u"sub\\copy.txt"), false));
+    EXPECT_TRUE(fs::exists(sub / "copy.txt") && !fs::exists(folder.native() / "before" / "copy.txt"));
+
+    ASSERT_TRUE(files.delete_file(folder.path(u"sub\\copy.txt")) && files.remove_folder(folder.path(u"sub")));
+    EXPECT_EQ(files.kind_of(folder.path(u"sub")), entry_kind::none);
+    EXPECT_EQ(folder_time(folder.path(u"sub")), fs::file_time_type::min());
+    EXPECT_EQ(folder_time(folder.path(u"before")), fs::last_write_time(folder.native() / "before"));
 }
 
 TEST_F(drives, a_folder_being_filled_is_not_read_again_for_each_absent_name) {

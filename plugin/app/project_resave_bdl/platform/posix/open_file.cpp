@@ -62,8 +62,8 @@ descriptor open_existing(const wide_string& path, int flags) {
     if (!asked) return descriptor(-1);
     descriptor opened = folders.open(*asked, flags);
     if (opened || errno != ENOENT) return opened;
-    const auto other = mapped_volumes().in_other_spelling(*asked);
-    return other ? folders.open(*other, flags) : descriptor(-1);
+    const auto listed = mapped_volumes().as_listed(*asked);
+    return listed ? folders.open(*listed, flags) : descriptor(-1);
 }
 
 open_result lock_regular_file(descriptor opened, bool writes, bool empties, std::unique_ptr<file>& result) {

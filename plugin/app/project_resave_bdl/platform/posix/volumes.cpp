@@ -120,10 +120,10 @@ std::optional<std::string> volumes::native(const wide_string& drive_path, bool m
     return found;
 }
 
-std::optional<std::string> volumes::in_other_spelling(const std::string& asked) {
+std::optional<std::string> volumes::as_listed(const std::string& asked) {
     bool exists = false;
     std::string found = spelled_by_listing(asked, exists);
-    return exists && found != asked ? std::optional(std::move(found)) : std::nullopt;
+    return exists ? std::optional(std::move(found)) : std::nullopt;
 }
 
 std::optional<struct stat> volumes::status(const wide_string& drive_path) {
@@ -131,8 +131,8 @@ std::optional<struct stat> volumes::status(const wide_string& drive_path) {
     const auto asked = as_asked(drive_path);
     if (!asked) return std::nullopt;
     if (held_.status(*asked, found)) return found;
-    const auto other = in_other_spelling(*asked);
-    return other && held_.status(*other, found) ? std::optional(found) : std::nullopt;
+    const auto listed = as_listed(*asked);
+    return listed && held_.status(*listed, found) ? std::optional(found) : std::nullopt;
 }
 
 std::optional<std::string> volumes::to_create(const wide_string& drive_path) {

@@ -41,9 +41,9 @@ public:
     std::optional<std::string> native(const wide_string& drive_path, bool must_exist);
     /// The same without a look at the disk: the spelling is the one asked for.
     std::optional<std::string> as_asked(const wide_string& drive_path) const;
-    /// For what does not stand under the native path `asked`: the path of what stands there in another
-    /// spelling.
-    std::optional<std::string> in_other_spelling(const std::string& asked);
+    /// For what did not stand under the native path `asked`: the path of what its folder lists by that name
+    /// in any spelling, also in the one asked for if it came meanwhile.
+    std::optional<std::string> as_listed(const std::string& asked);
     /// What stands under a drive path, in the spelling asked for, which is nearly always the right one, or
     /// else in another; links are followed.
     std::optional<struct stat> status(const wide_string& drive_path);
