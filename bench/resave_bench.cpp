@@ -234,7 +234,7 @@ int resave(const wide_string& path, const wide_string& target) {
     };
     const auto copying = phases.copying.value_or(end), writing = phases.writing.value_or(end);
     const double rounds = between(begun, copying) - directory;
-    std::printf("seconds=%.3f load=%.3f rounds=%.3f directory=%.3f save=%.3f write=%.3f peak=%ld files=%zu\n",
+    std::printf("seconds=%.4f load=%.4f rounds=%.4f directory=%.4f save=%.4f write=%.4f peak=%ld files=%zu\n",
                 between(start, loaded) + between(begun, end), between(start, loaded), rounds, directory,
                 between(copying, writing), between(writing, end), peak_kib(),
                 context.placement.placed.size());

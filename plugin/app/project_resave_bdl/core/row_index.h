@@ -52,8 +52,8 @@ private:
 
     // From the first slot behind an empty one on, so that rows of one hash keep their order.
     void grow() {
-        const std::vector<slot> old = std::move(slots_);
-        slots_.assign(old.empty() ? 16 : 2 * old.size(), {});
+        std::vector<slot> old(slots_.empty() ? 16 : 2 * slots_.size());
+        old.swap(slots_);
         size_t start = 0;
         while (start < old.size() && old[start].row != none) ++start;
         for (size_t step = 0; step < old.size(); ++step) {

@@ -113,7 +113,7 @@ void size_register::set_uuid_selected(const wide_string& uuid, bool selected) {
 }
 
 std::vector<wide_string> size_register::known_paths() const {
-    const auto paths = std::views::transform(entries.rows(), &text_rows<size_entry>::row::text);
+    const auto paths = std::views::transform(entries.rows(), &text_map<size_entry>::row::text);
     return {paths.begin(), paths.end()};
 }
 

@@ -14,7 +14,7 @@
 #include <vector>
 
 #include "core/path_files.h"
-#include "core/text_rows.h"
+#include "core/text_map.h"
 #include "host/types.h"
 #include "platform/wide_string.h"
 
@@ -71,10 +71,10 @@ private:
     void link_parents(uint32_t chain_index);
     void recount(size_entry& entry);
 
-    text_rows<size_entry> entries; // by path
+    text_map<size_entry> entries; // by path
     std::deque<chain> chains;
     std::vector<uuid_row*> parents;
-    text_rows<uuid_row> files_of_uuid;
+    text_map<uuid_row> files_of_uuid;
     double total_kb_ = 0;
     std::function<void()> on_changed;
 };

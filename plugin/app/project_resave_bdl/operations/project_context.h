@@ -14,7 +14,7 @@
 #include "core/resave_unit.h"
 #include "core/selection_register.h"
 #include "core/size_register.h"
-#include "core/text_rows.h"
+#include "core/text_map.h"
 #include "framework/ref.h"
 #include "logs/log_file.h"
 #include "logs/open_log_file.h"
@@ -80,7 +80,7 @@ public:
     project_resave::selection_register selection{&sizes};
     project_resave::size_register sizes;
     run_report report;
-    text_rows<Tvs_resave_unit*> units; // by uuid text, the first that was built
+    text_map<Tvs_resave_unit*> units; // by uuid text, the first that was built
     entity_factory entity_factory_;
     std::unordered_set<wide_string> loading_scenes; // path keys of the map scenes now being loaded
     deferred_joins deferred_joins_{&placement, &log, &report};

@@ -24,7 +24,8 @@ wide_string drive_path(std::string_view argument);
 /// is no folder that can be entered; nothing is changed then.
 bool set_current_folder(const wide_string& folder);
 
-/// When an entry of a folder was last made, renamed or removed; the least value if there is no such folder.
+/// When an entry of a folder was last made, renamed or removed, or a file was last written; the least value
+/// if there is neither.
 std::filesystem::file_time_type folder_time(const wide_string& folder);
 
 /// The system's own path of a drive path: of the existing entry, looked up without letter case, or of the

@@ -23,7 +23,7 @@ folder_names& names() { return mapped_volumes().names(); }
 
 // The names of the folder were looked through for `path` just now.
 descriptor create_exclusively(const std::string& path, mode_t mode) {
-    descriptor created = mapped_volumes().held().open(path, O_WRONLY | O_CREAT | O_EXCL, mode);
+    descriptor created = create_native(path, O_WRONLY | O_EXCL, mode);
     if (created) names().created(path);
     return created;
 }

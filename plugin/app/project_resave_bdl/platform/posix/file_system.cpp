@@ -141,7 +141,7 @@ public:
             return lock_regular_file(open_existing(path, writes ? O_RDWR : O_RDONLY), writes, false, result);
         const auto native = wanted(path);
         if (!native) return open_result::failed;
-        descriptor opened = mapped_volumes().held().open(*native, O_RDWR | O_CREAT, 0666);
+        descriptor opened = create_native(*native, O_RDWR, 0666);
         if (opened) names().created(*native);
         return lock_regular_file(std::move(opened), true, true, result);
     }

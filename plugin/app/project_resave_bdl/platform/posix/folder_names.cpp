@@ -81,6 +81,10 @@ bool folder_names::read(const std::string& folder, const struct stat& status, co
     timespec now{};
     ::clock_gettime(CLOCK_REALTIME_COARSE, &now);
     descriptor opened = held_.open(joined(folder, "."), O_RDONLY | O_DIRECTORY);
+    struct stat itself {};
+    const bool is_same = opened && ::fstat(opened.get(), &itself) == 0 && itself.st_dev == status.st_dev &&
+                         itself.st_ino == status.st_ino;
+    if (!is_same) return false; // somebody else put another in its place just now
     const std::unique_ptr<DIR, int (*)(DIR*)> listing(::fdopendir(opened.get()), ::closedir);
     if (!listing) return false;
     opened.release(); // the listing closes it
@@ -115,13 +119,11 @@ void folder_names::before_change(const std::string& path) {
 
 void folder_names::created(const std::string& path) { note_own_change(path, true); }
 
-void folder_names::removed(const std::string& path) {
-    held_.forget(path);
-    note_own_change(path, false);
-}
+void folder_names::removed(const std::string& path) { note_own_change(path, false); }
 
 void folder_names::note_own_change(const std::string& path, bool is_present) {
     const std::lock_guard guard(mutex_);
+    held_.forget(path);
     folder_times now;
     content* const names = kept(folder_of(path), now);
     if (names == nullptr) return;

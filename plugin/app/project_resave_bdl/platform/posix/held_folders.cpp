@@ -3,7 +3,9 @@
 #include <fcntl.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <ctime>
+#include <utility>
 
 namespace vs::project_resave::platform {
 
@@ -24,51 +26,60 @@ std::string_view folder_in(std::string_view path) {
 // Of a native path, in its text.
 const char* name_in(const std::string& path) { return path.c_str() + path.rfind('/') + 1; }
 
-} // namespace
-
-// Null where there is none, or for too long.
-held_folders::held_folder* held_folders::find(std::string_view folder) {
-    held_folder* const held = std::ranges::find(held_, folder, &held_folder::path);
-    if (held == held_.end()) return nullptr;
-    if (now() - held->since < holding_time) return held;
-    *held = {};
-    return nullptr;
+// Not removed meanwhile.
+bool is_there(const descriptor& folder, struct stat& found) {
+    return ::fstat(folder.get(), &found) == 0 && found.st_nlink > 0;
 }
 
+} // namespace
+
 // Null unless `folder` is a folder.
-const held_folders::held_folder* held_folders::follow(std::string_view folder) {
-    if (const held_folder* const held = find(folder)) return held;
+held_folders::held_folder* held_folders::follow(std::string_view folder) {
+    held_folder* held = std::ranges::find(held_, folder, &held_folder::path);
+    if (held != held_.end() && now() - held->since < holding_time) return held;
+    if (held != held_.end()) *held = {};
     std::string path(folder);
     descriptor handle(::open(path.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
     if (!handle) return nullptr;
-    held_folder& place = held_[oldest_++ % held_.size()];
-    place = {std::move(path), std::move(handle), now()};
-    return &place;
+    if (held == held_.end()) held = &held_[oldest_++ % held_.size()];
+    *held = {std::move(path), std::move(handle), now()};
+    return held;
 }
 
-descriptor held_folders::open(const std::string& path, int flags, unsigned mode) {
+// What `call` answers for a name in a folder held open, or for a whole path where it cannot be held, or was
+// taken away by the server of its disk.
+template <class Call>
+int held_folders::reach(const std::string& path, const Call& call) {
+    held_folder* const folder = path == "/" ? nullptr : follow(folder_in(path));
+    if (folder == nullptr) return call(AT_FDCWD, path.c_str());
+    const int answer = call(folder->handle.get(), name_in(path));
+    if (answer >= 0 || errno != ESTALE) return answer;
+    *folder = {};
+    return call(AT_FDCWD, path.c_str());
+}
+
+descriptor held_folders::open(const std::string& path, int flags) {
     const std::lock_guard guard(mutex_);
-    const held_folder* const folder = path == "/" ? nullptr : follow(folder_in(path));
-    flags |= O_CLOEXEC | O_NONBLOCK;
-    if (folder == nullptr) return descriptor(::open(path.c_str(), flags, mode));
-    return descriptor(::openat(folder->handle.get(), name_in(path), flags, mode));
+    return descriptor(reach(path, [flags](int folder, const char* name) {
+        return ::openat(folder, name, flags | O_CLOEXEC | O_NONBLOCK);
+    }));
 }
 
 bool held_folders::status(const std::string& path, struct stat& found) {
     const std::lock_guard guard(mutex_);
-    const held_folder* const itself = find(path);
-    if (itself != nullptr && ::fstat(itself->handle.get(), &found) == 0 && found.st_nlink > 0) return true;
-    const held_folder* const folder = path == "/" ? nullptr : follow(folder_in(path));
-    if (folder == nullptr) return ::stat(path.c_str(), &found) == 0;
-    return ::fstatat(folder->handle.get(), name_in(path), &found, 0) == 0;
+    const auto itself = std::ranges::find(held_, path, &held_folder::path);
+    const bool is_held = itself != held_.end() && now() - itself->since < holding_time;
+    if (is_held && is_there(itself->handle, found)) return true;
+    return reach(path,
+                 [&found](int folder, const char* name) { return ::fstatat(folder, name, &found, 0); }) == 0;
 }
 
 bool held_folders::folder_status(const std::string& folder, struct stat& found) {
     const std::lock_guard guard(mutex_);
-    const held_folder* held = follow(folder);
-    if (held == nullptr || ::fstat(held->handle.get(), &found) != 0) return false;
-    if (found.st_nlink > 0) return true;
-    *find(folder) = {};
+    held_folder* held = follow(folder);
+    if (held != nullptr && is_there(held->handle, found)) return true;
+    if (held == nullptr) return false;
+    *held = {};
     held = follow(folder);
     return held != nullptr && ::fstat(held->handle.get(), &found) == 0;
 }

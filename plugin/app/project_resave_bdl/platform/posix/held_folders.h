@@ -1,8 +1,8 @@
 // Folders held open, so that a question for what is in them costs no walk along the whole path.
 //
-// Up to four stay open, those asked for last, and for 5 ms a path is taken to lead to the folder it led to: a
-// folder that somebody else renames or puts in another's place is seen that much later. What is in a folder
-// is looked at anew each time.
+// Up to four stay open, those met last, and for some 5 ms a path is taken to lead to the folder it led to: a
+// folder that somebody else renames or puts in another's place is seen that much later. So files are read
+// and looked at this way, but not made. What is in a folder is looked at anew each time.
 #pragma once
 
 #include <sys/stat.h>
@@ -18,12 +18,13 @@
 
 namespace vs::project_resave::platform {
 
-/// Paths are native, absolute and without separator at the end. May be used from any thread.
+/// Paths are native, absolute and without separator at the end. May be used from any thread; one that waits
+/// for a slow disk keeps the others waiting.
 class held_folders {
 public:
-    /// Opens without waiting, as a pipe would make us; on failure none, and errno tells why. `flags` and
-    /// `mode` as the system's open takes them.
-    descriptor open(const std::string& path, int flags, unsigned mode = 0);
+    /// Opens what is there, without waiting as a pipe would make us; on failure none, and errno tells why.
+    /// `flags` as the system's open takes them, without O_CREAT.
+    descriptor open(const std::string& path, int flags);
     /// What stands under exactly this path, links followed; false if nothing does.
     bool status(const std::string& path, struct stat& found);
     /// The same for what must be a folder; only this one sees at once that it was removed.
@@ -40,8 +41,9 @@ private:
         int64_t since = 0; ///< when the path was followed, in nanoseconds
     };
 
-    held_folder* find(std::string_view folder);
-    const held_folder* follow(std::string_view folder);
+    held_folder* follow(std::string_view folder);
+    template <class Call>
+    int reach(const std::string& path, const Call& call);
 
     std::array<held_folder, 4> held_;
     size_t oldest_ = 0;

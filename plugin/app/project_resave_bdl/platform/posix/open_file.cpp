@@ -56,6 +56,10 @@ private:
 
 } // namespace
 
+descriptor create_native(const std::string& path, int flags, unsigned mode) {
+    return descriptor(::open(path.c_str(), flags | O_CREAT | O_CLOEXEC | O_NONBLOCK, mode));
+}
+
 descriptor open_existing(const wide_string& path, int flags) {
     held_folders& folders = mapped_volumes().held();
     const auto asked = mapped_volumes().as_asked(path);

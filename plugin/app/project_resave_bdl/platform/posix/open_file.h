@@ -10,6 +10,9 @@
 
 namespace vs::project_resave::platform {
 
+/// Makes a file, or opens one without waiting as a pipe would make us; none on failure. `flags`, beside
+/// O_CREAT, and `mode` as the system's open takes them.
+descriptor create_native(const std::string& path, int flags, unsigned mode);
 /// Opens without waiting what stands there in the spelling asked for, or else in another; none on failure.
 descriptor open_existing(const wide_string& path, int flags);
 

@@ -13,7 +13,7 @@ namespace vs::project_resave {
 
 // Rows stay in their place until `clear`. Texts are compared as they are spelled.
 template <class value>
-class text_rows {
+class text_map {
 public:
     struct row {
         wide_string text;
