@@ -193,7 +193,7 @@ int load(const wide_string& path, int times) {
     }
     const double seconds = seconds_since(start);
     context.close_project();
-    std::printf("seconds=%.4f resident_at_a_tenth=%ld resident_at_end=%ld peak=%ld living=%zu\n", seconds,
+    std::printf("seconds=%.6f resident_at_a_tenth=%ld resident_at_end=%ld peak=%ld living=%zu\n", seconds,
                 after_tenth, resident_kib(), peak_kib(), vestra::living_objects());
     return vestra::living_objects() == 0 ? 0 : 1;
 }
@@ -212,7 +212,7 @@ int read_xml(const wide_string& path) {
     const auto start = clock_type::now();
     vestra::project project;
     if (vestra::files::read_project(path, project)) return 1;
-    std::printf("seconds=%.4f\n", seconds_since(start));
+    std::printf("seconds=%.6f\n", seconds_since(start));
     return 0;
 }
 
@@ -234,7 +234,7 @@ int resave(const wide_string& path, const wide_string& target) {
     };
     const auto copying = phases.copying.value_or(end), writing = phases.writing.value_or(end);
     const double rounds = between(begun, copying) - directory;
-    std::printf("seconds=%.4f load=%.4f rounds=%.4f directory=%.4f save=%.4f write=%.4f peak=%ld files=%zu\n",
+    std::printf("seconds=%.6f load=%.6f rounds=%.6f directory=%.6f save=%.6f write=%.6f peak=%ld files=%zu\n",
                 between(start, loaded) + between(begun, end), between(start, loaded), rounds, directory,
                 between(copying, writing), between(writing, end), peak_kib(),
                 context.placement.placed.size());

@@ -12,8 +12,10 @@ size_t hash_of(const wide_string& path) { return std::hash<wide_string>()(path_k
 
 void placed_files::add(const wide_string& old_path, const wide_string& new_path) {
     const size_t hash = hash_of(old_path);
-    if (find(old_path, hash) == nullptr) oldest_.add(hash, static_cast<uint32_t>(entries_.size()));
+    const bool is_first = find(old_path, hash) == nullptr;
+    oldest_.make_room();
     entries_.push_back({old_path, new_path});
+    if (is_first) oldest_.add(hash, static_cast<uint32_t>(entries_.size() - 1));
 }
 
 const placed_file* placed_files::find(const wide_string& source) const {

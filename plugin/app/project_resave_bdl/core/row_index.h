@@ -23,8 +23,13 @@ public:
         return none;
     }
 
-    void add(size_t hash, uint32_t row) {
+    // Beforehand, so that the next `add` cannot fail.
+    void make_room() {
         if (4 * (size_ + 1) > 3 * slots_.size()) grow();
+    }
+
+    void add(size_t hash, uint32_t row) {
+        make_room();
         put({short_hash(hash), row});
         ++size_;
     }

@@ -26,6 +26,7 @@ public:
         const uint32_t known = number_of(text, hash);
         if (known != row_index::none) return {known, false};
         const auto number = static_cast<uint32_t>(rows_.size());
+        index_.make_room();
         rows_.push_back({std::move(text), value()});
         index_.add(hash, number);
         return {number, true};

@@ -27,7 +27,7 @@ public:
     descriptor open(const std::string& path, int flags);
     /// What stands under exactly this path, links followed; false if nothing does.
     bool status(const std::string& path, struct stat& found);
-    /// The same for what must be a folder; only this one sees at once that it was removed.
+    /// The same for what must be a folder. That it was removed, and another made, is seen at once.
     bool folder_status(const std::string& folder, struct stat& found);
 
     /// To be called when an entry was removed or renamed: none of the folders below it are held any longer.
