@@ -1,7 +1,6 @@
 #include "core/size_register.h"
 
 #include <algorithm>
-#include <ranges>
 
 #include "core/selection_register.h"
 #include "framework/visitors.h"
@@ -113,8 +112,10 @@ void size_register::set_uuid_selected(const wide_string& uuid, bool selected) {
 }
 
 std::vector<wide_string> size_register::known_paths() const {
-    const auto paths = std::views::transform(entries.rows(), &text_map<size_entry>::row::text);
-    return {paths.begin(), paths.end()};
+    std::vector<wide_string> paths;
+    paths.reserve(entries.rows().size());
+    for (const auto& entry : entries.rows()) paths.push_back(entry.text);
+    return paths;
 }
 
 void size_register::clear() {
