@@ -1,8 +1,8 @@
 // Folders held open, so that a question for what is in them costs no walk along the whole path.
 //
 // Up to four stay open, those met last, and for some 5 ms a path is taken to lead to the folder it led to: a
-// folder that somebody else renames or puts in another's place is seen that much later. So files are read
-// and looked at this way, but not made. What is in a folder is looked at anew each time.
+// folder that somebody else renames or puts in another's place is seen that much later. So what is there is
+// opened and looked at this way, but nothing is made. What is in a folder is looked at anew each time.
 #pragma once
 
 #include <sys/stat.h>
