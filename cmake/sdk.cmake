@@ -2,11 +2,12 @@
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
+set(platform_headers export.h wide_string.h)
 file(GLOB sdk_headers CONFIGURE_DEPENDS ${bundle_root}/host/*.h)
 foreach(header
-        framework/bundle_entry.h framework/factories.h framework/interface.h framework/polymorphic.h
-        framework/ref.h framework/referent.h framework/string_adapter.h framework/visitors.h
-        host/interfaces/service_factory.h platform/export.h platform/wide_string.h
+        framework/bundle_entry.h framework/factories.h framework/border/interface.h framework/border/polymorphic.h
+        framework/border/ref.h framework/border/referent.h framework/border/string_adapter.h framework/border/visitors.h
+        host/interfaces/service_factory.h
         services/resave_entity_service.h services/resave_service.h)
     list(APPEND sdk_headers ${bundle_root}/${header})
 endforeach()
@@ -14,7 +15,10 @@ endforeach()
 add_library(project_resave_sdk INTERFACE)
 add_library(project_resave::sdk ALIAS project_resave_sdk)
 set_target_properties(project_resave_sdk PROPERTIES EXPORT_NAME sdk)
-target_sources(project_resave_sdk INTERFACE FILE_SET HEADERS BASE_DIRS ${bundle_root} FILES ${sdk_headers})
+list(TRANSFORM platform_headers PREPEND ${PROJECT_SOURCE_DIR}/platform/)
+target_sources(project_resave_sdk INTERFACE
+    FILE_SET HEADERS BASE_DIRS ${bundle_root} FILES ${sdk_headers}
+    FILE_SET platform_headers TYPE HEADERS BASE_DIRS ${PROJECT_SOURCE_DIR} FILES ${platform_headers})
 target_include_directories(project_resave_sdk INTERFACE $<INSTALL_INTERFACE:${CMAKE_INSTALL_INCLUDEDIR}/project_resave>)
 target_compile_features(project_resave_sdk INTERFACE cxx_std_20)
 set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/project_resave)
@@ -27,7 +31,8 @@ target_compile_options(project_resave_sdk INTERFACE $<$<CXX_COMPILER_ID:GNU,Clan
 target_link_options(project_resave_sdk INTERFACE $<$<PLATFORM_ID:Linux>:LINKER:--version-script=${exports}>)
 
 install(TARGETS project_resave_sdk EXPORT project_resave_targets COMPONENT sdk
-    FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/project_resave)
+    FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/project_resave
+    FILE_SET platform_headers DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/project_resave)
 install(EXPORT project_resave_targets NAMESPACE project_resave:: FILE project_resaveConfig.cmake
     DESTINATION ${package_folder} COMPONENT sdk)
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/project_resaveConfigVersion.cmake

@@ -6,7 +6,7 @@ set(string_table_writer ${PROJECT_BINARY_DIR}/string_table_writer)
 function(add_string_table list output)
     set(bundle ${PROJECT_SOURCE_DIR}/plugin/app/project_resave_bdl)
     set(source ${PROJECT_SOURCE_DIR}/tools/string_table_writer.cpp)
-    file(GLOB rows CONFIGURE_DEPENDS ${bundle}/framework/texts/*.inc)
+    file(GLOB rows CONFIGURE_DEPENDS ${bundle}/framework/resources/texts/*.inc)
     list(APPEND rows ${PROJECT_SOURCE_DIR}/reference_host/shell/host_texts.inc)
     add_custom_command(OUTPUT ${output}
         COMMAND ${VS_BUILD_CXX} -std=c++20 -I${bundle} -I${PROJECT_SOURCE_DIR} ${source}

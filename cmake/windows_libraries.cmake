@@ -31,11 +31,12 @@ add_string_table(host ${host_texts})
 target_sources(vsk_basic PRIVATE ${host_texts})
 
 set(bundle_objects $<TARGET_OBJECTS:project_resave_bdl>)
+set(platform_objects $<TARGET_OBJECTS:platform>)
 set(system_libraries Threads::Threads gdi32)
 
 file(CONFIGURE OUTPUT ${definitions}/bundle.def
     CONTENT "EXPORTS\n    vs_bundle_interface_to_custom_pointer\n" @ONLY)
-add_library(vsk_project_resave_bdl SHARED ${bundle_objects} ${definitions}/bundle.def)
+add_library(vsk_project_resave_bdl SHARED ${bundle_objects} ${platform_objects} ${definitions}/bundle.def)
 set_target_properties(vsk_project_resave_bdl PROPERTIES PREFIX "" LINKER_LANGUAGE CXX)
 target_link_libraries(vsk_project_resave_bdl PRIVATE ${host_libraries} ${system_libraries})
 
@@ -43,7 +44,7 @@ target_link_libraries(vsk_project_resave_bdl PRIVATE ${host_libraries} ${system_
 # own, but nothing that it takes from libraries.
 add_library(bundle_support STATIC ${bundle_objects})
 add_library(reference_host_library SHARED
-    $<TARGET_OBJECTS:reference_host> $<FILTER:${bundle_objects},INCLUDE,/platform/>)
+    $<TARGET_OBJECTS:reference_host> ${platform_objects})
 set_target_properties(reference_host_library PROPERTIES PREFIX "" OUTPUT_NAME reference_host LINKER_LANGUAGE CXX)
 target_link_options(reference_host_library PRIVATE -Wl,--export-all-symbols -Wl,--exclude-libs,ALL)
 target_link_libraries(reference_host_library PRIVATE bundle_support pugixml::pugixml ${system_libraries})
@@ -53,7 +54,7 @@ target_link_libraries(reference_host_library PRIVATE bundle_support pugixml::pug
 # are the program's own.
 function(link_bundle_and_host program)
     target_sources(${program} PRIVATE
-        $<FILTER:${bundle_objects},EXCLUDE,/platform/> $<FILTER:${bundle_objects},INCLUDE,/windows/resources>)
+        ${bundle_objects} $<FILTER:${platform_objects},INCLUDE,/windows/resources>)
     target_include_directories(${program} PRIVATE ${PROJECT_SOURCE_DIR} ${bundle_root})
     target_link_libraries(${program} PRIVATE
         ${host_libraries} reference_host_library pugixml::pugixml ${system_libraries})

@@ -18,8 +18,8 @@ struct text_row {
 #define VS_TEXT(id, base, translated) text_row{id, base}, text_row{id + english, translated},
 #define VS_TEXT_BASE_ONLY(id, base) text_row{id, base},
 constexpr text_row bundle_rows[] = {
-#include "framework/texts/bundle_texts.inc"
-#include "framework/texts/toolkit_texts.inc"
+#include "framework/resources/texts/bundle_texts.inc"
+#include "framework/resources/texts/toolkit_texts.inc"
 };
 constexpr text_row host_rows[] = {
 #include "reference_host/shell/host_texts.inc"

@@ -3,7 +3,7 @@
 #include <vector>
 
 #include "apps/vestra_resave/verification.h"
-#include "core/paths.h"
+#include "platform/path_text.h"
 #include "platform/system.h"
 #include "reference_host/files/files.h"
 

@@ -6,9 +6,8 @@
 #include <utility>
 
 #include "core/entity_uuid.h"
-#include "core/paths.h"
-#include "framework/encoding.h"
-#include "framework/string_adapter.h"
+#include "framework/border/encoding.h"
+#include "framework/border/string_adapter.h"
 #include "host/interfaces/layout_legend_layer.h"
 #include "host/vsk_attr_data.h"
 #include "host/vsk_entity.h"
@@ -19,6 +18,7 @@
 #include "host/vsk_scn_3d.h"
 #include "host/vsk_tos_data.h"
 #include "operations/project_context.h"
+#include "platform/path_text.h"
 #include "platform/system.h"
 
 namespace vestra::command {

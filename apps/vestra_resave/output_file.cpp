@@ -2,8 +2,8 @@
 
 #include "apps/vestra_resave/figures.h"
 #include "apps/vestra_resave/project_files.h"
-#include "core/paths.h"
-#include "framework/strings.h"
+#include "framework/resources/strings.h"
+#include "platform/path_text.h"
 #include "platform/system.h"
 
 namespace vestra::command {

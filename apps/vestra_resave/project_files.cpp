@@ -7,8 +7,8 @@
 #include "apps/vestra_resave/elements.h"
 #include "apps/vestra_resave/figures.h"
 #include "core/copying.h"
-#include "core/path_files.h"
-#include "core/paths.h"
+#include "operations/run/path_files.h"
+#include "platform/path_text.h"
 #include "platform/system.h"
 
 namespace vestra::command {

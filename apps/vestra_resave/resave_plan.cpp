@@ -6,7 +6,7 @@
 #include <unordered_set>
 
 #include "apps/vestra_resave/figures.h"
-#include "core/paths.h"
+#include "platform/path_text.h"
 #include "platform/text.h"
 
 namespace vestra::command {

@@ -6,9 +6,9 @@
 
 #include "apps/vestra_resave/elements.h"
 #include "apps/vestra_resave/figures.h"
-#include "core/path_files.h"
-#include "core/paths.h"
-#include "framework/strings.h"
+#include "framework/resources/strings.h"
+#include "operations/run/path_files.h"
+#include "platform/path_text.h"
 #include "platform/text.h"
 #include "reference_host/shell/settings.h"
 

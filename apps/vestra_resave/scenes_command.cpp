@@ -5,12 +5,12 @@
 
 #include "apps/vestra_resave/figures.h"
 #include "apps/vestra_resave/project_files.h"
-#include "core/path_files.h"
-#include "core/paths.h"
-#include "framework/string_adapter.h"
+#include "framework/border/string_adapter.h"
 #include "host/vsk_prj.h"
 #include "host/vsk_scn_2d.h"
 #include "layers/layer_files.h"
+#include "operations/run/path_files.h"
+#include "platform/path_text.h"
 #include "platform/volumes.h"
 #include "reference_host/shell/settings.h"
 

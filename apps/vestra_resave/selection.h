@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "apps/vestra_resave/elements.h"
-#include "core/selection_register.h"
+#include "operations/run/selection_register.h"
 
 namespace vestra::command {
 

@@ -3,8 +3,8 @@
 
 #include "apps/vestra_resave/elements.h"
 #include "core/entity_uuid.h"
-#include "core/paths.h"
 #include "operations/project_context.h"
+#include "platform/path_text.h"
 #include "services/collect_services.h"
 #include "services/entity_factory.h"
 #include "services/resave_entity_plugin.h"

@@ -2,7 +2,7 @@
 
 #include "apps/vestra_resave/figures.h"
 #include "apps/vestra_resave/output_file.h"
-#include "framework/strings.h"
+#include "framework/resources/strings.h"
 #include "platform/system.h"
 #include "platform/text.h"
 #include "platform/volumes.h"

@@ -4,7 +4,7 @@
 #include <iostream>
 
 #include "framework/bundle_entry.h"
-#include "framework/strings.h"
+#include "framework/resources/strings.h"
 #include "platform/volumes.h"
 #include "reference_host/shell/settings.h"
 

@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <cstring>
 
-#include "core/paths.h"
+#include "platform/path_text.h"
 
 namespace vestra::command {
 

@@ -7,8 +7,8 @@
 #include <string>
 #include <vector>
 
-#include "core/placed_files.h"
 #include "operations/project_context.h"
+#include "operations/run/placed_files.h"
 
 namespace vestra::command {
 

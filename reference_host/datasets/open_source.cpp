@@ -3,7 +3,7 @@
 #include <algorithm>
 #include <utility>
 
-#include "framework/ref.h"
+#include "framework/border/ref.h"
 #include "platform/system.h"
 #include "platform/text.h"
 #include "platform/volumes.h"

@@ -5,7 +5,7 @@
 #include <memory>
 #include <vector>
 
-#include "framework/ref.h"
+#include "framework/border/ref.h"
 #include "host/interfaces/service_factory.h"
 #include "reference_host/model/text.h"
 

@@ -2,7 +2,7 @@
 // says that it is there, and says that it goes.
 #pragma once
 
-#include "framework/ref.h"
+#include "framework/border/ref.h"
 #include "host/toolkit/custom_app_service.h"
 #include "reference_host/toolkit/element_view.h"
 

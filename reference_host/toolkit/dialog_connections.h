@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "framework/ref.h"
+#include "framework/border/ref.h"
 #include "host/interfaces/service_visitor.h"
 #include "host/toolkit/modal_dialog.h"
 

@@ -1,7 +1,7 @@
 // Reads the texts that elements tell a visitor.
 #pragma once
 
-#include "framework/visitors.h"
+#include "framework/border/visitors.h"
 #include "reference_host/model/text.h"
 
 namespace vestra::toolkit {

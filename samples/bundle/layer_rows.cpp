@@ -1,6 +1,6 @@
 #include "layer_rows.h"
 
-#include "framework/string_adapter.h"
+#include "framework/border/string_adapter.h"
 #include "host/vsk_lr.h"
 
 namespace sample {

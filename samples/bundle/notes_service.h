@@ -8,7 +8,7 @@
 #include <memory>
 #include <vector>
 
-#include "framework/ref.h"
+#include "framework/border/ref.h"
 #include "host/interfaces/service_factory.h"
 #include "host/vsk_basic.h"
 #include "services/resave_service.h"

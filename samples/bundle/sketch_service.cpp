@@ -1,7 +1,7 @@
 #include "sketch_service.h"
 
 #include "files.h"
-#include "framework/string_adapter.h"
+#include "framework/border/string_adapter.h"
 #include "host/vsk_lr.h"
 #include "layer_rows.h"
 

@@ -3,7 +3,7 @@
 // drawn over other layers, whose uuids it keeps under "sample_sketch", one text for each.
 #pragma once
 
-#include "framework/ref.h"
+#include "framework/border/ref.h"
 #include "host/interfaces/service_factory.h"
 #include "services/resave_entity_service.h"
 

@@ -1,6 +1,6 @@
 // vestra-resave structure, scenes and check-case: exit codes, what is refused, and what stands there
 // afterwards.
-#include "framework/strings.h"
+#include "framework/resources/strings.h"
 #include "tests/apps/command_run.h"
 
 namespace vs::project_resave {

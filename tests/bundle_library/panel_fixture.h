@@ -3,7 +3,7 @@
 // linked in, which a test may hold the library's work against.
 #pragma once
 
-#include "framework/strings.h"
+#include "framework/resources/strings.h"
 #include "platform/library.h"
 #include "reference_host/shell/settings.h"
 #include "reference_host/toolkit/app_window.h"

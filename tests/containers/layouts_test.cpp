@@ -1,5 +1,5 @@
 // Layouts with their images, pages, frames and legends: what is copied, what is rewritten, what stays.
-#include "framework/strings.h"
+#include "framework/resources/strings.h"
 #include "tests/support/builder_run.h"
 
 namespace vs::project_resave {

@@ -2,9 +2,9 @@
 
 #include <gtest/gtest.h>
 
-#include "core/path_files.h"
-#include "core/paths.h"
 #include "operations/project_context.h"
+#include "operations/run/path_files.h"
+#include "platform/path_text.h"
 #include "platform/system.h"
 #include "platform/text.h"
 #include "reference_host/model/counted.h"

@@ -1,10 +1,10 @@
-#include "core/path_placement.h"
+#include "operations/run/path_placement.h"
 
 #include <gtest/gtest.h>
 
-#include "core/paths.h"
-#include "core/resave_options.h"
 #include "logs/log_file.h"
+#include "operations/run/resave_options.h"
+#include "platform/path_text.h"
 #include "platform/text.h"
 #include "tests/support/temporary_folder.h"
 

@@ -1,10 +1,10 @@
-#include "core/paths.h"
+#include "platform/path_text.h"
 
 #include <gtest/gtest.h>
 
 #include <random>
 
-#include "core/placed_files.h"
+#include "operations/run/placed_files.h"
 #include "platform/text.h"
 
 namespace vs::project_resave {

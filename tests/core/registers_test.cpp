@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "core/selection_register.h"
-#include "core/size_register.h"
+#include "operations/run/selection_register.h"
+#include "operations/run/size_register.h"
 #include "tests/support/temporary_folder.h"
 
 namespace vs::project_resave {

@@ -2,10 +2,10 @@
 
 #include <stdexcept>
 
+#include "framework/border/ref.h"
+#include "framework/border/visitors.h"
 #include "framework/bundle_entry.h"
 #include "framework/factories.h"
-#include "framework/ref.h"
-#include "framework/visitors.h"
 #include "host/interfaces/localizer.h"
 
 namespace vs::project_resave {

@@ -2,11 +2,11 @@
 
 #include <algorithm>
 
+#include "framework/border/ref.h"
 #include "framework/factories.h"
 #include "framework/local_factory.h"
-#include "framework/ref.h"
-#include "framework/resource_bitmap.h"
-#include "framework/strings.h"
+#include "framework/resources/resource_bitmap.h"
+#include "framework/resources/strings.h"
 #include "reference_host/model/counted.h"
 #include "reference_host/shell/service_registry.h"
 #include "reference_host/shell/settings.h"
@@ -101,11 +101,11 @@ struct text_row {
 #define VS_TEXT_BASE_ONLY(id, base) {id, base, std::nullopt},
 
 const std::vector<text_row> bundle_rows = {
-#include "framework/texts/bundle_texts.inc"
+#include "framework/resources/texts/bundle_texts.inc"
 };
 
 const std::vector<text_row> toolkit_rows = {
-#include "framework/texts/toolkit_texts.inc"
+#include "framework/resources/texts/toolkit_texts.inc"
 };
 
 const std::vector<text_row> host_rows = {

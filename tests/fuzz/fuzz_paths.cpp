@@ -1,5 +1,5 @@
 // The laws of paths as texts: two paths, divided by a line feed; the second is a part of one, too.
-#include "core/paths.h"
+#include "platform/path_text.h"
 #include "tests/fuzz/fuzz_input.h"
 
 using namespace vs::project_resave;

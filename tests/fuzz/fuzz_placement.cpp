@@ -3,12 +3,12 @@
 #include <deque>
 #include <set>
 
-#include "core/path_files.h"
-#include "core/path_placement.h"
-#include "core/paths.h"
-#include "core/resave_options.h"
-#include "framework/strings.h"
+#include "framework/resources/strings.h"
 #include "logs/log_file.h"
+#include "operations/run/path_files.h"
+#include "operations/run/path_placement.h"
+#include "operations/run/resave_options.h"
+#include "platform/path_text.h"
 #include "tests/fuzz/fuzz_input.h"
 #include "tests/support/forwarding_system.h"
 #include "ui/dialogs.h"

@@ -1,5 +1,5 @@
 // The reader of TOS files: no bytes harm it, and what it refuses has a line and a reason.
-#include "core/paths.h"
+#include "platform/path_text.h"
 #include "reference_host/datasets/tos_reader.h"
 #include "tests/fuzz/fuzz_input.h"
 #include "tests/reference_host/memory_files.h"

@@ -3,7 +3,7 @@
 
 #include <sstream>
 
-#include "framework/strings.h"
+#include "framework/resources/strings.h"
 #include "tests/support/host_fixture.h"
 #include "tests/support/project_builder.h"
 

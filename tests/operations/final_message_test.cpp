@@ -1,5 +1,5 @@
 // How the outcome of a run is told.
-#include "framework/strings.h"
+#include "framework/resources/strings.h"
 #include "tests/support/host_fixture.h"
 
 namespace vs::project_resave {

@@ -1,5 +1,5 @@
 // The check of letter case. That its cost keeps step with the project is measured by bench/run.
-#include "framework/strings.h"
+#include "framework/resources/strings.h"
 #include "tests/support/host_fixture.h"
 #include "tests/support/project_builder.h"
 

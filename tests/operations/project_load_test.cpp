@@ -1,5 +1,5 @@
 // Loading a project: what a failure leaves, and that nothing of an earlier one stays.
-#include "framework/strings.h"
+#include "framework/resources/strings.h"
 #include "tests/support/host_fixture.h"
 #include "tests/support/project_builder.h"
 

@@ -1,5 +1,5 @@
 // Whole runs on small projects: one choice of the user at a time, and what happens at the edges.
-#include "framework/strings.h"
+#include "framework/resources/strings.h"
 #include "tests/support/host_fixture.h"
 #include "tests/support/project_builder.h"
 

@@ -1,7 +1,7 @@
 // The sample project under each folder structure: what lands where, and that the copy stands alone.
 #include <set>
 
-#include "core/paths.h"
+#include "platform/path_text.h"
 #include "platform/text.h"
 #include "tests/operations/broken_run.h"
 #include "tests/support/references_of.h"

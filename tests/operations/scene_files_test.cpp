@@ -1,7 +1,7 @@
 // Scene files: their names, what happens to one that exists, and which scenes get one.
 #include "operations/scene_files_run.h"
 
-#include "framework/strings.h"
+#include "framework/resources/strings.h"
 #include "operations/structure_run.h"
 #include "platform/volumes.h"
 #include "tests/support/faulty_system.h"

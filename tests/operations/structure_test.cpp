@@ -1,7 +1,7 @@
 // The text of a project's structure: whole files for the sample, then one choice at a time.
 #include "operations/structure_run.h"
 
-#include "framework/strings.h"
+#include "framework/resources/strings.h"
 #include "reference_host/shell/settings.h"
 #include "tests/support/host_fixture.h"
 #include "tests/support/project_builder.h"

@@ -4,7 +4,7 @@
 
 #include <gtest/gtest.h>
 
-#include "framework/string_adapter.h"
+#include "framework/border/string_adapter.h"
 #include "host/vsk_attr_data.h"
 #include "host/vsk_basic.h"
 #include "host/vsk_prj.h"

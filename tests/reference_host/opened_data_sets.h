@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "framework/ref.h"
+#include "framework/border/ref.h"
 #include "platform/text.h"
 #include "platform/volumes.h"
 #include "reference_host/datasets/open_source.h"

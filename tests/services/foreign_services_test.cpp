@@ -1,7 +1,7 @@
 // Services that a test offers itself: for the order among claims, and to misbehave.
 #include <stdexcept>
 
-#include "framework/string_adapter.h"
+#include "framework/border/string_adapter.h"
 #include "host/vsk_basic.h"
 #include "host/vsk_lr.h"
 #include "host/vsk_scn_2d.h"

@@ -2,9 +2,9 @@
 // a test offers itself.
 #pragma once
 
-#include "core/path_files.h"
 #include "framework/bundle_entry.h"
-#include "framework/strings.h"
+#include "framework/resources/strings.h"
+#include "operations/run/path_files.h"
 #include "tests/support/builder_run.h"
 
 namespace vs::project_resave {

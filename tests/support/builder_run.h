@@ -1,7 +1,7 @@
 // Whole runs of a project that a test builds, of which some elements may be left out.
 #pragma once
 
-#include "framework/strings.h"
+#include "framework/resources/strings.h"
 #include "tests/support/host_fixture.h"
 #include "tests/support/project_builder.h"
 

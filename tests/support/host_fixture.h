@@ -10,9 +10,9 @@
 #include <string>
 #include <vector>
 
-#include "core/path_files.h"
-#include "core/paths.h"
 #include "operations/project_context.h"
+#include "operations/run/path_files.h"
+#include "platform/path_text.h"
 #include "reference_host/model/project.h"
 #include "reference_host/shell/bundle_loader.h"
 #include "reference_host/toolkit/dialog_connections.h"

@@ -12,7 +12,7 @@
 #include <set>
 #include <string_view>
 
-#include "core/paths.h"
+#include "platform/path_text.h"
 #include "reference_host/files/files.h"
 
 namespace vs::project_resave {

@@ -4,7 +4,7 @@
 #include <string>
 #include <vector>
 
-#include "core/paths.h"
+#include "platform/path_text.h"
 #include "reference_host/files/files.h"
 #include "reference_host/files/reference_walk.h"
 

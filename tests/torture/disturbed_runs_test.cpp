@@ -2,8 +2,8 @@
 #include <atomic>
 #include <thread>
 
-#include "core/paths.h"
-#include "framework/strings.h"
+#include "framework/resources/strings.h"
+#include "platform/path_text.h"
 #include "tests/support/forwarding_system.h"
 #include "tests/torture/generated_area.h"
 #include "tests/torture/torture.h"

@@ -1,7 +1,7 @@
 // The n-th call of each kind fails, for every n, from the load to the end of a run; and the disk is full from
 // the n-th call on. Whatever fails, the source is as it was, and what is missing is told.
-#include "core/paths.h"
-#include "framework/strings.h"
+#include "framework/resources/strings.h"
+#include "platform/path_text.h"
 #include "tests/support/faulty_system.h"
 #include "tests/torture/generated_area.h"
 #include "tests/torture/torture.h"

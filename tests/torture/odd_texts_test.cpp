@@ -2,8 +2,8 @@
 // refused; what is written outside the new project's folder is on record, and what is missing is told.
 #include <sstream>
 
-#include "core/paths.h"
-#include "framework/strings.h"
+#include "framework/resources/strings.h"
+#include "platform/path_text.h"
 #include "tests/torture/generated_area.h"
 #include "tests/torture/torture.h"
 

@@ -7,7 +7,7 @@
 #include <map>
 #include <thread>
 
-#include "core/paths.h"
+#include "platform/path_text.h"
 #include "tests/support/command_process.h"
 #include "tests/support/references_of.h"
 #include "tests/support/tree_state.h"

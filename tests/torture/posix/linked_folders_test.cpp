@@ -1,5 +1,5 @@
 // Linux only: folders that lead to themselves, by links that anybody may make there.
-#include "core/path_files.h"
+#include "operations/run/path_files.h"
 #include "tests/support/faulty_system.h"
 #include "tests/torture/generated_area.h"
 

@@ -1,7 +1,7 @@
 #include "containers/resave_layout_parts.h"
 
 #include "core/entity_uuid.h"
-#include "framework/string_adapter.h"
+#include "framework/border/string_adapter.h"
 #include "host/vsk_basic.h"
 #include "host/vsk_entity.h"
 #include "host/vsk_layout.h"

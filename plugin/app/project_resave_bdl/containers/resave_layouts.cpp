@@ -4,9 +4,9 @@
 
 #include "containers/resave_layout_parts.h"
 #include "containers/resave_legend_plus.h"
-#include "framework/encoding.h"
-#include "framework/string_adapter.h"
-#include "framework/strings.h"
+#include "framework/border/encoding.h"
+#include "framework/border/string_adapter.h"
+#include "framework/resources/strings.h"
 #include "host/interfaces/layout_legend_layer.h"
 #include "host/vsk_layout.h"
 #include "host/vsk_lr.h"

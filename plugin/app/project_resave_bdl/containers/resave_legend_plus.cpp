@@ -2,13 +2,13 @@
 
 #include <string_view>
 
-#include "core/paths.h"
-#include "framework/encoding.h"
-#include "framework/string_adapter.h"
-#include "framework/strings.h"
+#include "framework/border/encoding.h"
+#include "framework/border/string_adapter.h"
+#include "framework/resources/strings.h"
 #include "host/vsk_lr2d.h"
 #include "host/vsk_scn_2d.h"
 #include "operations/project_context.h"
+#include "platform/path_text.h"
 
 namespace vs::project_resave {
 

@@ -1,9 +1,9 @@
 #include "containers/resave_scene.h"
 
-#include "core/paths.h"
-#include "framework/string_adapter.h"
+#include "framework/border/string_adapter.h"
 #include "host/vsk_entity.h"
 #include "operations/project_context.h"
+#include "platform/path_text.h"
 
 namespace vs::project_resave {
 

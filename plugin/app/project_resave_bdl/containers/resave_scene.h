@@ -1,8 +1,8 @@
 // What units of 2D and 3D scenes do alike: while a scene is saved its files may go into a folder of its own.
 #pragma once
 
-#include "core/common_directory.h"
 #include "core/resave_list.h"
+#include "operations/run/common_directory.h"
 
 namespace vs::project_resave {
 

@@ -1,15 +1,15 @@
 #include "containers/resave_scene_2d.h"
 
-#include "core/path_files.h"
-#include "core/paths.h"
-#include "framework/host_owned.h"
-#include "framework/string_adapter.h"
+#include "framework/border/host_owned.h"
+#include "framework/border/string_adapter.h"
 #include "host/vsk_lr.h"
 #include "host/vsk_scn_2d.h"
 #include "host/vsk_xml_save_2d.h"
 #include "layers/layer_factory.h"
 #include "layers/layer_files.h"
 #include "operations/project_context.h"
+#include "operations/run/path_files.h"
+#include "platform/path_text.h"
 #include "platform/system.h"
 
 namespace vs::project_resave {

@@ -1,7 +1,7 @@
 #include "containers/resave_scene_3d.h"
 
-#include "framework/host_owned.h"
-#include "framework/string_adapter.h"
+#include "framework/border/host_owned.h"
+#include "framework/border/string_adapter.h"
 #include "host/vsk_scn_2d.h"
 #include "host/vsk_scn_3d.h"
 #include "host/vsk_xml_save_3d.h"

@@ -2,7 +2,7 @@
 
 #include "containers/resave_scene_2d.h"
 #include "containers/resave_scene_3d.h"
-#include "framework/strings.h"
+#include "framework/resources/strings.h"
 #include "host/vsk_scn_2d.h"
 #include "host/vsk_scn_3d.h"
 #include "operations/project_context.h"

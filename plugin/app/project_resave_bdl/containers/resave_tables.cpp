@@ -1,15 +1,15 @@
 #include "containers/resave_tables.h"
 
 #include "core/attr_field_lines.h"
-#include "core/common_directory.h"
 #include "core/copying.h"
 #include "core/structure_line.h"
 #include "core/tos_property_lines.h"
-#include "framework/string_adapter.h"
-#include "framework/strings.h"
+#include "framework/border/string_adapter.h"
+#include "framework/resources/strings.h"
 #include "host/vsk_attr_data.h"
 #include "host/vsk_tos_data.h"
 #include "operations/project_context.h"
+#include "operations/run/common_directory.h"
 
 namespace vs::project_resave {
 

@@ -1,7 +1,7 @@
 #include "containers/resave_wells_data.h"
 
-#include "framework/string_adapter.h"
-#include "framework/strings.h"
+#include "framework/border/string_adapter.h"
+#include "framework/resources/strings.h"
 #include "host/vsk_entity.h"
 #include "host/vsk_scn_2d.h"
 #include "operations/project_context.h"

@@ -1,8 +1,8 @@
 #include "core/attr_field_lines.h"
 
-#include "framework/encoding.h"
-#include "framework/host_owned.h"
-#include "framework/strings.h"
+#include "framework/border/encoding.h"
+#include "framework/border/host_owned.h"
+#include "framework/resources/strings.h"
 #include "host/vsk_attr_data.h"
 #include "operations/project_context.h"
 

@@ -1,11 +1,11 @@
 #include "core/copying.h"
 
-#include "core/path_files.h"
-#include "core/path_placement.h"
-#include "core/paths.h"
 #include "logs/log_file.h"
 #include "operations/project_context.h"
-#include "operations/run_report.h"
+#include "operations/run/path_files.h"
+#include "operations/run/path_placement.h"
+#include "operations/run/run_report.h"
+#include "platform/path_text.h"
 #include "platform/system.h"
 
 namespace vs::project_resave {

@@ -3,10 +3,10 @@
 #include <stdexcept>
 
 #include "core/copying.h"
-#include "core/path_files.h"
-#include "core/path_placement.h"
-#include "core/paths.h"
 #include "operations/project_context.h"
+#include "operations/run/path_files.h"
+#include "operations/run/path_placement.h"
+#include "platform/path_text.h"
 
 namespace vs::project_resave {
 

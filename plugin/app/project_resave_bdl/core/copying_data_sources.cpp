@@ -1,9 +1,9 @@
 // The members of a data set, as the host names them.
 #include "core/copying.h"
 #include "core/data_source.h"
-#include "core/path_placement.h"
-#include "core/paths.h"
 #include "operations/project_context.h"
+#include "operations/run/path_placement.h"
+#include "platform/path_text.h"
 #include "platform/text.h"
 
 namespace vs::project_resave {

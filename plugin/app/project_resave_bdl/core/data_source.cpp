@@ -1,6 +1,6 @@
 #include "core/data_source.h"
 
-#include "framework/visitors.h"
+#include "framework/border/visitors.h"
 #include "host/vsk_basic.h"
 
 namespace vs::project_resave {

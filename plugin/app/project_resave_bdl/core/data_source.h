@@ -4,9 +4,9 @@
 #include <cstdint>
 #include <vector>
 
-#include "core/path_files.h"
-#include "framework/ref.h"
+#include "framework/border/ref.h"
 #include "host/interfaces/stat_source.h"
+#include "operations/run/path_files.h"
 #include "platform/wide_string.h"
 
 namespace vs::project_resave {

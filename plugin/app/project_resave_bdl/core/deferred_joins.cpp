@@ -1,14 +1,14 @@
 #include "core/deferred_joins.h"
 
 #include "core/copying.h"
-#include "core/path_files.h"
-#include "core/path_placement.h"
-#include "framework/host_owned.h"
-#include "framework/string_adapter.h"
-#include "framework/strings.h"
+#include "framework/border/host_owned.h"
+#include "framework/border/string_adapter.h"
+#include "framework/resources/strings.h"
 #include "host/vsk_attr_data.h"
 #include "logs/log_file.h"
-#include "operations/run_report.h"
+#include "operations/run/path_files.h"
+#include "operations/run/path_placement.h"
+#include "operations/run/run_report.h"
 
 namespace vs::project_resave {
 

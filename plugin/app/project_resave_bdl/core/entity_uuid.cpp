@@ -1,7 +1,7 @@
 #include "core/entity_uuid.h"
 
-#include "framework/string_adapter.h"
-#include "framework/strings.h"
+#include "framework/border/string_adapter.h"
+#include "framework/resources/strings.h"
 #include "host/vsk_entity.h"
 
 namespace vs::project_resave {

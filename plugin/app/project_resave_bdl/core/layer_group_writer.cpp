@@ -1,7 +1,7 @@
 #include "core/layer_group_writer.h"
 
 #include "core/entity_uuid.h"
-#include "framework/string_adapter.h"
+#include "framework/border/string_adapter.h"
 #include "host/vsk_basic.h"
 #include "host/vsk_entity.h"
 #include "host/vsk_lr.h"

@@ -2,14 +2,14 @@
 
 #include <stdexcept>
 
-#include "core/common_directory.h"
 #include "core/copying.h"
 #include "core/data_source.h"
 #include "core/entity_uuid.h"
-#include "core/path_files.h"
 #include "core/true_case.h"
 #include "host/vsk_basic.h"
 #include "operations/project_context.h"
+#include "operations/run/common_directory.h"
+#include "operations/run/path_files.h"
 
 namespace vs::project_resave {
 

@@ -6,8 +6,8 @@
 
 #include <vector>
 
-#include "core/path_files.h"
 #include "core/resave_unit.h"
+#include "operations/run/path_files.h"
 
 namespace vs::project_resave {
 

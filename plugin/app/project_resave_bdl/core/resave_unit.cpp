@@ -3,8 +3,8 @@
 #include <utility>
 
 #include "core/entity_uuid.h"
-#include "framework/string_adapter.h"
-#include "framework/strings.h"
+#include "framework/border/string_adapter.h"
+#include "framework/resources/strings.h"
 #include "host/vsk_entity.h"
 #include "operations/project_context.h"
 

@@ -1,7 +1,7 @@
 #include "core/tos_property_lines.h"
 
-#include "framework/host_owned.h"
-#include "framework/string_adapter.h"
+#include "framework/border/host_owned.h"
+#include "framework/border/string_adapter.h"
 #include "host/vsk_file_tos4.h"
 #include "operations/project_context.h"
 

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "core/path_files.h"
-#include "core/paths.h"
+#include "operations/run/path_files.h"
+#include "platform/path_text.h"
 #include "platform/system.h"
 
 namespace vs::project_resave {

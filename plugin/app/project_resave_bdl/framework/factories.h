@@ -5,7 +5,7 @@
 #include <utility>
 #include <vector>
 
-#include "framework/ref.h"
+#include "framework/border/ref.h"
 #include "host/interfaces/service_factory.h"
 #include "platform/wide_string.h"
 

@@ -1,6 +1,6 @@
 #include "framework/local_factory.h"
 
-#include "framework/strings.h"
+#include "framework/resources/strings.h"
 #include "host/vsk_basic.h"
 
 namespace vs::project_resave {

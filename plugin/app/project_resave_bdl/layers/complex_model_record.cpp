@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "framework/string_adapter.h"
+#include "framework/border/string_adapter.h"
 #include "host/vsk_basic.h"
 #include "host/vsk_lr.h"
 

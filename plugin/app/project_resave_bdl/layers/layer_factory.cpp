@@ -3,9 +3,8 @@
 #include <span>
 #include <string_view>
 
-#include "core/paths.h"
-#include "framework/host_owned.h"
-#include "framework/string_adapter.h"
+#include "framework/border/host_owned.h"
+#include "framework/border/string_adapter.h"
 #include "host/vsk_basic.h"
 #include "host/vsk_lr.h"
 #include "host/vsk_lr2d.h"
@@ -19,6 +18,7 @@
 #include "layers/resave_vector_layer.h"
 #include "layers/resave_wells.h"
 #include "operations/project_context.h"
+#include "platform/path_text.h"
 
 namespace vs::project_resave {
 

@@ -1,13 +1,13 @@
 #include "layers/layer_files.h"
 
-#include "core/paths.h"
-#include "framework/host_owned.h"
-#include "framework/string_adapter.h"
+#include "framework/border/host_owned.h"
+#include "framework/border/string_adapter.h"
 #include "host/vsk_lr2d.h"
 #include "host/vsk_lr3d.h"
 #include "host/vsk_xml_save_2d.h"
 #include "host/vsk_xml_save_3d.h"
 #include "operations/project_context.h"
+#include "platform/path_text.h"
 
 namespace vs::project_resave {
 

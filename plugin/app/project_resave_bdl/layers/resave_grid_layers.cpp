@@ -1,12 +1,12 @@
 #include "layers/resave_grid_layers.h"
 
 #include "core/copying.h"
-#include "core/paths.h"
-#include "framework/string_adapter.h"
-#include "framework/strings.h"
+#include "framework/border/string_adapter.h"
+#include "framework/resources/strings.h"
 #include "host/vsk_lr.h"
 #include "layers/layer_copying.h"
 #include "operations/project_context.h"
+#include "platform/path_text.h"
 #include "platform/system.h"
 
 namespace vs::project_resave {

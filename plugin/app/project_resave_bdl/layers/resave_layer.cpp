@@ -1,8 +1,8 @@
 #include "layers/resave_layer.h"
 
 #include "core/structure_line.h"
-#include "framework/string_adapter.h"
-#include "framework/strings.h"
+#include "framework/border/string_adapter.h"
+#include "framework/resources/strings.h"
 #include "host/vsk_lr.h"
 #include "operations/project_context.h"
 

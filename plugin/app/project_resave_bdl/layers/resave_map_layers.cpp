@@ -2,14 +2,14 @@
 
 #include "containers/resave_scene_2d.h"
 #include "core/copying.h"
-#include "core/path_files.h"
-#include "core/paths.h"
 #include "core/structure_line.h"
-#include "framework/string_adapter.h"
-#include "framework/strings.h"
+#include "framework/border/string_adapter.h"
+#include "framework/resources/strings.h"
 #include "host/vsk_lr.h"
 #include "layers/layer_files.h"
 #include "operations/project_context.h"
+#include "operations/run/path_files.h"
+#include "platform/path_text.h"
 
 namespace vs::project_resave {
 

@@ -4,7 +4,7 @@
 
 #include <memory>
 
-#include "framework/host_owned.h"
+#include "framework/border/host_owned.h"
 #include "host/vsk_scn_2d.h"
 #include "host/vsk_xml_save_2d.h"
 #include "layers/resave_layer.h"

@@ -1,13 +1,13 @@
 #include "layers/resave_raster_layers.h"
 
 #include "core/copying.h"
-#include "core/path_files.h"
-#include "framework/string_adapter.h"
-#include "framework/strings.h"
+#include "framework/border/string_adapter.h"
+#include "framework/resources/strings.h"
 #include "host/vsk_lr.h"
 #include "layers/layer_copying.h"
 #include "layers/layer_files.h"
 #include "operations/project_context.h"
+#include "operations/run/path_files.h"
 
 namespace vs::project_resave {
 

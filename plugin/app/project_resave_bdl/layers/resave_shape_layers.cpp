@@ -3,15 +3,15 @@
 #include "core/attr_field_lines.h"
 #include "core/copying.h"
 #include "core/data_source.h"
-#include "core/path_files.h"
-#include "framework/string_adapter.h"
-#include "framework/strings.h"
+#include "framework/border/string_adapter.h"
+#include "framework/resources/strings.h"
 #include "host/vsk_attr_data.h"
 #include "host/vsk_lr.h"
 #include "host/vsk_lr3d.h"
 #include "host/vsk_shp_lr2d.h"
 #include "layers/layer_files.h"
 #include "operations/project_context.h"
+#include "operations/run/path_files.h"
 
 namespace vs::project_resave {
 

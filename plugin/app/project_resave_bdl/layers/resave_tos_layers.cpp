@@ -3,18 +3,18 @@
 #include <algorithm>
 #include <string_view>
 
-#include "core/common_directory.h"
 #include "core/copying.h"
 #include "core/data_source.h"
-#include "core/path_files.h"
-#include "core/paths.h"
 #include "core/tos_property_lines.h"
-#include "framework/string_adapter.h"
-#include "framework/strings.h"
+#include "framework/border/string_adapter.h"
+#include "framework/resources/strings.h"
 #include "host/vsk_lr.h"
 #include "layers/complex_model_record.h"
 #include "layers/layer_files.h"
 #include "operations/project_context.h"
+#include "operations/run/common_directory.h"
+#include "operations/run/path_files.h"
+#include "platform/path_text.h"
 
 namespace vs::project_resave {
 

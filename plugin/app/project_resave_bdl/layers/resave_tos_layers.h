@@ -2,7 +2,7 @@
 // complex model come along, and the structure's text can list the properties of the file.
 #pragma once
 
-#include "framework/host_owned.h"
+#include "framework/border/host_owned.h"
 #include "host/vsk_styles.h"
 #include "layers/resave_layer.h"
 

@@ -1,7 +1,7 @@
 #include "layers/resave_vector_layer.h"
 
-#include "framework/string_adapter.h"
-#include "framework/strings.h"
+#include "framework/border/string_adapter.h"
+#include "framework/resources/strings.h"
 #include "host/vsk_lr2d.h"
 #include "layers/layer_copying.h"
 #include "operations/project_context.h"

@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <memory>
 
-#include "framework/encoding.h"
+#include "framework/border/encoding.h"
 #include "platform/system.h"
 #include "platform/wide_string.h"
 

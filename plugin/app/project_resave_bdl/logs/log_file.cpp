@@ -1,7 +1,7 @@
 #include "logs/log_file.h"
 
-#include "framework/encoding.h"
-#include "framework/strings.h"
+#include "framework/border/encoding.h"
+#include "framework/resources/strings.h"
 #include "logs/file_stream.h"
 #include "operations/project_context.h"
 

@@ -1,7 +1,7 @@
 #include "logs/open_log_file.h"
 
-#include "core/paths.h"
-#include "framework/strings.h"
+#include "framework/resources/strings.h"
+#include "platform/path_text.h"
 
 namespace vs::project_resave {
 

@@ -1,6 +1,6 @@
 #include "logs/project_struct_writer.h"
 
-#include "framework/strings.h"
+#include "framework/resources/strings.h"
 
 namespace vs::project_resave {
 

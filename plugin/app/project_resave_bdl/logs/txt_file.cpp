@@ -1,7 +1,7 @@
 #include "logs/txt_file.h"
 
-#include "framework/encoding.h"
-#include "framework/strings.h"
+#include "framework/border/encoding.h"
+#include "framework/resources/strings.h"
 #include "logs/file_stream.h"
 
 namespace vs::project_resave {

@@ -1,9 +1,9 @@
 // How the outcome of a resave is told to the user.
 #include <algorithm>
 
-#include "framework/strings.h"
+#include "framework/resources/strings.h"
 #include "host/vsk_msgs.h"
-#include "operations/run_report.h"
+#include "operations/run/run_report.h"
 #include "ui/dialogs.h"
 
 namespace vs::project_resave {

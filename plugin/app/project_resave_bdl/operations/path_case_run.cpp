@@ -1,5 +1,5 @@
 // Compares the letter case of every path that a loaded project stores with the spelling on the disk.
-#include "framework/strings.h"
+#include "framework/resources/strings.h"
 #include "operations/project_context.h"
 
 namespace vs::project_resave {

@@ -3,14 +3,14 @@
 
 #include <string_view>
 
-#include "core/path_files.h"
-#include "framework/encoding.h"
-#include "framework/host_owned.h"
-#include "framework/strings.h"
+#include "framework/border/encoding.h"
+#include "framework/border/host_owned.h"
+#include "framework/resources/strings.h"
 #include "host/vsk_entity.h"
 #include "host/vsk_msgs.h"
 #include "host/vsk_prj.h"
 #include "host/vsk_xml_save_prj.h"
+#include "operations/run/path_files.h"
 
 namespace vs::project_resave {
 

@@ -1,8 +1,8 @@
 // Each selected 2D scene of a loaded project to a file of its own.
 #include "operations/scene_files_run.h"
 
-#include "framework/host_owned.h"
-#include "framework/strings.h"
+#include "framework/border/host_owned.h"
+#include "framework/resources/strings.h"
 #include "host/vsk_msgs.h"
 #include "operations/project_context.h"
 

@@ -1,9 +1,9 @@
 // The structure of a loaded project as text: a line for each unit, indented by depth.
 #include "operations/structure_run.h"
 
-#include "core/paths.h"
-#include "framework/strings.h"
+#include "framework/resources/strings.h"
 #include "operations/project_context.h"
+#include "platform/path_text.h"
 
 namespace vs::project_resave {
 

@@ -1,7 +1,7 @@
 // What the runs that write a text file have in common: progress, the file, and a stop.
-#include "core/path_files.h"
-#include "framework/strings.h"
+#include "framework/resources/strings.h"
 #include "operations/project_context.h"
+#include "operations/run/path_files.h"
 
 namespace vs::project_resave {
 

@@ -3,7 +3,7 @@
 
 #include <vector>
 
-#include "framework/ref.h"
+#include "framework/border/ref.h"
 #include "services/resave_entity_service.h"
 #include "services/resave_service.h"
 

@@ -1,6 +1,6 @@
 #include "services/entity_factory.h"
 
-#include "framework/encoding.h"
+#include "framework/border/encoding.h"
 #include "host/vsk_entity.h"
 #include "host/vsk_lr.h"
 #include "layers/resave_grid_layers.h"

@@ -1,7 +1,7 @@
 #include "services/maplegs_plugin_service.h"
 
-#include "framework/string_adapter.h"
-#include "framework/strings.h"
+#include "framework/border/string_adapter.h"
+#include "framework/resources/strings.h"
 #include "host/vsk_prj.h"
 #include "host/vsk_styles.h"
 

@@ -2,7 +2,7 @@
 // no file; one that is not selected leaves the new project.
 #pragma once
 
-#include "framework/ref.h"
+#include "framework/border/ref.h"
 #include "host/interfaces/service_factory.h"
 #include "services/resave_service.h"
 

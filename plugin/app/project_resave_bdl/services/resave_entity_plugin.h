@@ -6,8 +6,8 @@
 #include <optional>
 
 #include "core/resave_file.h"
-#include "framework/host_owned.h"
-#include "framework/ref.h"
+#include "framework/border/host_owned.h"
+#include "framework/border/ref.h"
 #include "host/vsk_basic.h"
 #include "services/resave_entity_service.h"
 

@@ -10,7 +10,7 @@
 // the element; of kinds the claim is dropped without a record.
 #pragma once
 
-#include "framework/visitors.h"
+#include "framework/border/visitors.h"
 
 namespace vs::project_resave {
 

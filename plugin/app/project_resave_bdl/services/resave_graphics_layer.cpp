@@ -1,6 +1,6 @@
 #include "services/resave_graphics_layer.h"
 
-#include "framework/strings.h"
+#include "framework/resources/strings.h"
 #include "layers/layer_copying.h"
 
 namespace vs::project_resave {

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "core/resave_unit.h"
-#include "framework/ref.h"
+#include "framework/border/ref.h"
 #include "services/resave_service.h"
 
 namespace vs::project_resave {

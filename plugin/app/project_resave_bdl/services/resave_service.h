@@ -6,7 +6,7 @@
 // A service must not call back into the run.
 #pragma once
 
-#include "framework/visitors.h"
+#include "framework/border/visitors.h"
 
 namespace vs::project_resave {
 

@@ -3,7 +3,7 @@
 
 #include <optional>
 
-#include "framework/interface.h"
+#include "framework/border/interface.h"
 
 namespace vs::project_resave {
 

@@ -1,7 +1,7 @@
 // What a service tells a visitor in answer to a question, as a text.
 #pragma once
 
-#include "framework/visitors.h"
+#include "framework/border/visitors.h"
 
 namespace vs::project_resave {
 

@@ -3,7 +3,7 @@
 
 #include <vector>
 
-#include "framework/visitors.h"
+#include "framework/border/visitors.h"
 #include "host/vsk_basic.h"
 
 namespace vs::project_resave {

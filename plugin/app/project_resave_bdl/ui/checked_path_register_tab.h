@@ -2,7 +2,7 @@
 // it gets one.
 #pragma once
 
-#include "framework/strings.h"
+#include "framework/resources/strings.h"
 #include "ui/toolkit/docker_base.h"
 #include "ui/toolkit/file_input.h"
 #include "ui/toolkit/grid_layout.h"

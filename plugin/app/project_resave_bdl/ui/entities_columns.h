@@ -1,7 +1,7 @@
 // The columns of the selection's outlines: names, and check marks.
 #pragma once
 
-#include "framework/polymorphic.h"
+#include "framework/border/polymorphic.h"
 #include "host/toolkit/outline.h"
 #include "ui/entities_model.h"
 

@@ -1,8 +1,8 @@
 #include "ui/entities_fill.h"
 
 #include "core/entity_uuid.h"
-#include "framework/encoding.h"
-#include "framework/string_adapter.h"
+#include "framework/border/encoding.h"
+#include "framework/border/string_adapter.h"
 #include "host/vsk_entity.h"
 #include "host/vsk_lr.h"
 #include "host/vsk_prj.h"

@@ -2,8 +2,8 @@
 
 #include <algorithm>
 
-#include "framework/encoding.h"
-#include "framework/strings.h"
+#include "framework/border/encoding.h"
+#include "framework/resources/strings.h"
 #include "host/vsk_attr_data.h"
 #include "host/vsk_entity.h"
 #include "host/vsk_prj.h"

@@ -1,6 +1,6 @@
 #include "ui/extended_message_dialog.h"
 
-#include "framework/strings.h"
+#include "framework/resources/strings.h"
 
 namespace vs::project_resave::detail {
 

@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-#include "framework/layer_type_loader.h"
+#include "framework/resources/layer_type_loader.h"
 
 namespace vs::project_resave::detail {
 

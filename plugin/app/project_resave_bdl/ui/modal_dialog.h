@@ -4,7 +4,7 @@
 #pragma once
 
 #include "framework/factories.h"
-#include "framework/strings.h"
+#include "framework/resources/strings.h"
 #include "host/toolkit/modal_dialog.h"
 #include "ui/toolkit/docker_base.h"
 

@@ -1,6 +1,6 @@
 #include "ui/project_resave_app.h"
 
-#include "framework/strings.h"
+#include "framework/resources/strings.h"
 #include "services/collect_services.h"
 
 namespace vs::project_resave {

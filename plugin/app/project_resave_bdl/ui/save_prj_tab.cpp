@@ -1,6 +1,6 @@
 #include "ui/save_prj_tab.h"
 
-#include "framework/strings.h"
+#include "framework/resources/strings.h"
 #include "host/vsk_msgs.h"
 #include "platform/text.h"
 

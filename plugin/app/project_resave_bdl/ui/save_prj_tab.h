@@ -4,7 +4,7 @@
 #include <array>
 #include <functional>
 
-#include "core/resave_options.h"
+#include "operations/run/resave_options.h"
 #include "ui/toolkit/checkbox.h"
 #include "ui/toolkit/docker_base.h"
 #include "ui/toolkit/file_input.h"

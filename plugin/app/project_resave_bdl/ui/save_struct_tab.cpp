@@ -1,6 +1,6 @@
 #include "ui/save_struct_tab.h"
 
-#include "framework/strings.h"
+#include "framework/resources/strings.h"
 
 namespace vs::project_resave {
 

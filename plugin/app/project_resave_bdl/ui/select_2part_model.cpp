@@ -1,6 +1,6 @@
 #include "ui/select_2part_model.h"
 
-#include "framework/strings.h"
+#include "framework/resources/strings.h"
 
 namespace vs::project_resave::detail {
 

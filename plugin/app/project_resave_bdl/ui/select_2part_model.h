@@ -4,7 +4,7 @@
 
 #include <functional>
 
-#include "operations/event.h"
+#include "operations/run/event.h"
 #include "ui/layer_icons.h"
 #include "ui/select_tree.h"
 

@@ -2,7 +2,7 @@
 
 #include <charconv>
 
-#include "framework/strings.h"
+#include "framework/resources/strings.h"
 #include "host/vsk_basic.h"
 #include "operations/project_context.h"
 

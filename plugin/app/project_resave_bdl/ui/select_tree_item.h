@@ -5,8 +5,8 @@
 #include <string>
 #include <vector>
 
-#include "core/selection_register.h"
-#include "framework/visitors.h"
+#include "framework/border/visitors.h"
+#include "operations/run/selection_register.h"
 
 namespace vs::project_resave::detail {
 

@@ -1,9 +1,9 @@
 #include "ui/settings_element.h"
 
-#include "core/paths.h"
-#include "framework/string_adapter.h"
-#include "framework/strings.h"
+#include "framework/border/string_adapter.h"
+#include "framework/resources/strings.h"
 #include "host/vsk_prj.h"
+#include "platform/path_text.h"
 #include "platform/text.h"
 
 namespace vs::project_resave {

@@ -1,7 +1,7 @@
 #include "ui/unique_name_dialog.h"
 
-#include "core/path_files.h"
-#include "framework/strings.h"
+#include "framework/resources/strings.h"
+#include "operations/run/path_files.h"
 
 namespace vs::dialog {
 

@@ -2,7 +2,7 @@
 // pictures.
 #pragma once
 
-#include "framework/interface.h"
+#include "framework/border/interface.h"
 
 namespace vs::project_resave {
 

@@ -2,7 +2,7 @@
 // the layer.
 #pragma once
 
-#include "framework/interface.h"
+#include "framework/border/interface.h"
 
 namespace vs::project_resave {
 

@@ -1,7 +1,7 @@
 // A picture with a mask that crosses the border. Who implements: whoever has the picture, for the call.
 #pragma once
 
-#include "framework/visitors.h"
+#include "framework/border/visitors.h"
 
 namespace vs::project_resave {
 

@@ -2,7 +2,7 @@
 // the layer. Only the members are used here; the entries between stand for the plug-in's own operations.
 #pragma once
 
-#include "framework/visitors.h"
+#include "framework/border/visitors.h"
 
 namespace vs::project_resave {
 

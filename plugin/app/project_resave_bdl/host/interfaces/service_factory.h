@@ -1,7 +1,7 @@
 // The road by which a bundle's services reach the host.
 #pragma once
 
-#include "framework/interface.h"
+#include "framework/border/interface.h"
 
 namespace vs::project_resave {
 

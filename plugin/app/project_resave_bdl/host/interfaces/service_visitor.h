@@ -4,7 +4,7 @@
 // whose one operation is told the service's interface pointer, borrowed for the call.
 #pragma once
 
-#include "framework/interface.h"
+#include "framework/border/interface.h"
 
 namespace vs::project_resave {
 

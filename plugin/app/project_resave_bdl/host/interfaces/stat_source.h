@@ -2,7 +2,7 @@
 // A referent: whoever opened it holds a ref, and the last one closes it.
 #pragma once
 
-#include "framework/visitors.h"
+#include "framework/border/visitors.h"
 
 namespace vs::project_resave {
 

@@ -1,7 +1,7 @@
 // A button inside of a window. Who implements: the bundle. Who calls: the host.
 #pragma once
 
-#include "framework/visitors.h"
+#include "framework/border/visitors.h"
 
 namespace vs::project_resave {
 

@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-#include "framework/visitors.h"
+#include "framework/border/visitors.h"
 
 namespace vs::project_resave {
 

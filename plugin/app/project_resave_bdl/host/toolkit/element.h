@@ -4,7 +4,7 @@
 // interfaces it can draw, asks them everything, and sends the user's events back through them.
 #pragma once
 
-#include "framework/visitors.h"
+#include "framework/border/visitors.h"
 
 namespace vs::project_resave {
 

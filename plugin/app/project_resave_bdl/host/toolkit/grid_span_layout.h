@@ -4,7 +4,7 @@
 
 #include <cstdint>
 
-#include "framework/interface.h"
+#include "framework/border/interface.h"
 
 namespace vs::project_resave {
 

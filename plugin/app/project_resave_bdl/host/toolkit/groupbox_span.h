@@ -3,7 +3,7 @@
 // bundle. Who calls: the host.
 #pragma once
 
-#include "framework/interface.h"
+#include "framework/border/interface.h"
 
 namespace vs::project_resave {
 

@@ -1,7 +1,7 @@
 // A line of words beside another element. Who implements: the bundle. Who calls: the host.
 #pragma once
 
-#include "framework/visitors.h"
+#include "framework/border/visitors.h"
 
 namespace vs::project_resave {
 

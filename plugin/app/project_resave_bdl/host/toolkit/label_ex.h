@@ -1,7 +1,7 @@
 // A figure with words in front of it and its unit behind it. Who implements: the bundle. Who calls: the host.
 #pragma once
 
-#include "framework/visitors.h"
+#include "framework/border/visitors.h"
 
 namespace vs::project_resave {
 

@@ -6,7 +6,7 @@
 
 #include <cstdint>
 
-#include "framework/visitors.h"
+#include "framework/border/visitors.h"
 #include "host/interfaces/masked_bitmap.h"
 
 namespace vs::project_resave {

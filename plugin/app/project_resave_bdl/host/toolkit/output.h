@@ -2,7 +2,7 @@
 // Who calls: the host.
 #pragma once
 
-#include "framework/visitors.h"
+#include "framework/border/visitors.h"
 
 namespace vs::project_resave {
 

@@ -2,7 +2,7 @@
 // button as it answers. Who implements: the bundle. Who calls: the host.
 #pragma once
 
-#include "framework/visitors.h"
+#include "framework/border/visitors.h"
 
 namespace vs::project_resave {
 

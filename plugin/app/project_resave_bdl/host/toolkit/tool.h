@@ -1,7 +1,7 @@
 // A button with a picture, in a tool bar. Who implements: the bundle. Who calls: the host.
 #pragma once
 
-#include "framework/visitors.h"
+#include "framework/border/visitors.h"
 #include "host/interfaces/masked_bitmap.h"
 
 namespace vs::project_resave {

@@ -5,7 +5,7 @@
 // these must be members of the same owner or of one that lives longer.
 #pragma once
 
-#include "framework/ref.h"
+#include "framework/border/ref.h"
 #include "host/toolkit/element.h"
 
 namespace vs::project_resave::toolkit {

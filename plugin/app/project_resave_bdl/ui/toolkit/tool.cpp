@@ -1,7 +1,7 @@
 #include "ui/toolkit/tool.h"
 
-#include "framework/resource_bitmap.h"
-#include "framework/strings.h"
+#include "framework/resources/resource_bitmap.h"
+#include "framework/resources/strings.h"
 
 namespace vs::project_resave::toolkit {
 

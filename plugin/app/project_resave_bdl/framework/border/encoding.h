@@ -1,0 +1,43 @@
+// The table of encodings by number, and the two converters over it.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+#include "framework/border/visitors.h"
+
+namespace vs::project_resave {
+
+constexpr uint32_t utf8_row = 0;    // files are written in it
+constexpr uint32_t system_row = 18; // narrow texts of the host are in it
+
+struct encoding_row {
+    const char* name;
+    uint32_t code_page; // 0: no fixed page; only the row "SYSTEM" converts then, in the system's active one
+};
+
+constexpr uint32_t encoding_count = 19;
+const encoding_row& encoding(uint32_t row);
+
+// Empty for a row that does not convert and for a text that cannot be converted.
+std::string to_narrow(wide_view text, uint32_t row);
+wide_string to_wide(std::string_view bytes, uint32_t row);
+// Narrow text of the host; null counts as empty.
+wide_string host_text(const char* text);
+inline std::string_view narrow_or_empty(const char* text) { return text ? text : ""; }
+
+// Keeps the last text told, converted through a row of the encoding table; 18 is the system's code page.
+class stdstring_visitor final : public string_visitor_impl {
+public:
+    explicit stdstring_visitor(std::string& target, uint32_t encoding = system_row)
+        : text(target), row(encoding) {}
+    void visit(const char16_t* told) override { text = to_narrow(text_or_empty(told), row); }
+    operator string_visitor() { return pointer_to<string_visitor_impl>(*this); }
+
+private:
+    std::string& text;
+    uint32_t row;
+};
+
+} // namespace vs::project_resave

@@ -1,0 +1,106 @@
+// Smart interface pointer. ref<I> keeps the object alive; ref<I, true> only learns of its end and is null
+// after it.
+//
+// The object lists each ref by its address, so copies and moves register their own. An object that is no
+// referent is held as a plain pointer: its owner sees to its life.
+#pragma once
+
+#include "framework/border/referent.h"
+
+namespace vs::project_resave {
+
+// How the referent of an object is reached.
+template <class Impl>
+struct ref_traits {
+    static referent_pointer referent_of(const interface_to<Impl>& object) {
+        return cast_to<referent_impl>(object);
+    }
+};
+
+template <class Impl, bool Weak = false, class Traits = ref_traits<Impl>>
+class ref final : public referrer_impl {
+public:
+    ref() = default;
+    explicit ref(const interface_to<Impl>& object) { take(object); }
+    ref(const ref& other) : referrer_impl(other) { take(other.held); }
+    ref(ref&& other) noexcept : referrer_impl(other) {
+        take(other.held);
+        other.reset();
+    }
+    ref& operator=(const ref& other) {
+        assign(other.held);
+        return *this;
+    }
+    ref& operator=(ref&& other) noexcept {
+        if (this == &other) return *this;
+        assign(other.held);
+        other.reset();
+        return *this;
+    }
+    ~ref() { reset(); }
+
+    // Joins the new object before it leaves the old one, so that assigning what it holds is safe.
+    void assign(const interface_to<Impl>& object) {
+        const interface_to<Impl> old = held;
+        take(object);
+        leave(old);
+    }
+    void reset() {
+        const interface_to<Impl> old = held;
+        held = {};
+        leave(old);
+    }
+    const interface_to<Impl>& get() const { return held; }
+    explicit operator bool() const { return static_cast<bool>(held); }
+
+    void on_referent_closed() override { held = {}; }
+    bool keeps_alive() override { return !Weak; }
+
+private:
+    void take(const interface_to<Impl>& object) {
+        held = object;
+        call<&referent_impl::add_referrer>(Traits::referent_of(object), pointer_to<referrer_impl>(*this));
+    }
+    void leave(const interface_to<Impl>& object) {
+        call<&referent_impl::remove_referrer>(Traits::referent_of(object), pointer_to<referrer_impl>(*this));
+    }
+
+    interface_to<Impl> held;
+};
+
+// An object that is a referent: by itself, or with the life of the referent that it wraps.
+class obj : public objbase {
+public:
+    obj() = default;
+    explicit obj(const referent_pointer& wrapped_referent) : wrapped(wrapped_referent) {}
+    referent_pointer self() override { return wrapped ? wrapped.get() : pointer_to<referent_impl>(*this); }
+    // Whoever refers to this object refers to the one whose life counts.
+    void query(const char* asked, const void** table, void** instance) override {
+        if (std::strcmp(asked, referent_impl::name) != 0) return;
+        const referent_pointer living = self();
+        *table = living.table;
+        *instance = living.instance;
+    }
+
+private:
+    ref<referent_impl> wrapped;
+};
+
+// A class side and a referent in one object: class x : public referent<x_impl>. `I` may be a polymorphic
+// chain.
+template <class I>
+class referent : public I, public obj {
+public:
+    using obj::obj;
+    void query(const char* asked, const void** table, void** instance) override {
+        I::query(asked, table, instance);
+        obj::query(asked, table, instance); // the names differ, so at most one of the two fills
+    }
+    void identity(interface_pointer& out) override { I::identity(out); }
+};
+
+// Name of the same for a class that adds operations of its own.
+template <class I>
+using referentbase = referent<I>;
+
+} // namespace vs::project_resave

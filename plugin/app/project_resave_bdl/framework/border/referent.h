@@ -1,0 +1,92 @@
+// Counted lives: a referent knows who refers to it and ends when nobody who keeps it alive is left.
+//
+// A fresh referent has no referrer: whoever creates it takes a ref at once or deletes it. Counts are not
+// atomic; user-interface thread only.
+#pragma once
+
+#include <algorithm>
+#include <cstdint>
+#include <list>
+
+#include "framework/border/polymorphic.h"
+
+namespace vs::project_resave {
+
+// A party that holds a reference and wants to be told when the object goes.
+class referrer_impl : public interface_of<referrer_impl> {
+public:
+    static constexpr const char* name = "vs_referrer_interface_1";
+    static constexpr bool rooted_in_identity = true;
+    // The object is ending: forget the pointer, do not call remove_referrer.
+    virtual void on_referent_closed() = 0;
+    virtual bool keeps_alive() = 0;
+    using operations = operation_list<&referrer_impl::on_referent_closed, &referrer_impl::keeps_alive>;
+
+protected:
+    ~referrer_impl() = default;
+};
+using referrer_pointer = interface_to<referrer_impl>;
+
+class referent_impl : public interface_of<referent_impl> {
+public:
+    static constexpr const char* name = "vs_referent_interface_1";
+    static constexpr bool rooted_in_identity = true;
+    // Answers the number of referrers after it.
+    virtual uint32_t add_referrer(referrer_pointer referrer) = 0;
+    // Takes the first equal row out; then the object ends if no referrer that is left keeps it alive.
+    virtual void remove_referrer(referrer_pointer referrer) = 0;
+    using operations = operation_list<&referent_impl::add_referrer, &referent_impl::remove_referrer>;
+
+protected:
+    ~referent_impl() = default;
+};
+using referent_pointer = interface_to<referent_impl>;
+
+class objbase : public referent_impl {
+public:
+    objbase() = default;
+    objbase(const objbase&) = delete;
+    objbase& operator=(const objbase&) = delete;
+
+    uint32_t add_referrer(referrer_pointer referrer) override;
+    void remove_referrer(referrer_pointer referrer) override;
+    // The referent whose life counts for this object.
+    virtual referent_pointer self() = 0;
+    virtual void as_referent(referent_pointer& out);
+    // Tells each referrer that is left on_referent_closed().
+    virtual ~objbase();
+
+private:
+    std::list<referrer_pointer> referrers;
+    bool closing = false; // no removal destroys the object a second time
+};
+
+inline uint32_t objbase::add_referrer(referrer_pointer referrer) {
+    referrers.push_back(referrer);
+    return static_cast<uint32_t>(referrers.size());
+}
+
+inline void objbase::remove_referrer(referrer_pointer referrer) {
+    const auto row = std::find(referrers.begin(), referrers.end(), referrer);
+    if (row != referrers.end()) referrers.erase(row);
+    if (closing) return;
+    const bool kept = std::any_of(referrers.begin(), referrers.end(), [](const referrer_pointer& other) {
+        return !other || call<&referrer_impl::keeps_alive>(other);
+    });
+    if (kept) return;
+    closing = true;
+    delete this;
+}
+
+inline void objbase::as_referent(referent_pointer& out) { out = self(); }
+
+inline objbase::~objbase() {
+    closing = true;
+    while (!referrers.empty()) {
+        const referrer_pointer referrer = referrers.front();
+        referrers.pop_front();
+        call<&referrer_impl::on_referent_closed>(referrer);
+    }
+}
+
+} // namespace vs::project_resave

@@ -1,0 +1,32 @@
+// The bundle's texts and pictures as the resources of a library that has no resource section.
+#include <array>
+
+#include "bundle_images.inc"
+#include "platform/posix/resource_registry.h"
+
+namespace vs::project_resave {
+
+namespace {
+
+constexpr uint32_t english = 50000;
+
+#define VS_TEXT(id, base, translated)                                                                        \
+    platform::text_row{id, base}, platform::text_row{id + english, translated},
+#define VS_TEXT_BASE_ONLY(id, base) platform::text_row{id, base},
+constexpr platform::text_row rows[] = {
+#include "framework/resources/texts/bundle_texts.inc"
+#include "framework/resources/texts/toolkit_texts.inc"
+};
+#undef VS_TEXT
+#undef VS_TEXT_BASE_ONLY
+
+// Done when the library loads, before anything can be looked up.
+const bool registered = [] {
+    platform::register_text_rows(platform::own_module(), rows);
+    for (const auto& [id, bytes] : bundle_images) platform::register_image(platform::own_module(), id, bytes);
+    return true;
+}();
+
+} // namespace
+
+} // namespace vs::project_resave

@@ -1,0 +1,233 @@
+#include "operations/run/path_placement.h"
+
+#include "framework/resources/strings.h"
+#include "logs/log_file.h"
+#include "operations/run/path_files.h"
+#include "operations/run/resave_options.h"
+#include "platform/path_text.h"
+#include "platform/text.h"
+#include "ui/dialogs.h"
+
+namespace vs::project_resave {
+
+namespace {
+
+constexpr int32_t log_name_text = 600;
+
+// A grid of this format lives in a folder of its own, named as the file.
+constexpr wide_view own_folder_extension = u".pgrid";
+
+bool leads_upwards(wide_view relative) {
+    return relative.size() >= 3 && relative.starts_with(u"..") && is_separator(relative[2]);
+}
+
+bool leads_outside(wide_view relative) {
+    return relative == u".." || leads_upwards(relative) || !path_is_relative(relative);
+}
+
+wide_string strip_parents(wide_string relative) {
+    size_t behind = 0;
+    while (leads_upwards(wide_view(relative).substr(behind))) behind += 3;
+    return relative.erase(0, behind);
+}
+
+wide_string without_drive(const wide_string& path) {
+    const std::vector<wide_string> pieces = path_split(path, path_separators, true);
+    wide_string result;
+    for (size_t i = path_root(path).empty() ? 0 : 1; i < pieces.size(); ++i)
+        result = path_join(result, pieces[i]);
+    return result;
+}
+
+wide_string place_under_common(common_directory& files, const wide_string& base, const wide_string& source) {
+    if (!files.computed) files.compute();
+    if (source.empty()) return {};
+    wide_string relative = path_relative(files.drives[path_root(source)].common, source);
+    if (!path_is_relative(relative)) relative = without_drive(relative);
+    return path_resolve(base, relative);
+}
+
+wide_string numbered_name(const wide_string& path, uint32_t number) {
+    const wide_string suffix = u"_(" + decimal(number) + u")";
+    return path_join(path_head(path), path_stem(path) + suffix + path_extension(path));
+}
+
+// The folder is numbered, and the grid is named after it.
+wide_string numbered_grid(const wide_string& path, uint32_t number) {
+    wide_string folder = path_head(path);
+    if (!folder.empty()) folder.pop_back();
+    const wide_string name = path_stem(folder) + u"_(" + decimal(number) + u")";
+    return path_join(path_join(path_head(folder), name), name).append(own_folder_extension);
+}
+
+} // namespace
+
+void path_placement::reset() {
+    placed.clear();
+    created_folders.clear();
+    common.clear();
+    clear_scene();
+    last_numbers_.clear();
+}
+
+void path_placement::set_source(const wide_string& path) {
+    reset();
+    source_project_path = path;
+    source_folder = path_head(path);
+}
+
+void path_placement::set_output(const wide_string& path) {
+    reset();
+    new_project_path = path;
+    new_folder = path_head(path);
+    log_path = new_folder + path_stem(path) + load_string(log_name_text);
+}
+
+const placed_files& path_placement::register_in_force() const {
+    return options->structure_variant == folder_per_scene ? scene_placed : placed;
+}
+
+wide_string path_placement::lookup_placed(const wide_string& source) const {
+    const placed_file* found = register_in_force().find(source);
+    return found ? found->new_path : wide_string();
+}
+
+bool path_placement::is_placed(const wide_string& source) const { return register_in_force().find(source); }
+
+void path_placement::register_placed(const wide_string& old_path, const wide_string& new_path) {
+    placed.add(old_path, new_path);
+    if (options->structure_variant == folder_per_scene) scene_placed.add(old_path, new_path);
+}
+
+wide_string path_placement::new_path(const wide_string& source) {
+    wide_string result = place(source);
+    if (options->lower_case) platform::lower_in_place(result);
+    if (path_exists(result)) {
+        result = resolve_conflict(result, source);
+        log->file_renamed(source, result);
+    }
+    const wide_string folder = path_head(result);
+    if (!path_exists(folder)) {
+        register_created_folders(folder);
+        create_folders(folder);
+    }
+    return result;
+}
+
+wide_string path_placement::folder_for(const wide_string& source) {
+    switch (options->structure_variant) {
+    case by_type:
+        return path_join(new_folder, type_folder);
+    case from_project_folder: {
+        const wide_string relative = path_relative(source_folder, source);
+        const bool has_drive = !path_root(relative).empty();
+        return path_join(new_folder, has_drive ? relative.substr(2) : strip_parents(relative));
+    }
+    default:
+        return place(source);
+    }
+}
+
+wide_string path_placement::place(const wide_string& source) {
+    switch (options->structure_variant) {
+    case by_type:
+        return in_type_folder(source);
+    case from_project_folder:
+        return place_from_project_folder(source);
+    case project_tree_else_type:
+        return place_inside_or_by_type(source);
+    case from_common_top:
+        return place_under_common(common, new_folder, source);
+    case folder_per_scene:
+        return place_in_scene_folder(source);
+    default:
+        return {};
+    }
+}
+
+wide_string path_placement::place_from_project_folder(const wide_string& source) const {
+    wide_string relative = path_relative(source_folder, source);
+    // Unchanged: it lies on another drive, and loses "X:\".
+    relative = relative == source ? relative.erase(0, 3) : strip_parents(relative);
+    return path_join(new_folder, relative);
+}
+
+wide_string path_placement::place_inside_or_by_type(const wide_string& source) const {
+    const wide_string relative = path_relative(source_folder, source);
+    if (relative == source || leads_upwards(relative)) return in_type_folder(source);
+    return path_join(new_folder, relative);
+}
+
+wide_string path_placement::in_type_folder(const wide_string& source) const {
+    wide_string folder = path_join(new_folder, type_folder);
+    if (path_extension(source) == own_folder_extension) folder = path_join(folder, path_stem(source));
+    return path_join(folder, path_file_name(source));
+}
+
+wide_string path_placement::place_in_scene_folder(const wide_string& source) {
+    const wide_string base = scene_folder.empty() ? new_folder : path_join(new_folder, scene_folder) + u'\\';
+    return place_under_common(scene_common ? *scene_common : common, base, source);
+}
+
+wide_string path_placement::resolve_conflict(const wide_string& path, const wide_string& source) {
+    if (!options->rename_on_conflict) {
+        const unique_name_answer answer = show_unique_name_dialog(source, path);
+        if (answer.accepted && !answer.path.empty()) return answer.path;
+    }
+    return next_free_name(path);
+}
+
+wide_string path_placement::next_free_name(const wide_string& path) {
+    const bool own_folder = path_extension(path) == own_folder_extension;
+    const auto taken = [&](const wide_string& name) {
+        return path_exists(own_folder ? path_head(name) : name);
+    };
+    const auto numbered = own_folder ? &numbered_grid : &numbered_name;
+    if (!taken(path)) return path;
+
+    // All numbers below the last one were found taken when that was given. It may be free itself again, if
+    // the copy to it failed.
+    uint32_t& number = last_numbers_.try_emplace(path, 1).first->second;
+    wide_string candidate = numbered(path, number);
+    while (taken(candidate)) candidate = numbered(path, ++number);
+    return candidate;
+}
+
+void path_placement::register_created_folders(const wide_string& folder) {
+    // A drive or a share is never ours to create, hence never ours to erase.
+    const size_t fixed = path_fixed_length(folder);
+    for (wide_string level = folder; level.size() > fixed && !path_exists(level);) {
+        created_folders.push_back(level);
+        if (is_separator(level.back())) level.pop_back();
+        level = path_head(level);
+    }
+}
+
+void path_placement::set_scene(common_directory* scene, const wide_string& name) {
+    scene_common = scene;
+    scene_folder = name;
+    if (!name.empty()) {
+        const wide_string folder = path_head(new_project_path);
+        const auto way_to = [&](const wide_string& wanted) {
+            return path_relative(folder, unique_path(wanted));
+        };
+        scene_folder = way_to(path_join(folder, name));
+        // No caption leads out of the new project, and none by the number that it gets.
+        if (leads_outside(scene_folder))
+            scene_folder = way_to(folder + trim(valid_name(held_below(name)), path_separators));
+    }
+    scene_placed.clear();
+}
+
+void path_placement::clear_scene() {
+    scene_common = nullptr;
+    scene_folder.clear();
+}
+
+wide_string path_placement::current_output_folder() const {
+    wide_string folder = path_head(new_project_path);
+    if (options->structure_variant != folder_per_scene || scene_folder.empty()) return folder;
+    return path_join(folder, scene_folder) + u'\\';
+}
+
+} // namespace vs::project_resave

@@ -1,0 +1,77 @@
+#include "operations/run/run_progress.h"
+
+#include "framework/resources/strings.h"
+#include "host/vsk_msgs.h"
+
+namespace vs::project_resave {
+
+namespace {
+
+// Answers of the host's box; the box closed by the system's button is none of them and erases.
+constexpr int32_t answer_cancel = 2;
+constexpr int32_t answer_no = 7;
+
+} // namespace
+
+run_progress::~run_progress() { close_window(); }
+
+void run_progress::close_window() {
+    if (window) vs_progress_destroy(window);
+    window = nullptr;
+}
+
+void run_progress::start(uint32_t steps) {
+    total = steps;
+    current = 0;
+    stopped = false;
+    erase_created = false;
+    close_window();
+    window = vs_progress_create(stoppable);
+    if (total == 0) vs_progress_indeterminate(window, 1);
+    vs_progress_show(window, current, total);
+}
+
+void run_progress::set_caption(int32_t string_id) { set_caption(load_string(string_id)); }
+
+void run_progress::set_caption(const wide_string& text) {
+    if (!window || total == 0) return;
+    caption = text;
+    vs_progress_wcaption(window, caption.c_str());
+}
+
+void run_progress::set_hidden(bool hidden) {
+    if (hidden) return close_window();
+    if (!window) window = vs_progress_create(stoppable);
+    vs_progress_show(window, current, total);
+}
+
+void run_progress::show() {
+    if (window && total != 0) vs_progress_show(window, current, total);
+}
+
+void run_progress::advance(uint32_t weight) {
+    if (uint64_t{current} + weight < total) current += weight;
+    show();
+}
+
+void run_progress::finish() {
+    close_window();
+    current = 0;
+    total = 0;
+}
+
+bool run_progress::is_stopped() {
+    if (stopped) return true;
+    if (!window || !vs_progress_get_stopped(window)) return false;
+    const int32_t answer = vs_yesnocancel_wmessage(load_string(359).c_str());
+    if (answer == answer_cancel) {
+        if (window) vs_progress_reset(window);
+        return false;
+    }
+    stopped = true;
+    erase_created = answer != answer_no;
+    finish();
+    return true;
+}
+
+} // namespace vs::project_resave
