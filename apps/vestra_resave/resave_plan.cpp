@@ -100,9 +100,9 @@ bool has_too_little_space(const resave_plan& plan) {
 
 } // namespace
 
-resave_plan plan_of(const project_context& context, trial_disk& disk) {
+resave_plan plan_of(const project_context& context, const run_result& result, trial_disk& disk) {
     resave_plan plan;
-    plan.report = report_of(context);
+    plan.report = report_of(context, result);
     const std::vector<trial_disk::made_file> made = disk.made_files();
     const origins from(context.placement, disk);
     for (const trial_disk::made_file& each : made) {
@@ -119,9 +119,8 @@ resave_plan plan_of(const project_context& context, trial_disk& disk) {
 }
 
 void complain_of(const resave_plan& plan) {
-    complain_of_problems(plan.report, false);
-    complain_of_files(plan.report);
-    if (!plan.free_bytes) complain("how much space is free cannot be told");
+    print_problems(plan.report);
+    if (!plan.free_bytes) complain("free disk space could not be determined");
     if (has_too_little_space(plan))
         complain("too little space: " + size_text(plan.bytes) + " are needed, " +
                  size_text(*plan.free_bytes) + " are free");

@@ -1,4 +1,4 @@
-#include "apps/vestra_resave/verify_command.h"
+#include "apps/vestra_resave/commands.h"
 
 #include <iostream>
 #include <nlohmann/json.hpp>

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <utility>
 
+#include "framework/border/caught.h"
 #include "reference_host/api/handles.h"
 
 namespace vestra::api {
@@ -15,6 +16,7 @@ auto guarded(Function function) noexcept -> decltype(function()) {
     try {
         return function();
     } catch (...) {
+        vs::project_resave::record_caught("function of the host");
         return decltype(function())();
     }
 }

@@ -1,8 +1,8 @@
 // Scene files: their names, what happens to one that exists, and which scenes get one.
-#include "operations/scene_files_run.h"
+#include "operations/run_settings.h"
 
 #include "framework/resources/strings.h"
-#include "operations/structure_run.h"
+#include "operations/run_settings.h"
 #include "platform/volumes.h"
 #include "tests/support/faulty_system.h"
 #include "tests/support/host_fixture.h"

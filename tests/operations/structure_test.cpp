@@ -1,5 +1,5 @@
 // The text of a project's structure: whole files for the sample, then one choice at a time.
-#include "operations/structure_run.h"
+#include "operations/run_settings.h"
 
 #include "framework/resources/strings.h"
 #include "reference_host/shell/settings.h"

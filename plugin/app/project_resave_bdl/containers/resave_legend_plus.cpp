@@ -7,7 +7,7 @@
 #include "framework/resources/strings.h"
 #include "host/vsk_lr2d.h"
 #include "host/vsk_scn_2d.h"
-#include "operations/project_context.h"
+#include "operations/run/run_state.h"
 #include "platform/path_text.h"
 
 namespace vs::project_resave {
@@ -40,7 +40,7 @@ std::unique_ptr<Tvs_resave_unit> Tvs_resave_legend_plus::make_unit(vs_lr* layer)
         type == "tos_2crd_lr2d")
         return make(std::in_place_type<Tvs_resave_tos_legend_plus>);
     if (type == "tld_lr2d") return make(std::in_place_type<Tvs_resave_tld_legend_plus>);
-    context->report.add_unprocessed_type(text);
+    context->report.add_unprocessed_type(element_name_of(vs_lr_safe_upcast(layer)), text);
     context->log.add_unprocessed_type(text);
     return nullptr;
 }

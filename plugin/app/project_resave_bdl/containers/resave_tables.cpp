@@ -1,14 +1,12 @@
 #include "containers/resave_tables.h"
 
-#include "core/attr_field_lines.h"
+#include "core/structure_lines.h"
 #include "core/copying.h"
-#include "core/structure_line.h"
-#include "core/tos_property_lines.h"
 #include "framework/border/string_adapter.h"
 #include "framework/resources/strings.h"
 #include "host/vsk_attr_data.h"
 #include "host/vsk_tos_data.h"
-#include "operations/project_context.h"
+#include "operations/run/run_state.h"
 #include "operations/run/common_directory.h"
 
 namespace vs::project_resave {
@@ -57,7 +55,7 @@ void Tvs_resave_tos_table::set_new_path(const wide_string& path) {
 wide_string Tvs_resave_tos_table::default_folder() { return load_string(403); }
 
 bool Tvs_resave_tos_table::copy_files(const wide_string& source, const wide_string& target) {
-    return copy_tos_files(source, target, caption(), *context);
+    return copy_tos_files(source, target, *context);
 }
 
 bool Tvs_resave_tos_table::write_structure() {

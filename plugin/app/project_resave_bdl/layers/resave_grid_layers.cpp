@@ -4,8 +4,7 @@
 #include "framework/border/string_adapter.h"
 #include "framework/resources/strings.h"
 #include "host/vsk_lr.h"
-#include "layers/layer_copying.h"
-#include "operations/project_context.h"
+#include "operations/run/run_state.h"
 #include "platform/path_text.h"
 #include "platform/system.h"
 
@@ -32,7 +31,7 @@ bool Tvs_resave_grid::copy_files(const wide_string& source, const wide_string& t
     case platform::entry_kind::folder:
         return copy_data_folder(source, target, *context);
     case platform::entry_kind::none: // it was there a moment ago
-        record_copy_failure(source, context->log, context->report);
+        record_copy_failure(*context, {source, target, platform::failure::missing});
         break;
     }
     return false;

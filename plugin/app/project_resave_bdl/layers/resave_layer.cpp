@@ -1,10 +1,10 @@
 #include "layers/resave_layer.h"
 
-#include "core/structure_line.h"
+#include "core/structure_lines.h"
 #include "framework/border/string_adapter.h"
 #include "framework/resources/strings.h"
 #include "host/vsk_lr.h"
-#include "operations/project_context.h"
+#include "operations/run/run_state.h"
 
 namespace vs::project_resave {
 

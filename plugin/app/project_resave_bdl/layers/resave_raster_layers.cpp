@@ -4,9 +4,8 @@
 #include "framework/border/string_adapter.h"
 #include "framework/resources/strings.h"
 #include "host/vsk_lr.h"
-#include "layers/layer_copying.h"
 #include "layers/layer_files.h"
-#include "operations/project_context.h"
+#include "operations/run/run_state.h"
 #include "operations/run/path_files.h"
 
 namespace vs::project_resave {
@@ -21,11 +20,7 @@ constexpr int32_t tile_folder_text = 404;
 wide_string Tvs_resave_rtr_lr::default_folder() { return load_string(raster_folder_text); }
 
 bool Tvs_resave_rtr_lr::copy_files(const wide_string& source, const wide_string& target) {
-    copy_one(source, target, *context);
-    copy_overview_file(source, target, *context);
-    copy_world_files(source, target, *context);
-    copy_projection_file(source, target, *context);
-    return true;
+    return copy_raster_family(source, target, *context);
 }
 
 void Tvs_resave_rtr_lr2d::after_file_saved() { save_layer_file_2d(layer, *context); }

@@ -1,6 +1,6 @@
 #include "layers/resave_shape_layers.h"
 
-#include "core/attr_field_lines.h"
+#include "core/structure_lines.h"
 #include "core/copying.h"
 #include "core/data_source.h"
 #include "framework/border/string_adapter.h"
@@ -10,7 +10,7 @@
 #include "host/vsk_lr3d.h"
 #include "host/vsk_shp_lr2d.h"
 #include "layers/layer_files.h"
-#include "operations/project_context.h"
+#include "operations/run/run_state.h"
 #include "operations/run/path_files.h"
 
 namespace vs::project_resave {

@@ -5,13 +5,13 @@
 
 #include "core/copying.h"
 #include "core/data_source.h"
-#include "core/tos_property_lines.h"
+#include "core/structure_lines.h"
 #include "framework/border/string_adapter.h"
 #include "framework/resources/strings.h"
 #include "host/vsk_lr.h"
 #include "layers/complex_model_record.h"
 #include "layers/layer_files.h"
-#include "operations/project_context.h"
+#include "operations/run/run_state.h"
 #include "operations/run/common_directory.h"
 #include "operations/run/path_files.h"
 #include "platform/path_text.h"
@@ -100,7 +100,7 @@ void Tvs_resave_tos_lr::collect_common_directory(common_directory& common) {
 wide_string Tvs_resave_tos_lr::default_folder() { return load_string(tos_folder_text); }
 
 bool Tvs_resave_tos_lr::copy_files(const wide_string& source, const wide_string& target) {
-    return copy_tos_files(source, target, caption(), *context); // the main file is one of them
+    return copy_tos_files(source, target, *context); // the main file is one of them
 }
 
 void Tvs_resave_tos_lr::after_file_saved() {
@@ -118,20 +118,19 @@ void Tvs_resave_tos_lr::after_file_saved() {
 // The path to be written into the record; empty for a file that is lost or finds no place.
 wide_string Tvs_resave_tos_lr::place_model_file(const wide_string& source, int32_t lost_text) {
     if (!path_exists(source)) {
-        record_lost_source(source, caption() + u". " + load_string(lost_text), context->log, context->report);
+        record_lost_source(*context, source, caption() + u". " + load_string(lost_text));
         skip_progress(); // a step that nobody counted
         return wide_string();
     }
     path_placement& placement = context->placement;
     wide_string target = placement.lookup_placed(source);
     if (target.empty()) {
-        placement.set_type_folder(default_folder());
+        const type_folder_scope type(placement, default_folder());
         target = placement.new_path(source);
         if (target.empty())
             context->log.new_name_failed(target);
         else
-            copy_tos_files(source, target, caption(), *context);
-        placement.set_type_folder(u"files");
+            copy_tos_files(source, target, *context);
     }
     if (target.empty()) return target;
     // The reference as the layer holds it: a marked one is no folder to start from, and the path stays whole.

@@ -3,8 +3,8 @@
 #include "framework/border/string_adapter.h"
 #include "framework/resources/strings.h"
 #include "host/vsk_lr2d.h"
-#include "layers/layer_copying.h"
-#include "operations/project_context.h"
+#include "core/copying.h"
+#include "operations/run/run_state.h"
 #include "platform/system.h"
 
 namespace vs::project_resave {
@@ -21,7 +21,7 @@ Tvs_resave_vector_lr2d::kind Tvs_resave_vector_lr2d::kind_of(const wide_string& 
     return is_folder ? source_folder : source_file;
 }
 
-Tvs_resave_vector_lr2d::Tvs_resave_vector_lr2d(vs_lr* handle, project_context& run)
+Tvs_resave_vector_lr2d::Tvs_resave_vector_lr2d(vs_lr* handle, run_state& run)
     : Tvs_resave_layer(handle, run), source_kind(kind_of(host_string(&vs_lr2d_get_wfilename, handle))) {}
 
 void Tvs_resave_vector_lr2d::collect_common_directory(common_directory& common) {

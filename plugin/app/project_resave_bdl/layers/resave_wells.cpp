@@ -1,12 +1,12 @@
 #include "layers/resave_wells.h"
 
 #include "core/copying.h"
-#include "core/structure_line.h"
+#include "core/structure_lines.h"
 #include "framework/border/string_adapter.h"
 #include "framework/resources/strings.h"
 #include "host/vsk_lr.h"
 #include "layers/layer_files.h"
-#include "operations/project_context.h"
+#include "operations/run/run_state.h"
 #include "operations/run/path_files.h"
 #include "platform/path_text.h"
 
@@ -42,6 +42,10 @@ bool Tvs_resave_well_lr::do_save() {
     if (context->options.structure_variant != folder_per_scene) return Tvs_resave_well::do_save();
     skip_progress();
     return true;
+}
+
+void Tvs_resave_well_lr::collect_common_directory(common_directory& common) {
+    if (context->options.structure_variant != folder_per_scene) Tvs_resave_well::collect_common_directory(common);
 }
 
 wide_string Tvs_resave_well_lr::source_path() { return host_string(&vs_lr_get_wfilename, layer); }

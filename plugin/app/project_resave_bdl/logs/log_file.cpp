@@ -3,7 +3,6 @@
 #include "framework/border/encoding.h"
 #include "framework/resources/strings.h"
 #include "logs/file_stream.h"
-#include "operations/project_context.h"
 
 namespace vs::project_resave {
 
@@ -38,7 +37,9 @@ wide_string text_of(uint32_t string_id) { return load_string(static_cast<int32_t
 bool log_file::open(const wide_string& name, bool enable) {
     if (!enable) return false;
     file_name = name;
-    lost_lines = !file_stream().open(file_name, u"w");
+    file_stream created;
+    failure_ = created.open(file_name, u"w");
+    if (failure_) failure_ = created.close();
     return true;
 }
 
@@ -50,7 +51,9 @@ bool log_file::write(uint32_t string_id) { return write(text_of(string_id)); }
 bool log_file::write(const char* text) { return write(host_text(text)); }
 
 bool log_file::write(const wide_string& text) {
-    if (!append_text(file_name, text, true) && !file_name.empty()) lost_lines = true;
+    if (file_name.empty()) return false;
+    const platform::outcome written = append_text(file_name, text, true);
+    if (!written && failure_) failure_ = written;
     return false;
 }
 
@@ -107,7 +110,7 @@ uint32_t log_file::unindent() {
 
 bool log_file::write_at(const wide_string& text, uint32_t at_depth) {
     wide_string line;
-    for (uint32_t i = 0; i < at_depth; ++i) line += context->options.indent_unit;
+    for (uint32_t i = 0; i < at_depth; ++i) line += *indent_unit_;
     return write(line + text);
 }
 

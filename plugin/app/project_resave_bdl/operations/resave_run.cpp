@@ -3,6 +3,7 @@
 
 #include <string_view>
 
+#include "core/joined_tables.h"
 #include "framework/border/encoding.h"
 #include "framework/border/host_owned.h"
 #include "framework/resources/strings.h"
@@ -19,6 +20,8 @@ namespace {
 using wait_window = host_owned<vs_wait, &vs_wait_destroy>;
 using project_xml = host_owned<vs_xml_save_prj, &vs_xml_save_prj_destroy>;
 
+constexpr int32_t no_project_text = 501;
+
 // The round after which a selection that still changes is taken as it is.
 constexpr uint32_t last_round = 12;
 
@@ -29,10 +32,10 @@ bool is_scene_collection(vs_entity* entity) {
 
 } // namespace
 
-bool project_context::resave_project(const resave_settings& settings) {
+run_result project_context::resave_project(const resave_settings& settings) {
     if (!project) {
-        show_error(501);
-        return false;
+        progress.questions->show_error(no_project_text);
+        return {};
     }
     try {
         begin_run(settings);
@@ -42,20 +45,23 @@ bool project_context::resave_project(const resave_settings& settings) {
         log.dump_unprocessed_types();
         log.write(631);
         if (!progress.is_stopped()) save_tree();
-        deferred_joins_.run(); // after a stop, too
+        put_joins_back(*this); // after a stop, too
         if (!progress.is_stopped()) save_project();
         log.close();
         release_project();
         end_run();
     } catch (...) {
-        abandon_run();
+        record_caught("resave");
+        end_broken_run();
     }
-    return true;
+    run_result result{report.stopped ? run_end::stopped : run_end::done, report.saved, {}};
+    for (const fact& each : report.facts())
+        if (!report.saved && each.kind == fact_kind::exception_caught) result.failure = each.reason;
+    return result;
 }
 
 void project_context::begin_run(const resave_settings& settings) {
-    report.reset();
-    report.unprocessed_types = types_of_tree;
+    report.restart(facts_of_tree);
     options.reset();
     options.assign(settings);
     placement.set_output(*settings.output_path);
@@ -77,7 +83,7 @@ void project_context::correct_selection() {
             if (!root->correct_selection()) clean = false;
         }
         if (stopped) break;
-        if (round == last_round) report.depth_exceeded = true;
+        if (round == last_round) report.add(fact_kind::selection_not_settled, {});
         if (clean) break;
     }
     log.write(644);
@@ -111,11 +117,13 @@ void project_context::save_tree() {
 void project_context::save_project() {
     progress.set_caption(356);
     progress.show();
+    const wide_string& path = placement.new_project_path;
     const project_xml writer(vs_xml_save_prj_create());
-    vs_xml_data_save_prj_w(writer.get(), placement.new_project_path.c_str(), project);
-    // What stands on the disk decides, not what the writer says.
-    const bool saved = path_exists(placement.new_project_path);
-    if (saved) placement.register_placed(placement.source_project_path, placement.new_project_path);
+    const bool written = (vs_xml_data_save_prj_w(writer.get(), path.c_str(), project) & 0xFF) != 0;
+    // What exists on the disk decides, not what the writer says.
+    const bool saved = path_exists(path);
+    if (saved) placement.register_placed(placement.source_project_path, path);
+    if (!written || !saved) report.add(fact_kind::not_written, placement.source_project_path, path);
     note_project_saved(saved);
 }
 
@@ -128,9 +136,9 @@ void project_context::note_project_saved(bool ok) {
 void project_context::end_run() {
     if (progress.is_stopped()) on_stopped();
     progress.finish();
-    report.show_final_message();
+    progress.questions->show_report(report);
     options.structure_variant = by_type; // a tree that is built anew has all its units
-    if (ask_yes_no(528)) {
+    if (progress.questions->reopen_source()) {
         load_project(placement.source_project_path, true, false);
         return;
     }
@@ -144,18 +152,17 @@ void project_context::forget_project() {
     project_changed.fire();
 }
 
-// A run that broke off never leaves its half-changed project loaded.
-void project_context::abandon_run() {
+// A run that broke off never leaves its half-changed project loaded. If it broke off after the save, the new
+// project exists, and the user is told so.
+void project_context::end_broken_run() {
     progress.finish();
-    report.saved = false;
     options.structure_variant = by_type;
-    placement.set_type_folder(u"files");
     placement.clear_scene();
     deferred_joins_.pending.clear();
     log.close();
     release_project();
     forget_project();
-    show_error(509);
+    progress.questions->show_report(report);
 }
 
 void project_context::on_stopped() {
@@ -165,15 +172,16 @@ void project_context::on_stopped() {
     if (!progress.erase_created) return;
     release_project();
     clear_tree();
-    for (const placed_file& file : placement.placed)
-        if (file.old_path != file.new_path) remove_tree(file.new_path);
-    for (const wide_string& folder : placement.created_folders) remove_tree(folder);
-    const auto note_if_there = [&](const wide_string& path) {
-        if (path_exists(path)) report.not_erased.push_back(path);
+    std::vector<std::pair<wide_string, platform::outcome>> kept;
+    const auto erase = [&](const wide_string& path) {
+        if (const platform::outcome removed = remove_tree(path); !removed) kept.emplace_back(path, removed);
     };
     for (const placed_file& file : placement.placed)
-        if (file.old_path != file.new_path) note_if_there(file.new_path);
-    for (const wide_string& folder : placement.created_folders) note_if_there(folder);
+        if (file.old_path != file.new_path) erase(file.new_path);
+    for (const wide_string& folder : placement.created_folders) erase(folder);
+    // What could not be removed at first may have gone with its folder, or may never have existed.
+    for (const auto& [path, why] : kept)
+        if (path_exists(path)) report.add(fact_kind::not_erased, {}, path, why.text());
 }
 
 bool project_context::stop_and_reload() {

@@ -1,7 +1,7 @@
 #include "services/resave_graphics_layer.h"
 
 #include "framework/resources/strings.h"
-#include "layers/layer_copying.h"
+#include "core/copying.h"
 
 namespace vs::project_resave {
 

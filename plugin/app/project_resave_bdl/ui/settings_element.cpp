@@ -21,7 +21,7 @@ constexpr uint32_t scene_files_page = 2;
 } // namespace
 
 settings_element::settings_element(const resave_services* services)
-    : context(services), host_project_path(host_string(&vs_prj_get_filename, vs_prj_get_instance())),
+    : context(services, questions), host_project_path(host_string(&vs_prj_get_filename, vs_prj_get_instance())),
       source_label(load_string(100)),
       source_field(file_input_mode::source_project, load_string(101), load_string(131)),
       load_button(load_string(125), {}, [this] { load_current(); }),
@@ -63,6 +63,7 @@ void settings_element::work(int32_t failure, const std::function<void()>& operat
     try {
         operation();
     } catch (...) { // out of memory
+        record_caught("panel");
         is_whole = false;
     }
     running = false;

@@ -6,6 +6,7 @@
 #include <memory>
 
 #include "operations/project_context.h"
+#include "ui/host_questions.h"
 #include "ui/checked_path_register_tab.h"
 #include "ui/save_prj_tab.h"
 #include "ui/save_scns_xml_tab.h"
@@ -53,6 +54,7 @@ private:
 
     wide_string source_path; // of the project now loaded; empty without one
     wide_string new_path;    // as accepted in the tab that resaves
+    host_questions questions;
     project_context context;
     const wide_string host_project_path;
     toolkit::label source_label;

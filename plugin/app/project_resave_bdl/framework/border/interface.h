@@ -13,6 +13,7 @@
 #include <type_traits>
 #include <utility>
 
+#include "framework/border/caught.h"
 #include "host/types.h"
 
 namespace vs::project_resave {
@@ -59,6 +60,7 @@ struct operation<Operation, Result (Impl::*)(Args...)> {
         try {
             return (static_cast<Impl*>(instance)->*Operation)(std::forward<Args>(args)...);
         } catch (...) {
+            record_caught(Impl::name);
             return Result();
         }
     }
@@ -158,6 +160,7 @@ inline void answer_query(const void*, void* instance, const char* name, const vo
     try {
         static_cast<interface_impl*>(instance)->query(name, table, found);
     } catch (...) {
+        record_caught("query");
         *table = nullptr;
         *found = nullptr;
     }

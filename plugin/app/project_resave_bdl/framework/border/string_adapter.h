@@ -28,12 +28,14 @@ private:
         try {
             static_cast<Tvs_string_adapter_base*>(adapter)->assign(text);
         } catch (...) { // out of memory: the string stays as it was
+            record_caught("string adapter");
         }
     }
     static const char16_t* text_of(void* adapter) noexcept {
         try {
             return static_cast<Tvs_string_adapter_base*>(adapter)->text();
         } catch (...) {
+            record_caught("string adapter");
             return u"";
         }
     }

@@ -1,27 +1,99 @@
 #include "operations/run/run_report.h"
 
+#include <algorithm>
+#include <iterator>
+
 #include "framework/border/encoding.h"
 #include "framework/resources/strings.h"
 #include "platform/path_text.h"
 
 namespace vs::project_resave {
 
-void run_report::reset() { *this = run_report(); }
+namespace {
 
-void run_report::add_lost_source(const wide_string& what) { add_to_current(load_string(519) + what + u"\n"); }
+constexpr int32_t lost_files_text = 519;
+constexpr int32_t copy_error_text = 520;
 
-void run_report::add_copy_error(const wide_string& path) {
-    add_to_current(load_string(520) + path_file_name(path) + u"\n");
+} // namespace
+
+void run_report::restart(const std::vector<fact>& of_tree) {
+    facts_ = of_tree;
+    current_unit.clear();
+    stopped = saved = incomplete = false;
 }
 
-void run_report::add_unprocessed_type(const char* layer_type) {
-    unprocessed_types.insert(host_text(layer_type));
+std::vector<fact> run_report::extract(fact_kind kind) {
+    const auto others = std::stable_partition(facts_.begin(), facts_.end(),
+                                              [=](const fact& each) { return each.kind != kind; });
+    std::vector<fact> taken(std::make_move_iterator(others), std::make_move_iterator(facts_.end()));
+    facts_.erase(others, facts_.end());
+    return taken;
 }
 
-void run_report::add_to_current(const wide_string& text) {
-    std::vector<problem>& all = current_unit.empty() ? untitled : problems;
-    if (all.empty() || all.back().title != current_unit) all.push_back({current_unit, {}});
-    all.back().text += text;
+fact& run_report::append(fact_kind kind) {
+    fact& fresh = facts_.emplace_back();
+    fresh.kind = kind;
+    fresh.element = current_;
+    fresh.heading = current_unit;
+    return fresh;
+}
+
+void run_report::add_lost_source(const wide_string& path, const wide_string& subject) {
+    fact& lost = append(fact_kind::source_lost);
+    lost.path = path;
+    lost.subject = subject;
+}
+
+void run_report::add_copy_error(const wide_string& path, const wide_string& new_path,
+                                const platform::outcome& why, const wide_string& subject) {
+    fact& failed = append(fact_kind::copy_failed);
+    failed.path = path;
+    failed.new_path = new_path;
+    failed.reason = why.text();
+    failed.subject = path_file_name(subject.empty() ? path : subject);
+}
+
+void run_report::add_unprocessed_type(element_name element, const char* layer_type) {
+    fact& found = append(fact_kind::type_not_resaved);
+    found.element = std::move(element);
+    found.subject = host_text(layer_type);
+}
+
+void run_report::add(fact_kind kind, const wide_string& path, const wide_string& new_path,
+                     const wide_string& reason) {
+    fact& fresh = append(kind);
+    fresh.path = path;
+    fresh.new_path = new_path;
+    fresh.reason = reason;
+}
+
+void run_report::add_exception(const wide_string& where, const wide_string& what) {
+    fact& caught = append(fact_kind::exception_caught);
+    caught.subject = where;
+    caught.reason = what;
+}
+
+bool run_report::has(fact_kind kind) const {
+    return std::ranges::find(facts_, kind, &fact::kind) != facts_.end();
+}
+
+std::vector<run_report::problem> run_report::problems() const {
+    const wide_string lost = load_string(lost_files_text), failed = load_string(copy_error_text);
+    std::vector<problem> all;
+    for (const fact& each : facts_) {
+        const bool is_lost = each.kind == fact_kind::source_lost;
+        if (each.heading.empty() || (!is_lost && each.kind != fact_kind::copy_failed)) continue;
+        if (all.empty() || all.back().title != each.heading) all.push_back({each.heading, {}});
+        all.back().text += (is_lost ? lost : failed) + each.subject + u"\n";
+    }
+    return all;
+}
+
+std::set<wide_string> run_report::unprocessed_types() const {
+    std::set<wide_string> types;
+    for (const fact& each : facts_)
+        if (each.kind == fact_kind::type_not_resaved) types.insert(each.subject);
+    return types;
 }
 
 } // namespace vs::project_resave

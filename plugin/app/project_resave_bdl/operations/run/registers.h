@@ -1,4 +1,4 @@
-// How many kilobytes the present selection comes to.
+// The registers of a loaded project: how many kilobytes the current selection comes to, and what is selected.
 //
 // While the tree is built, each file is entered under the uuids of the units being built. A path is needed
 // while at least one of the ways it was entered has all its uuids selected; it counts once however often it
@@ -77,6 +77,23 @@ private:
     text_map<uuid_row> files_of_uuid;
     double total_kb_ = 0;
     std::function<void()> on_changed;
+};
+
+// Which elements the user has left out, by the text of their uuid. What it never heard of is selected.
+class selection_register {
+public:
+    // `told` learns of every change; not owned.
+    explicit selection_register(size_register* told) : sizes(told) {}
+
+    bool is_selected(const wide_string& uuid) const { return !deselected.contains(uuid); }
+    // An empty uuid changes nothing.
+    void set_selected(const wide_string& uuid, bool selected);
+    // Everything is selected again; the sizes are not told.
+    void clear() { deselected.clear(); }
+
+private:
+    size_register* sizes;
+    std::unordered_set<wide_string> deselected;
 };
 
 } // namespace vs::project_resave

@@ -1,10 +1,9 @@
-#include "operations/run/size_register.h"
+#include "operations/run/registers.h"
 
 #include <algorithm>
 
 #include "framework/border/visitors.h"
 #include "host/vsk_basic.h"
-#include "operations/run/selection_register.h"
 #include "platform/system.h"
 
 namespace vs::project_resave {
@@ -26,15 +25,6 @@ double kilobytes(const found_file& file) {
 }
 
 } // namespace
-
-void selection_register::set_selected(const wide_string& uuid, bool selected) {
-    if (uuid.empty()) return;
-    if (selected)
-        deselected.erase(uuid);
-    else
-        deselected.insert(uuid);
-    sizes->set_uuid_selected(uuid, selected);
-}
 
 bool size_register::push_parent(const wide_string& uuid) {
     if (uuid.empty()) return false;
@@ -124,6 +114,15 @@ void size_register::clear() {
     parents.clear();
     files_of_uuid.clear();
     total_kb_ = 0;
+}
+
+void selection_register::set_selected(const wide_string& uuid, bool selected) {
+    if (uuid.empty()) return;
+    if (selected)
+        deselected.erase(uuid);
+    else
+        deselected.insert(uuid);
+    sizes->set_uuid_selected(uuid, selected);
 }
 
 } // namespace vs::project_resave
