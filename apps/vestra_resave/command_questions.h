@@ -11,8 +11,8 @@ namespace vestra::command {
 
 // Answers given beforehand; nothing means that the person is asked.
 struct decided_answers {
-    std::optional<bool> add_referenced;
-    std::optional<vs::project_resave::stop_answer> on_stop;
+    std::optional<bool> add_referenced = std::nullopt;
+    std::optional<vs::project_resave::stop_answer> on_stop = std::nullopt;
 };
 
 class command_questions final : public vs::project_resave::run_questions {

@@ -2,7 +2,6 @@
 
 #include "apps/vestra_resave/figures.h"
 #include "apps/vestra_resave/output_file.h"
-#include "apps/vestra_resave/project_files.h"
 #include "apps/vestra_resave/resave_plan.h"
 #include "apps/vestra_resave/resave_report.h"
 #include "apps/vestra_resave/verification.h"

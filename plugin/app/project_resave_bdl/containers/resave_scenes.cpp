@@ -54,9 +54,10 @@ bool Tvs_resave_scene::has_structure_content() { return context->options.write_l
 
 void Tvs_resave_scene_2d::build() {
     const uint32_t count = vs_scn_2d_get_layer_count(scene);
+    const wide_string list = heading();
     children.resize(count);
     for (uint32_t index = 0; index < count; ++index)
-        place(index, make_layer_unit_2d(*context, vs_scn_2d_get_layer_ptr(scene, index)));
+        place(index, make_layer_unit_2d(*context, vs_scn_2d_get_layer_ptr(scene, index), list));
 }
 
 bool Tvs_resave_scene_2d::is_child_selected(uint32_t index) {
@@ -77,8 +78,7 @@ void Tvs_resave_scene_2d::after_children() {
 
 bool Tvs_resave_scene_2d::write_scene_file() {
     // The base is the new project's own path, taken as a folder; without a run before it is empty.
-    wide_string path =
-        caption_file_path(context->placement.new_project_path, heading(), scene_2d_extension);
+    wide_string path = caption_file_path(context->placement.new_project_path, heading(), scene_2d_extension);
     if (path_exists(path)) {
         switch (context->options.scene_file_on_exists) {
         case on_existing_file::rewrite:
@@ -100,9 +100,10 @@ vs_lr_group* Tvs_resave_scene_2d::layer_group() { return vs_scn_get_lr_group_ptr
 
 void Tvs_resave_scene_3d::build() {
     const uint32_t count = vs_scn_3d_get_layer_count(scene);
+    const wide_string list = heading();
     children.resize(count);
     for (uint32_t index = 0; index < count; ++index)
-        place(index, make_layer_unit_3d(*context, vs_scn_3d_get_layer_ptr(scene, index)));
+        place(index, make_layer_unit_3d(*context, vs_scn_3d_get_layer_ptr(scene, index), list));
 }
 
 void Tvs_resave_scene_3d::after_children() {

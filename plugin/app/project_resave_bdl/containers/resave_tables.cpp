@@ -1,13 +1,13 @@
 #include "containers/resave_tables.h"
 
-#include "core/structure_lines.h"
 #include "core/copying.h"
+#include "core/structure_lines.h"
 #include "framework/border/string_adapter.h"
 #include "framework/resources/strings.h"
 #include "host/vsk_attr_data.h"
 #include "host/vsk_tos_data.h"
-#include "operations/run/run_state.h"
 #include "operations/run/common_directory.h"
+#include "operations/run/run_state.h"
 
 namespace vs::project_resave {
 

@@ -27,11 +27,9 @@ bool entity_has_uuid(vs_entity* entity) { return entity_uuid(entity) != nullptr;
 
 wide_string entity_uuid_text(vs_entity* entity) { return uuid_to_text(entity_uuid(entity)); }
 
-element_name element_name_of(vs_entity* entity) {
-    if (!entity) return {};
-    vs_entity* const parent = vs_entity_get_parent(entity);
-    return {uuid_to_text(vs_entity_get_uuid(entity)), host_string(&vs_entity_get_wcaption, entity),
-            parent ? host_string(&vs_entity_get_wcaption, parent) : wide_string()};
+element_name element_name_of(vs_entity* entity, const wide_string& list) {
+    if (!entity) return {{}, {}, list};
+    return {uuid_to_text(vs_entity_get_uuid(entity)), host_string(&vs_entity_get_wcaption, entity), list};
 }
 
 } // namespace vs::project_resave

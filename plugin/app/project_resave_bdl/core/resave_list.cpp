@@ -27,7 +27,6 @@ bool Tvs_resave_list::is_child_selected(uint32_t index) {
 bool Tvs_resave_list::do_save() {
     const wide_string list = caption();
     context->report.current_unit = list;
-    const current_element own(context->report, name_in(list));
     before_children();
     // Backwards: taking out a member must not move what is still to come.
     for (auto index = static_cast<uint32_t>(children.size()); index-- > 0;) {

@@ -3,6 +3,7 @@
 #include <span>
 #include <string_view>
 
+#include "core/entity_uuid.h"
 #include "framework/border/host_owned.h"
 #include "framework/border/string_adapter.h"
 #include "host/vsk_basic.h"
@@ -87,26 +88,26 @@ constexpr layer_row rows_3d[] = {
     {"segy_lr3d", &make<Tvs_resave_grid>},
 };
 
-unit_pointer make_layer_unit(run_state& context, vs_lr* layer, const char* type,
+unit_pointer make_layer_unit(run_state& context, vs_lr* layer, const wide_string& list, const char* type,
                              std::span<const layer_row> rows) {
     vs_entity* const entity = vs_lr_safe_upcast(layer);
     if (unit_pointer unit = make_claimed_unit(context, entity)) return unit;
     if (!type) type = "";
     for (const layer_row& row : rows)
         if (row.type == type) return row.make(context, layer);
-    context.report.add_unprocessed_type(element_name_of(entity), type);
+    context.report.add_unprocessed_type(element_name_of(entity, list), type);
     context.log.add_unprocessed_type(type);
     return nullptr;
 }
 
 } // namespace
 
-unit_pointer make_layer_unit_2d(run_state& context, vs_lr* layer) {
-    return make_layer_unit(context, layer, vs_lr2d_get_lr_type(layer), rows_2d);
+unit_pointer make_layer_unit_2d(run_state& context, vs_lr* layer, const wide_string& list) {
+    return make_layer_unit(context, layer, list, vs_lr2d_get_lr_type(layer), rows_2d);
 }
 
-unit_pointer make_layer_unit_3d(run_state& context, vs_lr* layer) {
-    return make_layer_unit(context, layer, vs_lr3d_get_lr_type(layer), rows_3d);
+unit_pointer make_layer_unit_3d(run_state& context, vs_lr* layer, const wide_string& list) {
+    return make_layer_unit(context, layer, list, vs_lr3d_get_lr_type(layer), rows_3d);
 }
 
 } // namespace vs::project_resave

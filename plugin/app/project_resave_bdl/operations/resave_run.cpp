@@ -103,14 +103,12 @@ void project_context::find_common_directory() {
 // roots that are no container are passed over.
 void project_context::save_tree() {
     for (const auto& root : tree) {
-        if (options.structure_variant != folder_per_scene) {
+        const current_element saved(report, root->name_in({}));
+        vs_entity* const entity = root->entity();
+        if (options.structure_variant != folder_per_scene || (entity && is_scene_collection(entity)))
             root->save();
-        } else if (vs_entity* entity = root->entity()) {
-            if (is_scene_collection(entity))
-                root->save();
-            else if (vs_entities* container = vs_entities_safe_downcast(entity))
-                vs_entities_clear(container);
-        }
+        else if (vs_entities* container = entity ? vs_entities_safe_downcast(entity) : nullptr)
+            vs_entities_clear(container);
     }
 }
 

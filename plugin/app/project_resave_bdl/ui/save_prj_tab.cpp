@@ -86,9 +86,9 @@ void save_prj_tab::apply_settings(const resave_settings& settings) {
     resave_log_.set_checked(settings.write_log);
 }
 
-uint32_t save_prj_tab::structure_variant() const {
+structure save_prj_tab::structure_variant() const {
     for (uint32_t variant = 0; variant < variant_buttons_.size(); ++variant)
-        if (variant_buttons_[variant].is_checked()) return variant;
+        if (variant_buttons_[variant].is_checked()) return static_cast<structure>(variant);
     return by_type;
 }
 

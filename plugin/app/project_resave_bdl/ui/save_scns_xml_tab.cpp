@@ -19,7 +19,7 @@ save_scns_xml_tab::save_scns_xml_tab()
 
 void save_scns_xml_tab::get_settings(scene_file_settings& settings) const {
     settings.folder = folder_.text().c_str();
-    settings.on_exists = new_name_.is_checked() ? 1 : 0;
+    settings.on_exists = new_name_.is_checked() ? on_existing_file::new_name : on_existing_file::rewrite;
 }
 
 void save_scns_xml_tab::select_radio(uint32_t index) {

@@ -3,6 +3,7 @@
 
 #include <utility>
 
+#include "framework/border/caught.h"
 #include "host/vsk_basic.h"
 #include "platform/wide_string.h"
 

@@ -53,9 +53,9 @@ void run_report::add_copy_error(const wide_string& path, const wide_string& new_
     failed.subject = path_file_name(subject.empty() ? path : subject);
 }
 
-void run_report::add_unprocessed_type(element_name element, const char* layer_type) {
+void run_report::add_unprocessed_type(element_name layer, const char* layer_type) {
     fact& found = append(fact_kind::type_not_resaved);
-    found.element = std::move(element);
+    found.element = std::move(layer);
     found.subject = host_text(layer_type);
 }
 

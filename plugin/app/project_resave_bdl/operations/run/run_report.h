@@ -52,7 +52,6 @@ public:
         wide_string text; // one line or more, each ended by a line feed
     };
 
-
     // Each adds a fact about the current element.
     //
     // `subject`, not the path, is what the final message names.
@@ -60,7 +59,7 @@ public:
     // The final message names the file name of `path`, or of `subject` if one is given.
     void add_copy_error(const wide_string& path, const wide_string& new_path, const platform::outcome& why,
                         const wide_string& subject = {});
-    void add_unprocessed_type(element_name element, const char* layer_type);
+    void add_unprocessed_type(element_name layer, const char* layer_type);
     void add(fact_kind kind, const wide_string& path, const wide_string& new_path = {},
              const wide_string& reason = {});
     void add_exception(const wide_string& where, const wide_string& what);
@@ -96,8 +95,8 @@ private:
 // Makes an element the current one of the report for its own life. They nest.
 class current_element {
 public:
-    current_element(run_report& report, element_name element)
-        : report_(report), before_(std::exchange(report.current_, std::move(element))) {}
+    current_element(run_report& report, element_name name)
+        : report_(report), before_(std::exchange(report.current_, std::move(name))) {}
     ~current_element() { report_.current_ = std::move(before_); }
     current_element(const current_element&) = delete;
     current_element& operator=(const current_element&) = delete;
