@@ -168,12 +168,12 @@ int copy_in_a_loop(const std::filesystem::path& folder, const std::filesystem::p
 // Notes when the first file is copied and when the project is begun to be written.
 class phase_clock : public forwarding_system {
 public:
-    bool copy_file(const wide_string& source, const wide_string& target, bool replace) override {
+    platform::outcome copy_file(const wide_string& source, const wide_string& target, bool replace) override {
         if (!copying) copying = clock_type::now();
         return forwarding_system::copy_file(source, target, replace);
     }
-    platform::open_result open(const wide_string& path, platform::access wanted, platform::disposition how,
-                               std::unique_ptr<platform::file>& result) override {
+    platform::outcome open(const wide_string& path, platform::access wanted, platform::disposition how,
+                           std::unique_ptr<platform::file>& result) override {
         if (how == platform::disposition::create_always) writing = clock_type::now();
         return forwarding_system::open(path, wanted, how, result);
     }

@@ -25,19 +25,17 @@ public:
     }
 
     std::vector<tree_entry> entries;
-    std::vector<wide_string> unread;
+    std::vector<unread_folder> unread;
 
 private:
     void enter(const wide_string& folder) {
         holders_.push_back(folder);
-        if (const auto listed = files_.list(folder)) {
-            for (const folder_entry& entry : *listed) {
-                wide_string path = joined(folder, entry.name);
-                entries.push_back({path, entry.is_folder});
-                if (entry.is_folder && !(entry.is_link && leads_back(path))) enter(path);
-            }
-        } else {
-            unread.push_back(folder);
+        std::vector<folder_entry> listed;
+        if (const outcome read = files_.list(folder, listed); !read) unread.push_back({folder, read});
+        for (const folder_entry& entry : listed) {
+            wide_string path = joined(folder, entry.name);
+            entries.push_back({path, entry.is_folder});
+            if (entry.is_folder && !(entry.is_link && leads_back(path))) enter(path);
         }
         holders_.pop_back();
     }
@@ -53,8 +51,16 @@ private:
 
 } // namespace
 
+outcome file::read_whole(void* buffer, size_t length) {
+    size_t count = 0;
+    const outcome result = read(buffer, length, count);
+    return result && count < length ? outcome::because(u"the file ended too soon") : result;
+}
+
 std::vector<folder_entry> entries_or_none(system& files, const wide_string& folder) {
-    return files.list(folder).value_or(std::vector<folder_entry>());
+    std::vector<folder_entry> entries;
+    files.list(folder, entries);
+    return entries;
 }
 
 system& current_system() { return override_in_force != nullptr ? *override_in_force : operating_system(); }
@@ -65,7 +71,7 @@ system_override::system_override(system& replacement)
 system_override::~system_override() { override_in_force = previous_; }
 
 std::vector<tree_entry> list_tree(system& files, const wide_string& folder,
-                                  std::vector<wide_string>* unread) {
+                                  std::vector<unread_folder>* unread) {
     tree_walk walk(files, folder);
     if (unread != nullptr) *unread = walk.unread;
     return std::move(walk.entries);

@@ -6,6 +6,7 @@
 #include <string>
 #include <string_view>
 
+#include "platform/outcome.h"
 #include "platform/wide_string.h"
 
 namespace vs::project_resave::platform {
@@ -20,9 +21,9 @@ bool add_drive(std::string_view assignment, std::string& message);
 /// that holds it, else Z:. Empty for an empty argument.
 wide_string drive_path(std::string_view argument);
 
-/// Makes a folder the current one of the process, against which paths without a drive are taken. False if it
-/// is no folder that can be entered; nothing is changed then.
-bool set_current_folder(const wide_string& folder);
+/// Makes a folder the current one of the process, against which paths without a drive are taken. On failure
+/// nothing is changed.
+outcome set_current_folder(const wide_string& folder);
 
 /// When an entry of a folder was last made, renamed or removed, or a file was last written; the least value
 /// if there is neither.

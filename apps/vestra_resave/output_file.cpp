@@ -35,8 +35,7 @@ int create_text_file(const wide_string& path, project_context& context) {
         return wrong_use;
     else if (files.kind_of(path_head(path)) != platform::entry_kind::folder)
         reason = "there is no folder " + one_line(path_head(path));
-    else if (files.open(path, platform::access::read_write, platform::disposition::create_always, created) !=
-             platform::open_result::opened)
+    else if (!files.open(path, platform::access::read_write, platform::disposition::create_always, created))
         reason = "it cannot be opened for writing";
     else
         return done;

@@ -113,7 +113,7 @@ resave_plan plan_of(const project_context& context, trial_disk& disk) {
     for (const resave_plan::file& each : plan.files)
         if (!each.source.empty() && !path_same(each.target, context.placement.new_project_path))
             beside.add(each.source, plan.neighbours);
-    plan.free_bytes = disk.free_space(context.placement.new_folder);
+    if (uint64_t free = 0; disk.free_space(context.placement.new_folder, free)) plan.free_bytes = free;
     if (has_too_little_space(plan) && plan.report.exit == done) plan.report.exit = problems;
     return plan;
 }

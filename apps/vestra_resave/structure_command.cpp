@@ -21,9 +21,9 @@ bool is_complete(const wide_string& path) {
     std::unique_ptr<platform::file> file;
     const auto result = platform::current_system().open(path, platform::access::read,
                                                         platform::disposition::open_existing, file);
-    if (result != platform::open_result::opened) return false;
+    if (!result) return false;
     std::string text(file->size(), '\0');
-    return file->read(text.data(), text.size()) == text.size() && text.ends_with(last);
+    return file->read_whole(text.data(), text.size()) && text.ends_with(last);
 }
 
 } // namespace

@@ -1,11 +1,12 @@
 // The copy of one file.
 #pragma once
 
+#include "platform/outcome.h"
 #include "platform/wide_string.h"
 
 namespace vs::project_resave::platform {
 
 /// Does what `system::copy_file` promises. May be called from any thread.
-bool copy_regular_file(const wide_string& source, const wide_string& target, bool replace);
+outcome copy_regular_file(const wide_string& source, const wide_string& target, bool replace);
 
 } // namespace vs::project_resave::platform

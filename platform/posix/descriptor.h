@@ -18,7 +18,7 @@ auto again_if_interrupted(const Call& call) {
 
 class descriptor {
 public:
-    explicit descriptor(int number) : number_(number) {}
+    explicit descriptor(int number = -1) : number_(number) {}
     ~descriptor() { close(); }
     descriptor(descriptor&& other) noexcept : number_(std::exchange(other.number_, -1)) {}
     descriptor& operator=(descriptor&& other) noexcept {

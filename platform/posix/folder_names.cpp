@@ -80,9 +80,10 @@ bool folder_names::read(const std::string& folder, const struct stat& status, co
     names.settled = false;
     timespec now{};
     ::clock_gettime(CLOCK_REALTIME_COARSE, &now);
-    descriptor opened = held_.open(joined(folder, "."), O_RDONLY | O_DIRECTORY);
+    descriptor opened;
     struct stat itself {};
-    const bool is_same = opened && ::fstat(opened.get(), &itself) == 0 && itself.st_dev == status.st_dev &&
+    const bool is_same = held_.open(joined(folder, "."), O_RDONLY | O_DIRECTORY, opened) &&
+                         ::fstat(opened.get(), &itself) == 0 && itself.st_dev == status.st_dev &&
                          itself.st_ino == status.st_ino;
     if (!is_same) return false; // somebody else put another in its place just now
     const std::unique_ptr<DIR, int (*)(DIR*)> listing(::fdopendir(opened.get()), ::closedir);

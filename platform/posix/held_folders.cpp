@@ -58,11 +58,14 @@ int held_folders::reach(const std::string& path, const Call& call) {
     return call(AT_FDCWD, path.c_str());
 }
 
-descriptor held_folders::open(const std::string& path, int flags) {
+outcome held_folders::open(const std::string& path, int flags, descriptor& opened) {
     const std::lock_guard guard(mutex_);
-    return descriptor(reach(path, [flags](int folder, const char* name) {
+    const int number = reach(path, [flags](int folder, const char* name) {
         return ::openat(folder, name, flags | O_CLOEXEC | O_NONBLOCK);
-    }));
+    });
+    const outcome result = outcome::of_call(number >= 0);
+    opened = descriptor(number);
+    return result;
 }
 
 bool held_folders::status(const std::string& path, struct stat& found) {

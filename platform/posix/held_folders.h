@@ -14,6 +14,7 @@
 #include <string>
 #include <string_view>
 
+#include "platform/outcome.h"
 #include "platform/posix/descriptor.h"
 
 namespace vs::project_resave::platform {
@@ -22,9 +23,9 @@ namespace vs::project_resave::platform {
 /// for a slow disk keeps the others waiting.
 class held_folders {
 public:
-    /// Opens what is there, without waiting as a pipe would make us; on failure none, and errno tells why.
-    /// `flags` as the system's open takes them, without O_CREAT.
-    descriptor open(const std::string& path, int flags);
+    /// Opens what is there, without waiting as a pipe would make us. `flags` as the operating system's open
+    /// takes them, without O_CREAT.
+    outcome open(const std::string& path, int flags, descriptor& opened);
     /// What stands under exactly this path, links followed; false if nothing does.
     bool status(const std::string& path, struct stat& found);
     /// The same for what must be a folder. That it was removed, and another made, is seen at once.

@@ -2,6 +2,8 @@
 // thread.
 #pragma once
 
+#include <sys/stat.h>
+
 #include <memory>
 #include <string>
 
@@ -10,14 +12,16 @@
 
 namespace vs::project_resave::platform {
 
-/// Makes a file, or opens one without waiting as a pipe would make us; none on failure. `flags`, beside
-/// O_CREAT, and `mode` as the system's open takes them.
-descriptor create_native(const std::string& path, int flags, unsigned mode);
-/// Opens without waiting what stands there in the spelling asked for, or else in another; none on failure.
-descriptor open_existing(const wide_string& path, int flags);
+/// Creates a file, or opens one without waiting as a pipe would make us. `flags`, beside O_CREAT, and `mode`
+/// as the operating system's open takes them.
+outcome create_native(const std::string& path, int flags, unsigned mode, descriptor& opened);
+/// Opens without waiting what exists in the spelling asked for, or else in another.
+outcome open_existing(const wide_string& path, int flags, descriptor& opened);
+/// The status of what was opened; fails unless it is a regular file.
+outcome regular_status(const descriptor& opened, struct stat& status);
 
 /// Makes a file of `opened` if that is a regular one: shared by readers, alone for a writer, and empty if
 /// `empties`. The lock is advisory: it holds against processes that use it too.
-open_result lock_regular_file(descriptor opened, bool writes, bool empties, std::unique_ptr<file>& result);
+outcome lock_regular_file(descriptor opened, bool writes, bool empties, std::unique_ptr<file>& result);
 
 } // namespace vs::project_resave::platform

@@ -10,10 +10,19 @@
 #include <string>
 #include <string_view>
 
+#include "platform/outcome.h"
 #include "platform/posix/folder_names.h"
 #include "platform/wide_string.h"
 
 namespace vs::project_resave::platform {
+
+/// A native path, or the reason why there is none.
+struct native_answer {
+    std::string path;
+    outcome result;
+
+    explicit operator bool() const { return bool(result); }
+};
 
 /// May be used from any thread. Native paths are absolute, without "." and "..", and have no separator at
 /// the end.
@@ -37,10 +46,10 @@ public:
     /// The native path of a drive path. A path without drive is taken against the current directory, or the
     /// root folder if it begins with one separator. With `must_exist` the entry stands there (it may be a
     /// broken link); without, what does not exist keeps the spelling asked for, behind the part that does.
-    /// Nothing for an unknown drive, a network path, an embedded zero, an empty path.
-    std::optional<std::string> native(const wide_string& drive_path, bool must_exist);
+    /// Fails for an unknown drive, a network path, an embedded zero, an empty path.
+    native_answer native(const wide_string& drive_path, bool must_exist);
     /// The same without a look at the disk: the spelling is the one asked for.
-    std::optional<std::string> as_asked(const wide_string& drive_path) const;
+    native_answer as_asked(const wide_string& drive_path) const;
     /// For what did not stand under the native path `asked`: the path of what its folder lists by that name
     /// in any spelling, also in the one asked for if it came meanwhile.
     std::optional<std::string> as_listed(const std::string& asked);
@@ -48,7 +57,7 @@ public:
     /// else in another; links are followed.
     std::optional<struct stat> status(const wide_string& drive_path);
     /// What `native` gives without `must_exist`; cheaper where the name is likely to be free.
-    std::optional<std::string> to_create(const wide_string& drive_path);
+    native_answer to_create(const wide_string& drive_path);
 
     /// The path on the drive whose folder is the longest that holds `native`, which is made absolute against
     /// the current directory first and need not exist.
@@ -60,7 +69,7 @@ public:
     held_folders& held() { return held_; }
 
 private:
-    std::string spelled(const std::string& native, bool& exists);
+    std::string spelled(const std::string& native, outcome& exists);
     std::string spelled_by_listing(const std::string& native, bool& exists);
 
     std::array<std::string, 26> drives_; ///< native folders by letter; empty where there is no drive

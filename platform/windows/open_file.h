@@ -8,7 +8,7 @@
 namespace vs::project_resave::platform {
 
 /// Does what `system::open` promises. May be called from any thread.
-open_result open_regular_file(const wide_string& path, access wanted, disposition how,
-                              std::unique_ptr<file>& result);
+outcome open_regular_file(const wide_string& path, access wanted, disposition how,
+                          std::unique_ptr<file>& result);
 
 } // namespace vs::project_resave::platform

@@ -5,6 +5,7 @@
 
 #include <utility>
 
+#include "platform/outcome.h"
 #include "platform/wide_string.h"
 
 namespace vs::project_resave::platform {
@@ -20,18 +21,26 @@ wide_string system_path(const wide_string& path);
 /// `GetFullPathNameW`: whole, with its drive, "." and ".." resolved; empty on failure.
 wide_string full_path(const wide_string& path);
 
+/// What a call for a system path just returned; one that cannot be expressed has a reason of its own.
+inline outcome outcome_at(const wide_string& path, bool succeeded) {
+    if (!succeeded && path.empty())
+        return outcome::because(u"the name of a device or a stream, or no path at all");
+    return outcome::of_call(succeeded);
+}
+
 /// The result of `act`, which the read-only mark of the file at the system path `path` may hinder: then it is
 /// taken off for a second try, and put back if that fails too.
 template <class action>
-bool in_spite_of_read_only(const wide_string& path, action act) {
-    if (act()) return true;
+outcome in_spite_of_read_only(const wide_string& path, action act) {
+    const outcome first = outcome_at(path, act());
+    if (first) return first;
     const DWORD attributes = GetFileAttributesW(wide(path.c_str()));
-    if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_READONLY) == 0) return false;
-    if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) return false;
+    if (attributes == INVALID_FILE_ATTRIBUTES || (attributes & FILE_ATTRIBUTE_READONLY) == 0) return first;
+    if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) return first;
     SetFileAttributesW(wide(path.c_str()), attributes & ~DWORD{FILE_ATTRIBUTE_READONLY});
-    if (act()) return true;
-    SetFileAttributesW(wide(path.c_str()), attributes);
-    return false;
+    const outcome second = outcome_at(path, act());
+    if (!second) SetFileAttributesW(wide(path.c_str()), attributes);
+    return second;
 }
 
 /// Owner of a file handle.

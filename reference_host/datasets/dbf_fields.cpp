@@ -27,7 +27,9 @@ std::string first_bytes(const wide_string& path, std::size_t count) {
     const auto opened = platform::current_system().open(path, platform::access::read,
                                                         platform::disposition::open_existing, file);
     std::string bytes(count, '\0');
-    bytes.resize(opened == platform::open_result::opened ? file->read(bytes.data(), count) : 0);
+    std::size_t taken = 0;
+    if (opened) file->read(bytes.data(), count, taken);
+    bytes.resize(taken);
     return bytes;
 }
 

@@ -23,8 +23,7 @@ bool is_shape_file(const wide_string& path) {
                                                         platform::disposition::open_existing, file);
     std::array<unsigned char, 4> first{};
     constexpr std::array<unsigned char, 4> mark{0x00, 0x00, 0x27, 0x0a};
-    return opened == platform::open_result::opened &&
-           file->read(first.data(), first.size()) == first.size() && first == mark;
+    return opened && file->read_whole(first.data(), first.size()) && first == mark;
 }
 
 std::vector<platform::folder_entry> entries_of(const wide_string& folder) {

@@ -39,7 +39,7 @@ public:
 private:
     bool fill() {
         place_ = 0;
-        filled_ = file_.read(buffer_.data(), buffer_.size());
+        file_.read(buffer_.data(), buffer_.size(), filled_);
         return filled_ > 0;
     }
 
@@ -154,7 +154,7 @@ std::optional<tos_file> read_tos(const wide_string& path, files::file_error* err
     std::unique_ptr<platform::file> file;
     const auto opened = platform::current_system().open(path, platform::access::read,
                                                         platform::disposition::open_existing, file);
-    if (opened != platform::open_result::opened) return refuse(0, u"the file cannot be opened");
+    if (!opened) return refuse(0, u"the file cannot be opened");
 
     line_reader lines(*file);
     parser rules(path);

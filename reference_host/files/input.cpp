@@ -54,9 +54,9 @@ input::input(const wide_string& path, const char* root_name) : path_(path) {
 bool input::read(const wide_string& path) {
     platform::system& system = platform::current_system();
     std::unique_ptr<platform::file> file;
-    const platform::open_result result =
+    const platform::outcome result =
         system.open(path, platform::access::read, platform::disposition::open_existing, file);
-    if (result != platform::open_result::opened) {
+    if (!result) {
         const platform::entry_kind there = system.kind_of(path);
         refuse_line(0, there == platform::entry_kind::none     ? u"there is no such file"
                        : there == platform::entry_kind::folder ? u"is a folder"
@@ -69,7 +69,7 @@ bool input::read(const wide_string& path) {
         return false;
     }
     bytes_.resize(static_cast<std::size_t>(size));
-    if (file->read(bytes_.data(), bytes_.size()) == bytes_.size()) return true;
+    if (file->read_whole(bytes_.data(), bytes_.size())) return true;
     refuse_line(0, u"the file cannot be read to its end");
     return false;
 }

@@ -32,11 +32,16 @@ public:
         if (is_drive || folders_.contains(key)) return platform::entry_kind::folder;
         return files_.contains(key) ? platform::entry_kind::file : platform::entry_kind::none;
     }
-    bool create_folder(const wide_string& path) override {
-        return kind_of(path) == platform::entry_kind::none && folders_.insert(key_of(path)).second;
+    platform::outcome create_folder(const wide_string& path) override {
+        const bool is_free = kind_of(path) == platform::entry_kind::none;
+        return is_free && folders_.insert(key_of(path)).second ? platform::outcome()
+                                                               : platform::failure::taken;
     }
-    bool copy_file(const wide_string&, const wide_string& target, bool) override {
-        return path_exists(path_head(target)) && !path_exists(target) && files_.insert(key_of(target)).second;
+    platform::outcome copy_file(const wide_string&, const wide_string& target, bool) override {
+        if (!path_exists(path_head(target))) return platform::failure::missing;
+        const bool is_free = !path_exists(target);
+        return is_free && files_.insert(key_of(target)).second ? platform::outcome()
+                                                               : platform::failure::taken;
     }
 
 private:
@@ -75,7 +80,7 @@ struct run {
         hold(placement.lookup_placed(source) == (scanned ? scanned->new_path : wide_string()), "as a scan");
         if (scanned) return;
         const wide_string target = placement.new_path(source);
-        const bool is_copied = platform::current_system().copy_file(source, target, false);
+        const bool is_copied{platform::current_system().copy_file(source, target, false)};
         wide_string lower = target;
         platform::lower_in_place(lower);
         hold(!options.lower_case || lower == target, "lower case is lower");

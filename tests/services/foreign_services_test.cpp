@@ -65,7 +65,7 @@ public:
         vs_wstrings_add(targets, wish.nonsense ? u"" : target);
         for (int i = 0; wish.nonsense && i < 2; ++i) vs_wstrings_add(sources, source);
         if (wish.nonsense) return wish.copies;
-        return platform::current_system().copy_file(source, target, false);
+        return bool(platform::current_system().copy_file(source, target, false));
     }
     bool all_files(vs_entity*, vs_wstrings*) override {
         throw_if_wished();

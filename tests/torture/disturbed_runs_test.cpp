@@ -20,7 +20,7 @@ protected:
 
 // Takes the source of every third copy away right before it is made.
 struct thief final : forwarding_system {
-    bool copy_file(const wide_string& from, const wide_string& to, bool replace) override {
+    platform::outcome copy_file(const wide_string& from, const wide_string& to, bool replace) override {
         if (++count % 3 == 0) {
             gone.push_back(from);
             fs::remove(platform::native_path(from));

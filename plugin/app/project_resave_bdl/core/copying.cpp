@@ -13,7 +13,7 @@ namespace vs::project_resave {
 namespace {
 
 bool copy_file(const wide_string& source, const wide_string& target, bool replace = false) {
-    return platform::current_system().copy_file(source, target, replace);
+    return bool(platform::current_system().copy_file(source, target, replace));
 }
 
 wide_string with_separator(const wide_string& folder) {
@@ -53,9 +53,9 @@ bool copy_folder(const wide_string& source, const wide_string& target, bool allo
     const wide_string from = with_separator(source);
     const wide_string to = with_separator(target);
     if (!allow_existing_target && path_exists(target)) return false;
-    std::vector<wide_string> unread;
+    std::vector<platform::unread_folder> unread;
     const auto entries = platform::list_tree(platform::current_system(), from, &unread);
-    if (!unread.empty() && unread.front() == from) return false;
+    if (!unread.empty() && unread.front().path == from) return false;
     if (!create_folders(to)) return false;
     for (const auto& entry : entries) {
         const wide_string place = to + path_relative(from, entry.path);

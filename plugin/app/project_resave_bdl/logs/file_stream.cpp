@@ -20,15 +20,15 @@ bool file_stream::open(const wide_string& path, wide_view mode) {
     const auto wanted = writes ? platform::access::read_write : platform::access::read;
     const auto how = creates ? platform::disposition::create_always : platform::disposition::open_existing;
     for (int i = 0; i < open_tries; ++i) {
-        const platform::open_result result = files.open(path, wanted, how, handle);
-        if (result == platform::open_result::opened) {
+        const platform::outcome result = files.open(path, wanted, how, handle);
+        if (result) {
             if (appends) {
                 eof_seen = false;
                 handle->seek_end();
             }
             return true;
         }
-        if (result != platform::open_result::sharing_violation) return false;
+        if (!result.is(platform::failure::in_use)) return false;
         files.pause_1ms();
     }
     return false;
@@ -39,7 +39,7 @@ bool file_stream::write(wide_view text) {
     const std::string bytes = to_narrow(text, encoding);
     for (size_t written = 0; written < bytes.size();) {
         const size_t piece = std::min(bytes.size() - written, longest_piece);
-        if (handle->write(bytes.data() + written, piece) != piece) return false;
+        if (!handle->write(bytes.data() + written, piece)) return false;
         written += piece;
     }
     return true;

@@ -139,7 +139,7 @@ void resave_plugin_list::copy_item_files(uint32_t index, const wide_string& sour
 bool resave_plugin_list::copy_item_file(const wide_string& file, const wide_string& target) {
     switch (platform::current_system().kind_of(file)) {
     case platform::entry_kind::file:
-        return platform::current_system().copy_file(file, target, false);
+        return bool(platform::current_system().copy_file(file, target, false));
     case platform::entry_kind::folder:
         return copy_folder(file, target, false, false);
     case platform::entry_kind::none:

@@ -56,7 +56,7 @@ bool remove_tree(const wide_string& path) {
         else
             remove_tree(inner);
     }
-    return platform::current_system().remove_folder(path);
+    return bool(platform::current_system().remove_folder(path));
 }
 
 } // namespace vs::project_resave
