@@ -89,8 +89,8 @@ public:
         WIN32_FIND_DATAW found{};
         const HANDLE search = FindFirstFileW(wide(pattern.c_str()), &found);
         if (search == INVALID_HANDLE_VALUE) { // an empty drive has no entry at all
-            const outcome found = outcome::last();
-            return found.code() == ERROR_FILE_NOT_FOUND ? outcome() : found;
+            const outcome refused = outcome::last();
+            return refused.code() == ERROR_FILE_NOT_FOUND ? outcome() : refused;
         }
         do {
             const wide_view name = text16(found.cFileName);
