@@ -11,12 +11,11 @@
 #include "platform/path_text.h"
 #include "tests/fuzz/fuzz_input.h"
 #include "tests/support/forwarding_system.h"
-#include "ui/dialogs.h"
+#include "operations/run/run_report.h"
 
 // What a placement calls besides the disk; nobody is there to be asked.
 namespace vs::project_resave {
 wide_string load_string(int32_t) { return u"_log.txt"; }
-unique_name_answer show_unique_name_dialog(const wide_string&, const wide_string&) { return {}; }
 } // namespace vs::project_resave
 
 using namespace vs::project_resave;
@@ -62,7 +61,7 @@ bool is_written_out(const wide_string& path) {
 
 struct run {
     run(unsigned char structure, unsigned char choices) {
-        options.structure_variant = structure % 5;
+        options.structure_variant = static_cast<project_resave::structure>(structure % 5);
         options.lower_case = (choices & 1) != 0;
         options.rename_on_conflict = (choices & 2) != 0;
         placement.set_source(u"C:\\prj\\area._vp");
@@ -94,7 +93,8 @@ struct run {
 
     resave_options options{nullptr};
     log_file log{nullptr};
-    path_placement placement{nullptr, &log, &options};
+    run_report report;
+    path_placement placement{nullptr, &log, &report, &options};
     std::deque<placed_file> scan;
     std::set<wide_string> targets;
 };

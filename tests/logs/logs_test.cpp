@@ -6,6 +6,7 @@
 #include "reference_host/shell/settings.h"
 #include "tests/support/forwarding_system.h"
 #include "tests/support/temporary_folder.h"
+#include "ui/host_questions.h"
 
 namespace vs::project_resave {
 
@@ -17,7 +18,8 @@ protected:
     ~logs() override { vestra::shell::settings().language_offset = 0; }
 
     temporary_folder disk;
-    project_context context{nullptr};
+    host_questions questions;
+    project_context context{nullptr, questions};
     log_file& log = context.log;
 };
 

@@ -52,7 +52,7 @@ TEST_F(loading, a_second_project_releases_the_first_and_starts_afresh) {
         EXPECT_EQ(units, context->units.rows().size());
         EXPECT_EQ(kilobytes, context->sizes.total_kb());
         EXPECT_TRUE(context->selection.is_selected(scene)) << "as everything is again";
-        EXPECT_EQ((std::set<wide_string>{u"wfs_pnt_lr2d"}), context->report.unprocessed_types);
+        EXPECT_EQ((std::set<wide_string>{u"wfs_pnt_lr2d"}), context->report.unprocessed_types());
         EXPECT_EQ(1U, changes);
     }
     project_builder().save(source);

@@ -15,7 +15,7 @@ class sample : public broken_run, public testing::WithParamInterface<uint32_t> {
 protected:
     void SetUp() override {
         copy_sample();
-        settings.structure_variant = GetParam();
+        settings.structure_variant = static_cast<project_resave::structure>(GetParam());
         if (GetParam() == folder_per_scene)
             kept_as_they_are.insert({u"Well P-101", u"Profile of P-102", u"Section 1"}); // wells stay out
         else

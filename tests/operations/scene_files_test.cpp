@@ -25,7 +25,7 @@ protected:
 
     strings write_files(uint32_t on_exists) {
         script.events.clear();
-        EXPECT_TRUE(context->create_scene_files({u"unused", on_exists}));
+        EXPECT_TRUE(context->create_scene_files({u"unused", static_cast<on_existing_file>(on_exists)}));
         EXPECT_EQ(std::vector<wide_string>{load_string(514)}, script.texts(kind::message));
         EXPECT_EQ(0U, script.open_windows);
         return files();

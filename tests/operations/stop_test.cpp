@@ -21,7 +21,7 @@ protected:
     // Under each structure, run after run is stopped at a later one of so many places, or at each poll.
     void stop_everywhere(answer given, size_t places) {
         for (uint32_t structure = by_type; structure <= folder_per_scene; ++structure) {
-            settings.structure_variant = structure;
+            settings.structure_variant = static_cast<project_resave::structure>(structure);
             older();
             stop_at(0, given);
             const size_t polls = script.polls, step = std::max<size_t>(1, polls / places);

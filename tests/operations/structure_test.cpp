@@ -54,7 +54,7 @@ TEST_F(structure_text, of_the_sample_is_the_committed_file_byte_for_byte_and_cha
         EXPECT_EQ(std::vector<wide_string>{load_string(511)}, messages());
     }
     EXPECT_EQ("", difference(before, sources()));
-    EXPECT_EQ(1U, context->report.unprocessed_types.count(u"wfs_pnt_lr2d")); // still to be told by a resave
+    EXPECT_EQ(1U, context->report.unprocessed_types().count(u"wfs_pnt_lr2d")); // still to be told by a resave
 }
 
 TEST_F(structure_text, groups_are_shown_as_the_user_sees_them_with_what_is_selected) {

@@ -22,7 +22,7 @@ protected:
     void resave_and_read() {
         resave();
         problems.clear();
-        for (const auto& problem : context->report.problems)
+        for (const auto& problem : context->report.problems())
             problems.push_back(problem.title + u": " + problem.text);
         copy = std::make_unique<vestra::project>();
         read_back(output, *copy);

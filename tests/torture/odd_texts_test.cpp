@@ -110,7 +110,7 @@ protected:
         clear();
         const tree_state before = everything();
         if (torture::runs::run()) {
-            EXPECT_TRUE(context->report.unprocessed_types.empty());
+            EXPECT_TRUE(context->report.unprocessed_types().empty());
             EXPECT_TRUE(context->report.saved || errors().back() == load_string(509));
             if (context->report.saved) expect_all_there_or_told();
             ++met[context->report.saved ? "odd texts saved" : "odd texts not saved, and told"];
@@ -155,7 +155,7 @@ protected:
 
 TEST_P(odd_texts_run, end_in_order_and_write_nothing_outside) {
     const std::string id = "00000000-0000-0000-0000-000000000001", file = "C:\\data\\plain";
-    settings.structure_variant = GetParam();
+    settings.structure_variant = static_cast<project_resave::structure>(GetParam());
     settings.write_log = settings.save_scene_files = settings.save_layer_files = true;
     for (const std::string& odd : odd_texts()) {
         SCOPED_TRACE(odd.substr(0, 40));

@@ -86,7 +86,7 @@ bool project_context::load_project(const wide_string& wanted, bool show_wait, bo
     selection.clear();
     sizes.clear();
     log.clear_unprocessed_types();
-    report.extract(fact_kind::type_not_resaved);
+    report.drop(fact_kind::type_not_resaved);
     release_project();
     clear_tree();
     project = vs_prj_create();
@@ -138,7 +138,7 @@ void project_context::build_tree(const wide_string& path) {
     // Last of all: every unit before may still refer to a table.
     add_root(std::make_unique<Tvs_resave_attrs_data>(vs_prj_get_attrs_data_ptr(project), *this));
     count_units();
-    facts_of_tree = report.extract(fact_kind::type_not_resaved);
+    facts_of_tree = report.of_kind(fact_kind::type_not_resaved);
     log.close();
 }
 

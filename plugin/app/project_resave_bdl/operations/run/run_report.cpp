@@ -22,12 +22,14 @@ void run_report::restart(const std::vector<fact>& of_tree) {
     stopped = saved = incomplete = false;
 }
 
-std::vector<fact> run_report::extract(fact_kind kind) {
-    const auto others = std::stable_partition(facts_.begin(), facts_.end(),
-                                              [=](const fact& each) { return each.kind != kind; });
-    std::vector<fact> taken(std::make_move_iterator(others), std::make_move_iterator(facts_.end()));
-    facts_.erase(others, facts_.end());
-    return taken;
+void run_report::drop(fact_kind kind) {
+    std::erase_if(facts_, [=](const fact& each) { return each.kind == kind; });
+}
+
+std::vector<fact> run_report::of_kind(fact_kind kind) const {
+    std::vector<fact> found;
+    std::ranges::copy_if(facts_, std::back_inserter(found), [=](const fact& each) { return each.kind == kind; });
+    return found;
 }
 
 fact& run_report::append(fact_kind kind) {

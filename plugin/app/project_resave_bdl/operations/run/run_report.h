@@ -67,6 +67,7 @@ public:
     const element_name& current() const { return current_; }
     const std::vector<fact>& facts() const { return facts_; }
     bool has(fact_kind kind) const;
+    std::vector<fact> of_kind(fact_kind kind) const;
     // What the final message lists: lost sources and failed copies, grouped by consecutive headings. Those
     // without a heading are left out.
     std::vector<problem> problems() const;
@@ -76,8 +77,7 @@ public:
 
     // Begins anew with what is known of the tree.
     void restart(const std::vector<fact>& of_tree);
-    // Takes all facts of a kind out and returns them.
-    std::vector<fact> extract(fact_kind kind);
+    void drop(fact_kind kind);
 
     wide_string current_unit; // caption of the list that began last; kept after the list has ended
     bool stopped = false;     // the user ended the run
