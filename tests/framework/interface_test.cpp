@@ -89,7 +89,7 @@ TEST(interface, one_object_answers_each_of_its_names_exactly_and_has_one_identit
 TEST(ref, the_last_strong_one_ends_the_object_once_and_the_weak_ones_learn_of_it) {
     auto* object = new desk_lamp;
     const lamp pair = lamp_of(*object);
-    ref<lamp_impl, true> weak(pair);
+    weak_ref<lamp_impl> weak(pair);
     {
         ref<lamp_impl> strong(pair);
         std::vector<ref<lamp_impl>> grown;
