@@ -104,6 +104,10 @@ constexpr std::size_t place_of(operation_list<Operations...>) {
     return found ? place : ~std::size_t{0};
 }
 
+// The entry in which the operations begin.
+template <class Impl>
+constexpr std::size_t first_operation = Impl::rooted_in_identity ? 1 : 2;
+
 template <class Impl>
 void identity_entry(interface_pointer* out, const void*, void* instance) noexcept {
     static_cast<Impl*>(instance)->identity(*out);
@@ -187,8 +191,8 @@ auto call(const interface_to<typename border::operation<Operation>::provider>& t
     using impl = typename border::operation<Operation>::provider;
     constexpr std::size_t place = border::place_of<Operation>(typename impl::operations{});
     static_assert(place != ~std::size_t{0}, "not in the list of operations");
-    constexpr std::size_t first = impl::rooted_in_identity ? 1 : 2;
-    return border::operation<Operation>::call(target, first + place, std::forward<Args>(args)...);
+    return border::operation<Operation>::call(target, border::first_operation<impl> + place,
+                                              std::forward<Args>(args)...);
 }
 
 // The identity of an object; null for a null one.

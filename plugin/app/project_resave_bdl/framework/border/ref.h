@@ -68,9 +68,9 @@ private:
     interface_to<Impl> held;
 };
 
-// A reference for an object whose life is decided elsewhere. The object ends when its last strong ref goes,
-// whatever weak ones there are, and tells each of them, so get() never returns a pointer to an ended
-// referent. An object that is not a referent ends untold: the holder must let go first.
+// Refers to an object that others keep alive. When the last ref goes, the object ends and notifies each
+// weak_ref, so get() never returns a pointer to an ended referent. An object that is not a referent notifies
+// nobody: reset the weak_ref before it ends. Resetting the weak_ref of a referent without any ref ends it.
 template <class Impl, class Traits = ref_traits<Impl>>
 using weak_ref = ref<Impl, true, Traits>;
 
