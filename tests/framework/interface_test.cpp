@@ -102,6 +102,9 @@ TEST(ref, the_last_strong_one_ends_the_object_once_and_the_weak_ones_learn_of_it
     }
     EXPECT_EQ(0, living);
     EXPECT_FALSE(weak);
+    weak.assign(lamp_of(*new desk_lamp));
+    weak.reset();
+    EXPECT_EQ(0, living) << "nobody had kept it";
 }
 
 class recording_context final : public bundle_context_impl {
