@@ -60,7 +60,7 @@ void remove_member(Container* container, std::uint32_t index) noexcept {
     on(container, [&](auto& list) { list.remove(index); });
 }
 
-// Texts of the border; null counts as empty.
+// Text arguments of the C functions; null counts as empty.
 inline wide_view text_of(const char16_t* text) { return text ? wide_view(text) : wide_view(); }
 inline std::string_view text_of(const char* text) {
     return text ? std::string_view(text) : std::string_view();

@@ -24,7 +24,7 @@ public:
     void set_localizer(localizer current) override;
 
 private:
-    ref<localizer_service_impl, true> service; // the host's service outlives its bundles, or says so
+    weak_ref<localizer_service_impl> service; // the host's service outlives its bundles, or says so
 };
 
 } // namespace vs::project_resave

@@ -41,7 +41,7 @@ project_resave_app::project_resave_app(const bundle_context&)
 }
 
 project_resave_app::~project_resave_app() {
-    const ref<docker_impl, true> left(content_held.get());
+    const weak_ref<docker_impl> left(content_held.get());
     content_held.reset();
     if (left) content.panel.leave_services();
 }
