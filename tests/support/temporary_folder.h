@@ -6,10 +6,11 @@
 #include <atomic>
 #include <filesystem>
 #include <fstream>
-#include <iterator>
 #include <random>
+#include <sstream>
 #include <string>
 #include <string_view>
+#include <utility>
 
 #include "platform/volumes.h"
 #include "platform/wide_string.h"
@@ -19,7 +20,9 @@ namespace vs::project_resave {
 // The bytes of a file; empty if there is none.
 inline std::string bytes_of(const std::filesystem::path& file) {
     std::ifstream opened(file, std::ios::binary);
-    return {std::istreambuf_iterator<char>(opened), {}};
+    std::ostringstream bytes;
+    bytes << opened.rdbuf();
+    return std::move(bytes).str();
 }
 
 // Those of a file of the source tree.

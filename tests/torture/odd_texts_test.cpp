@@ -31,7 +31,7 @@ std::vector<std::string> odd_texts() {
 
 std::string quoted(const std::string& text) {
     std::string result;
-    for (const char c : text) result += c == '<' ? "&lt;" : c == '"' ? "&quot;" : std::string(1, c);
+    for (const char c : text) c == '<' ? result += "&lt;" : c == '"' ? result += "&quot;" : result += c;
     return result;
 }
 
@@ -55,14 +55,19 @@ std::string project_text(const std::string& caption, const std::string& file, co
 </layers></legend></layer></layers><page type="layout_page" caption="Page"% file="~.fmt"/></scene></layouts>
 <plugin_scenes meta="c_scn2d_correlation_collection2"#%><scene#% source="~s.wel"/></plugin_scenes>
 </project>)";
+    const std::map<char, std::string> texts{
+        {'#', " caption=\"" + quoted(caption) + "\""}, {'~', quoted(file)}, {'$', quoted(uuid)}};
     int number = 100;
     std::string text;
-    for (const char c : pattern)
-        text += c == '#'   ? " caption=\"" + quoted(caption) + "\""
-                : c == '%' ? " uuid=\"00000000-0000-0000-0000-000000000" + std::to_string(++number) + "\""
-                : c == '~' ? quoted(file)
-                : c == '$' ? quoted(uuid)
-                           : std::string(1, c);
+    for (const char c : pattern) {
+        const auto known = texts.find(c);
+        if (known != texts.end())
+            text += known->second;
+        else if (c == '%')
+            text += " uuid=\"00000000-0000-0000-0000-000000000" + std::to_string(++number) + "\"";
+        else
+            text += c;
+    }
     return text;
 }
 
