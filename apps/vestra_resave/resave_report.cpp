@@ -93,6 +93,7 @@ void print_json(const resave_report& report, const std::optional<verification>& 
 }
 
 void print_problems(const resave_report& report) {
+    if (report.exit == stopped) complain("interrupted");
     for (const problem& each : report.problems)
         if (each.kind != name_of(fact_kind::renamed)) complain(line_of(each));
 }
