@@ -43,6 +43,8 @@ std::vector<wide_string> path_split(wide_view path, wide_view separators, bool s
 // Without "." and, where something stands in front of it, without ".."; no separator at the end. A ".." at
 // the top stays. "C:name" loses its name, and "C:\" its separator.
 wide_string path_normalise(wide_view path);
+// With a separator at the end, so that the name of an entry can follow.
+wide_string path_with_separator(wide_view folder);
 // `second` alone if it is not relative, else behind `first` with a separator between.
 wide_string path_join(wide_view first, wide_view second);
 // The way from the folder of the FILE `base` to `target`, so a folder given as base needs its separator at

@@ -12,6 +12,7 @@
 #include <utility>
 #include <vector>
 
+#include "platform/posix/native_paths.h"
 #include "platform/posix/open_file.h"
 #include "platform/posix/volumes.h"
 
@@ -138,8 +139,8 @@ void copy_attributes(int target, const struct stat& status, mode_t permissions) 
 // Beside the target, so that it can take its place in one step.
 std::string temporary_name(const std::string& target) {
     static std::atomic<unsigned> count{0};
-    const std::string folder = target.substr(0, target.rfind('/') + 1);
-    return folder + ".copy-" + std::to_string(::getpid()) + "-" + std::to_string(++count) + ".tmp";
+    const std::string number = std::to_string(::getpid()) + "-" + std::to_string(++count);
+    return joined(folder_of(target), ".copy-" + number + ".tmp");
 }
 
 } // namespace

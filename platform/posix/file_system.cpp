@@ -14,6 +14,7 @@
 #include <thread>
 
 #include "platform/posix/copying.h"
+#include "platform/posix/native_paths.h"
 #include "platform/posix/open_file.h"
 #include "platform/posix/volumes.h"
 #include "platform/system.h"
@@ -29,7 +30,7 @@ native_answer existing(const wide_string& path) { return mapped_volumes().native
 native_answer wanted(const wide_string& path) { return mapped_volumes().to_create(path); }
 
 folder_entry entry_of(const std::string& folder, const dirent& found) {
-    const std::string path = folder + "/" + found.d_name;
+    const std::string path = joined(folder, found.d_name);
     struct stat status {};
     const bool is_known = found.d_type != DT_UNKNOWN;
     const bool is_link =

@@ -66,11 +66,4 @@ private:
     std::mutex mutex_;
 };
 
-/// True if an entry stands under exactly this path, a broken link too.
-bool exists_exactly(const std::string& path);
-
-std::string folder_of(const std::string& path);
-std::string_view name_of(std::string_view path);
-std::string joined(const std::string& folder, std::string_view name);
-
 } // namespace vs::project_resave::platform

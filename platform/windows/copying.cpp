@@ -5,6 +5,7 @@
 #include <iterator>
 #include <string>
 
+#include "platform/path_text.h"
 #include "platform/windows/paths.h"
 
 namespace vs::project_resave::platform {
@@ -15,9 +16,7 @@ namespace {
 wide_string temporary_name(const wide_string& target) {
     static std::atomic<unsigned> count{0};
     const std::wstring number = std::to_wstring(GetCurrentProcessId()) + L"-" + std::to_wstring(++count);
-    const size_t separator = target.find_last_of(u"\\/");
-    const wide_string folder = separator == wide_string::npos ? u"" : target.substr(0, separator + 1);
-    return folder + u".copy-" + text16(number.c_str()) + u".tmp";
+    return path_head(target) + u".copy-" + text16(number.c_str()) + u".tmp";
 }
 
 using file_state = WIN32_FILE_ATTRIBUTE_DATA;

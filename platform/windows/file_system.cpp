@@ -1,6 +1,7 @@
 #include <algorithm>
 #include <optional>
 
+#include "platform/path_text.h"
 #include "platform/system.h"
 #include "platform/text.h"
 #include "platform/windows/copying.h"
@@ -84,8 +85,7 @@ public:
             const outcome found = attributes_of(path, data);
             return found ? outcome::native(ERROR_DIRECTORY) : found;
         }
-        const bool has_separator = path.ends_with(u'\\') || path.ends_with(u'/');
-        const wide_string pattern = system_path(path + (has_separator ? u"*" : u"\\*"));
+        const wide_string pattern = system_path(path_with_separator(path) + u"*");
         WIN32_FIND_DATAW found{};
         const HANDLE search = FindFirstFileW(wide(pattern.c_str()), &found);
         if (search == INVALID_HANDLE_VALUE) { // an empty drive has no entry at all
@@ -113,8 +113,7 @@ public:
         }
         if (folder.empty() || name.empty()) return false;
         if (name.find_first_of(u"\\/:*?<>\"") != wide_string::npos) return false;
-        const bool has_separator = folder.ends_with(u'\\') || folder.ends_with(u'/');
-        const wide_string path = system_path(folder + (has_separator ? u"" : u"\\") + name);
+        const wide_string path = system_path(path_with_separator(folder) + name);
         WIN32_FIND_DATAW found{};
         const HANDLE search = FindFirstFileW(wide(path.c_str()), &found);
         if (search == INVALID_HANDLE_VALUE) return false;
