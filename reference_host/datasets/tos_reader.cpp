@@ -73,7 +73,7 @@ bool is_value(std::string_view text) {
     return place == text.size();
 }
 
-bool is_utf8(std::string_view bytes) { return platform::to_utf8(platform::from_utf8(bytes)) == bytes; }
+bool is_utf8(std::string_view bytes) { return platform::valid_utf8_length(bytes) == bytes.size(); }
 
 // Takes the lines in their order. Each function answers the rule that the line breaks, or the empty text.
 class parser {
