@@ -5,18 +5,19 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <ctime>
 #include <memory>
 
 #include "platform/posix/native_paths.h"
 #include "platform/text.h"
+#include "platform/volumes.h"
 
 namespace vs::project_resave::platform {
 
 namespace {
 
-// Longer than the step of the clock that stamps folders.
-constexpr int64_t settling_time = 20'000'000;
+constexpr int64_t settling_time = std::chrono::nanoseconds(folder_time_step).count();
 
 int64_t nanoseconds(const timespec& time) { return int64_t{time.tv_sec} * 1'000'000'000 + time.tv_nsec; }
 

@@ -1,11 +1,10 @@
 #include <algorithm>
 #include <optional>
 
+#include "platform/file_parts.h"
 #include "platform/path_text.h"
 #include "platform/system.h"
 #include "platform/text.h"
-#include "platform/windows/copying.h"
-#include "platform/windows/open_file.h"
 #include "platform/windows/paths.h"
 
 namespace vs::project_resave::platform {
@@ -133,7 +132,7 @@ public:
     }
 
     outcome rename_over(const wide_string& from, const wide_string& to) override {
-        return rename_file_over(system_path(from), system_path(to));
+        return rename_file_over(from, to);
     }
 
     outcome open(const wide_string& path, access access_wanted, disposition how,

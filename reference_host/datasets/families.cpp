@@ -32,16 +32,16 @@ std::vector<platform::folder_entry> entries_of(const wide_string& folder) {
 
 bool is_same_name(wide_view a, wide_view b) { return platform::compare_no_case(a, b) == 0; }
 
-// The names of the files of one folder, in their order without letter case.
-class folder_names {
+// The names of the files of one folder, in order without letter case, so that those of a family are side by
+// side. They are read through the current system, unlike the cache of spellings below it in platform/posix.
+class sorted_names {
 public:
-    explicit folder_names(const wide_string& folder) { read(folder); }
+    explicit sorted_names(const wide_string& folder) { read(folder); }
 
     // True as long as the folder has not changed since it was read. A change that came too soon after the
-    // last one need not show in the folder's time, so that one must be older than the step of its clock.
+    // last one need not show in the folder's time, so that one must be old enough.
     bool is_current(std::filesystem::file_time_type folder_time) const {
-        constexpr auto settling_time = std::chrono::milliseconds(20);
-        return folder_time == changed_ && changed_ + settling_time < read_at_;
+        return folder_time == changed_ && changed_ + platform::folder_time_step < read_at_;
     }
 
     void read(const wide_string& folder) {
@@ -77,8 +77,8 @@ private:
     std::filesystem::file_time_type read_at_;
 };
 
-folder_names& names_in(const wide_string& folder) {
-    static std::unordered_map<wide_string, folder_names> folders;
+sorted_names& names_in(const wide_string& folder) {
+    static std::unordered_map<wide_string, sorted_names> folders;
     const auto [row, is_new] = folders.try_emplace(folder, folder);
     if (!is_new && !row->second.is_current(platform::folder_time(folder))) row->second.read(folder);
     return row->second;
@@ -124,7 +124,7 @@ file_list same_stem_family(const wide_string& path) {
 
 std::optional<std::vector<wide_string>> near_names_in_large_folder(const wide_string& path) {
     constexpr std::size_t fair_size = 1000;
-    const folder_names& names = names_in(path_head(path));
+    const sorted_names& names = names_in(path_head(path));
     if (names.count() <= fair_size) return std::nullopt;
     return names.beginning_as(path_file_name(path));
 }

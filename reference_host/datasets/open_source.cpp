@@ -70,7 +70,8 @@ public:
         if (file == native_) return path_;
         const auto below = file.lexically_relative(is_folder_ ? native_ : native_.parent_path());
         if (below.empty() || *below.begin() == "..") return platform::drive_path(file.string());
-        wide_string rest = below.u16string();
+        const std::u8string bytes = below.u8string();
+        wide_string rest = platform::from_utf8({reinterpret_cast<const char*>(bytes.data()), bytes.size()});
         std::ranges::replace(rest, u'/', u'\\');
         return head_ + rest;
     }
