@@ -41,6 +41,7 @@ std::vector<copied_file> copies_of(const path_placement& placement,
 resave_report report_of(const project_context& context, const run_result& result) {
     resave_report report;
     report.problems = problems_of(context);
+    add_misplaced(context, report.problems);
     const std::unordered_set<wide_string> failed = unwritten(report.problems);
     report.files = copies_of(context.placement, failed);
     // The run asks only whether a project of that name exists, which can be an older one.
