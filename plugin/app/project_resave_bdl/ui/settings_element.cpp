@@ -3,6 +3,7 @@
 #include "framework/border/string_adapter.h"
 #include "framework/resources/strings.h"
 #include "host/vsk_prj.h"
+#include "operations/project_context.h"
 #include "platform/path_text.h"
 #include "platform/text.h"
 
@@ -21,7 +22,8 @@ constexpr uint32_t scene_files_page = 2;
 } // namespace
 
 settings_element::settings_element(const resave_services* services)
-    : context(services, questions), host_project_path(host_string(&vs_prj_get_filename, vs_prj_get_instance())),
+    : owned_context(std::make_unique<project_context>(services, questions)), context(*owned_context),
+      host_project_path(host_string(&vs_prj_get_filename, vs_prj_get_instance())),
       source_label(load_string(100)),
       source_field(file_input_mode::source_project, load_string(101), load_string(131)),
       load_button(load_string(125), {}, [this] { load_current(); }),
@@ -38,6 +40,8 @@ settings_element::settings_element(const resave_services* services)
     project_connection = context.project_changed_event().connect([this] { on_project_changed(); });
     reset_to_defaults();
 }
+
+settings_element::~settings_element() = default;
 
 void settings_element::lay_out() {
     header.place_over(0, 0, 3, source_label);
