@@ -6,8 +6,8 @@
 #include <memory>
 
 #include "operations/project_context.h"
-#include "ui/host_questions.h"
 #include "ui/checked_path_register_tab.h"
+#include "ui/host_questions.h"
 #include "ui/save_prj_tab.h"
 #include "ui/save_scns_xml_tab.h"
 #include "ui/save_struct_tab.h"
