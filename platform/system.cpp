@@ -3,23 +3,19 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/path_text.h"
+
 namespace vs::project_resave::platform {
 
 namespace {
 
 system* override_in_force = nullptr;
 
-wide_string joined(const wide_string& folder, const wide_string& name) {
-    const bool has_separator = folder.ends_with(u'\\') || folder.ends_with(u'/');
-    return folder + (has_separator ? u"" : u"\\") + name;
-}
-
 class tree_walk {
 public:
     tree_walk(system& files, const wide_string& start) : files_(files) {
-        constexpr wide_view separators = u"\\/";
-        for (size_t at = start.find_first_of(separators); at != wide_string::npos;
-             at = start.find_first_of(separators, at + 1))
+        for (size_t at = start.find_first_of(path_separators); at != wide_string::npos;
+             at = start.find_first_of(path_separators, at + 1))
             holders_.push_back(start.substr(0, at + 1));
         enter(start);
     }
@@ -33,7 +29,7 @@ private:
         std::vector<folder_entry> listed;
         if (const outcome read = files_.list(folder, listed); !read) unread.push_back({folder, read});
         for (const folder_entry& entry : listed) {
-            wide_string path = joined(folder, entry.name);
+            wide_string path = path_with_separator(folder) + entry.name;
             entries.push_back({path, entry.is_folder});
             if (entry.is_folder && !(entry.is_link && leads_back(path))) enter(path);
         }

@@ -1,5 +1,5 @@
 // The operating system as an object: every file call of the bundle goes through `current_system()`, so that
-// a test can put a wrapper in its place that fails the n-th copy, fills the disk or counts calls.
+// a test can replace it by a wrapper that fails the n-th copy, fills the disk or counts calls.
 //
 // Paths have their Windows form (C:\data\a.shp; "/" is a separator too) on every target. Letter case is
 // ignored when a name is looked up, the exact spelling being preferred. No function throws; a path that
@@ -23,20 +23,20 @@ enum class entry_kind { none, file, folder };
 enum class access { read, read_write };
 enum class disposition { open_existing, create_always };
 
-/// What stands under a path; `bytes` of a file, 0 for anything else.
+/// What exists under a path; `bytes` is the size of a file, 0 for anything else.
 struct entry_status {
     entry_kind kind = entry_kind::none;
     uint64_t bytes = 0;
 };
 
-/// One direct entry of a folder. For a link `is_folder` tells what it leads to.
+/// One direct entry of a folder. For a link `is_folder` is about its target.
 struct folder_entry {
     wide_string name;
     bool is_folder = false;
     bool is_link = false;
 };
 
-/// One entry of a tree of folders, with its whole path.
+/// One entry of a tree of folders, with its full path.
 struct tree_entry {
     wide_string path;
     bool is_folder = false;
@@ -68,21 +68,21 @@ class system {
 public:
     virtual ~system() = default;
 
-    /// What stands under `path`, links followed; `none` also for a broken link, a device or a pipe.
+    /// Returns what exists under `path`, following links; `none` also for a broken link, a device or a pipe.
     virtual entry_kind kind_of(const wide_string& path) = 0;
-    /// Bytes of a file; 0 for a folder and on failure.
+    /// Returns the size of a file in bytes; 0 for a folder and on failure.
     virtual uint64_t file_size(const wide_string& path) = 0;
 
-    /// Both in one question.
+    /// Returns both in one call.
     virtual entry_status status_of(const wide_string& path) { return {kind_of(path), file_size(path)}; }
 
     /// Copies a regular file with its modification time and permissions (attributes), as far as the target's
-    /// file system has them. A target that exists, also in another letter case, is refused unless `replace`;
-    /// a source that changes while it is read fails. After a failure there is no new target, and one that was
-    /// to be replaced stands as before. On POSIX holes of a sparse file stay holes, and blocks are shared
-    /// where the file system can.
+    /// file system has them. Fails if the target exists, also in another letter case, unless `replace`, and
+    /// if the source changes while it is read. After a failure there is no new target, and one that was to be
+    /// replaced is as before. On POSIX holes of a sparse file stay holes, and blocks are shared where the
+    /// file system can.
     virtual outcome copy_file(const wide_string& source, const wide_string& target, bool replace) = 0;
-    /// Removes a file, read-only too, or a link but not what it leads to; fails for a folder.
+    /// Removes a file, read-only too, or a link but not its target; fails for a folder.
     virtual outcome delete_file(const wide_string& path) = 0;
     /// Creates one level; fails if the name exists in any letter case or the level above does not.
     virtual outcome create_folder(const wide_string& path) = 0;
@@ -92,35 +92,35 @@ public:
     /// They are empty on failure, also if the folder could not be read to its end.
     virtual outcome list(const wide_string& path, std::vector<folder_entry>& entries) = 0;
 
-    /// Puts into `spelling` the name that the listing of `folder` holds for `name`, compared without letter
-    /// case ("." and ".." stand for themselves). False, with `spelling` untouched, if there is none.
+    /// Sets `spelling` to the name that the listing of `folder` has for `name`, compared without letter case
+    /// ("." and ".." are their own spelling). Returns false, with `spelling` unchanged, if there is none.
     virtual bool true_name(const wide_string& folder, const wide_string& name, wide_string& spelling) = 0;
-    /// True if both paths lead to one existing file or folder, through links or other spellings too.
+    /// True if both paths lead to the same existing file or folder, through links or other spellings too.
     virtual bool same_file(const wide_string& a, const wide_string& b) = 0;
-    /// Moves `from` to `to` in one folder in one step, replacing a file that stands there, a read-only one
-    /// too: a reader sees the old file or the new one. On failure both stand as before.
+    /// Moves `from` to `to` within one folder in one step, replacing a file of that name, a read-only one
+    /// too: a reader sees the old file or the new one. On failure both are as before.
     virtual outcome rename_over(const wide_string& from, const wide_string& to) = 0;
 
-    /// Opens a file that others may read meanwhile, and may not write while it is open to be written; the
+    /// Opens a file. Others can read it meanwhile, but cannot write it while it is open to be written. The
     /// caller owns `result`, which is null on failure. `create_always` creates the file or empties it.
-    /// `failure::in_use`: somebody else has the file open in a way that excludes this one, so that a later
-    /// try may succeed.
+    /// The failure `in_use` means that another program has the file open in a way that excludes this one; a
+    /// later try can succeed.
     virtual outcome open(const wide_string& path, access wanted, disposition how,
                          std::unique_ptr<file>& result) = 0;
     /// Sleeps about a millisecond, between two tries to open.
     virtual void pause_1ms() = 0;
-    /// Puts into `bytes` how many the user may still write on the volume of `folder`.
+    /// Sets `bytes` to what the user can still write on the volume of `folder`; unchanged on failure.
     virtual outcome free_space(const wide_string& folder, uint64_t& bytes) = 0;
 };
 
-/// The target's own system, never an override.
+/// Returns the target's own system, never an override.
 system& operating_system();
 
-/// The system in force: the innermost override, else `operating_system()`.
+/// Returns the innermost override, or `operating_system()` if there is none.
 system& current_system();
 
-/// Puts `replacement` in force for its own life. Overrides nest; they are made and ended on one thread while
-/// no other thread uses the system.
+/// Makes `replacement` the current system as long as this object exists. Overrides nest; they are created and
+/// destroyed on one thread while no other thread uses the system.
 class system_override {
 public:
     explicit system_override(system& replacement);
@@ -132,7 +132,7 @@ private:
     system* previous_;
 };
 
-/// The direct entries of `folder` as `list` gives them; none where it cannot be read to its end.
+/// Returns the direct entries of `folder` as `list` does, or none if it fails.
 std::vector<folder_entry> entries_or_none(system& files, const wide_string& folder);
 
 /// A folder that could not be listed.
@@ -141,8 +141,8 @@ struct unread_folder {
     outcome reason;
 };
 
-/// All entries below `folder` at all depths, each folder before its content; empty if there is no such
-/// folder. A link to a folder that holds it is told as an entry but not entered, so the walk always ends.
+/// Returns all entries below `folder` at all depths, each folder before its content; empty if there is no
+/// such folder. A link to a folder that contains it is an entry but is not entered, so the walk always ends.
 /// A folder that cannot be read counts as empty, and is added to `unread`.
 std::vector<tree_entry> list_tree(system& files, const wide_string& folder,
                                   std::vector<unread_folder>* unread = nullptr);

@@ -15,7 +15,10 @@ int check_case(const std::string& project, const std::string& report, const comm
     const wide_string path = platform::drive_path(report);
     if (const int end = create_text_file(path, context)) return end;
     const run_result result = context.check_path_case(path);
-    if (result.end == run_end::stopped) return stopped;
+    if (result.end == run_end::stopped) {
+        complain("interrupted; the text file was removed");
+        return stopped;
+    }
     if (result.written) return context.case_differs ? problems : done;
     for (const problem& each : problems_of(context)) complain(line_of(each));
     return not_saved;

@@ -44,7 +44,8 @@ constexpr const char* outside = "outside";
 
 std::string text_of(const std::string& kind) {
     if (kind == outside) return "is outside the new project's folder";
-    const auto row = std::ranges::find_if(all_kinds, [&](const kind_words& each) { return each.name == kind; });
+    const auto row =
+        std::ranges::find_if(all_kinds, [&](const kind_words& each) { return each.name == kind; });
     return row->text;
 }
 
@@ -58,24 +59,6 @@ std::unordered_map<wide_string, wide_string> refusals_of_host() {
     for (const shell::refused_file& refused : shell::settings().refused_writes)
         all.insert_or_assign(path_key(refused.path), refused.reason);
     return all;
-}
-
-// Files that are entered as made and do not exist, or not where they should be. After a stop what was made
-// may have been erased again.
-void add_misplaced(const project_context& context, std::vector<problem>& all) {
-    if (context.report.stopped) return;
-    std::unordered_set<wide_string> known;
-    for (const problem& each : all)
-        if (each.kind == name_of(fact_kind::not_written)) known.insert(path_key(each.new_path));
-    const path_placement& placement = context.placement;
-    const wide_string below = path_key(placement.new_folder) + u'\\';
-    for (const placed_file& file : placement.placed) {
-        if (file.new_path == placement.log_path) continue; // entered whether it is written or not
-        const wide_string key = path_key(file.new_path);
-        if (!known.contains(key) && !path_exists(file.new_path))
-            all.push_back({name_of(fact_kind::not_written), {}, file.old_path, file.new_path, {}});
-        if (!key.starts_with(below)) all.push_back({outside, {}, file.old_path, file.new_path, {}});
-    }
 }
 
 } // namespace
@@ -98,10 +81,25 @@ std::vector<problem> problems_of(const project_context& context) {
         const auto row = refusals.find(path_key(each.new_path));
         if (row != refusals.end()) found.reason = row->second;
     }
-    add_misplaced(context, all);
     if (context.report.incomplete)
         all.push_back({name_of(fact_kind::exception_caught), {}, {}, {}, u"too little memory to report"});
     return all;
+}
+
+void add_misplaced(const project_context& context, std::vector<problem>& all) {
+    if (context.report.stopped) return;
+    std::unordered_set<wide_string> known;
+    for (const problem& each : all)
+        if (each.kind == name_of(fact_kind::not_written)) known.insert(path_key(each.new_path));
+    const path_placement& placement = context.placement;
+    const wide_string below = path_key(placement.new_folder) + u'\\';
+    for (const placed_file& file : placement.placed) {
+        if (file.new_path == placement.log_path) continue; // entered whether it is written or not
+        const wide_string key = path_key(file.new_path);
+        if (!known.contains(key) && !path_exists(file.new_path))
+            all.push_back({name_of(fact_kind::not_written), {}, file.old_path, file.new_path, {}});
+        if (!key.starts_with(below)) all.push_back({outside, {}, file.old_path, file.new_path, {}});
+    }
 }
 
 bool is_notice(const problem& found) {

@@ -18,7 +18,8 @@ struct problem {
     vs::project_resave::element_name element; // all empty where it belongs to no element
     wide_string path;                         // both as the project stores them; may be empty
     wide_string new_path;
-    wide_string reason; // in the operating system's words, or the layer type, or where an exception was caught
+    wide_string
+        reason; // in the operating system's words, or the layer type, or where an exception was caught
 };
 
 // The name of a kind in JSON.
@@ -26,6 +27,9 @@ const char* name_of(vs::project_resave::fact_kind kind);
 problem problem_of(const vs::project_resave::fact& fact);
 // The facts of the last run, what the host could not write among them with its reason.
 std::vector<problem> problems_of(const vs::project_resave::project_context& context);
+// Adds the files of a resave that are entered as made and do not exist, and those outside the new project's
+// folder. After a stop what was made may have been erased again, so nothing is added.
+void add_misplaced(const vs::project_resave::project_context& context, std::vector<problem>& all);
 // True for what a run does as it is asked to: a renamed copy, a scene file written over.
 bool is_notice(const problem& found);
 

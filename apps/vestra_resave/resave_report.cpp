@@ -41,6 +41,7 @@ std::vector<copied_file> copies_of(const path_placement& placement,
 resave_report report_of(const project_context& context, const run_result& result) {
     resave_report report;
     report.problems = problems_of(context);
+    add_misplaced(context, report.problems);
     const std::unordered_set<wide_string> failed = unwritten(report.problems);
     report.files = copies_of(context.placement, failed);
     // The run asks only whether a project of that name exists, which can be an older one.
@@ -93,6 +94,7 @@ void print_json(const resave_report& report, const std::optional<verification>& 
 }
 
 void print_problems(const resave_report& report) {
+    if (report.exit == stopped) complain("interrupted");
     for (const problem& each : report.problems)
         if (each.kind != name_of(fact_kind::renamed)) complain(line_of(each));
 }

@@ -17,7 +17,10 @@ int write_structure(const structure_request& request, const common_options& opti
     structure_settings settings = request.settings;
     settings.output_path = path.c_str();
     const run_result result = context.save_structure(settings);
-    if (result.end == run_end::stopped) return stopped;
+    if (result.end == run_end::stopped) {
+        complain("interrupted; the text file was removed");
+        return stopped;
+    }
     if (result.written) return done;
     for (const problem& each : problems_of(context)) complain(line_of(each));
     return not_saved;

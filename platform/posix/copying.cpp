@@ -1,5 +1,3 @@
-#include "platform/posix/copying.h"
-
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -12,7 +10,8 @@
 #include <utility>
 #include <vector>
 
-#include "platform/posix/open_file.h"
+#include "platform/file_parts.h"
+#include "platform/posix/native_paths.h"
 #include "platform/posix/volumes.h"
 
 namespace vs::project_resave::platform {
@@ -138,8 +137,8 @@ void copy_attributes(int target, const struct stat& status, mode_t permissions) 
 // Beside the target, so that it can take its place in one step.
 std::string temporary_name(const std::string& target) {
     static std::atomic<unsigned> count{0};
-    const std::string folder = target.substr(0, target.rfind('/') + 1);
-    return folder + ".copy-" + std::to_string(::getpid()) + "-" + std::to_string(++count) + ".tmp";
+    const std::string number = std::to_string(::getpid()) + "-" + std::to_string(++count);
+    return joined(folder_of(target), ".copy-" + number + ".tmp");
 }
 
 } // namespace
@@ -167,6 +166,17 @@ outcome copy_regular_file(const wide_string& source, const wide_string& target_p
     if (!result) return result;
     copy_attributes(out.get(), status, permissions);
     return replaces ? out.keep_in_place_of(target) : out.keep();
+}
+
+outcome rename_file_over(const wide_string& from, const wide_string& to) {
+    const auto source = mapped_volumes().native(from, true);
+    const auto target = mapped_volumes().to_create(to);
+    if (!source || !target) return source ? target.result : source.result;
+    names().before_change(source.path);
+    if (std::rename(source.path.c_str(), target.path.c_str()) != 0) return outcome::last();
+    if (source.path != target.path) names().removed(source.path);
+    names().created(target.path);
+    return {};
 }
 
 } // namespace vs::project_resave::platform

@@ -1,5 +1,4 @@
 #include <dirent.h>
-#include <fcntl.h>
 #include <sys/stat.h>
 #include <sys/statvfs.h>
 #include <unistd.h>
@@ -7,16 +6,14 @@
 #include <algorithm>
 #include <cerrno>
 #include <chrono>
-#include <cstdio>
 #include <memory>
 #include <optional>
 #include <string_view>
 #include <thread>
 
-#include "platform/posix/copying.h"
-#include "platform/posix/open_file.h"
+#include "platform/file_parts.h"
+#include "platform/posix/native_paths.h"
 #include "platform/posix/volumes.h"
-#include "platform/system.h"
 #include "platform/text.h"
 
 namespace vs::project_resave::platform {
@@ -29,7 +26,7 @@ native_answer existing(const wide_string& path) { return mapped_volumes().native
 native_answer wanted(const wide_string& path) { return mapped_volumes().to_create(path); }
 
 folder_entry entry_of(const std::string& folder, const dirent& found) {
-    const std::string path = folder + "/" + found.d_name;
+    const std::string path = joined(folder, found.d_name);
     struct stat status {};
     const bool is_known = found.d_type != DT_UNKNOWN;
     const bool is_link =
@@ -127,31 +124,12 @@ public:
     }
 
     outcome rename_over(const wide_string& from, const wide_string& to) override {
-        const auto source = existing(from);
-        const auto target = wanted(to);
-        if (!source || !target) return source ? target.result : source.result;
-        names().before_change(source.path);
-        if (std::rename(source.path.c_str(), target.path.c_str()) != 0) return outcome::last();
-        if (source.path != target.path) names().removed(source.path);
-        names().created(target.path);
-        return {};
+        return rename_file_over(from, to);
     }
 
     outcome open(const wide_string& path, access access_wanted, disposition how,
                  std::unique_ptr<file>& result) override {
-        result.reset();
-        const bool writes = access_wanted == access::read_write;
-        descriptor opened;
-        if (how == disposition::open_existing) {
-            const outcome found = open_existing(path, writes ? O_RDWR : O_RDONLY, opened);
-            return found ? lock_regular_file(std::move(opened), writes, false, result) : found;
-        }
-        const auto native = wanted(path);
-        if (!native) return native.result;
-        const outcome created = create_native(native.path, O_RDWR, 0666, opened);
-        if (!created) return created;
-        names().created(native.path);
-        return lock_regular_file(std::move(opened), true, true, result);
+        return open_regular_file(path, access_wanted, how, result);
     }
 
     void pause_1ms() override { std::this_thread::sleep_for(std::chrono::milliseconds(1)); }

@@ -1,5 +1,3 @@
-#include "platform/posix/open_file.h"
-
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -8,6 +6,7 @@
 #include <cerrno>
 #include <utility>
 
+#include "platform/file_parts.h"
 #include "platform/posix/volumes.h"
 
 namespace vs::project_resave::platform {
@@ -55,6 +54,20 @@ private:
     descriptor content_;
 };
 
+// Makes a file of `opened` if that is a regular one: shared by readers, alone for a writer, and empty if
+// `empties`. The lock is advisory: it holds against processes that use it too.
+outcome lock_regular_file(descriptor opened, bool writes, bool empties, std::unique_ptr<file>& result) {
+    struct stat status {};
+    if (const outcome regular = regular_status(opened, status); !regular) return regular;
+
+    // Where locks are unknown the file is used without.
+    const int lock = (writes ? LOCK_EX : LOCK_SH) | LOCK_NB;
+    if (::flock(opened.get(), lock) != 0 && errno == EWOULDBLOCK) return failure::in_use;
+    if (empties && ::ftruncate(opened.get(), 0) != 0) return outcome::last();
+    result = std::make_unique<open_file>(std::move(opened));
+    return {};
+}
+
 } // namespace
 
 outcome create_native(const std::string& path, int flags, unsigned mode, descriptor& opened) {
@@ -80,17 +93,21 @@ outcome regular_status(const descriptor& opened, struct stat& status) {
     return S_ISREG(status.st_mode) ? outcome() : outcome::because(u"not a regular file");
 }
 
-outcome lock_regular_file(descriptor opened, bool writes, bool empties, std::unique_ptr<file>& result) {
+outcome open_regular_file(const wide_string& path, access wanted, disposition how,
+                          std::unique_ptr<file>& result) {
     result.reset();
-    struct stat status {};
-    if (const outcome regular = regular_status(opened, status); !regular) return regular;
-
-    // Where locks are unknown the file is used without.
-    const int lock = (writes ? LOCK_EX : LOCK_SH) | LOCK_NB;
-    if (::flock(opened.get(), lock) != 0 && errno == EWOULDBLOCK) return failure::in_use;
-    if (empties && ::ftruncate(opened.get(), 0) != 0) return outcome::last();
-    result = std::make_unique<open_file>(std::move(opened));
-    return {};
+    const bool writes = wanted == access::read_write;
+    descriptor opened;
+    if (how == disposition::open_existing) {
+        const outcome found = open_existing(path, writes ? O_RDWR : O_RDONLY, opened);
+        return found ? lock_regular_file(std::move(opened), writes, false, result) : found;
+    }
+    const auto native = mapped_volumes().to_create(path);
+    if (!native) return native.result;
+    const outcome created = create_native(native.path, O_RDWR, 0666, opened);
+    if (!created) return created;
+    mapped_volumes().names().created(native.path);
+    return lock_regular_file(std::move(opened), true, true, result);
 }
 
 } // namespace vs::project_resave::platform

@@ -10,6 +10,8 @@
 #include <filesystem>
 #include <utility>
 
+#include "platform/path_text.h"
+#include "platform/posix/native_paths.h"
 #include "platform/text.h"
 #include "platform/volumes.h"
 
@@ -17,37 +19,8 @@ namespace vs::project_resave::platform {
 
 namespace {
 
-bool is_separator(char c) { return c == '\\' || c == '/'; }
 bool is_letter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
-size_t drive_index(char letter) { return static_cast<size_t>((letter | 0x20) - 'a'); }
-
-bool has_drive(std::string_view path) { return path.size() > 1 && is_letter(path[0]) && path[1] == ':'; }
-
-std::string absolute(const std::string& native) {
-    std::error_code failed;
-    std::string path = std::filesystem::absolute(native, failed).lexically_normal().native();
-    if (path.size() > 1 && path.ends_with('/')) path.pop_back();
-    return failed ? std::string() : path;
-}
-
-// `path` below `base`, of which ".." takes nothing away.
-std::string below(const std::string& base, std::string_view path) {
-    std::string result = base;
-    if (result.ends_with('/')) result.pop_back();
-    const size_t top = result.size();
-    result.reserve(base.size() + path.size() + 1);
-    while (!path.empty()) {
-        const size_t end = std::min(path.find_first_of("\\/"), path.size());
-        const std::string_view piece = path.substr(0, end);
-        path.remove_prefix(std::min(end + 1, path.size()));
-        if (piece.empty() || piece == ".") continue;
-        if (piece != "..")
-            result.append("/").append(piece);
-        else if (result.size() > top)
-            result.erase(result.rfind('/'));
-    }
-    return result.empty() ? "/" : result;
-}
+size_t drive_index(char16_t letter) { return static_cast<size_t>((letter | 0x20) - 'a'); }
 
 native_answer refused(const char16_t* reason) { return {{}, outcome::because(reason)}; }
 
@@ -94,24 +67,24 @@ std::string volumes::assignments() const {
 }
 
 native_answer volumes::as_asked(const wide_string& drive_path) const {
-    const std::string path = to_utf8(drive_path);
+    const wide_view path = drive_path;
     const bool is_network_path = path.size() > 1 && is_separator(path[0]) && is_separator(path[1]);
     if (path.empty()) return refused(u"the path is empty");
     if (is_network_path) return refused(u"network paths are unknown on this system");
-    if (path.find('\0') != std::string::npos) return refused(u"the path has a zero character");
+    if (path.find(u'\0') != wide_view::npos) return refused(u"the path has a zero character");
 
     const std::lock_guard guard(mutex_);
     std::string exact;
-    if (has_drive(path)) {
+    if (!path_root(path).empty()) {
         const std::string& drive = drives_[drive_index(path[0])];
         if (drive.empty()) return refused(u"no folder is assigned to the drive");
-        exact = below(drive, std::string_view(path).substr(2));
+        exact = below(drive, to_utf8(path.substr(2)));
     } else if (is_separator(path[0])) {
-        exact = below("/", path);
+        exact = below("/", to_utf8(path));
     } else {
         const std::string current = absolute(".");
         if (current.empty()) return refused(u"the current folder is gone");
-        exact = below("/", current + "/" + path);
+        exact = below("/", current + "/" + to_utf8(path));
     }
     if (exact.size() >= PATH_MAX) return {{}, outcome::native(ENAMETOOLONG)};
     return {std::move(exact), {}};
@@ -158,7 +131,7 @@ std::string volumes::spelled(const std::string& native, outcome& exists) {
 }
 
 std::string volumes::spelled_by_listing(const std::string& native, bool& exists) {
-    std::string folder = folder_of(native);
+    std::string folder(folder_of(native));
     const std::string_view name = name_of(native);
     bool is_folder = false;
     auto entry = names_.find(folder, name, is_folder);
@@ -208,7 +181,8 @@ bool add_drive(std::string_view assignment, std::string& message) {
 
 wide_string drive_path(std::string_view argument) {
     if (argument.empty()) return {};
-    if (has_drive(argument)) return from_utf8(argument);
+    wide_string typed = from_utf8(argument);
+    if (!path_root(typed).empty()) return typed;
     return mapped_volumes().drive_path(std::string(argument));
 }
 

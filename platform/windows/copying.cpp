@@ -1,10 +1,10 @@
-#include "platform/windows/copying.h"
-
 #include <algorithm>
 #include <atomic>
 #include <iterator>
 #include <string>
 
+#include "platform/file_parts.h"
+#include "platform/path_text.h"
 #include "platform/windows/paths.h"
 
 namespace vs::project_resave::platform {
@@ -15,9 +15,7 @@ namespace {
 wide_string temporary_name(const wide_string& target) {
     static std::atomic<unsigned> count{0};
     const std::wstring number = std::to_wstring(GetCurrentProcessId()) + L"-" + std::to_wstring(++count);
-    const size_t separator = target.find_last_of(u"\\/");
-    const wide_string folder = separator == wide_string::npos ? u"" : target.substr(0, separator + 1);
-    return folder + u".copy-" + text16(number.c_str()) + u".tmp";
+    return path_head(target) + u".copy-" + text16(number.c_str()) + u".tmp";
 }
 
 using file_state = WIN32_FILE_ATTRIBUTE_DATA;
@@ -58,25 +56,30 @@ outcome copy_whole(const wide_string& from, const wide_string& to) {
     return copied;
 }
 
-} // namespace
-
-outcome rename_file_over(const wide_string& from, const wide_string& to) {
+// Both are paths of the operating system.
+outcome replace(const wide_string& from, const wide_string& to) {
     return in_spite_of_read_only(to, [&] {
         return MoveFileExW(wide(from.c_str()), wide(to.c_str()), MOVEFILE_REPLACE_EXISTING) != FALSE;
     });
 }
 
-outcome copy_regular_file(const wide_string& source, const wide_string& target, bool replace) {
+} // namespace
+
+outcome copy_regular_file(const wide_string& source, const wide_string& target, bool replaces) {
     const wide_string from = system_path(source);
     const wide_string to = system_path(target);
     file_state existing{};
-    if (!replace || !state_of(to, existing)) return copy_whole(from, to);
+    if (!replaces || !state_of(to, existing)) return copy_whole(from, to);
 
     const wide_string beside = system_path(temporary_name(target));
     if (const outcome copied = copy_whole(from, beside); !copied) return copied;
-    const outcome renamed = rename_file_over(beside, to);
+    const outcome renamed = replace(beside, to);
     if (!renamed) remove(beside);
     return renamed;
+}
+
+outcome rename_file_over(const wide_string& from, const wide_string& to) {
+    return replace(system_path(from), system_path(to));
 }
 
 } // namespace vs::project_resave::platform

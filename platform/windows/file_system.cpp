@@ -1,10 +1,10 @@
 #include <algorithm>
 #include <optional>
 
+#include "platform/file_parts.h"
+#include "platform/path_text.h"
 #include "platform/system.h"
 #include "platform/text.h"
-#include "platform/windows/copying.h"
-#include "platform/windows/open_file.h"
 #include "platform/windows/paths.h"
 
 namespace vs::project_resave::platform {
@@ -84,8 +84,7 @@ public:
             const outcome found = attributes_of(path, data);
             return found ? outcome::native(ERROR_DIRECTORY) : found;
         }
-        const bool has_separator = path.ends_with(u'\\') || path.ends_with(u'/');
-        const wide_string pattern = system_path(path + (has_separator ? u"*" : u"\\*"));
+        const wide_string pattern = system_path(path_with_separator(path) + u"*");
         WIN32_FIND_DATAW found{};
         const HANDLE search = FindFirstFileW(wide(pattern.c_str()), &found);
         if (search == INVALID_HANDLE_VALUE) { // an empty drive has no entry at all
@@ -113,8 +112,7 @@ public:
         }
         if (folder.empty() || name.empty()) return false;
         if (name.find_first_of(u"\\/:*?<>\"") != wide_string::npos) return false;
-        const bool has_separator = folder.ends_with(u'\\') || folder.ends_with(u'/');
-        const wide_string path = system_path(folder + (has_separator ? u"" : u"\\") + name);
+        const wide_string path = system_path(path_with_separator(folder) + name);
         WIN32_FIND_DATAW found{};
         const HANDLE search = FindFirstFileW(wide(path.c_str()), &found);
         if (search == INVALID_HANDLE_VALUE) return false;
@@ -134,7 +132,7 @@ public:
     }
 
     outcome rename_over(const wide_string& from, const wide_string& to) override {
-        return rename_file_over(system_path(from), system_path(to));
+        return rename_file_over(from, to);
     }
 
     outcome open(const wide_string& path, access access_wanted, disposition how,

@@ -1,7 +1,6 @@
-#include "platform/windows/open_file.h"
-
 #include <algorithm>
 
+#include "platform/file_parts.h"
 #include "platform/windows/paths.h"
 
 namespace vs::project_resave::platform {

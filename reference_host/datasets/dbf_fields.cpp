@@ -7,13 +7,13 @@
 #include <memory>
 #include <string_view>
 
+#include "platform/path_text.h"
 #include "platform/system.h"
 #include "platform/text.h"
-#include "reference_host/datasets/path_parts.h"
 
 namespace vestra::datasets {
 
-namespace platform = vs::project_resave::platform;
+using namespace vs::project_resave;
 
 namespace {
 
@@ -47,8 +47,7 @@ unsigned named_code_page(std::string_view name) {
 }
 
 unsigned code_page_of(const wide_string& path, std::size_t mark) {
-    const path_parts main = parts_of(path);
-    const std::string named = first_bytes(main.head + main.stem + u".cpg", 32);
+    const std::string named = first_bytes(path_head(path) + path_stem(path) + u".cpg", 32);
     if (!named.empty()) return named_code_page(named);
     switch (mark) {
     case 0x03:

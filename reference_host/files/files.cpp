@@ -3,6 +3,7 @@
 #include <string_view>
 #include <utility>
 
+#include "platform/path_text.h"
 #include "platform/system.h"
 #include "platform/text.h"
 #include "platform/volumes.h"
@@ -34,8 +35,8 @@ pugi::xml_node start(pugi::xml_document& document, const char* root_name) {
 
 // The folder that relative references are measured from; a bare name stands in the current one.
 wide_string folder_of_file(const wide_string& path) {
-    const wide_string head = head_of(path);
-    return head.empty() ? head_of(platform::drive_path(platform::to_utf8(path))) : head;
+    const wide_string head = path_head(path);
+    return head.empty() ? path_head(platform::drive_path(platform::to_utf8(path))) : head;
 }
 
 class file_sink : public pugi::xml_writer {

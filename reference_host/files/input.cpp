@@ -24,24 +24,8 @@ wide_string quoted(std::string_view value) {
     return u"\"" + text + u"\"";
 }
 
-// Length of the UTF-8 character at the front, 0 if there is none: also for overlong forms and surrogates.
-std::size_t character_length(std::string_view bytes) {
-    const auto byte = [&](std::size_t place) {
-        return place < bytes.size() ? static_cast<unsigned char>(bytes[place]) : 0U;
-    };
-    const auto follows = [&](std::size_t place) { return (byte(place) & 0xC0) == 0x80; };
-    const unsigned first = byte(0);
-    if (first < 0x80) return first >= 0x20 || first == '\t' || first == '\n' || first == '\r' ? 1 : 0;
-    if (first >= 0xC2 && first <= 0xDF) return follows(1) ? 2 : 0;
-    if (first >= 0xE0 && first <= 0xEF) {
-        if ((first == 0xE0 && byte(1) < 0xA0) || (first == 0xED && byte(1) >= 0xA0)) return 0;
-        return follows(1) && follows(2) ? 3 : 0;
-    }
-    if (first >= 0xF0 && first <= 0xF4) {
-        if ((first == 0xF0 && byte(1) < 0x90) || (first == 0xF4 && byte(1) >= 0x90)) return 0;
-        return follows(1) && follows(2) && follows(3) ? 4 : 0;
-    }
-    return 0;
+bool is_control(char c) {
+    return static_cast<unsigned char>(c) < 0x20 && c != '\t' && c != '\n' && c != '\r';
 }
 
 } // namespace
@@ -77,16 +61,11 @@ bool input::read(const wide_string& path) {
 bool input::check_text() {
     for (std::size_t place = 0; place < bytes_.size(); ++place)
         if (bytes_[place] == '\n') line_ends_.push_back(place);
-    const std::string_view bytes = bytes_;
-    for (std::size_t place = 0; place < bytes.size();) {
-        const std::size_t length = character_length(bytes.substr(place, 4));
-        if (length == 0) {
-            refuse_line(line_at(place), u"the file is no UTF-8 text");
-            return false;
-        }
-        place += length;
-    }
-    return true;
+    const auto control = std::ranges::find_if(bytes_, is_control) - bytes_.begin();
+    const std::size_t good = std::min(platform::valid_utf8_length(bytes_), static_cast<std::size_t>(control));
+    if (good == bytes_.size()) return true;
+    refuse_line(line_at(good), u"the file is no UTF-8 text");
+    return false;
 }
 
 bool input::parse() {

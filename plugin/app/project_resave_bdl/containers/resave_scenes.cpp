@@ -82,7 +82,8 @@ bool Tvs_resave_scene_2d::write_scene_file() {
     if (path_exists(path)) {
         switch (context->options.scene_file_on_exists) {
         case on_existing_file::rewrite:
-            platform::current_system().delete_file(path);
+            if (platform::current_system().delete_file(path))
+                context->report.add(fact_kind::written_over, {}, path);
             break;
         case on_existing_file::new_name:
             path = next_scene_file_name(path);

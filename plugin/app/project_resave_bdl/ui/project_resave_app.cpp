@@ -1,5 +1,6 @@
 #include "ui/project_resave_app.h"
 
+#include "framework/local_factory.h"
 #include "framework/resources/strings.h"
 #include "services/collect_services.h"
 
@@ -30,7 +31,7 @@ void project_resave_app::docker::set_parent(identity_pointer window) {
 }
 
 project_resave_app::project_resave_app(const bundle_context&)
-    : content(*new docker(&services)), content_held(pointer_to<docker_impl>(content)),
+    : content((look_for_localizer(), *new docker(&services))), content_held(pointer_to<docker_impl>(content)),
       buttons({{load_string(text::host_run), run_code}, {load_string(text::host_close), close_code}},
               [this] { return content.panel.run_active_tab(); }) {
     collect_resave_services(services);
