@@ -7,21 +7,14 @@ namespace vestra::command {
 
 using namespace vs::project_resave;
 
-namespace {
-
-constexpr int32_t add_referenced_text = 214;
-constexpr int32_t erase_created_text = 359;
-
-} // namespace
-
 bool command_questions::add_referenced() {
     return decided_.add_referenced ? *decided_.add_referenced
-                                   : person_.yes_no(load_string(add_referenced_text));
+                                   : person_.yes_no(load_string(text::add_referenced_elements));
 }
 
 stop_answer command_questions::on_stop() {
     if (decided_.on_stop) return *decided_.on_stop;
-    switch (person_.yes_no_cancel(load_string(erase_created_text))) {
+    switch (person_.yes_no_cancel(load_string(text::erase_created_files))) {
     case shell::answer::cancel:
         return stop_answer::go_on;
     case shell::answer::yes:

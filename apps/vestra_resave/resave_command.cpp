@@ -21,8 +21,6 @@ using namespace vs::project_resave;
 
 namespace {
 
-constexpr int32_t same_name = 527;
-
 // The levels of the new project's folder that were missing, deepest first.
 std::vector<wide_string> missing_levels(wide_string folder) {
     std::vector<wide_string> missing;
@@ -48,7 +46,7 @@ run_end_or_exit run(session& host, const resave_request& request, const common_o
     const wide_string source = platform::drive_path(request.project);
     const wide_string target = platform::drive_path(request.new_project);
     if (is_same_file(source, target)) {
-        complain(shell::printable(load_string(same_name)));
+        complain(shell::printable(load_string(text::same_project_name)));
         return wrong_use;
     }
     const bool has_name = request.new_project.find_last_of("/\\") + 1 != request.new_project.size();

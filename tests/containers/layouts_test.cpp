@@ -117,7 +117,7 @@ TEST_F(layouts, a_legend_keeps_layers_that_are_lost_or_left_out) {
                   "Lost files Image\n",
               outcome());
     size_t removals = 0;
-    const std::string told = platform::to_utf8(load_string(611));
+    const std::string told = platform::to_utf8(load_string(text::layer_3d_removed));
     for (size_t at = log.find(told); at != std::string::npos; at = log.find(told, at + 1)) ++removals;
     EXPECT_EQ(5U, removals) << "told for the signs too";
 

@@ -103,8 +103,8 @@ struct text_row {
     std::optional<wide_view> english;
 };
 
-#define VS_TEXT(id, base, english) {id, base, wide_view{english}},
-#define VS_TEXT_BASE_ONLY(id, base) {id, base, std::nullopt},
+#define VS_TEXT(id, name, base, english) {id, base, wide_view{english}},
+#define VS_TEXT_BASE_ONLY(id, name, base) {id, base, std::nullopt},
 
 const std::vector<text_row> bundle_rows = {
 #include "framework/resources/texts/bundle_texts.inc"

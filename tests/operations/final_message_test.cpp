@@ -26,7 +26,8 @@ TEST_F(final_message, the_worst_comes_first_and_everything_that_went_wrong_is_na
     run_report stopped = full, unsaved = full, erased = full;
     stopped.stopped = erased.stopped = true;
     unsaved.saved = erased.saved = false;
-    const wide_string head = u"Resave processing error:\n\n" + load_string(522) + u"\n\n";
+    const wide_string head =
+        u"Resave processing error:\n\n" + load_string(text::references_not_settled) + u"\n\n";
     const struct {
         const run_report& told;
         kind box;

@@ -1,4 +1,5 @@
 // One fault of the system at a time, at every place of a run where it can strike.
+#include "framework/resources/text_rows.h"
 #include "tests/operations/broken_run.h"
 #include "tests/support/faulty_system.h"
 
@@ -58,7 +59,8 @@ TEST_F(run_faults, a_run_that_breaks_off_leaves_nothing_loaded_and_the_next_one_
         settings.structure_variant = static_cast<project_resave::structure>(structure);
         for (size_t at = 1; !run(at, true).empty(); ++at) {
             SCOPED_TRACE(at);
-            EXPECT_EQ((std::vector<front::event>{{kind::error, load_string(509)}}), told());
+            EXPECT_EQ((std::vector<front::event>{{kind::error, load_string(text::project_not_saved)}}),
+                      told());
             expect_nothing_left_over();
             EXPECT_FALSE(path_exists(output));
         }
@@ -85,7 +87,8 @@ TEST_F(run_faults, a_load_that_breaks_off_is_told_and_leaves_nothing_and_the_nex
             const platform::system_override in_force(faults);
             const bool loaded = context->load_project(source, true, false);
             failures = faults.failed.size();
-            EXPECT_EQ(loaded ? 0 : 1, std::ranges::count(errors(), load_string(500)));
+            EXPECT_EQ(loaded ? 0 : 1,
+                      std::ranges::count(errors(), load_string(text::failed_to_load_project)));
             EXPECT_EQ(loaded, context->project != nullptr);
             EXPECT_EQ(loaded, !context->tree.empty() || !context->units.rows().empty());
             EXPECT_EQ(loaded, context->sizes.total_kb() > 0);

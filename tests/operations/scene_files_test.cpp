@@ -26,7 +26,8 @@ protected:
     strings write_files(uint32_t on_exists) {
         script.events.clear();
         EXPECT_TRUE(context->create_scene_files({u"unused", static_cast<on_existing_file>(on_exists)}));
-        EXPECT_EQ(std::vector<wide_string>{load_string(514)}, script.texts(kind::message));
+        EXPECT_EQ(std::vector<wide_string>{load_string(text::scene_files_saved)},
+                  script.texts(kind::message));
         EXPECT_EQ(0U, script.open_windows);
         return files();
     }

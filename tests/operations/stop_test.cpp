@@ -1,4 +1,5 @@
 // A stop at every point at which a run asks for one, under every folder structure.
+#include "framework/resources/text_rows.h"
 #include "tests/operations/broken_run.h"
 
 namespace vs::project_resave {
@@ -59,7 +60,7 @@ TEST_F(stopping, a_cancelled_stop_changes_nothing) {
         older();
         stop_at(poll, answer::cancel);
         EXPECT_EQ(1U, script.texts(kind::yes_no_cancel).size());
-        EXPECT_EQ((std::vector<wide_string>{load_string(502)}), script.texts(kind::message));
+        EXPECT_EQ((std::vector<wide_string>{load_string(text::project_saved)}), script.texts(kind::message));
         EXPECT_EQ(whole, files());
     }
 }

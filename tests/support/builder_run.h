@@ -30,7 +30,8 @@ protected:
 
     // How often the user was asked whether to add what is referred to.
     size_t questions() const {
-        return static_cast<size_t>(std::ranges::count(script.texts(front::kind::yes_no), load_string(214)));
+        return static_cast<size_t>(std::ranges::count(script.texts(front::kind::yes_no),
+                                                      load_string(text::add_referenced_elements)));
     }
 
     project_builder builder;

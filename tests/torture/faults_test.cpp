@@ -59,7 +59,9 @@ protected:
             expect_nothing_left();
             EXPECT_EQ("", difference(before_, sources()));
             const bool saved = loaded && context->report.saved;
-            EXPECT_EQ(saved ? std::vector<wide_string>() : std::vector{load_string(loaded ? 509 : 500)},
+            EXPECT_EQ(saved ? std::vector<wide_string>()
+                            : std::vector{load_string(loaded ? text::project_not_saved
+                                                             : text::failed_to_load_project)},
                       errors());
             EXPECT_TRUE(saved || read(u"N:\\out\\new_log.txt").find("Project saved") == std::string::npos);
             if (saved) expect_all_there_or_told(unseen.contains(*kinds.begin()));

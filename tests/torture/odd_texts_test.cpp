@@ -116,12 +116,12 @@ protected:
         const tree_state before = everything();
         if (torture::runs::run()) {
             EXPECT_TRUE(context->report.unprocessed_types().empty());
-            EXPECT_TRUE(context->report.saved || errors().back() == load_string(509));
+            EXPECT_TRUE(context->report.saved || errors().back() == load_string(text::project_not_saved));
             if (context->report.saved) expect_all_there_or_told();
             ++met[context->report.saved ? "odd texts saved" : "odd texts not saved, and told"];
             erase_outside();
         } else {
-            EXPECT_EQ((std::vector<wide_string>{load_string(500)}), errors());
+            EXPECT_EQ((std::vector<wide_string>{load_string(text::failed_to_load_project)}), errors());
             ++met["odd texts refused"];
         }
         expect_nothing_left();

@@ -26,11 +26,11 @@ void Tvs_resave_scns_layout::build() {
         place(index, std::make_unique<Tvs_resave_scn_layout>(vs_scns_2d_get(layouts, index), *context));
 }
 
-void Tvs_resave_scns_layout::before_children() { context->progress.set_caption(354); }
+void Tvs_resave_scns_layout::before_children() { context->progress.set_caption(text::saving_layouts); }
 vs_entities* Tvs_resave_scns_layout::container() {
     return layouts ? vs_scns_2d_safe_upcast(layouts) : nullptr;
 }
-wide_string Tvs_resave_scns_layout::heading() { return load_string(626); }
+wide_string Tvs_resave_scns_layout::heading() { return load_string(text::layouts_heading); }
 void Tvs_resave_scns_layout::remove_child(uint32_t index) { vs_scns_2d_del(layouts, index); }
 
 void Tvs_resave_scn_layout::build() {

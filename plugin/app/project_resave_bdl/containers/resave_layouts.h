@@ -8,8 +8,7 @@ namespace vs::project_resave {
 class Tvs_resave_scns_layout final : public Tvs_resave_list {
 public:
     // The collection is the project's.
-    Tvs_resave_scns_layout(vs_scns_2d* handle, run_state& run)
-        : Tvs_resave_list(run), layouts(handle) {}
+    Tvs_resave_scns_layout(vs_scns_2d* handle, run_state& run) : Tvs_resave_list(run), layouts(handle) {}
 
     void build() override;
     void before_children() override;

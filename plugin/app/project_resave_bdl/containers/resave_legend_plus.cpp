@@ -15,7 +15,7 @@
 namespace vs::project_resave {
 
 wide_string legend_folder_for(const wide_string& first, const wide_string& /*second*/) {
-    wide_string folder = load_string(406);
+    wide_string folder = load_string(text::legend_plus_folder);
     if (first.empty()) folder = path_join(folder, first);
     return folder;
 }

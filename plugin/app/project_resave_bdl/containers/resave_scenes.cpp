@@ -133,9 +133,9 @@ bool Tvs_resave_scenes_2d::write_scene_file() {
     return true;
 }
 
-void Tvs_resave_scenes_2d::before_children() { context->progress.set_caption(350); }
+void Tvs_resave_scenes_2d::before_children() { context->progress.set_caption(text::saving_scenes_2d); }
 vs_entities* Tvs_resave_scenes_2d::container() { return scenes ? vs_scns_2d_safe_upcast(scenes) : nullptr; }
-wide_string Tvs_resave_scenes_2d::heading() { return load_string(620); }
+wide_string Tvs_resave_scenes_2d::heading() { return load_string(text::scenes_2d_heading); }
 void Tvs_resave_scenes_2d::remove_child(uint32_t index) { vs_scns_2d_del(scenes, index); }
 
 void Tvs_resave_scenes_3d::build() {
@@ -145,9 +145,9 @@ void Tvs_resave_scenes_3d::build() {
         place(index, std::make_unique<Tvs_resave_scene_3d>(vs_scns_3d_get(scenes, index), *context));
 }
 
-void Tvs_resave_scenes_3d::before_children() { context->progress.set_caption(351); }
+void Tvs_resave_scenes_3d::before_children() { context->progress.set_caption(text::saving_scenes_3d); }
 vs_entities* Tvs_resave_scenes_3d::container() { return scenes ? vs_scns_3d_safe_upcast(scenes) : nullptr; }
-wide_string Tvs_resave_scenes_3d::heading() { return load_string(622); }
+wide_string Tvs_resave_scenes_3d::heading() { return load_string(text::scenes_3d_heading); }
 void Tvs_resave_scenes_3d::remove_child(uint32_t index) { vs_scns_3d_del(scenes, index); }
 
 } // namespace vs::project_resave

@@ -42,8 +42,7 @@ private:
 
 class Tvs_resave_attrs_data final : public Tvs_resave_list {
 public:
-    Tvs_resave_attrs_data(vs_attrs_data* handle, run_state& run)
-        : Tvs_resave_list(run), tables(handle) {}
+    Tvs_resave_attrs_data(vs_attrs_data* handle, run_state& run) : Tvs_resave_list(run), tables(handle) {}
 
     void build() override;
     void before_children() override;

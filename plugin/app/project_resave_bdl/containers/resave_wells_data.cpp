@@ -31,9 +31,9 @@ void Tvs_resave_wells_data::build() {
     }
 }
 
-void Tvs_resave_wells_data::before_children() { context->progress.set_caption(355); }
+void Tvs_resave_wells_data::before_children() { context->progress.set_caption(text::saving_wells); }
 vs_entities* Tvs_resave_wells_data::container() { return sheets ? vs_scns_2d_safe_upcast(sheets) : nullptr; }
-wide_string Tvs_resave_wells_data::heading() { return load_string(627); }
+wide_string Tvs_resave_wells_data::heading() { return load_string(text::wells_heading); }
 void Tvs_resave_wells_data::remove_child(uint32_t index) { vs_scns_2d_del(sheets, index); }
 
 } // namespace vs::project_resave

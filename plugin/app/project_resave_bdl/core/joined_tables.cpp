@@ -12,9 +12,6 @@ namespace vs::project_resave {
 
 namespace {
 
-constexpr int32_t table_folder_text = 402;
-constexpr int32_t join_file_text = 521;
-
 int32_t join_count(vs_attr_data* attr_data) {
     if (!attr_data || !vs_attr_data_is_joined(attr_data)) return 0;
     return vs_attr_data_get_join_count(attr_data);
@@ -27,7 +24,7 @@ wide_string joined_table(vs_attr_data* attr_data, int32_t index) {
 void put_back(const pending_join& join, run_state& run) {
     const current_element owner(run.report, join.owner);
     if (!path_exists(join.other_source))
-        return record_lost_source(run, join.other_source, load_string(join_file_text));
+        return record_lost_source(run, join.other_source, load_string(text::join_file));
     wide_string path = run.placement.lookup_placed(join.other_source);
     if (path.empty()) {
         path = run.placement.new_path(join.other_source);
@@ -45,10 +42,9 @@ void take_joins_off(vs_attr_data* attr_data, run_state& run) {
     const int32_t count = join_count(attr_data);
     if (count == 0) return;
     for (int32_t i = 0; i < count; ++i)
-        run.deferred_joins_.pending.push_back({attr_data, vs_attr_data_get_join_base_field(attr_data, i),
-                                               joined_table(attr_data, i),
-                                               vs_attr_data_get_join_other_field(attr_data, i),
-                                               run.report.current()});
+        run.deferred_joins_.pending.push_back(
+            {attr_data, vs_attr_data_get_join_base_field(attr_data, i), joined_table(attr_data, i),
+             vs_attr_data_get_join_other_field(attr_data, i), run.report.current()});
     vs_attr_data_unjoin(attr_data);
 }
 
@@ -58,7 +54,7 @@ void note_kept_joins(vs_attr_data* attr_data, run_state& run) {
 }
 
 void put_joins_back(run_state& run) {
-    const type_folder_scope tables(run.placement, load_string(table_folder_text));
+    const type_folder_scope tables(run.placement, load_string(text::dbf_folder));
     for (const pending_join& join : run.deferred_joins_.pending) put_back(join, run);
     run.deferred_joins_.pending.clear();
 }

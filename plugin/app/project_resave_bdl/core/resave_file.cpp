@@ -6,10 +6,11 @@
 #include "core/data_source.h"
 #include "core/entity_uuid.h"
 #include "core/joined_tables.h"
-#include "operations/run/path_files.h"
+#include "framework/resources/text_rows.h"
 #include "host/vsk_basic.h"
-#include "operations/run/run_state.h"
 #include "operations/run/common_directory.h"
+#include "operations/run/path_files.h"
+#include "operations/run/run_state.h"
 
 namespace vs::project_resave {
 
@@ -71,7 +72,7 @@ wide_string Tvs_resave_file::place_and_copy(const wide_string& source) {
 
 bool Tvs_resave_file::write_structure() {
     skip_progress();
-    context->log.write_indented(616);
+    context->log.write_indented(text::unrecorded_files);
     return false;
 }
 

@@ -10,12 +10,6 @@
 
 namespace vs::project_resave {
 
-namespace {
-
-constexpr int32_t join_field_text = 623;
-
-} // namespace
-
 wide_string with_path(run_state& run, wide_string caption, const wide_string& path) {
     const resave_options& options = run.options;
     if (!options.write_file_paths) return caption;
@@ -30,7 +24,7 @@ void write_attr_fields(run_state& run, vs_attr_data* table) {
     for (int32_t index = 0; index < count; ++index) {
         const wide_string name = host_text(vs_attr_files_get_field_name(files.get(), index));
         const bool joined = vs_attr_files_get_field_is_joined(files.get(), index);
-        run.log.write_indented(joined ? load_string(join_field_text) + name : name);
+        run.log.write_indented(joined ? load_string(text::join_field) + name : name);
     }
 }
 

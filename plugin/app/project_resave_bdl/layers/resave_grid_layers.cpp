@@ -12,8 +12,6 @@ namespace vs::project_resave {
 
 namespace {
 
-constexpr int32_t seismic_folder_text = 407;
-constexpr int32_t grid_folder_text = 411;
 constexpr char16_t cutline_mark = u'*';
 
 } // namespace
@@ -21,7 +19,7 @@ constexpr char16_t cutline_mark = u'*';
 wide_string Tvs_resave_grid::default_folder() {
     const wide_string extension = path_extension(host_string(&vs_lr_get_wfilename, layer));
     const bool seismic = extension == u".sgy" || extension == u".segy" || extension == u".sec";
-    return load_string(seismic ? seismic_folder_text : grid_folder_text);
+    return load_string(seismic ? text::seismic_folder : text::grid_folder);
 }
 
 bool Tvs_resave_grid::copy_files(const wide_string& source, const wide_string& target) {

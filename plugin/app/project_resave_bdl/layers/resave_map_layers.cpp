@@ -3,21 +3,19 @@
 #include "containers/resave_scenes.h"
 #include "core/copying.h"
 #include "core/structure_lines.h"
-#include "framework/border/string_adapter.h"
 #include "framework/border/host_owned.h"
+#include "framework/border/string_adapter.h"
 #include "framework/resources/strings.h"
-#include "host/vsk_xml_save_2d.h"
 #include "host/vsk_lr.h"
+#include "host/vsk_xml_save_2d.h"
 #include "layers/layer_files.h"
-#include "operations/run/run_state.h"
 #include "operations/run/path_files.h"
+#include "operations/run/run_state.h"
 #include "platform/path_text.h"
 
 namespace vs::project_resave {
 
 namespace {
-
-constexpr int32_t scene_heading_text = 621;
 
 // While a scene file is being loaded, a map layer on it further down would load it again for ever.
 struct loading_mark {
@@ -92,7 +90,7 @@ bool Tvs_resave_map_lr::copy_files(const wide_string& source, const wide_string&
 }
 
 bool Tvs_resave_map_lr::write_structure() {
-    const wide_string heading = load_string(scene_heading_text) + host_string(&vs_lr_get_wcaption, layer);
+    const wide_string heading = load_string(text::scene_2d_heading) + host_string(&vs_lr_get_wcaption, layer);
     context->log.write_indented(with_path(*context, heading, host_string(&vs_lr_get_wfilename, layer)));
     if (map_unit) map_unit->write_structure();
     return true;

@@ -1,19 +1,13 @@
 #include "layers/resave_vector_layer.h"
 
+#include "core/copying.h"
 #include "framework/border/string_adapter.h"
 #include "framework/resources/strings.h"
 #include "host/vsk_lr2d.h"
-#include "core/copying.h"
 #include "operations/run/run_state.h"
 #include "platform/system.h"
 
 namespace vs::project_resave {
-
-namespace {
-
-constexpr int32_t vector_folder_text = 408;
-
-} // namespace
 
 Tvs_resave_vector_lr2d::kind Tvs_resave_vector_lr2d::kind_of(const wide_string& reference) {
     if (reference.starts_with(u'*')) return source_link;
@@ -36,7 +30,7 @@ void Tvs_resave_vector_lr2d::set_new_path(const wide_string& path) {
     if (source_kind != source_link) Tvs_resave_layer::set_new_path(path);
 }
 
-wide_string Tvs_resave_vector_lr2d::default_folder() { return load_string(vector_folder_text); }
+wide_string Tvs_resave_vector_lr2d::default_folder() { return load_string(text::vector_folder); }
 
 bool Tvs_resave_vector_lr2d::copy_files(const wide_string& source, const wide_string& target) {
     switch (source_kind) {

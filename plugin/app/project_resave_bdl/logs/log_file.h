@@ -33,7 +33,7 @@ public:
     // Where the lines go; empty until the log is opened for the first time.
     const wide_string& path() const { return file_name; }
     // One line: the text of this number, a narrow text of the host, a wide text. The result is always false.
-    virtual bool write(uint32_t string_id);
+    virtual bool write(int32_t row);
     virtual bool write(const char* text);
     virtual bool write(const wide_string& text);
 
@@ -60,7 +60,7 @@ public:
     virtual uint32_t unindent();
     virtual bool write_at(const wide_string& text, uint32_t at_depth);
     // At the present depth. Only these lines are indented.
-    virtual void write_indented(uint32_t string_id);
+    virtual void write_indented(int32_t row);
     virtual void write_indented(const wide_string& text);
 
     virtual void clear_unprocessed_types();

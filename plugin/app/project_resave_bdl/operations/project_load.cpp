@@ -82,7 +82,7 @@ void project_context::close_project() {
 
 bool project_context::load_project(const wide_string& wanted, bool show_wait, bool write_open_log) {
     const wide_string path = wanted; // may be a text of ours that the load resets
-    const wait_window wait(show_wait ? vs_wait_wcreate(load_string(358).c_str()) : nullptr);
+    const wait_window wait(show_wait ? vs_wait_wcreate(load_string(text::project_opens).c_str()) : nullptr);
     selection.clear();
     sizes.clear();
     log.clear_unprocessed_types();
@@ -102,7 +102,7 @@ bool project_context::load_project(const wide_string& wanted, bool show_wait, bo
         loaded = false;
     }
     if (!loaded) { // nothing stays half loaded
-        progress.questions->show_error(500);
+        progress.questions->show_error(text::failed_to_load_project);
         release_project();
         clear_tree();
         sizes.clear();

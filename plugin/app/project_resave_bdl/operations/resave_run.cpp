@@ -20,8 +20,6 @@ namespace {
 using wait_window = host_owned<vs_wait, &vs_wait_destroy>;
 using project_xml = host_owned<vs_xml_save_prj, &vs_xml_save_prj_destroy>;
 
-constexpr int32_t no_project_text = 501;
-
 // The round after which a selection that still changes is taken as it is.
 constexpr uint32_t last_round = 12;
 
@@ -34,7 +32,7 @@ bool is_scene_collection(vs_entity* entity) {
 
 run_result project_context::resave_project(const resave_settings& settings) {
     if (!project) {
-        progress.questions->show_error(no_project_text);
+        progress.questions->show_error(text::project_loaded_incorrectly);
         return {};
     }
     try {
@@ -43,7 +41,7 @@ run_result project_context::resave_project(const resave_settings& settings) {
         find_common_directory();
         placement.register_placed(wide_string(), placement.log_path);
         log.dump_unprocessed_types();
-        log.write(631);
+        log.write(text::log_project_loaded);
         if (!progress.is_stopped()) save_tree();
         put_joins_back(*this); // after a stop, too
         if (!progress.is_stopped()) save_project();
@@ -67,14 +65,14 @@ void project_context::begin_run(const resave_settings& settings) {
     placement.set_output(*settings.output_path);
     log.open(placement.log_path, settings.write_log);
     progress.start(total_units);
-    progress.set_caption(356);
+    progress.set_caption(text::saving_project_file);
     progress.show();
 }
 
 // Rounds in which each unit may add what it refers to, until none adds anything. The last round marks the
 // report even if it was clean.
 void project_context::correct_selection() {
-    log.write(643);
+    log.write(text::correction_begin);
     for (uint32_t round = 1; round <= last_round; ++round) {
         bool clean = true;
         bool stopped = false;
@@ -86,17 +84,17 @@ void project_context::correct_selection() {
         if (round == last_round) report.add(fact_kind::selection_not_settled, {});
         if (clean) break;
     }
-    log.write(644);
+    log.write(text::correction_end);
 }
 
 void project_context::find_common_directory() {
-    log.write(645);
+    log.write(text::common_folder_begin);
     if (options.consider_project_file) placement.common.add_path(placement.source_project_path);
     for (const auto& root : tree) {
         if (progress.is_stopped()) break;
         root->collect_common_directory(placement.common);
     }
-    log.write(646);
+    log.write(text::common_folder_end);
 }
 
 // With a folder for each scene the new project holds its scenes alone: every other container is emptied, and
@@ -113,7 +111,7 @@ void project_context::save_tree() {
 }
 
 void project_context::save_project() {
-    progress.set_caption(356);
+    progress.set_caption(text::saving_project_file);
     progress.show();
     const wide_string& path = placement.new_project_path;
     const project_xml writer(vs_xml_save_prj_create());
@@ -126,7 +124,7 @@ void project_context::save_project() {
 }
 
 void project_context::note_project_saved(bool ok) {
-    log.write(ok ? 630u : 628u);
+    log.write(ok ? text::log_project_saved : text::project_file_not_saved);
     report.saved = ok;
 }
 
@@ -164,8 +162,8 @@ void project_context::end_broken_run() {
 }
 
 void project_context::on_stopped() {
-    const wait_window wait(vs_wait_wcreate(load_string(360).c_str()));
-    log.write(633);
+    const wait_window wait(vs_wait_wcreate(load_string(text::wait_for_end).c_str()));
+    log.write(text::operation_interrupted);
     report.stopped = true;
     if (!progress.erase_created) return;
     release_project();

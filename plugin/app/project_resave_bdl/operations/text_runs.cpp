@@ -1,5 +1,5 @@
-// The runs that write a text file: the structure of a loaded project, a line for each unit, indented by depth;
-// and each path whose letter case differs from the spelling on the disk.
+// The runs that write a text file: the structure of a loaded project, a line for each unit, indented by
+// depth; and each path whose letter case differs from the spelling on the disk.
 #include "operations/run_settings.h"
 
 #include "framework/resources/strings.h"
@@ -27,27 +27,27 @@ void take_over(const structure_settings& settings, resave_options& options) {
 
 run_result project_context::save_structure(const structure_settings& settings) {
     if (!project) {
-        progress.questions->show_error(501);
+        progress.questions->show_error(text::project_loaded_incorrectly);
         return {};
     }
     options.reset();
     take_over(settings, options);
     const run_result result = write_text(settings.output_path, [this] {
-        log.write_indented(load_string(619) + path_file_name(placement.source_project_path));
+        log.write_indented(load_string(text::project_prefix) + path_file_name(placement.source_project_path));
         log.indent();
         if (!progress.is_stopped())
             for (const auto& root : tree) root->write_structure();
         log.unindent();
-        log.write_indented(629);
+        log.write_indented(text::end_of_project);
     });
-    if (result.end == run_end::done) progress.questions->show_message(511);
+    if (result.end == run_end::done) progress.questions->show_message(text::structure_saved);
     return result;
 }
 
 run_result project_context::write_text(const wide_string& path, const std::function<void()>& lines) {
     report.restart(facts_of_tree);
     progress.start(total_units);
-    progress.set_caption(357);
+    progress.set_caption(text::please_wait);
     progress.show();
     log.open(path, true);
     const auto end = [this] {
@@ -65,7 +65,7 @@ run_result project_context::write_text(const wide_string& path, const std::funct
     end();
     if (progress.is_stopped()) {
         remove_tree(path);
-        progress.questions->show_message(513);
+        progress.questions->show_message(text::interrupted_by_user);
         return {run_end::stopped, false, {}};
     }
     if (!log.failure()) report.add(fact_kind::not_written, {}, path, log.failure().text());
@@ -74,7 +74,7 @@ run_result project_context::write_text(const wide_string& path, const std::funct
 
 run_result project_context::check_path_case(const wide_string& report_path) {
     if (!project) {
-        progress.questions->show_error(501);
+        progress.questions->show_error(text::project_loaded_incorrectly);
         return {};
     }
     case_differs = false;
@@ -82,7 +82,8 @@ run_result project_context::check_path_case(const wide_string& report_path) {
         if (progress.is_stopped()) return;
         for (const auto& root : tree) root->check_path_case(&case_differs);
     });
-    if (result.end == run_end::done) progress.questions->show_message(case_differs ? 529 : 530);
+    if (result.end == run_end::done)
+        progress.questions->show_message(case_differs ? text::case_differs : text::case_is_right);
     return result;
 }
 

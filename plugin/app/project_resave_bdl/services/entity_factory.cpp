@@ -29,8 +29,7 @@ std::string meta_id_of(const resave_entity_service& service, uint32_t index) {
 
 } // namespace
 
-std::unique_ptr<Tvs_resave_unit> factory_grid_cutline_lr2d::make(run_state& context,
-                                                                 vs_entity* entity) {
+std::unique_ptr<Tvs_resave_unit> factory_grid_cutline_lr2d::make(run_state& context, vs_entity* entity) {
     return make_layer_unit<Tvs_resave_grid_cutline>(context, entity);
 }
 

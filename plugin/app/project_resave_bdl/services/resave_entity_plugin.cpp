@@ -15,8 +15,8 @@
 #include "host/vsk_scn_2d.h"
 #include "host/vsk_scn_3d.h"
 #include "layers/layer_files.h"
-#include "operations/run/run_state.h"
 #include "operations/run/path_files.h"
+#include "operations/run/run_state.h"
 #include "platform/path_text.h"
 #include "services/service_answers.h"
 

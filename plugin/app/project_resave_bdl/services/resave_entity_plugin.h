@@ -16,8 +16,7 @@ namespace vs::project_resave {
 class resave_entity_plugin final : public Tvs_resave_file {
 public:
     // The element is the project's. A service whose bundle has gone is a null ref: every copy fails then.
-    resave_entity_plugin(run_state& run, vs_entity* claimed,
-                         const ref<resave_entity_service_impl>& claimant)
+    resave_entity_plugin(run_state& run, vs_entity* claimed, const ref<resave_entity_service_impl>& claimant)
         : Tvs_resave_file(run), entity_(claimed), service(claimant) {}
 
     // One line: the caption and, if wanted, each of the paths.

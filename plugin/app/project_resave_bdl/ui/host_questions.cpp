@@ -11,16 +11,6 @@ namespace vs::project_resave {
 
 namespace {
 
-constexpr int32_t add_referenced_text = 214;
-constexpr int32_t erase_created_text = 359;
-constexpr int32_t saved_text = 502;
-constexpr int32_t not_saved_text = 509;
-constexpr int32_t stopped_text = 513;
-constexpr int32_t errors_text = 517;
-constexpr int32_t unprocessed_types_text = 518;
-constexpr int32_t not_settled_text = 522;
-constexpr int32_t reopen_text = 528;
-
 // Answers of the host's box of three buttons.
 constexpr int32_t answer_cancel = 2;
 constexpr int32_t answer_no = 7;
@@ -38,9 +28,9 @@ wide_string composed(const run_report& report) {
     wide_string text;
     const std::set<wide_string> types = report.unprocessed_types();
     const std::vector<run_report::problem> problems = report.problems();
-    if (report.depth_exceeded()) text += load_string(not_settled_text) + u"\n\n";
+    if (report.depth_exceeded()) text += load_string(text::references_not_settled) + u"\n\n";
     if (!types.empty()) {
-        text += load_string(unprocessed_types_text) + u"\n";
+        text += load_string(text::unprocessed_layers) + u"\n";
         for (const wide_string& type : types) text += type + u"\n";
         if (!problems.empty()) text += u"\n";
     }
@@ -53,10 +43,10 @@ wide_string composed(const run_report& report) {
 
 } // namespace
 
-bool host_questions::add_referenced() { return ask_yes_no(add_referenced_text); }
+bool host_questions::add_referenced() { return ask_yes_no(text::add_referenced_elements); }
 
 stop_answer host_questions::on_stop() {
-    switch (vs_yesnocancel_wmessage(load_string(erase_created_text).c_str())) {
+    switch (vs_yesnocancel_wmessage(load_string(text::erase_created_files).c_str())) {
     case answer_cancel:
         return stop_answer::go_on;
     case answer_no:
@@ -70,21 +60,21 @@ unique_name_answer host_questions::new_name(const wide_string& source, const wid
     return show_unique_name_dialog(source, proposed);
 }
 
-bool host_questions::reopen_source() { return ask_yes_no(reopen_text); }
+bool host_questions::reopen_source() { return ask_yes_no(text::reopen_source_project); }
 
 void host_questions::show_message(int32_t text) { project_resave::show_message(text); }
 
 void host_questions::show_error(int32_t text) { project_resave::show_error(text); }
 
 void host_questions::show_report(const run_report& report) {
-    if (report.stopped) return show_message(stopped_text);
-    if (!report.saved) return show_error(not_saved_text);
+    if (report.stopped) return show_message(text::interrupted_by_user);
+    if (!report.saved) return show_error(text::project_not_saved);
     const wide_string text = composed(report);
-    if (text.empty()) return show_message(saved_text);
+    if (text.empty()) return show_message(text::project_saved);
     if (line_count(text) > most_lines_of_a_box)
         show_extended_message_dialog(text);
     else
-        vs_show_wwarning((load_string(errors_text) + u"\n\n" + text).c_str());
+        vs_show_wwarning((load_string(text::resave_errors) + u"\n\n" + text).c_str());
 }
 
 } // namespace vs::project_resave

@@ -14,8 +14,6 @@ namespace vs::project_resave {
 
 namespace {
 
-constexpr int32_t log_name_text = 600;
-
 // A grid of this format lives in a folder of its own, named as the file.
 constexpr wide_view own_folder_extension = u".pgrid";
 
@@ -83,7 +81,7 @@ void path_placement::set_output(const wide_string& path) {
     reset();
     new_project_path = path;
     new_folder = path_head(path);
-    log_path = new_folder + path_stem(path) + load_string(log_name_text);
+    log_path = new_folder + path_stem(path) + load_string(text::log_name_suffix);
 }
 
 const placed_files& path_placement::register_in_force() const {

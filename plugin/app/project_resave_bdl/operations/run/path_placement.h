@@ -61,8 +61,8 @@ public:
     void register_placed(const wide_string& old_path, const wide_string& new_path);
 
     // The new path of `source`, under a name that is free on the disk, its folder created. It may ask the
-    // user for the name. Empty if there is no place for it. A folder that cannot be created shows when copying
-    // fails; `folder_failure` has the reason.
+    // user for the name. Empty if there is no place for it. A folder that cannot be created shows when
+    // copying fails; `folder_failure` has the reason.
     wide_string new_path(const wide_string& source);
     // Why the folder of a path that `new_path` returned could not be created; success if it could.
     platform::outcome folder_failure(const wide_string& path) const;

@@ -9,13 +9,6 @@
 
 namespace vs::project_resave {
 
-namespace {
-
-constexpr int32_t lost_files_text = 519;
-constexpr int32_t copy_error_text = 520;
-
-} // namespace
-
 void run_report::restart(const std::vector<fact>& of_tree) {
     facts_ = of_tree;
     current_unit.clear();
@@ -28,7 +21,8 @@ void run_report::drop(fact_kind kind) {
 
 std::vector<fact> run_report::of_kind(fact_kind kind) const {
     std::vector<fact> found;
-    std::ranges::copy_if(facts_, std::back_inserter(found), [=](const fact& each) { return each.kind == kind; });
+    std::ranges::copy_if(facts_, std::back_inserter(found),
+                         [=](const fact& each) { return each.kind == kind; });
     return found;
 }
 
@@ -80,7 +74,7 @@ bool run_report::has(fact_kind kind) const {
 }
 
 std::vector<run_report::problem> run_report::problems() const {
-    const wide_string lost = load_string(lost_files_text), failed = load_string(copy_error_text);
+    const wide_string lost = load_string(text::lost_files), failed = load_string(text::copy_error);
     std::vector<problem> all;
     for (const fact& each : facts_) {
         const bool is_lost = each.kind == fact_kind::source_lost;

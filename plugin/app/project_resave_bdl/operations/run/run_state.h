@@ -11,11 +11,11 @@
 #include "logs/open_log_file.h"
 #include "operations/run/deferred_joins.h"
 #include "operations/run/path_placement.h"
+#include "operations/run/registers.h"
 #include "operations/run/resave_options.h"
 #include "operations/run/run_progress.h"
 #include "operations/run/run_questions.h"
 #include "operations/run/run_report.h"
-#include "operations/run/registers.h"
 #include "operations/run/text_map.h"
 
 namespace vs::project_resave {
@@ -41,7 +41,7 @@ struct run_state {
     claimed_units* claims = nullptr;  // makes units for elements that it claims; not owned, null for none
     deferred_joins deferred_joins_;
     uint32_t total_units = 0;
-    bool case_differs = false; // what the last check of the letter case found
+    bool case_differs = false;                      // what the last check of the letter case found
     std::unordered_set<wide_string> loading_scenes; // path keys of the map scenes now being loaded
 };
 

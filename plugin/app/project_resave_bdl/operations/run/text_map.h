@@ -76,7 +76,8 @@ private:
     size_t size_ = 0;
 };
 
-// Values under texts, numbered in the order they were entered. Rows stay in their place until `clear`. Texts are compared as they are spelled.
+// Values under texts, numbered in the order they were entered. Rows stay in their place until `clear`. Texts
+// are compared as they are spelled.
 template <class value>
 class text_map {
 public:
