@@ -53,7 +53,9 @@ protected:
         wide_string all;
         for (const fact& each : context->report.facts()) {
             if (each.kind == fact_kind::renamed || each.kind == fact_kind::written_over) continue;
-            for (const wide_string& what : {each.subject, each.path, each.new_path}) all += what + u"\n";
+            for (const wide_string& what :
+                 {each.subject, path_file_name(each.path), path_file_name(each.new_path)})
+                all += u"! " + what + u"\n";
         }
         for (const auto& file : vestra::shell::settings().refused_writes)
             all += u"! " + path_file_name(file.path) + u"\n";
