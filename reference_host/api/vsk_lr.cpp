@@ -10,8 +10,7 @@ using namespace vestra::api;
 namespace {
 
 vestra::wide_string table_beside(vestra::wide_view file) {
-    using namespace vs::project_resave;
-    return path_head(file) + path_stem(file) + u".dbf";
+    return vs::project_resave::path_replace_extension(file, u".dbf");
 }
 
 // The table of a shape file is the one beside it, wherever the layer looks for the file.

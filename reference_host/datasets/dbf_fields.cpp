@@ -47,7 +47,7 @@ unsigned named_code_page(std::string_view name) {
 }
 
 unsigned code_page_of(const wide_string& path, std::size_t mark) {
-    const std::string named = first_bytes(path_head(path) + path_stem(path) + u".cpg", 32);
+    const std::string named = first_bytes(path_replace_extension(path, u".cpg"), 32);
     if (!named.empty()) return named_code_page(named);
     switch (mark) {
     case 0x03:

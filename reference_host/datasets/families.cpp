@@ -30,6 +30,9 @@ std::vector<platform::folder_entry> entries_of(const wide_string& folder) {
     return platform::entries_or_none(platform::current_system(), folder);
 }
 
+// The file name up to its last dot, which may be its first character.
+wide_string stem_of(const wide_string& path) { return path_file_name(path_replace_extension(path, {})); }
+
 bool is_same_name(wide_view a, wide_view b) { return platform::compare_no_case(a, b) == 0; }
 
 // The names of the files of one folder, in order without letter case, so that those of a family are side by
@@ -88,7 +91,7 @@ sorted_names& names_in(const wide_string& folder) {
 
 std::optional<file_list> shape_family(const wide_string& path) {
     if (!is_shape_file(path)) return std::nullopt;
-    const wide_string folder = path_head(path), stem = path_stem(path);
+    const wide_string folder = path_head(path), stem = stem_of(path);
     file_list files{path};
     const std::vector<wide_string> near = names_in(folder).beginning_as(stem);
     for (const wide_view extension :
@@ -107,17 +110,17 @@ file_list grid_family(const wide_string& path) {
     const wide_string folder = path_head(path), own_name = path_file_name(path);
     file_list files{path};
     const wide_view bare = wide_view(folder).substr(0, folder.find_last_not_of(path_separators) + 1);
-    if (!is_same_name(path_file_name(bare), path_stem(path))) return files;
+    if (!is_same_name(path_file_name(bare), stem_of(path))) return files;
     for (const auto& entry : entries_of(folder))
         if (!entry.is_folder && !is_same_name(entry.name, own_name)) files.push_back(folder + entry.name);
     return files;
 }
 
 file_list same_stem_family(const wide_string& path) {
-    const wide_string folder = path_head(path), own_name = path_file_name(path), stem = path_stem(path);
+    const wide_string folder = path_head(path), own_name = path_file_name(path), stem = stem_of(path);
     file_list files{path};
     for (const wide_string& name : names_in(folder).beginning_as(own_name))
-        if (!is_same_name(name, own_name) && is_same_name(path_stem(name), stem))
+        if (!is_same_name(name, own_name) && is_same_name(stem_of(folder + name), stem))
             files.push_back(folder + name);
     return files;
 }

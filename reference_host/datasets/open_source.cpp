@@ -90,9 +90,9 @@ file_list asked_paths(gdal_source& known, const asked_place& place) {
 }
 
 bool has_extension(const wide_string& path, std::initializer_list<wide_view> extensions) {
-    const wide_string own = path_extension(path);
-    return std::ranges::any_of(extensions,
-                               [&](wide_view other) { return platform::compare_no_case(own, other) == 0; });
+    return std::ranges::any_of(extensions, [&](wide_view other) {
+        return platform::compare_no_case(path_replace_extension(path, other), path) == 0;
+    });
 }
 
 // One that cannot be read is taken as any other file, so that a copy of the project keeps it, or tells of it.
