@@ -27,11 +27,12 @@
 #include <optional>
 
 #include "operations/project_context.h"
-#include "operations/structure_run.h"
+#include "operations/run_settings.h"
 #include "platform/volumes.h"
 #include "reference_host/files/files.h"
 #include "reference_host/shell/front_end.h"
 #include "tests/support/forwarding_system.h"
+#include "ui/host_questions.h"
 
 namespace {
 
@@ -168,12 +169,12 @@ int copy_in_a_loop(const std::filesystem::path& folder, const std::filesystem::p
 // Notes when the first file is copied and when the project is begun to be written.
 class phase_clock : public forwarding_system {
 public:
-    bool copy_file(const wide_string& source, const wide_string& target, bool replace) override {
+    platform::outcome copy_file(const wide_string& source, const wide_string& target, bool replace) override {
         if (!copying) copying = clock_type::now();
         return forwarding_system::copy_file(source, target, replace);
     }
-    platform::open_result open(const wide_string& path, platform::access wanted, platform::disposition how,
-                               std::unique_ptr<platform::file>& result) override {
+    platform::outcome open(const wide_string& path, platform::access wanted, platform::disposition how,
+                           std::unique_ptr<platform::file>& result) override {
         if (how == platform::disposition::create_always) writing = clock_type::now();
         return forwarding_system::open(path, wanted, how, result);
     }
@@ -184,7 +185,8 @@ public:
 };
 
 int load(const wide_string& path, int times) {
-    project_context context(nullptr);
+    host_questions questions;
+    project_context context(nullptr, questions);
     const auto start = clock_type::now();
     long after_tenth = 0;
     for (int turn = 0; turn < times; ++turn) {
@@ -219,7 +221,8 @@ int read_xml(const wide_string& path) {
 int resave(const wide_string& path, const wide_string& target) {
     phase_clock phases;
     const platform::system_override in_force(phases);
-    project_context context(nullptr);
+    host_questions questions;
+    project_context context(nullptr, questions);
     const auto start = clock_type::now();
     if (!context.load_project(path, false, false)) return 1;
     const auto loaded = clock_type::now();
@@ -238,20 +241,22 @@ int resave(const wide_string& path, const wide_string& target) {
                 between(start, loaded) + between(begun, end), between(start, loaded), rounds, directory,
                 between(copying, writing), between(writing, end), peak_kib(),
                 context.placement.placed.size());
-    return context.report.saved && context.report.problems.empty() ? 0 : 1;
+    return context.report.saved && context.report.problems().empty() ? 0 : 1;
 }
 
 int write_text(const wide_string& path, const wide_string& text_file, bool is_structure) {
-    project_context context(nullptr);
+    host_questions questions;
+    project_context context(nullptr, questions);
     if (!context.load_project(path, false, false)) return 1;
     structure_settings settings;
     settings.output_path = text_file.c_str();
     settings.write_layer_names = settings.write_table_names = settings.write_table_columns = true;
     settings.write_file_paths = true;
     const auto start = clock_type::now();
-    const bool done = is_structure ? context.save_structure(settings) : context.check_path_case(text_file);
+    const run_result result =
+        is_structure ? context.save_structure(settings) : context.check_path_case(text_file);
     std::printf("seconds=%.6f peak=%ld\n", seconds_since(start), peak_kib());
-    return done ? 0 : 1;
+    return result ? 0 : 1;
 }
 
 } // namespace

@@ -5,8 +5,9 @@ include(CMakePackageConfigHelpers)
 set(platform_headers export.h wide_string.h)
 file(GLOB sdk_headers CONFIGURE_DEPENDS ${bundle_root}/host/*.h)
 foreach(header
-        framework/bundle_entry.h framework/factories.h framework/border/interface.h framework/border/polymorphic.h
-        framework/border/ref.h framework/border/referent.h framework/border/string_adapter.h framework/border/visitors.h
+        framework/bundle_entry.h framework/factories.h framework/border/caught.h framework/border/interface.h
+        framework/border/polymorphic.h framework/border/ref.h framework/border/referent.h
+        framework/border/string_adapter.h framework/border/visitors.h
         host/interfaces/service_factory.h
         services/resave_entity_service.h services/resave_service.h)
     list(APPEND sdk_headers ${bundle_root}/${header})

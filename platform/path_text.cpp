@@ -139,12 +139,16 @@ wide_string path_normalise(wide_view path) {
     return result;
 }
 
+wide_string path_with_separator(wide_view folder) {
+    wide_string result(folder);
+    if (result.empty() || !is_separator(result.back())) result += u'\\';
+    return result;
+}
+
 wide_string path_join(wide_view first, wide_view second) {
     if (second.empty()) return wide_string(first);
     if (first.empty() || !path_is_relative(second)) return wide_string(second);
-    wide_string result(first);
-    if (!is_separator(result.back())) result += u'\\';
-    return result.append(second);
+    return path_with_separator(first).append(second);
 }
 
 wide_string path_relative(wide_view base, wide_view target) {

@@ -1,6 +1,6 @@
 // Resources of a library by number: rows of text and images. On Windows they are what the resource compiler
 // put into the library; on POSIX they are registered (posix/resource_registry.h) before the first look-up.
-// Look-up costs the same for any number of rows, and may be done from any thread.
+// Look-up costs the same for any number of rows; all functions may be called from any thread.
 #pragma once
 
 #include <cstdint>
@@ -10,7 +10,7 @@
 
 namespace vs::project_resave::platform {
 
-/// Names a loaded library; owns nothing. Null for one that is not loaded.
+/// A loaded library, not owned; null for one that is not loaded.
 struct module_handle {
     void* value = nullptr;
 
@@ -18,15 +18,15 @@ struct module_handle {
     bool operator==(const module_handle&) const = default;
 };
 
-/// The library that holds the bundle's own code.
+/// Returns the library that contains the bundle's own code.
 module_handle own_module();
 
-/// The host's library "vsk_basic"; null while it is not loaded (POSIX: not registered).
+/// Returns the host's library "vsk_basic"; null while it is not loaded (POSIX: not registered).
 module_handle host_basic_module();
 
-/// Points `row` at the text with this number, in the form in which it stands: it may end in a zero of its
-/// own, and none follows it. The text lives as long as its library. False, with `row` untouched, for a null
-/// module and where the row is missing or empty.
+/// Points `row` at the text with this number as it is stored: it can end in a zero of its own, and none
+/// follows it. The text is valid as long as its library. Returns false, with `row` unchanged, for a null
+/// module and if the row is missing or empty.
 bool find_text_row(module_handle module, uint32_t id, wide_view& row);
 
 /// A decoded image, rows top-down and without padding.
@@ -37,11 +37,11 @@ struct image {
     std::vector<uint8_t> mask;   ///< one byte for each pixel: 255 opaque, 0 transparent
 };
 
-/// Decodes a bitmap; its mask is opaque throughout. False, with `result` untouched, for a null module and
-/// where the bitmap is missing or cannot be decoded.
+/// Decodes a bitmap; its mask is opaque throughout. Returns false, with `result` unchanged, for a null module
+/// and if the bitmap is missing or cannot be decoded.
 bool load_image(module_handle module, uint32_t id, image& result);
 
-/// Decodes an icon, or failing that a cursor, with its mask. Failure as for `load_image`.
+/// Decodes an icon with its mask, or a cursor if there is no such icon. Fails as `load_image` does.
 bool load_icon_image(module_handle module, uint32_t id, image& result);
 
 } // namespace vs::project_resave::platform

@@ -3,41 +3,35 @@
 #include <algorithm>
 #include <utility>
 
+#include "platform/path_text.h"
+
 namespace vs::project_resave::platform {
 
 namespace {
 
 system* override_in_force = nullptr;
 
-wide_string joined(const wide_string& folder, const wide_string& name) {
-    const bool has_separator = folder.ends_with(u'\\') || folder.ends_with(u'/');
-    return folder + (has_separator ? u"" : u"\\") + name;
-}
-
 class tree_walk {
 public:
     tree_walk(system& files, const wide_string& start) : files_(files) {
-        constexpr wide_view separators = u"\\/";
-        for (size_t at = start.find_first_of(separators); at != wide_string::npos;
-             at = start.find_first_of(separators, at + 1))
+        for (size_t at = start.find_first_of(path_separators); at != wide_string::npos;
+             at = start.find_first_of(path_separators, at + 1))
             holders_.push_back(start.substr(0, at + 1));
         enter(start);
     }
 
     std::vector<tree_entry> entries;
-    std::vector<wide_string> unread;
+    std::vector<unread_folder> unread;
 
 private:
     void enter(const wide_string& folder) {
         holders_.push_back(folder);
-        if (const auto listed = files_.list(folder)) {
-            for (const folder_entry& entry : *listed) {
-                wide_string path = joined(folder, entry.name);
-                entries.push_back({path, entry.is_folder});
-                if (entry.is_folder && !(entry.is_link && leads_back(path))) enter(path);
-            }
-        } else {
-            unread.push_back(folder);
+        std::vector<folder_entry> listed;
+        if (const outcome read = files_.list(folder, listed); !read) unread.push_back({folder, read});
+        for (const folder_entry& entry : listed) {
+            wide_string path = path_with_separator(folder) + entry.name;
+            entries.push_back({path, entry.is_folder});
+            if (entry.is_folder && !(entry.is_link && leads_back(path))) enter(path);
         }
         holders_.pop_back();
     }
@@ -53,8 +47,16 @@ private:
 
 } // namespace
 
+outcome file::read_whole(void* buffer, size_t length) {
+    size_t count = 0;
+    const outcome result = read(buffer, length, count);
+    return result && count < length ? outcome::because(u"the file ended too soon") : result;
+}
+
 std::vector<folder_entry> entries_or_none(system& files, const wide_string& folder) {
-    return files.list(folder).value_or(std::vector<folder_entry>());
+    std::vector<folder_entry> entries;
+    files.list(folder, entries);
+    return entries;
 }
 
 system& current_system() { return override_in_force != nullptr ? *override_in_force : operating_system(); }
@@ -65,7 +67,7 @@ system_override::system_override(system& replacement)
 system_override::~system_override() { override_in_force = previous_; }
 
 std::vector<tree_entry> list_tree(system& files, const wide_string& folder,
-                                  std::vector<wide_string>* unread) {
+                                  std::vector<unread_folder>* unread) {
     tree_walk walk(files, folder);
     if (unread != nullptr) *unread = walk.unread;
     return std::move(walk.entries);

@@ -1,17 +1,20 @@
 // The operating system as an object: every file call of the bundle goes through `current_system()`, so that
-// a test can put a wrapper in its place that fails the n-th copy, fills the disk or counts calls.
+// a test can replace it by a wrapper that fails the n-th copy, fills the disk or counts calls.
 //
 // Paths have their Windows form (C:\data\a.shp; "/" is a separator too) on every target. Letter case is
 // ignored when a name is looked up, the exact spelling being preferred. No function throws; a path that
 // cannot be expressed on the target (unknown drive, embedded zero) is one that does not exist.
+//
+// Each call that can fail returns an outcome. A failure carries the reason that came first: what the call
+// does afterwards to clean up does not replace it.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 #include <memory>
-#include <optional>
 #include <vector>
 
+#include "platform/outcome.h"
 #include "platform/wide_string.h"
 
 namespace vs::project_resave::platform {
@@ -19,22 +22,21 @@ namespace vs::project_resave::platform {
 enum class entry_kind { none, file, folder };
 enum class access { read, read_write };
 enum class disposition { open_existing, create_always };
-enum class open_result { opened, sharing_violation, failed };
 
-/// What stands under a path; `bytes` of a file, 0 for anything else.
+/// What exists under a path; `bytes` is the size of a file, 0 for anything else.
 struct entry_status {
     entry_kind kind = entry_kind::none;
     uint64_t bytes = 0;
 };
 
-/// One direct entry of a folder. For a link `is_folder` tells what it leads to.
+/// One direct entry of a folder. For a link `is_folder` is about its target.
 struct folder_entry {
     wide_string name;
     bool is_folder = false;
     bool is_link = false;
 };
 
-/// One entry of a tree of folders, with its whole path.
+/// One entry of a tree of folders, with its full path.
 struct tree_entry {
     wide_string path;
     bool is_folder = false;
@@ -45,17 +47,20 @@ class file {
 public:
     virtual ~file() = default;
 
-    /// Reads up to `length` bytes from the present position; fewer at the end of the file and on failure.
-    virtual size_t read(void* buffer, size_t length) = 0;
-    /// Writes at the present position; the number of bytes that went out, fewer than `length` on failure.
-    virtual size_t write(const void* bytes, size_t length) = 0;
-    /// Moves the position behind the last byte.
-    virtual bool seek_end() = 0;
-    /// Present size in bytes; 0 on failure.
+    /// Reads up to `length` bytes from the current position. `count` is what was read: fewer than `length` at
+    /// the end of the file, which is a success, and on failure.
+    virtual outcome read(void* buffer, size_t length, size_t& count) = 0;
+    /// Reads exactly `length` bytes; fails where the file ends before.
+    outcome read_whole(void* buffer, size_t length);
+    /// Writes all `length` bytes at the current position; on failure some may have been written.
+    virtual outcome write(const void* bytes, size_t length) = 0;
+    /// Moves the position to the end of the file.
+    virtual outcome seek_end() = 0;
+    /// Current size in bytes; 0 on failure.
     virtual uint64_t size() = 0;
-    /// Closes it before the destructor would; nothing else is called after that. False if the system could
-    /// not keep what was written: some tell so no sooner.
-    virtual bool close() = 0;
+    /// Closes it before the destructor would; nothing else is called after that. Fails if the operating
+    /// system could not keep what was written: some report it only here.
+    virtual outcome close() = 0;
 };
 
 /// All functions may be called from any thread, but see `system_override`.
@@ -63,59 +68,59 @@ class system {
 public:
     virtual ~system() = default;
 
-    /// What stands under `path`, links followed; `none` also for a broken link, a device or a pipe.
+    /// Returns what exists under `path`, following links; `none` also for a broken link, a device or a pipe.
     virtual entry_kind kind_of(const wide_string& path) = 0;
-    /// Bytes of a file; 0 for a folder and on failure.
+    /// Returns the size of a file in bytes; 0 for a folder and on failure.
     virtual uint64_t file_size(const wide_string& path) = 0;
 
-    /// Both in one question.
+    /// Returns both in one call.
     virtual entry_status status_of(const wide_string& path) { return {kind_of(path), file_size(path)}; }
 
     /// Copies a regular file with its modification time and permissions (attributes), as far as the target's
-    /// file system has them. A target that exists, also in another letter case, is refused unless `replace`;
-    /// a source that changes while it is read fails. After a failure there is no new target, and one that was
-    /// to be replaced stands as before. On POSIX holes of a sparse file stay holes, and blocks are shared
-    /// where the file system can.
-    virtual bool copy_file(const wide_string& source, const wide_string& target, bool replace) = 0;
-    /// Removes a file, read-only too, or a link but not what it leads to; false for a folder and on failure.
-    virtual bool delete_file(const wide_string& path) = 0;
-    /// Creates one level; false if the name exists in any letter case or the level above does not.
-    virtual bool create_folder(const wide_string& path) = 0;
-    /// Removes an empty folder; false if it holds anything.
-    virtual bool remove_folder(const wide_string& path) = 0;
-    /// The direct entries without "." and "..", ordered by name; nothing unless `path` is a folder and could
-    /// be read to its end.
-    virtual std::optional<std::vector<folder_entry>> list(const wide_string& path) = 0;
+    /// file system has them. Fails if the target exists, also in another letter case, unless `replace`, and
+    /// if the source changes while it is read. After a failure there is no new target, and one that was to be
+    /// replaced is as before. On POSIX holes of a sparse file stay holes, and blocks are shared where the
+    /// file system can.
+    virtual outcome copy_file(const wide_string& source, const wide_string& target, bool replace) = 0;
+    /// Removes a file, read-only too, or a link but not its target; fails for a folder.
+    virtual outcome delete_file(const wide_string& path) = 0;
+    /// Creates one level; fails if the name exists in any letter case or the level above does not.
+    virtual outcome create_folder(const wide_string& path) = 0;
+    /// Removes an empty folder; fails if it holds anything.
+    virtual outcome remove_folder(const wide_string& path) = 0;
+    /// Fills `entries` with the direct entries of the folder `path`, without "." and "..", ordered by name.
+    /// They are empty on failure, also if the folder could not be read to its end.
+    virtual outcome list(const wide_string& path, std::vector<folder_entry>& entries) = 0;
 
-    /// Puts into `spelling` the name that the listing of `folder` holds for `name`, compared without letter
-    /// case ("." and ".." stand for themselves). False, with `spelling` untouched, if there is none.
+    /// Sets `spelling` to the name that the listing of `folder` has for `name`, compared without letter case
+    /// ("." and ".." are their own spelling). Returns false, with `spelling` unchanged, if there is none.
     virtual bool true_name(const wide_string& folder, const wide_string& name, wide_string& spelling) = 0;
-    /// True if both paths lead to one existing file or folder, through links or other spellings too.
+    /// True if both paths lead to the same existing file or folder, through links or other spellings too.
     virtual bool same_file(const wide_string& a, const wide_string& b) = 0;
-    /// Moves `from` to `to` in one folder in one step, replacing a file that stands there, a read-only one
-    /// too: a reader sees the old file or the new one. On failure both stand as before.
-    virtual bool rename_over(const wide_string& from, const wide_string& to) = 0;
+    /// Moves `from` to `to` within one folder in one step, replacing a file of that name, a read-only one
+    /// too: a reader sees the old file or the new one. On failure both are as before.
+    virtual outcome rename_over(const wide_string& from, const wide_string& to) = 0;
 
-    /// Opens a file that others may read meanwhile, and may not write while it is open to be written; the
-    /// caller owns `result`, which is null unless the answer is `opened`. `create_always` creates the file or
-    /// empties it. `sharing_violation`: somebody else has the file open in a way that excludes this one, so
-    /// that a later try may succeed.
-    virtual open_result open(const wide_string& path, access wanted, disposition how,
-                             std::unique_ptr<file>& result) = 0;
+    /// Opens a file. Others can read it meanwhile, but cannot write it while it is open to be written. The
+    /// caller owns `result`, which is null on failure. `create_always` creates the file or empties it.
+    /// The failure `in_use` means that another program has the file open in a way that excludes this one; a
+    /// later try can succeed.
+    virtual outcome open(const wide_string& path, access wanted, disposition how,
+                         std::unique_ptr<file>& result) = 0;
     /// Sleeps about a millisecond, between two tries to open.
     virtual void pause_1ms() = 0;
-    /// Bytes that the user may still write on the volume of `folder`; nothing on failure.
-    virtual std::optional<uint64_t> free_space(const wide_string& folder) = 0;
+    /// Sets `bytes` to what the user can still write on the volume of `folder`; unchanged on failure.
+    virtual outcome free_space(const wide_string& folder, uint64_t& bytes) = 0;
 };
 
-/// The target's own system, never an override.
+/// Returns the target's own system, never an override.
 system& operating_system();
 
-/// The system in force: the innermost override, else `operating_system()`.
+/// Returns the innermost override, or `operating_system()` if there is none.
 system& current_system();
 
-/// Puts `replacement` in force for its own life. Overrides nest; they are made and ended on one thread while
-/// no other thread uses the system.
+/// Makes `replacement` the current system as long as this object exists. Overrides nest; they are created and
+/// destroyed on one thread while no other thread uses the system.
 class system_override {
 public:
     explicit system_override(system& replacement);
@@ -127,13 +132,19 @@ private:
     system* previous_;
 };
 
-/// The direct entries of `folder` as `list` gives them; none where it cannot be read to its end.
+/// Returns the direct entries of `folder` as `list` does, or none if it fails.
 std::vector<folder_entry> entries_or_none(system& files, const wide_string& folder);
 
-/// All entries below `folder` at all depths, each folder before its content; empty if there is no such
-/// folder. A link to a folder that holds it is told as an entry but not entered, so the walk always ends.
+/// A folder that could not be listed.
+struct unread_folder {
+    wide_string path;
+    outcome reason;
+};
+
+/// Returns all entries below `folder` at all depths, each folder before its content; empty if there is no
+/// such folder. A link to a folder that contains it is an entry but is not entered, so the walk always ends.
 /// A folder that cannot be read counts as empty, and is added to `unread`.
 std::vector<tree_entry> list_tree(system& files, const wide_string& folder,
-                                  std::vector<wide_string>* unread = nullptr);
+                                  std::vector<unread_folder>* unread = nullptr);
 
 } // namespace vs::project_resave::platform

@@ -1,4 +1,4 @@
-// The terminal of a program without windows: a person's screen, keyboard and Ctrl-C.
+// The terminal of a program without windows: the user's screen, keyboard and Ctrl-C.
 #pragma once
 
 #include <string>
@@ -7,8 +7,8 @@
 
 namespace vs::project_resave::platform {
 
-/// What a program was started with, without its own name, from what `main` got; on Windows in UTF-8 whatever
-/// the system's code page.
+/// Returns what the program was started with, without its own name, from the parameters of `main`; on Windows
+/// in UTF-8 whatever the code page of the operating system is.
 std::vector<std::string> program_arguments(int argc, char** argv);
 
 enum class line_result { read, ended, interrupted };
@@ -18,24 +18,24 @@ class terminal {
 public:
     virtual ~terminal() = default;
 
-    /// True if what is written goes to a screen and no file.
+    /// True if what is written goes to a screen and not to a file.
     virtual bool shows() = 0;
-    /// True if a person can be asked: the screen is there, and so is the keyboard.
+    /// True if the user can be asked: there is a screen and a keyboard.
     virtual bool asks() = 0;
-    /// Columns of the screen; 80 where there is none.
+    /// Returns the number of columns of the screen; 80 if there is none.
     virtual unsigned width() = 0;
 
     /// Writes UTF-8 at once, to the error output, so that the program's results stay apart.
     virtual void write(std::string_view text) = 0;
-    /// Waits for a line, told without its end. `interrupted`: Ctrl-C came meanwhile.
+    /// Waits for a line and sets `line` to it, without its end. `interrupted`: Ctrl-C came meanwhile.
     virtual line_result read_line(std::string& line) = 0;
 
-    /// True from a Ctrl-C to the next `forget_interrupt`.
+    /// True from a Ctrl-C until the next `forget_interrupt`.
     virtual bool interrupted() = 0;
     virtual void forget_interrupt() = 0;
 };
 
-/// The terminal of this process. While it lives Ctrl-C does not end the program; one at a time.
+/// The terminal of this process, one at a time. As long as it exists Ctrl-C does not end the program.
 class process_terminal final : public terminal {
 public:
     process_terminal();

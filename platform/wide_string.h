@@ -1,4 +1,4 @@
-// The one form of text inside the bundle and at the host's border: UTF-16, the same on every target.
+// The one form of text inside the bundle and in calls between it and its host: UTF-16 on every target.
 #pragma once
 
 #include <string>

@@ -15,8 +15,8 @@ struct text_row {
     std::u16string_view text;
 };
 
-#define VS_TEXT(id, base, translated) text_row{id, base}, text_row{id + english, translated},
-#define VS_TEXT_BASE_ONLY(id, base) text_row{id, base},
+#define VS_TEXT(id, name, base, translated) text_row{id, base}, text_row{id + english, translated},
+#define VS_TEXT_BASE_ONLY(id, name, base) text_row{id, base},
 constexpr text_row bundle_rows[] = {
 #include "framework/resources/texts/bundle_texts.inc"
 #include "framework/resources/texts/toolkit_texts.inc"

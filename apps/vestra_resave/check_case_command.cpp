@@ -1,8 +1,8 @@
-#include "apps/vestra_resave/check_case_command.h"
+#include "apps/vestra_resave/commands.h"
 
-#include "apps/vestra_resave/figures.h"
 #include "apps/vestra_resave/output_file.h"
-#include "platform/system.h"
+#include "apps/vestra_resave/problems.h"
+#include "operations/project_context.h"
 #include "platform/volumes.h"
 
 namespace vestra::command {
@@ -10,16 +10,18 @@ namespace vestra::command {
 using namespace vs::project_resave;
 
 int check_case(const std::string& project, const std::string& report, const common_options& options) {
-    session host(options, stopped_without_question());
+    session host(options, {.on_stop = stop_answer::erase_created}); // a report is never kept
     if (!host.load(project)) return wrong_use;
     project_context& context = host.context();
     const wide_string path = platform::drive_path(report);
     if (const int end = create_text_file(path, context)) return end;
-    context.check_path_case(path);
-    if (context.progress.stopped) return stopped;
-    if (!context.case_differs) return done;
-    if (platform::current_system().file_size(path) != 0) return problems;
-    complain(one_line(path) + ": the differences could not be written");
+    const run_result result = context.check_path_case(path);
+    if (result.end == run_end::stopped) {
+        complain("interrupted; the text file was removed");
+        return stopped;
+    }
+    if (result.written) return context.case_differs ? problems : done;
+    for (const problem& each : problems_of(context)) complain(line_of(each));
     return not_saved;
 }
 

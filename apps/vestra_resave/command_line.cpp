@@ -4,14 +4,10 @@
 #include <algorithm>
 #include <map>
 
-#include "apps/vestra_resave/check_case_command.h"
-#include "apps/vestra_resave/list_command.h"
-#include "apps/vestra_resave/verify_command.h"
 #include "platform/terminal.h"
 
 namespace vestra::command {
 
-using shell::answer;
 using vs::project_resave::resave_settings;
 using vs::project_resave::structure_settings;
 
@@ -24,7 +20,7 @@ struct words {
     std::string indent = "tab", if_exists = "new-name";
 };
 
-const std::map<std::string, uint32_t> structures{
+const std::map<std::string, vs::project_resave::structure> structures{
     {"by-type", vs::project_resave::by_type},
     {"from-project-folder", vs::project_resave::from_project_folder},
     {"project-tree-else-type", vs::project_resave::project_tree_else_type},
@@ -34,7 +30,9 @@ const std::map<std::string, uint32_t> structures{
 const std::map<std::string, wide_string> indents{
     {"none", u""}, {"tab", u"\t"}, {"space", u" "}, {"4-spaces", u"    "}};
 
-const std::map<std::string, uint32_t> ways_if_scene_file_exists{{"rewrite", 0}, {"new-name", 1}};
+using vs::project_resave::on_existing_file;
+const std::map<std::string, on_existing_file> ways_if_scene_file_exists{
+    {"rewrite", on_existing_file::rewrite}, {"new-name", on_existing_file::new_name}};
 
 CLI::Option* add_project(CLI::App* command, std::string& project) {
     const auto is_given = [](const std::string& text) { return std::string(text.empty() ? "is empty" : ""); };
@@ -82,8 +80,8 @@ void add_verify(CLI::App& app, command_line& line) {
     command->callback([&line] { line.run = [&line] { return verify_project(line.project, line.options); }; });
 }
 
-void add_resave_choices(CLI::App& command, resave_wish& wish, words& words) {
-    resave_settings& settings = wish.settings;
+void add_resave_choices(CLI::App& command, resave_request& request, words& words) {
+    resave_settings& settings = request.settings;
     command.add_option("--structure", words.structure, "Folder structure of the copy")
         ->check(CLI::IsMember(structures))
         ->capture_default_str();
@@ -95,7 +93,7 @@ void add_resave_choices(CLI::App& command, resave_wish& wish, words& words) {
     command.add_flag("--scene-files", settings.save_scene_files, "Write scene files (._sn, ._sc), too");
     command.add_flag("--layer-files", settings.save_layer_files, "Write layer files (._lr, ._lrd), too");
     command.add_flag("--log", settings.write_log, "Write a log beside the new project");
-    command.add_flag("--load-log", wish.load_log,
+    command.add_flag("--load-log", request.load_log,
                      "Write the last step of the load beside the source project");
     command.add_flag("--without-project-file", words.without_project_file,
                      "The source project does not count in the common top folder");
@@ -107,28 +105,29 @@ void add_resave_choices(CLI::App& command, resave_wish& wish, words& words) {
 }
 
 // An unset word and "ask" leave the question to the person.
-std::optional<answer> decided(const std::string& word, const std::string& yes) {
+template <class Answer>
+std::optional<Answer> decided(const std::string& word, const std::string& first, Answer meaning, Answer other) {
     if (word.empty() || word == "ask") return std::nullopt;
-    return word == yes ? answer::yes : answer::no;
+    return word == first ? meaning : other;
 }
 
 void add_resave(CLI::App& app, command_line& line, words& words) {
-    resave_wish& wish = line.resave;
+    resave_request& request = line.resave;
     CLI::App* command =
         add_command(app, "resave", "Copy a project with all its files, and rewrite its references",
-                    line.options, wish.project);
-    command->add_option("NEW_PROJECT", wish.new_project, "Project file to be written")->required();
-    add_resave_choices(*command, wish, words);
+                    line.options, request.project);
+    command->add_option("NEW_PROJECT", request.new_project, "Project file to be written")->required();
+    add_resave_choices(*command, request, words);
     command
-        ->add_option("--deselect", wish.selection.deselect,
+        ->add_option("--deselect", request.selection.deselect,
                      "Leave out this element, by uuid or caption; repeatable")
         ->allow_extra_args(false);
     command
-        ->add_option("--only", wish.selection.only,
+        ->add_option("--only", request.selection.only,
                      "Keep nothing but this element, by uuid or caption; repeatable")
         ->allow_extra_args(false);
-    command->add_flag("--files", wish.list_files, "Print what went where");
-    CLI::Option* verifies = command->add_flag("--verify", wish.verify,
+    command->add_flag("--files", request.list_files, "Print what went where");
+    CLI::Option* verifies = command->add_flag("--verify", request.verify,
                                               "Look at the new project, and compare copies with sources");
     command->add_flag("--dry-run", words.dry_run, "Print what would go where, and write nothing")
         ->excludes(verifies);
@@ -137,22 +136,25 @@ void add_resave(CLI::App& app, command_line& line, words& words) {
         "Ends with 0 saved, 1 saved with problems, 2 wrong use or project not loadable, 3 not saved, 130 "
         "stopped.");
     command->callback([&] {
-        wish.settings.structure_variant = structures.at(words.structure);
-        wish.settings.rename_on_conflict = words.conflict == "rename";
-        wish.settings.consider_project_file = !words.without_project_file;
-        wish.add_referenced = decided(words.referenced, "yes");
-        wish.on_stop = words.dry_run ? answer::no : decided(words.on_stop, "erase");
+        request.settings.structure_variant = structures.at(words.structure);
+        request.settings.rename_on_conflict = words.conflict == "rename";
+        request.settings.consider_project_file = !words.without_project_file;
+        request.answers.add_referenced = decided(words.referenced, "yes", true, false);
+        using vs::project_resave::stop_answer;
+        request.answers.on_stop =
+            decided(words.on_stop, "erase", stop_answer::erase_created, stop_answer::keep_created);
+        if (words.dry_run) request.answers.on_stop = stop_answer::keep_created;
         const auto command_of = words.dry_run ? &plan_resave : &resave;
         line.run = [&line, command_of] { return command_of(line.resave, line.options); };
     });
 }
 
 void add_structure(CLI::App& app, command_line& line, words& words) {
-    structure_wish& wish = line.structure;
-    structure_settings& settings = wish.settings;
+    structure_request& request = line.structure;
+    structure_settings& settings = request.settings;
     CLI::App* command = add_command(app, "structure", "Write what is in a project to a text file",
-                                    line.options, wish.project);
-    command->add_option("TEXT_FILE", wish.text_file, "Text file to be written, in place of one that exists")
+                                    line.options, request.project);
+    command->add_option("TEXT_FILE", request.text_file, "Text file to be written, in place of one that exists")
         ->required();
     command->add_flag("--layers", settings.write_layer_names, "Layers of scenes, in their groups");
     command->add_flag("--tables", settings.write_table_names, "Tables; DBF tables with their fields");
@@ -172,16 +174,16 @@ void add_structure(CLI::App& app, command_line& line, words& words) {
 }
 
 void add_scenes(CLI::App& app, command_line& line, words& words) {
-    scenes_wish& wish = line.scenes;
+    scenes_request& request = line.scenes;
     CLI::App* command = add_command(app, "scenes", "Write each 2D scene of a project to a file of its own",
-                                    line.options, wish.project);
-    command->add_option("FOLDER", wish.folder, "Folder that exists, for the scene files")->required();
+                                    line.options, request.project);
+    command->add_option("FOLDER", request.folder, "Folder that exists, for the scene files")->required();
     command->add_option("--if-exists", words.if_exists, "When there is a scene file of the name")
         ->check(CLI::IsMember(ways_if_scene_file_exists))
         ->capture_default_str();
     command->footer("Ends with 0 written, 2 wrong use or project not loadable, 3 not all written.");
     command->callback([&] {
-        wish.settings.on_exists = ways_if_scene_file_exists.at(words.if_exists);
+        request.settings.on_exists = ways_if_scene_file_exists.at(words.if_exists);
         line.run = [&line] { return write_scenes(line.scenes, line.options); };
     });
 }
@@ -201,14 +203,14 @@ void add_check_case(CLI::App& app, command_line& line) {
 
 void add_panel(CLI::App& app, command_line& line) {
     CLI::App* command =
-        add_command(app, "panel", "Open the bundle's window and lead it by commands from the standard input",
+        add_command(app, "panel", "Open the bundle's window and drive it with commands from standard input",
                     line.options);
     add_project(command, line.panel.project);
     command->add_option("--open", line.panel.open_project, "Project that is open in the host meanwhile")
         ->type_name("PROJECT");
     command->footer("Ends with 0 done, 1 a command was refused, 2 wrong use or project not loadable, 3 the "
                     "window left something behind.");
-    command->callback([&line] { line.run = [&line] { return lead_panel(line.panel, line.options); }; });
+    command->callback([&line] { line.run = [&line] { return drive_panel(line.panel, line.options); }; });
 }
 
 // Without a command the first word is to blame, if there is one that is no option.

@@ -5,21 +5,18 @@
 #include <optional>
 #include <string>
 
-#include "apps/vestra_resave/panel_command.h"
-#include "apps/vestra_resave/resave_command.h"
-#include "apps/vestra_resave/scenes_command.h"
-#include "apps/vestra_resave/structure_command.h"
+#include "apps/vestra_resave/commands.h"
 
 namespace vestra::command {
 
 struct command_line {
     common_options options;
-    std::string project; // of `list`, `check-case` and `verify`; the wishes have their own
+    std::string project; // of `list`, `check-case` and `verify`; the other commands have their own
     std::string report;  // of `check-case`
-    resave_wish resave;
-    structure_wish structure;
-    scenes_wish scenes;
-    panel_wish panel;
+    resave_request resave;
+    structure_request structure;
+    scenes_request scenes;
+    panel_request panel;
     std::function<int()> run; // the command asked for, with the exit code as answer; reads this object
 };
 

@@ -41,14 +41,14 @@ private:
 
     void add_folder(const wide_string& source, const wide_string& target) {
         const wide_string from = source + (is_separator(source.back()) ? u"" : u"\\");
-        std::vector<wide_string> unread;
+        std::vector<platform::unread_folder> unread;
         const auto place_of = [&](const wide_string& path) {
             return path_join(target, path_relative(from, path));
         };
         for (const auto& entry : platform::list_tree(platform::current_system(), from, &unread))
             if (!entry.is_folder) add(entry.path, place_of(entry.path));
-        for (const wide_string& path : unread)
-            found_.differing.push_back({path, place_of(path), "unreadable"});
+        for (const auto& folder : unread)
+            found_.differing.push_back({folder.path, place_of(folder.path), "unreadable"});
     }
 
     // Empty if there is none, and after a stop.
@@ -60,7 +60,7 @@ private:
         if (rest != other->size()) return "size";
         for (; rest != 0 && !is_at_end(); rest -= std::min<uint64_t>(rest, piece)) {
             const auto length = static_cast<size_t>(std::min<uint64_t>(rest, piece));
-            if (one->read(first_.data(), length) != length || other->read(second_.data(), length) != length)
+            if (!one->read_whole(first_.data(), length) || !other->read_whole(second_.data(), length))
                 return "unreadable";
             if (std::memcmp(first_.data(), second_.data(), length) != 0) return "content";
         }

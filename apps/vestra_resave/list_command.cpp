@@ -1,10 +1,12 @@
-#include "apps/vestra_resave/list_command.h"
+#include "apps/vestra_resave/commands.h"
 
 #include <iostream>
 #include <nlohmann/json.hpp>
 
 #include "apps/vestra_resave/elements.h"
 #include "apps/vestra_resave/figures.h"
+#include "apps/vestra_resave/session.h"
+#include "operations/project_context.h"
 #include "platform/text.h"
 
 namespace vestra::command {

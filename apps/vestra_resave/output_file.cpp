@@ -1,8 +1,15 @@
 #include "apps/vestra_resave/output_file.h"
 
+#include <algorithm>
+#include <unordered_map>
+#include <unordered_set>
+
+#include "apps/vestra_resave/elements.h"
+
 #include "apps/vestra_resave/figures.h"
-#include "apps/vestra_resave/project_files.h"
-#include "framework/resources/strings.h"
+#include "core/copying.h"
+#include "operations/project_context.h"
+#include "operations/run/path_files.h"
 #include "platform/path_text.h"
 #include "platform/system.h"
 
@@ -12,9 +19,69 @@ using namespace vs::project_resave;
 
 namespace {
 
-constexpr int32_t question_erase = 359;
+class project_files {
+public:
+    explicit project_files(project_context& context) {
+        for (const wide_string& path : context.sizes.known_paths()) add(path);
+        add_references(elements_of(context));
+    }
+    bool hold(const wide_string& path) const;
+
+private:
+    void add(const wide_string& path);
+    void add_references(const std::vector<element>& elements);
+
+    platform::system& system = platform::current_system();
+    std::unordered_set<wide_string> keys;
+    // Only files of one size can be the same, so few are compared.
+    std::unordered_map<uint64_t, std::vector<wide_string>> of_size;
+};
+
+void project_files::add(const wide_string& path) {
+    if (!keys.insert(path_key(path)).second) return;
+    if (system.kind_of(path) != platform::entry_kind::folder) {
+        of_size[system.file_size(path)].push_back(path);
+        for (const wide_string& companion : companion_files(path))
+            if (system.kind_of(companion) == platform::entry_kind::file &&
+                keys.insert(path_key(companion)).second)
+                of_size[system.file_size(companion)].push_back(companion);
+        return;
+    }
+    for (const platform::tree_entry& entry : platform::list_tree(system, path))
+        if (!entry.is_folder) add(entry.path);
+}
+
+// Joined tables, and layers of types that nothing resaves, have no sizes.
+void project_files::add_references(const std::vector<element>& elements) {
+    for (const element& each : elements) {
+        if (each.exists.value_or(false)) add(each.file);
+        add_references(each.children);
+    }
+}
+
+bool project_files::hold(const wide_string& path) const {
+    if (keys.contains(path_key(path))) return true;
+    const auto row = of_size.find(system.file_size(path));
+    return row != of_size.end() && std::ranges::any_of(row->second, [&](const wide_string& known) {
+               return system.same_file(known, path);
+           });
+}
 
 } // namespace
+
+bool would_replace_project_file(const std::vector<wide_string>& paths, project_context& context) {
+    std::vector<wide_string> standing;
+    std::ranges::copy_if(paths, std::back_inserter(standing), &path_exists);
+    if (standing.empty()) return false; // the usual case, in which no file of the project is looked at
+    const project_files files(context);
+    bool is_one = false;
+    for (const wide_string& path : standing) {
+        if (!files.hold(path)) continue;
+        complain(one_line(path) + ": is a file of the project and must not be written over");
+        is_one = true;
+    }
+    return is_one;
+}
 
 bool is_same_file(const wide_string& one, const wide_string& other) {
     return path_same(one, other) || platform::current_system().same_file(one, other);
@@ -23,34 +90,21 @@ bool is_same_file(const wide_string& one, const wide_string& other) {
 int create_text_file(const wide_string& path, project_context& context) {
     const std::string shown = one_line(path);
     if (is_same_file(path, context.placement.source_project_path)) {
-        complain(shown + ": the project itself cannot be written over");
+        complain(shown + ": is the project itself and must not be written over");
         return wrong_use;
     }
     platform::system& files = platform::current_system();
-    std::string reason;
     std::unique_ptr<platform::file> created;
-    if (files.kind_of(path) == platform::entry_kind::folder)
-        reason = "it is a folder";
-    else if (would_replace_project_file({path}, context))
-        return wrong_use;
-    else if (files.kind_of(path_head(path)) != platform::entry_kind::folder)
-        reason = "there is no folder " + one_line(path_head(path));
-    else if (files.open(path, platform::access::read_write, platform::disposition::create_always, created) !=
-             platform::open_result::opened)
-        reason = "it cannot be opened for writing";
-    else
-        return done;
-    complain(shown + ": " + reason);
+    if (files.kind_of(path) == platform::entry_kind::folder) {
+        complain(shown + ": is a folder");
+        return not_saved;
+    }
+    if (would_replace_project_file({path}, context)) return wrong_use;
+    const platform::outcome opened =
+        files.open(path, platform::access::read_write, platform::disposition::create_always, created);
+    if (opened) return done;
+    complain(shown + ": could not be created: " + one_line(opened.text()));
     return not_saved;
-}
-
-shell::terminal_options stopped_without_question() {
-    shell::terminal_options front;
-    front.decided = [](wide_view question) -> std::optional<shell::answer> {
-        if (question == load_string(question_erase)) return shell::answer::yes;
-        return std::nullopt;
-    };
-    return front;
 }
 
 } // namespace vestra::command

@@ -1,4 +1,4 @@
-#include "apps/vestra_resave/panel_command.h"
+#include "apps/vestra_resave/commands.h"
 
 #include <iostream>
 #include <memory>
@@ -72,7 +72,7 @@ std::unique_ptr<toolkit::app_window> open_window(terminal_host& host) {
     return window;
 }
 
-int lead(toolkit::app_window& window, platform::terminal& terminal, const std::string& project) {
+int drive(toolkit::app_window& window, platform::terminal& terminal, const std::string& project) {
     panel_commands commands(window, &print);
     if (!project.empty() && !commands.set_first_field(project)) return wrong_use;
     commands.show();
@@ -90,14 +90,14 @@ int lead(toolkit::app_window& window, platform::terminal& terminal, const std::s
 
 } // namespace
 
-int lead_panel(const panel_wish& wish, const common_options& options) {
+int drive_panel(const panel_request& request, const common_options& options) {
     int end = done;
     {
         panel_terminal terminal;
         std::optional<open_project> opened;
-        if (!wish.open_project.empty() && !opened.emplace().read(wish.open_project)) return wrong_use;
-        terminal_host host(terminal, options, {});
-        end = lead(*open_window(host), terminal, wish.project);
+        if (!request.open_project.empty() && !opened.emplace().read(request.open_project)) return wrong_use;
+        terminal_host host(terminal, options);
+        end = drive(*open_window(host), terminal, request.project);
     }
     if (const std::size_t left = living_objects()) {
         complain("the window is closed, but of its objects there are left: " + std::to_string(left));

@@ -1,26 +1,26 @@
-#include "apps/vestra_resave/scenes_command.h"
+#include "apps/vestra_resave/commands.h"
 
 #include <iostream>
 #include <unordered_set>
 
 #include "apps/vestra_resave/figures.h"
-#include "apps/vestra_resave/project_files.h"
+#include "apps/vestra_resave/output_file.h"
+#include "apps/vestra_resave/problems.h"
+#include "apps/vestra_resave/session.h"
 #include "framework/border/string_adapter.h"
 #include "host/vsk_prj.h"
 #include "host/vsk_scn_2d.h"
 #include "layers/layer_files.h"
+#include "operations/project_context.h"
 #include "operations/run/path_files.h"
 #include "platform/path_text.h"
 #include "platform/volumes.h"
-#include "reference_host/shell/settings.h"
 
 namespace vestra::command {
 
 using namespace vs::project_resave;
 
 namespace {
-
-constexpr uint32_t rewrite = 0;
 
 // Where the run puts the scenes; none is left out of the selection here.
 std::vector<wide_string> scene_files(project_context& context, const wide_string& folder) {
@@ -33,45 +33,41 @@ std::vector<wide_string> scene_files(project_context& context, const wide_string
     return paths;
 }
 
-// The run tells nobody of a failure. Nothing was placed before it.
-int report_written(const project_context& context, const wide_string& folder, bool quiet) {
-    int end = done;
+// The run works in the current folder, so its paths are names.
+void print_outcome(const project_context& context, const wide_string& folder, bool quiet) {
+    std::unordered_set<wide_string> failed;
+    for (problem each : problems_of(context)) {
+        each.new_path = path_join(folder, each.new_path);
+        if (each.kind == name_of(fact_kind::not_written)) failed.insert(path_key(each.new_path));
+        complain(line_of(each));
+    }
     std::unordered_set<wide_string> seen;
     for (const placed_file& scene : context.placement.placed) {
-        const wide_string path = path_join(folder, scene.new_path);
-        const bool is_there = path_exists(scene.new_path);
-        if (!is_there) {
-            complain("not written: " + one_line(path));
-            end = not_saved;
-        } else if (!seen.insert(path_key(path)).second) {
-            complain("written over by a further scene of this name: " + one_line(path));
-        } else if (!quiet) {
-            std::cout << one_line(path) << '\n';
-        }
+        const wide_string path = path_join(folder, scene.new_path), key = path_key(path);
+        if (!quiet && !failed.contains(key) && seen.insert(key).second) std::cout << one_line(path) << '\n';
     }
-    for (const shell::refused_file& refused : shell::settings().refused_writes)
-        complain(one_line(refused.reason));
-    return shell::settings().refused_writes.empty() ? end : not_saved;
 }
 
 } // namespace
 
-int write_scenes(const scenes_wish& wish, const common_options& options) {
+int write_scenes(const scenes_request& request, const common_options& options) {
     session host(options, {});
-    if (!host.load(wish.project)) return wrong_use;
+    if (!host.load(request.project)) return wrong_use;
     project_context& context = host.context();
-    const wide_string folder = platform::drive_path(wish.folder);
+    const wide_string folder = platform::drive_path(request.folder);
     // The run writes into the current folder: nothing was resaved before it.
-    if (!platform::set_current_folder(folder)) {
-        complain(one_line(folder) + ": there is no such folder");
+    if (const platform::outcome entered = platform::set_current_folder(folder); !entered) {
+        complain(one_line(folder) + ": could not be entered: " + one_line(entered.text()));
         return not_saved;
     }
-    scene_file_settings settings = wish.settings;
-    if (settings.on_exists == rewrite && would_replace_project_file(scene_files(context, folder), context))
+    scene_file_settings settings = request.settings;
+    if (settings.on_exists == on_existing_file::rewrite &&
+        would_replace_project_file(scene_files(context, folder), context))
         return wrong_use;
     settings.folder = folder.c_str();
-    context.create_scene_files(settings);
-    return report_written(context, folder, options.quiet);
+    const run_result result = context.create_scene_files(settings);
+    print_outcome(context, folder, options.quiet);
+    return result.written ? done : not_saved;
 }
 
 } // namespace vestra::command

@@ -76,14 +76,14 @@ bool keep_only(const element& each, const std::unordered_set<const element*>& wa
 
 } // namespace
 
-std::vector<std::string> apply(const selection_wish& wish, const std::vector<element>& elements,
+std::vector<std::string> apply(const selection_request& request, const std::vector<element>& elements,
                                selection_register& selection) {
     const directory names(elements);
     std::vector<std::string> complaints;
     std::vector<const element*> unwanted;
     std::unordered_set<const element*> wanted;
-    for (const std::string& name : wish.deselect) unwanted.push_back(names.find(name, complaints));
-    for (const std::string& name : wish.only) wanted.insert(names.find(name, complaints));
+    for (const std::string& name : request.deselect) unwanted.push_back(names.find(name, complaints));
+    for (const std::string& name : request.only) wanted.insert(names.find(name, complaints));
     if (!complaints.empty()) return complaints;
     if (!wanted.empty())
         for (const element& each : elements) keep_only(each, wanted, selection);

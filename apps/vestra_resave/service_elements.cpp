@@ -8,9 +8,7 @@
 #include "services/collect_services.h"
 #include "services/entity_factory.h"
 #include "services/resave_entity_plugin.h"
-#include "services/told_count.h"
-#include "services/told_text.h"
-#include "services/wide_string_list.h"
+#include "services/service_answers.h"
 
 namespace vestra::command {
 
@@ -21,11 +19,11 @@ namespace {
 element service_item(const resave_service& service, uint32_t index, bool selectable) {
     element shown;
     shown.kind = "item";
-    shown.type = told_text<&resave_service_impl::caption>(service);
-    shown.caption = told_text<&resave_service_impl::item_caption>(service, index);
+    shown.type = text_from<&resave_service_impl::caption>(service);
+    shown.caption = text_from<&resave_service_impl::item_caption>(service, index);
     shown.uuid = uuid_to_text(call<&resave_service_impl::item_uuid>(service, index));
     shown.selectable = selectable && !shown.uuid.empty();
-    refer_to(shown, told_text<&resave_service_impl::item_source>(service, index));
+    refer_to(shown, text_from<&resave_service_impl::item_source>(service, index));
     const wide_string_list files;
     call<&resave_service_impl::item_files>(service, index, files);
     for (const wide_string& file : files.texts()) {
@@ -43,10 +41,10 @@ void add_service(std::vector<element>& all, const resave_service& service) {
     const bool selectable = call<&resave_service_impl::shows_in_selection>(service);
     element heading;
     heading.kind = "collection";
-    heading.caption = told_text<&resave_service_impl::tree_caption>(service);
+    heading.caption = text_from<&resave_service_impl::tree_caption>(service);
     const bool has_heading = call<&resave_service_impl::has_own_heading>(service);
     std::vector<element>& items = has_heading ? heading.children : all;
-    const uint32_t count = told_count<&resave_service_impl::item_count>(service).value_or(0);
+    const uint32_t count = count_from<&resave_service_impl::item_count>(service).value_or(0);
     for (uint32_t index = 0; index < count; ++index)
         items.push_back(service_item(service, index, selectable));
     if (has_heading) all.push_back(std::move(heading));

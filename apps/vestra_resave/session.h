@@ -2,21 +2,31 @@
 // works.
 #pragma once
 
+#include <memory>
+#include <string>
+
+#include "apps/vestra_resave/command_questions.h"
 #include "apps/vestra_resave/terminal_host.h"
-#include "operations/project_context.h"
+
+#include "services/collect_services.h"
+
+namespace vs::project_resave {
+class project_context;
+}
 
 namespace vestra::command {
 
 // Starts the host in its constructor and takes it down in its destructor. One at a time.
 class session {
 public:
-    // Loads the bundles of the options beside the one that is linked in. `front` as for the host.
-    session(const common_options& options, shell::terminal_options front);
+    // Loads the bundles of the options beside the one that is linked in.
+    session(const common_options& options, const decided_answers& answers);
     ~session();
 
     // Loads a project, by its native or its drive path. On failure the reason is on the error output, in one
     // line.
     bool load(const std::string& project);
+    bool load(const wide_string& path, bool show_wait, bool write_open_log);
 
     vs::project_resave::project_context& context() { return *context_; }
     // Whether Ctrl-C came since the last run ended.
@@ -25,8 +35,9 @@ public:
 private:
     vs::project_resave::platform::process_terminal terminal_;
     terminal_host host_;
+    command_questions questions_;
     vs::project_resave::resave_services services_;
-    std::optional<vs::project_resave::project_context> context_;
+    std::unique_ptr<vs::project_resave::project_context> context_;
 };
 
 } // namespace vestra::command

@@ -4,7 +4,6 @@
 #include <iostream>
 
 #include "framework/bundle_entry.h"
-#include "framework/resources/strings.h"
 #include "platform/volumes.h"
 #include "reference_host/shell/settings.h"
 
@@ -14,26 +13,12 @@ using namespace vs::project_resave;
 
 namespace {
 
-constexpr int32_t failure_load_project = 500;
-
-// The host says only that a project could not be loaded; a person wants the place and the reason.
-wide_string with_reason(wide_view error) {
-    const wide_string& reason = shell::settings().read_error;
-    return error == load_string(failure_load_project) && !reason.empty() ? reason : wide_string(error);
-}
-
 bool is_russian(const common_options& options) {
     if (!options.language.empty()) return options.language == "ru";
     for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANG"})
         if (const char* value = std::getenv(name); value && *value)
             return std::string_view(value).starts_with("ru");
     return false;
-}
-
-shell::terminal_options for_terminal(const common_options& options, shell::terminal_options front) {
-    front.quiet = options.quiet;
-    front.error_text = &with_reason;
-    return front;
 }
 
 } // namespace
@@ -48,9 +33,8 @@ std::optional<std::string> apply(const common_options& options) {
     return std::nullopt;
 }
 
-terminal_host::terminal_host(platform::terminal& terminal, const common_options& options,
-                             shell::terminal_options front)
-    : options_(options), front_end_(terminal, for_terminal(options, std::move(front))),
+terminal_host::terminal_host(platform::terminal& terminal, const common_options& options)
+    : options_(options), front_end_(terminal, options.quiet),
       front_end_in_force_(front_end_), bundles_(registry_), dialog_runner_(terminal, options.quiet) {}
 
 terminal_host::~terminal_host() {

@@ -36,10 +36,8 @@ struct bundle_not_loaded : std::runtime_error {
 // One at a time. Its end takes all bundles out.
 class terminal_host {
 public:
-    // `front` tells how questions are answered; its `quiet` is taken from the options. The terminal must
-    // outlive the host.
-    terminal_host(vs::project_resave::platform::terminal& terminal, const common_options& options,
-                  shell::terminal_options front);
+    // The terminal must outlive the host.
+    terminal_host(vs::project_resave::platform::terminal& terminal, const common_options& options);
     ~terminal_host();
 
     // The bundle that is linked in, those of the options, and one more, by its drive path.
@@ -48,6 +46,8 @@ public:
     void load(const wide_string& path);
     // To be called when bundles were added.
     void connect();
+    // The person at the terminal.
+    shell::front_end& front_end() { return front_end_; }
 
 private:
     const common_options& options_;

@@ -9,7 +9,8 @@ namespace vestra::command {
 
 using namespace vs::project_resave;
 using platform::entry_kind;
-using platform::open_result;
+using platform::failure;
+using platform::outcome;
 
 namespace {
 
@@ -21,24 +22,24 @@ class text_file final : public platform::file {
 public:
     explicit text_file(std::shared_ptr<std::string> text) : text_(std::move(text)) {}
 
-    size_t read(void* buffer, size_t length) override {
-        const size_t count = std::min(length, text_->size() - std::min(position_, text_->size()));
+    outcome read(void* buffer, size_t length, size_t& count) override {
+        count = std::min(length, text_->size() - std::min(position_, text_->size()));
         if (count != 0) std::memcpy(buffer, text_->data() + position_, count);
         position_ += count;
-        return count;
+        return {};
     }
-    size_t write(const void* bytes, size_t length) override {
+    outcome write(const void* bytes, size_t length) override {
         text_->resize(std::max(text_->size(), position_ + length));
         if (length != 0) std::memcpy(text_->data() + position_, bytes, length);
         position_ += length;
-        return length;
+        return {};
     }
-    bool seek_end() override {
+    outcome seek_end() override {
         position_ = text_->size();
-        return true;
+        return {};
     }
     uint64_t size() override { return text_->size(); }
-    bool close() override { return true; }
+    outcome close() override { return {}; }
 
 private:
     std::shared_ptr<std::string> text_;
@@ -56,22 +57,25 @@ uint64_t trial_disk::bytes_of(const entry& file) const {
     return file.text ? file.text->size() : real_.file_size(file.source);
 }
 
-bool trial_disk::has_folder(const wide_string& path) {
-    return kind_of(folder_of(path)) == entry_kind::folder;
+outcome trial_disk::has_folder(const wide_string& path) {
+    return kind_of(folder_of(path)) == entry_kind::folder ? outcome() : failure::missing;
 }
 
 // Also where nothing can be opened but the name is taken, by a broken link for one.
-bool trial_disk::is_free(const wide_string& path) {
-    if (const entry* found = known(path)) return found->kind == entry_kind::none;
+outcome trial_disk::is_free(const wide_string& path) {
+    const entry* found = known(path);
     wide_string spelling;
-    return kind_of(path) == entry_kind::none &&
-           !real_.true_name(folder_of(path), path_file_name(path_normalise(path)), spelling);
+    const bool is_taken =
+        found ? found->kind != entry_kind::none
+              : kind_of(path) != entry_kind::none ||
+                    real_.true_name(folder_of(path), path_file_name(path_normalise(path)), spelling);
+    return is_taken ? failure::taken : outcome();
 }
 
-bool trial_disk::is_readable(const wide_string& path) {
+outcome trial_disk::is_readable(const wide_string& path) {
     std::unique_ptr<platform::file> opened;
-    return open(path, platform::access::read, platform::disposition::open_existing, opened) !=
-           open_result::failed;
+    const outcome result = open(path, platform::access::read, platform::disposition::open_existing, opened);
+    return result.is(failure::in_use) ? outcome() : result;
 }
 
 void trial_disk::put(entry made) {
@@ -112,51 +116,57 @@ uint64_t trial_disk::file_size(const wide_string& path) {
     return found->kind == entry_kind::file ? bytes_of(*found) : 0;
 }
 
-bool trial_disk::copy_file(const wide_string& source, const wide_string& target, bool replace) {
+outcome trial_disk::copy_file(const wide_string& source, const wide_string& target, bool replace) {
     const bool replaces = replace && kind_of(target) == entry_kind::file && !same_file(source, target);
-    if (!is_readable(source) || !has_folder(target) || !(replaces || is_free(target))) return false;
+    outcome result = is_readable(source);
+    if (result) result = has_folder(target);
+    if (result && !replaces) result = is_free(target);
+    if (!result) return result;
     const entry* from = known(source);
     put({.kind = entry_kind::file,
          .path = target,
          .source = from && !from->text ? from->source : source,
          .text = from ? from->text : nullptr});
-    return true;
+    return {};
 }
 
-bool trial_disk::delete_file(const wide_string& path) {
-    if (kind_of(path) != entry_kind::file) return false;
+outcome trial_disk::delete_file(const wide_string& path) {
+    if (const entry_kind kind = kind_of(path); kind != entry_kind::file)
+        return kind == entry_kind::none ? failure::missing : outcome::because(u"is a folder");
     take_away(path);
-    return true;
+    return {};
 }
 
-bool trial_disk::create_folder(const wide_string& path) {
-    if (!is_free(path) || !has_folder(path)) return false;
-    put({.kind = entry_kind::folder, .path = path_normalise(path)});
-    return true;
+outcome trial_disk::create_folder(const wide_string& path) {
+    outcome result = is_free(path);
+    if (result) result = has_folder(path);
+    if (result) put({.kind = entry_kind::folder, .path = path_normalise(path)});
+    return result;
 }
 
-bool trial_disk::remove_folder(const wide_string& path) {
-    const auto entries = list(path);
-    if (!entries || !entries->empty()) return false;
+outcome trial_disk::remove_folder(const wide_string& path) {
+    std::vector<platform::folder_entry> entries;
+    if (const outcome result = list(path, entries); !result) return result;
+    if (!entries.empty()) return outcome::because(u"the folder is not empty");
     take_away(path);
-    return true;
+    return {};
 }
 
-std::optional<std::vector<platform::folder_entry>> trial_disk::list(const wide_string& path) {
-    if (kind_of(path) != entry_kind::folder) return std::nullopt;
-    auto listed = real_.list(path);
+outcome trial_disk::list(const wide_string& path, std::vector<platform::folder_entry>& entries) {
+    entries.clear();
+    if (kind_of(path) != entry_kind::folder) return failure::missing;
+    const outcome listed = real_.list(path, entries);
     const auto changed = inside_.find(path_key(path));
     if (changed == inside_.end()) return listed;
-    if (!listed && real_.kind_of(path) != entry_kind::none) return std::nullopt;
-    if (!listed) listed.emplace();
-    std::erase_if(*listed, [&](const platform::folder_entry& each) {
+    if (!listed && real_.kind_of(path) != entry_kind::none) return listed;
+    std::erase_if(entries, [&](const platform::folder_entry& each) {
         return changed->second.contains(path_key(path_join(path, each.name)));
     });
     for (const wide_string& key : changed->second)
         if (const entry& made = entries_.at(key); made.kind != entry_kind::none)
-            listed->push_back({path_file_name(made.path), made.kind == entry_kind::folder, false});
-    std::ranges::sort(*listed, {}, &platform::folder_entry::name);
-    return listed;
+            entries.push_back({path_file_name(made.path), made.kind == entry_kind::folder, false});
+    std::ranges::sort(entries, {}, &platform::folder_entry::name);
+    return {};
 }
 
 bool trial_disk::true_name(const wide_string& folder, const wide_string& name, wide_string& spelling) {
@@ -172,42 +182,48 @@ bool trial_disk::same_file(const wide_string& a, const wide_string& b) {
     return kind_of(a) != entry_kind::none && path_same(a, b);
 }
 
-bool trial_disk::rename_over(const wide_string& from, const wide_string& to) {
+outcome trial_disk::rename_over(const wide_string& from, const wide_string& to) {
     const entry* found = known(from);
-    if (!found || found->kind != entry_kind::file || kind_of(to) == entry_kind::folder || !has_folder(to))
-        return false;
+    if (!found && kind_of(from) == entry_kind::file)
+        return outcome::because(u"a dry run cannot rename a file of the real disk");
+    if (!found || found->kind != entry_kind::file) return failure::missing;
+    if (kind_of(to) == entry_kind::folder) return outcome::because(u"a folder is in the way");
+    if (const outcome result = has_folder(to); !result) return result;
     entry moved = *found;
     moved.path = to;
     take_away(from);
     put(std::move(moved));
-    return true;
+    return {};
 }
 
-open_result trial_disk::open(const wide_string& path, platform::access wanted, platform::disposition how,
-                             std::unique_ptr<platform::file>& result) {
+outcome trial_disk::open(const wide_string& path, platform::access wanted, platform::disposition how,
+                         std::unique_ptr<platform::file>& result) {
     result.reset();
     if (how == platform::disposition::create_always) {
-        if (kind_of(path) == entry_kind::folder || !has_folder(path)) return open_result::failed;
+        if (kind_of(path) == entry_kind::folder) return outcome::because(u"a folder is in the way");
+        if (const outcome found = has_folder(path); !found) return found;
         const auto text = std::make_shared<std::string>();
         put({.kind = entry_kind::file, .path = path, .text = text});
         result = std::make_unique<text_file>(text);
-        return open_result::opened;
+        return {};
     }
     const entry* found = known(path);
     if (found && found->text) {
         result = std::make_unique<text_file>(found->text);
-        return open_result::opened;
+        return {};
     }
-    const bool is_gone = found && found->kind != entry_kind::file;
-    if (is_gone || wanted == platform::access::read_write) return open_result::failed;
+    if (found && found->kind == entry_kind::folder) return outcome::because(u"is a folder");
+    if (found && found->kind == entry_kind::none) return failure::missing;
+    if (wanted == platform::access::read_write)
+        return outcome::because(u"a dry run cannot change a file of the real disk");
     return real_.open(found ? found->source : path, wanted, how, result);
 }
 
-std::optional<uint64_t> trial_disk::free_space(const wide_string& folder) {
+outcome trial_disk::free_space(const wide_string& folder, uint64_t& bytes) {
     wide_string level = path_normalise(folder);
     while (real_.kind_of(level + u'\\') != entry_kind::folder && level.size() > path_fixed_length(level))
         level = path_normalise(path_head(level));
-    return real_.free_space(level + u'\\');
+    return real_.free_space(level + u'\\', bytes);
 }
 
 } // namespace vestra::command

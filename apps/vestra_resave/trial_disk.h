@@ -32,19 +32,19 @@ public:
     // within.
     platform::entry_kind kind_of(const wide_string& path) override;
     uint64_t file_size(const wide_string& path) override;
-    bool copy_file(const wide_string& source, const wide_string& target, bool replace) override;
-    bool delete_file(const wide_string& path) override;
-    bool create_folder(const wide_string& path) override;
-    bool remove_folder(const wide_string& path) override;
-    std::optional<std::vector<platform::folder_entry>> list(const wide_string& path) override;
+    platform::outcome copy_file(const wide_string& source, const wide_string& target, bool replace) override;
+    platform::outcome delete_file(const wide_string& path) override;
+    platform::outcome create_folder(const wide_string& path) override;
+    platform::outcome remove_folder(const wide_string& path) override;
+    platform::outcome list(const wide_string& path, std::vector<platform::folder_entry>& entries) override;
     bool true_name(const wide_string& folder, const wide_string& name, wide_string& spelling) override;
     bool same_file(const wide_string& a, const wide_string& b) override;
-    bool rename_over(const wide_string& from, const wide_string& to) override;
-    platform::open_result open(const wide_string& path, platform::access wanted, platform::disposition how,
-                               std::unique_ptr<platform::file>& result) override;
+    platform::outcome rename_over(const wide_string& from, const wide_string& to) override;
+    platform::outcome open(const wide_string& path, platform::access wanted, platform::disposition how,
+                           std::unique_ptr<platform::file>& result) override;
     void pause_1ms() override { real_.pause_1ms(); }
     // On the real disk; of a folder that is not there yet on the volume where it would be.
-    std::optional<uint64_t> free_space(const wide_string& folder) override;
+    platform::outcome free_space(const wide_string& folder, uint64_t& bytes) override;
 
 private:
     struct entry {
@@ -57,9 +57,9 @@ private:
 
     const entry* known(const wide_string& path) const;
     uint64_t bytes_of(const entry& file) const;
-    bool has_folder(const wide_string& path);
-    bool is_free(const wide_string& path);
-    bool is_readable(const wide_string& path);
+    platform::outcome has_folder(const wide_string& path);
+    platform::outcome is_free(const wide_string& path);
+    platform::outcome is_readable(const wide_string& path);
     void put(entry made);
     void take_away(const wide_string& path);
 

@@ -7,6 +7,7 @@
 
 #include "apps/vestra_resave/elements.h"
 #include "apps/vestra_resave/figures.h"
+#include "operations/project_context.h"
 #include "platform/path_text.h"
 #include "platform/system.h"
 #include "platform/text.h"
@@ -118,11 +119,12 @@ void verify(project_context& context, std::span<const wide_string> further,
 }
 
 std::vector<wide_string> files_beside(const project_context& context, verification& found) {
-    std::vector<wide_string> all, unread;
+    std::vector<wide_string> all;
+    std::vector<platform::unread_folder> unread;
     const wide_string folder = path_head(context.placement.source_project_path);
     for (auto& entry : platform::list_tree(platform::current_system(), folder, &unread))
         if (!entry.is_folder) all.push_back(std::move(entry.path));
-    for (const wide_string& path : unread)
+    for (const auto& [path, reason] : unread)
         found.astray.push_back({"folder", path_file_name(path), path, path, "unreadable"});
     return all;
 }

@@ -1,4 +1,4 @@
-#include "apps/vestra_resave/verify_command.h"
+#include "apps/vestra_resave/commands.h"
 
 #include <iostream>
 #include <nlohmann/json.hpp>
@@ -6,6 +6,7 @@
 #include "apps/vestra_resave/figures.h"
 #include "apps/vestra_resave/session.h"
 #include "apps/vestra_resave/verification.h"
+#include "operations/project_context.h"
 #include "platform/text.h"
 
 namespace vestra::command {

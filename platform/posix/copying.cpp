@@ -1,5 +1,3 @@
-#include "platform/posix/copying.h"
-
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -12,7 +10,8 @@
 #include <utility>
 #include <vector>
 
-#include "platform/posix/open_file.h"
+#include "platform/file_parts.h"
+#include "platform/posix/native_paths.h"
 #include "platform/posix/volumes.h"
 
 namespace vs::project_resave::platform {
@@ -21,18 +20,12 @@ namespace {
 
 folder_names& names() { return mapped_volumes().names(); }
 
-// The names of the folder were looked through for `path` just now.
-descriptor create_exclusively(const std::string& path, mode_t mode) {
-    descriptor created = create_native(path, O_WRONLY | O_EXCL, mode);
-    if (created) names().created(path);
-    return created;
-}
+constexpr const char16_t* changed_meanwhile = u"the file changed while it was copied";
 
 // A file that did not exist before; its destructor removes it unless it was kept.
 class new_file {
 public:
-    new_file(std::string path, mode_t mode)
-        : path_(std::move(path)), content_(create_exclusively(path_, mode)), present_(bool(content_)) {}
+    explicit new_file(std::string path) : path_(std::move(path)) {}
     ~new_file() {
         if (!present_) return;
         names().before_change(path_);
@@ -41,71 +34,81 @@ public:
     new_file(const new_file&) = delete;
     new_file& operator=(const new_file&) = delete;
 
-    explicit operator bool() const { return present_; }
     int get() const { return content_.get(); }
 
-    bool keep() {
-        if (content_.close()) present_ = false;
-        return !present_;
+    // The caller has just looked the path up, so the names of its folder are current.
+    outcome create(mode_t mode) {
+        const outcome created = create_native(path_, O_WRONLY | O_EXCL, mode, content_);
+        present_ = bool(created);
+        if (present_) names().created(path_);
+        return created;
     }
-    bool keep_in_place_of(const std::string& target) {
-        if (!content_.close()) return false;
+    outcome keep() {
+        if (!content_.close()) return outcome::last();
+        present_ = false;
+        return {};
+    }
+    outcome keep_in_place_of(const std::string& target) {
+        if (!content_.close()) return outcome::last();
         names().before_change(path_);
-        if (std::rename(path_.c_str(), target.c_str()) != 0) return false;
+        if (std::rename(path_.c_str(), target.c_str()) != 0) return outcome::last();
         names().removed(path_);
         present_ = false;
-        return true;
+        return {};
     }
 
 private:
     std::string path_;
     descriptor content_;
-    bool present_;
+    bool present_ = false;
 };
 
-bool copy_through_memory(int source, int target, off_t from, off_t end) {
+outcome copy_through_memory(int source, int target, off_t from, off_t end) {
     constexpr off_t piece = 128 * 1024;
     char buffer[piece];
     while (from < end) {
         const auto wanted = static_cast<size_t>(std::min(piece, end - from));
         const ssize_t taken = again_if_interrupted([&] { return ::pread(source, buffer, wanted, from); });
-        if (taken <= 0) return false;
+        if (taken < 0) return outcome::last();
+        if (taken == 0) return outcome::because(changed_meanwhile);
         for (ssize_t given = 0; given < taken;) {
             const ssize_t count = again_if_interrupted(
                 [&] { return ::pwrite(target, buffer + given, size_t(taken - given), from + given); });
-            if (count <= 0) return false;
+            if (count <= 0) return count < 0 ? outcome::last() : failure::disk_full;
             given += count;
         }
         from += taken;
     }
-    return true;
+    return {};
 }
 
-bool copy_range(int source, int target, off_t from, off_t end) {
+outcome copy_range(int source, int target, off_t from, off_t end) {
     off_t to = from;
     while (from < end) {
         const ssize_t count = ::copy_file_range(source, &from, target, &to, size_t(end - from), 0);
         if (count <= 0)
             return copy_through_memory(source, target, from, end); // not between these file systems
     }
-    return true;
+    return {};
 }
 
-bool copy_without_holes(int source, int target, off_t size) {
+outcome copy_without_holes(int source, int target, off_t size) {
     off_t end = 0;
     while (end < size) {
         const off_t data = ::lseek(source, end, SEEK_DATA);
         if (data < 0 && errno == ENXIO) break;                    // nothing but a hole is left
         if (data < 0 && (errno == EINVAL || errno == EOPNOTSUPP)) // the file system knows of no holes
             return copy_range(source, target, end, size);
-        if (data < 0) return false;
+        if (data < 0) return outcome::last();
         end = std::min(::lseek(source, data, SEEK_HOLE), size);
-        if (end <= data || !copy_range(source, target, data, end)) return false;
+        if (end < 0) return outcome::last();
+        if (end <= data) return outcome::because(changed_meanwhile);
+        if (const outcome copied = copy_range(source, target, data, end); !copied) return copied;
     }
-    return ::ftruncate(target, size) == 0;
+    return outcome::of_call(::ftruncate(target, size) == 0);
 }
 
-bool copy_content(int source, int target, const struct stat& status) {
+outcome copy_content(int source, int target, const struct stat& status) {
     constexpr off_t block = 512;
     constexpr off_t small = 64 * 1024; // below it, setting up a transfer inside the kernel costs more
     if (status.st_blocks * block < status.st_size) return copy_without_holes(source, target, status.st_size);
@@ -113,10 +116,12 @@ bool copy_content(int source, int target, const struct stat& status) {
     return copy_range(source, target, 0, status.st_size);
 }
 
-bool is_unchanged(int source, const struct stat& before) {
+outcome check_unchanged(int source, const struct stat& before) {
     struct stat now {};
-    return ::fstat(source, &now) == 0 && now.st_size == before.st_size &&
-           now.st_mtim.tv_sec == before.st_mtim.tv_sec && now.st_mtim.tv_nsec == before.st_mtim.tv_nsec;
+    if (::fstat(source, &now) != 0) return outcome::last();
+    const bool is_same = now.st_size == before.st_size && now.st_mtim.tv_sec == before.st_mtim.tv_sec &&
+                         now.st_mtim.tv_nsec == before.st_mtim.tv_nsec;
+    return is_same ? outcome() : outcome::because(changed_meanwhile);
 }
 
 // Some mounted file systems know neither; a copy without them is still a copy.
@@ -132,29 +137,46 @@ void copy_attributes(int target, const struct stat& status, mode_t permissions) 
 // Beside the target, so that it can take its place in one step.
 std::string temporary_name(const std::string& target) {
     static std::atomic<unsigned> count{0};
-    const std::string folder = target.substr(0, target.rfind('/') + 1);
-    return folder + ".copy-" + std::to_string(::getpid()) + "-" + std::to_string(++count) + ".tmp";
+    const std::string number = std::to_string(::getpid()) + "-" + std::to_string(++count);
+    return joined(folder_of(target), ".copy-" + number + ".tmp");
 }
 
 } // namespace
 
-bool copy_regular_file(const wide_string& source, const wide_string& target_path, bool replace) {
-    const descriptor in = open_existing(source, O_RDONLY);
+outcome copy_regular_file(const wide_string& source, const wide_string& target_path, bool replace) {
+    descriptor in;
     struct stat status {};
-    if (!in || ::fstat(in.get(), &status) != 0 || !S_ISREG(status.st_mode)) return false;
+    outcome result = open_existing(source, O_RDONLY, in);
+    if (result) result = regular_status(in, status);
+    if (!result) return result;
 
     const auto wanted = mapped_volumes().to_create(target_path);
-    if (!wanted) return false;
-    const std::string& target = *wanted;
+    if (!wanted) return wanted.result;
+    const std::string& target = wanted.path;
     struct stat existing {};
     const bool replaces = replace && ::stat(target.c_str(), &existing) == 0;
-    if (replaces && existing.st_dev == status.st_dev && existing.st_ino == status.st_ino) return false;
+    if (replaces && existing.st_dev == status.st_dev && existing.st_ino == status.st_ino)
+        return outcome::because(u"source and target are the same file");
 
     const mode_t permissions = status.st_mode & 0777;
-    new_file out(replaces ? temporary_name(target) : target, permissions);
-    if (!out || !copy_content(in.get(), out.get(), status) || !is_unchanged(in.get(), status)) return false;
+    new_file out(replaces ? temporary_name(target) : target);
+    result = out.create(permissions);
+    if (result) result = copy_content(in.get(), out.get(), status);
+    if (result) result = check_unchanged(in.get(), status);
+    if (!result) return result;
     copy_attributes(out.get(), status, permissions);
     return replaces ? out.keep_in_place_of(target) : out.keep();
+}
+
+outcome rename_file_over(const wide_string& from, const wide_string& to) {
+    const auto source = mapped_volumes().native(from, true);
+    const auto target = mapped_volumes().to_create(to);
+    if (!source || !target) return source ? target.result : source.result;
+    names().before_change(source.path);
+    if (std::rename(source.path.c_str(), target.path.c_str()) != 0) return outcome::last();
+    if (source.path != target.path) names().removed(source.path);
+    names().created(target.path);
+    return {};
 }
 
 } // namespace vs::project_resave::platform

@@ -1,5 +1,4 @@
 #include <dirent.h>
-#include <fcntl.h>
 #include <sys/stat.h>
 #include <sys/statvfs.h>
 #include <unistd.h>
@@ -7,16 +6,14 @@
 #include <algorithm>
 #include <cerrno>
 #include <chrono>
-#include <cstdio>
 #include <memory>
 #include <optional>
 #include <string_view>
 #include <thread>
 
-#include "platform/posix/copying.h"
-#include "platform/posix/open_file.h"
+#include "platform/file_parts.h"
+#include "platform/posix/native_paths.h"
 #include "platform/posix/volumes.h"
-#include "platform/system.h"
 #include "platform/text.h"
 
 namespace vs::project_resave::platform {
@@ -25,11 +22,11 @@ namespace {
 
 folder_names& names() { return mapped_volumes().names(); }
 
-std::optional<std::string> existing(const wide_string& path) { return mapped_volumes().native(path, true); }
-std::optional<std::string> wanted(const wide_string& path) { return mapped_volumes().to_create(path); }
+native_answer existing(const wide_string& path) { return mapped_volumes().native(path, true); }
+native_answer wanted(const wide_string& path) { return mapped_volumes().to_create(path); }
 
 folder_entry entry_of(const std::string& folder, const dirent& found) {
-    const std::string path = folder + "/" + found.d_name;
+    const std::string path = joined(folder, found.d_name);
     struct stat status {};
     const bool is_known = found.d_type != DT_UNKNOWN;
     const bool is_link =
@@ -54,53 +51,57 @@ public:
                                         : entry_status{};
     }
 
-    bool copy_file(const wide_string& source, const wide_string& target, bool replace) override {
+    outcome copy_file(const wide_string& source, const wide_string& target, bool replace) override {
         return copy_regular_file(source, target, replace);
     }
 
-    bool delete_file(const wide_string& path) override {
+    outcome delete_file(const wide_string& path) override {
         const auto native = existing(path);
-        if (!native) return false;
-        names().before_change(*native);
-        if (::unlink(native->c_str()) != 0) return false;
-        names().removed(*native);
-        return true;
+        if (!native) return native.result;
+        names().before_change(native.path);
+        if (::unlink(native.path.c_str()) != 0) return outcome::last();
+        names().removed(native.path);
+        return {};
     }
 
-    bool create_folder(const wide_string& path) override {
+    outcome create_folder(const wide_string& path) override {
         const auto native = wanted(path);
-        if (!native) return false;
-        names().before_change(*native);
-        if (::mkdir(native->c_str(), 0777) != 0) return false;
-        names().created(*native);
-        return true;
+        if (!native) return native.result;
+        names().before_change(native.path);
+        if (::mkdir(native.path.c_str(), 0777) != 0) return outcome::last();
+        names().created(native.path);
+        return {};
     }
 
-    bool remove_folder(const wide_string& path) override {
+    outcome remove_folder(const wide_string& path) override {
         const auto native = existing(path);
-        if (!native) return false;
-        names().before_change(*native);
-        if (::rmdir(native->c_str()) != 0) return false;
-        names().removed(*native);
-        return true;
+        if (!native) return native.result;
+        names().before_change(native.path);
+        if (::rmdir(native.path.c_str()) != 0) return outcome::last();
+        names().removed(native.path);
+        return {};
     }
 
-    std::optional<std::vector<folder_entry>> list(const wide_string& path) override {
-        std::vector<folder_entry> entries;
+    outcome list(const wide_string& path, std::vector<folder_entry>& entries) override {
+        entries.clear();
         const auto native = existing(path);
-        if (!native) return std::nullopt;
-        const std::unique_ptr<DIR, int (*)(DIR*)> folder(::opendir(native->c_str()), ::closedir);
-        if (!folder) return std::nullopt;
+        if (!native) return native.result;
+        const std::unique_ptr<DIR, int (*)(DIR*)> folder(::opendir(native.path.c_str()), ::closedir);
+        if (!folder) return outcome::last();
         for (;;) {
             errno = 0;
             const dirent* const found = ::readdir(folder.get());
             if (found == nullptr) break;
             const std::string_view name = found->d_name;
-            if (name != "." && name != "..") entries.push_back(entry_of(*native, *found));
+            if (name != "." && name != "..") entries.push_back(entry_of(native.path, *found));
         }
-        if (errno != 0) return std::nullopt;
+        if (errno != 0) {
+            const outcome broken = outcome::last();
+            entries.clear();
+            return broken;
+        }
         std::ranges::sort(entries, {}, &folder_entry::name);
-        return entries;
+        return {};
     }
 
     bool true_name(const wide_string& folder, const wide_string& name, wide_string& spelling) override {
@@ -110,7 +111,7 @@ public:
         }
         const auto native = existing(folder);
         bool is_folder = false;
-        const auto found = native ? names().find(*native, to_utf8(name), is_folder) : std::nullopt;
+        const auto found = native ? names().find(native.path, to_utf8(name), is_folder) : std::nullopt;
         if (!found) return false;
         spelling = from_utf8(*found);
         return true;
@@ -122,37 +123,24 @@ public:
         return first && second && first->st_dev == second->st_dev && first->st_ino == second->st_ino;
     }
 
-    bool rename_over(const wide_string& from, const wide_string& to) override {
-        const auto source = existing(from);
-        const auto target = wanted(to);
-        if (!source || !target) return false;
-        names().before_change(*source);
-        if (std::rename(source->c_str(), target->c_str()) != 0) return false;
-        if (*source != *target) names().removed(*source);
-        names().created(*target);
-        return true;
+    outcome rename_over(const wide_string& from, const wide_string& to) override {
+        return rename_file_over(from, to);
     }
 
-    open_result open(const wide_string& path, access access_wanted, disposition how,
-                     std::unique_ptr<file>& result) override {
-        result.reset();
-        const bool writes = access_wanted == access::read_write;
-        if (how == disposition::open_existing)
-            return lock_regular_file(open_existing(path, writes ? O_RDWR : O_RDONLY), writes, false, result);
-        const auto native = wanted(path);
-        if (!native) return open_result::failed;
-        descriptor opened = create_native(*native, O_RDWR, 0666);
-        if (opened) names().created(*native);
-        return lock_regular_file(std::move(opened), true, true, result);
+    outcome open(const wide_string& path, access access_wanted, disposition how,
+                 std::unique_ptr<file>& result) override {
+        return open_regular_file(path, access_wanted, how, result);
     }
 
     void pause_1ms() override { std::this_thread::sleep_for(std::chrono::milliseconds(1)); }
 
-    std::optional<uint64_t> free_space(const wide_string& folder) override {
+    outcome free_space(const wide_string& folder, uint64_t& bytes) override {
         const auto native = existing(folder);
+        if (!native) return native.result;
         struct statvfs status {};
-        if (!native || ::statvfs(native->c_str(), &status) != 0) return std::nullopt;
-        return static_cast<uint64_t>(status.f_bavail) * status.f_frsize;
+        if (::statvfs(native.path.c_str(), &status) != 0) return outcome::last();
+        bytes = static_cast<uint64_t>(status.f_bavail) * status.f_frsize;
+        return {};
     }
 };
 

@@ -5,17 +5,19 @@
 
 #include <algorithm>
 #include <cerrno>
+#include <chrono>
 #include <ctime>
 #include <memory>
 
+#include "platform/posix/native_paths.h"
 #include "platform/text.h"
+#include "platform/volumes.h"
 
 namespace vs::project_resave::platform {
 
 namespace {
 
-// Longer than the step of the clock that stamps folders.
-constexpr int64_t settling_time = 20'000'000;
+constexpr int64_t settling_time = std::chrono::nanoseconds(folder_time_step).count();
 
 int64_t nanoseconds(const timespec& time) { return int64_t{time.tv_sec} * 1'000'000'000 + time.tv_nsec; }
 
@@ -26,24 +28,6 @@ bool is_same_name(std::string_view a, std::string_view b) {
 }
 
 } // namespace
-
-bool exists_exactly(const std::string& path) {
-    struct stat status {};
-    return ::lstat(path.c_str(), &status) == 0;
-}
-
-std::string folder_of(const std::string& path) {
-    const size_t slash = path.rfind('/');
-    return slash == 0 || slash == std::string::npos ? "/" : path.substr(0, slash);
-}
-
-std::string_view name_of(std::string_view path) { return path.substr(path.rfind('/') + 1); }
-
-std::string joined(const std::string& folder, std::string_view name) {
-    std::string path = folder;
-    if (!path.ends_with('/')) path += '/';
-    return path.append(name);
-}
 
 std::optional<std::string> folder_names::find(const std::string& folder, std::string_view name,
                                               bool& is_folder) {
@@ -80,9 +64,10 @@ bool folder_names::read(const std::string& folder, const struct stat& status, co
     names.settled = false;
     timespec now{};
     ::clock_gettime(CLOCK_REALTIME_COARSE, &now);
-    descriptor opened = held_.open(joined(folder, "."), O_RDONLY | O_DIRECTORY);
+    descriptor opened;
     struct stat itself {};
-    const bool is_same = opened && ::fstat(opened.get(), &itself) == 0 && itself.st_dev == status.st_dev &&
+    const bool is_same = held_.open(joined(folder, "."), O_RDONLY | O_DIRECTORY, opened) &&
+                         ::fstat(opened.get(), &itself) == 0 && itself.st_dev == status.st_dev &&
                          itself.st_ino == status.st_ino;
     if (!is_same) return false; // somebody else put another in its place just now
     const std::unique_ptr<DIR, int (*)(DIR*)> listing(::fdopendir(opened.get()), ::closedir);
@@ -113,7 +98,7 @@ folder_names::content* folder_names::kept(const std::string& folder, folder_time
 void folder_names::before_change(const std::string& path) {
     const std::lock_guard guard(mutex_);
     folder_times now;
-    content* const names = kept(folder_of(path), now);
+    content* const names = kept(std::string(folder_of(path)), now);
     if (names != nullptr && names->seen != now) names->settled = false;
 }
 
@@ -125,7 +110,7 @@ void folder_names::note_own_change(const std::string& path, bool is_present) {
     const std::lock_guard guard(mutex_);
     held_.forget(path);
     folder_times now;
-    content* const names = kept(folder_of(path), now);
+    content* const names = kept(std::string(folder_of(path)), now);
     if (names == nullptr) return;
     names->seen = names->own_change = now;
     const size_t key = key_of(name_of(path));

@@ -2,7 +2,7 @@
 //
 // The folded names of a folder are kept, and checked against the folder's times at each use. As those times
 // are too coarse to show two changes in quick succession, the layer reports what it creates and removes
-// itself; so a folder that is being filled is not read again for each file that is asked for in vain.
+// itself; so a folder that is being filled is not read again for each name that it lacks.
 #pragma once
 
 #include <sys/stat.h>
@@ -27,13 +27,13 @@ public:
     /// Asks `folders`, which outlives it.
     explicit folder_names(held_folders& folders) : held_(folders) {}
 
-    /// The spelling that `folder` holds for `name`: the exact one if it is there, else the first in byte
-    /// order; nothing if none. `is_folder` tells whether the folder could be read under exactly this path.
-    /// Costs the same for any number of entries, once the folder has been read.
+    /// Returns the spelling that `folder` has for `name`: the exact one if it exists, else the first in byte
+    /// order; nothing if there is none. Sets `is_folder` to whether the folder could be read under exactly
+    /// this path. Costs the same for any number of entries, once the folder has been read.
     std::optional<std::string> find(const std::string& folder, std::string_view name, bool& is_folder);
 
-    /// These are called around a change that this process makes in the folder of `path`: the first before
-    /// it, where `find` was not just asked; then one of the others if the change was made. Without them the
+    /// Must be called around a change that this process makes in the folder of `path`: the first before it,
+    /// unless `find` was called just now; then one of the others if the change was made. Without them the
     /// folder is read again.
     void before_change(const std::string& path);
     void created(const std::string& path);
@@ -65,12 +65,5 @@ private:
     std::map<identity, content> folders_;
     std::mutex mutex_;
 };
-
-/// True if an entry stands under exactly this path, a broken link too.
-bool exists_exactly(const std::string& path);
-
-std::string folder_of(const std::string& path);
-std::string_view name_of(std::string_view path);
-std::string joined(const std::string& folder, std::string_view name);
 
 } // namespace vs::project_resave::platform

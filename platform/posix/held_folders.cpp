@@ -7,6 +7,8 @@
 #include <ctime>
 #include <utility>
 
+#include "platform/posix/native_paths.h"
+
 namespace vs::project_resave::platform {
 
 namespace {
@@ -18,13 +20,6 @@ int64_t now() {
     ::clock_gettime(CLOCK_MONOTONIC_COARSE, &clock);
     return int64_t{clock.tv_sec} * 1'000'000'000 + clock.tv_nsec;
 }
-
-std::string_view folder_in(std::string_view path) {
-    return path.substr(0, std::max<size_t>(path.rfind('/'), 1));
-}
-
-// Of a native path, in its text.
-const char* name_in(const std::string& path) { return path.c_str() + path.rfind('/') + 1; }
 
 // Not removed meanwhile.
 bool is_there(const descriptor& folder, struct stat& found) {
@@ -50,19 +45,22 @@ held_folders::held_folder* held_folders::follow(std::string_view folder) {
 // taken away by the server of its disk.
 template <class Call>
 int held_folders::reach(const std::string& path, const Call& call) {
-    held_folder* const folder = path == "/" ? nullptr : follow(folder_in(path));
+    held_folder* const folder = path == "/" ? nullptr : follow(folder_of(path));
     if (folder == nullptr) return call(AT_FDCWD, path.c_str());
-    const int answer = call(folder->handle.get(), name_in(path));
+    const int answer = call(folder->handle.get(), name_of(path).data());
     if (answer >= 0 || errno != ESTALE) return answer;
     *folder = {};
     return call(AT_FDCWD, path.c_str());
 }
 
-descriptor held_folders::open(const std::string& path, int flags) {
+outcome held_folders::open(const std::string& path, int flags, descriptor& opened) {
     const std::lock_guard guard(mutex_);
-    return descriptor(reach(path, [flags](int folder, const char* name) {
+    const int number = reach(path, [flags](int folder, const char* name) {
         return ::openat(folder, name, flags | O_CLOEXEC | O_NONBLOCK);
-    }));
+    });
+    const outcome result = outcome::of_call(number >= 0);
+    opened = descriptor(number);
+    return result;
 }
 
 bool held_folders::status(const std::string& path, struct stat& found) {

@@ -1,8 +1,9 @@
-// Folders held open, so that a question for what is in them costs no walk along the whole path.
+// Folders kept open, so that looking at what is in them costs no walk along the whole path.
 //
-// Up to four stay open, those met last, and for some 5 ms a path is taken to lead to the folder it led to: a
-// folder that somebody else renames or puts in another's place is seen that much later. So what is there is
-// opened and looked at this way, but nothing is made. What is in a folder is looked at anew each time.
+// Up to four stay open, the ones used last. For some 5 ms a path is taken to lead to the same folder as
+// before, so a folder that another program renames or replaces is noticed that much later. Therefore existing
+// entries are opened and looked at this way, but nothing is created. What is in a folder is looked at anew
+// each time.
 #pragma once
 
 #include <sys/stat.h>
@@ -14,23 +15,24 @@
 #include <string>
 #include <string_view>
 
+#include "platform/outcome.h"
 #include "platform/posix/descriptor.h"
 
 namespace vs::project_resave::platform {
 
 /// Paths are native, absolute and without separator at the end. May be used from any thread; one that waits
-/// for a slow disk keeps the others waiting.
+/// for a slow disk makes the others wait.
 class held_folders {
 public:
-    /// Opens what is there, without waiting as a pipe would make us; on failure none, and errno tells why.
-    /// `flags` as the system's open takes them, without O_CREAT.
-    descriptor open(const std::string& path, int flags);
-    /// What stands under exactly this path, links followed; false if nothing does.
+    /// Opens what is there, without waiting as a pipe would make us. `flags` as the operating system's open
+    /// takes them, without O_CREAT.
+    outcome open(const std::string& path, int flags, descriptor& opened);
+    /// Sets `found` to what exists under exactly this path, following links; false if nothing does.
     bool status(const std::string& path, struct stat& found);
-    /// The same for what must be a folder. That it was removed, and another made, is seen at once.
+    /// The same for what must be a folder. A removed folder, or one created in its place, is noticed at once.
     bool folder_status(const std::string& folder, struct stat& found);
 
-    /// To be called when an entry was removed or renamed: none of the folders below it are held any longer.
+    /// Must be called when an entry was removed or renamed: closes it and the folders below it.
     void forget(std::string_view path);
     void clear();
 

@@ -1,5 +1,3 @@
-#include "platform/posix/open_file.h"
-
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -8,6 +6,7 @@
 #include <cerrno>
 #include <utility>
 
+#include "platform/file_parts.h"
 #include "platform/posix/volumes.h"
 
 namespace vs::project_resave::platform {
@@ -18,70 +17,97 @@ class open_file final : public file {
 public:
     explicit open_file(descriptor opened) : content_(std::move(opened)) {}
 
-    size_t read(void* buffer, size_t length) override {
-        size_t done = 0;
-        while (done < length) {
-            const ssize_t count = again_if_interrupted(
-                [&] { return ::read(content_.get(), static_cast<char*>(buffer) + done, length - done); });
-            if (count <= 0) break;
-            done += static_cast<size_t>(count);
+    outcome read(void* buffer, size_t length, size_t& count) override {
+        count = 0;
+        while (count < length) {
+            const ssize_t taken = again_if_interrupted(
+                [&] { return ::read(content_.get(), static_cast<char*>(buffer) + count, length - count); });
+            if (taken < 0) return outcome::last();
+            if (taken == 0) break;
+            count += static_cast<size_t>(taken);
         }
-        return done;
+        return {};
     }
 
-    size_t write(const void* bytes, size_t length) override {
+    outcome write(const void* bytes, size_t length) override {
         size_t done = 0;
         while (done < length) {
-            const ssize_t count = again_if_interrupted([&] {
+            const ssize_t given = again_if_interrupted([&] {
                 return ::write(content_.get(), static_cast<const char*>(bytes) + done, length - done);
             });
-            if (count <= 0) break;
-            done += static_cast<size_t>(count);
+            if (given <= 0) return given < 0 ? outcome::last() : failure::disk_full;
+            done += static_cast<size_t>(given);
         }
-        return done;
+        return {};
     }
 
-    bool seek_end() override { return ::lseek(content_.get(), 0, SEEK_END) >= 0; }
+    outcome seek_end() override { return outcome::of_call(::lseek(content_.get(), 0, SEEK_END) >= 0); }
 
     uint64_t size() override {
         struct stat status {};
         return ::fstat(content_.get(), &status) == 0 ? static_cast<uint64_t>(status.st_size) : 0;
     }
 
-    bool close() override { return content_.close(); }
+    outcome close() override { return outcome::of_call(content_.close()); }
 
 private:
     descriptor content_;
 };
 
-} // namespace
-
-descriptor create_native(const std::string& path, int flags, unsigned mode) {
-    return descriptor(::open(path.c_str(), flags | O_CREAT | O_CLOEXEC | O_NONBLOCK, mode));
-}
-
-descriptor open_existing(const wide_string& path, int flags) {
-    held_folders& folders = mapped_volumes().held();
-    const auto asked = mapped_volumes().as_asked(path);
-    if (!asked) return descriptor(-1);
-    descriptor opened = folders.open(*asked, flags);
-    if (opened || errno != ENOENT) return opened;
-    const auto listed = mapped_volumes().as_listed(*asked);
-    return listed ? folders.open(*listed, flags) : descriptor(-1);
-}
-
-open_result lock_regular_file(descriptor opened, bool writes, bool empties, std::unique_ptr<file>& result) {
-    result.reset();
+// Makes a file of `opened` if that is a regular one: shared by readers, alone for a writer, and empty if
+// `empties`. The lock is advisory: it holds against processes that use it too.
+outcome lock_regular_file(descriptor opened, bool writes, bool empties, std::unique_ptr<file>& result) {
     struct stat status {};
-    if (!opened || ::fstat(opened.get(), &status) != 0 || !S_ISREG(status.st_mode))
-        return open_result::failed;
+    if (const outcome regular = regular_status(opened, status); !regular) return regular;
 
     // Where locks are unknown the file is used without.
     const int lock = (writes ? LOCK_EX : LOCK_SH) | LOCK_NB;
-    if (::flock(opened.get(), lock) != 0 && errno == EWOULDBLOCK) return open_result::sharing_violation;
-    if (empties && ::ftruncate(opened.get(), 0) != 0) return open_result::failed;
+    if (::flock(opened.get(), lock) != 0 && errno == EWOULDBLOCK) return failure::in_use;
+    if (empties && ::ftruncate(opened.get(), 0) != 0) return outcome::last();
     result = std::make_unique<open_file>(std::move(opened));
-    return open_result::opened;
+    return {};
+}
+
+} // namespace
+
+outcome create_native(const std::string& path, int flags, unsigned mode, descriptor& opened) {
+    const int number = ::open(path.c_str(), flags | O_CREAT | O_CLOEXEC | O_NONBLOCK, mode);
+    const outcome result = outcome::of_call(number >= 0);
+    opened = descriptor(number);
+    return result;
+}
+
+outcome open_existing(const wide_string& path, int flags, descriptor& opened) {
+    held_folders& folders = mapped_volumes().held();
+    const auto asked = mapped_volumes().as_asked(path);
+    if (!asked) return asked.result;
+    const outcome result = folders.open(asked.path, flags, opened);
+    if (result.code() != ENOENT) return result;
+    const auto listed = mapped_volumes().as_listed(asked.path);
+    return listed ? folders.open(*listed, flags, opened) : result;
+}
+
+outcome regular_status(const descriptor& opened, struct stat& status) {
+    if (::fstat(opened.get(), &status) != 0) return outcome::last();
+    if (S_ISDIR(status.st_mode)) return outcome::native(EISDIR);
+    return S_ISREG(status.st_mode) ? outcome() : outcome::because(u"not a regular file");
+}
+
+outcome open_regular_file(const wide_string& path, access wanted, disposition how,
+                          std::unique_ptr<file>& result) {
+    result.reset();
+    const bool writes = wanted == access::read_write;
+    descriptor opened;
+    if (how == disposition::open_existing) {
+        const outcome found = open_existing(path, writes ? O_RDWR : O_RDONLY, opened);
+        return found ? lock_regular_file(std::move(opened), writes, false, result) : found;
+    }
+    const auto native = mapped_volumes().to_create(path);
+    if (!native) return native.result;
+    const outcome created = create_native(native.path, O_RDWR, 0666, opened);
+    if (!created) return created;
+    mapped_volumes().names().created(native.path);
+    return lock_regular_file(std::move(opened), true, true, result);
 }
 
 } // namespace vs::project_resave::platform

@@ -1,18 +1,21 @@
 #include "platform/text.h"
 
+#include <iconv.h>
 #include <locale.h>
 #include <wctype.h>
 
 #include <algorithm>
 #include <array>
-
-#include "platform/posix/byte_page.h"
+#include <map>
+#include <mutex>
+#include <optional>
+#include <unordered_map>
 
 namespace vs::project_resave::platform {
 
 namespace {
 
-constexpr char16_t replacement = 0xFFFD;
+constexpr char16_t unknown_character = 0xFFFD;
 
 using case_table = std::array<char16_t, 0x10000>;
 
@@ -33,87 +36,45 @@ const case_table& lower_table() {
     return table;
 }
 
-bool is_high_half(char32_t c) { return c >= 0xD800 && c < 0xDC00; }
-bool is_low_half(char32_t c) { return c >= 0xDC00 && c < 0xE000; }
+// A code page of one byte to a character.
+struct byte_page {
+    std::array<char16_t, 256> wide{};         // the character of each byte
+    std::unordered_map<char16_t, char> bytes; // the byte of each character that the page has
+};
 
-void append_utf8(std::string& bytes, char32_t c) {
-    const auto tail = [&](int shift) { bytes += static_cast<char>(0x80 | ((c >> shift) & 0x3F)); };
-    if (c < 0x80) {
-        bytes += static_cast<char>(c);
-    } else if (c < 0x800) {
-        bytes += static_cast<char>(0xC0 | (c >> 6));
-        tail(0);
-    } else if (c < 0x10000) {
-        bytes += static_cast<char>(0xE0 | (c >> 12));
-        tail(6);
-        tail(0);
-    } else {
-        bytes += static_cast<char>(0xF0 | (c >> 18));
-        tail(12);
-        tail(6);
-        tail(0);
+std::optional<byte_page> make_page(unsigned code_page) {
+    const std::string name = code_page == 20127 ? "US-ASCII" : "CP" + std::to_string(code_page);
+    const iconv_t converter = ::iconv_open("UTF-16LE", name.c_str());
+    if (converter == reinterpret_cast<iconv_t>(-1)) return std::nullopt; // NOLINT: how iconv tells failure
+    byte_page page;
+    for (unsigned value = 0; value < page.wide.size(); ++value) {
+        char byte = static_cast<char>(value);
+        std::array<unsigned char, 8> out{};
+        char* in_at = &byte;
+        char* out_at = reinterpret_cast<char*>(out.data());
+        size_t in_left = 1;
+        size_t out_left = out.size();
+        const bool converted = ::iconv(converter, &in_at, &in_left, &out_at, &out_left) != size_t(-1);
+        ::iconv(converter, nullptr, nullptr, &out_at, &out_left); // a page may hold back a base letter
+        const bool is_control = value >= 0x80 && value < 0xA0 && code_page != 20127;
+        const char16_t unassigned = is_control ? static_cast<char16_t>(value) : unknown_character;
+        page.wide[value] = converted ? static_cast<char16_t>(out[0] | (out[1] << 8)) : unassigned;
+        if (page.wide[value] != unknown_character) page.bytes.emplace(page.wide[value], byte);
     }
+    ::iconv_close(converter);
+    return page;
 }
 
-std::string utf8_from_wide(wide_view text) {
-    // Most text is plain: it is taken over in one go.
-    const auto plain =
-        static_cast<size_t>(std::ranges::find_if(text, [](char16_t c) { return c >= 0x80; }) - text.begin());
-    std::string bytes(plain, char());
-    std::ranges::transform(text.substr(0, plain), bytes.begin(),
-                           [](char16_t c) { return static_cast<char>(c); });
-    for (size_t i = plain; i < text.size(); ++i) {
-        char32_t c = text[i];
-        if (is_high_half(c) && i + 1 < text.size() && is_low_half(text[i + 1]))
-            c = 0x10000 + ((c - 0xD800) << 10) + (text[++i] - 0xDC00U);
-        else if (is_high_half(c) || is_low_half(c))
-            c = replacement;
-        append_utf8(bytes, c);
-    }
-    return bytes;
-}
-
-size_t utf8_length(unsigned char lead) {
-    if (lead < 0x80) return 1;
-    if (lead < 0xC2 || lead > 0xF4) return 0;
-    return lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
-}
-
-// The character at the head of `bytes`, which it takes off; of a broken one as much as was right.
-char32_t take_utf8(std::string_view& bytes) {
-    const auto byte = [&](size_t i) { return static_cast<unsigned char>(bytes[i]); };
-    const unsigned char lead = byte(0);
-    const size_t length = utf8_length(lead);
-    // The second byte's range shuts out overlong forms, halves of surrogate pairs and what is past U+10FFFF.
-    const unsigned char low = lead == 0xE0 ? 0xA0 : lead == 0xF0 ? 0x90 : 0x80;
-    const unsigned char high = lead == 0xED ? 0x9F : lead == 0xF4 ? 0x8F : 0xBF;
-    char32_t c = length > 1 ? lead & (0x7FU >> length) : lead;
-    size_t taken = 1;
-    for (; taken < length && taken < bytes.size(); ++taken) {
-        const unsigned char next = byte(taken);
-        if (next < (taken == 1 ? low : 0x80) || next > (taken == 1 ? high : 0xBF)) break;
-        c = (c << 6) | (next & 0x3FU);
-    }
-    bytes.remove_prefix(taken);
-    return taken == length ? c : replacement;
-}
-
-wide_string wide_from_utf8(std::string_view bytes) {
-    const auto plain = static_cast<size_t>(
-        std::ranges::find_if(bytes, [](char c) { return static_cast<unsigned char>(c) >= 0x80; }) -
-        bytes.begin());
-    wide_string text(bytes.begin(), bytes.begin() + plain);
-    bytes.remove_prefix(plain);
-    while (!bytes.empty()) {
-        const char32_t c = take_utf8(bytes);
-        if (c < 0x10000) {
-            text += static_cast<char16_t>(c);
-        } else {
-            text += static_cast<char16_t>(0xD800 + ((c - 0x10000) >> 10));
-            text += static_cast<char16_t>(0xDC00 + (c & 0x3FF));
-        }
-    }
-    return text;
+// Pages 1250 to 1258, 866 and 20127; null for any other one. Lives until the process ends.
+const byte_page* find_byte_page(unsigned code_page) {
+    const bool is_known = (code_page >= 1250 && code_page <= 1258) || code_page == 866 || code_page == 20127;
+    if (!is_known) return nullptr;
+    static std::mutex mutex;
+    static std::map<unsigned, std::optional<byte_page>> pages;
+    const std::lock_guard guard(mutex);
+    const auto [page, is_new] = pages.try_emplace(code_page);
+    if (is_new) page->second = make_page(code_page);
+    return page->second ? &*page->second : nullptr;
 }
 
 bool is_utf8(unsigned code_page) { return code_page == code_page_utf8 || code_page == code_page_active; }
@@ -140,7 +101,7 @@ wide_string folded(wide_view text) {
 }
 
 std::string to_bytes(wide_view text, unsigned code_page) {
-    if (is_utf8(code_page)) return utf8_from_wide(text);
+    if (is_utf8(code_page)) return to_utf8(text);
     std::string bytes;
     const byte_page* const page = find_byte_page(code_page);
     if (page == nullptr) return bytes;
@@ -153,7 +114,7 @@ std::string to_bytes(wide_view text, unsigned code_page) {
 }
 
 wide_string from_bytes(std::string_view bytes, unsigned code_page) {
-    if (is_utf8(code_page)) return wide_from_utf8(bytes);
+    if (is_utf8(code_page)) return from_utf8(bytes);
     wide_string text;
     const byte_page* const page = find_byte_page(code_page);
     if (page == nullptr) return text;

@@ -3,11 +3,15 @@
 #include <unistd.h>
 
 #include <algorithm>
+#include <cerrno>
 #include <chrono>
 #include <climits>
 #include <cstdlib>
 #include <filesystem>
+#include <utility>
 
+#include "platform/path_text.h"
+#include "platform/posix/native_paths.h"
 #include "platform/text.h"
 #include "platform/volumes.h"
 
@@ -15,37 +19,10 @@ namespace vs::project_resave::platform {
 
 namespace {
 
-bool is_separator(char c) { return c == '\\' || c == '/'; }
 bool is_letter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
-size_t drive_index(char letter) { return static_cast<size_t>((letter | 0x20) - 'a'); }
+size_t drive_index(char16_t letter) { return static_cast<size_t>((letter | 0x20) - 'a'); }
 
-bool has_drive(std::string_view path) { return path.size() > 1 && is_letter(path[0]) && path[1] == ':'; }
-
-std::string absolute(const std::string& native) {
-    std::error_code failed;
-    std::string path = std::filesystem::absolute(native, failed).lexically_normal().native();
-    if (path.size() > 1 && path.ends_with('/')) path.pop_back();
-    return failed ? std::string() : path;
-}
-
-// `path` below `base`, of which ".." takes nothing away.
-std::string below(const std::string& base, std::string_view path) {
-    std::string result = base;
-    if (result.ends_with('/')) result.pop_back();
-    const size_t top = result.size();
-    result.reserve(base.size() + path.size() + 1);
-    while (!path.empty()) {
-        const size_t end = std::min(path.find_first_of("\\/"), path.size());
-        const std::string_view piece = path.substr(0, end);
-        path.remove_prefix(std::min(end + 1, path.size()));
-        if (piece.empty() || piece == ".") continue;
-        if (piece != "..")
-            result.append("/").append(piece);
-        else if (result.size() > top)
-            result.erase(result.rfind('/'));
-    }
-    return result.empty() ? "/" : result;
-}
+native_answer refused(const char16_t* reason) { return {{}, outcome::because(reason)}; }
 
 } // namespace
 
@@ -89,35 +66,36 @@ std::string volumes::assignments() const {
     return all;
 }
 
-std::optional<std::string> volumes::as_asked(const wide_string& drive_path) const {
-    const std::string path = to_utf8(drive_path);
+native_answer volumes::as_asked(const wide_string& drive_path) const {
+    const wide_view path = drive_path;
     const bool is_network_path = path.size() > 1 && is_separator(path[0]) && is_separator(path[1]);
-    if (path.empty() || is_network_path || path.find('\0') != std::string::npos) return std::nullopt;
+    if (path.empty()) return refused(u"the path is empty");
+    if (is_network_path) return refused(u"network paths are unknown on this system");
+    if (path.find(u'\0') != wide_view::npos) return refused(u"the path has a zero character");
 
     const std::lock_guard guard(mutex_);
     std::string exact;
-    if (has_drive(path)) {
+    if (!path_root(path).empty()) {
         const std::string& drive = drives_[drive_index(path[0])];
-        if (drive.empty()) return std::nullopt;
-        exact = below(drive, std::string_view(path).substr(2));
+        if (drive.empty()) return refused(u"no folder is assigned to the drive");
+        exact = below(drive, to_utf8(path.substr(2)));
     } else if (is_separator(path[0])) {
-        exact = below("/", path);
+        exact = below("/", to_utf8(path));
     } else {
         const std::string current = absolute(".");
-        if (current.empty()) return std::nullopt;
-        exact = below("/", current + "/" + path);
+        if (current.empty()) return refused(u"the current folder is gone");
+        exact = below("/", current + "/" + to_utf8(path));
     }
-    if (exact.size() >= PATH_MAX) return std::nullopt;
-    return exact;
+    if (exact.size() >= PATH_MAX) return {{}, outcome::native(ENAMETOOLONG)};
+    return {std::move(exact), {}};
 }
 
-std::optional<std::string> volumes::native(const wide_string& drive_path, bool must_exist) {
-    const auto asked = as_asked(drive_path);
-    if (!asked) return std::nullopt;
-    bool exists = false;
-    std::string found = spelled(*asked, exists);
-    if (must_exist && !exists) return std::nullopt;
-    return found;
+native_answer volumes::native(const wide_string& drive_path, bool must_exist) {
+    native_answer asked = as_asked(drive_path);
+    if (!asked) return asked;
+    outcome exists;
+    std::string found = spelled(asked.path, exists);
+    return {std::move(found), must_exist ? exists : outcome()};
 }
 
 std::optional<std::string> volumes::as_listed(const std::string& asked) {
@@ -130,32 +108,37 @@ std::optional<struct stat> volumes::status(const wide_string& drive_path) {
     struct stat found {};
     const auto asked = as_asked(drive_path);
     if (!asked) return std::nullopt;
-    if (held_.status(*asked, found)) return found;
-    const auto listed = as_listed(*asked);
+    if (held_.status(asked.path, found)) return found;
+    const auto listed = as_listed(asked.path);
     return listed && held_.status(*listed, found) ? std::optional(found) : std::nullopt;
 }
 
-std::optional<std::string> volumes::to_create(const wide_string& drive_path) {
-    const auto asked = as_asked(drive_path);
-    if (!asked) return std::nullopt;
+native_answer volumes::to_create(const wide_string& drive_path) {
+    native_answer asked = as_asked(drive_path);
+    if (!asked) return asked;
     bool exists = false;
-    return spelled_by_listing(*asked, exists);
+    return {spelled_by_listing(asked.path, exists), {}};
 }
 
 // The path in the spelling of the entries that exist, as far as they do.
-std::string volumes::spelled(const std::string& native, bool& exists) {
-    exists = native == "/" || exists_exactly(native);
-    return exists ? native : spelled_by_listing(native, exists);
+std::string volumes::spelled(const std::string& native, outcome& exists) {
+    exists = native == "/" ? outcome() : outcome::of_call(exists_exactly(native));
+    if (exists) return native;
+    bool is_listed = false;
+    std::string found = spelled_by_listing(native, is_listed);
+    if (is_listed) exists = {};
+    return found;
 }
 
 std::string volumes::spelled_by_listing(const std::string& native, bool& exists) {
-    std::string folder = folder_of(native);
+    std::string folder(folder_of(native));
     const std::string_view name = name_of(native);
     bool is_folder = false;
     auto entry = names_.find(folder, name, is_folder);
     if (!is_folder && folder != "/") {
-        folder = spelled(folder, exists);
-        if (exists) entry = names_.find(folder, name, is_folder);
+        outcome folder_exists;
+        folder = spelled(folder, folder_exists);
+        if (folder_exists) entry = names_.find(folder, name, is_folder);
     }
     exists = entry.has_value();
     return joined(folder, entry ? std::string_view(*entry) : name);
@@ -198,13 +181,14 @@ bool add_drive(std::string_view assignment, std::string& message) {
 
 wide_string drive_path(std::string_view argument) {
     if (argument.empty()) return {};
-    if (has_drive(argument)) return from_utf8(argument);
+    wide_string typed = from_utf8(argument);
+    if (!path_root(typed).empty()) return typed;
     return mapped_volumes().drive_path(std::string(argument));
 }
 
-bool set_current_folder(const wide_string& folder) {
+outcome set_current_folder(const wide_string& folder) {
     const auto native = mapped_volumes().native(folder, true);
-    return native && ::chdir(native->c_str()) == 0;
+    return native ? outcome::of_call(::chdir(native.path.c_str()) == 0) : native.result;
 }
 
 std::filesystem::file_time_type folder_time(const wide_string& folder) {
@@ -216,7 +200,7 @@ std::filesystem::file_time_type folder_time(const wide_string& folder) {
 }
 
 std::filesystem::path native_path(const wide_string& path) {
-    return mapped_volumes().native(path, false).value_or(std::string());
+    return mapped_volumes().native(path, false).path;
 }
 
 } // namespace vs::project_resave::platform

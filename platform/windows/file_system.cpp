@@ -1,10 +1,10 @@
 #include <algorithm>
 #include <optional>
 
+#include "platform/file_parts.h"
+#include "platform/path_text.h"
 #include "platform/system.h"
 #include "platform/text.h"
-#include "platform/windows/copying.h"
-#include "platform/windows/open_file.h"
 #include "platform/windows/paths.h"
 
 namespace vs::project_resave::platform {
@@ -13,11 +13,10 @@ namespace {
 
 bool is_folder(DWORD attributes) { return (attributes & FILE_ATTRIBUTE_DIRECTORY) != 0; }
 
-std::optional<WIN32_FILE_ATTRIBUTE_DATA> attributes_of(const wide_string& path) {
-    WIN32_FILE_ATTRIBUTE_DATA data{};
-    if (!GetFileAttributesExW(wide(system_path(path).c_str()), GetFileExInfoStandard, &data))
-        return std::nullopt;
-    return data;
+outcome attributes_of(const wide_string& path, WIN32_FILE_ATTRIBUTE_DATA& data) {
+    const wide_string native = system_path(path);
+    return outcome_at(native,
+                      GetFileAttributesExW(wide(native.c_str()), GetFileExInfoStandard, &data) != FALSE);
 }
 
 std::optional<BY_HANDLE_FILE_INFORMATION> identity_of(const wide_string& path) {
@@ -45,54 +44,65 @@ public:
     uint64_t file_size(const wide_string& path) override { return status_of(path).bytes; }
 
     entry_status status_of(const wide_string& path) override {
-        const auto data = attributes_of(path);
-        if (!data) return {};
-        if ((data->dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0) return status_in(*data);
+        WIN32_FILE_ATTRIBUTE_DATA data{};
+        if (!attributes_of(path, data)) return {};
+        if ((data.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0) return status_in(data);
         const auto followed = identity_of(path);
         return followed ? status_in(*followed) : entry_status{};
     }
 
-    bool copy_file(const wide_string& source, const wide_string& target, bool replace) override {
-        if (replace && same_file(source, target)) return false;
+    outcome copy_file(const wide_string& source, const wide_string& target, bool replace) override {
+        if (replace && same_file(source, target))
+            return outcome::because(u"source and target are the same file");
         return copy_regular_file(source, target, replace);
     }
 
-    bool delete_file(const wide_string& path) override {
+    outcome delete_file(const wide_string& path) override {
         const wide_string native = system_path(path);
         constexpr DWORD link_to_folder = FILE_ATTRIBUTE_DIRECTORY | FILE_ATTRIBUTE_REPARSE_POINT;
         const DWORD attributes = GetFileAttributesW(wide(native.c_str()));
-        if (attributes == INVALID_FILE_ATTRIBUTES) return false;
+        if (attributes == INVALID_FILE_ATTRIBUTES) return outcome_at(native, false);
         if ((attributes & link_to_folder) == link_to_folder) return remove_folder(path);
         // Other systems delete what is read-only, too; so do copies of such files go that a stop erases.
         return in_spite_of_read_only(native, [&] { return DeleteFileW(wide(native.c_str())) != FALSE; });
     }
 
-    bool create_folder(const wide_string& path) override {
-        return CreateDirectoryW(wide(system_path(path).c_str()), nullptr) != FALSE;
+    outcome create_folder(const wide_string& path) override {
+        const wide_string native = system_path(path);
+        return outcome_at(native, CreateDirectoryW(wide(native.c_str()), nullptr) != FALSE);
     }
 
-    bool remove_folder(const wide_string& path) override {
-        return RemoveDirectoryW(wide(system_path(path).c_str())) != FALSE;
+    outcome remove_folder(const wide_string& path) override {
+        const wide_string native = system_path(path);
+        return outcome_at(native, RemoveDirectoryW(wide(native.c_str())) != FALSE);
     }
 
-    std::optional<std::vector<folder_entry>> list(const wide_string& path) override {
-        std::vector<folder_entry> entries;
-        if (kind_of(path) != entry_kind::folder) return std::nullopt;
-        const bool has_separator = path.ends_with(u'\\') || path.ends_with(u'/');
-        const wide_string pattern = system_path(path + (has_separator ? u"*" : u"\\*"));
+    outcome list(const wide_string& path, std::vector<folder_entry>& entries) override {
+        entries.clear();
+        if (const entry_kind kind = kind_of(path); kind != entry_kind::folder) {
+            WIN32_FILE_ATTRIBUTE_DATA data{};
+            const outcome found = attributes_of(path, data);
+            return found ? outcome::native(ERROR_DIRECTORY) : found;
+        }
+        const wide_string pattern = system_path(path_with_separator(path) + u"*");
         WIN32_FIND_DATAW found{};
         const HANDLE search = FindFirstFileW(wide(pattern.c_str()), &found);
-        if (search == INVALID_HANDLE_VALUE) // an empty drive has no entry at all
-            return GetLastError() == ERROR_FILE_NOT_FOUND ? std::optional(entries) : std::nullopt;
+        if (search == INVALID_HANDLE_VALUE) { // an empty drive has no entry at all
+            const outcome refused = outcome::last();
+            return refused.code() == ERROR_FILE_NOT_FOUND ? outcome() : refused;
+        }
         do {
             const wide_view name = text16(found.cFileName);
             if (name != u"." && name != u"..") entries.push_back(entry_of(found));
         } while (FindNextFileW(search, &found));
-        const bool is_whole = GetLastError() == ERROR_NO_MORE_FILES;
+        const outcome ended = outcome::last();
         FindClose(search);
-        if (!is_whole) return std::nullopt;
+        if (ended.code() != ERROR_NO_MORE_FILES) {
+            entries.clear();
+            return ended;
+        }
         std::ranges::sort(entries, {}, &folder_entry::name);
-        return entries;
+        return {};
     }
 
     bool true_name(const wide_string& folder, const wide_string& name, wide_string& spelling) override {
@@ -102,8 +112,7 @@ public:
         }
         if (folder.empty() || name.empty()) return false;
         if (name.find_first_of(u"\\/:*?<>\"") != wide_string::npos) return false;
-        const bool has_separator = folder.ends_with(u'\\') || folder.ends_with(u'/');
-        const wide_string path = system_path(folder + (has_separator ? u"" : u"\\") + name);
+        const wide_string path = system_path(path_with_separator(folder) + name);
         WIN32_FIND_DATAW found{};
         const HANDLE search = FindFirstFileW(wide(path.c_str()), &found);
         if (search == INVALID_HANDLE_VALUE) return false;
@@ -122,22 +131,24 @@ public:
                first->nFileIndexLow == second->nFileIndexLow;
     }
 
-    bool rename_over(const wide_string& from, const wide_string& to) override {
-        return rename_file_over(system_path(from), system_path(to));
+    outcome rename_over(const wide_string& from, const wide_string& to) override {
+        return rename_file_over(from, to);
     }
 
-    open_result open(const wide_string& path, access access_wanted, disposition how,
-                     std::unique_ptr<file>& result) override {
+    outcome open(const wide_string& path, access access_wanted, disposition how,
+                 std::unique_ptr<file>& result) override {
         return open_regular_file(path, access_wanted, how, result);
     }
 
     void pause_1ms() override { Sleep(1); }
 
-    std::optional<uint64_t> free_space(const wide_string& folder) override {
+    outcome free_space(const wide_string& folder, uint64_t& bytes) override {
+        const wide_string native = system_path(folder);
         ULARGE_INTEGER available{};
-        if (!GetDiskFreeSpaceExW(wide(system_path(folder).c_str()), &available, nullptr, nullptr))
-            return std::nullopt;
-        return available.QuadPart;
+        if (!GetDiskFreeSpaceExW(wide(native.c_str()), &available, nullptr, nullptr))
+            return outcome_at(native, false);
+        bytes = available.QuadPart;
+        return {};
     }
 };
 

@@ -2,30 +2,17 @@
 
 #include <windows.h>
 
+#include "platform/outcome.h"
 #include "platform/volumes.h"
 
 namespace vs::project_resave::platform {
-
-namespace {
-
-wide_string last_error() {
-    wchar_t text[512];
-    const DWORD length =
-        ::FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS, nullptr,
-                         ::GetLastError(), 0, text, static_cast<DWORD>(std::size(text)), nullptr);
-    wide_string reason(text, text + length);
-    while (!reason.empty() && reason.back() <= u' ') reason.pop_back();
-    return reason;
-}
-
-} // namespace
 
 std::unique_ptr<library> library::open(const wide_string& path, wide_string& reason) {
     const std::wstring native = native_path(path).wstring();
     const HMODULE handle =
         native.empty() ? nullptr : ::LoadLibraryExW(native.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
     if (handle == nullptr) {
-        reason = native.empty() ? wide_string(u"no such file") : last_error();
+        reason = native.empty() ? wide_string(u"no such file") : outcome::last().text();
         return nullptr;
     }
     return std::unique_ptr<library>(new library(handle));

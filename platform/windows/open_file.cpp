@@ -1,7 +1,6 @@
-#include "platform/windows/open_file.h"
-
 #include <algorithm>
 
+#include "platform/file_parts.h"
 #include "platform/windows/paths.h"
 
 namespace vs::project_resave::platform {
@@ -14,33 +13,34 @@ class open_file final : public file {
 public:
     explicit open_file(HANDLE opened) : content_(opened) {}
 
-    size_t read(void* buffer, size_t length) override {
-        size_t done = 0;
-        while (done < length) {
-            DWORD count = 0;
-            const auto piece = static_cast<DWORD>(std::min(length - done, largest_piece));
-            if (!ReadFile(content_.get(), static_cast<char*>(buffer) + done, piece, &count, nullptr)) break;
-            if (count == 0) break;
-            done += count;
+    outcome read(void* buffer, size_t length, size_t& count) override {
+        count = 0;
+        while (count < length) {
+            DWORD taken = 0;
+            const auto piece = static_cast<DWORD>(std::min(length - count, largest_piece));
+            if (!ReadFile(content_.get(), static_cast<char*>(buffer) + count, piece, &taken, nullptr))
+                return outcome::last();
+            if (taken == 0) break;
+            count += taken;
         }
-        return done;
+        return {};
     }
 
-    size_t write(const void* bytes, size_t length) override {
+    outcome write(const void* bytes, size_t length) override {
         size_t done = 0;
         while (done < length) {
-            DWORD count = 0;
+            DWORD given = 0;
             const auto piece = static_cast<DWORD>(std::min(length - done, largest_piece));
-            if (!WriteFile(content_.get(), static_cast<const char*>(bytes) + done, piece, &count, nullptr))
-                break;
-            if (count == 0) break;
-            done += count;
+            if (!WriteFile(content_.get(), static_cast<const char*>(bytes) + done, piece, &given, nullptr))
+                return outcome::last();
+            if (given == 0) return failure::disk_full;
+            done += given;
         }
-        return done;
+        return {};
     }
 
-    bool seek_end() override {
-        return SetFilePointerEx(content_.get(), LARGE_INTEGER{}, nullptr, FILE_END) != FALSE;
+    outcome seek_end() override {
+        return outcome::of_call(SetFilePointerEx(content_.get(), {}, nullptr, FILE_END) != FALSE);
     }
 
     uint64_t size() override {
@@ -48,7 +48,7 @@ public:
         return GetFileSizeEx(content_.get(), &bytes) ? static_cast<uint64_t>(bytes.QuadPart) : 0;
     }
 
-    bool close() override { return content_.close(); }
+    outcome close() override { return outcome::of_call(content_.close()); }
 
 private:
     file_handle content_;
@@ -56,21 +56,20 @@ private:
 
 } // namespace
 
-open_result open_regular_file(const wide_string& path, access wanted, disposition how,
-                              std::unique_ptr<file>& result) {
+outcome open_regular_file(const wide_string& path, access wanted, disposition how,
+                          std::unique_ptr<file>& result) {
     result.reset();
     const bool writes = wanted == access::read_write;
     const DWORD rights = GENERIC_READ | (writes ? GENERIC_WRITE : 0);
     const DWORD creation = how == disposition::create_always ? CREATE_ALWAYS : OPEN_EXISTING;
     // A reader lets others go on writing: else it could not read what they have open.
     const DWORD shared = writes ? FILE_SHARE_READ : FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
-    const HANDLE opened = CreateFileW(wide(system_path(path).c_str()), rights, shared, nullptr, creation,
-                                      FILE_ATTRIBUTE_NORMAL, nullptr);
-    if (opened == INVALID_HANDLE_VALUE)
-        return GetLastError() == ERROR_SHARING_VIOLATION ? open_result::sharing_violation
-                                                         : open_result::failed;
+    const wide_string native = system_path(path);
+    const HANDLE opened =
+        CreateFileW(wide(native.c_str()), rights, shared, nullptr, creation, FILE_ATTRIBUTE_NORMAL, nullptr);
+    if (opened == INVALID_HANDLE_VALUE) return outcome_at(native, false);
     result = std::make_unique<open_file>(opened);
-    return open_result::opened;
+    return {};
 }
 
 } // namespace vs::project_resave::platform

@@ -31,6 +31,7 @@ wide_string folded(wide_view text) {
 }
 
 std::string to_bytes(wide_view text, unsigned code_page) {
+    if (code_page == code_page_utf8) return to_utf8(text);
     if (text.empty() || text.size() > largest_piece) return {};
     const int length = static_cast<int>(text.size());
     const wchar_t* const source = wide(text.data());
@@ -42,6 +43,7 @@ std::string to_bytes(wide_view text, unsigned code_page) {
 }
 
 wide_string from_bytes(std::string_view bytes, unsigned code_page) {
+    if (code_page == code_page_utf8) return from_utf8(bytes);
     if (bytes.empty() || bytes.size() > largest_piece) return {};
     const int length = static_cast<int>(bytes.size());
     const int needed = MultiByteToWideChar(code_page, 0, bytes.data(), length, nullptr, 0);

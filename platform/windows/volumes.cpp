@@ -39,8 +39,8 @@ wide_string drive_path(std::string_view argument) {
     return names_a_drive && !has_foreign_separators ? path : full_path(path);
 }
 
-bool set_current_folder(const wide_string& folder) {
-    return SetCurrentDirectoryW(wide(folder.c_str())) != FALSE;
+outcome set_current_folder(const wide_string& folder) {
+    return outcome::of_call(SetCurrentDirectoryW(wide(folder.c_str())) != FALSE);
 }
 
 // The standard library asks for the time of files only.

@@ -5,6 +5,7 @@
 #include <string_view>
 #include <utility>
 
+#include "framework/border/caught.h"
 #include "reference_host/api/handles.h"
 
 namespace vestra::api {
@@ -15,6 +16,7 @@ auto guarded(Function function) noexcept -> decltype(function()) {
     try {
         return function();
     } catch (...) {
+        vs::project_resave::record_caught("function of the host");
         return decltype(function())();
     }
 }
@@ -58,7 +60,7 @@ void remove_member(Container* container, std::uint32_t index) noexcept {
     on(container, [&](auto& list) { list.remove(index); });
 }
 
-// Texts of the border; null counts as empty.
+// Text arguments of the C functions; null counts as empty.
 inline wide_view text_of(const char16_t* text) { return text ? wide_view(text) : wide_view(); }
 inline std::string_view text_of(const char* text) {
     return text ? std::string_view(text) : std::string_view();

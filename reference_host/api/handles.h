@@ -1,4 +1,5 @@
-// Between the handles of the border and the objects of the model. A handle is the address of its object.
+// Conversion between the handles of the C functions and the objects of the model. A handle is the address of
+// its object.
 #pragma once
 
 #include <type_traits>

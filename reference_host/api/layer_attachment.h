@@ -20,7 +20,7 @@ public:
     const vs_interface_pointer* compound_profile() const { return &profile_identity_; }
     const vs_interface_pointer* layout_legend() const { return &legend_identity_; }
 
-    // The layer's extra values as a table of the border; it is overwritten by the next call.
+    // Returns the layer's extra values as the record that bundles read; the next call overwrites it.
     const vs_table_extra* extras(extra_table& values);
 
 private:

@@ -1,17 +1,17 @@
 #include "host/vsk_lr.h"
 
+#include "platform/path_text.h"
 #include "platform/text.h"
 #include "reference_host/api/calls.h"
 #include "reference_host/api/layer_attachment.h"
-#include "reference_host/datasets/path_parts.h"
 
 using namespace vestra::api;
 
 namespace {
 
 vestra::wide_string table_beside(vestra::wide_view file) {
-    const auto parts = vestra::datasets::parts_of(file);
-    return parts.head + parts.stem + u".dbf";
+    using namespace vs::project_resave;
+    return path_head(file) + path_stem(file) + u".dbf";
 }
 
 // The table of a shape file is the one beside it, wherever the layer looks for the file.

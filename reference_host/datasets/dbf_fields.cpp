@@ -7,13 +7,13 @@
 #include <memory>
 #include <string_view>
 
+#include "platform/path_text.h"
 #include "platform/system.h"
 #include "platform/text.h"
-#include "reference_host/datasets/path_parts.h"
 
 namespace vestra::datasets {
 
-namespace platform = vs::project_resave::platform;
+using namespace vs::project_resave;
 
 namespace {
 
@@ -27,7 +27,9 @@ std::string first_bytes(const wide_string& path, std::size_t count) {
     const auto opened = platform::current_system().open(path, platform::access::read,
                                                         platform::disposition::open_existing, file);
     std::string bytes(count, '\0');
-    bytes.resize(opened == platform::open_result::opened ? file->read(bytes.data(), count) : 0);
+    std::size_t taken = 0;
+    if (opened) file->read(bytes.data(), count, taken);
+    bytes.resize(taken);
     return bytes;
 }
 
@@ -45,8 +47,7 @@ unsigned named_code_page(std::string_view name) {
 }
 
 unsigned code_page_of(const wide_string& path, std::size_t mark) {
-    const path_parts main = parts_of(path);
-    const std::string named = first_bytes(main.head + main.stem + u".cpg", 32);
+    const std::string named = first_bytes(path_head(path) + path_stem(path) + u".cpg", 32);
     if (!named.empty()) return named_code_page(named);
     switch (mark) {
     case 0x03:

@@ -6,14 +6,14 @@
 #include <filesystem>
 #include <unordered_map>
 
+#include "platform/path_text.h"
 #include "platform/system.h"
 #include "platform/text.h"
 #include "platform/volumes.h"
-#include "reference_host/datasets/path_parts.h"
 
 namespace vestra::datasets {
 
-namespace platform = vs::project_resave::platform;
+using namespace vs::project_resave;
 
 namespace {
 
@@ -23,8 +23,7 @@ bool is_shape_file(const wide_string& path) {
                                                         platform::disposition::open_existing, file);
     std::array<unsigned char, 4> first{};
     constexpr std::array<unsigned char, 4> mark{0x00, 0x00, 0x27, 0x0a};
-    return opened == platform::open_result::opened &&
-           file->read(first.data(), first.size()) == first.size() && first == mark;
+    return opened && file->read_whole(first.data(), first.size()) && first == mark;
 }
 
 std::vector<platform::folder_entry> entries_of(const wide_string& folder) {
@@ -33,16 +32,16 @@ std::vector<platform::folder_entry> entries_of(const wide_string& folder) {
 
 bool is_same_name(wide_view a, wide_view b) { return platform::compare_no_case(a, b) == 0; }
 
-// The names of the files of one folder, in their order without letter case.
-class folder_names {
+// The names of the files of one folder, in order without letter case, so that those of a family are side by
+// side. They are read through the current system, unlike the cache of spellings below it in platform/posix.
+class sorted_names {
 public:
-    explicit folder_names(const wide_string& folder) { read(folder); }
+    explicit sorted_names(const wide_string& folder) { read(folder); }
 
     // True as long as the folder has not changed since it was read. A change that came too soon after the
-    // last one need not show in the folder's time, so that one must be older than the step of its clock.
+    // last one need not show in the folder's time, so that one must be old enough.
     bool is_current(std::filesystem::file_time_type folder_time) const {
-        constexpr auto settling_time = std::chrono::milliseconds(20);
-        return folder_time == changed_ && changed_ + settling_time < read_at_;
+        return folder_time == changed_ && changed_ + platform::folder_time_step < read_at_;
     }
 
     void read(const wide_string& folder) {
@@ -78,8 +77,8 @@ private:
     std::filesystem::file_time_type read_at_;
 };
 
-folder_names& names_in(const wide_string& folder) {
-    static std::unordered_map<wide_string, folder_names> folders;
+sorted_names& names_in(const wide_string& folder) {
+    static std::unordered_map<wide_string, sorted_names> folders;
     const auto [row, is_new] = folders.try_emplace(folder, folder);
     if (!is_new && !row->second.is_current(platform::folder_time(folder))) row->second.read(folder);
     return row->second;
@@ -89,49 +88,45 @@ folder_names& names_in(const wide_string& folder) {
 
 std::optional<file_list> shape_family(const wide_string& path) {
     if (!is_shape_file(path)) return std::nullopt;
-    const path_parts main = parts_of(path);
+    const wide_string folder = path_head(path), stem = path_stem(path);
     file_list files{path};
-    const std::vector<wide_string> near = names_in(main.head).beginning_as(main.stem);
+    const std::vector<wide_string> near = names_in(folder).beginning_as(stem);
     for (const wide_view extension :
          {u".shx", u".dbf", u".cpg", u".prj", u".qix", u".sbn", u".sbx", u".shp.xml"}) {
-        const wide_string name = main.stem + wide_string(extension);
+        const wide_string name = stem + wide_string(extension);
         auto found = std::ranges::find(near, name);
         if (found == near.end())
             found = std::ranges::find_if(near,
                                          [&](const wide_string& other) { return is_same_name(other, name); });
-        if (found != near.end()) files.push_back(main.head + *found);
+        if (found != near.end()) files.push_back(folder + *found);
     }
     return files;
 }
 
 file_list grid_family(const wide_string& path) {
-    const path_parts main = parts_of(path);
+    const wide_string folder = path_head(path), own_name = path_file_name(path);
     file_list files{path};
-    const wide_string folder = main.head.substr(0, main.head.find_last_not_of(u"\\/") + 1);
-    const wide_string folder_name = folder.substr(folder.find_last_of(u"\\/") + 1);
-    if (!is_same_name(folder_name, main.stem)) return files;
-    for (const auto& entry : entries_of(main.head))
-        if (!entry.is_folder && !is_same_name(entry.name, main.stem + main.extension))
-            files.push_back(main.head + entry.name);
+    const wide_view bare = wide_view(folder).substr(0, folder.find_last_not_of(path_separators) + 1);
+    if (!is_same_name(path_file_name(bare), path_stem(path))) return files;
+    for (const auto& entry : entries_of(folder))
+        if (!entry.is_folder && !is_same_name(entry.name, own_name)) files.push_back(folder + entry.name);
     return files;
 }
 
 file_list same_stem_family(const wide_string& path) {
-    const path_parts main = parts_of(path);
-    const wide_string own_name = main.stem + main.extension;
+    const wide_string folder = path_head(path), own_name = path_file_name(path), stem = path_stem(path);
     file_list files{path};
-    for (const wide_string& name : names_in(main.head).beginning_as(own_name))
-        if (!is_same_name(name, own_name) && is_same_name(parts_of(name).stem, main.stem))
-            files.push_back(main.head + name);
+    for (const wide_string& name : names_in(folder).beginning_as(own_name))
+        if (!is_same_name(name, own_name) && is_same_name(path_stem(name), stem))
+            files.push_back(folder + name);
     return files;
 }
 
 std::optional<std::vector<wide_string>> near_names_in_large_folder(const wide_string& path) {
     constexpr std::size_t fair_size = 1000;
-    const path_parts main = parts_of(path);
-    const folder_names& names = names_in(main.head);
+    const sorted_names& names = names_in(path_head(path));
     if (names.count() <= fair_size) return std::nullopt;
-    return names.beginning_as(main.stem + main.extension);
+    return names.beginning_as(path_file_name(path));
 }
 
 } // namespace vestra::datasets

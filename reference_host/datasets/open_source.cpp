@@ -4,18 +4,17 @@
 #include <utility>
 
 #include "framework/border/ref.h"
+#include "platform/path_text.h"
 #include "platform/system.h"
 #include "platform/text.h"
 #include "platform/volumes.h"
 #include "reference_host/datasets/families.h"
 #include "reference_host/datasets/gdal_source.h"
-#include "reference_host/datasets/path_parts.h"
 #include "reference_host/datasets/tos_reader.h"
 #include "reference_host/model/counted.h"
 
 namespace vestra::datasets {
 
-namespace platform = vs::project_resave::platform;
 using namespace vs::project_resave;
 
 namespace {
@@ -64,15 +63,15 @@ class asked_place {
 public:
     asked_place(const wide_string& path, std::filesystem::path native, bool is_folder)
         : path_(path), native_(std::move(native)), is_folder_(is_folder) {
-        head_ = is_folder ? path : parts_of(path).head;
-        if (!head_.ends_with(u'\\') && !head_.ends_with(u'/')) head_ += u'\\';
+        head_ = path_with_separator(is_folder ? path : path_head(path));
     }
 
     wide_string asked_path(const std::filesystem::path& file) const {
         if (file == native_) return path_;
         const auto below = file.lexically_relative(is_folder_ ? native_ : native_.parent_path());
         if (below.empty() || *below.begin() == "..") return platform::drive_path(file.string());
-        wide_string rest = below.u16string();
+        const std::u8string bytes = below.u8string();
+        wide_string rest = platform::from_utf8({reinterpret_cast<const char*>(bytes.data()), bytes.size()});
         std::ranges::replace(rest, u'/', u'\\');
         return head_ + rest;
     }
@@ -91,7 +90,7 @@ file_list asked_paths(gdal_source& known, const asked_place& place) {
 }
 
 bool has_extension(const wide_string& path, std::initializer_list<wide_view> extensions) {
-    const wide_string own = parts_of(path).extension;
+    const wide_string own = path_extension(path);
     return std::ranges::any_of(extensions,
                                [&](wide_view other) { return platform::compare_no_case(own, other) == 0; });
 }
@@ -103,7 +102,7 @@ identity_pointer open_tos(const wide_string& path) {
     file_list files{path};
     for (wide_string member : content->members) {
         std::ranges::replace(member, u'/', u'\\');
-        files.push_back(parts_of(path).head + member);
+        files.push_back(path_head(path) + member);
     }
     return make(std::move(files));
 }

@@ -6,13 +6,13 @@
 #include <string_view>
 #include <unordered_set>
 
+#include "platform/path_text.h"
 #include "platform/system.h"
 #include "platform/text.h"
-#include "reference_host/datasets/path_parts.h"
 
 namespace vestra::datasets {
 
-namespace platform = vs::project_resave::platform;
+using namespace vs::project_resave;
 
 namespace {
 
@@ -39,7 +39,7 @@ public:
 private:
     bool fill() {
         place_ = 0;
-        filled_ = file_.read(buffer_.data(), buffer_.size());
+        file_.read(buffer_.data(), buffer_.size(), filled_);
         return filled_ > 0;
     }
 
@@ -73,17 +73,12 @@ bool is_value(std::string_view text) {
     return place == text.size();
 }
 
-bool is_utf8(std::string_view bytes) { return platform::to_utf8(platform::from_utf8(bytes)) == bytes; }
-
-constexpr wide_view separators = u"\\/";
+bool is_utf8(std::string_view bytes) { return platform::valid_utf8_length(bytes) == bytes.size(); }
 
 // Takes the lines in their order. Each function answers the rule that the line breaks, or the empty text.
 class parser {
 public:
-    explicit parser(const wide_string& path) {
-        const path_parts own = parts_of(path);
-        names_.insert(platform::folded(own.stem + own.extension));
-    }
+    explicit parser(const wide_string& path) { names_.insert(platform::folded(path_file_name(path))); }
 
     wide_view take(std::string_view line) {
         if (!is_begun_) {
@@ -117,7 +112,7 @@ private:
 
     wide_view take_member(std::string_view text) {
         const wide_string path = platform::from_utf8(text);
-        if (separators.find(path.front()) != wide_view::npos || path.find(u':') != wide_string::npos)
+        if (path_separators.find(path.front()) != wide_view::npos || path.find(u':') != wide_string::npos)
             return u"the path of the member is not relative";
         wide_string key = platform::folded(path);
         std::ranges::replace(key, u'/', u'\\');
@@ -154,7 +149,7 @@ std::optional<tos_file> read_tos(const wide_string& path, files::file_error* err
     std::unique_ptr<platform::file> file;
     const auto opened = platform::current_system().open(path, platform::access::read,
                                                         platform::disposition::open_existing, file);
-    if (opened != platform::open_result::opened) return refuse(0, u"the file cannot be opened");
+    if (!opened) return refuse(0, u"the file cannot be opened");
 
     line_reader lines(*file);
     parser rules(path);

@@ -3,6 +3,7 @@
 #include <string_view>
 #include <utility>
 
+#include "platform/path_text.h"
 #include "platform/system.h"
 #include "platform/text.h"
 #include "platform/volumes.h"
@@ -34,8 +35,8 @@ pugi::xml_node start(pugi::xml_document& document, const char* root_name) {
 
 // The folder that relative references are measured from; a bare name stands in the current one.
 wide_string folder_of_file(const wide_string& path) {
-    const wide_string head = head_of(path);
-    return head.empty() ? head_of(platform::drive_path(platform::to_utf8(path))) : head;
+    const wide_string head = path_head(path);
+    return head.empty() ? path_head(platform::drive_path(platform::to_utf8(path))) : head;
 }
 
 class file_sink : public pugi::xml_writer {
@@ -43,7 +44,7 @@ public:
     explicit file_sink(platform::file& file) : file_(file) {}
     void write(const void* data, std::size_t size) override {
         size_ += size;
-        complete_ = complete_ && size_ <= largest_file && file_.write(data, size) == size;
+        complete_ = complete_ && size_ <= largest_file && file_.write(data, size);
     }
     std::size_t size() const { return size_; }
     bool complete() const { return complete_; }
@@ -64,9 +65,9 @@ wide_string free_name_beside(const wide_string& path) {
 
 const char16_t* write_document(const wide_string& path, const pugi::xml_document& document) {
     std::unique_ptr<platform::file> file;
-    const platform::open_result result = platform::current_system().open(
+    const platform::outcome result = platform::current_system().open(
         path, platform::access::read_write, platform::disposition::create_always, file);
-    if (result != platform::open_result::opened) return u"the file cannot be written";
+    if (!result) return u"the file cannot be written";
     file_sink sink(*file);
     document.save(sink, "  ", pugi::format_default, pugi::encoding_utf8);
     if (sink.size() > largest_file) return u"the file would be larger than 256 MiB";

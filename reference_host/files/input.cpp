@@ -24,24 +24,8 @@ wide_string quoted(std::string_view value) {
     return u"\"" + text + u"\"";
 }
 
-// Length of the UTF-8 character at the front, 0 if there is none: also for overlong forms and surrogates.
-std::size_t character_length(std::string_view bytes) {
-    const auto byte = [&](std::size_t place) {
-        return place < bytes.size() ? static_cast<unsigned char>(bytes[place]) : 0U;
-    };
-    const auto follows = [&](std::size_t place) { return (byte(place) & 0xC0) == 0x80; };
-    const unsigned first = byte(0);
-    if (first < 0x80) return first >= 0x20 || first == '\t' || first == '\n' || first == '\r' ? 1 : 0;
-    if (first >= 0xC2 && first <= 0xDF) return follows(1) ? 2 : 0;
-    if (first >= 0xE0 && first <= 0xEF) {
-        if ((first == 0xE0 && byte(1) < 0xA0) || (first == 0xED && byte(1) >= 0xA0)) return 0;
-        return follows(1) && follows(2) ? 3 : 0;
-    }
-    if (first >= 0xF0 && first <= 0xF4) {
-        if ((first == 0xF0 && byte(1) < 0x90) || (first == 0xF4 && byte(1) >= 0x90)) return 0;
-        return follows(1) && follows(2) && follows(3) ? 4 : 0;
-    }
-    return 0;
+bool is_control(char c) {
+    return static_cast<unsigned char>(c) < 0x20 && c != '\t' && c != '\n' && c != '\r';
 }
 
 } // namespace
@@ -54,9 +38,9 @@ input::input(const wide_string& path, const char* root_name) : path_(path) {
 bool input::read(const wide_string& path) {
     platform::system& system = platform::current_system();
     std::unique_ptr<platform::file> file;
-    const platform::open_result result =
+    const platform::outcome result =
         system.open(path, platform::access::read, platform::disposition::open_existing, file);
-    if (result != platform::open_result::opened) {
+    if (!result) {
         const platform::entry_kind there = system.kind_of(path);
         refuse_line(0, there == platform::entry_kind::none     ? u"there is no such file"
                        : there == platform::entry_kind::folder ? u"is a folder"
@@ -69,7 +53,7 @@ bool input::read(const wide_string& path) {
         return false;
     }
     bytes_.resize(static_cast<std::size_t>(size));
-    if (file->read(bytes_.data(), bytes_.size()) == bytes_.size()) return true;
+    if (file->read_whole(bytes_.data(), bytes_.size())) return true;
     refuse_line(0, u"the file cannot be read to its end");
     return false;
 }
@@ -77,16 +61,11 @@ bool input::read(const wide_string& path) {
 bool input::check_text() {
     for (std::size_t place = 0; place < bytes_.size(); ++place)
         if (bytes_[place] == '\n') line_ends_.push_back(place);
-    const std::string_view bytes = bytes_;
-    for (std::size_t place = 0; place < bytes.size();) {
-        const std::size_t length = character_length(bytes.substr(place, 4));
-        if (length == 0) {
-            refuse_line(line_at(place), u"the file is no UTF-8 text");
-            return false;
-        }
-        place += length;
-    }
-    return true;
+    const auto control = std::ranges::find_if(bytes_, is_control) - bytes_.begin();
+    const std::size_t good = std::min(platform::valid_utf8_length(bytes_), static_cast<std::size_t>(control));
+    if (good == bytes_.size()) return true;
+    refuse_line(line_at(good), u"the file is no UTF-8 text");
+    return false;
 }
 
 bool input::parse() {

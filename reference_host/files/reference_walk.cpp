@@ -1,5 +1,6 @@
 #include "reference_host/files/reference_walk.h"
 
+#include "platform/path_text.h"
 #include "reference_host/files/references.h"
 
 namespace vestra::files {
@@ -59,7 +60,8 @@ private:
     void visit_model(const layer& owner, const any& value) {
         const auto* record = std::get_if<tuple>(&value.value);
         const wide_view file(owner.file);
-        const wide_string folder = head_of(file.starts_with(u'*') ? file.substr(1) : file);
+        const wide_string folder =
+            vs::project_resave::path_head(file.starts_with(u'*') ? file.substr(1) : file);
         for (const std::size_t place : model_files) {
             if (!record || place >= record->elements.size()) continue;
             const wide_string* text = record->elements[place].as_text();

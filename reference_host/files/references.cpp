@@ -2,15 +2,15 @@
 
 #include <algorithm>
 
+#include "platform/path_text.h"
 #include "platform/text.h"
 
 namespace vestra::files {
 namespace {
 
-constexpr wide_view separators = u"\\/";
-constexpr char16_t verbatim_mark = u'=';
+using namespace vs::project_resave;
 
-bool is_separator(char16_t c) { return c == u'\\' || c == u'/'; }
+constexpr char16_t verbatim_mark = u'=';
 
 bool looks_relative(wide_view stored) {
     return !stored.empty() && wide_view(u"\\/*=").find(stored.front()) == wide_view::npos &&
@@ -26,29 +26,19 @@ wide_string with_backslashes(wide_view path) {
 bool is_below(wide_view folder, wide_view path) {
     if (folder.empty() || path.size() <= folder.size()) return false;
     const wide_string head = with_backslashes(path.substr(0, folder.size()));
-    return vs::project_resave::platform::compare_no_case(head, with_backslashes(folder)) == 0;
+    return platform::compare_no_case(head, with_backslashes(folder)) == 0;
 }
 
-// Length of what ".." cannot leave: a drive, or the server and share of a network path.
-std::size_t root_length(wide_view folder) {
-    if (folder.size() > 1 && folder[1] == u':') return std::min<std::size_t>(folder.size(), 3);
-    if (folder.size() < 2 || !is_separator(folder[0]) || !is_separator(folder[1])) return 1;
-    const std::size_t server_end = folder.find_first_of(separators, 2);
-    if (server_end == wide_view::npos) return folder.size();
-    const std::size_t share_end = folder.find_first_of(separators, server_end + 1);
-    return share_end == wide_view::npos ? folder.size() : share_end + 1;
-}
-
-wide_string folder_above(wide_view folder) { return head_of(folder.substr(0, folder.size() - 1)); }
+wide_string folder_above(wide_view folder) { return path_head(folder.substr(0, folder.size() - 1)); }
 
 wide_string joined(wide_view folder, wide_view relative) {
     wide_string path(folder);
     while (!relative.empty()) {
-        const std::size_t end = std::min(relative.find_first_of(separators), relative.size());
+        const std::size_t end = std::min(relative.find_first_of(path_separators), relative.size());
         const wide_view name = relative.substr(0, end);
         const wide_view piece = relative.substr(0, end + 1);
         if (name == u"..") {
-            if (path.size() > root_length(path)) path = folder_above(path);
+            if (path.size() > path_fixed_length(path)) path = folder_above(path);
         } else if (name != u".") {
             path += piece;
         }
@@ -59,7 +49,7 @@ wide_string joined(wide_view folder, wide_view relative) {
 
 // Relative to the nearest folder above that holds it too; empty if there is none.
 wide_string climbing_reference(wide_view folder, wide_view reference) {
-    const std::size_t root = root_length(folder);
+    const std::size_t root = path_fixed_length(folder);
     wide_string up = u"..\\";
     for (wide_string above(folder); above.size() > root; up += u"..\\") {
         above = folder_above(above);
@@ -73,11 +63,6 @@ wide_string climbing_reference(wide_view folder, wide_view reference) {
 }
 
 } // namespace
-
-wide_string head_of(wide_view path) {
-    const std::size_t last = path.find_last_of(separators);
-    return last == wide_view::npos ? wide_string() : wide_string(path.substr(0, last + 1));
-}
 
 wide_string stored_reference(wide_view folder, wide_view reference, bool behind_star, nearness near) {
     if (behind_star && reference.starts_with(u'*'))

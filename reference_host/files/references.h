@@ -7,9 +7,6 @@
 
 namespace vestra::files {
 
-// The path up to and including its last separator; empty without one.
-wide_string head_of(wide_view path);
-
 // What is near: with `below`, what lies below the folder; with `beside`, also what has a folder in common
 // with it, a drive or a share alone being none. A project stands above its data, a scene file may stand
 // anywhere.

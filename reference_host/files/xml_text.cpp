@@ -10,10 +10,9 @@
 namespace vestra::files {
 namespace {
 
-constexpr wide_view escape_begin = u"\\u{";
+using namespace vs::project_resave::platform;
 
-bool is_high(char16_t c) { return c >= 0xD800 && c < 0xDC00; }
-bool is_low(char16_t c) { return c >= 0xDC00 && c < 0xE000; }
+constexpr wide_view escape_begin = u"\\u{";
 
 bool xml_holds(char16_t c) {
     if (c < 0x20) return c == u'\t' || c == u'\n' || c == u'\r';
@@ -24,7 +23,7 @@ bool xml_holds(char16_t c) {
 std::optional<std::pair<std::uint32_t, std::size_t>> number_until(wide_view text, char16_t close, int base) {
     const std::size_t end = text.substr(0, 12).find(close);
     if (end == wide_view::npos) return std::nullopt;
-    const std::string digits = vs::project_resave::platform::to_utf8(text.substr(0, end));
+    const std::string digits = to_utf8(text.substr(0, end));
     std::uint32_t value = 0;
     const auto [last, fault] = std::from_chars(digits.data(), digits.data() + digits.size(), value, base);
     if (fault != std::errc() || last != digits.data() + digits.size()) return std::nullopt;
@@ -47,19 +46,10 @@ void append_escape(wide_string& out, char16_t unit) {
     out += u'}';
 }
 
-void append_code_point(wide_string& out, std::uint32_t code) {
-    if (code >= 0x10000) {
-        out += static_cast<char16_t>(0xD800 + ((code - 0x10000) >> 10));
-        out += static_cast<char16_t>(0xDC00 + ((code - 0x10000) & 0x3FF));
-    } else {
-        out += static_cast<char16_t>(code);
-    }
-}
-
 bool is_xml_character(std::uint32_t code) {
     if (code >= 0x10000) return code <= 0x10FFFF;
     const auto unit = static_cast<char16_t>(code);
-    return xml_holds(unit) && !is_high(unit) && !is_low(unit);
+    return xml_holds(unit) && !is_high_half(unit) && !is_low_half(unit);
 }
 
 // Replaces the reference at the front of `text`, which begins with "&"; its length, or 0 if it is unknown.
@@ -110,8 +100,8 @@ wide_string without_escapes(wide_view text) {
 bool needs_escape(wide_view text, std::size_t place) {
     const char16_t c = text[place];
     if (c == u'\\') return escape_at(text.substr(place)).has_value();
-    if (is_high(c)) return place + 1 == text.size() || !is_low(text[place + 1]);
-    if (is_low(c)) return place == 0 || !is_high(text[place - 1]);
+    if (is_high_half(c)) return place + 1 == text.size() || !is_low_half(text[place + 1]);
+    if (is_low_half(c)) return place == 0 || !is_high_half(text[place - 1]);
     return !xml_holds(c);
 }
 
@@ -126,11 +116,11 @@ std::string xml_value(wide_view text) {
         else
             escaped += text[place];
     }
-    return vs::project_resave::platform::to_utf8(escaped);
+    return to_utf8(escaped);
 }
 
 std::optional<wide_string> text_of_xml(std::string_view value) {
-    std::optional<wide_string> text = vs::project_resave::platform::from_utf8(value);
+    std::optional<wide_string> text = from_utf8(value);
     if (text->find(u'&') != wide_string::npos) text = without_references(*text);
     if (text && text->find(escape_begin) != wide_string::npos) text = without_escapes(*text);
     return text;

@@ -18,7 +18,7 @@ std::string xml_value(wide_view text);
 // "&nbsp;" or "&#0;".
 std::optional<wide_string> text_of_xml(std::string_view value);
 
-// Narrow texts of the border pass byte by byte as the characters 0 to 255, so those of any code page survive.
+// Each byte of a narrow text is kept as a character of 0 to 255, so the texts of any code page survive.
 wide_string widened(std::string_view narrow);
 // None if a character is above 255.
 std::optional<std::string> narrowed(wide_view text);

@@ -11,7 +11,7 @@
 
 namespace vestra {
 
-// The values are those of the border.
+// The values are those that the C functions return.
 enum class three_state : uint32_t { yes = 0, no = 1, mixed = 2 };
 
 class entity;

@@ -1,4 +1,4 @@
-// The text of the model is the text of the border: UTF-16.
+// The text of the model is the text of the C functions: UTF-16.
 #pragma once
 
 #include "platform/wide_string.h"

@@ -8,7 +8,8 @@
 
 namespace vestra::shell {
 
-// The answers of a box with yes, no and cancel, as numbers of the border; closed: by the system, unanswered.
+// The answers of a box with yes, no and cancel, as vs_yesnocancel_wmessage returns them; closed: by the
+// operating system, unanswered.
 enum class answer : std::int32_t { closed = 0, cancel = 2, yes = 6, no = 7 };
 
 class front_end {

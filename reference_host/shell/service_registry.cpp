@@ -38,8 +38,7 @@ const std::array<service_kind, 6>& known_kinds() {
 void tell_visitor(const interface_pointer& visitor, const interface_pointer& service) {
     using visit_entry = void (*)(const void* table, void* instance, interface_pointer service);
     constexpr std::size_t first_operation = 2;
-    const border::entry entry = static_cast<const border::entry*>(visitor.table)[first_operation];
-    reinterpret_cast<visit_entry>(entry)(visitor.table, visitor.instance, service);
+    static_cast<const visit_entry*>(visitor.table)[first_operation](visitor.table, visitor.instance, service);
 }
 
 } // namespace

@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <array>
-#include <utility>
+#include <optional>
 
 #include "platform/text.h"
 #include "reference_host/shell/settings.h"
@@ -75,19 +75,23 @@ std::string one_line(wide_view text) {
     return line;
 }
 
-terminal_front_end::terminal_front_end(platform::terminal& terminal, terminal_options options)
-    : terminal_(terminal), options_(std::move(options)) {}
+terminal_front_end::terminal_front_end(platform::terminal& terminal, bool quiet)
+    : terminal_(terminal), quiet_(quiet) {}
 
 void terminal_front_end::error(wide_view text) {
-    print(options_.error_text ? options_.error_text(text) : wide_string(text));
+    print(text);
+    if (wide_string& reason = settings().read_error; !reason.empty()) {
+        print(reason);
+        reason.clear();
+    }
 }
 
 void terminal_front_end::warning(wide_view text) {
-    if (!options_.quiet) print(text);
+    if (!quiet_) print(text);
 }
 
 void terminal_front_end::message(wide_view text) {
-    if (!options_.quiet) print(text);
+    if (!quiet_) print(text);
 }
 
 bool terminal_front_end::yes_no(wide_view text) { return ask(text, false) == answer::yes; }
@@ -95,9 +99,7 @@ bool terminal_front_end::yes_no(wide_view text) { return ask(text, false) == ans
 answer terminal_front_end::yes_no_cancel(wide_view text) { return ask(text, true); }
 
 answer terminal_front_end::ask(wide_view question, bool with_cancel) {
-    if (options_.decided)
-        if (const auto decided = options_.decided(question)) return *decided;
-    if (!terminal_.asks()) return options_.nobody_asked;
+    if (!terminal_.asks()) return answer::no;
 
     const answer none = with_cancel ? answer::cancel : answer::no;
     terminal_.forget_interrupt(); // the click that led here is known; the next one is an answer
@@ -149,7 +151,7 @@ void terminal_front_end::progress_indeterminate(bool on) {
 }
 
 void terminal_front_end::show_progress() {
-    if (options_.quiet || !is_open_) return;
+    if (quiet_ || !is_open_) return;
     const bool is_watched = terminal_.shows();
     // Lines that stay are written for each tenth, so that a long run does not fill a file with them.
     const unsigned percent = is_watched ? percent_ : percent_ / 10 * 10;
@@ -190,7 +192,7 @@ void terminal_front_end::stop_reset() {
 }
 
 void terminal_front_end::wait_opened(wide_view text) {
-    if (!options_.quiet) print(text);
+    if (!quiet_) print(text);
 }
 
 } // namespace vestra::shell

@@ -2,8 +2,6 @@
 // answer to be typed. Where nobody watches, progress comes in plain lines and questions are not asked.
 #pragma once
 
-#include <functional>
-#include <optional>
 #include <string>
 #include <string_view>
 
@@ -17,25 +15,19 @@ std::string printable(wide_view text);
 // The same on one line.
 std::string one_line(wide_view text);
 
-struct terminal_options {
-    bool quiet = false; // progress, messages and warnings stay away; errors and questions do not
-    // The answer given beforehand to the question of this text; nothing where it is to be asked.
-    std::function<std::optional<answer>(wide_view question)> decided;
-    // What to print for the text of an error, where more is known than the error says.
-    std::function<wide_string(wide_view text)> error_text = nullptr;
-    answer nobody_asked = answer::no; // to what is not decided, where there is no terminal
-};
-
 // In the language of the host's settings. Everything goes to the terminal, which outlives the front end.
 class terminal_front_end final : public front_end {
 public:
-    terminal_front_end(vs::project_resave::platform::terminal& terminal, terminal_options options);
+    // `quiet`: progress, messages and warnings stay away; errors and questions do not.
+    terminal_front_end(vs::project_resave::platform::terminal& terminal, bool quiet);
 
+    // With the host's own reason where a file could not be read since the last one.
     void error(wide_view text) override;
     void warning(wide_view text) override;
     void message(wide_view text) override;
+    // A question to nobody, without a terminal, is answered with no.
     bool yes_no(wide_view text) override;
-    // Ctrl-C while the question stands is cancel.
+    // Ctrl-C at the question is cancel.
     answer yes_no_cancel(wide_view text) override;
 
     void progress_opened(bool stoppable) override;
@@ -56,7 +48,7 @@ private:
     void erase_bar();
 
     vs::project_resave::platform::terminal& terminal_;
-    terminal_options options_;
+    const bool quiet_;
     bool is_open_ = false; // the progress window
     bool is_stoppable_ = false;
     bool is_indeterminate_ = false;

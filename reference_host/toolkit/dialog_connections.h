@@ -26,7 +26,7 @@ private:
     void visit(vs::project_resave::modal_dialog_service_pointer service) override;
 
     const vs::project_resave::dialog_runner runner_;
-    std::vector<vs::project_resave::ref<vs::project_resave::modal_dialog_service_impl, true>> services_;
+    std::vector<vs::project_resave::weak_ref<vs::project_resave::modal_dialog_service_impl>> services_;
 };
 
 } // namespace vestra::toolkit

@@ -8,25 +8,18 @@
 
 namespace vestra::toolkit {
 
-namespace border = vs::project_resave;
-using border::call;
-using border::cast_to;
-using border::outline_checks_impl;
-using border::outline_column_impl;
-using border::outline_impl;
-using border::outline_row;
-using border::tool_impl;
+using namespace vs::project_resave;
 
 namespace {
 
 // The tables of one outline.
 struct outline_tables {
-    border::interface_to<outline_impl> outline;
-    border::outline_column names;
-    border::outline_checks checks;
+    interface_to<outline_impl> outline;
+    outline_column names;
+    outline_checks checks;
 };
 
-mark mark_of(const border::outline_checks& checks, outline_row* row) {
+mark mark_of(const outline_checks& checks, outline_row* row) {
     if (!checks) return mark::none;
     if (call<&outline_checks_impl::mixed>(checks, row)) return mark::mixed;
     return call<&outline_checks_impl::checked>(checks, row) ? mark::on : mark::off;
@@ -49,7 +42,7 @@ std::vector<row_view> rows_below(const outline_tables& asked, outline_row* paren
     return rows;
 }
 
-bool is_enabled(const element_view& view) { return call<&border::element_impl::enabled>(view.live); }
+bool is_enabled(const element_view& view) { return call<&element_impl::enabled>(view.live); }
 
 } // namespace
 
@@ -63,10 +56,10 @@ void add_outline(element_view& view) {
 }
 
 void add_toolbar(element_view& view) {
-    const auto bar = cast_to<border::toolbar_impl>(view.live);
-    const std::uint32_t count = call<&border::toolbar_impl::tool_count>(bar);
+    const auto bar = cast_to<toolbar_impl>(view.live);
+    const std::uint32_t count = call<&toolbar_impl::tool_count>(bar);
     for (std::uint32_t index = 0; index < count; ++index)
-        view.children.push_back(look_at(call<&border::toolbar_impl::tool>(bar, index)));
+        view.children.push_back(look_at(call<&toolbar_impl::tool>(bar, index)));
 }
 
 void add_tool(element_view& view) {

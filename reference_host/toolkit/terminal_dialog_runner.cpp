@@ -5,7 +5,7 @@
 
 namespace vestra::toolkit {
 
-namespace border = vs::project_resave;
+using namespace vs::project_resave;
 
 namespace {
 
@@ -14,8 +14,8 @@ constexpr std::int32_t accepted = 1;
 
 } // namespace
 
-std::int32_t terminal_dialog_runner::run(border::docker content) {
-    const border::element root = border::cast_to<border::element_impl>(content);
+std::int32_t terminal_dialog_runner::run(docker content) {
+    const element root = cast_to<element_impl>(content);
     for (;;) {
         const element_view dialog = look_at(root);
         if (quiet_ && !find(dialog, u"file_input")) return accepted;
@@ -25,7 +25,7 @@ std::int32_t terminal_dialog_runner::run(border::docker content) {
         terminal_.write(find(dialog, u"file_input") ? "Enter: OK, or a new path, or \"cancel\": "
                                                     : "Enter: OK, or \"cancel\": ");
         std::string line;
-        if (terminal_.read_line(line) != border::platform::line_result::read) return cancelled;
+        if (terminal_.read_line(line) != platform::line_result::read) return cancelled;
         if (const auto answer = obey(dialog, line)) return *answer;
     }
 }
@@ -40,7 +40,7 @@ std::optional<std::int32_t> terminal_dialog_runner::obey(const element_view& dia
         return press(*box, code) ? std::optional(code) : std::nullopt;
     }
     if (const element_view* field = find(dialog, u"file_input"))
-        enter_text(*field, border::platform::drive_path(line));
+        enter_text(*field, platform::drive_path(line));
     return std::nullopt;
 }
 

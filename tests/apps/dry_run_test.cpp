@@ -31,6 +31,11 @@ protected:
     static string with_size(const wide_string& path, uint64_t bytes) {
         return platform::to_utf8(platform::folded(path)) + " " + std::to_string(bytes);
     }
+    // The disk that only seems to be written to has reasons of its own.
+    static json without_reasons(json problems) {
+        for (json& each : problems) each.erase("reason");
+        return problems;
+    }
     static wide_string wide(const json& text) { return platform::from_utf8(text.get<string>()); }
 
     const string to = "resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp' --quiet --json ";
@@ -64,12 +69,13 @@ protected:
         EXPECT_EQ(bytes_copied, bytes_of_run); // it names what has a source alone
         EXPECT_TRUE(run.at("differing").empty()) << run.at("differing");
         EXPECT_EQ("saved with problems", run.at("outcome"));
-        EXPECT_EQ(json({"Old survey (Overview)"}), run.at("lost_sources"));
-        EXPECT_EQ(json({"wfs_pnt_lr2d"}), run.at("types_not_resaved"));
+        ASSERT_TRUE(run.at("lost_sources").size() == 1 && run.at("types_not_resaved").size() == 1) << run;
+        EXPECT_EQ("Old survey", run.at("lost_sources")[0].at("element").at("caption"));
+        EXPECT_EQ("wfs_pnt_lr2d", run.at("types_not_resaved")[0].at("reason"));
         EXPECT_EQ("would be saved with problems", plan.at("outcome"));
         for (const char* told : {"lost_sources", "copy_errors", "types_not_resaved", "not_written", "outside",
                                  "not_read", "kept_joins"})
-            EXPECT_EQ(run.at(told), plan.at(told)) << told;
+            EXPECT_EQ(without_reasons(run.at(told)), without_reasons(plan.at(told))) << told;
     }
 };
 

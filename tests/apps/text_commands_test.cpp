@@ -43,30 +43,29 @@ TEST_F(text_commands, write_what_is_asked_for_or_say_why_not) {
         {structure + text + "--indent 4-spaces", 0, "", "", " t.txt",
          head + "    Scenes 2D:\r\n        A\r\n"},
         {differs + text, 1, "", "", " t.txt", "C:\\Data\\r.tif\r\nC:\\data\\r.tif\r\n\r\n"},
-        {structure + text, 0, "The project structure is preserved", "", " t.txt"},
         {structure + text + "--quiet", 0, "", "", " t.txt"},
         {structure, 2, "TEXT_FILE", "", ""},
         {structure + text + "--indent five", 2, "five", "", ""},
         {"structure 'C:\\none._vp' " + text, 2, "C:\\none._vp", "", ""},
-        {structure + "'c:/prj/AREA._vp'", 2, "the project itself cannot be written over", "", ""},
-        {structure + folder, 3, "N:\\out: it is a folder", "", ""},
-        {structure + "'N:\\none\\t.txt'", 3, "there is no folder N:\\none\\", "", ""},
-        {structure + "'N:\\out\\" + string(300, 'x') + "'", 3, "it cannot be opened for writing", "", ""},
+        {structure + "'c:/prj/AREA._vp'", 2, "is the project itself and must not be written over", "", ""},
+        {structure + folder, 3, "N:\\out: is a folder", "", ""},
+        {structure + "'N:\\none\\t.txt'", 3, "N:\\none\\t.txt: could not be created: ", "", ""},
+        {structure + "'N:\\out\\" + string(300, 'x') + "'", 3, ": could not be created: ", "", ""},
         {files + folder, 0, "", two, " A(1)._sn A._sn"},
         {files + folder + "--quiet", 0, "", "", " A(1)._sn A._sn"},
-        {files + folder + "--if-exists rewrite", 0,
-         "written over by a further scene of this name: N:\\out\\A._sn", "N:\\out\\A._sn\n", " A._sn"},
+        {files + folder + "--if-exists rewrite", 0, "N:\\out\\A._sn: was written over a file that existed",
+         "N:\\out\\A._sn\n", " A._sn"},
         {files + folder + "--if-exists ask", 2, "ask", "", ""},
         {files, 2, "FOLDER", "", ""},
         {"scenes 'C:\\none._vp' " + folder, 2, "C:\\none._vp", "", ""},
-        {files + "'N:\\none'", 3, "N:\\none: there is no such folder", "", ""},
-        {files + "'C:\\data\\r.tif'", 3, "C:\\data\\r.tif: there is no such folder", "", ""},
+        {files + "'N:\\none'", 3, "N:\\none: could not be entered: ", "", ""},
+        {files + "'C:\\data\\r.tif'", 3, "C:\\data\\r.tif: could not be entered: ", "", ""},
         {check + text, 0, "", "", " t.txt"},
         {differs + text + "--quiet", 1, "", "", " t.txt"},
         {check, 2, "REPORT", "", ""},
         {"check-case 'C:\\none._vp' " + text, 2, "C:\\none._vp", "", ""},
-        {differs + "'C:\\prj\\case._vp'", 2, "the project itself cannot be written over", "", ""},
-        {check + folder, 3, "N:\\out: it is a folder", "", ""},
+        {differs + "'C:\\prj\\case._vp'", 2, "is the project itself and must not be written over", "", ""},
+        {check + folder, 3, "N:\\out: is a folder", "", ""},
     };
     const tree_state before = sources();
     for (const auto& row : rows) {
@@ -110,10 +109,11 @@ TEST_F(command_run, no_file_of_the_project_is_written_over_under_whatever_name) 
           structure + "C:\\prj\\model\\map_base.tos", structure + "C:\\prj\\maps\\overview._sn",
           check + "C:\\link\\hard.txt", structure + linked + "\\data\\grids\\porosity\\hdr.adf"}) {
         EXPECT_EQ(2, command(refused + "'")) << refused << err;
-        EXPECT_TRUE(is_told("a file of the project cannot be written over")) << refused << err;
+        EXPECT_TRUE(is_told("is a file of the project and must not be written over")) << refused << err;
     }
     EXPECT_EQ(2, command("scenes 'C:\\prj\\area._vp' 'C:\\prj\\maps' --if-exists rewrite"));
-    EXPECT_TRUE(is_told("C:\\prj\\maps\\Overview._sn: a file of the project cannot be written over")) << err;
+    EXPECT_TRUE(is_told("C:\\prj\\maps\\Overview._sn: is a file of the project and must not be written over"))
+        << err;
     EXPECT_EQ("", difference(before, sources()));
 
     EXPECT_EQ(0, command(structure + "C:\\data\\free.txt'")) << err;

@@ -93,7 +93,7 @@ TEST_F(bundle_option, items_of_a_bundle_are_listed_left_out_by_name_copied_and_v
 // Its own copies would be real.
 TEST_F(bundle_option, a_bundle_that_copies_by_itself_has_no_dry_run) {
     EXPECT_EQ(2, command("resave --dry-run " + project + target + bundle));
-    EXPECT_TRUE(is_told("copies files by itself")) << err;
+    EXPECT_TRUE(is_told("copies its own files")) << err;
     EXPECT_EQ(1, command("resave --dry-run " + project + target)) << err; // the bundle's type is unknown
     EXPECT_FALSE(path_exists(u"N:\\copy"));
 }

@@ -1,6 +1,5 @@
 // The tabs through the library's tables, and whole runs from the click to the files on the disk.
-#include "operations/scene_files_run.h"
-#include "operations/structure_run.h"
+#include "operations/run_settings.h"
 #include "tests/bundle_library/panel_fixture.h"
 #include "tests/support/tree_state.h"
 

@@ -54,7 +54,7 @@ TEST_F(layouts, a_page_is_told_a_place_by_each_structure_and_nothing_is_copied_f
         for (const auto& [structure, page, becomes] : rows) {
             SCOPED_TRACE(testing::Message() << structure << ' ' << platform::to_utf8(page));
             if (exists && !page.empty()) write(wide_string(page));
-            settings.structure_variant = structure;
+            settings.structure_variant = static_cast<project_resave::structure>(structure);
             settings.lower_case = true; // does not reach it
             builder.model.layouts.clear();
             builder.layout(u"Sheet").layer("layout_image", u"I", u"C:\\data\\i.tif").page(u"P", page);
@@ -82,7 +82,7 @@ TEST_F(layouts, an_image_brings_its_companions_and_what_has_no_file_stays_withou
               "Sheet: Image=rtr\\i.tif Text=C:\\data\\b.tld Frame\n"
               "Other: Object Plain legend Unheard of here=C:\\data\\b.tld Shows nothing\n",
               outcome());
-    EXPECT_TRUE(context->report.unprocessed_types.empty());
+    EXPECT_TRUE(context->report.unprocessed_types().empty());
 }
 
 TEST_F(layouts, all_legends_share_one_folder_and_only_their_shapes_have_layer_files) {
@@ -102,7 +102,7 @@ TEST_F(layouts, all_legends_share_one_folder_and_only_their_shapes_have_layer_fi
         "Signs{Signs: Road again=legend plus\\s.shp+legend plus\\s.dbf Other relief=legend plus\\i.tif}\n"
         "Second: Signs{Signs: Base again=legend plus\\B.tld}\n",
         outcome());
-    EXPECT_EQ((std::set<wide_string>{u"grid_lr2d", u"layout_text"}), context->report.unprocessed_types);
+    EXPECT_EQ((std::set<wide_string>{u"grid_lr2d", u"layout_text"}), context->report.unprocessed_types());
     EXPECT_NE(std::string::npos, log.find("\r\ngrid_lr2d \n\r\nlayout_text \n"));
 }
 
@@ -117,7 +117,7 @@ TEST_F(layouts, a_legend_keeps_layers_that_are_lost_or_left_out) {
                   "Lost files Image\n",
               outcome());
     size_t removals = 0;
-    const std::string told = platform::to_utf8(load_string(611));
+    const std::string told = platform::to_utf8(load_string(text::layer_3d_removed));
     for (size_t at = log.find(told); at != std::string::npos; at = log.find(told, at + 1)) ++removals;
     EXPECT_EQ(5U, removals) << "told for the signs too";
 

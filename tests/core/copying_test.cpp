@@ -9,6 +9,7 @@
 #include "platform/text.h"
 #include "reference_host/model/counted.h"
 #include "tests/support/temporary_folder.h"
+#include "ui/host_questions.h"
 
 namespace vs::project_resave {
 
@@ -29,7 +30,7 @@ protected:
             const bool in_the_way = name[0] == u'*';
             disk.write(in_the_way ? u"out\\" + name.substr(1) : u"src\\" + name, platform::to_utf8(name));
         }
-        context.report.reset();
+        context.report.restart({});
         context.report.current_unit = u"unit";
         context.placement.reset();
     }
@@ -42,17 +43,18 @@ protected:
             const std::string source = disk.read(u"out\\" + target);
             if (source[0] != '*') text += source + ">" + platform::to_utf8(target) + " ";
         }
-        for (const auto& problem : context.report.problems)
+        for (const auto& problem : context.report.problems())
             for (const char16_t c : problem.text) text += c == u'\n' ? "!" : "";
         return text + (result ? "" : "no");
     }
 
     temporary_folder disk;
     const wide_string src = disk.path(u"src\\"), out = disk.path(u"out\\");
-    project_context context{nullptr};
+    host_questions questions;
+    project_context context{nullptr, questions};
 };
 
-using routine = bool (*)(const wide_string&, const wide_string&, project_context&);
+using routine = bool (*)(const wide_string&, const wide_string&, run_state&);
 
 } // namespace
 
@@ -82,12 +84,14 @@ TEST_F(copying, a_projection_file_that_two_share_is_copied_once) {
     EXPECT_EQ(outcome(true), "a_tif.pj4>a_tif.pj4 ");
 }
 
-TEST_F(copying, a_folder_comes_whole_or_tells_that_it_did_not) {
+TEST_F(copying, a_folder_is_copied_whole_or_the_failed_entry_is_named) {
     begin(u"g\\a\\1 g\\b\\c\\2 g\\3 *old\\3");
-    EXPECT_FALSE(copy_folder(src + u"g", out + u"old", false, false));
-    EXPECT_FALSE(copy_folder(src + u"g", out + u"old", true, false)) << "3 may not be replaced";
-    EXPECT_TRUE(copy_folder(src + u"g", out + u"old", true, true));
-    EXPECT_TRUE(copy_folder(src + u"g", out + u"deep\\new", false, false));
+    const auto refused = copy_folder(src + u"g", out + u"old", false, false);
+    EXPECT_TRUE(refused && refused->why.is(platform::failure::taken));
+    const auto in_the_way = copy_folder(src + u"g", out + u"old", true, false);
+    EXPECT_TRUE(in_the_way && in_the_way->new_path == out + u"old\\3" && !in_the_way->why);
+    EXPECT_FALSE(copy_folder(src + u"g", out + u"old", true, true));
+    EXPECT_FALSE(copy_folder(src + u"g", out + u"deep\\new", false, false));
     EXPECT_EQ(disk.read(u"out\\deep\\new\\b\\c\\2") + disk.read(u"out\\old\\3"), "g\\b\\c\\2g\\3");
 }
 

@@ -4,6 +4,7 @@
 
 #include "logs/log_file.h"
 #include "operations/run/resave_options.h"
+#include "operations/run/run_report.h"
 #include "platform/path_text.h"
 #include "platform/text.h"
 #include "tests/support/temporary_folder.h"
@@ -15,10 +16,10 @@ namespace {
 // The run of a project C:\prj\area._vp; neither C: nor N: need exist.
 struct run {
     explicit run(uint32_t variant, const wide_string& output = u"N:\\out\\new._vp") {
-        options.structure_variant = variant;
+        options.structure_variant = static_cast<project_resave::structure>(variant);
         placement.set_source(u"C:\\prj\\area._vp");
         placement.set_output(output);
-        placement.set_type_folder(u"shp");
+        placement.type_folder = u"shp";
     }
     // `expected` is below N:\out unless it has a drive.
     void expect_placed(wide_view source, wide_view expected) {
@@ -29,7 +30,8 @@ struct run {
 
     resave_options options{nullptr};
     log_file log{nullptr};
-    path_placement placement{nullptr, &log, &options};
+    run_report report;
+    path_placement placement{nullptr, &log, &report, &options};
 };
 
 const wide_string roads = u"C:\\prj\\maps\\roads.shp", well = u"C:\\data\\wells\\w1.shp";
@@ -52,7 +54,7 @@ TEST(path_placement, each_structure_puts_a_file_where_it_promises) {
     };
     for (const auto& row : rows) {
         run run(row.variant);
-        run.placement.set_type_folder(row.type_folder);
+        run.placement.type_folder = row.type_folder;
         run.expect_placed(row.source, row.expected);
     }
 }

@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
-#include "operations/run/selection_register.h"
-#include "operations/run/size_register.h"
+#include "operations/run/registers.h"
 #include "tests/support/temporary_folder.h"
 
 namespace vs::project_resave {

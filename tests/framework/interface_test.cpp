@@ -89,7 +89,7 @@ TEST(interface, one_object_answers_each_of_its_names_exactly_and_has_one_identit
 TEST(ref, the_last_strong_one_ends_the_object_once_and_the_weak_ones_learn_of_it) {
     auto* object = new desk_lamp;
     const lamp pair = lamp_of(*object);
-    ref<lamp_impl, true> weak(pair);
+    weak_ref<lamp_impl> weak(pair);
     {
         ref<lamp_impl> strong(pair);
         std::vector<ref<lamp_impl>> grown;
@@ -102,6 +102,9 @@ TEST(ref, the_last_strong_one_ends_the_object_once_and_the_weak_ones_learn_of_it
     }
     EXPECT_EQ(0, living);
     EXPECT_FALSE(weak);
+    weak.assign(lamp_of(*new desk_lamp));
+    weak.reset();
+    EXPECT_EQ(0, living) << "nobody had kept it";
 }
 
 class recording_context final : public bundle_context_impl {

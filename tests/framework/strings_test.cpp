@@ -57,26 +57,32 @@ class test_localizer_service final : public referent<localizer_service_impl> {
 public:
     explicit test_localizer_service(const bundle_context&) {}
     void connect(localizer_client found) override {
-        client = found;
-        call<&localizer_client_impl::set_localizer>(client, current.get());
+        ++connected;
+        call<&localizer_client_impl::set_localizer>(found, current.get());
     }
-    void disconnect(localizer_client) override { client = {}; }
+    void disconnect(localizer_client) override { --connected; }
     ref<localizer_impl> current{pointer_to<localizer_impl>(*new test_localizer)};
-    localizer_client client;
+    static inline int connected = 0; // clients, of all services
 };
+using localizer_holder = ref_service_holder<test_localizer_service, localizer_service_impl>;
 
 TEST_F(strings, a_localizer_has_the_last_word_until_it_is_gone) {
     vestra::shell::settings().language_offset = english;
     const size_t living = vestra::living_objects();
     {
         local_factory_impl client;
-        service_factory<test_localizer_service> offered(
-            u"vestra/localizer",
-            std::make_unique<ref_service_holder<test_localizer_service, localizer_service_impl>>());
+        service_factory<test_localizer_service> first(u"vestra/localizer",
+                                                      std::make_unique<localizer_holder>());
+        service_factory<test_localizer_service> second(u"vestra/localizer",
+                                                       std::make_unique<localizer_holder>());
         vestra::shell::service_registry registry;
-        registry.add(u"vestra/localizer", pointer_to<service_factory_impl>(offered), {});
         registry.add(u"", pointer_to<service_factory_impl>(client), {});
         registry.start_clients();
+        EXPECT_EQ(u"Project saved", load_string(502));
+        registry.add(u"vestra/localizer", pointer_to<service_factory_impl>(first), {});
+        registry.add(u"vestra/localizer", pointer_to<service_factory_impl>(second), {});
+        look_for_localizer();
+        EXPECT_EQ(1, test_localizer_service::connected) << "to one of both at a time";
         EXPECT_EQ(u"from the localizer", load_string(502));
         EXPECT_EQ(u"", load_string(501)); // its silence is final
         EXPECT_EQ(u"Run", load_string(-101));
@@ -97,8 +103,8 @@ struct text_row {
     std::optional<wide_view> english;
 };
 
-#define VS_TEXT(id, base, english) {id, base, wide_view{english}},
-#define VS_TEXT_BASE_ONLY(id, base) {id, base, std::nullopt},
+#define VS_TEXT(id, name, base, english) {id, base, wide_view{english}},
+#define VS_TEXT_BASE_ONLY(id, name, base) {id, base, std::nullopt},
 
 const std::vector<text_row> bundle_rows = {
 #include "framework/resources/texts/bundle_texts.inc"

@@ -11,12 +11,11 @@
 #include "platform/path_text.h"
 #include "tests/fuzz/fuzz_input.h"
 #include "tests/support/forwarding_system.h"
-#include "ui/dialogs.h"
+#include "operations/run/run_report.h"
 
 // What a placement calls besides the disk; nobody is there to be asked.
 namespace vs::project_resave {
 wide_string load_string(int32_t) { return u"_log.txt"; }
-unique_name_answer show_unique_name_dialog(const wide_string&, const wide_string&) { return {}; }
 } // namespace vs::project_resave
 
 using namespace vs::project_resave;
@@ -32,11 +31,16 @@ public:
         if (is_drive || folders_.contains(key)) return platform::entry_kind::folder;
         return files_.contains(key) ? platform::entry_kind::file : platform::entry_kind::none;
     }
-    bool create_folder(const wide_string& path) override {
-        return kind_of(path) == platform::entry_kind::none && folders_.insert(key_of(path)).second;
+    platform::outcome create_folder(const wide_string& path) override {
+        const bool is_free = kind_of(path) == platform::entry_kind::none;
+        return is_free && folders_.insert(key_of(path)).second ? platform::outcome()
+                                                               : platform::failure::taken;
     }
-    bool copy_file(const wide_string&, const wide_string& target, bool) override {
-        return path_exists(path_head(target)) && !path_exists(target) && files_.insert(key_of(target)).second;
+    platform::outcome copy_file(const wide_string&, const wide_string& target, bool) override {
+        if (!path_exists(path_head(target))) return platform::failure::missing;
+        const bool is_free = !path_exists(target);
+        return is_free && files_.insert(key_of(target)).second ? platform::outcome()
+                                                               : platform::failure::taken;
     }
 
 private:
@@ -57,7 +61,7 @@ bool is_written_out(const wide_string& path) {
 
 struct run {
     run(unsigned char structure, unsigned char choices) {
-        options.structure_variant = structure % 5;
+        options.structure_variant = static_cast<project_resave::structure>(structure % 5);
         options.lower_case = (choices & 1) != 0;
         options.rename_on_conflict = (choices & 2) != 0;
         placement.set_source(u"C:\\prj\\area._vp");
@@ -75,7 +79,7 @@ struct run {
         hold(placement.lookup_placed(source) == (scanned ? scanned->new_path : wide_string()), "as a scan");
         if (scanned) return;
         const wide_string target = placement.new_path(source);
-        const bool is_copied = platform::current_system().copy_file(source, target, false);
+        const bool is_copied{platform::current_system().copy_file(source, target, false)};
         wide_string lower = target;
         platform::lower_in_place(lower);
         hold(!options.lower_case || lower == target, "lower case is lower");
@@ -89,7 +93,8 @@ struct run {
 
     resave_options options{nullptr};
     log_file log{nullptr};
-    path_placement placement{nullptr, &log, &options};
+    run_report report;
+    path_placement placement{nullptr, &log, &report, &options};
     std::deque<placed_file> scan;
     std::set<wide_string> targets;
 };

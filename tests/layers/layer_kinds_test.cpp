@@ -85,7 +85,7 @@ TEST_F(layer_kinds, files_land_in_the_folder_of_their_type_and_the_layer_names_t
         EXPECT_EQ(expected, files()) << row.type;
         EXPECT_EQ(new_reference(row), found) << row.type;
         EXPECT_EQ(row.reference == u"a.x" ? texts{u"S: Copy error a.x\n"} : texts{}, problems) << row.type;
-        EXPECT_TRUE(context->report.unprocessed_types.empty()) << row.type;
+        EXPECT_TRUE(context->report.unprocessed_types().empty()) << row.type;
     }
 }
 
@@ -120,7 +120,7 @@ TEST_F(layer_kinds, a_type_that_nothing_resaves_is_told_once_and_its_layer_keeps
     unticked = {u"L"}; // not even one that is left out goes
     layer_run::run();
     EXPECT_EQ((std::set<wide_string>{u"RTR_LR2D", u"segy_lr3d", u"wfs_pnt_lr2d"}),
-              context->report.unprocessed_types);
+              context->report.unprocessed_types());
     const std::string kept = " L=C:\\prj\\a.tif";
     EXPECT_EQ("\nS:" + kept + kept + kept + kept + "\n", outcome());
 }

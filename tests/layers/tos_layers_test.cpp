@@ -1,6 +1,7 @@
 // TOS layers: the files of a complex model, and the style that a save carries over.
 #include <map>
 
+#include "framework/resources/text_rows.h"
 #include "layers/resave_tos_layers.h"
 #include "reference_host/api/handles.h"
 #include "tests/layers/layer_run.h"
@@ -61,15 +62,18 @@ TEST_F(tos_layers, files_of_a_complex_model_come_along_and_the_record_names_them
          u""},
         // A row without a path does not count: the ones behind it are handled as earlier ones.
         {{{44, u"sub\\c.tos"}}, {{9, u"c.tos"}, {15, u""}, {39, u""}, {44, u"sub\\c.tos"}}, u"c main", u""},
-        {{{44, u"gone.tos"}}, {{9, u""}, {15, u""}, {39, u""}, {44, u"gone.tos"}}, u"main", lost(523)},
+        {{{44, u"gone.tos"}},
+         {{9, u""}, {15, u""}, {39, u""}, {44, u"gone.tos"}},
+         u"main",
+         lost(text::complex_model_structural_map)},
         {{{15, u"a.tos"}, {39, u"gone.tos"}},
          {{9, u"a.tos"}, {15, u""}, {39, u"gone.tos"}, {44, u""}},
          u"a main",
-         lost(524)},
+         lost(text::complex_model_depth_cube)},
         {{{9, u"gone.tos"}, {15, u"b.tos"}, {44, u"gone.tos"}, {39, u"main.tos"}},
          {{9, u""}, {15, u"b.tos"}, {44, u""}, {39, u"main.tos"}},
          u"b main",
-         lost(523) + lost(525)},
+         lost(text::complex_model_structural_map) + lost(text::complex_model_time_cube)},
         {{}, {{9, u""}, {15, u""}, {39, u""}, {44, u""}}, u"main", u""},
     };
     for (const auto& row : rows) {
@@ -119,7 +123,7 @@ TEST_F(tos_layers, with_a_folder_for_each_scene_each_has_the_model_files_it_name
               "T/prj/main.tod T/prj/main.tos T/prj/sub/c.tod T/prj/sub/c.tos \n"
               "S: L=S\\prj\\main.tos\nT: L=T\\prj\\sub\\c.tos L=T\\prj\\main.tos\n"
               "!T: " +
-                  platform::to_utf8(lost(523)), // there is no sub\\a.tos
+                  platform::to_utf8(lost(text::complex_model_structural_map)), // there is no sub\\a.tos
               outcome());
     EXPECT_EQ(texts_of(0)[9] + texts_of(0)[15] + texts_of(1, 1)[9], u"a.tosmain.tossub\\c.tos");
 }
@@ -130,7 +134,7 @@ TEST_F(tos_layers, a_model_file_that_is_not_copied_is_told_and_named_in_its_new_
     write(out(u"tos\\a.tod"), "in the way");
     run();
     EXPECT_EQ(texts_of(0)[9], u"a.tos");
-    EXPECT_EQ(problems, texts{u"S: Copy error a.tod\n" + lost(524)});
+    EXPECT_EQ(problems, texts{u"S: Copy error a.tod\n" + lost(text::complex_model_depth_cube)});
 }
 
 TEST_F(tos_layers, the_style_of_a_one_dimensional_grid_alone_survives_a_save) {

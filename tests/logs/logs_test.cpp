@@ -2,10 +2,12 @@
 
 #include <algorithm>
 
+#include "framework/resources/text_rows.h"
 #include "operations/project_context.h"
 #include "reference_host/shell/settings.h"
 #include "tests/support/forwarding_system.h"
 #include "tests/support/temporary_folder.h"
+#include "ui/host_questions.h"
 
 namespace vs::project_resave {
 
@@ -17,7 +19,8 @@ protected:
     ~logs() override { vestra::shell::settings().language_offset = 0; }
 
     temporary_folder disk;
-    project_context context{nullptr};
+    host_questions questions;
+    project_context context{nullptr, questions};
     log_file& log = context.log;
 };
 
@@ -43,7 +46,7 @@ TEST_F(logs, every_message_is_the_block_of_lines_that_people_search_for) {
     log.write("narrow");
     log.write(wide_string(u"cut\0off", 7));
     log.close();
-    EXPECT_FALSE(log.write(628)); // lines after the close still arrive
+    EXPECT_FALSE(log.write(text::project_file_not_saved)); // lines after the close still arrive
     log.copy_failed(u"C:\\a\\b.shp");
     log.new_name_failed(u"");
     log.file_missing(u"f");

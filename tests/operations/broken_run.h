@@ -56,10 +56,10 @@ protected:
     }
     // What the user is told of a run that was stopped.
     void expect_told_as_stopped() const {
-        EXPECT_EQ((std::vector<front::event>{{kind::yes_no_cancel, load_string(359)},
-                                             {kind::wait, load_string(360)},
-                                             {kind::message, load_string(513)},
-                                             {kind::yes_no, load_string(528)}}),
+        EXPECT_EQ((std::vector<front::event>{{kind::yes_no_cancel, load_string(text::erase_created_files)},
+                                             {kind::wait, load_string(text::wait_for_end)},
+                                             {kind::message, load_string(text::interrupted_by_user)},
+                                             {kind::yes_no, load_string(text::reopen_source_project)}}),
                   told());
     }
     // Each copy is its source, what was there before is as it was, and nothing else stands there.

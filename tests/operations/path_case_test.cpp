@@ -18,7 +18,7 @@ protected:
         const tree_state before = sources();
         EXPECT_TRUE(context->check_path_case(report));
         EXPECT_EQ(std::vector<wide_string>{load_string(told)}, script.texts(kind::message));
-        EXPECT_EQ(told == 529, context->case_differs);
+        EXPECT_EQ(told == text::case_differs, context->case_differs);
         EXPECT_EQ("", difference(before, sources()));
         return path_exists(report) ? read(report) : "no report";
     }
@@ -36,7 +36,7 @@ TEST_F(path_case, the_sample_says_lake_where_the_disk_says_Lake) {
     std::string expected = block(u"D:\\GIS\\base\\lake.shp", u"D:\\gis\\base\\Lake.shp");
     for (const wide_string name : {u"Lake.shx", u"Lake.dbf", u"Lake.cpg", u"Lake.prj"}) // named by the disk
         expected += block(u"D:\\GIS\\base\\" + name, u"D:\\gis\\base\\" + name);
-    EXPECT_EQ(expected, check(529));
+    EXPECT_EQ(expected, check(text::case_differs));
 }
 
 TEST_F(path_case, every_spelling_but_the_disks_own_is_told_and_what_is_no_file_on_a_drive_is_not) {
@@ -58,9 +58,9 @@ TEST_F(path_case, every_spelling_but_the_disks_own_is_told_and_what_is_no_file_o
         project_builder built;
         built.scene_2d(u"S").layer(well, u"W", row.stored).save(source);
         load();
-        EXPECT_EQ(row.told, check(row.told.empty() ? 530 : 529));
+        EXPECT_EQ(row.told, check(row.told.empty() ? text::case_is_right : text::case_differs));
         context->selection.set_selected(built.id(u"W"), false);
-        EXPECT_EQ("", check(530));
+        EXPECT_EQ("", check(text::case_is_right));
     }
 }
 

@@ -31,9 +31,9 @@ TEST_F(loading, a_project_that_cannot_be_read_leaves_nothing_and_is_told_once) {
         ASSERT_TRUE(load(source));
         EXPECT_FALSE(load(path));
         EXPECT_EQ(1U, changes);
-        EXPECT_EQ(
-            (std::vector<front::event>{{kind::wait, load_string(358)}, {kind::error, load_string(500)}}),
-            told());
+        EXPECT_EQ((std::vector<front::event>{{kind::wait, load_string(text::project_opens)},
+                                             {kind::error, load_string(text::failed_to_load_project)}}),
+                  told());
         expect_nothing_loaded();
     }
 }
@@ -52,15 +52,15 @@ TEST_F(loading, a_second_project_releases_the_first_and_starts_afresh) {
         EXPECT_EQ(units, context->units.rows().size());
         EXPECT_EQ(kilobytes, context->sizes.total_kb());
         EXPECT_TRUE(context->selection.is_selected(scene)) << "as everything is again";
-        EXPECT_EQ((std::set<wide_string>{u"wfs_pnt_lr2d"}), context->report.unprocessed_types);
+        EXPECT_EQ((std::set<wide_string>{u"wfs_pnt_lr2d"}), context->report.unprocessed_types());
         EXPECT_EQ(1U, changes);
     }
     project_builder().save(source);
     ASSERT_TRUE(load(source));
     resave();
-    EXPECT_EQ(
-        (std::vector<front::event>{{kind::message, load_string(502)}, {kind::yes_no, load_string(528)}}),
-        script.events)
+    EXPECT_EQ((std::vector<front::event>{{kind::message, load_string(text::project_saved)},
+                                         {kind::yes_no, load_string(text::reopen_source_project)}}),
+              script.events)
         << "without a caption, as nothing has a length";
     ASSERT_TRUE(load(source));
     context->selection.set_selected(scene, false);

@@ -130,7 +130,7 @@ TEST_F(resaving, the_source_opens_again_if_the_user_wants_to_go_on_and_nothing_d
     resave();
     EXPECT_EQ(1U, changes);
     ASSERT_TRUE(context->project);
-    EXPECT_EQ((std::vector<wide_string>{load_string(358)}), script.texts(kind::wait));
+    EXPECT_EQ((std::vector<wide_string>{load_string(text::project_opens)}), script.texts(kind::wait));
     EXPECT_EQ("\nS: Well=C:\\data\\w.wel\n", outcome()) << "wells do not go into folders of scenes";
 
     settings.structure_variant = by_type;

@@ -35,7 +35,7 @@ TEST_F(rounds, follow_a_chain_of_references_as_far_as_twelve_rounds_go_if_the_us
         unticked.pop_back(); // the last alone is selected
         EXPECT_EQ(row.saved, scenes_with(row.given));
         EXPECT_EQ(row.length > 1 ? 1U : 0U, questions());
-        EXPECT_EQ(row.exceeded, context->report.depth_exceeded);
+        EXPECT_EQ(row.exceeded, context->report.depth_exceeded());
     }
 }
 

@@ -1,4 +1,5 @@
 // One fault of the system at a time, at every place of a run where it can strike.
+#include "framework/resources/text_rows.h"
 #include "tests/operations/broken_run.h"
 #include "tests/support/faulty_system.h"
 
@@ -31,7 +32,7 @@ protected:
 TEST_F(run_faults, a_copy_that_fails_is_named_in_report_and_log_and_all_others_are_made) {
     run(0);
     ASSERT_EQ(16U, copies);
-    EXPECT_TRUE(context->report.problems.empty());
+    EXPECT_TRUE(context->report.problems().empty());
     const std::string whole = outline();
     for (size_t at = 1; at <= 16; ++at) {
         const wide_string failed = run(at);
@@ -39,12 +40,12 @@ TEST_F(run_faults, a_copy_that_fails_is_named_in_report_and_log_and_all_others_a
         // There is no .tfr without the .tfw, and no folder without its well.
         const bool takes_one_along = failed == u"C:\\data\\r.tfw" || failed == u"C:\\data\\w.wel";
         EXPECT_EQ(takes_one_along ? 15U : 16U, copies);
-        ASSERT_EQ(1U, context->report.problems.size());
+        ASSERT_EQ(1U, context->report.problems().size());
         // Of a well's folder the report names the well, and the log the folder.
         const bool is_in_folder = failed == u"C:\\data\\w\\logs\\1.las";
         const wide_string reported = is_in_folder ? u"w.wel" : path_file_name(failed);
         const wide_string logged = is_in_folder ? u"C:\\data\\w" : failed;
-        EXPECT_EQ(u"Copy error " + reported + u"\n", context->report.problems[0].text);
+        EXPECT_EQ(u"Copy error " + reported + u"\n", context->report.problems()[0].text);
         EXPECT_FALSE(context->placement.is_placed(failed)) << "nothing may come to refer to it";
         EXPECT_NE(std::string::npos,
                   read(u"N:\\out\\new_log.txt")
@@ -55,10 +56,11 @@ TEST_F(run_faults, a_copy_that_fails_is_named_in_report_and_log_and_all_others_a
 
 TEST_F(run_faults, a_run_that_breaks_off_leaves_nothing_loaded_and_the_next_one_works) {
     for (const uint32_t structure : {by_type, folder_per_scene}) { // wells have no part in the latter
-        settings.structure_variant = structure;
+        settings.structure_variant = static_cast<project_resave::structure>(structure);
         for (size_t at = 1; !run(at, true).empty(); ++at) {
             SCOPED_TRACE(at);
-            EXPECT_EQ((std::vector<front::event>{{kind::error, load_string(509)}}), told());
+            EXPECT_EQ((std::vector<front::event>{{kind::error, load_string(text::project_not_saved)}}),
+                      told());
             expect_nothing_left_over();
             EXPECT_FALSE(path_exists(output));
         }
@@ -85,7 +87,8 @@ TEST_F(run_faults, a_load_that_breaks_off_is_told_and_leaves_nothing_and_the_nex
             const platform::system_override in_force(faults);
             const bool loaded = context->load_project(source, true, false);
             failures = faults.failed.size();
-            EXPECT_EQ(loaded ? 0 : 1, std::ranges::count(errors(), load_string(500)));
+            EXPECT_EQ(loaded ? 0 : 1,
+                      std::ranges::count(errors(), load_string(text::failed_to_load_project)));
             EXPECT_EQ(loaded, context->project != nullptr);
             EXPECT_EQ(loaded, !context->tree.empty() || !context->units.rows().empty());
             EXPECT_EQ(loaded, context->sizes.total_kb() > 0);

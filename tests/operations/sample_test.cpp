@@ -15,7 +15,7 @@ class sample : public broken_run, public testing::WithParamInterface<uint32_t> {
 protected:
     void SetUp() override {
         copy_sample();
-        settings.structure_variant = GetParam();
+        settings.structure_variant = static_cast<project_resave::structure>(GetParam());
         if (GetParam() == folder_per_scene)
             kept_as_they_are.insert({u"Well P-101", u"Profile of P-102", u"Section 1"}); // wells stay out
         else
@@ -88,6 +88,29 @@ TEST_P(sample, comes_in_lower_case_without_what_is_left_out_and_beside_what_is_t
         all += std::to_string(files().size()) + " files" + told_of_run();
     }
     EXPECT_EQ(committed("tests/operations/expected/sample_lower_case_" + std::to_string(GetParam()) + ".txt"),
+              all);
+}
+
+// With files that are lost, cannot be copied, cannot be read or are in the way.
+TEST_P(sample, logs_and_reports_failures_in_the_committed_words) {
+    settings.write_log = settings.save_scene_files = settings.save_layer_files = true;
+    settings.delete_lost_sources = true;
+    for (const char* lost :
+         {"prj/maps/roads.shp", "data/tables/owners.dbf", "data/tos/base_c1.tod", "data/shp3d/contact.shx"})
+        std::filesystem::remove(native("c") / lost);
+    for (const wide_string taken : {u"shp\\Lake.shp", u"dbf", u"vector\\faults.geojson", u"relief.tif"})
+        write(path_head(output) + taken);
+    write(u"C:\\prj\\model\\map_base.tos", "no such format");
+    wide_string message; // more lines than a box takes
+    on_dialog = [&](const dialog_view& shown) {
+        message = find(shown, u"multiline_output")->text;
+        return 1;
+    };
+    load_and_resave();
+    std::string all = platform::to_utf8(message) + "--\n";
+    for (const auto& [shown, text] : told()) all += platform::to_utf8(text) + "\n--\n";
+    all += read(u"N:\\out\\new_log.txt");
+    EXPECT_EQ(committed("tests/operations/expected/sample_failures_" + std::to_string(GetParam()) + ".txt"),
               all);
 }
 

@@ -1,8 +1,8 @@
 // Scene files: their names, what happens to one that exists, and which scenes get one.
-#include "operations/scene_files_run.h"
+#include "operations/run_settings.h"
 
 #include "framework/resources/strings.h"
-#include "operations/structure_run.h"
+#include "operations/run_settings.h"
 #include "platform/volumes.h"
 #include "tests/support/faulty_system.h"
 #include "tests/support/host_fixture.h"
@@ -25,8 +25,9 @@ protected:
 
     strings write_files(uint32_t on_exists) {
         script.events.clear();
-        EXPECT_TRUE(context->create_scene_files({u"unused", on_exists}));
-        EXPECT_EQ(std::vector<wide_string>{load_string(514)}, script.texts(kind::message));
+        EXPECT_TRUE(context->create_scene_files({u"unused", static_cast<on_existing_file>(on_exists)}));
+        EXPECT_EQ(std::vector<wide_string>{load_string(text::scene_files_saved)},
+                  script.texts(kind::message));
         EXPECT_EQ(0U, script.open_windows);
         return files();
     }

@@ -1,4 +1,5 @@
 // A stop at every point at which a run asks for one, under every folder structure.
+#include "framework/resources/text_rows.h"
 #include "tests/operations/broken_run.h"
 
 namespace vs::project_resave {
@@ -21,7 +22,7 @@ protected:
     // Under each structure, run after run is stopped at a later one of so many places, or at each poll.
     void stop_everywhere(answer given, size_t places) {
         for (uint32_t structure = by_type; structure <= folder_per_scene; ++structure) {
-            settings.structure_variant = structure;
+            settings.structure_variant = static_cast<project_resave::structure>(structure);
             older();
             stop_at(0, given);
             const size_t polls = script.polls, step = std::max<size_t>(1, polls / places);
@@ -59,7 +60,7 @@ TEST_F(stopping, a_cancelled_stop_changes_nothing) {
         older();
         stop_at(poll, answer::cancel);
         EXPECT_EQ(1U, script.texts(kind::yes_no_cancel).size());
-        EXPECT_EQ((std::vector<wide_string>{load_string(502)}), script.texts(kind::message));
+        EXPECT_EQ((std::vector<wide_string>{load_string(text::project_saved)}), script.texts(kind::message));
         EXPECT_EQ(whole, files());
     }
 }

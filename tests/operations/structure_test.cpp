@@ -1,5 +1,5 @@
 // The text of a project's structure: whole files for the sample, then one choice at a time.
-#include "operations/structure_run.h"
+#include "operations/run_settings.h"
 
 #include "framework/resources/strings.h"
 #include "reference_host/shell/settings.h"
@@ -51,10 +51,10 @@ TEST_F(structure_text, of_the_sample_is_the_committed_file_byte_for_byte_and_cha
         wanted.indent_text = row.indent;
         wanted.indent_repeat = row.repeat;
         EXPECT_EQ(committed(std::string("tests/operations/expected/") + row.file), save());
-        EXPECT_EQ(std::vector<wide_string>{load_string(511)}, messages());
+        EXPECT_EQ(std::vector<wide_string>{load_string(text::structure_saved)}, messages());
     }
     EXPECT_EQ("", difference(before, sources()));
-    EXPECT_EQ(1U, context->report.unprocessed_types.count(u"wfs_pnt_lr2d")); // still to be told by a resave
+    EXPECT_EQ(1U, context->report.unprocessed_types().count(u"wfs_pnt_lr2d")); // still to be told by a resave
 }
 
 TEST_F(structure_text, groups_are_shown_as_the_user_sees_them_with_what_is_selected) {
@@ -99,7 +99,7 @@ TEST_F(structure_text, a_text_that_cannot_be_written_is_told_as_if_it_were) {
     for (const char16_t* path : {u"N:\\none\\t.txt", u"N:\\out\\folder"}) {
         wanted.output_path = path;
         EXPECT_EQ("", save());
-        EXPECT_EQ(std::vector<wide_string>{load_string(511)}, messages());
+        EXPECT_EQ(std::vector<wide_string>{load_string(text::structure_saved)}, messages());
         EXPECT_FALSE(path_exists(n + u"none"));
         EXPECT_TRUE(path_exists(n + u"out\\folder\\kept"));
     }
@@ -123,7 +123,9 @@ TEST_F(structure_text, a_stop_takes_the_file_away_whatever_is_answered_and_the_n
             script.answers = {said};
             EXPECT_EQ(goes_on ? whole : "", save());
             EXPECT_EQ(goes_on, path_exists(text_file));
-            EXPECT_EQ(std::vector<wide_string>{load_string(goes_on ? 511 : 513)}, messages());
+            EXPECT_EQ(std::vector<wide_string>{load_string(goes_on ? text::structure_saved
+                                                                   : text::interrupted_by_user)},
+                      messages());
             script.stop_at_poll = 0;
             EXPECT_EQ(whole, save());
         }

@@ -1,10 +1,12 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <optional>
 #include <string>
 #include <vector>
 
 #include "platform/system.h"
+#include "platform/text.h"
 #include "tests/support/temporary_folder.h"
 
 namespace vs::project_resave::platform {
@@ -51,15 +53,24 @@ TEST_F(file_system,
     folder.write(u"there.txt", "old");
     folder.write(u"sub\\x.txt");
     const auto before = tree();
-    const std::tuple<wide_view, wide_view, bool> cases[] = {
-        {u"source.txt", u"there.txt", false},  {u"source.txt", u"THERE.TXT", false},
-        {u"source.txt", u"sub", false},        {u"source.txt", u"sub", true},
-        {u"lost.txt", u"copy.txt", false},     {u"lost.txt", u"there.txt", true},
-        {u"sub", u"copy.txt", false},          {u"source.txt", u"none\\copy.txt", false},
-        {u"source.txt", u"source.txt", false}, {u"source.txt", u"SOURCE.txt", true},
+    const std::tuple<wide_view, wide_view, bool, std::optional<failure>> cases[] = {
+        {u"source.txt", u"there.txt", false, failure::taken},
+        {u"source.txt", u"THERE.TXT", false, failure::taken},
+        {u"source.txt", u"sub", false, failure::taken},
+        {u"source.txt", u"sub", true, {}},
+        {u"lost.txt", u"copy.txt", false, failure::missing},
+        {u"lost.txt", u"there.txt", true, failure::missing},
+        {u"sub", u"copy.txt", false, {}},
+        {u"source.txt", u"none\\copy.txt", false, failure::missing},
+        {u"source.txt", u"source.txt", false, failure::taken},
+        {u"source.txt", u"SOURCE.txt", true, {}},
     };
-    for (const auto& [source, target, replace] : cases) {
-        EXPECT_FALSE(files.copy_file(folder.path(source), folder.path(target), replace));
+    for (const auto& [source, target, replace, kind] : cases) {
+        SCOPED_TRACE(to_utf8(source) + " to " + to_utf8(target));
+        const outcome copied = files.copy_file(folder.path(source), folder.path(target), replace);
+        EXPECT_FALSE(copied);
+        EXPECT_FALSE(copied.text().empty());
+        EXPECT_TRUE(!kind || copied.is(*kind)) << to_utf8(copied.text());
         EXPECT_EQ(tree(), before);
     }
     EXPECT_EQ(folder.read(u"there.txt"), "old");
@@ -105,15 +116,57 @@ TEST_F(file_system, kinds_and_names_are_found_in_any_letter_case) {
 TEST_F(file_system, folders_are_made_one_level_at_a_time_listed_before_their_content_and_removed_when_empty) {
     const std::pair<wide_view, bool> made[] = {
         {u"a\\b", false}, {u"a", true}, {u"A", false}, {u"a\\b", true}};
-    for (const auto& [name, is_made] : made) EXPECT_EQ(files.create_folder(folder.path(name)), is_made);
+    for (const auto& [name, is_made] : made) EXPECT_EQ(bool(files.create_folder(folder.path(name))), is_made);
     EXPECT_FALSE(files.remove_folder(folder.path(u"a")) || files.delete_file(folder.path(u"a")));
     folder.write(u"a\\b\\x");
     folder.write(u"a\\c");
     EXPECT_EQ(tree(), (std::vector<wide_string>{u"a\\", u"a\\b\\", u"a\\b\\x", u"a\\c"}));
     for (const wide_view file : {u"a\\b\\X", u"a\\c"}) EXPECT_TRUE(files.delete_file(folder.path(file)));
     for (const wide_view empty : {u"A\\B", u"A"}) EXPECT_TRUE(files.remove_folder(folder.path(empty)));
-    EXPECT_GT(files.free_space(folder.path()), 0U);
-    EXPECT_EQ(files.free_space(folder.path(u"a")), std::nullopt);
+    uint64_t bytes = 0;
+    EXPECT_TRUE(files.free_space(folder.path(), bytes) && bytes > 0);
+    EXPECT_TRUE(files.free_space(folder.path(u"a"), bytes).is(failure::missing));
+}
+
+TEST_F(file_system, each_failing_call_says_why) {
+    const wide_string there = folder.write(u"there.txt", "old"), lost = folder.path(u"lost.txt");
+    folder.write(u"sub\\x.txt");
+    const wide_string sub = folder.path(u"sub"), odd = folder.path(wide_string(u"a\0b", 3));
+    std::vector<folder_entry> entries;
+    std::unique_ptr<file> opened;
+    const auto read = [&](const wide_string& path) {
+        return files.open(path, access::read, disposition::open_existing, opened);
+    };
+    // Where there is no kind the native code decides; it differs from one system to the other.
+    const std::tuple<const char*, outcome, std::optional<failure>> cases[] = {
+        {"read a lost file", read(lost), failure::missing},
+        {"read below a file", read(there + u"\\x"), failure::missing},
+        {"read a folder", read(sub), {}},
+        {"write where no folder is",
+         files.open(lost + u"\\x", access::read_write, disposition::create_always, opened), failure::missing},
+        {"delete a lost file", files.delete_file(lost), failure::missing},
+        {"delete a folder", files.delete_file(sub), {}},
+        {"create a folder again", files.create_folder(sub), failure::taken},
+        {"create below nothing", files.create_folder(lost + u"\\x"), failure::missing},
+        {"remove a full folder", files.remove_folder(sub), {}},
+        {"list a lost folder", files.list(lost, entries), failure::missing},
+        {"list a file", files.list(there, entries), {}},
+        {"rename a lost file", files.rename_over(lost, there), failure::missing},
+        {"an unknown drive", files.create_folder(u"Q:\\x"), {}},
+        {"a zero character", files.create_folder(odd), {}},
+    };
+    for (const auto& [name, result, kind] : cases) {
+        EXPECT_FALSE(result) << name;
+        EXPECT_TRUE(!kind || result.is(*kind)) << name << ": " << to_utf8(result.text());
+        const wide_string words = result.text();
+        EXPECT_TRUE(!words.empty() && wide_view(u". \r\n").find(words.back()) == wide_view::npos) << name;
+    }
+    EXPECT_TRUE(outcome().text().empty() && outcome().code() == 0);
+    char buffer[8];
+    ASSERT_TRUE(read(there));
+    EXPECT_TRUE(opened->read_whole(buffer, 3));
+    EXPECT_FALSE(opened->read_whole(buffer, 1)) << "at the end of the file";
+    EXPECT_FALSE(opened->write(buffer, 1)) << "to a file that is open to be read";
 }
 
 } // namespace

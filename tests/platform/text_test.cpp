@@ -46,12 +46,15 @@ TEST(text, code_pages_turn_text_into_bytes_and_back) {
 TEST(text, broken_text_costs_only_the_broken_part) {
     for (const wide_view half : {u"\xD800", u"\xDC00"})
         EXPECT_EQ(to_utf8(u"a" + wide_string(half) + u"я"), "a\xEF\xBF\xBD\xD1\x8F");
-    // How many marks stand for one broken part is the system's choice.
-    for (const std::string_view broken :
-         {"\xFF", "\xD1", "\xE2\x82", "\xC0\x80", "\xED\xA0\x80", "\xF0\x9F\x98"}) {
-        wide_string told = from_utf8("a" + std::string(broken) + "z");
-        std::erase(told, u'\xFFFD');
-        EXPECT_EQ(told, u"az");
+    const std::pair<std::string_view, size_t> cases[] = {
+        {"\xFF", 1},     {"\xD1", 1},         {"\xE2\x82", 1},         {"\xF0\x9F\x98", 1},
+        {"\xC0\x80", 2}, {"\xED\xA0\x80", 3}, {"\xF4\x90\x80\x80", 4}, {"\xE0\x9F\xBF", 3},
+    };
+    for (const auto& [broken, marks] : cases) {
+        const std::string bytes = "a\xEF\xBF\xBD" + std::string(broken) + "z";
+        EXPECT_EQ(from_utf8(bytes), u"a\xFFFD" + wide_string(marks, u'\xFFFD') + u"z");
+        EXPECT_EQ(valid_utf8_length(bytes), 4U);
+        EXPECT_EQ(valid_utf8_length("a\xEF\xBF\xBD"), 4U);
     }
 }
 

@@ -1,4 +1,4 @@
-// What the border promises a bundle of every function alike; what each of them does shows in whole runs.
+// What every C function of the host promises alike; what each of them does shows in whole runs.
 #include <limits>
 #include <utility>
 

@@ -22,36 +22,38 @@ public:
     platform::entry_kind kind_of(const wide_string& path) override {
         return content.contains(path) ? platform::entry_kind::file : platform::entry_kind::none;
     }
-    bool delete_file(const wide_string& path) override { return content.erase(path) != 0; }
-    bool rename_over(const wide_string& from, const wide_string& to) override {
-        content[to] = std::move(content[from]);
-        return content.erase(from) != 0;
+    platform::outcome delete_file(const wide_string& path) override {
+        return content.erase(path) != 0 ? platform::outcome() : platform::failure::missing;
     }
-    platform::open_result open(const wide_string& path, platform::access, platform::disposition how,
-                               std::unique_ptr<platform::file>& result) override {
+    platform::outcome rename_over(const wide_string& from, const wide_string& to) override {
+        content[to] = std::move(content[from]);
+        return delete_file(from);
+    }
+    platform::outcome open(const wide_string& path, platform::access, platform::disposition how,
+                           std::unique_ptr<platform::file>& result) override {
         const bool create = how == platform::disposition::create_always;
-        if (!create && !content.contains(path)) return platform::open_result::failed;
+        if (!create && !content.contains(path)) return platform::failure::missing;
         if (create) content[path].clear();
         result = std::make_unique<open_file>(content[path]);
-        return platform::open_result::opened;
+        return {};
     }
 
 private:
     struct open_file : platform::file {
         explicit open_file(std::string& text) : bytes(text) {}
-        size_t read(void* buffer, size_t length) override {
-            const size_t count = std::min(length, bytes.size() - place);
+        platform::outcome read(void* buffer, size_t length, size_t& count) override {
+            count = std::min(length, bytes.size() - place);
             std::memcpy(buffer, bytes.data() + place, count);
             place += count;
-            return count;
+            return {};
         }
-        size_t write(const void* from, size_t length) override {
+        platform::outcome write(const void* from, size_t length) override {
             bytes.append(static_cast<const char*>(from), length);
-            return length;
+            return {};
         }
-        bool seek_end() override { return true; }
+        platform::outcome seek_end() override { return {}; }
         uint64_t size() override { return bytes.size(); }
-        bool close() override { return true; }
+        platform::outcome close() override { return {}; }
 
         std::string& bytes;
         size_t place = 0;

@@ -32,7 +32,7 @@ struct fake_terminal final : vs::project_resave::platform::terminal {
 
 TEST(terminal_front_end, progress_makes_way_for_messages_and_nothing_shown_commands_the_terminal) {
     fake_terminal terminal;
-    terminal_front_end front(terminal, {});
+    terminal_front_end front(terminal, false);
     front.progress_opened(true);
     front.progress_caption(u"Layers of\r\na long name");
     front.error(u"lost\x1b[2J");
@@ -40,11 +40,7 @@ TEST(terminal_front_end, progress_makes_way_for_messages_and_nothing_shown_comma
               terminal.written);
 }
 
-TEST(terminal_front_end, questions_are_answered_by_the_person_by_what_was_decided_or_by_the_preset) {
-    const auto decide_erase = [](wide_view question) -> std::optional<answer> {
-        if (question == u"Erase?") return answer::yes;
-        return std::nullopt;
-    };
+TEST(terminal_front_end, questions_go_to_the_person_and_without_one_mean_no) {
     const struct {
         const char* what;
         wide_view question;
@@ -59,15 +55,13 @@ TEST(terminal_front_end, questions_are_answered_by_the_person_by_what_was_decide
         {"a second Ctrl-C", u"Stop?", {"^C", "^C"}, answer::cancel, true, false},
         {"end of the input", u"Stop?", {}, answer::cancel, true, false},
         {"nobody there", u"Stop?", {"y", "y"}, answer::no, false, false},
-        {"decided", u"Erase?", {"n", "n"}, answer::yes, true, true},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.what);
         fake_terminal terminal;
         terminal.is_screen = row.is_screen;
         terminal.typed = row.typed;
-        terminal_front_end front(terminal,
-                                 {.quiet = true, .decided = decide_erase, .nobody_asked = answer::no});
+        terminal_front_end front(terminal, true);
         EXPECT_EQ(row.with_cancel, front.yes_no_cancel(row.question));
         EXPECT_EQ(row.yes_no, front.yes_no(row.question));
     }
@@ -75,7 +69,7 @@ TEST(terminal_front_end, questions_are_answered_by_the_person_by_what_was_decide
 
 TEST(terminal_front_end, ctrl_c_is_the_stop_button_of_the_window_that_is_open) {
     fake_terminal terminal;
-    terminal_front_end front(terminal, {});
+    terminal_front_end front(terminal, false);
     for (const bool cancelled : {false, true}) {
         front.progress_opened(true);
         EXPECT_FALSE(front.stop_requested()) << "each window begins anew";

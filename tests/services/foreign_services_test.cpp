@@ -65,7 +65,7 @@ public:
         vs_wstrings_add(targets, wish.nonsense ? u"" : target);
         for (int i = 0; wish.nonsense && i < 2; ++i) vs_wstrings_add(sources, source);
         if (wish.nonsense) return wish.copies;
-        return platform::current_system().copy_file(source, target, false);
+        return bool(platform::current_system().copy_file(source, target, false));
     }
     bool all_files(vs_entity*, vs_wstrings*) override {
         throw_if_wished();
@@ -189,7 +189,7 @@ TEST_F(foreign_services, an_element_has_its_own_file_beside_the_new_project_unde
                 {by_type, u"Scene2DMetaID", {"Area._sn", "Well_ 1._sn", "claimed/w.wsh", "graphics/a.dxf"}}};
     for (const auto& row : rows) {
         wish.meta_id = row.meta_id;
-        settings.structure_variant = row.structure;
+        settings.structure_variant = static_cast<project_resave::structure>(row.structure);
         run_anew();
         EXPECT_EQ(row.files, files());
         EXPECT_EQ(texts{}, problems);

@@ -124,7 +124,7 @@ TEST_F(sketches, a_bundle_that_goes_between_load_and_run_takes_nothing_but_its_o
     EXPECT_EQ(1U, copy->map_legends.count());
     load_sample(); // comes too late for this context, and does no harm
     run();
-    EXPECT_EQ((std::set<wide_string>{u"sample_sketch_lr2d"}), context->report.unprocessed_types);
+    EXPECT_EQ((std::set<wide_string>{u"sample_sketch_lr2d"}), context->report.unprocessed_types());
 }
 
 } // namespace

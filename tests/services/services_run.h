@@ -30,7 +30,7 @@ protected:
         ASSERT_FALSE(loader.start(&vs_bundle_interface_to_custom_pointer));
         if (with_sample) load_sample();
         collect_resave_services(services);
-        context.emplace(&services);
+        context.emplace(&services, asked);
     }
     void load_sample() {
         const auto error = loader.load(sample_path());

@@ -22,7 +22,7 @@ protected:
     void resave_and_read() {
         resave();
         problems.clear();
-        for (const auto& problem : context->report.problems)
+        for (const auto& problem : context->report.problems())
             problems.push_back(problem.title + u": " + problem.text);
         copy = std::make_unique<vestra::project>();
         read_back(output, *copy);
@@ -30,7 +30,8 @@ protected:
 
     // How often the user was asked whether to add what is referred to.
     size_t questions() const {
-        return static_cast<size_t>(std::ranges::count(script.texts(front::kind::yes_no), load_string(214)));
+        return static_cast<size_t>(std::ranges::count(script.texts(front::kind::yes_no),
+                                                      load_string(text::add_referenced_elements)));
     }
 
     project_builder builder;

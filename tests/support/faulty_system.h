@@ -1,5 +1,5 @@
-// A system of which calls of one kind fail, told by their numbers, as the real one fails them: with nothing
-// changed and the answer that stands for failure. The paths of those that failed are kept.
+// A system in which calls of one kind fail, chosen by their numbers, as the real one fails them: with nothing
+// changed and a reason. The paths of those that failed are kept.
 //
 //     faulty_system faults({"copy"}, 3);                                // the third copy
 //     faulty_system faults(faulty_system::disk_full, 3, SIZE_MAX, n);   // all from there on that go to N:
@@ -42,20 +42,21 @@ public:
     uint64_t file_size(const wide_string& path) override {
         return fails("size", path) ? 0 : forwarding_system::file_size(path);
     }
-    bool copy_file(const wide_string& from, const wide_string& to, bool replace) override {
-        return !fails("copy", from, to) && forwarding_system::copy_file(from, to, replace);
+    platform::outcome copy_file(const wide_string& from, const wide_string& to, bool replace) override {
+        if (fails("copy", from, to)) return failure::disk_full;
+        return forwarding_system::copy_file(from, to, replace);
     }
-    bool delete_file(const wide_string& path) override {
-        return !fails("delete", path) && forwarding_system::delete_file(path);
+    platform::outcome delete_file(const wide_string& path) override {
+        return fails("delete", path) ? failure::denied : forwarding_system::delete_file(path);
     }
-    bool create_folder(const wide_string& path) override {
-        return !fails("create folder", path) && forwarding_system::create_folder(path);
+    platform::outcome create_folder(const wide_string& path) override {
+        return fails("create folder", path) ? failure::disk_full : forwarding_system::create_folder(path);
     }
-    bool remove_folder(const wide_string& path) override {
-        return !fails("remove folder", path) && forwarding_system::remove_folder(path);
+    platform::outcome remove_folder(const wide_string& path) override {
+        return fails("remove folder", path) ? failure::denied : forwarding_system::remove_folder(path);
     }
-    std::optional<std::vector<platform::folder_entry>> list(const wide_string& path) override {
-        return fails("list", path) ? std::nullopt : forwarding_system::list(path);
+    platform::outcome list(const wide_string& path, std::vector<platform::folder_entry>& entries) override {
+        return fails("list", path) ? failure::denied : forwarding_system::list(path, entries);
     }
     bool true_name(const wide_string& folder, const wide_string& name, wide_string& spelling) override {
         return !fails("name", folder) && forwarding_system::true_name(folder, name, spelling);
@@ -63,33 +64,41 @@ public:
     bool same_file(const wide_string& a, const wide_string& b) override {
         return !fails("same file", a) && forwarding_system::same_file(a, b);
     }
-    bool rename_over(const wide_string& from, const wide_string& to) override {
-        return !fails("rename", to) && forwarding_system::rename_over(from, to);
+    platform::outcome rename_over(const wide_string& from, const wide_string& to) override {
+        return fails("rename", to) ? failure::denied : forwarding_system::rename_over(from, to);
     }
-    platform::open_result open(const wide_string& path, platform::access wanted, platform::disposition how,
-                               std::unique_ptr<platform::file>& result) override {
-        const bool writes = wanted == platform::access::read_write;
-        if (fails(writes ? "open to write" : "open to read", path)) return platform::open_result::failed;
-        const platform::open_result opened = forwarding_system::open(path, wanted, how, result);
+    platform::outcome open(const wide_string& path, platform::access wanted, platform::disposition how,
+                           std::unique_ptr<platform::file>& result) override {
+        if (wanted == platform::access::read && fails("open to read", path)) return failure::denied;
+        if (wanted != platform::access::read && fails("open to write", path)) return failure::disk_full;
+        const platform::outcome opened = forwarding_system::open(path, wanted, how, result);
         if (result) result = std::make_unique<faulty_file>(*this, path, std::move(result));
         return opened;
     }
 
 private:
+    using failure = platform::failure;
+
     class faulty_file final : public platform::file {
     public:
         faulty_file(faulty_system& faults, wide_string path, std::unique_ptr<platform::file> inner)
             : faults_(faults), path_(std::move(path)), inner_(std::move(inner)) {}
-        size_t read(void* buffer, size_t length) override {
-            return faults_.fails("read", path_) ? 0 : inner_->read(buffer, length);
+        platform::outcome read(void* buffer, size_t length, size_t& count) override {
+            count = 0;
+            return faults_.fails("read", path_) ? failure::damaged : inner_->read(buffer, length, count);
         }
-        // Half of it goes out.
-        size_t write(const void* bytes, size_t length) override {
-            return inner_->write(bytes, faults_.fails("write", path_) ? length / 2 : length);
+        // Half of it is written.
+        platform::outcome write(const void* bytes, size_t length) override {
+            if (!faults_.fails("write", path_)) return inner_->write(bytes, length);
+            inner_->write(bytes, length / 2);
+            return failure::disk_full;
         }
-        bool seek_end() override { return inner_->seek_end(); }
+        platform::outcome seek_end() override { return inner_->seek_end(); }
         uint64_t size() override { return inner_->size(); }
-        bool close() override { return inner_->close() && !faults_.fails("close", path_); }
+        platform::outcome close() override {
+            const platform::outcome closed = inner_->close();
+            return closed && faults_.fails("close", path_) ? failure::disk_full : closed;
+        }
 
     private:
         faulty_system& faults_;

@@ -18,7 +18,7 @@ host_fixture::host_fixture()
     registry_.start_clients();
     connections_.emplace(runner_);
     collect_resave_services(services);
-    context.emplace(&services);
+    context.emplace(&services, asked);
     observer_ = context->project_changed_event().connect([this] { ++changes; });
     fs::create_directories(native("c") / "prj");
     fs::create_directories(native("n") / "out");
@@ -137,7 +137,7 @@ std::string host_fixture::outcome() const {
     std::string all;
     for (const std::string& file : files()) all += file + ' ';
     all += '\n' + outline();
-    for (const auto& problem : context->report.problems)
+    for (const auto& problem : context->report.problems())
         all += platform::to_utf8(u"!" + problem.title + u": " + problem.text);
     return all;
 }

@@ -20,6 +20,7 @@
 #include "tests/support/scripted_front_end.h"
 #include "tests/support/test_drives.h"
 #include "tests/support/tree_state.h"
+#include "ui/host_questions.h"
 
 namespace vs::project_resave {
 
@@ -94,6 +95,7 @@ private:
     std::optional<vestra::toolkit::dialog_connections> connections_;
 
 protected:
+    host_questions asked;
     resave_services services;
     std::optional<project_context> context;
     std::size_t changes = 0; // of the loaded project, as its observers are told

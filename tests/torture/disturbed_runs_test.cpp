@@ -20,7 +20,7 @@ protected:
 
 // Takes the source of every third copy away right before it is made.
 struct thief final : forwarding_system {
-    bool copy_file(const wide_string& from, const wide_string& to, bool replace) override {
+    platform::outcome copy_file(const wide_string& from, const wide_string& to, bool replace) override {
         if (++count % 3 == 0) {
             gone.push_back(from);
             fs::remove(platform::native_path(from));
@@ -76,7 +76,7 @@ TEST_F(disturbed_runs, a_file_where_a_folder_is_wanted_is_told_and_stays) {
 
     output = u"N:\\out\\shp\\new._vp";
     load_and_resave();
-    EXPECT_EQ((std::vector<wide_string>{load_string(509)}), errors());
+    EXPECT_EQ((std::vector<wide_string>{load_string(text::project_not_saved)}), errors());
     EXPECT_EQ("mine", read(u"N:\\out\\shp"));
 }
 

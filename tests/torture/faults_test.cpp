@@ -22,7 +22,7 @@ protected:
             copy_sample();
         else
             torture::write_generated_area(source, 100, write);
-        settings.structure_variant = GetParam().second;
+        settings.structure_variant = static_cast<project_resave::structure>(GetParam().second);
         settings.write_log = settings.save_scene_files = settings.save_layer_files = true;
         before_ = sources();
         run();
@@ -59,7 +59,9 @@ protected:
             expect_nothing_left();
             EXPECT_EQ("", difference(before_, sources()));
             const bool saved = loaded && context->report.saved;
-            EXPECT_EQ(saved ? std::vector<wide_string>() : std::vector{load_string(loaded ? 509 : 500)},
+            EXPECT_EQ(saved ? std::vector<wide_string>()
+                            : std::vector{load_string(loaded ? text::project_not_saved
+                                                             : text::failed_to_load_project)},
                       errors());
             EXPECT_TRUE(saved || read(u"N:\\out\\new_log.txt").find("Project saved") == std::string::npos);
             if (saved) expect_all_there_or_told(unseen.contains(*kinds.begin()));
@@ -67,7 +69,7 @@ protected:
             EXPECT_TRUE(*kinds.begin() != "copy" || !once || is_told(path_file_name(first)) ||
                         told_text().size() > clean_told_ || !saved);
             const bool is_lost = std::string_view(*kinds.begin()).ends_with("write");
-            EXPECT_TRUE(!is_lost || first != context->placement.log_path || context->log.has_lost_lines());
+            EXPECT_TRUE(!is_lost || first != context->placement.log_path || !context->log.failure());
             for (const auto& [path, state] : state_of(native("n") / "out"))
                 EXPECT_TRUE(!loaded || (path.find(".new1") == std::string::npos &&
                                         path.find(".tmp") == std::string::npos))
@@ -115,7 +117,8 @@ TEST_P(every_fault, of_an_erasure_is_told_by_what_still_stands) {
             expect_nothing_left();
             EXPECT_EQ("", difference(before_, sources()));
             std::set<wide_string> told;
-            for (const wide_string& path : context->report.not_erased) told.insert(path_key(path));
+            for (const fact& each : context->report.facts())
+                if (each.kind == fact_kind::not_erased) told.insert(path_key(each.new_path));
             for (const auto& [path, state] : state_of(native("n") / "out")) {
                 wide_string place = path_key(u"N:\\out\\" + platform::from_utf8(path));
                 while (!told.contains(place) && !place.empty()) place = path_key(path_head(place));

@@ -51,10 +51,10 @@ protected:
     // All that a run tells, or the command after it.
     wide_string told_text() const {
         wide_string all;
-        for (const auto* problems : {&context->report.problems, &context->report.untitled})
-            for (const run_report::problem& problem : *problems) all += problem.text;
-        for (const auto* paths : {&context->report.unread_files, &context->report.kept_joins})
-            for (const auto& [owner, path] : *paths) all += u"! " + path_file_name(path) + u"\n";
+        for (const fact& each : context->report.facts()) {
+            if (each.kind == fact_kind::renamed || each.kind == fact_kind::written_over) continue;
+            for (const wide_string& what : {each.subject, each.path, each.new_path}) all += what + u"\n";
+        }
         for (const auto& file : vestra::shell::settings().refused_writes)
             all += u"! " + path_file_name(file.path) + u"\n";
         return all;

@@ -115,13 +115,13 @@ protected:
         clear();
         const tree_state before = everything();
         if (torture::runs::run()) {
-            EXPECT_TRUE(context->report.unprocessed_types.empty());
-            EXPECT_TRUE(context->report.saved || errors().back() == load_string(509));
+            EXPECT_TRUE(context->report.unprocessed_types().empty());
+            EXPECT_TRUE(context->report.saved || errors().back() == load_string(text::project_not_saved));
             if (context->report.saved) expect_all_there_or_told();
             ++met[context->report.saved ? "odd texts saved" : "odd texts not saved, and told"];
             erase_outside();
         } else {
-            EXPECT_EQ((std::vector<wide_string>{load_string(500)}), errors());
+            EXPECT_EQ((std::vector<wide_string>{load_string(text::failed_to_load_project)}), errors());
             ++met["odd texts refused"];
         }
         expect_nothing_left();
@@ -160,7 +160,7 @@ protected:
 
 TEST_P(odd_texts_run, end_in_order_and_write_nothing_outside) {
     const std::string id = "00000000-0000-0000-0000-000000000001", file = "C:\\data\\plain";
-    settings.structure_variant = GetParam();
+    settings.structure_variant = static_cast<project_resave::structure>(GetParam());
     settings.write_log = settings.save_scene_files = settings.save_layer_files = true;
     for (const std::string& odd : odd_texts()) {
         SCOPED_TRACE(odd.substr(0, 40));

@@ -11,7 +11,7 @@ namespace platform = vs::project_resave::platform;
 
 constexpr uint32_t english = 50000;
 
-#define VS_TEXT(id, base, translated)                                                                        \
+#define VS_TEXT(id, name, base, translated)                                                                  \
     platform::text_row{id, base}, platform::text_row{id + english, translated},
 constexpr platform::text_row rows[] = {
 #include "reference_host/shell/host_texts.inc"

@@ -21,7 +21,7 @@ protected:
 TEST_F(linked_folders, are_copied_once_and_the_run_ends) {
     const tree_state before = sources();
     load_and_resave();
-    EXPECT_TRUE(context->report.saved && context->report.problems.empty());
+    EXPECT_TRUE(context->report.saved && context->report.problems().empty());
     const wide_string copy = context->placement.lookup_placed(u"C:\\data\\a\\w");
     EXPECT_EQ("",
               difference(state_of(native("c") / "data" / "a" / "w"), state_of(platform::native_path(copy))));

@@ -2,18 +2,20 @@
 
 #include <string_view>
 
-#include "containers/resave_layout_parts.h"
 #include "containers/resave_legend_plus.h"
+#include "core/entity_uuid.h"
 #include "framework/border/encoding.h"
 #include "framework/border/string_adapter.h"
 #include "framework/resources/strings.h"
 #include "host/interfaces/layout_legend_layer.h"
+#include "host/vsk_basic.h"
+#include "host/vsk_entity.h"
 #include "host/vsk_layout.h"
 #include "host/vsk_lr.h"
 #include "host/vsk_lr2d.h"
 #include "host/vsk_scn_2d.h"
 #include "layers/resave_raster_layers.h"
-#include "operations/project_context.h"
+#include "operations/run/run_state.h"
 
 namespace vs::project_resave {
 
@@ -24,11 +26,11 @@ void Tvs_resave_scns_layout::build() {
         place(index, std::make_unique<Tvs_resave_scn_layout>(vs_scns_2d_get(layouts, index), *context));
 }
 
-void Tvs_resave_scns_layout::before_children() { context->progress.set_caption(354); }
+void Tvs_resave_scns_layout::before_children() { context->progress.set_caption(text::saving_layouts); }
 vs_entities* Tvs_resave_scns_layout::container() {
     return layouts ? vs_scns_2d_safe_upcast(layouts) : nullptr;
 }
-wide_string Tvs_resave_scns_layout::heading() { return load_string(626); }
+wide_string Tvs_resave_scns_layout::heading() { return load_string(text::layouts_heading); }
 void Tvs_resave_scns_layout::remove_child(uint32_t index) { vs_scns_2d_del(layouts, index); }
 
 void Tvs_resave_scn_layout::build() {
@@ -43,8 +45,7 @@ void Tvs_resave_scn_layout::build() {
 // What has no file and shows nothing of the project has no unit, and neither has a kind that is not known
 // here.
 std::unique_ptr<Tvs_resave_unit> Tvs_resave_scn_layout::make_unit(vs_lr* layer) {
-    if (vs_entity* entity = vs_lr_safe_upcast(layer))
-        if (auto claimed = context->entity_factory_.make(*context, entity)) return claimed;
+    if (auto claimed = make_claimed_unit(*context, vs_lr_safe_upcast(layer))) return claimed;
     const std::string_view type = narrow_or_empty(vs_lr2d_get_lr_type(layer));
     if (type == "layout_scene_frame") return std::make_unique<Tvs_resave_scene_frame>(layer, *context);
     if (type == "layout_image") return std::make_unique<Tvs_resave_rtr_lr>(layer, *context);
@@ -68,5 +69,46 @@ vs_entities* Tvs_resave_scn_layout::container() { return layout ? vs_scn_2d_safe
 wide_string Tvs_resave_scn_layout::heading() { return host_string(&vs_scn_2d_get_wcaption, layout); }
 bool Tvs_resave_scn_layout::has_structure_content() { return context->options.write_layout_layers; }
 void Tvs_resave_scn_layout::remove_child(uint32_t index) { vs_scn_2d_del_lr2d(layout, index); }
+
+vs_entity* Tvs_resave_layout_part::entity() { return layer ? vs_lr_safe_upcast(layer) : nullptr; }
+
+void Tvs_resave_layout_part::set_selected(bool on) {
+    context->selection.set_selected(entity_uuid_text(entity()), on);
+}
+
+uint32_t Tvs_resave_layout_part::selection_state() {
+    return vs_bool_to_3state(context->selection.is_selected(entity_uuid_text(entity())));
+}
+
+bool Tvs_resave_scene_frame::write_structure() {
+    context->log.write_indented(host_string(&vs_lr2d_get_wcaption, layer));
+    return true;
+}
+
+bool Tvs_resave_scene_frame::correct_selection() {
+    vs_scn* scene = vs_layout_scene_frame_lr2d_get_scene(layer);
+    if (!scene) return true;
+    vs_entities* container = vs_scn_safe_upcast(scene);
+    bool changed = false;
+    const uint32_t count = vs_entities_get_count(container);
+    for (uint32_t index = 0; index < count; ++index)
+        if (select_shown(vs_entities_get_entity(container, index))) changed = true;
+    if (select_shown(vs_entities_safe_upcast(container))) changed = true;
+    return !changed;
+}
+
+bool Tvs_resave_scene_frame::select_shown(vs_entity* shown) {
+    const wide_string uuid = entity_uuid_text(shown);
+    if (uuid.empty() || context->selection.is_selected(uuid) || !context->options.ask_add_referenced())
+        return false;
+    context->selection.set_selected(uuid, true);
+    return true;
+}
+
+bool Tvs_resave_layout_page::do_save() {
+    const wide_string path = host_string(&vs_lr_get_wfilename, layer);
+    vs_lr_set_wfilename(layer, context->placement.folder_for(path).c_str());
+    return true;
+}
 
 } // namespace vs::project_resave

@@ -2,18 +2,20 @@
 
 #include <string_view>
 
+#include "core/entity_uuid.h"
 #include "framework/border/encoding.h"
 #include "framework/border/string_adapter.h"
 #include "framework/resources/strings.h"
+#include "host/vsk_lr.h"
 #include "host/vsk_lr2d.h"
 #include "host/vsk_scn_2d.h"
-#include "operations/project_context.h"
+#include "operations/run/run_state.h"
 #include "platform/path_text.h"
 
 namespace vs::project_resave {
 
 wide_string legend_folder_for(const wide_string& first, const wide_string& /*second*/) {
-    wide_string folder = load_string(406);
+    wide_string folder = load_string(text::legend_plus_folder);
     if (first.empty()) folder = path_join(folder, first);
     return folder;
 }
@@ -40,7 +42,7 @@ std::unique_ptr<Tvs_resave_unit> Tvs_resave_legend_plus::make_unit(vs_lr* layer)
         type == "tos_2crd_lr2d")
         return make(std::in_place_type<Tvs_resave_tos_legend_plus>);
     if (type == "tld_lr2d") return make(std::in_place_type<Tvs_resave_tld_legend_plus>);
-    context->report.add_unprocessed_type(text);
+    context->report.add_unprocessed_type(element_name_of(vs_lr_safe_upcast(layer), heading()), text);
     context->log.add_unprocessed_type(text);
     return nullptr;
 }

@@ -11,7 +11,7 @@ namespace vs::project_resave {
 class Tvs_resave_legend_plus final : public Tvs_resave_list {
 public:
     // The scene is the legend layer's.
-    Tvs_resave_legend_plus(vs_scn_2d* handle, wide_string layout, project_context& run)
+    Tvs_resave_legend_plus(vs_scn_2d* handle, wide_string layout, run_state& run)
         : Tvs_resave_list(run), scene(handle), layout_caption(std::move(layout)) {}
 
     // Knows fewer kinds of layers than a scene; others are reported.
@@ -37,7 +37,7 @@ template <class Base>
 class Tvs_resave_legend_layer : public Base {
 public:
     Tvs_resave_legend_layer(vs_lr* handle, const wide_string& layout, const wide_string& legend,
-                            project_context& run)
+                            run_state& run)
         : Base(handle, run), legend_folder(legend_folder_for(layout, legend)) {}
 
     wide_string default_folder() override { return legend_folder; }

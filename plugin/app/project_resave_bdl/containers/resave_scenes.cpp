@@ -1,13 +1,122 @@
 #include "containers/resave_scenes.h"
 
-#include "containers/resave_scene_2d.h"
-#include "containers/resave_scene_3d.h"
+#include "framework/border/string_adapter.h"
 #include "framework/resources/strings.h"
+#include "host/vsk_entity.h"
+#include "host/vsk_lr.h"
 #include "host/vsk_scn_2d.h"
 #include "host/vsk_scn_3d.h"
-#include "operations/project_context.h"
+#include "layers/layer_factory.h"
+#include "layers/layer_files.h"
+#include "operations/run/path_files.h"
+#include "operations/run/run_state.h"
+#include "platform/path_text.h"
+#include "platform/system.h"
 
 namespace vs::project_resave {
+
+namespace {
+
+// Each try puts its number behind the stem that the last one made: a, a(1), a(1)(2).
+wide_string next_scene_file_name(wide_string candidate) {
+    for (uint32_t number = 1; path_exists(candidate); ++number)
+        add_to_stem(candidate, u"(" + decimal(number) + u")");
+    return candidate;
+}
+
+} // namespace
+
+void Tvs_resave_scene::collect_common_directory(common_directory& common) {
+    Tvs_resave_list::collect_common_directory(common);
+    scene_directory.clear();
+    Tvs_resave_list::collect_common_directory(scene_directory);
+}
+
+// The caption without blanks around it, below that of the element the scene hangs under, if there is one.
+wide_string Tvs_resave_scene::folder_name() {
+    const wide_string own = trim(caption(), white_space);
+    vs_entity* scene = entity();
+    vs_entity* parent = scene ? vs_entity_get_parent(scene) : nullptr;
+    return parent ? path_join(host_string(&vs_entity_get_wcaption, parent), own) : own;
+}
+
+void Tvs_resave_scene::before_save() {
+    Tvs_resave_list::before_save();
+    context->placement.set_scene(&scene_directory, folder_name());
+}
+
+void Tvs_resave_scene::after_save(bool ok) {
+    context->placement.clear_scene();
+    Tvs_resave_list::after_save(ok);
+}
+
+bool Tvs_resave_scene::has_structure_content() { return context->options.write_layer_names; }
+
+void Tvs_resave_scene_2d::build() {
+    const uint32_t count = vs_scn_2d_get_layer_count(scene);
+    const wide_string list = heading();
+    children.resize(count);
+    for (uint32_t index = 0; index < count; ++index)
+        place(index, make_layer_unit_2d(*context, vs_scn_2d_get_layer_ptr(scene, index), list));
+}
+
+bool Tvs_resave_scene_2d::is_child_selected(uint32_t index) {
+    const bool selected = Tvs_resave_list::is_child_selected(index);
+    if (!selected) had_unselected_layer = true;
+    return selected;
+}
+
+void Tvs_resave_scene_2d::after_children() {
+    if (!scene) return;
+    if (had_unselected_layer) {
+        if (vs_lr_group* groups = vs_scn_2d_get_lr_group_ptr(scene)) vs_lr_group_erase_empty_group(groups);
+    }
+    if (!context->options.save_scene_files) return;
+    const wide_string folder = context->placement.current_output_folder();
+    write_scene_file_2d(scene, caption_file_path(folder, heading(), scene_2d_extension), *context);
+}
+
+bool Tvs_resave_scene_2d::write_scene_file() {
+    // The base is the new project's own path, taken as a folder; without a run before it is empty.
+    wide_string path = caption_file_path(context->placement.new_project_path, heading(), scene_2d_extension);
+    if (path_exists(path)) {
+        switch (context->options.scene_file_on_exists) {
+        case on_existing_file::rewrite:
+            if (platform::current_system().delete_file(path))
+                context->report.add(fact_kind::written_over, {}, path);
+            break;
+        case on_existing_file::new_name:
+            path = next_scene_file_name(path);
+            break;
+        }
+    }
+    write_scene_file_2d(scene, path, *context);
+    return true;
+}
+
+vs_entities* Tvs_resave_scene_2d::container() { return scene ? vs_scn_2d_safe_upcast(scene) : nullptr; }
+wide_string Tvs_resave_scene_2d::heading() { return host_string(&vs_scn_2d_get_wcaption, scene); }
+void Tvs_resave_scene_2d::remove_child(uint32_t index) { vs_scn_2d_del_lr2d(scene, index); }
+vs_lr_group* Tvs_resave_scene_2d::layer_group() { return vs_scn_get_lr_group_ptr(scene); }
+
+void Tvs_resave_scene_3d::build() {
+    const uint32_t count = vs_scn_3d_get_layer_count(scene);
+    const wide_string list = heading();
+    children.resize(count);
+    for (uint32_t index = 0; index < count; ++index)
+        place(index, make_layer_unit_3d(*context, vs_scn_3d_get_layer_ptr(scene, index), list));
+}
+
+void Tvs_resave_scene_3d::after_children() {
+    if (!context->options.save_scene_files || !scene) return;
+    const wide_string folder = context->placement.current_output_folder();
+    write_scene_file_3d(scene, caption_file_path(folder, heading(), scene_3d_extension), *context);
+}
+
+vs_entities* Tvs_resave_scene_3d::container() { return scene ? vs_scn_3d_safe_upcast(scene) : nullptr; }
+wide_string Tvs_resave_scene_3d::heading() { return host_string(&vs_scn_3d_get_wcaption, scene); }
+void Tvs_resave_scene_3d::remove_child(uint32_t index) { vs_scn_3d_del_lr3d(scene, index); }
+vs_lr_group* Tvs_resave_scene_3d::layer_group() { return vs_scn_get_lr_group_ptr(scene); }
 
 void Tvs_resave_scenes_2d::build() {
     const uint32_t count = vs_scns_2d_get_size(scenes);
@@ -24,9 +133,9 @@ bool Tvs_resave_scenes_2d::write_scene_file() {
     return true;
 }
 
-void Tvs_resave_scenes_2d::before_children() { context->progress.set_caption(350); }
+void Tvs_resave_scenes_2d::before_children() { context->progress.set_caption(text::saving_scenes_2d); }
 vs_entities* Tvs_resave_scenes_2d::container() { return scenes ? vs_scns_2d_safe_upcast(scenes) : nullptr; }
-wide_string Tvs_resave_scenes_2d::heading() { return load_string(620); }
+wide_string Tvs_resave_scenes_2d::heading() { return load_string(text::scenes_2d_heading); }
 void Tvs_resave_scenes_2d::remove_child(uint32_t index) { vs_scns_2d_del(scenes, index); }
 
 void Tvs_resave_scenes_3d::build() {
@@ -36,9 +145,9 @@ void Tvs_resave_scenes_3d::build() {
         place(index, std::make_unique<Tvs_resave_scene_3d>(vs_scns_3d_get(scenes, index), *context));
 }
 
-void Tvs_resave_scenes_3d::before_children() { context->progress.set_caption(351); }
+void Tvs_resave_scenes_3d::before_children() { context->progress.set_caption(text::saving_scenes_3d); }
 vs_entities* Tvs_resave_scenes_3d::container() { return scenes ? vs_scns_3d_safe_upcast(scenes) : nullptr; }
-wide_string Tvs_resave_scenes_3d::heading() { return load_string(622); }
+wide_string Tvs_resave_scenes_3d::heading() { return load_string(text::scenes_3d_heading); }
 void Tvs_resave_scenes_3d::remove_child(uint32_t index) { vs_scns_3d_del(scenes, index); }
 
 } // namespace vs::project_resave

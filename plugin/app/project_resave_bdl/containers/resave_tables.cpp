@@ -1,15 +1,13 @@
 #include "containers/resave_tables.h"
 
-#include "core/attr_field_lines.h"
 #include "core/copying.h"
-#include "core/structure_line.h"
-#include "core/tos_property_lines.h"
+#include "core/structure_lines.h"
 #include "framework/border/string_adapter.h"
 #include "framework/resources/strings.h"
 #include "host/vsk_attr_data.h"
 #include "host/vsk_tos_data.h"
-#include "operations/project_context.h"
 #include "operations/run/common_directory.h"
+#include "operations/run/run_state.h"
 
 namespace vs::project_resave {
 
@@ -22,7 +20,7 @@ wide_string Tvs_resave_attr::source_path() { return host_string(&vs_attr_data_ge
 void Tvs_resave_attr::set_new_path(const wide_string& path) {
     vs_attr_data_set_wfilename(table, path.c_str());
 }
-wide_string Tvs_resave_attr::default_folder() { return load_string(402); }
+wide_string Tvs_resave_attr::default_folder() { return load_string(text::dbf_folder); }
 
 bool Tvs_resave_attr::copy_files(const wide_string& source, const wide_string& target) {
     return copy_table_and_joins(table, source, target, *context);
@@ -54,10 +52,10 @@ wide_string Tvs_resave_tos_table::source_path() { return host_string(&vs_tos_dat
 void Tvs_resave_tos_table::set_new_path(const wide_string& path) {
     vs_tos_data_set_wfilename(table, path.c_str());
 }
-wide_string Tvs_resave_tos_table::default_folder() { return load_string(403); }
+wide_string Tvs_resave_tos_table::default_folder() { return load_string(text::tos_folder); }
 
 bool Tvs_resave_tos_table::copy_files(const wide_string& source, const wide_string& target) {
-    return copy_tos_files(source, target, caption(), *context);
+    return copy_tos_files(source, target, *context);
 }
 
 bool Tvs_resave_tos_table::write_structure() {
@@ -78,11 +76,11 @@ void Tvs_resave_attrs_data::build() {
         place(index, std::make_unique<Tvs_resave_attr>(vs_attrs_data_get(tables, index), *context));
 }
 
-void Tvs_resave_attrs_data::before_children() { context->progress.set_caption(352); }
+void Tvs_resave_attrs_data::before_children() { context->progress.set_caption(text::saving_dbf_tables); }
 vs_entities* Tvs_resave_attrs_data::container() {
     return tables ? vs_attrs_data_safe_upcast(tables) : nullptr;
 }
-wide_string Tvs_resave_attrs_data::heading() { return load_string(624); }
+wide_string Tvs_resave_attrs_data::heading() { return load_string(text::dbf_tables_heading); }
 bool Tvs_resave_attrs_data::has_structure_content() { return context->options.write_table_names; }
 void Tvs_resave_attrs_data::remove_child(uint32_t index) { vs_attrs_data_del(tables, index); }
 
@@ -93,9 +91,9 @@ void Tvs_resave_toss_data::build() {
         place(index, std::make_unique<Tvs_resave_tos_table>(vs_toss_data_get(tables, index), *context));
 }
 
-void Tvs_resave_toss_data::before_children() { context->progress.set_caption(353); }
+void Tvs_resave_toss_data::before_children() { context->progress.set_caption(text::saving_tos_tables); }
 vs_entities* Tvs_resave_toss_data::container() { return tables ? vs_toss_data_safe_upcast(tables) : nullptr; }
-wide_string Tvs_resave_toss_data::heading() { return load_string(625); }
+wide_string Tvs_resave_toss_data::heading() { return load_string(text::tos_tables_heading); }
 bool Tvs_resave_toss_data::has_structure_content() { return context->options.write_table_names; }
 void Tvs_resave_toss_data::remove_child(uint32_t index) { vs_toss_data_del(tables, index); }
 

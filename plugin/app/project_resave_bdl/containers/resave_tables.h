@@ -8,7 +8,7 @@ namespace vs::project_resave {
 
 class Tvs_resave_attr final : public Tvs_resave_file {
 public:
-    Tvs_resave_attr(vs_attr_data* handle, project_context& run) : Tvs_resave_file(run), table(handle) {}
+    Tvs_resave_attr(vs_attr_data* handle, run_state& run) : Tvs_resave_file(run), table(handle) {}
 
     // Its fields stand below its line in any case.
     bool write_structure() override;
@@ -27,7 +27,7 @@ private:
 
 class Tvs_resave_tos_table final : public Tvs_resave_file {
 public:
-    Tvs_resave_tos_table(vs_tos_data* handle, project_context& run) : Tvs_resave_file(run), table(handle) {}
+    Tvs_resave_tos_table(vs_tos_data* handle, run_state& run) : Tvs_resave_file(run), table(handle) {}
 
     bool write_structure() override;
     vs_entity* entity() override;
@@ -42,8 +42,7 @@ private:
 
 class Tvs_resave_attrs_data final : public Tvs_resave_list {
 public:
-    Tvs_resave_attrs_data(vs_attrs_data* handle, project_context& run)
-        : Tvs_resave_list(run), tables(handle) {}
+    Tvs_resave_attrs_data(vs_attrs_data* handle, run_state& run) : Tvs_resave_list(run), tables(handle) {}
 
     void build() override;
     void before_children() override;
@@ -58,7 +57,7 @@ private:
 
 class Tvs_resave_toss_data final : public Tvs_resave_list {
 public:
-    Tvs_resave_toss_data(vs_toss_data* handle, project_context& run) : Tvs_resave_list(run), tables(handle) {}
+    Tvs_resave_toss_data(vs_toss_data* handle, run_state& run) : Tvs_resave_list(run), tables(handle) {}
 
     void build() override;
     void before_children() override;

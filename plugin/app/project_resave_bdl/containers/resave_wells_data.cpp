@@ -4,7 +4,7 @@
 #include "framework/resources/strings.h"
 #include "host/vsk_entity.h"
 #include "host/vsk_scn_2d.h"
-#include "operations/project_context.h"
+#include "operations/run/run_state.h"
 
 namespace vs::project_resave {
 
@@ -25,16 +25,15 @@ void Tvs_resave_wells_data::build() {
     children.resize(count);
     for (uint32_t index = 0; index < count; ++index) {
         vs_entity* entity = vs_entities_safe_upcast(vs_scn_safe_upcast(vs_scns_2d_get(sheets, index)));
-        std::unique_ptr<Tvs_resave_unit> unit;
-        if (entity) unit = context->entity_factory_.make(*context, entity);
+        std::unique_ptr<Tvs_resave_unit> unit = make_claimed_unit(*context, entity);
         if (!unit) unit = std::make_unique<Tvs_resave_well_data>(vs_scns_2d_get(sheets, index), *context);
         place(index, std::move(unit));
     }
 }
 
-void Tvs_resave_wells_data::before_children() { context->progress.set_caption(355); }
+void Tvs_resave_wells_data::before_children() { context->progress.set_caption(text::saving_wells); }
 vs_entities* Tvs_resave_wells_data::container() { return sheets ? vs_scns_2d_safe_upcast(sheets) : nullptr; }
-wide_string Tvs_resave_wells_data::heading() { return load_string(627); }
+wide_string Tvs_resave_wells_data::heading() { return load_string(text::wells_heading); }
 void Tvs_resave_wells_data::remove_child(uint32_t index) { vs_scns_2d_del(sheets, index); }
 
 } // namespace vs::project_resave

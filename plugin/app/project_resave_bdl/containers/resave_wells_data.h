@@ -9,7 +9,7 @@ namespace vs::project_resave {
 class Tvs_resave_well_data final : public Tvs_resave_well {
 public:
     // The sheet is the project's.
-    Tvs_resave_well_data(vs_scn_2d* handle, project_context& run) : Tvs_resave_well(run), sheet(handle) {}
+    Tvs_resave_well_data(vs_scn_2d* handle, run_state& run) : Tvs_resave_well(run), sheet(handle) {}
 
     vs_entity* entity() override;
     wide_string source_path() override;
@@ -23,7 +23,7 @@ private:
 class Tvs_resave_wells_data final : public Tvs_resave_list {
 public:
     // The collection is the project's; null stands for an empty one.
-    Tvs_resave_wells_data(vs_scns_2d* handle, project_context& run) : Tvs_resave_list(run), sheets(handle) {}
+    Tvs_resave_wells_data(vs_scns_2d* handle, run_state& run) : Tvs_resave_list(run), sheets(handle) {}
 
     // A sheet that an entity factory knows gets that factory's unit.
     void build() override;

@@ -1,18 +1,21 @@
 #include "core/copying.h"
 
-#include "logs/log_file.h"
-#include "operations/project_context.h"
+#include <algorithm>
+#include <stdexcept>
+
+#include "core/data_source.h"
+#include "core/joined_tables.h"
 #include "operations/run/path_files.h"
-#include "operations/run/path_placement.h"
-#include "operations/run/run_report.h"
+#include "operations/run/run_state.h"
 #include "platform/path_text.h"
 #include "platform/system.h"
+#include "platform/text.h"
 
 namespace vs::project_resave {
 
 namespace {
 
-bool copy_file(const wide_string& source, const wide_string& target, bool replace = false) {
+platform::outcome copy_file(const wide_string& source, const wide_string& target, bool replace = false) {
     return platform::current_system().copy_file(source, target, replace);
 }
 
@@ -22,66 +25,208 @@ wide_string with_separator(const wide_string& folder) {
 
 wide_string folder_of_same_stem(const wide_string& path) { return path_head(path) + path_stem(path); }
 
+bool copy_if_there(const wide_string& source, const wide_string& target, run_state& run) {
+    return !path_exists(source) || copy_one(source, target, run);
+}
+
+// Dot, first and third letter of the main file's extension; a "w" or an "r" completes it.
+wide_string world_extension(const wide_string& path) {
+    const wide_string extension = path_extension(path);
+    if (extension.size() < 3) throw std::out_of_range("the extension is too short for a world file");
+    wide_string result = extension.substr(0, 2);
+    if (extension.size() > 3) result += extension[3];
+    return result;
+}
+
+void copy_code_page_file(const wide_string& source, const wide_string& target, run_state& run) {
+    copy_if_there(path_replace_extension(source, u".cpg"), path_replace_extension(target, u".cpg"), run);
+}
+
+void copy_overview_file(const wide_string& source, const wide_string& target, run_state& run) {
+    copy_if_there(source + u".ovr", target + u".ovr", run);
+}
+
+// The world file and its sibling, as far as they exist, up to the first that fails.
+void copy_world_files(const wide_string& source, const wide_string& target, run_state& run) {
+    const wide_string extension = world_extension(source);
+    for (const char16_t last : {u'w', u'r'}) {
+        const wide_string companion = path_replace_extension(source, extension + last);
+        if (!copy_if_there(companion, path_replace_extension(target, extension + last), run)) return;
+    }
+}
+
+wide_string replaced(wide_string text, const wide_string& from, const wide_string& to) {
+    if (from.empty()) return text;
+    for (size_t at = text.find(from); at != wide_string::npos; at = text.find(from, at + to.size()))
+        text.replace(at, from.size(), to);
+    return text;
+}
+
 } // namespace
 
-void record_copy_failure(const wide_string& path, log_file& log, run_report& report) {
-    report.add_copy_error(path);
-    log.copy_failed(path);
+void record_copy_failure(run_state& run, const failed_copy& failed, const wide_string& shown) {
+    // Where the folder could not be created, that is the reason why the file could not be.
+    const platform::outcome folder = run.placement.folder_failure(failed.new_path);
+    const bool lacks_folder = !folder && !path_exists(path_head(failed.new_path));
+    const wide_string& path = shown.empty() ? failed.path : shown;
+    run.report.add_copy_error(failed.path, failed.new_path, lacks_folder ? folder : failed.why, path);
+    run.log.copy_failed(path);
 }
 
-void record_lost_source(const wide_string& path, const wide_string& text, log_file& log, run_report& report) {
-    log.file_missing(path);
-    report.add_lost_source(text);
+void record_lost_source(run_state& run, const wide_string& path, const wide_string& subject) {
+    run.log.file_missing(path);
+    run.report.add_lost_source(path, subject);
 }
 
-bool copy_one(const wide_string& source, const wide_string& target, path_placement& placement, log_file& log,
-              run_report& report) {
-    if (!copy_file(source, target)) {
-        record_copy_failure(source, log, report);
-        return false;
-    }
-    placement.register_placed(source, target);
+bool copy_one(const wide_string& source, const wide_string& target, run_state& run) {
+    const platform::outcome copied = copy_file(source, target);
+    if (copied)
+        run.placement.register_placed(source, target);
+    else
+        record_copy_failure(run, {source, target, copied});
+    return static_cast<bool>(copied);
+}
+
+bool copy_table(const wide_string& source, const wide_string& target, run_state& run) {
+    copy_one(source, target, run);
+    copy_code_page_file(source, target, run);
     return true;
 }
 
-bool copy_one(const wide_string& source, const wide_string& target, project_context& context) {
-    return copy_one(source, target, context.placement, context.log, context.report);
+bool copy_table_and_joins(vs_attr_data* attr_data, const wide_string& source, const wide_string& target,
+                          run_state& run) {
+    copy_table(source, target, run);
+    take_joins_off(attr_data, run);
+    return true;
 }
 
-bool copy_folder(const wide_string& source, const wide_string& target, bool allow_existing_target,
-                 bool overwrite_files) {
-    const wide_string from = with_separator(source);
-    const wide_string to = with_separator(target);
-    if (!allow_existing_target && path_exists(target)) return false;
-    std::vector<wide_string> unread;
-    const auto entries = platform::list_tree(platform::current_system(), from, &unread);
-    if (!unread.empty() && unread.front() == from) return false;
-    if (!create_folders(to)) return false;
-    for (const auto& entry : entries) {
-        const wide_string place = to + path_relative(from, entry.path);
-        if (!create_folders(entry.is_folder ? place : path_head(place))) return false;
-        if (!entry.is_folder && !copy_file(entry.path, place, overwrite_files)) return false;
+bool copy_shape_family(const wide_string& source, const wide_string& target, vs_attr_data* attr_data,
+                       run_state& run) {
+    copy_one(source, target, run);
+    copy_one(path_replace_extension(source, u".shx"), path_replace_extension(target, u".shx"), run);
+    if (attr_data)
+        copy_table_and_joins(attr_data, path_replace_extension(source, u".dbf"),
+                             path_replace_extension(target, u".dbf"), run);
+    copy_projection_file(source, target, run);
+    return true;
+}
+
+wide_string projection_file_name(const wide_string& path) {
+    wide_string suffix = path_extension(path);
+    std::ranges::replace(suffix, u'.', u'_');
+    return path_replace_extension(path_add_to_stem(path, suffix), u".pj4");
+}
+
+bool copy_projection_file(const wide_string& source, const wide_string& target, run_state& run) {
+    const wide_string companion = projection_file_name(source);
+    if (!path_exists(companion) || run.placement.is_placed(companion)) return true;
+    return copy_one(companion, projection_file_name(target), run);
+}
+
+bool copy_raster_family(const wide_string& source, const wide_string& target, run_state& run) {
+    copy_one(source, target, run);
+    copy_overview_file(source, target, run);
+    copy_world_files(source, target, run);
+    copy_projection_file(source, target, run);
+    return true;
+}
+
+std::vector<wide_string> companion_files(const wide_string& path) {
+    std::vector<wide_string> all{projection_file_name(path), path + u".ovr"};
+    for (const wide_view extension : {u".cpg", u".shx", u".dbf"})
+        all.push_back(path_replace_extension(path, wide_string(extension)));
+    if (path_extension(path).size() < 3) return all;
+    for (const char16_t last : {u'w', u'r'})
+        all.push_back(path_replace_extension(path, world_extension(path) + last));
+    return all;
+}
+
+bool copy_file_and_projection(const wide_string& source, const wide_string& target, run_state& run) {
+    copy_one(source, target, run);
+    copy_projection_file(source, target, run);
+    return true;
+}
+
+bool copy_data_set(const wide_string& source, const wide_string& target, run_state& run) {
+    copy_one(source, target, run);
+    copy_data_source_files(source, target, false, run);
+    copy_projection_file(source, target, run);
+    return true;
+}
+
+bool copy_data_source_files(const wide_string& source, const wide_string& target, bool keep_case,
+                            run_state& run) {
+    std::vector<wide_string> members;
+    if (!data_source_files(source, members)) return false;
+
+    const wide_string source_folder = path_head(source);
+    const wide_string target_folder = path_head(target);
+    const wide_string source_stem = path_stem(source);
+    const wide_string target_stem = path_stem(target);
+    for (const wide_string& member : members) {
+        if (run.placement.is_placed(member)) continue;
+        wide_string place = path_join(target_folder, path_relative(source_folder, member));
+        if (source_stem != target_stem)
+            place = path_replace_stem(place, replaced(path_stem(place), source_stem, target_stem));
+        if (run.options.lower_case && !keep_case) platform::lower_in_place(place);
+        copy_one(member, place, run);
     }
-    return unread.empty();
+    return true;
 }
 
-bool copy_file_and_folder(const wide_string& source, const wide_string& target, project_context& context) {
-    if (!copy_file(source, target)) {
-        record_copy_failure(source, context.log, context.report);
+bool copy_tos_files(const wide_string& source, const wide_string& target, run_state& run) {
+    const bool is_read = copy_data_source_files(source, target, true, run);
+    if (!is_read) run.report.add(fact_kind::not_read, source);
+    return is_read;
+}
+
+bool copy_file_and_folder(const wide_string& source, const wide_string& target, run_state& run) {
+    if (const platform::outcome copied = copy_file(source, target); !copied) {
+        record_copy_failure(run, {source, target, copied});
         return true;
     }
     const wide_string folder = folder_of_same_stem(source);
     if (path_exists(folder)) {
         const wide_string new_folder = folder_of_same_stem(target);
-        if (copy_folder(folder, new_folder, false, false)) {
-            context.placement.register_placed(folder, new_folder);
+        if (const auto failed = copy_folder(folder, new_folder, false, false)) {
+            run.report.add_copy_error(failed->path, failed->new_path, failed->why, source);
+            run.log.copy_failed(folder);
         } else {
-            context.report.add_copy_error(source);
-            context.log.copy_failed(folder);
+            run.placement.register_placed(folder, new_folder);
         }
     }
-    context.placement.register_placed(source, target);
+    run.placement.register_placed(source, target);
     return true;
+}
+
+bool copy_data_folder(const wide_string& source, const wide_string& target, run_state& run) {
+    if (const auto failed = copy_folder(source, target, false, false))
+        record_copy_failure(run, *failed, source);
+    else
+        run.placement.register_placed(source, target);
+    return true;
+}
+
+std::optional<failed_copy> copy_folder(const wide_string& source, const wide_string& target,
+                                       bool allow_existing_target, bool overwrite_files) {
+    const wide_string from = with_separator(source);
+    const wide_string to = with_separator(target);
+    if (!allow_existing_target && path_exists(target))
+        return failed_copy{source, target, platform::failure::taken};
+    std::vector<platform::unread_folder> unread;
+    const auto entries = platform::list_tree(platform::current_system(), from, &unread);
+    const auto place_of = [&](const wide_string& path) { return to + path_relative(from, path); };
+    if (!unread.empty() && unread.front().path == from)
+        return failed_copy{source, target, unread.front().reason};
+    if (const platform::outcome made = create_folders(to); !made) return failed_copy{source, target, made};
+    for (const auto& entry : entries) {
+        const wide_string place = place_of(entry.path);
+        platform::outcome done = create_folders(entry.is_folder ? place : path_head(place));
+        if (done && !entry.is_folder) done = copy_file(entry.path, place, overwrite_files);
+        if (!done) return failed_copy{entry.path, place, done};
+    }
+    if (unread.empty()) return std::nullopt;
+    return failed_copy{unread.front().path, place_of(unread.front().path), unread.front().reason};
 }
 
 } // namespace vs::project_resave

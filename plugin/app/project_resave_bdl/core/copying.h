@@ -1,81 +1,77 @@
 // Copies a file with all that belongs to it. `source` and `target` are the paths of the main file; its
-// companions land beside it under its new name. A copy never replaces a file, and creates no folder for it.
-// What was copied is entered in the placement; a copy that failed stands in report and log, and the next one
-// is tried. Except where told, the result is true whatever happened.
+// companions go next to it under its new name. A copy never replaces a file, and creates no folder for it.
+// What was copied is entered in the placement; a failed copy goes into report and log, and the next one is
+// tried. Except where noted, functions return true whatever happened.
 //
 // Names beside C:\a\b.tif: b_tif.pj4, b.cpg, b.tif.ovr, world file b.tfw and its sibling b.tfr, b.shx, b.dbf.
 #pragma once
 
+#include <optional>
 #include <vector>
 
 #include "host/types.h"
+#include "platform/outcome.h"
 #include "platform/wide_string.h"
 
 namespace vs::project_resave {
 
-class log_file;
-class path_placement;
-class project_context;
-class run_report;
+struct run_state;
 
-// One file. False if it failed.
-bool copy_one(const wide_string& source, const wide_string& target, path_placement& placement, log_file& log,
-              run_report& report);
-bool copy_one(const wide_string& source, const wide_string& target, project_context& context);
+// A copy that failed, and why.
+struct failed_copy {
+    wide_string path;
+    wide_string new_path;
+    platform::outcome why;
+};
 
-// The code page file of a table, if it exists. False if the copy failed.
-bool copy_code_page_file(const wide_string& source, const wide_string& target, path_placement& placement,
-                         log_file& log, run_report& report);
-bool copy_code_page_file(const wide_string& source, const wide_string& target, project_context& context);
+// Enters a failed copy in report and log. The user reads `shown`, by default the path that failed.
+void record_copy_failure(run_state& run, const failed_copy& failed, const wide_string& shown = {});
+// Enters a missing file: its path in the log, in the final message `subject`, which says whose it was.
+void record_lost_source(run_state& run, const wide_string& path, const wide_string& subject);
 
-// A table and its code page file; without the tables joined to it.
-bool copy_table(const wide_string& source, const wide_string& target, path_placement& placement,
-                log_file& log, run_report& report);
-bool copy_table(const wide_string& source, const wide_string& target, project_context& context);
+// Copies one file. False if it failed.
+bool copy_one(const wide_string& source, const wide_string& target, run_state& run);
+
+// A table and its code page file, if that exists; without the tables joined to it.
+bool copy_table(const wide_string& source, const wide_string& target, run_state& run);
+// The same; the joins of `attr_data`, which may be null, are taken off it until the end of the run.
+bool copy_table_and_joins(vs_attr_data* attr_data, const wide_string& source, const wide_string& target,
+                          run_state& run);
+// A shape file with index and projection and, unless `attr_data` is null, its table and the joins of it.
+bool copy_shape_family(const wide_string& source, const wide_string& target, vs_attr_data* attr_data,
+                       run_state& run);
 
 // Path of the projection file that belongs to a main file, whether it exists or not.
 wide_string projection_file_name(const wide_string& path);
 // The projection file, if it exists and was not placed before: two files may share one. False if the copy
 // failed.
-bool copy_projection_file(const wide_string& source, const wide_string& target, project_context& context);
-// The overviews of a raster. False if there are none, without a record, and if the copy failed.
-bool copy_overview_file(const wide_string& source, const wide_string& target, project_context& context);
-// The world file and its sibling, as far as they exist. False at the first copy that failed. Throws
-// std::out_of_range for a main file whose extension has fewer than two letters.
-bool copy_world_files(const wide_string& source, const wide_string& target, project_context& context);
-
-// A table; the joins of `attr_data`, which may be null, are taken off it until the end of the run.
-bool copy_table_and_joins(vs_attr_data* attr_data, const wide_string& source, const wide_string& target,
-                          project_context& context);
-// A shape file with index and projection and, unless `attr_data` is null, its table and the joins of it.
-bool copy_shape_family(const wide_string& source, const wide_string& target, vs_attr_data* attr_data,
-                       project_context& context);
-
-// A file and the folder of the same stem beside it, if there is one. The folder is not tried, and nothing
-// entered, if the file failed.
-bool copy_file_and_folder(const wide_string& source, const wide_string& target, project_context& context);
-
-// The names of all that a copy of the file can take along, whether it is there or not.
+bool copy_projection_file(const wide_string& source, const wide_string& target, run_state& run);
+// A raster with its overviews, world files and projection. Throws std::out_of_range, before the projection,
+// for a main file whose extension has fewer than two letters.
+bool copy_raster_family(const wide_string& source, const wide_string& target, run_state& run);
+// The names of all that a copy of the file can take along, whether it exists or not.
 std::vector<wide_string> companion_files(const wide_string& path);
 
-// A folder with all it holds; nothing is entered or recorded. False if `source` cannot be listed, if `target`
-// exists and may not, and at the first failure; what was copied by then stays.
-bool copy_folder(const wide_string& source, const wide_string& target, bool allow_existing_target,
-                 bool overwrite_files);
-
+// A file and its projection.
+bool copy_file_and_projection(const wide_string& source, const wide_string& target, run_state& run);
+// A file, what the host names as its data set, and its projection.
+bool copy_data_set(const wide_string& source, const wide_string& target, run_state& run);
 // Every file that the host names for the data set and that was not placed before. Members follow a new stem
 // of the main file, and lower case unless `keep_case`. False, without a record, if the host cannot open it.
 bool copy_data_source_files(const wide_string& source, const wide_string& target, bool keep_case,
-                            project_context& context);
-
+                            run_state& run);
 // The same for a TOS file, which is one of the members: its case is kept, and one that the host cannot open
-// is entered as unread, under the caption of its owner.
-bool copy_tos_files(const wide_string& source, const wide_string& target, const wide_string& owner,
-                    project_context& context);
+// is entered as not read.
+bool copy_tos_files(const wide_string& source, const wide_string& target, run_state& run);
 
-// Enters a failed copy in report and log.
-void record_copy_failure(const wide_string& path, log_file& log, run_report& report);
-// Enters a missing file: its path in the log, in the report the text that tells whose it was.
-void record_lost_source(const wide_string& path, const wide_string& text, log_file& log, run_report& report);
+// A file and the folder of the same stem beside it, if there is one. The folder is not tried, and nothing
+// entered, if the file failed.
+bool copy_file_and_folder(const wide_string& source, const wide_string& target, run_state& run);
+// A data set that is a folder. It is entered in the placement as one.
+bool copy_data_folder(const wide_string& source, const wide_string& target, run_state& run);
+// A folder with all it holds; nothing is entered or recorded. Fails if `source` cannot be listed, if `target`
+// exists and must not, and at the first failure, which it returns; what was copied by then stays.
+std::optional<failed_copy> copy_folder(const wide_string& source, const wide_string& target,
+                                       bool allow_existing_target, bool overwrite_files);
 
 } // namespace vs::project_resave

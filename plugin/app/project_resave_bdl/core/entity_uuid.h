@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/types.h"
+#include "operations/run/run_report.h"
 #include "platform/wide_string.h"
 
 namespace vs::project_resave {
@@ -14,5 +15,7 @@ wide_string entity_uuid_text(vs_entity* entity);
 
 // Text of a uuid, empty if it has no value; silent.
 wide_string uuid_to_text(const vs_uuid* uuid);
+// Name in the report of an element that the list of this caption holds; silent.
+element_name element_name_of(vs_entity* entity, const wide_string& list);
 
 } // namespace vs::project_resave

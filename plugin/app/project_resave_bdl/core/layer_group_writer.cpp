@@ -5,11 +5,11 @@
 #include "host/vsk_basic.h"
 #include "host/vsk_entity.h"
 #include "host/vsk_lr.h"
-#include "operations/project_context.h"
+#include "operations/run/run_state.h"
 
 namespace vs::project_resave {
 
-layer_group_writer::layer_group_writer(project_context& run,
+layer_group_writer::layer_group_writer(run_state& run,
                                        const std::vector<std::unique_ptr<Tvs_resave_unit>>& units)
     : context(run) {
     for (const auto& unit : units)

@@ -12,7 +12,7 @@ namespace vs::project_resave {
 // Made for one walk: it looks each unit's uuid up once.
 class layer_group_writer {
 public:
-    layer_group_writer(project_context& run, const std::vector<std::unique_ptr<Tvs_resave_unit>>& units);
+    layer_group_writer(run_state& run, const std::vector<std::unique_ptr<Tvs_resave_unit>>& units);
 
     // Writes what is below the group until the user stops the run. A layer that is not selected, and one
     // without a unit, has no line; a group without a selected layer has none either.
@@ -23,7 +23,7 @@ private:
     void write_subgroup(vs_lr_group* group);
     bool has_selected_layer(vs_lr_group* group);
 
-    project_context& context;
+    run_state& context;
     std::unordered_map<wide_string, Tvs_resave_unit*> unit_of; // the first unit of a uuid, or of none
     std::unordered_map<vs_lr_group*, bool> holds_selected;
 };

@@ -5,13 +5,21 @@
 #include "core/copying.h"
 #include "core/data_source.h"
 #include "core/entity_uuid.h"
-#include "core/true_case.h"
+#include "core/joined_tables.h"
+#include "framework/resources/text_rows.h"
 #include "host/vsk_basic.h"
-#include "operations/project_context.h"
 #include "operations/run/common_directory.h"
 #include "operations/run/path_files.h"
+#include "operations/run/run_state.h"
 
 namespace vs::project_resave {
+
+namespace {
+
+const platform::outcome no_companion_name =
+    platform::outcome::because(u"the extension is too short to name its companions");
+
+} // namespace
 
 void Tvs_resave_file::build() {
     std::vector<found_file> found;
@@ -31,7 +39,7 @@ bool Tvs_resave_file::do_save() {
         return true; // an element without a file is no failure
     }
     if (!path_exists(source)) {
-        record_lost_source(source, caption(), context->log, context->report);
+        record_lost_source(*context, source, caption());
         skip_progress();
         return false;
     }
@@ -39,7 +47,7 @@ bool Tvs_resave_file::do_save() {
     if (target.empty())
         target = place_and_copy(source);
     else
-        context->deferred_joins_.note_kept(attr_data(), caption());
+        note_kept_joins(attr_data(), *context);
     set_new_path(target);
     skip_progress();
     after_file_saved();
@@ -48,7 +56,7 @@ bool Tvs_resave_file::do_save() {
 
 wide_string Tvs_resave_file::place_and_copy(const wide_string& source) {
     path_placement& placement = context->placement;
-    placement.set_type_folder(default_folder());
+    const type_folder_scope type(placement, default_folder());
     const wide_string target = placement.new_path(source);
     if (target.empty()) {
         context->log.new_name_failed(target);
@@ -56,16 +64,15 @@ wide_string Tvs_resave_file::place_and_copy(const wide_string& source) {
         try {
             copy_files(source, target);
         } catch (const std::out_of_range&) { // a name from which a companion's cannot be formed
-            record_copy_failure(source, context->log, context->report);
+            record_copy_failure(*context, {source, target, no_companion_name});
         }
     }
-    placement.set_type_folder(u"files");
     return target;
 }
 
 bool Tvs_resave_file::write_structure() {
     skip_progress();
-    context->log.write_indented(616);
+    context->log.write_indented(text::unrecorded_files);
     return false;
 }
 

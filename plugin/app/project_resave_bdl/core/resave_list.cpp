@@ -4,7 +4,7 @@
 #include "core/layer_group_writer.h"
 #include "host/vsk_basic.h"
 #include "host/vsk_entity.h"
-#include "operations/project_context.h"
+#include "operations/run/run_state.h"
 
 namespace vs::project_resave {
 
@@ -25,24 +25,26 @@ bool Tvs_resave_list::is_child_selected(uint32_t index) {
 }
 
 bool Tvs_resave_list::do_save() {
-    context->report.current_unit = caption();
+    const wide_string list = caption();
+    context->report.current_unit = list;
     before_children();
     // Backwards: taking out a member must not move what is still to come.
     for (auto index = static_cast<uint32_t>(children.size()); index-- > 0;) {
         if (context->progress.is_stopped()) break;
-        if (children[index]) save_child(index);
+        if (children[index]) save_child(index, list);
     }
     after_children();
     return true;
 }
 
-void Tvs_resave_list::save_child(uint32_t index) {
+void Tvs_resave_list::save_child(uint32_t index, const wide_string& list) {
     Tvs_resave_unit& child = *children[index];
     if (!is_child_selected(index)) {
         child.skip_progress();
         remove_child(index);
         return;
     }
+    const current_element saved(context->report, child.name_in(list));
     child.before_save();
     const bool ok = child.do_save();
     child.after_save(ok);

@@ -49,7 +49,7 @@ protected:
     std::vector<std::unique_ptr<Tvs_resave_unit>> children;
 
 private:
-    void save_child(uint32_t index);
+    void save_child(uint32_t index, const wide_string& list);
     void write_children();
 };
 

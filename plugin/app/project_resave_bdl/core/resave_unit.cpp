@@ -6,7 +6,7 @@
 #include "framework/border/string_adapter.h"
 #include "framework/resources/strings.h"
 #include "host/vsk_entity.h"
-#include "operations/project_context.h"
+#include "operations/run/run_state.h"
 
 namespace vs::project_resave {
 
@@ -35,13 +35,17 @@ wide_string Tvs_resave_unit::caption() {
     return own ? host_string(&vs_entity_get_wcaption, own) : wide_string();
 }
 
+element_name Tvs_resave_unit::name_in(const wide_string& list) {
+    return {uuid_to_text(uuid()), caption(), list};
+}
+
 void Tvs_resave_unit::before_build() {
-    if (context->open_log.enabled) context->open_log.enter(caption() + load_string(637));
+    if (context->open_log.enabled) context->open_log.enter(caption() + load_string(text::begin_suffix));
     uuid_pushed = context->sizes.push_parent(uuid_to_text(uuid()));
 }
 
 void Tvs_resave_unit::after_build() {
-    if (context->open_log.enabled) context->open_log.leave(caption() + load_string(638));
+    if (context->open_log.enabled) context->open_log.leave(caption() + load_string(text::end_suffix));
     if (uuid_pushed) context->sizes.pop_parent();
     vs_entity* own = entity();
     if (!own) return;
@@ -51,8 +55,20 @@ void Tvs_resave_unit::after_build() {
     if (is_new) context->units[row] = this; // the first of a uuid stays
 }
 
-void Tvs_resave_unit::before_save() { context->log.write(load_string(639) + caption()); }
+void Tvs_resave_unit::before_save() { context->log.write(load_string(text::begin_prefix) + caption()); }
 
-void Tvs_resave_unit::after_save(bool) { context->log.write(load_string(640) + caption()); }
+void Tvs_resave_unit::after_save(bool) { context->log.write(load_string(text::end_prefix) + caption()); }
+
+std::unique_ptr<Tvs_resave_unit> make_claimed_unit(run_state& run, vs_entity* entity) {
+    return run.claims != nullptr && entity != nullptr ? run.claims->make(run, entity) : nullptr;
+}
+
+bool select_referenced(run_state& run, const wide_string& uuid) {
+    Tvs_resave_unit** const found = run.units.find(uuid);
+    if (found == nullptr || (*found)->selection_state() == 0) return false;
+    if (!run.options.ask_add_referenced()) return false;
+    (*found)->set_selected(true);
+    return true;
+}
 
 } // namespace vs::project_resave

@@ -1,24 +1,26 @@
 // Root of the tree of resave units: one unit for each element of the project that takes part.
 //
-// A unit is created with new, owned by its parent list (a root by project_context), built once and dies with
+// A unit is created with new, owned by its parent list (a root by run_state), built once and dies with
 // the tree. It may outlive the project it was made for: destructors free what the unit owns and pass no
 // handle of the project to the host. Errors are recorded facts: a bad file never throws. User-interface
 // thread only.
 #pragma once
 
 #include <cstdint>
+#include <memory>
 
 #include "host/types.h"
+#include "operations/run/run_report.h"
 #include "platform/wide_string.h"
 
 namespace vs::project_resave {
 
-class project_context;
+struct run_state;
 class common_directory;
 
 class Tvs_resave_unit {
 public:
-    explicit Tvs_resave_unit(project_context& run) : context(&run) {}
+    explicit Tvs_resave_unit(run_state& run) : context(&run) {}
     Tvs_resave_unit(const Tvs_resave_unit&) = delete;
     Tvs_resave_unit& operator=(const Tvs_resave_unit&) = delete;
     virtual ~Tvs_resave_unit() = default;
@@ -52,10 +54,27 @@ public:
     virtual bool do_save() = 0;
     virtual void build() = 0;
 
+    // The unit's element in the report, as a member of the list of this caption.
+    element_name name_in(const wide_string& list);
+
 protected:
-    project_context* const context;
+    run_state* const context;
     bool built = false;
     bool uuid_pushed = false; // on the stack of the size register, from before_build to after_build
 };
+
+// Makes units for the elements that it claims, before the tables of layer types are asked.
+class claimed_units {
+public:
+    virtual ~claimed_units() = default;
+    // Not built yet; the caller places it. Null for an element that is not claimed.
+    virtual std::unique_ptr<Tvs_resave_unit> make(run_state& run, vs_entity* entity) = 0;
+};
+// The same for an element that may be null, and where nothing claims elements.
+std::unique_ptr<Tvs_resave_unit> make_claimed_unit(run_state& run, vs_entity* entity);
+
+// Selects the unit of this uuid text with all below it, unless it is selected already or there is none. The
+// user is asked once in a run and may refuse. True if the selection was changed.
+bool select_referenced(run_state& run, const wide_string& uuid);
 
 } // namespace vs::project_resave

@@ -36,7 +36,9 @@ protected:
 };
 using bundle = interface_to<bundle_impl>;
 
-namespace border {
+namespace bundle_table {
+
+using border::entry;
 
 // The bundle object answers to no name, not even its own. `instance` is the host's and never looked into.
 inline void find_nothing(const void*, void*, const char*, const void** table, void** instance) noexcept {
@@ -44,29 +46,34 @@ inline void find_nothing(const void*, void*, const char*, const void** table, vo
     *instance = nullptr;
 }
 
-inline void bundle_identity(interface_pointer* out, const void*, void* instance) noexcept {
-    static const entry identity_table_of_bundle[] = {reinterpret_cast<entry>(&find_nothing)};
-    *out = {identity_table_of_bundle, instance};
+inline void identity(interface_pointer* out, const void*, void* instance) noexcept {
+    static const entry identity_table[] = {reinterpret_cast<entry>(&find_nothing)};
+    *out = {identity_table, instance};
 }
 
-inline void start_bundle(const void*, void*, bundle_context context) noexcept {
+inline void start(const void*, void*, bundle_context context) noexcept {
     for (basic_service_factory_impl* factory : factory_registry())
         call<&bundle_context_impl::register_factory>(context, factory->id.c_str(),
                                                      pointer_to<service_factory_impl>(*factory));
 }
+static_assert(std::is_same_v<decltype(&start), decltype(border::operation<&bundle_impl::start>::function())>);
 
-inline void do_nothing(const void*, void*) noexcept {}
+template <auto Reserved>
+void do_nothing(const void*, void*) noexcept {}
 
-} // namespace border
+// No object is behind the instance, so the entries are functions of their own, in the order of the list.
+template <auto... Reserved>
+const void* build(operation_list<&bundle_impl::start, Reserved...>) {
+    static const entry table[] = {reinterpret_cast<entry>(&identity), reinterpret_cast<entry>(&start),
+                                  reinterpret_cast<entry>(&do_nothing<Reserved>)...};
+    return table;
+}
+
+} // namespace bundle_table
 
 // The body of the exported function.
 inline void hand_out_bundle(vs_interface_pointer* out, void* instance) {
-    using border::entry;
-    static const entry table[] = {
-        reinterpret_cast<entry>(&border::bundle_identity), reinterpret_cast<entry>(&border::start_bundle),
-        reinterpret_cast<entry>(&border::do_nothing),      reinterpret_cast<entry>(&border::do_nothing),
-        reinterpret_cast<entry>(&border::do_nothing),      reinterpret_cast<entry>(&border::do_nothing)};
-    *out = {table, instance};
+    *out = {bundle_table::build(bundle_impl::operations{}), instance};
 }
 
 } // namespace vs::project_resave

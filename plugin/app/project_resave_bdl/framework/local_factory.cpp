@@ -5,12 +5,26 @@
 
 namespace vs::project_resave {
 
+namespace {
+
+local_factory_impl* of_library = nullptr; // the one static factory, while it lives
+
+} // namespace
+
 // No localizer of an earlier client stays in force.
-local_factory_impl::local_factory_impl() : custom_client_factory_impl(u"") { set_current_localizer({}); }
+local_factory_impl::local_factory_impl() : custom_client_factory_impl(u"") {
+    set_current_localizer({});
+    of_library = this;
+}
 
 local_factory_impl::~local_factory_impl() {
-    call<&localizer_service_impl::disconnect>(service.get(), pointer_to<localizer_client_impl>(*this));
+    if (of_library == this) of_library = nullptr;
+    leave();
     set_current_localizer({});
+}
+
+void local_factory_impl::leave() {
+    call<&localizer_service_impl::disconnect>(service.get(), pointer_to<localizer_client_impl>(*this));
 }
 
 void local_factory_impl::query(const char* asked, const void** table, void** instance) {
@@ -19,13 +33,23 @@ void local_factory_impl::query(const char* asked, const void** table, void** ins
 }
 
 identity_pointer local_factory_impl::create(bundle_context) {
-    if (!service)
-        vs_service_registry_with_services(u"vestra/localizer",
-                                          identity_of(pointer_to<localizer_client_impl>(*this)));
+    look();
     return {};
 }
 
+void local_factory_impl::look() {
+    if (!service)
+        vs_service_registry_with_services(u"vestra/localizer",
+                                          identity_of(pointer_to<localizer_client_impl>(*this)));
+}
+
+void look_for_localizer() {
+    if (of_library) of_library->look();
+}
+
 void local_factory_impl::visit(localizer_service found) {
+    if (found == service.get()) return;
+    leave(); // only one is kept, and a client that nobody disconnects would be called after its end
     service.assign(found);
     call<&localizer_service_impl::connect>(found, pointer_to<localizer_client_impl>(*this));
 }

@@ -23,8 +23,16 @@ public:
     void visit(localizer_service found) override;
     void set_localizer(localizer current) override;
 
+    // Looks for the localizer service unless one is connected.
+    void look();
+
 private:
-    ref<localizer_service_impl, true> service; // the host's service outlives its bundles, or says so
+    void leave();
+
+    weak_ref<localizer_service_impl> service; // the host's service outlives its bundles, or says so
 };
+
+// Looks once more: a localizer may have appeared since the library was announced to the host.
+void look_for_localizer();
 
 } // namespace vs::project_resave

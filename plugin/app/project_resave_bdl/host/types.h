@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <type_traits>
 
 // The pair by which the host and its bundles reach each other's objects; null when either word is null.
 struct vs_interface_pointer {
@@ -16,6 +17,10 @@ struct vs_interface_pointer {
 static_assert(sizeof(vs_interface_pointer) == 2 * sizeof(void*));
 static_assert(alignof(vs_interface_pointer) == alignof(void*));
 static_assert(offsetof(vs_interface_pointer, table) == 0);
+static_assert(offsetof(vs_interface_pointer, instance) == sizeof(void*));
+// It is passed by value as two words only as long as it copies like plain data.
+static_assert(std::is_standard_layout_v<vs_interface_pointer>);
+static_assert(std::is_trivially_copyable_v<vs_interface_pointer>);
 
 // A 2D and a 3D scene are both scenes; the tags below let their handles convert to vs_scn by themselves.
 struct vs_scn {};

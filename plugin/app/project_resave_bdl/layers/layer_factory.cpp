@@ -3,6 +3,7 @@
 #include <span>
 #include <string_view>
 
+#include "core/entity_uuid.h"
 #include "framework/border/host_owned.h"
 #include "framework/border/string_adapter.h"
 #include "host/vsk_basic.h"
@@ -17,7 +18,7 @@
 #include "layers/resave_tos_layers.h"
 #include "layers/resave_vector_layer.h"
 #include "layers/resave_wells.h"
-#include "operations/project_context.h"
+#include "operations/run/run_state.h"
 #include "platform/path_text.h"
 
 namespace vs::project_resave {
@@ -27,18 +28,18 @@ namespace {
 using unit_pointer = std::unique_ptr<Tvs_resave_unit>;
 
 template <class Unit>
-unit_pointer make(project_context& context, vs_lr* layer) {
+unit_pointer make(run_state& context, vs_lr* layer) {
     return std::make_unique<Unit>(layer, context);
 }
 
 template <class Unit>
-unit_pointer make_well(project_context& context, vs_lr* layer) {
+unit_pointer make_well(run_state& context, vs_lr* layer) {
     if (context.options.structure_variant == folder_per_scene) return nullptr;
     return make<Unit>(context, layer);
 }
 
 // A reference that holds a uuid links to a scene of the project; any other is the path of a scene file.
-unit_pointer make_map_3d(project_context& context, vs_lr* layer) {
+unit_pointer make_map_3d(run_state& context, vs_lr* layer) {
     const wide_string text = trim(host_string(&vs_lr_get_wfilename, layer), u"*");
     const host_owned<vs_uuid, &vs_uuid_destroy> uuid(vs_uuid_create());
     const bool is_link = (vs_uuid_from_string(uuid.get(), text.c_str()) & 0xFF) != 0;
@@ -47,7 +48,7 @@ unit_pointer make_map_3d(project_context& context, vs_lr* layer) {
 
 struct layer_row {
     std::string_view type;
-    unit_pointer (*make)(project_context& context, vs_lr* layer);
+    unit_pointer (*make)(run_state& context, vs_lr* layer);
 };
 
 constexpr layer_row rows_2d[] = {
@@ -87,26 +88,26 @@ constexpr layer_row rows_3d[] = {
     {"segy_lr3d", &make<Tvs_resave_grid>},
 };
 
-unit_pointer make_layer_unit(project_context& context, vs_lr* layer, const char* type,
+unit_pointer make_layer_unit(run_state& context, vs_lr* layer, const wide_string& list, const char* type,
                              std::span<const layer_row> rows) {
-    if (vs_entity* entity = vs_lr_safe_upcast(layer))
-        if (unit_pointer unit = context.entity_factory_.make(context, entity)) return unit;
+    vs_entity* const entity = vs_lr_safe_upcast(layer);
+    if (unit_pointer unit = make_claimed_unit(context, entity)) return unit;
     if (!type) type = "";
     for (const layer_row& row : rows)
         if (row.type == type) return row.make(context, layer);
-    context.report.add_unprocessed_type(type);
+    context.report.add_unprocessed_type(element_name_of(entity, list), type);
     context.log.add_unprocessed_type(type);
     return nullptr;
 }
 
 } // namespace
 
-unit_pointer make_layer_unit_2d(project_context& context, vs_lr* layer) {
-    return make_layer_unit(context, layer, vs_lr2d_get_lr_type(layer), rows_2d);
+unit_pointer make_layer_unit_2d(run_state& context, vs_lr* layer, const wide_string& list) {
+    return make_layer_unit(context, layer, list, vs_lr2d_get_lr_type(layer), rows_2d);
 }
 
-unit_pointer make_layer_unit_3d(project_context& context, vs_lr* layer) {
-    return make_layer_unit(context, layer, vs_lr3d_get_lr_type(layer), rows_3d);
+unit_pointer make_layer_unit_3d(run_state& context, vs_lr* layer, const wide_string& list) {
+    return make_layer_unit(context, layer, list, vs_lr3d_get_lr_type(layer), rows_3d);
 }
 
 } // namespace vs::project_resave

@@ -8,10 +8,12 @@
 
 namespace vs::project_resave {
 
-// The unit of a layer, not built yet; the caller places it and builds it at once. Null for a type that no
-// unit knows, which goes into report and log, and, without a word, for a well while each scene has its own
-// folder.
-std::unique_ptr<Tvs_resave_unit> make_layer_unit_2d(project_context& context, vs_lr* layer);
-std::unique_ptr<Tvs_resave_unit> make_layer_unit_3d(project_context& context, vs_lr* layer);
+// The unit of a layer in the scene of the caption `list`, not built yet; the caller places it and builds it
+// at once. Null for a type that no unit knows, which goes into report and log, and, without a word, for a
+// well while each scene has its own folder.
+std::unique_ptr<Tvs_resave_unit> make_layer_unit_2d(run_state& context, vs_lr* layer,
+                                                    const wide_string& list);
+std::unique_ptr<Tvs_resave_unit> make_layer_unit_3d(run_state& context, vs_lr* layer,
+                                                    const wide_string& list);
 
 } // namespace vs::project_resave

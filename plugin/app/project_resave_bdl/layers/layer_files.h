@@ -1,4 +1,6 @@
-// Files that describe one layer or scene, written beside the new project as an additional product of a run.
+// Files that describe one layer or scene, written by the host next to the new project as an additional
+// product of a run. Each is entered in the placement whatever the host's writer answers; the report has what
+// could not be written, and what was written over a file that existed.
 #pragma once
 
 #include "host/types.h"
@@ -6,16 +8,28 @@
 
 namespace vs::project_resave {
 
-class project_context;
+struct run_state;
 
 // Path of the file of a captioned element in `folder`. The caption and its dots stay as they are, but for
 // characters that no file name may hold; a caption is never taken for a drive.
 wide_string caption_file_path(wide_view folder, wide_view caption, wide_view extension);
 
-// If the options ask for layer files, write the layer as it is now to "caption._lr" ("._lrd" for a 3D layer)
-// in the output folder, over a file that stands there, and enter it in the placement whatever the host's
-// writer says. Nothing for a null layer.
-void save_layer_file_2d(vs_lr* layer, project_context& context);
-void save_layer_file_3d(vs_lr* layer, project_context& context);
+// Extensions of the files, by what they hold.
+inline constexpr wide_view scene_2d_extension = u"._sn";
+inline constexpr wide_view scene_3d_extension = u"._sc";
+inline constexpr wide_view layer_2d_extension = u"._lr";
+inline constexpr wide_view layer_3d_extension = u"._lrd";
+
+// Write the element as it is now, over a file that exists. `source` is the file it was read from, if any.
+void write_scene_file_2d(vs_scn_2d* scene, const wide_string& path, run_state& run,
+                         const wide_string& source = {});
+void write_scene_file_3d(vs_scn_3d* scene, const wide_string& path, run_state& run);
+void write_layer_file_2d(vs_lr* layer, const wide_string& path, run_state& run);
+void write_layer_file_3d(vs_lr* layer, const wide_string& path, run_state& run);
+
+// If the options ask for layer files, write the layer to "caption._lr" ("._lrd" for a 3D layer) in the output
+// folder. Nothing for a null layer.
+void save_layer_file_2d(vs_lr* layer, run_state& run);
+void save_layer_file_3d(vs_lr* layer, run_state& run);
 
 } // namespace vs::project_resave

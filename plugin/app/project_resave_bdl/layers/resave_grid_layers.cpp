@@ -4,8 +4,7 @@
 #include "framework/border/string_adapter.h"
 #include "framework/resources/strings.h"
 #include "host/vsk_lr.h"
-#include "layers/layer_copying.h"
-#include "operations/project_context.h"
+#include "operations/run/run_state.h"
 #include "platform/path_text.h"
 #include "platform/system.h"
 
@@ -13,8 +12,6 @@ namespace vs::project_resave {
 
 namespace {
 
-constexpr int32_t seismic_folder_text = 407;
-constexpr int32_t grid_folder_text = 411;
 constexpr char16_t cutline_mark = u'*';
 
 } // namespace
@@ -22,7 +19,7 @@ constexpr char16_t cutline_mark = u'*';
 wide_string Tvs_resave_grid::default_folder() {
     const wide_string extension = path_extension(host_string(&vs_lr_get_wfilename, layer));
     const bool seismic = extension == u".sgy" || extension == u".segy" || extension == u".sec";
-    return load_string(seismic ? seismic_folder_text : grid_folder_text);
+    return load_string(seismic ? text::seismic_folder : text::grid_folder);
 }
 
 bool Tvs_resave_grid::copy_files(const wide_string& source, const wide_string& target) {
@@ -32,7 +29,7 @@ bool Tvs_resave_grid::copy_files(const wide_string& source, const wide_string& t
     case platform::entry_kind::folder:
         return copy_data_folder(source, target, *context);
     case platform::entry_kind::none: // it was there a moment ago
-        record_copy_failure(source, context->log, context->report);
+        record_copy_failure(*context, {source, target, platform::failure::missing});
         break;
     }
     return false;

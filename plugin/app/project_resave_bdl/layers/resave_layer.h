@@ -9,7 +9,7 @@ namespace vs::project_resave {
 class Tvs_resave_layer : public Tvs_resave_file {
 public:
     // The layer is the scene's.
-    Tvs_resave_layer(vs_lr* handle, project_context& run) : Tvs_resave_file(run), layer(handle) {}
+    Tvs_resave_layer(vs_lr* handle, run_state& run) : Tvs_resave_file(run), layer(handle) {}
 
     // One line: the caption and, if wanted, the reference as the layer holds it.
     bool write_structure() override;

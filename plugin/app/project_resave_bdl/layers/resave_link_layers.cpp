@@ -1,12 +1,12 @@
 #include "layers/resave_link_layers.h"
 
 #include "core/data_source.h"
-#include "core/referenced_unit.h"
+#include "core/resave_unit.h"
 #include "framework/border/string_adapter.h"
 #include "host/interfaces/profile_compound_layer.h"
 #include "host/vsk_lr.h"
 #include "host/vsk_plugin_lr2d.h"
-#include "operations/project_context.h"
+#include "operations/run/run_state.h"
 #include "platform/path_text.h"
 
 namespace vs::project_resave {

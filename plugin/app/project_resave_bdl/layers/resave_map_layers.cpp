@@ -1,21 +1,21 @@
 #include "layers/resave_map_layers.h"
 
-#include "containers/resave_scene_2d.h"
+#include "containers/resave_scenes.h"
 #include "core/copying.h"
-#include "core/structure_line.h"
+#include "core/structure_lines.h"
+#include "framework/border/host_owned.h"
 #include "framework/border/string_adapter.h"
 #include "framework/resources/strings.h"
 #include "host/vsk_lr.h"
+#include "host/vsk_xml_save_2d.h"
 #include "layers/layer_files.h"
-#include "operations/project_context.h"
 #include "operations/run/path_files.h"
+#include "operations/run/run_state.h"
 #include "platform/path_text.h"
 
 namespace vs::project_resave {
 
 namespace {
-
-constexpr int32_t scene_heading_text = 621;
 
 // While a scene file is being loaded, a map layer on it further down would load it again for ever.
 struct loading_mark {
@@ -34,18 +34,18 @@ struct loading_mark {
 
 } // namespace
 
-Tvs_resave_map_lr::Tvs_resave_map_lr(vs_lr* handle, project_context& run) : Tvs_resave_layer(handle, run) {}
+Tvs_resave_map_lr::Tvs_resave_map_lr(vs_lr* handle, run_state& run) : Tvs_resave_layer(handle, run) {}
 
 Tvs_resave_map_lr::~Tvs_resave_map_lr() = default;
 
 void Tvs_resave_map_lr::build() {
     const wide_string reference = host_string(&vs_lr_get_wfilename, layer);
     context->sizes.add_file(reference);
-    map_writer.reset(vs_xml_save_2d_create());
+    const host_owned<vs_xml_save_2d, &vs_xml_save_2d_destroy> reader(vs_xml_save_2d_create());
     map_scene.reset(vs_scn_2d_create());
     const loading_mark mark(context->loading_scenes, path_key(reference));
     if (!mark.first) return; // counts as one that cannot be loaded
-    if ((vs_xml_data_load_scn2d_w(map_writer.get(), reference.c_str(), map_scene.get()) & 0xFF) == 0) return;
+    if ((vs_xml_data_load_scn2d_w(reader.get(), reference.c_str(), map_scene.get()) & 0xFF) == 0) return;
     map_unit = std::make_unique<Tvs_resave_scene_2d_map>(map_scene.get(), *context);
     map_unit->build_once();
 }
@@ -66,13 +66,13 @@ bool Tvs_resave_map_lr::do_save() {
         return true;
     }
     if (!path_exists(source)) {
-        record_lost_source(source, caption(), context->log, context->report);
+        record_lost_source(*context, source, caption());
         skip_progress();
         return false;
     }
     if (!map_unit) {
         context->log.scene_not_loaded(source);
-        context->report.unread_files.push_back({caption(), source});
+        context->report.add(fact_kind::not_read, source);
         return false;
     }
     map_unit->save(); // before the look-up, so that the scene refers to the new places in any case
@@ -85,13 +85,12 @@ bool Tvs_resave_map_lr::do_save() {
 }
 
 bool Tvs_resave_map_lr::copy_files(const wide_string& source, const wide_string& target) {
-    vs_xml_data_save_scn2d_w(map_writer.get(), target.c_str(), map_scene.get());
-    context->placement.register_placed(source, target);
+    write_scene_file_2d(map_scene.get(), target, *context, source);
     return true;
 }
 
 bool Tvs_resave_map_lr::write_structure() {
-    const wide_string heading = load_string(scene_heading_text) + host_string(&vs_lr_get_wcaption, layer);
+    const wide_string heading = load_string(text::scene_2d_heading) + host_string(&vs_lr_get_wcaption, layer);
     context->log.write_indented(with_path(*context, heading, host_string(&vs_lr_get_wfilename, layer)));
     if (map_unit) map_unit->write_structure();
     return true;

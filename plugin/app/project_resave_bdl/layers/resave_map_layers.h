@@ -6,7 +6,6 @@
 
 #include "framework/border/host_owned.h"
 #include "host/vsk_scn_2d.h"
-#include "host/vsk_xml_save_2d.h"
 #include "layers/resave_layer.h"
 
 namespace vs::project_resave {
@@ -15,7 +14,7 @@ class Tvs_resave_scene_2d_map;
 
 class Tvs_resave_map_lr : public Tvs_resave_layer {
 public:
-    Tvs_resave_map_lr(vs_lr* handle, project_context& run);
+    Tvs_resave_map_lr(vs_lr* handle, run_state& run);
     ~Tvs_resave_map_lr() override;
 
     // The scene's own text follows at the same depth. No step of progress for the layer itself.
@@ -33,10 +32,9 @@ public:
     bool copy_files(const wide_string& source, const wide_string& target) override;
 
 private:
-    // The scene is none of the project's. Members go from the last to the first: writer, scene, unit.
+    // The scene is none of the project's. Members go from the last to the first: scene, unit.
     std::unique_ptr<Tvs_resave_scene_2d_map> map_unit; // null if the scene did not load
     host_owned<vs_scn_2d, &vs_scn_2d_destroy> map_scene;
-    host_owned<vs_xml_save_2d, &vs_xml_save_2d_destroy> map_writer;
 };
 
 class Tvs_resave_map_lr2d : public Tvs_resave_map_lr {

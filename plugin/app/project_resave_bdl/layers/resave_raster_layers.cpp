@@ -4,28 +4,16 @@
 #include "framework/border/string_adapter.h"
 #include "framework/resources/strings.h"
 #include "host/vsk_lr.h"
-#include "layers/layer_copying.h"
 #include "layers/layer_files.h"
-#include "operations/project_context.h"
 #include "operations/run/path_files.h"
+#include "operations/run/run_state.h"
 
 namespace vs::project_resave {
 
-namespace {
-
-constexpr int32_t raster_folder_text = 401;
-constexpr int32_t tile_folder_text = 404;
-
-} // namespace
-
-wide_string Tvs_resave_rtr_lr::default_folder() { return load_string(raster_folder_text); }
+wide_string Tvs_resave_rtr_lr::default_folder() { return load_string(text::raster_folder); }
 
 bool Tvs_resave_rtr_lr::copy_files(const wide_string& source, const wide_string& target) {
-    copy_one(source, target, *context);
-    copy_overview_file(source, target, *context);
-    copy_world_files(source, target, *context);
-    copy_projection_file(source, target, *context);
-    return true;
+    return copy_raster_family(source, target, *context);
 }
 
 void Tvs_resave_rtr_lr2d::after_file_saved() { save_layer_file_2d(layer, *context); }
@@ -36,7 +24,7 @@ void Tvs_resave_tld_lr::collect_source_files(std::vector<found_file>& out) {
     append_if_exists(projection_file_name(reference), out);
 }
 
-wide_string Tvs_resave_tld_lr::default_folder() { return load_string(tile_folder_text); }
+wide_string Tvs_resave_tld_lr::default_folder() { return load_string(text::tile_folder); }
 
 bool Tvs_resave_tld_lr::copy_files(const wide_string& source, const wide_string& target) {
     return copy_file_and_projection(source, target, *context);

@@ -1,8 +1,8 @@
 #include "layers/resave_shape_layers.h"
 
-#include "core/attr_field_lines.h"
 #include "core/copying.h"
 #include "core/data_source.h"
+#include "core/structure_lines.h"
 #include "framework/border/string_adapter.h"
 #include "framework/resources/strings.h"
 #include "host/vsk_attr_data.h"
@@ -10,15 +10,12 @@
 #include "host/vsk_lr3d.h"
 #include "host/vsk_shp_lr2d.h"
 #include "layers/layer_files.h"
-#include "operations/project_context.h"
 #include "operations/run/path_files.h"
+#include "operations/run/run_state.h"
 
 namespace vs::project_resave {
 
 namespace {
-
-constexpr int32_t shape_folder_text = 400;
-constexpr uint32_t columns_heading_text = 618;
 
 void append_joined_tables(vs_attr_data* table, std::vector<found_file>& out) {
     if (!table || !vs_attr_data_is_joined(table)) return;
@@ -33,7 +30,7 @@ bool Tvs_resave_shp_lr::write_structure() {
     Tvs_resave_layer::write_structure();
     if (!write_dbf_columns()) return true;
     context->log.indent();
-    context->log.write_indented(columns_heading_text);
+    context->log.write_indented(text::shape_columns_heading);
     write_attr_fields(*context, attr_data());
     context->log.unindent();
     return false;
@@ -48,7 +45,7 @@ void Tvs_resave_shp_lr::collect_source_files(std::vector<found_file>& out) {
     append_joined_tables(vs_attr_data_safe_downcast(vs_lr_get_data_ptr(layer)), out);
 }
 
-wide_string Tvs_resave_shp_lr::default_folder() { return load_string(shape_folder_text); }
+wide_string Tvs_resave_shp_lr::default_folder() { return load_string(text::shape_folder); }
 
 bool Tvs_resave_shp_lr::copy_files(const wide_string& source, const wide_string& target) {
     return copy_shape_family(source, target, attr_data(), *context);

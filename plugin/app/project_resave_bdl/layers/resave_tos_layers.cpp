@@ -5,33 +5,31 @@
 
 #include "core/copying.h"
 #include "core/data_source.h"
-#include "core/tos_property_lines.h"
+#include "core/structure_lines.h"
 #include "framework/border/string_adapter.h"
 #include "framework/resources/strings.h"
 #include "host/vsk_lr.h"
 #include "layers/complex_model_record.h"
 #include "layers/layer_files.h"
-#include "operations/project_context.h"
 #include "operations/run/common_directory.h"
 #include "operations/run/path_files.h"
+#include "operations/run/run_state.h"
 #include "platform/path_text.h"
 
 namespace vs::project_resave {
 
 namespace {
 
-constexpr int32_t tos_folder_text = 403;
-
 // The files that a complex model refers to, in the order of the rows.
 struct model_element {
     uint32_t element; // of the record
-    int32_t lost_text;
+    text::row lost_text;
 };
 constexpr model_element model_elements[] = {
-    {9, 523},  // base of the structural map
-    {15, 524}, // cube of the depth model
-    {44, 525}, // cube of the time model
-    {39, 526}, // base of the isochrone map
+    {9, text::complex_model_structural_map},
+    {15, text::complex_model_depth_cube},
+    {44, text::complex_model_time_cube},
+    {39, text::complex_model_isochrone_map},
 };
 
 // Only layers of this kind lose their style over a save.
@@ -97,10 +95,10 @@ void Tvs_resave_tos_lr::collect_common_directory(common_directory& common) {
     Tvs_resave_layer::collect_common_directory(common);
 }
 
-wide_string Tvs_resave_tos_lr::default_folder() { return load_string(tos_folder_text); }
+wide_string Tvs_resave_tos_lr::default_folder() { return load_string(text::tos_folder); }
 
 bool Tvs_resave_tos_lr::copy_files(const wide_string& source, const wide_string& target) {
-    return copy_tos_files(source, target, caption(), *context); // the main file is one of them
+    return copy_tos_files(source, target, *context); // the main file is one of them
 }
 
 void Tvs_resave_tos_lr::after_file_saved() {
@@ -116,22 +114,21 @@ void Tvs_resave_tos_lr::after_file_saved() {
 }
 
 // The path to be written into the record; empty for a file that is lost or finds no place.
-wide_string Tvs_resave_tos_lr::place_model_file(const wide_string& source, int32_t lost_text) {
+wide_string Tvs_resave_tos_lr::place_model_file(const wide_string& source, text::row lost_text) {
     if (!path_exists(source)) {
-        record_lost_source(source, caption() + u". " + load_string(lost_text), context->log, context->report);
+        record_lost_source(*context, source, caption() + u". " + load_string(lost_text));
         skip_progress(); // a step that nobody counted
         return wide_string();
     }
     path_placement& placement = context->placement;
     wide_string target = placement.lookup_placed(source);
     if (target.empty()) {
-        placement.set_type_folder(default_folder());
+        const type_folder_scope type(placement, default_folder());
         target = placement.new_path(source);
         if (target.empty())
             context->log.new_name_failed(target);
         else
-            copy_tos_files(source, target, caption(), *context);
-        placement.set_type_folder(u"files");
+            copy_tos_files(source, target, *context);
     }
     if (target.empty()) return target;
     // The reference as the layer holds it: a marked one is no folder to start from, and the path stays whole.

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "framework/border/host_owned.h"
+#include "framework/resources/text_rows.h"
 #include "host/vsk_styles.h"
 #include "layers/resave_layer.h"
 
@@ -32,7 +33,7 @@ private:
     };
 
     void read_model_files();
-    wide_string place_model_file(const wide_string& source, int32_t lost_text);
+    wide_string place_model_file(const wide_string& source, text::row lost_text);
 
     host_owned<vs_stl_mngr, &vs_stl_mngr_destroy> saved_style; // both from before_save to after_save
     host_owned<vs_stl_mngr_list, &vs_stl_mngr_list_destroy> saved_style_list;

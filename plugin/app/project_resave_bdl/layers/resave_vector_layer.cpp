@@ -1,19 +1,13 @@
 #include "layers/resave_vector_layer.h"
 
+#include "core/copying.h"
 #include "framework/border/string_adapter.h"
 #include "framework/resources/strings.h"
 #include "host/vsk_lr2d.h"
-#include "layers/layer_copying.h"
-#include "operations/project_context.h"
+#include "operations/run/run_state.h"
 #include "platform/system.h"
 
 namespace vs::project_resave {
-
-namespace {
-
-constexpr int32_t vector_folder_text = 408;
-
-} // namespace
 
 Tvs_resave_vector_lr2d::kind Tvs_resave_vector_lr2d::kind_of(const wide_string& reference) {
     if (reference.starts_with(u'*')) return source_link;
@@ -21,7 +15,7 @@ Tvs_resave_vector_lr2d::kind Tvs_resave_vector_lr2d::kind_of(const wide_string& 
     return is_folder ? source_folder : source_file;
 }
 
-Tvs_resave_vector_lr2d::Tvs_resave_vector_lr2d(vs_lr* handle, project_context& run)
+Tvs_resave_vector_lr2d::Tvs_resave_vector_lr2d(vs_lr* handle, run_state& run)
     : Tvs_resave_layer(handle, run), source_kind(kind_of(host_string(&vs_lr2d_get_wfilename, handle))) {}
 
 void Tvs_resave_vector_lr2d::collect_common_directory(common_directory& common) {
@@ -36,7 +30,7 @@ void Tvs_resave_vector_lr2d::set_new_path(const wide_string& path) {
     if (source_kind != source_link) Tvs_resave_layer::set_new_path(path);
 }
 
-wide_string Tvs_resave_vector_lr2d::default_folder() { return load_string(vector_folder_text); }
+wide_string Tvs_resave_vector_lr2d::default_folder() { return load_string(text::vector_folder); }
 
 bool Tvs_resave_vector_lr2d::copy_files(const wide_string& source, const wide_string& target) {
     switch (source_kind) {

@@ -9,7 +9,7 @@ namespace vs::project_resave {
 class Tvs_resave_vector_lr2d : public Tvs_resave_layer {
 public:
     // Looks at the disk once, for the kind of the layer's reference.
-    Tvs_resave_vector_lr2d(vs_lr* handle, project_context& run);
+    Tvs_resave_vector_lr2d(vs_lr* handle, run_state& run);
 
     void collect_common_directory(common_directory& common) override;
     // Empty for a link, so that a save leaves its reference alone.

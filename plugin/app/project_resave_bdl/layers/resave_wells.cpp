@@ -1,22 +1,16 @@
 #include "layers/resave_wells.h"
 
 #include "core/copying.h"
-#include "core/structure_line.h"
+#include "core/structure_lines.h"
 #include "framework/border/string_adapter.h"
 #include "framework/resources/strings.h"
 #include "host/vsk_lr.h"
 #include "layers/layer_files.h"
-#include "operations/project_context.h"
 #include "operations/run/path_files.h"
+#include "operations/run/run_state.h"
 #include "platform/path_text.h"
 
 namespace vs::project_resave {
-
-namespace {
-
-constexpr int32_t well_folder_text = 405;
-
-} // namespace
 
 bool Tvs_resave_well::write_structure() {
     context->log.write_indented(with_path(*context, well_caption(), source_path()));
@@ -30,7 +24,7 @@ void Tvs_resave_well::collect_source_files(std::vector<found_file>& out) {
     append_if_exists(path_replace_extension(source, u""), out);
 }
 
-wide_string Tvs_resave_well::default_folder() { return load_string(well_folder_text); }
+wide_string Tvs_resave_well::default_folder() { return load_string(text::well_folder); }
 
 bool Tvs_resave_well::copy_files(const wide_string& source, const wide_string& target) {
     return copy_file_and_folder(source, target, *context);
@@ -42,6 +36,11 @@ bool Tvs_resave_well_lr::do_save() {
     if (context->options.structure_variant != folder_per_scene) return Tvs_resave_well::do_save();
     skip_progress();
     return true;
+}
+
+void Tvs_resave_well_lr::collect_common_directory(common_directory& common) {
+    if (context->options.structure_variant != folder_per_scene)
+        Tvs_resave_well::collect_common_directory(common);
 }
 
 wide_string Tvs_resave_well_lr::source_path() { return host_string(&vs_lr_get_wfilename, layer); }

@@ -23,11 +23,13 @@ public:
 class Tvs_resave_well_lr : public Tvs_resave_well {
 public:
     // The layer is the scene's.
-    Tvs_resave_well_lr(vs_lr* handle, project_context& run) : Tvs_resave_well(run), layer(handle) {}
+    Tvs_resave_well_lr(vs_lr* handle, run_state& run) : Tvs_resave_well(run), layer(handle) {}
 
     vs_entity* entity() override;
-    // With a folder for each scene nothing is saved: the layer goes on naming the old file.
+    // With a folder for each scene nothing is saved: the layer keeps naming the old file, which therefore
+    // does not count in the common directory either.
     bool do_save() override;
+    void collect_common_directory(common_directory& common) override;
     wide_string source_path() override;
     void set_new_path(const wide_string& path) override;
     wide_string well_caption() override;

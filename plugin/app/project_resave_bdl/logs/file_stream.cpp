@@ -11,7 +11,7 @@ constexpr size_t longest_piece = 0x40000000;
 
 } // namespace
 
-bool file_stream::open(const wide_string& path, wide_view mode) {
+platform::outcome file_stream::open(const wide_string& path, wide_view mode) {
     close();
     platform::system& files = platform::current_system();
     const bool appends = mode.find(u'a') != wide_view::npos;
@@ -19,41 +19,48 @@ bool file_stream::open(const wide_string& path, wide_view mode) {
     const bool writes = appends || creates || mode.find(u'+') != wide_view::npos;
     const auto wanted = writes ? platform::access::read_write : platform::access::read;
     const auto how = creates ? platform::disposition::create_always : platform::disposition::open_existing;
+    platform::outcome opened;
     for (int i = 0; i < open_tries; ++i) {
-        const platform::open_result result = files.open(path, wanted, how, handle);
-        if (result == platform::open_result::opened) {
-            if (appends) {
-                eof_seen = false;
-                handle->seek_end();
-            }
-            return true;
+        opened = files.open(path, wanted, how, handle);
+        if (opened && appends) {
+            eof_seen = false;
+            return handle->seek_end();
         }
-        if (result != platform::open_result::sharing_violation) return false;
+        if (!opened.is(platform::failure::in_use)) break;
         files.pause_1ms();
     }
-    return false;
+    return opened;
 }
 
-bool file_stream::write(wide_view text) {
-    if (!handle) return false;
+platform::outcome file_stream::write(wide_view text) {
+    if (!handle) return platform::failure::missing;
     const std::string bytes = to_narrow(text, encoding);
     for (size_t written = 0; written < bytes.size();) {
         const size_t piece = std::min(bytes.size() - written, longest_piece);
-        if (handle->write(bytes.data() + written, piece) != piece) return false;
+        if (const platform::outcome went = handle->write(bytes.data() + written, piece); !went) return went;
         written += piece;
     }
-    return true;
+    return {};
 }
 
-bool file_stream::write_line(wide_view text) { return write(text) && write(line_end); }
+platform::outcome file_stream::write_line(wide_view text) {
+    const platform::outcome written = write(text);
+    return written ? write(line_end) : written;
+}
 
-void file_stream::close() { handle.reset(); }
+platform::outcome file_stream::close() {
+    const std::unique_ptr<platform::file> closing = std::move(handle);
+    return closing ? closing->close() : platform::outcome();
+}
 
-bool append_text(const wide_string& file_name, const wide_string& text, bool end_line) {
+platform::outcome append_text(const wide_string& file_name, const wide_string& text, bool end_line) {
     file_stream stream;
-    if (!stream.open(file_name, u"a")) return false;
+    const platform::outcome opened = stream.open(file_name, u"a");
+    if (!opened) return opened;
     const wide_view shown(text.c_str());
-    return end_line ? stream.write_line(shown) : stream.write(shown);
+    const platform::outcome written = end_line ? stream.write_line(shown) : stream.write(shown);
+    const platform::outcome closed = stream.close();
+    return written ? closed : written;
 }
 
 } // namespace vs::project_resave

@@ -15,12 +15,12 @@ class file_stream {
 public:
     // "r" reads, "w" creates or empties, "a" appends to a file that exists; "+" asks for both directions. A
     // file that somebody else holds is tried again for about 20 ms. Closes what was open.
-    bool open(const wide_string& path, wide_view mode);
-    // False if not all of it went out, as always while nothing is open.
-    bool write(wide_view text);
+    platform::outcome open(const wide_string& path, wide_view mode);
+    // Fails if not all of it went out, and always while nothing is open.
+    platform::outcome write(wide_view text);
     // The text and a line end.
-    bool write_line(wide_view text);
-    void close();
+    platform::outcome write_line(wide_view text);
+    platform::outcome close();
 
 private:
     std::unique_ptr<platform::file> handle; // null when closed
@@ -30,7 +30,7 @@ private:
 };
 
 // Opens a file that exists, appends the text up to its first zero character, and closes the file: when it
-// returns, the text stands in the file or, if it answers false, is lost in whole or in part.
-bool append_text(const wide_string& file_name, const wide_string& text, bool end_line);
+// returns, the text is in the file or, on failure, is lost in whole or in part.
+platform::outcome append_text(const wide_string& file_name, const wide_string& text, bool end_line);
 
 } // namespace vs::project_resave

@@ -5,11 +5,10 @@
 #include <initializer_list>
 #include <vector>
 
+#include "platform/outcome.h"
 #include "platform/wide_string.h"
 
 namespace vs::project_resave {
-
-class project_context;
 
 // Each line opens the file, appends, and closes it, so it stands in the file when the call returns, and a log
 // that cannot be written stops nothing. Lines end with CR LF, in UTF-8 without a mark in front; a text ends
@@ -19,8 +18,8 @@ class project_context;
 // that was open in an earlier run goes on receiving lines.
 class log_file {
 public:
-    // `options.indent_unit` is read through `owner`, which must outlive this object.
-    explicit log_file(project_context* owner) : context(owner) {}
+    // `indent_unit` is read at each indented line; it must outlive this object.
+    explicit log_file(const wide_string* indent_unit) : indent_unit_(indent_unit) {}
     log_file(const log_file&) = delete;
     log_file& operator=(const log_file&) = delete;
     virtual ~log_file() = default;
@@ -29,10 +28,12 @@ public:
     // `enable` does nothing and answers false.
     virtual bool open(const wide_string& name, bool enable);
     virtual void close();
-    // Whether a line did not reach the file since it was opened, or not even that could be done.
-    bool has_lost_lines() const { return lost_lines; }
+    // The first failure since the file was opened, by which lines did not reach it; success if all did.
+    const platform::outcome& failure() const { return failure_; }
+    // Where the lines go; empty until the log is opened for the first time.
+    const wide_string& path() const { return file_name; }
     // One line: the text of this number, a narrow text of the host, a wide text. The result is always false.
-    virtual bool write(uint32_t string_id);
+    virtual bool write(int32_t row);
     virtual bool write(const char* text);
     virtual bool write(const wide_string& text);
 
@@ -59,7 +60,7 @@ public:
     virtual uint32_t unindent();
     virtual bool write_at(const wide_string& text, uint32_t at_depth);
     // At the present depth. Only these lines are indented.
-    virtual void write_indented(uint32_t string_id);
+    virtual void write_indented(int32_t row);
     virtual void write_indented(const wide_string& text);
 
     virtual void clear_unprocessed_types();
@@ -67,9 +68,9 @@ public:
     virtual void dump_unprocessed_types();
 
 protected:
-    project_context* context;
-    wide_string file_name; // empty until the log is opened for the first time
-    bool lost_lines = false;
+    const wide_string* const indent_unit_;
+    wide_string file_name;
+    platform::outcome failure_;
     uint32_t depth = 0;
     std::vector<wide_string> unprocessed_types;
 

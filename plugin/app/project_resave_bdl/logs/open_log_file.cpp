@@ -5,22 +5,15 @@
 
 namespace vs::project_resave {
 
-namespace {
-
-constexpr int32_t load_begin_text = 641;
-constexpr int32_t load_end_text = 642;
-
-} // namespace
-
 void open_log_file::set_open_log_path(const wide_string& project_path, bool enable) {
     // The suffix first: once the extension is off, a dot in the project's name would begin one.
     path = path_replace_extension(path_add_to_stem(project_path, u"_last_resave_open_log"), u".txt");
     enabled = enable;
 }
 
-void open_log_file::write_load_begin() { write_only_line(load_string(load_begin_text)); }
+void open_log_file::write_load_begin() { write_only_line(load_string(text::load_begin)); }
 
-void open_log_file::write_load_end() { write_only_line(load_string(load_end_text)); }
+void open_log_file::write_load_end() { write_only_line(load_string(text::load_end)); }
 
 void open_log_file::enter(const wide_string& text) {
     if (!enabled) return;

@@ -10,9 +10,7 @@ void project_struct_writer::unindent() {
     if (depth > 0) --depth;
 }
 
-void project_struct_writer::write_line(uint32_t string_id) {
-    write_line(load_string(static_cast<int32_t>(string_id)), depth);
-}
+void project_struct_writer::write_line(int32_t row) { write_line(load_string(row), depth); }
 
 void project_struct_writer::write_line(const wide_string& text, uint32_t at_depth) {
     write(wide_string(size_t{indent_width} * at_depth, u' ') + text, true);

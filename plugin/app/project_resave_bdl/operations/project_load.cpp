@@ -37,12 +37,27 @@ bool is_well_collection(vs_scns_2d* collection) {
 
 } // namespace
 
-project_context::project_context(const resave_services* found) : services(found) {}
+project_context::project_context(const resave_services* found, run_questions& asked)
+    : run_state(asked), services(found) {
+    claims = &entity_factory_;
+    current_exception_record() = this;
+}
 
 project_context::~project_context() {
     release_project();
     clear_tree();
     project_changed.disconnect_all();
+    if (current_exception_record() == this) current_exception_record() = nullptr;
+}
+
+void project_context::record(const char* where, const char* what) noexcept {
+    try {
+        const wide_string place = host_text(where), reason = host_text(what);
+        report.add_exception(place, reason);
+        log.write(u"Exception in " + place + u": " + reason);
+    } catch (const std::exception&) { // there is no memory left even for that
+        report.incomplete = true;
+    }
 }
 
 void project_context::release_project() {
@@ -53,7 +68,7 @@ void project_context::release_project() {
 void project_context::clear_tree() {
     tree.clear();
     units.clear();
-    types_of_tree.clear();
+    facts_of_tree.clear();
 }
 
 void project_context::close_project() {
@@ -67,11 +82,11 @@ void project_context::close_project() {
 
 bool project_context::load_project(const wide_string& wanted, bool show_wait, bool write_open_log) {
     const wide_string path = wanted; // may be a text of ours that the load resets
-    const wait_window wait(show_wait ? vs_wait_wcreate(load_string(358).c_str()) : nullptr);
+    const wait_window wait(show_wait ? vs_wait_wcreate(load_string(text::project_opens).c_str()) : nullptr);
     selection.clear();
     sizes.clear();
     log.clear_unprocessed_types();
-    report.unprocessed_types.clear();
+    report.drop(fact_kind::type_not_resaved);
     release_project();
     clear_tree();
     project = vs_prj_create();
@@ -81,12 +96,13 @@ bool project_context::load_project(const wide_string& wanted, bool show_wait, bo
         loaded = read_project(reader.get(), path, write_open_log);
         if (loaded) build_tree(path);
     } catch (...) { // out of memory
+        record_caught("load");
         while (open_log.unindent() > 0) {
         }
         loaded = false;
     }
     if (!loaded) { // nothing stays half loaded
-        show_error(500);
+        progress.questions->show_error(text::failed_to_load_project);
         release_project();
         clear_tree();
         sizes.clear();
@@ -122,7 +138,7 @@ void project_context::build_tree(const wide_string& path) {
     // Last of all: every unit before may still refer to a table.
     add_root(std::make_unique<Tvs_resave_attrs_data>(vs_prj_get_attrs_data_ptr(project), *this));
     count_units();
-    types_of_tree = report.unprocessed_types;
+    facts_of_tree = report.of_kind(fact_kind::type_not_resaved);
     log.close();
 }
 

@@ -3,6 +3,7 @@
 
 #include <string_view>
 
+#include "core/joined_tables.h"
 #include "framework/border/encoding.h"
 #include "framework/border/host_owned.h"
 #include "framework/resources/strings.h"
@@ -29,10 +30,10 @@ bool is_scene_collection(vs_entity* entity) {
 
 } // namespace
 
-bool project_context::resave_project(const resave_settings& settings) {
+run_result project_context::resave_project(const resave_settings& settings) {
     if (!project) {
-        show_error(501);
-        return false;
+        progress.questions->show_error(text::project_loaded_incorrectly);
+        return {};
     }
     try {
         begin_run(settings);
@@ -40,35 +41,38 @@ bool project_context::resave_project(const resave_settings& settings) {
         find_common_directory();
         placement.register_placed(wide_string(), placement.log_path);
         log.dump_unprocessed_types();
-        log.write(631);
+        log.write(text::log_project_loaded);
         if (!progress.is_stopped()) save_tree();
-        deferred_joins_.run(); // after a stop, too
+        put_joins_back(*this); // after a stop, too
         if (!progress.is_stopped()) save_project();
         log.close();
         release_project();
         end_run();
     } catch (...) {
-        abandon_run();
+        record_caught("resave");
+        end_broken_run();
     }
-    return true;
+    run_result result{report.stopped ? run_end::stopped : run_end::done, report.saved, {}};
+    for (const fact& each : report.facts())
+        if (!report.saved && each.kind == fact_kind::exception_caught) result.failure = each.reason;
+    return result;
 }
 
 void project_context::begin_run(const resave_settings& settings) {
-    report.reset();
-    report.unprocessed_types = types_of_tree;
+    report.restart(facts_of_tree);
     options.reset();
     options.assign(settings);
     placement.set_output(*settings.output_path);
     log.open(placement.log_path, settings.write_log);
     progress.start(total_units);
-    progress.set_caption(356);
+    progress.set_caption(text::saving_project_file);
     progress.show();
 }
 
 // Rounds in which each unit may add what it refers to, until none adds anything. The last round marks the
 // report even if it was clean.
 void project_context::correct_selection() {
-    log.write(643);
+    log.write(text::correction_begin);
     for (uint32_t round = 1; round <= last_round; ++round) {
         bool clean = true;
         bool stopped = false;
@@ -77,50 +81,50 @@ void project_context::correct_selection() {
             if (!root->correct_selection()) clean = false;
         }
         if (stopped) break;
-        if (round == last_round) report.depth_exceeded = true;
+        if (round == last_round) report.add(fact_kind::selection_not_settled, {});
         if (clean) break;
     }
-    log.write(644);
+    log.write(text::correction_end);
 }
 
 void project_context::find_common_directory() {
-    log.write(645);
+    log.write(text::common_folder_begin);
     if (options.consider_project_file) placement.common.add_path(placement.source_project_path);
     for (const auto& root : tree) {
         if (progress.is_stopped()) break;
         root->collect_common_directory(placement.common);
     }
-    log.write(646);
+    log.write(text::common_folder_end);
 }
 
 // With a folder for each scene the new project holds its scenes alone: every other container is emptied, and
 // roots that are no container are passed over.
 void project_context::save_tree() {
     for (const auto& root : tree) {
-        if (options.structure_variant != folder_per_scene) {
+        const current_element saved(report, root->name_in({}));
+        vs_entity* const entity = root->entity();
+        if (options.structure_variant != folder_per_scene || (entity && is_scene_collection(entity)))
             root->save();
-        } else if (vs_entity* entity = root->entity()) {
-            if (is_scene_collection(entity))
-                root->save();
-            else if (vs_entities* container = vs_entities_safe_downcast(entity))
-                vs_entities_clear(container);
-        }
+        else if (vs_entities* container = entity ? vs_entities_safe_downcast(entity) : nullptr)
+            vs_entities_clear(container);
     }
 }
 
 void project_context::save_project() {
-    progress.set_caption(356);
+    progress.set_caption(text::saving_project_file);
     progress.show();
+    const wide_string& path = placement.new_project_path;
     const project_xml writer(vs_xml_save_prj_create());
-    vs_xml_data_save_prj_w(writer.get(), placement.new_project_path.c_str(), project);
-    // What stands on the disk decides, not what the writer says.
-    const bool saved = path_exists(placement.new_project_path);
-    if (saved) placement.register_placed(placement.source_project_path, placement.new_project_path);
+    const bool written = (vs_xml_data_save_prj_w(writer.get(), path.c_str(), project) & 0xFF) != 0;
+    // What exists on the disk decides, not what the writer says.
+    const bool saved = path_exists(path);
+    if (saved) placement.register_placed(placement.source_project_path, path);
+    if (!written || !saved) report.add(fact_kind::not_written, placement.source_project_path, path);
     note_project_saved(saved);
 }
 
 void project_context::note_project_saved(bool ok) {
-    log.write(ok ? 630u : 628u);
+    log.write(ok ? text::log_project_saved : text::project_file_not_saved);
     report.saved = ok;
 }
 
@@ -128,9 +132,11 @@ void project_context::note_project_saved(bool ok) {
 void project_context::end_run() {
     if (progress.is_stopped()) on_stopped();
     progress.finish();
-    report.show_final_message();
+    if (log.path() == placement.log_path && !log.failure())
+        report.add(fact_kind::not_written, {}, log.path(), log.failure().text());
+    progress.questions->show_report(report);
     options.structure_variant = by_type; // a tree that is built anew has all its units
-    if (ask_yes_no(528)) {
+    if (progress.questions->reopen_source()) {
         load_project(placement.source_project_path, true, false);
         return;
     }
@@ -144,36 +150,36 @@ void project_context::forget_project() {
     project_changed.fire();
 }
 
-// A run that broke off never leaves its half-changed project loaded.
-void project_context::abandon_run() {
+// A run that broke off never leaves its half-changed project loaded. If it broke off after the save, the new
+// project exists, and the user is told so.
+void project_context::end_broken_run() {
     progress.finish();
-    report.saved = false;
     options.structure_variant = by_type;
-    placement.set_type_folder(u"files");
     placement.clear_scene();
     deferred_joins_.pending.clear();
     log.close();
     release_project();
     forget_project();
-    show_error(509);
+    progress.questions->show_report(report);
 }
 
 void project_context::on_stopped() {
-    const wait_window wait(vs_wait_wcreate(load_string(360).c_str()));
-    log.write(633);
+    const wait_window wait(vs_wait_wcreate(load_string(text::wait_for_end).c_str()));
+    log.write(text::operation_interrupted);
     report.stopped = true;
     if (!progress.erase_created) return;
     release_project();
     clear_tree();
-    for (const placed_file& file : placement.placed)
-        if (file.old_path != file.new_path) remove_tree(file.new_path);
-    for (const wide_string& folder : placement.created_folders) remove_tree(folder);
-    const auto note_if_there = [&](const wide_string& path) {
-        if (path_exists(path)) report.not_erased.push_back(path);
+    std::vector<std::pair<wide_string, platform::outcome>> kept;
+    const auto erase = [&](const wide_string& path) {
+        if (const platform::outcome removed = remove_tree(path); !removed) kept.emplace_back(path, removed);
     };
     for (const placed_file& file : placement.placed)
-        if (file.old_path != file.new_path) note_if_there(file.new_path);
-    for (const wide_string& folder : placement.created_folders) note_if_there(folder);
+        if (file.old_path != file.new_path) erase(file.new_path);
+    for (const wide_string& folder : placement.created_folders) erase(folder);
+    // What could not be removed at first may have gone with its folder, or may never have existed.
+    for (const auto& [path, why] : kept)
+        if (path_exists(path)) report.add(fact_kind::not_erased, {}, path, why.text());
 }
 
 bool project_context::stop_and_reload() {

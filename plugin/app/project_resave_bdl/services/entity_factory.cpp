@@ -6,14 +6,14 @@
 #include "layers/resave_grid_layers.h"
 #include "services/resave_entity_plugin.h"
 #include "services/resave_graphics_layer.h"
-#include "services/told_count.h"
+#include "services/service_answers.h"
 
 namespace vs::project_resave {
 
 namespace {
 
 template <class Unit>
-std::unique_ptr<Tvs_resave_unit> make_layer_unit(project_context& context, vs_entity* entity) {
+std::unique_ptr<Tvs_resave_unit> make_layer_unit(run_state& context, vs_entity* entity) {
     vs_lr* layer = vs_lr_safe_downcast(entity);
     return layer ? std::make_unique<Unit>(layer, context) : nullptr;
 }
@@ -29,12 +29,11 @@ std::string meta_id_of(const resave_entity_service& service, uint32_t index) {
 
 } // namespace
 
-std::unique_ptr<Tvs_resave_unit> factory_grid_cutline_lr2d::make(project_context& context,
-                                                                 vs_entity* entity) {
+std::unique_ptr<Tvs_resave_unit> factory_grid_cutline_lr2d::make(run_state& context, vs_entity* entity) {
     return make_layer_unit<Tvs_resave_grid_cutline>(context, entity);
 }
 
-std::unique_ptr<Tvs_resave_unit> factory_graphics_layer::make(project_context& context, vs_entity* entity) {
+std::unique_ptr<Tvs_resave_unit> factory_graphics_layer::make(run_state& context, vs_entity* entity) {
     return make_layer_unit<resave_graphics_layer>(context, entity);
 }
 
@@ -46,7 +45,7 @@ bool factory_entity_service::accepts(vs_entity* entity) {
     return call<&resave_entity_service_impl::accepts>(service->get(), entity);
 }
 
-std::unique_ptr<Tvs_resave_unit> factory_entity_service::make(project_context& context, vs_entity* entity) {
+std::unique_ptr<Tvs_resave_unit> factory_entity_service::make(run_state& context, vs_entity* entity) {
     return std::make_unique<resave_entity_plugin>(context, entity, *service);
 }
 
@@ -60,7 +59,7 @@ void entity_factory::build_table() {
     insert("graph_lr2d", std::make_unique<factory_graphics_layer>());
     for (const ref<resave_entity_service_impl>& service : services) {
         const uint32_t count =
-            told_count<&resave_entity_service_impl::meta_id_count>(service.get()).value_or(0);
+            count_from<&resave_entity_service_impl::meta_id_count>(service.get()).value_or(0);
         for (uint32_t index = 0; index < count; ++index) {
             const std::string meta_id = meta_id_of(service.get(), index);
             if (!meta_id.empty()) insert(meta_id, std::make_unique<factory_entity_service>(&service));
@@ -69,7 +68,7 @@ void entity_factory::build_table() {
     initialised = true;
 }
 
-std::unique_ptr<Tvs_resave_unit> entity_factory::make(project_context& context, vs_entity* entity) {
+std::unique_ptr<Tvs_resave_unit> entity_factory::make(run_state& context, vs_entity* entity) {
     if (!initialised) build_table();
     const char* meta_id = vs_entity_get_meta_id(entity);
     const auto row = by_meta_id.find(meta_id ? meta_id : "");

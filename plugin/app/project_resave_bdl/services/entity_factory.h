@@ -18,25 +18,22 @@ class factory_obj {
 public:
     virtual ~factory_obj() = default;
     // Of the factories of one meta identifier the one with the lowest is asked first.
-    virtual int32_t priority() { return priority_; }
+    virtual int32_t priority() { return 0; }
     // A finer look at the element; false passes it on to the next factory.
     virtual bool accepts(vs_entity* /*entity*/) { return true; }
-    virtual std::unique_ptr<Tvs_resave_unit> make(project_context& context, vs_entity* entity) = 0;
-
-private:
-    int32_t priority_ = 0;
+    virtual std::unique_ptr<Tvs_resave_unit> make(run_state& context, vs_entity* entity) = 0;
 };
 
 // A layer on a grid cut along a line.
 class factory_grid_cutline_lr2d : public factory_obj {
 public:
-    std::unique_ptr<Tvs_resave_unit> make(project_context& context, vs_entity* entity) override;
+    std::unique_ptr<Tvs_resave_unit> make(run_state& context, vs_entity* entity) override;
 };
 
 // A layer of drawn graphics.
 class factory_graphics_layer : public factory_obj {
 public:
-    std::unique_ptr<Tvs_resave_unit> make(project_context& context, vs_entity* entity) override;
+    std::unique_ptr<Tvs_resave_unit> make(run_state& context, vs_entity* entity) override;
 };
 
 // A kind of element that another bundle claims.
@@ -47,13 +44,13 @@ public:
 
     int32_t priority() override;
     bool accepts(vs_entity* entity) override;
-    std::unique_ptr<Tvs_resave_unit> make(project_context& context, vs_entity* entity) override;
+    std::unique_ptr<Tvs_resave_unit> make(run_state& context, vs_entity* entity) override;
 
 private:
     const ref<resave_entity_service_impl>* service;
 };
 
-class entity_factory {
+class entity_factory final : public claimed_units {
 public:
     // Collects the services that run now; those that come later are not seen.
     entity_factory() { collect_resave_entity_services(services); }
@@ -62,7 +59,7 @@ public:
 
     // The unit of the first factory that accepts the element; null if none does. It is not built yet, and the
     // caller places it.
-    std::unique_ptr<Tvs_resave_unit> make(project_context& context, vs_entity* entity);
+    std::unique_ptr<Tvs_resave_unit> make(run_state& context, vs_entity* entity) override;
 
 private:
     void build_table();

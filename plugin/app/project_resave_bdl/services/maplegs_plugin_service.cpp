@@ -12,8 +12,12 @@ void maplegs_plugin_service::set_project(vs_prj* project) {
 }
 
 void maplegs_plugin_service::caption(string_visitor visitor) { tell(visitor, u"mapleg_plugin"); }
-void maplegs_plugin_service::progress_caption(string_visitor visitor) { tell(visitor, load_string(700)); }
-void maplegs_plugin_service::tree_caption(string_visitor visitor) { tell(visitor, load_string(701)); }
+void maplegs_plugin_service::progress_caption(string_visitor visitor) {
+    tell(visitor, load_string(text::map_legend_resave));
+}
+void maplegs_plugin_service::tree_caption(string_visitor visitor) {
+    tell(visitor, load_string(text::map_legend));
+}
 
 uint32_t maplegs_plugin_service::item_count() { return legends ? vs_maplegs_get_size(legends) : 0; }
 

@@ -5,8 +5,8 @@
 #include "core/copying.h"
 #include "core/data_source.h"
 #include "core/entity_uuid.h"
-#include "core/referenced_unit.h"
-#include "core/structure_line.h"
+#include "core/resave_unit.h"
+#include "core/structure_lines.h"
 #include "framework/border/encoding.h"
 #include "host/vsk_entity.h"
 #include "host/vsk_lr.h"
@@ -14,21 +14,18 @@
 #include "host/vsk_lr3d.h"
 #include "host/vsk_scn_2d.h"
 #include "host/vsk_scn_3d.h"
-#include "host/vsk_xml_save_2d.h"
-#include "host/vsk_xml_save_3d.h"
 #include "layers/layer_files.h"
-#include "operations/project_context.h"
 #include "operations/run/path_files.h"
+#include "operations/run/run_state.h"
 #include "platform/path_text.h"
-#include "services/told_count.h"
-#include "services/wide_string_list.h"
+#include "services/service_answers.h"
 
 namespace vs::project_resave {
 
 namespace {
 
-using xml_2d = host_owned<vs_xml_save_2d, &vs_xml_save_2d_destroy>;
-using xml_3d = host_owned<vs_xml_save_3d, &vs_xml_save_3d_destroy>;
+const platform::outcome refused_by_service =
+    platform::outcome::because(u"the bundle that owns the element did not copy it");
 
 } // namespace
 
@@ -46,7 +43,7 @@ uint32_t resave_entity_plugin::believed(const std::optional<uint32_t>& count) {
 void resave_entity_plugin::collect_references() {
     references.clear();
     const uint32_t count =
-        believed(told_count<&resave_entity_service_impl::reference_count>(service.get(), entity_));
+        believed(count_from<&resave_entity_service_impl::reference_count>(service.get(), entity_));
     for (uint32_t index = 0; index < count; ++index) {
         owned_uuid uuid(vs_uuid_create());
         call<&resave_entity_service_impl::reference_uuid>(service.get(), entity_, index, uuid.get());
@@ -57,7 +54,7 @@ void resave_entity_plugin::collect_references() {
 void resave_entity_plugin::collect_rows() {
     files.clear();
     const uint32_t count =
-        believed(told_count<&resave_entity_service_impl::file_count>(service.get(), entity_));
+        believed(count_from<&resave_entity_service_impl::file_count>(service.get(), entity_));
     for (uint32_t index = 0; index < count; ++index) {
         file_row& row = files.emplace_back();
         stdwstring_visitor source(row.source), folder(row.folder);
@@ -100,7 +97,7 @@ bool resave_entity_plugin::correct_selection() {
 }
 
 bool resave_entity_plugin::do_save() {
-    if (has_miscounted) record_copy_failure(caption(), context->log, context->report);
+    if (has_miscounted) record_copy_failure(*context, {{}, {}, impossible_count}, caption());
     uint32_t found = 0;
     for (uint32_t index = 0; index < files.size(); ++index)
         if (save_row(index)) ++found;
@@ -115,7 +112,7 @@ bool resave_entity_plugin::save_row(uint32_t index) {
     const wide_string& source = files[index].source;
     if (source.empty()) return false;
     if (!path_exists(source)) {
-        record_lost_source(source, caption(), context->log, context->report);
+        record_lost_source(*context, source, caption());
         return false;
     }
     wide_string target = context->placement.lookup_placed(source);
@@ -125,13 +122,12 @@ bool resave_entity_plugin::save_row(uint32_t index) {
 }
 
 wide_string resave_entity_plugin::place_and_copy_row(uint32_t index) {
-    context->placement.set_type_folder(files[index].folder);
+    const type_folder_scope type(context->placement, files[index].folder);
     wide_string target = context->placement.new_path(files[index].source);
     if (target.empty())
         context->log.new_name_failed(target);
     else
         copy_row(index, target);
-    context->placement.set_type_folder(u"files");
     return target;
 }
 
@@ -150,27 +146,22 @@ void resave_entity_plugin::copy_row(uint32_t index, const wide_string& target) {
         else
             remove_tree(targets[row]);
     }
-    if (!copied) record_copy_failure(source, context->log, context->report);
+    if (!copied) record_copy_failure(*context, {source, target, refused_by_service});
 }
 
 // Beside the new project, also where each scene has a folder of its own.
-wide_string resave_entity_plugin::place_own_file(wide_view extension) {
-    wide_string path =
-        caption_file_path(path_head(context->placement.new_project_path), caption(), extension);
-    context->placement.register_placed(wide_string(), path);
-    return path;
+wide_string resave_entity_plugin::own_file(wide_view extension) {
+    return caption_file_path(path_head(context->placement.new_project_path), caption(), extension);
 }
 
 void resave_entity_plugin::save_own_file() {
     if (context->options.save_scene_files) save_own_scene();
     vs_lr* layer = context->options.save_layer_files ? vs_lr_safe_downcast(entity_) : nullptr;
     if (vs_lr2d_safe_downcast(layer)) {
-        const xml_2d writer(vs_xml_save_2d_create());
-        vs_xml_data_save_lr2d_w(writer.get(), place_own_file(u"._lr").c_str(), layer);
+        write_layer_file_2d(layer, own_file(layer_2d_extension), *context);
     }
     if (vs_lr3d_safe_downcast(layer)) {
-        const xml_3d writer(vs_xml_save_3d_create());
-        vs_xml_data_save_lr3d_w(writer.get(), place_own_file(u"._lrd").c_str(), layer);
+        write_layer_file_3d(layer, own_file(layer_3d_extension), *context);
     }
 }
 
@@ -178,14 +169,8 @@ void resave_entity_plugin::save_own_scene() {
     const std::string_view meta_id = narrow_or_empty(vs_entity_get_meta_id(entity_));
     vs_scn_2d* flat = meta_id == "Scene2DMetaID" ? vs_scn_2d_safe_downcast(entity_) : nullptr;
     vs_scn_3d* solid = meta_id == "Scene3DMetaID" ? vs_scn_3d_safe_downcast(entity_) : nullptr;
-    if (flat) {
-        const xml_2d writer(vs_xml_save_2d_create());
-        vs_xml_data_save_scn2d_w(writer.get(), place_own_file(u"._sn").c_str(), flat);
-    }
-    if (solid) {
-        const xml_3d writer(vs_xml_save_3d_create());
-        vs_xml_data_save_scn3d_w(writer.get(), place_own_file(u"._sc").c_str(), solid);
-    }
+    if (flat) write_scene_file_2d(flat, own_file(scene_2d_extension), *context);
+    if (solid) write_scene_file_3d(solid, own_file(scene_3d_extension), *context);
 }
 
 } // namespace vs::project_resave

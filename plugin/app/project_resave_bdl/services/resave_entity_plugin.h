@@ -16,8 +16,7 @@ namespace vs::project_resave {
 class resave_entity_plugin final : public Tvs_resave_file {
 public:
     // The element is the project's. A service whose bundle has gone is a null ref: every copy fails then.
-    resave_entity_plugin(project_context& run, vs_entity* claimed,
-                         const ref<resave_entity_service_impl>& claimant)
+    resave_entity_plugin(run_state& run, vs_entity* claimed, const ref<resave_entity_service_impl>& claimant)
         : Tvs_resave_file(run), entity_(claimed), service(claimant) {}
 
     // One line: the caption and, if wanted, each of the paths.
@@ -54,7 +53,7 @@ private:
     bool save_row(uint32_t index);
     wide_string place_and_copy_row(uint32_t index);
     void copy_row(uint32_t index, const wide_string& target);
-    wide_string place_own_file(wide_view extension);
+    wide_string own_file(wide_view extension);
     void save_own_file();
     void save_own_scene();
 

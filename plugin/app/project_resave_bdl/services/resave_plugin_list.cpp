@@ -3,15 +3,13 @@
 #include "core/copying.h"
 #include "core/entity_uuid.h"
 #include "host/vsk_basic.h"
-#include "operations/project_context.h"
 #include "operations/run/common_directory.h"
 #include "operations/run/path_files.h"
+#include "operations/run/run_state.h"
 #include "platform/path_text.h"
 #include "platform/system.h"
 #include "platform/text.h"
-#include "services/told_count.h"
-#include "services/told_text.h"
-#include "services/wide_string_list.h"
+#include "services/service_answers.h"
 
 namespace vs::project_resave {
 
@@ -26,10 +24,10 @@ std::vector<wide_string> files_of(const resave_service& service, uint32_t index)
 } // namespace
 
 uint32_t resave_plugin_list::item_count() const {
-    return told_count<&resave_service_impl::item_count>(service.get()).value_or(0);
+    return count_from<&resave_service_impl::item_count>(service.get()).value_or(0);
 }
 
-wide_string resave_plugin_list::caption() { return told_text<&resave_service_impl::caption>(service.get()); }
+wide_string resave_plugin_list::caption() { return text_from<&resave_service_impl::caption>(service.get()); }
 
 void resave_plugin_list::build() {
     call<&resave_service_impl::set_project>(service.get(), project);
@@ -58,6 +56,11 @@ bool resave_plugin_list::is_item_selected(uint32_t index) const {
     return uuid.empty() || context->selection.is_selected(uuid);
 }
 
+element_name resave_plugin_list::item_name(uint32_t index) {
+    return {uuid_to_text(call<&resave_service_impl::item_uuid>(service.get(), index)),
+            text_from<&resave_service_impl::item_caption>(service.get(), index), caption()};
+}
+
 void resave_plugin_list::set_selected(bool on) {
     const uint32_t count = item_count();
     for (uint32_t index = 0; index < count; ++index) // an empty uuid changes nothing
@@ -78,12 +81,13 @@ void resave_plugin_list::log_end() { context->log.service_end(caption()); }
 
 bool resave_plugin_list::do_save() {
     context->log.service_begin(caption());
-    context->progress.set_caption(told_text<&resave_service_impl::progress_caption>(service.get()));
-    const std::optional<uint32_t> count = told_count<&resave_service_impl::item_count>(service.get());
-    if (!count) record_copy_failure(caption(), context->log, context->report);
+    context->progress.set_caption(text_from<&resave_service_impl::progress_caption>(service.get()));
+    const std::optional<uint32_t> count = count_from<&resave_service_impl::item_count>(service.get());
+    if (!count) record_copy_failure(*context, {{}, {}, impossible_count}, caption());
     // Backwards: taking out an item must not move what is still to come.
     for (uint32_t index = count.value_or(0); index-- > 0;) {
         if (context->progress.is_stopped()) break;
+        const current_element item(context->report, item_name(index));
         if (!is_item_selected(index)) {
             call<&resave_service_impl::remove_item>(service.get(), index);
         } else if (!save_item(index) && context->options.delete_lost_sources) {
@@ -97,10 +101,10 @@ bool resave_plugin_list::do_save() {
 }
 
 bool resave_plugin_list::save_item(uint32_t index) {
-    const wide_string source = told_text<&resave_service_impl::item_source>(service.get(), index);
+    const wide_string source = text_from<&resave_service_impl::item_source>(service.get(), index);
     if (source.empty()) return true;
     if (!path_exists(source)) {
-        record_lost_source(source, caption(), context->log, context->report);
+        record_lost_source(*context, source, caption());
         return false;
     }
     wide_string target = context->placement.lookup_placed(source);
@@ -110,13 +114,13 @@ bool resave_plugin_list::save_item(uint32_t index) {
 }
 
 wide_string resave_plugin_list::place_and_copy(uint32_t index, const wide_string& source) {
-    context->placement.set_type_folder(told_text<&resave_service_impl::default_folder>(service.get()));
+    const type_folder_scope type(context->placement,
+                                 text_from<&resave_service_impl::default_folder>(service.get()));
     wide_string target = context->placement.new_path(source);
     if (target.empty())
         context->log.new_name_failed(source);
     else
         copy_item_files(index, source, target);
-    context->placement.set_type_folder(u"files");
     return target;
 }
 
@@ -128,24 +132,26 @@ void resave_plugin_list::copy_item_files(uint32_t index, const wide_string& sour
         if (context->placement.is_placed(file)) continue;
         wide_string copy = path_join(target_head, path_relative(source_head, file));
         if (context->options.lower_case) platform::lower_in_place(copy);
-        if (copy_item_file(file, copy)) {
+        if (const auto failed = copy_item_file(file, copy))
+            record_copy_failure(*context, *failed, file);
+        else
             context->placement.register_placed(file, copy);
-        } else {
-            record_copy_failure(file, context->log, context->report);
-        }
     }
 }
 
-bool resave_plugin_list::copy_item_file(const wide_string& file, const wide_string& target) {
+std::optional<failed_copy> resave_plugin_list::copy_item_file(const wide_string& file,
+                                                              const wide_string& target) {
     switch (platform::current_system().kind_of(file)) {
     case platform::entry_kind::file:
-        return platform::current_system().copy_file(file, target, false);
+        if (const auto copied = platform::current_system().copy_file(file, target, false); !copied)
+            return failed_copy{file, target, copied};
+        return std::nullopt;
     case platform::entry_kind::folder:
         return copy_folder(file, target, false, false);
     case platform::entry_kind::none:
         break;
     }
-    return false;
+    return failed_copy{file, target, platform::failure::missing};
 }
 
 } // namespace vs::project_resave

@@ -1,6 +1,9 @@
 // A root of the tree for the items of one resave service. Its items are no units: the service holds them.
 #pragma once
 
+#include <optional>
+
+#include "core/copying.h"
 #include "core/resave_unit.h"
 #include "framework/border/ref.h"
 #include "services/resave_service.h"
@@ -10,7 +13,7 @@ namespace vs::project_resave {
 class resave_plugin_list final : public Tvs_resave_unit {
 public:
     // A service whose bundle has gone is a null ref: it has no items then.
-    resave_plugin_list(project_context& run, vs_prj* loaded, const ref<resave_service_impl>& found)
+    resave_plugin_list(run_state& run, vs_prj* loaded, const ref<resave_service_impl>& found)
         : Tvs_resave_unit(run), service(found), project(loaded) {}
 
     bool write_structure() override { return true; }
@@ -34,10 +37,11 @@ public:
 private:
     uint32_t item_count() const;
     bool is_item_selected(uint32_t index) const;
+    element_name item_name(uint32_t index);
     bool save_item(uint32_t index);
     wide_string place_and_copy(uint32_t index, const wide_string& source);
     void copy_item_files(uint32_t index, const wide_string& source, const wide_string& target);
-    bool copy_item_file(const wide_string& file, const wide_string& target);
+    std::optional<failed_copy> copy_item_file(const wide_string& file, const wide_string& target);
 
     ref<resave_service_impl> service;
     vs_prj* project;

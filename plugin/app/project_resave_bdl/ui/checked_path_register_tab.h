@@ -13,8 +13,8 @@ namespace vs::project_resave {
 class checked_path_register_tab final : public toolkit::docker_base {
 public:
     checked_path_register_tab()
-        : docker_base(wide_string()), label_(load_string(151)),
-          path_(file_input_mode::text_file, load_string(152)), content_(2, 1) {
+        : docker_base(wide_string()), label_(load_string(text::structure_file_path)),
+          path_(file_input_mode::text_file, load_string(text::text_file_mask)), content_(2, 1) {
         content_.place(0, 0, label_);
         content_.place(1, 0, path_);
     }

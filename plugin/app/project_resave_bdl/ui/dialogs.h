@@ -2,14 +2,9 @@
 // host has no runner for it, nothing is shown, and it counts as cancelled.
 #pragma once
 
-#include "platform/wide_string.h"
+#include "operations/run/run_questions.h"
 
 namespace vs::project_resave {
-
-struct unique_name_answer {
-    bool accepted = false;
-    wide_string path;
-};
 
 // Asks for a new path for a copy of `source`; `proposed` exists. An accepted path is as typed, not
 // normalised, and did not exist when the dialog closed; it is empty if the user gave none.

@@ -6,6 +6,13 @@
 
 namespace vs::project_resave::detail {
 
+namespace {
+
+constexpr uint32_t mark_picture = 1000;
+constexpr uint32_t header_picture = 1007;
+
+} // namespace
+
 void entities_name_collumn::id(string_visitor visitor) {
     tell(visitor, u"vs_project_resave_select_entity_name_column");
 }
@@ -35,10 +42,12 @@ void click_mark(entities_model& model, uint32_t view, select_tree_item* item, bo
     model.fire_changed(view);
 }
 
-void entities_select_collumn::image(masked_bitmap_visitor visitor) { toolkit::tell_picture(visitor, 1000); }
+void entities_select_collumn::image(masked_bitmap_visitor visitor) {
+    toolkit::tell_picture(visitor, mark_picture);
+}
 
 void entities_select_collumn::header_image(masked_bitmap_visitor visitor) {
-    toolkit::tell_picture(visitor, 1007);
+    toolkit::tell_picture(visitor, header_picture);
 }
 
 void entities_select_collumn::click_header() {

@@ -8,8 +8,7 @@
 #include "host/vsk_prj.h"
 #include "host/vsk_scn_2d.h"
 #include "host/vsk_scn_3d.h"
-#include "services/told_count.h"
-#include "services/told_text.h"
+#include "services/service_answers.h"
 
 namespace vs::project_resave::detail {
 
@@ -73,15 +72,15 @@ void fill_scenes(select_2part_model& model, vs_entities* container, const std::v
 
 void fill_service(const resave_service& service, select_tree_node& root) {
     if (!call<&resave_service_impl::shows_in_selection>(service)) return;
-    const uint32_t count = told_count<&resave_service_impl::item_count>(service).value_or(0);
+    const uint32_t count = count_from<&resave_service_impl::item_count>(service).value_or(0);
     if (count == 0) return;
     select_tree_node* const parent =
         call<&resave_service_impl::has_own_heading>(service)
-            ? &root.add_node(told_text<&resave_service_impl::tree_caption>(service))
+            ? &root.add_node(text_from<&resave_service_impl::tree_caption>(service))
             : &root;
     for (uint32_t index = 0; index < count; ++index)
         parent->add_leaf(uuid_to_text(call<&resave_service_impl::item_uuid>(service, index)),
-                         told_text<&resave_service_impl::item_caption>(service, index), true, true, {});
+                         text_from<&resave_service_impl::item_caption>(service, index), true, true, {});
 }
 
 } // namespace

@@ -14,15 +14,18 @@
 
 namespace vs::project_resave::detail {
 
-entities_model::flat_view::flat_view(selection_register& told, int32_t caption_id)
-    : root(told, load_string(caption_id)) {}
+entities_model::flat_view::flat_view(selection_register& told, text::row caption)
+    : root(told, load_string(caption)) {}
 
 entities_model::entities_model(project_context& owner)
-    : context(owner), model_2d(owner.selection_register(), 201, u"vestra/scene/2d"),
-      model_3d(owner.selection_register(), 202, u"vestra/scene/3d"),
-      flat_views{flat_view(owner.selection_register(), 203), flat_view(owner.selection_register(), 204),
-                 flat_view(owner.selection_register(), 205), flat_view(owner.selection_register(), 212),
-                 flat_view(owner.selection_register(), 213), flat_view(owner.selection_register(), 219)} {
+    : context(owner), model_2d(owner.selection_register(), text::scenes_2d_page, u"vestra/scene/2d"),
+      model_3d(owner.selection_register(), text::scenes_3d_page, u"vestra/scene/3d"),
+      flat_views{flat_view(owner.selection_register(), text::dbf_tables_page),
+                 flat_view(owner.selection_register(), text::tos_tables_page),
+                 flat_view(owner.selection_register(), text::layouts_page),
+                 flat_view(owner.selection_register(), text::wells_page),
+                 flat_view(owner.selection_register(), text::correlations_page),
+                 flat_view(owner.selection_register(), text::others_page)} {
     enabled.fill(true);
 }
 

@@ -4,6 +4,7 @@
 #include <array>
 #include <functional>
 
+#include "framework/resources/text_rows.h"
 #include "host/types.h"
 #include "ui/select_2part_model.h"
 
@@ -67,7 +68,7 @@ public:
 private:
     static constexpr uint32_t view_count = 10;
     struct flat_view {
-        flat_view(selection_register& told, int32_t caption_id);
+        flat_view(selection_register& told, text::row caption);
         select_tree_node root;
         event changed;
     };

@@ -1,4 +1,5 @@
 #include "ui/entities_outline.h"
+#include "framework/resources/text_rows.h"
 
 namespace vs::project_resave::detail {
 
@@ -51,10 +52,14 @@ int32_t entities_outline::image_index(outline_row* row) {
 }
 
 entities_toolbar::entities_toolbar(entities_model& model, uint32_t view)
-    : select(u"vs_resave_project_select_tool", 1002, [&model, view] { model.set_all(view, true); }),
-      unselect(u"vs_resave_project_unselect_tool", 1003, [&model, view] { model.set_all(view, false); }),
-      invert(u"vs_resave_project_invert_select_tool", 1004, [&model, view] { model.invert(view); }),
-      visible(u"vs_resave_project_vis_select_tool", 1001, [&model, view] { model.reset(view); }) {
+    : select(u"vs_resave_project_select_tool", text::select_tool,
+             [&model, view] { model.set_all(view, true); }),
+      unselect(u"vs_resave_project_unselect_tool", text::unselect_tool,
+               [&model, view] { model.set_all(view, false); }),
+      invert(u"vs_resave_project_invert_select_tool", text::invert_tool,
+             [&model, view] { model.invert(view); }),
+      visible(u"vs_resave_project_vis_select_tool", text::visible_tool,
+              [&model, view] { model.reset(view); }) {
     add(select);
     add(unselect);
     if (view != views::everything) add(invert);

@@ -22,7 +22,7 @@ public:
     int32_t run(docker content) const { return call<&dialog_runner_impl::run>(runner_.get(), content); }
 
 private:
-    ref<dialog_runner_impl, true> runner_;
+    weak_ref<dialog_runner_impl> runner_;
 };
 
 template <class Tag>

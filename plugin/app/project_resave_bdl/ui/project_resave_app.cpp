@@ -1,5 +1,6 @@
 #include "ui/project_resave_app.h"
 
+#include "framework/local_factory.h"
 #include "framework/resources/strings.h"
 #include "services/collect_services.h"
 
@@ -7,18 +8,14 @@ namespace vs::project_resave {
 
 namespace {
 
-constexpr int32_t tool_title = 10;
-
 // Words of the host's own, with the codes of the buttons: one starts the operation, one closes the window.
-constexpr int32_t run_words = -101;
-constexpr int32_t close_words = -102;
 constexpr int32_t run_code = 2;
 constexpr int32_t close_code = 8;
 
 } // namespace
 
 project_resave_app::docker::docker(const resave_services* found)
-    : docker_base(load_string(tool_title)), panel(found) {}
+    : docker_base(load_string(text::tool_title)), panel(found) {}
 
 void project_resave_app::docker::query(const char* asked, const void** table, void** instance) {
     docker_base::query(asked, table, instance);
@@ -34,14 +31,14 @@ void project_resave_app::docker::set_parent(identity_pointer window) {
 }
 
 project_resave_app::project_resave_app(const bundle_context&)
-    : content(*new docker(&services)), content_held(pointer_to<docker_impl>(content)),
-      buttons({{load_string(run_words), run_code}, {load_string(close_words), close_code}},
+    : content((look_for_localizer(), *new docker(&services))), content_held(pointer_to<docker_impl>(content)),
+      buttons({{load_string(text::host_run), run_code}, {load_string(text::host_close), close_code}},
               [this] { return content.panel.run_active_tab(); }) {
     collect_resave_services(services);
 }
 
 project_resave_app::~project_resave_app() {
-    const ref<docker_impl, true> left(content_held.get());
+    const weak_ref<docker_impl> left(content_held.get());
     content_held.reset();
     if (left) content.panel.leave_services();
 }

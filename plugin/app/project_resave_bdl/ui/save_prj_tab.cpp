@@ -6,20 +6,26 @@
 
 namespace vs::project_resave {
 
-void warn_same_name() { vs_show_wwarning(load_string(527).c_str()); }
+void warn_same_name() { vs_show_wwarning(load_string(text::same_project_name).c_str()); }
 
 save_prj_tab::save_prj_tab(const wide_string& source_path, wide_string& new_path)
-    : docker_base(load_string(110)), source_path_(source_path), new_path_(new_path),
-      path_label_(load_string(111)), path_(file_input_mode::new_file, load_string(101), load_string(132)),
-      variant_buttons_{toolkit::radiobutton(variants_, load_string(118)),
-                       toolkit::radiobutton(variants_, load_string(119)),
-                       toolkit::radiobutton(variants_, load_string(120)),
-                       toolkit::radiobutton(variants_, load_string(121)),
-                       toolkit::radiobutton(variants_, load_string(133))},
-      use_project_file_(load_string(129), true), structure_box_(6, 2, load_string(117)),
-      rename_(load_string(114), true), delete_lost_(load_string(116)), scene_files_(load_string(123)),
-      layer_files_(load_string(124)), resave_log_(load_string(122)), load_log_(load_string(128)),
-      lower_case_(load_string(134)), options_box_(8, 1, load_string(112)), content_(3, 1) {
+    : docker_base(load_string(text::resave_tab)), source_path_(source_path), new_path_(new_path),
+      path_label_(load_string(text::new_project_path)),
+      path_(file_input_mode::new_file, load_string(text::project_file_mask),
+            load_string(text::choose_new_project)),
+      variant_buttons_{toolkit::radiobutton(variants_, load_string(text::folders_by_type)),
+                       toolkit::radiobutton(variants_, load_string(text::folders_from_project_file)),
+                       toolkit::radiobutton(variants_, load_string(text::folders_below_project_only)),
+                       toolkit::radiobutton(variants_, load_string(text::folders_from_common_top)),
+                       toolkit::radiobutton(variants_, load_string(text::folder_for_each_scene))},
+      use_project_file_(load_string(text::use_project_file), true),
+      structure_box_(6, 2, load_string(text::folder_options)),
+      rename_(load_string(text::rename_on_conflict), true),
+      delete_lost_(load_string(text::delete_lost_elements)),
+      scene_files_(load_string(text::save_scene_files)), layer_files_(load_string(text::save_layer_files)),
+      resave_log_(load_string(text::write_resave_log)), load_log_(load_string(text::write_load_log)),
+      lower_case_(load_string(text::lower_case_paths)), options_box_(8, 1, load_string(text::resave_options)),
+      content_(3, 1) {
     path_.set_validator([this](const wide_string& entered) { return take_path(entered); });
     variant_buttons_[by_type].set_checked(true);
     indent_.set_visible(false);
@@ -86,9 +92,9 @@ void save_prj_tab::apply_settings(const resave_settings& settings) {
     resave_log_.set_checked(settings.write_log);
 }
 
-uint32_t save_prj_tab::structure_variant() const {
+structure save_prj_tab::structure_variant() const {
     for (uint32_t variant = 0; variant < variant_buttons_.size(); ++variant)
-        if (variant_buttons_[variant].is_checked()) return variant;
+        if (variant_buttons_[variant].is_checked()) return static_cast<structure>(variant);
     return by_type;
 }
 

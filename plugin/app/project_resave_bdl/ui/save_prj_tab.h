@@ -29,7 +29,7 @@ public:
     // Leaves alone the path, the lower case, and the log of a load. A structure that there is not counts as
     // `by_type`.
     void apply_settings(const resave_settings& settings);
-    uint32_t structure_variant() const;
+    structure structure_variant() const;
     // Called after each change of a radio button: twice when the user presses one, for another goes off.
     void set_on_structure_variant_changed(std::function<void()> handler) { changed_ = std::move(handler); }
     // Whether a load writes its log.

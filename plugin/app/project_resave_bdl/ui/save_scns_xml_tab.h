@@ -1,7 +1,7 @@
 // The tab that writes scene files.
 #pragma once
 
-#include "operations/scene_files_run.h"
+#include "operations/run_settings.h"
 #include "ui/toolkit/docker_base.h"
 #include "ui/toolkit/file_input.h"
 #include "ui/toolkit/grid_layout.h"

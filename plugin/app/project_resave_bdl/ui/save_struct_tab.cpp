@@ -9,20 +9,24 @@ namespace {
 constexpr uint32_t tab_row = 1;
 
 std::vector<toolkit::dropdownex::row> indents() {
-    return {{load_string(163), u""},
-            {load_string(164), u"\t"},
-            {load_string(165), u" "},
-            {load_string(166), u"    "}};
+    return {{load_string(text::indent_none), u""},
+            {load_string(text::indent_tab), u"\t"},
+            {load_string(text::indent_space), u" "},
+            {load_string(text::indent_four_spaces), u"    "}};
 }
 
 } // namespace
 
 save_struct_tab::save_struct_tab()
-    : docker_base(load_string(150)), path_label_(load_string(151)),
-      path_(file_input_mode::text_file, load_string(152)), layer_names_(load_string(154)),
-      table_names_(load_string(155)), table_columns_(load_string(156)), layout_layers_(load_string(159)),
-      legend_content_(load_string(160)), legend_columns_(load_string(161)), file_paths_(load_string(158)),
-      indent_(load_string(162), indents()), options_box_(8, 1, load_string(153)), content_(3, 1) {
+    : docker_base(load_string(text::structure_tab)), path_label_(load_string(text::structure_file_path)),
+      path_(file_input_mode::text_file, load_string(text::text_file_mask)),
+      layer_names_(load_string(text::write_layer_names)), table_names_(load_string(text::write_table_names)),
+      table_columns_(load_string(text::write_table_columns)),
+      layout_layers_(load_string(text::write_layout_layers)),
+      legend_content_(load_string(text::write_legend_content)),
+      legend_columns_(load_string(text::write_legend_columns)),
+      file_paths_(load_string(text::write_file_paths)), indent_(load_string(text::indent_unit), indents()),
+      options_box_(8, 1, load_string(text::structure_options)), content_(3, 1) {
     indent_.set_current(tab_row);
     connect();
     lay_out();

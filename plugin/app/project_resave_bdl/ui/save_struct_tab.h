@@ -1,7 +1,7 @@
 // The tab that writes the structure of the project to a text file.
 #pragma once
 
-#include "operations/structure_run.h"
+#include "operations/run_settings.h"
 #include "ui/toolkit/checkbox.h"
 #include "ui/toolkit/docker_base.h"
 #include "ui/toolkit/dropdownex.h"

@@ -4,8 +4,8 @@
 
 namespace vs::project_resave::detail {
 
-select_2part_model::select_2part_model(selection_register& told, int32_t caption_id)
-    : selection(told), top_root(told, load_string(caption_id)) {}
+select_2part_model::select_2part_model(selection_register& told, text::row caption)
+    : selection(told), top_root(told, load_string(caption)) {}
 
 void select_2part_model::set_all(uint32_t part, bool on) {
     change_all(part, [on](select_tree_node& tree) { tree.set_checked(on); });

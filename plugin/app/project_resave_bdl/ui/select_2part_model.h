@@ -4,6 +4,7 @@
 
 #include <functional>
 
+#include "framework/resources/text_rows.h"
 #include "operations/run/event.h"
 #include "ui/layer_icons.h"
 #include "ui/select_tree.h"
@@ -18,7 +19,7 @@ class select_2part_model {
 public:
     using trees = std::unordered_map<wide_string, std::unique_ptr<select_tree_node>>;
 
-    select_2part_model(selection_register& told, int32_t caption_id);
+    select_2part_model(selection_register& told, text::row caption);
 
     // The tools. On the top part they take in all layers of all scenes. Where there is no current scene those
     // of the bottom part do nothing, and nothing is fired.
@@ -59,8 +60,8 @@ private:
 
 class select_2part_model_bottom_icon final : public select_2part_model {
 public:
-    select_2part_model_bottom_icon(selection_register& told, int32_t caption_id, wide_string scene_kind)
-        : select_2part_model(told, caption_id), icons_(std::move(scene_kind)) {}
+    select_2part_model_bottom_icon(selection_register& told, text::row caption, wide_string scene_kind)
+        : select_2part_model(told, caption), icons_(std::move(scene_kind)) {}
     layer_icons& icons() { return icons_; }
 
 private:

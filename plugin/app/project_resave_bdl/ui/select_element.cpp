@@ -13,8 +13,6 @@ using detail::table_tab;
 
 namespace {
 
-constexpr int32_t kbyte = 216, mbyte = 217, gbyte = 218;
-
 // As printf's "%.15lg", in any locale.
 wide_string number_text(double number) {
     char digits[32];
@@ -27,7 +25,8 @@ wide_string number_text(double number) {
 
 select_element::select_element(project_context& owner)
     : docker_base({}), model(owner), sizes(owner.size_register()), common_tools(model, views::everything),
-      size_label(load_string(215), u" 0 ", load_string(kbyte)), group(2, 1, load_string(200)) {
+      size_label(load_string(text::selected_size), u" 0 ", load_string(text::kbyte)),
+      group(2, 1, load_string(text::selection_heading)) {
     top_row.place(0, 0, common_tools);
     top_row.place(0, 1, size_label);
     add_pages();
@@ -43,19 +42,19 @@ select_element::~select_element() { sizes.set_on_changed({}); }
 void select_element::add_pages() {
     struct page_row {
         const char16_t* id;
-        int32_t title;
+        text::row title;
         uint32_t view;
         uint32_t layers_view; // 0: the page has one part
     };
     constexpr page_row rows[] = {
-        {u"project_resave_select_tab_scn2d", 201, views::scenes_2d, views::layers_2d},
-        {u"project_resave_select_tab_scn3d", 202, views::scenes_3d, views::layers_3d},
-        {u"project_resave_select_tab_dbf", 203, views::dbf_tables, 0},
-        {u"project_resave_select_tab_tos", 204, views::tos_tables, 0},
-        {u"project_resave_select_tab_layout", 205, views::layouts, 0},
-        {u"project_resave_select_tab_well", 212, views::wells, 0},
-        {u"project_resave_select_tab_correlation", 213, views::correlations, 0},
-        {u"project_resave_select_tab_plugin", 219, views::others, 0},
+        {u"project_resave_select_tab_scn2d", text::scenes_2d_page, views::scenes_2d, views::layers_2d},
+        {u"project_resave_select_tab_scn3d", text::scenes_3d_page, views::scenes_3d, views::layers_3d},
+        {u"project_resave_select_tab_dbf", text::dbf_tables_page, views::dbf_tables, 0},
+        {u"project_resave_select_tab_tos", text::tos_tables_page, views::tos_tables, 0},
+        {u"project_resave_select_tab_layout", text::layouts_page, views::layouts, 0},
+        {u"project_resave_select_tab_well", text::wells_page, views::wells, 0},
+        {u"project_resave_select_tab_correlation", text::correlations_page, views::correlations, 0},
+        {u"project_resave_select_tab_plugin", text::others_page, views::others, 0},
     };
     for (size_t index = 0; index < pages.size(); ++index) {
         const page_row& row = rows[index];
@@ -81,8 +80,8 @@ void select_element::set_project(vs_prj* project) {
 void select_element::update_size_label() {
     constexpr double step = 1024.0;
     double size = sizes.total_kb();
-    int32_t unit = kbyte;
-    for (const int32_t larger : {mbyte, gbyte}) {
+    text::row unit = text::kbyte;
+    for (const text::row larger : {text::mbyte, text::gbyte}) {
         if (size < step) break;
         size /= step;
         unit = larger;

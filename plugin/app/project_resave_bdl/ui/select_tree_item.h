@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "framework/border/visitors.h"
-#include "operations/run/selection_register.h"
+#include "operations/run/registers.h"
 
 namespace vs::project_resave::detail {
 

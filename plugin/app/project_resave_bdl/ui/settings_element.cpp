@@ -3,15 +3,13 @@
 #include "framework/border/string_adapter.h"
 #include "framework/resources/strings.h"
 #include "host/vsk_prj.h"
+#include "operations/project_context.h"
 #include "platform/path_text.h"
 #include "platform/text.h"
 
 namespace vs::project_resave {
 
 namespace {
-
-constexpr int32_t load_failed = 500;
-constexpr int32_t not_saved = 509;
 
 // Pages of the tab layout, in their order.
 constexpr uint32_t resave_page = 0;
@@ -21,23 +19,27 @@ constexpr uint32_t scene_files_page = 2;
 } // namespace
 
 settings_element::settings_element(const resave_services* services)
-    : context(services), host_project_path(host_string(&vs_prj_get_filename, vs_prj_get_instance())),
-      source_label(load_string(100)),
-      source_field(file_input_mode::source_project, load_string(101), load_string(131)),
-      load_button(load_string(125), {}, [this] { load_current(); }),
-      save_button(load_string(130), load_string(130), [] {}), header(2, 3), prj_tab(source_path, new_path),
-      left_column(2, 1), selection(context), main_layout(1, 2) {
+    : owned_context(std::make_unique<project_context>(services, questions)), context(*owned_context),
+      host_project_path(host_string(&vs_prj_get_filename, vs_prj_get_instance())),
+      source_label(load_string(text::select_source_project)),
+      source_field(file_input_mode::source_project, load_string(text::project_file_mask),
+                   load_string(text::choose_source_project)),
+      load_button(load_string(text::load_current_project), {}, [this] { load_current(); }),
+      save_button(load_string(text::save_settings), load_string(text::save_settings), [] {}), header(2, 3),
+      prj_tab(source_path, new_path), left_column(2, 1), selection(context), main_layout(1, 2) {
     source_field.set_validator([this](const wide_string& text) { return load_from_field(text); });
     load_button.set_enabled(!path_is_relative(host_project_path));
-    tabs.add(u"project_resave_tab_save_prj", load_string(110), prj_tab);
-    tabs.add(u"project_resave_tab_save_struct", load_string(150), struct_tab);
-    tabs.add(u"project_resave_tab_save_scns_xml", load_string(180), scns_xml_tab);
+    tabs.add(u"project_resave_tab_save_prj", load_string(text::resave_tab), prj_tab);
+    tabs.add(u"project_resave_tab_save_struct", load_string(text::structure_tab), struct_tab);
+    tabs.add(u"project_resave_tab_save_scns_xml", load_string(text::scene_files_tab), scns_xml_tab);
     lay_out();
     tabs.set_on_page_changed([this] { on_active_tab_changed(); });
     prj_tab.set_on_structure_variant_changed([this] { on_active_tab_changed(); });
     project_connection = context.project_changed_event().connect([this] { on_project_changed(); });
     reset_to_defaults();
 }
+
+settings_element::~settings_element() = default;
 
 void settings_element::lay_out() {
     header.place_over(0, 0, 3, source_label);
@@ -63,6 +65,7 @@ void settings_element::work(int32_t failure, const std::function<void()>& operat
     try {
         operation();
     } catch (...) { // out of memory
+        record_caught("panel");
         is_whole = false;
     }
     running = false;
@@ -73,7 +76,7 @@ void settings_element::work(int32_t failure, const std::function<void()>& operat
 
 bool settings_element::load_from_field(const wide_string& text) {
     bool is_taken = false;
-    work(load_failed, [&] {
+    work(text::failed_to_load_project, [&] {
         if (!new_path.empty() && platform::compare_no_case(new_path, text) == 0) {
             warn_same_name();
             return;
@@ -85,7 +88,7 @@ bool settings_element::load_from_field(const wide_string& text) {
 }
 
 void settings_element::load_current() {
-    work(load_failed, [this] {
+    work(text::failed_to_load_project, [this] {
         source_field.set_text(host_project_path);
         if (context.load_project(host_project_path, true, prj_tab.open_log_checked()))
             source_path = host_project_path;
@@ -119,7 +122,7 @@ void settings_element::enable_only(std::initializer_list<uint32_t> views) {
 }
 
 bool settings_element::run_active_tab() {
-    work(not_saved, [this] { run_tab(tabs.active()); });
+    work(text::project_not_saved, [this] { run_tab(tabs.active()); });
     return false;
 }
 

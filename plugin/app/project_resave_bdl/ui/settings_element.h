@@ -5,8 +5,9 @@
 #include <functional>
 #include <memory>
 
-#include "operations/project_context.h"
+#include "services/collect_services.h"
 #include "ui/checked_path_register_tab.h"
+#include "ui/host_questions.h"
 #include "ui/save_prj_tab.h"
 #include "ui/save_scns_xml_tab.h"
 #include "ui/save_struct_tab.h"
@@ -16,10 +17,13 @@
 
 namespace vs::project_resave {
 
+class project_context;
+
 class settings_element {
 public:
     // The services are the application's, and come later.
     explicit settings_element(const resave_services* services);
+    ~settings_element();
     settings_element(const settings_element&) = delete;
     settings_element& operator=(const settings_element&) = delete;
 
@@ -53,7 +57,9 @@ private:
 
     wide_string source_path; // of the project now loaded; empty without one
     wide_string new_path;    // as accepted in the tab that resaves
-    project_context context;
+    host_questions questions;
+    const std::unique_ptr<project_context> owned_context;
+    project_context& context;
     const wide_string host_project_path;
     toolkit::label source_label;
     toolkit::file_input source_field;

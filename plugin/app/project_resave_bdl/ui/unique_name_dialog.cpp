@@ -8,17 +8,11 @@ namespace vs::dialog {
 using project_resave::load_string;
 using project_resave::path_exists;
 using project_resave::wide_string;
-
-namespace {
-
-constexpr int32_t name_exists = 305;
-constexpr int32_t set_path = 302;
-
-} // namespace
+namespace text = project_resave::text;
 
 unique_name_dialog::unique_name_dialog(const wide_string& source_path, const wide_string& proposed_path)
-    : groupbox(4, 1), explanation(load_string(name_exists)), source(source_path),
-      request(load_string(set_path)), path(project_resave::file_input_mode::new_file) {
+    : groupbox(4, 1), explanation(load_string(text::file_name_exists)), source(source_path),
+      request(load_string(text::set_file_path)), path(project_resave::file_input_mode::new_file) {
     path.set_text(proposed_path);
     path.set_validator([this](const wide_string& entered) { return take(entered); });
     place(0, 0, explanation);
@@ -34,7 +28,7 @@ wide_string unique_name_dialog::free_path() const {
 
 bool unique_name_dialog::take(const wide_string& entered) {
     if (!path_exists(entered)) return true;
-    project_resave::show_error(name_exists);
+    project_resave::show_error(text::file_name_exists);
     path.set_text({});
     return false;
 }

@@ -1,6 +1,7 @@
 // Asks for another path when a copied file would overwrite an existing one.
 #pragma once
 
+#include "framework/resources/text_rows.h"
 #include "ui/toolkit/file_input.h"
 #include "ui/toolkit/grid_layout.h"
 #include "ui/toolkit/texts.h"
@@ -14,7 +15,7 @@ public:
     struct id {
         static constexpr const char16_t* name = u"vs_project_resave_unique_name_dialog";
     };
-    static constexpr int32_t title = 300;
+    static constexpr int32_t title = project_resave::text::name_conflict;
 
     // The proposal is put in without a test, for it exists.
     unique_name_dialog(const project_resave::wide_string& source_path,

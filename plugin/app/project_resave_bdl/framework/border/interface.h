@@ -1,5 +1,5 @@
-// Interfaces across library borders: a pair of pointers, a constant table of plain functions behind the
-// first.
+// Interfaces across the border between a library and its host or another library: a pair of pointers, with a
+// constant table of plain functions behind the first.
 //
 // An interface is declared once, as its provider class: derive from interface_of<X>, give it a name, virtual
 // operations and the list of them in table order. Table, entries, client calls and casts come from that.
@@ -13,6 +13,7 @@
 #include <type_traits>
 #include <utility>
 
+#include "framework/border/caught.h"
 #include "host/types.h"
 
 namespace vs::project_resave {
@@ -25,6 +26,10 @@ struct interface_to : interface_pointer {};
 
 class interface_impl;
 using identity_pointer = interface_to<interface_impl>;
+static_assert(sizeof(identity_pointer) == sizeof(interface_pointer));
+static_assert(alignof(identity_pointer) == alignof(interface_pointer));
+static_assert(std::is_standard_layout_v<identity_pointer>);
+static_assert(std::is_trivially_copyable_v<identity_pointer>);
 
 // Root of every provider class. The first two virtual operations of each are these, in this order.
 class interface_impl {
@@ -59,6 +64,7 @@ struct operation<Operation, Result (Impl::*)(Args...)> {
         try {
             return (static_cast<Impl*>(instance)->*Operation)(std::forward<Args>(args)...);
         } catch (...) {
+            record_caught(Impl::name);
             return Result();
         }
     }
@@ -69,23 +75,23 @@ struct operation<Operation, Result (Impl::*)(Args...)> {
     static void with_output(interface_pointer* out, const void*, void* instance, Args... args) noexcept {
         if constexpr (is_pair<Result>) *out = run(instance, std::forward<Args>(args)...);
     }
-    static entry make() {
+    // Returns the plain function that the table holds.
+    static constexpr auto function() {
         if constexpr (is_pair<Result>)
-            return reinterpret_cast<entry>(&with_output);
+            return &with_output;
         else
-            return reinterpret_cast<entry>(&plain);
+            return &plain;
     }
     static Result call(const interface_pointer& target, std::size_t index, Args... args) {
         if (!target) return Result();
-        const entry function = static_cast<const entry*>(target.table)[index];
+        const auto run_there =
+            reinterpret_cast<decltype(function())>(static_cast<const entry*>(target.table)[index]);
         if constexpr (is_pair<Result>) {
             Result result;
-            reinterpret_cast<decltype(&with_output)>(function)(&result, target.table, target.instance,
-                                                               std::forward<Args>(args)...);
+            run_there(&result, target.table, target.instance, std::forward<Args>(args)...);
             return result;
         } else {
-            return reinterpret_cast<decltype(&plain)>(function)(target.table, target.instance,
-                                                                std::forward<Args>(args)...);
+            return run_there(target.table, target.instance, std::forward<Args>(args)...);
         }
     }
 };
@@ -100,6 +106,10 @@ constexpr std::size_t place_of(operation_list<Operations...>) {
     return found ? place : ~std::size_t{0};
 }
 
+// The entry in which the operations begin.
+template <class Impl>
+constexpr std::size_t first_operation = Impl::rooted_in_identity ? 1 : 2;
+
 template <class Impl>
 void identity_entry(interface_pointer* out, const void*, void* instance) noexcept {
     static_cast<Impl*>(instance)->identity(*out);
@@ -109,13 +119,13 @@ template <class Impl, auto... Operations>
 const void* build_table(operation_list<Operations...>) {
     if constexpr (Impl::rooted_in_identity) {
         static const entry table[] = {reinterpret_cast<entry>(&identity_entry<Impl>),
-                                      operation<Operations>::make()...};
+                                      reinterpret_cast<entry>(operation<Operations>::function())...};
         return table;
     } else {
         // The base of every such interface here is the identity interface.
         static const entry table[] = {reinterpret_cast<entry>(&identity_entry<Impl>),
                                       reinterpret_cast<entry>(&identity_entry<Impl>),
-                                      operation<Operations>::make()...};
+                                      reinterpret_cast<entry>(operation<Operations>::function())...};
         return table;
     }
 }
@@ -158,6 +168,7 @@ inline void answer_query(const void*, void* instance, const char* name, const vo
     try {
         static_cast<interface_impl*>(instance)->query(name, table, found);
     } catch (...) {
+        record_caught("query");
         *table = nullptr;
         *found = nullptr;
     }
@@ -183,8 +194,8 @@ auto call(const interface_to<typename border::operation<Operation>::provider>& t
     using impl = typename border::operation<Operation>::provider;
     constexpr std::size_t place = border::place_of<Operation>(typename impl::operations{});
     static_assert(place != ~std::size_t{0}, "not in the list of operations");
-    constexpr std::size_t first = impl::rooted_in_identity ? 1 : 2;
-    return border::operation<Operation>::call(target, first + place, std::forward<Args>(args)...);
+    return border::operation<Operation>::call(target, border::first_operation<impl> + place,
+                                              std::forward<Args>(args)...);
 }
 
 // The identity of an object; null for a null one.

@@ -1,5 +1,5 @@
-// Smart interface pointer. ref<I> keeps the object alive; ref<I, true> only learns of its end and is null
-// after it.
+// Smart interface pointers: ref<I> keeps the object alive; weak_ref<I> does not, and is null once the object
+// has ended.
 //
 // The object lists each ref by its address, so copies and moves register their own. An object that is no
 // referent is held as a plain pointer: its owner sees to its life.
@@ -67,6 +67,12 @@ private:
 
     interface_to<Impl> held;
 };
+
+// Refers to an object that others keep alive. When the last ref goes, the object ends and notifies each
+// weak_ref, so get() never returns a pointer to an ended referent. An object that is not a referent notifies
+// nobody: reset the weak_ref before it ends. Resetting the weak_ref of a referent without any ref ends it.
+template <class Impl, class Traits = ref_traits<Impl>>
+using weak_ref = ref<Impl, true, Traits>;
 
 // An object that is a referent: by itself, or with the life of the referent that it wraps.
 class obj : public objbase {

@@ -3,6 +3,7 @@
 
 #include <utility>
 
+#include "framework/border/caught.h"
 #include "host/vsk_basic.h"
 #include "platform/wide_string.h"
 
@@ -28,12 +29,14 @@ private:
         try {
             static_cast<Tvs_string_adapter_base*>(adapter)->assign(text);
         } catch (...) { // out of memory: the string stays as it was
+            record_caught("string adapter");
         }
     }
     static const char16_t* text_of(void* adapter) noexcept {
         try {
             return static_cast<Tvs_string_adapter_base*>(adapter)->text();
         } catch (...) {
+            record_caught("string adapter");
             return u"";
         }
     }

@@ -1,4 +1,4 @@
-// Visitors: how anything of variable length comes back over a border. The visitor stands on the caller's
+// Visitors: how anything of variable length comes back over the border. The visitor stands on the caller's
 // stack; the other side calls it once for a single value, or once for each element, before the call returns.
 #pragma once
 

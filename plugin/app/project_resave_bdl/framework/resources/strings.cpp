@@ -8,8 +8,8 @@ namespace vs::project_resave {
 
 namespace {
 
-ref<localizer_impl, true>& localizer_in_force() {
-    static ref<localizer_impl, true> found;
+weak_ref<localizer_impl>& localizer_in_force() {
+    static weak_ref<localizer_impl> found;
     return found;
 }
 

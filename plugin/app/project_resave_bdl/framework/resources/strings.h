@@ -1,4 +1,5 @@
-// All words the bundle shows or logs, looked up by number in the host's present language.
+// All words the bundle shows or logs, looked up by number (see text_rows.h for names) in the host's present
+// language.
 //
 // A number above 0 is a row of the bundle; 0 and below is the row of that absolute number in the host's
 // library vsk_basic. A row that is missing leaves the output as it was: it is never an error.
@@ -7,6 +8,7 @@
 #include <cstdint>
 
 #include "framework/border/visitors.h"
+#include "framework/resources/text_rows.h"
 #include "host/interfaces/localizer.h"
 #include "platform/resources.h"
 

@@ -1,4 +1,4 @@
-// Two elements, one above the other, with a border between them that the user can move. Who implements: the
+// Two elements, one above the other, with a divider between them that the user can move. Who implements: the
 // bundle. Who calls: the host.
 #pragma once
 

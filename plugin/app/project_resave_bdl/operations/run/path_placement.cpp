@@ -4,15 +4,15 @@
 #include "logs/log_file.h"
 #include "operations/run/path_files.h"
 #include "operations/run/resave_options.h"
+#include "operations/run/run_progress.h"
+#include "operations/run/run_questions.h"
+#include "operations/run/run_report.h"
 #include "platform/path_text.h"
 #include "platform/text.h"
-#include "ui/dialogs.h"
 
 namespace vs::project_resave {
 
 namespace {
-
-constexpr int32_t log_name_text = 600;
 
 // A grid of this format lives in a folder of its own, named as the file.
 constexpr wide_view own_folder_extension = u".pgrid";
@@ -68,6 +68,7 @@ void path_placement::reset() {
     common.clear();
     clear_scene();
     last_numbers_.clear();
+    folder_failures_.clear();
 }
 
 void path_placement::set_source(const wide_string& path) {
@@ -80,7 +81,7 @@ void path_placement::set_output(const wide_string& path) {
     reset();
     new_project_path = path;
     new_folder = path_head(path);
-    log_path = new_folder + path_stem(path) + load_string(log_name_text);
+    log_path = new_folder + path_stem(path) + load_string(text::log_name_suffix);
 }
 
 const placed_files& path_placement::register_in_force() const {
@@ -105,13 +106,21 @@ wide_string path_placement::new_path(const wide_string& source) {
     if (path_exists(result)) {
         result = resolve_conflict(result, source);
         log->file_renamed(source, result);
+        report->add(fact_kind::renamed, source, result);
     }
     const wide_string folder = path_head(result);
     if (!path_exists(folder)) {
         register_created_folders(folder);
-        create_folders(folder);
+        if (const platform::outcome made = create_folders(folder); !made)
+            folder_failures_.insert_or_assign(path_key(folder), made);
     }
     return result;
+}
+
+platform::outcome path_placement::folder_failure(const wide_string& path) const {
+    if (folder_failures_.empty()) return {};
+    const auto row = folder_failures_.find(path_key(path_head(path)));
+    return row != folder_failures_.end() ? row->second : platform::outcome();
 }
 
 wide_string path_placement::folder_for(const wide_string& source) {
@@ -171,7 +180,7 @@ wide_string path_placement::place_in_scene_folder(const wide_string& source) {
 
 wide_string path_placement::resolve_conflict(const wide_string& path, const wide_string& source) {
     if (!options->rename_on_conflict) {
-        const unique_name_answer answer = show_unique_name_dialog(source, path);
+        const unique_name_answer answer = progress->questions->new_name(source, path);
         if (answer.accepted && !answer.path.empty()) return answer.path;
     }
     return next_free_name(path);

@@ -9,6 +9,7 @@
 
 #include "operations/run/common_directory.h"
 #include "operations/run/placed_files.h"
+#include "platform/outcome.h"
 #include "platform/wide_string.h"
 
 namespace vs::project_resave {
@@ -16,17 +17,22 @@ namespace vs::project_resave {
 class log_file;
 struct resave_options;
 class run_progress;
+class run_report;
+
+// The type folder while no file is being placed.
+inline constexpr wide_view no_type_folder = u"files";
 
 class path_placement {
 public:
-    // All three must outlive this object.
-    path_placement(run_progress* run, log_file* conflicts, const resave_options* choices)
-        : progress(run), log(conflicts), options(choices) {}
+    // All four must outlive this object.
+    path_placement(run_progress* run, log_file* conflicts, run_report* facts, const resave_options* choices)
+        : progress(run), log(conflicts), report(facts), options(choices) {}
     path_placement(const path_placement&) = delete;
     path_placement& operator=(const path_placement&) = delete;
 
     run_progress* progress;
-    log_file* log; // told of every conflict
+    log_file* log; // every conflict goes here and into the report
+    run_report* report;
     const resave_options* options;
     placed_files placed;                      // everything placed in this run
     std::vector<wide_string> created_folders; // deepest first within each call of `new_path`
@@ -34,7 +40,7 @@ public:
     wide_string source_folder; // with its trailing separator, as `new_folder`
     wide_string new_project_path;
     wide_string new_folder;
-    wide_string type_folder = u"files"; // of the file in work; "files" while there is none
+    wide_string type_folder = wide_string(no_type_folder); // see type_folder_scope
     wide_string log_path;
     common_directory common;                  // of all selected files of the run
     common_directory* scene_common = nullptr; // of the scene in work; the scene's unit owns it
@@ -48,7 +54,6 @@ public:
     void set_source(const wide_string& path);
     // After `reset`, takes the new project of the run.
     void set_output(const wide_string& path);
-    void set_type_folder(const wide_string& name) { type_folder = name; }
 
     // The new path of a file placed before, for this scene if each scene has its folder; empty if none was.
     wide_string lookup_placed(const wide_string& source) const;
@@ -56,9 +61,11 @@ public:
     void register_placed(const wide_string& old_path, const wide_string& new_path);
 
     // The new path of `source`, under a name that is free on the disk, its folder created. It may ask the
-    // user for the name. Empty if no place can be told; a folder that cannot be created shows when copying
-    // fails.
+    // user for the name. Empty if there is no place for it. A folder that cannot be created shows when
+    // copying fails; `folder_failure` has the reason.
     wide_string new_path(const wide_string& source);
+    // Why the folder of a path that `new_path` returned could not be created; success if it could.
+    platform::outcome folder_failure(const wide_string& path) const;
     // The place of a layout page: only text, nothing is looked up or created.
     wide_string folder_for(const wide_string& source);
 
@@ -82,6 +89,21 @@ private:
 
     // The last number given to a path in this run, so that many files of one name stay cheap.
     std::unordered_map<wide_string, uint32_t> last_numbers_;
+    std::unordered_map<wide_string, platform::outcome> folder_failures_; // by path_key of the folder
+};
+
+// Names the folder for files of a type while one of them is being placed.
+class type_folder_scope {
+public:
+    type_folder_scope(path_placement& placement, const wide_string& name) : placement_(placement) {
+        placement.type_folder = name;
+    }
+    ~type_folder_scope() { placement_.type_folder = no_type_folder; }
+    type_folder_scope(const type_folder_scope&) = delete;
+    type_folder_scope& operator=(const type_folder_scope&) = delete;
+
+private:
+    path_placement& placement_;
 };
 
 } // namespace vs::project_resave

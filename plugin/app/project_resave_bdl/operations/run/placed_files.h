@@ -4,7 +4,7 @@
 #include <cstdint>
 #include <deque>
 
-#include "operations/run/row_index.h"
+#include "operations/run/text_map.h"
 #include "platform/wide_string.h"
 
 namespace vs::project_resave {

@@ -1,8 +1,7 @@
 #include "operations/run/resave_options.h"
 
-#include "framework/resources/strings.h"
-#include "host/vsk_basic.h"
 #include "operations/run/run_progress.h"
+#include "operations/run/run_questions.h"
 
 namespace vs::project_resave {
 
@@ -23,13 +22,14 @@ void resave_options::assign(const resave_settings& settings) {
 }
 
 bool resave_options::ask_add_referenced() {
-    if (add_referenced == 2) {
+    if (add_referenced == add_referenced_answer::not_asked) {
         const bool shown = progress->window != nullptr;
         progress->set_hidden(true);
-        add_referenced = vs_bool_to_3state(ask_yes_no(214));
+        const bool wanted = progress->questions->add_referenced();
+        add_referenced = wanted ? add_referenced_answer::yes : add_referenced_answer::no;
         if (shown) progress->set_hidden(false);
     }
-    return vs_3state_to_bool(add_referenced);
+    return add_referenced == add_referenced_answer::yes;
 }
 
 } // namespace vs::project_resave

@@ -19,10 +19,16 @@ enum structure : uint32_t {
 };
 
 // Filled by the front end when the user starts; lives for the call.
+// What to do with a scene file that exists.
+enum class on_existing_file : uint32_t { rewrite = 0, new_name = 1 };
+
+// The answer to the question whether referenced elements are added.
+enum class add_referenced_answer { not_asked, yes, no };
+
 struct resave_settings {
     const wide_string* output_path = nullptr; // path of the new project file, not owned
     bool rename_on_conflict = true;           // take the next free name; else ask for each conflict
-    uint32_t structure_variant = by_type;
+    structure structure_variant = by_type;
     bool delete_lost_sources = false; // an element whose source is lost leaves the new project
     bool only_selected = true;        // never read: what is not selected always stays out
     bool write_log = false;
@@ -44,12 +50,12 @@ struct resave_options {
     bool ask_add_referenced();
 
     run_progress* progress; // not owned
-    uint32_t structure_variant = by_type;
+    structure structure_variant = by_type;
     bool rename_on_conflict = true;
     bool delete_lost_sources = false;
     bool save_scene_files = false;
     bool save_layer_files = false;
-    uint32_t add_referenced = 2; // three-state: 0 yes, 1 no, 2 not asked yet
+    add_referenced_answer add_referenced = add_referenced_answer::not_asked;
     bool consider_project_file = false;
     bool lower_case = false;
 
@@ -64,8 +70,7 @@ struct resave_options {
     wide_string indent_unit = u"    ";
     wide_string separator_fallback = u" "; // between a caption and a path where there is no indent
 
-    // For scene files: 0 rewrite one that exists, 1 find a new name.
-    uint32_t scene_file_on_exists = 0;
+    on_existing_file scene_file_on_exists = on_existing_file::rewrite;
 };
 
 } // namespace vs::project_resave

@@ -2,16 +2,9 @@
 
 #include "framework/resources/strings.h"
 #include "host/vsk_msgs.h"
+#include "operations/run/run_questions.h"
 
 namespace vs::project_resave {
-
-namespace {
-
-// Answers of the host's box; the box closed by the system's button is none of them and erases.
-constexpr int32_t answer_cancel = 2;
-constexpr int32_t answer_no = 7;
-
-} // namespace
 
 run_progress::~run_progress() { close_window(); }
 
@@ -63,13 +56,13 @@ void run_progress::finish() {
 bool run_progress::is_stopped() {
     if (stopped) return true;
     if (!window || !vs_progress_get_stopped(window)) return false;
-    const int32_t answer = vs_yesnocancel_wmessage(load_string(359).c_str());
-    if (answer == answer_cancel) {
+    const stop_answer answer = questions->on_stop();
+    if (answer == stop_answer::go_on) {
         if (window) vs_progress_reset(window);
         return false;
     }
     stopped = true;
-    erase_created = answer != answer_no;
+    erase_created = answer == stop_answer::erase_created;
     finish();
     return true;
 }

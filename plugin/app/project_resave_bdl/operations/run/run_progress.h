@@ -8,9 +8,12 @@
 
 namespace vs::project_resave {
 
+class run_questions;
+
 class run_progress {
 public:
-    run_progress() = default;
+    // Asks `who`, which must outlive it.
+    explicit run_progress(run_questions& who) : questions(&who) {}
     run_progress(const run_progress&) = delete;
     run_progress& operator=(const run_progress&) = delete;
     ~run_progress();
@@ -28,7 +31,7 @@ public:
     void advance(uint32_t weight);
     // Closes the window and zeroes the counters; the marks of a stop stay for the caller to read.
     void finish();
-    // Polled between two units. Asks, once the user pressed stop, whether what was created is to be erased.
+    // Polled between two units. Once the user has pressed stop, asks whether the run really ends.
     bool is_stopped();
     void clear_stop() { stopped = false; }
 
@@ -39,6 +42,7 @@ public:
     wide_string caption;
     bool stopped = false;
     bool erase_created = false;
+    run_questions* const questions;
 
 private:
     void close_window();

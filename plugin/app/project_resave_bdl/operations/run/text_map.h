@@ -1,17 +1,83 @@
-// Values under texts, numbered in the order they were entered.
+// Look-up by key in lists that only grow: the place of a row, and values under texts. A row costs eight bytes
+// beside itself, and a look-up does not grow with the list.
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
 #include <deque>
 #include <functional>
 #include <utility>
+#include <vector>
 
-#include "operations/run/row_index.h"
 #include "platform/wide_string.h"
 
 namespace vs::project_resave {
 
-// Rows stay in their place until `clear`. Texts are compared as they are spelled.
+// The rows and their keys stay with the caller, who tells the hash of a key and whether a row has it. Rows
+// cannot be taken out alone.
+class row_index {
+public:
+    static constexpr uint32_t none = UINT32_MAX;
+
+    // The row entered first of those under this hash for which `has_key(row)` holds; `none` if there is none.
+    template <class predicate>
+    uint32_t find(size_t hash, predicate has_key) const {
+        if (slots_.empty()) return none;
+        for (size_t at = place_of(short_hash(hash)); slots_[at].row != none; at = next(at))
+            if (slots_[at].hash == short_hash(hash) && has_key(slots_[at].row)) return slots_[at].row;
+        return none;
+    }
+
+    // Beforehand, so that the next `add` cannot fail.
+    void make_room() {
+        if (4 * (size_ + 1) > 3 * slots_.size()) grow();
+    }
+
+    void add(size_t hash, uint32_t row) {
+        make_room();
+        put({short_hash(hash), row});
+        ++size_;
+    }
+
+    void clear() {
+        slots_.clear();
+        size_ = 0;
+    }
+
+private:
+    struct slot {
+        uint32_t hash = 0;
+        uint32_t row = none;
+    };
+
+    static uint32_t short_hash(size_t hash) { return static_cast<uint32_t>(hash ^ (hash >> 32)); }
+    size_t place_of(uint32_t hash) const { return hash & (slots_.size() - 1); }
+    size_t next(size_t place) const { return (place + 1) & (slots_.size() - 1); }
+
+    void put(slot fresh) {
+        size_t at = place_of(fresh.hash);
+        while (slots_[at].row != none) at = next(at);
+        slots_[at] = fresh;
+    }
+
+    // From the first slot behind an empty one on, so that rows of one hash keep their order.
+    void grow() {
+        std::vector<slot> old(slots_.empty() ? 16 : 2 * slots_.size());
+        old.swap(slots_);
+        size_t start = 0;
+        while (start < old.size() && old[start].row != none) ++start;
+        for (size_t step = 0; step < old.size(); ++step) {
+            const slot& moved = old[(start + step) & (old.size() - 1)];
+            if (moved.row != none) put(moved);
+        }
+    }
+
+    std::vector<slot> slots_; // a power of two of them, at most three quarters taken
+    size_t size_ = 0;
+};
+
+// Values under texts, numbered in the order they were entered. Rows stay in their place until `clear`. Texts
+// are compared as they are spelled.
 template <class value>
 class text_map {
 public:

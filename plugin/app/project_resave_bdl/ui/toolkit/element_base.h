@@ -42,7 +42,7 @@ private:
     const char16_t* const kind_;
     bool enabled_ = true;
     bool visible_ = true;
-    ref<element_observer_impl, true> observer_;
+    weak_ref<element_observer_impl> observer_;
 };
 
 } // namespace vs::project_resave::toolkit

@@ -18,7 +18,7 @@ protected:
     ~outline() = default;
 
 private:
-    ref<outline_events_impl, true> events_;
+    weak_ref<outline_events_impl> events_;
     uint32_t refreshes_ = 0; // a new number is a change that the observer is told of
 };
 

@@ -1,4 +1,4 @@
-// Two elements with a movable border between them.
+// Two elements with a movable divider between them.
 #pragma once
 
 #include "host/toolkit/split_layout.h"

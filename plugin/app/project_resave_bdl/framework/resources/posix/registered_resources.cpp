@@ -10,9 +10,9 @@ namespace {
 
 constexpr uint32_t english = 50000;
 
-#define VS_TEXT(id, base, translated)                                                                        \
+#define VS_TEXT(id, name, base, translated)                                                                  \
     platform::text_row{id, base}, platform::text_row{id + english, translated},
-#define VS_TEXT_BASE_ONLY(id, base) platform::text_row{id, base},
+#define VS_TEXT_BASE_ONLY(id, name, base) platform::text_row{id, base},
 constexpr platform::text_row rows[] = {
 #include "framework/resources/texts/bundle_texts.inc"
 #include "framework/resources/texts/toolkit_texts.inc"

@@ -1,0 +1,62 @@
+// The commands of vestra-resave, one source for each, and what each can be asked for. All return the exit
+// status; a person has been told the reason where it is not 0.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "apps/vestra_resave/command_questions.h"
+#include "apps/vestra_resave/selection.h"
+#include "apps/vestra_resave/terminal_host.h"
+#include "operations/run_settings.h"
+
+namespace vestra::command {
+
+// list: what is in a project, and which of its files exist.
+int list_project(const std::string& project, const common_options& options);
+
+// verify: whether a project is self-contained.
+int verify_project(const std::string& project, const common_options& options);
+
+// check-case: which paths of a project differ from the disk's in letter case.
+int check_case(const std::string& project, const std::string& report, const common_options& options);
+
+// resave: copies a project with all its files to a new place.
+struct resave_request {
+    std::string project;
+    std::string new_project;
+    vs::project_resave::resave_settings settings; // all but the output path
+    bool load_log = false;
+    bool list_files = false; // print what went where
+    bool verify = false;     // check the new project once it is saved
+    decided_answers answers;
+    selection_request selection;
+};
+int resave(const resave_request& request, const common_options& options);
+// Prints what `resave` would do, and ends as it would. Nothing is written.
+int plan_resave(const resave_request& request, const common_options& options);
+
+// structure: what is in a project, as a text file.
+struct structure_request {
+    std::string project;
+    std::string text_file;
+    vs::project_resave::structure_settings settings; // all but the output path
+};
+int write_structure(const structure_request& request, const common_options& options);
+
+// scenes: the 2D scenes of a project as files of their own.
+struct scenes_request {
+    std::string project;
+    std::string folder;
+    vs::project_resave::scene_file_settings settings; // all but the folder
+};
+int write_scenes(const scenes_request& request, const common_options& options);
+
+// panel: the bundle's window, as any host opens it, driven by commands from standard input.
+struct panel_request {
+    std::string project;      // loaded by way of the source field; may be empty
+    std::string open_project; // open in the host meanwhile; may be empty
+};
+int drive_panel(const panel_request& request, const common_options& options);
+
+} // namespace vestra::command

@@ -1,0 +1,42 @@
+#include "platform/outcome.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <system_error>
+#include <utility>
+
+#include "platform/text.h"
+
+namespace vs::project_resave::platform {
+
+namespace {
+
+// The first code of a kind stands for it.
+constexpr std::pair<failure, int> codes[] = {
+    {failure::missing, ENOENT},     {failure::missing, ENOTDIR},  {failure::taken, EEXIST},
+    {failure::denied, EACCES},      {failure::denied, EPERM},     {failure::denied, EROFS},
+    {failure::in_use, EWOULDBLOCK}, {failure::disk_full, ENOSPC}, {failure::disk_full, EDQUOT},
+    {failure::damaged, EIO},
+};
+
+} // namespace
+
+// The operating system's words for a lock that another process holds would mislead.
+outcome::outcome(failure kind)
+    : outcome(static_cast<uint32_t>(std::ranges::find(codes, kind, &std::pair<failure, int>::first)->second),
+              kind == failure::in_use ? u"another program has the file open" : nullptr) {}
+
+outcome outcome::last() { return native(static_cast<uint32_t>(errno)); }
+
+bool outcome::is(failure kind) const {
+    return std::ranges::any_of(codes, [&](const auto& row) {
+        return row.first == kind && static_cast<uint32_t>(row.second) == code_;
+    });
+}
+
+wide_string outcome::text() const {
+    if (*this) return {};
+    return reason_ != nullptr ? reason_ : from_utf8(std::generic_category().message(static_cast<int>(code_)));
+}
+
+} // namespace vs::project_resave::platform

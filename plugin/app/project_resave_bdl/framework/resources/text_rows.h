@@ -1,0 +1,24 @@
+// Names of the texts that the bundle shows or logs: one for each row in texts/, with the row's number as its
+// value.
+#pragma once
+
+#include <cstdint>
+
+namespace vs::project_resave::text {
+
+#define VS_TEXT(id, name, base, translated) name = id,
+#define VS_TEXT_BASE_ONLY(id, name, base) name = id,
+
+enum row : int32_t {
+    // Rows of the host's library, which are asked for by their negative number.
+    host_run = -101,
+    host_close = -102,
+
+#include "framework/resources/texts/bundle_texts.inc"
+#include "framework/resources/texts/toolkit_texts.inc"
+};
+
+#undef VS_TEXT
+#undef VS_TEXT_BASE_ONLY
+
+} // namespace vs::project_resave::text

@@ -1,0 +1,25 @@
+// Joins of tables that a run has taken off, to be put on again once every table has its place.
+#pragma once
+
+#include <cstdint>
+#include <vector>
+
+#include "host/types.h"
+#include "operations/run/run_report.h"
+#include "platform/wide_string.h"
+
+namespace vs::project_resave {
+
+struct pending_join {
+    vs_attr_data* attr_data = nullptr; // the base table; the host's
+    int32_t base_field = 0;            // both as the host gives them
+    wide_string other_source;          // the table that was joined
+    int32_t other_field = 0;
+    element_name owner; // of the base table
+};
+
+struct deferred_joins {
+    std::vector<pending_join> pending;
+};
+
+} // namespace vs::project_resave

@@ -1,0 +1,48 @@
+// What one loaded project and the runs over it share: the record that every unit of the tree reaches. Lives
+// as long as the project_context that derives from it. User-interface thread only.
+#pragma once
+
+#include <cstdint>
+#include <unordered_set>
+#include <vector>
+
+#include "host/types.h"
+#include "logs/log_file.h"
+#include "logs/open_log_file.h"
+#include "operations/run/deferred_joins.h"
+#include "operations/run/path_placement.h"
+#include "operations/run/registers.h"
+#include "operations/run/resave_options.h"
+#include "operations/run/run_progress.h"
+#include "operations/run/run_questions.h"
+#include "operations/run/run_report.h"
+#include "operations/run/text_map.h"
+
+namespace vs::project_resave {
+
+class claimed_units;
+class Tvs_resave_unit;
+
+struct run_state {
+    // `asked` must outlive this object.
+    explicit run_state(run_questions& asked) : progress(asked) {}
+    run_state(const run_state&) = delete;
+    run_state& operator=(const run_state&) = delete;
+
+    resave_options options{&progress};
+    run_progress progress;
+    log_file log{&options.indent_unit};
+    open_log_file open_log{&options.indent_unit};
+    path_placement placement{&progress, &log, &report, &options};
+    project_resave::selection_register selection{&sizes};
+    project_resave::size_register sizes;
+    run_report report;
+    text_map<Tvs_resave_unit*> units; // by uuid text, the first that was built
+    claimed_units* claims = nullptr;  // makes units for elements that it claims; not owned, null for none
+    deferred_joins deferred_joins_;
+    uint32_t total_units = 0;
+    bool case_differs = false;                      // what the last check of the letter case found
+    std::unordered_set<wide_string> loading_scenes; // path keys of the map scenes now being loaded
+};
+
+} // namespace vs::project_resave

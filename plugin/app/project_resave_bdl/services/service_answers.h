@@ -1,0 +1,58 @@
+// What services of other bundles answer, in the bundle's own types.
+#pragma once
+
+#include <optional>
+#include <vector>
+
+#include "framework/border/visitors.h"
+#include "host/vsk_basic.h"
+#include "platform/outcome.h"
+
+namespace vs::project_resave {
+
+inline constexpr uint32_t largest_count = 1'000'000;
+// The reason of a failure where a service named a count above that.
+inline const platform::outcome impossible_count =
+    platform::outcome::because(u"the bundle that owns the element gave an impossible count");
+
+// How many items, files, references or kinds a service says it has; nothing if that is more than any sound
+// service has: walking them would seem to last for ever. 0 for a null service.
+template <auto Question, class Impl, class... Args>
+std::optional<uint32_t> count_from(const interface_to<Impl>& service, Args... args) {
+    const uint32_t count = call<Question>(service, args...);
+    return count <= largest_count ? std::optional(count) : std::nullopt;
+}
+
+// What a service passes to a visitor, as a text. `Question` is an operation whose last argument is a string
+// visitor. Empty if the service is null or passes nothing.
+template <auto Question, class Impl, class... Args>
+wide_string text_from(const interface_to<Impl>& service, Args... args) {
+    wide_string text;
+    stdwstring_visitor visitor(text);
+    call<Question>(service, args..., visitor);
+    return text;
+}
+
+// A list of texts of the host, for the life of one question to a service.
+class wide_string_list {
+public:
+    wide_string_list() : handle(vs_wstrings_create()) {}
+    ~wide_string_list() { vs_wstrings_destroy(handle); }
+    wide_string_list(const wide_string_list&) = delete;
+    wide_string_list& operator=(const wide_string_list&) = delete;
+    operator vs_wstrings*() const { return handle; }
+
+    std::vector<wide_string> texts() const {
+        std::vector<wide_string> all;
+        const uint32_t count = vs_wstrings_get_size(handle);
+        all.reserve(count);
+        for (uint32_t index = 0; index < count; ++index)
+            all.push_back(text_or_empty(vs_wstrings_get_str(handle, index)));
+        return all;
+    }
+
+private:
+    vs_wstrings* handle;
+};
+
+} // namespace vs::project_resave

@@ -1,0 +1,80 @@
+#include "ui/host_questions.h"
+
+#include <algorithm>
+
+#include "framework/resources/strings.h"
+#include "host/vsk_msgs.h"
+#include "operations/run/run_report.h"
+#include "ui/dialogs.h"
+
+namespace vs::project_resave {
+
+namespace {
+
+// Answers of the host's box of three buttons.
+constexpr int32_t answer_cancel = 2;
+constexpr int32_t answer_no = 7;
+
+constexpr size_t most_lines_of_a_box = 25; // a longer text goes into a dialog that scrolls
+
+// A line feed at the very end begins no further line.
+size_t line_count(const wide_string& text) {
+    const auto feeds = static_cast<size_t>(std::count(text.begin(), text.end(), u'\n'));
+    return feeds + (!text.empty() && text.back() != u'\n' ? 1 : 0);
+}
+
+// Empty if nothing went wrong.
+wide_string composed(const run_report& report) {
+    wide_string text;
+    const std::set<wide_string> types = report.unprocessed_types();
+    const std::vector<run_report::problem> problems = report.problems();
+    if (report.depth_exceeded()) text += load_string(text::references_not_settled) + u"\n\n";
+    if (!types.empty()) {
+        text += load_string(text::unprocessed_layers) + u"\n";
+        for (const wide_string& type : types) text += type + u"\n";
+        if (!problems.empty()) text += u"\n";
+    }
+    for (size_t row = 0; row < problems.size(); ++row) {
+        if (row != 0) text += u"\n";
+        text += problems[row].title + u":\n" + problems[row].text;
+    }
+    return text;
+}
+
+} // namespace
+
+bool host_questions::add_referenced() { return ask_yes_no(text::add_referenced_elements); }
+
+stop_answer host_questions::on_stop() {
+    switch (vs_yesnocancel_wmessage(load_string(text::erase_created_files).c_str())) {
+    case answer_cancel:
+        return stop_answer::go_on;
+    case answer_no:
+        return stop_answer::keep_created;
+    default: // yes, and the box closed by the system's button
+        return stop_answer::erase_created;
+    }
+}
+
+unique_name_answer host_questions::new_name(const wide_string& source, const wide_string& proposed) {
+    return show_unique_name_dialog(source, proposed);
+}
+
+bool host_questions::reopen_source() { return ask_yes_no(text::reopen_source_project); }
+
+void host_questions::show_message(int32_t text) { project_resave::show_message(text); }
+
+void host_questions::show_error(int32_t text) { project_resave::show_error(text); }
+
+void host_questions::show_report(const run_report& report) {
+    if (report.stopped) return show_message(text::interrupted_by_user);
+    if (!report.saved) return show_error(text::project_not_saved);
+    const wide_string text = composed(report);
+    if (text.empty()) return show_message(text::project_saved);
+    if (line_count(text) > most_lines_of_a_box)
+        show_extended_message_dialog(text);
+    else
+        vs_show_wwarning((load_string(text::resave_errors) + u"\n\n" + text).c_str());
+}
+
+} // namespace vs::project_resave

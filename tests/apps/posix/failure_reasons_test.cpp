@@ -1,0 +1,100 @@
+// Why a resave could not copy or write something, as text and as JSON. For Linux: a file system of a fixed
+// size and the rights of another user are its own.
+#include <sys/mount.h>
+#include <unistd.h>
+
+#include <nlohmann/json.hpp>
+
+#include "tests/apps/command_run.h"
+
+namespace vs::project_resave {
+namespace {
+
+namespace fs = std::filesystem;
+
+using nlohmann::json;
+using std::string;
+
+class failure_reasons : public command_run {
+protected:
+    failure_reasons() {
+        write(u"C:\\data\\big.tif", string(200'000, 'x'));
+        built.scene_2d(u"Area").layer("rtr_lr2d", u"Relief", u"C:\\data\\big.tif").save(source);
+    }
+    // Runs it with JSON and with text; checks the one problem of this kind in both.
+    void expect_reason(const string& kind, const string& new_path, const string& reason,
+                       const string& prefix = {}) {
+        const string line = "resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp' --quiet ";
+        for (const string form : {"--json", ""}) {
+            const string whole = command_line(line + form, {{}, file_of("out"), file_of("err")});
+            run_line("exec " + prefix + whole.substr(string("exec").size()));
+            out = text("out");
+            err = text("err");
+            EXPECT_TRUE(is_told(reason) && is_told(new_path)) << err;
+            if (form.empty()) continue;
+            std::vector<json> of_kind;
+            for (const json all = json::parse(out); const json& each : all.at("problems"))
+                if (each.at("kind") == kind) of_kind.push_back(each);
+            ASSERT_EQ(1U, of_kind.size()) << out;
+            const json& found = of_kind.front();
+            EXPECT_EQ("Relief", found.at("element").at("caption"));
+            EXPECT_EQ("Area", found.at("element").at("list"));
+            EXPECT_EQ(platform::to_utf8(built.id(u"Relief")), found.at("element").at("uuid"));
+            EXPECT_EQ("C:\\data\\big.tif", found.at("path"));
+            EXPECT_EQ((native("c") / "data/big.tif").string(), found.at("native_path"));
+            EXPECT_EQ(new_path, found.at("new_path"));
+            EXPECT_EQ(reason, found.at("reason"));
+        }
+    }
+
+    project_builder built;
+    const string target = "N:\\out\\rtr\\big.tif";
+};
+
+TEST_F(failure_reasons, a_taken_name_and_a_folder_that_cannot_be_made) {
+    write(u"N:\\out\\rtr", "a file where the folder goes");
+    expect_reason("copy_failed", target, "Not a directory");
+}
+
+TEST_F(failure_reasons, a_full_disk) {
+    const fs::path out_folder = native("n") / "out";
+    if (::mount("tmpfs", out_folder.c_str(), "tmpfs", 0, "size=64k") != 0)
+        GTEST_SKIP() << "this user may not mount a file system";
+    expect_reason("copy_failed", target, "No space left on device");
+    ::umount(out_folder.c_str());
+}
+
+TEST_F(failure_reasons, a_file_that_outgrows_the_limit) {
+    expect_reason("copy_failed", target, "File too large",
+                  "sh -c 'trap \"\" XFSZ; ulimit -f 100; exec \"$@\"' sh ");
+}
+
+TEST_F(failure_reasons, a_folder_without_the_right_to_write) {
+    if (::geteuid() != 0) {
+        fs::create_directories(native("n") / "out" / "rtr");
+        fs::permissions(native("n") / "out" / "rtr", fs::perms::owner_read | fs::perms::owner_exec);
+        expect_reason("copy_failed", target, "Permission denied");
+        fs::permissions(native("n") / "out" / "rtr", fs::perms::owner_all);
+        return;
+    }
+    fs::create_directories(native("n") / "out" / "rtr"); // root's own
+    for (fs::path folder = native("n"); folder != fs::temp_directory_path(); folder = folder.parent_path())
+        fs::permissions(folder, fs::perms::group_all | fs::perms::others_all, fs::perm_options::add);
+    fs::permissions(native("n") / "out", fs::perms::all);
+    expect_reason("copy_failed", target, "Permission denied", "setpriv --reuid=65534 --clear-groups ");
+}
+
+// A caption is never more than a caption: what follows a line feed in it is no entry of its own.
+TEST_F(failure_reasons, a_caption_that_looks_like_a_line_of_the_report) {
+    built.clear();
+    built.scene_2d(u"Area").layer("rtr_lr2d", u"Old\nCopy error relief.tif", u"C:\\gone.tif").save(source);
+    EXPECT_EQ(1, command("resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp' --json --quiet"));
+    const json all = json::parse(out);
+    EXPECT_TRUE(all.at("copy_errors").empty()) << out;
+    ASSERT_EQ(1U, all.at("lost_sources").size());
+    EXPECT_EQ("Old\nCopy error relief.tif", all.at("lost_sources")[0].at("element").at("caption"));
+    EXPECT_EQ(1, std::ranges::count(err, '\n')) << err;
+}
+
+} // namespace
+} // namespace vs::project_resave
