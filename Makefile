@@ -5,7 +5,8 @@
 # make demo         lists the sample project and resaves it under each structure into build/demo/
 # make bench        measures load and resave beside cp -a
 # make torture      faults at every call, kills, arbitrary bytes: prints what was tried, fails if anything was lost
-# make check        formatting and static analysis
+# make check        order of folders, formatting, and clang-tidy over what changed (BASE=commit: since then; ALL=1: all)
+# make format       formats all sources
 # make clean        removes the build folders
 
 SHELL := /bin/bash
@@ -48,9 +49,9 @@ format:
 	@$(sources) | xargs clang-format -i
 
 check: packages
+	@tools/check_layers
 	@$(sources) | xargs clang-format --dry-run -Werror
-	@cmake --preset debug >/dev/null
-	@git ls-files '*.cpp' | grep -v /windows/ | xargs -P 2 -n 4 clang-tidy -p build-debug --quiet
+	@BASE=$(BASE) tools/run_clang_tidy $(if $(ALL),all)
 
 clean:
-	@rm -rf build build-debug build-fast build-sanitize build-fuzz build-windows
+	@rm -rf build build-check build-debug build-fast build-sanitize build-fuzz build-windows

@@ -156,7 +156,7 @@ protected:
 
 TEST_F(processes, a_run_killed_anywhere_leaves_the_source_whole_and_the_next_run_succeeds) {
     std::mt19937_64 random = torture::seeded("kills");
-    const size_t wanted = torture::number_of("TORTURE_KILLS", 4);
+    const size_t wanted = torture::number_of("TORTURE_KILLS", 5);
     const tree_state before = state_of(native("c"));
     const char* const structures[] = {"by-type", "from-common-top", "project-tree-else-type"};
     make_older();
