@@ -2,6 +2,7 @@
 
 #include "apps/vestra_resave/output_file.h"
 #include "apps/vestra_resave/problems.h"
+#include "operations/project_context.h"
 #include "platform/volumes.h"
 
 namespace vestra::command {

@@ -8,6 +8,7 @@
 
 #include "apps/vestra_resave/figures.h"
 #include "core/copying.h"
+#include "operations/project_context.h"
 #include "operations/run/path_files.h"
 #include "platform/path_text.h"
 #include "platform/system.h"

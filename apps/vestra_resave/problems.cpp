@@ -7,6 +7,7 @@
 
 #include "apps/vestra_resave/figures.h"
 #include "operations/run/path_files.h"
+#include "operations/run/run_state.h"
 #include "platform/path_text.h"
 #include "platform/text.h"
 #include "platform/volumes.h"
@@ -72,26 +73,26 @@ problem problem_of(const fact& fact) {
     return found;
 }
 
-std::vector<problem> problems_of(const project_context& context) {
+std::vector<problem> problems_of(const run_state& run) {
     std::vector<problem> all;
     const auto refusals = refusals_of_host();
-    for (const fact& each : context.report.facts()) {
+    for (const fact& each : run.report.facts()) {
         problem& found = all.emplace_back(problem_of(each));
         if (each.kind != fact_kind::not_written || !found.reason.empty()) continue;
         const auto row = refusals.find(path_key(each.new_path));
         if (row != refusals.end()) found.reason = row->second;
     }
-    if (context.report.incomplete)
+    if (run.report.incomplete)
         all.push_back({name_of(fact_kind::exception_caught), {}, {}, {}, u"too little memory to report"});
     return all;
 }
 
-void add_misplaced(const project_context& context, std::vector<problem>& all) {
-    if (context.report.stopped) return;
+void add_misplaced(const run_state& run, std::vector<problem>& all) {
+    if (run.report.stopped) return;
     std::unordered_set<wide_string> known;
     for (const problem& each : all)
         if (each.kind == name_of(fact_kind::not_written)) known.insert(path_key(each.new_path));
-    const path_placement& placement = context.placement;
+    const path_placement& placement = run.placement;
     const wide_string below = path_key(placement.new_folder) + u'\\';
     for (const placed_file& file : placement.placed) {
         if (file.new_path == placement.log_path) continue; // entered whether it is written or not

@@ -6,7 +6,11 @@
 #include <string>
 #include <vector>
 
-#include "operations/project_context.h"
+#include "operations/run/run_report.h"
+
+namespace vs::project_resave {
+struct run_state;
+}
 
 namespace vestra::command {
 
@@ -26,10 +30,10 @@ struct problem {
 const char* name_of(vs::project_resave::fact_kind kind);
 problem problem_of(const vs::project_resave::fact& fact);
 // The facts of the last run, what the host could not write among them with its reason.
-std::vector<problem> problems_of(const vs::project_resave::project_context& context);
+std::vector<problem> problems_of(const vs::project_resave::run_state& run);
 // Adds the files of a resave that are entered as made and do not exist, and those outside the new project's
 // folder. After a stop what was made may have been erased again, so nothing is added.
-void add_misplaced(const vs::project_resave::project_context& context, std::vector<problem>& all);
+void add_misplaced(const vs::project_resave::run_state& run, std::vector<problem>& all);
 // True for what a run does as it is asked to: a renamed copy, a scene file written over.
 bool is_notice(const problem& found);
 

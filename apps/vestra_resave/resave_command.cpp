@@ -6,6 +6,7 @@
 #include "apps/vestra_resave/resave_report.h"
 #include "apps/vestra_resave/verification.h"
 #include "framework/resources/strings.h"
+#include "operations/project_context.h"
 #include "operations/run/path_files.h"
 #include "platform/path_text.h"
 #include "platform/system.h"

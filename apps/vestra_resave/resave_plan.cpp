@@ -6,6 +6,7 @@
 #include <unordered_set>
 
 #include "apps/vestra_resave/figures.h"
+#include "operations/run/run_state.h"
 #include "platform/path_text.h"
 #include "platform/text.h"
 
@@ -100,20 +101,20 @@ bool has_too_little_space(const resave_plan& plan) {
 
 } // namespace
 
-resave_plan plan_of(const project_context& context, const run_result& result, trial_disk& disk) {
+resave_plan plan_of(const run_state& run, const run_result& result, trial_disk& disk) {
     resave_plan plan;
-    plan.report = report_of(context, result);
+    plan.report = report_of(run, result);
     const std::vector<trial_disk::made_file> made = disk.made_files();
-    const origins from(context.placement, disk);
+    const origins from(run.placement, disk);
     for (const trial_disk::made_file& each : made) {
         plan.files.push_back(from.file(each));
         plan.bytes += each.bytes;
     }
     neighbourhood beside(plan.files);
     for (const resave_plan::file& each : plan.files)
-        if (!each.source.empty() && !path_same(each.target, context.placement.new_project_path))
+        if (!each.source.empty() && !path_same(each.target, run.placement.new_project_path))
             beside.add(each.source, plan.neighbours);
-    if (uint64_t free = 0; disk.free_space(context.placement.new_folder, free)) plan.free_bytes = free;
+    if (uint64_t free = 0; disk.free_space(run.placement.new_folder, free)) plan.free_bytes = free;
     if (has_too_little_space(plan) && plan.report.exit == done) plan.report.exit = problems;
     return plan;
 }

@@ -30,8 +30,8 @@ struct resave_plan {
 };
 
 // While the disk is in force. What the run left in the context is read.
-resave_plan plan_of(const vs::project_resave::project_context& context,
-                    const vs::project_resave::run_result& result, trial_disk& disk);
+resave_plan plan_of(const vs::project_resave::run_state& run, const vs::project_resave::run_result& result,
+                    trial_disk& disk);
 
 // Problems and warnings, a line each on the error output.
 void complain_of(const resave_plan& plan);

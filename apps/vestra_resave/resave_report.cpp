@@ -8,6 +8,7 @@
 #include "apps/vestra_resave/elements.h"
 #include "apps/vestra_resave/figures.h"
 #include "operations/run/path_files.h"
+#include "operations/run/run_state.h"
 #include "platform/path_text.h"
 #include "platform/text.h"
 
@@ -38,14 +39,14 @@ std::vector<copied_file> copies_of(const path_placement& placement,
 
 } // namespace
 
-resave_report report_of(const project_context& context, const run_result& result) {
+resave_report report_of(const run_state& run, const run_result& result) {
     resave_report report;
-    report.problems = problems_of(context);
-    add_misplaced(context, report.problems);
+    report.problems = problems_of(run);
+    add_misplaced(run, report.problems);
     const std::unordered_set<wide_string> failed = unwritten(report.problems);
-    report.files = copies_of(context.placement, failed);
+    report.files = copies_of(run.placement, failed);
     // The run asks only whether a project of that name exists, which can be an older one.
-    const bool saved = result.written && !failed.contains(path_key(context.placement.new_project_path));
+    const bool saved = result.written && !failed.contains(path_key(run.placement.new_project_path));
     if (result.end == run_end::stopped)
         report.exit = stopped, report.outcome = "stopped";
     else if (!saved)

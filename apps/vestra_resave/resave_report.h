@@ -7,8 +7,9 @@
 #include <vector>
 
 #include "apps/vestra_resave/problems.h"
-#include "apps/vestra_resave/session.h"
+#include "apps/vestra_resave/terminal_host.h"
 #include "apps/vestra_resave/verification.h"
+#include "operations/run/run_result.h"
 
 namespace vestra::command {
 
@@ -26,7 +27,7 @@ struct resave_report {
 };
 
 // Reads what the run left in the context.
-resave_report report_of(const vs::project_resave::project_context& context,
+resave_report report_of(const vs::project_resave::run_state& run,
                         const vs::project_resave::run_result& result);
 nlohmann::ordered_json json_of(const resave_report& report);
 // With what a verification found, if there was one.

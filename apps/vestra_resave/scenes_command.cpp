@@ -11,6 +11,7 @@
 #include "host/vsk_prj.h"
 #include "host/vsk_scn_2d.h"
 #include "layers/layer_files.h"
+#include "operations/project_context.h"
 #include "operations/run/path_files.h"
 #include "platform/path_text.h"
 #include "platform/volumes.h"
@@ -60,7 +61,8 @@ int write_scenes(const scenes_request& request, const common_options& options) {
         return not_saved;
     }
     scene_file_settings settings = request.settings;
-    if (settings.on_exists == on_existing_file::rewrite && would_replace_project_file(scene_files(context, folder), context))
+    if (settings.on_exists == on_existing_file::rewrite &&
+        would_replace_project_file(scene_files(context, folder), context))
         return wrong_use;
     settings.folder = folder.c_str();
     const run_result result = context.create_scene_files(settings);

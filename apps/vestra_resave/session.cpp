@@ -2,6 +2,7 @@
 
 #include "apps/vestra_resave/figures.h"
 #include "apps/vestra_resave/problems.h"
+#include "operations/project_context.h"
 #include "platform/volumes.h"
 #include "reference_host/shell/settings.h"
 
@@ -15,7 +16,7 @@ session::session(const common_options& options, const decided_answers& answers)
     host_.load_bundles();
     host_.connect();
     collect_resave_services(services_);
-    context_.emplace(&services_, questions_);
+    context_ = std::make_unique<project_context>(&services_, questions_);
 }
 
 session::~session() {

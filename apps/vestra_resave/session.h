@@ -2,9 +2,17 @@
 // works.
 #pragma once
 
+#include <memory>
+#include <string>
+
 #include "apps/vestra_resave/command_questions.h"
 #include "apps/vestra_resave/terminal_host.h"
-#include "operations/project_context.h"
+
+#include "services/collect_services.h"
+
+namespace vs::project_resave {
+class project_context;
+}
 
 namespace vestra::command {
 
@@ -29,7 +37,7 @@ private:
     terminal_host host_;
     command_questions questions_;
     vs::project_resave::resave_services services_;
-    std::optional<vs::project_resave::project_context> context_;
+    std::unique_ptr<vs::project_resave::project_context> context_;
 };
 
 } // namespace vestra::command

@@ -7,6 +7,7 @@
 
 #include "apps/vestra_resave/elements.h"
 #include "apps/vestra_resave/figures.h"
+#include "operations/project_context.h"
 #include "platform/path_text.h"
 #include "platform/system.h"
 #include "platform/text.h"

@@ -7,7 +7,11 @@
 #include <string>
 #include <vector>
 
-#include "operations/project_context.h"
+#include "platform/wide_string.h"
+
+namespace vs::project_resave {
+class project_context;
+}
 #include "operations/run/placed_files.h"
 
 namespace vestra::command {

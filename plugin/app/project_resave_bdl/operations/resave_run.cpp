@@ -132,6 +132,8 @@ void project_context::note_project_saved(bool ok) {
 void project_context::end_run() {
     if (progress.is_stopped()) on_stopped();
     progress.finish();
+    if (log.path() == placement.log_path && !log.failure())
+        report.add(fact_kind::not_written, {}, log.path(), log.failure().text());
     progress.questions->show_report(report);
     options.structure_variant = by_type; // a tree that is built anew has all its units
     if (progress.questions->reopen_source()) {

@@ -3,6 +3,7 @@
 #include "framework/border/string_adapter.h"
 #include "framework/resources/strings.h"
 #include "host/vsk_prj.h"
+#include "operations/project_context.h"
 #include "platform/path_text.h"
 #include "platform/text.h"
 
@@ -16,7 +17,7 @@ enum page : uint32_t { resave_page, structure_page, scene_files_page };
 } // namespace
 
 settings_element::settings_element(const resave_services* services)
-    : context_(services, questions_),
+    : owned_context_(std::make_unique<project_context>(services, questions_)), context_(*owned_context_),
       host_project_path_(host_string(&vs_prj_get_filename, vs_prj_get_instance())),
       source_label_(load_string(text::select_source_project)),
       source_field_(file_input_mode::source_project, load_string(text::project_file_mask),
@@ -35,6 +36,8 @@ settings_element::settings_element(const resave_services* services)
     project_connection_ = context_.project_changed_event().connect([this] { on_project_changed(); });
     reset_to_defaults();
 }
+
+settings_element::~settings_element() = default;
 
 void settings_element::lay_out() {
     header_.place_over(0, 0, 3, source_label_);

@@ -5,7 +5,7 @@
 #include <functional>
 #include <memory>
 
-#include "operations/project_context.h"
+#include "services/collect_services.h"
 #include "ui/checked_path_register_tab.h"
 #include "ui/host_questions.h"
 #include "ui/save_prj_tab.h"
@@ -17,10 +17,13 @@
 
 namespace vs::project_resave {
 
+class project_context;
+
 class settings_element {
 public:
     // The services are the application's, and come later.
     explicit settings_element(const resave_services* services);
+    ~settings_element();
     settings_element(const settings_element&) = delete;
     settings_element& operator=(const settings_element&) = delete;
 
@@ -55,7 +58,8 @@ private:
     wide_string source_path_; // of the project now loaded; empty without one
     wide_string new_path_;    // as accepted in the tab that resaves
     host_questions questions_;
-    project_context context_;
+    const std::unique_ptr<project_context> owned_context_;
+    project_context& context_;
     const wide_string host_project_path_;
     toolkit::label source_label_;
     toolkit::file_input source_field_;
