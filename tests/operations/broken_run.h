@@ -48,7 +48,7 @@ protected:
     void expect_nothing_left_over() const {
         EXPECT_FALSE(context->project);
         EXPECT_TRUE(context->tree.empty() && context->units.rows().empty());
-        EXPECT_TRUE(context->deferred_joins_.pending.empty());
+        EXPECT_TRUE(context->joins.pending.empty());
         EXPECT_EQ(u"files", context->placement.type_folder);
         EXPECT_EQ(nullptr, context->placement.scene_common);
         EXPECT_EQ(0U, script.open_windows);

@@ -15,7 +15,7 @@ namespace vs::project_resave {
 
 class forwarding_system : public platform::system {
 public:
-    /// `inner`, by default the system in force, must outlive this object.
+    // `inner`, by default the system in force, must outlive this object.
     explicit forwarding_system(platform::system& inner = platform::current_system()) : inner_(inner) {}
 
     platform::entry_kind kind_of(const wide_string& path) override { return inner_.kind_of(path); }

@@ -45,11 +45,11 @@ public:
 
     const std::filesystem::path& native() const { return native_; }
 
-    /// The drive path of the folder, or of a name in it.
+    // The drive path of the folder, or of a name in it.
     wide_string path() const { return platform::drive_path(native_.string()); }
     wide_string path(wide_view name) const { return path() + u"\\" + wide_string(name); }
 
-    /// Writes a file, with the folders it needs, past the bundle's own file calls; its drive path.
+    // Writes a file, with the folders it needs, past the bundle's own file calls; its drive path.
     wide_string write(wide_view name, std::string_view bytes = {}) const {
         std::u16string below(name);
         std::ranges::replace(below, u'\\', u'/');
@@ -59,7 +59,7 @@ public:
         return path(name);
     }
 
-    /// The bytes of a file; empty if there is none.
+    // The bytes of a file; empty if there is none.
     std::string read(wide_view name) const { return bytes_of(platform::native_path(path(name))); }
 
 private:

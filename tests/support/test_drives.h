@@ -16,10 +16,10 @@ public:
     test_drives();
     ~test_drives();
 
-    /// The native path of a drive's root.
+    // The native path of a drive's root.
     std::filesystem::path root(char letter) const;
 
-    /// True for what the system has in the root of its own disk.
+    // True for what the system has in the root of its own disk.
     static bool is_of_the_system(const std::filesystem::path& entry);
 
 private:

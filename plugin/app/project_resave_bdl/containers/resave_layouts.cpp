@@ -20,25 +20,25 @@
 namespace vs::project_resave {
 
 void Tvs_resave_scns_layout::build() {
-    const uint32_t count = vs_scns_2d_get_size(layouts);
+    const uint32_t count = vs_scns_2d_get_size(layouts_);
     children.resize(count);
     for (uint32_t index = 0; index < count; ++index)
-        place(index, std::make_unique<Tvs_resave_scn_layout>(vs_scns_2d_get(layouts, index), *context));
+        place(index, std::make_unique<Tvs_resave_scn_layout>(vs_scns_2d_get(layouts_, index), *context));
 }
 
 void Tvs_resave_scns_layout::before_children() { context->progress.set_caption(text::saving_layouts); }
 vs_entities* Tvs_resave_scns_layout::container() {
-    return layouts ? vs_scns_2d_safe_upcast(layouts) : nullptr;
+    return layouts_ ? vs_scns_2d_safe_upcast(layouts_) : nullptr;
 }
 wide_string Tvs_resave_scns_layout::heading() { return load_string(text::layouts_heading); }
-void Tvs_resave_scns_layout::remove_child(uint32_t index) { vs_scns_2d_del(layouts, index); }
+void Tvs_resave_scns_layout::remove_child(uint32_t index) { vs_scns_2d_del(layouts_, index); }
 
 void Tvs_resave_scn_layout::build() {
-    const uint32_t count = vs_scn_2d_get_layer_count(layout);
+    const uint32_t count = vs_scn_2d_get_layer_count(layout_);
     children.resize(size_t{count} + 1);
     for (uint32_t index = 0; index < count; ++index)
-        place(index, make_unit(vs_scn_2d_get_layer_ptr(layout, index)));
-    if (vs_lr* page = vs_scn_layout_get_page_lr2d(layout))
+        place(index, make_unit(vs_scn_2d_get_layer_ptr(layout_, index)));
+    if (vs_lr* page = vs_scn_layout_get_page_lr2d(layout_))
         place(count, std::make_unique<Tvs_resave_layout_page>(page, *context));
 }
 
@@ -62,13 +62,13 @@ std::unique_ptr<Tvs_resave_unit> Tvs_resave_scn_layout::make_legend(vs_lr* layer
 }
 
 void Tvs_resave_scn_layout::on_missing_child(uint32_t index) {
-    context->log.write_indented(host_string(&vs_lr2d_get_wcaption, vs_scn_2d_get_layer_ptr(layout, index)));
+    context->log.write_indented(host_string(&vs_lr2d_get_wcaption, vs_scn_2d_get_layer_ptr(layout_, index)));
 }
 
-vs_entities* Tvs_resave_scn_layout::container() { return layout ? vs_scn_2d_safe_upcast(layout) : nullptr; }
-wide_string Tvs_resave_scn_layout::heading() { return host_string(&vs_scn_2d_get_wcaption, layout); }
+vs_entities* Tvs_resave_scn_layout::container() { return layout_ ? vs_scn_2d_safe_upcast(layout_) : nullptr; }
+wide_string Tvs_resave_scn_layout::heading() { return host_string(&vs_scn_2d_get_wcaption, layout_); }
 bool Tvs_resave_scn_layout::has_structure_content() { return context->options.write_layout_layers; }
-void Tvs_resave_scn_layout::remove_child(uint32_t index) { vs_scn_2d_del_lr2d(layout, index); }
+void Tvs_resave_scn_layout::remove_child(uint32_t index) { vs_scn_2d_del_lr2d(layout_, index); }
 
 vs_entity* Tvs_resave_layout_part::entity() { return layer ? vs_lr_safe_upcast(layer) : nullptr; }
 

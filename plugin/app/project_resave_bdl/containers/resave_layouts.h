@@ -8,7 +8,7 @@ namespace vs::project_resave {
 class Tvs_resave_scns_layout final : public Tvs_resave_list {
 public:
     // The collection is the project's.
-    Tvs_resave_scns_layout(vs_scns_2d* handle, run_state& run) : Tvs_resave_list(run), layouts(handle) {}
+    Tvs_resave_scns_layout(vs_scns_2d* handle, run_state& run) : Tvs_resave_list(run), layouts_(handle) {}
 
     void build() override;
     void before_children() override;
@@ -18,13 +18,13 @@ public:
     void remove_child(uint32_t index) override;
 
 private:
-    vs_scns_2d* const layouts;
+    vs_scns_2d* const layouts_;
 };
 
 // Has one place more than the layout has layers: the last is for the page, and empty without one.
 class Tvs_resave_scn_layout final : public Tvs_resave_list {
 public:
-    Tvs_resave_scn_layout(vs_scn_2d* handle, run_state& run) : Tvs_resave_list(run), layout(handle) {}
+    Tvs_resave_scn_layout(vs_scn_2d* handle, run_state& run) : Tvs_resave_list(run), layout_(handle) {}
 
     void build() override;
     // Texts, plain legends and the like have no unit, but a line.
@@ -38,7 +38,7 @@ private:
     std::unique_ptr<Tvs_resave_unit> make_unit(vs_lr* layer);
     std::unique_ptr<Tvs_resave_unit> make_legend(vs_lr* layer);
 
-    vs_scn_2d* const layout;
+    vs_scn_2d* const layout_;
 };
 
 // Parts of a layout that own no file: the frame that shows a scene, and the page. They make no step of

@@ -14,7 +14,7 @@
 
 namespace vs::project_resave {
 
-wide_string legend_folder_for(const wide_string& first, const wide_string& /*second*/) {
+wide_string legend_folder_for(const wide_string& first, const wide_string&) {
     wide_string folder = load_string(text::legend_plus_folder);
     if (first.empty()) folder = path_join(folder, first);
     return folder;
@@ -23,15 +23,15 @@ wide_string legend_folder_for(const wide_string& first, const wide_string& /*sec
 bool Tvs_resave_shp_2d_legend_plus::write_dbf_columns() { return context->options.write_legend_columns; }
 
 void Tvs_resave_legend_plus::build() {
-    const uint32_t count = vs_scn_2d_get_layer_count(scene);
+    const uint32_t count = vs_scn_2d_get_layer_count(scene_);
     children.resize(count);
     for (uint32_t index = 0; index < count; ++index)
-        place(index, make_unit(vs_scn_2d_get_layer_ptr(scene, index)));
+        place(index, make_unit(vs_scn_2d_get_layer_ptr(scene_, index)));
 }
 
 std::unique_ptr<Tvs_resave_unit> Tvs_resave_legend_plus::make_unit(vs_lr* layer) {
     const auto make = [&]<class Unit>(std::in_place_type_t<Unit>) {
-        return std::make_unique<Unit>(layer, layout_caption, heading(), *context);
+        return std::make_unique<Unit>(layer, layout_caption_, heading(), *context);
     };
     const char* const text = vs_lr2d_get_lr_type(layer);
     const std::string_view type = narrow_or_empty(text);
@@ -47,8 +47,8 @@ std::unique_ptr<Tvs_resave_unit> Tvs_resave_legend_plus::make_unit(vs_lr* layer)
     return nullptr;
 }
 
-vs_entities* Tvs_resave_legend_plus::container() { return scene ? vs_scn_2d_safe_upcast(scene) : nullptr; }
-wide_string Tvs_resave_legend_plus::heading() { return host_string(&vs_scn_2d_get_wcaption, scene); }
+vs_entities* Tvs_resave_legend_plus::container() { return scene_ ? vs_scn_2d_safe_upcast(scene_) : nullptr; }
+wide_string Tvs_resave_legend_plus::heading() { return host_string(&vs_scn_2d_get_wcaption, scene_); }
 bool Tvs_resave_legend_plus::has_structure_content() { return context->options.write_legend_content; }
 
 } // namespace vs::project_resave

@@ -12,7 +12,7 @@ class Tvs_resave_legend_plus final : public Tvs_resave_list {
 public:
     // The scene is the legend layer's.
     Tvs_resave_legend_plus(vs_scn_2d* handle, wide_string layout, run_state& run)
-        : Tvs_resave_list(run), scene(handle), layout_caption(std::move(layout)) {}
+        : Tvs_resave_list(run), scene_(handle), layout_caption_(std::move(layout)) {}
 
     // Knows fewer kinds of layers than a scene; others are reported.
     void build() override;
@@ -25,8 +25,8 @@ public:
 private:
     std::unique_ptr<Tvs_resave_unit> make_unit(vs_lr* layer);
 
-    vs_scn_2d* const scene;
-    const wide_string layout_caption;
+    vs_scn_2d* const scene_;
+    const wide_string layout_caption_;
 };
 
 // Name of the folder for the files of legends. Neither text has an effect on it.
@@ -38,12 +38,12 @@ class Tvs_resave_legend_layer : public Base {
 public:
     Tvs_resave_legend_layer(vs_lr* handle, const wide_string& layout, const wide_string& legend,
                             run_state& run)
-        : Base(handle, run), legend_folder(legend_folder_for(layout, legend)) {}
+        : Base(handle, run), legend_folder_(legend_folder_for(layout, legend)) {}
 
-    wide_string default_folder() override { return legend_folder; }
+    wide_string default_folder() override { return legend_folder_; }
 
 private:
-    const wide_string legend_folder;
+    const wide_string legend_folder_;
 };
 
 class Tvs_resave_shp_2d_legend_plus final : public Tvs_resave_legend_layer<Tvs_resave_shp_lr2d> {

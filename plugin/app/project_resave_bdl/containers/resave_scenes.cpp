@@ -53,27 +53,27 @@ void Tvs_resave_scene::after_save(bool ok) {
 bool Tvs_resave_scene::has_structure_content() { return context->options.write_layer_names; }
 
 void Tvs_resave_scene_2d::build() {
-    const uint32_t count = vs_scn_2d_get_layer_count(scene);
+    const uint32_t count = vs_scn_2d_get_layer_count(scene_);
     const wide_string list = heading();
     children.resize(count);
     for (uint32_t index = 0; index < count; ++index)
-        place(index, make_layer_unit_2d(*context, vs_scn_2d_get_layer_ptr(scene, index), list));
+        place(index, make_layer_unit_2d(*context, vs_scn_2d_get_layer_ptr(scene_, index), list));
 }
 
 bool Tvs_resave_scene_2d::is_child_selected(uint32_t index) {
     const bool selected = Tvs_resave_list::is_child_selected(index);
-    if (!selected) had_unselected_layer = true;
+    if (!selected) had_unselected_layer_ = true;
     return selected;
 }
 
 void Tvs_resave_scene_2d::after_children() {
-    if (!scene) return;
-    if (had_unselected_layer) {
-        if (vs_lr_group* groups = vs_scn_2d_get_lr_group_ptr(scene)) vs_lr_group_erase_empty_group(groups);
+    if (!scene_) return;
+    if (had_unselected_layer_) {
+        if (vs_lr_group* groups = vs_scn_2d_get_lr_group_ptr(scene_)) vs_lr_group_erase_empty_group(groups);
     }
     if (!context->options.save_scene_files) return;
     const wide_string folder = context->placement.current_output_folder();
-    write_scene_file_2d(scene, caption_file_path(folder, heading(), scene_2d_extension), *context);
+    write_scene_file_2d(scene_, caption_file_path(folder, heading(), scene_2d_extension), *context);
 }
 
 bool Tvs_resave_scene_2d::write_scene_file() {
@@ -90,39 +90,39 @@ bool Tvs_resave_scene_2d::write_scene_file() {
             break;
         }
     }
-    write_scene_file_2d(scene, path, *context);
+    write_scene_file_2d(scene_, path, *context);
     return true;
 }
 
-vs_entities* Tvs_resave_scene_2d::container() { return scene ? vs_scn_2d_safe_upcast(scene) : nullptr; }
-wide_string Tvs_resave_scene_2d::heading() { return host_string(&vs_scn_2d_get_wcaption, scene); }
-void Tvs_resave_scene_2d::remove_child(uint32_t index) { vs_scn_2d_del_lr2d(scene, index); }
-vs_lr_group* Tvs_resave_scene_2d::layer_group() { return vs_scn_get_lr_group_ptr(scene); }
+vs_entities* Tvs_resave_scene_2d::container() { return scene_ ? vs_scn_2d_safe_upcast(scene_) : nullptr; }
+wide_string Tvs_resave_scene_2d::heading() { return host_string(&vs_scn_2d_get_wcaption, scene_); }
+void Tvs_resave_scene_2d::remove_child(uint32_t index) { vs_scn_2d_del_lr2d(scene_, index); }
+vs_lr_group* Tvs_resave_scene_2d::layer_group() { return vs_scn_get_lr_group_ptr(scene_); }
 
 void Tvs_resave_scene_3d::build() {
-    const uint32_t count = vs_scn_3d_get_layer_count(scene);
+    const uint32_t count = vs_scn_3d_get_layer_count(scene_);
     const wide_string list = heading();
     children.resize(count);
     for (uint32_t index = 0; index < count; ++index)
-        place(index, make_layer_unit_3d(*context, vs_scn_3d_get_layer_ptr(scene, index), list));
+        place(index, make_layer_unit_3d(*context, vs_scn_3d_get_layer_ptr(scene_, index), list));
 }
 
 void Tvs_resave_scene_3d::after_children() {
-    if (!context->options.save_scene_files || !scene) return;
+    if (!context->options.save_scene_files || !scene_) return;
     const wide_string folder = context->placement.current_output_folder();
-    write_scene_file_3d(scene, caption_file_path(folder, heading(), scene_3d_extension), *context);
+    write_scene_file_3d(scene_, caption_file_path(folder, heading(), scene_3d_extension), *context);
 }
 
-vs_entities* Tvs_resave_scene_3d::container() { return scene ? vs_scn_3d_safe_upcast(scene) : nullptr; }
-wide_string Tvs_resave_scene_3d::heading() { return host_string(&vs_scn_3d_get_wcaption, scene); }
-void Tvs_resave_scene_3d::remove_child(uint32_t index) { vs_scn_3d_del_lr3d(scene, index); }
-vs_lr_group* Tvs_resave_scene_3d::layer_group() { return vs_scn_get_lr_group_ptr(scene); }
+vs_entities* Tvs_resave_scene_3d::container() { return scene_ ? vs_scn_3d_safe_upcast(scene_) : nullptr; }
+wide_string Tvs_resave_scene_3d::heading() { return host_string(&vs_scn_3d_get_wcaption, scene_); }
+void Tvs_resave_scene_3d::remove_child(uint32_t index) { vs_scn_3d_del_lr3d(scene_, index); }
+vs_lr_group* Tvs_resave_scene_3d::layer_group() { return vs_scn_get_lr_group_ptr(scene_); }
 
 void Tvs_resave_scenes_2d::build() {
-    const uint32_t count = vs_scns_2d_get_size(scenes);
+    const uint32_t count = vs_scns_2d_get_size(scenes_);
     children.resize(count);
     for (uint32_t index = 0; index < count; ++index)
-        place(index, std::make_unique<Tvs_resave_scene_2d>(vs_scns_2d_get(scenes, index), *context));
+        place(index, std::make_unique<Tvs_resave_scene_2d>(vs_scns_2d_get(scenes_, index), *context));
 }
 
 bool Tvs_resave_scenes_2d::write_scene_file() {
@@ -134,20 +134,20 @@ bool Tvs_resave_scenes_2d::write_scene_file() {
 }
 
 void Tvs_resave_scenes_2d::before_children() { context->progress.set_caption(text::saving_scenes_2d); }
-vs_entities* Tvs_resave_scenes_2d::container() { return scenes ? vs_scns_2d_safe_upcast(scenes) : nullptr; }
+vs_entities* Tvs_resave_scenes_2d::container() { return scenes_ ? vs_scns_2d_safe_upcast(scenes_) : nullptr; }
 wide_string Tvs_resave_scenes_2d::heading() { return load_string(text::scenes_2d_heading); }
-void Tvs_resave_scenes_2d::remove_child(uint32_t index) { vs_scns_2d_del(scenes, index); }
+void Tvs_resave_scenes_2d::remove_child(uint32_t index) { vs_scns_2d_del(scenes_, index); }
 
 void Tvs_resave_scenes_3d::build() {
-    const uint32_t count = vs_scns_3d_get_size(scenes);
+    const uint32_t count = vs_scns_3d_get_size(scenes_);
     children.resize(count);
     for (uint32_t index = 0; index < count; ++index)
-        place(index, std::make_unique<Tvs_resave_scene_3d>(vs_scns_3d_get(scenes, index), *context));
+        place(index, std::make_unique<Tvs_resave_scene_3d>(vs_scns_3d_get(scenes_, index), *context));
 }
 
 void Tvs_resave_scenes_3d::before_children() { context->progress.set_caption(text::saving_scenes_3d); }
-vs_entities* Tvs_resave_scenes_3d::container() { return scenes ? vs_scns_3d_safe_upcast(scenes) : nullptr; }
+vs_entities* Tvs_resave_scenes_3d::container() { return scenes_ ? vs_scns_3d_safe_upcast(scenes_) : nullptr; }
 wide_string Tvs_resave_scenes_3d::heading() { return load_string(text::scenes_3d_heading); }
-void Tvs_resave_scenes_3d::remove_child(uint32_t index) { vs_scns_3d_del(scenes, index); }
+void Tvs_resave_scenes_3d::remove_child(uint32_t index) { vs_scns_3d_del(scenes_, index); }
 
 } // namespace vs::project_resave

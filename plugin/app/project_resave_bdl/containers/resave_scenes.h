@@ -28,7 +28,7 @@ private:
 class Tvs_resave_scene_2d : public Tvs_resave_scene {
 public:
     // The scene is the project's, or the map layer's.
-    Tvs_resave_scene_2d(vs_scn_2d* handle, run_state& run) : Tvs_resave_scene(run), scene(handle) {}
+    Tvs_resave_scene_2d(vs_scn_2d* handle, run_state& run) : Tvs_resave_scene(run), scene_(handle) {}
 
     // Writes the whole scene to "caption._sn" below the new project's path, whatever is selected in it.
     bool write_scene_file() override;
@@ -43,8 +43,8 @@ public:
     vs_lr_group* layer_group() override;
 
 private:
-    vs_scn_2d* const scene;
-    bool had_unselected_layer = false; // stays set for the life of the unit
+    vs_scn_2d* const scene_;
+    bool had_unselected_layer_ = false; // stays set for the life of the unit
 };
 
 // A scene that a map layer shows is saved where the map layer is: it has no folder and no file of its own.
@@ -67,7 +67,7 @@ public:
 class Tvs_resave_scene_3d final : public Tvs_resave_scene {
 public:
     // The scene is the project's.
-    Tvs_resave_scene_3d(vs_scn_3d* handle, run_state& run) : Tvs_resave_scene(run), scene(handle) {}
+    Tvs_resave_scene_3d(vs_scn_3d* handle, run_state& run) : Tvs_resave_scene(run), scene_(handle) {}
 
     void build() override;
     // Writes the scene's file if the options say so.
@@ -78,14 +78,14 @@ public:
     vs_lr_group* layer_group() override;
 
 private:
-    vs_scn_3d* const scene;
+    vs_scn_3d* const scene_;
 };
 
 // The collections never leave a place empty.
 class Tvs_resave_scenes_2d final : public Tvs_resave_list {
 public:
     // The collection is the project's.
-    Tvs_resave_scenes_2d(vs_scns_2d* handle, run_state& run) : Tvs_resave_list(run), scenes(handle) {}
+    Tvs_resave_scenes_2d(vs_scns_2d* handle, run_state& run) : Tvs_resave_list(run), scenes_(handle) {}
 
     // Writes the file of each selected scene until the user stops the run.
     bool write_scene_file() override;
@@ -97,12 +97,12 @@ public:
     void remove_child(uint32_t index) override;
 
 private:
-    vs_scns_2d* const scenes;
+    vs_scns_2d* const scenes_;
 };
 
 class Tvs_resave_scenes_3d final : public Tvs_resave_list {
 public:
-    Tvs_resave_scenes_3d(vs_scns_3d* handle, run_state& run) : Tvs_resave_list(run), scenes(handle) {}
+    Tvs_resave_scenes_3d(vs_scns_3d* handle, run_state& run) : Tvs_resave_list(run), scenes_(handle) {}
 
     void build() override;
     void before_children() override;
@@ -112,7 +112,7 @@ public:
     void remove_child(uint32_t index) override;
 
 private:
-    vs_scns_3d* const scenes;
+    vs_scns_3d* const scenes_;
 };
 
 } // namespace vs::project_resave

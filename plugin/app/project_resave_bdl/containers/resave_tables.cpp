@@ -12,45 +12,45 @@
 namespace vs::project_resave {
 
 vs_entity* Tvs_resave_attr::entity() {
-    vs_table_data* data = table ? vs_attr_data_safe_upcast(table) : nullptr;
+    vs_table_data* data = table_ ? vs_attr_data_safe_upcast(table_) : nullptr;
     return data ? vs_table_data_safe_upcast(data) : nullptr;
 }
 
-wide_string Tvs_resave_attr::source_path() { return host_string(&vs_attr_data_get_wfilename, table); }
+wide_string Tvs_resave_attr::source_path() { return host_string(&vs_attr_data_get_wfilename, table_); }
 void Tvs_resave_attr::set_new_path(const wide_string& path) {
-    vs_attr_data_set_wfilename(table, path.c_str());
+    vs_attr_data_set_wfilename(table_, path.c_str());
 }
 wide_string Tvs_resave_attr::default_folder() { return load_string(text::dbf_folder); }
 
 bool Tvs_resave_attr::copy_files(const wide_string& source, const wide_string& target) {
-    return copy_table_and_joins(table, source, target, *context);
+    return copy_table_and_joins(table_, source, target, *context);
 }
 
 void Tvs_resave_attr::collect_common_directory(common_directory& common) {
     common.add_path(source_path());
-    const int32_t joins = vs_attr_data_get_join_count(table);
+    const int32_t joins = vs_attr_data_get_join_count(table_);
     for (int32_t index = 0; index < joins; ++index)
-        common.add_path(host_string(&vs_attr_data_get_join_other_source, table, index));
+        common.add_path(host_string(&vs_attr_data_get_join_other_source, table_, index));
 }
 
 bool Tvs_resave_attr::write_structure() {
     skip_progress();
     context->log.write_indented(
-        with_path(*context, host_string(&vs_attr_data_get_wcaption, table), source_path()));
+        with_path(*context, host_string(&vs_attr_data_get_wcaption, table_), source_path()));
     context->log.indent();
-    write_attr_fields(*context, table);
+    write_attr_fields(*context, table_);
     context->log.unindent();
     return true;
 }
 
 vs_entity* Tvs_resave_tos_table::entity() {
-    vs_table_data* data = table ? vs_tos_data_safe_upcast(table) : nullptr;
+    vs_table_data* data = table_ ? vs_tos_data_safe_upcast(table_) : nullptr;
     return data ? vs_table_data_safe_upcast(data) : nullptr;
 }
 
-wide_string Tvs_resave_tos_table::source_path() { return host_string(&vs_tos_data_get_wfilename, table); }
+wide_string Tvs_resave_tos_table::source_path() { return host_string(&vs_tos_data_get_wfilename, table_); }
 void Tvs_resave_tos_table::set_new_path(const wide_string& path) {
-    vs_tos_data_set_wfilename(table, path.c_str());
+    vs_tos_data_set_wfilename(table_, path.c_str());
 }
 wide_string Tvs_resave_tos_table::default_folder() { return load_string(text::tos_folder); }
 
@@ -61,7 +61,7 @@ bool Tvs_resave_tos_table::copy_files(const wide_string& source, const wide_stri
 bool Tvs_resave_tos_table::write_structure() {
     skip_progress();
     context->log.write_indented(
-        with_path(*context, host_string(&vs_tos_data_get_wcaption, table), source_path()));
+        with_path(*context, host_string(&vs_tos_data_get_wcaption, table_), source_path()));
     if (!context->options.write_table_columns) return true;
     context->log.indent();
     write_tos_properties(*context, source_path());
@@ -70,31 +70,33 @@ bool Tvs_resave_tos_table::write_structure() {
 }
 
 void Tvs_resave_attrs_data::build() {
-    const uint32_t count = vs_attrs_data_get_size(tables);
+    const uint32_t count = vs_attrs_data_get_size(tables_);
     children.resize(count);
     for (uint32_t index = 0; index < count; ++index)
-        place(index, std::make_unique<Tvs_resave_attr>(vs_attrs_data_get(tables, index), *context));
+        place(index, std::make_unique<Tvs_resave_attr>(vs_attrs_data_get(tables_, index), *context));
 }
 
 void Tvs_resave_attrs_data::before_children() { context->progress.set_caption(text::saving_dbf_tables); }
 vs_entities* Tvs_resave_attrs_data::container() {
-    return tables ? vs_attrs_data_safe_upcast(tables) : nullptr;
+    return tables_ ? vs_attrs_data_safe_upcast(tables_) : nullptr;
 }
 wide_string Tvs_resave_attrs_data::heading() { return load_string(text::dbf_tables_heading); }
 bool Tvs_resave_attrs_data::has_structure_content() { return context->options.write_table_names; }
-void Tvs_resave_attrs_data::remove_child(uint32_t index) { vs_attrs_data_del(tables, index); }
+void Tvs_resave_attrs_data::remove_child(uint32_t index) { vs_attrs_data_del(tables_, index); }
 
 void Tvs_resave_toss_data::build() {
-    const uint32_t count = vs_toss_data_get_size(tables);
+    const uint32_t count = vs_toss_data_get_size(tables_);
     children.resize(count);
     for (uint32_t index = 0; index < count; ++index)
-        place(index, std::make_unique<Tvs_resave_tos_table>(vs_toss_data_get(tables, index), *context));
+        place(index, std::make_unique<Tvs_resave_tos_table>(vs_toss_data_get(tables_, index), *context));
 }
 
 void Tvs_resave_toss_data::before_children() { context->progress.set_caption(text::saving_tos_tables); }
-vs_entities* Tvs_resave_toss_data::container() { return tables ? vs_toss_data_safe_upcast(tables) : nullptr; }
+vs_entities* Tvs_resave_toss_data::container() {
+    return tables_ ? vs_toss_data_safe_upcast(tables_) : nullptr;
+}
 wide_string Tvs_resave_toss_data::heading() { return load_string(text::tos_tables_heading); }
 bool Tvs_resave_toss_data::has_structure_content() { return context->options.write_table_names; }
-void Tvs_resave_toss_data::remove_child(uint32_t index) { vs_toss_data_del(tables, index); }
+void Tvs_resave_toss_data::remove_child(uint32_t index) { vs_toss_data_del(tables_, index); }
 
 } // namespace vs::project_resave

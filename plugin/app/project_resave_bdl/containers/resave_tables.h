@@ -8,7 +8,7 @@ namespace vs::project_resave {
 
 class Tvs_resave_attr final : public Tvs_resave_file {
 public:
-    Tvs_resave_attr(vs_attr_data* handle, run_state& run) : Tvs_resave_file(run), table(handle) {}
+    Tvs_resave_attr(vs_attr_data* handle, run_state& run) : Tvs_resave_file(run), table_(handle) {}
 
     // Its fields stand below its line in any case.
     bool write_structure() override;
@@ -18,16 +18,16 @@ public:
     wide_string source_path() override;
     void set_new_path(const wide_string& path) override;
     wide_string default_folder() override;
-    vs_attr_data* attr_data() override { return table; }
+    vs_attr_data* attr_data() override { return table_; }
     bool copy_files(const wide_string& source, const wide_string& target) override;
 
 private:
-    vs_attr_data* const table;
+    vs_attr_data* const table_;
 };
 
 class Tvs_resave_tos_table final : public Tvs_resave_file {
 public:
-    Tvs_resave_tos_table(vs_tos_data* handle, run_state& run) : Tvs_resave_file(run), table(handle) {}
+    Tvs_resave_tos_table(vs_tos_data* handle, run_state& run) : Tvs_resave_file(run), table_(handle) {}
 
     bool write_structure() override;
     vs_entity* entity() override;
@@ -37,12 +37,12 @@ public:
     bool copy_files(const wide_string& source, const wide_string& target) override;
 
 private:
-    vs_tos_data* const table;
+    vs_tos_data* const table_;
 };
 
 class Tvs_resave_attrs_data final : public Tvs_resave_list {
 public:
-    Tvs_resave_attrs_data(vs_attrs_data* handle, run_state& run) : Tvs_resave_list(run), tables(handle) {}
+    Tvs_resave_attrs_data(vs_attrs_data* handle, run_state& run) : Tvs_resave_list(run), tables_(handle) {}
 
     void build() override;
     void before_children() override;
@@ -52,12 +52,12 @@ public:
     void remove_child(uint32_t index) override;
 
 private:
-    vs_attrs_data* const tables;
+    vs_attrs_data* const tables_;
 };
 
 class Tvs_resave_toss_data final : public Tvs_resave_list {
 public:
-    Tvs_resave_toss_data(vs_toss_data* handle, run_state& run) : Tvs_resave_list(run), tables(handle) {}
+    Tvs_resave_toss_data(vs_toss_data* handle, run_state& run) : Tvs_resave_list(run), tables_(handle) {}
 
     void build() override;
     void before_children() override;
@@ -67,7 +67,7 @@ public:
     void remove_child(uint32_t index) override;
 
 private:
-    vs_toss_data* const tables;
+    vs_toss_data* const tables_;
 };
 
 } // namespace vs::project_resave

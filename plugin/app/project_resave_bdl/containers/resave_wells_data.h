@@ -9,7 +9,7 @@ namespace vs::project_resave {
 class Tvs_resave_well_data final : public Tvs_resave_well {
 public:
     // The sheet is the project's.
-    Tvs_resave_well_data(vs_scn_2d* handle, run_state& run) : Tvs_resave_well(run), sheet(handle) {}
+    Tvs_resave_well_data(vs_scn_2d* handle, run_state& run) : Tvs_resave_well(run), sheet_(handle) {}
 
     vs_entity* entity() override;
     wide_string source_path() override;
@@ -17,13 +17,13 @@ public:
     wide_string well_caption() override;
 
 private:
-    vs_scn_2d* const sheet;
+    vs_scn_2d* const sheet_;
 };
 
 class Tvs_resave_wells_data final : public Tvs_resave_list {
 public:
     // The collection is the project's; null stands for an empty one.
-    Tvs_resave_wells_data(vs_scns_2d* handle, run_state& run) : Tvs_resave_list(run), sheets(handle) {}
+    Tvs_resave_wells_data(vs_scns_2d* handle, run_state& run) : Tvs_resave_list(run), sheets_(handle) {}
 
     // A sheet that an entity factory knows gets that factory's unit.
     void build() override;
@@ -34,7 +34,7 @@ public:
     void remove_child(uint32_t index) override;
 
 private:
-    vs_scns_2d* const sheets;
+    vs_scns_2d* const sheets_;
 };
 
 } // namespace vs::project_resave

@@ -42,9 +42,9 @@ void take_joins_off(vs_attr_data* attr_data, run_state& run) {
     const int32_t count = join_count(attr_data);
     if (count == 0) return;
     for (int32_t i = 0; i < count; ++i)
-        run.deferred_joins_.pending.push_back(
-            {attr_data, vs_attr_data_get_join_base_field(attr_data, i), joined_table(attr_data, i),
-             vs_attr_data_get_join_other_field(attr_data, i), run.report.current()});
+        run.joins.pending.push_back({attr_data, vs_attr_data_get_join_base_field(attr_data, i),
+                                     joined_table(attr_data, i),
+                                     vs_attr_data_get_join_other_field(attr_data, i), run.report.current()});
     vs_attr_data_unjoin(attr_data);
 }
 
@@ -55,8 +55,8 @@ void note_kept_joins(vs_attr_data* attr_data, run_state& run) {
 
 void put_joins_back(run_state& run) {
     const type_folder_scope tables(run.placement, load_string(text::dbf_folder));
-    for (const pending_join& join : run.deferred_joins_.pending) put_back(join, run);
-    run.deferred_joins_.pending.clear();
+    for (const pending_join& join : run.joins.pending) put_back(join, run);
+    run.joins.pending.clear();
 }
 
 } // namespace vs::project_resave

@@ -11,15 +11,15 @@ namespace vs::project_resave {
 
 layer_group_writer::layer_group_writer(run_state& run,
                                        const std::vector<std::unique_ptr<Tvs_resave_unit>>& units)
-    : context(run) {
+    : context_(run) {
     for (const auto& unit : units)
-        if (unit) unit_of.try_emplace(uuid_to_text(unit->uuid()), unit.get());
+        if (unit) unit_of_.try_emplace(uuid_to_text(unit->uuid()), unit.get());
 }
 
 void layer_group_writer::write(vs_lr_group* group) {
     const uint32_t count = vs_lr_group_get_count_child(group);
     for (uint32_t place = 0; place < count; ++place) {
-        if (context.progress.is_stopped()) return;
+        if (context_.progress.is_stopped()) return;
         const uint32_t index = vs_options_get_invert_layers() ? count - 1 - place : place;
         vs_lr_group* node = vs_lr_group_get_child_by_index(group, index);
         if (vs_lr_group_is_group(node))
@@ -31,22 +31,23 @@ void layer_group_writer::write(vs_lr_group* group) {
 
 void layer_group_writer::write_layer(vs_lr* layer) {
     if (!layer) return;
-    const auto row = unit_of.find(uuid_to_text(vs_lr_get_uuid(layer)));
-    if (row != unit_of.end() && row->second->selection_state() == 0) row->second->write_structure();
+    const auto row = unit_of_.find(uuid_to_text(vs_lr_get_uuid(layer)));
+    if (row != unit_of_.end() && row->second->selection_state() == vs_state_true)
+        row->second->write_structure();
 }
 
 void layer_group_writer::write_subgroup(vs_lr_group* group) {
     if (!has_selected_layer(group)) return;
-    context.log.write_indented(host_string(&vs_lr_group_get_wcaption, group));
-    context.log.indent();
+    context_.log.write_indented(host_string(&vs_lr_group_get_wcaption, group));
+    context_.log.indent();
     write(group);
-    context.log.unindent();
+    context_.log.unindent();
 }
 
 // Goes by the selection alone: a layer that nothing resaves counts too, and so does one in any order of
 // display.
 bool layer_group_writer::has_selected_layer(vs_lr_group* group) {
-    if (const auto known = holds_selected.find(group); known != holds_selected.end()) return known->second;
+    if (const auto known = holds_selected_.find(group); known != holds_selected_.end()) return known->second;
     bool found = false;
     const uint32_t count = vs_lr_group_get_count_child(group);
     for (uint32_t index = 0; index < count && !found; ++index) {
@@ -54,9 +55,9 @@ bool layer_group_writer::has_selected_layer(vs_lr_group* group) {
         if (vs_lr_group_is_group(node))
             found = has_selected_layer(node);
         else if (vs_lr* layer = vs_lr_group_get_lr_ptr(node))
-            found = context.selection.is_selected(uuid_to_text(vs_lr_get_uuid(layer)));
+            found = context_.selection.is_selected(uuid_to_text(vs_lr_get_uuid(layer)));
     }
-    return holds_selected[group] = found;
+    return holds_selected_[group] = found;
 }
 
 } // namespace vs::project_resave

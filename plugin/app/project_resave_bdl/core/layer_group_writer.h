@@ -23,9 +23,9 @@ private:
     void write_subgroup(vs_lr_group* group);
     bool has_selected_layer(vs_lr_group* group);
 
-    run_state& context;
-    std::unordered_map<wide_string, Tvs_resave_unit*> unit_of; // the first unit of a uuid, or of none
-    std::unordered_map<vs_lr_group*, bool> holds_selected;
+    run_state& context_;
+    std::unordered_map<wide_string, Tvs_resave_unit*> unit_of_; // the first unit of a uuid, or of none
+    std::unordered_map<vs_lr_group*, bool> holds_selected_;
 };
 
 } // namespace vs::project_resave

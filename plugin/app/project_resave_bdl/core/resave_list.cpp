@@ -126,7 +126,7 @@ void Tvs_resave_list::set_selected(bool on) {
 uint32_t Tvs_resave_list::selection_state() {
     const uint32_t own = vs_bool_to_3state(context->selection.is_selected(entity_uuid_text(entity())));
     for (const auto& child : children)
-        if (child && child->selection_state() != own) return 2;
+        if (child && child->selection_state() != own) return vs_state_mixed;
     return own;
 }
 

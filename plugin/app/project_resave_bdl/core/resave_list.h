@@ -27,8 +27,8 @@ public:
     bool do_save() override;
 
     virtual void before_children() {}
-    // For the structure's text: a selected place without a unit.
-    virtual void on_missing_child(uint32_t /*index*/) {}
+    // For the structure's text: a selected place, by its index, without a unit.
+    virtual void on_missing_child(uint32_t) {}
     virtual void after_children() {} // after a stop, too
     virtual vs_entities* container() = 0;
     // A place without a unit, a unit without an element and an element never heard of are selected.

@@ -65,7 +65,7 @@ std::unique_ptr<Tvs_resave_unit> make_claimed_unit(run_state& run, vs_entity* en
 
 bool select_referenced(run_state& run, const wide_string& uuid) {
     Tvs_resave_unit** const found = run.units.find(uuid);
-    if (found == nullptr || (*found)->selection_state() == 0) return false;
+    if (found == nullptr || (*found)->selection_state() == vs_state_true) return false;
     if (!run.options.ask_add_referenced()) return false;
     (*found)->set_selected(true);
     return true;

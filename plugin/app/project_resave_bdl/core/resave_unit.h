@@ -43,7 +43,7 @@ public:
     virtual vs_entity* entity() = 0;
     virtual vs_uuid* uuid();
     virtual void set_selected(bool on) = 0;
-    // Three-state: 0 selected, 1 not selected, 2 members differ.
+    // A `vs_three_state`: true for selected, mixed if members differ.
     virtual uint32_t selection_state() = 0;
     virtual void before_build();
     virtual void after_build();

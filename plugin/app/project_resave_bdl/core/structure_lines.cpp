@@ -18,7 +18,8 @@ wide_string with_path(run_state& run, wide_string caption, const wide_string& pa
 }
 
 void write_attr_fields(run_state& run, vs_attr_data* table) {
-    const host_owned<vs_attr_files, &vs_attr_files_close> files(vs_attr_files_open(table, 1, 0, 0, 0));
+    const host_owned<vs_attr_files, &vs_attr_files_close> files(
+        vs_attr_files_open(table, vs_open_for_reading, 0, 0, 0));
     if (!files) return;
     const int32_t count = vs_attr_files_get_np(files.get());
     for (int32_t index = 0; index < count; ++index) {
@@ -29,7 +30,8 @@ void write_attr_fields(run_state& run, vs_attr_data* table) {
 }
 
 void write_tos_properties(run_state& run, const wide_string& path) {
-    const host_owned<vs_tos4_file, &vs_tos4_file_close> file(vs_tos4_file_open_w(path.c_str(), 1));
+    const host_owned<vs_tos4_file, &vs_tos4_file_close> file(
+        vs_tos4_file_open_w(path.c_str(), vs_open_for_reading));
     const uint32_t count = vs_tos4_get_prop_count(file.get()); // 0 where the file did not open
     for (uint32_t index = 0; index < count; ++index)
         run.log.write_indented(host_string(&vs_tos4_get_prop_caption_w, file.get(), index));

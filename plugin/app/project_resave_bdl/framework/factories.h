@@ -68,22 +68,22 @@ class ref_service_holder final : public service_holder_base<T> {
 public:
     ~ref_service_holder() override { ref_service_holder::stop(); }
     void start(const bundle_context& context) override {
-        if (held) return;
+        if (held_) return;
         auto made = std::make_unique<T>(context);
-        held.assign(pointer_to<Impl>(*made));
-        object = made.release();
+        held_.assign(pointer_to<Impl>(*made));
+        object_ = made.release();
     }
     void stop() override {
-        if (held) delete object;
+        if (held_) delete object_;
     }
-    bool running() const override { return static_cast<bool>(held); }
+    bool running() const override { return static_cast<bool>(held_); }
     identity_pointer service() const override {
-        return identity_of(static_cast<const interface_pointer&>(held.get()));
+        return identity_of(static_cast<const interface_pointer&>(held_.get()));
     }
 
 private:
-    ref<Impl> held; // null again once the service has ended
-    T* object = nullptr;
+    ref<Impl> held_; // null again once the service has ended
+    T* object_ = nullptr;
 };
 
 template <class T>
@@ -91,15 +91,15 @@ class service_factory final : public custom_service_factory_impl {
 public:
     service_factory(wide_string factory_id, std::unique_ptr<service_holder_base<T>> holder)
         : custom_service_factory_impl(std::move(factory_id)) {
-        holders.push_back(std::move(holder));
+        holders_.push_back(std::move(holder));
     }
     identity_pointer create(bundle_context context) override {
-        for (const auto& holder : holders) holder->start(context);
-        return holders.front()->service();
+        for (const auto& holder : holders_) holder->start(context);
+        return holders_.front()->service();
     }
 
 private:
-    std::vector<std::unique_ptr<service_holder_base<T>>> holders;
+    std::vector<std::unique_ptr<service_holder_base<T>>> holders_;
 };
 
 } // namespace vs::project_resave

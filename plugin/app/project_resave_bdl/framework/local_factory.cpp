@@ -24,7 +24,7 @@ local_factory_impl::~local_factory_impl() {
 }
 
 void local_factory_impl::leave() {
-    call<&localizer_service_impl::disconnect>(service.get(), pointer_to<localizer_client_impl>(*this));
+    call<&localizer_service_impl::disconnect>(service_.get(), pointer_to<localizer_client_impl>(*this));
 }
 
 void local_factory_impl::query(const char* asked, const void** table, void** instance) {
@@ -38,7 +38,7 @@ identity_pointer local_factory_impl::create(bundle_context) {
 }
 
 void local_factory_impl::look() {
-    if (!service)
+    if (!service_)
         vs_service_registry_with_services(u"vestra/localizer",
                                           identity_of(pointer_to<localizer_client_impl>(*this)));
 }
@@ -48,9 +48,9 @@ void look_for_localizer() {
 }
 
 void local_factory_impl::visit(localizer_service found) {
-    if (found == service.get()) return;
+    if (found == service_.get()) return;
     leave(); // only one is kept, and a client that nobody disconnects would be called after its end
-    service.assign(found);
+    service_.assign(found);
     call<&localizer_service_impl::connect>(found, pointer_to<localizer_client_impl>(*this));
 }
 

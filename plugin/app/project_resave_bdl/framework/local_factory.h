@@ -29,7 +29,7 @@ public:
 private:
     void leave();
 
-    weak_ref<localizer_service_impl> service; // the host's service outlives its bundles, or says so
+    weak_ref<localizer_service_impl> service_; // the host's service outlives its bundles, or says so
 };
 
 // Looks once more: a localizer may have appeared since the library was announced to the host.

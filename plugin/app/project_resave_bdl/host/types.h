@@ -58,6 +58,12 @@ struct vs_xml_save_prj;
 struct vs_xml_save_2d;
 struct vs_xml_save_3d;
 
+// The host's three-state values: a mark, whether an element is selected, whether it is valid.
+enum vs_three_state : uint32_t { vs_state_true = 0, vs_state_false = 1, vs_state_mixed = 2 };
+
+// How a file is opened.
+enum vs_open_mode : int32_t { vs_open_for_reading = 1 };
+
 // The layer's table of extra values: a signed count, then the rows.
 struct vs_table_extra_row {
     const char* key;

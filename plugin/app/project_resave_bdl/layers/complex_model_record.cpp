@@ -12,8 +12,9 @@ namespace {
 
 constexpr char record_key[] = "BumpsSettings";
 constexpr uint32_t element_count = 70;
-constexpr uint32_t tuple_type = 1;
-constexpr uint32_t wide_string_type = 6;
+
+// Type codes of dynamic values.
+enum any_type : uint32_t { tuple_type = 1, wide_string_type = 6 };
 
 } // namespace
 
@@ -31,18 +32,18 @@ complex_model_record::complex_model_record(vs_lr* layer) {
     vs_any* value = vs_lr_get_extra(layer, record_key);
     if (!value) return;
     if (any_get_type(value) != tuple_type) any_assign_tuple(value, tuple_init());
-    elements = any_get_tuple(value);
-    if (tuple_get_size(elements) != element_count) tuple_resize(elements, element_count);
+    elements_ = any_get_tuple(value);
+    if (tuple_get_size(elements_) != element_count) tuple_resize(elements_, element_count);
 }
 
 wide_string complex_model_record::text(uint32_t element) {
-    vs_any* value = tuple_get_element(elements, element);
+    vs_any* value = tuple_get_element(elements_, element);
     if (any_get_type(value) != wide_string_type) any_assign_wstring(value, u"");
     return host_string(&any_get_wstring, value);
 }
 
 void complex_model_record::set_text(uint32_t element, const wide_string& text) {
-    any_assign_wstring(tuple_get_element(elements, element), text.c_str());
+    any_assign_wstring(tuple_get_element(elements_, element), text.c_str());
 }
 
 } // namespace vs::project_resave

@@ -17,14 +17,14 @@ public:
     // Finds the record of the layer and mends its form there: what is no tuple becomes one, and the tuple
     // gets its 70 elements.
     explicit complex_model_record(vs_lr* layer);
-    explicit operator bool() const { return elements != nullptr; }
+    explicit operator bool() const { return elements_ != nullptr; }
 
     // Text of an element. One that holds no text is made an empty text in the layer.
     wide_string text(uint32_t element);
     void set_text(uint32_t element, const wide_string& text);
 
 private:
-    vs_tuple* elements = nullptr; // the layer's; null if it has no record
+    vs_tuple* elements_ = nullptr; // the layer's; null if it has no record
 };
 
 } // namespace vs::project_resave

@@ -42,21 +42,21 @@ void Tvs_resave_map_lr::build() {
     const wide_string reference = host_string(&vs_lr_get_wfilename, layer);
     context->sizes.add_file(reference);
     const host_owned<vs_xml_save_2d, &vs_xml_save_2d_destroy> reader(vs_xml_save_2d_create());
-    map_scene.reset(vs_scn_2d_create());
+    map_scene_.reset(vs_scn_2d_create());
     const loading_mark mark(context->loading_scenes, path_key(reference));
     if (!mark.first) return; // counts as one that cannot be loaded
-    if ((vs_xml_data_load_scn2d_w(reader.get(), reference.c_str(), map_scene.get()) & 0xFF) == 0) return;
-    map_unit = std::make_unique<Tvs_resave_scene_2d_map>(map_scene.get(), *context);
-    map_unit->build_once();
+    if ((vs_xml_data_load_scn2d_w(reader.get(), reference.c_str(), map_scene_.get()) & 0xFF) == 0) return;
+    map_unit_ = std::make_unique<Tvs_resave_scene_2d_map>(map_scene_.get(), *context);
+    map_unit_->build_once();
 }
 
 uint32_t Tvs_resave_map_lr::count_units(uint32_t& total) {
-    return map_unit ? map_unit->count_units(total) : 0;
+    return map_unit_ ? map_unit_->count_units(total) : 0;
 }
 
 void Tvs_resave_map_lr::collect_common_directory(common_directory& common) {
     Tvs_resave_layer::collect_common_directory(common);
-    if (map_unit) map_unit->collect_common_directory(common);
+    if (map_unit_) map_unit_->collect_common_directory(common);
 }
 
 bool Tvs_resave_map_lr::do_save() {
@@ -70,12 +70,12 @@ bool Tvs_resave_map_lr::do_save() {
         skip_progress();
         return false;
     }
-    if (!map_unit) {
+    if (!map_unit_) {
         context->log.scene_not_loaded(source);
         context->report.add(fact_kind::not_read, source);
         return false;
     }
-    map_unit->save(); // before the look-up, so that the scene refers to the new places in any case
+    map_unit_->save(); // before the look-up, so that the scene refers to the new places in any case
     wide_string target = context->placement.lookup_placed(source);
     if (target.empty()) target = place_and_copy(source);
     set_new_path(target);
@@ -85,14 +85,14 @@ bool Tvs_resave_map_lr::do_save() {
 }
 
 bool Tvs_resave_map_lr::copy_files(const wide_string& source, const wide_string& target) {
-    write_scene_file_2d(map_scene.get(), target, *context, source);
+    write_scene_file_2d(map_scene_.get(), target, *context, source);
     return true;
 }
 
 bool Tvs_resave_map_lr::write_structure() {
     const wide_string heading = load_string(text::scene_2d_heading) + host_string(&vs_lr_get_wcaption, layer);
     context->log.write_indented(with_path(*context, heading, host_string(&vs_lr_get_wfilename, layer)));
-    if (map_unit) map_unit->write_structure();
+    if (map_unit_) map_unit_->write_structure();
     return true;
 }
 

@@ -33,8 +33,8 @@ public:
 
 private:
     // The scene is none of the project's. Members go from the last to the first: scene, unit.
-    std::unique_ptr<Tvs_resave_scene_2d_map> map_unit; // null if the scene did not load
-    host_owned<vs_scn_2d, &vs_scn_2d_destroy> map_scene;
+    std::unique_ptr<Tvs_resave_scene_2d_map> map_unit_; // null if the scene did not load
+    host_owned<vs_scn_2d, &vs_scn_2d_destroy> map_scene_;
 };
 
 class Tvs_resave_map_lr2d : public Tvs_resave_map_lr {

@@ -42,26 +42,26 @@ bool keeps_style(vs_lr* layer) {
 
 void Tvs_resave_tos_lr::before_save() {
     Tvs_resave_unit::before_save();
-    saved_style.reset();
-    saved_style_list.reset();
+    saved_style_.reset();
+    saved_style_list_.reset();
     if (!keeps_style(layer)) return;
     if (vs_stl_mngr* style = vs_lr_get_style_mngr_ptr(layer)) {
-        saved_style.reset(vs_stl_mngr_create(vs_stl_mngr_get_style_type(style)));
-        vs_stl_mngr_assign(saved_style.get(), style);
+        saved_style_.reset(vs_stl_mngr_create(vs_stl_mngr_get_style_type(style)));
+        vs_stl_mngr_assign(saved_style_.get(), style);
     }
     if (vs_stl_mngr_list* list = vs_lr_get_style_mngr_list_ptr(layer)) {
-        saved_style_list.reset(vs_stl_mngr_list_create(vs_stl_mngr_list_get_type(list)));
-        vs_stl_mngr_list_assign(saved_style_list.get(), list);
+        saved_style_list_.reset(vs_stl_mngr_list_create(vs_stl_mngr_list_get_type(list)));
+        vs_stl_mngr_list_assign(saved_style_list_.get(), list);
     }
 }
 
 void Tvs_resave_tos_lr::after_save(bool ok) {
-    vs_stl_mngr* style = saved_style ? vs_lr_get_style_mngr_ptr(layer) : nullptr;
-    if (style) vs_stl_mngr_assign(style, saved_style.get());
-    saved_style.reset();
-    vs_stl_mngr_list* list = saved_style_list ? vs_lr_get_style_mngr_list_ptr(layer) : nullptr;
-    if (list) vs_stl_mngr_list_assign(list, saved_style_list.get());
-    saved_style_list.reset();
+    vs_stl_mngr* style = saved_style_ ? vs_lr_get_style_mngr_ptr(layer) : nullptr;
+    if (style) vs_stl_mngr_assign(style, saved_style_.get());
+    saved_style_.reset();
+    vs_stl_mngr_list* list = saved_style_list_ ? vs_lr_get_style_mngr_list_ptr(layer) : nullptr;
+    if (list) vs_stl_mngr_list_assign(list, saved_style_list_.get());
+    saved_style_list_.reset();
     Tvs_resave_unit::after_save(ok);
 }
 
@@ -76,14 +76,14 @@ void Tvs_resave_tos_lr::read_model_files() {
     const wide_string folder = path_head(source_path());
     for (const model_element& row : model_elements) {
         const wide_string text = record.text(row.element);
-        model_files.push_back({text.empty() ? text : path_resolve(folder, text), wide_string()});
+        model_files_.push_back({text.empty() ? text : path_resolve(folder, text), wide_string()});
     }
 }
 
 void Tvs_resave_tos_lr::collect_source_files(std::vector<found_file>& out) {
     out.clear();
     if (!append_existing_files(source_path(), out)) return;
-    for (const model_file& file : model_files) {
+    for (const model_file& file : model_files_) {
         if (file.old_path.empty() || std::ranges::find(out, file.old_path, &found_file::path) != out.end())
             continue;
         if (!append_existing_files(file.old_path, out)) return; // the rows behind it are not looked at
@@ -91,7 +91,7 @@ void Tvs_resave_tos_lr::collect_source_files(std::vector<found_file>& out) {
 }
 
 void Tvs_resave_tos_lr::collect_common_directory(common_directory& common) {
-    for (const model_file& file : model_files) common.add_path(file.old_path);
+    for (const model_file& file : model_files_) common.add_path(file.old_path);
     Tvs_resave_layer::collect_common_directory(common);
 }
 
@@ -105,7 +105,7 @@ void Tvs_resave_tos_lr::after_file_saved() {
     // Counts the rows that name a file, not the rows: behind an empty row a file is handled under the element
     // of an earlier one. That is how it must stay.
     size_t counted = 0;
-    for (model_file& file : model_files) {
+    for (model_file& file : model_files_) {
         if (file.old_path.empty()) continue;
         const model_element& row = model_elements[counted++];
         file.new_path = place_model_file(file.old_path, row.lost_text);

@@ -35,9 +35,9 @@ private:
     void read_model_files();
     wide_string place_model_file(const wide_string& source, text::row lost_text);
 
-    host_owned<vs_stl_mngr, &vs_stl_mngr_destroy> saved_style; // both from before_save to after_save
-    host_owned<vs_stl_mngr_list, &vs_stl_mngr_list_destroy> saved_style_list;
-    std::vector<model_file> model_files; // one for each file that a record can name; empty without a record
+    host_owned<vs_stl_mngr, &vs_stl_mngr_destroy> saved_style_; // both from before_save to after_save
+    host_owned<vs_stl_mngr_list, &vs_stl_mngr_list_destroy> saved_style_list_;
+    std::vector<model_file> model_files_; // one for each file that a record can name; empty without a record
 };
 
 class Tvs_resave_tos_lr2d : public Tvs_resave_tos_lr {

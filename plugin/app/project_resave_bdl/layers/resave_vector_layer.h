@@ -26,7 +26,7 @@ private:
     };
     static kind kind_of(const wide_string& reference);
 
-    const kind source_kind; // of the reference at construction; never looked at again
+    const kind source_kind_; // of the reference at construction; never looked at again
 };
 
 } // namespace vs::project_resave

@@ -6,7 +6,7 @@ namespace vs::project_resave {
 
 namespace {
 
-constexpr int open_tries = 20;
+constexpr uint32_t open_tries = 20;
 constexpr size_t longest_piece = 0x40000000;
 
 } // namespace
@@ -20,11 +20,11 @@ platform::outcome file_stream::open(const wide_string& path, wide_view mode) {
     const auto wanted = writes ? platform::access::read_write : platform::access::read;
     const auto how = creates ? platform::disposition::create_always : platform::disposition::open_existing;
     platform::outcome opened;
-    for (int i = 0; i < open_tries; ++i) {
-        opened = files.open(path, wanted, how, handle);
+    for (uint32_t i = 0; i < open_tries; ++i) {
+        opened = files.open(path, wanted, how, handle_);
         if (opened && appends) {
-            eof_seen = false;
-            return handle->seek_end();
+            eof_seen_ = false;
+            return handle_->seek_end();
         }
         if (!opened.is(platform::failure::in_use)) break;
         files.pause_1ms();
@@ -33,11 +33,11 @@ platform::outcome file_stream::open(const wide_string& path, wide_view mode) {
 }
 
 platform::outcome file_stream::write(wide_view text) {
-    if (!handle) return platform::failure::missing;
-    const std::string bytes = to_narrow(text, encoding);
+    if (!handle_) return platform::failure::missing;
+    const std::string bytes = to_narrow(text, encoding_);
     for (size_t written = 0; written < bytes.size();) {
         const size_t piece = std::min(bytes.size() - written, longest_piece);
-        if (const platform::outcome went = handle->write(bytes.data() + written, piece); !went) return went;
+        if (const platform::outcome went = handle_->write(bytes.data() + written, piece); !went) return went;
         written += piece;
     }
     return {};
@@ -45,11 +45,11 @@ platform::outcome file_stream::write(wide_view text) {
 
 platform::outcome file_stream::write_line(wide_view text) {
     const platform::outcome written = write(text);
-    return written ? write(line_end) : written;
+    return written ? write(line_end_) : written;
 }
 
 platform::outcome file_stream::close() {
-    const std::unique_ptr<platform::file> closing = std::move(handle);
+    const std::unique_ptr<platform::file> closing = std::move(handle_);
     return closing ? closing->close() : platform::outcome();
 }
 

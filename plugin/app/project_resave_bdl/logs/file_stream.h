@@ -23,10 +23,10 @@ public:
     platform::outcome close();
 
 private:
-    std::unique_ptr<platform::file> handle; // null when closed
-    bool eof_seen = false;                  // cleared by an open for appending
-    uint32_t encoding = utf8_row;
-    wide_string line_end = u"\r\n";
+    std::unique_ptr<platform::file> handle_; // null when closed
+    bool eof_seen_ = false;                  // cleared by an open for appending
+    uint32_t encoding_ = utf8_row;
+    wide_string line_end_ = u"\r\n";
 };
 
 // Opens a file that exists, appends the text up to its first zero character, and closes the file: when it

@@ -8,9 +8,9 @@ namespace vs::project_resave {
 
 bool log_file::open(const wide_string& name, bool enable) {
     if (!enable) return false;
-    file_name = name;
+    file_name_ = name;
     file_stream created;
-    failure_ = created.open(file_name, u"w");
+    failure_ = created.open(file_name_, u"w");
     if (failure_) failure_ = created.close();
     return true;
 }
@@ -18,13 +18,13 @@ bool log_file::open(const wide_string& name, bool enable) {
 // Nothing is open between two lines, and lines may still follow.
 void log_file::close() {}
 
-bool log_file::write(int32_t row) { return write(load_string(row)); }
+bool log_file::write(uint32_t row) { return write(load_string(static_cast<int32_t>(row))); }
 
 bool log_file::write(const char* text) { return write(host_text(text)); }
 
 bool log_file::write(const wide_string& text) {
-    if (file_name.empty()) return false;
-    const platform::outcome written = append_text(file_name, text, true);
+    if (file_name_.empty()) return false;
+    const platform::outcome written = append_text(file_name_, text, true);
     if (!written && failure_) failure_ = written;
     return false;
 }
@@ -88,20 +88,20 @@ bool log_file::write_at(const wide_string& text, uint32_t at_depth) {
     return write(line + text);
 }
 
-void log_file::write_indented(int32_t row) { write_indented(load_string(row)); }
+void log_file::write_indented(uint32_t row) { write_indented(load_string(static_cast<int32_t>(row))); }
 
 void log_file::write_indented(const wide_string& text) { write_at(text, depth); }
 
-void log_file::clear_unprocessed_types() { unprocessed_types.clear(); }
+void log_file::clear_unprocessed_types() { unprocessed_types_.clear(); }
 
 void log_file::add_unprocessed_type(const char* text) {
-    unprocessed_types.push_back(host_text(text) + load_string(text::end_of_block));
+    unprocessed_types_.push_back(host_text(text) + load_string(text::end_of_block));
 }
 
 void log_file::dump_unprocessed_types() {
-    if (unprocessed_types.empty()) return;
+    if (unprocessed_types_.empty()) return;
     write(text::unprocessed_types);
-    for (const wide_string& type : unprocessed_types) write(type);
+    for (const wide_string& type : unprocessed_types_) write(type);
 }
 
 void log_file::write_block(std::initializer_list<wide_string> lines) {

@@ -31,9 +31,9 @@ public:
     // The first failure since the file was opened, by which lines did not reach it; success if all did.
     const platform::outcome& failure() const { return failure_; }
     // Where the lines go; empty until the log is opened for the first time.
-    const wide_string& path() const { return file_name; }
+    const wide_string& path() const { return file_name_; }
     // One line: the text of this number, a narrow text of the host, a wide text. The result is always false.
-    virtual bool write(int32_t row);
+    virtual bool write(uint32_t row);
     virtual bool write(const char* text);
     virtual bool write(const wide_string& text);
 
@@ -60,7 +60,7 @@ public:
     virtual uint32_t unindent();
     virtual bool write_at(const wide_string& text, uint32_t at_depth);
     // At the present depth. Only these lines are indented.
-    virtual void write_indented(int32_t row);
+    virtual void write_indented(uint32_t row);
     virtual void write_indented(const wide_string& text);
 
     virtual void clear_unprocessed_types();
@@ -68,15 +68,16 @@ public:
     virtual void dump_unprocessed_types();
 
 protected:
-    const wide_string* const indent_unit_;
-    wide_string file_name;
-    platform::outcome failure_;
     uint32_t depth = 0;
-    std::vector<wide_string> unprocessed_types;
 
 private:
     // Each text as a line, and the end of a block.
     void write_block(std::initializer_list<wide_string> lines);
+
+    const wide_string* const indent_unit_;
+    wide_string file_name_;
+    platform::outcome failure_;
+    std::vector<wide_string> unprocessed_types_;
 };
 
 } // namespace vs::project_resave

@@ -13,7 +13,7 @@ public:
     // Stops at the left edge.
     void unindent();
     // The text of this number at the present depth.
-    void write_line(int32_t row);
+    void write_line(uint32_t row);
     void write_line(const wide_string& text, uint32_t at_depth);
 
     uint32_t depth = 0;

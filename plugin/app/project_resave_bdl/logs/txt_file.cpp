@@ -15,7 +15,9 @@ bool txt_file::open(const wide_string& name) {
 
 void txt_file::close() { file_name.clear(); }
 
-bool txt_file::write(int32_t row, bool end_line) { return write(load_string(row), end_line); }
+bool txt_file::write(uint32_t row, bool end_line) {
+    return write(load_string(static_cast<int32_t>(row)), end_line);
+}
 
 bool txt_file::write(const char* text, bool end_line) { return write(host_text(text), end_line); }
 

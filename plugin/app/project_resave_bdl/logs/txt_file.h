@@ -16,7 +16,7 @@ public:
     virtual bool open(const wide_string& name);
     virtual void close();
     // The text of this number, a narrow text of the host, a wide text. Always true.
-    virtual bool write(int32_t row, bool end_line);
+    virtual bool write(uint32_t row, bool end_line);
     virtual bool write(const char* text, bool end_line);
     virtual bool write(const wide_string& text, bool end_line);
 

@@ -61,7 +61,7 @@ public:
     project_resave::size_register& size_register() { return sizes; }
     event& project_changed_event() { return project_changed; }
 
-    entity_factory entity_factory_;
+    entity_factory factory;
     const resave_services* services;
     vs_prj* project = nullptr; // owned
     event project_changed;
@@ -86,7 +86,7 @@ private:
     // What was caught, here or at the border, becomes a fact and a line of the log.
     void record(const char* where, const char* what) noexcept override;
 
-    std::vector<fact> facts_of_tree; // what the load found: layers of types that nothing resaves
+    std::vector<fact> facts_of_tree_; // what the load found: layers of types that nothing resaves
 };
 
 } // namespace vs::project_resave

@@ -39,7 +39,7 @@ bool is_well_collection(vs_scns_2d* collection) {
 
 project_context::project_context(const resave_services* found, run_questions& asked)
     : run_state(asked), services(found) {
-    claims = &entity_factory_;
+    claims = &factory;
     current_exception_record() = this;
 }
 
@@ -68,7 +68,7 @@ void project_context::release_project() {
 void project_context::clear_tree() {
     tree.clear();
     units.clear();
-    facts_of_tree.clear();
+    facts_of_tree_.clear();
 }
 
 void project_context::close_project() {
@@ -138,7 +138,7 @@ void project_context::build_tree(const wide_string& path) {
     // Last of all: every unit before may still refer to a table.
     add_root(std::make_unique<Tvs_resave_attrs_data>(vs_prj_get_attrs_data_ptr(project), *this));
     count_units();
-    facts_of_tree = report.of_kind(fact_kind::type_not_resaved);
+    facts_of_tree_ = report.of_kind(fact_kind::type_not_resaved);
     log.close();
 }
 

@@ -59,7 +59,7 @@ run_result project_context::resave_project(const resave_settings& settings) {
 }
 
 void project_context::begin_run(const resave_settings& settings) {
-    report.restart(facts_of_tree);
+    report.restart(facts_of_tree_);
     options.reset();
     options.assign(settings);
     placement.set_output(*settings.output_path);
@@ -156,7 +156,7 @@ void project_context::end_broken_run() {
     progress.finish();
     options.structure_variant = by_type;
     placement.clear_scene();
-    deferred_joins_.pending.clear();
+    joins.pending.clear();
     log.close();
     release_project();
     forget_project();

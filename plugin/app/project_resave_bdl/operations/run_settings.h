@@ -11,8 +11,7 @@ namespace vs::project_resave {
 
 // The structure of a project as text.
 struct structure_settings {
-    const char16_t* output_path =
-        nullptr; // of the text file, not owned; the front end sees that it is not empty
+    const char16_t* output_path = nullptr; // of the text file, not owned; the front end lets none be empty
     bool write_layer_names = false;
     bool write_table_names = false;
     bool write_table_columns = false; // of TOS files and shape layers; those of a DBF table stand in any case

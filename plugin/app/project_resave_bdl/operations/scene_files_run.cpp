@@ -14,7 +14,7 @@ run_result project_context::create_scene_files(const scene_file_settings& settin
         return {};
     }
     const host_owned<vs_wait, &vs_wait_destroy> wait(vs_wait_wcreate(load_string(text::please_wait).c_str()));
-    report.restart(facts_of_tree);
+    report.restart(facts_of_tree_);
     options.reset();
     options.scene_file_on_exists = settings.on_exists;
     progress.clear_stop(); // of an earlier run: this one has no window in which it could be stopped

@@ -45,7 +45,7 @@ run_result project_context::save_structure(const structure_settings& settings) {
 }
 
 run_result project_context::write_text(const wide_string& path, const std::function<void()>& lines) {
-    report.restart(facts_of_tree);
+    report.restart(facts_of_tree_);
     progress.start(total_units);
     progress.set_caption(text::please_wait);
     progress.show();

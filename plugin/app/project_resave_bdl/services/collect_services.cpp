@@ -14,24 +14,24 @@ constexpr const char16_t* group = u"vestra/resave_project";
 class resave_service_visitor final
     : public polymorphic<resave_service_visitor_impl, polymorphic<service_visitor_impl>> {
 public:
-    explicit resave_service_visitor(resave_services& target) : services(target) {}
-    void visit(resave_service service) override { services.emplace_back(service); }
+    explicit resave_service_visitor(resave_services& target) : services_(target) {}
+    void visit(resave_service service) override { services_.emplace_back(service); }
 
 private:
-    resave_services& services;
+    resave_services& services_;
 };
 
 class resave_entity_service_visitor final
     : public polymorphic<resave_entity_service_visitor_impl, polymorphic<service_visitor_impl>> {
 public:
-    explicit resave_entity_service_visitor(resave_entity_services& target) : services(target) {}
+    explicit resave_entity_service_visitor(resave_entity_services& target) : services_(target) {}
     void visit(resave_entity_service service) override {
         const auto is_it = [&](const auto& held) { return held.get() == service; };
-        if (std::ranges::none_of(services, is_it)) services.emplace_back(service);
+        if (std::ranges::none_of(services_, is_it)) services_.emplace_back(service);
     }
 
 private:
-    resave_entity_services& services;
+    resave_entity_services& services_;
 };
 
 } // namespace

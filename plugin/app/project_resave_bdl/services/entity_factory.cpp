@@ -38,26 +38,27 @@ std::unique_ptr<Tvs_resave_unit> factory_graphics_layer::make(run_state& context
 }
 
 int32_t factory_entity_service::priority() {
-    return *service ? call<&resave_entity_service_impl::priority>(service->get()) : priority_without_service;
+    return *service_ ? call<&resave_entity_service_impl::priority>(service_->get())
+                     : priority_without_service;
 }
 
 bool factory_entity_service::accepts(vs_entity* entity) {
-    return call<&resave_entity_service_impl::accepts>(service->get(), entity);
+    return call<&resave_entity_service_impl::accepts>(service_->get(), entity);
 }
 
 std::unique_ptr<Tvs_resave_unit> factory_entity_service::make(run_state& context, vs_entity* entity) {
-    return std::make_unique<resave_entity_plugin>(context, entity, *service);
+    return std::make_unique<resave_entity_plugin>(context, entity, *service_);
 }
 
 void entity_factory::insert(const std::string& meta_id, std::unique_ptr<factory_obj> factory) {
     const int32_t priority = factory->priority();
-    by_meta_id[meta_id].emplace(priority, std::move(factory));
+    by_meta_id_[meta_id].emplace(priority, std::move(factory));
 }
 
 void entity_factory::build_table() {
     insert("grid_cutline_lr2d", std::make_unique<factory_grid_cutline_lr2d>());
     insert("graph_lr2d", std::make_unique<factory_graphics_layer>());
-    for (const ref<resave_entity_service_impl>& service : services) {
+    for (const ref<resave_entity_service_impl>& service : services_) {
         const uint32_t count =
             count_from<&resave_entity_service_impl::meta_id_count>(service.get()).value_or(0);
         for (uint32_t index = 0; index < count; ++index) {
@@ -65,14 +66,14 @@ void entity_factory::build_table() {
             if (!meta_id.empty()) insert(meta_id, std::make_unique<factory_entity_service>(&service));
         }
     }
-    initialised = true;
+    initialised_ = true;
 }
 
 std::unique_ptr<Tvs_resave_unit> entity_factory::make(run_state& context, vs_entity* entity) {
-    if (!initialised) build_table();
+    if (!initialised_) build_table();
     const char* meta_id = vs_entity_get_meta_id(entity);
-    const auto row = by_meta_id.find(meta_id ? meta_id : "");
-    if (row == by_meta_id.end()) return nullptr;
+    const auto row = by_meta_id_.find(meta_id ? meta_id : "");
+    if (row == by_meta_id_.end()) return nullptr;
     for (const auto& [priority, factory] : row->second)
         if (factory->accepts(entity)) return factory->make(context, entity);
     return nullptr;

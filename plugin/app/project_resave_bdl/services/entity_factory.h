@@ -20,7 +20,7 @@ public:
     // Of the factories of one meta identifier the one with the lowest is asked first.
     virtual int32_t priority() { return 0; }
     // A finer look at the element; false passes it on to the next factory.
-    virtual bool accepts(vs_entity* /*entity*/) { return true; }
+    virtual bool accepts(vs_entity*) { return true; }
     virtual std::unique_ptr<Tvs_resave_unit> make(run_state& context, vs_entity* entity) = 0;
 };
 
@@ -39,21 +39,21 @@ public:
 // A kind of element that another bundle claims.
 class factory_entity_service : public factory_obj {
 public:
-    // The row is one of `entity_factory::services`. It is null once its bundle has gone.
-    explicit factory_entity_service(const ref<resave_entity_service_impl>* row) : service(row) {}
+    // The row is one of `entity_factory::services_`. It is null once its bundle has gone.
+    explicit factory_entity_service(const ref<resave_entity_service_impl>* row) : service_(row) {}
 
     int32_t priority() override;
     bool accepts(vs_entity* entity) override;
     std::unique_ptr<Tvs_resave_unit> make(run_state& context, vs_entity* entity) override;
 
 private:
-    const ref<resave_entity_service_impl>* service;
+    const ref<resave_entity_service_impl>* service_;
 };
 
 class entity_factory final : public claimed_units {
 public:
     // Collects the services that run now; those that come later are not seen.
-    entity_factory() { collect_resave_entity_services(services); }
+    entity_factory() { collect_resave_entity_services(services_); }
     entity_factory(const entity_factory&) = delete;
     entity_factory& operator=(const entity_factory&) = delete;
 
@@ -65,9 +65,9 @@ private:
     void build_table();
     void insert(const std::string& meta_id, std::unique_ptr<factory_obj> factory);
 
-    bool initialised = false; // the table is built when it is needed first
-    std::unordered_map<std::string, std::multimap<int32_t, std::unique_ptr<factory_obj>>> by_meta_id;
-    resave_entity_services services; // complete before the table is built; it points to the rows
+    bool initialised_ = false; // the table is built when it is needed first
+    std::unordered_map<std::string, std::multimap<int32_t, std::unique_ptr<factory_obj>>> by_meta_id_;
+    resave_entity_services services_; // complete before the table is built; it points to the rows
 };
 
 } // namespace vs::project_resave

@@ -8,7 +8,7 @@
 namespace vs::project_resave {
 
 void maplegs_plugin_service::set_project(vs_prj* project) {
-    legends = project ? vs_prj_get_maplegs_ptr(project) : nullptr;
+    legends_ = project ? vs_prj_get_maplegs_ptr(project) : nullptr;
 }
 
 void maplegs_plugin_service::caption(string_visitor visitor) { tell(visitor, u"mapleg_plugin"); }
@@ -19,18 +19,18 @@ void maplegs_plugin_service::tree_caption(string_visitor visitor) {
     tell(visitor, load_string(text::map_legend));
 }
 
-uint32_t maplegs_plugin_service::item_count() { return legends ? vs_maplegs_get_size(legends) : 0; }
+uint32_t maplegs_plugin_service::item_count() { return legends_ ? vs_maplegs_get_size(legends_) : 0; }
 
 vs_uuid* maplegs_plugin_service::item_uuid(uint32_t index) {
-    return legends ? vs_mapleg_get_uuid(vs_maplegs_get_ptr(legends, index)) : nullptr;
+    return legends_ ? vs_mapleg_get_uuid(vs_maplegs_get_ptr(legends_, index)) : nullptr;
 }
 
 void maplegs_plugin_service::item_caption(uint32_t index, string_visitor visitor) {
-    if (legends) tell(visitor, host_string(&vs_mapleg_get_title, vs_maplegs_get_ptr(legends, index)));
+    if (legends_) tell(visitor, host_string(&vs_mapleg_get_title, vs_maplegs_get_ptr(legends_, index)));
 }
 
 void maplegs_plugin_service::remove_item(uint32_t index) {
-    if (legends) vs_maplegs_delete_elem(legends, index);
+    if (legends_) vs_maplegs_delete_elem(legends_, index);
 }
 
 } // namespace vs::project_resave

@@ -24,7 +24,7 @@ public:
     void remove_item(uint32_t index) override;
 
 private:
-    vs_maplegs* legends = nullptr; // the project's; stale from its end to the next load
+    vs_maplegs* legends_ = nullptr; // the project's; stale from its end to the next load
 };
 
 } // namespace vs::project_resave

@@ -36,36 +36,36 @@ void resave_entity_plugin::build() {
 }
 
 uint32_t resave_entity_plugin::believed(const std::optional<uint32_t>& count) {
-    if (!count) has_miscounted = true;
+    if (!count) has_miscounted_ = true;
     return count.value_or(0);
 }
 
 void resave_entity_plugin::collect_references() {
-    references.clear();
+    references_.clear();
     const uint32_t count =
-        believed(count_from<&resave_entity_service_impl::reference_count>(service.get(), entity_));
+        believed(count_from<&resave_entity_service_impl::reference_count>(service_.get(), entity_));
     for (uint32_t index = 0; index < count; ++index) {
         owned_uuid uuid(vs_uuid_create());
-        call<&resave_entity_service_impl::reference_uuid>(service.get(), entity_, index, uuid.get());
-        if (vs_uuid_has_value(uuid.get())) references.push_back(std::move(uuid));
+        call<&resave_entity_service_impl::reference_uuid>(service_.get(), entity_, index, uuid.get());
+        if (vs_uuid_has_value(uuid.get())) references_.push_back(std::move(uuid));
     }
 }
 
 void resave_entity_plugin::collect_rows() {
-    files.clear();
+    files_.clear();
     const uint32_t count =
-        believed(count_from<&resave_entity_service_impl::file_count>(service.get(), entity_));
+        believed(count_from<&resave_entity_service_impl::file_count>(service_.get(), entity_));
     for (uint32_t index = 0; index < count; ++index) {
-        file_row& row = files.emplace_back();
+        file_row& row = files_.emplace_back();
         stdwstring_visitor source(row.source), folder(row.folder);
-        call<&resave_entity_service_impl::file_info>(service.get(), entity_, index, source, folder);
+        call<&resave_entity_service_impl::file_info>(service_.get(), entity_, index, source, folder);
     }
 }
 
 std::vector<wide_string> resave_entity_plugin::named_files() {
     collect_rows();
     std::vector<wide_string> paths;
-    for (const file_row& row : files)
+    for (const file_row& row : files_)
         if (!row.source.empty()) paths.push_back(row.source);
     return paths;
 }
@@ -73,43 +73,43 @@ std::vector<wide_string> resave_entity_plugin::named_files() {
 void resave_entity_plugin::collect_source_files(std::vector<found_file>& out) {
     out.clear();
     const wide_string_list named;
-    if (call<&resave_entity_service_impl::all_files>(service.get(), entity_, named)) {
+    if (call<&resave_entity_service_impl::all_files>(service_.get(), entity_, named)) {
         for (const wide_string& path : named.texts()) append_if_exists(path, out);
         return;
     }
-    for (const file_row& row : files)
+    for (const file_row& row : files_)
         if (!append_existing_files(row.source, out)) return;
 }
 
 bool resave_entity_plugin::write_structure() {
     skip_progress();
     wide_string line = caption();
-    for (const file_row& row : files) line = with_path(*context, std::move(line), row.source);
+    for (const file_row& row : files_) line = with_path(*context, std::move(line), row.source);
     context->log.write_indented(line);
     return true;
 }
 
 bool resave_entity_plugin::correct_selection() {
     bool unchanged = true;
-    for (const owned_uuid& uuid : references)
+    for (const owned_uuid& uuid : references_)
         if (select_referenced(*context, uuid_to_text(uuid.get()))) unchanged = false;
     return unchanged;
 }
 
 bool resave_entity_plugin::do_save() {
-    if (has_miscounted) record_copy_failure(*context, {{}, {}, impossible_count}, caption());
+    if (has_miscounted_) record_copy_failure(*context, {{}, {}, impossible_count}, caption());
     uint32_t found = 0;
-    for (uint32_t index = 0; index < files.size(); ++index)
+    for (uint32_t index = 0; index < files_.size(); ++index)
         if (save_row(index)) ++found;
     skip_progress();
-    if (!files.empty() && found == 0) return false;
+    if (!files_.empty() && found == 0) return false;
     save_own_file();
     return true;
 }
 
 // True if the row's file was found, wherever it came to stand.
 bool resave_entity_plugin::save_row(uint32_t index) {
-    const wide_string& source = files[index].source;
+    const wide_string& source = files_[index].source;
     if (source.empty()) return false;
     if (!path_exists(source)) {
         record_lost_source(*context, source, caption());
@@ -117,13 +117,13 @@ bool resave_entity_plugin::save_row(uint32_t index) {
     }
     wide_string target = context->placement.lookup_placed(source);
     if (target.empty()) target = place_and_copy_row(index);
-    call<&resave_entity_service_impl::set_file>(service.get(), entity_, index, target.c_str());
+    call<&resave_entity_service_impl::set_file>(service_.get(), entity_, index, target.c_str());
     return true;
 }
 
 wide_string resave_entity_plugin::place_and_copy_row(uint32_t index) {
-    const type_folder_scope type(context->placement, files[index].folder);
-    wide_string target = context->placement.new_path(files[index].source);
+    const type_folder_scope type(context->placement, files_[index].folder);
+    wide_string target = context->placement.new_path(files_[index].source);
     if (target.empty())
         context->log.new_name_failed(target);
     else
@@ -133,10 +133,10 @@ wide_string resave_entity_plugin::place_and_copy_row(uint32_t index) {
 
 // An empty target names nothing, so there is nothing to enter and nothing to remove.
 void resave_entity_plugin::copy_row(uint32_t index, const wide_string& target) {
-    const wide_string& source = files[index].source;
+    const wide_string& source = files_[index].source;
     const wide_string_list from, to;
     const bool copied = call<&resave_entity_service_impl::copy_files>(
-        service.get(), entity_, index, source.c_str(), target.c_str(), from, to);
+        service_.get(), entity_, index, source.c_str(), target.c_str(), from, to);
     std::vector<wide_string> sources = from.texts(), targets = to.texts();
     sources.resize(targets.size());
     for (size_t row = 0; row < targets.size(); ++row) {

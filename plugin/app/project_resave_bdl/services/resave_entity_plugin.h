@@ -17,7 +17,7 @@ class resave_entity_plugin final : public Tvs_resave_file {
 public:
     // The element is the project's. A service whose bundle has gone is a null ref: every copy fails then.
     resave_entity_plugin(run_state& run, vs_entity* claimed, const ref<resave_entity_service_impl>& claimant)
-        : Tvs_resave_file(run), entity_(claimed), service(claimant) {}
+        : Tvs_resave_file(run), entity_(claimed), service_(claimant) {}
 
     // One line: the caption and, if wanted, each of the paths.
     bool write_structure() override;
@@ -57,11 +57,11 @@ private:
     void save_own_file();
     void save_own_scene();
 
-    std::vector<file_row> files;
+    std::vector<file_row> files_;
     vs_entity* const entity_;
-    std::vector<owned_uuid> references;
-    ref<resave_entity_service_impl> service;
-    bool has_miscounted = false; // the service told counts that cannot be
+    std::vector<owned_uuid> references_;
+    ref<resave_entity_service_impl> service_;
+    bool has_miscounted_ = false; // the service told counts that cannot be
 };
 
 } // namespace vs::project_resave

@@ -24,17 +24,17 @@ std::vector<wide_string> files_of(const resave_service& service, uint32_t index)
 } // namespace
 
 uint32_t resave_plugin_list::item_count() const {
-    return count_from<&resave_service_impl::item_count>(service.get()).value_or(0);
+    return count_from<&resave_service_impl::item_count>(service_.get()).value_or(0);
 }
 
-wide_string resave_plugin_list::caption() { return text_from<&resave_service_impl::caption>(service.get()); }
+wide_string resave_plugin_list::caption() { return text_from<&resave_service_impl::caption>(service_.get()); }
 
 void resave_plugin_list::build() {
-    call<&resave_service_impl::set_project>(service.get(), project);
+    call<&resave_service_impl::set_project>(service_.get(), project_);
     const uint32_t count = item_count();
     for (uint32_t index = 0; index < count; ++index) {
         const wide_string_list files;
-        call<&resave_service_impl::item_files>(service.get(), index, files);
+        call<&resave_service_impl::item_files>(service_.get(), index, files);
         context->sizes.add_wstrings(files);
     }
 }
@@ -48,32 +48,32 @@ uint32_t resave_plugin_list::count_units(uint32_t& total) {
 void resave_plugin_list::collect_common_directory(common_directory& common) {
     const uint32_t count = item_count();
     for (uint32_t index = 0; index < count; ++index)
-        for (const wide_string& file : files_of(service.get(), index)) common.add_path(file);
+        for (const wide_string& file : files_of(service_.get(), index)) common.add_path(file);
 }
 
 bool resave_plugin_list::is_item_selected(uint32_t index) const {
-    const wide_string uuid = uuid_to_text(call<&resave_service_impl::item_uuid>(service.get(), index));
+    const wide_string uuid = uuid_to_text(call<&resave_service_impl::item_uuid>(service_.get(), index));
     return uuid.empty() || context->selection.is_selected(uuid);
 }
 
 element_name resave_plugin_list::item_name(uint32_t index) {
-    return {uuid_to_text(call<&resave_service_impl::item_uuid>(service.get(), index)),
-            text_from<&resave_service_impl::item_caption>(service.get(), index), caption()};
+    return {uuid_to_text(call<&resave_service_impl::item_uuid>(service_.get(), index)),
+            text_from<&resave_service_impl::item_caption>(service_.get(), index), caption()};
 }
 
 void resave_plugin_list::set_selected(bool on) {
     const uint32_t count = item_count();
     for (uint32_t index = 0; index < count; ++index) // an empty uuid changes nothing
         context->selection.set_selected(
-            uuid_to_text(call<&resave_service_impl::item_uuid>(service.get(), index)), on);
+            uuid_to_text(call<&resave_service_impl::item_uuid>(service_.get(), index)), on);
 }
 
 uint32_t resave_plugin_list::selection_state() {
     const uint32_t count = item_count();
-    if (count == 0) return 0;
+    if (count == 0) return vs_state_true;
     const bool first = is_item_selected(0);
     for (uint32_t index = 1; index < count; ++index)
-        if (is_item_selected(index) != first) return 2;
+        if (is_item_selected(index) != first) return vs_state_mixed;
     return vs_bool_to_3state(first);
 }
 
@@ -81,17 +81,17 @@ void resave_plugin_list::log_end() { context->log.service_end(caption()); }
 
 bool resave_plugin_list::do_save() {
     context->log.service_begin(caption());
-    context->progress.set_caption(text_from<&resave_service_impl::progress_caption>(service.get()));
-    const std::optional<uint32_t> count = count_from<&resave_service_impl::item_count>(service.get());
+    context->progress.set_caption(text_from<&resave_service_impl::progress_caption>(service_.get()));
+    const std::optional<uint32_t> count = count_from<&resave_service_impl::item_count>(service_.get());
     if (!count) record_copy_failure(*context, {{}, {}, impossible_count}, caption());
     // Backwards: taking out an item must not move what is still to come.
     for (uint32_t index = count.value_or(0); index-- > 0;) {
         if (context->progress.is_stopped()) break;
         const current_element item(context->report, item_name(index));
         if (!is_item_selected(index)) {
-            call<&resave_service_impl::remove_item>(service.get(), index);
+            call<&resave_service_impl::remove_item>(service_.get(), index);
         } else if (!save_item(index) && context->options.delete_lost_sources) {
-            call<&resave_service_impl::remove_item>(service.get(), index);
+            call<&resave_service_impl::remove_item>(service_.get(), index);
             context->log.service_file_removed(caption());
         }
         context->progress.advance(1);
@@ -101,7 +101,7 @@ bool resave_plugin_list::do_save() {
 }
 
 bool resave_plugin_list::save_item(uint32_t index) {
-    const wide_string source = text_from<&resave_service_impl::item_source>(service.get(), index);
+    const wide_string source = text_from<&resave_service_impl::item_source>(service_.get(), index);
     if (source.empty()) return true;
     if (!path_exists(source)) {
         record_lost_source(*context, source, caption());
@@ -109,13 +109,13 @@ bool resave_plugin_list::save_item(uint32_t index) {
     }
     wide_string target = context->placement.lookup_placed(source);
     if (target.empty()) target = place_and_copy(index, source);
-    call<&resave_service_impl::set_item_source>(service.get(), index, target.c_str());
+    call<&resave_service_impl::set_item_source>(service_.get(), index, target.c_str());
     return true;
 }
 
 wide_string resave_plugin_list::place_and_copy(uint32_t index, const wide_string& source) {
     const type_folder_scope type(context->placement,
-                                 text_from<&resave_service_impl::default_folder>(service.get()));
+                                 text_from<&resave_service_impl::default_folder>(service_.get()));
     wide_string target = context->placement.new_path(source);
     if (target.empty())
         context->log.new_name_failed(source);
@@ -128,7 +128,7 @@ wide_string resave_plugin_list::place_and_copy(uint32_t index, const wide_string
 void resave_plugin_list::copy_item_files(uint32_t index, const wide_string& source,
                                          const wide_string& target) {
     const wide_string source_head = path_head(source), target_head = path_head(target);
-    for (const wide_string& file : files_of(service.get(), index)) {
+    for (const wide_string& file : files_of(service_.get(), index)) {
         if (context->placement.is_placed(file)) continue;
         wide_string copy = path_join(target_head, path_relative(source_head, file));
         if (context->options.lower_case) platform::lower_in_place(copy);

@@ -14,7 +14,7 @@ class resave_plugin_list final : public Tvs_resave_unit {
 public:
     // A service whose bundle has gone is a null ref: it has no items then.
     resave_plugin_list(run_state& run, vs_prj* loaded, const ref<resave_service_impl>& found)
-        : Tvs_resave_unit(run), service(found), project(loaded) {}
+        : Tvs_resave_unit(run), service_(found), project_(loaded) {}
 
     bool write_structure() override { return true; }
     bool write_scene_file() override { return true; }
@@ -25,7 +25,7 @@ public:
     void collect_common_directory(common_directory& common) override;
     vs_entity* entity() override { return nullptr; }
     void set_selected(bool on) override;
-    // Of the first item; 2 if another differs.
+    // Of the first item; mixed if another differs.
     uint32_t selection_state() override;
     wide_string caption() override;
     // Saves or removes the items from the last to the first. Always true.
@@ -43,8 +43,8 @@ private:
     void copy_item_files(uint32_t index, const wide_string& source, const wide_string& target);
     std::optional<failed_copy> copy_item_file(const wide_string& file, const wide_string& target);
 
-    ref<resave_service_impl> service;
-    vs_prj* project;
+    ref<resave_service_impl> service_;
+    vs_prj* project_;
 };
 
 } // namespace vs::project_resave

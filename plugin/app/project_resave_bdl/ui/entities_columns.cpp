@@ -51,12 +51,12 @@ void entities_select_collumn::header_image(masked_bitmap_visitor visitor) {
 }
 
 void entities_select_collumn::click_header() {
-    select_tree_node* const root = model_.root(view_);
+    select_tree_node* const root = model.root(view);
     if (!root) return;
     const bool on = vs_3state_to_bool(vs_3state_invert(root->check_state()));
     root->set_checked(on);
-    model_.on_item_checked(view_, *root, on, false);
-    model_.fire_changed(view_);
+    model.on_item_checked(view, *root, on, false);
+    model.fire_changed(view);
 }
 
 } // namespace vs::project_resave::detail

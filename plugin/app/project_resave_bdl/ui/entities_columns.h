@@ -33,17 +33,17 @@ void click_mark(entities_model& model, uint32_t view, select_tree_item* item, bo
 template <class Own>
 class entities_marks : public Own {
 public:
-    entities_marks(entities_model& model, uint32_t view) : model_(model), view_(view) {}
+    entities_marks(entities_model& owner, uint32_t shown) : model(owner), view(shown) {}
 
-    bool mixed(outline_row* row) override { return row && item_of(row)->check_state() == mixed_state; }
-    bool checked(outline_row* row) override { return row && item_of(row)->check_state() == checked_state; }
-    void click(outline_row* row, bool on) override { click_mark(model_, view_, item_of(row), on); }
+    bool mixed(outline_row* row) override { return row && item_of(row)->check_state() == vs_state_mixed; }
+    bool checked(outline_row* row) override { return row && item_of(row)->check_state() == vs_state_true; }
+    void click(outline_row* row, bool on) override { click_mark(model, view, item_of(row), on); }
 
 protected:
     ~entities_marks() = default;
 
-    entities_model& model_;
-    const uint32_t view_;
+    entities_model& model;
+    const uint32_t view;
 };
 
 class entities_check final : public entities_marks<outline_checks_impl> {

@@ -14,11 +14,10 @@ namespace vs::project_resave::detail {
 
 namespace {
 
-constexpr uint32_t invalid_state = 1; // of the three
-
 void add_layer(vs_lr* layer, const wide_string& caption, select_tree_node& node) {
-    node.add_leaf(entity_uuid_text(vs_lr_safe_upcast(layer)), caption, vs_lr_is_valid(layer) != invalid_state,
-                  vs_lr_get_visible(layer), std::string(narrow_or_empty(vs_lr_get_lr_type(layer))));
+    node.add_leaf(entity_uuid_text(vs_lr_safe_upcast(layer)), caption,
+                  vs_lr_is_valid(layer) != vs_state_false, vs_lr_get_visible(layer),
+                  std::string(narrow_or_empty(vs_lr_get_lr_type(layer))));
 }
 
 // In the order in which the user sees the layers.
@@ -45,7 +44,7 @@ void fill_layers(vs_scn* scene, select_tree_node& node) {
 bool has_invalid_layer(vs_scn* scene) {
     const uint32_t count = vs_scn_get_count(scene);
     for (uint32_t index = 0; index < count; ++index)
-        if (vs_lr_is_valid(vs_scn_get_layer(scene, index)) == invalid_state) return true;
+        if (vs_lr_is_valid(vs_scn_get_layer(scene, index)) == vs_state_false) return true;
     return false;
 }
 
@@ -107,7 +106,7 @@ void fill_flat(vs_entities* collection, select_tree_node& root, event& changed) 
     for (uint32_t index = 0; index < count; ++index) {
         vs_entity* entity = vs_entities_get_entity(collection, index);
         root.add_leaf(entity_uuid_text(entity), host_string(&vs_entity_get_wcaption, entity),
-                      vs_entity_is_valid(entity) != invalid_state, true, {});
+                      vs_entity_is_valid(entity) != vs_state_false, true, {});
     }
 }
 

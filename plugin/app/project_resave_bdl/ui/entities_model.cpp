@@ -18,34 +18,34 @@ entities_model::flat_view::flat_view(selection_register& told, text::row caption
     : root(told, load_string(caption)) {}
 
 entities_model::entities_model(project_context& owner)
-    : context(owner), model_2d(owner.selection_register(), text::scenes_2d_page, u"vestra/scene/2d"),
-      model_3d(owner.selection_register(), text::scenes_3d_page, u"vestra/scene/3d"),
-      flat_views{flat_view(owner.selection_register(), text::dbf_tables_page),
-                 flat_view(owner.selection_register(), text::tos_tables_page),
-                 flat_view(owner.selection_register(), text::layouts_page),
-                 flat_view(owner.selection_register(), text::wells_page),
-                 flat_view(owner.selection_register(), text::correlations_page),
-                 flat_view(owner.selection_register(), text::others_page)} {
-    enabled.fill(true);
+    : context_(owner), model_2d_(owner.selection_register(), text::scenes_2d_page, u"vestra/scene/2d"),
+      model_3d_(owner.selection_register(), text::scenes_3d_page, u"vestra/scene/3d"),
+      flat_views_{flat_view(owner.selection_register(), text::dbf_tables_page),
+                  flat_view(owner.selection_register(), text::tos_tables_page),
+                  flat_view(owner.selection_register(), text::layouts_page),
+                  flat_view(owner.selection_register(), text::wells_page),
+                  flat_view(owner.selection_register(), text::correlations_page),
+                  flat_view(owner.selection_register(), text::others_page)} {
+    enabled_.fill(true);
 }
 
 entities_model::place entities_model::place_of(uint32_t view) {
     switch (view) {
     case views::layers_2d:
-        return {&model_2d, bottom_part};
+        return {&model_2d_, bottom_part};
     case views::scenes_2d:
-        return {&model_2d, top_part};
+        return {&model_2d_, top_part};
     case views::layers_3d:
-        return {&model_3d, bottom_part};
+        return {&model_3d_, bottom_part};
     case views::scenes_3d:
-        return {&model_3d, top_part};
+        return {&model_3d_, top_part};
     default:
         return {};
     }
 }
 
 entities_model::flat_view* entities_model::flat_of(uint32_t view) {
-    return view >= views::dbf_tables && view <= views::others ? &flat_views[view - views::dbf_tables]
+    return view >= views::dbf_tables && view <= views::others ? &flat_views_[view - views::dbf_tables]
                                                               : nullptr;
 }
 
@@ -57,9 +57,9 @@ void entities_model::set_project(vs_prj* project) {
 }
 
 void entities_model::clear() {
-    model_2d.clear();
-    model_3d.clear();
-    for (flat_view& flat : flat_views) flat.root.clear_children();
+    model_2d_.clear();
+    model_3d_.clear();
+    for (flat_view& flat : flat_views_) flat.root.clear_children();
 }
 
 void entities_model::fill(vs_prj* project) {
@@ -67,8 +67,8 @@ void entities_model::fill(vs_prj* project) {
         flat_view& flat = *flat_of(view);
         fill_flat(collection, flat.root, flat.changed);
     };
-    fill_scenes_2d(project, model_2d);
-    fill_scenes_3d(project, model_3d);
+    fill_scenes_2d(project, model_2d_);
+    fill_scenes_3d(project, model_3d_);
     fill_view(views::dbf_tables, vs_attrs_data_safe_upcast(vs_prj_get_attrs_data_ptr(project)));
     fill_view(views::tos_tables, vs_toss_data_safe_upcast(vs_prj_get_toss_data_ptr(project)));
     fill_view(views::layouts, vs_scns_2d_safe_upcast(vs_prj_get_layouts_data_ptr(project)));
@@ -80,7 +80,7 @@ void entities_model::fill(vs_prj* project) {
         if (meta_id == "plugin_scn_2d_well_planshet_collection3") fill_view(views::wells, sheets);
         if (meta_id == "c_scn2d_correlation_collection2") fill_view(views::correlations, sheets);
     }
-    fill_services(context.services, flat_of(views::others)->root);
+    fill_services(context_.services, flat_of(views::others)->root);
 }
 
 void entities_model::set_all(uint32_t view, bool on) {
@@ -103,11 +103,11 @@ void entities_model::reset(uint32_t view) {
 
 void entities_model::change(uint32_t view, const part_change& change_part, const tree_change& change_tree) {
     if (view == views::everything) {
-        for (select_2part_model* scenes : {&model_2d, &model_3d}) {
+        for (select_2part_model* scenes : {&model_2d_, &model_3d_}) {
             change_part(*scenes, bottom_part);
             change_part(*scenes, top_part);
         }
-        for (flat_view& flat : flat_views) change_tree(flat.root);
+        for (flat_view& flat : flat_views_) change_tree(flat.root);
     } else if (const place at = place_of(view); at.model) {
         change_part(*at.model, at.part);
     } else if (flat_view* flat = flat_of(view)) {
@@ -143,7 +143,7 @@ layer_icons* entities_model::icons(uint32_t view) {
 }
 
 bool entities_model::is_view_empty(uint32_t tab_index) {
-    if (tab_index < 4) return (tab_index < 2 ? model_2d : model_3d).root(top_part)->is_empty();
+    if (tab_index < 4) return (tab_index < 2 ? model_2d_ : model_3d_).root(top_part)->is_empty();
     const flat_view* const flat = flat_of(tab_index + 1);
     return !flat || flat->root.is_empty();
 }
@@ -155,20 +155,20 @@ void entities_model::fire_changed(uint32_t view) {
     }
     for (const uint32_t each : {views::layers_2d, views::scenes_2d, views::layers_3d, views::scenes_3d})
         changed_event(each)->fire();
-    for (flat_view& flat : flat_views) flat.changed.fire();
+    for (flat_view& flat : flat_views_) flat.changed.fire();
 }
 
 bool entities_model::view_enabled(uint32_t view) const {
     if (view == views::everything)
-        return std::any_of(enabled.begin(), enabled.end(), [](bool on) { return on; });
-    return view <= enabled.size() && enabled[view - 1];
+        return std::any_of(enabled_.begin(), enabled_.end(), [](bool on) { return on; });
+    return view <= enabled_.size() && enabled_[view - 1];
 }
 
 void entities_model::set_view_enabled(uint32_t view, bool on) {
     if (view == views::everything)
-        enabled.fill(on);
-    else if (view <= enabled.size())
-        enabled[view - 1] = on;
+        enabled_.fill(on);
+    else if (view <= enabled_.size())
+        enabled_[view - 1] = on;
 }
 
 } // namespace vs::project_resave::detail

@@ -14,17 +14,19 @@ class project_context;
 
 // What one outline or one tool bar stands for.
 namespace views {
-constexpr uint32_t everything = 0; // has no rows of its own
-constexpr uint32_t layers_2d = 1;  // of the current scene
-constexpr uint32_t scenes_2d = 2;
-constexpr uint32_t layers_3d = 3;
-constexpr uint32_t scenes_3d = 4;
-constexpr uint32_t dbf_tables = 5;
-constexpr uint32_t tos_tables = 6;
-constexpr uint32_t layouts = 7;
-constexpr uint32_t wells = 8;
-constexpr uint32_t correlations = 9;
-constexpr uint32_t others = 10; // items of the services of all bundles
+enum view : uint32_t {
+    everything = 0, // has no rows of its own
+    layers_2d = 1,  // of the current scene
+    scenes_2d = 2,
+    layers_3d = 3,
+    scenes_3d = 4,
+    dbf_tables = 5,
+    tos_tables = 6,
+    layouts = 7,
+    wells = 8,
+    correlations = 9,
+    others = 10, // items of the services of all bundles
+};
 } // namespace views
 
 namespace detail {
@@ -87,11 +89,11 @@ private:
     void fill(vs_prj* project);
     void clear();
 
-    project_context& context;
-    select_2part_model_bottom_icon model_2d;
-    select_2part_model_bottom_icon model_3d;
-    std::array<flat_view, 6> flat_views; // views 5 to 10
-    std::array<bool, view_count> enabled;
+    project_context& context_;
+    select_2part_model_bottom_icon model_2d_;
+    select_2part_model_bottom_icon model_3d_;
+    std::array<flat_view, 6> flat_views_; // views 5 to 10
+    std::array<bool, view_count> enabled_;
 };
 
 } // namespace detail

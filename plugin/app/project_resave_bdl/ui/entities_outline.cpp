@@ -52,24 +52,24 @@ int32_t entities_outline::image_index(outline_row* row) {
 }
 
 entities_toolbar::entities_toolbar(entities_model& model, uint32_t view)
-    : select(u"vs_resave_project_select_tool", text::select_tool,
-             [&model, view] { model.set_all(view, true); }),
-      unselect(u"vs_resave_project_unselect_tool", text::unselect_tool,
-               [&model, view] { model.set_all(view, false); }),
-      invert(u"vs_resave_project_invert_select_tool", text::invert_tool,
-             [&model, view] { model.invert(view); }),
-      visible(u"vs_resave_project_vis_select_tool", text::visible_tool,
-              [&model, view] { model.reset(view); }) {
-    add(select);
-    add(unselect);
-    if (view != views::everything) add(invert);
-    if (view >= views::layers_2d && view <= views::scenes_3d) add(visible);
+    : select_(u"vs_resave_project_select_tool", text::select_tool,
+              [&model, view] { model.set_all(view, true); }),
+      unselect_(u"vs_resave_project_unselect_tool", text::unselect_tool,
+                [&model, view] { model.set_all(view, false); }),
+      invert_(u"vs_resave_project_invert_select_tool", text::invert_tool,
+              [&model, view] { model.invert(view); }),
+      visible_(u"vs_resave_project_vis_select_tool", text::visible_tool,
+               [&model, view] { model.reset(view); }) {
+    add(select_);
+    add(unselect_);
+    if (view != views::everything) add(invert_);
+    if (view >= views::layers_2d && view <= views::scenes_3d) add(visible_);
     if (event* changed = model.changed_event(view))
-        connection = changed->connect([this, &model, view] { enable_tools(model.view_enabled(view)); });
+        connection_ = changed->connect([this, &model, view] { enable_tools(model.view_enabled(view)); });
 }
 
 void entities_toolbar::enable_tools(bool on) {
-    for (common_tool* each : {&visible, &unselect, &select, &invert}) each->set_enabled(on);
+    for (common_tool* each : {&visible_, &unselect_, &select_, &invert_}) each->set_enabled(on);
 }
 
 } // namespace vs::project_resave::detail

@@ -54,11 +54,11 @@ public:
 private:
     void enable_tools(bool on);
 
-    common_tool select;
-    common_tool unselect;
-    common_tool invert;
-    common_tool visible;
-    std::shared_ptr<void> connection;
+    common_tool select_;
+    common_tool unselect_;
+    common_tool invert_;
+    common_tool visible_;
+    std::shared_ptr<void> connection_;
 };
 
 } // namespace vs::project_resave::detail

@@ -4,15 +4,10 @@
 
 namespace vs::project_resave::detail {
 
-namespace {
-
-constexpr int32_t ok_code = 1;
-
-} // namespace
-
 extended_message_dialog::extended_message_dialog(const wide_string& message)
     : heading(load_string(text::resave_errors)),
-      buttons({{load_string(text::toolkit_ok), ok_code}}, [] { return true; }), text(20, 7), content(2, 1) {
+      buttons({{load_string(text::toolkit_ok), toolkit::ok_code}}, [] { return true; }), text(20, 7),
+      content(2, 1) {
     text.set_text(message);
     content.place(0, 0, heading);
     content.place(1, 0, text);

@@ -12,8 +12,7 @@ namespace vs::project_resave {
 namespace {
 
 // Answers of the host's box of three buttons.
-constexpr int32_t answer_cancel = 2;
-constexpr int32_t answer_no = 7;
+enum box_answer : int32_t { answer_cancel = 2, answer_no = 7 };
 
 constexpr size_t most_lines_of_a_box = 25; // a longer text goes into a dialog that scrolls
 

@@ -5,11 +5,11 @@
 namespace vs::project_resave::detail {
 
 std::vector<layer_type_bitmap>& layer_icons::list() {
-    if (!is_loaded) {
-        is_loaded = true;
-        types = layer_type_loader::load({scene_kind});
+    if (!is_loaded_) {
+        is_loaded_ = true;
+        types_ = layer_type_loader::load({scene_kind_});
     }
-    return types;
+    return types_;
 }
 
 int32_t layer_icons::index_of(std::string_view layer_type) {

@@ -10,7 +10,7 @@ namespace vs::project_resave::detail {
 class layer_icons {
 public:
     // `kind` is the id of the services that know the types: "vestra/scene/2d" or "vestra/scene/3d".
-    explicit layer_icons(wide_string kind) : scene_kind(std::move(kind)) {}
+    explicit layer_icons(wide_string kind) : scene_kind_(std::move(kind)) {}
 
     // Each asks the host for the list when it is first wanted, and never again.
     uint32_t count() { return static_cast<uint32_t>(list().size()); }
@@ -22,9 +22,9 @@ public:
 private:
     std::vector<layer_type_bitmap>& list();
 
-    const wide_string scene_kind;
-    bool is_loaded = false; // a list that came back empty counts
-    std::vector<layer_type_bitmap> types;
+    const wide_string scene_kind_;
+    bool is_loaded_ = false; // a list that came back empty counts
+    std::vector<layer_type_bitmap> types_;
 };
 
 } // namespace vs::project_resave::detail

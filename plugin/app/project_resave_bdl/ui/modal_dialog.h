@@ -45,12 +45,12 @@ class modal_dialog_service_factory final : public custom_service_factory_impl {
 public:
     modal_dialog_service_factory() : custom_service_factory_impl(u"") {}
     identity_pointer create(bundle_context) override {
-        if (!service) service.assign(pointer_to<modal_dialog_service_impl>(*new modal_dialog_service<Tag>));
-        return identity_of(static_cast<const interface_pointer&>(service.get()));
+        if (!service_) service_.assign(pointer_to<modal_dialog_service_impl>(*new modal_dialog_service<Tag>));
+        return identity_of(static_cast<const interface_pointer&>(service_.get()));
     }
 
 private:
-    ref<modal_dialog_service_impl> service;
+    ref<modal_dialog_service_impl> service_;
 };
 
 // What the host's window shows of a dialog: its element, under the dialog's title.

@@ -6,14 +6,6 @@
 
 namespace vs::project_resave {
 
-namespace {
-
-// Words of the host's own, with the codes of the buttons: one starts the operation, one closes the window.
-constexpr int32_t run_code = 2;
-constexpr int32_t close_code = 8;
-
-} // namespace
-
 project_resave_app::docker::docker(const resave_services* found)
     : docker_base(load_string(text::tool_title)), panel(found) {}
 
@@ -31,20 +23,23 @@ void project_resave_app::docker::set_parent(identity_pointer window) {
 }
 
 project_resave_app::project_resave_app(const bundle_context&)
-    : content((look_for_localizer(), *new docker(&services))), content_held(pointer_to<docker_impl>(content)),
-      buttons({{load_string(text::host_run), run_code}, {load_string(text::host_close), close_code}},
-              [this] { return content.panel.run_active_tab(); }) {
-    collect_resave_services(services);
+    : content_((look_for_localizer(), *new docker(&services_))),
+      content_held_(pointer_to<docker_impl>(content_)),
+      buttons_({{load_string(text::host_run), toolkit::run_code},
+                {load_string(text::host_close), toolkit::close_code}},
+               [this] { return content_.panel.run_active_tab(); }) {
+    collect_resave_services(services_);
 }
 
 project_resave_app::~project_resave_app() {
-    const weak_ref<docker_impl> left(content_held.get());
-    content_held.reset();
-    if (left) content.panel.leave_services();
+    const weak_ref<docker_impl> left(content_held_.get());
+    content_held_.reset();
+    if (left) content_.panel.leave_services();
 }
 
 void project_resave_app::hand_over_main_element(main_element_visitor visitor) {
-    call<&main_element_visitor_impl::visit>(visitor, u"project_resave_app", pointer_to<docker_impl>(content));
+    call<&main_element_visitor_impl::visit>(visitor, u"project_resave_app",
+                                            pointer_to<docker_impl>(content_));
 }
 
 } // namespace vs::project_resave

@@ -17,7 +17,7 @@ public:
     ~project_resave_app() override;
 
     void hand_over_main_element(main_element_visitor visitor) override;
-    element button_box() override { return buttons; }
+    element button_box() override { return buttons_; }
 
 private:
     // What stands in the window. A referent of its own, for the host may hold it longer than this service.
@@ -35,10 +35,10 @@ private:
         settings_element panel;
     };
 
-    resave_services services; // stays where it is: the panel's context knows its place
-    docker& content;
-    ref<docker_impl> content_held;
-    toolkit::button_box buttons;
+    resave_services services_; // stays where it is: the panel's context knows its place
+    docker& content_;
+    ref<docker_impl> content_held_;
+    toolkit::button_box buttons_;
 };
 
 } // namespace vs::project_resave

@@ -5,7 +5,7 @@
 namespace vs::project_resave::detail {
 
 select_2part_model::select_2part_model(selection_register& told, text::row caption)
-    : selection(told), top_root(told, load_string(caption)) {}
+    : selection_(told), top_root_(told, load_string(caption)) {}
 
 void select_2part_model::set_all(uint32_t part, bool on) {
     change_all(part, [on](select_tree_node& tree) { tree.set_checked(on); });
@@ -26,28 +26,28 @@ void select_2part_model::change_all(uint32_t part, const std::function<void(sele
     if (part == top_part)
         for (const auto& [uuid, tree] : bottoms_) change(*tree);
     sync_top();
-    bottom_changed.fire();
-    top_changed.fire();
+    bottom_changed_.fire();
+    top_changed_.fire();
 }
 
 void select_2part_model::on_item_checked(uint32_t part, select_tree_item& item, bool on,
                                          bool only_highlighted) {
     if (part == bottom_part) {
         sync_top();
-        top_changed.fire();
+        top_changed_.fire();
     }
     if (part != top_part) return;
     std::vector<select_tree_leaf*> scenes;
     item.collect_leaves(scenes, only_highlighted);
     for (const select_tree_leaf* scene : scenes)
         if (const auto row = bottoms_.find(scene->uuid); row != bottoms_.end()) row->second->set_checked(on);
-    bottom_changed.fire();
+    bottom_changed_.fire();
 }
 
 void select_2part_model::sync_top() {
     for (const auto& [uuid, tree] : bottoms_) {
-        if (tree->check_state() == unchecked_state) continue;
-        if (select_tree_leaf* scene = top_root.find_leaf(uuid)) scene->set_checked(true);
+        if (tree->check_state() == vs_state_false) continue;
+        if (select_tree_leaf* scene = top_root_.find_leaf(uuid)) scene->set_checked(true);
     }
 }
 
@@ -56,13 +56,13 @@ void select_2part_model::set_current_item(uint32_t part, const select_tree_item*
 }
 
 void select_2part_model::set_current(const wide_string& uuid) {
-    current = uuid;
-    bottom_changed.fire();
+    current_ = uuid;
+    bottom_changed_.fire();
 }
 
 select_tree_node* select_2part_model::root(uint32_t part) {
-    if (part == top_part) return &top_root;
-    const auto shown = part == bottom_part ? bottoms_.find(current) : bottoms_.end();
+    if (part == top_part) return &top_root_;
+    const auto shown = part == bottom_part ? bottoms_.find(current_) : bottoms_.end();
     return shown == bottoms_.end() ? nullptr : shown->second.get();
 }
 
@@ -71,20 +71,20 @@ void select_2part_model::fire_changed(uint32_t part) {
 }
 
 event* select_2part_model::changed_event(uint32_t part) {
-    if (part == top_part) return &top_changed;
-    return part == bottom_part ? &bottom_changed : nullptr;
+    if (part == top_part) return &top_changed_;
+    return part == bottom_part ? &bottom_changed_ : nullptr;
 }
 
 select_tree_node& select_2part_model::add_bottom(const wide_string& uuid, const wide_string& caption) {
     auto& place = bottoms_[uuid];
-    place = std::make_unique<select_tree_node>(selection, caption);
+    place = std::make_unique<select_tree_node>(selection_, caption);
     return *place;
 }
 
 void select_2part_model::clear() {
     bottoms_.clear();
-    top_root.clear_children();
-    current.clear();
+    top_root_.clear_children();
+    current_.clear();
 }
 
 } // namespace vs::project_resave::detail

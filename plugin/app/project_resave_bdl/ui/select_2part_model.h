@@ -12,8 +12,10 @@
 namespace vs::project_resave::detail {
 
 // The two parts of such a model. Operations that take a part ignore any other number.
-constexpr uint32_t top_part = 0;    // a leaf for each scene
-constexpr uint32_t bottom_part = 1; // the tree of layers of the current scene
+enum model_part : uint32_t {
+    top_part = 0,    // a leaf for each scene
+    bottom_part = 1, // the tree of layers of the current scene
+};
 
 class select_2part_model {
 public:
@@ -50,12 +52,12 @@ private:
     // Does so to each tree of the part, top first.
     void change_all(uint32_t part, const std::function<void(select_tree_node&)>& change);
 
-    selection_register& selection;
-    select_tree_node top_root;
-    event top_changed;
+    selection_register& selection_;
+    select_tree_node top_root_;
+    event top_changed_;
     trees bottoms_; // by the scene's uuid
-    wide_string current;
-    event bottom_changed;
+    wide_string current_;
+    event bottom_changed_;
 };
 
 class select_2part_model_bottom_icon final : public select_2part_model {

@@ -24,20 +24,20 @@ wide_string number_text(double number) {
 } // namespace
 
 select_element::select_element(project_context& owner)
-    : docker_base({}), model(owner), sizes(owner.size_register()), common_tools(model, views::everything),
-      size_label(load_string(text::selected_size), u" 0 ", load_string(text::kbyte)),
-      group(2, 1, load_string(text::selection_heading)) {
-    top_row.place(0, 0, common_tools);
-    top_row.place(0, 1, size_label);
+    : docker_base({}), model(owner), sizes_(owner.size_register()), common_tools_(model, views::everything),
+      size_label_(load_string(text::selected_size), u" 0 ", load_string(text::kbyte)),
+      group_(2, 1, load_string(text::selection_heading)) {
+    top_row_.place(0, 0, common_tools_);
+    top_row_.place(0, 1, size_label_);
     add_pages();
-    group.place(0, 0, top_row);
-    group.place(1, 0, tabs);
-    group.set_spare_row(1);
-    outer.place(0, 0, group);
-    sizes.set_on_changed([this] { update_size_label(); });
+    group_.place(0, 0, top_row_);
+    group_.place(1, 0, tabs_);
+    group_.set_spare_row(1);
+    outer_.place(0, 0, group_);
+    sizes_.set_on_changed([this] { update_size_label(); });
 }
 
-select_element::~select_element() { sizes.set_on_changed({}); }
+select_element::~select_element() { sizes_.set_on_changed({}); }
 
 void select_element::add_pages() {
     struct page_row {
@@ -56,38 +56,38 @@ void select_element::add_pages() {
         {u"project_resave_select_tab_correlation", text::correlations_page, views::correlations, 0},
         {u"project_resave_select_tab_plugin", text::others_page, views::others, 0},
     };
-    for (size_t index = 0; index < pages.size(); ++index) {
+    for (size_t index = 0; index < pages_.size(); ++index) {
         const page_row& row = rows[index];
         const wide_string title = load_string(row.title);
         if (row.layers_view)
-            pages[index] = std::make_unique<scene_tab>(model, row.view, row.layers_view, title);
+            pages_[index] = std::make_unique<scene_tab>(model, row.view, row.layers_view, title);
         else
-            pages[index] = std::make_unique<table_tab>(model, row.view, title);
-        tabs.add(row.id, title, *pages[index]);
+            pages_[index] = std::make_unique<table_tab>(model, row.view, title);
+        tabs_.add(row.id, title, *pages_[index]);
     }
 }
 
 void select_element::set_project(vs_prj* project) {
     constexpr uint32_t model_tabs[] = {1, 3, 4, 5, 6, 7, 8, 9}; // the pages, as the model numbers them
     model.set_project(project);
-    for (uint32_t index = 0; index < pages.size(); ++index) {
-        pages[index]->refresh();
-        tabs.set_enabled(index, !project || !model.is_view_empty(model_tabs[index]));
+    for (uint32_t index = 0; index < pages_.size(); ++index) {
+        pages_[index]->refresh();
+        tabs_.set_enabled(index, !project || !model.is_view_empty(model_tabs[index]));
     }
     update_size_label();
 }
 
 void select_element::update_size_label() {
     constexpr double step = 1024.0;
-    double size = sizes.total_kb();
+    double size = sizes_.total_kb();
     text::row unit = text::kbyte;
     for (const text::row larger : {text::mbyte, text::gbyte}) {
         if (size < step) break;
         size /= step;
         unit = larger;
     }
-    size_label.set_value(u' ' + number_text(vs_round_dbl(size, 2)) + u' ');
-    size_label.set_unit(load_string(unit));
+    size_label_.set_value(u' ' + number_text(vs_round_dbl(size, 2)) + u' ');
+    size_label_.set_unit(load_string(unit));
 }
 
 } // namespace vs::project_resave

@@ -25,21 +25,21 @@ public:
     // operation would write.
     void update_size_label();
 
-    element main_element() override { return outer; }
+    element main_element() override { return outer_; }
 
     detail::entities_model model; // outlives whatever shows it
 
 private:
     void add_pages();
 
-    size_register& sizes;
-    detail::entities_toolbar common_tools;
-    toolkit::label_ex size_label;
-    toolkit::grid_layout top_row{1, 2};
-    std::array<std::unique_ptr<detail::select_page>, 8> pages;
-    toolkit::tab_layout tabs;
-    toolkit::groupbox group;
-    toolkit::grid_layout outer{1, 1};
+    size_register& sizes_;
+    detail::entities_toolbar common_tools_;
+    toolkit::label_ex size_label_;
+    toolkit::grid_layout top_row_{1, 2};
+    std::array<std::unique_ptr<detail::select_page>, 8> pages_;
+    toolkit::tab_layout tabs_;
+    toolkit::groupbox group_;
+    toolkit::grid_layout outer_{1, 1};
 };
 
 } // namespace vs::project_resave

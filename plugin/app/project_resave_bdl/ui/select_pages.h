@@ -29,31 +29,31 @@ struct entities_pane {
 class table_tab final : public select_page {
 public:
     table_tab(entities_model& model, uint32_t view, wide_string title)
-        : select_page(std::move(title)), pane(model, view) {}
+        : select_page(std::move(title)), pane_(model, view) {}
 
-    element main_element() override { return pane.layout; }
-    void refresh() override { pane.outline.refresh(); }
+    element main_element() override { return pane_.layout; }
+    void refresh() override { pane_.outline.refresh(); }
 
 private:
-    entities_pane pane;
+    entities_pane pane_;
 };
 
 // Scenes above, the layers of the current one below.
 class scene_tab final : public select_page {
 public:
     scene_tab(entities_model& model, uint32_t top_view, uint32_t bottom_view, wide_string title)
-        : select_page(std::move(title)), top(model, top_view), bottom(model, bottom_view) {}
+        : select_page(std::move(title)), top_(model, top_view), bottom_(model, bottom_view) {}
 
-    element main_element() override { return halves; }
+    element main_element() override { return halves_; }
     void refresh() override {
-        top.outline.refresh();
-        bottom.outline.refresh();
+        top_.outline.refresh();
+        bottom_.outline.refresh();
     }
 
 private:
-    entities_pane top;
-    entities_pane bottom;
-    toolkit::split_layout halves{top.layout, bottom.layout};
+    entities_pane top_;
+    entities_pane bottom_;
+    toolkit::split_layout halves_{top_.layout, bottom_.layout};
 };
 
 } // namespace vs::project_resave::detail

@@ -15,14 +15,14 @@ namespace vs::project_resave::detail {
 
 class select_tree_node final : public select_tree_item {
 public:
-    select_tree_node(selection_register& told, wide_string own_caption, select_tree_node* parent = nullptr)
-        : select_tree_item(told, parent, std::move(own_caption)) {}
+    select_tree_node(selection_register& told, wide_string own_caption, select_tree_node* above = nullptr)
+        : select_tree_item(told, above, std::move(own_caption)) {}
 
     void set_highlighted_deep(bool on) override;
     void set_expanded(bool on) override { expanded_ = on; }
     bool expanded() const override { return expanded_; }
     bool valid() const override { return summed().valid; }
-    uint32_t child_count() const override { return static_cast<uint32_t>(children.size()); }
+    uint32_t child_count() const override { return static_cast<uint32_t>(children_.size()); }
     select_tree_item* child_at(uint32_t index) const override;
     void set_checked(bool on) override;
     uint32_t check_state() const override { return summed().check_state; }
@@ -46,43 +46,43 @@ private:
     struct summary {
         bool contains_leaf = false;
         bool valid = true;
-        uint32_t check_state = unchecked_state;
+        uint32_t check_state = vs_state_false;
     };
     const summary& summed() const;
     // Also of the nodes above: one that has none is under none that has.
     void forget_summary() const;
 
     bool expanded_ = true;
-    std::vector<std::unique_ptr<select_tree_item>> children;
+    std::vector<std::unique_ptr<select_tree_item>> children_;
     // The nodes and the leaves among them with their places; of equal leaves the first.
-    std::vector<std::pair<size_t, select_tree_node*>> nodes;
-    std::unordered_map<wide_view, std::pair<size_t, select_tree_leaf*>> leaves;
+    std::vector<std::pair<size_t, select_tree_node*>> nodes_;
+    std::unordered_map<wide_view, std::pair<size_t, select_tree_leaf*>> leaves_;
     mutable std::optional<summary> summary_;
 };
 
 // Ticked when it is made.
 class select_tree_leaf final : public select_tree_item {
 public:
-    select_tree_leaf(selection_register& told, select_tree_node* parent, const wide_string& own_uuid,
+    select_tree_leaf(selection_register& told, select_tree_node* above, const wide_string& own_uuid,
                      const wide_string& own_caption, bool is_valid, bool checked_by_default,
                      const std::string& own_layer_type)
-        : select_tree_item(told, parent, own_caption, own_uuid, own_layer_type), valid_(is_valid),
-          default_checked(checked_by_default) {}
+        : select_tree_item(told, above, own_caption, own_uuid, own_layer_type), valid_(is_valid),
+          default_checked_(checked_by_default) {}
 
     void set_valid(bool on);
     bool valid() const override { return valid_; }
     void set_checked(bool on) override;
     uint32_t check_state() const override;
-    void invert_checked() override { set_checked(!checked); }
-    void reset_checked() override { set_checked(default_checked); }
+    void invert_checked() override { set_checked(!checked_); }
+    void reset_checked() override { set_checked(default_checked_); }
     void set_checked_if_highlighted(bool on) override;
     bool contains_leaf() const override { return true; }
     void collect_leaves(std::vector<select_tree_leaf*>& found, bool only_highlighted) override;
 
 private:
     bool valid_;
-    bool checked = true;
-    const bool default_checked;
+    bool checked_ = true;
+    const bool default_checked_;
 };
 
 } // namespace vs::project_resave::detail

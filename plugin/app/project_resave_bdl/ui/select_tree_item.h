@@ -6,14 +6,10 @@
 #include <vector>
 
 #include "framework/border/visitors.h"
+#include "host/types.h"
 #include "operations/run/registers.h"
 
 namespace vs::project_resave::detail {
-
-// The host's three-state values.
-constexpr uint32_t checked_state = 0;
-constexpr uint32_t unchecked_state = 1;
-constexpr uint32_t mixed_state = 2;
 
 class select_tree_leaf;
 class select_tree_node;
@@ -41,7 +37,7 @@ public:
     virtual select_tree_item* child_at(uint32_t) const { return nullptr; }
 
     virtual void set_checked(bool on) = 0;
-    // Of a node: as its leaves are; unchecked without one, mixed if they differ.
+    // A `vs_three_state`. Of a node: as its leaves are; false without one, mixed if they differ.
     virtual uint32_t check_state() const = 0;
     virtual void invert_checked() = 0;
     virtual void reset_checked() = 0;
@@ -56,15 +52,15 @@ public:
     const std::string layer_type; // keys the icon of a layer's row; empty on all others
 
 protected:
-    select_tree_item(selection_register& told, select_tree_node* parent, wide_string own_caption,
+    select_tree_item(selection_register& told, select_tree_node* above, wide_string own_caption,
                      wide_string own_uuid = {}, std::string own_layer_type = {})
         : caption(std::move(own_caption)), uuid(std::move(own_uuid)), layer_type(std::move(own_layer_type)),
-          selection(told), parent_(parent) {}
+          selection(told), parent(above) {}
     // What the nodes above sum up is no longer so.
     void on_changed() const;
 
     selection_register& selection;
-    select_tree_node* const parent_; // null for a root
+    select_tree_node* const parent; // null for a root
 
 private:
     bool highlighted_ = false;

@@ -27,7 +27,7 @@ public:
     settings_element(const settings_element&) = delete;
     settings_element& operator=(const settings_element&) = delete;
 
-    element main_element() { return main_layout; }
+    element main_element() { return main_layout_; }
 
     // Does the operation of the tab that is shown. False at all times: the window stays.
     bool run_active_tab();
@@ -41,7 +41,7 @@ public:
     // Closes it, and works without services from now on: they go, and the panel is left to whoever holds it.
     void leave_services();
     // The window is there again: takes back a `close_project` that waits for the end of an operation.
-    void keep_project() { close_after_work = false; }
+    void keep_project() { close_after_work_ = false; }
     void reset_to_defaults();
 
 private:
@@ -55,28 +55,28 @@ private:
     void enable_only(std::initializer_list<uint32_t> views);
     void lay_out();
 
-    wide_string source_path; // of the project now loaded; empty without one
-    wide_string new_path;    // as accepted in the tab that resaves
-    host_questions questions;
-    const std::unique_ptr<project_context> owned_context;
-    project_context& context;
-    const wide_string host_project_path;
-    toolkit::label source_label;
-    toolkit::file_input source_field;
-    toolkit::button load_button;
-    toolkit::button save_button; // in no layout: nothing is kept between sessions
-    toolkit::grid_span_layout header;
-    save_prj_tab prj_tab;
-    save_struct_tab struct_tab;
-    save_scns_xml_tab scns_xml_tab;
-    checked_path_register_tab path_register_tab;
-    toolkit::tab_layout tabs;
-    toolkit::grid_layout left_column;
-    select_element selection;
-    std::shared_ptr<void> project_connection;
-    toolkit::grid_layout main_layout;
-    bool running = false;
-    bool close_after_work = false;
+    wide_string source_path_; // of the project now loaded; empty without one
+    wide_string new_path_;    // as accepted in the tab that resaves
+    host_questions questions_;
+    const std::unique_ptr<project_context> owned_context_;
+    project_context& context_;
+    const wide_string host_project_path_;
+    toolkit::label source_label_;
+    toolkit::file_input source_field_;
+    toolkit::button load_button_;
+    toolkit::button save_button_; // in no layout: nothing is kept between sessions
+    toolkit::grid_span_layout header_;
+    save_prj_tab prj_tab_;
+    save_struct_tab struct_tab_;
+    save_scns_xml_tab scns_xml_tab_;
+    checked_path_register_tab path_register_tab_;
+    toolkit::tab_layout tabs_;
+    toolkit::grid_layout left_column_;
+    select_element selection_;
+    std::shared_ptr<void> project_connection_;
+    toolkit::grid_layout main_layout_;
+    bool running_ = false;
+    bool close_after_work_ = false;
 };
 
 } // namespace vs::project_resave

@@ -11,25 +11,25 @@ using project_resave::wide_string;
 namespace text = project_resave::text;
 
 unique_name_dialog::unique_name_dialog(const wide_string& source_path, const wide_string& proposed_path)
-    : groupbox(4, 1), explanation(load_string(text::file_name_exists)), source(source_path),
-      request(load_string(text::set_file_path)), path(project_resave::file_input_mode::new_file) {
-    path.set_text(proposed_path);
-    path.set_validator([this](const wide_string& entered) { return take(entered); });
-    place(0, 0, explanation);
-    place(1, 0, source);
-    place(2, 0, request);
-    place(3, 0, path);
+    : groupbox(4, 1), explanation_(load_string(text::file_name_exists)), source_(source_path),
+      request_(load_string(text::set_file_path)), path_(project_resave::file_input_mode::new_file) {
+    path_.set_text(proposed_path);
+    path_.set_validator([this](const wide_string& entered) { return take(entered); });
+    place(0, 0, explanation_);
+    place(1, 0, source_);
+    place(2, 0, request_);
+    place(3, 0, path_);
     set_spare_row(3);
 }
 
 wide_string unique_name_dialog::free_path() const {
-    return path_exists(path.text()) ? wide_string() : path.text();
+    return path_exists(path_.text()) ? wide_string() : path_.text();
 }
 
 bool unique_name_dialog::take(const wide_string& entered) {
     if (!path_exists(entered)) return true;
     project_resave::show_error(text::file_name_exists);
-    path.set_text({});
+    path_.set_text({});
     return false;
 }
 

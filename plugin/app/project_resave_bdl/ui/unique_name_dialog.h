@@ -29,10 +29,10 @@ private:
     // The path the user entered; one that exists is refused with a message, and empties the field.
     bool take(const project_resave::wide_string& entered);
 
-    toolkit::label explanation;
-    toolkit::output source;
-    toolkit::label request;
-    toolkit::file_input path;
+    toolkit::label explanation_;
+    toolkit::output source_;
+    toolkit::label request_;
+    toolkit::file_input path_;
 };
 
 } // namespace vs::dialog

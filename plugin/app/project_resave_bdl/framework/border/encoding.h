@@ -31,13 +31,13 @@ inline std::string_view narrow_or_empty(const char* text) { return text ? text :
 class stdstring_visitor final : public string_visitor_impl {
 public:
     explicit stdstring_visitor(std::string& target, uint32_t encoding = system_row)
-        : text(target), row(encoding) {}
-    void visit(const char16_t* told) override { text = to_narrow(text_or_empty(told), row); }
+        : text_(target), row_(encoding) {}
+    void visit(const char16_t* told) override { text_ = to_narrow(text_or_empty(told), row_); }
     operator string_visitor() { return pointer_to<string_visitor_impl>(*this); }
 
 private:
-    std::string& text;
-    uint32_t row;
+    std::string& text_;
+    uint32_t row_;
 };
 
 } // namespace vs::project_resave

@@ -82,7 +82,7 @@ struct operation<Operation, Result (Impl::*)(Args...)> {
         else
             return &plain;
     }
-    static Result call(const interface_pointer& target, std::size_t index, Args... args) {
+    static Result call(const interface_pointer& target, size_t index, Args... args) {
         if (!target) return Result();
         const auto run_there =
             reinterpret_cast<decltype(function())>(static_cast<const entry*>(target.table)[index]);
@@ -97,18 +97,18 @@ struct operation<Operation, Result (Impl::*)(Args...)> {
 };
 
 template <auto Operation, auto... Operations>
-constexpr std::size_t place_of(operation_list<Operations...>) {
-    std::size_t place = 0;
+constexpr size_t place_of(operation_list<Operations...>) {
+    size_t place = 0;
     const bool found = ((std::is_same_v<std::integral_constant<decltype(Operation), Operation>,
                                         std::integral_constant<decltype(Operations), Operations>> ||
                          (++place, false)) ||
                         ...);
-    return found ? place : ~std::size_t{0};
+    return found ? place : ~size_t{0};
 }
 
 // The entry in which the operations begin.
 template <class Impl>
-constexpr std::size_t first_operation = Impl::rooted_in_identity ? 1 : 2;
+constexpr size_t first_operation = Impl::rooted_in_identity ? 1 : 2;
 
 template <class Impl>
 void identity_entry(interface_pointer* out, const void*, void* instance) noexcept {
@@ -192,8 +192,8 @@ inline void interface_impl::identity(interface_pointer& out) { out = identity_of
 template <auto Operation, class... Args>
 auto call(const interface_to<typename border::operation<Operation>::provider>& target, Args&&... args) {
     using impl = typename border::operation<Operation>::provider;
-    constexpr std::size_t place = border::place_of<Operation>(typename impl::operations{});
-    static_assert(place != ~std::size_t{0}, "not in the list of operations");
+    constexpr size_t place = border::place_of<Operation>(typename impl::operations{});
+    static_assert(place != ~size_t{0}, "not in the list of operations");
     return border::operation<Operation>::call(target, border::first_operation<impl> + place,
                                               std::forward<Args>(args)...);
 }

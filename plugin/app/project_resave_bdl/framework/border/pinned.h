@@ -24,7 +24,7 @@ template <class Impl>
 using to = interface_to<Impl>;
 
 // A literal as a template argument.
-template <std::size_t Size>
+template <size_t Size>
 struct interface_name {
     consteval interface_name(const char (&literal)[Size]) { std::copy_n(literal, Size, text); }
     char text[Size];
@@ -51,7 +51,7 @@ struct slot<Result(Args...), Operation> {
 };
 
 // A table with the identity in entry 0 and the first slot in entry `First`.
-template <std::size_t First, class Impl, interface_name Name, class... Slots>
+template <size_t First, class Impl, interface_name Name, class... Slots>
 struct table_from {
     static_assert(std::string_view(Impl::name) == Name.text, "the interface has another name");
     static_assert(border::first_operation<Impl> == First, "the first slot is in another entry");

@@ -22,18 +22,18 @@ class ref final : public referrer_impl {
 public:
     ref() = default;
     explicit ref(const interface_to<Impl>& object) { take(object); }
-    ref(const ref& other) : referrer_impl(other) { take(other.held); }
+    ref(const ref& other) : referrer_impl(other) { take(other.held_); }
     ref(ref&& other) noexcept : referrer_impl(other) {
-        take(other.held);
+        take(other.held_);
         other.reset();
     }
     ref& operator=(const ref& other) {
-        assign(other.held);
+        assign(other.held_);
         return *this;
     }
     ref& operator=(ref&& other) noexcept {
         if (this == &other) return *this;
-        assign(other.held);
+        assign(other.held_);
         other.reset();
         return *this;
     }
@@ -41,31 +41,31 @@ public:
 
     // Joins the new object before it leaves the old one, so that assigning what it holds is safe.
     void assign(const interface_to<Impl>& object) {
-        const interface_to<Impl> old = held;
+        const interface_to<Impl> old = held_;
         take(object);
         leave(old);
     }
     void reset() {
-        const interface_to<Impl> old = held;
-        held = {};
+        const interface_to<Impl> old = held_;
+        held_ = {};
         leave(old);
     }
-    const interface_to<Impl>& get() const { return held; }
-    explicit operator bool() const { return static_cast<bool>(held); }
+    const interface_to<Impl>& get() const { return held_; }
+    explicit operator bool() const { return static_cast<bool>(held_); }
 
-    void on_referent_closed() override { held = {}; }
+    void on_referent_closed() override { held_ = {}; }
     bool keeps_alive() override { return !Weak; }
 
 private:
     void take(const interface_to<Impl>& object) {
-        held = object;
+        held_ = object;
         call<&referent_impl::add_referrer>(Traits::referent_of(object), pointer_to<referrer_impl>(*this));
     }
     void leave(const interface_to<Impl>& object) {
         call<&referent_impl::remove_referrer>(Traits::referent_of(object), pointer_to<referrer_impl>(*this));
     }
 
-    interface_to<Impl> held;
+    interface_to<Impl> held_;
 };
 
 // Refers to an object that others keep alive. When the last ref goes, the object ends and notifies each
@@ -78,8 +78,8 @@ using weak_ref = ref<Impl, true, Traits>;
 class obj : public objbase {
 public:
     obj() = default;
-    explicit obj(const referent_pointer& wrapped_referent) : wrapped(wrapped_referent) {}
-    referent_pointer self() override { return wrapped ? wrapped.get() : pointer_to<referent_impl>(*this); }
+    explicit obj(const referent_pointer& wrapped_referent) : wrapped_(wrapped_referent) {}
+    referent_pointer self() override { return wrapped_ ? wrapped_.get() : pointer_to<referent_impl>(*this); }
     // Whoever refers to this object refers to the one whose life counts.
     void query(const char* asked, const void** table, void** instance) override {
         if (std::strcmp(asked, referent_impl::name) != 0) return;
@@ -89,7 +89,7 @@ public:
     }
 
 private:
-    ref<referent_impl> wrapped;
+    ref<referent_impl> wrapped_;
 };
 
 // A class side and a referent in one object: class x : public referent<x_impl>. `I` may be a polymorphic

@@ -57,34 +57,34 @@ public:
     virtual ~objbase();
 
 private:
-    std::list<referrer_pointer> referrers;
-    bool closing = false; // no removal destroys the object a second time
+    std::list<referrer_pointer> referrers_;
+    bool closing_ = false; // no removal destroys the object a second time
 };
 
 inline uint32_t objbase::add_referrer(referrer_pointer referrer) {
-    referrers.push_back(referrer);
-    return static_cast<uint32_t>(referrers.size());
+    referrers_.push_back(referrer);
+    return static_cast<uint32_t>(referrers_.size());
 }
 
 inline void objbase::remove_referrer(referrer_pointer referrer) {
-    const auto row = std::find(referrers.begin(), referrers.end(), referrer);
-    if (row != referrers.end()) referrers.erase(row);
-    if (closing) return;
-    const bool kept = std::any_of(referrers.begin(), referrers.end(), [](const referrer_pointer& other) {
+    const auto row = std::find(referrers_.begin(), referrers_.end(), referrer);
+    if (row != referrers_.end()) referrers_.erase(row);
+    if (closing_) return;
+    const bool kept = std::any_of(referrers_.begin(), referrers_.end(), [](const referrer_pointer& other) {
         return !other || call<&referrer_impl::keeps_alive>(other);
     });
     if (kept) return;
-    closing = true;
+    closing_ = true;
     delete this;
 }
 
 inline void objbase::as_referent(referent_pointer& out) { out = self(); }
 
 inline objbase::~objbase() {
-    closing = true;
-    while (!referrers.empty()) {
-        const referrer_pointer referrer = referrers.front();
-        referrers.pop_front();
+    closing_ = true;
+    while (!referrers_.empty()) {
+        const referrer_pointer referrer = referrers_.front();
+        referrers_.pop_front();
         call<&referrer_impl::on_referent_closed>(referrer);
     }
 }

@@ -12,16 +12,16 @@ namespace vs::project_resave {
 // Holds the host's adapter for the life of one call.
 class Tvs_string_adapter_base {
 public:
-    Tvs_string_adapter_base() : handle(vs_string_adp_create(&assign_text, &text_of, this)) {}
+    Tvs_string_adapter_base() : handle_(vs_string_adp_create(&assign_text, &text_of, this)) {}
     Tvs_string_adapter_base(const Tvs_string_adapter_base&) = delete;
     Tvs_string_adapter_base& operator=(const Tvs_string_adapter_base&) = delete;
     // `text` may be null, which counts as empty.
     virtual void assign(const char16_t* text) = 0;
     virtual const char16_t* text() = 0;
-    operator vs_string_adp*() const { return handle; }
+    operator vs_string_adp*() const { return handle_; }
 
 protected:
-    ~Tvs_string_adapter_base() { vs_string_adp_destroy(handle); }
+    ~Tvs_string_adapter_base() { vs_string_adp_destroy(handle_); }
 
 private:
     // Called by the host: nothing may leave but by return.
@@ -41,17 +41,17 @@ private:
         }
     }
 
-    vs_string_adp* handle;
+    vs_string_adp* handle_;
 };
 
 class Tvs_std_wstring_adapter final : public Tvs_string_adapter_base {
 public:
-    explicit Tvs_std_wstring_adapter(wide_string& target) : string(&target) {}
-    void assign(const char16_t* text) override { *string = text ? text : u""; }
-    const char16_t* text() override { return string->c_str(); }
+    explicit Tvs_std_wstring_adapter(wide_string& target) : string_(&target) {}
+    void assign(const char16_t* text) override { *string_ = text ? text : u""; }
+    const char16_t* text() override { return string_->c_str(); }
 
 private:
-    wide_string* string;
+    wide_string* string_;
 };
 
 // Runs a host function whose last argument is an adapter, and answers the text it assigned.

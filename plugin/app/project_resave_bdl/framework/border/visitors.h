@@ -33,32 +33,32 @@ inline wide_string text_or_empty(const char16_t* text) { return text ? wide_stri
 // Keeps the last text told.
 class stdwstring_visitor final : public string_visitor_impl {
 public:
-    explicit stdwstring_visitor(wide_string& target) : text(target) {}
-    void visit(const char16_t* told) override { text = text_or_empty(told); }
+    explicit stdwstring_visitor(wide_string& target) : text_(target) {}
+    void visit(const char16_t* told) override { text_ = text_or_empty(told); }
     operator string_visitor() { return pointer_to<string_visitor_impl>(*this); }
 
 private:
-    wide_string& text;
+    wide_string& text_;
 };
 
 class stdwstring_list_visitor final : public string_visitor_impl {
 public:
-    explicit stdwstring_list_visitor(std::vector<wide_string>& target) : texts(target) {}
-    void visit(const char16_t* told) override { texts.push_back(text_or_empty(told)); }
+    explicit stdwstring_list_visitor(std::vector<wide_string>& target) : texts_(target) {}
+    void visit(const char16_t* told) override { texts_.push_back(text_or_empty(told)); }
     operator string_visitor() { return pointer_to<string_visitor_impl>(*this); }
 
 private:
-    std::vector<wide_string>& texts;
+    std::vector<wide_string>& texts_;
 };
 
 class stdwstring_set_visitor final : public string_visitor_impl {
 public:
-    explicit stdwstring_set_visitor(std::set<wide_string>& target) : texts(target) {}
-    void visit(const char16_t* told) override { texts.insert(text_or_empty(told)); }
+    explicit stdwstring_set_visitor(std::set<wide_string>& target) : texts_(target) {}
+    void visit(const char16_t* told) override { texts_.insert(text_or_empty(told)); }
     operator string_visitor() { return pointer_to<string_visitor_impl>(*this); }
 
 private:
-    std::set<wide_string>& texts;
+    std::set<wide_string>& texts_;
 };
 
 // Planes of a picture: the pointer stands at the first row to read, `stride` is the step to the next in

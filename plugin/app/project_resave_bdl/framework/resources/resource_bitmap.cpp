@@ -14,31 +14,32 @@ constexpr size_t colour_bytes = 3;
 template <class Visitor, size_t Bytes>
 class plane_reader final : public Visitor {
 public:
-    explicit plane_reader(std::vector<uint8_t>& plane) : target(plane) {}
+    explicit plane_reader(std::vector<uint8_t>& plane) : target_(plane) {}
     void visit(const uint8_t* row, int32_t stride, uint32_t width, uint32_t height) override {
         for (uint32_t y = 0; y < height; ++y, row += stride)
-            target.insert(target.end(), row, row + Bytes * width);
+            target_.insert(target_.end(), row, row + Bytes * width);
     }
 
 private:
-    std::vector<uint8_t>& target;
+    std::vector<uint8_t>& target_;
 };
 
 // Takes over the picture that the localizer hands out.
 class picture_taker final : public masked_bitmap_visitor_impl {
 public:
-    explicit picture_taker(platform::image& target) : picture(target) {}
+    explicit picture_taker(platform::image& target) : picture_(target) {}
     void visit(masked_bitmap given) override {
-        picture = {call<&masked_bitmap_impl::width>(given), call<&masked_bitmap_impl::height>(given), {}, {}};
-        plane_reader<thrice_interleaved_bytes_visitor_impl, colour_bytes> colour(picture.colour);
-        plane_reader<bytes_visitor_impl, 1> mask(picture.mask);
+        picture_ = {
+            call<&masked_bitmap_impl::width>(given), call<&masked_bitmap_impl::height>(given), {}, {}};
+        plane_reader<thrice_interleaved_bytes_visitor_impl, colour_bytes> colour(picture_.colour);
+        plane_reader<bytes_visitor_impl, 1> mask(picture_.mask);
         call<&masked_bitmap_impl::visit_pixels>(given,
                                                 pointer_to<thrice_interleaved_bytes_visitor_impl>(colour));
         call<&masked_bitmap_impl::visit_mask>(given, pointer_to<bytes_visitor_impl>(mask));
     }
 
 private:
-    platform::image& picture;
+    platform::image& picture_;
 };
 
 using loader = bool (*)(platform::module_handle, uint32_t, platform::image&);
@@ -69,11 +70,11 @@ void hand_over(const std::vector<uint8_t>& plane, size_t row_bytes, uint32_t wid
 } // namespace
 
 void resource::masked_bitmap::visit_pixels(thrice_interleaved_bytes_visitor visitor) {
-    hand_over(picture.colour, colour_bytes * picture.width, picture.width, picture.height, visitor);
+    hand_over(picture_.colour, colour_bytes * picture_.width, picture_.width, picture_.height, visitor);
 }
 
 void resource::masked_bitmap::visit_mask(bytes_visitor visitor) {
-    hand_over(picture.mask, picture.width, picture.width, picture.height, visitor);
+    hand_over(picture_.mask, picture_.width, picture_.width, picture_.height, visitor);
 }
 
 resource::masked_bitmap load_bitmap(const string_key& key) {

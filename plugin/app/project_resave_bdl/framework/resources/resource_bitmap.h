@@ -11,15 +11,15 @@ namespace vs::project_resave::resource {
 class masked_bitmap final : public masked_bitmap_impl {
 public:
     masked_bitmap() = default;
-    explicit masked_bitmap(platform::image decoded) : picture(std::move(decoded)) {}
+    explicit masked_bitmap(platform::image decoded) : picture_(std::move(decoded)) {}
 
-    uint32_t width() override { return picture.width; }
-    uint32_t height() override { return picture.height; }
+    uint32_t width() override { return picture_.width; }
+    uint32_t height() override { return picture_.height; }
     void visit_pixels(thrice_interleaved_bytes_visitor visitor) override;
     void visit_mask(bytes_visitor visitor) override;
 
 private:
-    platform::image picture;
+    platform::image picture_;
 };
 
 } // namespace vs::project_resave::resource

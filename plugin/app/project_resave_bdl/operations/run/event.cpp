@@ -4,13 +4,13 @@ namespace vs::project_resave {
 
 std::shared_ptr<void> event::connect(std::function<void()> observer) {
     auto kept = std::make_shared<std::function<void()>>(std::move(observer));
-    observers.push_back(kept);
+    observers_.push_back(kept);
     return kept;
 }
 
 void event::fire() {
-    std::erase_if(observers, [](const auto& observer) { return observer.expired(); });
-    const auto snapshot = observers;
+    std::erase_if(observers_, [](const auto& observer) { return observer.expired(); });
+    const auto snapshot = observers_;
     for (const auto& observer : snapshot)
         if (const auto kept = observer.lock()) (*kept)();
 }

@@ -13,10 +13,10 @@ public:
     [[nodiscard]] std::shared_ptr<void> connect(std::function<void()> observer);
     // Tells those that are connected now; one that connects or leaves meanwhile does no harm.
     void fire();
-    void disconnect_all() { observers.clear(); }
+    void disconnect_all() { observers_.clear(); }
 
 private:
-    std::vector<std::weak_ptr<std::function<void()>>> observers;
+    std::vector<std::weak_ptr<std::function<void()>>> observers_;
 };
 
 } // namespace vs::project_resave

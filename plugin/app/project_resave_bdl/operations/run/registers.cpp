@@ -28,11 +28,11 @@ double kilobytes(const found_file& file) {
 
 bool size_register::push_parent(const wide_string& uuid) {
     if (uuid.empty()) return false;
-    parents.push_back(&files_of_uuid[files_of_uuid.enter(uuid).first]);
+    parents_.push_back(&files_of_uuid_[files_of_uuid_.enter(uuid).first]);
     return true;
 }
 
-void size_register::pop_parent() { parents.pop_back(); }
+void size_register::pop_parent() { parents_.pop_back(); }
 
 void size_register::recount(size_entry& entry) {
     const bool needed = entry.fulfilled != 0;
@@ -41,20 +41,20 @@ void size_register::recount(size_entry& entry) {
 }
 
 void size_register::link_parents(uint32_t chain_index) {
-    for (size_t place = 0; place < parents.size(); ++place)
-        if (std::find(parents.begin(), parents.begin() + static_cast<ptrdiff_t>(place), parents[place]) ==
-            parents.begin() + static_cast<ptrdiff_t>(place))
-            parents[place]->links.push_back({chain_index, true});
+    for (size_t place = 0; place < parents_.size(); ++place)
+        if (std::find(parents_.begin(), parents_.begin() + static_cast<ptrdiff_t>(place), parents_[place]) ==
+            parents_.begin() + static_cast<ptrdiff_t>(place))
+            parents_[place]->links.push_back({chain_index, true});
 }
 
 uint32_t size_register::add_file(const found_file& file) {
-    const auto [index, is_new] = entries.enter(file.path);
-    size_entry& entry = entries[index];
+    const auto [index, is_new] = entries_.enter(file.path);
+    size_entry& entry = entries_[index];
     if (is_new) entry.size_kb = kilobytes(file);
-    chains.push_back({index});
+    chains_.push_back({index});
     ++entry.fulfilled;
     recount(entry);
-    link_parents(static_cast<uint32_t>(chains.size() - 1));
+    link_parents(static_cast<uint32_t>(chains_.size() - 1));
     return index;
 }
 
@@ -77,52 +77,52 @@ void size_register::uuid_row::add_bare(const wide_string& path) {
 }
 
 void size_register::add_path_to_parents(const wide_string& path) {
-    for (uuid_row* parent : parents) parent->add_bare(path);
+    for (uuid_row* parent : parents_) parent->add_bare(path);
 }
 
 void size_register::add_path_to_uuid(const wide_string& uuid, const wide_string& path) {
-    files_of_uuid[files_of_uuid.enter(uuid).first].add_bare(path);
+    files_of_uuid_[files_of_uuid_.enter(uuid).first].add_bare(path);
 }
 
 void size_register::set_uuid_selected(const wide_string& uuid, bool selected) {
-    uuid_row* const row = files_of_uuid.find(uuid);
+    uuid_row* const row = files_of_uuid_.find(uuid);
     if (row == nullptr || (row->links.empty() && !row->bare_paths)) return;
     for (chain_link& link : row->links) {
         if (link.selected == selected) continue;
         link.selected = selected;
-        chain& way = chains[link.chain];
-        size_entry& entry = entries[way.entry];
+        chain& way = chains_[link.chain];
+        size_entry& entry = entries_[way.entry];
         if (selected && --way.left_out == 0) ++entry.fulfilled;
         if (!selected && way.left_out++ == 0) --entry.fulfilled;
         recount(entry);
     }
     if (row->bare_paths)
-        for (const wide_string& path : *row->bare_paths) entries.enter(path);
-    if (on_changed) on_changed();
+        for (const wide_string& path : *row->bare_paths) entries_.enter(path);
+    if (on_changed_) on_changed_();
 }
 
 std::vector<wide_string> size_register::known_paths() const {
     std::vector<wide_string> paths;
-    paths.reserve(entries.rows().size());
-    for (const auto& entry : entries.rows()) paths.push_back(entry.text);
+    paths.reserve(entries_.rows().size());
+    for (const auto& entry : entries_.rows()) paths.push_back(entry.text);
     return paths;
 }
 
 void size_register::clear() {
-    entries.clear();
-    chains.clear();
-    parents.clear();
-    files_of_uuid.clear();
+    entries_.clear();
+    chains_.clear();
+    parents_.clear();
+    files_of_uuid_.clear();
     total_kb_ = 0;
 }
 
 void selection_register::set_selected(const wide_string& uuid, bool selected) {
     if (uuid.empty()) return;
     if (selected)
-        deselected.erase(uuid);
+        deselected_.erase(uuid);
     else
-        deselected.insert(uuid);
-    sizes->set_uuid_selected(uuid, selected);
+        deselected_.insert(uuid);
+    sizes_->set_uuid_selected(uuid, selected);
 }
 
 } // namespace vs::project_resave

@@ -30,7 +30,7 @@ public:
     // exist counts 0 and stays known. The number stands for the path until `clear`.
     uint32_t add_file(const found_file& file);
     std::vector<uint32_t> add_files(const std::vector<found_file>& files);
-    const wide_string& path(uint32_t number) const { return entries.rows()[number].text; }
+    const wide_string& path(uint32_t number) const { return entries_.rows()[number].text; }
     void add_wstrings(const vs_wstrings* paths);
     // Only files the path under the uuids of the stack, or under the one given.
     void add_path_to_parents(const wide_string& path);
@@ -43,7 +43,7 @@ public:
     // Forgets all paths and the stack; keeps the callback and does not call it.
     void clear();
     // Called after each change of a known uuid's state; may be empty.
-    void set_on_changed(std::function<void()> callback) { on_changed = std::move(callback); }
+    void set_on_changed(std::function<void()> callback) { on_changed_ = std::move(callback); }
 
 private:
     // One way a path was entered: needed while none of its uuids is left out.
@@ -71,29 +71,29 @@ private:
     void link_parents(uint32_t chain_index);
     void recount(size_entry& entry);
 
-    text_map<size_entry> entries; // by path
-    std::deque<chain> chains;
-    std::vector<uuid_row*> parents;
-    text_map<uuid_row> files_of_uuid;
+    text_map<size_entry> entries_; // by path
+    std::deque<chain> chains_;
+    std::vector<uuid_row*> parents_;
+    text_map<uuid_row> files_of_uuid_;
     double total_kb_ = 0;
-    std::function<void()> on_changed;
+    std::function<void()> on_changed_;
 };
 
 // Which elements the user has left out, by the text of their uuid. What it never heard of is selected.
 class selection_register {
 public:
     // `told` learns of every change; not owned.
-    explicit selection_register(size_register* told) : sizes(told) {}
+    explicit selection_register(size_register* told) : sizes_(told) {}
 
-    bool is_selected(const wide_string& uuid) const { return !deselected.contains(uuid); }
+    bool is_selected(const wide_string& uuid) const { return !deselected_.contains(uuid); }
     // An empty uuid changes nothing.
     void set_selected(const wide_string& uuid, bool selected);
     // Everything is selected again; the sizes are not told.
-    void clear() { deselected.clear(); }
+    void clear() { deselected_.clear(); }
 
 private:
-    size_register* sizes;
-    std::unordered_set<wide_string> deselected;
+    size_register* sizes_;
+    std::unordered_set<wide_string> deselected_;
 };
 
 } // namespace vs::project_resave

@@ -18,13 +18,13 @@ enum structure : uint32_t {
     folder_per_scene = 4,       // a folder for each scene, shared files once in each
 };
 
-// Filled by the front end when the user starts; lives for the call.
 // What to do with a scene file that exists.
 enum class on_existing_file : uint32_t { rewrite = 0, new_name = 1 };
 
 // The answer to the question whether referenced elements are added.
 enum class add_referenced_answer { not_asked, yes, no };
 
+// Filled by the front end when the user starts; lives for the call.
 struct resave_settings {
     const wide_string* output_path = nullptr; // path of the new project file, not owned
     bool rename_on_conflict = true;           // take the next free name; else ask for each conflict

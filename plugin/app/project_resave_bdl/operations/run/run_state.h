@@ -39,7 +39,7 @@ struct run_state {
     run_report report;
     text_map<Tvs_resave_unit*> units; // by uuid text, the first that was built
     claimed_units* claims = nullptr;  // makes units for elements that it claims; not owned, null for none
-    deferred_joins deferred_joins_;
+    deferred_joins joins;
     uint32_t total_units = 0;
     bool case_differs = false;                      // what the last check of the letter case found
     std::unordered_set<wide_string> loading_scenes; // path keys of the map scenes now being loaded

@@ -9,6 +9,9 @@
 
 namespace vs::project_resave::toolkit {
 
+// What a click on a button does, by the button's code.
+enum button_code : int32_t { ok_code = 1, run_code = 2, close_code = 8 };
+
 class button_box final : public element_base<polymorphic<button_box_impl>> {
 public:
     struct entry {

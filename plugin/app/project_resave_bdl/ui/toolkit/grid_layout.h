@@ -30,7 +30,7 @@ protected:
     ~grid_base() = default;
 
 private:
-    std::size_t cell(uint32_t row, uint32_t column) const { return std::size_t{row} * columns_ + column; }
+    size_t cell(uint32_t row, uint32_t column) const { return size_t{row} * columns_ + column; }
 
     const uint32_t rows_;
     const uint32_t columns_;
