@@ -106,7 +106,8 @@ void add_resave_choices(CLI::App& command, resave_request& request, words& words
 
 // An unset word and "ask" leave the question to the person.
 template <class Answer>
-std::optional<Answer> decided(const std::string& word, const std::string& first, Answer meaning, Answer other) {
+std::optional<Answer> decided(const std::string& word, const std::string& first, Answer meaning,
+                              Answer other) {
     if (word.empty() || word == "ask") return std::nullopt;
     return word == first ? meaning : other;
 }
@@ -154,7 +155,8 @@ void add_structure(CLI::App& app, command_line& line, words& words) {
     structure_settings& settings = request.settings;
     CLI::App* command = add_command(app, "structure", "Write what is in a project to a text file",
                                     line.options, request.project);
-    command->add_option("TEXT_FILE", request.text_file, "Text file to be written, in place of one that exists")
+    command
+        ->add_option("TEXT_FILE", request.text_file, "Text file to be written, in place of one that exists")
         ->required();
     command->add_flag("--layers", settings.write_layer_names, "Layers of scenes, in their groups");
     command->add_flag("--tables", settings.write_table_names, "Tables; DBF tables with their fields");

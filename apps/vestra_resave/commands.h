@@ -5,8 +5,8 @@
 #include <optional>
 #include <string>
 
-#include "apps/vestra_resave/command_questions.h"
 #include "apps/vestra_resave/selection.h"
+#include "apps/vestra_resave/session.h"
 #include "apps/vestra_resave/terminal_host.h"
 #include "operations/run_settings.h"
 

@@ -5,7 +5,7 @@
 #include <unordered_set>
 #include <utility>
 
-#include "core/entity_uuid.h"
+#include "core/layer_group_writer.h"
 #include "framework/border/encoding.h"
 #include "framework/border/string_adapter.h"
 #include "host/interfaces/layout_legend_layer.h"

@@ -4,7 +4,7 @@
 #include <nlohmann/json.hpp>
 
 #include "apps/vestra_resave/elements.h"
-#include "apps/vestra_resave/figures.h"
+#include "apps/vestra_resave/resave_report.h"
 #include "apps/vestra_resave/session.h"
 #include "operations/project_context.h"
 #include "platform/text.h"

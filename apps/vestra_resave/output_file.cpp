@@ -6,7 +6,7 @@
 
 #include "apps/vestra_resave/elements.h"
 
-#include "apps/vestra_resave/figures.h"
+#include "apps/vestra_resave/resave_report.h"
 #include "core/copying.h"
 #include "operations/project_context.h"
 #include "operations/run/path_files.h"

@@ -9,7 +9,7 @@
 #include "platform/volumes.h"
 #include "reference_host/files/files.h"
 #include "reference_host/model/project.h"
-#include "reference_host/shell/settings.h"
+#include "reference_host/shell/front_end.h"
 
 namespace vestra::command {
 

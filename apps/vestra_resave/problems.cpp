@@ -5,13 +5,13 @@
 #include <unordered_map>
 #include <unordered_set>
 
-#include "apps/vestra_resave/figures.h"
+#include "apps/vestra_resave/resave_report.h"
 #include "operations/run/path_files.h"
 #include "operations/run/run_state.h"
 #include "platform/path_text.h"
 #include "platform/text.h"
 #include "platform/volumes.h"
-#include "reference_host/shell/settings.h"
+#include "reference_host/shell/front_end.h"
 
 namespace vestra::command {
 

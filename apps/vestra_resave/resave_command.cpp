@@ -1,6 +1,5 @@
 #include "apps/vestra_resave/commands.h"
 
-#include "apps/vestra_resave/figures.h"
 #include "apps/vestra_resave/output_file.h"
 #include "apps/vestra_resave/resave_plan.h"
 #include "apps/vestra_resave/resave_report.h"
@@ -12,8 +11,8 @@
 #include "platform/system.h"
 #include "platform/text.h"
 #include "platform/volumes.h"
-#include "reference_host/shell/settings.h"
-#include "services/collect_services.h"
+#include "reference_host/shell/front_end.h"
+#include "services/entity_factory.h"
 
 namespace vestra::command {
 

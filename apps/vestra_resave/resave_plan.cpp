@@ -5,7 +5,7 @@
 #include <unordered_map>
 #include <unordered_set>
 
-#include "apps/vestra_resave/figures.h"
+#include "apps/vestra_resave/resave_report.h"
 #include "operations/run/run_state.h"
 #include "platform/path_text.h"
 #include "platform/text.h"

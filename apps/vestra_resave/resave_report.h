@@ -1,6 +1,6 @@
-// What a finished resave did, for a person or a program.
 #pragma once
 
+#include <cstdint>
 #include <nlohmann/json_fwd.hpp>
 #include <optional>
 #include <string>
@@ -10,9 +10,17 @@
 #include "apps/vestra_resave/terminal_host.h"
 #include "apps/vestra_resave/verification.h"
 #include "operations/run/run_result.h"
+#include "reference_host/shell/terminal_front_end.h"
 
 namespace vestra::command {
 
+// Figures and names as a person reads them.
+// "0 B", "512 B", "1.5 KB", "12.3 MB", in steps of 1024.
+std::string size_text(uint64_t bytes);
+
+using shell::one_line;
+
+// What a finished resave did, for a person or a program.
 struct copied_file {
     wide_string source;
     wide_string target;

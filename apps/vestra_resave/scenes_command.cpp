@@ -3,9 +3,9 @@
 #include <iostream>
 #include <unordered_set>
 
-#include "apps/vestra_resave/figures.h"
 #include "apps/vestra_resave/output_file.h"
 #include "apps/vestra_resave/problems.h"
+#include "apps/vestra_resave/resave_report.h"
 #include "apps/vestra_resave/session.h"
 #include "framework/border/string_adapter.h"
 #include "host/vsk_prj.h"

@@ -4,7 +4,7 @@
 #include <unordered_map>
 #include <unordered_set>
 
-#include "apps/vestra_resave/figures.h"
+#include "apps/vestra_resave/resave_report.h"
 #include "platform/text.h"
 
 namespace vestra::command {

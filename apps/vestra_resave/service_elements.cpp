@@ -2,10 +2,9 @@
 #include <utility>
 
 #include "apps/vestra_resave/elements.h"
-#include "core/entity_uuid.h"
+#include "core/layer_group_writer.h"
 #include "operations/project_context.h"
 #include "platform/path_text.h"
-#include "services/collect_services.h"
 #include "services/entity_factory.h"
 #include "services/resave_entity_plugin.h"
 #include "services/service_answers.h"

@@ -1,14 +1,46 @@
-// One run of a command on a project: the host with the bundle in it, and the context on which the bundle
-// works.
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 
-#include "apps/vestra_resave/command_questions.h"
 #include "apps/vestra_resave/terminal_host.h"
+#include "operations/run/run_questions.h"
+#include "reference_host/shell/front_end.h"
+#include "services/entity_factory.h"
 
-#include "services/collect_services.h"
+namespace vestra::command {
+
+// Answers given beforehand; nothing means that the person is asked.
+struct decided_answers {
+    std::optional<bool> add_referenced = std::nullopt;
+    std::optional<vs::project_resave::stop_answer> on_stop = std::nullopt;
+};
+
+// What a run asks, answered by the options of the command or by a person at the terminal. The command prints
+// the outcome itself, from the facts of the run, so nothing is shown here.
+class command_questions final : public vs::project_resave::run_questions {
+public:
+    // `person` must outlive this object.
+    command_questions(shell::front_end& person, const decided_answers& decided)
+        : person_(person), decided_(decided) {}
+
+    bool add_referenced() override;
+    vs::project_resave::stop_answer on_stop() override;
+    vs::project_resave::unique_name_answer new_name(const std::u16string& source,
+                                                    const std::u16string& proposed) override;
+    // The process ends with the run.
+    bool reopen_source() override { return false; }
+    void show_report(const vs::project_resave::run_report&) override {}
+    void show_message(int32_t) override {}
+    void show_error(int32_t) override {}
+
+private:
+    shell::front_end& person_;
+    decided_answers decided_;
+};
+
+} // namespace vestra::command
 
 namespace vs::project_resave {
 class project_context;
@@ -16,7 +48,8 @@ class project_context;
 
 namespace vestra::command {
 
-// Starts the host in its constructor and takes it down in its destructor. One at a time.
+// One run of a command on a project: the host with the bundle in it, and the context on which the bundle
+// works. Starts the host in its constructor and takes it down in its destructor. One at a time.
 class session {
 public:
     // Loads the bundles of the options beside the one that is linked in.

@@ -5,7 +5,7 @@
 
 #include "framework/bundle_entry.h"
 #include "platform/volumes.h"
-#include "reference_host/shell/settings.h"
+#include "reference_host/shell/front_end.h"
 
 namespace vestra::command {
 
@@ -34,8 +34,8 @@ std::optional<std::string> apply(const common_options& options) {
 }
 
 terminal_host::terminal_host(platform::terminal& terminal, const common_options& options)
-    : options_(options), front_end_(terminal, options.quiet),
-      front_end_in_force_(front_end_), bundles_(registry_), dialog_runner_(terminal, options.quiet) {}
+    : options_(options), front_end_(terminal, options.quiet), front_end_in_force_(front_end_),
+      bundles_(registry_), dialog_runner_(terminal, options.quiet) {}
 
 terminal_host::~terminal_host() {
     dialogs_.reset();

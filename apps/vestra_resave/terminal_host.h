@@ -9,8 +9,7 @@
 #include "platform/terminal.h"
 #include "reference_host/shell/bundle_loader.h"
 #include "reference_host/shell/terminal_front_end.h"
-#include "reference_host/toolkit/dialog_connections.h"
-#include "reference_host/toolkit/terminal_dialog_runner.h"
+#include "reference_host/toolkit/dialog_runners.h"
 
 namespace vestra::command {
 

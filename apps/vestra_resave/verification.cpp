@@ -6,14 +6,14 @@
 #include <unordered_set>
 
 #include "apps/vestra_resave/elements.h"
-#include "apps/vestra_resave/figures.h"
+#include "apps/vestra_resave/resave_report.h"
 #include "operations/project_context.h"
 #include "platform/path_text.h"
 #include "platform/system.h"
 #include "platform/text.h"
 #include "reference_host/api/handles.h"
 #include "reference_host/files/files.h"
-#include "reference_host/files/reference_walk.h"
+#include "reference_host/files/references.h"
 
 namespace vestra::command {
 

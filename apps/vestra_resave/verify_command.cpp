@@ -3,7 +3,7 @@
 #include <iostream>
 #include <nlohmann/json.hpp>
 
-#include "apps/vestra_resave/figures.h"
+#include "apps/vestra_resave/resave_report.h"
 #include "apps/vestra_resave/session.h"
 #include "apps/vestra_resave/verification.h"
 #include "operations/project_context.h"

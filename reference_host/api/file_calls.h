@@ -8,7 +8,7 @@
 
 #include "reference_host/api/calls.h"
 #include "reference_host/files/files.h"
-#include "reference_host/shell/settings.h"
+#include "reference_host/shell/front_end.h"
 
 namespace vestra::api {
 

@@ -1,8 +1,10 @@
 #include "host/vsk_attr_data.h"
-
+#include "host/vsk_file_tos4.h"
+#include "host/vsk_tos_data.h"
 #include "reference_host/api/calls.h"
 #include "reference_host/api/objects.h"
 #include "reference_host/datasets/dbf_fields.h"
+#include "reference_host/datasets/tos_reader.h"
 
 using namespace vestra::api;
 using vestra::attr_data;
@@ -130,4 +132,56 @@ const char* vs_attr_files_get_field_name(vs_attr_files* files, int32_t index) {
 bool vs_attr_files_get_field_is_joined(vs_attr_files* files, int32_t index) {
     const field_list::field* field = field_at(files, index);
     return field && field->is_joined;
+}
+
+using namespace vestra::api;
+using vestra::tos_data;
+
+vs_entities* vs_toss_data_safe_upcast(vs_toss_data* tables) {
+    return to_handle<vs_entities>(to_model(tables));
+}
+
+uint32_t vs_toss_data_get_size(vs_toss_data* tables) { return count_of(tables); }
+
+vs_tos_data* vs_toss_data_get(vs_toss_data* tables, uint32_t index) {
+    return member_of<vs_tos_data>(tables, index);
+}
+
+void vs_toss_data_del(vs_toss_data* tables, uint32_t index) { remove_member(tables, index); }
+
+vs_table_data* vs_tos_data_safe_upcast(vs_tos_data* table) {
+    return to_handle<vs_table_data>(to_model(table));
+}
+
+void vs_tos_data_get_wcaption(vs_tos_data* table, vs_string_adp* out) {
+    tell(out, table, &tos_data::caption);
+}
+
+void vs_tos_data_get_wfilename(vs_tos_data* table, vs_string_adp* out) { tell(out, table, &tos_data::file); }
+
+void vs_tos_data_set_wfilename(vs_tos_data* table, const char16_t* path) {
+    on(table, [&](auto& model) { model.file = text_of(path); });
+}
+
+using namespace vestra::api;
+
+vs_tos4_file* vs_tos4_file_open_w(const char16_t* path, int32_t mode) {
+    if (mode != 1) return nullptr;
+    return guarded([&]() -> vs_tos4_file* {
+        auto file = vestra::datasets::read_tos(vestra::wide_string(text_of(path)));
+        if (!file) return nullptr;
+        return create<vs_tos4_file>(open_tos_file{{}, std::move(file->properties)});
+    });
+}
+
+void vs_tos4_file_close(vs_tos4_file* file) { destroy(file); }
+
+uint32_t vs_tos4_get_prop_count(vs_tos4_file* file) {
+    return on(file, [](auto& tos) { return static_cast<uint32_t>(tos.properties.size()); });
+}
+
+void vs_tos4_get_prop_caption_w(vs_tos4_file* file, uint32_t index, vs_string_adp* out) {
+    tell(out, on(file, [&](auto& tos) {
+             return index < tos.properties.size() ? &tos.properties[index] : nullptr;
+         }));
 }

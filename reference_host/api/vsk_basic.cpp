@@ -5,8 +5,8 @@
 #include "reference_host/api/calls.h"
 #include "reference_host/api/objects.h"
 #include "reference_host/datasets/open_source.h"
+#include "reference_host/shell/front_end.h"
 #include "reference_host/shell/service_registry.h"
-#include "reference_host/shell/settings.h"
 
 using namespace vestra::api;
 using vestra::wide_string;

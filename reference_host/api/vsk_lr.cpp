@@ -1,5 +1,8 @@
 #include "host/vsk_lr.h"
-
+#include "host/vsk_lr2d.h"
+#include "host/vsk_lr3d.h"
+#include "host/vsk_plugin_lr2d.h"
+#include "host/vsk_shp_lr2d.h"
 #include "platform/path_text.h"
 #include "platform/text.h"
 #include "reference_host/api/calls.h"
@@ -95,4 +98,46 @@ void vs_lr_group_get_wcaption(vs_lr_group* node, vs_string_adp* out) {
 
 void vs_lr_group_erase_empty_group(vs_lr_group* group) {
     on(group, [](auto& node) { node.erase_empty_groups(); });
+}
+
+using namespace vestra::api;
+
+vs_lr* vs_lr2d_safe_downcast(vs_lr* layer) {
+    return layer && to_model(layer)->kind == vestra::dimension::flat ? layer : nullptr;
+}
+
+const char* vs_lr2d_get_lr_type(vs_lr* layer) { return vs_lr_get_lr_type(layer); }
+
+void vs_lr2d_get_wcaption(vs_lr* layer, vs_string_adp* out) { vs_lr_get_wcaption(layer, out); }
+
+void vs_lr2d_get_wfilename(vs_lr* layer, vs_string_adp* out) { vs_lr_get_wfilename(layer, out); }
+
+using namespace vestra::api;
+
+vs_lr* vs_lr3d_safe_downcast(vs_lr* layer) {
+    return layer && to_model(layer)->kind == vestra::dimension::solid ? layer : nullptr;
+}
+
+const char* vs_lr3d_get_lr_type(vs_lr* layer) { return vs_lr_get_lr_type(layer); }
+
+void vs_lr3d_get_wcaption(vs_lr* layer, vs_string_adp* out) { vs_lr_get_wcaption(layer, out); }
+
+vs_attr_data* vs_shp_lr3d_get_attr_data_ptr(vs_lr* layer) {
+    return on(vs_lr3d_safe_downcast(layer),
+              [](auto& model) { return to_handle<vs_attr_data>(model.data.get()); });
+}
+
+using namespace vestra::api;
+
+vs_attr_data* vs_shp_lr2d_get_attr_data_ptr(vs_lr* layer) {
+    return on(vs_lr2d_safe_downcast(layer),
+              [](auto& model) { return to_handle<vs_attr_data>(model.data.get()); });
+}
+
+using namespace vestra::api;
+
+const vs_interface_pointer* vs_lr2d_get_plugin_interface(vs_lr* layer) {
+    return on(layer, [](auto& model) -> const vs_interface_pointer* {
+        return model.members ? attachment_of(model).compound_profile() : nullptr;
+    });
 }

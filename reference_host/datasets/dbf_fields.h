@@ -5,7 +5,7 @@
 #include <string>
 #include <vector>
 
-#include "reference_host/model/text.h"
+#include "reference_host/model/counted.h"
 
 namespace vestra::datasets {
 

@@ -6,7 +6,7 @@
 #include <optional>
 #include <vector>
 
-#include "reference_host/model/text.h"
+#include "reference_host/model/counted.h"
 
 namespace vestra::datasets {
 

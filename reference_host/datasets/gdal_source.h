@@ -7,7 +7,7 @@
 #include <memory>
 #include <vector>
 
-#include "reference_host/model/text.h"
+#include "reference_host/model/counted.h"
 
 namespace vestra::datasets {
 

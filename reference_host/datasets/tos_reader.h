@@ -5,7 +5,7 @@
 #include <vector>
 
 #include "reference_host/files/file_error.h"
-#include "reference_host/model/text.h"
+#include "reference_host/model/counted.h"
 
 namespace vestra::datasets {
 

@@ -7,7 +7,7 @@
 
 #include <pugixml.hpp>
 
-#include "reference_host/model/text.h"
+#include "reference_host/model/counted.h"
 
 namespace vestra::files {
 

@@ -1,12 +1,16 @@
-// How a reference to a data file stands in a file of the host. What lies near the folder of that file is
-// stored relative to the folder, so that both can be moved together; all else is stored as it is. Pure text,
-// no disk. A folder here ends with its separator; "\" and "/" are both separators.
 #pragma once
 
-#include "reference_host/model/text.h"
+#include <functional>
+#include <string_view>
+
+#include "reference_host/model/counted.h"
+#include "reference_host/model/project.h"
 
 namespace vestra::files {
 
+// How a reference to a data file stands in a file of the host. What lies near the folder of that file is
+// stored relative to the folder, so that both can be moved together; all else is stored as it is. Pure text,
+// no disk. A folder here ends with its separator; "\" and "/" are both separators.
 // What is near: with `below`, what lies below the folder; with `beside`, also what has a folder in common
 // with it, a drive or a share alone being none. A project stands above its data, a scene file may stand
 // anywhere.
@@ -21,5 +25,21 @@ wide_string stored_reference(wide_view folder, wide_view reference, bool behind_
 // The inverse. A stored text is relative if it is not empty, has no ":" and begins with none of \ / * and =;
 // it may begin with ".." or hold "." and "..", which are resolved.
 wide_string resolved_reference(wide_view folder, wide_view stored, bool behind_star = false);
+
+// All places where a project, a scene or a layer refers to something outside of its own file.
+struct held_reference {
+    std::string_view kind; // of the element: "scene", "layer", "table", "joined table", "model file", ...
+    wide_view caption;     // of the element that holds it
+    wide_view text;        // as the element holds it; that of a model file is made whole
+    bool is_scene = false; // if it is a path, a file of a 2D scene stands there, with references of its own
+};
+
+// Told in the order of the project, during the call; what is empty is passed over.
+using reference_visitor = std::function<void(const held_reference&)>;
+
+void visit_references(const project& all, const reference_visitor& visitor);
+void visit_references(const layer& one, const reference_visitor& visitor);
+// The kind is what the scene counts as, be it a layout, a sheet or a legend.
+void visit_references(const scene& one, std::string_view kind, const reference_visitor& visitor);
 
 } // namespace vestra::files

@@ -7,7 +7,7 @@
 #include <string>
 #include <string_view>
 
-#include "reference_host/model/text.h"
+#include "reference_host/model/counted.h"
 
 namespace vestra::files {
 

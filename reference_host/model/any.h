@@ -9,7 +9,6 @@
 #include <vector>
 
 #include "reference_host/model/counted.h"
-#include "reference_host/model/text.h"
 
 namespace vestra {
 

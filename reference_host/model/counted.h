@@ -1,9 +1,15 @@
-// Counts the living objects of the host, so that whoever creates one can be held to destroying it.
+// Text and the count of living objects.
 #pragma once
 
 #include <cstddef>
 
+#include "platform/wide_string.h"
+
 namespace vestra {
+
+// The text of the model is the text of the C functions: UTF-16.
+using vs::project_resave::wide_string;
+using vs::project_resave::wide_view;
 
 // Base of everything a handle can point to. Copies and moved-from objects count, for they live too.
 class counted {

@@ -6,7 +6,6 @@
 #include <string>
 
 #include "reference_host/model/counted.h"
-#include "reference_host/model/text.h"
 #include "reference_host/model/uuid.h"
 
 namespace vestra {

@@ -1,8 +1,55 @@
 #include "reference_host/model/layer.h"
 
-#include "reference_host/model/scene.h"
+#include <algorithm>
+
+#include "reference_host/model/project.h"
 
 namespace vestra {
+
+layer_group::layer_group(layer_group& parent, layer& member)
+    : parent_(&parent), member_(&member), is_leaf_(true) {}
+
+layer_group::~layer_group() {
+    if (member_) member_->node_ = nullptr;
+}
+
+layer_group& layer_group::add_group(wide_string group_caption) {
+    return *children_.emplace_back(std::make_unique<layer_group>(std::move(group_caption)));
+}
+
+void layer_group::add_layer(layer& member) {
+    if (member.node_) member.node_->leave();
+    children_.emplace_back(new layer_group(*this, member));
+    member.node_ = children_.back().get();
+}
+
+std::uint32_t layer_group::count() const {
+    drop_dead();
+    return static_cast<std::uint32_t>(children_.size());
+}
+
+layer_group* layer_group::at(std::uint32_t index) const {
+    drop_dead();
+    return index < children_.size() ? children_[index].get() : nullptr;
+}
+
+void layer_group::erase_empty_groups() {
+    drop_dead();
+    for (const auto& child : children_) child->erase_empty_groups();
+    std::erase_if(children_, [](const auto& child) { return child->is_group() && child->children_.empty(); });
+}
+
+void layer_group::leave() {
+    member_->node_ = nullptr;
+    member_ = nullptr;
+    parent_->has_dead_ = true;
+}
+
+void layer_group::drop_dead() const {
+    if (!has_dead_) return;
+    std::erase_if(children_, [](const auto& child) { return !child->is_group() && !child->member_; });
+    has_dead_ = false;
+}
 
 frame_scene::frame_scene(scene& shown) { bind(shown); }
 

@@ -1,13 +1,53 @@
-// A project: all its containers, each an entity with a uuid.
 #pragma once
 
 #include <memory>
 #include <vector>
 
-#include "reference_host/model/scene.h"
+#include "reference_host/model/entity_list.h"
+#include "reference_host/model/layer.h"
 #include "reference_host/model/tables.h"
 
 namespace vestra {
+
+// Scenes and their collections. A layout, a well sheet and a legend's content are 2D scenes too.
+
+inline constexpr const char* scene_2d_meta_id = "Scene2DMetaID";
+inline constexpr const char* scene_3d_meta_id = "Scene3DMetaID";
+inline constexpr const char* well_sheets_meta_id = "plugin_scn_2d_well_planshet_collection3";
+inline constexpr const char* correlations_meta_id = "c_scn2d_correlation_collection2";
+
+// The members are the scene's layers in the order of its own list, which is not the order of its groups.
+// Removing a layer takes it out of the groups too.
+class scene : public owned_list<layer> {
+public:
+    explicit scene(dimension scene_kind)
+        : owned_list(scene_kind == dimension::flat ? scene_2d_meta_id : scene_3d_meta_id), kind(scene_kind) {}
+    // Both are of one kind.
+    scene& operator=(scene&& other) noexcept;
+
+    // A layer of the scene's kind, with the type as its meta identifier.
+    layer& make_layer(std::string type) { return make(kind, std::move(type)); }
+    // The root group, made if there is none.
+    layer_group& make_groups();
+
+    const dimension kind;
+    wide_string source;                  // of a well sheet or correlation: the file it is made from
+    std::unique_ptr<layer_group> groups; // root, or null
+    std::unique_ptr<layer> page;         // of a layout; not among the layers
+};
+
+class scene_collection : public owned_list<scene> {
+public:
+    scene_collection(dimension scenes_kind, std::string meta_identifier)
+        : owned_list(std::move(meta_identifier)), kind(scenes_kind) {}
+    scene_collection& operator=(scene_collection&& other) noexcept;
+
+    scene& make_scene() { return make(kind); }
+
+    const dimension kind;
+};
+
+// A project: all its containers, each an entity with a uuid.
 
 inline constexpr const char* folder_meta_id = "FolderMetaID";
 using folder_list = owned_list<entity>;

@@ -7,7 +7,6 @@
 #include <optional>
 
 #include "reference_host/model/counted.h"
-#include "reference_host/model/text.h"
 
 namespace vestra {
 

@@ -3,6 +3,12 @@
 #include <utility>
 
 namespace vestra::shell {
+
+host_settings& settings() {
+    static host_settings record;
+    return record;
+}
+
 namespace {
 
 class silent_front_end final : public front_end {

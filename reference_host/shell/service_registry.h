@@ -7,7 +7,7 @@
 
 #include "framework/border/ref.h"
 #include "host/interfaces/service_factory.h"
-#include "reference_host/model/text.h"
+#include "reference_host/model/counted.h"
 
 namespace vestra::shell {
 

@@ -5,7 +5,7 @@
 #include <optional>
 
 #include "platform/text.h"
-#include "reference_host/shell/settings.h"
+#include "reference_host/shell/front_end.h"
 
 namespace vestra::shell {
 

@@ -11,7 +11,7 @@
 
 #include "host/toolkit/docker.h"
 #include "host/toolkit/file_input.h"
-#include "reference_host/model/text.h"
+#include "reference_host/model/counted.h"
 #include "reference_host/toolkit/outline_view.h"
 
 namespace vestra::toolkit {

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "host/toolkit/outline.h"
-#include "reference_host/model/text.h"
+#include "reference_host/model/counted.h"
 
 namespace vestra::toolkit {
 

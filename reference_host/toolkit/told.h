@@ -2,7 +2,7 @@
 #pragma once
 
 #include "framework/border/visitors.h"
-#include "reference_host/model/text.h"
+#include "reference_host/model/counted.h"
 
 namespace vestra::toolkit {
 

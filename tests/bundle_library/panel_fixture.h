@@ -5,7 +5,7 @@
 
 #include "framework/resources/strings.h"
 #include "platform/library.h"
-#include "reference_host/shell/settings.h"
+#include "reference_host/shell/front_end.h"
 #include "reference_host/toolkit/app_window.h"
 #include "reference_host/toolkit/element_description.h"
 #include "tests/support/host_fixture.h"

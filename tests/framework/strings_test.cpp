@@ -3,13 +3,13 @@
 #include <algorithm>
 
 #include "framework/border/ref.h"
+#include "framework/bundle_entry.h"
 #include "framework/factories.h"
-#include "framework/local_factory.h"
 #include "framework/resources/resource_bitmap.h"
 #include "framework/resources/strings.h"
 #include "reference_host/model/counted.h"
+#include "reference_host/shell/front_end.h"
 #include "reference_host/shell/service_registry.h"
-#include "reference_host/shell/settings.h"
 
 namespace vs::project_resave {
 namespace {

@@ -8,10 +8,10 @@
 #include "operations/run/path_files.h"
 #include "operations/run/path_placement.h"
 #include "operations/run/resave_options.h"
+#include "operations/run/run_report.h"
 #include "platform/path_text.h"
 #include "tests/fuzz/fuzz_input.h"
 #include "tests/support/forwarding_system.h"
-#include "operations/run/run_report.h"
 
 // What a placement calls besides the disk; nobody is there to be asked.
 namespace vs::project_resave {

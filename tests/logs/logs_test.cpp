@@ -4,7 +4,7 @@
 
 #include "framework/resources/text_rows.h"
 #include "operations/project_context.h"
-#include "reference_host/shell/settings.h"
+#include "reference_host/shell/front_end.h"
 #include "tests/support/forwarding_system.h"
 #include "tests/support/temporary_folder.h"
 #include "ui/host_questions.h"

@@ -2,7 +2,6 @@
 #include "operations/run_settings.h"
 
 #include "framework/resources/strings.h"
-#include "operations/run_settings.h"
 #include "platform/volumes.h"
 #include "tests/support/faulty_system.h"
 #include "tests/support/host_fixture.h"

@@ -2,7 +2,7 @@
 #include "operations/run_settings.h"
 
 #include "framework/resources/strings.h"
-#include "reference_host/shell/settings.h"
+#include "reference_host/shell/front_end.h"
 #include "tests/support/host_fixture.h"
 #include "tests/support/project_builder.h"
 

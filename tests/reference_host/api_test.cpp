@@ -10,7 +10,7 @@
 #include "host/vsk_prj.h"
 #include "host/vsk_xml_save_prj.h"
 #include "reference_host/api/handles.h"
-#include "reference_host/shell/settings.h"
+#include "reference_host/shell/front_end.h"
 
 namespace {
 

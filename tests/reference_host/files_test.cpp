@@ -6,7 +6,7 @@
 
 #include "platform/text.h"
 #include "reference_host/files/files.h"
-#include "reference_host/files/reference_walk.h"
+#include "reference_host/files/references.h"
 #include "tests/support/faulty_system.h"
 #include "tests/support/temporary_folder.h"
 #include "tests/support/tree_state.h"

@@ -4,7 +4,7 @@
 
 #include "framework/bundle_entry.h"
 #include "reference_host/files/files.h"
-#include "reference_host/shell/settings.h"
+#include "reference_host/shell/front_end.h"
 
 namespace vs::project_resave {
 

@@ -6,7 +6,7 @@
 
 #include "platform/path_text.h"
 #include "reference_host/files/files.h"
-#include "reference_host/files/reference_walk.h"
+#include "reference_host/files/references.h"
 
 namespace vs::project_resave {
 

@@ -1,6 +1,5 @@
 // The naming dialog as a host meets it: through its service and the tables of its elements.
 #include "tests/support/host_fixture.h"
-#include "ui/dialog_factories.h"
 #include "ui/dialogs.h"
 
 namespace vs::project_resave {

@@ -2,7 +2,7 @@
 // tests/apps/sessions.
 #include "host/toolkit/outline.h"
 #include "reference_host/api/handles.h"
-#include "reference_host/shell/settings.h"
+#include "reference_host/shell/front_end.h"
 #include "reference_host/toolkit/element_description.h"
 #include "tests/support/forwarding_system.h"
 #include "tests/support/host_fixture.h"

@@ -3,7 +3,7 @@
 #include <string_view>
 
 #include "containers/resave_legend_plus.h"
-#include "core/entity_uuid.h"
+#include "core/layer_group_writer.h"
 #include "framework/border/encoding.h"
 #include "framework/border/string_adapter.h"
 #include "framework/resources/strings.h"

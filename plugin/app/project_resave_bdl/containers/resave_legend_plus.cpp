@@ -2,7 +2,7 @@
 
 #include <string_view>
 
-#include "core/entity_uuid.h"
+#include "core/layer_group_writer.h"
 #include "framework/border/encoding.h"
 #include "framework/border/string_adapter.h"
 #include "framework/resources/strings.h"

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "core/resave_list.h"
-#include "operations/run/common_directory.h"
+#include "operations/run/placed_files.h"
 
 namespace vs::project_resave {
 

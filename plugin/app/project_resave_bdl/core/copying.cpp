@@ -4,7 +4,6 @@
 #include <stdexcept>
 
 #include "core/data_source.h"
-#include "core/joined_tables.h"
 #include "operations/run/path_files.h"
 #include "operations/run/run_state.h"
 #include "platform/path_text.h"

@@ -1,4 +1,3 @@
-// Data sets as the host opens them: which files they have, and the records of a vector source.
 #pragma once
 
 #include <cstdint>
@@ -6,10 +5,13 @@
 
 #include "framework/border/ref.h"
 #include "host/interfaces/stat_source.h"
+#include "host/types.h"
 #include "operations/run/path_files.h"
 #include "platform/wide_string.h"
 
 namespace vs::project_resave {
+
+// Data sets as the host opens them: which files they have, and the records of a vector source.
 
 // Puts into `out` the files that the host tells of the data set at `path`, in its order, whether they exist
 // or not. False, with `out` empty, for an empty path and where the host cannot open it.
@@ -35,5 +37,20 @@ public:
 private:
     ref<stat_source_impl> source_;
 };
+
+// Tables joined to other tables. A run takes the joins off, as the joined table may be one that it copies
+// later anyway, and puts them on again once every table has its place.
+
+struct run_state;
+
+// Notes all joins of a table under the current element and takes them off it. Nothing for a null table and
+// one without joins.
+void take_joins_off(vs_attr_data* attr_data, run_state& run);
+// Enters in the report the joins of a table whose file has its place already: they keep naming the original
+// tables.
+void note_kept_joins(vs_attr_data* attr_data, run_state& run);
+// Puts all pending joins on again and forgets them, copying the tables that have no place yet. A table that
+// is lost goes into log and report, and its join stays off.
+void put_joins_back(run_state& run);
 
 } // namespace vs::project_resave

@@ -1,4 +1,3 @@
-// The layers of a scene in the text of a project's structure, in the order and depth of the scene's groups.
 #pragma once
 
 #include <memory>
@@ -6,9 +5,26 @@
 #include <vector>
 
 #include "core/resave_unit.h"
+#include "host/types.h"
+#include "operations/run/run_report.h"
+#include "platform/wide_string.h"
 
 namespace vs::project_resave {
 
+// The key of an element in every register: its uuid as text.
+
+// An element without a uuid, or none at all, shows the error box "Error select"; the answer is then false,
+// null or empty, and the caller goes on.
+bool entity_has_uuid(vs_entity* entity);
+vs_uuid* entity_uuid(vs_entity* entity);
+wide_string entity_uuid_text(vs_entity* entity);
+
+// Text of a uuid, empty if it has no value; silent.
+wide_string uuid_to_text(const vs_uuid* uuid);
+// Name in the report of an element that the list of this caption holds; silent.
+element_name element_name_of(vs_entity* entity, const wide_string& list);
+
+// The layers of a scene in the text of a project's structure, in the order and depth of the scene's groups.
 // Made for one walk: it looks each unit's uuid up once.
 class layer_group_writer {
 public:

@@ -4,12 +4,11 @@
 
 #include "core/copying.h"
 #include "core/data_source.h"
-#include "core/entity_uuid.h"
-#include "core/joined_tables.h"
+#include "core/layer_group_writer.h"
 #include "framework/resources/text_rows.h"
 #include "host/vsk_basic.h"
-#include "operations/run/common_directory.h"
 #include "operations/run/path_files.h"
+#include "operations/run/placed_files.h"
 #include "operations/run/run_state.h"
 
 namespace vs::project_resave {

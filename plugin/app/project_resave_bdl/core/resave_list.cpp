@@ -1,6 +1,5 @@
 #include "core/resave_list.h"
 
-#include "core/entity_uuid.h"
 #include "core/layer_group_writer.h"
 #include "host/vsk_basic.h"
 #include "host/vsk_entity.h"

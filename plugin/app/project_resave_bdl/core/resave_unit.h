@@ -1,9 +1,3 @@
-// Root of the tree of resave units: one unit for each element of the project that takes part.
-//
-// A unit is created with new, owned by its parent list (a root by run_state), built once and dies with
-// the tree. It may outlive the project it was made for: destructors free what the unit owns and pass no
-// handle of the project to the host. Errors are recorded facts: a bad file never throws. User-interface
-// thread only.
 #pragma once
 
 #include <cstdint>
@@ -15,6 +9,23 @@
 
 namespace vs::project_resave {
 
+// Lines of elements in the text of a project's structure, each at the current depth of the log.
+struct run_state;
+
+// Returns the caption; if the options want paths, with the separator of the text and the path after it.
+wide_string with_path(run_state& run, wide_string caption, const wide_string& path);
+// Writes a line for each field of a DBF table; those of joined tables are marked as such. Nothing for a null
+// table and one that does not open.
+void write_attr_fields(run_state& run, vs_attr_data* table);
+// Writes a line for each property of the TOS file; nothing if it does not open.
+void write_tos_properties(run_state& run, const wide_string& path);
+
+// Root of the tree of resave units: one unit for each element of the project that takes part.
+//
+// A unit is created with new, owned by its parent list (a root by run_state), built once and dies with
+// the tree. It may outlive the project it was made for: destructors free what the unit owns and pass no
+// handle of the project to the host. Errors are recorded facts: a bad file never throws. User-interface
+// thread only.
 struct run_state;
 class common_directory;
 

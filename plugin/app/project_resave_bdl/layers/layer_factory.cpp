@@ -3,20 +3,18 @@
 #include <span>
 #include <string_view>
 
-#include "core/entity_uuid.h"
+#include "core/layer_group_writer.h"
 #include "framework/border/host_owned.h"
 #include "framework/border/string_adapter.h"
 #include "host/vsk_basic.h"
 #include "host/vsk_lr.h"
 #include "host/vsk_lr2d.h"
 #include "host/vsk_lr3d.h"
-#include "layers/resave_grid_layers.h"
-#include "layers/resave_link_layers.h"
+#include "layers/resave_layer.h"
 #include "layers/resave_map_layers.h"
 #include "layers/resave_raster_layers.h"
 #include "layers/resave_shape_layers.h"
 #include "layers/resave_tos_layers.h"
-#include "layers/resave_vector_layer.h"
 #include "layers/resave_wells.h"
 #include "operations/run/run_state.h"
 #include "platform/path_text.h"

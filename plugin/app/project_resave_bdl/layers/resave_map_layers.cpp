@@ -2,7 +2,7 @@
 
 #include "containers/resave_scenes.h"
 #include "core/copying.h"
-#include "core/structure_lines.h"
+#include "core/resave_unit.h"
 #include "framework/border/host_owned.h"
 #include "framework/border/string_adapter.h"
 #include "framework/resources/strings.h"

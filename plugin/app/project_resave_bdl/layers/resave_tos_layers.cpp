@@ -5,14 +5,14 @@
 
 #include "core/copying.h"
 #include "core/data_source.h"
-#include "core/structure_lines.h"
+#include "core/resave_unit.h"
 #include "framework/border/string_adapter.h"
 #include "framework/resources/strings.h"
 #include "host/vsk_lr.h"
-#include "layers/complex_model_record.h"
 #include "layers/layer_files.h"
-#include "operations/run/common_directory.h"
+#include "layers/resave_layer.h"
 #include "operations/run/path_files.h"
+#include "operations/run/placed_files.h"
 #include "operations/run/run_state.h"
 #include "platform/path_text.h"
 

@@ -1,7 +1,7 @@
 #include "layers/resave_wells.h"
 
 #include "core/copying.h"
-#include "core/structure_lines.h"
+#include "core/resave_unit.h"
 #include "framework/border/string_adapter.h"
 #include "framework/resources/strings.h"
 #include "host/vsk_lr.h"

@@ -8,10 +8,9 @@
 
 #include "core/resave_unit.h"
 #include "framework/border/caught.h"
-#include "operations/run/event.h"
+#include "operations/run/run_progress.h"
 #include "operations/run/run_result.h"
 #include "operations/run/run_state.h"
-#include "services/collect_services.h"
 #include "services/entity_factory.h"
 
 namespace vs::project_resave {

@@ -6,7 +6,6 @@
 #include "containers/resave_layouts.h"
 #include "containers/resave_scenes.h"
 #include "containers/resave_tables.h"
-#include "containers/resave_wells_data.h"
 #include "framework/border/encoding.h"
 #include "framework/border/host_owned.h"
 #include "framework/resources/strings.h"

@@ -3,7 +3,7 @@
 
 #include <string_view>
 
-#include "core/joined_tables.h"
+#include "core/data_source.h"
 #include "framework/border/encoding.h"
 #include "framework/border/host_owned.h"
 #include "framework/resources/strings.h"

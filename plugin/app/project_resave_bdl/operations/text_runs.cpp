@@ -1,13 +1,15 @@
-// The runs that write a text file: the structure of a loaded project, a line for each unit, indented by
-// depth; and each path whose letter case differs from the spelling on the disk.
-#include "operations/run_settings.h"
-
+#include "framework/border/host_owned.h"
 #include "framework/resources/strings.h"
+#include "host/vsk_msgs.h"
 #include "operations/project_context.h"
 #include "operations/run/path_files.h"
+#include "operations/run_settings.h"
 #include "platform/path_text.h"
 
 namespace vs::project_resave {
+
+// The runs that write a text file: the structure of a loaded project, a line for each unit, indented by
+// depth; and each path whose letter case differs from the spelling on the disk.
 
 namespace {
 
@@ -85,6 +87,23 @@ run_result project_context::check_path_case(const wide_string& report_path) {
     if (result.end == run_end::done)
         progress.questions->show_message(case_differs ? text::case_differs : text::case_is_right);
     return result;
+}
+
+// Each selected 2D scene of a loaded project to a file of its own.
+
+run_result project_context::create_scene_files(const scene_file_settings& settings) {
+    if (!project) {
+        progress.questions->show_error(text::project_loaded_incorrectly);
+        return {};
+    }
+    const host_owned<vs_wait, &vs_wait_destroy> wait(vs_wait_wcreate(load_string(text::please_wait).c_str()));
+    report.restart(facts_of_tree_);
+    options.reset();
+    options.scene_file_on_exists = settings.on_exists;
+    progress.clear_stop(); // of an earlier run: this one has no window in which it could be stopped
+    for (const auto& root : tree) root->write_scene_file();
+    progress.questions->show_message(text::scene_files_saved);
+    return {run_end::done, !report.has(fact_kind::not_written), {}};
 }
 
 } // namespace vs::project_resave

@@ -1,14 +1,58 @@
 #include "services/entity_factory.h"
 
+#include <algorithm>
+
 #include "framework/border/encoding.h"
+#include "host/interfaces/service_visitor.h"
+#include "host/vsk_basic.h"
 #include "host/vsk_entity.h"
 #include "host/vsk_lr.h"
-#include "layers/resave_grid_layers.h"
+#include "layers/resave_raster_layers.h"
+#include "services/maplegs_plugin_service.h"
 #include "services/resave_entity_plugin.h"
-#include "services/resave_graphics_layer.h"
 #include "services/service_answers.h"
 
 namespace vs::project_resave {
+
+namespace {
+
+constexpr const char16_t* group = u"vestra/resave_project";
+
+class resave_service_visitor final
+    : public polymorphic<resave_service_visitor_impl, polymorphic<service_visitor_impl>> {
+public:
+    explicit resave_service_visitor(resave_services& target) : services_(target) {}
+    void visit(resave_service service) override { services_.emplace_back(service); }
+
+private:
+    resave_services& services_;
+};
+
+class resave_entity_service_visitor final
+    : public polymorphic<resave_entity_service_visitor_impl, polymorphic<service_visitor_impl>> {
+public:
+    explicit resave_entity_service_visitor(resave_entity_services& target) : services_(target) {}
+    void visit(resave_entity_service service) override {
+        const auto is_it = [&](const auto& held) { return held.get() == service; };
+        if (std::ranges::none_of(services_, is_it)) services_.emplace_back(service);
+    }
+
+private:
+    resave_entity_services& services_;
+};
+
+} // namespace
+
+void collect_resave_services(resave_services& found) {
+    resave_service_visitor visitor(found);
+    vs_service_registry_with_services(group, identity_of(static_cast<resave_service_visitor_impl&>(visitor)));
+}
+
+void collect_resave_entity_services(resave_entity_services& found) {
+    resave_entity_service_visitor visitor(found);
+    vs_service_registry_with_services(group,
+                                      identity_of(static_cast<resave_entity_service_visitor_impl&>(visitor)));
+}
 
 namespace {
 

@@ -1,5 +1,3 @@
-// Units for elements that are told by their meta identifier, those of other bundles among them. Asked before
-// the tables of layer types, so what is found here always wins over them.
 #pragma once
 
 #include <cstdint>
@@ -7,12 +5,27 @@
 #include <memory>
 #include <string>
 #include <unordered_map>
+#include <vector>
 
 #include "core/resave_unit.h"
-#include "services/collect_services.h"
+#include "framework/border/ref.h"
+#include "services/resave_entity_service.h"
+#include "services/resave_service.h"
 
 namespace vs::project_resave {
 
+// Finds the services by which all bundles take part, this one's own among them.
+
+using resave_services = std::vector<ref<resave_service_impl>>;
+using resave_entity_services = std::vector<ref<resave_entity_service_impl>>;
+
+// Append each service that runs under "vestra/resave_project", in the order in which the host tells them. An
+// entity service that is held already is not taken a second time.
+void collect_resave_services(resave_services& found);
+void collect_resave_entity_services(resave_entity_services& found);
+
+// Units for elements that are told by their meta identifier, those of other bundles among them. Asked before
+// the tables of layer types, so what is found here always wins over them.
 // Makes the units of one kind of element.
 class factory_obj {
 public:

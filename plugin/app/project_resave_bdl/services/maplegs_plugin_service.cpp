@@ -1,11 +1,18 @@
 #include "services/maplegs_plugin_service.h"
 
+#include "core/copying.h"
 #include "framework/border/string_adapter.h"
 #include "framework/resources/strings.h"
 #include "host/vsk_prj.h"
 #include "host/vsk_styles.h"
 
 namespace vs::project_resave {
+
+wide_string resave_graphics_layer::default_folder() { return load_string(text::graphics_folder); }
+
+bool resave_graphics_layer::copy_files(const wide_string& source, const wide_string& target) {
+    return copy_file_and_projection(source, target, *context);
+}
 
 void maplegs_plugin_service::set_project(vs_prj* project) {
     legends_ = project ? vs_prj_get_maplegs_ptr(project) : nullptr;

@@ -1,13 +1,23 @@
-// The project's map legends as a resave service of the bundle's own: a list that can be ticked. A legend has
-// no file; one that is not selected leaves the new project.
 #pragma once
 
 #include "framework/border/ref.h"
 #include "host/interfaces/service_factory.h"
+#include "layers/resave_layer.h"
 #include "services/resave_service.h"
 
 namespace vs::project_resave {
 
+// A layer of drawn graphics: a file with its projection.
+class resave_graphics_layer : public Tvs_resave_layer {
+public:
+    using Tvs_resave_layer::Tvs_resave_layer;
+
+    wide_string default_folder() override;
+    bool copy_files(const wide_string& source, const wide_string& target) override;
+};
+
+// The project's map legends as a resave service of the bundle's own: a list that can be ticked. A legend has
+// no file; one that is not selected leaves the new project.
 class maplegs_plugin_service final : public referent<resave_service_impl> {
 public:
     explicit maplegs_plugin_service(const bundle_context&) {}

@@ -4,9 +4,8 @@
 
 #include "core/copying.h"
 #include "core/data_source.h"
-#include "core/entity_uuid.h"
+#include "core/layer_group_writer.h"
 #include "core/resave_unit.h"
-#include "core/structure_lines.h"
 #include "framework/border/encoding.h"
 #include "host/vsk_entity.h"
 #include "host/vsk_lr.h"

@@ -1,10 +1,10 @@
 #include "services/resave_plugin_list.h"
 
 #include "core/copying.h"
-#include "core/entity_uuid.h"
+#include "core/layer_group_writer.h"
 #include "host/vsk_basic.h"
-#include "operations/run/common_directory.h"
 #include "operations/run/path_files.h"
+#include "operations/run/placed_files.h"
 #include "operations/run/run_state.h"
 #include "platform/path_text.h"
 #include "platform/system.h"

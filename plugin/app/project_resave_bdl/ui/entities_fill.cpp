@@ -1,6 +1,6 @@
 #include "ui/entities_fill.h"
 
-#include "core/entity_uuid.h"
+#include "core/layer_group_writer.h"
 #include "framework/border/encoding.h"
 #include "framework/border/string_adapter.h"
 #include "host/vsk_entity.h"

@@ -3,7 +3,7 @@
 #pragma once
 
 #include "host/types.h"
-#include "services/collect_services.h"
+#include "services/entity_factory.h"
 #include "ui/select_2part_model.h"
 
 namespace vs::project_resave::detail {

@@ -6,7 +6,7 @@
 #include "framework/factories.h"
 #include "framework/resources/strings.h"
 #include "host/toolkit/modal_dialog.h"
-#include "ui/toolkit/docker_base.h"
+#include "ui/toolkit/element_base.h"
 
 namespace vs::project_resave {
 

@@ -1,13 +1,13 @@
-// The tool as the host sees it: a service that hands over a window's content and its buttons.
 #pragma once
 
 #include "framework/factories.h"
 #include "host/toolkit/custom_app_service.h"
 #include "ui/settings_element.h"
-#include "ui/toolkit/button_box.h"
+#include "ui/toolkit/buttons.h"
 
 namespace vs::project_resave {
 
+// The tool as the host sees it: a service that hands over a window's content and its buttons.
 class project_resave_app final : public referent<custom_app_service_impl> {
 public:
     static constexpr const char16_t* id = u"vestra/app/project_resave_app";

@@ -5,11 +5,10 @@
 #include <functional>
 
 #include "operations/run/resave_options.h"
-#include "ui/toolkit/checkbox.h"
-#include "ui/toolkit/docker_base.h"
-#include "ui/toolkit/file_input.h"
-#include "ui/toolkit/grid_span_layout.h"
-#include "ui/toolkit/radiobutton.h"
+#include "ui/toolkit/buttons.h"
+#include "ui/toolkit/element_base.h"
+#include "ui/toolkit/fields.h"
+#include "ui/toolkit/layouts.h"
 #include "ui/toolkit/texts.h"
 
 namespace vs::project_resave {

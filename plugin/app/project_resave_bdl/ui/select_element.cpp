@@ -6,6 +6,17 @@
 #include "host/vsk_basic.h"
 #include "operations/project_context.h"
 
+namespace vs::project_resave::detail {
+
+entities_pane::entities_pane(entities_model& model, uint32_t view)
+    : tools(model, view), outline(model, view) {
+    layout.place(0, 0, tools);
+    layout.place(1, 0, outline);
+    layout.set_spare_row(1);
+}
+
+} // namespace vs::project_resave::detail
+
 namespace vs::project_resave {
 
 using detail::scene_tab;

@@ -5,15 +5,13 @@
 #include <functional>
 #include <memory>
 
-#include "services/collect_services.h"
-#include "ui/checked_path_register_tab.h"
+#include "services/entity_factory.h"
 #include "ui/host_questions.h"
 #include "ui/save_prj_tab.h"
-#include "ui/save_scns_xml_tab.h"
-#include "ui/save_struct_tab.h"
 #include "ui/select_element.h"
-#include "ui/toolkit/button.h"
-#include "ui/toolkit/tab_layout.h"
+#include "ui/text_tabs.h"
+#include "ui/toolkit/buttons.h"
+#include "ui/toolkit/layouts.h"
 
 namespace vs::project_resave {
 

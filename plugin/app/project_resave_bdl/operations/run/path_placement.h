@@ -7,7 +7,6 @@
 #include <unordered_map>
 #include <vector>
 
-#include "operations/run/common_directory.h"
 #include "operations/run/placed_files.h"
 #include "platform/outcome.h"
 #include "platform/wide_string.h"

@@ -6,6 +6,19 @@
 
 namespace vs::project_resave {
 
+std::shared_ptr<void> event::connect(std::function<void()> observer) {
+    auto kept = std::make_shared<std::function<void()>>(std::move(observer));
+    observers_.push_back(kept);
+    return kept;
+}
+
+void event::fire() {
+    std::erase_if(observers_, [](const auto& observer) { return observer.expired(); });
+    const auto snapshot = observers_;
+    for (const auto& observer : snapshot)
+        if (const auto kept = observer.lock()) (*kept)();
+}
+
 run_progress::~run_progress() { close_window(); }
 
 void run_progress::close_window() {

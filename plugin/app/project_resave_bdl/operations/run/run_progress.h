@@ -1,13 +1,29 @@
-// The progress window of a run, its counters, and whether the user stopped it.
 #pragma once
 
 #include <cstdint>
+#include <functional>
+#include <memory>
+#include <vector>
 
 #include "host/types.h"
 #include "platform/wide_string.h"
 
 namespace vs::project_resave {
 
+// An event without arguments. Observers are held weakly: one that died is passed over.
+class event {
+public:
+    // The observer is told as long as the caller keeps what this answers.
+    [[nodiscard]] std::shared_ptr<void> connect(std::function<void()> observer);
+    // Tells those that are connected now; one that connects or leaves meanwhile does no harm.
+    void fire();
+    void disconnect_all() { observers_.clear(); }
+
+private:
+    std::vector<std::weak_ptr<std::function<void()>>> observers_;
+};
+
+// The progress window of a run, its counters, and whether the user stopped it.
 class run_questions;
 
 class run_progress {

@@ -8,7 +8,6 @@
 
 #include "host/types.h"
 #include "logs/log_file.h"
-#include "logs/open_log_file.h"
 #include "operations/run/deferred_joins.h"
 #include "operations/run/path_placement.h"
 #include "operations/run/registers.h"

@@ -1,15 +1,16 @@
+#pragma once
+
+#include "framework/border/ref.h"
+#include "host/toolkit/docker.h"
+#include "host/toolkit/element.h"
+
+namespace vs::project_resave::toolkit {
+
 // Base of the bundle's elements. An element holds its state and answers the host; whoever changes it calls
 // the setters, and the host's observer is told of what really changed.
 //
 // An element is a member of its owner. Layouts and dockers hold only pairs of the elements inside them, so
 // these must be members of the same owner or of one that lives longer.
-#pragma once
-
-#include "framework/border/ref.h"
-#include "host/toolkit/element.h"
-
-namespace vs::project_resave::toolkit {
-
 // Own: the element's own interfaces, as a polymorphic chain.
 template <class Own>
 class element_base : public polymorphic<element_impl, Own> {
@@ -43,6 +44,27 @@ private:
     bool enabled_ = true;
     bool visible_ = true;
     weak_ref<element_observer_impl> observer_;
+};
+
+// Content of a window, a dialog or a page.
+// A derived class owns the main element and hands it over with `main_element`.
+class docker_base : public element_base<polymorphic<docker_impl>> {
+public:
+    operator docker() { return pointer_to<docker_impl>(*this); }
+
+    void title(string_visitor visitor) override { tell(visitor, title_); }
+    void description(string_visitor) override {}
+    element buttons() override { return {}; }
+    void set_parent(identity_pointer window) override { parent_.assign(window); }
+
+protected:
+    explicit docker_base(wide_string title)
+        : element_base(docker_impl::element_kind), title_(std::move(title)) {}
+    ~docker_base() = default;
+
+private:
+    const wide_string title_;
+    ref<interface_impl> parent_;
 };
 
 } // namespace vs::project_resave::toolkit

@@ -1,0 +1,90 @@
+// The tabs that write scene files and the structure as text.
+#pragma once
+
+#include "framework/resources/strings.h"
+#include "operations/run_settings.h"
+#include "ui/toolkit/buttons.h"
+#include "ui/toolkit/element_base.h"
+#include "ui/toolkit/fields.h"
+#include "ui/toolkit/layouts.h"
+#include "ui/toolkit/texts.h"
+
+namespace vs::project_resave {
+
+// The tab that checks the letter case of paths. It has no place in the window: the panel keeps it for the day
+// it gets one.
+class checked_path_register_tab final : public toolkit::docker_base {
+public:
+    checked_path_register_tab()
+        : docker_base(wide_string()), label_(load_string(text::structure_file_path)),
+          path_(file_input_mode::text_file, load_string(text::text_file_mask)), content_(2, 1) {
+        content_.place(0, 0, label_);
+        content_.place(1, 0, path_);
+    }
+
+    element main_element() override { return content_; }
+
+    const wide_string& get_path() const { return path_.text(); }
+
+private:
+    toolkit::label label_;
+    toolkit::file_input path_;
+    toolkit::grid_layout content_;
+};
+
+// The tab that writes scene files.
+class save_scns_xml_tab final : public toolkit::docker_base {
+public:
+    save_scns_xml_tab();
+
+    element main_element() override { return content_; }
+
+    // `folder` points to the tab's text.
+    void get_settings(scene_file_settings& settings) const;
+    // 0: a scene file that exists stays, and the new one gets another name; 1: it is rewritten. Nothing for
+    // any other.
+    void select_radio(uint32_t index);
+
+private:
+    toolkit::label folder_label_;
+    toolkit::file_input folder_;
+    toolkit::label exists_label_;
+    toolkit::radio_group if_exists_;
+    toolkit::radiobutton new_name_;
+    toolkit::radiobutton rewrite_;
+    toolkit::stack_layout if_exists_row_;
+    toolkit::groupbox options_box_;
+    toolkit::grid_layout content_;
+};
+
+// The tab that writes the structure of the project to a text file.
+class save_struct_tab final : public toolkit::docker_base {
+public:
+    save_struct_tab();
+
+    element main_element() override { return content_; }
+
+    // `output_path` points to the tab's text.
+    void get_settings(structure_settings& settings) const;
+    // Sets the check boxes, which act on each other as they do for the user; nothing else.
+    void apply_settings(const structure_settings& settings);
+
+private:
+    void connect();
+    void lay_out();
+
+    toolkit::label path_label_;
+    toolkit::file_input path_;
+    toolkit::checkbox layer_names_;
+    toolkit::checkbox table_names_;
+    toolkit::checkbox table_columns_;
+    toolkit::checkbox layout_layers_;
+    toolkit::checkbox legend_content_;
+    toolkit::checkbox legend_columns_;
+    toolkit::checkbox file_paths_;
+    toolkit::dropdownex indent_;
+    toolkit::groupbox options_box_;
+    toolkit::grid_layout content_;
+};
+
+} // namespace vs::project_resave

@@ -1,0 +1,154 @@
+// What the user presses: buttons, check boxes, radio buttons and tools.
+#pragma once
+
+#include <functional>
+#include <vector>
+
+#include "host/toolkit/button.h"
+#include "host/toolkit/button_box.h"
+#include "host/toolkit/checkbox.h"
+#include "host/toolkit/radiobutton.h"
+#include "host/toolkit/tool.h"
+#include "host/toolkit/toolbar.h"
+#include "ui/toolkit/element_base.h"
+
+namespace vs::project_resave::toolkit {
+
+// Button inside of a window.
+class button final : public element_base<polymorphic<button_impl>> {
+public:
+    button(wide_string caption, wide_string hint, std::function<void()> handler)
+        : element_base(button_impl::element_kind), caption_(std::move(caption)), hint_(std::move(hint)),
+          handler_(std::move(handler)) {}
+
+    void caption(string_visitor visitor) override { tell(visitor, caption_); }
+    void hint(string_visitor visitor) override { tell(visitor, hint_); }
+    void click() override { handler_(); }
+
+private:
+    const wide_string caption_;
+    const wide_string hint_;
+    const std::function<void()> handler_;
+};
+
+// What a click on a button does, by the button's code.
+enum button_code : int32_t { ok_code = 1, run_code = 2, close_code = 8 };
+
+class button_box final : public element_base<polymorphic<button_box_impl>> {
+public:
+    struct entry {
+        wide_string text;
+        int32_t code;
+    };
+    // `run` is the handler of the buttons that do the work, and answers whether the window closes.
+    button_box(std::vector<entry> entries, std::function<bool()> run);
+
+    uint32_t entry_count() override { return static_cast<uint32_t>(entries_.size()); }
+    void entry_text(uint32_t index, string_visitor visitor) override;
+    int32_t entry_code(uint32_t index) override;
+    bool click(int32_t code) override;
+
+private:
+    const std::vector<entry> entries_;
+    const std::function<bool()> run_;
+};
+
+class radiobutton;
+
+// Knows the buttons of a group, which all end before it.
+class radio_group {
+public:
+    void add(radiobutton& button) { buttons_.push_back(&button); }
+    // Leaves no other button checked.
+    void uncheck_others(const radiobutton& checked_one);
+
+private:
+    std::vector<radiobutton*> buttons_;
+};
+
+class radiobutton final : public element_base<polymorphic<radiobutton_impl>> {
+public:
+    radiobutton(radio_group& group, wide_string caption);
+
+    // Called after each change of this button, be it the user's or one by code; of a button that is checked
+    // after the others of the group were unchecked.
+    void set_on_changed(std::function<void()> handler) { changed_ = std::move(handler); }
+    // Checking it unchecks the one of its group that is checked.
+    void set_checked(bool on);
+    bool is_checked() const { return checked_; }
+
+    void caption(string_visitor visitor) override { tell(visitor, caption_); }
+    bool checked() override { return checked_; }
+    void pressed() override { set_checked(true); }
+
+private:
+    radio_group& group_;
+    const wide_string caption_;
+    bool checked_ = false;
+    std::function<void()> changed_;
+};
+
+// Box that is checked or not.
+class checkbox final : public element_base<polymorphic<checkbox_impl>> {
+public:
+    explicit checkbox(wide_string caption, bool is_checked = false)
+        : element_base(checkbox_impl::element_kind), caption_(std::move(caption)), checked_(is_checked) {}
+
+    // Called after each change, be it the user's or one by code.
+    void set_on_changed(std::function<void()> handler) { changed_ = std::move(handler); }
+    void set_checked(bool on) {
+        if (on == checked_) return;
+        assign(checked_, on);
+        if (changed_) changed_();
+    }
+    bool checked() const { return checked_; }
+
+    void caption(string_visitor visitor) override { tell(visitor, caption_); }
+    checkbox_state state() override { return checked_ ? checkbox_state::checked : checkbox_state::unchecked; }
+    void state_entered(checkbox_state entered) override { set_checked(entered == checkbox_state::checked); }
+
+private:
+    const wide_string caption_;
+    bool checked_;
+    std::function<void()> changed_;
+};
+
+// Tells the bundle's picture of this number, transparent where it is magenta; one of width 0 if there is
+// none.
+void tell_picture(const masked_bitmap_visitor& visitor, uint32_t number);
+
+class tool : public element_base<polymorphic<tool_impl>> {
+public:
+    // Picture, caption and hint have one number.
+    tool(wide_string id, uint32_t number, std::function<void()> action)
+        : element_base(tool_impl::element_kind), id_(std::move(id)), number_(number),
+          action_(std::move(action)) {}
+
+    void id(string_visitor visitor) override { tell(visitor, id_); }
+    void caption(string_visitor visitor) override;
+    void hint(string_visitor visitor) override { caption(visitor); }
+    void image(masked_bitmap_visitor visitor) override { tell_picture(visitor, number_); }
+    void click() override { action_(); }
+
+private:
+    const wide_string id_;
+    const uint32_t number_;
+    const std::function<void()> action_;
+};
+
+// Row of tools.
+class toolbar : public element_base<polymorphic<toolbar_impl>> {
+public:
+    toolbar() : element_base(toolbar_impl::element_kind) {}
+
+    // Puts a tool, which must outlive the tool bar, behind the others.
+    void add(const element& tool) { tools_.push_back(tool); }
+
+    uint32_t tool_count() override { return static_cast<uint32_t>(tools_.size()); }
+    element tool(uint32_t index) override { return index < tools_.size() ? tools_[index] : element(); }
+
+private:
+    std::vector<element> tools_;
+};
+
+} // namespace vs::project_resave::toolkit

@@ -1,0 +1,112 @@
+// What shows or takes a value: figures, drop-down lists, paths, rows.
+#pragma once
+
+#include <functional>
+#include <vector>
+
+#include "host/toolkit/dropdownex.h"
+#include "host/toolkit/file_input.h"
+#include "host/toolkit/label_ex.h"
+#include "host/toolkit/outline.h"
+#include "ui/toolkit/element_base.h"
+
+namespace vs::project_resave::toolkit {
+
+// A figure with a caption and a unit.
+class label_ex final : public element_base<polymorphic<label_ex_impl>> {
+public:
+    label_ex(wide_string caption, wide_string value, wide_string unit)
+        : element_base(label_ex_impl::element_kind), caption_(std::move(caption)), value_(std::move(value)),
+          unit_(std::move(unit)) {}
+
+    void set_value(const wide_string& value) { assign(value_, value); }
+    void set_unit(const wide_string& unit) { assign(unit_, unit); }
+
+    void caption(string_visitor visitor) override { tell(visitor, caption_); }
+    void value(string_visitor visitor) override { tell(visitor, value_); }
+    void unit(string_visitor visitor) override { tell(visitor, unit_); }
+
+private:
+    const wide_string caption_;
+    wide_string value_;
+    wide_string unit_;
+};
+
+// List that drops down, with a label, and a value of the bundle's own behind each row.
+class dropdownex final : public element_base<polymorphic<dropdownex_impl>> {
+public:
+    struct row {
+        wide_string text;
+        wide_string value;
+    };
+    // No row is current at first.
+    dropdownex(wide_string label, std::vector<row> rows)
+        : element_base(dropdownex_impl::element_kind), label_(std::move(label)), rows_(std::move(rows)) {}
+
+    // `index` as for `row_chosen`.
+    void set_current(uint32_t index) {
+        if (index < rows_.size() || index == no_row) assign(current_, index);
+    }
+    // Of the current row; empty without one.
+    wide_string value() const { return current_ < rows_.size() ? rows_[current_].value : wide_string(); }
+
+    void label(string_visitor visitor) override { tell(visitor, label_); }
+    uint32_t row_count() override { return static_cast<uint32_t>(rows_.size()); }
+    void row_text(uint32_t index, string_visitor visitor) override {
+        if (index < rows_.size()) tell(visitor, rows_[index].text);
+    }
+    uint32_t current_row() override { return current_; }
+    void row_chosen(uint32_t index) override { set_current(index); }
+
+private:
+    const wide_string label_;
+    const std::vector<row> rows_;
+    uint32_t current_ = no_row;
+};
+
+// Field for a path. The owner's validator sees each text the user enters, never one set by code.
+class file_input final : public element_base<polymorphic<file_input_impl>> {
+public:
+    // Answers whether the entered text is taken; it may set another text before it refuses. The text in the
+    // field is still the old one.
+    using validator = std::function<bool(const wide_string& entered)>;
+
+    explicit file_input(file_input_mode mode, wide_string filter = {}, wide_string button_caption = {});
+
+    // Without a validator everything is taken.
+    void set_validator(validator decides) { validator_ = std::move(decides); }
+    void set_text(const wide_string& text) { assign(text_, text); }
+    const wide_string& text() const { return text_; }
+
+    file_input_mode mode() override { return mode_; }
+    void filter(string_visitor visitor) override { tell(visitor, filter_); }
+    void button_caption(string_visitor visitor) override { tell(visitor, button_caption_); }
+    void text(string_visitor visitor) override { tell(visitor, text_); }
+    bool text_entered(const char16_t* entered) override;
+
+private:
+    const file_input_mode mode_;
+    const wide_string filter_;
+    const wide_string button_caption_;
+    wide_string text_;
+    validator validator_;
+};
+
+// Base of outlines: the connection to the host. A derived class answers for the rows and the columns.
+class outline : public element_base<polymorphic<outline_impl>> {
+public:
+    // Has the host ask for everything again. Rows it was given before are void.
+    void refresh();
+
+    void set_events(outline_events events) override { events_.assign(events); }
+
+protected:
+    outline() : element_base(outline_impl::element_kind) {}
+    ~outline() = default;
+
+private:
+    weak_ref<outline_events_impl> events_;
+    uint32_t refreshes_ = 0; // a new number is a change that the observer is told of
+};
+
+} // namespace vs::project_resave::toolkit

@@ -1,0 +1,178 @@
+// The layouts: which element is where.
+#pragma once
+
+#include <functional>
+#include <map>
+#include <utility>
+#include <vector>
+
+#include "host/toolkit/grid_layout.h"
+#include "host/toolkit/grid_span_layout.h"
+#include "host/toolkit/groupbox.h"
+#include "host/toolkit/groupbox_span.h"
+#include "host/toolkit/split_layout.h"
+#include "host/toolkit/stack_layout.h"
+#include "host/toolkit/tab_layout.h"
+#include "ui/toolkit/element_base.h"
+
+namespace vs::project_resave::toolkit {
+
+// Layout in rows and columns: base of the plain grid and of the group box, a grid in a frame with a caption.
+// Own: the grid's interface and whatever the element speaks beside it, as a polymorphic chain.
+template <class Own>
+class grid_base : public element_base<Own> {
+public:
+    // Puts a child, which must outlive the layout, into a cell inside of the grid, counted from 0.
+    void place(uint32_t row, uint32_t column, const element& child) { cells_.at(cell(row, column)) = child; }
+    void set_spare_row(uint32_t row) { spare_row_ = row; }
+
+    uint32_t rows() override { return rows_; }
+    uint32_t columns() override { return columns_; }
+    element child(uint32_t row, uint32_t column) override {
+        return row < rows_ && column < columns_ ? cells_[cell(row, column)] : element();
+    }
+    uint32_t spare_row() override { return spare_row_; }
+
+protected:
+    grid_base(const char16_t* own_kind, uint32_t rows, uint32_t columns)
+        : element_base<Own>(own_kind), rows_(rows), columns_(columns), cells_(cell(rows, 0)) {}
+    ~grid_base() = default;
+
+private:
+    size_t cell(uint32_t row, uint32_t column) const { return size_t{row} * columns_ + column; }
+
+    const uint32_t rows_;
+    const uint32_t columns_;
+    uint32_t spare_row_ = grid_layout_impl::no_row;
+    std::vector<element> cells_;
+};
+
+class grid_layout final : public grid_base<polymorphic<grid_layout_impl>> {
+public:
+    grid_layout(uint32_t rows, uint32_t columns) : grid_base(grid_layout_impl::element_kind, rows, columns) {}
+};
+
+class groupbox : public grid_base<polymorphic<grid_layout_impl, polymorphic<groupbox_impl>>> {
+public:
+    groupbox(uint32_t rows, uint32_t columns, wide_string caption = {})
+        : grid_base(groupbox_impl::element_kind, rows, columns), caption_(std::move(caption)) {}
+
+    void caption(string_visitor visitor) override { tell(visitor, caption_); }
+
+private:
+    const wide_string caption_;
+};
+
+// Grid in which a cell may reach over several columns: base of the plain one and of one in a frame with a
+// caption.
+// Own: the interfaces of the element, as a polymorphic chain.
+template <class Own>
+class grid_span_base : public grid_base<Own> {
+public:
+    // As `place`, in a cell that reaches over as many columns, all of them inside of the grid.
+    void place_over(uint32_t row, uint32_t column, uint32_t columns_taken, const element& child) {
+        this->place(row, column, child);
+        for (uint32_t i = 0; i < columns_taken; ++i) spans_[{row, column + i}] = i == 0 ? columns_taken : 0;
+    }
+
+    uint32_t column_span(uint32_t row, uint32_t column) override {
+        if (row >= this->rows() || column >= this->columns()) return 0;
+        const auto span = spans_.find({row, column});
+        return span == spans_.end() ? 1 : span->second;
+    }
+
+protected:
+    using grid_base<Own>::grid_base;
+    ~grid_span_base() = default;
+
+private:
+    std::map<std::pair<uint32_t, uint32_t>, uint32_t> spans_; // of cells that take more than one, or none
+};
+
+class grid_span_layout final
+    : public grid_span_base<polymorphic<grid_layout_impl, polymorphic<grid_span_layout_impl>>> {
+public:
+    grid_span_layout(uint32_t rows, uint32_t columns)
+        : grid_span_base(grid_span_layout_impl::element_kind, rows, columns) {}
+};
+
+class groupbox_span final
+    : public grid_span_base<polymorphic<
+          grid_layout_impl,
+          polymorphic<grid_span_layout_impl, polymorphic<groupbox_impl, polymorphic<groupbox_span_impl>>>>> {
+public:
+    groupbox_span(uint32_t rows, uint32_t columns, wide_string caption)
+        : grid_span_base(groupbox_span_impl::element_kind, rows, columns), caption_(std::move(caption)) {}
+
+    void caption(string_visitor visitor) override { tell(visitor, caption_); }
+
+private:
+    const wide_string caption_;
+};
+
+// Two elements with a movable divider between them.
+class split_layout final : public element_base<polymorphic<split_layout_impl>> {
+public:
+    // Both must outlive the layout.
+    split_layout(const element& top_element, const element& bottom_element)
+        : element_base(split_layout_impl::element_kind), top_(top_element), bottom_(bottom_element) {}
+
+    element top() override { return top_; }
+    element bottom() override { return bottom_; }
+
+private:
+    const element top_;
+    const element bottom_;
+};
+
+// Elements side by side.
+class stack_layout final : public element_base<polymorphic<stack_layout_impl>> {
+public:
+    // All must outlive the layout.
+    explicit stack_layout(std::vector<element> children)
+        : element_base(stack_layout_impl::element_kind), children_(std::move(children)) {}
+
+    uint32_t child_count() override { return static_cast<uint32_t>(children_.size()); }
+    element child(uint32_t index) override { return index < children_.size() ? children_[index] : element(); }
+
+private:
+    const std::vector<element> children_;
+};
+
+// Pages behind tabs.
+class tab_layout final : public element_base<polymorphic<tab_layout_impl>> {
+public:
+    tab_layout() : element_base(tab_layout_impl::element_kind) {}
+
+    // Puts a page behind the others; its content must outlive the layout. The first one is shown at first.
+    void add(wide_string id, wide_string title, const docker& content);
+    // For an index inside.
+    void set_enabled(uint32_t index, bool on) { assign(pages_.at(index).enabled, on); }
+    using element_base::set_enabled;
+    uint32_t active() const { return active_; }
+    // Called after the user has chosen another page.
+    void set_on_page_changed(std::function<void()> handler) { page_changed_ = std::move(handler); }
+
+    uint32_t page_count() override { return static_cast<uint32_t>(pages_.size()); }
+    void page_id(uint32_t index, string_visitor visitor) override;
+    void page_title(uint32_t index, string_visitor visitor) override;
+    docker page(uint32_t index) override { return is_inside(index) ? pages_[index].content : docker(); }
+    bool page_enabled(uint32_t index) override { return is_inside(index) && pages_[index].enabled; }
+    uint32_t active_page() override { return active_; }
+    void page_chosen(uint32_t index) override;
+
+private:
+    struct page_row {
+        wide_string id;
+        wide_string title;
+        docker content;
+        bool enabled = true;
+    };
+    bool is_inside(uint32_t index) const { return index < pages_.size(); }
+
+    std::vector<page_row> pages_;
+    uint32_t active_ = 0;
+    std::function<void()> page_changed_;
+};
+
+} // namespace vs::project_resave::toolkit

@@ -1,0 +1,73 @@
+#include "reference_host/toolkit/dialog_runners.h"
+
+#include "platform/volumes.h"
+#include "reference_host/shell/service_registry.h"
+#include "reference_host/toolkit/element_description.h"
+
+namespace vestra::toolkit {
+
+using namespace vs::project_resave;
+
+namespace {
+
+void install(const modal_dialog_service_pointer& service, const dialog_runner& runner) {
+    call<&modal_dialog_impl::set_runner>(call<&modal_dialog_service_impl::dialog>(service), runner);
+}
+
+} // namespace
+
+dialog_connections::dialog_connections(dialog_runner_impl& runner)
+    : runner_(pointer_to<dialog_runner_impl>(runner)) {
+    shell::visit_services(u"vestra/modal_dialog",
+                          identity_of(static_cast<modal_dialog_service_visitor_impl&>(*this)));
+}
+
+dialog_connections::~dialog_connections() {
+    for (const auto& service : services_) install(service.get(), {});
+}
+
+void dialog_connections::visit(modal_dialog_service_pointer service) {
+    install(service, runner_);
+    services_.emplace_back(service);
+}
+
+using namespace vs::project_resave;
+
+namespace {
+
+constexpr std::int32_t cancelled = 0;
+constexpr std::int32_t accepted = 1;
+
+} // namespace
+
+std::int32_t terminal_dialog_runner::run(docker content) {
+    const element root = cast_to<element_impl>(content);
+    for (;;) {
+        const element_view dialog = look_at(root);
+        if (quiet_ && !find(dialog, u"file_input")) return accepted;
+        // A progress bar may stand on the line.
+        terminal_.write("\n" + described(dialog));
+        if (!terminal_.asks()) return cancelled;
+        terminal_.write(find(dialog, u"file_input") ? "Enter: OK, or a new path, or \"cancel\": "
+                                                    : "Enter: OK, or \"cancel\": ");
+        std::string line;
+        if (terminal_.read_line(line) != platform::line_result::read) return cancelled;
+        if (const auto answer = obey(dialog, line)) return *answer;
+    }
+}
+
+std::optional<std::int32_t> terminal_dialog_runner::obey(const element_view& dialog,
+                                                         const std::string& line) {
+    if (line == "cancel") return cancelled;
+    if (line.empty()) {
+        const element_view* box = find(dialog, u"button_box");
+        if (!box || box->buttons.empty()) return accepted;
+        const std::int32_t code = box->buttons.front().code;
+        return press(*box, code) ? std::optional(code) : std::nullopt;
+    }
+    if (const element_view* field = find(dialog, u"file_input"))
+        enter_text(*field, platform::drive_path(line));
+    return std::nullopt;
+}
+
+} // namespace vestra::toolkit
