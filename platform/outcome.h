@@ -7,34 +7,34 @@
 
 namespace vs::project_resave::platform {
 
-/// Failures that callers tell apart or report themselves. Each has a native code on every target.
+// Failures that callers tell apart or report themselves. Each has a native code on every target.
 enum class failure { missing, taken, denied, in_use, disk_full, damaged };
 
-/// Two words, passed by value; success costs nothing. May be used from any thread.
+// Two words, passed by value; success costs nothing. May be used from any thread.
 class outcome {
 public:
-    /// Success.
+    // Success.
     outcome() = default;
-    /// A failure with its native code on this target.
+    // A failure with its native code on this target.
     outcome(failure kind); // NOLINT(google-explicit-constructor): a call returns the kind itself
-    /// A failure with a native code: errno on POSIX, what GetLastError returns on Windows. Code 0 is a
-    /// failure, too, of unknown reason.
+    // A failure with a native code: errno on POSIX, what GetLastError returns on Windows. Code 0 is a
+    // failure, too, of unknown reason.
     static outcome native(uint32_t code) { return {code, code == 0 ? u"unknown reason" : nullptr}; }
-    /// The failure of the last native call of this thread; nothing else may be called in between.
+    // The failure of the last native call of this thread; nothing else may be called in between.
     static outcome last();
-    /// Success if `succeeded`, else `last()`.
+    // Success if `succeeded`, else `last()`.
     static outcome of_call(bool succeeded) { return succeeded ? outcome() : last(); }
-    /// A failure that the operating system has no code for. `reason` is a literal: it is not copied.
+    // A failure that the operating system has no code for. `reason` is a literal: it is not copied.
     static outcome because(const char16_t* reason) { return {0, reason}; }
 
-    /// True on success.
+    // True on success.
     explicit operator bool() const { return code_ == 0 && reason_ == nullptr; }
-    /// The native code; 0 on success and where there is none.
+    // The native code; 0 on success and where there is none.
     uint32_t code() const { return code_; }
-    /// True for a failure of this kind, whichever of the native codes for it was given.
+    // True for a failure of this kind, whichever of the native codes for it was given.
     bool is(failure kind) const;
-    /// The reason, in the words of the operating system if they are its own: "No space left on device". One
-    /// line without full stop; empty on success.
+    // The reason, in the words of the operating system if they are its own: "No space left on device". One
+    // line without full stop; empty on success.
     wide_string text() const;
 
 private:

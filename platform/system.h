@@ -23,104 +23,104 @@ enum class entry_kind { none, file, folder };
 enum class access { read, read_write };
 enum class disposition { open_existing, create_always };
 
-/// What exists under a path; `bytes` is the size of a file, 0 for anything else.
+// What exists under a path; `bytes` is the size of a file, 0 for anything else.
 struct entry_status {
     entry_kind kind = entry_kind::none;
     uint64_t bytes = 0;
 };
 
-/// One direct entry of a folder. For a link `is_folder` is about its target.
+// One direct entry of a folder. For a link `is_folder` is about its target.
 struct folder_entry {
     wide_string name;
     bool is_folder = false;
     bool is_link = false;
 };
 
-/// One entry of a tree of folders, with its full path.
+// One entry of a tree of folders, with its full path.
 struct tree_entry {
     wide_string path;
     bool is_folder = false;
 };
 
-/// An open file; closed by the destructor. One thread at a time.
+// An open file; closed by the destructor. One thread at a time.
 class file {
 public:
     virtual ~file() = default;
 
-    /// Reads up to `length` bytes from the current position. `count` is what was read: fewer than `length` at
-    /// the end of the file, which is a success, and on failure.
+    // Reads up to `length` bytes from the current position. `count` is what was read: fewer than `length` at
+    // the end of the file, which is a success, and on failure.
     virtual outcome read(void* buffer, size_t length, size_t& count) = 0;
-    /// Reads exactly `length` bytes; fails where the file ends before.
+    // Reads exactly `length` bytes; fails where the file ends before.
     outcome read_whole(void* buffer, size_t length);
-    /// Writes all `length` bytes at the current position; on failure some may have been written.
+    // Writes all `length` bytes at the current position; on failure some may have been written.
     virtual outcome write(const void* bytes, size_t length) = 0;
-    /// Moves the position to the end of the file.
+    // Moves the position to the end of the file.
     virtual outcome seek_end() = 0;
-    /// Current size in bytes; 0 on failure.
+    // Current size in bytes; 0 on failure.
     virtual uint64_t size() = 0;
-    /// Closes it before the destructor would; nothing else is called after that. Fails if the operating
-    /// system could not keep what was written: some report it only here.
+    // Closes it before the destructor would; nothing else is called after that. Fails if the operating
+    // system could not keep what was written: some report it only here.
     virtual outcome close() = 0;
 };
 
-/// All functions may be called from any thread, but see `system_override`.
+// All functions may be called from any thread, but see `system_override`.
 class system {
 public:
     virtual ~system() = default;
 
-    /// Returns what exists under `path`, following links; `none` also for a broken link, a device or a pipe.
+    // Returns what exists under `path`, following links; `none` also for a broken link, a device or a pipe.
     virtual entry_kind kind_of(const wide_string& path) = 0;
-    /// Returns the size of a file in bytes; 0 for a folder and on failure.
+    // Returns the size of a file in bytes; 0 for a folder and on failure.
     virtual uint64_t file_size(const wide_string& path) = 0;
 
-    /// Returns both in one call.
+    // Returns both in one call.
     virtual entry_status status_of(const wide_string& path) { return {kind_of(path), file_size(path)}; }
 
-    /// Copies a regular file with its modification time and permissions (attributes), as far as the target's
-    /// file system has them. Fails if the target exists, also in another letter case, unless `replace`, and
-    /// if the source changes while it is read. After a failure there is no new target, and one that was to be
-    /// replaced is as before. On POSIX holes of a sparse file stay holes, and blocks are shared where the
-    /// file system can.
+    // Copies a regular file with its modification time and permissions (attributes), as far as the target's
+    // file system has them. Fails if the target exists, also in another letter case, unless `replace`, and
+    // if the source changes while it is read. After a failure there is no new target, and one that was to be
+    // replaced is as before. On POSIX holes of a sparse file stay holes, and blocks are shared where the
+    // file system can.
     virtual outcome copy_file(const wide_string& source, const wide_string& target, bool replace) = 0;
-    /// Removes a file, read-only too, or a link but not its target; fails for a folder.
+    // Removes a file, read-only too, or a link but not its target; fails for a folder.
     virtual outcome delete_file(const wide_string& path) = 0;
-    /// Creates one level; fails if the name exists in any letter case or the level above does not.
+    // Creates one level; fails if the name exists in any letter case or the level above does not.
     virtual outcome create_folder(const wide_string& path) = 0;
-    /// Removes an empty folder; fails if it holds anything.
+    // Removes an empty folder; fails if it holds anything.
     virtual outcome remove_folder(const wide_string& path) = 0;
-    /// Fills `entries` with the direct entries of the folder `path`, without "." and "..", ordered by name.
-    /// They are empty on failure, also if the folder could not be read to its end.
+    // Fills `entries` with the direct entries of the folder `path`, without "." and "..", ordered by name.
+    // They are empty on failure, also if the folder could not be read to its end.
     virtual outcome list(const wide_string& path, std::vector<folder_entry>& entries) = 0;
 
-    /// Sets `spelling` to the name that the listing of `folder` has for `name`, compared without letter case
-    /// ("." and ".." are their own spelling). Returns false, with `spelling` unchanged, if there is none.
+    // Sets `spelling` to the name that the listing of `folder` has for `name`, compared without letter case
+    // ("." and ".." are their own spelling). Returns false, with `spelling` unchanged, if there is none.
     virtual bool true_name(const wide_string& folder, const wide_string& name, wide_string& spelling) = 0;
-    /// True if both paths lead to the same existing file or folder, through links or other spellings too.
+    // True if both paths lead to the same existing file or folder, through links or other spellings too.
     virtual bool same_file(const wide_string& a, const wide_string& b) = 0;
-    /// Moves `from` to `to` within one folder in one step, replacing a file of that name, a read-only one
-    /// too: a reader sees the old file or the new one. On failure both are as before.
+    // Moves `from` to `to` within one folder in one step, replacing a file of that name, a read-only one
+    // too: a reader sees the old file or the new one. On failure both are as before.
     virtual outcome rename_over(const wide_string& from, const wide_string& to) = 0;
 
-    /// Opens a file. Others can read it meanwhile, but cannot write it while it is open to be written. The
-    /// caller owns `result`, which is null on failure. `create_always` creates the file or empties it.
-    /// The failure `in_use` means that another program has the file open in a way that excludes this one; a
-    /// later try can succeed.
+    // Opens a file. Others can read it meanwhile, but cannot write it while it is open to be written. The
+    // caller owns `result`, which is null on failure. `create_always` creates the file or empties it.
+    // The failure `in_use` means that another program has the file open in a way that excludes this one; a
+    // later try can succeed.
     virtual outcome open(const wide_string& path, access wanted, disposition how,
                          std::unique_ptr<file>& result) = 0;
-    /// Sleeps about a millisecond, between two tries to open.
+    // Sleeps about a millisecond, between two tries to open.
     virtual void pause_1ms() = 0;
-    /// Sets `bytes` to what the user can still write on the volume of `folder`; unchanged on failure.
+    // Sets `bytes` to what the user can still write on the volume of `folder`; unchanged on failure.
     virtual outcome free_space(const wide_string& folder, uint64_t& bytes) = 0;
 };
 
-/// Returns the target's own system, never an override.
+// Returns the target's own system, never an override.
 system& operating_system();
 
-/// Returns the innermost override, or `operating_system()` if there is none.
+// Returns the innermost override, or `operating_system()` if there is none.
 system& current_system();
 
-/// Makes `replacement` the current system as long as this object exists. Overrides nest; they are created and
-/// destroyed on one thread while no other thread uses the system.
+// Makes `replacement` the current system as long as this object exists. Overrides nest; they are created and
+// destroyed on one thread while no other thread uses the system.
 class system_override {
 public:
     explicit system_override(system& replacement);
@@ -132,18 +132,18 @@ private:
     system* previous_;
 };
 
-/// Returns the direct entries of `folder` as `list` does, or none if it fails.
+// Returns the direct entries of `folder` as `list` does, or none if it fails.
 std::vector<folder_entry> entries_or_none(system& files, const wide_string& folder);
 
-/// A folder that could not be listed.
+// A folder that could not be listed.
 struct unread_folder {
     wide_string path;
     outcome reason;
 };
 
-/// Returns all entries below `folder` at all depths, each folder before its content; empty if there is no
-/// such folder. A link to a folder that contains it is an entry but is not entered, so the walk always ends.
-/// A folder that cannot be read counts as empty, and is added to `unread`.
+// Returns all entries below `folder` at all depths, each folder before its content; empty if there is no
+// such folder. A link to a folder that contains it is an entry but is not entered, so the walk always ends.
+// A folder that cannot be read counts as empty, and is added to `unread`.
 std::vector<tree_entry> list_tree(system& files, const wide_string& folder,
                                   std::vector<unread_folder>* unread = nullptr);
 

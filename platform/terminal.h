@@ -7,35 +7,35 @@
 
 namespace vs::project_resave::platform {
 
-/// Returns what the program was started with, without its own name, from the parameters of `main`; on Windows
-/// in UTF-8 whatever the code page of the operating system is.
+// Returns what the program was started with, without its own name, from the parameters of `main`; on Windows
+// in UTF-8 whatever the code page of the operating system is.
 std::vector<std::string> program_arguments(int argc, char** argv);
 
 enum class line_result { read, ended, interrupted };
 
-/// Used on one thread.
+// Used on one thread.
 class terminal {
 public:
     virtual ~terminal() = default;
 
-    /// True if what is written goes to a screen and not to a file.
+    // True if what is written goes to a screen and not to a file.
     virtual bool shows() = 0;
-    /// True if the user can be asked: there is a screen and a keyboard.
+    // True if the user can be asked: there is a screen and a keyboard.
     virtual bool asks() = 0;
-    /// Returns the number of columns of the screen; 80 if there is none.
+    // Returns the number of columns of the screen; 80 if there is none.
     virtual unsigned width() = 0;
 
-    /// Writes UTF-8 at once, to the error output, so that the program's results stay apart.
+    // Writes UTF-8 at once, to the error output, so that the program's results stay apart.
     virtual void write(std::string_view text) = 0;
-    /// Waits for a line and sets `line` to it, without its end. `interrupted`: Ctrl-C came meanwhile.
+    // Waits for a line and sets `line` to it, without its end. `interrupted`: Ctrl-C came meanwhile.
     virtual line_result read_line(std::string& line) = 0;
 
-    /// True from a Ctrl-C until the next `forget_interrupt`.
+    // True from a Ctrl-C until the next `forget_interrupt`.
     virtual bool interrupted() = 0;
     virtual void forget_interrupt() = 0;
 };
 
-/// The terminal of this process, one at a time. As long as it exists Ctrl-C does not end the program.
+// The terminal of this process, one at a time. As long as it exists Ctrl-C does not end the program.
 class process_terminal final : public terminal {
 public:
     process_terminal();

@@ -12,7 +12,7 @@
 
 namespace vs::project_resave::platform {
 
-/// Returns what a call of the operating system returns, made again for as long as a signal interrupts it.
+// Returns what a call of the operating system returns, made again for as long as a signal interrupts it.
 template <typename Call>
 auto again_if_interrupted(const Call& call) {
     auto answer = call();
@@ -38,9 +38,9 @@ public:
     explicit operator bool() const { return number_ >= 0; }
     int get() const { return number_; }
 
-    /// Gives the descriptor up; the caller closes it.
+    // Gives the descriptor up; the caller closes it.
     int release() { return std::exchange(number_, -1); }
-    /// False if the operating system could not keep what was written. A second call does nothing.
+    // False if the operating system could not keep what was written. A second call does nothing.
     bool close() {
         const int number = std::exchange(number_, -1);
         return number < 0 || ::close(number) == 0;
@@ -50,12 +50,12 @@ private:
     int number_;
 };
 
-/// Creates a file, or opens one without waiting as a pipe would make us. `flags`, beside O_CREAT, and `mode`
-/// as the operating system's open takes them.
+// Creates a file, or opens one without waiting as a pipe would make us. `flags`, beside O_CREAT, and `mode`
+// as the operating system's open takes them.
 outcome create_native(const std::string& path, int flags, unsigned mode, descriptor& opened);
-/// Opens without waiting what exists in the spelling asked for, or else in another.
+// Opens without waiting what exists in the spelling asked for, or else in another.
 outcome open_existing(const wide_string& path, int flags, descriptor& opened);
-/// The status of what was opened; fails unless it is a regular file.
+// The status of what was opened; fails unless it is a regular file.
 outcome regular_status(const descriptor& opened, struct stat& status);
 
 } // namespace vs::project_resave::platform

@@ -21,25 +21,25 @@
 
 namespace vs::project_resave::platform {
 
-/// Paths are native, absolute and without separator at the end. May be used from any thread.
+// Paths are native, absolute and without separator at the end. May be used from any thread.
 class folder_names {
 public:
-    /// Asks `folders`, which outlives it.
+    // Asks `folders`, which outlives it.
     explicit folder_names(held_folders& folders) : held_(folders) {}
 
-    /// Returns the spelling that `folder` has for `name`: the exact one if it exists, else the first in byte
-    /// order; nothing if there is none. Sets `is_folder` to whether the folder could be read under exactly
-    /// this path. Costs the same for any number of entries, once the folder has been read.
+    // Returns the spelling that `folder` has for `name`: the exact one if it exists, else the first in byte
+    // order; nothing if there is none. Sets `is_folder` to whether the folder could be read under exactly
+    // this path. Costs the same for any number of entries, once the folder has been read.
     std::optional<std::string> find(const std::string& folder, std::string_view name, bool& is_folder);
 
-    /// Must be called around a change that this process makes in the folder of `path`: the first before it,
-    /// unless `find` was called just now; then one of the others if the change was made. Without them the
-    /// folder is read again.
+    // Must be called around a change that this process makes in the folder of `path`: the first before it,
+    // unless `find` was called just now; then one of the others if the change was made. Without them the
+    // folder is read again.
     void before_change(const std::string& path);
     void created(const std::string& path);
     void removed(const std::string& path);
 
-    /// Forgets all folders.
+    // Forgets all folders.
     void clear();
 
 private:

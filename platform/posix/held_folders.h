@@ -20,19 +20,19 @@
 
 namespace vs::project_resave::platform {
 
-/// Paths are native, absolute and without separator at the end. May be used from any thread; one that waits
-/// for a slow disk makes the others wait.
+// Paths are native, absolute and without separator at the end. May be used from any thread; one that waits
+// for a slow disk makes the others wait.
 class held_folders {
 public:
-    /// Opens what is there, without waiting as a pipe would make us. `flags` as the operating system's open
-    /// takes them, without O_CREAT.
+    // Opens what is there, without waiting as a pipe would make us. `flags` as the operating system's open
+    // takes them, without O_CREAT.
     outcome open(const std::string& path, int flags, descriptor& opened);
-    /// Sets `found` to what exists under exactly this path, following links; false if nothing does.
+    // Sets `found` to what exists under exactly this path, following links; false if nothing does.
     bool status(const std::string& path, struct stat& found);
-    /// The same for what must be a folder. A removed folder, or one created in its place, is noticed at once.
+    // The same for what must be a folder. A removed folder, or one created in its place, is noticed at once.
     bool folder_status(const std::string& folder, struct stat& found);
 
-    /// Must be called when an entry was removed or renamed: closes it and the folders below it.
+    // Must be called when an entry was removed or renamed: closes it and the folders below it.
     void forget(std::string_view path);
     void clear();
 

@@ -18,11 +18,11 @@ struct text_row {
 
 enum class image_kind { bitmap, icon };
 
-/// Makes the module "vsk_basic" present and returns it; called by the host. A second call changes nothing.
+// Makes the module "vsk_basic" present and returns it; called by the host. A second call changes nothing.
 module_handle register_host_basic_module();
 
-/// The function by which a program that is the host passes the rows of "vsk_basic" to the libraries it loads;
-/// the rows are valid as long as the process.
+// The function by which a program that is the host passes the rows of "vsk_basic" to the libraries it loads;
+// the rows are valid as long as the process.
 struct text_row_list {
     const text_row* first;
     size_t count;
@@ -30,12 +30,12 @@ struct text_row_list {
 using host_text_rows = text_row_list (*)();
 inline constexpr const char* host_text_rows_name = "vs_host_text_rows";
 
-/// Adds rows to a module; a row that is registered again replaces the earlier one. The texts are not copied
-/// and must outlive the last look-up.
+// Adds rows to a module; a row that is registered again replaces the earlier one. The texts are not copied
+// and must outlive the last look-up.
 void register_text_rows(module_handle module, std::span<const text_row> rows);
 
-/// Adds an image in BMP form. As an icon it keeps its transparency (32 bits for each pixel). The bytes are
-/// not copied and must outlive the last look-up.
+// Adds an image in BMP form. As an icon it keeps its transparency (32 bits for each pixel). The bytes are
+// not copied and must outlive the last look-up.
 void register_image(module_handle module, uint32_t id, std::span<const unsigned char> bmp,
                     image_kind kind = image_kind::bitmap);
 

@@ -16,7 +16,7 @@
 
 namespace vs::project_resave::platform {
 
-/// A native path, or the reason why there is none.
+// A native path, or the reason why there is none.
 struct native_answer {
     std::string path;
     outcome result;
@@ -24,48 +24,48 @@ struct native_answer {
     explicit operator bool() const { return bool(result); }
 };
 
-/// May be used from any thread. Native paths are absolute, without "." and "..", and have no separator at
-/// the end.
+// May be used from any thread. Native paths are absolute, without "." and "..", and have no separator at
+// the end.
 class volumes {
 public:
-    /// Z: is the root folder; the others come from the variable VESTRA_DRIVES ("C=/data/c;N=/mnt/n"), parts
-    /// of which are skipped if their form is wrong.
+    // Z: is the root folder; the others come from the variable VESTRA_DRIVES ("C=/data/c;N=/mnt/n"), parts
+    // of which are skipped if their form is wrong.
     volumes();
 
-    /// Makes `folder` (native, relative to the current folder) the drive `letter`, in place of the folder it
-    /// had. False if `letter` is not a letter or `folder` does not exist.
+    // Makes `folder` (native, relative to the current folder) the drive `letter`, in place of the folder it
+    // had. False if `letter` is not a letter or `folder` does not exist.
     bool add(char letter, const std::string& folder);
-    /// The same for a text "C=/data/c".
+    // The same for a text "C=/data/c".
     bool add_assignment(std::string_view assignment);
-    /// Forgets all drives and folders and starts again as the constructor does. For tests.
+    // Forgets all drives and folders and starts again as the constructor does. For tests.
     void reset();
 
-    /// Returns all drives in the form of the variable, including Z:.
+    // Returns all drives in the form of the variable, including Z:.
     std::string assignments() const;
 
-    /// Returns the native path of a drive path. A path without drive starts from the current folder, or from
-    /// the root folder if it begins with one separator. With `must_exist` it fails if there is no such entry
-    /// (a broken link is one); without, the part that does not exist keeps the spelling asked for. Fails for
-    /// an unknown drive, a network path, an embedded zero, an empty path.
+    // Returns the native path of a drive path. A path without drive starts from the current folder, or from
+    // the root folder if it begins with one separator. With `must_exist` it fails if there is no such entry
+    // (a broken link is one); without, the part that does not exist keeps the spelling asked for. Fails for
+    // an unknown drive, a network path, an embedded zero, an empty path.
     native_answer native(const wide_string& drive_path, bool must_exist);
-    /// The same without looking at the disk: the spelling is the one asked for.
+    // The same without looking at the disk: the spelling is the one asked for.
     native_answer as_asked(const wide_string& drive_path) const;
-    /// For the native path `asked` under which nothing exists: returns the path of what its folder lists by
-    /// that name in any spelling, also in the one asked for if it was created meanwhile.
+    // For the native path `asked` under which nothing exists: returns the path of what its folder lists by
+    // that name in any spelling, also in the one asked for if it was created meanwhile.
     std::optional<std::string> as_listed(const std::string& asked);
-    /// Returns what exists under a drive path, in the spelling asked for, which is nearly always the right
-    /// one, or else in another; links are followed.
+    // Returns what exists under a drive path, in the spelling asked for, which is nearly always the right
+    // one, or else in another; links are followed.
     std::optional<struct stat> status(const wide_string& drive_path);
-    /// Returns what `native` does without `must_exist`; cheaper where the name is likely to be free.
+    // Returns what `native` does without `must_exist`; cheaper where the name is likely to be free.
     native_answer to_create(const wide_string& drive_path);
 
-    /// Returns the path on the drive with the longest folder that contains `native`, which is relative to the
-    /// current folder and need not exist.
+    // Returns the path on the drive with the longest folder that contains `native`, which is relative to the
+    // current folder and need not exist.
     wide_string drive_path(const std::string& native) const;
 
-    /// The names of folders, for those who change them or ask for a spelling.
+    // The names of folders, for those who change them or ask for a spelling.
     folder_names& names() { return names_; }
-    /// The folders asked for last, for those who open or look at what is in them.
+    // The folders asked for last, for those who open or look at what is in them.
     held_folders& held() { return held_; }
 
 private:
@@ -78,7 +78,7 @@ private:
     mutable std::mutex mutex_;
 };
 
-/// The volumes of this process.
+// The volumes of this process.
 volumes& mapped_volumes();
 
 } // namespace vs::project_resave::platform

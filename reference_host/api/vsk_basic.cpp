@@ -13,8 +13,6 @@ using vestra::wide_string;
 
 namespace {
 
-constexpr std::uint64_t largest_picture = std::uint64_t{1} << 28; // bytes
-
 constexpr uint32_t yes = 0, no = 1;
 
 } // namespace
@@ -92,14 +90,6 @@ double vs_round_dbl(double value, int32_t decimals) {
     return std::isfinite(rounded) ? rounded : value;
 }
 
-vs_dib* vs_dib_create(uint32_t width, uint32_t height) {
-    if (std::uint64_t{width} * height > largest_picture / 3) return nullptr;
-    return guarded([&] {
-        std::vector<std::uint8_t> bits(std::size_t{3} * width * height);
-        return create<vs_dib>(picture{{}, width, height, std::move(bits)});
-    });
-}
-
 void vs_dib_destroy(vs_dib* dib) { destroy(dib); }
 
 uint32_t vs_dib_get_width(const vs_dib* dib) {
@@ -137,8 +127,6 @@ void any_assign_wstring(vs_any* value, const char16_t* text) {
 }
 
 vs_tuple* tuple_init() { return create<vs_tuple>(); }
-
-void tuple_destroy(vs_tuple* tuple) { destroy(tuple); }
 
 uint32_t tuple_get_size(const vs_tuple* tuple) {
     return on(tuple, [](auto& values) { return static_cast<uint32_t>(values.elements.size()); });

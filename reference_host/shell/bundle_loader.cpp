@@ -42,7 +42,10 @@ std::optional<load_error> bundle_loader::start(entry_function entry) {
 }
 
 std::optional<load_error> bundle_loader::load(const wide_string& path) {
-    if (find(path) != bundles_.end()) return load_error{path, u"the bundle is loaded already"};
+    const auto is_this = [&](const auto& bundle) {
+        return platform::current_system().same_file(bundle->path(), path);
+    };
+    if (std::ranges::any_of(bundles_, is_this)) return load_error{path, u"the bundle is loaded already"};
 
     wide_string reason;
     auto library = platform::library::open(path, reason);
@@ -59,19 +62,6 @@ std::optional<load_error> bundle_loader::start(entry_function entry, std::unique
     call<&bundle_impl::start>(started, bundle->context());
     bundles_.push_back(std::move(bundle));
     return std::nullopt;
-}
-
-bundle_loader::bundle_list::iterator bundle_loader::find(const wide_string& path) {
-    return std::ranges::find_if(bundles_, [&](const auto& bundle) {
-        return platform::current_system().same_file(bundle->path(), path);
-    });
-}
-
-bool bundle_loader::unload(const wide_string& path) {
-    const auto bundle = find(path);
-    if (bundle == bundles_.end()) return false;
-    bundles_.erase(bundle);
-    return true;
 }
 
 void bundle_loader::unload_all() {

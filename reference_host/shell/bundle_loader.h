@@ -35,10 +35,6 @@ public:
     std::optional<load_error> start(entry_function entry);
     std::optional<load_error> load(const wide_string& path);
 
-    // Takes out the bundle of this library: its services are released and its factories forgotten before the
-    // library goes. False if none of this path is loaded.
-    bool unload(const wide_string& path);
-
     // Releases the registry's services, then takes the bundles out, the last one first: its factories are
     // forgotten before its library goes.
     void unload_all();
@@ -49,7 +45,6 @@ private:
     using bundle_list = std::vector<std::unique_ptr<loaded_bundle>>;
 
     std::optional<load_error> start(entry_function entry, std::unique_ptr<loaded_bundle> bundle);
-    bundle_list::iterator find(const wide_string& path);
 
     service_registry& registry_;
     bundle_list bundles_;

@@ -144,11 +144,6 @@ std::vector<const element_view*> all_named(const element_view& root, const std::
     return found;
 }
 
-const element_view* find_named(const element_view& root, const std::string& name) {
-    const auto found = all_named(root, name);
-    return found.size() == 1 ? found.front() : nullptr;
-}
-
 const row_view* find_row(const element_view& root, const std::string& path, const element_view*& outline) {
     std::vector<const element_view*> outlines;
     collect(

@@ -14,8 +14,6 @@ void name_elements(element_view& root);
 // The element of this name, or, where no name fits, those that have a name and whose caption it is, in any
 // letter case.
 std::vector<const element_view*> all_named(const element_view& root, const std::string& name);
-// The only one of these; null if there is none, or several.
-const element_view* find_named(const element_view& root, const std::string& name);
 
 // The row of "NAME/ROW/ROW...", where a ROW is the number that the description shows or, where no row has it,
 // a text. `outline` is the element it stands in. Null if there is none.

@@ -116,7 +116,7 @@ TEST_F(sketches, a_bundle_that_goes_between_load_and_run_takes_nothing_but_its_o
     pin({u"Quarry", u"C:\\prj\\field\\quarry.txt"});
     builder.save(source);
     load();
-    ASSERT_TRUE(loader.unload(sample_path()));
+    sample_loader.unload_all();
     resave_and_read();
     EXPECT_EQ(texts{u"Area: Copy error plan.sketch\n"}, problems);
     EXPECT_EQ("Quarry > C:\\prj\\field\\quarry.txt\n", notes());

@@ -14,6 +14,7 @@ protected:
     ~services_run() override {
         context.reset();
         services.clear();
+        sample_loader.unload_all();
         loader.unload_all();
     }
 
@@ -33,7 +34,7 @@ protected:
         context.emplace(&services, asked);
     }
     void load_sample() {
-        const auto error = loader.load(sample_path());
+        const auto error = sample_loader.load(sample_path());
         ASSERT_FALSE(error) << platform::to_utf8(error->reason);
     }
     static wide_string sample_path() { return platform::drive_path(VS_SAMPLE_BUNDLE); }
@@ -41,6 +42,7 @@ protected:
     // Runs with what is offered by now, into an empty folder.
     void run_anew() {
         clear_output();
+        sample_loader.unload_all();
         loader.unload_all();
         start(false);
         run();
@@ -52,7 +54,7 @@ private:
     vestra::shell::service_registry registry; // in force instead of the fixture's
 
 protected:
-    vestra::shell::bundle_loader loader{registry};
+    vestra::shell::bundle_loader loader{registry}, sample_loader{registry};
 };
 
 } // namespace vs::project_resave

@@ -41,7 +41,7 @@ protected:
     // The rows of a list.
     std::string rows(const std::string& list) {
         const element_view view = look();
-        const std::string text = described(*find_named(view, list));
+        const std::string text = described(*all_named(view, list).at(0));
         return text.substr(text.find('\n') + 1);
     }
     void check(const std::string& path, bool on, decltype(check_row)& act = check_row) {

@@ -15,6 +15,7 @@ namespace vs::project_resave {
 
 // An element without a uuid, or none at all, shows the error box "Error select"; the answer is then false,
 // null or empty, and the caller goes on.
+// Kept for other bundles; nothing here calls it.
 bool entity_has_uuid(vs_entity* entity);
 vs_uuid* entity_uuid(vs_entity* entity);
 wide_string entity_uuid_text(vs_entity* entity);

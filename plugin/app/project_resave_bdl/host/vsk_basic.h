@@ -22,7 +22,9 @@ void vs_wstrings_add(vs_wstrings* list, const char16_t* text);
 // the text is a uuid; a path never is.
 vs_uuid* vs_uuid_create();
 void vs_uuid_destroy(vs_uuid* uuid);
+// Kept for other bundles; nothing here calls it.
 void vs_uuid_assign(vs_uuid* target, const vs_uuid* source);
+// Kept for other bundles; nothing here calls it.
 bool vs_uuid_equal(const vs_uuid* a, const vs_uuid* b);
 bool vs_uuid_has_value(const vs_uuid* uuid);
 void vs_uuid_to_string(const vs_uuid* uuid, vs_string_adp* out);
@@ -41,14 +43,13 @@ bool vs_options_get_invert_layers();
 double vs_round_dbl(double value, int32_t decimals);
 
 // Pictures: a top-down image, three bytes to a pixel. Owned by the one who created it.
-vs_dib* vs_dib_create(uint32_t width, uint32_t height);
 void vs_dib_destroy(vs_dib* dib);
 uint32_t vs_dib_get_width(const vs_dib* dib);
 uint32_t vs_dib_get_height(const vs_dib* dib);
 uint8_t* vs_dib_get_bits(vs_dib* dib);
 
 // Dynamic values. Type codes: 0 empty, 1 tuple, 6 wide string; others pass untouched.
-// any_assign_tuple takes the tuple over; a tuple never given away is freed by tuple_destroy. What
+// any_assign_tuple takes the tuple over. What
 // any_get_tuple and tuple_get_element answer belongs to the value it was asked of; null if there is none.
 uint32_t any_get_type(const vs_any* value);
 vs_tuple* any_get_tuple(vs_any* value);
@@ -56,7 +57,6 @@ void any_get_wstring(const vs_any* value, vs_string_adp* out);
 void any_assign_tuple(vs_any* value, vs_tuple* tuple);
 void any_assign_wstring(vs_any* value, const char16_t* text);
 vs_tuple* tuple_init();
-void tuple_destroy(vs_tuple* tuple);
 uint32_t tuple_get_size(const vs_tuple* tuple);
 void tuple_resize(vs_tuple* tuple, uint32_t size);
 vs_any* tuple_get_element(vs_tuple* tuple, uint32_t index);

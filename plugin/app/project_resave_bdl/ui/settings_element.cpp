@@ -22,8 +22,7 @@ settings_element::settings_element(const resave_services* services)
       source_label_(load_string(text::select_source_project)),
       source_field_(file_input_mode::source_project, load_string(text::project_file_mask),
                     load_string(text::choose_source_project)),
-      load_button_(load_string(text::load_current_project), {}, [this] { load_current(); }),
-      save_button_(load_string(text::save_settings), load_string(text::save_settings), [] {}), header_(2, 3),
+      load_button_(load_string(text::load_current_project), {}, [this] { load_current(); }), header_(2, 3),
       prj_tab_(source_path_, new_path_), left_column_(2, 1), selection_(context_), main_layout_(1, 2) {
     source_field_.set_validator([this](const wide_string& text) { return load_from_field(text); });
     load_button_.set_enabled(!path_is_relative(host_project_path_));

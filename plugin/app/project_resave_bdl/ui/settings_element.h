@@ -62,7 +62,6 @@ private:
     toolkit::label source_label_;
     toolkit::file_input source_field_;
     toolkit::button load_button_;
-    toolkit::button save_button_; // in no layout: nothing is kept between sessions
     toolkit::grid_span_layout header_;
     save_prj_tab prj_tab_;
     save_struct_tab struct_tab_;

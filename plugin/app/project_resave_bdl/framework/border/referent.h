@@ -52,6 +52,7 @@ public:
     void remove_referrer(referrer_pointer referrer) override;
     // The referent whose life counts for this object.
     virtual referent_pointer self() = 0;
+    // Kept for other bundles; nothing here calls it.
     virtual void as_referent(referent_pointer& out);
     // Tells each referrer that is left on_referent_closed().
     virtual ~objbase();

@@ -51,6 +51,7 @@ private:
     std::vector<wide_string>& texts_;
 };
 
+// Kept for other bundles; nothing here calls it.
 class stdwstring_set_visitor final : public string_visitor_impl {
 public:
     explicit stdwstring_set_visitor(std::set<wide_string>& target) : texts_(target) {}

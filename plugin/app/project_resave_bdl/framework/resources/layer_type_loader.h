@@ -20,6 +20,7 @@ public:
 };
 
 // Place of the layer's type in the list, or -1; also -1 for a null layer.
+// Kept for other bundles; nothing here calls it.
 int32_t layer_type_index(const std::vector<layer_type_bitmap>& types, vs_lr* layer);
 
 } // namespace vs::project_resave

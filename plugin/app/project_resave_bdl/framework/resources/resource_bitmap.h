@@ -33,9 +33,11 @@ struct mask_colour {
 
 // The picture in the present language, else in the base one; through the localizer if there is one, like
 // texts. A whole bitmap is opaque; with a mask colour the pixels of that colour are transparent.
+// Kept for other bundles; nothing here calls it.
 resource::masked_bitmap load_bitmap(const string_key& key);
 resource::masked_bitmap load_bitmap_with_mask(const string_key& key, const mask_colour& transparent);
 // An icon, or failing that a cursor, with its own mask.
+// Kept for other bundles; nothing here calls it.
 resource::masked_bitmap load_icon(const string_key& key);
 
 } // namespace vs::project_resave
