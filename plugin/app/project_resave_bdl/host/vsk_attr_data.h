@@ -1,6 +1,6 @@
-// Host library vsk_attr_data: DBF tables, the tables joined to them, and their fields.
-// Implemented by the host, called by bundles on the main thread. host/types.h has the rules on null handles,
-// ownership, texts and indexes. A table of a project belongs to the project, a layer's to the layer.
+// Host library vsk_attr_data: DBF tables, the tables joined to them, and their fields. Implemented by the
+// host, called by bundles on the main thread. host/types.h has the rules on null handles, ownership, texts
+// and indexes. A table of a project belongs to the project, a layer's to the layer.
 #pragma once
 
 #include "host/types.h"

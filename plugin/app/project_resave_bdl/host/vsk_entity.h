@@ -1,6 +1,6 @@
-// Host library vsk_entity: what every element of a project has, and containers of elements.
-// Implemented by the host, called by bundles on the main thread. host/types.h has the rules on null handles,
-// ownership, texts and indexes. Every entity belongs to its container, in the end to the project.
+// Host library vsk_entity: what every element of a project has, and containers of elements. Implemented by
+// the host, called by bundles on the main thread. host/types.h has the rules on null handles, ownership,
+// texts and indexes. Every entity belongs to its container, in the end to the project.
 #pragma once
 
 #include "host/types.h"

@@ -1,6 +1,5 @@
-// Host library vsk_file_tos4: reading of TOS files, the files of OAT tables.
-// Implemented by the host, called by bundles on the main thread. host/types.h has the rules on null handles,
-// ownership, texts and indexes.
+// Host library vsk_file_tos4: reading of TOS files, the files of OAT tables. Implemented by the host, called
+// by bundles on the main thread. host/types.h has the rules on null handles, ownership, texts and indexes.
 #pragma once
 
 #include "host/types.h"

@@ -1,6 +1,6 @@
-// Host library vsk_lr2d: 2D layers.
-// Implemented by the host, called by bundles on the main thread. host/types.h has the rules on null handles,
-// ownership and texts. The three getters return what those of vsk_lr return for the same layer.
+// Host library vsk_lr2d: 2D layers. Implemented by the host, called by bundles on the main thread.
+// host/types.h has the rules on null handles, ownership and texts. The three getters return what those of
+// vsk_lr return for the same layer.
 #pragma once
 
 #include "host/types.h"

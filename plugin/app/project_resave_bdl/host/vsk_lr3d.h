@@ -1,6 +1,6 @@
-// Host library vsk_lr3d: 3D layers.
-// Implemented by the host, called by bundles on the main thread. host/types.h has the rules on null handles,
-// ownership and texts. Type and caption are what vsk_lr returns for the same layer.
+// Host library vsk_lr3d: 3D layers. Implemented by the host, called by bundles on the main thread.
+// host/types.h has the rules on null handles, ownership and texts. Type and caption are what vsk_lr returns
+// for the same layer.
 #pragma once
 
 #include "host/types.h"

@@ -1,7 +1,6 @@
-// Host library vsk_msgs: progress and wait windows, message boxes.
-// Implemented by the host, called by bundles on the main thread. host/types.h has the rules on null handles,
-// ownership and texts. Texts are complete and in the user's language. Every box is modal: the call returns
-// when the user has answered it.
+// Host library vsk_msgs: progress and wait windows, message boxes. Implemented by the host, called by bundles
+// on the main thread. host/types.h has the rules on null handles, ownership and texts. Texts are complete and
+// in the user's language. Every box is modal: the call returns when the user has answered it.
 #pragma once
 
 #include "host/types.h"

@@ -1,7 +1,7 @@
-// Host library vsk_prj: the project and its containers.
-// Implemented by the host, called by bundles on the main thread. host/types.h has the rules on null handles,
-// ownership, texts and indexes. Containers belong to the project and exist, perhaps empty, as long as it
-// does; reading a file into the project replaces what is in them, and the plug-in collections themselves.
+// Host library vsk_prj: the project and its containers. Implemented by the host, called by bundles on the
+// main thread. host/types.h has the rules on null handles, ownership, texts and indexes. Containers belong to
+// the project and exist, perhaps empty, as long as it does; reading a file into the project replaces what is
+// in them, and the plug-in collections themselves.
 #pragma once
 
 #include "host/types.h"

@@ -1,6 +1,5 @@
-// Host library vsk_shp_lr2d: 2D shape layers.
-// Implemented by the host, called by bundles on the main thread. host/types.h has the rules on null handles
-// and ownership.
+// Host library vsk_shp_lr2d: 2D shape layers. Implemented by the host, called by bundles on the main thread.
+// host/types.h has the rules on null handles and ownership.
 #pragma once
 
 #include "host/types.h"

@@ -1,6 +1,6 @@
-// Host library vsk_styles: style managers, which say how a layer is drawn, and map legends.
-// Implemented by the host, called by bundles on the main thread. host/types.h has the rules on null handles,
-// ownership, texts and indexes. The manager and list of a layer belong to the layer, legends to the project.
+// Host library vsk_styles: style managers, which say how a layer is drawn, and map legends. Implemented by
+// the host, called by bundles on the main thread. host/types.h has the rules on null handles, ownership,
+// texts and indexes. The manager and list of a layer belong to the layer, legends to the project.
 #pragma once
 
 #include "host/types.h"

@@ -1,6 +1,6 @@
-// Host library vsk_tos_data: OAT tables, whose files are TOS files.
-// Implemented by the host, called by bundles on the main thread. host/types.h has the rules on null handles,
-// ownership, texts and indexes. Tables belong to the project.
+// Host library vsk_tos_data: OAT tables, whose files are TOS files. Implemented by the host, called by
+// bundles on the main thread. host/types.h has the rules on null handles, ownership, texts and indexes.
+// Tables belong to the project.
 #pragma once
 
 #include "host/types.h"

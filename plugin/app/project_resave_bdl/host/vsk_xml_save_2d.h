@@ -1,6 +1,6 @@
-// Host library vsk_xml_save_2d: files of 2D scenes ("._sn") and 2D layers ("._lr").
-// Implemented by the host, called by bundles on the main thread. host/types.h has the rules on null handles,
-// ownership and texts. The low byte of a result is 1 on success, 0 on failure; callers look at nothing else.
+// Host library vsk_xml_save_2d: files of 2D scenes ("._sn") and 2D layers ("._lr"). Implemented by the host,
+// called by bundles on the main thread. host/types.h has the rules on null handles, ownership and texts. The
+// low byte of a result is 1 on success, 0 on failure; callers look at nothing else.
 #pragma once
 
 #include "host/types.h"

@@ -1,6 +1,6 @@
-// Host library vsk_xml_save_3d: files of 3D scenes ("._sc") and 3D layers ("._lrd").
-// Implemented by the host, called by bundles on the main thread. host/types.h has the rules on null handles,
-// ownership and texts. The low byte of a result is 1 on success, 0 on failure; callers look at nothing else.
+// Host library vsk_xml_save_3d: files of 3D scenes ("._sc") and 3D layers ("._lrd"). Implemented by the host,
+// called by bundles on the main thread. host/types.h has the rules on null handles, ownership and texts. The
+// low byte of a result is 1 on success, 0 on failure; callers look at nothing else.
 #pragma once
 
 #include "host/types.h"
