@@ -43,7 +43,7 @@ vs_any* vs_lr_get_extra(vs_lr* layer, const char* key);
 vs_stl_mngr* vs_lr_get_style_mngr_ptr(vs_lr* layer);
 vs_stl_mngr_list* vs_lr_get_style_mngr_list_ptr(vs_lr* layer);
 
-// The tree of groups. A node is a group with nodes below it, or it stands for one layer of the scene and ends
+// The tree of groups. A node is a group with nodes below it, or it represents one layer of the scene and ends
 // with that layer.
 uint32_t vs_lr_group_get_count_child(vs_lr_group* group);
 vs_lr_group* vs_lr_group_get_child_by_index(vs_lr_group* group, uint32_t index);

@@ -1,4 +1,4 @@
-// Finds the services by which all bundles take part, this one's own among them.
+// Finds the services by which all bundles take part in a resave, this one's own among them. Main thread only.
 #pragma once
 
 #include <vector>
@@ -12,8 +12,9 @@ namespace vs::project_resave {
 using resave_services = std::vector<ref<resave_service_impl>>;
 using resave_entity_services = std::vector<ref<resave_entity_service_impl>>;
 
-// Append each service that runs under "vestra/resave_project", in the order in which the host tells them. An
-// entity service that is held already is not taken a second time.
+// Append a ref to each service that is registered under "vestra/resave_project" or under no id, in the order
+// in which the host finds them; services that do not run yet are started. An entity service that is in the
+// list already is not appended a second time.
 void collect_resave_services(resave_services& found);
 void collect_resave_entity_services(resave_entity_services& found);
 

@@ -28,7 +28,7 @@ protected:
 };
 using layer_type_service = interface_to<layer_type_service_impl>;
 
-// Who implements: whoever looks for layer types, as host/interfaces/service_visitor.h says.
+// Who implements: code that looks for layer types, as host/interfaces/service_visitor.h says.
 class layer_type_service_visitor_impl : public interface_of<layer_type_service_visitor_impl> {
 public:
     static constexpr const char* name = "vs_layer_type_service_visitor_interface_1";

@@ -57,7 +57,7 @@ protected:
 };
 using localizer_service = interface_to<localizer_service_impl>;
 
-// Who implements: whoever looks for the service, as host/interfaces/service_visitor.h says.
+// Who implements: code that looks for the service, as host/interfaces/service_visitor.h says.
 class localizer_service_visitor_impl : public interface_of<localizer_service_visitor_impl> {
 public:
     static constexpr const char* name = "vs_localizer_service_visitor_interface_1";

@@ -1,7 +1,7 @@
 // A picture with a mask, as it is passed between libraries, and the visitor that receives one.
 //
-// Who implements: whoever has the picture. Who calls: whoever receives it, and only during the call in which
-// it does: pixels are copied, the picture is not kept. Main thread only.
+// Who implements: code that has a picture. Who calls: code that receives it, and only during the call in
+// which it does: pixels are copied, the picture is not kept. Main thread only.
 #pragma once
 
 #include "framework/border/visitors.h"
@@ -17,7 +17,8 @@ public:
     // Passes the colours, in one call: three bytes for each pixel, blue, green, red. Does not call the
     // visitor if the picture is empty.
     virtual void visit_pixels(thrice_interleaved_bytes_visitor visitor) = 0;
-    // Passes the mask in the same way: one byte for each pixel, 0 transparent, 255 opaque.
+    // Passes the mask in the same way: one byte for each pixel, 0 transparent, 255 opaque. The pictures of
+    // this bundle come with the bottom row first and a negative stride.
     virtual void visit_mask(bytes_visitor visitor) = 0;
     using operations = operation_list<&masked_bitmap_impl::width, &masked_bitmap_impl::height,
                                       &masked_bitmap_impl::visit_pixels, &masked_bitmap_impl::visit_mask>;
@@ -27,7 +28,7 @@ protected:
 };
 using masked_bitmap = interface_to<masked_bitmap_impl>;
 
-// Who implements: whoever receives a picture, for the call.
+// Who implements: code that receives a picture, for the call.
 class masked_bitmap_visitor_impl : public interface_of<masked_bitmap_visitor_impl> {
 public:
     static constexpr const char* name = "vs_masked_bitmap_visitor_interface_0";

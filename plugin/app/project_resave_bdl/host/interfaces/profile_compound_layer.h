@@ -18,7 +18,7 @@ public:
     virtual int32_t member_count() = 0;
     virtual void reserved_4() {}
     virtual void reserved_5() {}
-    // Passes the uuid, as text, of the element that a member stands for. Does not call the visitor for an
+    // Passes the uuid, as text, of the element that a member represents. Does not call the visitor for an
     // index outside the count.
     virtual void member_uuid(int32_t index, string_visitor visitor) = 0;
     using operations =

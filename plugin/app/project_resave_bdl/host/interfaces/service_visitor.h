@@ -1,6 +1,6 @@
 // What every visitor implements that looks for services in the host's registry.
 //
-// Who implements: whoever looks for services, for one call of vs_service_registry_with_services. Who calls:
+// Who implements: code that looks for services, for one call of vs_service_registry_with_services. Who calls:
 // the registry, during that call and never later. Main thread only.
 //
 // A visitor object implements this interface and, for each kind of service it wants, the visitor interface of

@@ -1,7 +1,7 @@
 // A data set that the host has opened by vs_datasource_open: its files, and its records if it has some.
 //
-// Who implements: the host, as a referent. Who calls: whoever opened it, who holds a ref; the end of the last
-// ref closes the data set. Read only. Main thread only.
+// Who implements: the host, as a referent. Who calls: the code that opened it and holds a ref; the end of the
+// last ref closes the data set. Read only. Main thread only.
 #pragma once
 
 #include "framework/border/visitors.h"
