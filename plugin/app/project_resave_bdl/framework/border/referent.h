@@ -38,7 +38,7 @@ public:
     // of referrers after that.
     virtual uint32_t add_referrer(referrer_pointer referrer) = 0;
     // Removes the first equal referrer, if there is one; then the object ends if no referrer that is left
-    // keeps it alive.
+    // keeps it alive. A null referrer on the list counts as one that does.
     virtual void remove_referrer(referrer_pointer referrer) = 0;
     using operations = operation_list<&referent_impl::add_referrer, &referent_impl::remove_referrer>;
 

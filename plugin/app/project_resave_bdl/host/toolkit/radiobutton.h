@@ -17,8 +17,8 @@ public:
     virtual void caption(string_visitor visitor) = 0;
     // True if this button is the checked one of its group.
     virtual bool checked() = 0;
-    // The user pressed the button: it becomes the checked one of its group, and both buttons report the
-    // change. A button that is checked already changes nothing.
+    // The user pressed the button: it becomes the checked one of its group, and each button that changes
+    // reports it. A button that is checked already changes nothing.
     virtual void pressed() = 0;
     using operations =
         operation_list<&radiobutton_impl::caption, &radiobutton_impl::checked, &radiobutton_impl::pressed>;
