@@ -51,10 +51,10 @@ protected:
     // The element of this name as it is now; good until the next look.
     const element_view& at(const std::string& name) {
         view = window->look();
-        const element_view* found = vestra::toolkit::find_named(view, name);
-        EXPECT_NE(nullptr, found) << name;
+        const auto found = vestra::toolkit::all_named(view, name);
+        EXPECT_EQ(1U, found.size()) << name;
         static const element_view nothing;
-        return found ? *found : nothing;
+        return found.empty() ? nothing : *found[0];
     }
     wide_string text(const std::string& name) { return at(name).text; }
     bool is_checked(const std::string& name) { return at(name).check == mark::on; }

@@ -142,12 +142,12 @@ TEST_F(select_panel, an_outline_has_its_host_ask_again_after_everything_that_cha
         int told = 0;
     } layers;
     load();
-    const auto live = cast_to<outline_impl>(find_named(look(), "scn2d/list2")->live);
+    const auto live = cast_to<outline_impl>(all_named(look(), "scn2d/list2").at(0)->live);
     call<&outline_impl::set_events>(live, pointer_to<outline_events_impl>(layers));
     const std::function<void()> rows[] = {[&] { check("scn2d/list1/Area", false); },
                                           [&] { check("scn2d/list2/Sites", true); },
                                           [&] { check("scn2d/list1/Plan", true, highlight_row); },
-                                          [&] { click_tool(*find_named(look(), "tool1")); }, [&] { load(); }};
+                                          [&] { click_tool(*all_named(look(), "tool1").at(0)); }, [&] { load(); }};
     for (const auto& change : rows) {
         layers.told = 0;
         change();

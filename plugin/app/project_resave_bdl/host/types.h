@@ -1,6 +1,19 @@
-// Handles and small records of the host's C functions. A handle is opaque: only the host looks inside.
-// Null handles are allowed everywhere: sizes and counts are then 0, casts and getters null, texts empty.
-// All functions are called on the user-interface thread.
+// Handles and small records of the host's C functions, which the headers host/vsk_*.h declare.
+//
+// Implemented by the host, called by bundles. Rules that hold for every function:
+//
+// - Thread: the host's main thread, which runs its user interface. Nothing here is safe on another one.
+// - A handle is opaque: only the host looks inside. A null handle is allowed everywhere: sizes, counts and
+//   other numbers are then 0, flags false, getters and casts null, texts empty, changes have no effect, and
+//   destroy and close functions ignore it.
+// - Ownership: what a create, init or open function returns is the caller's, who passes it to the matching
+//   destroy or close function. Any other handle belongs to the object it was asked of and ends with it.
+// - Wide text is UTF-16 and ends with a zero. An argument is borrowed for the call, and null counts as empty.
+//   A result goes to the adapter that is the last argument, by one call of its `assign` function before the
+//   function returns; without an adapter it is dropped. Narrow text is in the system's code page.
+// - Indexes count from 0. An index at or beyond the count gives null, 0 or the empty text, and removes
+//   nothing. Removing a member moves the later ones down by one.
+// - No exception leaves a function: one that fails returns what it returns for a null handle.
 #pragma once
 
 #include <cstddef>
@@ -27,44 +40,44 @@ struct vs_scn {};
 struct vs_scn_2d : vs_scn {};
 struct vs_scn_3d : vs_scn {};
 
-struct vs_prj;
+struct vs_prj;      // a project with all its containers
 struct vs_entity;   // anything with a uuid, a caption and a meta identifier
-struct vs_entities; // a container of entities; scenes and collections are such
-struct vs_scns_2d;  // a collection of 2D scenes; layouts and plug-in collections too
+struct vs_entities; // a container of entities: a scene, or a collection of scenes or tables
+struct vs_scns_2d;  // a collection of 2D scenes, of layouts, or of a plug-in's scenes
 struct vs_scns_3d;
 struct vs_lr;         // a layer, 2D or 3D
 struct vs_lr_group;   // a node of a scene's tree of layer groups: a group or a layer
-struct vs_data;       // the data behind a layer, of whatever kind
+struct vs_data;       // the data of a layer, of any kind
 struct vs_table_data; // what a DBF and an OAT table have in common
 struct vs_attr_data;  // a DBF table
-struct vs_attrs_data;
+struct vs_attrs_data; // the DBF tables of a project
 struct vs_attr_files; // the opened field list of a DBF table
 struct vs_tos_data;   // an OAT table
-struct vs_toss_data;
-struct vs_tos4_file;
-struct vs_stl_mngr;
+struct vs_toss_data;  // the OAT tables of a project
+struct vs_tos4_file;  // an opened TOS file
+struct vs_stl_mngr;   // how a layer is drawn
 struct vs_stl_mngr_list;
-struct vs_mapleg;
+struct vs_mapleg; // a map legend
 struct vs_maplegs;
-struct vs_uuid;
-struct vs_string_adp;
-struct vs_wstrings;
-struct vs_any;
-struct vs_tuple;
-struct vs_dib;
-struct vs_progress;
-struct vs_wait;
+struct vs_uuid;       // an identifier, with or without a value
+struct vs_string_adp; // access to a string of the caller
+struct vs_wstrings;   // a list of wide texts
+struct vs_any;        // a value of any type
+struct vs_tuple;      // a list of such values
+struct vs_dib;        // a picture
+struct vs_progress;   // a progress window
+struct vs_wait;       // a window without progress
 struct vs_xml_save_prj;
 struct vs_xml_save_2d;
 struct vs_xml_save_3d;
 
-// The host's three-state values: a mark, whether an element is selected, whether it is valid.
+// The host's three-state values: whether an element is checked, selected or valid. Note that true is 0.
 enum vs_three_state : uint32_t { vs_state_true = 0, vs_state_false = 1, vs_state_mixed = 2 };
 
-// How a file is opened.
+// How a file is opened; reading is the only mode in use.
 enum vs_open_mode : int32_t { vs_open_for_reading = 1 };
 
-// The layer's table of extra values: a signed count, then the rows.
+// A layer's table of extra values. Keys are narrow texts; keys and values belong to the layer.
 struct vs_table_extra_row {
     const char* key;
     vs_any* value;
@@ -74,5 +87,8 @@ struct vs_table_extra {
     const vs_table_extra_row* rows;
 };
 
+// The two functions of a string adapter, called with the `context` it was created with: `assign` copies the
+// text, which is borrowed for the call and counts as empty if null; `text` returns the string's present text.
+// No exception must leave them.
 using vs_string_assign = void (*)(void* context, const char16_t* text);
 using vs_string_text = const char16_t* (*)(void* context);

@@ -1,43 +1,58 @@
-// Host library vsk_attr_data: DBF tables, the tables joined to them, and their fields.
+// Host library vsk_attr_data: DBF tables, the tables joined to them, and their fields. Implemented by the
+// host, called by bundles on the main thread. host/types.h has the rules on null handles, ownership, texts
+// and indexes. A table of a project belongs to the project, a layer's to the layer.
 #pragma once
 
 #include "host/types.h"
 
 extern "C" {
 
+// Returns the collection as a container of entities.
 vs_entities* vs_attrs_data_safe_upcast(vs_attrs_data* tables);
 uint32_t vs_attrs_data_get_size(vs_attrs_data* tables);
 vs_attr_data* vs_attrs_data_get(vs_attrs_data* tables, uint32_t index);
+// Destroys the table.
 void vs_attrs_data_del(vs_attrs_data* tables, uint32_t index);
 
+// Returns the same table as an entity, and a DBF table as a table of either kind.
 vs_entity* vs_table_data_safe_upcast(vs_table_data* table);
 vs_table_data* vs_attr_data_safe_upcast(vs_attr_data* table);
-// The DBF table that a layer's data is, or null.
+// Returns the DBF table that a layer's data is; null if the data is of another kind.
 vs_attr_data* vs_attr_data_safe_downcast(vs_data* data);
 
-// A table outside of any project, owned by the caller.
+// Returns an empty table outside of any project, the caller's.
 vs_attr_data* vs_attr_data_create();
+// Frees a created table. Tables of a project or a layer are not for this function.
 void vs_attr_data_destroy(vs_attr_data* table);
 void vs_attr_data_get_wcaption(vs_attr_data* table, vs_string_adp* out);
+// Passes the path of the table's file.
 void vs_attr_data_get_wfilename(vs_attr_data* table, vs_string_adp* out);
+// Replaces the path; joins stay. No file is opened or moved.
 void vs_attr_data_set_wfilename(vs_attr_data* table, const char16_t* path);
 
+// True if at least one table is joined to this one.
 bool vs_attr_data_is_joined(vs_attr_data* table);
 int32_t vs_attr_data_get_join_count(vs_attr_data* table);
+// Passes the path of a joined table; the empty text outside the count, which includes negative indexes.
 void vs_attr_data_get_join_other_source(vs_attr_data* table, int32_t index, vs_string_adp* out);
+// Return the field that is compared, as an index into the fields of this table and of the joined one; 0
+// outside the count.
 int32_t vs_attr_data_get_join_base_field(vs_attr_data* table, int32_t index);
 int32_t vs_attr_data_get_join_other_field(vs_attr_data* table, int32_t index);
-// Joins the file of `other` to `table`; `other` stays the caller's.
+// Appends a join with the file that `other` has now; `other` stays the caller's and may be destroyed next.
 void vs_attr_data_join(vs_attr_data* table, vs_attr_data* other, int32_t base_field, int32_t other_field);
-// Takes all joins off.
+// Removes all joins.
 void vs_attr_data_unjoin(vs_attr_data* table);
 
-// Opens the field list, joined fields behind the table's own; `mode` is 1 and the last three are 0. Null on
-// failure.
+// Opens the table's list of fields, the caller's: its own first, then those of the joined tables. `mode` is
+// vs_open_for_reading, the last three are 0. Null if the table's own file cannot be read, and for another
+// mode; a joined file that cannot be read adds no fields. Later changes of the table do not show in the list.
 vs_attr_files* vs_attr_files_open(vs_attr_data* table, int32_t mode, int32_t, int32_t, int32_t);
 void vs_attr_files_close(vs_attr_files* files);
+// Returns the number of fields.
 int32_t vs_attr_files_get_np(vs_attr_files* files);
-// Narrow name in the system's code page, may be null; lives until the close.
+// Returns the field's name as narrow text, valid until the close. May be null, and is outside the count.
 const char* vs_attr_files_get_field_name(vs_attr_files* files, int32_t index);
+// True if the field comes from a joined table.
 bool vs_attr_files_get_field_is_joined(vs_attr_files* files, int32_t index);
 }

@@ -1,71 +1,90 @@
 // Host library vsk_basic: texts, identifiers, three-state values, dynamic values, services, data sources.
+// Implemented by the host, called by bundles on the main thread. host/types.h has the rules on null handles,
+// ownership, texts and indexes; a comment below names only what differs.
 #pragma once
 
 #include "host/types.h"
 
 extern "C" {
 
-// String adapter: lets the host assign a text to, and read one from, the caller's string through two
-// functions.
+// Returns an adapter, the caller's: the host passes texts to the caller's string through `assign` and reads
+// them through `text`, both called with `context`. A null `assign` drops the texts.
 vs_string_adp* vs_string_adp_create(vs_string_assign assign, vs_string_text text, void* context);
 void vs_string_adp_destroy(vs_string_adp* adapter);
 
-// List of wide texts, owned by the one who created it. A text of the list lives as long as the list is
-// unchanged.
+// Returns an empty list of wide texts, the caller's.
 vs_wstrings* vs_wstrings_create();
 void vs_wstrings_destroy(vs_wstrings* list);
 uint32_t vs_wstrings_get_size(const vs_wstrings* list);
+// Returns a text, valid until the list changes; null at and beyond the size.
 const char16_t* vs_wstrings_get_str(const vs_wstrings* list, uint32_t index);
+// Appends a copy of the text.
 void vs_wstrings_add(vs_wstrings* list, const char16_t* text);
 
-// Uuids. A created one has no value until it is given one. The low byte of from_string's result is true if
-// the text is a uuid; a path never is.
+// Returns a uuid without a value, the caller's. The uuid of an entity must not be destroyed.
 vs_uuid* vs_uuid_create();
 void vs_uuid_destroy(vs_uuid* uuid);
-// Kept for other bundles; nothing here calls it.
+// Copies the value, or the lack of one. Kept for other bundles; nothing here calls it.
 void vs_uuid_assign(vs_uuid* target, const vs_uuid* source);
-// Kept for other bundles; nothing here calls it.
+// True if both have the same value or both have no value; false if a handle is null. Kept for other bundles;
+// nothing here calls it.
 bool vs_uuid_equal(const vs_uuid* a, const vs_uuid* b);
 bool vs_uuid_has_value(const vs_uuid* uuid);
+// Passes the value as 8-4-4-4-12 lower-case hexadecimal digits; the empty text without a value.
 void vs_uuid_to_string(const vs_uuid* uuid, vs_string_adp* out);
+// Sets the value. The low byte of the result is 1 if the text is 8-4-4-4-12 hexadecimal digits of any letter
+// case, in braces or not; all digits zero mean no value. Otherwise 0, as for any path, and `uuid` is
+// unchanged.
 uint32_t vs_uuid_from_string(vs_uuid* uuid, const char16_t* text);
 
-// Three-state values: 0 true, 1 false, 2 mixed. Mixed is not true; its inverse is mixed.
+// Three-state values are those of vs_three_state. Returns 0 for true, 1 for false.
 uint32_t vs_bool_to_3state(bool value);
+// True for 0 only: mixed is false.
 bool vs_3state_to_bool(uint32_t state);
+// Exchanges 0 and 1; mixed stays mixed.
 uint32_t vs_3state_invert(uint32_t state);
 
-// Offset of the present language in the string tables: 0 base language, 50000 English.
+// Returns the offset of the current language in the string tables: 0 base language, 50000 English.
 uint32_t vs_res_get_lng();
-// True when the user sees the layers of a group in the reverse of their stored order.
+// True if the user sees the layers of a group in the reverse of their stored order.
 bool vs_options_get_invert_layers();
-// Rounds half away from zero to so many decimals.
+// Returns `value` rounded to `decimals` decimals, half away from zero; unchanged if that is not finite.
 double vs_round_dbl(double value, int32_t decimals);
 
-// Pictures: a top-down image, three bytes to a pixel. Owned by the one who created it.
+// A picture is the caller's to destroy. Sizes in pixels.
 void vs_dib_destroy(vs_dib* dib);
 uint32_t vs_dib_get_width(const vs_dib* dib);
 uint32_t vs_dib_get_height(const vs_dib* dib);
+// Returns the first byte, to read and to write: rows from the top without gaps, each pixel as blue, green,
+// red. Valid as long as the picture; may be null for a picture without pixels.
 uint8_t* vs_dib_get_bits(vs_dib* dib);
 
-// Dynamic values. Type codes: 0 empty, 1 tuple, 6 wide string; others pass untouched.
-// any_assign_tuple takes the tuple over. What
-// any_get_tuple and tuple_get_element answer belongs to the value it was asked of; null if there is none.
+// Returns the code of the value's type: 0 empty, 1 tuple, 6 wide text. Other codes exist; leave such values.
 uint32_t any_get_type(const vs_any* value);
+// Returns the tuple, which belongs to the value until that is assigned to; null if the value is no tuple.
 vs_tuple* any_get_tuple(vs_any* value);
+// Passes the wide text; the empty text if the value is of another type.
 void any_get_wstring(const vs_any* value, vs_string_adp* out);
+// Makes the value this tuple and ends the handle `tuple`, which must come from tuple_init; use any_get_tuple
+// to go on with it. If either handle is null nothing happens, and the tuple remains the caller's.
 void any_assign_tuple(vs_any* value, vs_tuple* tuple);
+// Makes the value a copy of this text.
 void any_assign_wstring(vs_any* value, const char16_t* text);
+// Returns an empty tuple, the caller's until any_assign_tuple takes it.
 vs_tuple* tuple_init();
 uint32_t tuple_get_size(const vs_tuple* tuple);
+// Keeps the elements below `size` and appends empty ones up to it. Element handles become invalid.
 void tuple_resize(vs_tuple* tuple, uint32_t size);
+// Returns an element, which belongs to the tuple; null at and beyond the size.
 vs_any* tuple_get_element(vs_tuple* tuple, uint32_t index);
 
-// Opens a data set by its source text, and the data handle of a layer if there is one. Fills `out` with the
-// identity interface of a referent, or null if nothing can open it; the caller takes a ref at once.
+// Opens the data set that the source text names; if the text is empty, the file of `data`, a layer's data or
+// null. Sets `out` to the identity of a new referent that implements host/interfaces/stat_source.h, or to
+// null if nothing can open it. The caller must take a ref at once: the last ref closes the data set.
 void vs_datasource_open(vs_interface_pointer* out, const char16_t* source, vs_data* data);
 
-// Calls the visitor once for each running service registered under `id`. `visitor` is the identity interface
-// of an object that answers to the visitor interface of the services it wants.
+// Passes to the visitor each service whose factory is registered under exactly `id` or under no id, in the
+// order of registration, and starts those not yet running. `visitor` is the identity of the visitor, borrowed
+// for the call; host/interfaces/service_visitor.h says which services it is passed.
 void vs_service_registry_with_services(const char16_t* id, vs_interface_pointer visitor);
 }

@@ -1,24 +1,30 @@
-// Host library vsk_entity: what every element of a project has, and containers of elements.
+// Host library vsk_entity: what every element of a project has, and containers of elements. Implemented by
+// the host, called by bundles on the main thread. host/types.h has the rules on null handles, ownership,
+// texts and indexes. Every entity belongs to its container, in the end to the project.
 #pragma once
 
 #include "host/types.h"
 
 extern "C" {
 
-// The entity's own uuid, not owned; null for a null entity.
+// Returns the entity's own uuid, which may have no value; null only for a null entity. Not to be destroyed.
 vs_uuid* vs_entity_get_uuid(vs_entity* entity);
+// Passes the caption, which the user reads.
 void vs_entity_get_wcaption(vs_entity* entity, vs_string_adp* out);
-// Narrow meta identifier, never null; lives as long as the entity.
+// Returns the meta identifier, which names the kind of the entity, as narrow text. Never null: empty for a
+// null entity. Valid as long as the entity.
 const char* vs_entity_get_meta_id(vs_entity* entity);
+// Returns the entity that this one hangs below in the project; null if there is none, or no longer.
 vs_entity* vs_entity_get_parent(vs_entity* entity);
-// Three-state: 1 is invalid.
+// Returns a vs_three_state: 0 valid, 1 invalid, 2 mixed.
 uint32_t vs_entity_is_valid(vs_entity* entity);
 
+// Returns the same container as an entity.
 vs_entity* vs_entities_safe_upcast(vs_entities* container);
-// The container that the entity is, or null.
+// Returns the container that the entity is; null if it is no container.
 vs_entities* vs_entities_safe_downcast(vs_entity* entity);
 uint32_t vs_entities_get_count(vs_entities* container);
 vs_entity* vs_entities_get_entity(vs_entities* container, uint32_t index);
-// Destroys all that is in the container.
+// Destroys all members. Handles to them and to what they contain become invalid.
 void vs_entities_clear(vs_entities* container);
 }

@@ -1,23 +1,33 @@
-// Host library vsk_prj: the project and its containers. Containers belong to the project.
+// Host library vsk_prj: the project and its containers. Implemented by the host, called by bundles on the
+// main thread. host/types.h has the rules on null handles, ownership, texts and indexes. Containers belong to
+// the project and exist, perhaps empty, as long as it does; reading a file into the project replaces what is
+// in them, and the plug-in collections themselves.
 #pragma once
 
 #include "host/types.h"
 
 extern "C" {
 
-// A new empty project, owned by the caller. Destroying it frees all its containers and what is in them.
+// Returns a new project with empty containers, the caller's.
 vs_prj* vs_prj_create();
+// Frees the project, its containers and all that is in them: every handle asked of it becomes invalid.
 void vs_prj_destroy(vs_prj* project);
-// The project open in the host, not owned; null when none is.
+// Returns the project that is open in the host, not the caller's; null if none is open.
 vs_prj* vs_prj_get_instance();
+// Passes the path of the file that the project was read from; the empty text for a new one. Writing the
+// project elsewhere does not change it.
 void vs_prj_get_filename(vs_prj* project, vs_string_adp* out);
 
+// Return the 2D scenes, the 3D scenes, the OAT tables, the layouts and the DBF tables.
 vs_scns_2d* vs_prj_get_scns_2d_ptr(vs_prj* project);
 vs_scns_3d* vs_prj_get_scns_3d_ptr(vs_prj* project);
 vs_toss_data* vs_prj_get_toss_data_ptr(vs_prj* project);
 vs_scns_2d* vs_prj_get_layouts_data_ptr(vs_prj* project);
 vs_attrs_data* vs_prj_get_attrs_data_ptr(vs_prj* project);
+// Returns the number of the collections of 2D scenes that plug-ins keep, such as well sheets.
 uint32_t vs_prj_get_plugin_scns_2d_count(vs_prj* project);
+// Returns one of them; its meta identifier says which it is.
 vs_scns_2d* vs_prj_get_plugin_scns_2d_ptr(vs_prj* project, uint32_t index);
+// Returns the map legends.
 vs_maplegs* vs_prj_get_maplegs_ptr(vs_prj* project);
 }

@@ -1,20 +1,27 @@
-// Host library vsk_scn_3d: 3D scenes and their collection. Indexes as in vsk_scn_2d.
+// Host library vsk_scn_3d: 3D scenes and their collection. What both kinds of scenes have is in vsk_scn_2d.
+// Implemented by the host, called by bundles on the main thread. host/types.h has the rules on null handles,
+// ownership, texts and indexes. A scene belongs to its collection, a layer to its scene.
 #pragma once
 
 #include "host/types.h"
 
 extern "C" {
 
+// Returns the collection as a container of entities, its scenes.
 vs_entities* vs_scns_3d_safe_upcast(vs_scns_3d* scenes);
 uint32_t vs_scns_3d_get_size(vs_scns_3d* scenes);
 vs_scn_3d* vs_scns_3d_get(vs_scns_3d* scenes, uint32_t index);
+// Destroys the scene with its layers and groups.
 void vs_scns_3d_del(vs_scns_3d* scenes, uint32_t index);
 
+// Returns the scene as a container of entities, its layers.
 vs_entities* vs_scn_3d_safe_upcast(vs_scn_3d* scene);
-// The 3D scene that the entity is, or null.
+// Returns the 3D scene that the entity is; null if it is something else.
 vs_scn_3d* vs_scn_3d_safe_downcast(vs_entity* entity);
 void vs_scn_3d_get_wcaption(vs_scn_3d* scene, vs_string_adp* out);
+// Layers are in the order of the scene's own list, which is not the order of its groups.
 uint32_t vs_scn_3d_get_layer_count(vs_scn_3d* scene);
 vs_lr* vs_scn_3d_get_layer_ptr(vs_scn_3d* scene, uint32_t index);
+// Destroys the layer and removes it from the groups; a group that is empty then stays.
 void vs_scn_3d_del_lr3d(vs_scn_3d* scene, uint32_t index);
 }

@@ -1,15 +1,23 @@
-// Host library vsk_styles: style managers and map legends.
+// Host library vsk_styles: style managers, which say how a layer is drawn, and map legends. Implemented by
+// the host, called by bundles on the main thread. host/types.h has the rules on null handles, ownership,
+// texts and indexes. The manager and list of a layer belong to the layer, legends to the project.
 #pragma once
 
 #include "host/types.h"
 
 extern "C" {
 
-// A created manager or list is the caller's; assigning copies all that is in it.
+// Returns the manager's type as narrow text. Never null: empty for a null manager. Valid until the manager is
+// assigned to or destroyed.
 const char* vs_stl_mngr_get_style_type(vs_stl_mngr* manager);
+// Returns an empty manager of the type, the caller's.
 vs_stl_mngr* vs_stl_mngr_create(const char* type);
+// Copies all that is in `source`, its type included.
 void vs_stl_mngr_assign(vs_stl_mngr* target, vs_stl_mngr* source);
+// Frees a created manager. That of a layer is not for this function.
 void vs_stl_mngr_destroy(vs_stl_mngr* manager);
+
+// The same for a list of style managers.
 const char* vs_stl_mngr_list_get_type(vs_stl_mngr_list* list);
 vs_stl_mngr_list* vs_stl_mngr_list_create(const char* type);
 void vs_stl_mngr_list_assign(vs_stl_mngr_list* target, vs_stl_mngr_list* source);
@@ -17,7 +25,9 @@ void vs_stl_mngr_list_destroy(vs_stl_mngr_list* list);
 
 uint32_t vs_maplegs_get_size(vs_maplegs* legends);
 vs_mapleg* vs_maplegs_get_ptr(vs_maplegs* legends, uint32_t index);
+// Destroys the legend.
 void vs_maplegs_delete_elem(vs_maplegs* legends, uint32_t index);
+// Returns the legend's own uuid, which must not be destroyed.
 vs_uuid* vs_mapleg_get_uuid(vs_mapleg* legend);
 void vs_mapleg_get_title(vs_mapleg* legend, vs_string_adp* out);
 }

@@ -1,13 +1,19 @@
-// Host library vsk_xml_save_prj: reader and writer of project files, one object for both.
+// Host library vsk_xml_save_prj: reader and writer of project files ("._vp"), one object for both.
+// Implemented by the host, called by bundles on the main thread. host/types.h has the rules on null handles,
+// ownership and texts. The low byte of a result is 1 on success, 0 on failure; callers look at nothing else.
 #pragma once
 
 #include "host/types.h"
 
 extern "C" {
 
+// Returns a reader and writer, the caller's. It keeps nothing between two calls.
 vs_xml_save_prj* vs_xml_save_prj_create();
 void vs_xml_save_prj_destroy(vs_xml_save_prj* xml);
-// The low byte of a result is true on success. A failed load leaves the project as it was.
+// Reads the file; what was in the project before is destroyed, and its file name is `path` from now on. After
+// a failure the project is as it was.
 uint32_t vs_xml_data_load_prj_w(vs_xml_save_prj* xml, const char16_t* path, vs_prj* project);
+// Writes the project, in place of any file at the path; its folder must exist. After a failure an existing
+// file is as it was. The project and its file name do not change.
 uint32_t vs_xml_data_save_prj_w(vs_xml_save_prj* xml, const char16_t* path, vs_prj* project);
 }

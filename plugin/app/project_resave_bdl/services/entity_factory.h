@@ -1,3 +1,5 @@
+// Units for elements that are claimed by their meta identifier, those of other bundles among them. The tables
+// of layer types are asked only for what no factory here takes. Main thread only.
 #pragma once
 
 #include <cstdint>
@@ -19,21 +21,22 @@ namespace vs::project_resave {
 using resave_services = std::vector<ref<resave_service_impl>>;
 using resave_entity_services = std::vector<ref<resave_entity_service_impl>>;
 
-// Append each service that runs under "vestra/resave_project", in the order in which the host tells them. An
-// entity service that is held already is not taken a second time.
+// Append a ref to each service that is registered under "vestra/resave_project" or under no id, in the order
+// in which the host finds them; services that do not run yet are started. An entity service that is in the
+// list already is not appended a second time.
 void collect_resave_services(resave_services& found);
 void collect_resave_entity_services(resave_entity_services& found);
 
-// Units for elements that are told by their meta identifier, those of other bundles among them. Asked before
-// the tables of layer types, so what is found here always wins over them.
-// Makes the units of one kind of element.
+// Makes the units of one kind of element. Owned by the entity factory.
 class factory_obj {
 public:
     virtual ~factory_obj() = default;
-    // Of the factories of one meta identifier the one with the lowest is asked first.
+    // Returns the place among the factories of one meta identifier: the lowest is asked first, of equal ones
+    // the first inserted. Called once.
     virtual int32_t priority() { return 0; }
-    // A finer look at the element; false passes it on to the next factory.
+    // True if the factory takes this element; false passes it on to the next one.
     virtual bool accepts(vs_entity*) { return true; }
+    // Returns the unit, not built yet; null if the element is no layer, where a layer is needed.
     virtual std::unique_ptr<Tvs_resave_unit> make(run_state& context, vs_entity* entity) = 0;
 };
 
@@ -52,9 +55,10 @@ public:
 // A kind of element that another bundle claims.
 class factory_entity_service : public factory_obj {
 public:
-    // The row is one of `entity_factory::services_`. It is null once its bundle has gone.
+    // `row` is one of `entity_factory::services_`. It becomes null when its bundle goes.
     explicit factory_entity_service(const ref<resave_entity_service_impl>* row) : service_(row) {}
 
+    // Returns what the service returns; without the service 1 and false.
     int32_t priority() override;
     bool accepts(vs_entity* entity) override;
     std::unique_ptr<Tvs_resave_unit> make(run_state& context, vs_entity* entity) override;
@@ -63,22 +67,24 @@ private:
     const ref<resave_entity_service_impl>* service_;
 };
 
+// Owned by the context of the runs, which asks it for each element of a loaded project.
 class entity_factory final : public claimed_units {
 public:
-    // Collects the services that run now; those that come later are not seen.
+    // Collects the services of all bundles; those registered later are not seen.
     entity_factory() { collect_resave_entity_services(services_); }
     entity_factory(const entity_factory&) = delete;
     entity_factory& operator=(const entity_factory&) = delete;
 
-    // The unit of the first factory that accepts the element; null if none does. It is not built yet, and the
-    // caller places it.
+    // Returns what the first factory that accepts the element makes, the caller's and not built yet; null if
+    // no factory accepts it. The first call asks all services for the kinds they claim.
     std::unique_ptr<Tvs_resave_unit> make(run_state& context, vs_entity* entity) override;
 
 private:
     void build_table();
+    // Puts a factory after those of the same meta identifier and priority.
     void insert(const std::string& meta_id, std::unique_ptr<factory_obj> factory);
 
-    bool initialised_ = false; // the table is built when it is needed first
+    bool initialised_ = false; // the table is built when it is first needed
     std::unordered_map<std::string, std::multimap<int32_t, std::unique_ptr<factory_obj>>> by_meta_id_;
     resave_entity_services services_; // complete before the table is built; it points to the rows
 };

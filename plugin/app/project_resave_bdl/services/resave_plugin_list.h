@@ -1,4 +1,9 @@
-// A root of the tree for the items of one resave service. Its items are no units: the service holds them.
+// A root of the tree for the items of one resave service. The items are no units: the service holds them, and
+// services/resave_service.h says in which order it is asked.
+//
+// One is made for each collected service at each load, and ends with the tree. The project's end comes first,
+// so the destructor asks the service nothing. A service takes no part in the structure text, in scene files
+// and in the check of letter case. Main thread only.
 #pragma once
 
 #include <optional>
@@ -12,35 +17,48 @@ namespace vs::project_resave {
 
 class resave_plugin_list final : public Tvs_resave_unit {
 public:
-    // A service whose bundle has gone is a null ref: it has no items then.
+    // The list keeps its own ref to the service. It becomes null when the service's bundle goes: the list has
+    // no items then.
     resave_plugin_list(run_state& run, vs_prj* loaded, const ref<resave_service_impl>& found)
         : Tvs_resave_unit(run), service_(found), project_(loaded) {}
 
     bool write_structure() override { return true; }
     bool write_scene_file() override { return true; }
     bool check_path_case(bool*) override { return true; }
+    // Adds one step of progress for each item.
     uint32_t count_units(uint32_t& total) override;
     void skip_progress() override {}
-    // All items take part, selected or not.
+    // Adds the files of all items, selected or not.
     void collect_common_directory(common_directory& common) override;
+    // Null: a run with a folder for each scene passes the list over.
     vs_entity* entity() override { return nullptr; }
+    // Selects or deselects each item that has a uuid.
     void set_selected(bool on) override;
-    // Of the first item; mixed if another differs.
+    // Returns the state of the first item, mixed if another differs; true without items.
     uint32_t selection_state() override;
+    // Returns the name of the service; empty if its bundle has gone.
     wide_string caption() override;
-    // Saves or removes the items from the last to the first. Always true.
+    // Saves the selected items and removes the others, from the last to the first, until the user stops.
+    // Removes an item whose source is lost too, if the user wants that. Always true: failures are recorded.
     bool do_save() override;
+    // Binds the service to the project and adds the sizes of all files.
     void build() override;
 
+    // Writes the line that ends the service in the log.
     virtual void log_end();
 
 private:
+    // 0 if the count is impossible.
     uint32_t item_count() const;
+    // An item without a uuid is selected.
     bool is_item_selected(uint32_t index) const;
     element_name item_name(uint32_t index);
+    // False if the source of the item is lost.
     bool save_item(uint32_t index);
+    // Returns the new path; empty if there is no place for it.
     wide_string place_and_copy(uint32_t index, const wide_string& source);
     void copy_item_files(uint32_t index, const wide_string& source, const wide_string& target);
+    // Returns why a file or folder was not copied; nothing on success.
     std::optional<failed_copy> copy_item_file(const wide_string& file, const wide_string& target);
 
     ref<resave_service_impl> service_;

@@ -1,9 +1,19 @@
-// How another bundle's data takes part in a resave: a flat list of items, each of which may have files.
+// How another bundle's data takes part in a resave: a flat list of items, each of which can have files.
 //
-// Who implements: a bundle, as a referent that is registered under "vestra/resave_project" and ends with its
-// library. Who calls: the resave, while a project is loaded, and between the release of a project and the
-// next set_project for nothing but the caption. Indexes run from 0; texts and lists are told during the call.
-// A service must not call back into the run.
+// Who implements: a bundle, as a referent that is registered under "vestra/resave_project" or under no id,
+// and that ends with its library. Who calls: the resave and the check of a project, on the main thread, while
+// a project is loaded. The class has a default for each operation, so override what differs. A service must
+// not call back into the resave.
+//
+// Order of calls: set_project after each load; then item_count, which begins each walk over the items, and
+// the questions about each item. Selection: shows_in_selection, has_own_heading, tree_caption, item_uuid,
+// item_caption. Common folder and size: item_files. Save, from the last item to the first: item_uuid,
+// item_source, default_folder, item_files, set_item_source, remove_item. From the end of a project to the
+// next set_project only `caption` is called.
+//
+// Indexes run from 0 and stay below the last item_count. Texts and lists are passed during the call, and a
+// visitor that is not called means the empty text. Paths have the form C:\data\a.txt. With a folder for each
+// scene no service is saved: set_item_source and remove_item are not called then.
 #pragma once
 
 #include "framework/border/visitors.h"
@@ -13,33 +23,45 @@ namespace vs::project_resave {
 class resave_service_impl : public interface_of<resave_service_impl> {
 public:
     static constexpr const char* name = "vs_resave_service_interface_5";
-    // Binds to the private copy that the resave works on, not to the host's open project; null unbinds.
+    // Binds the service to the private copy that the resave works on, which is not the host's open project.
+    // Valid until the next call; the project can end before it. Null means no project.
     virtual void set_project(vs_prj*) {}
-    // Name of the service in the log and in the report. It may be asked before set_project too, when the
-    // project before has ended: it must not read the project then.
+    // Passes the name of the service in logs and report. With a log of the load it is called before
+    // set_project too, when the earlier project has ended: it must not read the project.
     virtual void caption(string_visitor) {}
-    // Caption of the progress window while the service is saved.
+    // Passes the caption of the progress window while the service is saved.
     virtual void progress_caption(string_visitor) {}
-    // Whether the items can be ticked, and whether they hang under a heading of their own.
+    // True if the user can select the items. Otherwise they take part, but are not shown.
     virtual bool shows_in_selection() { return false; }
+    // True if the selection shows the items below the heading of tree_caption; false for no heading.
     virtual bool has_own_heading() { return false; }
+    // Passes that heading.
     virtual void tree_caption(string_visitor) {}
-    // The item's identity, not owned; null: the item is always selected.
+    // Returns the item's identity, which stays the service's and must be valid until the next call. An item
+    // whose uuid is null or has no value is always selected, and the selection does not show it.
     virtual vs_uuid* item_uuid(uint32_t) { return nullptr; }
+    // Passes what the user reads of the item in the selection and in the report.
     virtual void item_caption(uint32_t, string_visitor) {}
-    // Adds all files of the item, its source among them; a folder stands for all that is in it. They keep
-    // their place relative to the source, under their own names. Items with one source are copied once, with
-    // the files of the last of them.
+    // Appends all files of the item to the list, its source among them; a folder means all that is in it. The
+    // resave copies them, each to the same place relative to the new path of the source. A file that another
+    // element has brought before is left out; one that is missing is reported as not copied. Items with the
+    // same source are copied once, with the files of the last of them.
+    //
+    // Kept as users know it: where the name of the source is taken, its new path has a number, but the file
+    // itself keeps its name, is not copied, and is reported. A default_folder of its own avoids that.
     virtual void item_files(uint32_t, vs_wstrings*) {}
-    // Name of the folder for the service's files.
+    // Passes the name of the folder for the service's files, for structures with a folder for each type.
     virtual void default_folder(string_visitor) {}
-    // The item's main file; tells nothing if it has none.
+    // Passes the path of the item's main file; the empty text if it has no file, and nothing is copied then.
     virtual void item_source(uint32_t, string_visitor) {}
-    // Writes the new path into the private copy.
+    // Writes the new path into the private copy. Called after the copy, also if that failed or another item
+    // has the same source; the path is empty if no new place was found. Not called if the source is lost.
     virtual void set_item_source(uint32_t, const char16_t*) {}
-    // More than a million is taken for a fault of the service: it has no items then, and a resave reports it.
+    // Returns the number of items. More than a million counts as a fault of the service: it has no items
+    // then, and a resave reports it.
     virtual uint32_t item_count() { return 0; }
-    // Takes the item out of the private copy; those behind it move down.
+    // Removes the item from the private copy: it is not selected, or its source is lost and the user wants
+    // such items removed. Later items move down by one.
     virtual void remove_item(uint32_t) {}
     using operations =
         operation_list<&resave_service_impl::set_project, &resave_service_impl::caption,
@@ -55,10 +77,11 @@ protected:
 };
 using resave_service = interface_to<resave_service_impl>;
 
-// Who implements: whoever collects the services. Told each one, borrowed for the call.
+// Who implements: code that collects the services, as host/interfaces/service_visitor.h says.
 class resave_service_visitor_impl : public interface_of<resave_service_visitor_impl> {
 public:
     static constexpr const char* name = "vs_resave_service_visitor_interface_5";
+    // Receives one service, borrowed for the call: take a ref to keep it.
     virtual void visit(resave_service service) = 0;
     using operations = operation_list<&resave_service_visitor_impl::visit>;
 

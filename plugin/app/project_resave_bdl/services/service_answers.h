@@ -1,4 +1,5 @@
-// What services of other bundles answer, in the bundle's own types.
+// Calls to services of other bundles, with their results in the bundle's own types: counts that can be
+// trusted, texts, and lists of texts. A null service has no items and no texts. Main thread only.
 #pragma once
 
 #include <optional>
@@ -11,20 +12,21 @@
 namespace vs::project_resave {
 
 inline constexpr uint32_t largest_count = 1'000'000;
-// The reason of a failure where a service named a count above that.
+// Returned as the reason of a failure where a service has a count above that.
 inline const platform::outcome impossible_count =
     platform::outcome::because(u"the bundle that owns the element gave an impossible count");
 
-// How many items, files, references or kinds a service says it has; nothing if that is more than any sound
-// service has: walking them would seem to last for ever. 0 for a null service.
+// Returns how many items, files, references or kinds a service has. `Question` is the operation that returns
+// it. Nothing above largest_count, which is a fault of the service: a walk over so many would seem to hang. 0
+// for a null service.
 template <auto Question, class Impl, class... Args>
 std::optional<uint32_t> count_from(const interface_to<Impl>& service, Args... args) {
     const uint32_t count = call<Question>(service, args...);
     return count <= largest_count ? std::optional(count) : std::nullopt;
 }
 
-// What a service passes to a visitor, as a text. `Question` is an operation whose last argument is a string
-// visitor. Empty if the service is null or passes nothing.
+// Returns the text that a service passes to a visitor. `Question` is an operation whose last argument is a
+// string visitor. Empty if the service is null or does not call the visitor.
 template <auto Question, class Impl, class... Args>
 wide_string text_from(const interface_to<Impl>& service, Args... args) {
     wide_string text;
@@ -33,15 +35,17 @@ wide_string text_from(const interface_to<Impl>& service, Args... args) {
     return text;
 }
 
-// A list of texts of the host, for the life of one question to a service.
+// Owns a list of texts of the host, for a service to append to.
 class wide_string_list {
 public:
     wide_string_list() : handle_(vs_wstrings_create()) {}
     ~wide_string_list() { vs_wstrings_destroy(handle_); }
     wide_string_list(const wide_string_list&) = delete;
     wide_string_list& operator=(const wide_string_list&) = delete;
+    // Converts to the handle, borrowed for a call; null if the host could not make the list.
     operator vs_wstrings*() const { return handle_; }
 
+    // Returns copies of the texts, in their order.
     std::vector<wide_string> texts() const {
         std::vector<wide_string> all;
         const uint32_t count = vs_wstrings_get_size(handle_);

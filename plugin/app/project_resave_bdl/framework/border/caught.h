@@ -1,27 +1,32 @@
-// Where exceptions are recorded that must not cross the border to the host.
+// Where exceptions are recorded that must not cross the border to the host. Header only, so each library has
+// its own current record. Main thread only.
 #pragma once
 
 #include <exception>
 
 namespace vs::project_resave {
 
-// Keeps what was caught. One is current in each library at most.
+// Who implements: the object that reports on the work of the library. Who calls: record_caught. Each library
+// has at most one that is current.
 class exception_record {
 public:
-    // `where` names the operation or interface, `what` the exception. Both end with the call.
+    // Keeps what was caught. `where` names the operation or interface, `what` describes the exception; both
+    // are narrow texts, borrowed for the call.
     virtual void record(const char* where, const char* what) noexcept = 0;
 
 protected:
     ~exception_record() = default;
 };
 
-// The current record, null for none; whoever sets it takes it out before it ends.
+// Returns the current record, to read and to set; null if there is none. Whoever sets it resets it before the
+// record ends.
 inline exception_record*& current_exception_record() {
     static exception_record* current = nullptr;
     return current;
 }
 
-// Enters the exception being handled in the current record; to be called in a handler only.
+// Passes the exception that is being handled to the current record; without a record it is dropped. To be
+// called in a handler only.
 inline void record_caught(const char* where) noexcept {
     exception_record* const to = current_exception_record();
     if (to == nullptr) return;

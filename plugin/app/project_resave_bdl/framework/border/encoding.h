@@ -1,4 +1,5 @@
-// The table of encodings by number, and the two converters over it.
+// The table of encodings by number, and the conversions between wide and narrow text over it. Texts are
+// converted in memory; no state is kept.
 #pragma once
 
 #include <cstdint>
@@ -18,16 +19,19 @@ struct encoding_row {
 };
 
 constexpr uint32_t encoding_count = 19;
+// Returns a row of the table; that of "SYSTEM" at and beyond the count.
 const encoding_row& encoding(uint32_t row);
 
-// Empty for a row that does not convert and for a text that cannot be converted.
+// Return the text converted; empty for a row that does not convert and for a text that cannot be converted.
 std::string to_narrow(wide_view text, uint32_t row);
 wide_string to_wide(std::string_view bytes, uint32_t row);
-// Narrow text of the host; null counts as empty.
+// Returns a narrow text of the host as wide text; null counts as empty.
 wide_string host_text(const char* text);
+// Returns a narrow text as it is; null counts as empty.
 inline std::string_view narrow_or_empty(const char* text) { return text ? text : ""; }
 
-// Keeps the last text told, converted through a row of the encoding table; 18 is the system's code page.
+// Keeps the last text that it receives, converted through a row of the encoding table, in a string of the
+// caller, which must outlive it.
 class stdstring_visitor final : public string_visitor_impl {
 public:
     explicit stdstring_visitor(std::string& target, uint32_t encoding = system_row)

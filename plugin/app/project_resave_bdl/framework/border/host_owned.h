@@ -1,10 +1,15 @@
-// Ownership of a host object that the bundle created.
+// Ownership of a host object that the bundle created: a unique_ptr that calls the host's destroy or close
+// function.
+//
+//     using owned_uuid = host_owned<vs_uuid, &vs_uuid_destroy>;
+//     const owned_uuid uuid(vs_uuid_create());
 #pragma once
 
 #include <memory>
 
 namespace vs::project_resave {
 
+// Calls `Destroy` with the object.
 template <auto Destroy>
 struct destroyed_by {
     template <class Object>
@@ -13,7 +18,7 @@ struct destroyed_by {
     }
 };
 
-// host_owned<vs_uuid, &vs_uuid_destroy>: the host's destroyer runs on every way out, never for null.
+// Destroys the object on every way out; null is not passed to the host.
 template <class Object, auto Destroy>
 using host_owned = std::unique_ptr<Object, destroyed_by<Destroy>>;
 

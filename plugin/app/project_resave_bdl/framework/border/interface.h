@@ -1,11 +1,16 @@
-// Interfaces across the border between a library and its host or another library: a pair of pointers, with a
-// constant table of plain functions behind the first.
+// Interfaces across the border between a library and its host or another library: a pair of pointers, of
+// which the first leads to a constant table of plain functions.
 //
 // An interface is declared once, as its provider class: derive from interface_of<X>, give it a name, virtual
 // operations and the list of them in table order. Table, entries, client calls and casts come from that.
-// Entry 0 of a table hands back the identity interface. Entry 1 hands back the base interface, except where
-// `rooted_in_identity` says that the operations follow at once. No exception leaves an entry: one that is
-// caught there gives a zero result. Used on the user-interface thread only.
+// Entry 0 of a table returns the identity interface. Entry 1 returns the base interface, except where
+// `rooted_in_identity` says that the operations follow at once. The provider is called through the table;
+// code that holds a pair uses call, cast_to and identity_of.
+//
+// Rules for every operation: it runs on the host's main thread. A pair is borrowed for the call; to keep it,
+// take a ref (ref.h), and if the object is no referent, its owner must say how long it lives. No exception
+// leaves an entry: one that is caught there is recorded (caught.h) and the result is zero. A call through a
+// null pair does nothing and returns zero.
 #pragma once
 
 #include <cstddef>
@@ -20,7 +25,7 @@ namespace vs::project_resave {
 
 using interface_pointer = vs_interface_pointer;
 
-// Typed pair. A call through a null one does nothing and gives zero.
+// A pair whose table is that of Impl. It owns nothing and copies like plain data.
 template <class Impl>
 struct interface_to : interface_pointer {};
 
@@ -34,14 +39,17 @@ static_assert(std::is_trivially_copyable_v<identity_pointer>);
 // Root of every provider class. The first two virtual operations of each are these, in this order.
 class interface_impl {
 public:
-    // Fills both outputs if the object speaks the interface of exactly this name; else leaves them alone.
+    // Sets both outputs if the object implements the interface of exactly this name; otherwise leaves them
+    // unchanged.
     virtual void query(const char* asked, const void** table, void** instance) = 0;
+    // Sets `out` to the object's identity, the same for all its interfaces.
     virtual void identity(interface_pointer& out);
 
 protected:
     ~interface_impl() = default;
 };
 
+// The operations of an interface in table order, as pointers to members.
 template <auto... Operations>
 struct operation_list {};
 
@@ -132,14 +140,14 @@ const void* build_table(operation_list<Operations...>) {
 
 } // namespace border
 
-// The one table of an interface in this library, built on first use.
+// Returns the one table of an interface in this library, built on first use, valid until the library goes.
 template <class Impl>
 const void* table_of() {
     static const void* const table = border::build_table<Impl>(typename Impl::operations{});
     return table;
 }
 
-// Provider side of one interface; Impl is the declaring class itself.
+// Base of a provider class; Impl is the declaring class itself. Its `query` knows the one name of Impl.
 template <class Impl>
 class interface_of : public interface_impl {
 public:
@@ -178,7 +186,7 @@ inline constexpr query_entry identity_table[] = {&answer_query};
 
 } // namespace border
 
-// The pair by which a provider is handed out.
+// Return the pair by which a provider is passed to others, valid as long as the provider.
 template <class Impl>
 interface_to<Impl> pointer_to(Impl& provider) {
     return {{table_of<Impl>(), &provider}};
@@ -188,7 +196,7 @@ inline identity_pointer identity_of(interface_impl& provider) {
 }
 inline void interface_impl::identity(interface_pointer& out) { out = identity_of(*this); }
 
-// Client call: call<&x_impl::operation>(x, arguments...).
+// Calls an operation: call<&x_impl::operation>(x, arguments...). Returns its result; zero for a null pair.
 template <auto Operation, class... Args>
 auto call(const interface_to<typename border::operation<Operation>::provider>& target, Args&&... args) {
     using impl = typename border::operation<Operation>::provider;
@@ -198,7 +206,7 @@ auto call(const interface_to<typename border::operation<Operation>::provider>& t
                                               std::forward<Args>(args)...);
 }
 
-// The identity of an object; null for a null one.
+// Returns the identity of an object; null for a null pair.
 inline identity_pointer identity_of(const interface_pointer& object) {
     identity_pointer identity;
     if (object)
@@ -207,7 +215,7 @@ inline identity_pointer identity_of(const interface_pointer& object) {
     return identity;
 }
 
-// Asks an object for the interface of a name; null if the object does not speak it.
+// Returns the interface of an object by name; null if the object does not implement it and for a null pair.
 inline interface_pointer query_name(const identity_pointer& object, const char* name) {
     interface_pointer found;
     if (object)
@@ -216,6 +224,7 @@ inline interface_pointer query_name(const identity_pointer& object, const char* 
     return found;
 }
 
+// Return an object as Impl; null if it does not implement exactly this version, and for a null pair.
 template <class Impl>
 interface_to<Impl> cast_to(const identity_pointer& object) {
     return {query_name(object, Impl::name)};

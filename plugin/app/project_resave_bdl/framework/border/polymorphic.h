@@ -1,5 +1,6 @@
-// One C++ object that speaks several interfaces: polymorphic<A_impl, polymorphic<B_impl>> answers to the
-// names of both, each with its own table and the address of its own part, and both lead to one identity.
+// One C++ object that implements several interfaces: polymorphic<A_impl, polymorphic<B_impl>> finds both by
+// name, each with a table and the address of its own part, and both have one identity. For use as a base
+// class of providers.
 #pragma once
 
 #include "framework/border/interface.h"
@@ -34,12 +35,13 @@ protected:
 template <class Impl, class Next = polymorphic_base>
 class polymorphic : public polymorphic_impl<Impl>, public polymorphic_next<Next> {
 public:
-    // The names of this object's interfaces, in the order of the bases.
+    // Looks for the name among this object's interfaces, in the order of the bases.
     void query(const char* asked, const void** table, void** instance) {
         const void* const before = *table;
         Impl::query(asked, table, instance);
         if (*table == before) polymorphic_next<Next>::query(asked, table, instance);
     }
+    // The identity is that of the first interface.
     void identity(interface_pointer& out) { out = identity_of(static_cast<Impl&>(*this)); }
 
 protected:

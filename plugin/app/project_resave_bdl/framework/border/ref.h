@@ -1,15 +1,15 @@
-// Smart interface pointers: ref<I> keeps the object alive; weak_ref<I> does not, and is null once the object
-// has ended.
+// Smart interface pointers: ref<I> keeps the object alive; weak_ref<I> does not, and becomes null when the
+// object ends.
 //
 // The object lists each ref by its address, so copies and moves register their own. An object that is no
-// referent is held as a plain pointer: its owner sees to its life.
+// referent is held as a plain pointer: its owner sees to its life. Main thread only.
 #pragma once
 
 #include "framework/border/referent.h"
 
 namespace vs::project_resave {
 
-// How the referent of an object is reached.
+// Finds the referent of an object: null if the object is none.
 template <class Impl>
 struct ref_traits {
     static referent_pointer referent_of(const interface_to<Impl>& object) {
@@ -17,6 +17,7 @@ struct ref_traits {
     }
 };
 
+// A ref made without an object is null, and so is one of a null pair.
 template <class Impl, bool Weak = false, class Traits = ref_traits<Impl>>
 class ref final : public referrer_impl {
 public:
@@ -39,20 +40,24 @@ public:
     }
     ~ref() { reset(); }
 
-    // Joins the new object before it leaves the old one, so that assigning what it holds is safe.
+    // Holds the new object, null to hold nothing. Joins it before it leaves the old one, so that assigning
+    // what it holds is safe.
     void assign(const interface_to<Impl>& object) {
         const interface_to<Impl> old = held_;
         take(object);
         leave(old);
     }
+    // Holds nothing; the object ends if no other ref keeps it alive.
     void reset() {
         const interface_to<Impl> old = held_;
         held_ = {};
         leave(old);
     }
+    // Returns the object, borrowed for as long as this ref holds it; null if it holds nothing.
     const interface_to<Impl>& get() const { return held_; }
     explicit operator bool() const { return static_cast<bool>(held_); }
 
+    // Called by the object when it ends.
     void on_referent_closed() override { held_ = {}; }
     bool keeps_alive() override { return !Weak; }
 
@@ -79,6 +84,7 @@ class obj : public objbase {
 public:
     obj() = default;
     explicit obj(const referent_pointer& wrapped_referent) : wrapped_(wrapped_referent) {}
+    // Returns the wrapped referent, otherwise this object.
     referent_pointer self() override { return wrapped_ ? wrapped_.get() : pointer_to<referent_impl>(*this); }
     // Whoever refers to this object refers to the one whose life counts.
     void query(const char* asked, const void** table, void** instance) override {
@@ -92,8 +98,8 @@ private:
     ref<referent_impl> wrapped_;
 };
 
-// A class side and a referent in one object: class x : public referent<x_impl>. `I` may be a polymorphic
-// chain.
+// A provider and a referent in one object: class x : public referent<x_impl>. `I` may also be a polymorphic
+// chain. Make it with new and take a ref at once.
 template <class I>
 class referent : public I, public obj {
 public:

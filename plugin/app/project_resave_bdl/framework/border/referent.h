@@ -1,7 +1,8 @@
-// Counted lives: a referent knows who refers to it and ends when nobody who keeps it alive is left.
+// Counted lives: a referent knows who refers to it and ends when no referrer that keeps it alive is left.
+// Code uses ref.h; these are the tables below it.
 //
-// A fresh referent has no referrer: whoever creates it takes a ref at once or deletes it. Counts are not
-// atomic; user-interface thread only.
+// A fresh referent has no referrer: its creator takes a ref at once or deletes it. Counts are not atomic;
+// main thread only.
 #pragma once
 
 #include <algorithm>
@@ -12,13 +13,14 @@
 
 namespace vs::project_resave {
 
-// A party that holds a reference and wants to be told when the object goes.
+// Who implements: a party that holds a reference. Who calls: the referent.
 class referrer_impl : public interface_of<referrer_impl> {
 public:
     static constexpr const char* name = "vs_referrer_interface_1";
     static constexpr bool rooted_in_identity = true;
-    // The object is ending: forget the pointer, do not call remove_referrer.
+    // The object is ending: forget the pointer and do not call remove_referrer.
     virtual void on_referent_closed() = 0;
+    // True if the object must not end while this referrer is on its list; false for a weak one.
     virtual bool keeps_alive() = 0;
     using operations = operation_list<&referrer_impl::on_referent_closed, &referrer_impl::keeps_alive>;
 
@@ -27,13 +29,16 @@ protected:
 };
 using referrer_pointer = interface_to<referrer_impl>;
 
+// Who implements: an object whose life is counted. Who calls: code that refers to it.
 class referent_impl : public interface_of<referent_impl> {
 public:
     static constexpr const char* name = "vs_referent_interface_1";
     static constexpr bool rooted_in_identity = true;
-    // Answers the number of referrers after it.
+    // Appends the referrer, which must stay valid until it is removed or the object ends. Returns the number
+    // of referrers after that.
     virtual uint32_t add_referrer(referrer_pointer referrer) = 0;
-    // Takes the first equal row out; then the object ends if no referrer that is left keeps it alive.
+    // Removes the first equal referrer, if there is one; then the object ends if no referrer that is left
+    // keeps it alive. A null referrer on the list counts as one that does.
     virtual void remove_referrer(referrer_pointer referrer) = 0;
     using operations = operation_list<&referent_impl::add_referrer, &referent_impl::remove_referrer>;
 
@@ -42,6 +47,7 @@ protected:
 };
 using referent_pointer = interface_to<referent_impl>;
 
+// Base of referents made with new: the list of referrers and the end of the object.
 class objbase : public referent_impl {
 public:
     objbase() = default;
@@ -50,11 +56,11 @@ public:
 
     uint32_t add_referrer(referrer_pointer referrer) override;
     void remove_referrer(referrer_pointer referrer) override;
-    // The referent whose life counts for this object.
+    // Returns the referent whose life counts for this object.
     virtual referent_pointer self() = 0;
-    // Kept for other bundles; nothing here calls it.
+    // The same as an output. Kept for other bundles; nothing here calls it.
     virtual void as_referent(referent_pointer& out);
-    // Tells each referrer that is left on_referent_closed().
+    // Calls on_referent_closed() of each referrer that is left.
     virtual ~objbase();
 
 private:

@@ -1,4 +1,5 @@
-// Adapters for host functions that assign a text to the caller's string.
+// Adapters for host functions that assign a text to the caller's string. Code calls host_string; the adapters
+// live on the stack, for one call of the host. Main thread only.
 #pragma once
 
 #include <utility>
@@ -15,9 +16,11 @@ public:
     Tvs_string_adapter_base() : handle_(vs_string_adp_create(&assign_text, &text_of, this)) {}
     Tvs_string_adapter_base(const Tvs_string_adapter_base&) = delete;
     Tvs_string_adapter_base& operator=(const Tvs_string_adapter_base&) = delete;
-    // `text` may be null, which counts as empty.
+    // The host passes a text, borrowed for the call; null counts as empty.
     virtual void assign(const char16_t* text) = 0;
+    // The host reads the string; the result is valid until the string changes.
     virtual const char16_t* text() = 0;
+    // Converts to the handle, the last argument of a host function; null if the host could not make it.
     operator vs_string_adp*() const { return handle_; }
 
 protected:
@@ -44,6 +47,7 @@ private:
     vs_string_adp* handle_;
 };
 
+// Assigns to a string of the caller, which must outlive the adapter.
 class Tvs_std_wstring_adapter final : public Tvs_string_adapter_base {
 public:
     explicit Tvs_std_wstring_adapter(wide_string& target) : string_(&target) {}
@@ -54,7 +58,8 @@ private:
     wide_string* string_;
 };
 
-// Runs a host function whose last argument is an adapter, and answers the text it assigned.
+// Calls a host function whose last argument is an adapter, and returns the text that it assigned; empty if it
+// assigned none.
 template <class Function, class... Args>
 wide_string host_string(Function function, Args... args) {
     wide_string text;

@@ -1,5 +1,8 @@
-// Visitors: how anything of variable length comes back over the border. The visitor stands on the caller's
-// stack; the other side calls it once for a single value, or once for each element, before the call returns.
+// Visitors: how a value of variable length comes back over the border.
+//
+// Who implements: the caller of an operation, with an object on its stack. Who calls: the other side, before
+// the operation returns and never later: once for a single value, once for each element of a list, not at all
+// if there is nothing. What a visitor receives is borrowed for that call. Main thread only.
 #pragma once
 
 #include <cstdint>
@@ -11,7 +14,7 @@
 
 namespace vs::project_resave {
 
-// Told null-terminated wide text; a null pointer counts as the empty text.
+// Receives wide text that ends with a zero; a null pointer counts as the empty text.
 class string_visitor_impl : public interface_of<string_visitor_impl> {
 public:
     static constexpr const char* name = "vs_string_visitor_interface_0";
@@ -23,14 +26,16 @@ protected:
 };
 using string_visitor = interface_to<string_visitor_impl>;
 
-// Tells a visitor a text. Safe for a text that holds zero characters: it ends at the first.
+// Passes a text to a visitor; of a text with a zero in it the part before. A null visitor receives nothing.
 inline void tell(const string_visitor& visitor, const wide_string& text) {
     call<&string_visitor_impl::visit>(visitor, text.c_str());
 }
 
+// Returns a copy of the text; empty for null.
 inline wide_string text_or_empty(const char16_t* text) { return text ? wide_string(text) : wide_string(); }
 
-// Keeps the last text told.
+// Keeps the last text that it receives in a string of the caller, which must outlive it and is unchanged if
+// nothing is received.
 class stdwstring_visitor final : public string_visitor_impl {
 public:
     explicit stdwstring_visitor(wide_string& target) : text_(target) {}
@@ -41,6 +46,7 @@ private:
     wide_string& text_;
 };
 
+// Appends each text to a list of the caller.
 class stdwstring_list_visitor final : public string_visitor_impl {
 public:
     explicit stdwstring_list_visitor(std::vector<wide_string>& target) : texts_(target) {}
@@ -51,7 +57,7 @@ private:
     std::vector<wide_string>& texts_;
 };
 
-// Kept for other bundles; nothing here calls it.
+// Inserts each text into a set of the caller. Kept for other bundles; nothing here calls it.
 class stdwstring_set_visitor final : public string_visitor_impl {
 public:
     explicit stdwstring_set_visitor(std::set<wide_string>& target) : texts_(target) {}
@@ -62,8 +68,8 @@ private:
     std::set<wide_string>& texts_;
 };
 
-// Planes of a picture: the pointer stands at the first row to read, `stride` is the step to the next in
-// bytes.
+// Receives one plane of a picture, one byte for each pixel. `row` is the row to be read first, `stride` the
+// step to the next one in bytes, which can be negative; sizes are in pixels.
 class bytes_visitor_impl : public interface_of<bytes_visitor_impl> {
 public:
     static constexpr const char* name = "vs_bytes_visitor_interface_0";
@@ -75,7 +81,7 @@ protected:
 };
 using bytes_visitor = interface_to<bytes_visitor_impl>;
 
-// The same with three bytes to a pixel.
+// The same with three bytes for each pixel: blue, green, red.
 class thrice_interleaved_bytes_visitor_impl : public interface_of<thrice_interleaved_bytes_visitor_impl> {
 public:
     static constexpr const char* name = "vs_thrice_interleaved_bytes_visitor_interface_0";

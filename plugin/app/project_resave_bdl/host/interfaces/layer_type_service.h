@@ -1,19 +1,24 @@
-// Services registered under "vestra/scene/2d" and "vestra/scene/3d": which layer types there are, with
-// pictures.
+// Services registered under "vestra/scene/2d" and "vestra/scene/3d": which layer types there are, with their
+// pictures. The selection shows next to a layer the picture of its type.
+//
+// Who implements: a bundle that brings layer types, as a referent that ends with its library. Who calls: any
+// bundle that shows layers; it asks for all types in one go and keeps copies. Main thread only.
 #pragma once
 
 #include "framework/border/interface.h"
 
 namespace vs::project_resave {
 
-// Who implements: a bundle that brings layer types.
 class layer_type_service_impl : public interface_of<layer_type_service_impl> {
 public:
     static constexpr const char* name = "vs_layer_type_service_interface_1";
+    // Returns the number of types; indexes run from 0.
     virtual uint32_t type_count() = 0;
-    // Narrow layer type; lives as long as the service.
+    // Returns a layer type as narrow text, compared with letter case; valid as long as the service. A null
+    // type is passed over; of several rows with one type the first counts.
     virtual const char* type_name(uint32_t index) = 0;
-    // A new picture of the type, owned by the caller, or null.
+    // Returns a new picture of the type, made by vs_dib_create, all of it opaque. The caller destroys it.
+    // Null if there is no picture.
     virtual vs_dib* picture(uint32_t index) = 0;
     using operations = operation_list<&layer_type_service_impl::type_count,
                                       &layer_type_service_impl::type_name, &layer_type_service_impl::picture>;
@@ -23,9 +28,11 @@ protected:
 };
 using layer_type_service = interface_to<layer_type_service_impl>;
 
+// Who implements: code that looks for layer types, as host/interfaces/service_visitor.h says.
 class layer_type_service_visitor_impl : public interface_of<layer_type_service_visitor_impl> {
 public:
     static constexpr const char* name = "vs_layer_type_service_visitor_interface_1";
+    // Receives one service, borrowed for the call: take a ref to keep it.
     virtual void visit(layer_type_service service) = 0;
     using operations = operation_list<&layer_type_service_visitor_impl::visit>;
 

@@ -1,5 +1,7 @@
-// The plug-in behind a legend of a layout, reached through vs_layout_lr2d_get_plugin_interface. It belongs to
-// the layer.
+// The plug-in of a legend in a layout. Its identity is what vs_layout_lr2d_get_plugin_interface points to.
+//
+// Who implements: the plug-in that draws the legend. Who calls: the resave. It belongs to the layer, ends
+// with it, and is no referent: do not keep it. Main thread only.
 #pragma once
 
 #include "framework/border/interface.h"
@@ -9,7 +11,7 @@ namespace vs::project_resave {
 class layout_legend_layer_impl : public interface_of<layout_legend_layer_impl> {
 public:
     static constexpr const char* name = "vs_layout_legend_layer_interface_1";
-    // The small scene the legend shows, not owned, or null.
+    // Returns the small 2D scene that the legend shows, which belongs to the layer; null if there is none.
     virtual vs_scn_2d* scene() = 0;
     using operations = operation_list<&layout_legend_layer_impl::scene>;
 

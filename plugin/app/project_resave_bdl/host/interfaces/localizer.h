@@ -1,16 +1,24 @@
-// The host's own look-up of texts and pictures, found as the service "vestra/localizer". Where it is there
-// its answer is final.
+// The host's own look-up of texts and pictures, offered as the service "vestra/localizer". While a bundle is
+// connected to it, the bundle asks the localizer instead of its own resources, and the answer is final: what
+// the localizer does not have stays empty.
+//
+// Order of calls: the bundle finds the service, connects a client, is given the localizer, uses it, and
+// disconnects before the client ends. Main thread only.
 #pragma once
 
 #include "host/interfaces/masked_bitmap.h"
 
 namespace vs::project_resave {
 
-// Who implements: the host. `module` is the asking library's handle. Calls the visitor once, or not at all.
+// Who implements: the host; it must outlive the connection or be a referent. Who calls: a bundle, at each
+// look-up. `module` is the handle of the asking library, `id` the number of the row or picture in the base
+// language: the localizer chooses the language. The visitor is borrowed for the call.
 class localizer_impl : public interface_of<localizer_impl> {
 public:
     static constexpr const char* name = "vs_localizer_interface_1";
+    // Passes the text to the visitor, once; does not call the visitor if there is no such text.
     virtual void text(const void* module, uint32_t id, string_visitor visitor) = 0;
+    // The same for a picture, valid for the call.
     virtual void bitmap(const void* module, uint32_t id, masked_bitmap_visitor visitor) = 0;
     using operations = operation_list<&localizer_impl::text, &localizer_impl::bitmap>;
 
@@ -19,11 +27,13 @@ protected:
 };
 using localizer = interface_to<localizer_impl>;
 
-// Who implements: a bundle that uses the localizer. Told at once when it is connected and whenever the
-// localizer changes; null when it ends.
+// Who implements: a bundle that uses the localizer. Who calls: the service. The client is no referent: the
+// bundle disconnects it before it ends.
 class localizer_client_impl : public interface_of<localizer_client_impl> {
 public:
     static constexpr const char* name = "vs_localizer_client_interface_0";
+    // Called during connect, and again whenever the localizer changes; null when it ends. The bundle keeps no
+    // ref that would hold it alive.
     virtual void set_localizer(localizer current) = 0;
     using operations = operation_list<&localizer_client_impl::set_localizer>;
 
@@ -32,11 +42,13 @@ protected:
 };
 using localizer_client = interface_to<localizer_client_impl>;
 
-// Who implements: the host. A connected client lives until it disconnects.
+// Who implements: the host, as a referent. Who calls: a bundle. One bundle connects at most one client.
 class localizer_service_impl : public interface_of<localizer_service_impl> {
 public:
     static constexpr const char* name = "vs_localizer_service_interface_1";
+    // Adds a client and calls its set_localizer at once.
     virtual void connect(localizer_client client) = 0;
+    // Removes a connected client, which is not called any more.
     virtual void disconnect(localizer_client client) = 0;
     using operations = operation_list<&localizer_service_impl::connect, &localizer_service_impl::disconnect>;
 
@@ -45,9 +57,11 @@ protected:
 };
 using localizer_service = interface_to<localizer_service_impl>;
 
+// Who implements: code that looks for the service, as host/interfaces/service_visitor.h says.
 class localizer_service_visitor_impl : public interface_of<localizer_service_visitor_impl> {
 public:
     static constexpr const char* name = "vs_localizer_service_visitor_interface_1";
+    // Receives the service, borrowed for the call: take a ref to keep it.
     virtual void visit(localizer_service service) = 0;
     using operations = operation_list<&localizer_service_visitor_impl::visit>;
 

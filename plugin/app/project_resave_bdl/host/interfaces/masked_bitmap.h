@@ -1,4 +1,7 @@
-// A picture with a mask that crosses the border. Who implements: whoever has the picture, for the call.
+// A picture with a mask, as it is passed between libraries, and the visitor that receives one.
+//
+// Who implements: code that has a picture. Who calls: code that receives it, and only during the call in
+// which it does: pixels are copied, the picture is not kept. Main thread only.
 #pragma once
 
 #include "framework/border/visitors.h"
@@ -8,11 +11,14 @@ namespace vs::project_resave {
 class masked_bitmap_impl : public interface_of<masked_bitmap_impl> {
 public:
     static constexpr const char* name = "vs_masked_bitmap_interface_0";
+    // Return the size in pixels; 0 for a picture that was not found.
     virtual uint32_t width() = 0;
     virtual uint32_t height() = 0;
-    // Each hands over its plane whole, in one call; an empty picture calls no visitor. Colour: three bytes to
-    // a pixel. Mask: one byte to a pixel, 0 transparent.
+    // Passes the colours, in one call: three bytes for each pixel, blue, green, red. Does not call the
+    // visitor if the picture is empty.
     virtual void visit_pixels(thrice_interleaved_bytes_visitor visitor) = 0;
+    // Passes the mask in the same way: one byte for each pixel, 0 transparent, 255 opaque. The pictures of
+    // this bundle come with the bottom row first and a negative stride.
     virtual void visit_mask(bytes_visitor visitor) = 0;
     using operations = operation_list<&masked_bitmap_impl::width, &masked_bitmap_impl::height,
                                       &masked_bitmap_impl::visit_pixels, &masked_bitmap_impl::visit_mask>;
@@ -22,10 +28,11 @@ protected:
 };
 using masked_bitmap = interface_to<masked_bitmap_impl>;
 
-// Told one picture; the pointer is borrowed for the call.
+// Who implements: code that receives a picture, for the call.
 class masked_bitmap_visitor_impl : public interface_of<masked_bitmap_visitor_impl> {
 public:
     static constexpr const char* name = "vs_masked_bitmap_visitor_interface_0";
+    // Receives one picture, borrowed for the call.
     virtual void visit(masked_bitmap picture) = 0;
     using operations = operation_list<&masked_bitmap_visitor_impl::visit>;
 

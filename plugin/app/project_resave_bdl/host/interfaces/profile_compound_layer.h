@@ -1,5 +1,7 @@
-// The plug-in behind a compound profile layer, reached through vs_lr2d_get_plugin_interface. It belongs to
-// the layer. Only the members are used here; the entries between stand for the plug-in's own operations.
+// The plug-in of a compound profile layer. Its identity is what vs_lr2d_get_plugin_interface points to.
+//
+// Who implements: the plug-in that draws the layer. Who calls: the resave, which needs the members and
+// nothing else. It belongs to the layer, ends with it, and is no referent: do not keep it. Main thread only.
 #pragma once
 
 #include "framework/border/visitors.h"
@@ -9,12 +11,15 @@ namespace vs::project_resave {
 class profil_cmpnd_lr2d_impl : public interface_of<profil_cmpnd_lr2d_impl> {
 public:
     static constexpr const char* name = "vs_profil_cmpnd_lr2d_interface_3";
+    // The reserved entries hold the place of the plug-in's own operations: never call them.
     virtual void reserved_1() {}
     virtual void reserved_2() {}
+    // Returns the number of profiles that the layer is made of.
     virtual int32_t member_count() = 0;
     virtual void reserved_4() {}
     virtual void reserved_5() {}
-    // Tells the uuid text of the element that a member stands for.
+    // Passes the uuid, as text, of the element that a member represents. Does not call the visitor for an
+    // index outside the count.
     virtual void member_uuid(int32_t index, string_visitor visitor) = 0;
     using operations =
         operation_list<&profil_cmpnd_lr2d_impl::reserved_1, &profil_cmpnd_lr2d_impl::reserved_2,

@@ -1,4 +1,8 @@
-// The road by which a bundle's services reach the host.
+// How a bundle's services reach the host: the bundle registers one factory for each service, and the host
+// calls the factory when somebody wants the service. Main thread only.
+//
+// Both tables have their first operation in entry 1. Order of calls: the host starts the bundle
+// (framework/bundle_entry.h), the bundle registers its factories, later the host calls `create`.
 #pragma once
 
 #include "framework/border/interface.h"
@@ -8,14 +12,16 @@ namespace vs::project_resave {
 class bundle_context_impl;
 using bundle_context = interface_to<bundle_context_impl>;
 
-// Who implements: a bundle, once for each service it offers. Who calls: the host, when it first wants the
-// service.
+// Who implements: a bundle, once for each service it offers, as a static object that lives until the library
+// is unloaded. Who calls: the host, when the service is first wanted, or for a factory without an id once all
+// bundles are loaded.
 class service_factory_impl : public interface_of<service_factory_impl> {
 public:
     static constexpr const char* name = "vs_service_factory_interface_1";
     static constexpr bool rooted_in_identity = true;
-    // The identity of the service, a referent that the factory keeps alive; null if there is none. Two calls
-    // give one service.
+    // Returns the identity of the service, a referent that the factory keeps alive, building it in the first
+    // call; later calls return the same service. Null if the factory offers none, as a mere client of other
+    // services does. `context` is that of register_factory.
     virtual identity_pointer create(bundle_context context) = 0;
     using operations = operation_list<&service_factory_impl::create>;
 
@@ -24,12 +30,14 @@ protected:
 };
 using service_factory_pointer = interface_to<service_factory_impl>;
 
-// Who implements: the host, once for each bundle it loads. It lives until the bundle is unloaded.
+// Who implements: the host, once for each bundle it loads; valid until the bundle is unloaded. Who calls: the
+// bundle, while it starts.
 class bundle_context_impl : public interface_of<bundle_context_impl> {
 public:
     static constexpr const char* name = "vs_bundle_context_interface_1";
     static constexpr bool rooted_in_identity = true;
-    // Announces a factory under an id, which may be empty. The factory stays the bundle's.
+    // Registers a factory, which stays the bundle's. Its service is found under exactly `id`, and under every
+    // id if `id` is empty. A null factory is ignored.
     virtual void register_factory(const char16_t* id, service_factory_pointer factory) = 0;
     using operations = operation_list<&bundle_context_impl::register_factory>;
 

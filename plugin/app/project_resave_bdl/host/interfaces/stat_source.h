@@ -1,5 +1,7 @@
-// A data set that the host has opened. Who implements: the host; what vs_datasource_open gives speaks it.
-// A referent: whoever opened it holds a ref, and the last one closes it.
+// A data set that the host has opened by vs_datasource_open: its files, and its records if it has some.
+//
+// Who implements: the host, as a referent. Who calls: the code that opened it and holds a ref; the end of the
+// last ref closes the data set. Read only. Main thread only.
 #pragma once
 
 #include "framework/border/visitors.h"
@@ -9,14 +11,18 @@ namespace vs::project_resave {
 class stat_source_impl : public interface_of<stat_source_impl> {
 public:
     static constexpr const char* name = "vs_stat_source_interface_9";
-    // Tells each file of the data set as a full path, the main file among them; a file told need not exist.
+    // Passes each file of the data set as a full path, one call for each, the main file among them. A file
+    // that is passed need not exist.
     virtual void files(string_visitor visitor) = 0;
-    // Index of the field of exactly this name, or -1; also -1 where the data set has no records.
+    // Returns the index of the field of exactly this name; -1 if there is none, if the data set has no
+    // records, and for null.
     virtual int32_t find_field(const char16_t* field_name) = 0;
-    // Goes to the first and to the next record; false if there is none.
+    // Makes the first record the current one; false if there is no record. Before this no record is current.
     virtual bool first() = 0;
+    // Goes on to the next record; false at the end, and no record is current then.
     virtual bool next() = 0;
-    // Text of a field of the present record.
+    // Passes the text of a field of the current record; the empty text without a current record or for an
+    // index that is no field's.
     virtual void field_text(int32_t field, string_visitor visitor) = 0;
     using operations =
         operation_list<&stat_source_impl::files, &stat_source_impl::find_field, &stat_source_impl::first,

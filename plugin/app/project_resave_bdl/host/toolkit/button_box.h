@@ -1,4 +1,7 @@
-// The row of buttons by which a window is run and closed. Who implements: the bundle. Who calls: the host.
+// The row of buttons that runs and closes a window.
+//
+// Who implements: the bundle. Who calls: the host. The object is an element too: host/toolkit/element.h says
+// how long it lives and how it reports a change. Main thread only.
 #pragma once
 
 #include <cstdint>
@@ -11,14 +14,16 @@ class button_box_impl : public interface_of<button_box_impl> {
 public:
     static constexpr const char* name = "vs_button_box_interface_1";
     static constexpr const char16_t* element_kind = u"button_box";
+    // Returns the number of buttons. They never change.
     virtual uint32_t entry_count() = 0;
-    // The words on a button; none is told for an index past the last.
+    // Passes the words on a button, from left to right; does not call the visitor for an index past the last.
     virtual void entry_text(uint32_t index, string_visitor visitor) = 0;
-    // The button's number in this box: 1, 2 and 32 do the work of the window, 4, 8 and 64 only close it. 0
-    // for an index past the last.
+    // Returns the button's code: 1, 2 and 32 do the work of the window, 4, 8 and 64 only close it. 0 for an
+    // index past the last.
     virtual int32_t entry_code(uint32_t index) = 0;
-    // The user pressed the button with this code. True: the window closes. A code that no button has does
-    // nothing. May run as long as the work behind the button does, and show message boxes.
+    // The user pressed the button with this code. Returns true if the host is to close the window. A code
+    // that no button has does nothing and returns false. A button that does work finishes it before it
+    // returns, which can take long and show message boxes and dialogs.
     virtual bool click(int32_t code) = 0;
     using operations = operation_list<&button_box_impl::entry_count, &button_box_impl::entry_text,
                                       &button_box_impl::entry_code, &button_box_impl::click>;

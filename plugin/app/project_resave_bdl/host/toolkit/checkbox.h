@@ -1,4 +1,7 @@
-// A box that the user checks or unchecks. Who implements: the bundle. Who calls: the host.
+// A box that the user checks or unchecks.
+//
+// Who implements: the bundle. Who calls: the host. The object is an element too: host/toolkit/element.h says
+// how long it lives and how it reports a change. Main thread only.
 #pragma once
 
 #include <cstdint>
@@ -7,16 +10,19 @@
 
 namespace vs::project_resave {
 
-// The toolkit's own numbers, not the host's three-state ones.
+// The toolkit's own numbers, which are not those of vs_three_state.
 enum class checkbox_state : uint32_t { unchecked = 0, checked = 2 };
 
 class checkbox_impl : public interface_of<checkbox_impl> {
 public:
     static constexpr const char* name = "vs_checkbox_interface_1";
     static constexpr const char16_t* element_kind = u"checkbox";
+    // Passes the words next to the box. They never change.
     virtual void caption(string_visitor visitor) = 0;
+    // Returns the current state; it can change without the user.
     virtual checkbox_state state() = 0;
-    // The user set the box to this state. It may change other elements, which tell their observers.
+    // The user set the box to this state; any number but `checked` unchecks it. The current state changes
+    // nothing. Other elements may change too and report that to their observers.
     virtual void state_entered(checkbox_state state) = 0;
     using operations =
         operation_list<&checkbox_impl::caption, &checkbox_impl::state, &checkbox_impl::state_entered>;

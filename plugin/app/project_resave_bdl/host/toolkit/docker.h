@@ -1,5 +1,8 @@
-// The content of a window, a dialog or a page: one main element, with its title. It is an element too, and so
-// may stand inside another. Who implements: the bundle. Who calls: the host.
+// The content of a window, a dialog or a page: a title, one main element, and the buttons of the window. As
+// an element it can also be a child of another one.
+//
+// Who implements: the bundle. Who calls: the host. The object is an element too: host/toolkit/element.h says
+// how long it lives and how it reports a change. Main thread only.
 #pragma once
 
 #include "host/toolkit/element.h"
@@ -10,14 +13,18 @@ class docker_impl : public interface_of<docker_impl> {
 public:
     static constexpr const char* name = "vs_docker_interface_1";
     static constexpr const char16_t* element_kind = u"docker";
+    // Passes the title of the window, dialog or page; may be empty. It never changes.
     virtual void title(string_visitor visitor) = 0;
-    // A sentence for a hint; may be empty.
+    // Passes a sentence for a hint; passes the empty text or does not call the visitor if there is none.
     virtual void description(string_visitor visitor) = 0;
+    // Returns the element that fills the docker, valid as long as the docker.
     virtual element main_element() = 0;
-    // The button box of the window; null: the host adds its own OK and cancel.
+    // Returns the button box of a window or dialog, valid as long as the docker. Null if the host is to add
+    // its own OK and cancel.
     virtual element buttons() = 0;
-    // The window that the docker stands in, kept while it does; null when the window goes. A dialog's docker
-    // need not be told.
+    // Sets the window that shows the docker, which keeps a ref to it; null before the window closes. What the
+    // docker shows can end then, such as a loaded project. Need not be called for the docker of a dialog or
+    // of a page.
     virtual void set_parent(identity_pointer window) = 0;
     using operations =
         operation_list<&docker_impl::title, &docker_impl::description, &docker_impl::main_element,

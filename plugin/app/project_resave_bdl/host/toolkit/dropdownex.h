@@ -1,5 +1,7 @@
-// A label with a list that drops down, of which one row is shown. Who implements: the bundle. Who calls: the
-// host.
+// A label with a drop-down list, of which at most one row is current and shown.
+//
+// Who implements: the bundle. Who calls: the host. The object is an element too: host/toolkit/element.h says
+// how long it lives and how it reports a change. Main thread only.
 #pragma once
 
 #include <cstdint>
@@ -13,13 +15,16 @@ public:
     static constexpr const char* name = "vs_dropdownex_interface_1";
     static constexpr const char16_t* element_kind = u"dropdownex";
     static constexpr uint32_t no_row = UINT32_MAX;
+    // Passes the words in front of the list. They never change.
     virtual void label(string_visitor visitor) = 0;
+    // Returns the number of rows. They never change.
     virtual uint32_t row_count() = 0;
-    // What the user reads in a row; none is told for an index past the last.
+    // Passes what the user reads in a row; does not call the visitor for an index past the last.
     virtual void row_text(uint32_t index, string_visitor visitor) = 0;
-    // The row that is shown; `no_row` if none is.
+    // Returns the current row; `no_row` if there is none.
     virtual uint32_t current_row() = 0;
-    // The user chose this row; `no_row` takes the choice away, and an index past the last changes nothing.
+    // The user chose this row, which becomes the current one; after `no_row` no row is current. Another index
+    // past the last changes nothing.
     virtual void row_chosen(uint32_t index) = 0;
     using operations =
         operation_list<&dropdownex_impl::label, &dropdownex_impl::row_count, &dropdownex_impl::row_text,

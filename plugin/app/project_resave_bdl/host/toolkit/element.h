@@ -1,7 +1,12 @@
-// What every element of a window answers, whatever it is, and how it tells that its answers changed.
+// What every element of a window implements, whatever it is, and how it reports that it has changed.
 //
-// The host never knows an element's class. It gets an element as a pair, asks for its kind, casts it to the
-// interfaces it can draw, asks them everything, and sends the user's events back through them.
+// The host never knows an element's class. It gets a pair of pointers, asks for the kind, casts the element
+// to the interfaces that it can draw (framework/border/interface.h), asks these for everything they have, and
+// sends the user's events back through them. Words are in the user's language, unless an operation says that
+// they are the same in every language. Main thread only.
+//
+// Life: an element belongs to the bundle. The host borrows it for as long as the docker at the top of its
+// window or dialog lives, unless the operation that returned it says otherwise.
 #pragma once
 
 #include "framework/border/visitors.h"
@@ -11,11 +16,14 @@ namespace vs::project_resave {
 class element_impl;
 using element = interface_to<element_impl>;
 
-// Who implements: the host. It outlives the connection, or is a referent.
+// Who implements: the host. Who calls: the element. It must outlive the connection or be a referent: an
+// element keeps no ref that would hold it alive.
 class element_observer_impl : public interface_of<element_observer_impl> {
 public:
     static constexpr const char* name = "vs_element_observer_interface_1";
-    // Something that `which` answers is no longer what it was: ask again. Told after the change.
+    // Something that `which` returns has changed: ask it again. Called after the change, and not if a value
+    // was set to what it was. May come during an event that the host sends, to this element or to another
+    // one.
     virtual void on_changed(element which) = 0;
     using operations = operation_list<&element_observer_impl::on_changed>;
 
@@ -24,18 +32,17 @@ protected:
 };
 using element_observer = interface_to<element_observer_impl>;
 
-// Who implements: the bundle, in each of its elements. Who calls: the host, which borrows an element for as
-// long as its owner, in the end the docker it stands in, lives.
+// Who implements: the bundle, in each of its elements. Who calls: the host.
 class element_impl : public interface_of<element_impl> {
 public:
     static constexpr const char* name = "vs_element_interface_1";
-    // Tells what the element is, the `element_kind` of its interface; the same word for all its life.
+    // Passes what the element is, the `element_kind` of its interface; never changes.
     virtual void kind(string_visitor visitor) = 0;
-    // An element that is not enabled is drawn so, and the host sends it no events.
+    // False if the element is to be drawn as disabled. The host sends it no events then.
     virtual bool enabled() = 0;
-    // One that is not visible keeps its place.
+    // False if the element is not to be drawn. It keeps its place in its layout.
     virtual bool visible() = 0;
-    // Connects the one observer of the element; null ends the connection.
+    // Connects the element's one observer, in place of an earlier one; null ends the connection.
     virtual void set_observer(element_observer observer) = 0;
     using operations = operation_list<&element_impl::kind, &element_impl::enabled, &element_impl::visible,
                                       &element_impl::set_observer>;

@@ -1,5 +1,7 @@
-// A field for a path, with a button behind it that opens the host's file or folder dialog. Who implements:
-// the bundle. Who calls: the host.
+// A field for a path, followed by a button that opens the host's file or folder dialog.
+//
+// Who implements: the bundle. Who calls: the host. The object is an element too: host/toolkit/element.h says
+// how long it lives and how it reports a change. Main thread only.
 #pragma once
 
 #include <cstdint>
@@ -8,22 +10,24 @@
 
 namespace vs::project_resave {
 
-// What the button asks the user for.
+// What the dialog asks for: a project to be read, a text file to be written, a new file, a folder.
 enum class file_input_mode : uint32_t { source_project = 0, text_file = 1, new_file = 2, folder = 3 };
 
 class file_input_impl : public interface_of<file_input_impl> {
 public:
     static constexpr const char* name = "vs_file_input_interface_1";
     static constexpr const char16_t* element_kind = u"file_input";
+    // Returns what the host's dialog asks for. It never changes.
     virtual file_input_mode mode() = 0;
-    // "words|pattern", for the host's dialog; empty for all files.
+    // Passes the filter of the host's dialog as "words|pattern"; empty for all files.
     virtual void filter(string_visitor visitor) = 0;
-    // Empty: the host's own words.
+    // Passes the words on the button; empty for the host's own words.
     virtual void button_caption(string_visitor visitor) = 0;
+    // Passes the text in the field: a path, or the empty text.
     virtual void text(string_visitor visitor) = 0;
-    // The user typed or chose this text; an empty one counts too. False if it was refused: the field's text
-    // then is what `text` tells, which the refusal may have changed. May show message boxes before it
-    // returns.
+    // The user typed or chose this text; an empty one counts too, and null counts as empty. Returns false if
+    // the bundle refuses it: the host then shows again what `text` passes, which the refusal may have
+    // changed. Can take long, as when it loads a project, and show message boxes.
     virtual bool text_entered(const char16_t* entered) = 0;
     using operations =
         operation_list<&file_input_impl::mode, &file_input_impl::filter, &file_input_impl::button_caption,

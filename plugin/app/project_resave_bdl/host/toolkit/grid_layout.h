@@ -1,4 +1,7 @@
-// Cells in rows and columns, each with one element or none. Who implements: the bundle. Who calls: the host.
+// Cells in rows and columns, each with one element or without. Rows and columns count from 0.
+//
+// Who implements: the bundle. Who calls: the host. The object is an element too: host/toolkit/element.h says
+// how long it lives and how it reports a change. Main thread only.
 #pragma once
 
 #include <cstdint>
@@ -12,12 +15,12 @@ public:
     static constexpr const char* name = "vs_grid_layout_interface_1";
     static constexpr const char16_t* element_kind = u"grid_layout";
     static constexpr uint32_t no_row = UINT32_MAX;
-    // The size never changes.
+    // Return the size of the grid, which never changes.
     virtual uint32_t rows() = 0;
     virtual uint32_t columns() = 0;
-    // The element of a cell, counted from 0; null for an empty cell and outside of the grid.
+    // Returns the element of a cell; null for an empty cell and outside of the grid.
     virtual element child(uint32_t row, uint32_t column) = 0;
-    // The row that takes the height which the others leave; `no_row`: all share it.
+    // Returns the row that gets the height which the others leave; `no_row` if all rows share it.
     virtual uint32_t spare_row() = 0;
     using operations = operation_list<&grid_layout_impl::rows, &grid_layout_impl::columns,
                                       &grid_layout_impl::child, &grid_layout_impl::spare_row>;

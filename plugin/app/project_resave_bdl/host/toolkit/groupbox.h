@@ -1,5 +1,7 @@
-// A frame with a caption. What stands in it is told by the grid_layout interface, which the element speaks
-// too. Who implements: the bundle. Who calls: the host.
+// A frame with a caption. The element also implements grid_layout, which has what is inside the frame.
+//
+// Who implements: the bundle. Who calls: the host. The object is an element too: host/toolkit/element.h says
+// how long it lives and how it reports a change. Main thread only.
 #pragma once
 
 #include "framework/border/visitors.h"
@@ -10,7 +12,7 @@ class groupbox_impl : public interface_of<groupbox_impl> {
 public:
     static constexpr const char* name = "vs_groupbox_interface_1";
     static constexpr const char16_t* element_kind = u"groupbox";
-    // Empty: a frame without words.
+    // Passes the words on the frame; empty for a frame without words. They never change.
     virtual void caption(string_visitor visitor) = 0;
     using operations = operation_list<&groupbox_impl::caption>;
 

@@ -1,6 +1,8 @@
-// A frame around a grid with cells over several columns. The element speaks the groupbox, grid_layout and
-// grid_span_layout interfaces; it has nothing to say of its own but that it is there. Who implements: the
-// bundle. Who calls: the host.
+// A frame with a caption, around a grid with cells over several columns. The element also implements
+// groupbox, grid_layout and grid_span_layout, which have all of it; this interface only marks the kind.
+//
+// Who implements: the bundle. Who calls: the host. The object is an element too: host/toolkit/element.h says
+// how long it lives and how it reports a change. Main thread only.
 #pragma once
 
 #include "framework/border/interface.h"

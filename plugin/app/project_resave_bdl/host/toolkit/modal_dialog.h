@@ -1,4 +1,8 @@
 // Modal dialogs of a bundle: the service by which the host finds each, and the runner that shows them.
+//
+// Order of calls: once the bundles are loaded, the host looks for the services under "vestra/modal_dialog",
+// installs its runner in the dialog of each, and removes it by null before the runner ends. In between the
+// bundle calls the runner whenever it needs a dialog. Main thread only.
 #pragma once
 
 #include <cstdint>
@@ -7,12 +11,13 @@
 
 namespace vs::project_resave {
 
-// Who implements: the host. It outlives the connection, or is a referent.
+// Who implements: the host. Who calls: the bundle. It must outlive the connection or be a referent: a dialog
+// keeps no ref that would hold it alive.
 class dialog_runner_impl : public interface_of<dialog_runner_impl> {
 public:
     static constexpr const char* name = "vs_dialog_runner_interface_1";
-    // Shows the docker in a modal window and returns when that is closed: 0 if it was cancelled or could not
-    // be shown, anything else if it was accepted. The docker is borrowed for the call.
+    // Shows the docker in a modal window until the user closes it. Returns 0 if the user cancelled it or it
+    // could not be shown, any other number if it was accepted. The docker is borrowed for the call.
     virtual int32_t run(docker content) = 0;
     using operations = operation_list<&dialog_runner_impl::run>;
 
@@ -25,9 +30,11 @@ using dialog_runner = interface_to<dialog_runner_impl>;
 class modal_dialog_impl : public interface_of<modal_dialog_impl> {
 public:
     static constexpr const char* name = "vs_modal_dialog_interface_1";
-    // Tells which dialog it is, the same text in every session, so that the host can keep its size and place.
+    // Passes the name of the dialog, the same in every session and language, under which the host keeps its
+    // size and place; may be empty.
     virtual void identity_text(string_visitor visitor) = 0;
-    // Installs the runner; null takes it away. Without one the dialog counts as cancelled.
+    // Installs the runner in place of an earlier one; null removes it. A dialog without a runner is not shown
+    // and counts as cancelled.
     virtual void set_runner(dialog_runner runner) = 0;
     using operations = operation_list<&modal_dialog_impl::identity_text, &modal_dialog_impl::set_runner>;
 
@@ -36,11 +43,11 @@ protected:
 };
 using modal_dialog_pointer = interface_to<modal_dialog_impl>;
 
-// Who implements: the bundle; a referent that its factory keeps. Who calls: the host.
+// Who implements: the bundle, as a referent that its factory keeps. Who calls: the host.
 class modal_dialog_service_impl : public interface_of<modal_dialog_service_impl> {
 public:
     static constexpr const char* name = "vs_modal_dialog_service_interface_102";
-    // Lives as long as the service.
+    // Returns the dialog, valid as long as the service.
     virtual modal_dialog_pointer dialog() = 0;
     using operations = operation_list<&modal_dialog_service_impl::dialog>;
 
@@ -49,10 +56,11 @@ protected:
 };
 using modal_dialog_service_pointer = interface_to<modal_dialog_service_impl>;
 
-// Who implements: whoever looks for dialogs. Told each service once.
+// Who implements: code that looks for dialogs, as host/interfaces/service_visitor.h says.
 class modal_dialog_service_visitor_impl : public interface_of<modal_dialog_service_visitor_impl> {
 public:
     static constexpr const char* name = "vs_modal_dialog_service_visitor_interface_102";
+    // Receives one service, borrowed for the call: take a ref to keep it.
     virtual void visit(modal_dialog_service_pointer service) = 0;
     using operations = operation_list<&modal_dialog_service_visitor_impl::visit>;
 

@@ -1,5 +1,7 @@
-// A field with many lines of text that the user can scroll, read and copy but not change. Who implements: the
-// bundle. Who calls: the host.
+// A field with many lines of text that the user can scroll, read and copy but not change.
+//
+// Who implements: the bundle. Who calls: the host. The object is an element too: host/toolkit/element.h says
+// how long it lives and how it reports a change. Main thread only.
 #pragma once
 
 #include <cstdint>
@@ -12,10 +14,10 @@ class multiline_output_impl : public interface_of<multiline_output_impl> {
 public:
     static constexpr const char* name = "vs_multiline_output_interface_1";
     static constexpr const char16_t* element_kind = u"multiline_output";
-    // The whole text; a line feed ends a line.
+    // Passes the whole text; a line feed ends a line.
     virtual void text(string_visitor visitor) = 0;
-    // The least size at which the field is of use, in average characters and in lines. The host may give it
-    // more.
+    // Return the smallest useful size, the width in average characters, the height in lines; they never
+    // change. The host can make the field larger.
     virtual uint32_t width() = 0;
     virtual uint32_t height() = 0;
     using operations = operation_list<&multiline_output_impl::text, &multiline_output_impl::width,

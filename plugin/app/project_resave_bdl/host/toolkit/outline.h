@@ -1,7 +1,12 @@
-// A tree of rows with a column of names and, before it, a column of check marks. Who implements: the bundle.
-// Who calls: the host.
+// A tree of rows with a column of names and, in front of it, a column of check marks.
 //
-// The host asks for rows as it needs them and may keep what it was answered until it is told to ask again.
+// Who implements: the bundle, all but outline_events. Who calls: the host. The outline is an element too:
+// host/toolkit/element.h says how long it lives and how it reports a change. Columns are valid as long as the
+// outline. Main thread only.
+//
+// The host asks for rows as it needs them and can keep what it was given until outline_events makes it ask
+// again. A row that is passed must be one that the outline returned since the last reset_rows, or null: then
+// flags are false, texts are not passed and setters do nothing, unless an operation says otherwise.
 #pragma once
 
 #include <cstdint>
@@ -11,14 +16,15 @@
 
 namespace vs::project_resave {
 
-// A row, opaque to the host. It lives until the outline's rows are reset.
+// A row, opaque to the host. Valid until reset_rows.
 struct outline_row;
 
-// Who implements: the host. It outlives the connection, or is a referent. What each names is to be asked for
-// anew; the rows themselves go with `reset_rows`.
+// Who implements: the host. Who calls: the outline. It must outlive the connection or be a referent: the
+// outline keeps no ref that would hold it alive. Each operation makes the host ask again for what it names.
 class outline_events_impl : public interface_of<outline_events_impl> {
 public:
     static constexpr const char* name = "vs_outline_events_interface_1";
+    // All rows the host was given are invalid from now on.
     virtual void reset_rows() = 0;
     virtual void reset_columns() = 0;
     virtual void reset_images() = 0;
@@ -30,19 +36,21 @@ protected:
 };
 using outline_events = interface_to<outline_events_impl>;
 
-// The column with the words. A column lives as long as its outline.
+// The column with the words.
 class outline_column_impl : public interface_of<outline_column_impl> {
 public:
     static constexpr const char* name = "vs_outline_column_interface_1";
-    // The same text in every session and language.
+    // Passes the name of the column, the same in every session and language.
     virtual void id(string_visitor visitor) = 0;
-    // Tells nothing while the outline has no rows to head.
+    // Passes the words above the column; does not call the visitor while the outline shows nothing.
     virtual void header(string_visitor visitor) = 0;
+    // Passes what the user reads in the row.
     virtual void text(outline_row* row, string_visitor visitor) = 0;
-    // In average characters, to begin with.
+    // Returns the width to begin with, in average characters.
     virtual uint32_t width() = 0;
-    // A row that is not valid is drawn so.
+    // True if the row is to be drawn as invalid.
     virtual bool invalid(outline_row* row) = 0;
+    // True if the row is to be drawn as highlighted.
     virtual bool highlighted(outline_row* row) = 0;
     using operations = operation_list<&outline_column_impl::id, &outline_column_impl::header,
                                       &outline_column_impl::text, &outline_column_impl::width,
@@ -57,10 +65,13 @@ using outline_column = interface_to<outline_column_impl>;
 class outline_checks_impl : public interface_of<outline_checks_impl> {
 public:
     static constexpr const char* name = "vs_outline_checks_interface_1";
-    // Some of what is below the row is checked and some is not.
+    // True if some of what is below the row is checked and some is not.
     virtual bool mixed(outline_row* row) = 0;
+    // True if the row and all below it are checked.
     virtual bool checked(outline_row* row) = 0;
-    // The user clicked the mark, which is to become `on`. May change other rows too.
+    // The user clicked the mark, which is to become `on`. On a highlighted row it acts on all highlighted
+    // rows. Other rows and other outlines may change too. A null row shows an error message and changes
+    // nothing.
     virtual void click(outline_row* row, bool on) = 0;
     using operations = operation_list<&outline_checks_impl::mixed, &outline_checks_impl::checked,
                                       &outline_checks_impl::click>;
@@ -70,12 +81,14 @@ protected:
 };
 using outline_checks = interface_to<outline_checks_impl>;
 
-// What a column of check marks speaks beside outline_checks if it has pictures and a header to click.
+// What a column of check marks implements in addition if it has pictures and a header to click.
 class outline_bool_column_impl : public interface_of<outline_bool_column_impl> {
 public:
     static constexpr const char* name = "vs_outline_bool_column_interface_1";
+    // Pass the picture of a mark and that of the header, in one call; one of width 0 if there is none.
     virtual void image(masked_bitmap_visitor visitor) = 0;
     virtual void header_image(masked_bitmap_visitor visitor) = 0;
+    // The user clicked the header: checks all rows, or unchecks them if any is checked.
     virtual void click_header() = 0;
     using operations =
         operation_list<&outline_bool_column_impl::image, &outline_bool_column_impl::header_image,
@@ -89,30 +102,34 @@ class outline_impl : public interface_of<outline_impl> {
 public:
     static constexpr const char* name = "vs_outline_interface_1";
     static constexpr const char16_t* element_kind = u"outline";
-    // A null parent stands for the outline itself. Null for an index past the last.
+    // The rows below a row, or the topmost ones for a null parent. `child` returns null for an index past the
+    // last.
     virtual uint32_t child_count(outline_row* parent) = 0;
     virtual outline_row* child(outline_row* parent, uint32_t index) = 0;
     virtual bool has_children(outline_row* parent) = 0;
 
+    // The flags of a row that the host shows, and their change by the user.
     virtual bool expanded(outline_row* row) = 0;
     virtual void set_expanded(outline_row* row, bool on) = 0;
     virtual bool highlighted(outline_row* row) = 0;
     virtual void set_highlighted(outline_row* row, bool on) = 0;
-    // The user added the row to those highlighted; with a second one, all from it to the row. The host sets
-    // the flags of the rows that it shows by itself.
+    // The user highlighted one more row; with a `second` one, all rows between the two. The host itself calls
+    // set_highlighted for the rows it shows. Without `second` the outline also highlights all that is below
+    // the row.
     virtual void highlight_added(outline_row* row, outline_row* second) = 0;
-    // The user went to this row; null: to none.
+    // The user went to this row; null if no row is the current one any more.
     virtual void current_changed(outline_row* row) = 0;
 
-    // Pictures for rows: their number, each of them, and which one a row has, -1 for none. The visitor is
-    // told one picture in any case, an empty one where there is none.
+    // Pictures for rows: their number, one of them, and the index of a row's picture, -1 if it has none.
+    // `image` calls the visitor once in any case, with a picture of width 0 for an index that has none.
     virtual uint32_t image_count() = 0;
     virtual void image(int32_t index, masked_bitmap_visitor visitor) = 0;
     virtual int32_t image_index(outline_row* row) = 0;
 
+    // Return the two columns, which never change.
     virtual outline_column name_column() = 0;
     virtual outline_checks checks() = 0;
-    // Connects the one receiver of the resets; null ends the connection.
+    // Connects the one receiver of resets, in place of an earlier one; null ends the connection.
     virtual void set_events(outline_events events) = 0;
     using operations =
         operation_list<&outline_impl::child_count, &outline_impl::child, &outline_impl::has_children,

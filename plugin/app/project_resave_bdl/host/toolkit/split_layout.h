@@ -1,5 +1,7 @@
-// Two elements, one above the other, with a divider between them that the user can move. Who implements: the
-// bundle. Who calls: the host.
+// Two elements, one above the other, with a divider between them that the user can move.
+//
+// Who implements: the bundle. Who calls: the host. The object is an element too: host/toolkit/element.h says
+// how long it lives and how it reports a change. Main thread only.
 #pragma once
 
 #include "host/toolkit/element.h"
@@ -10,6 +12,7 @@ class split_layout_impl : public interface_of<split_layout_impl> {
 public:
     static constexpr const char* name = "vs_split_layout_interface_1";
     static constexpr const char16_t* element_kind = u"split_layout";
+    // Return the upper and the lower element, which never change.
     virtual element top() = 0;
     virtual element bottom() = 0;
     using operations = operation_list<&split_layout_impl::top, &split_layout_impl::bottom>;

@@ -1,5 +1,7 @@
-// Pages of which one is shown, each behind a tab with its title. Who implements: the bundle. Who calls: the
-// host.
+// Pages of which one is shown, each with a tab and a title. Indexes count from 0.
+//
+// Who implements: the bundle. Who calls: the host. The object is an element too: host/toolkit/element.h says
+// how long it lives and how it reports a change. Main thread only.
 #pragma once
 
 #include <cstdint>
@@ -12,17 +14,22 @@ class tab_layout_impl : public interface_of<tab_layout_impl> {
 public:
     static constexpr const char* name = "vs_tab_layout_interface_1";
     static constexpr const char16_t* element_kind = u"tab_layout";
-    // The number never changes, nor do ids, titles and pages.
+    // Returns the number of pages. Neither it nor ids, titles and pages ever change.
     virtual uint32_t page_count() = 0;
-    // The same text in every session and language; none is told for an index past the last.
+    // Passes the page's name, the same in every session and language; does not call the visitor for an index
+    // past the last.
     virtual void page_id(uint32_t index, string_visitor visitor) = 0;
+    // Passes the words on the tab; does not call the visitor for an index past the last.
     virtual void page_title(uint32_t index, string_visitor visitor) = 0;
-    // Null for an index past the last.
+    // Returns the page; null for an index past the last.
     virtual docker page(uint32_t index) = 0;
-    // A page that is not enabled cannot be chosen; the one that is shown may become so and stay.
+    // False if the user cannot choose the page, and for an index past the last. The page that is shown can be
+    // disabled too; it stays shown.
     virtual bool page_enabled(uint32_t index) = 0;
+    // Returns the page that is shown.
     virtual uint32_t active_page() = 0;
-    // The user chose this page; nothing for one that is shown already, is not enabled or is not there.
+    // The user chose this page, which is shown from now on. Nothing changes for a page that is shown already
+    // or is not enabled, and for an index past the last.
     virtual void page_chosen(uint32_t index) = 0;
     using operations =
         operation_list<&tab_layout_impl::page_count, &tab_layout_impl::page_id, &tab_layout_impl::page_title,

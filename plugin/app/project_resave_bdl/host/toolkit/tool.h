@@ -1,4 +1,7 @@
-// A button with a picture, in a tool bar. Who implements: the bundle. Who calls: the host.
+// A button with a picture, in a tool bar.
+//
+// Who implements: the bundle. Who calls: the host. The object is an element too: host/toolkit/element.h says
+// how long it lives and how it reports a change. Main thread only.
 #pragma once
 
 #include "framework/border/visitors.h"
@@ -10,13 +13,16 @@ class tool_impl : public interface_of<tool_impl> {
 public:
     static constexpr const char* name = "vs_tool_interface_1";
     static constexpr const char16_t* element_kind = u"tool";
-    // What the tool does, in one word; the same text in every session and language, and in every tool bar.
+    // Passes the name of what the tool does, the same in every session and language; tools of several tool
+    // bars that do the same have the same name.
     virtual void id(string_visitor visitor) = 0;
+    // Passes the words for the tool; does not call the visitor if they are missing.
     virtual void caption(string_visitor visitor) = 0;
+    // Passes a sentence for a hint, in the same way.
     virtual void hint(string_visitor visitor) = 0;
-    // Told once; empty if the picture is missing.
+    // Passes the picture, in one call; one of width 0 if there is none.
     virtual void image(masked_bitmap_visitor visitor) = 0;
-    // The user pressed the tool.
+    // The user pressed the tool. Other elements may change and report that to their observers.
     virtual void click() = 0;
     using operations = operation_list<&tool_impl::id, &tool_impl::caption, &tool_impl::hint,
                                       &tool_impl::image, &tool_impl::click>;
