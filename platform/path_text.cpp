@@ -182,12 +182,19 @@ wide_string path_key(wide_view path) { return platform::folded(path_normalise(pa
 // Dots and blanks at the end of a piece do not count everywhere, so ".. " leads upwards, too.
 wide_string held_below(wide_view name) {
     wide_string result(name);
+    size_t depth = 0; // folders below the start
     for (size_t start = 0; start <= result.size();) {
         const size_t end = std::min(result.find_first_of(path_separators, start), result.size());
         const wide_view piece = wide_view(result).substr(start, end - start);
-        if (piece.starts_with(u"..") && piece.find_first_not_of(u". ") == wide_view::npos)
+        // A system may drop dots and blanks at the end of a name, so more than two dots lead upwards too.
+        const bool leads_up = piece.starts_with(u"..") && piece.find_first_not_of(u". ") == wide_view::npos;
+        if (leads_up && depth == 0)
             std::replace(result.begin() + static_cast<ptrdiff_t>(start),
                          result.begin() + static_cast<ptrdiff_t>(end), u'.', u'_');
+        if (leads_up && depth > 0)
+            --depth;
+        else if (!piece.empty() && piece != u".")
+            ++depth;
         start = end + 1;
     }
     return result;

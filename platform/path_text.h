@@ -66,8 +66,8 @@ wide_string valid_name(wide_view name);
 // The same; the colon of a drive stays.
 wide_string valid_path(wide_view path);
 
-// A copy in which the dots of a piece that would lead upwards are "_": a caption can name a folder below
-// another one, but none above it.
+// A copy in which the dots of each piece that would lead above the start are "_": a caption can name a folder
+// below another one, but none outside it.
 wide_string held_below(wide_view name);
 
 // Blanks as they are cut off captions.

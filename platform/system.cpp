@@ -53,6 +53,11 @@ outcome file::read_whole(void* buffer, size_t length) {
     return result && count < length ? outcome::because(u"the file ended too soon") : result;
 }
 
+bool system::same_file(const wide_string& a, const wide_string& b) {
+    const file_identity first = identity_of(a);
+    return first && first == identity_of(b);
+}
+
 std::vector<folder_entry> entries_or_none(system& files, const wide_string& folder) {
     std::vector<folder_entry> entries;
     files.list(folder, entries);

@@ -29,6 +29,22 @@ struct entry_status {
     uint64_t bytes = 0;
 };
 
+// What a path leads to, whatever its spelling. Equal exactly for paths to the same file or folder; nothing
+// exists under a path whose identity is empty.
+struct file_identity {
+    uint64_t volume = 0;
+    uint64_t number = 0; // on the volume; 0 where nothing exists
+    uint32_t names = 0;  // how many there are; more than one also if the path itself is a link
+
+    explicit operator bool() const { return number != 0; }
+    bool operator==(const file_identity& other) const {
+        return volume == other.volume && number == other.number;
+    }
+    bool operator<(const file_identity& other) const {
+        return volume != other.volume ? volume < other.volume : number < other.number;
+    }
+};
+
 // One direct entry of a folder. For a link `is_folder` is about its target.
 struct folder_entry {
     wide_string name;
@@ -95,8 +111,10 @@ public:
     // Sets `spelling` to the name that the listing of `folder` has for `name`, compared without letter case
     // ("." and ".." are their own spelling). Returns false, with `spelling` unchanged, if there is none.
     virtual bool true_name(const wide_string& folder, const wide_string& name, wide_string& spelling) = 0;
+    // Returns what the path leads to, following links.
+    virtual file_identity identity_of(const wide_string& path) = 0;
     // True if both paths lead to the same existing file or folder, through links or other spellings too.
-    virtual bool same_file(const wide_string& a, const wide_string& b) = 0;
+    virtual bool same_file(const wide_string& a, const wide_string& b);
     // Moves `from` to `to` within one folder in one step, replacing a file of that name, a read-only one
     // too: a reader sees the old file or the new one. On failure both are as before.
     virtual outcome rename_over(const wide_string& from, const wide_string& to) = 0;

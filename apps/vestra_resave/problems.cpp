@@ -30,6 +30,7 @@ struct kind_words {
 constexpr kind_words all_kinds[fact_kind_count] = {
     {fact_kind::source_lost, "source_lost", "does not exist"},
     {fact_kind::copy_failed, "copy_failed", "could not be copied to %"},
+    {fact_kind::no_place, "no_place", "has no place under this folder structure"},
     {fact_kind::not_read, "not_read", "could not be read, so the files it refers to were not copied"},
     {fact_kind::not_written, "not_written", "could not be written"},
     {fact_kind::type_not_resaved, "type_not_resaved", "layers of this type are not resaved"},

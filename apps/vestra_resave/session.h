@@ -33,7 +33,7 @@ public:
     bool reopen_source() override { return false; }
     void show_report(const vs::project_resave::run_report&) override {}
     void show_message(int32_t) override {}
-    void show_error(int32_t) override {}
+    void show_error(int32_t, const wide_string&) override {}
 
 private:
     shell::front_end& person_;

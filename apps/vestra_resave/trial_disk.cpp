@@ -177,6 +177,11 @@ bool trial_disk::true_name(const wide_string& folder, const wide_string& name, w
     return true;
 }
 
+// What is kept in memory has no identity on the disk.
+platform::file_identity trial_disk::identity_of(const wide_string& path) {
+    return known(path) ? platform::file_identity() : real_.identity_of(path);
+}
+
 bool trial_disk::same_file(const wide_string& a, const wide_string& b) {
     if (!known(a) && !known(b)) return real_.same_file(a, b);
     return kind_of(a) != entry_kind::none && path_same(a, b);

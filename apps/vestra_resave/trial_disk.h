@@ -38,6 +38,7 @@ public:
     platform::outcome remove_folder(const wide_string& path) override;
     platform::outcome list(const wide_string& path, std::vector<platform::folder_entry>& entries) override;
     bool true_name(const wide_string& folder, const wide_string& name, wide_string& spelling) override;
+    platform::file_identity identity_of(const wide_string& path) override;
     bool same_file(const wide_string& a, const wide_string& b) override;
     platform::outcome rename_over(const wide_string& from, const wide_string& to) override;
     platform::outcome open(const wide_string& path, platform::access wanted, platform::disposition how,

@@ -117,10 +117,15 @@ public:
         return true;
     }
 
-    bool same_file(const wide_string& a, const wide_string& b) override {
-        const auto first = mapped_volumes().status(a);
-        const auto second = mapped_volumes().status(b);
-        return first && second && first->st_dev == second->st_dev && first->st_ino == second->st_ino;
+    file_identity identity_of(const wide_string& path) override {
+        const auto found = mapped_volumes().status(path);
+        if (!found) return {};
+        struct stat entry {};
+        const native_answer native = mapped_volumes().native(path, true);
+        const bool is_link = native && lstat(native.path.c_str(), &entry) == 0 && S_ISLNK(entry.st_mode);
+        // A folder is named by its sub-folders, too.
+        const bool has_names = is_link || (!S_ISDIR(found->st_mode) && found->st_nlink > 1);
+        return {found->st_dev, found->st_ino, has_names ? 2U : 1U};
     }
 
     outcome rename_over(const wide_string& from, const wide_string& to) override {

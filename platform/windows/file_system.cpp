@@ -19,7 +19,7 @@ outcome attributes_of(const wide_string& path, WIN32_FILE_ATTRIBUTE_DATA& data) 
                       GetFileAttributesExW(wide(native.c_str()), GetFileExInfoStandard, &data) != FALSE);
 }
 
-std::optional<BY_HANDLE_FILE_INFORMATION> identity_of(const wide_string& path) {
+std::optional<BY_HANDLE_FILE_INFORMATION> information_of(const wide_string& path) {
     constexpr DWORD share = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
     const file_handle opened(CreateFileW(wide(system_path(path).c_str()), 0, share, nullptr, OPEN_EXISTING,
                                          FILE_FLAG_BACKUP_SEMANTICS, nullptr)); // the flag admits folders
@@ -47,7 +47,7 @@ public:
         WIN32_FILE_ATTRIBUTE_DATA data{};
         if (!attributes_of(path, data)) return {};
         if ((data.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0) return status_in(data);
-        const auto followed = identity_of(path);
+        const auto followed = information_of(path);
         return followed ? status_in(*followed) : entry_status{};
     }
 
@@ -123,12 +123,13 @@ public:
         return true;
     }
 
-    bool same_file(const wide_string& a, const wide_string& b) override {
-        const auto first = identity_of(a);
-        const auto second = identity_of(b);
-        return first && second && first->dwVolumeSerialNumber == second->dwVolumeSerialNumber &&
-               first->nFileIndexHigh == second->nFileIndexHigh &&
-               first->nFileIndexLow == second->nFileIndexLow;
+    file_identity identity_of(const wide_string& path) override {
+        const auto found = information_of(path);
+        if (!found) return {};
+        const DWORD attributes = GetFileAttributesW(wide(system_path(path).c_str()));
+        const bool is_link = (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
+        const uint64_t number = (uint64_t{found->nFileIndexHigh} << 32) | found->nFileIndexLow;
+        return {found->dwVolumeSerialNumber, number, is_link || found->nNumberOfLinks > 1 ? 2U : 1U};
     }
 
     outcome rename_over(const wide_string& from, const wide_string& to) override {

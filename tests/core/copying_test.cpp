@@ -86,12 +86,12 @@ TEST_F(copying, a_projection_file_that_two_share_is_copied_once) {
 
 TEST_F(copying, a_folder_is_copied_whole_or_the_failed_entry_is_named) {
     begin(u"g\\a\\1 g\\b\\c\\2 g\\3 *old\\3");
-    const auto refused = copy_folder(src + u"g", out + u"old", false, false);
+    const auto refused = copy_folder(src + u"g", out + u"old", false, false, context);
     EXPECT_TRUE(refused && refused->why.is(platform::failure::taken));
-    const auto in_the_way = copy_folder(src + u"g", out + u"old", true, false);
+    const auto in_the_way = copy_folder(src + u"g", out + u"old", true, false, context);
     EXPECT_TRUE(in_the_way && in_the_way->new_path == out + u"old\\3" && !in_the_way->why);
-    EXPECT_FALSE(copy_folder(src + u"g", out + u"old", true, true));
-    EXPECT_FALSE(copy_folder(src + u"g", out + u"deep\\new", false, false));
+    EXPECT_FALSE(copy_folder(src + u"g", out + u"old", true, true, context));
+    EXPECT_FALSE(copy_folder(src + u"g", out + u"deep\\new", false, false, context));
     EXPECT_EQ(disk.read(u"out\\deep\\new\\b\\c\\2") + disk.read(u"out\\old\\3"), "g\\b\\c\\2g\\3");
 }
 
@@ -130,10 +130,10 @@ TEST_F(copying, erasing_a_tree_spares_what_its_links_lead_to) {
     std::error_code unsupported;
     std::filesystem::create_directory_symlink(disk.native() / "kept", disk.native() / "made/a/link",
                                               unsupported);
-    EXPECT_TRUE(remove_tree(disk.path(u"made")));
+    EXPECT_TRUE(context.guard.remove_tree(disk.path(u"made")));
     EXPECT_FALSE(std::filesystem::exists(disk.native() / "made"));
-    EXPECT_TRUE(remove_tree(disk.path(u"kept\\file"))) << "it must have survived";
-    EXPECT_FALSE(remove_tree(disk.path(u"kept\\file")));
+    EXPECT_TRUE(context.guard.remove_tree(disk.path(u"kept\\file"))) << "it must have survived";
+    EXPECT_FALSE(context.guard.remove_tree(disk.path(u"kept\\file")));
 }
 
 } // namespace vs::project_resave

@@ -7,6 +7,7 @@
 #include "operations/run/run_report.h"
 #include "platform/path_text.h"
 #include "platform/text.h"
+#include "tests/support/forwarding_system.h"
 #include "tests/support/temporary_folder.h"
 
 namespace vs::project_resave {
@@ -109,6 +110,18 @@ TEST(path_placement, a_name_that_is_taken_gets_the_next_number) {
 
 // What is listed here is erased after a stop.
 TEST(path_placement, created_folders_never_reach_above_a_drive_or_a_share) {
+    struct any_drive : forwarding_system {
+        platform::entry_kind kind_of(const wide_string& path) override {
+            const bool exists = path.size() == path_fixed_length(path) || path == made;
+            return exists ? platform::entry_kind::folder : platform::entry_kind::none;
+        }
+        platform::outcome create_folder(const wide_string& path) override {
+            made = path;
+            return {};
+        }
+        wide_string made;
+    } drives;
+    const platform::system_override in_force(drives);
     const std::pair<wide_string, wide_string> rows[] = {
         {u"Q:/new._vp", u"Q:/maps\\"}, {u"\\\\srv\\share\\new._vp", u"\\\\srv\\share\\maps\\"}};
     for (const auto& [output, expected] : rows) {

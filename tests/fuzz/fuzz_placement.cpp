@@ -67,7 +67,7 @@ struct run {
         placement.set_source(u"C:\\prj\\area._vp");
         placement.set_output(u"N:\\out\\new._vp");
         if ((choices & 4) != 0) placement.common.add_path(placement.source_project_path);
-        if ((choices & 8) != 0) placement.set_type_folder(u"shp");
+        if ((choices & 8) != 0) placement.type_folder = u"shp";
     }
     bool is_below(const wide_string& path) const {
         return (path_key(path) + u'\\').starts_with(path_key(placement.new_folder) + u'\\');

@@ -13,9 +13,9 @@ TEST_F(final_message, the_worst_comes_first_and_everything_that_went_wrong_is_na
     plain.saved = full.saved = one.saved = true;
     for (run_report* report : {&full, &one}) report->add(fact_kind::selection_not_settled, {});
     full.add_lost_source({}, u"outside of all lists");
-    full.add_unprocessed_type({}, "u");
-    full.add_unprocessed_type({}, "t");
-    full.add_unprocessed_type({}, "u");
+    full.add_unprocessed_type({}, "u", {});
+    full.add_unprocessed_type({}, "t", {});
+    full.add_unprocessed_type({}, "u", {});
     full.current_unit = u"A";
     full.add_lost_source({}, u"L");
     full.add_copy_error(u"C:\\a\\x.shp", {}, platform::failure::denied);

@@ -105,7 +105,7 @@ TEST_F(structure_text, a_text_that_cannot_be_written_is_told_as_if_it_were) {
     }
     script.stop_at_poll = 1;
     save();
-    EXPECT_FALSE(path_exists(n + u"out\\folder")) << "what has the text's name goes after a stop";
+    EXPECT_TRUE(path_exists(n + u"out\\folder\\kept")) << "a stop takes away what the run made";
 }
 
 TEST_F(structure_text, a_stop_takes_the_file_away_whatever_is_answered_and_the_next_text_is_whole) {

@@ -32,6 +32,7 @@ public:
     bool true_name(const wide_string& folder, const wide_string& name, wide_string& spelling) override {
         return inner_.true_name(folder, name, spelling);
     }
+    platform::file_identity identity_of(const wide_string& path) override { return inner_.identity_of(path); }
     bool same_file(const wide_string& a, const wide_string& b) override { return inner_.same_file(a, b); }
     platform::outcome rename_over(const wide_string& from, const wide_string& to) override {
         return inner_.rename_over(from, to);

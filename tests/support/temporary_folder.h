@@ -66,4 +66,7 @@ private:
     std::filesystem::path native_;
 };
 
+// Takes away a file, or a folder with all it holds.
+inline void remove_tree(const wide_string& path) { std::filesystem::remove_all(platform::native_path(path)); }
+
 } // namespace vs::project_resave

@@ -42,7 +42,9 @@ std::unique_ptr<Tvs_resave_unit> Tvs_resave_legend_plus::make_unit(vs_lr* layer)
         type == "tos_2crd_lr2d")
         return make(std::in_place_type<Tvs_resave_tos_legend_plus>);
     if (type == "tld_lr2d") return make(std::in_place_type<Tvs_resave_tld_legend_plus>);
-    context->report.add_unprocessed_type(element_name_of(vs_lr_safe_upcast(layer), heading()), text);
+    const wide_string file = host_string(&vs_lr_get_wfilename, layer);
+    context->guard.add(file);
+    context->report.add_unprocessed_type(element_name_of(vs_lr_safe_upcast(layer), heading()), text, file);
     context->log.add_unprocessed_type(text);
     return nullptr;
 }

@@ -1,5 +1,6 @@
 #include "containers/resave_scenes.h"
 
+#include "core/layer_group_writer.h"
 #include "framework/border/string_adapter.h"
 #include "framework/resources/strings.h"
 #include "host/vsk_entity.h"
@@ -42,8 +43,13 @@ wide_string Tvs_resave_scene::folder_name() {
 
 void Tvs_resave_scene::before_save() {
     Tvs_resave_list::before_save();
+    note_joins();
     context->placement.set_scene(&scene_directory, folder_name());
 }
+
+bool Tvs_resave_scene::lacks_joins() const { return context->joins.pending.size() > joins_before_; }
+
+void Tvs_resave_scene::note_joins() { joins_before_ = context->joins.pending.size(); }
 
 void Tvs_resave_scene::after_save(bool ok) {
     context->placement.clear_scene();
@@ -73,24 +79,31 @@ void Tvs_resave_scene_2d::after_children() {
     }
     if (!context->options.save_scene_files) return;
     const wide_string folder = context->placement.current_output_folder();
-    write_scene_file_2d(scene_, caption_file_path(folder, heading(), scene_2d_extension), *context);
+    write_scene_file_2d(scene_, caption_file_path(folder, heading(), scene_2d_extension), *context, {},
+                        lacks_joins());
 }
 
 bool Tvs_resave_scene_2d::write_scene_file() {
     // The base is the new project's own path, taken as a folder; without a run before it is empty.
     wide_string path = caption_file_path(context->placement.new_project_path, heading(), scene_2d_extension);
     if (path_exists(path)) {
-        switch (context->options.scene_file_on_exists) {
-        case on_existing_file::rewrite:
-            if (platform::current_system().delete_file(path))
-                context->report.add(fact_kind::written_over, {}, path);
-            break;
-        case on_existing_file::new_name:
+        if (context->options.scene_file_on_exists == on_existing_file::new_name)
             path = next_scene_file_name(path);
-            break;
-        }
+        else if (context->guard.protects(path))
+            return refuse(path);
+        else if (context->options.scene_file_on_exists == on_existing_file::rewrite &&
+                 context->guard.remove_file(path))
+            context->report.add(fact_kind::written_over, {}, path);
     }
     write_scene_file_2d(scene_, path, *context);
+    return true;
+}
+
+// The other scenes are still written.
+bool Tvs_resave_scene_2d::refuse(const wide_string& path) {
+    const current_element scene(context->report, element_name_of(entity(), {}));
+    context->report.add(fact_kind::not_written, {}, path, load_string(text::source_file_kept));
+    context->progress.questions->show_error(text::source_file_kept, path);
     return true;
 }
 
@@ -110,7 +123,8 @@ void Tvs_resave_scene_3d::build() {
 void Tvs_resave_scene_3d::after_children() {
     if (!context->options.save_scene_files || !scene_) return;
     const wide_string folder = context->placement.current_output_folder();
-    write_scene_file_3d(scene_, caption_file_path(folder, heading(), scene_3d_extension), *context);
+    write_scene_file_3d(scene_, caption_file_path(folder, heading(), scene_3d_extension), *context,
+                        lacks_joins());
 }
 
 vs_entities* Tvs_resave_scene_3d::container() { return scene_ ? vs_scn_3d_safe_upcast(scene_) : nullptr; }

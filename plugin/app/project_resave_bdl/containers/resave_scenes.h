@@ -17,11 +17,18 @@ public:
     void after_save(bool ok) override;
     bool has_structure_content() override;
 
+    // True if joins of tables of this scene have been taken off since it was begun.
+    bool lacks_joins() const;
+
 protected:
+    void note_joins();
+
     common_directory scene_directory;
 
 private:
     wide_string folder_name();
+
+    size_t joins_before_ = 0; // how many were off when the scene was begun
 };
 
 // A 2D scene of the project, or one read from the scene file of a map layer.
@@ -43,6 +50,8 @@ public:
     vs_lr_group* layer_group() override;
 
 private:
+    bool refuse(const wide_string& path);
+
     vs_scn_2d* const scene_;
     bool had_unselected_layer_ = false; // stays set for the life of the unit
 };
@@ -53,7 +62,10 @@ public:
     using Tvs_resave_scene_2d::Tvs_resave_scene_2d;
 
     // NOLINTBEGIN(bugprone-parent-virtual-call): past the scene's own, which would enter a scene
-    void before_save() override { Tvs_resave_unit::before_save(); }
+    void before_save() override {
+        Tvs_resave_unit::before_save();
+        note_joins();
+    }
     void after_save(bool ok) override { Tvs_resave_unit::after_save(ok); }
     void after_children() override {}
     // Once: nothing goes into a folder of this scene alone.

@@ -18,23 +18,10 @@ platform::outcome copy_file(const wide_string& source, const wide_string& target
     return platform::current_system().copy_file(source, target, replace);
 }
 
-wide_string with_separator(const wide_string& folder) {
-    return !folder.empty() && is_separator(folder.back()) ? folder : folder + u'\\';
-}
-
 wide_string folder_of_same_stem(const wide_string& path) { return path_head(path) + path_stem(path); }
 
 bool copy_if_there(const wide_string& source, const wide_string& target, run_state& run) {
     return !path_exists(source) || copy_one(source, target, run);
-}
-
-// Dot, first and third letter of the main file's extension; a "w" or an "r" completes it.
-wide_string world_extension(const wide_string& path) {
-    const wide_string extension = path_extension(path);
-    if (extension.size() < 3) throw std::out_of_range("the extension is too short for a world file");
-    wide_string result = extension.substr(0, 2);
-    if (extension.size() > 3) result += extension[3];
-    return result;
 }
 
 void copy_code_page_file(const wide_string& source, const wide_string& target, run_state& run) {
@@ -77,12 +64,19 @@ void record_lost_source(run_state& run, const wide_string& path, const wide_stri
     run.report.add_lost_source(path, subject);
 }
 
+void record_no_place(run_state& run, const wide_string& path, const wide_string& logged) {
+    run.log.new_name_failed(logged);
+    run.report.add(fact_kind::no_place, path);
+}
+
 bool copy_one(const wide_string& source, const wide_string& target, run_state& run) {
     const platform::outcome copied = copy_file(source, target);
-    if (copied)
+    if (copied) {
         run.placement.register_placed(source, target);
-    else
+        run.placement.made.add_copy(source, target);
+    } else {
         record_copy_failure(run, {source, target, copied});
+    }
     return static_cast<bool>(copied);
 }
 
@@ -110,12 +104,6 @@ bool copy_shape_family(const wide_string& source, const wide_string& target, vs_
     return true;
 }
 
-wide_string projection_file_name(const wide_string& path) {
-    wide_string suffix = path_extension(path);
-    std::ranges::replace(suffix, u'.', u'_');
-    return path_replace_extension(path_add_to_stem(path, suffix), u".pj4");
-}
-
 bool copy_projection_file(const wide_string& source, const wide_string& target, run_state& run) {
     const wide_string companion = projection_file_name(source);
     if (!path_exists(companion) || run.placement.is_placed(companion)) return true;
@@ -130,16 +118,6 @@ bool copy_raster_family(const wide_string& source, const wide_string& target, ru
     return true;
 }
 
-std::vector<wide_string> companion_files(const wide_string& path) {
-    std::vector<wide_string> all{projection_file_name(path), path + u".ovr"};
-    for (const wide_view extension : {u".cpg", u".shx", u".dbf"})
-        all.push_back(path_replace_extension(path, wide_string(extension)));
-    if (path_extension(path).size() < 3) return all;
-    for (const char16_t last : {u'w', u'r'})
-        all.push_back(path_replace_extension(path, world_extension(path) + last));
-    return all;
-}
-
 bool copy_file_and_projection(const wide_string& source, const wide_string& target, run_state& run) {
     copy_one(source, target, run);
     copy_projection_file(source, target, run);
@@ -148,7 +126,7 @@ bool copy_file_and_projection(const wide_string& source, const wide_string& targ
 
 bool copy_data_set(const wide_string& source, const wide_string& target, run_state& run) {
     copy_one(source, target, run);
-    copy_data_source_files(source, target, false, run);
+    if (!copy_data_source_files(source, target, false, run)) run.report.add(fact_kind::not_read, source);
     copy_projection_file(source, target, run);
     return true;
 }
@@ -184,10 +162,11 @@ bool copy_file_and_folder(const wide_string& source, const wide_string& target, 
         record_copy_failure(run, {source, target, copied});
         return true;
     }
+    run.placement.made.add_copy(source, target);
     const wide_string folder = folder_of_same_stem(source);
     if (path_exists(folder)) {
         const wide_string new_folder = folder_of_same_stem(target);
-        if (const auto failed = copy_folder(folder, new_folder, false, false)) {
+        if (const auto failed = copy_folder(folder, new_folder, false, false, run)) {
             run.report.add_copy_error(failed->path, failed->new_path, failed->why, source);
             run.log.copy_failed(folder);
         } else {
@@ -199,7 +178,7 @@ bool copy_file_and_folder(const wide_string& source, const wide_string& target, 
 }
 
 bool copy_data_folder(const wide_string& source, const wide_string& target, run_state& run) {
-    if (const auto failed = copy_folder(source, target, false, false))
+    if (const auto failed = copy_folder(source, target, false, false, run))
         record_copy_failure(run, *failed, source);
     else
         run.placement.register_placed(source, target);
@@ -207,9 +186,9 @@ bool copy_data_folder(const wide_string& source, const wide_string& target, run_
 }
 
 std::optional<failed_copy> copy_folder(const wide_string& source, const wide_string& target,
-                                       bool allow_existing_target, bool overwrite_files) {
-    const wide_string from = with_separator(source);
-    const wide_string to = with_separator(target);
+                                       bool allow_existing_target, bool overwrite_files, run_state& run) {
+    const wide_string from = path_with_separator(source);
+    const wide_string to = path_with_separator(target);
     if (!allow_existing_target && path_exists(target))
         return failed_copy{source, target, platform::failure::taken};
     std::vector<platform::unread_folder> unread;
@@ -217,11 +196,22 @@ std::optional<failed_copy> copy_folder(const wide_string& source, const wide_str
     const auto place_of = [&](const wide_string& path) { return to + path_relative(from, path); };
     if (!unread.empty() && unread.front().path == from)
         return failed_copy{source, target, unread.front().reason};
-    if (const platform::outcome made = create_folders(to); !made) return failed_copy{source, target, made};
+    made_files& made = run.placement.made;
+    const auto create = [&](const wide_string& folder) {
+        std::vector<wide_string> levels;
+        platform::outcome created = create_folders(folder, &levels);
+        for (const wide_string& level : levels) made.add_folder(level);
+        return created;
+    };
+    if (const platform::outcome created = create(to); !created) return failed_copy{source, target, created};
     for (const auto& entry : entries) {
         const wide_string place = place_of(entry.path);
-        platform::outcome done = create_folders(entry.is_folder ? place : path_head(place));
-        if (done && !entry.is_folder) done = copy_file(entry.path, place, overwrite_files);
+        platform::outcome done = create(entry.is_folder ? place : path_head(place));
+        if (done && !entry.is_folder) {
+            const bool replaces = overwrite_files && !run.guard.protects(place) && !made.is_copy(place);
+            done = copy_file(entry.path, place, replaces);
+            if (done) made.add_copy(entry.path, place);
+        }
         if (!done) return failed_copy{entry.path, place, done};
     }
     if (unread.empty()) return std::nullopt;

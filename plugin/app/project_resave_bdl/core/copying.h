@@ -3,7 +3,7 @@
 // What was copied is entered in the placement; a failed copy goes into report and log, and the next one is
 // tried. Except where noted, functions return true whatever happened.
 //
-// Names beside C:\a\b.tif: b_tif.pj4, b.cpg, b.tif.ovr, world file b.tfw and its sibling b.tfr, b.shx, b.dbf.
+// The names of companions are those of operations/run/path_files.h.
 #pragma once
 
 #include <optional>
@@ -29,6 +29,9 @@ void record_copy_failure(run_state& run, const failed_copy& failed, const wide_s
 // Enters a missing file: its path in the log, in the final message `subject`, which says whose it was.
 void record_lost_source(run_state& run, const wide_string& path, const wide_string& subject);
 
+// Enters a file for which the structure has no place. The log names `logged`.
+void record_no_place(run_state& run, const wide_string& path, const wide_string& logged);
+
 // Copies one file. False if it failed.
 bool copy_one(const wide_string& source, const wide_string& target, run_state& run);
 
@@ -41,17 +44,12 @@ bool copy_table_and_joins(vs_attr_data* attr_data, const wide_string& source, co
 bool copy_shape_family(const wide_string& source, const wide_string& target, vs_attr_data* attr_data,
                        run_state& run);
 
-// Path of the projection file that belongs to a main file, whether it exists or not.
-wide_string projection_file_name(const wide_string& path);
 // The projection file, if it exists and was not placed before: two files may share one. False if the copy
 // failed.
 bool copy_projection_file(const wide_string& source, const wide_string& target, run_state& run);
 // A raster with its overviews, world files and projection. Throws std::out_of_range, before the projection,
 // for a main file whose extension has fewer than two letters.
 bool copy_raster_family(const wide_string& source, const wide_string& target, run_state& run);
-// The names of all that a copy of the file can take along, whether it exists or not.
-std::vector<wide_string> companion_files(const wide_string& path);
-
 // A file and its projection.
 bool copy_file_and_projection(const wide_string& source, const wide_string& target, run_state& run);
 // A file, what the host names as its data set, and its projection.
@@ -72,6 +70,6 @@ bool copy_data_folder(const wide_string& source, const wide_string& target, run_
 // A folder with all it holds; nothing is entered or recorded. Fails if `source` cannot be listed, if `target`
 // exists and must not, and at the first failure, which it returns; what was copied by then stays.
 std::optional<failed_copy> copy_folder(const wide_string& source, const wide_string& target,
-                                       bool allow_existing_target, bool overwrite_files);
+                                       bool allow_existing_target, bool overwrite_files, run_state& run);
 
 } // namespace vs::project_resave

@@ -80,7 +80,7 @@ void put_back(const pending_join& join, run_state& run) {
     wide_string path = run.placement.lookup_placed(join.other_source);
     if (path.empty()) {
         path = run.placement.new_path(join.other_source);
-        if (path.empty()) return run.log.new_name_failed(join.other_source);
+        if (path.empty()) return record_no_place(run, join.other_source, join.other_source);
         copy_table(join.other_source, path, run);
     }
     const host_owned<vs_attr_data, &vs_attr_data_destroy> other(vs_attr_data_create());
@@ -89,6 +89,12 @@ void put_back(const pending_join& join, run_state& run) {
 }
 
 } // namespace
+
+std::vector<wide_string> joined_tables(vs_attr_data* attr_data) {
+    std::vector<wide_string> tables;
+    for (int32_t i = 0; i < join_count(attr_data); ++i) tables.push_back(joined_table(attr_data, i));
+    return tables;
+}
 
 void take_joins_off(vs_attr_data* attr_data, run_state& run) {
     const int32_t count = join_count(attr_data);
@@ -100,6 +106,10 @@ void take_joins_off(vs_attr_data* attr_data, run_state& run) {
     vs_attr_data_unjoin(attr_data);
 }
 
+bool lacks_joins(vs_attr_data* attr_data, const run_state& run) {
+    return attr_data && !run.joins.pending.empty() && run.joins.pending.back().attr_data == attr_data;
+}
+
 void note_kept_joins(vs_attr_data* attr_data, run_state& run) {
     const int32_t count = join_count(attr_data);
     for (int32_t i = 0; i < count; ++i) run.report.add(fact_kind::join_kept, joined_table(attr_data, i));
@@ -108,7 +118,9 @@ void note_kept_joins(vs_attr_data* attr_data, run_state& run) {
 void put_joins_back(run_state& run) {
     const type_folder_scope tables(run.placement, load_string(text::dbf_folder));
     for (const pending_join& join : run.joins.pending) put_back(join, run);
-    run.joins.pending.clear();
+    for (const unfinished_file& file : run.joins.unfinished)
+        if (!file.write()) run.report.add(fact_kind::not_written, file.source, file.path);
+    run.joins.clear();
 }
 
 } // namespace vs::project_resave

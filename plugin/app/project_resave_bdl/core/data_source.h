@@ -43,14 +43,18 @@ private:
 
 struct run_state;
 
+// Returns the files of the tables joined to one, in order; none for a null table.
+std::vector<wide_string> joined_tables(vs_attr_data* attr_data);
 // Notes all joins of a table under the current element and takes them off it. Nothing for a null table and
 // one without joins.
 void take_joins_off(vs_attr_data* attr_data, run_state& run);
 // Enters in the report the joins of a table whose file has its place already: they keep naming the original
 // tables.
 void note_kept_joins(vs_attr_data* attr_data, run_state& run);
-// Puts all pending joins on again and forgets them, copying the tables that have no place yet. A table that
-// is lost goes into log and report, and its join stays off.
+// True if the joins of this table were the last ones that were taken off.
+bool lacks_joins(vs_attr_data* attr_data, const run_state& run);
+// Puts all pending joins on again, writes the unfinished files and forgets both, copying the tables that have
+// no place yet. A table that is lost goes into log and report, and its join stays off.
 void put_joins_back(run_state& run);
 
 } // namespace vs::project_resave

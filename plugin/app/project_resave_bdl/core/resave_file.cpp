@@ -24,6 +24,8 @@ void Tvs_resave_file::build() {
     std::vector<found_file> found;
     collect_source_files(found);
     source_files = context->sizes.add_files(found);
+    context->guard.add(source_path());
+    for (const wide_string& table : joined_tables(attr_data())) context->guard.add(table);
 }
 
 void Tvs_resave_file::collect_source_files(std::vector<found_file>& out) {
@@ -58,7 +60,7 @@ wide_string Tvs_resave_file::place_and_copy(const wide_string& source) {
     const type_folder_scope type(placement, default_folder());
     const wide_string target = placement.new_path(source);
     if (target.empty()) {
-        context->log.new_name_failed(target);
+        record_no_place(*context, source, target);
     } else {
         try {
             copy_files(source, target);

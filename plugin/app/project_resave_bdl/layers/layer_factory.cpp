@@ -93,7 +93,9 @@ unit_pointer make_layer_unit(run_state& context, vs_lr* layer, const wide_string
     if (!type) type = "";
     for (const layer_row& row : rows)
         if (row.type == type) return row.make(context, layer);
-    context.report.add_unprocessed_type(element_name_of(entity, list), type);
+    const wide_string file = host_string(&vs_lr_get_wfilename, layer);
+    context.guard.add(file);
+    context.report.add_unprocessed_type(element_name_of(entity, list), type, file);
     context.log.add_unprocessed_type(type);
     return nullptr;
 }

@@ -1,5 +1,7 @@
 #include "layers/layer_files.h"
 
+#include <functional>
+
 #include "framework/border/host_owned.h"
 #include "framework/border/string_adapter.h"
 #include "host/vsk_lr2d.h"
@@ -17,16 +19,34 @@ namespace {
 using writer_2d = host_owned<vs_xml_save_2d, &vs_xml_save_2d_destroy>;
 using writer_3d = host_owned<vs_xml_save_3d, &vs_xml_save_3d_destroy>;
 
-// `write` calls the host, whose answer has a low byte of 0 on failure.
-template <class Write>
-void make_file(const wide_string& source, const wide_string& path, run_state& run, const Write& write) {
+// `write` has the host write to a path. What the run has copied, and what belongs to the source, is never
+// written over: the file gets the next free name.
+void make_file(const wide_string& source, const wide_string& wanted, bool lacks_joins, run_state& run,
+               const std::function<bool(const wide_string&)>& write) {
+    path_placement& placement = run.placement;
+    wide_string path = wanted;
     const bool existed = path_exists(path);
-    const bool written = (write() & 0xFF) != 0;
-    run.placement.register_placed(source, path);
-    if (!written)
-        run.report.add(fact_kind::not_written, source, path);
-    else if (existed)
-        run.report.add(fact_kind::written_over, source, path);
+    const bool kept = existed && (placement.made.is_copy(path) || run.guard.protects(path));
+    if (kept) {
+        path = placement.next_free_name(path);
+        run.log.file_renamed(wanted, path);
+        run.report.add(fact_kind::renamed, wanted, path);
+    }
+    const bool written = write(path);
+    placement.register_placed(source, path);
+    if (!written) return run.report.add(fact_kind::not_written, source, path);
+    placement.made.add_written(path);
+    if (existed && !kept) run.report.add(fact_kind::written_over, source, path);
+    if (lacks_joins) run.joins.unfinished.push_back({source, path, [=] { return write(path); }});
+}
+
+// The answer of the host's writers has a low byte of 0 on failure.
+template <class Writer, auto Create, auto Save, class Element>
+auto file_writer(Element* element) {
+    return [element](const wide_string& path) {
+        const Writer writer(Create());
+        return (Save(writer.get(), path.c_str(), element) & 0xFF) != 0;
+    };
 }
 
 } // namespace
@@ -35,42 +55,43 @@ wide_string caption_file_path(wide_view folder, wide_view caption, wide_view ext
     wide_string path(folder);
     if (!path.empty() && !is_separator(path.back())) path += u'\\';
     // Apart: without a folder a caption like "a:b" would pass for a name on a drive.
-    return valid_path(path) + valid_name(held_below(wide_string(caption).append(extension)));
+    const wide_string name = trim(wide_string(caption).append(extension), path_separators);
+    return valid_path(path) + valid_name(held_below(name));
 }
 
-void write_scene_file_2d(vs_scn_2d* scene, const wide_string& path, run_state& run,
-                         const wide_string& source) {
-    const writer_2d writer(vs_xml_save_2d_create());
-    make_file(source, path, run, [&] { return vs_xml_data_save_scn2d_w(writer.get(), path.c_str(), scene); });
+void write_scene_file_2d(vs_scn_2d* scene, const wide_string& path, run_state& run, const wide_string& source,
+                         bool lacks_joins) {
+    make_file(source, path, lacks_joins, run,
+              file_writer<writer_2d, &vs_xml_save_2d_create, &vs_xml_data_save_scn2d_w>(scene));
 }
 
-void write_scene_file_3d(vs_scn_3d* scene, const wide_string& path, run_state& run) {
-    const writer_3d writer(vs_xml_save_3d_create());
-    make_file({}, path, run, [&] { return vs_xml_data_save_scn3d_w(writer.get(), path.c_str(), scene); });
+void write_scene_file_3d(vs_scn_3d* scene, const wide_string& path, run_state& run, bool lacks_joins) {
+    make_file({}, path, lacks_joins, run,
+              file_writer<writer_3d, &vs_xml_save_3d_create, &vs_xml_data_save_scn3d_w>(scene));
 }
 
-void write_layer_file_2d(vs_lr* layer, const wide_string& path, run_state& run) {
-    const writer_2d writer(vs_xml_save_2d_create());
-    make_file({}, path, run, [&] { return vs_xml_data_save_lr2d_w(writer.get(), path.c_str(), layer); });
+void write_layer_file_2d(vs_lr* layer, const wide_string& path, run_state& run, bool lacks_joins) {
+    make_file({}, path, lacks_joins, run,
+              file_writer<writer_2d, &vs_xml_save_2d_create, &vs_xml_data_save_lr2d_w>(layer));
 }
 
-void write_layer_file_3d(vs_lr* layer, const wide_string& path, run_state& run) {
-    const writer_3d writer(vs_xml_save_3d_create());
-    make_file({}, path, run, [&] { return vs_xml_data_save_lr3d_w(writer.get(), path.c_str(), layer); });
+void write_layer_file_3d(vs_lr* layer, const wide_string& path, run_state& run, bool lacks_joins) {
+    make_file({}, path, lacks_joins, run,
+              file_writer<writer_3d, &vs_xml_save_3d_create, &vs_xml_data_save_lr3d_w>(layer));
 }
 
-void save_layer_file_2d(vs_lr* layer, run_state& run) {
+void save_layer_file_2d(vs_lr* layer, run_state& run, bool lacks_joins) {
     if (!run.options.save_layer_files || !layer) return;
     const wide_string caption = host_string(&vs_lr2d_get_wcaption, layer);
     const wide_string folder = run.placement.current_output_folder();
-    write_layer_file_2d(layer, caption_file_path(folder, caption, layer_2d_extension), run);
+    write_layer_file_2d(layer, caption_file_path(folder, caption, layer_2d_extension), run, lacks_joins);
 }
 
-void save_layer_file_3d(vs_lr* layer, run_state& run) {
+void save_layer_file_3d(vs_lr* layer, run_state& run, bool lacks_joins) {
     if (!run.options.save_layer_files || !layer) return;
     const wide_string caption = host_string(&vs_lr3d_get_wcaption, layer);
     const wide_string folder = run.placement.current_output_folder();
-    write_layer_file_3d(layer, caption_file_path(folder, caption, layer_3d_extension), run);
+    write_layer_file_3d(layer, caption_file_path(folder, caption, layer_3d_extension), run, lacks_joins);
 }
 
 } // namespace vs::project_resave

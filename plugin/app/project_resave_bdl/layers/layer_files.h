@@ -11,7 +11,8 @@ namespace vs::project_resave {
 struct run_state;
 
 // Path of the file of a captioned element in `folder`. The caption and its dots stay as they are, but for
-// characters that no file name may hold; a caption is never taken for a drive.
+// characters that no file name may hold and for what would lead out of the folder; a caption is never taken
+// for a drive.
 wide_string caption_file_path(wide_view folder, wide_view caption, wide_view extension);
 
 // Extensions of the files, by what they hold.
@@ -20,16 +21,18 @@ inline constexpr wide_view scene_3d_extension = u"._sc";
 inline constexpr wide_view layer_2d_extension = u"._lr";
 inline constexpr wide_view layer_3d_extension = u"._lrd";
 
-// Write the element as it is now, over a file that exists. `source` is the file it was read from, if any.
+// Write the element as it is now. A file that exists is replaced, unless it belongs to the source project or
+// is a copy that the run made: then the element gets the next free name. `source` is the file it was read
+// from, if any. With `lacks_joins` the file is written again when the joins of tables are back.
 void write_scene_file_2d(vs_scn_2d* scene, const wide_string& path, run_state& run,
-                         const wide_string& source = {});
-void write_scene_file_3d(vs_scn_3d* scene, const wide_string& path, run_state& run);
-void write_layer_file_2d(vs_lr* layer, const wide_string& path, run_state& run);
-void write_layer_file_3d(vs_lr* layer, const wide_string& path, run_state& run);
+                         const wide_string& source = {}, bool lacks_joins = false);
+void write_scene_file_3d(vs_scn_3d* scene, const wide_string& path, run_state& run, bool lacks_joins = false);
+void write_layer_file_2d(vs_lr* layer, const wide_string& path, run_state& run, bool lacks_joins = false);
+void write_layer_file_3d(vs_lr* layer, const wide_string& path, run_state& run, bool lacks_joins = false);
 
 // If the options ask for layer files, write the layer to "caption._lr" ("._lrd" for a 3D layer) in the output
 // folder. Nothing for a null layer.
-void save_layer_file_2d(vs_lr* layer, run_state& run);
-void save_layer_file_3d(vs_lr* layer, run_state& run);
+void save_layer_file_2d(vs_lr* layer, run_state& run, bool lacks_joins = false);
+void save_layer_file_3d(vs_lr* layer, run_state& run, bool lacks_joins = false);
 
 } // namespace vs::project_resave

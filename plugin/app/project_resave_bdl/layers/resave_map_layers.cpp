@@ -85,7 +85,7 @@ bool Tvs_resave_map_lr::do_save() {
 }
 
 bool Tvs_resave_map_lr::copy_files(const wide_string& source, const wide_string& target) {
-    write_scene_file_2d(map_scene_.get(), target, *context, source);
+    write_scene_file_2d(map_scene_.get(), target, *context, source, map_unit_->lacks_joins());
     return true;
 }
 

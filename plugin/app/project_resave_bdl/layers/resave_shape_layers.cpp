@@ -94,11 +94,15 @@ bool Tvs_resave_shp_lr::copy_files(const wide_string& source, const wide_string&
     return copy_shape_family(source, target, attr_data(), *context);
 }
 
-void Tvs_resave_shp_lr2d::after_file_saved() { save_layer_file_2d(layer, *context); }
+void Tvs_resave_shp_lr2d::after_file_saved() {
+    save_layer_file_2d(layer, *context, lacks_joins(attr_data(), *context));
+}
 
 vs_attr_data* Tvs_resave_shp_lr2d::attr_data() { return vs_shp_lr2d_get_attr_data_ptr(layer); }
 
-void Tvs_resave_shp_lr3d::after_file_saved() { save_layer_file_3d(layer, *context); }
+void Tvs_resave_shp_lr3d::after_file_saved() {
+    save_layer_file_3d(layer, *context, lacks_joins(attr_data(), *context));
+}
 
 vs_attr_data* Tvs_resave_shp_lr3d::attr_data() { return vs_shp_lr3d_get_attr_data_ptr(layer); }
 

@@ -77,6 +77,7 @@ void Tvs_resave_tos_lr::read_model_files() {
     for (const model_element& row : model_elements) {
         const wide_string text = record.text(row.element);
         model_files_.push_back({text.empty() ? text : path_resolve(folder, text), wide_string()});
+        context->guard.add(model_files_.back().old_path);
     }
 }
 
@@ -126,7 +127,7 @@ wide_string Tvs_resave_tos_lr::place_model_file(const wide_string& source, text:
         const type_folder_scope type(placement, default_folder());
         target = placement.new_path(source);
         if (target.empty())
-            context->log.new_name_failed(target);
+            record_no_place(*context, source, target);
         else
             copy_tos_files(source, target, *context);
     }

@@ -36,7 +36,8 @@ public:
     // Asks all roots again how many steps a run has.
     uint32_t count_units();
 
-    // Resaves the loaded project. Afterwards none is loaded, unless the user wants the source reopened.
+    // Resaves the loaded project. Afterwards none is loaded, unless the user wants the source reopened. A new
+    // project that would replace the source or a file of it is refused.
     run_result resave_project(const resave_settings& settings);
     // After a stop: erases what the run created, if the user asked for it.
     void on_stopped();
@@ -72,12 +73,16 @@ private:
     void add_root(std::unique_ptr<Tvs_resave_unit> root);
     void release_project();
     void begin_run(const resave_settings& settings);
+    void open_log_of_run();
     void correct_selection();
     void find_common_directory();
     void save_tree();
     void save_project();
     void end_run();
     void end_broken_run();
+    void erase_made_files();
+    run_result result_of(bool written);
+    run_result broke_off(const char* run); // in a handler only
     void forget_project();
     // Shows progress while `lines` writes a new text file through the log. After a stop the file is gone and
     // the user has been told.
@@ -85,7 +90,7 @@ private:
     // What was caught, here or at the border, becomes a fact and a line of the log.
     void record(const char* where, const char* what) noexcept override;
 
-    std::vector<fact> facts_of_tree_; // what the load found: layers of types that nothing resaves
+    std::vector<fact> facts_of_tree_; // what the load found; the report of each run begins with it
 };
 
 } // namespace vs::project_resave

@@ -85,7 +85,7 @@ bool project_context::load_project(const wide_string& wanted, bool show_wait, bo
     selection.clear();
     sizes.clear();
     log.clear_unprocessed_types();
-    report.drop(fact_kind::type_not_resaved);
+    report.restart({});
     release_project();
     clear_tree();
     project = vs_prj_create();
@@ -120,6 +120,7 @@ bool project_context::read_project(vs_xml_save_prj* reader, const wide_string& p
 
 void project_context::build_tree(const wide_string& path) {
     placement.set_source(path);
+    guard.clear();
     sizes.add_file(path);
     add_root(std::make_unique<Tvs_resave_scenes_2d>(vs_prj_get_scns_2d_ptr(project), *this));
     add_root(std::make_unique<Tvs_resave_scenes_3d>(vs_prj_get_scns_3d_ptr(project), *this));
@@ -137,7 +138,8 @@ void project_context::build_tree(const wide_string& path) {
     // Last of all: every unit before may still refer to a table.
     add_root(std::make_unique<Tvs_resave_attrs_data>(vs_prj_get_attrs_data_ptr(project), *this));
     count_units();
-    facts_of_tree_ = report.of_kind(fact_kind::type_not_resaved);
+    if (!open_log.failure()) report.add(fact_kind::not_written, {}, open_log.path, open_log.failure().text());
+    facts_of_tree_ = report.facts();
     log.close();
 }
 

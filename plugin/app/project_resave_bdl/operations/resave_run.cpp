@@ -1,6 +1,8 @@
 // The resave of a loaded project, from the settings to the question of reopening the source.
 #include "operations/project_context.h"
 
+#include <algorithm>
+#include <functional>
 #include <string_view>
 
 #include "core/data_source.h"
@@ -12,6 +14,7 @@
 #include "host/vsk_prj.h"
 #include "host/vsk_xml_save_prj.h"
 #include "operations/run/path_files.h"
+#include "platform/path_text.h"
 
 namespace vs::project_resave {
 
@@ -35,6 +38,10 @@ run_result project_context::resave_project(const resave_settings& settings) {
         progress.questions->show_error(text::project_loaded_incorrectly);
         return {};
     }
+    if (guard.protects(*settings.output_path)) {
+        progress.questions->show_error(text::same_project_name);
+        return {};
+    }
     try {
         begin_run(settings);
         correct_selection();
@@ -51,10 +58,20 @@ run_result project_context::resave_project(const resave_settings& settings) {
     } catch (...) {
         record_caught("resave");
         end_broken_run();
+        run_result result = result_of(report.saved);
+        result.end = run_end::broke_off;
+        return result;
     }
-    run_result result{report.stopped ? run_end::stopped : run_end::done, report.saved, {}};
+    return result_of(report.saved);
+}
+
+run_result project_context::result_of(bool written) {
+    run_result result{report.stopped ? run_end::stopped : run_end::done, written, {}, {}};
     for (const fact& each : report.facts())
-        if (!report.saved && each.kind == fact_kind::exception_caught) result.failure = each.reason;
+        if (!written && (each.kind == fact_kind::exception_caught || each.kind == fact_kind::not_written))
+            result.failure = each.reason;
+    for (const made_file& each : placement.made.files())
+        if (each.source.empty()) result.files.push_back(each.path);
     return result;
 }
 
@@ -63,10 +80,25 @@ void project_context::begin_run(const resave_settings& settings) {
     options.reset();
     options.assign(settings);
     placement.set_output(*settings.output_path);
-    log.open(placement.log_path, settings.write_log);
+    if (settings.write_log) open_log_of_run();
     progress.start(total_units);
     progress.set_caption(text::saving_project_file);
     progress.show();
+}
+
+// An older log is written over, but no file of the source is: then the log gets the next free name.
+void project_context::open_log_of_run() {
+    wide_string& path = placement.log_path;
+    const bool existed = path_exists(path);
+    const wide_string wanted = path;
+    if (existed && guard.protects(path)) path = placement.next_free_name(path);
+    log.open(path, true);
+    if (!log.failure()) return;
+    placement.made.add_written(path);
+    if (path != wanted)
+        report.add(fact_kind::renamed, wanted, path);
+    else if (existed)
+        report.add(fact_kind::written_over, {}, path);
 }
 
 // Rounds in which each unit may add what it refers to, until none adds anything. The last round marks the
@@ -115,10 +147,15 @@ void project_context::save_project() {
     progress.show();
     const wide_string& path = placement.new_project_path;
     const project_xml writer(vs_xml_save_prj_create());
+    const bool existed = path_exists(path);
     const bool written = (vs_xml_data_save_prj_w(writer.get(), path.c_str(), project) & 0xFF) != 0;
-    // What exists on the disk decides, not what the writer says.
-    const bool saved = path_exists(path);
-    if (saved) placement.register_placed(placement.source_project_path, path);
+    // What exists on the disk decides, not what the writer says; but an older project is not a new one.
+    const bool saved = path_exists(path) && (written || !existed);
+    if (saved) {
+        placement.register_placed(placement.source_project_path, path);
+        placement.made.add_written(path);
+    }
+    if (written && existed) report.add(fact_kind::written_over, placement.source_project_path, path);
     if (!written || !saved) report.add(fact_kind::not_written, placement.source_project_path, path);
     note_project_saved(saved);
 }
@@ -156,7 +193,7 @@ void project_context::end_broken_run() {
     progress.finish();
     options.structure_variant = by_type;
     placement.clear_scene();
-    joins.pending.clear();
+    joins.clear();
     log.close();
     release_project();
     forget_project();
@@ -170,16 +207,31 @@ void project_context::on_stopped() {
     if (!progress.erase_created) return;
     release_project();
     clear_tree();
-    std::vector<std::pair<wide_string, platform::outcome>> kept;
-    const auto erase = [&](const wide_string& path) {
-        if (const platform::outcome removed = remove_tree(path); !removed) kept.emplace_back(path, removed);
+    erase_made_files();
+}
+
+// What was not made by the run stays, and so do the folders that hold it.
+void project_context::erase_made_files() {
+    const auto keep = [this](const made_file& file, const platform::outcome& why) {
+        report.add(fact_kind::not_erased, file.source, file.path, why.text());
     };
-    for (const placed_file& file : placement.placed)
-        if (file.old_path != file.new_path) erase(file.new_path);
-    for (const wide_string& folder : placement.created_folders) erase(folder);
-    // What could not be removed at first may have gone with its folder, or may never have existed.
-    for (const auto& [path, why] : kept)
-        if (path_exists(path)) report.add(fact_kind::not_erased, {}, path, why.text());
+    for (const made_file& file : placement.made.files()) {
+        const platform::outcome removed = guard.remove_file(file.path);
+        if (!removed && path_exists(file.path)) keep(file, removed);
+    }
+    std::vector<wide_string> folders = placement.created_folders;
+    folders.insert(folders.end(), placement.made.folders().begin(), placement.made.folders().end());
+    // Each folder after those in it.
+    std::ranges::stable_sort(folders, std::ranges::greater(), [](const wide_string& path) {
+        return path_split(path, path_separators, true).size();
+    });
+    wide_string reported; // a folder that stays; those above it stay for its sake
+    for (const wide_string& folder : folders) {
+        const platform::outcome removed = guard.remove_folder(folder);
+        if (removed || !path_exists(folder) || reported.starts_with(path_with_separator(folder))) continue;
+        reported = path_with_separator(folder);
+        keep({{}, folder}, removed);
+    }
 }
 
 bool project_context::stop_and_reload() {

@@ -42,36 +42,52 @@ run_result project_context::save_structure(const structure_settings& settings) {
         log.unindent();
         log.write_indented(text::end_of_project);
     });
+    // Kept as users know it: a text that could not be written counts as saved here; the report says more.
     if (result.end == run_end::done) progress.questions->show_message(text::structure_saved);
     return result;
 }
 
 run_result project_context::write_text(const wide_string& path, const std::function<void()>& lines) {
+    if (guard.protects(path)) {
+        progress.questions->show_error(text::source_file_kept, path);
+        return {};
+    }
     report.restart(facts_of_tree_);
+    placement.made.clear();
     progress.start(total_units);
     progress.set_caption(text::please_wait);
     progress.show();
     log.open(path, true);
-    const auto end = [this] {
-        log.close();
-        progress.finish();
-    };
+    if (log.failure()) placement.made.add_written(path);
     try {
         lines();
-    } catch (...) { // out of memory: no window stays, and the next text begins at the left
+    } catch (...) { // the next text begins at the left
         while (log.unindent() > 0) {
         }
-        end();
-        throw;
+        return broke_off("text");
     }
-    end();
-    if (progress.is_stopped()) {
-        remove_tree(path);
+    log.close();
+    progress.finish();
+    report.stopped = progress.is_stopped();
+    if (report.stopped) {
+        erase_made_files();
         progress.questions->show_message(text::interrupted_by_user);
-        return {run_end::stopped, false, {}};
+    } else if (!log.failure()) {
+        report.add(fact_kind::not_written, {}, path, log.failure().text());
     }
-    if (!log.failure()) report.add(fact_kind::not_written, {}, path, log.failure().text());
-    return {run_end::done, static_cast<bool>(log.failure()), log.failure().text()};
+    return result_of(!report.stopped && log.failure());
+}
+
+// Out of memory, as a rule. No window stays, and no half-read project.
+run_result project_context::broke_off(const char* run) {
+    record_caught(run);
+    log.close();
+    progress.finish();
+    close_project();
+    progress.questions->show_error(text::project_not_saved);
+    run_result result = result_of(false);
+    result.end = run_end::broke_off;
+    return result;
 }
 
 run_result project_context::check_path_case(const wide_string& report_path) {
@@ -101,9 +117,14 @@ run_result project_context::create_scene_files(const scene_file_settings& settin
     options.reset();
     options.scene_file_on_exists = settings.on_exists;
     progress.clear_stop(); // of an earlier run: this one has no window in which it could be stopped
-    for (const auto& root : tree) root->write_scene_file();
+    placement.made.clear();
+    try {
+        for (const auto& root : tree) root->write_scene_file();
+    } catch (...) {
+        return broke_off("scene files");
+    }
     progress.questions->show_message(text::scene_files_saved);
-    return {run_end::done, !report.has(fact_kind::not_written), {}};
+    return result_of(!report.has(fact_kind::not_written));
 }
 
 } // namespace vs::project_resave

@@ -76,6 +76,7 @@ void resave_entity_plugin::collect_source_files(std::vector<found_file>& out) {
         for (const wide_string& path : named.texts()) append_if_exists(path, out);
         return;
     }
+    for (const file_row& row : files_) context->guard.add(row.source);
     for (const file_row& row : files_)
         if (!append_existing_files(row.source, out)) return;
 }
@@ -124,7 +125,7 @@ wide_string resave_entity_plugin::place_and_copy_row(uint32_t index) {
     const type_folder_scope type(context->placement, files_[index].folder);
     wide_string target = context->placement.new_path(files_[index].source);
     if (target.empty())
-        context->log.new_name_failed(target);
+        record_no_place(*context, files_[index].source, target);
     else
         copy_row(index, target);
     return target;
@@ -141,11 +142,32 @@ void resave_entity_plugin::copy_row(uint32_t index, const wide_string& target) {
     for (size_t row = 0; row < targets.size(); ++row) {
         if (targets[row].empty()) continue;
         if (copied)
-            context->placement.register_placed(sources[row], targets[row]);
+            enter_copy(sources[row], targets[row]);
         else
-            remove_tree(targets[row]);
+            clean_up(targets[row]);
     }
     if (!copied) record_copy_failure(*context, {source, target, refused_by_service});
+}
+
+// What the bundle copied, as far as it exists: a stop erases it, but never what the source project uses.
+void resave_entity_plugin::enter_copy(const wide_string& source, const wide_string& target) {
+    context->placement.register_placed(source, target);
+    if (source == target) return; // it was there before
+    made_files& made = context->placement.made;
+    if (platform::current_system().kind_of(target) != platform::entry_kind::folder)
+        return made.add_copy(source, target);
+    made.add_folder(target);
+    for (const platform::tree_entry& entry : platform::list_tree(platform::current_system(), target))
+        if (entry.is_folder)
+            made.add_folder(entry.path);
+        else
+            made.add_copy({}, entry.path);
+}
+
+void resave_entity_plugin::clean_up(const wide_string& target) {
+    const platform::outcome removed = context->guard.remove_tree(target);
+    if (!removed && path_exists(target))
+        context->report.add(fact_kind::not_erased, {}, target, removed.text());
 }
 
 // Beside the new project, also where each scene has a folder of its own.

@@ -63,6 +63,8 @@ private:
     wide_string place_and_copy_row(uint32_t index);
     // Has the service copy the file; records the copies, or removes what a failed one left.
     void copy_row(uint32_t index, const wide_string& target);
+    void enter_copy(const wide_string& source, const wide_string& target);
+    void clean_up(const wide_string& target);
     // Returns the path of a scene or layer file for this element, next to the new project.
     wide_string own_file(wide_view extension);
     void save_own_file();

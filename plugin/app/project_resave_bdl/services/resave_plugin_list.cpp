@@ -36,6 +36,7 @@ void resave_plugin_list::build() {
         const wide_string_list files;
         call<&resave_service_impl::item_files>(service_.get(), index, files);
         context->sizes.add_wstrings(files);
+        context->guard.add(text_from<&resave_service_impl::item_source>(service_.get(), index));
     }
 }
 
@@ -118,7 +119,7 @@ wide_string resave_plugin_list::place_and_copy(uint32_t index, const wide_string
                                  text_from<&resave_service_impl::default_folder>(service_.get()));
     wide_string target = context->placement.new_path(source);
     if (target.empty())
-        context->log.new_name_failed(source);
+        record_no_place(*context, source, source);
     else
         copy_item_files(index, source, target);
     return target;
@@ -145,9 +146,10 @@ std::optional<failed_copy> resave_plugin_list::copy_item_file(const wide_string&
     case platform::entry_kind::file:
         if (const auto copied = platform::current_system().copy_file(file, target, false); !copied)
             return failed_copy{file, target, copied};
+        context->placement.made.add_copy(file, target);
         return std::nullopt;
     case platform::entry_kind::folder:
-        return copy_folder(file, target, false, false);
+        return copy_folder(file, target, false, false, *context);
     case platform::entry_kind::none:
         break;
     }

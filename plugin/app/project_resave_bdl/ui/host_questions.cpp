@@ -63,7 +63,10 @@ bool host_questions::reopen_source() { return ask_yes_no(text::reopen_source_pro
 
 void host_questions::show_message(int32_t text) { project_resave::show_message(text); }
 
-void host_questions::show_error(int32_t text) { project_resave::show_error(text); }
+void host_questions::show_error(int32_t text, const wide_string& path) {
+    if (path.empty()) return project_resave::show_error(text);
+    vs_show_werror((load_string(text) + u"\n" + path).c_str());
+}
 
 void host_questions::show_report(const run_report& report) {
     if (report.stopped) return show_message(text::interrupted_by_user);

@@ -13,7 +13,7 @@ public:
     bool reopen_source() override;
     void show_report(const run_report& report) override;
     void show_message(int32_t text) override;
-    void show_error(int32_t text) override;
+    void show_error(int32_t text, const wide_string& path = {}) override;
 };
 
 } // namespace vs::project_resave

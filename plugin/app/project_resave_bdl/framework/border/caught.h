@@ -2,6 +2,7 @@
 // its own current record. Main thread only.
 #pragma once
 
+#include <cstdio>
 #include <exception>
 
 namespace vs::project_resave {
@@ -25,17 +26,21 @@ inline exception_record*& current_exception_record() {
     return current;
 }
 
-// Passes the exception that is being handled to the current record; without a record it is dropped. To be
-// called in a handler only.
+// Passes the exception that is being handled to the current record. Without a record, as before a panel is
+// open, it goes to standard error. To be called in a handler only.
 inline void record_caught(const char* where) noexcept {
-    exception_record* const to = current_exception_record();
-    if (to == nullptr) return;
+    const auto keep = [&](const char* what) {
+        if (exception_record* const to = current_exception_record())
+            to->record(where, what);
+        else
+            std::fprintf(stderr, "Exception in %s: %s\n", where, what);
+    };
     try {
         throw;
     } catch (const std::exception& failure) {
-        to->record(where, failure.what());
+        keep(failure.what());
     } catch (...) {
-        to->record(where, "an exception of an unknown type");
+        keep("an exception of an unknown type");
     }
 }
 

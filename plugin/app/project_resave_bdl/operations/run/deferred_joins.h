@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <vector>
 
 #include "host/types.h"
@@ -18,8 +19,18 @@ struct pending_join {
     element_name owner; // of the base table
 };
 
+// A scene or layer file that was written while a table of it lacked its joins.
+struct unfinished_file {
+    wide_string source; // as in the placement
+    wide_string path;
+    std::function<bool()> write; // over what is there; false if the host could not
+};
+
 struct deferred_joins {
     std::vector<pending_join> pending;
+    std::vector<unfinished_file> unfinished; // to be written again when the joins are back
+
+    void clear() { *this = {}; }
 };
 
 } // namespace vs::project_resave

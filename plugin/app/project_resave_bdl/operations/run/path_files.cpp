@@ -1,6 +1,7 @@
 #include "operations/run/path_files.h"
 
 #include <algorithm>
+#include <stdexcept>
 
 #include "platform/path_text.h"
 
@@ -17,7 +18,7 @@ bool append_if_exists(const wide_string& path, std::vector<found_file>& out) {
     return true;
 }
 
-platform::outcome create_folders(const wide_string& path) {
+platform::outcome create_folders(const wide_string& path, std::vector<wide_string>* made) {
     platform::system& files = platform::current_system();
     const platform::entry_kind kind = files.kind_of(path);
     if (kind == platform::entry_kind::folder) return {};
@@ -27,8 +28,9 @@ platform::outcome create_folders(const wide_string& path) {
     for (const wide_string& piece : path_split(wide_view(path).substr(level.size()), path_separators, true)) {
         level.append(piece).push_back(u'\\');
         if (path_exists(level)) continue;
-        const platform::outcome made = files.create_folder(level);
-        if (!made && !path_exists(level)) return made; // another process may make it meanwhile
+        const platform::outcome created = files.create_folder(level);
+        if (!created && !path_exists(level)) return created; // another process may make it meanwhile
+        if (created && made) made->push_back(level);
     }
     return path_exists(level) ? platform::outcome() : platform::failure::missing;
 }
@@ -57,32 +59,28 @@ wide_string unique_path(const wide_string& path) {
     return candidate;
 }
 
-namespace {
-
-// Removes a file, an empty folder, or a link, which goes without what it leads to.
-platform::outcome remove_alone(const wide_string& path) {
-    platform::system& files = platform::current_system();
-    const platform::outcome deleted = files.delete_file(path);
-    if (deleted) return deleted;
-    const platform::outcome removed = files.remove_folder(path);
-    return removed || files.kind_of(path) == platform::entry_kind::folder ? removed : deleted;
+wide_string world_extension(const wide_string& path) {
+    const wide_string extension = path_extension(path);
+    if (extension.size() < 3) throw std::out_of_range("the extension is too short for a world file");
+    wide_string result = extension.substr(0, 2);
+    if (extension.size() > 3) result += extension[3];
+    return result;
 }
 
-} // namespace
+wide_string projection_file_name(const wide_string& path) {
+    wide_string suffix = path_extension(path);
+    std::ranges::replace(suffix, u'.', u'_');
+    return path_replace_extension(path_add_to_stem(path, suffix), u".pj4");
+}
 
-platform::outcome remove_tree(const wide_string& path) {
-    if (remove_alone(path)) return {};
-    platform::outcome first;
-    const auto entries = platform::entries_or_none(platform::current_system(), path);
-    const bool has_separator = !path.empty() && is_separator(path.back());
-    for (auto entry = entries.rbegin(); entry != entries.rend(); ++entry) {
-        const wide_string inner = path + (has_separator ? u"" : u"\\") + entry->name;
-        // A link that cannot be removed is not entered either.
-        const platform::outcome removed = entry->is_link ? remove_alone(inner) : remove_tree(inner);
-        if (!removed && first) first = removed;
-    }
-    const platform::outcome removed = platform::current_system().remove_folder(path);
-    return removed || first ? removed : first;
+std::vector<wide_string> companion_files(const wide_string& path) {
+    std::vector<wide_string> all{projection_file_name(path), path + u".ovr"};
+    for (const wide_view extension : {u".cpg", u".shx", u".dbf"})
+        all.push_back(path_replace_extension(path, wide_string(extension)));
+    if (path_extension(path).size() < 3) return all;
+    for (const char16_t last : {u'w', u'r'})
+        all.push_back(path_replace_extension(path, world_extension(path) + last));
+    return all;
 }
 
 } // namespace vs::project_resave

@@ -1,4 +1,5 @@
-// What the core asks of the disk and does to it besides copying, on paths in Windows form. All of it goes
+// What a run asks of the disk besides copying and removing, and the names of companions, on paths in Windows
+// form. All of it goes
 // through platform::current_system(); nothing throws for a bad path.
 #pragma once
 
@@ -29,15 +30,22 @@ bool append_if_exists(const wide_string& path, std::vector<found_file>& out);
 bool true_case_path(const wide_string& path, wide_string& result);
 
 // Creates what is missing of a folder path. Succeeds if all levels exist as folders afterwards; levels made
-// before a failure stay. The drive, or server and share, must exist.
-platform::outcome create_folders(const wide_string& path);
+// before a failure stay; each that this call made is appended to `made`. The drive, or server and share, must
+// exist.
+platform::outcome create_folders(const wide_string& path, std::vector<wide_string>* made = nullptr);
 
 // `path` if nothing stands there, else the first of stem_1, stem_2, ... at which nothing does. The last dot
 // begins an extension in the name of a folder too.
 wide_string unique_path(const wide_string& path);
 
-// Deletes a file, or a folder with all it holds; a link goes without what it leads to. Goes on past what
-// cannot be deleted. Fails, with the first reason, if anything of it is left over.
-platform::outcome remove_tree(const wide_string& path);
+// Names beside C:\a\b.tif: b_tif.pj4, b.cpg, b.tif.ovr, world file b.tfw and its sibling b.tfr, b.shx, b.dbf.
+//
+// Path of the projection file that belongs to a main file, whether it exists or not.
+wide_string projection_file_name(const wide_string& path);
+// Dot, first and third letter of the main file's extension; a "w" or an "r" completes it. Throws
+// std::out_of_range for an extension of fewer than two letters.
+wide_string world_extension(const wide_string& path);
+// The names of all that a copy of the file can take along, whether it exists or not.
+std::vector<wide_string> companion_files(const wide_string& path);
 
 } // namespace vs::project_resave

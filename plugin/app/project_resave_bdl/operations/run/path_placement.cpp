@@ -65,6 +65,7 @@ wide_string numbered_grid(const wide_string& path, uint32_t number) {
 void path_placement::reset() {
     placed.clear();
     created_folders.clear();
+    made.clear();
     common.clear();
     clear_scene();
     last_numbers_.clear();
@@ -110,9 +111,10 @@ wide_string path_placement::new_path(const wide_string& source) {
     }
     const wide_string folder = path_head(result);
     if (!path_exists(folder)) {
-        register_created_folders(folder);
-        if (const platform::outcome made = create_folders(folder); !made)
-            folder_failures_.insert_or_assign(path_key(folder), made);
+        std::vector<wide_string> levels; // of a drive or a share none is ever ours to create
+        if (const platform::outcome failed = create_folders(folder, &levels); !failed)
+            folder_failures_.insert_or_assign(path_key(folder), failed);
+        created_folders.insert(created_folders.end(), levels.rbegin(), levels.rend());
     }
     return result;
 }
@@ -200,16 +202,6 @@ wide_string path_placement::next_free_name(const wide_string& path) {
     wide_string candidate = numbered(path, number);
     while (taken(candidate)) candidate = numbered(path, ++number);
     return candidate;
-}
-
-void path_placement::register_created_folders(const wide_string& folder) {
-    // A drive or a share is never ours to create, hence never ours to erase.
-    const size_t fixed = path_fixed_length(folder);
-    for (wide_string level = folder; level.size() > fixed && !path_exists(level);) {
-        created_folders.push_back(level);
-        if (is_separator(level.back())) level.pop_back();
-        level = path_head(level);
-    }
 }
 
 void path_placement::set_scene(common_directory* scene, const wide_string& name) {

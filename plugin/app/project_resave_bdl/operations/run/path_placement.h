@@ -7,6 +7,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "operations/run/made_files.h"
 #include "operations/run/placed_files.h"
 #include "platform/outcome.h"
 #include "platform/wide_string.h"
@@ -35,6 +36,7 @@ public:
     const resave_options* options;
     placed_files placed;                      // everything placed in this run
     std::vector<wide_string> created_folders; // deepest first within each call of `new_path`
+    made_files made;                          // what a stop erases, beside those folders
     wide_string source_project_path;
     wide_string source_folder; // with its trailing separator, as `new_folder`
     wide_string new_project_path;
@@ -65,6 +67,8 @@ public:
     wide_string new_path(const wide_string& source);
     // Why the folder of a path that `new_path` returned could not be created; success if it could.
     platform::outcome folder_failure(const wide_string& path) const;
+    // `path`, or the first of its numbered names that is free on the disk.
+    wide_string next_free_name(const wide_string& path);
     // The place of a layout page: only text, nothing is looked up or created.
     wide_string folder_for(const wide_string& source);
 
@@ -83,8 +87,6 @@ private:
     wide_string in_type_folder(const wide_string& source) const;
     wide_string place_in_scene_folder(const wide_string& source);
     wide_string resolve_conflict(const wide_string& path, const wide_string& source);
-    wide_string next_free_name(const wide_string& path);
-    void register_created_folders(const wide_string& folder);
 
     // The last number given to a path in this run, so that many files of one name stay cheap.
     std::unordered_map<wide_string, uint32_t> last_numbers_;

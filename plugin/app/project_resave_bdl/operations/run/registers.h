@@ -41,6 +41,7 @@ public:
     double total_kb() const { return total_kb_; }
     // All that was entered, each spelling once, in no order.
     std::vector<wide_string> known_paths() const;
+    size_t path_count() const { return entries_.rows().size(); }
     // Forgets all paths and the stack; keeps the callback and does not call it.
     void clear();
     // Called after each change of a known uuid's state; may be empty.

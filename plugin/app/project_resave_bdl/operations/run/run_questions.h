@@ -35,7 +35,8 @@ public:
     virtual void show_report(const run_report& report) = 0;
     // Shows a text of the bundle by its number.
     virtual void show_message(int32_t text) = 0;
-    virtual void show_error(int32_t text) = 0;
+    // The same as an error; the path that it is about, if there is one, is shown below it.
+    virtual void show_error(int32_t text, const wide_string& path = {}) = 0;
 };
 
 } // namespace vs::project_resave

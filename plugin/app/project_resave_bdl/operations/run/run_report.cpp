@@ -1,7 +1,6 @@
 #include "operations/run/run_report.h"
 
 #include <algorithm>
-#include <iterator>
 
 #include "framework/border/encoding.h"
 #include "framework/resources/strings.h"
@@ -13,17 +12,6 @@ void run_report::restart(const std::vector<fact>& of_tree) {
     facts_ = of_tree;
     current_unit.clear();
     stopped = saved = incomplete = false;
-}
-
-void run_report::drop(fact_kind kind) {
-    std::erase_if(facts_, [=](const fact& each) { return each.kind == kind; });
-}
-
-std::vector<fact> run_report::of_kind(fact_kind kind) const {
-    std::vector<fact> found;
-    std::ranges::copy_if(facts_, std::back_inserter(found),
-                         [=](const fact& each) { return each.kind == kind; });
-    return found;
 }
 
 fact& run_report::append(fact_kind kind) {
@@ -49,9 +37,10 @@ void run_report::add_copy_error(const wide_string& path, const wide_string& new_
     failed.subject = path_file_name(subject.empty() ? path : subject);
 }
 
-void run_report::add_unprocessed_type(element_name layer, const char* layer_type) {
+void run_report::add_unprocessed_type(element_name layer, const char* layer_type, const wide_string& path) {
     fact& found = append(fact_kind::type_not_resaved);
     found.element = std::move(layer);
+    found.path = path;
     found.subject = host_text(layer_type);
 }
 

@@ -15,6 +15,7 @@ namespace vs::project_resave {
 enum class fact_kind : uint8_t {
     source_lost,           // the file of an element does not exist
     copy_failed,           // a file or folder was not copied
+    no_place,              // the structure has no place for a file, so it was not copied
     not_read,              // the file exists and is no data set or scene: what it refers to was not copied
     not_written,           // a file that the run makes itself
     type_not_resaved,      // nothing resaves elements of this type; `subject` is the type
@@ -25,7 +26,7 @@ enum class fact_kind : uint8_t {
     written_over,          // a file that the run made replaced one that existed
     exception_caught,      // a fault of the program or too little memory; `subject` says where
 };
-inline constexpr size_t fact_kind_count = 11;
+inline constexpr size_t fact_kind_count = 12;
 
 // An element of the project, as a person finds it there. All empty for what belongs to no element.
 struct element_name {
@@ -59,7 +60,8 @@ public:
     // The final message names the file name of `path`, or of `subject` if one is given.
     void add_copy_error(const wide_string& path, const wide_string& new_path, const platform::outcome& why,
                         const wide_string& subject = {});
-    void add_unprocessed_type(element_name layer, const char* layer_type);
+    // `path` is the file that the layer shows, if it has one.
+    void add_unprocessed_type(element_name layer, const char* layer_type, const wide_string& path);
     void add(fact_kind kind, const wide_string& path, const wide_string& new_path = {},
              const wide_string& reason = {});
     void add_exception(const wide_string& where, const wide_string& what);
@@ -67,7 +69,6 @@ public:
     const element_name& current() const { return current_; }
     const std::vector<fact>& facts() const { return facts_; }
     bool has(fact_kind kind) const;
-    std::vector<fact> of_kind(fact_kind kind) const;
     // What the final message lists: lost sources and failed copies, grouped by consecutive headings. Those
     // without a heading are left out.
     std::vector<problem> problems() const;
@@ -77,7 +78,6 @@ public:
 
     // Begins anew with what is known of the tree.
     void restart(const std::vector<fact>& of_tree);
-    void drop(fact_kind kind);
 
     wide_string current_unit; // caption of the list that began last; kept after the list has ended
     bool stopped = false;     // the user ended the run

@@ -15,6 +15,7 @@
 #include "operations/run/run_progress.h"
 #include "operations/run/run_questions.h"
 #include "operations/run/run_report.h"
+#include "operations/run/source_guard.h"
 #include "operations/run/text_map.h"
 
 namespace vs::project_resave {
@@ -36,6 +37,7 @@ struct run_state {
     project_resave::selection_register selection{&sizes};
     project_resave::size_register sizes;
     run_report report;
+    source_guard guard{&sizes};
     text_map<Tvs_resave_unit*> units; // by uuid text, the first that was built
     claimed_units* claims = nullptr;  // makes units for elements that it claims; not owned, null for none
     deferred_joins joins;

@@ -1,0 +1,131 @@
+#include "operations/run/source_guard.h"
+
+#include <utility>
+
+#include "operations/run/path_files.h"
+#include "operations/run/registers.h"
+#include "platform/path_text.h"
+
+namespace vs::project_resave {
+
+namespace {
+
+const platform::outcome belongs_to_source = platform::outcome::because(u"it belongs to the source project");
+
+platform::system& files() { return platform::current_system(); }
+
+} // namespace
+
+void source_guard::add(const wide_string& path) {
+    if (!path.empty()) added_.push_back(path);
+}
+
+void source_guard::clear() {
+    added_.clear();
+    learned_ = nothing;
+}
+
+void source_guard::learn() {
+    const size_t count = known_->path_count() + added_.size();
+    if (count == learned_) return;
+    keys_.clear();
+    identities_.clear();
+    by_folder_.clear();
+    companions_.clear();
+    folders_.clear();
+    knows_links_ = false;
+    for (const wide_string& path : known_->known_paths()) learn(path);
+    for (const wide_string& path : added_) learn(path);
+    for (const auto& [key, paths] : by_folder_)
+        if (const auto identity = files().identity_of(path_head(paths.front())))
+            folders_.emplace(identity, key);
+    learned_ = count;
+}
+
+void source_guard::learn(const wide_string& path) {
+    if (!keys_.insert(path_key(path)).second) return;
+    by_folder_[path_key(path_head(path))].push_back(path);
+    const platform::file_identity identity = files().identity_of(path);
+    if (!identity) return; // a file that is lost keeps its name
+    identities_.insert(identity);
+    if (files().kind_of(path) != platform::entry_kind::folder) return;
+    for (const platform::tree_entry& entry : platform::list_tree(files(), path)) {
+        keys_.insert(path_key(entry.path));
+        if (const auto inner = files().identity_of(entry.path)) identities_.insert(inner);
+    }
+}
+
+const source_guard::path_keys& source_guard::companions_in(const wide_string& folder_key) {
+    const auto [row, is_new] = companions_.try_emplace(folder_key);
+    if (is_new)
+        for (const wide_string& path : by_folder_[folder_key])
+            for (const wide_string& companion : companion_files(path))
+                row->second.insert(path_key(companion));
+    return row->second;
+}
+
+bool source_guard::is_named(const wide_string& folder_key, const wide_string& name) {
+    if (!by_folder_.contains(folder_key)) return false;
+    const wide_string key = path_key(path_join(path_head(by_folder_[folder_key].front()), name));
+    return keys_.contains(key) || companions_in(folder_key).contains(key);
+}
+
+bool source_guard::is_linked_companion(const platform::file_identity& asked) {
+    if (!std::exchange(knows_links_, true)) {
+        linked_companions_.clear();
+        for (const auto& [folder, paths] : by_folder_)
+            for (const wide_string& path : paths)
+                for (const wide_string& companion : companion_files(path))
+                    if (const auto identity = files().identity_of(companion))
+                        linked_companions_.insert(identity);
+    }
+    return linked_companions_.contains(asked);
+}
+
+bool source_guard::protects(const wide_string& path) {
+    if (path.empty()) return false;
+    learn();
+    if (keys_.contains(path_key(path))) return true;
+    const wide_string folder = path_head(path), name = path_file_name(path);
+    if (is_named(path_key(folder), name)) return true;
+    const platform::file_identity identity = files().identity_of(path);
+    if (!identity) return false;
+    if (identities_.contains(identity)) return true;
+    const platform::file_identity place = files().identity_of(folder);
+    for (auto row = folders_.lower_bound(place); place && row != folders_.end() && row->first == place; ++row)
+        if (is_named(row->second, name)) return true;
+    return identity.names > 1 && is_linked_companion(identity);
+}
+
+platform::outcome source_guard::remove_file(const wide_string& path) {
+    return protects(path) ? belongs_to_source : files().delete_file(path);
+}
+
+platform::outcome source_guard::remove_folder(const wide_string& path) {
+    return protects(path) ? belongs_to_source : files().remove_folder(path);
+}
+
+platform::outcome source_guard::remove_alone(const wide_string& path) {
+    if (protects(path)) return belongs_to_source;
+    const platform::outcome deleted = files().delete_file(path);
+    if (deleted) return deleted;
+    const platform::outcome removed = files().remove_folder(path);
+    return removed || files().kind_of(path) == platform::entry_kind::folder ? removed : deleted;
+}
+
+platform::outcome source_guard::remove_tree(const wide_string& path) {
+    if (remove_alone(path)) return {};
+    if (protects(path)) return belongs_to_source;
+    platform::outcome first;
+    const auto entries = platform::entries_or_none(files(), path);
+    for (auto entry = entries.rbegin(); entry != entries.rend(); ++entry) {
+        const wide_string inner = path_with_separator(path) + entry->name;
+        // A link that cannot be removed is not entered either.
+        const platform::outcome removed = entry->is_link ? remove_alone(inner) : remove_tree(inner);
+        if (!removed && first) first = removed;
+    }
+    const platform::outcome removed = files().remove_folder(path);
+    return removed || first ? removed : first;
+}
+
+} // namespace vs::project_resave
