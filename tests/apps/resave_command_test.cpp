@@ -82,7 +82,7 @@ TEST_F(resave_command, the_exit_code_tells_how_it_went_and_the_error_output_why)
          1,
          {"vestra-resave: C:\\gone.tif: does not exist (\"Lost one\" in \"S\")\n",
           "vestra-resave: C:\\p.tfw: could not be copied to N:\\out\\rtr\\p.tfw: ",
-          "vestra-resave: layers of this type are not resaved: wfs_pnt_lr2d (\"Springs\" in \"S\")\n"}},
+          "vestra-resave: https://maps.example.org: layers of this type are not resaved: wfs_pnt_lr2d (\"Springs\" in \"S\")\n"}},
         {"resave 'C:\\prj\\mute._vp'" + to,
          1,
          {"C:\\gone.tif: does not exist (\"Nameless\")\n",

@@ -6,6 +6,7 @@
 
 #include "operations/run/placed_files.h"
 #include "platform/text.h"
+#include "tests/support/forwarding_system.h"
 
 namespace vs::project_resave {
 
@@ -74,14 +75,24 @@ TEST(placed_files, answer_as_a_scan_from_the_oldest_entry) {
             path += pick({u"\\", u"/", u"\\\\"}) + pick({u"a", u"A", u"б", u"Б", u"..", u".", u"a b"});
         return path;
     };
-    placed_files placed;
-    for (int i = 0; i < 3000; ++i) {
-        const wide_string asked = spelling();
-        const placed_file* scanned = nullptr;
-        for (const placed_file& entry : placed)
-            if (!scanned && path_same(entry.old_path, asked)) scanned = &entry;
-        ASSERT_EQ(placed.find(asked), scanned) << platform::to_utf8(asked);
-        if (placed.size() < 150) placed.add(spelling(), u"new");
+    struct disk : forwarding_system {
+        bool same_file(const wide_string& a, const wide_string& b) override {
+            return ignores_case ? path_same(a, b) : path_normalise(a) == path_normalise(b);
+        }
+        bool ignores_case = false;
+    } disk;
+    const platform::system_override in_force(disk);
+    for (const bool ignores_case : {false, true}) {
+        disk.ignores_case = ignores_case;
+        placed_files placed;
+        for (int i = 0; i < 3000; ++i) {
+            const wide_string asked = spelling();
+            const placed_file* scanned = nullptr;
+            for (const placed_file& entry : placed)
+                if (!scanned && disk.same_file(entry.old_path, asked)) scanned = &entry;
+            ASSERT_EQ(placed.find(asked), scanned) << platform::to_utf8(asked);
+            if (placed.size() < 150) placed.add(spelling(), u"new");
+        }
     }
 }
 

@@ -43,6 +43,8 @@ public:
                                                                : platform::failure::taken;
     }
 
+    bool same_file(const wide_string& a, const wide_string& b) override { return path_same(a, b); }
+
 private:
     // "C:name", which has no normal form of its own, lies in the drive's root.
     static wide_string key_of(const wide_string& path) {

@@ -3,12 +3,21 @@
 #include <algorithm>
 
 #include "platform/path_text.h"
+#include "platform/system.h"
 
 namespace vs::project_resave {
 
 namespace {
 
 size_t hash_of(const wide_string& path) { return std::hash<wide_string>()(path_key(path)); }
+
+// Two files of one folder may differ in nothing but the letter case of their names.
+bool is_one_file(const wide_string& first, const wide_string& second) {
+    if (first == second) return true;
+    if (!path_same(first, second)) return false;
+    return path_normalise(first) == path_normalise(second) ||
+           platform::current_system().same_file(first, second);
+}
 
 } // namespace
 
@@ -25,8 +34,8 @@ const placed_file* placed_files::find(const wide_string& source) const {
 }
 
 const placed_file* placed_files::find(const wide_string& source, size_t hash) const {
-    const uint32_t row = oldest_.find(
-        hash, [&](uint32_t candidate) { return path_same(entries_[candidate].old_path, source); });
+    const uint32_t row =
+        oldest_.find(hash, [&](uint32_t number) { return is_one_file(entries_[number].old_path, source); });
     return row != row_index::none ? &entries_[row] : nullptr;
 }
 

@@ -16,8 +16,9 @@ struct placed_file {
     wide_string new_path;
 };
 
-// Files in the order in which they were placed. A look-up answers as a scan from the oldest entry with
-// `path_same` would, at a cost that does not grow with their number.
+// Files in the order in which they were placed. A look-up answers as a scan from the oldest entry would, at a
+// cost that does not grow with their number. Paths that differ in letter case alone name one file only if the
+// system says so.
 class placed_files {
 public:
     void add(const wide_string& old_path, const wide_string& new_path);
