@@ -15,10 +15,17 @@ bool goes_above_its_top(const wide_string& path) {
 // A share without a name has no normal form.
 bool is_normal(const wide_string& path) { return path == u"\\" || path_normalise(path) == path; }
 
-// None of its pieces leads upwards, be it with dots or blanks behind.
+// None of its pieces leads above its start, be it with dots or blanks at the end.
 bool is_held(const wide_string& name) {
-    for (const wide_string& piece : path_split(name, path_separators, true))
-        if (piece.starts_with(u"..") && trim(piece, u". ").empty()) return false;
+    size_t depth = 0;
+    for (const wide_string& piece : path_split(name, path_separators, true)) {
+        const bool leads_up = piece.starts_with(u"..") && trim(piece, u". ").empty();
+        if (leads_up && depth == 0) return false;
+        if (leads_up)
+            --depth;
+        else if (piece != u".")
+            ++depth;
+    }
     return true;
 }
 

@@ -65,7 +65,7 @@ struct run {
     run(unsigned char structure, unsigned char choices) {
         options.structure_variant = static_cast<project_resave::structure>(structure % 5);
         options.lower_case = (choices & 1) != 0;
-        options.rename_on_conflict = (choices & 2) != 0;
+        options.rename_on_conflict = true; // nobody is there to be asked
         placement.set_source(u"C:\\prj\\area._vp");
         placement.set_output(u"N:\\out\\new._vp");
         if ((choices & 4) != 0) placement.common.add_path(placement.source_project_path);
