@@ -35,7 +35,10 @@ void make_file(const wide_string& source, const wide_string& wanted, bool lacks_
     const bool written = write(path);
     placement.register_placed(source, path);
     if (!written) return run.report.add(fact_kind::not_written, source, path);
-    placement.made.add_written(path);
+    if (source.empty())
+        placement.made.add_written(path);
+    else // the scene of a map layer
+        placement.made.add_copy(source, path);
     if (existed && !kept) run.report.add(fact_kind::written_over, source, path);
     if (lacks_joins) run.joins.unfinished.push_back({source, path, [=] { return write(path); }});
 }

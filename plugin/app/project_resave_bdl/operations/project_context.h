@@ -70,6 +70,7 @@ public:
 private:
     bool read_project(vs_xml_save_prj* reader, const wide_string& path, bool write_open_log);
     void build_tree(const wide_string& path);
+    void settle_open_log();
     void add_root(std::unique_ptr<Tvs_resave_unit> root);
     void release_project();
     void begin_run(const resave_settings& settings);
@@ -90,6 +91,7 @@ private:
     // What was caught, here or at the border, becomes a fact and a line of the log.
     void record(const char* where, const char* what) noexcept override;
 
+    wide_string log_wanted_; // the path that the log of a load is to have
     std::vector<fact> facts_of_tree_; // what the load found; the report of each run begins with it
 };
 

@@ -14,6 +14,7 @@
 #include "host/vsk_prj.h"
 #include "host/vsk_scn_2d.h"
 #include "host/vsk_xml_save_prj.h"
+#include "operations/run/path_files.h"
 #include "services/resave_plugin_list.h"
 
 namespace vs::project_resave {
@@ -112,6 +113,8 @@ bool project_context::load_project(const wide_string& wanted, bool show_wait, bo
 
 bool project_context::read_project(vs_xml_save_prj* reader, const wide_string& path, bool write_open_log) {
     open_log.set_open_log_path(path, write_open_log);
+    log_wanted_ = open_log.path;
+    if (write_open_log && path_exists(log_wanted_)) open_log.path = placement.next_free_name(log_wanted_);
     open_log.write_load_begin();
     if ((vs_xml_data_load_prj_w(reader, path.c_str(), project) & 0xFF) == 0) return false;
     open_log.write_load_end();
@@ -138,9 +141,20 @@ void project_context::build_tree(const wide_string& path) {
     // Last of all: every unit before may still refer to a table.
     add_root(std::make_unique<Tvs_resave_attrs_data>(vs_prj_get_attrs_data_ptr(project), *this));
     count_units();
+    settle_open_log();
     if (!open_log.failure()) report.add(fact_kind::not_written, {}, open_log.path, open_log.failure().text());
     facts_of_tree_ = report.facts();
     log.close();
+}
+
+// What has the name of the log may belong to the source, which is known only now. So the log was written
+// beside it, and takes the name if it may.
+void project_context::settle_open_log() {
+    if (!open_log.enabled || open_log.path == log_wanted_) return;
+    if (guard.protects(log_wanted_)) return report.add(fact_kind::renamed, log_wanted_, open_log.path);
+    if (!platform::current_system().rename_over(open_log.path, log_wanted_)) return;
+    open_log.path = log_wanted_;
+    report.add(fact_kind::written_over, {}, log_wanted_);
 }
 
 // Each root is built before the next one is made.
