@@ -19,7 +19,7 @@ bool log_file::open(const wide_string& name, bool enable) {
 // Nothing is open between two lines, and lines may still follow.
 void log_file::close() {}
 
-bool log_file::write(uint32_t row) { return write(load_string(static_cast<int32_t>(row))); }
+bool log_file::write(int32_t row) { return write(load_string(row)); }
 
 bool log_file::write(const char* text) { return write(host_text(text)); }
 
@@ -89,7 +89,7 @@ bool log_file::write_at(const wide_string& text, uint32_t at_depth) {
     return write(line + text);
 }
 
-void log_file::write_indented(uint32_t row) { write_indented(load_string(static_cast<int32_t>(row))); }
+void log_file::write_indented(int32_t row) { write_indented(load_string(row)); }
 
 void log_file::write_indented(const wide_string& text) { write_at(text, depth); }
 

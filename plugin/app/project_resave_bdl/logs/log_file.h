@@ -33,7 +33,7 @@ public:
     // Where the lines go; empty until the log is opened for the first time.
     const wide_string& path() const { return file_name_; }
     // One line: the text of this number, a narrow text of the host, a wide text. The result is always false.
-    virtual bool write(uint32_t row);
+    virtual bool write(int32_t row);
     virtual bool write(const char* text);
     virtual bool write(const wide_string& text);
 
@@ -41,26 +41,27 @@ public:
     virtual void copy_failed(const wide_string& path);
     virtual void new_name_failed(const wide_string& path);
     virtual void file_missing(const wide_string& path);
-    virtual void layer_2d_not_saved(const char* name);
-    virtual void layer_2d_not_saved(const wide_string& name);
-    virtual void layer_3d_not_saved(const char* name);
-    virtual void layer_3d_not_saved(const wide_string& name);
     virtual void file_renamed(const wide_string& old_path, const wide_string& new_path);
-    virtual void layer_2d_removed();
     virtual void layer_3d_removed();
-    virtual void dbf_table_removed();
-    virtual void tos_table_removed();
     virtual void scene_not_loaded(const wide_string& name);
     virtual void service_begin(const wide_string& name);
     virtual void service_end(const wide_string& name);
     virtual void service_file_removed(const wide_string& name);
+    // Kept for other bundles; nothing here calls the next seven.
+    virtual void layer_2d_not_saved(const char* name);
+    virtual void layer_2d_not_saved(const wide_string& name);
+    virtual void layer_3d_not_saved(const char* name);
+    virtual void layer_3d_not_saved(const wide_string& name);
+    virtual void layer_2d_removed();
+    virtual void dbf_table_removed();
+    virtual void tos_table_removed();
 
     virtual void indent();
     // Stops at 0; the new depth.
     virtual uint32_t unindent();
     virtual bool write_at(const wide_string& text, uint32_t at_depth);
     // At the present depth. Only these lines are indented.
-    virtual void write_indented(uint32_t row);
+    virtual void write_indented(int32_t row);
     virtual void write_indented(const wide_string& text);
 
     virtual void clear_unprocessed_types();

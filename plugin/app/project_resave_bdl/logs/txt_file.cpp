@@ -75,9 +75,7 @@ bool txt_file::open(const wide_string& name) {
 
 void txt_file::close() { file_name.clear(); }
 
-bool txt_file::write(uint32_t row, bool end_line) {
-    return write(load_string(static_cast<int32_t>(row)), end_line);
-}
+bool txt_file::write(int32_t row, bool end_line) { return write(load_string(row), end_line); }
 
 bool txt_file::write(const char* text, bool end_line) { return write(host_text(text), end_line); }
 
@@ -92,9 +90,7 @@ void project_struct_writer::unindent() {
     if (depth > 0) --depth;
 }
 
-void project_struct_writer::write_line(uint32_t row) {
-    write_line(load_string(static_cast<int32_t>(row)), depth);
-}
+void project_struct_writer::write_line(int32_t row) { write_line(load_string(row), depth); }
 
 void project_struct_writer::write_line(const wide_string& text, uint32_t at_depth) {
     write(wide_string(size_t{indent_width} * at_depth, u' ') + text, true);

@@ -35,6 +35,7 @@ private:
 platform::outcome append_text(const wide_string& file_name, const wide_string& text, bool end_line);
 
 // Plain text file that is open only while it is written to.
+// Kept for other bundles; nothing here calls it.
 class txt_file {
 public:
     virtual ~txt_file() = default;
@@ -44,7 +45,7 @@ public:
     virtual bool open(const wide_string& name);
     virtual void close();
     // The text of this number, a narrow text of the host, a wide text. Always true.
-    virtual bool write(uint32_t row, bool end_line);
+    virtual bool write(int32_t row, bool end_line);
     virtual bool write(const char* text, bool end_line);
     virtual bool write(const wide_string& text, bool end_line);
 
@@ -52,13 +53,14 @@ public:
 };
 
 // Text file of indented lines.
+// Kept for other bundles; nothing here calls it.
 class project_struct_writer : public txt_file {
 public:
     void indent();
     // Stops at the left edge.
     void unindent();
     // The text of this number at the present depth.
-    void write_line(uint32_t row);
+    void write_line(int32_t row);
     void write_line(const wide_string& text, uint32_t at_depth);
 
     uint32_t depth = 0;
