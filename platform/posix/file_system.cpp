@@ -39,16 +39,13 @@ folder_entry entry_of(const std::string& folder, const dirent& found) {
 
 class posix_system final : public system {
 public:
-    entry_kind kind_of(const wide_string& path) override { return status_of(path).kind; }
-
-    uint64_t file_size(const wide_string& path) override { return status_of(path).bytes; }
-
     entry_status status_of(const wide_string& path) override {
-        const auto status = mapped_volumes().status(path);
-        if (!status) return {};
-        if (S_ISDIR(status->st_mode)) return {entry_kind::folder};
-        return S_ISREG(status->st_mode) ? entry_status{entry_kind::file, uint64_t(status->st_size)}
-                                        : entry_status{};
+        struct stat status {};
+        if (const outcome found = mapped_volumes().status(path, status); !found)
+            return {entry_kind::none, 0, found};
+        if (S_ISDIR(status.st_mode)) return {entry_kind::folder};
+        if (S_ISREG(status.st_mode)) return {entry_kind::file, uint64_t(status.st_size)};
+        return {entry_kind::none, 0, outcome::because(u"not a regular file")};
     }
 
     outcome copy_file(const wide_string& source, const wide_string& target, bool replace) override {
@@ -118,9 +115,10 @@ public:
     }
 
     bool same_file(const wide_string& a, const wide_string& b) override {
-        const auto first = mapped_volumes().status(a);
-        const auto second = mapped_volumes().status(b);
-        return first && second && first->st_dev == second->st_dev && first->st_ino == second->st_ino;
+        struct stat first {
+        }, second{};
+        return mapped_volumes().status(a, first) && mapped_volumes().status(b, second) &&
+               first.st_dev == second.st_dev && first.st_ino == second.st_ino;
     }
 
     outcome rename_over(const wide_string& from, const wide_string& to) override {

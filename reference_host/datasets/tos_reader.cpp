@@ -33,13 +33,17 @@ public:
             if (line.ends_with('\r')) line.pop_back();
             return true;
         }
-        return !line.empty(); // the last line may lack its end
+        return result_ && !line.empty(); // the last line may lack its end
     }
+
+    // Fails once the file could not be read.
+    platform::outcome result() const { return result_; }
 
 private:
     bool fill() {
         place_ = 0;
-        file_.read(buffer_.data(), buffer_.size(), filled_);
+        result_ = file_.read(buffer_.data(), buffer_.size(), filled_);
+        if (!result_) filled_ = 0;
         return filled_ > 0;
     }
 
@@ -47,6 +51,7 @@ private:
     std::array<char, 16384> buffer_{};
     std::size_t place_ = 0;
     std::size_t filled_ = 0;
+    platform::outcome result_;
 };
 
 std::size_t skip_digits(std::string_view text, std::size_t& place) {
@@ -149,7 +154,7 @@ std::optional<tos_file> read_tos(const wide_string& path, files::file_error* err
     std::unique_ptr<platform::file> file;
     const auto opened = platform::current_system().open(path, platform::access::read,
                                                         platform::disposition::open_existing, file);
-    if (!opened) return refuse(0, u"the file cannot be opened");
+    if (!opened) return refuse(0, opened.text());
 
     line_reader lines(*file);
     parser rules(path);
@@ -158,6 +163,7 @@ std::optional<tos_file> read_tos(const wide_string& path, files::file_error* err
         const wide_view broken_rule = rules.take(line);
         if (!broken_rule.empty()) return refuse(number, broken_rule);
     }
+    if (!lines.result()) return refuse(0, lines.result().text());
     if (!rules.is_begun()) return refuse(1, u"the file is empty");
     return std::move(rules.content);
 }

@@ -89,12 +89,15 @@ TEST_F(host_files, a_failed_write_leaves_the_old_file_and_nothing_else) {
     const wide_string path = folder_.write(u"area._vp", "old");
     folder_.write(u"area._vp.new1", "of somebody else");
     const tree_state before = state_of(folder_.native());
-    for (const char* const failing : {"write", "rename"}) {
+    const std::pair<const char*, platform::failure> rows[] = {{"write", platform::failure::disk_full},
+                                                              {"close", platform::failure::disk_full},
+                                                              {"rename", platform::failure::denied}};
+    for (const auto& [failing, reason] : rows) {
         faulty_system faults({failing}, 1, SIZE_MAX);
         const platform::system_override in_force(faults);
         const auto error = write_project(path, project());
         ASSERT_TRUE(error);
-        EXPECT_EQ(error->text(), path + u": the file cannot be written");
+        EXPECT_EQ(error->text(), path + u": " + platform::outcome(reason).text());
         EXPECT_EQ(difference(before, state_of(folder_.native())), "");
     }
 }
