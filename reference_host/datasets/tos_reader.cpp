@@ -83,7 +83,9 @@ bool is_utf8(std::string_view bytes) { return platform::valid_utf8_length(bytes)
 // Takes the lines in their order. Each function answers the rule that the line breaks, or the empty text.
 class parser {
 public:
-    explicit parser(const wide_string& path) { names_.insert(platform::folded(path_file_name(path))); }
+    explicit parser(const wide_string& path) : stem_(path_stem(path)) {
+        names_.insert(platform::folded(path_file_name(path)));
+    }
 
     wide_view take(std::string_view line) {
         if (!is_begun_) {
@@ -116,7 +118,7 @@ private:
     }
 
     wide_view take_member(std::string_view text) {
-        const wide_string path = platform::from_utf8(text);
+        const wide_string path = written_out(platform::from_utf8(text));
         if (path_separators.find(path.front()) != wide_view::npos || path.find(u':') != wide_string::npos)
             return u"the path of the member is not relative";
         wide_string key = platform::folded(path);
@@ -127,6 +129,13 @@ private:
         if (!names_.insert(key).second) return u"the member is named twice, or is the file itself";
         content.members.push_back(path);
         return {};
+    }
+
+    // A name that is an extension alone follows the stem of the file, so a renamed set names its own members.
+    wide_string written_out(wide_string path) const {
+        const bool is_extension = path.front() == u'.' && path.size() > 1 &&
+                                  path.find_first_of(path_separators) == wide_string::npos && path != u"..";
+        return is_extension ? stem_ + path : path;
     }
 
     wide_view take_data(std::string_view text) const {
@@ -141,6 +150,7 @@ private:
 
     bool is_begun_ = false;
     const std::string_view* last_word_ = words.begin();
+    const wide_string stem_;
     std::unordered_set<wide_string> names_; // folded
 };
 

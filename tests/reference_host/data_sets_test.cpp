@@ -39,6 +39,8 @@ TEST(tos_reader, a_damaged_file_does_not_open_and_tells_line_and_reason) {
         {"TOS 1\nmember a\nproperty X\n", 3},
         {"TOS 1\nmember /a\n", 2},
         {"TOS 1\nmember x/A.tod\nmember X\\a.tod\n", 3},
+        {"TOS 1\nmember .tod\nmember BROKEN.TOD\n", 3},
+        {"TOS 1\nmember .tos\n", 2},
         {"TOS 1\nproperty X\ndata 1,5\n", 3},
         {"TOS 1\nproperty X\ndata nan\n", 3},
     };
