@@ -23,6 +23,8 @@ public:
     // The last refusal of this path; null if there is none.
     const files::file_error* find(const wide_string& path) const;
     void clear() { by_key_.clear(); }
+    // All of them, in no order, by the path_key of their files.
+    const std::unordered_map<wide_string, files::file_error>& all() const { return by_key_; }
 
 private:
     std::unordered_map<wide_string, files::file_error> by_key_;
