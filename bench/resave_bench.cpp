@@ -178,9 +178,6 @@ public:
         if (how == platform::disposition::create_always) writing = clock_type::now();
         return forwarding_system::open(path, wanted, how, result);
     }
-    platform::entry_status status_of(const wide_string& path) override {
-        return platform::operating_system().status_of(path); // in one question, as without this wrapper
-    }
     std::optional<clock_type::time_point> copying, writing;
 };
 

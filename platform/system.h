@@ -23,10 +23,11 @@ enum class entry_kind { none, file, folder };
 enum class access { read, read_write };
 enum class disposition { open_existing, create_always };
 
-// What exists under a path; `bytes` is the size of a file, 0 for anything else.
+// What exists under a path.
 struct entry_status {
     entry_kind kind = entry_kind::none;
-    uint64_t bytes = 0;
+    uint64_t bytes = 0;  // the size of a file, 0 for anything else
+    outcome reason = {}; // why the kind is `none`: missing, denied, a device; success for any other kind
 };
 
 // What a path leads to, whatever its spelling. Equal exactly for paths to the same file or folder; nothing
@@ -84,13 +85,11 @@ class system {
 public:
     virtual ~system() = default;
 
-    // Returns what exists under `path`, following links; `none` also for a broken link, a device or a pipe.
-    virtual entry_kind kind_of(const wide_string& path) = 0;
-    // Returns the size of a file in bytes; 0 for a folder and on failure.
-    virtual uint64_t file_size(const wide_string& path) = 0;
-
-    // Returns both in one call.
-    virtual entry_status status_of(const wide_string& path) { return {kind_of(path), file_size(path)}; }
+    // Returns what exists under `path`, following links; `none` also for a broken link, a device or a pipe,
+    // and for what cannot be reached, whose reason is not `missing`.
+    virtual entry_status status_of(const wide_string& path) = 0;
+    entry_kind kind_of(const wide_string& path) { return status_of(path).kind; }
+    uint64_t file_size(const wide_string& path) { return status_of(path).bytes; }
 
     // Copies a regular file with its modification time and permissions (attributes), as far as the target's
     // file system has them. Fails if the target exists, also in another letter case, unless `replace`, and
@@ -109,11 +108,13 @@ public:
     virtual outcome list(const wide_string& path, std::vector<folder_entry>& entries) = 0;
 
     // Sets `spelling` to the name that the listing of `folder` has for `name`, compared without letter case
-    // ("." and ".." are their own spelling). Returns false, with `spelling` unchanged, if there is none.
+    // ("." and ".." are their own spelling). Returns false, with `spelling` unchanged, if there is none or
+    // the folder cannot be read.
     virtual bool true_name(const wide_string& folder, const wide_string& name, wide_string& spelling) = 0;
     // Returns what the path leads to, following links.
     virtual file_identity identity_of(const wide_string& path) = 0;
     // True if both paths lead to the same existing file or folder, through links or other spellings too.
+    // False if one cannot be reached; `status_of` returns the reason.
     virtual bool same_file(const wide_string& a, const wide_string& b);
     // Moves `from` to `to` within one folder in one step, replacing a file of that name, a read-only one
     // too: a reader sees the old file or the new one. On failure both are as before.

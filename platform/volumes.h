@@ -14,8 +14,8 @@
 namespace vs::project_resave::platform {
 
 // Makes a folder a drive. `assignment` is "C=/data/c", as `program_arguments` returns it; a drive that
-// exists is moved. Returns false and sets `message`, which is for the user, if the form is wrong, the folder
-// does not exist, or the target has drives of its own (Windows).
+// exists is moved. Returns false and sets `message`, which is for the user and has the operating system's
+// reason, if the form is wrong, the folder cannot be reached, or the target has its own drives (Windows).
 bool add_drive(std::string_view assignment, std::string& message);
 
 // Returns the full path, with its drive, of a path as a person types it. One that already has a drive is

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <nlohmann/json.hpp>
-#include <unordered_map>
 #include <unordered_set>
 
 #include "apps/vestra_resave/resave_report.h"
@@ -55,12 +54,12 @@ std::string native(const wide_string& path) {
     return path.empty() ? std::string() : platform::native_path(path).string();
 }
 
-// The reasons of the host, by path_key of what it could not write.
-std::unordered_map<wide_string, wide_string> refusals_of_host() {
-    std::unordered_map<wide_string, wide_string> all;
-    for (const shell::refused_file& refused : shell::settings().refused_writes)
-        all.insert_or_assign(path_key(refused.path), refused.reason);
-    return all;
+// Why the host could not read or write the file of a fact; empty if it is not known.
+wide_string reason_of_host(const fact& fact) {
+    const files::file_error* refused = nullptr;
+    if (fact.kind == fact_kind::not_read) refused = shell::settings().refused_reads.find(fact.path);
+    if (fact.kind == fact_kind::not_written) refused = shell::settings().refused_writes.find(fact.new_path);
+    return refused ? refused->why() : wide_string();
 }
 
 } // namespace
@@ -76,12 +75,9 @@ problem problem_of(const fact& fact) {
 
 std::vector<problem> problems_of(const run_state& run) {
     std::vector<problem> all;
-    const auto refusals = refusals_of_host();
     for (const fact& each : run.report.facts()) {
         problem& found = all.emplace_back(problem_of(each));
-        if (each.kind != fact_kind::not_written || !found.reason.empty()) continue;
-        const auto row = refusals.find(path_key(each.new_path));
-        if (row != refusals.end()) found.reason = row->second;
+        if (found.reason.empty()) found.reason = reason_of_host(each);
     }
     if (run.report.incomplete)
         all.push_back({name_of(fact_kind::exception_caught), {}, {}, {}, u"too little memory to report"});

@@ -52,10 +52,11 @@ session::~session() {
 bool session::load(const std::string& project) { return load(platform::drive_path(project), false, false); }
 
 bool session::load(const wide_string& path, bool show_wait, bool write_open_log) {
-    shell::settings().read_error.clear();
+    shell::settings().read_error.reset();
+    shell::settings().refused_reads.clear();
     if (context_->load_project(path, show_wait, write_open_log)) return true;
-    const wide_string& reason = shell::settings().read_error;
-    complain(reason.empty() ? one_line(path) + ": could not be loaded" : one_line(reason));
+    const auto& refused = shell::settings().read_error;
+    complain(refused ? one_line(refused->text()) : one_line(path) + ": could not be loaded");
     for (const fact& each : context_->report.facts())
         if (each.kind == fact_kind::exception_caught) complain(line_of(problem_of(each)));
     return false;

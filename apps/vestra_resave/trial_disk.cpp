@@ -105,15 +105,11 @@ std::vector<trial_disk::made_file> trial_disk::made_files() const {
     return files;
 }
 
-entry_kind trial_disk::kind_of(const wide_string& path) {
+platform::entry_status trial_disk::status_of(const wide_string& path) {
     const entry* found = known(path);
-    return found ? found->kind : real_.kind_of(path);
-}
-
-uint64_t trial_disk::file_size(const wide_string& path) {
-    const entry* found = known(path);
-    if (!found) return real_.file_size(path);
-    return found->kind == entry_kind::file ? bytes_of(*found) : 0;
+    if (!found) return real_.status_of(path);
+    if (found->kind == entry_kind::none) return {entry_kind::none, 0, failure::missing};
+    return {found->kind, found->kind == entry_kind::file ? bytes_of(*found) : 0};
 }
 
 outcome trial_disk::copy_file(const wide_string& source, const wide_string& target, bool replace) {

@@ -30,8 +30,7 @@ public:
 
     // A file that stands on the real disk can be replaced and removed, but neither renamed nor changed
     // within.
-    platform::entry_kind kind_of(const wide_string& path) override;
-    uint64_t file_size(const wide_string& path) override;
+    platform::entry_status status_of(const wide_string& path) override;
     platform::outcome copy_file(const wide_string& source, const wide_string& target, bool replace) override;
     platform::outcome delete_file(const wide_string& path) override;
     platform::outcome create_folder(const wide_string& path) override;

@@ -39,16 +39,13 @@ folder_entry entry_of(const std::string& folder, const dirent& found) {
 
 class posix_system final : public system {
 public:
-    entry_kind kind_of(const wide_string& path) override { return status_of(path).kind; }
-
-    uint64_t file_size(const wide_string& path) override { return status_of(path).bytes; }
-
     entry_status status_of(const wide_string& path) override {
-        const auto status = mapped_volumes().status(path);
-        if (!status) return {};
-        if (S_ISDIR(status->st_mode)) return {entry_kind::folder};
-        return S_ISREG(status->st_mode) ? entry_status{entry_kind::file, uint64_t(status->st_size)}
-                                        : entry_status{};
+        struct stat status {};
+        if (const outcome found = mapped_volumes().status(path, status); !found)
+            return {entry_kind::none, 0, found};
+        if (S_ISDIR(status.st_mode)) return {entry_kind::folder};
+        if (S_ISREG(status.st_mode)) return {entry_kind::file, uint64_t(status.st_size)};
+        return {entry_kind::none, 0, outcome::because(u"not a regular file")};
     }
 
     outcome copy_file(const wide_string& source, const wide_string& target, bool replace) override {
@@ -118,14 +115,14 @@ public:
     }
 
     file_identity identity_of(const wide_string& path) override {
-        const auto found = mapped_volumes().status(path);
-        if (!found) return {};
-        struct stat entry {};
+        struct stat found {
+        }, entry{};
+        if (!mapped_volumes().status(path, found)) return {};
         const native_answer native = mapped_volumes().native(path, true);
         const bool is_link = native && lstat(native.path.c_str(), &entry) == 0 && S_ISLNK(entry.st_mode);
         // A folder is named by its sub-folders, too.
-        const bool has_names = is_link || (!S_ISDIR(found->st_mode) && found->st_nlink > 1);
-        return {found->st_dev, found->st_ino, has_names ? 2U : 1U};
+        const bool has_names = is_link || (!S_ISDIR(found.st_mode) && found.st_nlink > 1);
+        return {found.st_dev, found.st_ino, has_names ? 2U : 1U};
     }
 
     outcome rename_over(const wide_string& from, const wide_string& to) override {

@@ -63,13 +63,14 @@ outcome held_folders::open(const std::string& path, int flags, descriptor& opene
     return result;
 }
 
-bool held_folders::status(const std::string& path, struct stat& found) {
+outcome held_folders::status(const std::string& path, struct stat& found) {
     const std::lock_guard guard(mutex_);
     const auto itself = std::ranges::find(held_, path, &held_folder::path);
     const bool is_held = itself != held_.end() && now() - itself->since < holding_time;
-    if (is_held && is_there(itself->handle, found)) return true;
-    return reach(path,
-                 [&found](int folder, const char* name) { return ::fstatat(folder, name, &found, 0); }) == 0;
+    if (is_held && is_there(itself->handle, found)) return {};
+    return outcome::of_call(reach(path, [&found](int folder, const char* name) {
+                                return ::fstatat(folder, name, &found, 0);
+                            }) == 0);
 }
 
 bool held_folders::folder_status(const std::string& folder, struct stat& found) {

@@ -27,8 +27,8 @@ public:
     // Opens what is there, without waiting as a pipe would make us. `flags` as the operating system's open
     // takes them, without O_CREAT.
     outcome open(const std::string& path, int flags, descriptor& opened);
-    // Sets `found` to what exists under exactly this path, following links; false if nothing does.
-    bool status(const std::string& path, struct stat& found);
+    // Sets `found` to what exists under exactly this path, following links; fails if nothing does.
+    outcome status(const std::string& path, struct stat& found);
     // The same for what must be a folder. A removed folder, or one created in its place, is noticed at once.
     bool folder_status(const std::string& folder, struct stat& found);
 

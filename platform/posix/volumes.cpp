@@ -1,5 +1,6 @@
 #include "platform/posix/volumes.h"
 
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <algorithm>
@@ -21,6 +22,8 @@ namespace {
 
 bool is_letter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z'); }
 size_t drive_index(char16_t letter) { return static_cast<size_t>((letter | 0x20) - 'a'); }
+
+constexpr const char16_t* not_a_drive = u"expected a letter, \"=\" and an existing folder";
 
 native_answer refused(const char16_t* reason) { return {{}, outcome::because(reason)}; }
 
@@ -45,17 +48,19 @@ void volumes::reset() {
     }
 }
 
-bool volumes::add(char letter, const std::string& folder) {
-    std::error_code failed;
-    if (!is_letter(letter) || !std::filesystem::is_directory(folder, failed)) return false;
+outcome volumes::add(char letter, const std::string& folder) {
+    if (!is_letter(letter)) return outcome::because(not_a_drive);
+    struct stat found {};
+    if (::stat(folder.c_str(), &found) != 0) return outcome::last();
+    if (!S_ISDIR(found.st_mode)) return outcome::native(ENOTDIR);
     const std::lock_guard guard(mutex_);
     drives_[drive_index(letter)] = absolute(folder);
-    return true;
+    return {};
 }
 
-bool volumes::add_assignment(std::string_view assignment) {
+outcome volumes::add_assignment(std::string_view assignment) {
     const bool has_form = assignment.size() > 2 && assignment[1] == '=';
-    return has_form && add(assignment[0], std::string(assignment.substr(2)));
+    return has_form ? add(assignment[0], std::string(assignment.substr(2))) : outcome::because(not_a_drive);
 }
 
 std::string volumes::assignments() const {
@@ -104,13 +109,13 @@ std::optional<std::string> volumes::as_listed(const std::string& asked) {
     return exists ? std::optional(std::move(found)) : std::nullopt;
 }
 
-std::optional<struct stat> volumes::status(const wide_string& drive_path) {
-    struct stat found {};
+outcome volumes::status(const wide_string& drive_path, struct stat& found) {
     const auto asked = as_asked(drive_path);
-    if (!asked) return std::nullopt;
-    if (held_.status(asked.path, found)) return found;
+    if (!asked) return asked.result;
+    const outcome result = held_.status(asked.path, found);
+    if (result) return result;
     const auto listed = as_listed(asked.path);
-    return listed && held_.status(*listed, found) ? std::optional(found) : std::nullopt;
+    return listed ? held_.status(*listed, found) : result;
 }
 
 native_answer volumes::to_create(const wide_string& drive_path) {
@@ -173,10 +178,9 @@ volumes& mapped_volumes() {
 }
 
 bool add_drive(std::string_view assignment, std::string& message) {
-    if (mapped_volumes().add_assignment(assignment)) return true;
-    message =
-        "not a drive: \"" + std::string(assignment) + "\"; expected a letter, \"=\" and an existing folder";
-    return false;
+    const outcome added = mapped_volumes().add_assignment(assignment);
+    if (!added) message = "not a drive: \"" + std::string(assignment) + "\": " + to_utf8(added.text());
+    return bool(added);
 }
 
 wide_string drive_path(std::string_view argument) {
@@ -193,9 +197,9 @@ outcome set_current_folder(const wide_string& folder) {
 
 std::filesystem::file_time_type folder_time(const wide_string& folder) {
     using namespace std::chrono;
-    const auto status = mapped_volumes().status(folder);
-    if (!status) return std::filesystem::file_time_type::min();
-    const nanoseconds since_epoch = seconds(status->st_mtim.tv_sec) + nanoseconds(status->st_mtim.tv_nsec);
+    struct stat status {};
+    if (!mapped_volumes().status(folder, status)) return std::filesystem::file_time_type::min();
+    const nanoseconds since_epoch = seconds(status.st_mtim.tv_sec) + nanoseconds(status.st_mtim.tv_nsec);
     return file_clock::from_sys(sys_time<nanoseconds>(since_epoch));
 }
 

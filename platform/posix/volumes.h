@@ -33,10 +33,10 @@ public:
     volumes();
 
     // Makes `folder` (native, relative to the current folder) the drive `letter`, in place of the folder it
-    // had. False if `letter` is not a letter or `folder` does not exist.
-    bool add(char letter, const std::string& folder);
+    // had. Fails if `letter` is not a letter or `folder` cannot be reached.
+    outcome add(char letter, const std::string& folder);
     // The same for a text "C=/data/c".
-    bool add_assignment(std::string_view assignment);
+    outcome add_assignment(std::string_view assignment);
     // Forgets all drives and folders and starts again as the constructor does. For tests.
     void reset();
 
@@ -53,9 +53,9 @@ public:
     // For the native path `asked` under which nothing exists: returns the path of what its folder lists by
     // that name in any spelling, also in the one asked for if it was created meanwhile.
     std::optional<std::string> as_listed(const std::string& asked);
-    // Returns what exists under a drive path, in the spelling asked for, which is nearly always the right
-    // one, or else in another; links are followed.
-    std::optional<struct stat> status(const wide_string& drive_path);
+    // Sets `found` to what exists under a drive path, in the spelling asked for, which is nearly always the
+    // right one, or else in another; links are followed.
+    outcome status(const wide_string& drive_path, struct stat& found);
     // Returns what `native` does without `must_exist`; cheaper where the name is likely to be free.
     native_answer to_create(const wide_string& drive_path);
 

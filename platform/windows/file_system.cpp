@@ -1,5 +1,4 @@
 #include <algorithm>
-#include <optional>
 
 #include "platform/file_parts.h"
 #include "platform/path_text.h"
@@ -19,13 +18,11 @@ outcome attributes_of(const wide_string& path, WIN32_FILE_ATTRIBUTE_DATA& data) 
                       GetFileAttributesExW(wide(native.c_str()), GetFileExInfoStandard, &data) != FALSE);
 }
 
-std::optional<BY_HANDLE_FILE_INFORMATION> information_of(const wide_string& path) {
+outcome information_of(const wide_string& path, BY_HANDLE_FILE_INFORMATION& information) {
     constexpr DWORD share = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
     const file_handle opened(CreateFileW(wide(system_path(path).c_str()), 0, share, nullptr, OPEN_EXISTING,
                                          FILE_FLAG_BACKUP_SEMANTICS, nullptr)); // the flag admits folders
-    BY_HANDLE_FILE_INFORMATION information{};
-    if (!opened || !GetFileInformationByHandle(opened.get(), &information)) return std::nullopt;
-    return information;
+    return outcome::of_call(opened && GetFileInformationByHandle(opened.get(), &information) != FALSE);
 }
 
 entry_status status_in(const auto& data) {
@@ -40,15 +37,13 @@ folder_entry entry_of(const WIN32_FIND_DATAW& found) {
 
 class windows_system final : public system {
 public:
-    entry_kind kind_of(const wide_string& path) override { return status_of(path).kind; }
-    uint64_t file_size(const wide_string& path) override { return status_of(path).bytes; }
-
     entry_status status_of(const wide_string& path) override {
         WIN32_FILE_ATTRIBUTE_DATA data{};
-        if (!attributes_of(path, data)) return {};
+        if (const outcome found = attributes_of(path, data); !found) return {entry_kind::none, 0, found};
         if ((data.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0) return status_in(data);
-        const auto followed = information_of(path);
-        return followed ? status_in(*followed) : entry_status{};
+        BY_HANDLE_FILE_INFORMATION followed{};
+        const outcome found = information_of(path, followed);
+        return found ? status_in(followed) : entry_status{entry_kind::none, 0, found};
     }
 
     outcome copy_file(const wide_string& source, const wide_string& target, bool replace) override {
@@ -79,11 +74,8 @@ public:
 
     outcome list(const wide_string& path, std::vector<folder_entry>& entries) override {
         entries.clear();
-        if (const entry_kind kind = kind_of(path); kind != entry_kind::folder) {
-            WIN32_FILE_ATTRIBUTE_DATA data{};
-            const outcome found = attributes_of(path, data);
-            return found ? outcome::native(ERROR_DIRECTORY) : found;
-        }
+        if (const entry_status there = status_of(path); there.kind != entry_kind::folder)
+            return there.kind == entry_kind::file ? outcome::native(ERROR_DIRECTORY) : there.reason;
         const wide_string pattern = system_path(path_with_separator(path) + u"*");
         WIN32_FIND_DATAW found{};
         const HANDLE search = FindFirstFileW(wide(pattern.c_str()), &found);
@@ -124,12 +116,12 @@ public:
     }
 
     file_identity identity_of(const wide_string& path) override {
-        const auto found = information_of(path);
-        if (!found) return {};
+        BY_HANDLE_FILE_INFORMATION found{};
+        if (!information_of(path, found)) return {};
         const DWORD attributes = GetFileAttributesW(wide(system_path(path).c_str()));
         const bool is_link = (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
-        const uint64_t number = (uint64_t{found->nFileIndexHigh} << 32) | found->nFileIndexLow;
-        return {found->dwVolumeSerialNumber, number, is_link || found->nNumberOfLinks > 1 ? 2U : 1U};
+        const uint64_t number = (uint64_t{found.nFileIndexHigh} << 32) | found.nFileIndexLow;
+        return {found.dwVolumeSerialNumber, number, is_link || found.nNumberOfLinks > 1 ? 2U : 1U};
     }
 
     outcome rename_over(const wide_string& from, const wide_string& to) override {

@@ -3,40 +3,55 @@
 #pragma once
 
 #include <cstdint>
+#include <exception>
 #include <optional>
 #include <utility>
 
+#include "platform/text.h"
 #include "reference_host/api/calls.h"
 #include "reference_host/files/files.h"
 #include "reference_host/shell/front_end.h"
 
 namespace vestra::api {
 
-// Hands the object to a reader or writer of files. 1 on success; 0 for a null handle and on failure, whose
-// reason then stands in `fault`, which is empty otherwise.
-template <class Session, class Handle, class Model>
-std::uint32_t with_file(const Session* session, const char16_t* path, Handle* object, wide_string& fault,
-                        std::optional<files::file_error> (*function)(const wide_string&, Model&)) noexcept {
-    fault.clear();
+// Hands the object to a reader or writer of files, and passes the reason of a failure on. 1 on success; 0 for
+// a null handle and on failure. What is thrown on the way is a failure with its own words.
+template <class Session, class Handle, class Model, class Refused>
+std::uint32_t with_file(const Session* session, const char16_t* path, Handle* object,
+                        std::optional<files::file_error> (*function)(const wide_string&, Model&),
+                        Refused refused) noexcept {
     if (!session || !object) return 0;
     return guarded([&] {
-        const auto error = function(wide_string(text_of(path)), *to_model(object));
-        if (error) fault = error->text();
+        const wide_string file(text_of(path));
+        std::optional<files::file_error> error;
+        try {
+            error = function(file, *to_model(object));
+        } catch (const std::exception& failure) {
+            vs::project_resave::record_caught("reading or writing a file");
+            error = {file, 0, vs::project_resave::platform::from_utf8(failure.what())};
+        }
+        if (error) refused(*error);
         return std::uint32_t{!error};
     });
 }
 
-// The same with a writer, whose failure is added to the refused files of the settings.
+// With a reader.
+template <class Session, class Handle, class Model>
+std::uint32_t from_file(const Session* session, const char16_t* path, Handle* object,
+                        std::optional<files::file_error> (*reader)(const wide_string&, Model&)) noexcept {
+    shell::settings().read_error.reset();
+    return with_file(session, path, object, reader, [](files::file_error& error) {
+        shell::settings().refused_reads.add(error);
+        shell::settings().read_error = std::move(error);
+    });
+}
+
+// With a writer.
 template <class Session, class Handle, class Model>
 std::uint32_t to_file(const Session* session, const char16_t* path, Handle* object,
                       std::optional<files::file_error> (*writer)(const wide_string&, Model&)) noexcept {
-    wide_string fault;
-    const std::uint32_t is_done = with_file(session, path, object, fault, writer);
-    if (is_done != 0 || !session || !object) return is_done;
-    return guarded([&] {
-        if (fault.empty()) fault = wide_string(text_of(path)) + u": there is too little memory to write it";
-        shell::settings().refused_writes.push_back({wide_string(text_of(path)), std::move(fault)});
-        return std::uint32_t{0};
+    return with_file(session, path, object, writer, [](files::file_error& error) {
+        shell::settings().refused_writes.add(std::move(error));
     });
 }
 

@@ -29,8 +29,12 @@ const field_list::field* field_at(vs_attr_files* files, int32_t index) {
 
 // False if the file cannot be read as a table.
 bool append_fields(field_list& list, const vestra::wide_string& path, bool is_joined) {
-    auto names = vestra::datasets::dbf_field_names(path);
-    if (!names) return false;
+    vestra::files::file_error error;
+    auto names = vestra::datasets::dbf_field_names(path, &error);
+    if (!names) {
+        vestra::shell::settings().refused_reads.add(std::move(error));
+        return false;
+    }
     for (std::string& name : *names) list.fields.push_back({std::move(name), is_joined});
     return true;
 }
@@ -168,8 +172,12 @@ using namespace vestra::api;
 vs_tos4_file* vs_tos4_file_open_w(const char16_t* path, int32_t mode) {
     if (mode != 1) return nullptr;
     return guarded([&]() -> vs_tos4_file* {
-        auto file = vestra::datasets::read_tos(vestra::wide_string(text_of(path)));
-        if (!file) return nullptr;
+        vestra::files::file_error error;
+        auto file = vestra::datasets::read_tos(vestra::wide_string(text_of(path)), &error);
+        if (!file) {
+            vestra::shell::settings().refused_reads.add(std::move(error));
+            return nullptr;
+        }
         return create<vs_tos4_file>(open_tos_file{{}, std::move(file->properties)});
     });
 }

@@ -3,7 +3,6 @@
 #include "host/vsk_lr3d.h"
 #include "host/vsk_plugin_lr2d.h"
 #include "host/vsk_shp_lr2d.h"
-#include "platform/path_text.h"
 #include "platform/text.h"
 #include "reference_host/api/calls.h"
 #include "reference_host/api/layer_attachment.h"
@@ -12,13 +11,9 @@ using namespace vestra::api;
 
 namespace {
 
-vestra::wide_string table_beside(vestra::wide_view file) {
-    return vs::project_resave::path_replace_extension(file, u".dbf");
-}
-
 // The table of a shape file is the one beside it, wherever the layer looks for the file.
 void refer_to(vestra::layer& layer, vestra::wide_view file) {
-    using vs::project_resave::platform::compare_no_case;
+    using vestra::table_beside, vs::project_resave::platform::compare_no_case;
     if (layer.data && !file.empty() && compare_no_case(layer.data->file, table_beside(layer.file)) == 0)
         layer.data->file = table_beside(file);
     layer.file = file;

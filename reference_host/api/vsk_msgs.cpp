@@ -59,5 +59,7 @@ bool vs_yesno_wmessage(const char16_t* text) {
 }
 
 int32_t vs_yesnocancel_wmessage(const char16_t* text) {
-    return guarded([&] { return static_cast<int32_t>(current_front_end().yes_no_cancel(text_of(text))); });
+    auto given = vestra::shell::answer::cancel; // of a question that could not be asked
+    guarded([&] { given = current_front_end().yes_no_cancel(text_of(text)); });
+    return static_cast<int32_t>(given);
 }

@@ -21,16 +21,18 @@ constexpr std::size_t row_size = 32; // of the file's own header and of each fie
 constexpr std::size_t name_size = 11;
 constexpr char end_of_fields = '\r';
 
-// The first bytes of a file; fewer if it is shorter, none if it cannot be read.
-std::string first_bytes(const wide_string& path, std::size_t count) {
+// Sets `bytes` to the first ones of a file: fewer than `count` if it is shorter, or cannot be read.
+platform::outcome read_start(const wide_string& path, std::size_t count, std::string& bytes) {
+    bytes.clear();
     std::unique_ptr<platform::file> file;
     const auto opened = platform::current_system().open(path, platform::access::read,
                                                         platform::disposition::open_existing, file);
-    std::string bytes(count, '\0');
+    if (!opened) return opened;
+    bytes.resize(count);
     std::size_t taken = 0;
-    if (opened) file->read(bytes.data(), count, taken);
+    const platform::outcome result = file->read(bytes.data(), count, taken);
     bytes.resize(taken);
-    return bytes;
+    return result;
 }
 
 std::size_t byte_at(std::string_view bytes, std::size_t place) {
@@ -47,8 +49,9 @@ unsigned named_code_page(std::string_view name) {
 }
 
 unsigned code_page_of(const wide_string& path, std::size_t mark) {
-    const std::string named = first_bytes(path_replace_extension(path, u".cpg"), 32);
-    if (!named.empty()) return named_code_page(named);
+    std::string named;
+    if (read_start(path_replace_extension(path, u".cpg"), 32, named) && !named.empty())
+        return named_code_page(named);
     switch (mark) {
     case 0x03:
         return 1252;
@@ -70,12 +73,17 @@ std::string in_system_code_page(std::string_view name, unsigned code_page) {
 
 } // namespace
 
-std::optional<std::vector<std::string>> dbf_field_names(const wide_string& path) {
-    const std::string start = first_bytes(path, row_size);
-    if (start.size() < row_size) return std::nullopt;
+std::optional<std::vector<std::string>> dbf_field_names(const wide_string& path, files::file_error* error) {
+    const auto refuse = [&](const platform::outcome& read) {
+        if (error) *error = {path, 0, read ? u"the file is not a DBF table" : read.text()};
+        return std::nullopt;
+    };
+    std::string start, header;
+    platform::outcome read = read_start(path, row_size, start);
+    if (!read || start.size() < row_size) return refuse(read);
     const std::size_t header_size = byte_at(start, 8) | byte_at(start, 9) << 8;
-    const std::string header = first_bytes(path, header_size);
-    if (header.size() <= row_size || header.size() < header_size) return std::nullopt;
+    read = read_start(path, header_size, header);
+    if (!read || header.size() <= row_size || header.size() < header_size) return refuse(read);
 
     const unsigned code_page = code_page_of(path, byte_at(start, 29));
     std::vector<std::string> names;
@@ -86,7 +94,7 @@ std::optional<std::vector<std::string>> dbf_field_names(const wide_string& path)
         name = name.substr(0, name.find_last_not_of(' ') + 1);
         names.push_back(in_system_code_page(name, code_page));
     }
-    if (header[place] != end_of_fields) return std::nullopt;
+    if (header[place] != end_of_fields) return refuse({});
     return names;
 }
 

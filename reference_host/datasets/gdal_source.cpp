@@ -1,6 +1,6 @@
 #include "reference_host/datasets/gdal_source.h"
 
-#include <cpl_error.h>
+#include <cpl_conv.h>
 #include <cpl_string.h>
 #include <gdal.h>
 #include <ogr_api.h>
@@ -9,6 +9,7 @@
 #include <cctype>
 
 #include "platform/text.h"
+#include "reference_host/datasets/reading_only.h"
 
 namespace vestra::datasets {
 
@@ -16,18 +17,9 @@ namespace platform = vs::project_resave::platform;
 
 namespace {
 
-// The library speaks of its failures on the terminal unless it is told not to.
-class silence {
-public:
-    silence() { CPLPushErrorHandler(&CPLQuietErrorHandler); }
-    ~silence() { CPLPopErrorHandler(); }
-    silence(const silence&) = delete;
-    silence& operator=(const silence&) = delete;
-};
-
 struct closer {
     void operator()(GDALDatasetH data_set) const {
-        const silence quiet;
+        const reading_only scope;
         GDALClose(data_set);
     }
 };
@@ -38,17 +30,28 @@ struct feature_closer {
 };
 using feature_handle = std::unique_ptr<void, feature_closer>;
 
+// Appends what a program that broke off left next to a database: without it the last changes would be lost.
+void append_logs(const std::string& file, std::vector<std::filesystem::path>& paths) {
+    for (const char* suffix : {"-wal", "-journal"}) {
+        std::error_code unreachable;
+        std::filesystem::path log = file + suffix;
+        if (std::filesystem::is_regular_file(log, unreachable)) paths.push_back(std::move(log));
+    }
+}
+
 class opened_source final : public gdal_source {
 public:
     explicit opened_source(data_set_handle data_set)
         : data_set_(std::move(data_set)), layer_(GDALDatasetGetLayer(data_set_.get(), 0)) {}
 
     std::vector<std::filesystem::path> files() override {
-        const silence quiet;
+        const reading_only scope;
         const std::unique_ptr<char*, void (*)(char**)> names(GDALGetFileList(data_set_.get()), &CSLDestroy);
         std::vector<std::filesystem::path> paths;
-        for (char** name = names.get(); name != nullptr && *name != nullptr; ++name)
+        for (char** name = names.get(); name != nullptr && *name != nullptr; ++name) {
             paths.emplace_back(*name);
+            append_logs(*name, paths);
+        }
         return paths;
     }
 
@@ -63,14 +66,14 @@ public:
 
     bool first() override {
         if (layer_ == nullptr) return false;
-        const silence quiet;
+        const reading_only scope;
         OGR_L_ResetReading(layer_);
         return next();
     }
 
     bool next() override {
         if (layer_ == nullptr) return false;
-        const silence quiet;
+        const reading_only scope;
         record_.reset(OGR_L_GetNextFeature(layer_));
         return record_ != nullptr;
     }
@@ -95,12 +98,23 @@ const char* likely_driver(const std::filesystem::path& file) {
     return extension == ".dbf" ? "ESRI Shapefile" : nullptr;
 }
 
+void register_drivers() {
+    [[maybe_unused]] static const bool done = [] {
+        GDALAllRegister();
+        // Temporary files would otherwise go to the current folder, which may be that of the project.
+        std::error_code unknown;
+        const std::string folder = std::filesystem::temp_directory_path(unknown).string();
+        if (!unknown) CPLSetConfigOption("CPL_TMPDIR", folder.c_str());
+        return true;
+    }();
+}
+
 } // namespace
 
 std::unique_ptr<gdal_source> open_gdal_source(const std::filesystem::path& native,
                                               const std::vector<wide_string>* siblings) {
-    [[maybe_unused]] static const bool registered = (GDALAllRegister(), true);
-    const silence quiet;
+    const reading_only scope;
+    register_drivers();
     CPLStringList names;
     if (siblings)
         for (const wide_string& name : *siblings) names.AddString(platform::to_utf8(name).c_str());

@@ -17,7 +17,7 @@ class gdal_source {
 public:
     virtual ~gdal_source() = default;
 
-    // The files of the data set in the library's order, as native paths.
+    // The files of the data set in the library's order, as native paths; after a database its logs.
     virtual std::vector<std::filesystem::path> files() = 0;
     // Index of the field of exactly this name.
     virtual std::int32_t find_field(wide_view name) = 0;
@@ -26,8 +26,9 @@ public:
     virtual wide_string field_text(std::int32_t field) = 0;
 };
 
-// Null if the file or folder is of no known format, or broken. Nothing is printed, nothing is written. With
-// `siblings`, names in the file's folder, no others are taken for companions and the folder is not read.
+// Null if the file or folder is of no known format, or broken, or of one whose driver insists on writing.
+// Nothing is printed, nothing is written. With `siblings`, names in the file's folder, no others are taken
+// for companions and the folder is not read.
 std::unique_ptr<gdal_source> open_gdal_source(const std::filesystem::path& native,
                                               const std::vector<wide_string>* siblings = nullptr);
 

@@ -95,10 +95,9 @@ bool has_extension(const wide_string& path, std::initializer_list<wide_view> ext
     });
 }
 
-// One that cannot be read is taken as any other file, so that a copy of the project keeps it, or tells of it.
-identity_pointer open_tos(const wide_string& path) {
-    const auto content = read_tos(path);
-    if (!content) return make(same_stem_family(path));
+identity_pointer open_tos(const wide_string& path, files::file_error* error) {
+    const auto content = read_tos(path, error);
+    if (!content) return {};
     file_list files{path};
     for (wide_string member : content->members) {
         std::ranges::replace(member, u'/', u'\\');
@@ -118,8 +117,8 @@ identity_pointer open_folder(const wide_string& path) {
     return make(std::move(files), {std::move(known), {}});
 }
 
-identity_pointer open_file(const wide_string& path) {
-    if (has_extension(path, {u".tos"})) return open_tos(path);
+identity_pointer open_file(const wide_string& path, files::file_error* error) {
+    if (has_extension(path, {u".tos"})) return open_tos(path, error);
     if (has_extension(path, {u".pgrid"})) return make(grid_family(path));
     if (has_extension(path, {u".sgy", u".segy", u".sec"})) return make({path});
 
@@ -135,18 +134,14 @@ identity_pointer open_file(const wide_string& path) {
 
 } // namespace
 
-identity_pointer open_source(wide_view source, const table_data* data) {
+identity_pointer open_source(wide_view source, const table_data* data, files::file_error* error) {
     const wide_string path = source.empty() && data ? data->file : wide_string(source);
     if (has_extension(path, {u".shp"})) // most are, and their mark tells that they exist
         if (auto files = shape_family(path)) return make(std::move(*files), {nullptr, path});
-    switch (platform::current_system().kind_of(path)) {
-    case platform::entry_kind::file:
-        return open_file(path);
-    case platform::entry_kind::folder:
-        return open_folder(path);
-    case platform::entry_kind::none:
-        break;
-    }
+    const platform::entry_status status = platform::current_system().status_of(path);
+    if (status.kind == platform::entry_kind::file) return open_file(path, error);
+    if (status.kind == platform::entry_kind::folder) return open_folder(path);
+    if (error && !status.reason.is(platform::failure::missing)) *error = {path, 0, status.reason.text()};
     return {};
 }
 

@@ -33,13 +33,17 @@ public:
             if (line.ends_with('\r')) line.pop_back();
             return true;
         }
-        return !line.empty(); // the last line may lack its end
+        return result_ && !line.empty(); // the last line may lack its end
     }
+
+    // Fails once the file could not be read.
+    platform::outcome result() const { return result_; }
 
 private:
     bool fill() {
         place_ = 0;
-        file_.read(buffer_.data(), buffer_.size(), filled_);
+        result_ = file_.read(buffer_.data(), buffer_.size(), filled_);
+        if (!result_) filled_ = 0;
         return filled_ > 0;
     }
 
@@ -47,6 +51,7 @@ private:
     std::array<char, 16384> buffer_{};
     std::size_t place_ = 0;
     std::size_t filled_ = 0;
+    platform::outcome result_;
 };
 
 std::size_t skip_digits(std::string_view text, std::size_t& place) {
@@ -78,7 +83,9 @@ bool is_utf8(std::string_view bytes) { return platform::valid_utf8_length(bytes)
 // Takes the lines in their order. Each function answers the rule that the line breaks, or the empty text.
 class parser {
 public:
-    explicit parser(const wide_string& path) { names_.insert(platform::folded(path_file_name(path))); }
+    explicit parser(const wide_string& path) : stem_(path_stem(path)) {
+        names_.insert(platform::folded(path_file_name(path)));
+    }
 
     wide_view take(std::string_view line) {
         if (!is_begun_) {
@@ -111,7 +118,7 @@ private:
     }
 
     wide_view take_member(std::string_view text) {
-        const wide_string path = platform::from_utf8(text);
+        const wide_string path = written_out(platform::from_utf8(text));
         if (path_separators.find(path.front()) != wide_view::npos || path.find(u':') != wide_string::npos)
             return u"the path of the member is not relative";
         wide_string key = platform::folded(path);
@@ -122,6 +129,13 @@ private:
         if (!names_.insert(key).second) return u"the member is named twice, or is the file itself";
         content.members.push_back(path);
         return {};
+    }
+
+    // A name that is an extension alone follows the stem of the file, so a renamed set names its own members.
+    wide_string written_out(wide_string path) const {
+        const bool is_extension = path.front() == u'.' && path.size() > 1 &&
+                                  path.find_first_of(path_separators) == wide_string::npos && path != u"..";
+        return is_extension ? stem_ + path : path;
     }
 
     wide_view take_data(std::string_view text) const {
@@ -136,6 +150,7 @@ private:
 
     bool is_begun_ = false;
     const std::string_view* last_word_ = words.begin();
+    const wide_string stem_;
     std::unordered_set<wide_string> names_; // folded
 };
 
@@ -149,7 +164,7 @@ std::optional<tos_file> read_tos(const wide_string& path, files::file_error* err
     std::unique_ptr<platform::file> file;
     const auto opened = platform::current_system().open(path, platform::access::read,
                                                         platform::disposition::open_existing, file);
-    if (!opened) return refuse(0, u"the file cannot be opened");
+    if (!opened) return refuse(0, opened.text());
 
     line_reader lines(*file);
     parser rules(path);
@@ -158,6 +173,7 @@ std::optional<tos_file> read_tos(const wide_string& path, files::file_error* err
         const wide_view broken_rule = rules.take(line);
         if (!broken_rule.empty()) return refuse(number, broken_rule);
     }
+    if (!lines.result()) return refuse(0, lines.result().text());
     if (!rules.is_begun()) return refuse(1, u"the file is empty");
     return std::move(rules.content);
 }

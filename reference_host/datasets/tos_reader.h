@@ -11,7 +11,7 @@ namespace vestra::datasets {
 
 struct tos_file {
     std::vector<wide_string> properties; // captions of the columns
-    std::vector<wide_string> members;    // relative to the file's folder, as they are written
+    std::vector<wide_string> members;    // relative to the file's folder; those of its stem written out
 };
 
 // Reads the file of a drive path to its end; members are not opened and need not exist. Nothing if it cannot

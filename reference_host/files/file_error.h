@@ -12,13 +12,15 @@ namespace vestra::files {
 struct file_error {
     wide_string file;
     std::size_t line = 0; // from 1; 0 when the fault is not in a line
-    wide_string reason;
+    wide_string reason;   // in the operating system's words if they are its own
 
     // One line for the user, like: C:\prj\area._vp:12: element <layer> lacks attribute "uuid"
-    wide_string text() const {
-        const std::string at = line ? ":" + std::to_string(line) : std::string();
-        return file + vs::project_resave::platform::from_utf8(at) + u": " + reason;
-    }
+    wide_string text() const { return file + (line ? u":" + number() : u"") + u": " + reason; }
+    // The same without the file, like: line 12: element <layer> lacks attribute "uuid"
+    wide_string why() const { return (line ? u"line " + number() + u": " : u"") + reason; }
+
+private:
+    wide_string number() const { return vs::project_resave::platform::from_utf8(std::to_string(line)); }
 };
 
 } // namespace vestra::files

@@ -44,15 +44,16 @@ public:
     explicit file_sink(platform::file& file) : file_(file) {}
     void write(const void* data, std::size_t size) override {
         size_ += size;
-        complete_ = complete_ && size_ <= largest_file && file_.write(data, size);
+        if (size_ > largest_file)
+            result_ = platform::outcome::because(u"the file would be larger than 256 MiB");
+        if (result_) result_ = file_.write(data, size);
     }
-    std::size_t size() const { return size_; }
-    bool complete() const { return complete_; }
+    platform::outcome result() const { return result_; }
 
 private:
     platform::file& file_;
     std::size_t size_ = 0;
-    bool complete_ = true;
+    platform::outcome result_;
 };
 
 wide_string free_name_beside(const wide_string& path) {
@@ -63,24 +64,24 @@ wide_string free_name_beside(const wide_string& path) {
     return name;
 }
 
-const char16_t* write_document(const wide_string& path, const pugi::xml_document& document) {
+platform::outcome write_document(const wide_string& path, const pugi::xml_document& document) {
     std::unique_ptr<platform::file> file;
-    const platform::outcome result = platform::current_system().open(
+    const platform::outcome opened = platform::current_system().open(
         path, platform::access::read_write, platform::disposition::create_always, file);
-    if (!result) return u"the file cannot be written";
+    if (!opened) return opened;
     file_sink sink(*file);
     document.save(sink, "  ", pugi::format_default, pugi::encoding_utf8);
-    if (sink.size() > largest_file) return u"the file would be larger than 256 MiB";
-    return file->close() && sink.complete() ? nullptr : u"the file cannot be written";
+    const platform::outcome closed = file->close();
+    return sink.result() ? closed : sink.result();
 }
 
 std::optional<file_error> replace_file(const wide_string& path, const pugi::xml_document& document) {
     const wide_string fresh = free_name_beside(path);
-    const char16_t* fault = write_document(fresh, document);
-    if (!fault && !platform::current_system().rename_over(fresh, path)) fault = u"the file cannot be written";
-    if (!fault) return std::nullopt;
+    platform::outcome result = write_document(fresh, document);
+    if (result) result = platform::current_system().rename_over(fresh, path);
+    if (result) return std::nullopt;
     platform::current_system().delete_file(fresh);
-    return file_error{path, 0, fault};
+    return file_error{path, 0, result.text()};
 }
 
 // Finishes the document that the writer filled and puts it on the disk.

@@ -38,13 +38,13 @@ input::input(const wide_string& path, const char* root_name) : path_(path) {
 bool input::read(const wide_string& path) {
     platform::system& system = platform::current_system();
     std::unique_ptr<platform::file> file;
-    const platform::outcome result =
+    platform::outcome result =
         system.open(path, platform::access::read, platform::disposition::open_existing, file);
     if (!result) {
-        const platform::entry_kind there = system.kind_of(path);
-        refuse_line(0, there == platform::entry_kind::none     ? u"there is no such file"
-                       : there == platform::entry_kind::folder ? u"is a folder"
-                                                               : u"the file cannot be opened");
+        const bool is_folder = system.kind_of(path) == platform::entry_kind::folder;
+        refuse_line(0, result.is(platform::failure::missing) ? u"there is no such file"
+                       : is_folder                           ? u"is a folder"
+                                                             : result.text());
         return false;
     }
     const std::uint64_t size = file->size();
@@ -53,8 +53,9 @@ bool input::read(const wide_string& path) {
         return false;
     }
     bytes_.resize(static_cast<std::size_t>(size));
-    if (file->read_whole(bytes_.data(), bytes_.size())) return true;
-    refuse_line(0, u"the file cannot be read to its end");
+    result = file->read_whole(bytes_.data(), bytes_.size());
+    if (result) return true;
+    refuse_line(0, result.text());
     return false;
 }
 

@@ -2,9 +2,14 @@
 
 #include <algorithm>
 
+#include "platform/path_text.h"
 #include "reference_host/model/project.h"
 
 namespace vestra {
+
+wide_string table_beside(wide_view shape_file) {
+    return vs::project_resave::path_replace_extension(shape_file, u".dbf");
+}
 
 layer_group::layer_group(layer_group& parent, layer& member)
     : parent_(&parent), member_(&member), is_leaf_(true) {}

@@ -53,9 +53,11 @@ private:
     mutable std::vector<std::unique_ptr<layer_group>> children_;
 };
 
-// A layer of a scene. What a kind of layer does not have stays empty or null.
 class layer_group;
 class scene;
+
+// Returns the path of the attribute table that belongs to a shape file: next to it, under its stem.
+wide_string table_beside(wide_view shape_file);
 
 // Its reference may be a path behind a "*".
 inline constexpr const char* cutline_meta_id = "grid_cutline_lr2d";
@@ -77,6 +79,7 @@ private:
     entity_link target_; // always a scene
 };
 
+// A layer of a scene. What a kind of layer does not have stays empty or null.
 class layer : public entity {
 public:
     // The meta identifier of a layer is its type, unless it is set otherwise.
@@ -84,6 +87,9 @@ public:
     ~layer() override;
     // Whether it stands in its scene's tree of groups.
     bool is_grouped() const { return node_ != nullptr; }
+
+    // True if it shows a shape file, whatever its shapes are.
+    bool is_shape() const { return type.starts_with("shp_"); }
 
     const dimension kind;
     std::string type;

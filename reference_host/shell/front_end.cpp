@@ -2,7 +2,21 @@
 
 #include <utility>
 
+#include "platform/path_text.h"
+
 namespace vestra::shell {
+
+using vs::project_resave::path_key;
+
+void file_refusals::add(files::file_error refusal) {
+    wide_string key = path_key(refusal.file);
+    by_key_.insert_or_assign(std::move(key), std::move(refusal));
+}
+
+const files::file_error* file_refusals::find(const wide_string& path) const {
+    const auto found = by_key_.find(path_key(path));
+    return found == by_key_.end() ? nullptr : &found->second;
+}
 
 host_settings& settings() {
     static host_settings record;

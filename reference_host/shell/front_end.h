@@ -1,8 +1,11 @@
+// The settings of the running host, and the front end that it shows things with.
 #pragma once
 
 #include <cstdint>
-#include <vector>
+#include <optional>
+#include <unordered_map>
 
+#include "reference_host/files/file_error.h"
 #include "reference_host/model/counted.h"
 
 namespace vestra {
@@ -11,31 +14,45 @@ class project;
 
 namespace vestra::shell {
 
-// What the running host keeps beside any project. User-interface thread only.
-// A project, scene or layer file that could not be written, so that what stood there before still does.
-struct refused_file {
-    wide_string path;   // as it was asked for
-    wide_string reason; // a line for the user
+// Why files could not be read or written. The C functions return only that they failed, so a program that
+// uses them looks the reason up here. Paths are compared by their path_key.
+class file_refusals {
+public:
+    // Takes the place of an earlier refusal of the same file.
+    void add(files::file_error refusal);
+    // The last refusal of this path; null if there is none.
+    const files::file_error* find(const wide_string& path) const;
+    void clear() { by_key_.clear(); }
+    // All of them, in no order, by the path_key of their files.
+    const std::unordered_map<wide_string, files::file_error>& all() const { return by_key_; }
+
+private:
+    std::unordered_map<wide_string, files::file_error> by_key_;
 };
 
+// What the running host keeps beside any project. User-interface thread only.
 struct host_settings {
     std::uint32_t language_offset = 0;       // in the string tables: 0 base language, 50000 English
     bool invert_layers = false;              // people see the layers of a group in the reverse of their order
     vestra::project* open_project = nullptr; // not owned; null when none is open
 
-    wide_string read_error; // a line for the user: why the last file that was read was refused; or empty
-    std::vector<refused_file> refused_writes; // all since somebody emptied it
+    // Why the last project or scene file that was asked for was refused; nothing if it was read.
+    std::optional<files::file_error> read_error;
+    // All since somebody emptied them. Read are projects, scenes, data sets, DBF and TOS tables. Written are
+    // projects, scenes and layers: what was there before is there still.
+    file_refusals refused_reads;
+    file_refusals refused_writes;
 };
 
 // The one record of this process; whoever changes it may copy it before and put it back.
 host_settings& settings();
 
-// What the host shows to a person and asks of them. The C functions of vsk_msgs go to the front end in
-// force: a terminal, a script of answers, a window. User-interface thread only.
 // The answers of a box with yes, no and cancel, as vs_yesnocancel_wmessage returns them; closed: by the
 // operating system, unanswered.
 enum class answer : std::int32_t { closed = 0, cancel = 2, yes = 6, no = 7 };
 
+// What the host shows to a person and asks of them. The C functions of vsk_msgs go to the front end in
+// force: a terminal, a script of answers, a window. User-interface thread only.
 class front_end {
 public:
     virtual ~front_end() = default;

@@ -80,10 +80,9 @@ terminal_front_end::terminal_front_end(platform::terminal& terminal, bool quiet)
 
 void terminal_front_end::error(wide_view text) {
     print(text);
-    if (wide_string& reason = settings().read_error; !reason.empty()) {
-        print(reason);
-        reason.clear();
-    }
+    auto& refused = settings().read_error;
+    if (refused) print(refused->text());
+    refused.reset();
 }
 
 void terminal_front_end::warning(wide_view text) {

@@ -93,7 +93,7 @@ TEST_F(panel, whoever_holds_the_content_longer_than_the_tool_has_an_empty_panel_
 
 TEST_F(panel, a_run_that_breaks_off_closes_the_project_and_says_that_nothing_was_saved) {
     struct no_memory : forwarding_system {
-        platform::entry_kind kind_of(const wide_string&) override { throw std::bad_alloc(); }
+        platform::entry_status status_of(const wide_string&) override { throw std::bad_alloc(); }
     };
     copy_sample();
     linked_in_tool tool;

@@ -111,9 +111,9 @@ TEST(path_placement, a_name_that_is_taken_gets_the_next_number) {
 // What is listed here is erased after a stop.
 TEST(path_placement, created_folders_never_reach_above_a_drive_or_a_share) {
     struct any_drive : forwarding_system {
-        platform::entry_kind kind_of(const wide_string& path) override {
+        platform::entry_status status_of(const wide_string& path) override {
             const bool exists = path.size() == path_fixed_length(path) || path == made;
-            return exists ? platform::entry_kind::folder : platform::entry_kind::none;
+            return {exists ? platform::entry_kind::folder : platform::entry_kind::none};
         }
         platform::outcome create_folder(const wide_string& path) override {
             made = path;

@@ -25,11 +25,12 @@ namespace {
 // Of drives with nothing on them but what a run makes.
 class empty_disk final : public forwarding_system {
 public:
-    platform::entry_kind kind_of(const wide_string& path) override {
+    platform::entry_status status_of(const wide_string& path) override {
         const wide_string key = key_of(path);
         const bool is_drive = !path_root(path).empty() && path.size() == path_fixed_length(path);
-        if (is_drive || folders_.contains(key)) return platform::entry_kind::folder;
-        return files_.contains(key) ? platform::entry_kind::file : platform::entry_kind::none;
+        if (is_drive || folders_.contains(key)) return {platform::entry_kind::folder};
+        if (files_.contains(key)) return {platform::entry_kind::file};
+        return {platform::entry_kind::none, 0, platform::failure::missing};
     }
     platform::outcome create_folder(const wide_string& path) override {
         const bool is_free = kind_of(path) == platform::entry_kind::none;

@@ -19,7 +19,8 @@ struct kind_row {
 const kind_row kinds[] = {
     {"shp_pnt_lr2d", u"r.shp r.shx r.dbf r.cpg r_shp.pj4 r.txt", u"r.shp", u"shp",
      u"r.shp r.shx r.dbf r.cpg r_shp.pj4", u"._lr"},
-    {"shp_pgn_lr3d", u"r.shp r.shx r.dbf", u"r.shp", u"shp", u"r.shp r.shx", u"._lrd"}, // has no table
+    {"shp_pgn_lr3d", u"r.shp r.shx r.dbf", u"r.shp", u"shp", u"r.shp r.shx r.dbf",
+     u"._lrd"}, // names no table
     {"rtr_lr2d", u"a.tif a.tif.ovr a.tfw a_tif.pj4", u"a.tif", u"rtr", u"a.tif a.tif.ovr a.tfw a_tif.pj4",
      u"._lr"},
     {"rtr_lr2d", u"a.x a_x.pj4", u"a.x", u"rtr", u"a.x", u"._lr"}, // no world file can be named after it

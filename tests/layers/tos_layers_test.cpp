@@ -1,6 +1,7 @@
 // TOS layers: the files of a complex model, and the style that a save carries over.
 #include <map>
 
+#include "core/data_source.h"
 #include "framework/resources/text_rows.h"
 #include "layers/resave_tos_layers.h"
 #include "reference_host/api/handles.h"
@@ -92,6 +93,34 @@ TEST_F(tos_layers, files_of_a_complex_model_come_along_and_the_record_names_them
                     expected.push_back("tos/" + platform::to_utf8(stem) + extension);
             EXPECT_EQ(files(), expected);
         }
+    }
+}
+
+// The second pair finds the names of the first one taken.
+TEST_F(tos_layers, renamed_sets_are_read_with_their_own_values) {
+    std::vector<wide_string> sources;
+    for (const wide_view folder : {u"1\\", u"2\\"}) {
+        const std::string values = "of " + platform::to_utf8(folder);
+        sources.push_back(write(src(folder) + u"model.tos", "TOS 1\nmember .tod\nmember .tos.idx\n"));
+        write(src(folder) + u"model.tod", values);
+        write(src(folder) + u"model.tos.idx", values);
+        sources.push_back(write(src(folder) + u"g\\g.pgrid", "PGRID 1\nvalues .val\n"));
+        write(src(folder) + u"g\\g.val", values);
+    }
+    builder.scene_2d(u"S");
+    for (const wide_string& file : sources)
+        builder.layer(file.ends_with(u".tos") ? "tos_grid_lr2d" : "grid_lr2d", u"L", file);
+    run();
+    std::set<wide_string> copies;
+    for (uint32_t i = 0; i < sources.size(); ++i) {
+        const wide_string copied = copy->scenes_2d.at(0)->at(i)->file;
+        EXPECT_TRUE(copies.insert(copied).second);
+        std::vector<wide_string> of_source, of_copy;
+        ASSERT_TRUE(data_source_files(sources[i], of_source) && data_source_files(copied, of_copy));
+        ASSERT_EQ(of_source.size(), of_copy.size()) << i;
+        for (size_t member = 0; member < of_source.size(); ++member)
+            EXPECT_EQ(read(of_source[member]), read(of_copy[member])) << platform::to_utf8(of_copy[member]);
+        EXPECT_TRUE(i % 2 == 0 || of_copy.at(1) == path_replace_extension(copied, u".val"));
     }
 }
 

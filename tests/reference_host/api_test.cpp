@@ -7,10 +7,12 @@
 #include "framework/border/string_adapter.h"
 #include "host/vsk_attr_data.h"
 #include "host/vsk_basic.h"
+#include "host/vsk_msgs.h"
 #include "host/vsk_prj.h"
 #include "host/vsk_xml_save_prj.h"
 #include "reference_host/api/handles.h"
 #include "reference_host/shell/front_end.h"
+#include "tests/support/scripted_front_end.h"
 
 namespace {
 
@@ -44,6 +46,15 @@ TEST_F(host_api, an_index_beyond_the_end_and_a_null_handle_are_harmless) {
     vestra::shell::settings().open_project = &project;
     vs_prj_destroy(std::exchange(handle, nullptr));
     EXPECT_EQ(vs_prj_get_instance(), nullptr) << "the open one has gone";
+}
+
+// Zero would be taken for yes.
+TEST_F(host_api, a_question_that_breaks_off_is_answered_with_cancel) {
+    struct broken : vestra::shell::scripted_front_end {
+        vestra::shell::answer yes_no_cancel(vestra::wide_view) override { throw std::bad_alloc(); }
+    } front;
+    const vestra::shell::front_end_override in_force(front);
+    EXPECT_EQ(vs_yesnocancel_wmessage(u"Erase?"), int32_t(vestra::shell::answer::cancel));
 }
 
 TEST_F(host_api, a_uuid_is_read_in_its_usual_forms_and_never_from_a_path) {

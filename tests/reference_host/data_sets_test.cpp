@@ -2,6 +2,7 @@
 
 #include "reference_host/datasets/tos_reader.h"
 #include "tests/reference_host/opened_data_sets.h"
+#include "tests/support/faulty_system.h"
 #include "tests/support/temporary_folder.h"
 
 namespace vestra::datasets {
@@ -25,7 +26,7 @@ TEST(data_sets, files_of_other_formats_go_with_their_stem) {
     EXPECT_EQ(" well.wel well.LOG well.new", names_of(head + u"well.wel", head)) << "the folder has changed";
 }
 
-TEST(tos_reader, a_broken_file_is_refused_with_its_line_and_stays_a_data_set) {
+TEST(tos_reader, a_damaged_file_does_not_open_and_tells_line_and_reason) {
     const temporary_folder folder;
     const struct {
         std::string bytes;
@@ -38,6 +39,8 @@ TEST(tos_reader, a_broken_file_is_refused_with_its_line_and_stays_a_data_set) {
         {"TOS 1\nmember a\nproperty X\n", 3},
         {"TOS 1\nmember /a\n", 2},
         {"TOS 1\nmember x/A.tod\nmember X\\a.tod\n", 3},
+        {"TOS 1\nmember .tod\nmember BROKEN.TOD\n", 3},
+        {"TOS 1\nmember .tos\n", 2},
         {"TOS 1\nproperty X\ndata 1,5\n", 3},
         {"TOS 1\nproperty X\ndata nan\n", 3},
     };
@@ -47,8 +50,15 @@ TEST(tos_reader, a_broken_file_is_refused_with_its_line_and_stays_a_data_set) {
         EXPECT_FALSE(read_tos(path, &error)) << row.bytes;
         EXPECT_EQ(row.line, error.line) << row.bytes;
         EXPECT_FALSE(error.reason.empty());
-        EXPECT_EQ(" broken.tos", names_of(path, folder.path() + u"\\"));
+        EXPECT_EQ("-", names_of(path, folder.path() + u"\\"));
     }
+    // The end of the file and an error are not the same.
+    const wide_string good = folder.write(u"good.tos", "TOS 1\n");
+    faulty_system faults({"read"}, 1, SIZE_MAX);
+    const platform::system_override in_force(faults);
+    files::file_error error;
+    EXPECT_FALSE(open_source(good, nullptr, &error));
+    EXPECT_EQ(error.text(), good + u": " + platform::outcome(platform::failure::damaged).text());
 }
 
 } // namespace

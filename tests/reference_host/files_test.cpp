@@ -85,16 +85,36 @@ TEST_F(host_files, scene_and_layer_files_stand_alone) {
     }
 }
 
+TEST_F(host_files, a_shape_layer_has_the_table_next_to_its_file) {
+    const wide_string path =
+        folder_.write(u"shapes._vp", R"(<project version='1'><scenes2d><scene uuid='' caption=''><layers>
+        <layer type='shp_pnt_lr2d' uuid='' caption='' file='maps\wells.shp'/>
+        <layer type='shp_pnt_lr2d' uuid='' caption='' file='maps\bare.shp'/>
+        <layer type='shp_pnt_lr2d' uuid='' caption='' file='maps\wells.shp'><attributes file='own.dbf'/></layer>
+        <layer type='rtr_lr2d' uuid='' caption='' file='maps\wells.tif'/></layers></scene></scenes2d></project>)");
+    folder_.write(u"maps\\Wells.DBF");
+    project prj;
+    ASSERT_FALSE(read_project(path, prj));
+    const scene& read = *prj.scenes_2d.at(0);
+    const wide_view expected[] = {u"maps\\wells.dbf", u"", u"own.dbf", u""};
+    for (std::uint32_t i = 0; i < read.count(); ++i)
+        EXPECT_EQ(read.at(i)->data ? read.at(i)->data->file : wide_string(),
+                  expected[i].empty() ? wide_string() : folder_.path(wide_string(expected[i])));
+}
+
 TEST_F(host_files, a_failed_write_leaves_the_old_file_and_nothing_else) {
     const wide_string path = folder_.write(u"area._vp", "old");
     folder_.write(u"area._vp.new1", "of somebody else");
     const tree_state before = state_of(folder_.native());
-    for (const char* const failing : {"write", "rename"}) {
+    const std::pair<const char*, platform::failure> rows[] = {{"write", platform::failure::disk_full},
+                                                              {"close", platform::failure::disk_full},
+                                                              {"rename", platform::failure::denied}};
+    for (const auto& [failing, reason] : rows) {
         faulty_system faults({failing}, 1, SIZE_MAX);
         const platform::system_override in_force(faults);
         const auto error = write_project(path, project());
         ASSERT_TRUE(error);
-        EXPECT_EQ(error->text(), path + u": the file cannot be written");
+        EXPECT_EQ(error->text(), path + u": " + platform::outcome(reason).text());
         EXPECT_EQ(difference(before, state_of(folder_.native())), "");
     }
 }

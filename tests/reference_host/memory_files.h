@@ -19,8 +19,10 @@ class memory_files : public vs::project_resave::forwarding_system {
 public:
     std::map<wide_string, std::string> content;
 
-    platform::entry_kind kind_of(const wide_string& path) override {
-        return content.contains(path) ? platform::entry_kind::file : platform::entry_kind::none;
+    platform::entry_status status_of(const wide_string& path) override {
+        const auto found = content.find(path);
+        if (found == content.end()) return {platform::entry_kind::none, 0, platform::failure::missing};
+        return {platform::entry_kind::file, found->second.size()};
     }
     platform::outcome delete_file(const wide_string& path) override {
         return content.erase(path) != 0 ? platform::outcome() : platform::failure::missing;

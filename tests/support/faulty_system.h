@@ -36,11 +36,11 @@ public:
     size_t count = 0;                // of such calls
     std::vector<wide_string> failed; // their paths; of a copy that of the source
 
-    platform::entry_kind kind_of(const wide_string& path) override {
-        return fails("kind", path) ? platform::entry_kind::none : forwarding_system::kind_of(path);
-    }
-    uint64_t file_size(const wide_string& path) override {
-        return fails("size", path) ? 0 : forwarding_system::file_size(path);
+    platform::entry_status status_of(const wide_string& path) override {
+        if (fails("kind", path)) return {platform::entry_kind::none, 0, failure::denied};
+        platform::entry_status status = forwarding_system::status_of(path);
+        if (fails("size", path)) status.bytes = 0;
+        return status;
     }
     platform::outcome copy_file(const wide_string& from, const wide_string& to, bool replace) override {
         if (fails("copy", from, to)) return failure::disk_full;

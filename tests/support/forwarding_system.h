@@ -18,8 +18,7 @@ public:
     // `inner`, by default the system in force, must outlive this object.
     explicit forwarding_system(platform::system& inner = platform::current_system()) : inner_(inner) {}
 
-    platform::entry_kind kind_of(const wide_string& path) override { return inner_.kind_of(path); }
-    uint64_t file_size(const wide_string& path) override { return inner_.file_size(path); }
+    platform::entry_status status_of(const wide_string& path) override { return inner_.status_of(path); }
     platform::outcome copy_file(const wide_string& source, const wide_string& target, bool replace) override {
         return inner_.copy_file(source, target, replace);
     }

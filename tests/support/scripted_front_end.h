@@ -15,7 +15,7 @@
 
 namespace vestra::shell {
 
-class scripted_front_end final : public front_end {
+class scripted_front_end : public front_end {
 public:
     enum class kind { error, warning, message, yes_no, yes_no_cancel, caption, wait };
     using event = std::pair<kind, wide_string>;

@@ -57,8 +57,8 @@ protected:
                  {each.subject, path_file_name(each.path), path_file_name(each.new_path)})
                 all += u"! " + what + u"\n";
         }
-        for (const auto& file : vestra::shell::settings().refused_writes)
-            all += u"! " + path_file_name(file.path) + u"\n";
+        for (const auto& [key, refused] : vestra::shell::settings().refused_writes.all())
+            all += u"! " + path_file_name(refused.file) + u"\n";
         return all;
     }
     bool is_told(wide_view what) const { return told_text().find(what) != wide_string::npos; }

@@ -114,7 +114,9 @@ TEST_F(select_panel, the_size_is_told_in_the_unit_that_fits_it) {
     // Every file has the size that the row wants.
     struct told_sizes final : forwarding_system {
         uint64_t bytes = 0;
-        uint64_t file_size(const wide_string&) override { return bytes; }
+        platform::entry_status status_of(const wide_string& path) override {
+            return {forwarding_system::status_of(path).kind, bytes};
+        }
     } sizes;
     const platform::system_override in_force(sizes);
     constexpr uint64_t kb = 1024, mb = 1024 * kb;
@@ -144,10 +146,10 @@ TEST_F(select_panel, an_outline_has_its_host_ask_again_after_everything_that_cha
     load();
     const auto live = cast_to<outline_impl>(all_named(look(), "scn2d/list2").at(0)->live);
     call<&outline_impl::set_events>(live, pointer_to<outline_events_impl>(layers));
-    const std::function<void()> rows[] = {[&] { check("scn2d/list1/Area", false); },
-                                          [&] { check("scn2d/list2/Sites", true); },
-                                          [&] { check("scn2d/list1/Plan", true, highlight_row); },
-                                          [&] { click_tool(*all_named(look(), "tool1").at(0)); }, [&] { load(); }};
+    const std::function<void()> rows[] = {
+        [&] { check("scn2d/list1/Area", false); }, [&] { check("scn2d/list2/Sites", true); },
+        [&] { check("scn2d/list1/Plan", true, highlight_row); },
+        [&] { click_tool(*all_named(look(), "tool1").at(0)); }, [&] { load(); }};
     for (const auto& change : rows) {
         layers.told = 0;
         change();

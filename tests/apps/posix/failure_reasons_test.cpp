@@ -84,6 +84,24 @@ TEST_F(failure_reasons, a_folder_without_the_right_to_write) {
     expect_reason("copy_failed", target, "Permission denied", "setpriv --reuid=65534 --clear-groups ");
 }
 
+// Of what the host reads and writes, path and reason are told apart.
+TEST_F(failure_reasons, files_that_the_host_could_not_read_or_write) {
+    write(u"C:\\data\\bad.tos", "TOS 1\nproperty X\ndata 1,5\n");
+    built.clear();
+    built.scene_2d(u"Area").layer("tos_grid_lr2d", u"Grid", u"C:\\data\\bad.tos");
+    built.scene_2d(wide_string(200'000, u's')).save(source);
+    const string limit = "sh -c 'trap \"\" XFSZ; ulimit -f 100; exec \"$@\"' sh ";
+    const string whole = command_line("resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp' --quiet",
+                                      {{}, file_of("out"), file_of("err")});
+    run_line("exec " + limit + whole.substr(string("exec").size()));
+    err = text("err");
+    EXPECT_TRUE(
+        is_told("C:\\data\\bad.tos: could not be read, so the files it refers to were not copied: line 3: a "
+                "value is neither a decimal number nor \"-\" (\"Grid\" in \"Area\")"))
+        << err;
+    EXPECT_TRUE(is_told("N:\\out\\new._vp: could not be written: File too large\n")) << err;
+}
+
 // A caption is never more than a caption: what follows a line feed in it is no entry of its own.
 TEST_F(failure_reasons, a_caption_that_looks_like_a_line_of_the_report) {
     built.clear();

@@ -31,8 +31,13 @@ TEST_F(drives, a_native_path_gets_the_drive_of_the_longest_folder_that_holds_it)
     std::string message;
     EXPECT_TRUE(add_drive("c=" + root + "/data", message));
     EXPECT_TRUE(add_drive("N=" + root + "/data/gis/", message));
-    for (const std::string wrong : {"C", "C=", "=/", "1=/", "CD=/", "C=/none"})
+    for (const std::string wrong : {"C", "C=", "=/", "1=/", "CD=/", "C=/none", "C=/dev/null"})
         EXPECT_TRUE(!add_drive(wrong, message = "") && message.find(wrong) != std::string::npos) << wrong;
+    EXPECT_EQ(message, "not a drive: \"C=/dev/null\": Not a directory");
+    EXPECT_TRUE(files.status_of(folder.path(u"none")).reason.is(failure::missing));
+    EXPECT_TRUE(files.status_of(folder.path(u"data")).reason);
+    EXPECT_EQ(files.status_of(folder.path(wide_string(300, u'x'))).reason.text(), u"File name too long");
+    EXPECT_EQ(files.status_of(u"Z:\\dev\\null").reason.text(), u"not a regular file");
     const std::pair<std::string, wide_string> cases[] = {
         {root + "/data/gis/x.shp", u"N:\\x.shp"},
         {root + "/data/gis", u"N:\\"},
