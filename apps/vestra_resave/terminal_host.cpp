@@ -49,9 +49,7 @@ void terminal_host::load_bundles() {
 }
 
 void terminal_host::load(const wide_string& path) {
-    if (const auto error = bundles_.load(path))
-        throw bundle_not_loaded("cannot load the bundle " + shell::printable(error->path) + ": " +
-                                shell::printable(error->reason));
+    if (const auto error = bundles_.load(path)) throw bundle_not_loaded{error->path, error->reason};
 }
 
 void terminal_host::connect() {

@@ -53,7 +53,25 @@ protected:
 
 TEST_F(failure_reasons, a_taken_name_and_a_folder_that_cannot_be_made) {
     write(u"N:\\out\\rtr", "a file where the folder goes");
-    expect_reason("copy_failed", target, "Not a directory");
+    expect_reason("copy_failed", target, "Not a directory (N:\\out\\rtr is in the way)");
+}
+
+// What a program prints is its result, as a file is.
+TEST_F(failure_reasons, standard_output_that_takes_nothing) {
+    const string list = command_line("list 'C:\\prj\\area._vp' --json", {{}, "/dev/full", file_of("err")});
+    for (const auto& [line, reason] :
+         {std::pair(list, "No space left on device"), std::pair(list + " >&-", "Bad file descriptor")}) {
+        EXPECT_EQ(3, run_line(line));
+        err = text("err");
+        EXPECT_EQ("vestra-resave: standard output could not be written: " + string(reason) + "\n", err);
+    }
+}
+
+TEST_F(failure_reasons, a_reader_that_goes_away_does_not_end_a_resave) {
+    string line = command_line("resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp'", {{}, "nothing", "&1"});
+    line.replace(line.find(" > nothing"), string(" > nothing").size(), "");
+    run_line(line.substr(string("exec ").size()) + " | true");
+    EXPECT_TRUE(path_exists(output));
 }
 
 TEST_F(failure_reasons, a_full_disk) {
@@ -65,8 +83,7 @@ TEST_F(failure_reasons, a_full_disk) {
 }
 
 TEST_F(failure_reasons, a_file_that_outgrows_the_limit) {
-    expect_reason("copy_failed", target, "File too large",
-                  "sh -c 'trap \"\" XFSZ; ulimit -f 100; exec \"$@\"' sh ");
+    expect_reason("copy_failed", target, "File too large", "sh -c 'ulimit -f 100; exec \"$@\"' sh ");
 }
 
 TEST_F(failure_reasons, a_folder_without_the_right_to_write) {
