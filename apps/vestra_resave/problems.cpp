@@ -48,7 +48,7 @@ constexpr kind_words all_kinds[] = {
     {own_kind::reference_outside, "outside"},
     {own_kind::reference_missing, "missing"},
     {own_kind::reference_outside_and_missing, "outside and missing"},
-    {own_kind::unreadable, "unreadable"},
+    {own_kind::unreadable, "could not be read"},
     {own_kind::copy_missing, "its copy % does not exist"},
     {own_kind::copy_size_differs, "its copy % has another size"},
     {own_kind::copy_content_differs, "its copy % has another content"},
@@ -60,11 +60,19 @@ std::string native(const wide_string& path) {
     return path.empty() ? std::string() : platform::native_path(path).string();
 }
 
-// The reasons of the host, by path_key of what it could not write.
-std::unordered_map<wide_string, wide_string> refusals_of_host() {
+// The host's line is "path: reason" or "path:3: reason".
+wide_string without_path(const shell::refused_file& refused) {
+    wide_view rest = refused.reason;
+    if (!rest.starts_with(refused.path + u":")) return refused.reason;
+    rest.remove_prefix(refused.path.size() + 1);
+    return rest.starts_with(u' ') ? wide_string(rest.substr(1)) : u"line " + wide_string(rest);
+}
+
+// The reasons of the host by path_key, for what it could not read or could not write.
+std::unordered_map<wide_string, wide_string> reasons_of(const std::vector<shell::refused_file>& refused) {
     std::unordered_map<wide_string, wide_string> all;
-    for (const shell::refused_file& refused : shell::settings().refused_writes)
-        all.insert_or_assign(path_key(refused.path), refused.reason);
+    for (const shell::refused_file& each : refused)
+        all.insert_or_assign(path_key(each.path), without_path(each));
     return all;
 }
 
@@ -104,13 +112,16 @@ problem problem_of(const fact& fact) {
 
 std::vector<problem> problems_of(const run_state& run) {
     std::vector<problem> all;
-    const auto refusals = refusals_of_host();
+    const auto unread = reasons_of(shell::settings().refused_reads),
+               unwritten = reasons_of(shell::settings().refused_writes);
     for (const fact& each : run.report.facts()) {
         problem& found = all.emplace_back(problem_of(each));
         if (each.kind == fact_kind::copy_failed) found.reason = reason_of(found.reason, found.new_path);
-        if (each.kind != fact_kind::not_written || !found.reason.empty()) continue;
-        const auto row = refusals.find(path_key(each.new_path));
-        if (row != refusals.end()) found.reason = row->second;
+        const bool is_read = each.kind == fact_kind::not_read;
+        if (!found.reason.empty() || !(is_read || each.kind == fact_kind::not_written)) continue;
+        const auto& reasons = is_read ? unread : unwritten;
+        const auto row = reasons.find(path_key(is_read ? each.path : each.new_path));
+        if (row != reasons.end()) found.reason = row->second;
     }
     if (run.report.incomplete)
         all.push_back({name_of(fact_kind::exception_caught), {}, {}, {}, u"too little memory to report"});
@@ -129,6 +140,12 @@ void add_misplaced(const run_state& run, std::vector<problem>& all) {
             all.push_back({name_of(fact_kind::not_written), {}, file.old_path, file.new_path, {}});
         if (!key.starts_with(below)) all.push_back({own_kind::outside, {}, file.old_path, file.new_path, {}});
     }
+}
+
+wide_string read_error_of(const wide_string& path) {
+    for (const shell::refused_file& each : shell::settings().refused_reads)
+        if (path_same(each.path, path)) return without_path(each);
+    return {};
 }
 
 std::unordered_set<wide_string> unwritten_keys(const std::vector<problem>& all) {

@@ -69,7 +69,10 @@ problem problem_of(const vs::project_resave::fact& fact);
 // The operating system's reason why `path` could not be made, with the file that is where a folder of it
 // goes.
 wide_string reason_of(const wide_string& reason, const wide_string& path);
-// The facts of the last run, what the host could not write among them with its reason.
+// Returns why the host could not read this file, without its path: "line 3: unknown element <x>"; empty if it
+// could.
+wide_string read_error_of(const wide_string& path);
+// The facts of the last run, what the host could not read or write among them with its reason.
 std::vector<problem> problems_of(const vs::project_resave::run_state& run);
 // Adds the files of a resave that are entered as made and do not exist, and those outside the new project's
 // folder. After a stop what was made may have been erased again, so nothing is added.

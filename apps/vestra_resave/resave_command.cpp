@@ -131,7 +131,7 @@ verification verified(session& host, resave_report& report) {
     verification found;
     const std::optional<refusal> early = host.load(project, false, false);
     for (const problem& each : early ? early->problems : host.reading_problems()) {
-        if (!early && each.kind == name_of(fact_kind::not_read)) continue; // the verification finds it, too
+        if (!early && each.kind == own_kind::unreadable) continue; // the verification finds it, too
         complain(line_of(each));
         add(report, each);
     }

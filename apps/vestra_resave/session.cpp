@@ -2,11 +2,13 @@
 
 #include <algorithm>
 #include <iterator>
+#include <unordered_set>
 
 #include "apps/vestra_resave/problems.h"
 #include "apps/vestra_resave/resave_report.h"
 #include "framework/resources/strings.h"
 #include "operations/project_context.h"
+#include "operations/run/path_files.h"
 #include "platform/path_text.h"
 #include "platform/volumes.h"
 #include "reference_host/shell/front_end.h"
@@ -56,7 +58,7 @@ std::optional<refusal> session::load(const std::string& project) {
 }
 
 std::optional<refusal> session::load(const wide_string& path, bool show_wait, bool write_open_log) {
-    shell::settings().read_error.clear();
+    shell::settings().refused_reads.clear();
     context_->report.restart({}); // what an earlier run reported has been read
     const bool is_loaded = context_->load_project(path, show_wait, write_open_log);
     load_problems_ = problems_of(*context_);
@@ -86,14 +88,11 @@ std::vector<problem> session::problems() const {
 std::vector<problem> session::reading_problems() const {
     std::vector<problem> all = problems();
     std::erase_if(all, [](const problem& each) { return each.kind == name_of(fact_kind::type_not_resaved); });
+    std::unordered_set<wide_string> seen{path_key(context_->placement.source_project_path)};
+    for (const shell::refused_file& each : shell::settings().refused_reads)
+        if (path_exists(each.path) && seen.insert(path_key(each.path)).second)
+            all.push_back({own_kind::unreadable, {}, each.path, {}, read_error_of(each.path)});
     return all;
-}
-
-wide_string read_error_of(const wide_string& path) {
-    wide_view rest = shell::settings().read_error;
-    if (!rest.starts_with(path + u":")) return {}; // of another file, which the project shows
-    rest.remove_prefix(path.size() + 1);
-    return rest.starts_with(u' ') ? wide_string(rest.substr(1)) : u"line " + wide_string(rest);
 }
 
 } // namespace vestra::command

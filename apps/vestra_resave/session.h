@@ -62,7 +62,8 @@ public:
     std::optional<refusal> load(const wide_string& path, bool show_wait, bool write_open_log);
     // What the load found, and then what the last run reported; what both did is there once.
     std::vector<problem> problems() const;
-    // The same without layer types that nothing resaves, which concern a resave alone.
+    // The same without layer types that nothing resaves, which concern a resave alone, but with the scene
+    // files of maps that could not be read.
     std::vector<problem> reading_problems() const;
 
     vs::project_resave::project_context& context() { return *context_; }
@@ -77,9 +78,5 @@ private:
     std::unique_ptr<vs::project_resave::project_context> context_;
     std::vector<problem> load_problems_;
 };
-
-// Returns why the host could not read this file last: "line 3: unknown element <x>"; empty if it could, or if
-// the file that it read last is another.
-wide_string read_error_of(const wide_string& path);
 
 } // namespace vestra::command

@@ -146,8 +146,9 @@ std::vector<std::string> lines_of(const verification& found) {
     std::vector<std::string> lines;
     for (const problem& each : found.astray) {
         const bool is_plain = each.file == found.project || each.file == each.path;
-        lines.push_back(text_of(each.kind) + ": " + each.holder + " " + one_line(each.element.caption) +
-                        ": " + one_line(each.path) + (is_plain ? "" : ", in " + one_line(each.file)) +
+        lines.push_back((each.kind == own_kind::unreadable ? each.kind : text_of(each.kind)) + ": " +
+                        each.holder + " " + one_line(each.element.caption) + ": " + one_line(each.path) +
+                        (is_plain ? "" : ", in " + one_line(each.file)) +
                         (each.reason.empty() ? "" : ": " + one_line(each.reason)));
     }
     for (const problem& each : found.differing) lines.push_back(line_of(each));

@@ -21,7 +21,7 @@ namespace {
 std::vector<problem> further(const std::vector<problem>& of_load, const verification& found) {
     std::vector<problem> all;
     for (const problem& each : of_load)
-        if (each.kind != name_of(fact_kind::not_read) ||
+        if (each.kind != own_kind::unreadable ||
             std::ranges::none_of(found.astray,
                                  [&](const problem& other) { return path_same(other.path, each.path); }))
             all.push_back(each);

@@ -26,6 +26,19 @@ std::uint32_t with_file(const Session* session, const char16_t* path, Handle* ob
     });
 }
 
+// The same with a reader, whose failure is added to the refused files of the settings, too.
+template <class Session, class Handle, class Model>
+std::uint32_t from_file(const Session* session, const char16_t* path, Handle* object,
+                        std::optional<files::file_error> (*reader)(const wide_string&, Model&)) noexcept {
+    const wide_string& fault = shell::settings().read_error;
+    const std::uint32_t is_done = with_file(session, path, object, shell::settings().read_error, reader);
+    if (is_done != 0 || fault.empty()) return is_done;
+    return guarded([&] {
+        shell::settings().refused_reads.push_back({wide_string(text_of(path)), fault});
+        return std::uint32_t{0};
+    });
+}
+
 // The same with a writer, whose failure is added to the refused files of the settings.
 template <class Session, class Handle, class Model>
 std::uint32_t to_file(const Session* session, const char16_t* path, Handle* object,

@@ -5,18 +5,16 @@
 #include "host/vsk_xml_save_prj.h"
 #include "reference_host/api/file_calls.h"
 #include "reference_host/api/objects.h"
-#include "reference_host/shell/front_end.h"
 
 using namespace vestra::api;
 using namespace vestra::files;
-using vestra::shell::settings;
 
 vs_xml_save_prj* vs_xml_save_prj_create() { return create<vs_xml_save_prj>(); }
 
 void vs_xml_save_prj_destroy(vs_xml_save_prj* xml) { destroy(xml); }
 
 uint32_t vs_xml_data_load_prj_w(vs_xml_save_prj* xml, const char16_t* path, vs_prj* project) {
-    return with_file(xml, path, project, settings().read_error, read_project);
+    return from_file(xml, path, project, read_project);
 }
 
 uint32_t vs_xml_data_save_prj_w(vs_xml_save_prj* xml, const char16_t* path, vs_prj* project) {
@@ -25,14 +23,13 @@ uint32_t vs_xml_data_save_prj_w(vs_xml_save_prj* xml, const char16_t* path, vs_p
 
 using namespace vestra::api;
 using namespace vestra::files;
-using vestra::shell::settings;
 
 vs_xml_save_2d* vs_xml_save_2d_create() { return create<vs_xml_save_2d>(); }
 
 void vs_xml_save_2d_destroy(vs_xml_save_2d* xml) { destroy(xml); }
 
 uint32_t vs_xml_data_load_scn2d_w(vs_xml_save_2d* xml, const char16_t* path, vs_scn_2d* scene) {
-    return with_file(xml, path, scene, settings().read_error, read_scene);
+    return from_file(xml, path, scene, read_scene);
 }
 
 uint32_t vs_xml_data_save_scn2d_w(vs_xml_save_2d* xml, const char16_t* path, vs_scn_2d* scene) {
@@ -45,7 +42,6 @@ uint32_t vs_xml_data_save_lr2d_w(vs_xml_save_2d* xml, const char16_t* path, vs_l
 
 using namespace vestra::api;
 using namespace vestra::files;
-using vestra::shell::settings;
 
 vs_xml_save_3d* vs_xml_save_3d_create() { return create<vs_xml_save_3d>(); }
 

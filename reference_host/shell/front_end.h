@@ -12,7 +12,8 @@ class project;
 namespace vestra::shell {
 
 // What the running host keeps beside any project. User-interface thread only.
-// A project, scene or layer file that could not be written, so that what stood there before still does.
+// A project, scene or layer file that could not be read, or not be written, so that what was there before
+// still is.
 struct refused_file {
     wide_string path;   // as it was asked for
     wide_string reason; // a line for the user
@@ -24,7 +25,8 @@ struct host_settings {
     vestra::project* open_project = nullptr; // not owned; null when none is open
 
     wide_string read_error; // a line for the user: why the last file that was read was refused; or empty
-    std::vector<refused_file> refused_writes; // all since somebody emptied it
+    std::vector<refused_file> refused_reads; // these two: all since somebody emptied it
+    std::vector<refused_file> refused_writes;
 };
 
 // The one record of this process; whoever changes it may copy it before and put it back.

@@ -87,7 +87,7 @@ TEST_F(resave_command, the_exit_code_tells_how_it_went_and_the_error_output_why)
         {"resave 'C:\\prj\\mute._vp'" + to,
          1,
          {"C:\\gone.tif: does not exist (\"Nameless\")\n",
-          "C:\\prj\\broken._sn: could not be read, so the files it refers to were not copied (\"Map\"",
+          "C:\\prj\\broken._sn: could not be read, so the files it refers to were not copied: line 1: ",
           "C:\\prj\\data\\t.dbf: still joined to the original table (\"One\" in \"S\")\n"}},
         {"", 2, {"subcommand"}},
         {"bogus", 2, {"no such command: bogus"}},

@@ -21,6 +21,10 @@ protected:
             .scene_2d(u"A")
             .layer("rtr_lr2d", u"R", u"C:\\Data\\r.tif")
             .save(u"C:\\prj\\case._vp");
+        project_builder()
+            .scene_2d(u"A")
+            .layer("vs_scene_layer_meta_id", u"Map", write(u"C:\\prj\\torn._sn", "x"))
+            .save(u"C:\\prj\\torn._vp");
     }
 };
 
@@ -44,6 +48,7 @@ TEST_F(text_commands, write_what_is_asked_for_or_say_why_not) {
          head + "    Scenes 2D:\r\n        A\r\n"},
         {differs + text, 1, "", "", " t.txt", "C:\\Data\\r.tif\r\nC:\\data\\r.tif\r\n\r\n"},
         {structure + text + "--quiet", 0, "", "", " t.txt"},
+        {"structure 'C:\\prj\\torn._vp' " + text, 1, "torn._sn: could not be read: line 1: ", "", " t.txt"},
         {structure, 2, "TEXT_FILE", "", ""},
         {structure + text + "--indent five", 2, "five", "", ""},
         {"structure 'C:\\none._vp' " + text, 2, "C:\\none._vp", "", ""},
