@@ -128,6 +128,7 @@ void add_resave(CLI::App& app, command_line& line, words& words) {
         ->add_option("--only", request.selection.only,
                      "Keep nothing but this element, by uuid or caption; repeatable")
         ->allow_extra_args(false);
+    command->add_flag("--overwrite", request.overwrite, "Replace the project if NEW_PROJECT exists");
     command->add_flag("--files", request.list_files, "Print what went where");
     CLI::Option* verifies = command->add_flag("--verify", request.verify,
                                               "Look at the new project, and compare copies with sources");

@@ -10,6 +10,8 @@
 #include "operations/run/path_files.h"
 #include "platform/path_text.h"
 #include "platform/system.h"
+#include "platform/text.h"
+#include "platform/volumes.h"
 
 namespace vestra::command {
 
@@ -85,17 +87,31 @@ bool is_same_file(const wide_string& one, const wide_string& other) {
     return path_same(one, other) || platform::current_system().same_file(one, other);
 }
 
+std::optional<refusal> refuse_output(const std::string& typed) {
+    if (typed.starts_with("\\\\") && platform::native_path(platform::from_utf8(typed)).empty())
+        return refused(
+            {}, typed + ": network shares are unknown on this system; give a folder where it is mounted");
+    const wide_string path = platform::drive_path(typed);
+    platform::system& disk = platform::current_system();
+    const platform::entry_kind kind = disk.kind_of(path);
+    if (kind == platform::entry_kind::folder) return refused(path, "is a folder; give the name of a file");
+    wide_string name;
+    if (kind == platform::entry_kind::none && disk.true_name(path_head(path), path_file_name(path), name))
+        return refused(path, "is a device, a pipe or a link that leads nowhere; give the name of a file");
+    return std::nullopt;
+}
+
 std::optional<refusal> create_text_file(const wide_string& path, project_context& context) {
     if (is_same_file(path, context.placement.source_project_path))
         return refused(path, "is the project itself and must not be written over");
     platform::system& files = platform::current_system();
-    if (files.kind_of(path) == platform::entry_kind::folder) return refused(path, "is a folder");
     if (auto early = protect_project_files({path}, context)) return early;
     std::unique_ptr<platform::file> created;
     const platform::outcome opened =
         files.open(path, platform::access::read_write, platform::disposition::create_always, created);
     if (opened) return std::nullopt;
-    return refusal{not_saved, {{own_kind::not_created, {}, {}, path, reason_of(opened.text(), path)}}};
+    return refusal{not_saved,
+                   {{own_kind::not_created, {}, {}, as_on_disk(path), reason_of(opened.text(), path)}}};
 }
 
 } // namespace vestra::command

@@ -8,6 +8,10 @@ namespace vestra::command {
 // True if both paths lead, or would lead, to one file.
 bool is_same_file(const wide_string& one, const wide_string& other);
 
+// Returns why nothing is written at the path that was typed as `typed`: it is a folder, a device, a pipe, a
+// link that leads nowhere, or on a share where the operating system knows none.
+std::optional<refusal> refuse_output(const std::string& typed);
+
 // Creates the file, or empties one that exists: never the loaded project or one of its files. Returns why the
 // command ends here instead.
 std::optional<refusal> create_text_file(const wide_string& path,

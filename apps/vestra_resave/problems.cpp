@@ -159,8 +159,16 @@ bool is_notice(const problem& found) {
     return found.kind == name_of(fact_kind::renamed) || found.kind == name_of(fact_kind::written_over);
 }
 
+wide_string as_on_disk(const wide_string& path) {
+    const wide_string whole = path_normalise(path), head = path_head(whole);
+    wide_string spelled;
+    if (true_case_path(path, spelled)) return spelled;
+    if (head.empty() || whole.size() <= path_fixed_length(whole)) return path;
+    return path_join(as_on_disk(head), path_file_name(whole));
+}
+
 refusal refused(const wide_string& path, const std::string& reason) {
-    return {wrong_use, {{own_kind::refused, {}, path, {}, platform::from_utf8(reason)}}};
+    return {wrong_use, {{own_kind::refused, {}, as_on_disk(path), {}, platform::from_utf8(reason)}}};
 }
 
 int end_with(const refusal& early, const common_options& options) {

@@ -54,6 +54,8 @@ struct refusal {
     int exit = wrong_use;
     std::vector<problem> problems;
 };
+// Returns the path with each name that exists spelled as its folder lists it.
+wide_string as_on_disk(const wide_string& path);
 // A refusal with exit code 2 for one reason, about a path or, with an empty one, about the use of the
 // command.
 refusal refused(const wide_string& path, const std::string& reason);

@@ -15,6 +15,7 @@
 #include "platform/system.h"
 #include "platform/text.h"
 #include "platform/volumes.h"
+#include "reference_host/files/files.h"
 #include "reference_host/shell/front_end.h"
 #include "services/entity_factory.h"
 
@@ -46,16 +47,38 @@ std::vector<problem> take_back(const std::vector<wide_string>& levels) {
     return kept;
 }
 
+// Refuses a folder whose path in lower case leads to another one that exists: the files would go there, and
+// only the project where it was to go.
+std::optional<refusal> refuse_lowered(const wide_string& folder) {
+    for (wide_string level = path_normalise(folder); level.size() > path_fixed_length(level);
+         level = path_normalise(path_head(level))) {
+        wide_string lowered = level;
+        platform::lower_in_place(lowered);
+        if (path_exists(level) && path_exists(lowered) &&
+            !platform::current_system().same_file(level, lowered))
+            return refused(level, "with --lowercase the files would go to another folder that exists: " +
+                                      one_line(lowered));
+    }
+    return std::nullopt;
+}
+
 // Returns what is wrong with the paths, before anything is read.
 std::optional<refusal> refuse_paths(const wide_string& source, const wide_string& target,
-                                    const std::string& typed) {
+                                    const resave_request& request) {
+    const std::string& typed = request.new_project;
     if (is_same_file(source, target))
         return refused({}, shell::printable(load_string(text::same_project_name)));
     const bool has_name = typed.find_last_of("/\\") + 1 != typed.size();
     if (path_head(target).empty() || !has_name)
         return refused(target, "the new project needs a folder and a name");
-    if (platform::current_system().kind_of(target) == platform::entry_kind::folder)
-        return refused(target, "is a folder; give the name of the new project file");
+    if (auto early = refuse_output(typed)) return early;
+    if (request.settings.lower_case)
+        if (auto early = refuse_lowered(path_head(target))) return early;
+    if (!path_exists(target)) return std::nullopt;
+    vestra::project older;
+    if (const auto fault = files::read_project(target, older))
+        return refused(target, "exists and is no project file: " + one_line(fault->reason));
+    if (!request.overwrite) return refused(target, "exists; with --overwrite it is replaced");
     return std::nullopt;
 }
 
@@ -63,7 +86,7 @@ std::optional<refusal> refuse_paths(const wide_string& source, const wide_string
 std::optional<refusal> prepare(session& host, const resave_request& request, const common_options& options,
                                const wide_string& target) {
     const wide_string source = platform::drive_path(request.project);
-    if (auto early = refuse_paths(source, target, request.new_project)) return early;
+    if (auto early = refuse_paths(source, target, request)) return early;
     if (auto early = host.load(source, !options.quiet, request.load_log)) return early;
     project_context& context = host.context();
     const std::vector<element> elements = elements_of(context);
@@ -100,7 +123,8 @@ ended_run run(session& host, const resave_request& request, const common_options
     const wide_string folder = path_head(target);
     const std::vector<wide_string> missing = missing_levels(folder);
     if (const platform::outcome made = create_folders(folder); !made) {
-        refusal early{not_saved, {{own_kind::not_created, {}, {}, folder, reason_of(made.text(), folder)}}};
+        refusal early{not_saved,
+                      {{own_kind::not_created, {}, {}, as_on_disk(folder), reason_of(made.text(), folder)}}};
         std::ranges::move(take_back(missing), std::back_inserter(early.problems));
         return {std::move(early), {}};
     }
@@ -158,7 +182,7 @@ int resave(const resave_request& request, const common_options& options) {
     if (ended.early) return end_with(*ended.early, options);
     resave_report& report = ended.report;
     print_problems(report);
-    const wide_string target = host.context().placement.new_project_path;
+    const wide_string target = as_on_disk(host.context().placement.new_project_path);
     std::optional<verification> found;
     if (request.verify && (report.exit == done || report.exit == problems)) {
         found = verified(host, report);
@@ -188,7 +212,7 @@ int plan_resave(const resave_request& request, const common_options& options) {
     if (options.json)
         print_json(plan);
     else
-        print_text(plan, host.context().placement.new_project_path);
+        print_text(plan, as_on_disk(host.context().placement.new_project_path));
     return plan.report.exit;
 }
 

@@ -125,7 +125,7 @@ void print_renamed(const resave_report& report, bool list_files) {
     if (renamed.empty()) return;
     if (list_files)
         for (const problem* each : renamed) std::cout << line_of(*each) << '\n';
-    std::cout << "renamed, as their names were taken: " << renamed.size() << " files"
+    std::cout << "renamed, as the name was taken: " << renamed.size()
               << (list_files ? "" : " (--files or --json names them)") << '\n';
 }
 

@@ -56,7 +56,7 @@ int write_scenes(const scenes_request& request, const common_options& options) {
     session host(options, {});
     if (const auto early = host.load(request.project)) return end_with(*early, options);
     project_context& context = host.context();
-    const wide_string folder = platform::drive_path(request.folder);
+    const wide_string folder = as_on_disk(platform::drive_path(request.folder));
     // The run writes into the current folder: nothing was resaved before it.
     if (const platform::outcome entered = platform::set_current_folder(folder); !entered) {
         complain(one_line(folder) + ": could not be entered: " + one_line(entered.text()));

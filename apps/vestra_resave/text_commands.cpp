@@ -20,6 +20,7 @@ int write_text(const std::string& project, const std::string& text_file, const c
     session host(options, {.on_stop = stop_answer::erase_created}); // a text is never kept
     if (const auto early = host.load(project)) return end_with(*early, options);
     project_context& context = host.context();
+    if (const auto early = refuse_output(text_file)) return end_with(*early, options);
     const wide_string path = platform::drive_path(text_file);
     if (const auto early = create_text_file(path, context)) return end_with(*early, options);
     const run_result result = write(context, path);

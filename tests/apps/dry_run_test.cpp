@@ -78,9 +78,9 @@ protected:
 TEST_P(dry_run_of_sample, says_file_by_file_what_the_run_does) {
     const string plain = string("--structure ") + GetParam();
     const string full = plain + " --lowercase --scene-files --layer-files --log --load-log";
-    for (const string& arguments : {plain, full}) {
+    for (const string& choices : {plain, full}) {
         for (const string state : {"empty", "in the way", "again"}) {
-            SCOPED_TRACE(arguments + ", " + state);
+            SCOPED_TRACE(choices + ", " + state);
             if (state != "again") remove_tree(u"N:\\out");
             if (state == "in the way") {
                 for (const wide_string folder : {u"shp", u"maps", u"prj\\maps", u"Geology\\prj\\maps"})
@@ -89,6 +89,7 @@ TEST_P(dry_run_of_sample, says_file_by_file_what_the_run_does) {
                 write(u"N:\\out\\tos", "no folder");
             }
             const tree_state before = all_drives();
+            const string arguments = choices + (state == "again" ? " --overwrite" : "");
             EXPECT_EQ(1, command(to + arguments + " --dry-run")) << err;
             const auto plan = json::parse(out);
             EXPECT_EQ("", difference(before, all_drives()));
@@ -103,7 +104,7 @@ TEST_P(dry_run_of_sample, says_file_by_file_what_the_run_does) {
             const bool has_own_folders = GetParam() == string("folder-per-scene");
             EXPECT_EQ(state == "empty" ? GetParam() == string("by-type") : !has_own_folders,
                       renamed.contains("roads.shp"));
-            const bool is_plain = arguments == plain && state == "empty";
+            const bool is_plain = choices == plain && state == "empty";
             EXPECT_TRUE(!is_plain || run.at("astray").size() == (has_own_folders ? 7 : 4)) << run;
             for (const char* name : {"relief.tif", "photos.txt"}) // the latter in a well's renamed folder
                 EXPECT_EQ(state == "again" && !has_own_folders, renamed.contains(name)) << name;

@@ -69,6 +69,7 @@ TEST_F(resave_command, the_exit_code_tells_how_it_went_and_the_error_output_why)
         .save(u"C:\\prj\\mute._vp");
     write(u"C:\\prj\\bad._vp", "<project version=\"1\">\n  <scene/>\n</project>\n");
     write(u"N:\\file", "x");
+    project_builder().scene_2d(u"Older").save(u"N:\\Older._vp");
     const string poor = "resave 'C:\\prj\\poor._vp'" + to, a = "resave 'C:\\prj\\area._vp' ";
     const struct {
         string arguments;
@@ -102,9 +103,12 @@ TEST_F(resave_command, the_exit_code_tells_how_it_went_and_the_error_output_why)
         {a + "'N:\\out'", 2, {"N:\\out: is a folder"}},
         {a + "''", 2, {"needs a folder"}},
         {poor.substr(0, poor.size() - to.size()) + " 'C:\\p.tif'", 2, {"C:\\p.tif"}},
+        {a + "'N:\\file'", 2, {"N:\\file: exists and is no project file: "}},
+        {a + "'N:\\file' --overwrite", 2, {"N:\\file: exists and is no project file: "}},
+        {a + "'N:/OLDER._vp'", 2, {"N:\\Older._vp: exists; with --overwrite it is replaced"}},
         {a + "'N:/new/'", 2, {"needs a folder and a name"}},
         {a + "N:new._vp", 2, {"N:new._vp: the new project needs a folder"}},
-        {a + "'N:\\file\\new._vp'", 3, {"N:\\file\\: could not be created: "}},
+        {a + "'N:\\file\\new._vp'", 3, {"N:\\file: could not be created: "}},
         {a + "'N:\\out\\" + string(300, 'x') + "' --quiet", 3, {": could not be written: "}},
     };
     for (const auto& row : rows) {

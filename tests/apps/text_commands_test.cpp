@@ -117,7 +117,7 @@ TEST_F(command_run, no_file_of_the_project_is_written_over_under_whatever_name) 
         EXPECT_TRUE(is_told("is a file of the project and must not be written over")) << refused << err;
     }
     EXPECT_EQ(2, command("scenes 'C:\\prj\\area._vp' 'C:\\prj\\maps' --if-exists rewrite"));
-    EXPECT_TRUE(is_told("C:\\prj\\maps\\Overview._sn: is a file of the project and must not be written over"))
+    EXPECT_TRUE(is_told("C:\\prj\\maps\\overview._sn: is a file of the project and must not be written over"))
         << err;
     EXPECT_EQ("", difference(before, sources()));
 

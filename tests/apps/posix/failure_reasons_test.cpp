@@ -1,6 +1,7 @@
 // Why a resave could not copy or write something, as text and as JSON. For Linux: a file system of a fixed
 // size and the rights of another user are its own.
 #include <sys/mount.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <nlohmann/json.hpp>
@@ -24,7 +25,7 @@ protected:
     // Runs it with JSON and with text; checks the one problem of this kind in both.
     void expect_reason(const string& kind, const string& new_path, const string& reason,
                        const string& prefix = {}) {
-        const string line = "resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp' --quiet ";
+        const string line = "resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp' --overwrite --quiet ";
         for (const string form : {"--json", ""}) {
             const string whole = command_line(line + form, {{}, file_of("out"), file_of("err")});
             run_line("exec " + prefix + whole.substr(string("exec").size()));
@@ -99,6 +100,43 @@ TEST_F(failure_reasons, a_folder_without_the_right_to_write) {
         fs::permissions(folder, fs::perms::group_all | fs::perms::others_all, fs::perm_options::add);
     fs::permissions(native("n") / "out", fs::perms::all);
     expect_reason("copy_failed", target, "Permission denied", "setpriv --reuid=65534 --clear-groups ");
+}
+
+// Nothing is written, whatever is asked for.
+TEST_F(failure_reasons, a_wrong_drive_or_a_place_for_no_file_is_refused) {
+    fs::create_directories(native("n") / "out");
+    fs::create_directories(native("n") / "Out" / "sub");
+    fs::create_symlink("/dev/full", file_of("link"));
+    ASSERT_EQ(0, ::mkfifo(file_of("pipe").c_str(), 0600));
+    const string area = "'C:\\prj\\area._vp' ", to = area + "'N:\\Out\\sub\\new._vp' ";
+    const struct {
+        string variable, arguments, told;
+    } rows[] = {
+        {"", "resave " + to + "--drive C=/tmp", "--drive: a drive is mapped twice: \"C="},
+        {"", "resave " + to + "--drive z=/tmp",
+         "drive Z: is the root folder and cannot be another one: \"z=/tmp\""},
+        {"C=/tmp;c=/tmp", "list " + area, "VESTRA_DRIVES: a drive is mapped twice: \"c=/tmp\""},
+        {"Z=/;;E=/none", "list " + area, "VESTRA_DRIVES: not a drive: \"E=/none\""},
+        {"Z=/tmp", "list " + area, "VESTRA_DRIVES: drive Z: is the root folder"},
+        {"", "resave " + to + "--lowercase",
+         "N:\\Out: with --lowercase the files would go to another folder"},
+        {"", "resave " + area + "'\\\\server\\x\\new._vp'",
+         "\\\\server\\x\\new._vp: network shares are unknown"},
+        {"", "structure " + area + "'\\\\server\\x\\t.txt'",
+         "\\\\server\\x\\t.txt: network shares are unknown"},
+        {"", "resave " + area + file_of("link").string(), "link: is a device, a pipe or a link"},
+        {"", "structure " + area + "/dev/full", "Z:\\dev\\full: is a device, a pipe or a link"},
+        {"", "check-case " + area + file_of("pipe").string(), "pipe: is a device, a pipe or a link"},
+    };
+    const tree_state before = all_drives();
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.arguments);
+        const string line = command_line(row.arguments, {{}, file_of("out"), file_of("err")});
+        EXPECT_EQ(2, run_line("VESTRA_DRIVES='" + row.variable + "' " + line));
+        err = text("err");
+        EXPECT_TRUE(is_told(row.told)) << err;
+        EXPECT_EQ("", difference(before, all_drives()));
+    }
 }
 
 // A caption is never more than a caption: what follows a line feed in it is no entry of its own.

@@ -95,8 +95,8 @@ TEST_F(command_run, an_older_project_that_stands_is_not_taken_for_the_new_one) {
     built.save(source);
     ASSERT_EQ(0, command("resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp'")) << err;
     const tree_state before = all_drives();
-    const std::string line =
-        command_line("resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp'", {{}, file_of("out"), file_of("err")});
+    const std::string line = command_line("resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp' --overwrite",
+                                          {{}, file_of("out"), file_of("err")});
     EXPECT_EQ(3, run_line("ulimit -f 1; " + line));
     EXPECT_EQ("", difference(before, all_drives()));
 }
