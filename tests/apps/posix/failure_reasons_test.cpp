@@ -1,5 +1,5 @@
-// Why a resave could not copy or write something, as text and as JSON. For Linux: a file system of a fixed
-// size and the rights of another user are its own.
+// Linux only: file systems of a fixed size, rights of another user, devices and drives that are folders.
+// Why a resave could not copy or write something, as text and as JSON, and what is refused.
 #include <sys/mount.h>
 #include <sys/stat.h>
 #include <unistd.h>
