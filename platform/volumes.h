@@ -15,8 +15,14 @@ namespace vs::project_resave::platform {
 
 // Makes a folder a drive. `assignment` is "C=/data/c", as `program_arguments` returns it; a drive that
 // exists is moved. Returns false and sets `message`, which is for the user and has the operating system's
-// reason, if the form is wrong, the folder cannot be reached, or the target has its own drives (Windows).
+// reason, if the form is wrong, the folder cannot be reached, the drive is Z:, which is always the root folder,
+// or the target has drives of its own (Windows).
 bool add_drive(std::string_view assignment, std::string& message);
+
+// Checks the variable VESTRA_DRIVES, of which the drives come that are there without `add_drive`. Returns
+// false and sets `message`, which is for the user, if one of its entries was skipped or names a drive again.
+// Always true where the target has drives of its own (Windows).
+bool check_drive_variable(std::string& message);
 
 // Returns the full path, with its drive, of a path as a person types it. One that already has a drive is
 // returned as it is. In any other one "." and ".." are resolved, and it gets the drive of the longest folder

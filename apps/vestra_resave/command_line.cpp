@@ -76,7 +76,8 @@ void add_verify(CLI::App& app, command_line& line) {
                     line.options, line.project);
     command->add_flag("--json", line.options.json, "Print one JSON object");
     command->footer(
-        "Ends with 0 stands alone, 1 does not, 2 wrong use or project not loadable, 130 stopped.");
+        "Exit status: 0 self-contained, 1 not self-contained, 2 usage error or project cannot be loaded, 130 "
+        "interrupted");
     command->callback([&line] { line.run = [&line] { return verify_project(line.project, line.options); }; });
 }
 
@@ -127,15 +128,16 @@ void add_resave(CLI::App& app, command_line& line, words& words) {
         ->add_option("--only", request.selection.only,
                      "Keep nothing but this element, by uuid or caption; repeatable")
         ->allow_extra_args(false);
+    command->add_flag("--overwrite", request.overwrite, "Replace the project if NEW_PROJECT exists");
     command->add_flag("--files", request.list_files, "Print what went where");
     CLI::Option* verifies = command->add_flag("--verify", request.verify,
                                               "Look at the new project, and compare copies with sources");
     command->add_flag("--dry-run", words.dry_run, "Print what would go where, and write nothing")
         ->excludes(verifies);
     command->add_flag("--json", line.options.json, "Print one JSON object");
-    command->footer(
-        "Ends with 0 saved, 1 saved with problems, 2 wrong use or project not loadable, 3 not saved, 130 "
-        "stopped.");
+    command->footer("Exit status: 0 saved, 1 saved with problems, 2 usage error or project cannot be loaded, "
+                    "3 not saved, 130 "
+                    "interrupted");
     command->callback([&] {
         request.settings.structure_variant = structures.at(words.structure);
         request.settings.rename_on_conflict = words.conflict == "rename";
@@ -168,7 +170,9 @@ void add_structure(CLI::App& app, command_line& line, words& words) {
     command->add_option("--indent", words.indent, "What a level of depth is indented by")
         ->check(CLI::IsMember(indents))
         ->capture_default_str();
-    command->footer("Ends with 0 written, 2 wrong use or project not loadable, 3 not written, 130 stopped.");
+    command->footer(
+        "Exit status: 0 written, 1 written but something could not be read, 2 usage error or project "
+        "cannot be loaded, 3 not written, 130 interrupted");
     command->callback([&] {
         settings.indent_text = indents.at(words.indent);
         line.run = [&line] { return write_structure(line.structure, line.options); };
@@ -183,7 +187,9 @@ void add_scenes(CLI::App& app, command_line& line, words& words) {
     command->add_option("--if-exists", words.if_exists, "When there is a scene file of the name")
         ->check(CLI::IsMember(ways_if_scene_file_exists))
         ->capture_default_str();
-    command->footer("Ends with 0 written, 2 wrong use or project not loadable, 3 not all written.");
+    command->footer(
+        "Exit status: 0 written, 1 written but something could not be read, 2 usage error or project "
+        "cannot be loaded, 3 not all written");
     command->callback([&] {
         request.settings.on_exists = ways_if_scene_file_exists.at(words.if_exists);
         line.run = [&line] { return write_scenes(line.scenes, line.options); };
@@ -196,9 +202,9 @@ void add_check_case(CLI::App& app, command_line& line) {
                     line.options, line.project);
     command->add_option("REPORT", line.report, "Text file to be written, in place of one that exists")
         ->required();
-    command->footer(
-        "Ends with 0 all well, 1 differences found, 2 wrong use or project not loadable, 3 not written, 130 "
-        "stopped.");
+    command->footer("Exit status: 0 all well, 1 differences found or something could not be read, 2 usage "
+                    "error or project "
+                    "cannot be loaded, 3 not written, 130 interrupted");
     command->callback(
         [&line] { line.run = [&line] { return check_case(line.project, line.report, line.options); }; });
 }

@@ -29,6 +29,7 @@ struct resave_request {
     bool load_log = false;
     bool list_files = false; // print what went where
     bool verify = false;     // check the new project once it is saved
+    bool overwrite = false;  // replace a project that exists at `new_project`
     decided_answers answers;
     selection_request selection;
 };

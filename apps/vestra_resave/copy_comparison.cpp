@@ -16,11 +16,16 @@ namespace {
 
 constexpr size_t piece = 256 * 1024;
 
-std::unique_ptr<platform::file> opened(const wide_string& path) {
-    std::unique_ptr<platform::file> file;
-    platform::current_system().open(path, platform::access::read, platform::disposition::open_existing, file);
-    return file;
+platform::outcome open_to_read(const wide_string& path, std::unique_ptr<platform::file>& file) {
+    return platform::current_system().open(path, platform::access::read, platform::disposition::open_existing,
+                                           file);
 }
+
+// Why a copy is not as its source; no kind if it is, and after a stop.
+struct difference {
+    const char* kind = nullptr;
+    platform::outcome reason;
+};
 
 class comparison {
 public:
@@ -31,16 +36,16 @@ public:
         if (is_at_end()) return;
         if (platform::current_system().kind_of(source) == entry_kind::folder)
             return add_folder(source, target);
-        const std::string reason = difference(source, target);
-        if (!reason.empty() && !found_.stopped && !is_scene_file(target))
-            found_.differing.push_back({source, target, reason});
+        const difference found = compare(source, target);
+        if (found.kind && !found_.stopped && !is_scene_file(target))
+            found_.differing.push_back({found.kind, {}, source, target, found.reason.text()});
     }
 
 private:
     bool is_at_end() { return found_.stopped = found_.stopped || is_stopped_(); }
 
     void add_folder(const wide_string& source, const wide_string& target) {
-        const wide_string from = source + (is_separator(source.back()) ? u"" : u"\\");
+        const wide_string from = path_with_separator(source);
         std::vector<platform::unread_folder> unread;
         const auto place_of = [&](const wide_string& path) {
             return path_join(target, path_relative(from, path));
@@ -48,21 +53,28 @@ private:
         for (const auto& entry : platform::list_tree(platform::current_system(), from, &unread))
             if (!entry.is_folder) add(entry.path, place_of(entry.path));
         for (const auto& folder : unread)
-            found_.differing.push_back({folder.path, place_of(folder.path), "unreadable"});
+            found_.differing.push_back(
+                {own_kind::source_unreadable, {}, folder.path, place_of(folder.path), folder.reason.text()});
     }
 
-    // Empty if there is none, and after a stop.
-    std::string difference(const wide_string& source, const wide_string& target) {
-        if (platform::current_system().kind_of(target) != entry_kind::file) return "missing";
-        const auto one = opened(source), other = opened(target);
-        if (!one || !other) return "unreadable";
+    difference compare(const wide_string& source, const wide_string& target) {
+        if (platform::current_system().kind_of(target) != entry_kind::file)
+            return {own_kind::copy_missing, {}};
+        std::unique_ptr<platform::file> one, other;
+        platform::outcome result = open_to_read(source, one);
+        if (!result) return {own_kind::source_unreadable, result};
+        result = open_to_read(target, other);
+        if (!result) return {own_kind::copy_unreadable, result};
         uint64_t rest = one->size();
-        if (rest != other->size()) return "size";
+        if (rest != other->size()) return {own_kind::copy_size_differs, {}};
         for (; rest != 0 && !is_at_end(); rest -= std::min<uint64_t>(rest, piece)) {
             const auto length = static_cast<size_t>(std::min<uint64_t>(rest, piece));
-            if (!one->read_whole(first_.data(), length) || !other->read_whole(second_.data(), length))
-                return "unreadable";
-            if (std::memcmp(first_.data(), second_.data(), length) != 0) return "content";
+            result = one->read_whole(first_.data(), length);
+            if (!result) return {own_kind::source_unreadable, result};
+            result = other->read_whole(second_.data(), length);
+            if (!result) return {own_kind::copy_unreadable, result};
+            if (std::memcmp(first_.data(), second_.data(), length) != 0)
+                return {own_kind::copy_content_differs, {}};
         }
         return {};
     }

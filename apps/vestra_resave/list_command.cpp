@@ -48,18 +48,25 @@ void print(const element& shown, size_t depth) {
 
 int list_project(const std::string& project, const common_options& options) {
     session host(options, {});
-    if (!host.load(project)) return wrong_use;
+    if (const auto early = host.load(project)) return end_with(*early, options);
+    const std::vector<problem> found = host.reading_problems();
+    for (const problem& each : found) complain(line_of(each));
+    const int end = found.empty() ? done : problems;
     const wide_string& path = host.context().placement.source_project_path;
     const std::vector<element> elements = elements_of(host.context());
     if (options.json) {
         ordered_json all = ordered_json::array();
         for (const element& shown : elements) all.push_back(to_json(shown, host.context().selection));
-        std::cout << ordered_json{{"project", to_utf8(path)}, {"elements", std::move(all)}}.dump(2) << '\n';
-        return done;
+        const ordered_json shown{{"project", to_utf8(path)},
+                                 {"outcome", found.empty() ? "listed" : "listed with problems"},
+                                 {"problems", json_of(found)},
+                                 {"elements", std::move(all)}};
+        std::cout << shown.dump(2) << '\n';
+        return end;
     }
     std::cout << shell::printable(path) << "  " << size_text(bytes_of(path)) << '\n';
     for (const element& shown : elements) print(shown, 1);
-    return done;
+    return end;
 }
 
 } // namespace vestra::command

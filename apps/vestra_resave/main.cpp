@@ -1,20 +1,83 @@
+#include <cerrno>
+#include <cstdio>
 #include <exception>
+#include <iostream>
+#include <streambuf>
+#include <system_error>
 
 #include "apps/vestra_resave/command_line.h"
+#include "apps/vestra_resave/problems.h"
+#include "platform/terminal.h"
+#include "platform/text.h"
 
-int main(int argc, char** argv) try {
-    using namespace vestra::command;
-    command_line line;
-    if (const auto end = parse(argc, argv, line)) return *end;
-    if (const auto reason = apply(line.options)) {
-        complain(*reason);
-        return wrong_use;
+namespace {
+
+using namespace vestra::command;
+namespace platform = vs::project_resave::platform;
+
+// Takes what goes to std::cout during its own life, and remembers why something of it could not be written.
+class standard_output final : public std::streambuf {
+public:
+    standard_output() : before_(std::cout.rdbuf(this)) {}
+    ~standard_output() override { std::cout.rdbuf(before_); }
+    standard_output(const standard_output&) = delete;
+    standard_output& operator=(const standard_output&) = delete;
+
+    // Writes what is left. Returns 0 or, if something is lost, the error number of the first failure.
+    int finish() {
+        sync();
+        return error_;
     }
-    return line.run();
-} catch (const vestra::command::bundle_not_loaded& failure) {
-    vestra::command::complain(failure.what());
-    return vestra::command::wrong_use;
-} catch (const std::exception& failure) { // out of memory, above all
-    vestra::command::complain(failure.what());
-    return vestra::command::not_saved;
+
+private:
+    std::streamsize xsputn(const char* text, std::streamsize length) override {
+        if (error_ != 0) return 0;
+        const std::size_t written = std::fwrite(text, 1, static_cast<std::size_t>(length), stdout);
+        note(static_cast<std::streamsize>(written) == length);
+        return static_cast<std::streamsize>(written);
+    }
+    int_type overflow(int_type next) override {
+        const char one = traits_type::to_char_type(next);
+        return xsputn(&one, 1) == 1 ? next : traits_type::eof();
+    }
+    int sync() override {
+        if (error_ == 0) note(std::fflush(stdout) == 0);
+        return error_ == 0 ? 0 : -1;
+    }
+    void note(bool succeeded) {
+        if (!succeeded) error_ = errno != 0 ? errno : EIO;
+    }
+
+    std::streambuf* before_;
+    int error_ = 0;
+};
+
+int run(int argc, char** argv) {
+    command_line line;
+    try {
+        if (const auto end = parse(argc, argv, line)) return *end;
+        if (const auto reason = apply(line.options)) return end_with(refused({}, *reason), line.options);
+        return line.run();
+    } catch (const bundle_not_loaded& failure) {
+        return end_with({wrong_use, {{own_kind::not_loaded, {}, failure.path, {}, failure.reason}}},
+                        line.options);
+    } catch (const std::exception& failure) { // out of memory, above all
+        const auto what = platform::from_utf8(failure.what());
+        return end_with(
+            {not_saved, {{name_of(vs::project_resave::fact_kind::exception_caught), {}, {}, {}, what}}},
+            line.options);
+    }
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    platform::prepare_standard_streams();
+    standard_output output;
+    const int status = run(argc, argv);
+    if (const int error = output.finish()) {
+        complain("standard output could not be written: " + std::generic_category().message(error));
+        if (status < wrong_use) return not_saved;
+    }
+    return status == stopped ? platform::stop_status() : status;
 }

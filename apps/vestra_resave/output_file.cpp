@@ -5,13 +5,13 @@
 #include <unordered_set>
 
 #include "apps/vestra_resave/elements.h"
-
-#include "apps/vestra_resave/resave_report.h"
 #include "core/copying.h"
 #include "operations/project_context.h"
 #include "operations/run/path_files.h"
 #include "platform/path_text.h"
 #include "platform/system.h"
+#include "platform/text.h"
+#include "platform/volumes.h"
 
 namespace vestra::command {
 
@@ -69,42 +69,49 @@ bool project_files::hold(const wide_string& path) const {
 
 } // namespace
 
-bool would_replace_project_file(const std::vector<wide_string>& paths, project_context& context) {
-    std::vector<wide_string> standing;
-    std::ranges::copy_if(paths, std::back_inserter(standing), &path_exists);
-    if (standing.empty()) return false; // the usual case, in which no file of the project is looked at
+std::optional<refusal> protect_project_files(const std::vector<wide_string>& paths,
+                                             project_context& context) {
+    std::vector<wide_string> existing;
+    std::ranges::copy_if(paths, std::back_inserter(existing), &path_exists);
+    if (existing.empty()) return std::nullopt; // the usual case, in which no file of the project is looked at
     const project_files files(context);
-    bool is_one = false;
-    for (const wide_string& path : standing) {
-        if (!files.hold(path)) continue;
-        complain(one_line(path) + ": is a file of the project and must not be written over");
-        is_one = true;
-    }
-    return is_one;
+    refusal early;
+    for (const wide_string& path : existing)
+        if (files.hold(path))
+            early.problems.push_back(
+                refused(path, "is a file of the project and must not be written over").problems.front());
+    return early.problems.empty() ? std::nullopt : std::optional(std::move(early));
 }
 
 bool is_same_file(const wide_string& one, const wide_string& other) {
     return path_same(one, other) || platform::current_system().same_file(one, other);
 }
 
-int create_text_file(const wide_string& path, project_context& context) {
-    const std::string shown = one_line(path);
-    if (is_same_file(path, context.placement.source_project_path)) {
-        complain(shown + ": is the project itself and must not be written over");
-        return wrong_use;
-    }
+std::optional<refusal> refuse_output(const std::string& typed) {
+    if (typed.starts_with("\\\\") && platform::native_path(platform::from_utf8(typed)).empty())
+        return refused(
+            {}, typed + ": network shares are unknown on this system; give a folder where it is mounted");
+    const wide_string path = platform::drive_path(typed);
+    platform::system& disk = platform::current_system();
+    const platform::entry_kind kind = disk.kind_of(path);
+    if (kind == platform::entry_kind::folder) return refused(path, "is a folder; give the name of a file");
+    wide_string name;
+    if (kind == platform::entry_kind::none && disk.true_name(path_head(path), path_file_name(path), name))
+        return refused(path, "is a device, a pipe or a link that leads nowhere; give the name of a file");
+    return std::nullopt;
+}
+
+std::optional<refusal> create_text_file(const wide_string& path, project_context& context) {
+    if (is_same_file(path, context.placement.source_project_path))
+        return refused(path, "is the project itself and must not be written over");
     platform::system& files = platform::current_system();
+    if (auto early = protect_project_files({path}, context)) return early;
     std::unique_ptr<platform::file> created;
-    if (files.kind_of(path) == platform::entry_kind::folder) {
-        complain(shown + ": is a folder");
-        return not_saved;
-    }
-    if (would_replace_project_file({path}, context)) return wrong_use;
     const platform::outcome opened =
         files.open(path, platform::access::read_write, platform::disposition::create_always, created);
-    if (opened) return done;
-    complain(shown + ": could not be created: " + one_line(opened.text()));
-    return not_saved;
+    if (opened) return std::nullopt;
+    return refusal{not_saved,
+                   {{own_kind::not_created, {}, {}, as_on_disk(path), reason_of(opened.text(), path)}}};
 }
 
 } // namespace vestra::command

@@ -8,14 +8,19 @@ namespace vestra::command {
 // True if both paths lead, or would lead, to one file.
 bool is_same_file(const wide_string& one, const wide_string& other);
 
-// Creates the file, or empties one that exists: never the loaded project or one of its files. Tells what is
-// wrong otherwise, and answers how the command ends: `done` if it may go on.
-int create_text_file(const wide_string& path, vs::project_resave::project_context& context);
+// Returns why nothing is written at the path that was typed as `typed`: it is a folder, a device, a pipe, a
+// link that leads nowhere, or on a share where the operating system knows none.
+std::optional<refusal> refuse_output(const std::string& typed);
 
-// Names each of the paths at which a file of the loaded project stands, under whatever name or link, on the
-// error output; true if there is one. Files of the project are itself, its data sets, what its elements refer
-// to and the items of services, and all that is in a folder among them.
-bool would_replace_project_file(const std::vector<wide_string>& paths,
-                                vs::project_resave::project_context& context);
+// Creates the file, or empties one that exists: never the loaded project or one of its files. Returns why the
+// command ends here instead.
+std::optional<refusal> create_text_file(const wide_string& path,
+                                        vs::project_resave::project_context& context);
+
+// Returns a refusal that names each of the paths at which a file of the loaded project exists, under whatever
+// name or link. Files of the project are itself, its data sets, what its elements refer to and the items of
+// services, and all that is in a folder among them.
+std::optional<refusal> protect_project_files(const std::vector<wide_string>& paths,
+                                             vs::project_resave::project_context& context);
 
 } // namespace vestra::command

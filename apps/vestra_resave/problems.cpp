@@ -1,6 +1,7 @@
 #include "apps/vestra_resave/problems.h"
 
 #include <algorithm>
+#include <iostream>
 #include <nlohmann/json.hpp>
 #include <unordered_set>
 
@@ -21,34 +22,40 @@ using platform::to_utf8;
 namespace {
 
 struct kind_words {
-    fact_kind kind;
     const char* name;
     // What failed, as it follows the path; a "%" stands for the new path.
     const char* text;
 };
-constexpr kind_words all_kinds[fact_kind_count] = {
-    {fact_kind::source_lost, "source_lost", "does not exist"},
-    {fact_kind::copy_failed, "copy_failed", "could not be copied to %"},
-    {fact_kind::no_place, "no_place", "has no place under this folder structure"},
-    {fact_kind::not_read, "not_read", "could not be read, so the files it refers to were not copied"},
-    {fact_kind::not_written, "not_written", "could not be written"},
-    {fact_kind::type_not_resaved, "type_not_resaved", "layers of this type are not resaved"},
-    {fact_kind::join_kept, "join_kept", "still joined to the original table"},
-    {fact_kind::selection_not_settled, "selection_not_settled",
-     "references between elements had not settled after 12 rounds"},
-    {fact_kind::not_erased, "not_erased", "could not be erased"},
-    {fact_kind::renamed, "renamed", "was renamed to %"},
-    {fact_kind::written_over, "written_over", "was written over a file that existed"},
-    {fact_kind::exception_caught, "exception_caught", "internal error"},
+// First those of facts, in the order of fact_kind.
+constexpr kind_words all_kinds[] = {
+    {"source_lost", "does not exist"},
+    {"copy_failed", "could not be copied to %"},
+    {"no_place", "has no place under this folder structure"},
+    {"not_read", "could not be read, so the files it refers to were not copied"},
+    {"not_written", "could not be written"},
+    {"type_not_resaved", "layers of this type are not resaved"},
+    {"join_kept", "still joined to the original table"},
+    {"selection_not_settled", "references between elements had not settled after 12 rounds"},
+    {"not_erased", "could not be erased"},
+    {"renamed", "was renamed to %"},
+    {"written_over", "was written over a file that existed"},
+    {"exception_caught", "internal error"},
+    {own_kind::outside, "is outside the new project's folder"},
+    {own_kind::refused, ""},
+    {own_kind::not_loaded, "could not be loaded"},
+    {own_kind::not_created, "could not be created"},
+    {own_kind::too_little_space, "too little space"},
+    {own_kind::interrupted, "interrupted"},
+    {own_kind::reference_outside, "outside"},
+    {own_kind::reference_missing, "missing"},
+    {own_kind::reference_outside_and_missing, "outside and missing"},
+    {own_kind::unreadable, "could not be read"},
+    {own_kind::copy_missing, "its copy % does not exist"},
+    {own_kind::copy_size_differs, "its copy % has another size"},
+    {own_kind::copy_content_differs, "its copy % has another content"},
+    {own_kind::copy_unreadable, "its copy % could not be read"},
+    {own_kind::source_unreadable, "could not be read to compare it with %"},
 };
-constexpr const char* outside = "outside";
-
-std::string text_of(const std::string& kind) {
-    if (kind == outside) return "is outside the new project's folder";
-    const auto row =
-        std::ranges::find_if(all_kinds, [&](const kind_words& each) { return each.name == kind; });
-    return row->text;
-}
 
 std::string native(const wide_string& path) {
     return path.empty() ? std::string() : platform::native_path(path).string();
@@ -57,12 +64,35 @@ std::string native(const wide_string& path) {
 // Why the host could not read or write the file of a fact; empty if it is not known.
 wide_string reason_of_host(const fact& fact) {
     const files::file_error* refused = nullptr;
-    if (fact.kind == fact_kind::not_read) refused = shell::settings().refused_reads.find(fact.path);
+    if (fact.kind == fact_kind::not_read) return read_error_of(fact.path);
     if (fact.kind == fact_kind::not_written) refused = shell::settings().refused_writes.find(fact.new_path);
     return refused ? refused->why() : wide_string();
 }
 
+// The file that is where a folder of this path would go; empty if there is none.
+wide_string file_in_the_way(const wide_string& path) {
+    platform::system& disk = platform::current_system();
+    for (wide_string folder = path_head(path); !folder.empty();) {
+        folder = path_normalise(folder);
+        if (folder.size() <= path_fixed_length(folder)) break;
+        const platform::entry_kind kind = disk.kind_of(folder);
+        if (kind == platform::entry_kind::file) return folder;
+        if (kind == platform::entry_kind::folder) break;
+        folder = path_head(folder);
+    }
+    return {};
+}
+
 } // namespace
+
+wide_string reason_of(const wide_string& reason, const wide_string& path) {
+    const wide_string file = file_in_the_way(path);
+    return file.empty() ? reason : reason + u" (" + file + u" is in the way)";
+}
+
+std::string text_of(const std::string& kind) {
+    return std::ranges::find_if(all_kinds, [&](const kind_words& each) { return each.name == kind; })->text;
+}
 
 const char* name_of(fact_kind kind) { return all_kinds[static_cast<size_t>(kind)].name; }
 
@@ -77,6 +107,7 @@ std::vector<problem> problems_of(const run_state& run) {
     std::vector<problem> all;
     for (const fact& each : run.report.facts()) {
         problem& found = all.emplace_back(problem_of(each));
+        if (each.kind == fact_kind::copy_failed) found.reason = reason_of(found.reason, found.new_path);
         if (found.reason.empty()) found.reason = reason_of_host(each);
     }
     if (run.report.incomplete)
@@ -86,9 +117,7 @@ std::vector<problem> problems_of(const run_state& run) {
 
 void add_misplaced(const run_state& run, std::vector<problem>& all) {
     if (run.report.stopped) return;
-    std::unordered_set<wide_string> known;
-    for (const problem& each : all)
-        if (each.kind == name_of(fact_kind::not_written)) known.insert(path_key(each.new_path));
+    const std::unordered_set<wide_string> known = unwritten_keys(all);
     const path_placement& placement = run.placement;
     const wide_string below = path_key(placement.new_folder) + u'\\';
     for (const placed_file& file : placement.placed) {
@@ -96,25 +125,72 @@ void add_misplaced(const run_state& run, std::vector<problem>& all) {
         const wide_string key = path_key(file.new_path);
         if (!known.contains(key) && !path_exists(file.new_path))
             all.push_back({name_of(fact_kind::not_written), {}, file.old_path, file.new_path, {}});
-        if (!key.starts_with(below)) all.push_back({outside, {}, file.old_path, file.new_path, {}});
+        if (!key.starts_with(below)) all.push_back({own_kind::outside, {}, file.old_path, file.new_path, {}});
     }
+}
+
+wide_string read_error_of(const wide_string& path) {
+    const files::file_error* const refused = shell::settings().refused_reads.find(path);
+    return refused ? refused->why() : wide_string();
+}
+
+std::unordered_set<wide_string> unwritten_keys(const std::vector<problem>& all) {
+    std::unordered_set<wide_string> keys;
+    for (const problem& each : all)
+        if (each.kind == name_of(fact_kind::not_written)) keys.insert(path_key(each.new_path));
+    return keys;
 }
 
 bool is_notice(const problem& found) {
     return found.kind == name_of(fact_kind::renamed) || found.kind == name_of(fact_kind::written_over);
 }
 
+wide_string as_on_disk(const wide_string& path) {
+    const wide_string whole = path_normalise(path), head = path_head(whole);
+    wide_string spelled;
+    if (true_case_path(path, spelled)) return spelled;
+    if (head.empty() || whole.size() <= path_fixed_length(whole)) return path;
+    return path_join(as_on_disk(head), path_file_name(whole));
+}
+
+refusal refused(const wide_string& path, const std::string& reason) {
+    return {wrong_use, {{own_kind::refused, {}, as_on_disk(path), {}, platform::from_utf8(reason)}}};
+}
+
+int end_with(const refusal& early, const common_options& options) {
+    for (const problem& each : early.problems) complain(line_of(each));
+    const char* const outcome = early.exit == stopped     ? "stopped"
+                                : early.exit == wrong_use ? "refused"
+                                                          : "failed";
+    if (options.json)
+        std::cout << ordered_json{{"outcome", outcome}, {"problems", json_of(early.problems)}}.dump(2)
+                  << '\n';
+    return early.exit;
+}
+
 ordered_json json_of(const problem& found) {
-    return {{"kind", found.kind},
-            {"element",
-             {{"uuid", to_utf8(found.element.uuid)},
-              {"caption", to_utf8(found.element.caption)},
-              {"list", to_utf8(found.element.list)}}},
-            {"path", to_utf8(found.path)},
-            {"native_path", native(found.path)},
-            {"new_path", to_utf8(found.new_path)},
-            {"new_native_path", native(found.new_path)},
-            {"reason", to_utf8(found.reason)}};
+    ordered_json all{{"kind", found.kind},
+                     {"element",
+                      {{"uuid", to_utf8(found.element.uuid)},
+                       {"caption", to_utf8(found.element.caption)},
+                       {"list", to_utf8(found.element.list)}}},
+                     {"path", to_utf8(found.path)},
+                     {"native_path", native(found.path)},
+                     {"new_path", to_utf8(found.new_path)},
+                     {"new_native_path", native(found.new_path)},
+                     {"reason", to_utf8(found.reason)}};
+    if (found.holder.empty()) return all;
+    all["holder"] = found.holder;
+    all["file"] = to_utf8(found.file);
+    all["native_file"] = native(found.file);
+    return all;
+}
+
+ordered_json json_of(const std::vector<problem>& all) {
+    ordered_json array = ordered_json::array();
+    for (const problem& each : all)
+        if (!is_notice(each)) array.push_back(json_of(each));
+    return array;
 }
 
 ordered_json json_of(const std::vector<problem>& all, std::string_view kind) {
@@ -125,6 +201,8 @@ ordered_json json_of(const std::vector<problem>& all, std::string_view kind) {
 }
 
 std::string line_of(const problem& found) {
+    if (found.kind == own_kind::refused)
+        return (found.path.empty() ? "" : one_line(found.path) + ": ") + shell::printable(found.reason);
     std::string what = text_of(found.kind);
     wide_string about = found.path;
     if (const size_t place = what.find('%'); place != std::string::npos)

@@ -1,11 +1,13 @@
-// What went wrong in a run, for a person or a program: the facts of the run, with the reasons of the host and
-// with what the command finds out itself.
+// What went wrong, for a person or a program: the facts of a run with the reasons of the host, what the
+// command finds out itself, and why a command ended before it had a result.
 #pragma once
 
 #include <nlohmann/json_fwd.hpp>
 #include <string>
+#include <unordered_set>
 #include <vector>
 
+#include "apps/vestra_resave/terminal_host.h"
 #include "operations/run/run_report.h"
 
 namespace vs::project_resave {
@@ -14,31 +16,79 @@ struct run_state;
 
 namespace vestra::command {
 
-using vs::project_resave::wide_string;
+// The kinds that only the command knows; for those of facts see `name_of`.
+namespace own_kind {
+inline constexpr const char* outside = "outside"; // a copy has its place outside the new project's folder
+inline constexpr const char* refused = "refused"; // the command does not do that; `reason` says why
+inline constexpr const char* not_loaded = "not_loaded";
+inline constexpr const char* not_created = "not_created"; // a text file, or the folder of the new project
+inline constexpr const char* too_little_space = "too_little_space";
+inline constexpr const char* interrupted = "interrupted";
+// What a verification finds.
+inline constexpr const char* reference_outside = "reference_outside";
+inline constexpr const char* reference_missing = "reference_missing";
+inline constexpr const char* reference_outside_and_missing = "reference_outside_and_missing";
+inline constexpr const char* unreadable = "unreadable";
+inline constexpr const char* copy_missing = "copy_missing";
+inline constexpr const char* copy_size_differs = "copy_size_differs";
+inline constexpr const char* copy_content_differs = "copy_content_differs";
+inline constexpr const char* copy_unreadable = "copy_unreadable";
+inline constexpr const char* source_unreadable = "source_unreadable";
+} // namespace own_kind
 
-// `kind` is the name of a fact_kind, or "outside": a copy whose place is outside the new project's folder.
 struct problem {
-    std::string kind;
+    std::string kind;                         // the name of a fact_kind, or one of the above
     vs::project_resave::element_name element; // all empty where it belongs to no element
     wide_string path;                         // both as the project stores them; may be empty
     wide_string new_path;
-    wide_string
-        reason; // in the operating system's words, or the layer type, or where an exception was caught
+    // In the operating system's words, or the layer type, or where an exception was caught; may be empty.
+    wide_string reason = {};
+    // Of what a verification finds, else empty: kind of the element that holds the reference, and the file in
+    // which the reference is written.
+    std::string holder = {};
+    wide_string file = {};
 };
 
+// Why a command ended before it had a result.
+struct refusal {
+    int exit = wrong_use;
+    std::vector<problem> problems;
+};
+// Returns the path with each name that exists spelled as its folder lists it.
+wide_string as_on_disk(const wide_string& path);
+// A refusal with exit code 2 for one reason, about a path or, with an empty one, about the use of the
+// command.
+refusal refused(const wide_string& path, const std::string& reason);
+// Prints a line for each problem on the error output and, with --json, an object on the standard output.
+// Returns the exit code.
+int end_with(const refusal& early, const common_options& options);
+
+// What failed, in the words that follow a path; "%" stands for the new path.
+std::string text_of(const std::string& kind);
 // The name of a kind in JSON.
 const char* name_of(vs::project_resave::fact_kind kind);
 problem problem_of(const vs::project_resave::fact& fact);
-// The facts of the last run, what the host could not write among them with its reason.
+// The operating system's reason why `path` could not be made, with the file that is where a folder of it
+// goes.
+wide_string reason_of(const wide_string& reason, const wide_string& path);
+// Returns why the host could not read this file, without its path: "line 3: unknown element <x>"; empty if it
+// could.
+wide_string read_error_of(const wide_string& path);
+// The facts of the last run, what the host could not read or write among them with its reason.
 std::vector<problem> problems_of(const vs::project_resave::run_state& run);
 // Adds the files of a resave that are entered as made and do not exist, and those outside the new project's
 // folder. After a stop what was made may have been erased again, so nothing is added.
 void add_misplaced(const vs::project_resave::run_state& run, std::vector<problem>& all);
+// The path keys of what could not be written, though an older file of the name may exist.
+std::unordered_set<wide_string> unwritten_keys(const std::vector<problem>& all);
 // True for what a run does as it is asked to: a renamed copy, a scene file written over.
 bool is_notice(const problem& found);
 
-// {kind, element: {uuid, caption, list}, path, native_path, new_path, new_native_path, reason}
+// {kind, element: {uuid, caption, list}, path, native_path, new_path, new_native_path, reason}; of what a
+// verification finds also {holder, file, native_file}.
 nlohmann::ordered_json json_of(const problem& found);
+// All of them; without notices.
+nlohmann::ordered_json json_of(const std::vector<problem>& all);
 // Those of one kind.
 nlohmann::ordered_json json_of(const std::vector<problem>& all, std::string_view kind);
 // One line without the name of the program: "C:\a.shp: could not be copied to N:\a.shp: No space left".

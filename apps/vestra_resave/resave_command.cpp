@@ -1,5 +1,9 @@
 #include "apps/vestra_resave/commands.h"
 
+#include <algorithm>
+#include <iterator>
+#include <unordered_set>
+
 #include "apps/vestra_resave/output_file.h"
 #include "apps/vestra_resave/resave_plan.h"
 #include "apps/vestra_resave/resave_report.h"
@@ -11,6 +15,7 @@
 #include "platform/system.h"
 #include "platform/text.h"
 #include "platform/volumes.h"
+#include "reference_host/files/files.h"
 #include "reference_host/shell/front_end.h"
 #include "services/entity_factory.h"
 
@@ -32,58 +37,112 @@ std::vector<wide_string> missing_levels(wide_string folder) {
     return missing;
 }
 
-// The result of the run, or how the command ends where there is nothing to run; the person has been told why.
-struct run_end_or_exit {
-    run_end_or_exit(int status) : exit(status) {}
-    run_end_or_exit(run_result ended) : result(std::move(ended)) {}
+// Removes those of the levels that exist; returns a problem for each that could not be removed.
+std::vector<problem> take_back(const std::vector<wide_string>& levels) {
+    std::vector<problem> kept;
+    for (const wide_string& level : levels)
+        if (const platform::outcome removed = platform::current_system().remove_folder(level);
+            !removed && path_exists(level))
+            kept.push_back({name_of(fact_kind::not_erased), {}, {}, level, removed.text()});
+    return kept;
+}
 
-    std::optional<int> exit;
-    run_result result;
+// Refuses a folder whose path in lower case leads to another one that exists: the files would go there, and
+// only the project where it was to go.
+std::optional<refusal> refuse_lowered(const wide_string& folder) {
+    for (wide_string level = path_normalise(folder); level.size() > path_fixed_length(level);
+         level = path_normalise(path_head(level))) {
+        wide_string lowered = level;
+        platform::lower_in_place(lowered);
+        if (path_exists(level) && path_exists(lowered) &&
+            !platform::current_system().same_file(level, lowered))
+            return refused(level, "with --lowercase the files would go to another folder that exists: " +
+                                      one_line(lowered));
+    }
+    return std::nullopt;
+}
+
+// Returns what is wrong with the paths, before anything is read.
+std::optional<refusal> refuse_paths(const wide_string& source, const wide_string& target,
+                                    const resave_request& request) {
+    const std::string& typed = request.new_project;
+    if (is_same_file(source, target))
+        return refused({}, shell::printable(load_string(text::same_project_name)));
+    const bool has_name = typed.find_last_of("/\\") + 1 != typed.size();
+    if (path_head(target).empty() || !has_name)
+        return refused(target, "the new project needs a folder and a name");
+    if (auto early = refuse_output(typed)) return early;
+    if (request.settings.lower_case)
+        if (auto early = refuse_lowered(path_head(target))) return early;
+    if (!path_exists(target)) return std::nullopt;
+    vestra::project older;
+    if (const auto fault = files::read_project(target, older))
+        return refused(target, "exists and is no project file: " + one_line(fault->reason));
+    if (!request.overwrite) return refused(target, "exists; with --overwrite it is replaced");
+    return std::nullopt;
+}
+
+// Loads the project and leaves out what is not wanted.
+std::optional<refusal> prepare(session& host, const resave_request& request, const common_options& options,
+                               const wide_string& target) {
+    const wide_string source = platform::drive_path(request.project);
+    if (auto early = refuse_paths(source, target, request)) return early;
+    if (auto early = host.load(source, !options.quiet, request.load_log)) return early;
+    project_context& context = host.context();
+    const std::vector<element> elements = elements_of(context);
+    refusal early;
+    for (const std::string& line : apply(request.selection, elements, context.selection))
+        early.problems.push_back(refused({}, line).problems.front());
+    if (!early.problems.empty()) return early;
+    return protect_project_files({target}, context);
+}
+
+// The uuids of what is left out, with all that is in it.
+void add_left_out(const std::vector<element>& elements, const selection_register& selection, bool is_out,
+                  std::unordered_set<wide_string>& all) {
+    for (const element& each : elements) {
+        const bool is_each_out = is_out || !selection.is_selected(each.uuid);
+        if (is_each_out && !each.uuid.empty()) all.insert(each.uuid);
+        add_left_out(each.children, selection, is_each_out, all);
+    }
+}
+
+// Why there was no run, or what became of it.
+struct ended_run {
+    std::optional<refusal> early;
+    resave_report report;
 };
 
-run_end_or_exit run(session& host, const resave_request& request, const common_options& options) {
-    const wide_string source = platform::drive_path(request.project);
+ended_run run(session& host, const resave_request& request, const common_options& options) {
     const wide_string target = platform::drive_path(request.new_project);
-    if (is_same_file(source, target)) {
-        complain(shell::printable(load_string(text::same_project_name)));
-        return wrong_use;
-    }
-    const bool has_name = request.new_project.find_last_of("/\\") + 1 != request.new_project.size();
-    if (path_head(target).empty() || !has_name) {
-        complain(one_line(target) + ": the new project needs a folder and a name");
-        return wrong_use;
-    }
-    if (platform::current_system().kind_of(target) == platform::entry_kind::folder) {
-        complain(one_line(target) + ": is a folder; give the name of the new project file");
-        return wrong_use;
-    }
+    if (auto early = prepare(host, request, options, target)) return {std::move(early), {}};
     project_context& context = host.context();
-    if (!host.load(source, !options.quiet, request.load_log)) return wrong_use;
-    const std::vector<std::string> complaints =
-        apply(request.selection, elements_of(context), context.selection);
-    for (const std::string& line : complaints) complain(line);
-    if (!complaints.empty() || would_replace_project_file({target}, context)) return wrong_use;
+    std::unordered_set<wide_string> left_out;
+    add_left_out(elements_of(context), context.selection, false, left_out);
 
     const wide_string folder = path_head(target);
     const std::vector<wide_string> missing = missing_levels(folder);
-    const auto take_back = [&missing] {
-        for (const wide_string& level : missing) platform::current_system().remove_folder(level);
-    };
     if (const platform::outcome made = create_folders(folder); !made) {
-        take_back();
-        complain(one_line(folder) + ": the folder could not be created: " + one_line(made.text()));
-        return not_saved;
+        refusal early{not_saved,
+                      {{own_kind::not_created, {}, {}, as_on_disk(folder), reason_of(made.text(), folder)}}};
+        std::ranges::move(take_back(missing), std::back_inserter(early.problems));
+        return {std::move(early), {}};
     }
     resave_settings settings = request.settings;
     settings.output_path = &target;
     shell::settings().refused_writes.clear();
     const run_result result = context.resave_project(settings);
-    if (context.progress.erase_created) take_back();
-    return result;
+    std::vector<problem> problems = host.problems();
+    // What is left out on purpose is missed by nobody.
+    std::erase_if(problems, [&](const problem& each) {
+        return each.kind == name_of(fact_kind::type_not_resaved) && left_out.contains(each.element.uuid);
+    });
+    if (context.progress.erase_created) std::ranges::move(take_back(missing), std::back_inserter(problems));
+    return {std::nullopt, report_of(context, result, std::move(problems))};
 }
 
 // Reads the new project, so that what the run left in the context is gone.
-verification verified(session& host) {
+verification verified(session& host, resave_report& report) {
     project_context& context = host.context();
     const wide_string project = context.placement.new_project_path;
     std::vector<placed_file> copies;
@@ -94,37 +153,39 @@ verification verified(session& host) {
     }
     const auto is_stopped = [&] { return host.interrupted(); };
     verification found;
-    if (context.load_project(project, false, false))
-        verify(context, made, is_stopped, found);
-    else
-        found.astray.push_back({"project", path_file_name(project), project, project, "unreadable"});
+    const std::optional<refusal> early = host.load(project, false, false);
+    for (const problem& each : early ? early->problems : host.reading_problems()) {
+        if (!early && each.kind == own_kind::unreadable) continue; // the verification finds it, too
+        complain(line_of(each));
+        add(report, each);
+    }
+    if (!early) verify(context, made, is_stopped, found);
     compare(copies, is_stopped, found);
     return found;
 }
 
 void add(const verification& found, resave_report& report) {
     for (const std::string& line : lines_of(found)) complain(line);
-    if (found.stopped) {
-        complain("the verification was stopped before its end");
-        report.exit = stopped;
-    } else if (report.exit == done && !(found.astray.empty() && found.differing.empty())) {
-        report.exit = problems;
-        report.outcome = "saved with problems";
-    }
+    for (const auto* each : {&found.astray, &found.differing})
+        for (const problem& one : *each) add(report, one);
+    if (!found.stopped) return;
+    add(report, {own_kind::interrupted, {}, {}, {}, u"the verification was stopped before its end"});
+    complain(line_of(report.problems.back()));
+    report.exit = stopped;
 }
 
 } // namespace
 
 int resave(const resave_request& request, const common_options& options) {
     session host(options, request.answers);
-    const run_end_or_exit ended = run(host, request, options);
-    if (ended.exit) return *ended.exit;
-    resave_report report = report_of(host.context(), ended.result);
+    ended_run ended = run(host, request, options);
+    if (ended.early) return end_with(*ended.early, options);
+    resave_report& report = ended.report;
     print_problems(report);
-    const wide_string target = host.context().placement.new_project_path;
+    const wide_string target = as_on_disk(host.context().placement.new_project_path);
     std::optional<verification> found;
     if (request.verify && (report.exit == done || report.exit == problems)) {
-        found = verified(host);
+        found = verified(host, report);
         add(*found, report);
     }
     if (options.json)
@@ -141,17 +202,17 @@ int plan_resave(const resave_request& request, const common_options& options) {
     resave_entity_services copying;
     collect_resave_entity_services(copying);
     if (!copying.empty()) {
-        complain("--dry-run cannot be combined with a --bundle that copies its own files");
-        return wrong_use;
+        return end_with(refused({}, "--dry-run cannot be combined with a --bundle that copies its own files"),
+                        options);
     }
-    const run_end_or_exit ended = run(host, request, options);
-    if (ended.exit) return *ended.exit;
-    const resave_plan plan = plan_of(host.context(), ended.result, disk);
+    ended_run ended = run(host, request, options);
+    if (ended.early) return end_with(*ended.early, options);
+    const resave_plan plan = plan_of(host.context(), std::move(ended.report), disk);
     complain_of(plan);
     if (options.json)
         print_json(plan);
     else
-        print_text(plan, host.context().placement.new_project_path);
+        print_text(plan, as_on_disk(host.context().placement.new_project_path));
     return plan.report.exit;
 }
 

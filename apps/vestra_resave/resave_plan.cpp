@@ -64,8 +64,10 @@ private:
 // Finds what stands beside the sources. Each folder is listed once.
 class neighbourhood {
 public:
-    explicit neighbourhood(const std::vector<resave_plan::file>& files) {
-        for (const auto& each : files) taken_.insert(path_key(each.source));
+    explicit neighbourhood(const resave_plan& plan) {
+        for (const auto& each : plan.files) taken_.insert(path_key(each.source));
+        for (const problem& each : plan.report.problems)
+            if (each.kind == name_of(fact_kind::copy_failed)) taken_.insert(path_key(each.path));
     }
 
     void add(const wide_string& source, std::vector<resave_plan::neighbour>& found) {
@@ -92,39 +94,44 @@ private:
     }
 
     std::unordered_map<wide_string, names_by_beginning> folders_;
-    std::unordered_set<wide_string> taken_; // path keys of what is copied, or told already
+    std::unordered_set<wide_string> taken_; // path keys of what is copied, or was to be, or is reported
 };
-
-bool has_too_little_space(const resave_plan& plan) {
-    return plan.free_bytes && plan.bytes > *plan.free_bytes;
-}
 
 } // namespace
 
-resave_plan plan_of(const run_state& run, const run_result& result, trial_disk& disk) {
+resave_plan plan_of(const run_state& run, resave_report report, trial_disk& disk) {
     resave_plan plan;
-    plan.report = report_of(run, result);
+    plan.report = std::move(report);
     const std::vector<trial_disk::made_file> made = disk.made_files();
     const origins from(run.placement, disk);
     for (const trial_disk::made_file& each : made) {
         plan.files.push_back(from.file(each));
         plan.bytes += each.bytes;
     }
-    neighbourhood beside(plan.files);
+    neighbourhood beside(plan);
     for (const resave_plan::file& each : plan.files)
         if (!each.source.empty() && !path_same(each.target, run.placement.new_project_path))
             beside.add(each.source, plan.neighbours);
-    if (uint64_t free = 0; disk.free_space(run.placement.new_folder, free)) plan.free_bytes = free;
-    if (has_too_little_space(plan) && plan.report.exit == done) plan.report.exit = problems;
+    const wide_string& folder = run.placement.new_folder;
+    uint64_t free = 0;
+    if (const platform::outcome found = disk.free_space(folder, free))
+        plan.free_bytes = free;
+    else
+        plan.free_space_failure = found.text();
+    if (plan.free_bytes && plan.bytes > free)
+        add(plan.report,
+            {own_kind::too_little_space,
+             {},
+             {},
+             folder,
+             platform::from_utf8(size_text(plan.bytes) + " are needed, " + size_text(free) + " are free")});
     return plan;
 }
 
 void complain_of(const resave_plan& plan) {
     print_problems(plan.report);
-    if (!plan.free_bytes) complain("free disk space could not be determined");
-    if (has_too_little_space(plan))
-        complain("too little space: " + size_text(plan.bytes) + " are needed, " +
-                 size_text(*plan.free_bytes) + " are free");
+    if (!plan.free_bytes)
+        complain("free disk space could not be determined: " + one_line(plan.free_space_failure));
 }
 
 void print_json(const resave_plan& plan) {

@@ -26,12 +26,12 @@ struct resave_plan {
     std::vector<file> files;
     std::vector<neighbour> neighbours;
     uint64_t bytes = 0;                 // of all files
-    std::optional<uint64_t> free_bytes; // where they go; nothing if that cannot be told
+    std::optional<uint64_t> free_bytes; // where they go; nothing if that is unknown
+    wide_string free_space_failure;     // why it is unknown
 };
 
 // While the disk is in force. What the run left in the context is read.
-resave_plan plan_of(const vs::project_resave::run_state& run, const vs::project_resave::run_result& result,
-                    trial_disk& disk);
+resave_plan plan_of(const vs::project_resave::run_state& run, resave_report report, trial_disk& disk);
 
 // Problems and warnings, a line each on the error output.
 void complain_of(const resave_plan& plan);

@@ -31,14 +31,6 @@ using nlohmann::ordered_json;
 
 namespace {
 
-// Paths of what could not be written, though an older file of the name may exist.
-std::unordered_set<wide_string> unwritten(const std::vector<problem>& found) {
-    std::unordered_set<wide_string> keys;
-    for (const problem& each : found)
-        if (each.kind == name_of(fact_kind::not_written)) keys.insert(path_key(each.new_path));
-    return keys;
-}
-
 // After a stop what was made may have been erased again.
 std::vector<copied_file> copies_of(const path_placement& placement,
                                    const std::unordered_set<wide_string>& failed) {
@@ -51,37 +43,49 @@ std::vector<copied_file> copies_of(const path_placement& placement,
 
 } // namespace
 
-resave_report report_of(const run_state& run, const run_result& result) {
+resave_report report_of(const run_state& run, const run_result& result, std::vector<problem> problems) {
     resave_report report;
-    report.problems = problems_of(run);
+    report.problems = std::move(problems);
     add_misplaced(run, report.problems);
-    const std::unordered_set<wide_string> failed = unwritten(report.problems);
+    const std::unordered_set<wide_string> failed = unwritten_keys(report.problems);
     report.files = copies_of(run.placement, failed);
+    const wide_string& project = run.placement.new_project_path;
     // The run asks only whether a project of that name exists, which can be an older one.
-    const bool saved = result.written && !failed.contains(path_key(run.placement.new_project_path));
-    if (result.end == run_end::stopped)
+    const bool saved = result.written && !failed.contains(path_key(project));
+    if (result.end == run_end::stopped) {
         report.exit = stopped, report.outcome = "stopped";
-    else if (!saved)
+        report.problems.insert(report.problems.begin(), {own_kind::interrupted, {}, {}, {}});
+    } else if (!saved) {
         report.exit = not_saved, report.outcome = "not saved";
-    else if (!std::ranges::all_of(report.problems, &is_notice))
-        report.exit = problems, report.outcome = "saved with problems";
-    else
+        if (std::ranges::all_of(report.problems, &is_notice))
+            report.problems.push_back({name_of(fact_kind::not_written),
+                                       {},
+                                       run.placement.source_project_path,
+                                       project,
+                                       result.failure});
+    } else if (!std::ranges::all_of(report.problems, &is_notice)) {
+        report.exit = command::problems, report.outcome = "saved with problems";
+    } else {
         report.outcome = "saved";
+    }
     return report;
 }
 
+void add(resave_report& report, problem found) {
+    report.problems.push_back(std::move(found));
+    if (report.exit == done) report.exit = problems, report.outcome = "saved with problems";
+}
+
 ordered_json json_of(const resave_report& report) {
-    ordered_json files = ordered_json::array(), all = ordered_json::array();
+    ordered_json files = ordered_json::array();
     for (const copied_file& file : report.files)
         files.push_back({{"source", platform::to_utf8(file.source)},
                          {"target", platform::to_utf8(file.target)},
                          {"bytes", file.bytes}});
-    for (const problem& each : report.problems)
-        if (!is_notice(each)) all.push_back(json_of(each));
     const auto view = [&](const char* kind) { return json_of(report.problems, kind); };
     return {{"outcome", report.outcome},
             {"files", std::move(files)},
-            {"problems", std::move(all)},
+            {"problems", json_of(report.problems)},
             {"lost_sources", view("source_lost")},
             {"copy_errors", view("copy_failed")},
             {"types_not_resaved", view("type_not_resaved")},
@@ -107,10 +111,25 @@ void print_json(const resave_report& report, const std::optional<verification>& 
 }
 
 void print_problems(const resave_report& report) {
-    if (report.exit == stopped) complain("interrupted");
     for (const problem& each : report.problems)
         if (each.kind != name_of(fact_kind::renamed)) complain(line_of(each));
 }
+
+namespace {
+
+// The names by number alone, unless files are listed: there can be thousands.
+void print_renamed(const resave_report& report, bool list_files) {
+    std::vector<const problem*> renamed;
+    for (const problem& each : report.problems)
+        if (each.kind == name_of(fact_kind::renamed)) renamed.push_back(&each);
+    if (renamed.empty()) return;
+    if (list_files)
+        for (const problem* each : renamed) std::cout << line_of(*each) << '\n';
+    std::cout << "renamed, as the name was taken: " << renamed.size()
+              << (list_files ? "" : " (--files or --json names them)") << '\n';
+}
+
+} // namespace
 
 void print_text(const resave_report& report, const wide_string& new_project, bool list_files) {
     if (list_files)
@@ -120,6 +139,7 @@ void print_text(const resave_report& report, const wide_string& new_project, boo
     for (const copied_file& file : report.files) bytes += file.bytes;
     std::cout << report.outcome << ": " << one_line(new_project) << ", " << report.files.size() << " files, "
               << size_text(bytes) << '\n';
+    print_renamed(report, list_files);
 }
 
 } // namespace vestra::command

@@ -31,18 +31,20 @@ struct resave_report {
     int exit = done;
     std::string outcome; // "saved", "saved with problems", "not saved", "stopped"
     std::vector<copied_file> files;
-    std::vector<problem> problems; // notices among them
+    std::vector<problem> problems; // notices among them; none but notices exactly if it is saved
 };
 
-// Reads what the run left in the context.
+// Reads what the run left in the context. `problems` are those that the session knows.
 resave_report report_of(const vs::project_resave::run_state& run,
-                        const vs::project_resave::run_result& result);
+                        const vs::project_resave::run_result& result, std::vector<problem> problems);
+// Adds a problem that came up after the run: a project that was saved is saved with problems then.
+void add(resave_report& report, problem found);
 nlohmann::ordered_json json_of(const resave_report& report);
 // With what a verification found, if there was one.
 void print_json(const resave_report& report, const std::optional<verification>& found);
 // Each problem, and each file written over, a line on the error output.
 void print_problems(const resave_report& report);
-// A line of summary and, if wanted, each file.
+// A line of summary, how many copies got another name and, if wanted, each file.
 void print_text(const resave_report& report, const wide_string& new_project, bool list_files);
 
 } // namespace vestra::command

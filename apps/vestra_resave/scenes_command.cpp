@@ -1,5 +1,6 @@
 #include "apps/vestra_resave/commands.h"
 
+#include <algorithm>
 #include <iostream>
 #include <unordered_set>
 
@@ -33,41 +34,43 @@ std::vector<wide_string> scene_files(project_context& context, const wide_string
     return paths;
 }
 
-// The run works in the current folder, so its paths are names.
-void print_outcome(const project_context& context, const wide_string& folder, bool quiet) {
-    std::unordered_set<wide_string> failed;
-    for (problem each : problems_of(context)) {
-        each.new_path = path_join(folder, each.new_path);
-        if (each.kind == name_of(fact_kind::not_written)) failed.insert(path_key(each.new_path));
+// The run works in the current folder, so its paths are names. Returns true if nothing went wrong.
+bool print_outcome(session& host, const wide_string& folder, bool quiet) {
+    std::vector<problem> all = host.reading_problems();
+    for (problem& each : all) {
+        if (!each.new_path.empty()) each.new_path = path_join(folder, each.new_path);
         complain(line_of(each));
     }
+    const std::unordered_set<wide_string> failed = unwritten_keys(all);
     std::unordered_set<wide_string> seen;
-    for (const placed_file& scene : context.placement.placed) {
+    for (const placed_file& scene : host.context().placement.placed) {
         const wide_string path = path_join(folder, scene.new_path), key = path_key(path);
         if (!quiet && !failed.contains(key) && seen.insert(key).second) std::cout << one_line(path) << '\n';
     }
+    return std::ranges::all_of(all, &is_notice);
 }
 
 } // namespace
 
 int write_scenes(const scenes_request& request, const common_options& options) {
     session host(options, {});
-    if (!host.load(request.project)) return wrong_use;
+    if (const auto early = host.load(request.project)) return end_with(*early, options);
     project_context& context = host.context();
-    const wide_string folder = platform::drive_path(request.folder);
+    const wide_string folder = as_on_disk(platform::drive_path(request.folder));
     // The run writes into the current folder: nothing was resaved before it.
     if (const platform::outcome entered = platform::set_current_folder(folder); !entered) {
         complain(one_line(folder) + ": could not be entered: " + one_line(entered.text()));
         return not_saved;
     }
     scene_file_settings settings = request.settings;
-    if (settings.on_exists == on_existing_file::rewrite &&
-        would_replace_project_file(scene_files(context, folder), context))
-        return wrong_use;
+    if (settings.on_exists == on_existing_file::rewrite)
+        if (const auto early = protect_project_files(scene_files(context, folder), context))
+            return end_with(*early, options);
     settings.folder = folder.c_str();
     const run_result result = context.create_scene_files(settings);
-    print_outcome(context, folder, options.quiet);
-    return result.written ? done : not_saved;
+    const bool went_well = print_outcome(host, folder, options.quiet);
+    if (!result.written) return not_saved;
+    return went_well ? done : problems;
 }
 
 } // namespace vestra::command

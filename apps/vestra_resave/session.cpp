@@ -1,9 +1,16 @@
 #include "apps/vestra_resave/session.h"
 
+#include <algorithm>
+#include <iterator>
+#include <map>
+#include <unordered_set>
+
 #include "apps/vestra_resave/problems.h"
 #include "apps/vestra_resave/resave_report.h"
 #include "framework/resources/strings.h"
 #include "operations/project_context.h"
+#include "operations/run/path_files.h"
+#include "platform/path_text.h"
 #include "platform/volumes.h"
 #include "reference_host/shell/front_end.h"
 #include "ui/dialogs.h"
@@ -33,8 +40,6 @@ unique_name_answer command_questions::new_name(const wide_string& source, const 
     return show_unique_name_dialog(source, proposed);
 }
 
-using namespace vs::project_resave;
-
 session::session(const common_options& options, const decided_answers& answers)
     : host_(terminal_, options), questions_(host_.front_end(), answers) {
     host_.start_own_bundle();
@@ -49,17 +54,47 @@ session::~session() {
     services_.clear();
 }
 
-bool session::load(const std::string& project) { return load(platform::drive_path(project), false, false); }
+std::optional<refusal> session::load(const std::string& project) {
+    return load(platform::drive_path(project), false, false);
+}
 
-bool session::load(const wide_string& path, bool show_wait, bool write_open_log) {
-    shell::settings().read_error.reset();
+std::optional<refusal> session::load(const wide_string& path, bool show_wait, bool write_open_log) {
     shell::settings().refused_reads.clear();
-    if (context_->load_project(path, show_wait, write_open_log)) return true;
-    const auto& refused = shell::settings().read_error;
-    complain(refused ? one_line(refused->text()) : one_line(path) + ": could not be loaded");
-    for (const fact& each : context_->report.facts())
-        if (each.kind == fact_kind::exception_caught) complain(line_of(problem_of(each)));
-    return false;
+    context_->report.restart({}); // what an earlier run reported has been read
+    const bool is_loaded = context_->load_project(path, show_wait, write_open_log);
+    load_problems_ = problems_of(*context_);
+    if (!is_loaded) {
+        refusal early{wrong_use, {{own_kind::not_loaded, {}, path, {}, read_error_of(path)}}};
+        std::ranges::move(reading_problems(), std::back_inserter(early.problems));
+        return early;
+    }
+    if (platform::termination_requested()) return refusal{stopped, {{own_kind::interrupted, {}, {}, {}}}};
+    return std::nullopt;
+}
+
+std::vector<problem> session::problems() const {
+    std::vector<problem> all = problems_of(*context_);
+    const auto is_reported = [&](const problem& found) {
+        return std::ranges::any_of(all, [&](const problem& other) {
+            return other.kind == found.kind && path_same(other.path, found.path) &&
+                   other.element.uuid == found.element.uuid;
+        });
+    };
+    std::vector<problem> earlier;
+    std::ranges::remove_copy_if(load_problems_, std::back_inserter(earlier), is_reported);
+    all.insert(all.begin(), earlier.begin(), earlier.end());
+    return all;
+}
+
+std::vector<problem> session::reading_problems() const {
+    std::vector<problem> all = problems();
+    std::erase_if(all, [](const problem& each) { return each.kind == name_of(fact_kind::type_not_resaved); });
+    std::unordered_set<wide_string> seen{path_key(context_->placement.source_project_path)};
+    const auto& refused = shell::settings().refused_reads.all();
+    for (const auto& [key, error] : std::map(refused.begin(), refused.end()))
+        if (path_exists(error.file) && seen.insert(key).second)
+            all.push_back({own_kind::unreadable, {}, error.file, {}, error.why()});
+    return all;
 }
 
 } // namespace vestra::command

@@ -4,7 +4,7 @@
 #include <optional>
 #include <string>
 
-#include "apps/vestra_resave/terminal_host.h"
+#include "apps/vestra_resave/problems.h"
 #include "operations/run/run_questions.h"
 #include "reference_host/shell/front_end.h"
 #include "services/entity_factory.h"
@@ -56,10 +56,15 @@ public:
     session(const common_options& options, const decided_answers& answers);
     ~session();
 
-    // Loads a project, by its native or its drive path. On failure the reason is on the error output, in one
-    // line.
-    bool load(const std::string& project);
-    bool load(const wide_string& path, bool show_wait, bool write_open_log);
+    // Loads a project, by its native or its drive path. Returns why the command ends here: the project could
+    // not be loaded, or the program is to end.
+    std::optional<refusal> load(const std::string& project);
+    std::optional<refusal> load(const wide_string& path, bool show_wait, bool write_open_log);
+    // What the load found, and then what the last run reported; what both did is there once.
+    std::vector<problem> problems() const;
+    // The same without layer types that nothing resaves, which concern a resave alone, but with the scene
+    // files of maps that could not be read.
+    std::vector<problem> reading_problems() const;
 
     vs::project_resave::project_context& context() { return *context_; }
     // Whether Ctrl-C came since the last run ended.
@@ -71,6 +76,7 @@ private:
     command_questions questions_;
     vs::project_resave::resave_services services_;
     std::unique_ptr<vs::project_resave::project_context> context_;
+    std::vector<problem> load_problems_;
 };
 
 } // namespace vestra::command

@@ -1,7 +1,9 @@
 #include "apps/vestra_resave/terminal_host.h"
 
+#include <cctype>
 #include <cstdlib>
 #include <iostream>
+#include <set>
 
 #include "framework/bundle_entry.h"
 #include "platform/volumes.h"
@@ -27,8 +29,13 @@ void complain(const std::string& reason) { std::cerr << "vestra-resave: " << rea
 
 std::optional<std::string> apply(const common_options& options) {
     std::string reason;
-    for (const std::string& drive : options.drives)
+    if (!platform::check_drive_variable(reason)) return reason;
+    std::set<int> letters;
+    for (const std::string& drive : options.drives) {
         if (!platform::add_drive(drive, reason)) return reason;
+        if (!letters.insert(std::toupper(static_cast<unsigned char>(drive.front()))).second)
+            return "--drive: a drive is mapped twice: \"" + drive + "\"";
+    }
     shell::settings().language_offset = is_russian(options) ? 0 : 50000;
     return std::nullopt;
 }
@@ -49,9 +56,7 @@ void terminal_host::load_bundles() {
 }
 
 void terminal_host::load(const wide_string& path) {
-    if (const auto error = bundles_.load(path))
-        throw bundle_not_loaded("cannot load the bundle " + shell::printable(error->path) + ": " +
-                                shell::printable(error->reason));
+    if (const auto error = bundles_.load(path)) throw bundle_not_loaded{error->path, error->reason};
 }
 
 void terminal_host::connect() {

@@ -2,7 +2,6 @@
 #pragma once
 
 #include <optional>
-#include <stdexcept>
 #include <string>
 #include <vector>
 
@@ -28,8 +27,9 @@ struct common_options {
 enum exit_code : int { done = 0, problems = 1, wrong_use = 2, not_saved = 3, stopped = 130 };
 
 // What a host throws that cannot begin: which bundle could not be loaded, and why.
-struct bundle_not_loaded : std::runtime_error {
-    using std::runtime_error::runtime_error;
+struct bundle_not_loaded {
+    wide_string path;
+    wide_string reason;
 };
 
 // One at a time. Its end takes all bundles out.

@@ -57,8 +57,19 @@ uint64_t trial_disk::bytes_of(const entry& file) const {
     return file.text ? file.text->size() : real_.file_size(file.source);
 }
 
+// Where a file is in the way, the real disk says what it says of a file that is taken for a folder.
 outcome trial_disk::has_folder(const wide_string& path) {
-    return kind_of(folder_of(path)) == entry_kind::folder ? outcome() : failure::missing;
+    wide_string folder = folder_of(path);
+    if (kind_of(folder) == entry_kind::folder) return {};
+    for (; folder.size() > path_fixed_length(folder); folder = folder_of(folder)) {
+        if (kind_of(folder) == entry_kind::none) continue;
+        const entry* found = known(folder);
+        if (found && found->kind == entry_kind::folder) break;
+        std::vector<platform::folder_entry> none;
+        const outcome listed = real_.list(found ? found->source : folder, none);
+        return listed ? failure::missing : listed;
+    }
+    return failure::missing;
 }
 
 // Also where nothing can be opened but the name is taken, by a broken link for one.
@@ -134,8 +145,8 @@ outcome trial_disk::delete_file(const wide_string& path) {
 }
 
 outcome trial_disk::create_folder(const wide_string& path) {
-    outcome result = is_free(path);
-    if (result) result = has_folder(path);
+    outcome result = has_folder(path);
+    if (result) result = is_free(path);
     if (result) put({.kind = entry_kind::folder, .path = path_normalise(path)});
     return result;
 }

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 #include <deque>
-#include <nlohmann/json.hpp>
 #include <unordered_set>
 
 #include "apps/vestra_resave/elements.h"
@@ -19,8 +18,6 @@ namespace vestra::command {
 
 using namespace vs::project_resave;
 using files::held_reference;
-using nlohmann::ordered_json;
-using platform::to_utf8;
 
 namespace {
 
@@ -42,6 +39,16 @@ const file_kind* kind_of(const wide_string& path) {
     return found == std::end(file_kinds) ? nullptr : found;
 }
 
+// What could not be read is what holds the references, so it stands for the element, too.
+problem unreadable(const char* what, const wide_string& path, const wide_string& reason) {
+    return {own_kind::unreadable, {{}, path_file_name(path), {}}, path, {}, reason, what, path};
+}
+
+wide_string reason_of(const files::file_error& fault) {
+    return fault.line == 0 ? fault.reason
+                           : u"line " + decimal(static_cast<uint32_t>(fault.line)) + u": " + fault.reason;
+}
+
 class verifier {
 public:
     verifier(const std::function<bool()>& is_stopped, verification& found)
@@ -61,9 +68,9 @@ private:
     // After a stop what is left is passed over.
     bool is_at_end() { return found_.stopped = found_.stopped || is_stopped_(); }
 
-    void visit(const element& each) {
-        check({each.kind, each.caption, each.file});
-        for (const element& member : each.children) visit(member);
+    void visit(const element& each, const wide_string& list = {}) {
+        check(each.kind, {each.uuid, each.caption, list}, each.file, false);
+        for (const element& member : each.children) visit(member, each.caption);
     }
 
     void add_file(const wide_string& path) {
@@ -85,20 +92,26 @@ private:
             fault = files::read_scene(path, one);
             if (!fault) files::visit_references(one, "scene", visitor_);
         }
-        if (fault) found_.astray.push_back({"file", path_file_name(path), path, path, "unreadable"});
+        if (fault) found_.astray.push_back(unreadable("file", path, reason_of(*fault)));
     }
 
     void check(const held_reference& held) {
-        const std::optional<wide_string> path = path_in(held.text);
+        const entity& holder = *held.holder;
+        check(std::string(held.kind), {holder.id.text(), holder.caption, wide_string(held.list)}, held.text,
+              held.is_scene);
+    }
+
+    void check(const std::string& holder, const element_name& element, wide_view reference, bool is_scene) {
+        const std::optional<wide_string> path = path_in(reference);
         if (!path || is_at_end()) return;
         ++found_.references;
         const bool is_outside = !path_key(*path).starts_with(below_);
         const bool is_missing = platform::current_system().kind_of(*path) == platform::entry_kind::none;
-        if (held.is_scene && !is_missing) add_file(*path);
+        if (is_scene && !is_missing) add_file(*path);
         if (!is_outside && !is_missing) return;
-        const char* const one = is_missing ? "missing" : "outside";
-        found_.astray.push_back({std::string(held.kind), wide_string(held.caption), *path, file_,
-                                 is_outside && is_missing ? "both" : one});
+        const char* const one = is_missing ? own_kind::reference_missing : own_kind::reference_outside;
+        const char* const kind = is_outside && is_missing ? own_kind::reference_outside_and_missing : one;
+        found_.astray.push_back({kind, element, *path, {}, {}, holder, file_});
     }
 
     wide_string file_; // in work
@@ -125,41 +138,21 @@ std::vector<wide_string> files_beside(const project_context& context, verificati
     for (auto& entry : platform::list_tree(platform::current_system(), folder, &unread))
         if (!entry.is_folder) all.push_back(std::move(entry.path));
     for (const auto& [path, reason] : unread)
-        found.astray.push_back({"folder", path_file_name(path), path, path, "unreadable"});
+        found.astray.push_back(unreadable("folder", path, reason.text()));
     return all;
 }
 
 std::vector<std::string> lines_of(const verification& found) {
     std::vector<std::string> lines;
-    for (const astray_reference& each : found.astray) {
+    for (const problem& each : found.astray) {
         const bool is_plain = each.file == found.project || each.file == each.path;
-        lines.push_back((each.reason == "both" ? "outside and missing" : each.reason) + ": " + each.kind +
-                        " " + one_line(each.caption) + ": " + one_line(each.path) +
-                        (is_plain ? "" : ", in " + one_line(each.file)));
+        lines.push_back((each.kind == own_kind::unreadable ? each.kind : text_of(each.kind)) + ": " +
+                        each.holder + " " + one_line(each.element.caption) + ": " + one_line(each.path) +
+                        (is_plain ? "" : ", in " + one_line(each.file)) +
+                        (each.reason.empty() ? "" : ": " + one_line(each.reason)));
     }
-    for (const differing_copy& each : found.differing)
-        lines.push_back("not as its source (" + each.reason + "): " + one_line(each.target) + ", from " +
-                        one_line(each.source));
+    for (const problem& each : found.differing) lines.push_back(line_of(each));
     return lines;
-}
-
-ordered_json json_of(const std::vector<astray_reference>& references) {
-    ordered_json all = ordered_json::array();
-    for (const astray_reference& each : references)
-        all.push_back({{"kind", each.kind},
-                       {"caption", to_utf8(each.caption)},
-                       {"path", to_utf8(each.path)},
-                       {"file", to_utf8(each.file)},
-                       {"reason", each.reason}});
-    return all;
-}
-
-ordered_json json_of(const std::vector<differing_copy>& copies) {
-    ordered_json all = ordered_json::array();
-    for (const differing_copy& each : copies)
-        all.push_back(
-            {{"source", to_utf8(each.source)}, {"target", to_utf8(each.target)}, {"reason", each.reason}});
-    return all;
 }
 
 } // namespace vestra::command

@@ -2,43 +2,27 @@
 #pragma once
 
 #include <functional>
-#include <nlohmann/json_fwd.hpp>
 #include <span>
 #include <string>
 #include <vector>
 
-#include "platform/wide_string.h"
+#include "apps/vestra_resave/problems.h"
+#include "operations/run/placed_files.h"
 
 namespace vs::project_resave {
 class project_context;
 }
-#include "operations/run/placed_files.h"
 
 namespace vestra::command {
-
-using vs::project_resave::wide_string;
-
-// A reference that leads outside of the project's folder, to nothing, or to a scene file of no use.
-struct astray_reference {
-    std::string kind; // of the element that holds it
-    wide_string caption;
-    wide_string path;
-    wide_string file;   // in which it stands: the project, or a scene or layer file
-    std::string reason; // "outside", "missing", "both", "unreadable"
-};
-
-struct differing_copy {
-    wide_string source;
-    wide_string target;
-    std::string reason; // "missing", "size", "content", "unreadable"
-};
 
 struct verification {
     wide_string project;
     size_t references = 0; // looked at
-    std::vector<astray_reference> astray;
-    std::vector<differing_copy> differing;
-    bool stopped = false; // before its end
+    // References that lead outside of the project's folder or to nothing, and what could not be read: a scene
+    // or layer file, a folder.
+    std::vector<problem> astray;
+    std::vector<problem> differing; // copies; `path` is the source
+    bool stopped = false;           // before its end
 };
 
 // Both add what they find, and ask `is_stopped` now and then.
@@ -59,7 +43,5 @@ void compare(std::span<const vs::project_resave::placed_file> copies, const std:
 
 // A line for each finding, without the name of the program.
 std::vector<std::string> lines_of(const verification& found);
-nlohmann::ordered_json json_of(const std::vector<astray_reference>& references);
-nlohmann::ordered_json json_of(const std::vector<differing_copy>& copies);
 
 } // namespace vestra::command

@@ -1,5 +1,6 @@
 #include "apps/vestra_resave/commands.h"
 
+#include <algorithm>
 #include <iostream>
 #include <nlohmann/json.hpp>
 
@@ -7,6 +8,7 @@
 #include "apps/vestra_resave/session.h"
 #include "apps/vestra_resave/verification.h"
 #include "operations/project_context.h"
+#include "platform/path_text.h"
 #include "platform/text.h"
 
 namespace vestra::command {
@@ -15,36 +17,49 @@ using namespace vs::project_resave;
 
 namespace {
 
-const char* outcome_of(const verification& found) {
+// What the load found and the verification did not find, too.
+std::vector<problem> further(const std::vector<problem>& of_load, const verification& found) {
+    std::vector<problem> all;
+    for (const problem& each : of_load)
+        if (each.kind != own_kind::unreadable ||
+            std::ranges::none_of(found.astray,
+                                 [&](const problem& other) { return path_same(other.path, each.path); }))
+            all.push_back(each);
+    return all;
+}
+
+const char* outcome_of(const verification& found, const std::vector<problem>& all) {
     if (found.stopped) return "stopped";
-    return found.astray.empty() ? "stands alone" : "does not stand alone";
-}
-
-void print_json(const verification& found) {
-    const nlohmann::ordered_json all{{"project", platform::to_utf8(found.project)},
-                                     {"outcome", outcome_of(found)},
-                                     {"references", found.references},
-                                     {"astray", json_of(found.astray)}};
-    std::cout << all.dump(2) << '\n';
-}
-
-void print_text(const verification& found) {
-    for (const std::string& line : lines_of(found)) std::cout << line << '\n';
-    std::cout << outcome_of(found) << ": " << one_line(found.project) << ", " << found.references
-              << " references, " << found.astray.size() << " astray\n";
+    return all.empty() ? "stands alone" : "does not stand alone";
 }
 
 } // namespace
 
 int verify_project(const std::string& project, const common_options& options) {
     session host(options, {});
-    if (!host.load(project)) return wrong_use;
+    if (const auto early = host.load(project)) return end_with(*early, options);
     verification found;
     verify(
         host.context(), files_beside(host.context(), found), [&] { return host.interrupted(); }, found);
-    options.json ? print_json(found) : print_text(found);
+    std::vector<problem> all = further(host.reading_problems(), found);
+    if (found.stopped) all.push_back({own_kind::interrupted, {}, {}, {}});
+    for (const problem& each : all) complain(line_of(each));
+    all.insert(all.end(), found.astray.begin(), found.astray.end());
+    const char* const outcome = outcome_of(found, all);
+    if (options.json) {
+        const nlohmann::ordered_json shown{{"project", platform::to_utf8(found.project)},
+                                           {"outcome", outcome},
+                                           {"references", found.references},
+                                           {"problems", json_of(all)},
+                                           {"astray", json_of(found.astray)}};
+        std::cout << shown.dump(2) << '\n';
+    } else {
+        for (const std::string& line : lines_of(found)) std::cout << line << '\n';
+        std::cout << outcome << ": " << one_line(found.project) << ", " << found.references << " references, "
+                  << found.astray.size() << " astray\n";
+    }
     if (found.stopped) return stopped;
-    return found.astray.empty() ? done : problems;
+    return all.empty() ? done : problems;
 }
 
 } // namespace vestra::command

@@ -1,8 +1,10 @@
 #include "platform/terminal.h"
 
+#include <fcntl.h>
 #include <sys/ioctl.h>
 #include <unistd.h>
 
+#include <array>
 #include <cerrno>
 #include <csignal>
 
@@ -10,10 +12,19 @@ namespace vs::project_resave::platform {
 
 namespace {
 
-volatile std::sig_atomic_t interrupt_seen = 0;
-struct sigaction action_before {};
+constexpr std::array stop_signals{SIGINT, SIGTERM, SIGHUP};
 
-void note_interrupt(int) { interrupt_seen = 1; }
+volatile std::sig_atomic_t interrupt_seen = 0;
+volatile std::sig_atomic_t end_requested = 0;
+volatile std::sig_atomic_t last_signal = SIGINT;
+std::array<struct sigaction, stop_signals.size()> actions_before{};
+
+void note_signal(int signal) {
+    last_signal = signal;
+    (signal == SIGINT ? interrupt_seen : end_requested) = 1;
+}
+
+bool is_stopped() { return interrupt_seen != 0 || end_requested != 0; }
 
 } // namespace
 
@@ -21,18 +32,41 @@ std::vector<std::string> program_arguments(int argc, char** argv) {
     return {argv + (argc > 0 ? 1 : 0), argv + argc};
 }
 
+void prepare_standard_streams() {
+    std::signal(SIGPIPE, SIG_IGN);
+    std::signal(SIGXFSZ, SIG_IGN);
+    for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
+        if (::fcntl(stream, F_GETFD) != -1) continue;
+        // The lowest free number is the one of the stream. Opened the wrong way round, so that using it
+        // fails.
+        [[maybe_unused]] const int held = ::open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY);
+    }
+}
+
+bool termination_requested() { return end_requested != 0; }
+
+int stop_status() { return 128 + last_signal; }
+
 process_terminal::process_terminal() {
     interrupt_seen = 0;
     struct sigaction action {};
-    action.sa_handler = &note_interrupt; // without SA_RESTART, so that it ends the wait for a line
-    ::sigaction(SIGINT, &action, &action_before);
+    action.sa_handler = &note_signal; // without SA_RESTART, so that it ends the wait for a line
+    for (size_t i = 0; i < stop_signals.size(); ++i) {
+        ::sigaction(stop_signals[i], &action, &actions_before[i]);
+        const bool was_ignored = actions_before[i].sa_handler == SIG_IGN; // by `nohup`, for one
+        if (was_ignored && stop_signals[i] != SIGINT)
+            ::sigaction(stop_signals[i], &actions_before[i], nullptr);
+    }
 }
 
-process_terminal::~process_terminal() { ::sigaction(SIGINT, &action_before, nullptr); }
+process_terminal::~process_terminal() {
+    for (size_t i = 0; i < stop_signals.size(); ++i)
+        ::sigaction(stop_signals[i], &actions_before[i], nullptr);
+}
 
 bool process_terminal::shows() { return ::isatty(STDERR_FILENO) == 1; }
 
-bool process_terminal::asks() { return shows() && ::isatty(STDIN_FILENO) == 1; }
+bool process_terminal::asks() { return end_requested == 0 && shows() && ::isatty(STDIN_FILENO) == 1; }
 
 unsigned process_terminal::width() {
     winsize size{};
@@ -52,8 +86,8 @@ line_result process_terminal::read_line(std::string& line) {
     line.clear();
     for (;;) {
         char next = 0;
-        const ssize_t count = interrupt_seen != 0 ? -1 : ::read(STDIN_FILENO, &next, 1);
-        if (interrupt_seen != 0) return line_result::interrupted;
+        const ssize_t count = is_stopped() ? -1 : ::read(STDIN_FILENO, &next, 1);
+        if (is_stopped()) return line_result::interrupted;
         if (count < 0 && errno == EINTR) continue;
         if (count <= 0) return line.empty() ? line_result::ended : line_result::read;
         if (next == '\n') return line_result::read;
@@ -61,7 +95,7 @@ line_result process_terminal::read_line(std::string& line) {
     }
 }
 
-bool process_terminal::interrupted() { return interrupt_seen != 0; }
+bool process_terminal::interrupted() { return is_stopped(); }
 
 void process_terminal::forget_interrupt() { interrupt_seen = 0; }
 

@@ -9,6 +9,8 @@
 #include <climits>
 #include <cstdlib>
 #include <filesystem>
+#include <functional>
+#include <set>
 #include <utility>
 
 #include "platform/path_text.h"
@@ -24,6 +26,17 @@ bool is_letter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z')
 size_t drive_index(char16_t letter) { return static_cast<size_t>((letter | 0x20) - 'a'); }
 
 constexpr const char16_t* not_a_drive = u"expected a letter, \"=\" and an existing folder";
+// Calls `visit` with each entry of the variable until it returns false; returns whether it never did.
+bool for_each_assignment(const std::function<bool(std::string_view)>& visit) {
+    const char* const variable = std::getenv("VESTRA_DRIVES");
+    std::string_view rest = variable != nullptr ? variable : "";
+    while (!rest.empty()) {
+        const size_t end = std::min(rest.find(';'), rest.size());
+        if (!visit(rest.substr(0, end))) return false;
+        rest.remove_prefix(std::min(end + 1, rest.size()));
+    }
+    return true;
+}
 
 native_answer refused(const char16_t* reason) { return {{}, outcome::because(reason)}; }
 
@@ -39,13 +52,10 @@ void volumes::reset() {
         names_.clear();
         held_.clear();
     }
-    const char* const variable = std::getenv("VESTRA_DRIVES");
-    std::string_view rest = variable != nullptr ? variable : "";
-    while (!rest.empty()) {
-        const size_t end = std::min(rest.find(';'), rest.size());
-        add_assignment(rest.substr(0, end));
-        rest.remove_prefix(std::min(end + 1, rest.size()));
-    }
+    for_each_assignment([this](std::string_view assignment) {
+        add_assignment(assignment);
+        return true;
+    });
 }
 
 outcome volumes::add(char letter, const std::string& folder) {
@@ -178,9 +188,29 @@ volumes& mapped_volumes() {
 }
 
 bool add_drive(std::string_view assignment, std::string& message) {
+    const std::string text(assignment);
+    const bool is_root_drive =
+        text.size() > 2 && drive_index(static_cast<char16_t>(text[0])) == drive_index('Z');
+    if (is_root_drive && text[1] == '=' && absolute(text.substr(2)) != "/") {
+        message =
+            "drive Z: is the root folder and cannot be another one: \"" + text + "\"; take another letter";
+        return false;
+    }
     const outcome added = mapped_volumes().add_assignment(assignment);
-    if (!added) message = "not a drive: \"" + std::string(assignment) + "\": " + to_utf8(added.text());
+    if (!added) message = "not a drive: \"" + text + "\": " + to_utf8(added.text());
     return bool(added);
+}
+
+bool check_drive_variable(std::string& message) {
+    std::set<char16_t> letters;
+    return for_each_assignment([&](std::string_view assignment) {
+        const bool is_new =
+            assignment.empty() || letters.insert(static_cast<char16_t>(assignment[0] | 0x20)).second;
+        if (assignment.empty() || (is_new && add_drive(assignment, message))) return true;
+        if (!is_new) message = "a drive is mapped twice: \"" + std::string(assignment) + "\"";
+        message = "VESTRA_DRIVES: " + message;
+        return false;
+    });
 }
 
 wide_string drive_path(std::string_view argument) {

@@ -63,6 +63,12 @@ std::vector<std::string> program_arguments(int, char**) {
     return arguments;
 }
 
+void prepare_standard_streams() {} // a failed write never ends the program here
+
+bool termination_requested() { return false; }
+
+int stop_status() { return 130; }
+
 process_terminal::process_terminal() {
     interrupt_seen = false;
     code_page_before = ::GetConsoleOutputCP();

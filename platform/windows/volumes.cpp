@@ -32,6 +32,8 @@ bool add_drive(std::string_view assignment, std::string& message) {
     return false;
 }
 
+bool check_drive_variable(std::string&) { return true; }
+
 wide_string drive_path(std::string_view argument) {
     wide_string path = from_utf8(argument);
     const bool names_a_drive = path.size() > 1 && path[1] == u':';

@@ -1,6 +1,7 @@
 #include "reference_host/files/references.h"
 
 #include <algorithm>
+#include <utility>
 
 #include "platform/path_text.h"
 #include "platform/text.h"
@@ -107,19 +108,22 @@ public:
         for (const auto* scenes : {&all.scenes_2d, &all.scenes_3d}) visit(*scenes, "scene");
         visit(all.layouts, "layout");
         for (const auto& sheets : all.plugin_scenes) visit(*sheets, "sheet");
+        const in_list tables(*this, all.tables);
         for (const auto& table : all.tables.members()) visit(*table, "table", *table);
-        for (const auto& table : all.tos_tables.members()) tell({"table", table->caption, table->file});
+        const in_list tos_tables(*this, all.tos_tables);
+        for (const auto& table : all.tos_tables.members()) tell("table", *table, table->file);
     }
 
     void visit(const scene& shown, std::string_view kind) {
-        tell({kind, shown.caption, shown.source});
+        tell(kind, shown, shown.source);
+        const in_list members(*this, shown);
         for (const auto& member : shown.members()) visit(*member, "layer");
         if (shown.page) visit(*shown.page, "page");
     }
 
     void visit(const layer& shown, std::string_view kind) {
-        tell({kind, shown.caption, shown.file, shows_scene_file(shown)});
-        if (shown.source != shown.file) tell({kind, shown.caption, shown.source});
+        tell(kind, shown, shown.file, shows_scene_file(shown));
+        if (shown.source != shown.file) tell(kind, shown, shown.source);
         if (shown.data) visit(*shown.data, kind, shown);
         for (const extra& row : shown.extras.rows())
             if (row.key == model_record) visit_model(shown, row.value);
@@ -127,18 +131,32 @@ public:
     }
 
 private:
-    void tell(const held_reference& held) const {
-        if (!held.text.empty()) visitor_(held);
+    // Names the list of what is visited during its own life.
+    class in_list {
+    public:
+        in_list(walk& all, const entity& list) : all_(all), before_(std::exchange(all.list_, list.caption)) {}
+        ~in_list() { all_.list_ = before_; }
+        in_list(const in_list&) = delete;
+        in_list& operator=(const in_list&) = delete;
+
+    private:
+        walk& all_;
+        wide_view before_;
+    };
+
+    void tell(std::string_view kind, const entity& holder, wide_view text, bool is_scene = false) const {
+        if (!text.empty()) visitor_({kind, &holder, list_, text, is_scene});
     }
 
     void visit(const scene_collection& scenes, std::string_view kind) {
+        const in_list members(*this, scenes);
         for (const auto& member : scenes.members()) visit(*member, kind);
     }
 
     // Of a table that stands behind a layer, that layer is the owner.
     void visit(const attr_data& table, std::string_view kind, const entity& owner) {
-        tell({kind, owner.caption, table.file});
-        for (const table_join& join : table.joins) tell({"joined table", owner.caption, join.other_source});
+        tell(kind, owner, table.file);
+        for (const table_join& join : table.joins) tell("joined table", owner, join.other_source);
     }
 
     void visit_model(const layer& owner, const any& value) {
@@ -149,12 +167,12 @@ private:
         for (const std::size_t place : model_files) {
             if (!record || place >= record->elements.size()) continue;
             const wide_string* text = record->elements[place].as_text();
-            if (text && !text->empty())
-                tell({"model file", owner.caption, resolved_reference(folder, *text)});
+            if (text && !text->empty()) tell("model file", owner, resolved_reference(folder, *text));
         }
     }
 
     const reference_visitor& visitor_;
+    wide_view list_; // caption of the list in work
 };
 
 } // namespace

@@ -29,8 +29,9 @@ wide_string resolved_reference(wide_view folder, wide_view stored, bool behind_s
 // All places where a project, a scene or a layer refers to something outside of its own file.
 struct held_reference {
     std::string_view kind; // of the element: "scene", "layer", "table", "joined table", "model file", ...
-    wide_view caption;     // of the element that holds it
-    wide_view text;        // as the element holds it; that of a model file is made whole
+    const entity* holder;  // the element that holds it; never null
+    wide_view list; // caption of the scene or collection that holds the element; empty if there is none
+    wide_view text; // as the element holds it; that of a model file is made whole
     bool is_scene = false; // if it is a path, a file of a 2D scene stands there, with references of its own
 };
 

@@ -8,6 +8,7 @@ namespace {
 
 namespace fs = std::filesystem;
 
+using nlohmann::json;
 using std::string;
 
 const string to = " 'N:\\out\\new._vp' ", area = "resave 'C:\\prj\\area._vp'" + to;
@@ -68,6 +69,7 @@ TEST_F(resave_command, the_exit_code_tells_how_it_went_and_the_error_output_why)
         .save(u"C:\\prj\\mute._vp");
     write(u"C:\\prj\\bad._vp", "<project version=\"1\">\n  <scene/>\n</project>\n");
     write(u"N:\\file", "x");
+    project_builder().scene_2d(u"Older").save(u"N:\\Older._vp");
     const string poor = "resave 'C:\\prj\\poor._vp'" + to, a = "resave 'C:\\prj\\area._vp' ";
     const struct {
         string arguments;
@@ -97,13 +99,16 @@ TEST_F(resave_command, the_exit_code_tells_how_it_went_and_the_error_output_why)
         {area + "--no-such-option", 2, {"--no-such-option"}},
         {area + "--drive E=/no/such/folder", 2, {"drive"}},
         {"resave 'C:\\prj\\none._vp'" + to, 2, {"C:\\prj\\none._vp"}},
-        {"resave 'C:\\prj\\bad._vp'" + to, 2, {"C:\\prj\\bad._vp:2: "}},
+        {"resave 'C:\\prj\\bad._vp'" + to, 2, {"C:\\prj\\bad._vp: could not be loaded: line 2: "}},
         {a + "'N:\\out'", 2, {"N:\\out: is a folder"}},
         {a + "''", 2, {"needs a folder"}},
         {poor.substr(0, poor.size() - to.size()) + " 'C:\\p.tif'", 2, {"C:\\p.tif"}},
+        {a + "'N:\\file'", 2, {"N:\\file: exists and is no project file: "}},
+        {a + "'N:\\file' --overwrite", 2, {"N:\\file: exists and is no project file: "}},
+        {a + "'N:/OLDER._vp'", 2, {"N:\\Older._vp: exists; with --overwrite it is replaced"}},
         {a + "'N:/new/'", 2, {"needs a folder and a name"}},
         {a + "N:new._vp", 2, {"N:new._vp: the new project needs a folder"}},
-        {a + "'N:\\file\\new._vp'", 3, {"N:\\file\\: the folder could not be created: "}},
+        {a + "'N:\\file\\new._vp'", 3, {"N:\\file: could not be created: "}},
         {a + "'N:\\out\\" + string(300, 'x') + "' --quiet", 3, {": could not be written: "}},
     };
     for (const auto& row : rows) {
@@ -111,7 +116,10 @@ TEST_F(resave_command, the_exit_code_tells_how_it_went_and_the_error_output_why)
         remove_tree(u"N:\\out");
         write(u"N:\\out\\rtr\\p.tfw", "older"); // which no copy replaces
         const tree_state before = all_drives();
-        const int planned = command(row.arguments + " --dry-run");
+        const int planned = command(row.arguments + " --dry-run --json");
+        EXPECT_EQ(planned < 2 || is_told("vestra-resave: "), !out.empty()) << err; // not for wrong words
+        const json plan = out.empty() ? json{{"outcome", ""}, {"problems", {""}}} : json::parse(out);
+        EXPECT_EQ(plan.at("outcome") == "would be saved", plan.at("problems").empty()) << out;
         EXPECT_TRUE(planned == row.code || row.arguments.size() > 300)
             << err; // the disk alone knows its limit
         EXPECT_FALSE(is_told("Project saved")) << err;

@@ -21,6 +21,10 @@ protected:
             .scene_2d(u"A")
             .layer("rtr_lr2d", u"R", u"C:\\Data\\r.tif")
             .save(u"C:\\prj\\case._vp");
+        project_builder()
+            .scene_2d(u"A")
+            .layer("vs_scene_layer_meta_id", u"Map", write(u"C:\\prj\\torn._sn", "x"))
+            .save(u"C:\\prj\\torn._vp");
     }
 };
 
@@ -44,11 +48,12 @@ TEST_F(text_commands, write_what_is_asked_for_or_say_why_not) {
          head + "    Scenes 2D:\r\n        A\r\n"},
         {differs + text, 1, "", "", " t.txt", "C:\\Data\\r.tif\r\nC:\\data\\r.tif\r\n\r\n"},
         {structure + text + "--quiet", 0, "", "", " t.txt"},
+        {"structure 'C:\\prj\\torn._vp' " + text, 1, "torn._sn: could not be read: line 1: ", "", " t.txt"},
         {structure, 2, "TEXT_FILE", "", ""},
         {structure + text + "--indent five", 2, "five", "", ""},
         {"structure 'C:\\none._vp' " + text, 2, "C:\\none._vp", "", ""},
         {structure + "'c:/prj/AREA._vp'", 2, "is the project itself and must not be written over", "", ""},
-        {structure + folder, 3, "N:\\out: is a folder", "", ""},
+        {structure + folder, 2, "N:\\out: is a folder", "", ""},
         {structure + "'N:\\none\\t.txt'", 3, "N:\\none\\t.txt: could not be created: ", "", ""},
         {structure + "'N:\\out\\" + string(300, 'x') + "'", 3, ": could not be created: ", "", ""},
         {files + folder, 0, "", two, " A(1)._sn A._sn"},
@@ -65,7 +70,7 @@ TEST_F(text_commands, write_what_is_asked_for_or_say_why_not) {
         {check, 2, "REPORT", "", ""},
         {"check-case 'C:\\none._vp' " + text, 2, "C:\\none._vp", "", ""},
         {differs + "'C:\\prj\\case._vp'", 2, "is the project itself and must not be written over", "", ""},
-        {check + folder, 3, "N:\\out: is a folder", "", ""},
+        {check + folder, 2, "N:\\out: is a folder", "", ""},
     };
     const tree_state before = sources();
     for (const auto& row : rows) {
@@ -112,7 +117,7 @@ TEST_F(command_run, no_file_of_the_project_is_written_over_under_whatever_name) 
         EXPECT_TRUE(is_told("is a file of the project and must not be written over")) << refused << err;
     }
     EXPECT_EQ(2, command("scenes 'C:\\prj\\area._vp' 'C:\\prj\\maps' --if-exists rewrite"));
-    EXPECT_TRUE(is_told("C:\\prj\\maps\\Overview._sn: is a file of the project and must not be written over"))
+    EXPECT_TRUE(is_told("C:\\prj\\maps\\overview._sn: is a file of the project and must not be written over"))
         << err;
     EXPECT_EQ("", difference(before, sources()));
 

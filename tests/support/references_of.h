@@ -20,7 +20,7 @@ inline std::vector<reference> references_of(const vestra::project& project) {
     const vestra::files::reference_visitor add = [&](const vestra::files::held_reference& held) {
         const wide_string path(held.text.starts_with(u'*') ? held.text.substr(1) : held.text);
         if (path_root(path).empty() && !path.starts_with(u"\\")) return; // names a service or an element
-        found.push_back({wide_string(held.caption), path});
+        found.push_back({wide_string(held.holder->caption), path});
         vestra::scene shown(vestra::dimension::flat);
         if (held.is_scene && !vestra::files::read_scene(path, shown))
             vestra::files::visit_references(shown, "scene", add);

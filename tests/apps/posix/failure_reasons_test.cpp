@@ -1,6 +1,7 @@
-// Why a resave could not copy or write something, as text and as JSON. For Linux: a file system of a fixed
-// size and the rights of another user are its own.
+// Linux only: file systems of a fixed size, rights of another user, devices and drives that are folders.
+// Why a resave could not copy or write something, as text and as JSON, and what is refused.
 #include <sys/mount.h>
+#include <sys/stat.h>
 #include <unistd.h>
 
 #include <nlohmann/json.hpp>
@@ -24,7 +25,7 @@ protected:
     // Runs it with JSON and with text; checks the one problem of this kind in both.
     void expect_reason(const string& kind, const string& new_path, const string& reason,
                        const string& prefix = {}) {
-        const string line = "resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp' --quiet ";
+        const string line = "resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp' --overwrite --quiet ";
         for (const string form : {"--json", ""}) {
             const string whole = command_line(line + form, {{}, file_of("out"), file_of("err")});
             run_line("exec " + prefix + whole.substr(string("exec").size()));
@@ -53,7 +54,25 @@ protected:
 
 TEST_F(failure_reasons, a_taken_name_and_a_folder_that_cannot_be_made) {
     write(u"N:\\out\\rtr", "a file where the folder goes");
-    expect_reason("copy_failed", target, "Not a directory");
+    expect_reason("copy_failed", target, "Not a directory (N:\\out\\rtr is in the way)");
+}
+
+// What a program prints is its result, as a file is.
+TEST_F(failure_reasons, standard_output_that_takes_nothing) {
+    const string list = command_line("list 'C:\\prj\\area._vp' --json", {{}, "/dev/full", file_of("err")});
+    for (const auto& [line, reason] :
+         {std::pair(list, "No space left on device"), std::pair(list + " >&-", "Bad file descriptor")}) {
+        EXPECT_EQ(3, run_line(line));
+        err = text("err");
+        EXPECT_EQ("vestra-resave: standard output could not be written: " + string(reason) + "\n", err);
+    }
+}
+
+TEST_F(failure_reasons, a_reader_that_goes_away_does_not_end_a_resave) {
+    string line = command_line("resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp'", {{}, "nothing", "&1"});
+    line.replace(line.find(" > nothing"), string(" > nothing").size(), "");
+    run_line(line.substr(string("exec ").size()) + " | true");
+    EXPECT_TRUE(path_exists(output));
 }
 
 TEST_F(failure_reasons, a_full_disk) {
@@ -65,8 +84,7 @@ TEST_F(failure_reasons, a_full_disk) {
 }
 
 TEST_F(failure_reasons, a_file_that_outgrows_the_limit) {
-    expect_reason("copy_failed", target, "File too large",
-                  "sh -c 'trap \"\" XFSZ; ulimit -f 100; exec \"$@\"' sh ");
+    expect_reason("copy_failed", target, "File too large", "sh -c 'ulimit -f 100; exec \"$@\"' sh ");
 }
 
 TEST_F(failure_reasons, a_folder_without_the_right_to_write) {
@@ -100,6 +118,43 @@ TEST_F(failure_reasons, files_that_the_host_could_not_read_or_write) {
                 "value is neither a decimal number nor \"-\" (\"Grid\" in \"Area\")"))
         << err;
     EXPECT_TRUE(is_told("N:\\out\\new._vp: could not be written: File too large\n")) << err;
+}
+
+// Nothing is written, whatever is asked for.
+TEST_F(failure_reasons, a_wrong_drive_or_a_place_for_no_file_is_refused) {
+    fs::create_directories(native("n") / "out");
+    fs::create_directories(native("n") / "Out" / "sub");
+    fs::create_symlink("/dev/full", file_of("link"));
+    ASSERT_EQ(0, ::mkfifo(file_of("pipe").c_str(), 0600));
+    const string area = "'C:\\prj\\area._vp' ", to = area + "'N:\\Out\\sub\\new._vp' ";
+    const struct {
+        string variable, arguments, told;
+    } rows[] = {
+        {"", "resave " + to + "--drive C=/tmp", "--drive: a drive is mapped twice: \"C="},
+        {"", "resave " + to + "--drive z=/tmp",
+         "drive Z: is the root folder and cannot be another one: \"z=/tmp\""},
+        {"C=/tmp;c=/tmp", "list " + area, "VESTRA_DRIVES: a drive is mapped twice: \"c=/tmp\""},
+        {"Z=/;;E=/none", "list " + area, "VESTRA_DRIVES: not a drive: \"E=/none\""},
+        {"Z=/tmp", "list " + area, "VESTRA_DRIVES: drive Z: is the root folder"},
+        {"", "resave " + to + "--lowercase",
+         "N:\\Out: with --lowercase the files would go to another folder"},
+        {"", "resave " + area + "'\\\\server\\x\\new._vp'",
+         "\\\\server\\x\\new._vp: network shares are unknown"},
+        {"", "structure " + area + "'\\\\server\\x\\t.txt'",
+         "\\\\server\\x\\t.txt: network shares are unknown"},
+        {"", "resave " + area + file_of("link").string(), "link: is a device, a pipe or a link"},
+        {"", "structure " + area + "/dev/full", "Z:\\dev\\full: is a device, a pipe or a link"},
+        {"", "check-case " + area + file_of("pipe").string(), "pipe: is a device, a pipe or a link"},
+    };
+    const tree_state before = all_drives();
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.arguments);
+        const string line = command_line(row.arguments, {{}, file_of("out"), file_of("err")});
+        EXPECT_EQ(2, run_line("VESTRA_DRIVES='" + row.variable + "' " + line));
+        err = text("err");
+        EXPECT_TRUE(is_told(row.told)) << err;
+        EXPECT_EQ("", difference(before, all_drives()));
+    }
 }
 
 // A caption is never more than a caption: what follows a line feed in it is no entry of its own.

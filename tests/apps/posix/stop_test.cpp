@@ -23,9 +23,9 @@ protected:
             many.layer("rtr_lr2d", u"R", write(u"C:\\data\\" + decimal(index) + u".tif"));
         many.save(source);
     }
-    // Runs it, with Ctrl-C once this text is on the error output; the exit code. The pipe holds one line at a
-    // time, so the command is two lines ahead at most.
-    int interrupted(const string& arguments, const string& at) {
+    // Runs it, with a signal, that of Ctrl-C unless told otherwise, once this text is on the error output;
+    // the exit code. The pipe holds one line at a time, so the command is two lines ahead at most.
+    int interrupted(const string& arguments, const string& at, int signal = SIGINT) {
         int ends[2];
         EXPECT_EQ(0, ::pipe2(ends, O_DIRECT | O_CLOEXEC));
         EXPECT_LT(0, ::fcntl(ends[1], F_SETPIPE_SZ, 1));
@@ -44,7 +44,7 @@ protected:
             err.append(part, static_cast<size_t>(length));
             if (is_pressed || !is_told(at)) continue;
             is_pressed = true;
-            ::kill(child, SIGINT);
+            ::kill(child, signal);
         }
         ::close(ends[0]);
         int status = 0;
@@ -57,12 +57,18 @@ protected:
 
 TEST_F(stopped_command, a_resave_erases_or_keeps_as_told_and_tells_of_the_stop) {
     const tree_state before = sources();
-    for (const string choice : {"", "--on-stop keep", "--on-stop ask", "--on-stop erase"}) {
+    for (const auto& [choice, signal] : {std::pair<string, int>("", SIGTERM),
+                                         {"--on-stop keep", SIGINT},
+                                         {"--on-stop ask", SIGHUP},
+                                         {"--on-stop erase", SIGTERM},
+                                         {"--on-stop  erase", SIGINT}}) {
         SCOPED_TRACE(choice);
         remove_tree(u"N:\\out");
         const string deep = "resave 'C:\\prj\\area._vp' 'N:\\out\\a\\new._vp' --json --log " + choice;
-        EXPECT_EQ(130, interrupted(deep, " 20 % ")) << err;
-        EXPECT_EQ("stopped", nlohmann::json::parse(out).at("outcome"));
+        EXPECT_EQ(128 + signal, interrupted(deep, " 20 % ", signal)) << err;
+        const auto told = nlohmann::json::parse(out);
+        EXPECT_EQ("stopped", told.at("outcome"));
+        EXPECT_EQ("interrupted", told.at("problems").at(0).at("kind"));
         EXPECT_TRUE(is_told("interrupted"));
         const bool keeps = !choice.ends_with("erase");
         EXPECT_EQ(keeps, path_exists(u"N:\\out\\a\\rtr\\39.tif") && path_exists(u"N:\\out\\a\\new_log.txt"))
@@ -89,9 +95,9 @@ TEST_F(command_run, an_older_project_that_stands_is_not_taken_for_the_new_one) {
     built.save(source);
     ASSERT_EQ(0, command("resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp'")) << err;
     const tree_state before = all_drives();
-    const std::string line =
-        command_line("resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp'", {{}, file_of("out"), file_of("err")});
-    EXPECT_EQ(3, run_line("trap '' XFSZ; ulimit -f 1; " + line));
+    const std::string line = command_line("resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp' --overwrite",
+                                          {{}, file_of("out"), file_of("err")});
+    EXPECT_EQ(3, run_line("ulimit -f 1; " + line));
     EXPECT_EQ("", difference(before, all_drives()));
 }
 

@@ -27,10 +27,10 @@ protected:
     // A resave into N:\out; what it prints goes into a file in N:\told.
     pid_t start(const std::string& project, const std::string& structure) const {
         fs::create_directories(native("n") / "told");
-        const std::string line =
-            command_line("resave 'C:\\prj\\area._vp' 'N:\\out\\" + project +
-                             "' --quiet --files --log --scene-files --layer-files --structure " + structure,
-                         {{}, told_of(project), {}});
+        const std::string line = command_line(
+            "resave 'C:\\prj\\area._vp' 'N:\\out\\" + project +
+                "' --overwrite --quiet --files --log --scene-files --layer-files --structure " + structure,
+            {{}, told_of(project), {}});
         const pid_t child = ::fork();
         if (child != 0) return child;
         ::execl("/bin/sh", "sh", "-c", line.c_str(), nullptr);
