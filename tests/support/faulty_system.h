@@ -6,12 +6,16 @@
 //     platform::system_override in_force(faults);
 #pragma once
 
+#include <gtest/gtest.h>
+
 #include <algorithm>
 #include <new>
 #include <set>
 #include <string_view>
 #include <utility>
 
+#include "platform/path_text.h"
+#include "platform/text.h"
 #include "tests/support/forwarding_system.h"
 
 namespace vs::project_resave {
@@ -32,6 +36,9 @@ public:
         : failing_(std::move(failing)), first_(first), last_(std::max(first, last)),
           below_(std::move(below)) {}
 
+    // By path_key: no call that writes, replaces or removes may reach these. Of all such systems.
+    static inline std::set<wide_string> kept;
+
     bool breaks_off = false;         // the calls do not fail but throw
     size_t count = 0;                // of such calls
     std::vector<wide_string> failed; // their paths; of a copy that of the source
@@ -43,16 +50,19 @@ public:
         return status;
     }
     platform::outcome copy_file(const wide_string& from, const wide_string& to, bool replace) override {
+        expect_not_kept(to);
         if (fails("copy", from, to)) return failure::disk_full;
         return forwarding_system::copy_file(from, to, replace);
     }
     platform::outcome delete_file(const wide_string& path) override {
+        expect_not_kept(path);
         return fails("delete", path) ? failure::denied : forwarding_system::delete_file(path);
     }
     platform::outcome create_folder(const wide_string& path) override {
         return fails("create folder", path) ? failure::disk_full : forwarding_system::create_folder(path);
     }
     platform::outcome remove_folder(const wide_string& path) override {
+        expect_not_kept(path);
         return fails("remove folder", path) ? failure::denied : forwarding_system::remove_folder(path);
     }
     platform::outcome list(const wide_string& path, std::vector<platform::folder_entry>& entries) override {
@@ -65,11 +75,14 @@ public:
         return !fails("same file", a) && forwarding_system::same_file(a, b);
     }
     platform::outcome rename_over(const wide_string& from, const wide_string& to) override {
+        expect_not_kept(from);
+        expect_not_kept(to);
         return fails("rename", to) ? failure::denied : forwarding_system::rename_over(from, to);
     }
     platform::outcome open(const wide_string& path, platform::access wanted, platform::disposition how,
                            std::unique_ptr<platform::file>& result) override {
         if (wanted == platform::access::read && fails("open to read", path)) return failure::denied;
+        if (wanted != platform::access::read) expect_not_kept(path);
         if (wanted != platform::access::read && fails("open to write", path)) return failure::disk_full;
         const platform::outcome opened = forwarding_system::open(path, wanted, how, result);
         if (result) result = std::make_unique<faulty_file>(*this, path, std::move(result));
@@ -106,6 +119,9 @@ private:
         std::unique_ptr<platform::file> inner_;
     };
 
+    static void expect_not_kept(const wide_string& path) {
+        EXPECT_FALSE(!kept.empty() && kept.contains(path_key(path))) << platform::to_utf8(path);
+    }
     bool fails(std::string_view kind, const wide_string& path) { return fails(kind, path, path); }
     bool fails(std::string_view kind, const wide_string& path, const wide_string& place) {
         if (!failing_.contains(kind) || !place.starts_with(below_)) return false;
