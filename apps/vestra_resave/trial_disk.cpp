@@ -61,15 +61,16 @@ uint64_t trial_disk::bytes_of(const entry& file) const {
 outcome trial_disk::has_folder(const wide_string& path) {
     wide_string folder = folder_of(path);
     if (kind_of(folder) == entry_kind::folder) return {};
+    std::vector<platform::folder_entry> none; // only the reason is wanted
     for (; folder.size() > path_fixed_length(folder); folder = folder_of(folder)) {
         if (kind_of(folder) == entry_kind::none) continue;
         const entry* found = known(folder);
         if (found && found->kind == entry_kind::folder) break;
-        std::vector<platform::folder_entry> none;
         const outcome listed = real_.list(found ? found->source : folder, none);
         return listed ? failure::missing : listed;
     }
-    return failure::missing;
+    const outcome listed = real_.list(folder_of(path), none);
+    return listed ? failure::missing : listed;
 }
 
 // Also where nothing can be opened but the name is taken, by a broken link for one.

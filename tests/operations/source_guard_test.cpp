@@ -75,12 +75,13 @@ TEST_F(source_guard_run, no_new_project_and_no_text_replaces_a_file_of_the_sourc
     builder.layer("petrel_grid_lr2d", u"Folder", u"C:\\data\\set").layer("odd", u"Odd", write(u"C:\\x.odd"));
     write(u"C:\\data\\a.cpg", "UTF-8");
     keep_source();
-    link(source, u"N:\\out\\hard._vp");
-    link(u"C:\\data\\a.cpg", u"N:\\out\\page.cpg");
+    std::filesystem::create_directories(native("c") / "links");
+    link(source, u"C:\\links\\hard._vp");
+    link(u"C:\\data\\a.cpg", u"C:\\links\\page.cpg");
     load();
     for (const char16_t* path :
-         {u"C:\\prj\\.\\AREA._vp", u"N:\\out\\hard._vp", u"C:\\data\\a.shp", u"C:\\data\\a.cpg",
-          u"N:\\out\\page.cpg", u"C:\\data\\joined.dbf", u"C:\\data\\set\\inner", u"C:\\x.odd"}) {
+         {u"C:\\prj\\.\\AREA._vp", u"C:\\links\\hard._vp", u"C:\\data\\a.shp", u"C:\\data\\a.cpg",
+          u"C:\\links\\page.cpg", u"C:\\data\\joined.dbf", u"C:\\data\\set\\inner", u"C:\\x.odd"}) {
         SCOPED_TRACE(platform::to_utf8(path));
         const wide_string taken = path;
         settings.output_path = &taken;

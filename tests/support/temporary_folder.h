@@ -66,7 +66,14 @@ private:
     std::filesystem::path native_;
 };
 
-// Takes away a file, or a folder with all it holds.
-inline void remove_tree(const wide_string& path) { std::filesystem::remove_all(platform::native_path(path)); }
+// Takes away a file, or a folder with all it holds, read-only files too.
+inline void remove_tree(const wide_string& path) {
+    namespace fs = std::filesystem;
+    const fs::path root = platform::native_path(path);
+    if (fs::is_directory(root))
+        for (const fs::directory_entry& entry : fs::recursive_directory_iterator(root))
+            if (!entry.is_symlink()) fs::permissions(entry, fs::perms::owner_write, fs::perm_options::add);
+    fs::remove_all(root);
+}
 
 } // namespace vs::project_resave
