@@ -17,67 +17,11 @@ namespace vestra::command {
 
 using namespace vs::project_resave;
 
-namespace {
-
-class project_files {
-public:
-    explicit project_files(project_context& context) {
-        for (const wide_string& path : context.sizes.known_paths()) add(path);
-        add_references(elements_of(context));
-    }
-    bool hold(const wide_string& path) const;
-
-private:
-    void add(const wide_string& path);
-    void add_references(const std::vector<element>& elements);
-
-    platform::system& system = platform::current_system();
-    std::unordered_set<wide_string> keys;
-    // Only files of one size can be the same, so few are compared.
-    std::unordered_map<uint64_t, std::vector<wide_string>> of_size;
-};
-
-void project_files::add(const wide_string& path) {
-    if (!keys.insert(path_key(path)).second) return;
-    if (system.kind_of(path) != platform::entry_kind::folder) {
-        of_size[system.file_size(path)].push_back(path);
-        for (const wide_string& companion : companion_files(path))
-            if (system.kind_of(companion) == platform::entry_kind::file &&
-                keys.insert(path_key(companion)).second)
-                of_size[system.file_size(companion)].push_back(companion);
-        return;
-    }
-    for (const platform::tree_entry& entry : platform::list_tree(system, path))
-        if (!entry.is_folder) add(entry.path);
-}
-
-// Joined tables, and layers of types that nothing resaves, have no sizes.
-void project_files::add_references(const std::vector<element>& elements) {
-    for (const element& each : elements) {
-        if (each.exists.value_or(false)) add(each.file);
-        add_references(each.children);
-    }
-}
-
-bool project_files::hold(const wide_string& path) const {
-    if (keys.contains(path_key(path))) return true;
-    const auto row = of_size.find(system.file_size(path));
-    return row != of_size.end() && std::ranges::any_of(row->second, [&](const wide_string& known) {
-               return system.same_file(known, path);
-           });
-}
-
-} // namespace
-
 std::optional<refusal> protect_project_files(const std::vector<wide_string>& paths,
                                              project_context& context) {
-    std::vector<wide_string> existing;
-    std::ranges::copy_if(paths, std::back_inserter(existing), &path_exists);
-    if (existing.empty()) return std::nullopt; // the usual case, in which no file of the project is looked at
-    const project_files files(context);
     refusal early;
-    for (const wide_string& path : existing)
-        if (files.hold(path))
+    for (const wide_string& path : paths)
+        if (context.guard.protects(path))
             early.problems.push_back(
                 refused(path, "is a file of the project and must not be written over").problems.front());
     return early.problems.empty() ? std::nullopt : std::optional(std::move(early));

@@ -117,9 +117,10 @@ public:
     file_identity identity_of(const wide_string& path) override {
         struct stat found {
         }, entry{};
-        if (!mapped_volumes().status(path, found)) return {};
-        const native_answer native = mapped_volumes().native(path, true);
+        const bool exists = bool(mapped_volumes().status(path, found));
+        const native_answer native = mapped_volumes().native(path, exists);
         const bool is_link = native && lstat(native.path.c_str(), &entry) == 0 && S_ISLNK(entry.st_mode);
+        if (!exists) return {0, 0, is_link ? 2U : 0U};
         // A folder is named by its sub-folders, too.
         const bool has_names = is_link || (!S_ISDIR(found.st_mode) && found.st_nlink > 1);
         return {found.st_dev, found.st_ino, has_names ? 2U : 1U};

@@ -117,9 +117,10 @@ public:
 
     file_identity identity_of(const wide_string& path) override {
         BY_HANDLE_FILE_INFORMATION found{};
-        if (!information_of(path, found)) return {};
         const DWORD attributes = GetFileAttributesW(wide(system_path(path).c_str()));
-        const bool is_link = (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
+        const bool is_link =
+            attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
+        if (!information_of(path, found)) return {0, 0, is_link ? 2U : 0U};
         const uint64_t number = (uint64_t{found.nFileIndexHigh} << 32) | found.nFileIndexLow;
         return {found.dwVolumeSerialNumber, number, is_link || found.nNumberOfLinks > 1 ? 2U : 1U};
     }

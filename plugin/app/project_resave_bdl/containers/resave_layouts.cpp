@@ -36,10 +36,14 @@ void Tvs_resave_scns_layout::remove_child(uint32_t index) { vs_scns_2d_del(layou
 void Tvs_resave_scn_layout::build() {
     const uint32_t count = vs_scn_2d_get_layer_count(layout_);
     children.resize(size_t{count} + 1);
-    for (uint32_t index = 0; index < count; ++index)
-        place(index, make_unit(vs_scn_2d_get_layer_ptr(layout_, index)));
-    if (vs_lr* page = vs_scn_layout_get_page_lr2d(layout_))
-        place(count, std::make_unique<Tvs_resave_layout_page>(page, *context));
+    for (uint32_t index = 0; index < count; ++index) {
+        vs_lr* const layer = vs_scn_2d_get_layer_ptr(layout_, index);
+        context->guard.add(host_string(&vs_lr_get_wfilename, layer));
+        place(index, make_unit(layer));
+    }
+    vs_lr* const page = vs_scn_layout_get_page_lr2d(layout_);
+    context->guard.add(host_string(&vs_lr_get_wfilename, page));
+    if (page) place(count, std::make_unique<Tvs_resave_layout_page>(page, *context));
 }
 
 // What has no file and shows nothing of the project has no unit, and neither has a kind that is not known

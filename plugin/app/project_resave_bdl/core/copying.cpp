@@ -41,6 +41,13 @@ void copy_world_files(const wide_string& source, const wide_string& target, run_
     }
 }
 
+// What a database has not yet taken over from its write-ahead or rollback log.
+void copy_database_logs(const wide_string& source, const wide_string& target, run_state& run) {
+    for (const wide_view log : {u"-wal", u"-journal"})
+        if (const wide_string from = source + wide_string(log); !run.placement.is_placed(from))
+            copy_if_there(from, target + wide_string(log), run);
+}
+
 wide_string replaced(wide_string text, const wide_string& from, const wide_string& to) {
     if (from.empty()) return text;
     for (size_t at = text.find(from); at != wide_string::npos; at = text.find(from, at + to.size()))
@@ -112,6 +119,7 @@ bool copy_projection_file(const wide_string& source, const wide_string& target, 
 
 bool copy_raster_family(const wide_string& source, const wide_string& target, run_state& run) {
     copy_one(source, target, run);
+    copy_database_logs(source, target, run);
     copy_overview_file(source, target, run);
     copy_world_files(source, target, run);
     copy_projection_file(source, target, run);
@@ -120,6 +128,7 @@ bool copy_raster_family(const wide_string& source, const wide_string& target, ru
 
 bool copy_file_and_projection(const wide_string& source, const wide_string& target, run_state& run) {
     copy_one(source, target, run);
+    copy_database_logs(source, target, run);
     copy_projection_file(source, target, run);
     return true;
 }

@@ -118,7 +118,7 @@ void note_kept_joins(vs_attr_data* attr_data, run_state& run) {
 void put_joins_back(run_state& run) {
     const type_folder_scope tables(run.placement, load_string(text::dbf_folder));
     for (const pending_join& join : run.joins.pending) put_back(join, run);
-    for (const unfinished_file& file : run.joins.unfinished)
+    for (const auto& [key, file] : run.joins.unfinished)
         if (!file.write()) run.report.add(fact_kind::not_written, file.source, file.path);
     run.joins.clear();
 }

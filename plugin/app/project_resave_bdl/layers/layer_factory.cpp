@@ -89,12 +89,12 @@ constexpr layer_row rows_3d[] = {
 unit_pointer make_layer_unit(run_state& context, vs_lr* layer, const wide_string& list, const char* type,
                              std::span<const layer_row> rows) {
     vs_entity* const entity = vs_lr_safe_upcast(layer);
+    const wide_string file = host_string(&vs_lr_get_wfilename, layer);
+    context.guard.add(file);
     if (unit_pointer unit = make_claimed_unit(context, entity)) return unit;
     if (!type) type = "";
     for (const layer_row& row : rows)
         if (row.type == type) return row.make(context, layer);
-    const wide_string file = host_string(&vs_lr_get_wfilename, layer);
-    context.guard.add(file);
     context.report.add_unprocessed_type(element_name_of(entity, list), type, file);
     context.log.add_unprocessed_type(type);
     return nullptr;

@@ -26,9 +26,9 @@ void make_file(const wide_string& source, const wide_string& wanted, bool lacks_
     path_placement& placement = run.placement;
     wide_string path = wanted;
     const bool existed = path_exists(path);
-    const bool kept = existed && (placement.made.is_copy(path) || run.guard.protects(path));
+    const bool kept = placement.made.is_copy(path) || run.guard.protects(path);
     if (kept) {
-        path = placement.next_free_name(path);
+        path = placement.next_free_name(path, true);
         run.log.file_renamed(wanted, path);
         run.report.add(fact_kind::renamed, wanted, path);
     }
@@ -40,7 +40,8 @@ void make_file(const wide_string& source, const wide_string& wanted, bool lacks_
     else // the scene of a map layer
         placement.made.add_copy(source, path);
     if (existed && !kept) run.report.add(fact_kind::written_over, source, path);
-    if (lacks_joins) run.joins.unfinished.push_back({source, path, [=] { return write(path); }});
+    run.joins.unfinished.erase(path_key(path)); // whoever wrote last has the file
+    if (lacks_joins) run.joins.unfinished[path_key(path)] = {source, path, [=] { return write(path); }};
 }
 
 // The answer of the host's writers has a low byte of 0 on failure.
@@ -59,7 +60,7 @@ wide_string caption_file_path(wide_view folder, wide_view caption, wide_view ext
     if (!path.empty() && !is_separator(path.back())) path += u'\\';
     // Apart: without a folder a caption like "a:b" would pass for a name on a drive.
     const wide_string name = trim(wide_string(caption).append(extension), path_separators);
-    return valid_path(path) + valid_name(held_below(name));
+    return path + valid_name(held_below(name));
 }
 
 void write_scene_file_2d(vs_scn_2d* scene, const wide_string& path, run_state& run, const wide_string& source,

@@ -28,6 +28,8 @@ public:
     // `enable` does nothing and answers false.
     virtual bool open(const wide_string& name, bool enable);
     virtual void close();
+    // No line goes anywhere until the log is opened again.
+    void forget() { file_name_.clear(); }
     // The first failure since the file was opened, by which lines did not reach it; success if all did.
     const platform::outcome& failure() const { return failure_; }
     // Where the lines go; empty until the log is opened for the first time.

@@ -75,6 +75,7 @@ private:
     void release_project();
     void begin_run(const resave_settings& settings);
     void open_log_of_run();
+    void renew_guard();
     void correct_selection();
     void find_common_directory();
     void save_tree();
@@ -91,7 +92,7 @@ private:
     // What was caught, here or at the border, becomes a fact and a line of the log.
     void record(const char* where, const char* what) noexcept override;
 
-    wide_string log_wanted_; // the path that the log of a load is to have
+    wide_string log_wanted_;          // the path that the log of a load is to have
     std::vector<fact> facts_of_tree_; // what the load found; the report of each run begins with it
 };
 

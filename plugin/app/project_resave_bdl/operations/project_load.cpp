@@ -8,6 +8,7 @@
 #include "containers/resave_tables.h"
 #include "framework/border/encoding.h"
 #include "framework/border/host_owned.h"
+#include "framework/border/string_adapter.h"
 #include "framework/resources/strings.h"
 #include "host/vsk_entity.h"
 #include "host/vsk_msgs.h"
@@ -102,6 +103,8 @@ bool project_context::load_project(const wide_string& wanted, bool show_wait, bo
         loaded = false;
     }
     if (!loaded) { // nothing stays half loaded
+        // Beside an older log, which may belong to the source: what that is was not learned.
+        if (open_log.enabled && open_log.path != log_wanted_) guard.remove_file(open_log.path);
         progress.questions->show_error(text::failed_to_load_project);
         release_project();
         clear_tree();
@@ -132,6 +135,8 @@ void project_context::build_tree(const wide_string& path) {
     const uint32_t collections = vs_prj_get_plugin_scns_2d_count(project);
     for (uint32_t index = 0; index < collections; ++index) {
         vs_scns_2d* collection = vs_prj_get_plugin_scns_2d_ptr(project, index);
+        for (uint32_t sheet = 0; sheet < vs_scns_2d_get_size(collection); ++sheet)
+            guard.add(host_string(&vs_scn_2d_get_source, vs_scns_2d_get(collection, sheet)));
         if (is_well_collection(collection))
             add_root(std::make_unique<Tvs_resave_wells_data>(collection, *this));
     }
@@ -142,7 +147,8 @@ void project_context::build_tree(const wide_string& path) {
     add_root(std::make_unique<Tvs_resave_attrs_data>(vs_prj_get_attrs_data_ptr(project), *this));
     count_units();
     settle_open_log();
-    if (!open_log.failure()) report.add(fact_kind::not_written, {}, open_log.path, open_log.failure().text());
+    if (open_log.enabled && !open_log.failure())
+        report.add(fact_kind::not_written, {}, open_log.path, open_log.failure().text());
     facts_of_tree_ = report.facts();
     log.close();
 }

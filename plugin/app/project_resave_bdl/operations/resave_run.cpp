@@ -38,6 +38,7 @@ run_result project_context::resave_project(const resave_settings& settings) {
         progress.questions->show_error(text::project_loaded_incorrectly);
         return {};
     }
+    renew_guard();
     if (guard.protects(*settings.output_path)) {
         progress.questions->show_error(text::same_project_name);
         return {};
@@ -75,6 +76,12 @@ run_result project_context::result_of(bool written) {
     return result;
 }
 
+// The log of an earlier run goes on receiving lines, unless it belongs to what is loaded now.
+void project_context::renew_guard() {
+    guard.renew();
+    if (guard.protects(log.path())) log.forget();
+}
+
 void project_context::begin_run(const resave_settings& settings) {
     report.restart(facts_of_tree_);
     options.reset();
@@ -91,7 +98,7 @@ void project_context::open_log_of_run() {
     wide_string& path = placement.log_path;
     const bool existed = path_exists(path);
     const wide_string wanted = path;
-    if (existed && guard.protects(path)) path = placement.next_free_name(path);
+    if (guard.protects(path)) path = placement.next_free_name(path, true);
     log.open(path, true);
     if (!log.failure()) return;
     placement.made.add_written(path);

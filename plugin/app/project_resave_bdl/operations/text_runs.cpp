@@ -48,6 +48,7 @@ run_result project_context::save_structure(const structure_settings& settings) {
 }
 
 run_result project_context::write_text(const wide_string& path, const std::function<void()>& lines) {
+    renew_guard();
     if (guard.protects(path)) {
         progress.questions->show_error(text::source_file_kept, path);
         return {};
@@ -118,6 +119,7 @@ run_result project_context::create_scene_files(const scene_file_settings& settin
     options.scene_file_on_exists = settings.on_exists;
     progress.clear_stop(); // of an earlier run: this one has no window in which it could be stopped
     placement.made.clear();
+    renew_guard();
     try {
         for (const auto& root : tree) root->write_scene_file();
     } catch (...) {

@@ -71,12 +71,12 @@ std::vector<wide_string> resave_entity_plugin::named_files() {
 
 void resave_entity_plugin::collect_source_files(std::vector<found_file>& out) {
     out.clear();
+    for (const file_row& row : files_) context->guard.add(row.source);
     const wide_string_list named;
     if (call<&resave_entity_service_impl::all_files>(service_.get(), entity_, named)) {
         for (const wide_string& path : named.texts()) append_if_exists(path, out);
         return;
     }
-    for (const file_row& row : files_) context->guard.add(row.source);
     for (const file_row& row : files_)
         if (!append_existing_files(row.source, out)) return;
 }
@@ -165,7 +165,12 @@ void resave_entity_plugin::enter_copy(const wide_string& source, const wide_stri
 }
 
 void resave_entity_plugin::clean_up(const wide_string& target) {
-    const platform::outcome removed = context->guard.remove_tree(target);
+    // A bundle may name anything: only what is below the new project's folder can be its copy.
+    const wide_string below = path_key(context->placement.new_folder) + u'\\';
+    const platform::outcome removed =
+        path_key(target).starts_with(below)
+            ? context->guard.remove_tree(target)
+            : platform::outcome::because(u"it is outside the new project's folder");
     if (!removed && path_exists(target))
         context->report.add(fact_kind::not_erased, {}, target, removed.text());
 }

@@ -3,6 +3,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <map>
 #include <vector>
 
 #include "host/types.h"
@@ -28,7 +29,8 @@ struct unfinished_file {
 
 struct deferred_joins {
     std::vector<pending_join> pending;
-    std::vector<unfinished_file> unfinished; // to be written again when the joins are back
+    // To be written again when the joins are back, by path_key.
+    std::map<wide_string, unfinished_file> unfinished;
 
     void clear() { *this = {}; }
 };

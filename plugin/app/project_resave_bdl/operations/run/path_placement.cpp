@@ -7,6 +7,7 @@
 #include "operations/run/run_progress.h"
 #include "operations/run/run_questions.h"
 #include "operations/run/run_report.h"
+#include "operations/run/source_guard.h"
 #include "platform/path_text.h"
 #include "platform/text.h"
 
@@ -101,10 +102,16 @@ void path_placement::register_placed(const wide_string& old_path, const wide_str
     if (options->structure_variant == folder_per_scene) scene_placed.add(old_path, new_path);
 }
 
+// The new project and its log are written last, and a companion of the source is one also before it exists.
+bool path_placement::is_taken(const wide_string& path) const {
+    return path_exists(path) || path_same(path, new_project_path) || path_same(path, log_path) ||
+           (guard && guard->claims_family(path));
+}
+
 wide_string path_placement::new_path(const wide_string& source) {
     wide_string result = place(source);
     if (options->lower_case) platform::lower_in_place(result);
-    if (path_exists(result)) {
+    if (is_taken(result)) {
         result = resolve_conflict(result, source);
         log->file_renamed(source, result);
         report->add(fact_kind::renamed, source, result);
@@ -188,10 +195,11 @@ wide_string path_placement::resolve_conflict(const wide_string& path, const wide
     return next_free_name(path);
 }
 
-wide_string path_placement::next_free_name(const wide_string& path) {
+wide_string path_placement::next_free_name(const wide_string& path, bool is_written) {
     const bool own_folder = path_extension(path) == own_folder_extension;
     const auto taken = [&](const wide_string& name) {
-        return path_exists(own_folder ? path_head(name) : name);
+        if (is_written && guard && guard->protects(name)) return true;
+        return own_folder ? path_exists(path_head(name)) : is_taken(name);
     };
     const auto numbered = own_folder ? &numbered_grid : &numbered_name;
     if (!taken(path)) return path;

@@ -18,15 +18,18 @@ class log_file;
 struct resave_options;
 class run_progress;
 class run_report;
+class source_guard;
 
 // The type folder while no file is being placed.
 inline constexpr wide_view no_type_folder = u"files";
 
 class path_placement {
 public:
-    // All four must outlive this object.
-    path_placement(run_progress* run, log_file* conflicts, run_report* facts, const resave_options* choices)
-        : progress(run), log(conflicts), report(facts), options(choices) {}
+    // All of them must outlive this object.
+    // `source` may be null.
+    path_placement(run_progress* run, log_file* conflicts, run_report* facts, const resave_options* choices,
+                   source_guard* source = nullptr)
+        : progress(run), log(conflicts), report(facts), options(choices), guard(source) {}
     path_placement(const path_placement&) = delete;
     path_placement& operator=(const path_placement&) = delete;
 
@@ -34,6 +37,7 @@ public:
     log_file* log; // every conflict goes here and into the report
     run_report* report;
     const resave_options* options;
+    source_guard* guard;
     placed_files placed;                      // everything placed in this run
     std::vector<wide_string> created_folders; // deepest first within each call of `new_path`
     made_files made;                          // what a stop erases, beside those folders
@@ -67,8 +71,10 @@ public:
     wide_string new_path(const wide_string& source);
     // Why the folder of a path that `new_path` returned could not be created; success if it could.
     platform::outcome folder_failure(const wide_string& path) const;
-    // `path`, or the first of its numbered names that is free on the disk.
-    wide_string next_free_name(const wide_string& path);
+    // `path`, or the first of its numbered names at which nothing exists and which neither the source nor the
+    // run itself has a claim to.
+    // With `is_written` for a file that the run writes itself, which a link could lead into the source.
+    wide_string next_free_name(const wide_string& path, bool is_written = false);
     // The place of a layout page: only text, nothing is looked up or created.
     wide_string folder_for(const wide_string& source);
 
@@ -81,6 +87,7 @@ public:
 
 private:
     const placed_files& register_in_force() const;
+    bool is_taken(const wide_string& path) const;
     wide_string place(const wide_string& source);
     wide_string place_from_project_folder(const wide_string& source) const;
     wide_string place_inside_or_by_type(const wide_string& source) const;

@@ -33,7 +33,7 @@ struct run_state {
     run_progress progress;
     log_file log{&options.indent_unit};
     open_log_file open_log{&options.indent_unit};
-    path_placement placement{&progress, &log, &report, &options};
+    path_placement placement{&progress, &log, &report, &options, &guard};
     project_resave::selection_register selection{&sizes};
     project_resave::size_register sizes;
     run_report report;

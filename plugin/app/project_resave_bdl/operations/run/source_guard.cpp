@@ -1,5 +1,6 @@
 #include "operations/run/source_guard.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "operations/run/path_files.h"
@@ -25,34 +26,65 @@ void source_guard::clear() {
     learned_ = nothing;
 }
 
-void source_guard::learn() {
+void source_guard::learn_names() {
     const size_t count = known_->path_count() + added_.size();
     if (count == learned_) return;
     keys_.clear();
-    identities_.clear();
     by_folder_.clear();
     companions_.clear();
-    folders_.clear();
-    knows_links_ = false;
+    renew();
+    const auto learn = [this](const wide_string& path) {
+        if (keys_.insert(path_key(path)).second) by_folder_[path_key(path_head(path))].push_back(path);
+    };
     for (const wide_string& path : known_->known_paths()) learn(path);
     for (const wide_string& path : added_) learn(path);
-    for (const auto& [key, paths] : by_folder_)
-        if (const auto identity = files().identity_of(path_head(paths.front())))
-            folders_.emplace(identity, key);
     learned_ = count;
 }
 
-void source_guard::learn(const wide_string& path) {
-    if (!keys_.insert(path_key(path)).second) return;
-    by_folder_[path_key(path_head(path))].push_back(path);
+void source_guard::learn_identities() {
+    if (std::exchange(knows_identities_, true)) return;
+    identities_.clear();
+    folders_.clear();
+    inner_folders_.clear();
+    inner_identities_.clear();
+    for (const auto& [key, paths] : by_folder_) {
+        if (const auto folder = files().identity_of(path_head(paths.front()))) folders_.emplace(folder, key);
+        for (const wide_string& path : paths) learn_identity(path);
+    }
+}
+
+void source_guard::learn_identity(const wide_string& path) {
     const platform::file_identity identity = files().identity_of(path);
     if (!identity) return; // a file that is lost keeps its name
     identities_.insert(identity);
     if (files().kind_of(path) != platform::entry_kind::folder) return;
-    for (const platform::tree_entry& entry : platform::list_tree(files(), path)) {
-        keys_.insert(path_key(entry.path));
+    inner_folders_.insert(path_key(path));
+    inner_identities_.insert(identity);
+    for (const platform::tree_entry& entry : platform::list_tree(files(), path))
         if (const auto inner = files().identity_of(entry.path)) identities_.insert(inner);
-    }
+}
+
+// True below a folder that is a data set.
+bool source_guard::is_inside(const wide_string& path) {
+    if (inner_folders_.empty()) return false;
+    for (wide_string level = path_normalise(path_head(path)); level.size() > path_fixed_length(level);
+         level = path_normalise(path_head(level)))
+        if (inner_folders_.contains(path_key(level)) ||
+            inner_identities_.contains(files().identity_of(level)))
+            return true;
+    return false;
+}
+
+bool source_guard::claims_family(const wide_string& path) {
+    learn_names();
+    const auto row = by_folder_.find(path_key(path_head(path)));
+    if (row == by_folder_.end()) return false;
+    const path_keys& companions = companions_in(row->first);
+    const auto is_of_source = [&](const wide_string& name) {
+        const wide_string key = path_key(name);
+        return keys_.contains(key) || companions.contains(key);
+    };
+    return is_of_source(path) || std::ranges::any_of(companion_files(path), is_of_source);
 }
 
 const source_guard::path_keys& source_guard::companions_in(const wide_string& folder_key) {
@@ -84,16 +116,18 @@ bool source_guard::is_linked_companion(const platform::file_identity& asked) {
 
 bool source_guard::protects(const wide_string& path) {
     if (path.empty()) return false;
-    learn();
+    learn_names();
     if (keys_.contains(path_key(path))) return true;
     const wide_string folder = path_head(path), name = path_file_name(path);
     if (is_named(path_key(folder), name)) return true;
+    learn_identities();
+    if (is_inside(path)) return true;
     const platform::file_identity identity = files().identity_of(path);
-    if (!identity) return false;
     if (identities_.contains(identity)) return true;
     const platform::file_identity place = files().identity_of(folder);
     for (auto row = folders_.lower_bound(place); place && row != folders_.end() && row->first == place; ++row)
         if (is_named(row->second, name)) return true;
+    if (!identity) return identity.names > 0; // it may lead to a file of the source that is lost
     return identity.names > 1 && is_linked_companion(identity);
 }
 

@@ -28,11 +28,17 @@ public:
     void add(const wide_string& path);
     // Forgets what was added; the register is asked anew.
     void clear();
+    // Has the disk asked anew: names may lead to other files than at the last run.
+    void renew() { knows_identities_ = knows_links_ = false; }
 
-    // True for a file or folder of the source, and for a companion of one, under whatever name: another
-    // spelling, a link, a second drive letter. Nothing is read until somebody asks; later answers cost the
-    // same however many files there are.
+    // True for a file or folder of the source, for a companion of one and for all that is in a folder of it,
+    // under whatever name: another spelling, a link, a second drive letter; also where nothing exists yet,
+    // and for a link that leads nowhere. Nothing is read until somebody asks; later answers cost the same
+    // however many files there are.
     bool protects(const wide_string& path);
+    // True if a copy at this path, or a companion that comes along, would pass for a file of the source. Only
+    // names are compared.
+    bool claims_family(const wide_string& path);
 
     // Each fails for what is protected, and says so in its reason.
     //
@@ -47,9 +53,11 @@ public:
 private:
     using path_keys = std::unordered_set<wide_string>;
 
-    void learn();
-    void learn(const wide_string& path);
+    void learn_names();
+    void learn_identities();
+    void learn_identity(const wide_string& path);
     bool is_named(const wide_string& folder_key, const wide_string& name);
+    bool is_inside(const wide_string& path);
     const path_keys& companions_in(const wide_string& folder_key);
     bool is_linked_companion(const platform::file_identity& asked);
     platform::outcome remove_alone(const wide_string& path);
@@ -64,7 +72,9 @@ private:
     std::unordered_map<wide_string, path_keys> companions_;               // made when a folder is asked for
     std::multimap<platform::file_identity, wide_string> folders_;         // keys of by_folder_
     std::set<platform::file_identity> linked_companions_;
-    bool knows_links_ = false;
+    path_keys inner_folders_; // folders of the source, whatever is in them
+    std::set<platform::file_identity> inner_identities_;
+    bool knows_identities_ = false, knows_links_ = false;
 };
 
 } // namespace vs::project_resave
