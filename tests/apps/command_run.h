@@ -1,18 +1,21 @@
 // The command line as a process of its own, on the drives of the test.
 #pragma once
 
+#include "tests/support/builder_run.h"
 #include "tests/support/command_process.h"
-#include "tests/support/host_fixture.h"
-#include "tests/support/project_builder.h"
-#include "tests/support/tree_state.h"
 
 namespace vs::project_resave {
 
-class command_run : public host_fixture {
+class command_run : public builder_run {
 protected:
     // Runs the command; its exit code. What it printed is in `out` and `err`.
-    int command(const std::string& arguments) {
-        const int code = run_line(command_line(arguments, {{}, file_of("out"), file_of("err")}));
+    int command(const std::string& arguments) { return run(line_of(arguments)); }
+    // The line that does so, which may be put behind others.
+    std::string line_of(const std::string& arguments) const {
+        return command_line(arguments, {{}, file_of("out"), file_of("err")});
+    }
+    int run(const std::string& line) {
+        const int code = run_line(line);
         out = text("out");
         err = text("err");
         return code;
@@ -26,11 +29,6 @@ protected:
     }
     bool is_told(const std::string& text) const { return err.find(text) != std::string::npos; }
     bool is_printed(const std::string& text) const { return out.find(text) != std::string::npos; }
-    size_t times_told(const std::string& text) const {
-        size_t count = 0;
-        for (size_t at = 0; (at = err.find(text, at)) != std::string::npos; at += text.size()) ++count;
-        return count;
-    }
     // Files and folders of the new folder, each behind a blank, in order.
     std::string made() const {
         std::string names;

@@ -1,7 +1,5 @@
 // vestra-resave resave --dry-run: what it says is what the run does, and nothing is written.
-#include <algorithm>
 #include <nlohmann/json.hpp>
-#include <set>
 
 #include "tests/apps/command_run.h"
 
@@ -120,11 +118,8 @@ TEST_F(dry_run, tells_what_no_rule_takes_along_and_where_the_space_ends) {
                                    u"Roads2.shp", u"Roads", u"r.tif", u"r.tfw", u"r.tif.aux.xml"})
         write(u"C:\\prj\\data\\" + name, "data");
     fs::create_directory(native("c") / "prj/data/r.old");
-    project_builder()
-        .scene_2d(u"S")
-        .layer("shp_pln_lr2d", u"Roads", u"C:\\prj\\data\\ROADS.shp")
-        .layer("rtr_lr2d", u"R", u"C:\\prj\\data\\r.tif")
-        .save(source);
+    builder.scene_2d(u"S").layer("shp_pln_lr2d", u"Roads", src(u"data\\ROADS.shp"));
+    builder.layer("rtr_lr2d", u"R", src(u"data\\r.tif")).save(source);
     EXPECT_EQ(0, command(to + "--dry-run")) << err;
     auto plan = json::parse(out);
     const string data = "C:\\prj\\data\\";

@@ -3,13 +3,10 @@
 // linked in, which a test may hold the library's work against.
 #pragma once
 
-#include "framework/resources/strings.h"
 #include "platform/library.h"
-#include "reference_host/shell/front_end.h"
 #include "reference_host/toolkit/app_window.h"
 #include "reference_host/toolkit/element_description.h"
-#include "tests/support/host_fixture.h"
-#include "tests/support/project_builder.h"
+#include "tests/support/builder_run.h"
 
 namespace vs::project_resave {
 
@@ -18,7 +15,6 @@ protected:
     using element_view = vestra::toolkit::element_view;
     using row_view = vestra::toolkit::row_view;
     using mark = vestra::toolkit::mark;
-    using texts = std::vector<wide_string>;
 
     panel()
         : runner([this](const element_view& shown) { return on_panel_dialog ? on_panel_dialog(shown) : 0; }) {
@@ -64,13 +60,10 @@ protected:
     }
     bool check(const std::string& name, bool on = true) { return vestra::toolkit::set_check(at(name), on); }
     bool press(const std::string& button) { return vestra::toolkit::click(at(button)); }
-    // Turns to the page of this name, in whichever layout it is.
-    void turn_to(const std::string& page) {
-        const element_view& wanted = at(page);
-        const element_view* layout = layout_with(view, wanted);
-        ASSERT_NE(nullptr, layout) << page;
-        ASSERT_TRUE(
-            vestra::toolkit::choose(*layout, static_cast<uint32_t>(&wanted - layout->children.data())));
+    // Turns to the page of the structure (1), or of scene files (2).
+    void turn_to(uint32_t page) {
+        view = window->look();
+        ASSERT_TRUE(vestra::toolkit::choose(*vestra::toolkit::find(view, u"tab_layout"), page));
     }
     // A button below the window; whether the window is to close.
     bool press_below(int32_t code) {
@@ -83,11 +76,10 @@ protected:
         EXPECT_FALSE(press_below(2)) << "the window stays";
     }
 
-    // The rows of an outline, those below others behind a blank for each level, with "-" in front of one that
-    // is not checked and "~" of one that is in part.
+    // Of an outline, without those below others.
     texts rows(const std::string& outline) {
         texts all;
-        collect(at(outline).rows, {}, all);
+        for (const row_view& each : at(outline).rows) all.push_back(each.text);
         return all;
     }
     // A row by its numbers and captions: "scn2d/list1/2".
@@ -101,23 +93,6 @@ protected:
     const texts all_scenes{u"Overview", u"Geology", u"Section 1", u"Empty scene"}; // of the sample
     const wide_string same_name = u"You can't resave a project with the same name.";
 
-private:
-    static const element_view* layout_with(const element_view& around, const element_view& page) {
-        for (const element_view& child : around.children) {
-            if (&child == &page) return &around;
-            if (const element_view* layout = layout_with(child, page)) return layout;
-        }
-        return nullptr;
-    }
-    static void collect(const std::vector<row_view>& rows, const wide_string& indent, texts& all) {
-        for (const row_view& each : rows) {
-            const char16_t* sign = each.check == mark::off ? u"-" : each.check == mark::mixed ? u"~" : u"";
-            all.push_back(indent + sign + each.text);
-            collect(each.rows, indent + u' ', all);
-        }
-    }
-
-protected:
     // Answers for a person before a dialog of the library: what to close it with, 0 for cancel.
     std::function<int32_t(const element_view&)> on_panel_dialog;
     vestra::shell::service_registry registry; // in force instead of the base's

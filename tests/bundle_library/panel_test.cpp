@@ -3,7 +3,6 @@
 #include "reference_host/model/counted.h"
 #include "tests/bundle_library/panel_fixture.h"
 #include "tests/support/forwarding_system.h"
-#include "tests/support/tree_state.h"
 #include "ui/project_resave_app.h"
 
 namespace vs::project_resave {
@@ -33,7 +32,7 @@ TEST_F(panel, load_current_reads_a_private_copy_that_is_never_written_over_the_h
         EXPECT_EQ(source, text("field1"));
         EXPECT_EQ(4U, rows("scn2d/list1").size());
         run();
-        EXPECT_EQ((std::vector<front::event>{{front::kind::warning, same_name}}), script.events);
+        EXPECT_EQ((events{{kind::warning, same_name}}), script.events);
     }
     EXPECT_EQ(0U, in_host.project.scenes_2d.count());
     EXPECT_EQ("new: prj/area_last_resave_open_log.txt\n", difference(files, state_of(native("c"))));
@@ -98,7 +97,7 @@ TEST_F(panel, a_run_that_breaks_off_closes_the_project_and_says_that_nothing_was
     copy_sample();
     linked_in_tool tool;
     open_on(source);
-    turn_to("scns_xml");
+    turn_to(2);
     ASSERT_TRUE(enter("scns_xml/field1", u"N:\\out"));
     {
         no_memory faults;
@@ -114,11 +113,9 @@ TEST_F(panel, a_run_that_breaks_off_closes_the_project_and_says_that_nothing_was
 
 // A collision asks for another name in the middle of the run, where a person still has the window.
 TEST_F(panel, while_a_run_waits_nothing_else_begins_and_a_closed_window_takes_effect_after_it) {
-    project_builder()
-        .scene_2d(u"Area")
-        .layer("rtr_lr2d", u"East", write(u"C:\\a\\relief.tif"))
-        .layer("rtr_lr2d", u"West", write(u"C:\\b\\relief.tif"))
-        .save(source);
+    project_builder built;
+    built.scene_2d(u"Area").layer("rtr_lr2d", u"East", write(u"C:\\a\\relief.tif"));
+    built.layer("rtr_lr2d", u"West", write(u"C:\\b\\relief.tif")).save(source);
     const opened in_host(u"C:\\prj\\other._vp");
     for (const bool closes : {false, true}) {
         open_on(source);

@@ -1,7 +1,6 @@
 // The tabs through the library's tables, and whole runs from the click to the files on the disk.
 #include "operations/run_settings.h"
 #include "tests/bundle_library/panel_fixture.h"
-#include "tests/support/tree_state.h"
 
 namespace vs::project_resave {
 namespace {
@@ -42,13 +41,13 @@ TEST_F(tabs, every_structure_and_option_reaches_the_run_from_the_click_to_the_fi
         run();
         EXPECT_EQ(u"", text("field1")) << "the run leaves no project";
         const auto by_click = written();
-        const auto told_by_click = script.texts(front::kind::message);
+        const auto told_by_click = script.texts(kind::message);
         clear_output();
         settings = row.same;
         load_and_resave();
         EXPECT_LT(20U, by_click.size());
         EXPECT_EQ(written(), by_click);
-        EXPECT_EQ(script.texts(front::kind::message), told_by_click);
+        EXPECT_EQ(script.texts(kind::message), told_by_click);
         clear_output();
         for (const std::string& box : row.boxes) click(box);
     }
@@ -62,7 +61,7 @@ TEST_F(tabs, the_structure_is_written_as_the_boxes_and_the_list_say) {
                                 &all::write_file_paths};
     open_on_sample();
     load();
-    turn_to("struct");
+    turn_to(1);
     const wide_string by_click = u"N:\\out\\click.txt", expected = u"N:\\out\\expected.txt";
     ASSERT_TRUE(enter("struct/field1", by_click));
     structure_settings wanted;
@@ -74,36 +73,30 @@ TEST_F(tabs, the_structure_is_written_as_the_boxes_and_the_list_say) {
         ASSERT_TRUE(vestra::toolkit::choose(at("struct/choice1"), box % 4));
         wanted.indent_text = indents[box % 4];
         run();
-        EXPECT_EQ(texts{u"The project structure is preserved successfully."},
-                  script.texts(front::kind::message));
+        EXPECT_EQ(texts{u"The project structure is preserved successfully."}, script.texts(kind::message));
         ASSERT_TRUE(context->save_structure(wanted));
         EXPECT_EQ(read(expected), read(by_click)) << box;
         EXPECT_EQ(source, text("field1")) << "the project stays";
     }
 }
 
-TEST_F(tabs, scene_files_of_the_checked_scenes_get_new_names_or_take_the_old_ones) {
+// Nothing was resaved yet: the files go where the program stands.
+TEST_F(tabs, checked_scenes_get_files_of_new_names_or_the_old_ones) {
     open_on_sample();
     ASSERT_TRUE(check_row("scn2d/list1/Overview", false));
-    turn_to("scns_xml");
+    turn_to(2);
     ASSERT_TRUE(enter("scns_xml/field1", u"N:\\out"));
-    const auto run_in_folder = [&] { // nothing was resaved yet: the files go where the program stands
-        const auto before = std::filesystem::current_path();
+    const auto before = std::filesystem::current_path();
+    for (const bool rewrites : {false, true}) {
+        write(u"N:\\out\\Geology._sn", "old");
+        ASSERT_TRUE(!rewrites || check("scns_xml/radio2"));
         ASSERT_TRUE(platform::set_current_folder(u"N:\\out"));
         run();
         std::filesystem::current_path(before);
-    };
-    run_in_folder();
-    EXPECT_EQ(texts{u"Files *_sn has been saved"}, script.texts(front::kind::message));
-    EXPECT_EQ((std::vector<std::string>{"Empty scene._sn", "Geology._sn", "Section 1._sn"}), files());
-    write(u"N:\\out\\Geology._sn", "old");
-    run_in_folder();
-    EXPECT_EQ(6U, files().size());
-    EXPECT_EQ("old", written().at("Geology._sn"));
-    ASSERT_TRUE(check("scns_xml/radio2"));
-    run_in_folder();
-    EXPECT_EQ(6U, files().size());
-    EXPECT_NE("old", written().at("Geology._sn"));
+        EXPECT_EQ(texts{u"Files *_sn has been saved"}, script.texts(kind::message));
+        EXPECT_EQ(rewrites, written().at("Geology._sn") != "old");
+        EXPECT_EQ(4U, files().size());
+    }
 }
 
 } // namespace

@@ -1,5 +1,4 @@
 // Layouts with their images, pages, frames and legends: what is copied, what is rewritten, what stays.
-#include "framework/resources/strings.h"
 #include "tests/support/builder_run.h"
 
 namespace vs::project_resave {
@@ -67,15 +66,11 @@ TEST_F(layouts, a_page_is_told_a_place_by_each_structure_and_nothing_is_copied_f
 }
 
 TEST_F(layouts, an_image_brings_its_companions_and_what_has_no_file_stays_without_a_word) {
-    builder.layout(u"Sheet")
-        .layer("layout_image", u"Image", u"C:\\data\\i.tif")
-        .layer("layout_text", u"Text", u"C:\\data\\b.tld")
-        .frame(u"Frame", u"gone")
-        .layout(u"Other")
-        .layer("layout_ole_object", u"Object")
-        .layer("layout_legend", u"Plain legend")
-        .layer("grid_lr2d", u"Unheard of here", u"C:\\data\\b.tld")
-        .layer("vs_layout_legend_layer_meta_id", u"Shows nothing");
+    builder.layout(u"Sheet").layer("layout_image", u"Image", u"C:\\data\\i.tif");
+    builder.layer("layout_text", u"Text", u"C:\\data\\b.tld").frame(u"Frame", u"gone").layout(u"Other");
+    builder.layer("layout_ole_object", u"Object").layer("layout_legend", u"Plain legend");
+    builder.layer("grid_lr2d", u"Unheard of here", u"C:\\data\\b.tld");
+    builder.layer("vs_layout_legend_layer_meta_id", u"Shows nothing");
     run();
     EXPECT_EQ(1U, script.total) << "the image";
     EXPECT_EQ("rtr/i.tfw rtr/i.tif rtr/i.tif.ovr rtr/i_tif.pj4 \n"
@@ -86,12 +81,10 @@ TEST_F(layouts, an_image_brings_its_companions_and_what_has_no_file_stays_withou
 }
 
 TEST_F(layouts, all_legends_share_one_folder_and_only_their_shapes_have_layer_files) {
-    builder.layout(u"Sheet")
-        .legend(u"Signs", all_signs)
-        .legend(u"Signs", {{"shp_pgn_lr2d", u"Road again", u"C:\\data\\s.shp"},
-                           {"rtr_lr2d", u"Other relief", u"D:\\data\\i.tif"}})
-        .layout(u"Second")
-        .legend(u"Signs", {{"tld_lr2d", u"Base again", u"C:\\DATA\\B.tld"}});
+    builder.layout(u"Sheet").legend(u"Signs", all_signs);
+    builder.legend(u"Signs", {{"shp_pgn_lr2d", u"Road again", u"C:\\data\\s.shp"},
+                              {"rtr_lr2d", u"Other relief", u"D:\\data\\i.tif"}});
+    builder.layout(u"Second").legend(u"Signs", {{"tld_lr2d", u"Base again", u"C:\\DATA\\B.tld"}});
     run(); // from the last to the first
     EXPECT_EQ(
         "Road again._lr Road._lr legend plus/B.tld legend plus/i.tif legend plus/i_(1).tfw "
@@ -116,10 +109,7 @@ TEST_F(layouts, a_legend_keeps_layers_that_are_lost_or_left_out) {
                   "\n!Signs: Lost files Base\nLost files Depth\nLost files Relief\nLost files Road\n"
                   "Lost files Image\n",
               outcome());
-    size_t removals = 0;
-    const std::string told = platform::to_utf8(load_string(text::layer_3d_removed));
-    for (size_t at = log.find(told); at != std::string::npos; at = log.find(told, at + 1)) ++removals;
-    EXPECT_EQ(5U, removals) << "told for the signs too";
+    EXPECT_EQ(5U, times(platform::to_utf8(load_string(text::layer_3d_removed)), log)) << "for the signs too";
 
     builder.page(u"Page", u"C:\\prj\\p.fmt");
     unticked = {u"Image", u"Road", u"Relief", u"Depth", u"Base", u"Page"};

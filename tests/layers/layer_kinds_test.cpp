@@ -1,5 +1,5 @@
 // Every kind of layer, resaved from real files.
-#include "tests/layers/layer_run.h"
+#include "tests/support/builder_run.h"
 #include "tests/support/faulty_system.h"
 
 namespace vs::project_resave {
@@ -44,7 +44,7 @@ const kind_row kinds[] = {
     {"prf_compound_lr2d", u"", u"C:\\elsewhere\\c", u"", u""},
 };
 
-class layer_kinds : public layer_run {
+class layer_kinds : public builder_run {
 protected:
     // The reference of the row's layer while its file lies in this folder.
     static wide_string reference(const kind_row& row, const wide_string& folder) {
@@ -65,7 +65,7 @@ protected:
         vestra::layer& layer = begun.layer(row.type, u"a:b", reference(row, src(u""))).last();
         if (row.meta_id) layer.meta_id = row.meta_id;
         if (type != "shp_pnt_lr2d") layer.data.reset();
-        layer_run::run();
+        builder_run::run();
         const auto& scenes = copy->scenes_2d.count() > 0 ? copy->scenes_2d : copy->scenes_3d;
         found = scenes.at(0)->count() > 0 ? scenes.at(0)->at(0)->file : u"no layer";
     }
@@ -119,7 +119,7 @@ TEST_F(layer_kinds, a_type_that_nothing_resaves_is_told_once_and_its_layer_keeps
     for (const char* type : {"wfs_pnt_lr2d", "wfs_pnt_lr2d", "RTR_LR2D", "segy_lr3d"})
         builder.layer(type, u"L", write(src(u"a.tif")));
     unticked = {u"L"}; // not even one that is left out goes
-    layer_run::run();
+    builder_run::run();
     EXPECT_EQ((std::set<wide_string>{u"RTR_LR2D", u"segy_lr3d", u"wfs_pnt_lr2d"}),
               context->report.unprocessed_types());
     const std::string kept = " L=C:\\prj\\a.tif";

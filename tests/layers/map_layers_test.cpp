@@ -1,14 +1,13 @@
-// Map layers, whose scene is resaved inside them, and layers that name other elements of the project and pull
-// them into the selection.
-#include "tests/layers/layer_run.h"
+// Map layers, whose scene is resaved inside them, layers that name other elements of the project, and the
+// rounds in which these pull them into the selection.
+#include "tests/support/builder_run.h"
 
 namespace vs::project_resave {
-
 namespace {
 
 constexpr const char* map_2d = "vs_scene_layer_meta_id";
 
-class map_layers : public layer_run {
+class map_layers : public builder_run {
 protected:
     map_layers() {
         builder.scene_2d(u"M").layer("rtr_lr2d", u"R", write(src(u"a.tif"))).save_scene(map);
@@ -16,8 +15,6 @@ protected:
     }
     const wide_string map = src(u"m._sn");
 };
-
-} // namespace
 
 TEST_F(map_layers, the_scene_inside_is_resaved_and_its_file_written_once) {
     settings.save_layer_files = true;
@@ -62,12 +59,11 @@ TEST_F(map_layers, what_is_lost_behind_one_is_told_under_the_scene_inside) {
 }
 
 TEST_F(map_layers, a_scene_file_that_leads_back_to_itself_ends_there) {
-    for (const auto& [name, inner] : {std::pair(u"x._sn", u"Y._SN"), std::pair(u"y._sn", u"x._sn")})
-        project_builder()
-            .scene_2d(name)
-            .layer(map_2d, u"L", src(inner))
-            .layer("rtr_lr2d", u"R", src(u"a.tif"))
-            .save_scene(src(name));
+    for (const auto& [name, inner] : {std::pair(u"x._sn", u"Y._SN"), std::pair(u"y._sn", u"x._sn")}) {
+        builder.scene_2d(name).layer(map_2d, u"L", src(inner)).layer("rtr_lr2d", u"R", src(u"a.tif"));
+        builder.save_scene(src(name));
+        builder.clear();
+    }
     builder.scene_2d(u"S").layer(map_2d, u"L", src(u"x._sn"));
     run();
     EXPECT_EQ("Y._SN rtr/a.tif x._sn \nS: L=x._sn\n", outcome());
@@ -83,7 +79,7 @@ TEST_F(map_layers, what_is_not_selected_leaves_the_scene_inside_too) {
     EXPECT_EQ("M:\n", scene_outline(out(u"m._sn")));
 }
 
-using layer_references = layer_run;
+using layer_references = builder_run;
 
 TEST_F(layer_references, a_link_is_the_uuid_as_the_host_writes_it_between_any_stars) {
     for (const auto& [before, behind, is_found] :
@@ -108,4 +104,62 @@ TEST_F(layer_references, a_scene_with_some_of_its_layers_counts_as_not_selected)
     EXPECT_EQ(std::vector<std::string>{"rtr/a.tif"}, files());
 }
 
+class rounds : public builder_run {
+protected:
+    // Resaves with this answer to the question of what to add; the number of scenes in the new project.
+    uint32_t scenes_with(answer given) {
+        script.answers = {given, answer::no};
+        run();
+        return copy->scenes_2d.count();
+    }
+};
+
+TEST_F(rounds, follow_a_chain_of_references_as_far_as_twelve_rounds_go_if_the_user_wants_so) {
+    const struct {
+        uint32_t length;
+        answer given;
+        uint32_t saved;
+        bool exceeded;
+    } rows[] = {{1, answer::yes, 1, false},   {2, answer::yes, 2, false},  {5, answer::no, 1, false},
+                {11, answer::yes, 11, false}, {12, answer::yes, 12, true}, {20, answer::yes, 13, true}};
+    for (const auto& row : rows) {
+        SCOPED_TRACE(row.length);
+        builder.clear(); // each scene pulls in the one before it, so that one round adds one scene
+        unticked.clear();
+        for (uint32_t index = 0; index < row.length; ++index) {
+            const wide_string caption = decimal(index);
+            builder.scene_2d(caption);
+            if (index > 0) builder.compound(u"C" + caption, {unticked.back()});
+            unticked.push_back(caption);
+        }
+        unticked.pop_back(); // the last alone is selected
+        EXPECT_EQ(row.saved, scenes_with(row.given));
+        EXPECT_EQ(row.length > 1 ? 1U : 0U, questions());
+        EXPECT_EQ(row.exceeded, context->report.depth_exceeded());
+    }
+}
+
+TEST_F(rounds, a_frame_brings_the_scene_it_shows_with_its_layers) {
+    builder.scene_2d(u"Shown").layer("rtr_lr2d", u"R", write(u"C:\\data\\r.tif")).layout(u"Sheet");
+    builder.frame(u"Frame", u"Shown").frame(u"Another", u"Shown").frame(u"Empty", u"gone");
+    const struct {
+        texts left_out;
+        answer given;
+        uint32_t scenes;
+        size_t asked, files;
+    } rows[] = {{{u"Shown"}, answer::no, 0, 1, 0},
+                {{u"Shown"}, answer::yes, 1, 1, 1},
+                {{u"R"}, answer::no, 1, 1, 0}, // the frame looks at each layer by itself
+                {{u"R"}, answer::yes, 1, 1, 1},
+                {{u"Shown", u"Sheet"}, answer::yes, 0, 0, 0}}; // what is not selected pulls nothing
+    for (const auto& row : rows) {
+        remove_tree(u"N:\\out\\rtr");
+        unticked = row.left_out;
+        EXPECT_EQ(row.scenes, scenes_with(row.given));
+        EXPECT_EQ(row.asked, questions());
+        EXPECT_EQ(row.files, files().size());
+    }
+}
+
+} // namespace
 } // namespace vs::project_resave

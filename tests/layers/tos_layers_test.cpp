@@ -1,11 +1,8 @@
 // TOS layers: the files of a complex model, and the style that a save carries over.
-#include <map>
-
 #include "core/data_source.h"
-#include "framework/resources/text_rows.h"
 #include "layers/resave_tos_layers.h"
 #include "reference_host/api/handles.h"
-#include "tests/layers/layer_run.h"
+#include "tests/support/builder_run.h"
 
 namespace vs::project_resave {
 
@@ -16,7 +13,7 @@ using elements = std::map<size_t, wide_string>; // those that hold a text
 
 constexpr const char* record_key = "BumpsSettings";
 
-class tos_layers : public layer_run {
+class tos_layers : public builder_run {
 protected:
     tos_layers() {
         for (const wide_view name : {u"main", u"a", u"b", u"sub\\c"}) {
@@ -98,7 +95,7 @@ TEST_F(tos_layers, files_of_a_complex_model_come_along_and_the_record_names_them
 
 // The second pair finds the names of the first one taken.
 TEST_F(tos_layers, renamed_sets_are_read_with_their_own_values) {
-    std::vector<wide_string> sources;
+    texts sources;
     for (const wide_view folder : {u"1\\", u"2\\"}) {
         const std::string values = "of " + platform::to_utf8(folder);
         sources.push_back(write(src(folder) + u"model.tos", "TOS 1\nmember .tod\nmember .tos.idx\n"));
@@ -115,7 +112,7 @@ TEST_F(tos_layers, renamed_sets_are_read_with_their_own_values) {
     for (uint32_t i = 0; i < sources.size(); ++i) {
         const wide_string copied = copy->scenes_2d.at(0)->at(i)->file;
         EXPECT_TRUE(copies.insert(copied).second);
-        std::vector<wide_string> of_source, of_copy;
+        texts of_source, of_copy;
         ASSERT_TRUE(data_source_files(sources[i], of_source) && data_source_files(copied, of_copy));
         ASSERT_EQ(of_source.size(), of_copy.size()) << i;
         for (size_t member = 0; member < of_source.size(); ++member)

@@ -65,6 +65,12 @@ TEST_F(logs, every_message_is_the_block_of_lines_that_people_search_for) {
     EXPECT_EQ(disk.read(u"run_log.txt"), committed("tests/logs/expected/every_message.txt"));
 }
 
+TEST_F(logs, the_load_log_holds_the_last_step_indented_by_its_depth) {
+    context.open_log.set_open_log_path(disk.path(u"a.b._vp"), true);
+    for (const wide_string step : {u"scenes - Begin", u"layer - Begin"}) context.open_log.enter(step);
+    EXPECT_EQ(disk.read(u"a.b_last_resave_open_log.txt"), "    layer - Begin\r\n");
+}
+
 TEST_F(logs, a_log_that_is_off_or_has_no_folder_writes_nothing_and_one_left_open_goes_on) {
     EXPECT_FALSE(log.open(disk.path(u"a.txt"), false));
     log.write(u"lost");
@@ -94,18 +100,6 @@ TEST_F(logs, a_line_waits_for_a_file_that_another_program_holds_but_not_for_ever
         EXPECT_EQ(files.pauses, std::min(until, 20));
     }
     EXPECT_EQ(disk.read(u"log.txt"), "came free\r\n");
-}
-
-TEST_F(logs, the_load_log_holds_only_the_last_step_indented_by_its_depth) {
-    open_log_file& steps = context.open_log;
-    steps.set_open_log_path(disk.path(u"a.b._vp"), true);
-    steps.write_load_begin();
-    steps.enter(u"scenes - Begin");
-    steps.enter(u"layer - Begin");
-    EXPECT_EQ(disk.read(u"a.b_last_resave_open_log.txt"), "    layer - Begin\r\n");
-    steps.leave(u"layer - End");
-    steps.leave(u"scenes - End");
-    EXPECT_EQ(disk.read(u"a.b_last_resave_open_log.txt"), "scenes - End\r\n");
 }
 
 } // namespace vs::project_resave

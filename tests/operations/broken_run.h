@@ -3,31 +3,24 @@
 
 #include <sstream>
 
-#include "framework/resources/strings.h"
-#include "tests/support/host_fixture.h"
-#include "tests/support/project_builder.h"
+#include "tests/support/builder_run.h"
 
 namespace vs::project_resave {
 
-class broken_run : public host_fixture {
+class broken_run : public builder_run {
 protected:
-    using kind = front::kind;
-
-    // Fills `small` with a file of each family that is copied in a way of its own. Each holds its name.
+    // Fills `builder` with a file of each family that is copied in a way of its own. Each holds its name.
     void make_small_project() {
         for (const wide_string name :
              {u"a.shp", u"a.shx", u"a.dbf", u"a.cpg", u"a_shp.pj4", u"r.tif", u"r.tif.ovr", u"r.tfw",
               u"r.tfr", u"w.wel", u"w\\logs\\1.las", u"t.dbf", u"t.cpg", u"joined.dbf", u"joined.cpg"})
             write(u"C:\\data\\" + name, platform::to_utf8(name));
         write(u"C:\\data\\p.tos", "TOS 1\n");
-        small.scene_2d(u"Area 1")
-            .layer("shp_pln_lr2d", u"A", u"C:\\data\\a.shp")
-            .layer("rtr_lr2d", u"R", u"C:\\data\\r.tif")
-            .layer("plugin_lr_2d_well_hole_2d_3", u"W", u"C:\\data\\w.wel")
-            .scene_3d(u"Solid")
-            .layer("tos_surf_lr3d", u"P", u"C:\\data\\p.tos")
-            .table(u"T", u"C:\\data\\t.dbf")
-            .join(u"C:\\data\\joined.dbf");
+        builder.scene_2d(u"Area 1").layer("shp_pln_lr2d", u"A", u"C:\\data\\a.shp");
+        builder.layer("rtr_lr2d", u"R", u"C:\\data\\r.tif");
+        builder.layer("plugin_lr_2d_well_hole_2d_3", u"W", u"C:\\data\\w.wel").scene_3d(u"Solid");
+        builder.layer("tos_surf_lr3d", u"P", u"C:\\data\\p.tos").table(u"T", u"C:\\data\\t.dbf");
+        builder.join(u"C:\\data\\joined.dbf");
     }
     // Whatever comes of it, the source is as it was.
     void resave() {
@@ -56,10 +49,10 @@ protected:
     }
     // What the user is told of a run that was stopped.
     void expect_told_as_stopped() const {
-        EXPECT_EQ((std::vector<front::event>{{kind::yes_no_cancel, load_string(text::erase_created_files)},
-                                             {kind::wait, load_string(text::wait_for_end)},
-                                             {kind::message, load_string(text::interrupted_by_user)},
-                                             {kind::yes_no, load_string(text::reopen_source_project)}}),
+        EXPECT_EQ((events{{kind::yes_no_cancel, load_string(text::erase_created_files)},
+                          {kind::wait, load_string(text::wait_for_end)},
+                          {kind::message, load_string(text::interrupted_by_user)},
+                          {kind::yes_no, load_string(text::reopen_source_project)}}),
                   told());
     }
     // Each copy is its source, what was there before is as it was, and nothing else stands there.
@@ -82,8 +75,6 @@ protected:
             EXPECT_TRUE(known.contains(place)) << line;
         }
     }
-
-    project_builder small;
 };
 
 } // namespace vs::project_resave

@@ -1,15 +1,11 @@
 // Whole runs on small projects: one choice of the user at a time, and what happens at the edges.
-#include "framework/resources/strings.h"
-#include "tests/support/host_fixture.h"
-#include "tests/support/project_builder.h"
+#include "tests/support/builder_run.h"
 
 namespace vs::project_resave {
 namespace {
 
 using std::string;
-using kind = vestra::shell::scripted_front_end::kind;
-
-class resaving : public host_fixture {
+class resaving : public builder_run {
 protected:
     wide_string shape(const wide_string& path) {
         for (const wide_view extension : {u"shx", u"dbf"}) write(path_replace_extension(path, extension));
@@ -24,7 +20,7 @@ TEST_F(resaving, a_taken_name_is_numbered_or_asked_for_and_what_stood_there_stay
         size_t asked;
     } rows[] = {
         {true, false, "shp\\a_(1)", 0}, {false, false, "shp\\a_(1)", 1}, {false, true, "typed\\b", 1}};
-    project_builder().scene_2d(u"S").layer("shp_pln_lr2d", u"L", shape(u"C:\\data\\a.shp")).save(source);
+    builder.scene_2d(u"S").layer("shp_pln_lr2d", u"L", shape(u"C:\\data\\a.shp")).save(source);
     for (const wide_string companion : {u"a.cpg", u"a_shp.pj4"}) write(u"C:\\data\\" + companion);
     for (const auto& row : rows) {
         remove_tree(u"N:\\out");
@@ -50,30 +46,23 @@ TEST_F(resaving, each_choice_decides_what_comes_along_under_which_name_and_what_
     write(u"C:\\prj\\Maps\\Relief.TIF");
     write(u"C:\\prj\\Maps\\Relief.TFw"); // letters of the source's extension, in the copy too
     write(u"C:\\prj\\Maps\\Relief_TIF.pj4");
-    project_builder built;
-    built.scene_2d(u"S")
-        .layer("shp_pln_lr2d", u"Roads", shape(u"C:\\prj\\Maps\\Roads.SHP"))
-        .layer("rtr_lr2d", u"Relief", u"C:\\prj\\Maps\\Relief.TIF")
-        .layer("rtr_lr2d", u"Lost", u"C:\\gone.tif")
-        .layer("wms_lr2d", u"Link", u"https://x")
-        .layer("wfs_pnt_lr2d", u"Springs", u"https://x")
-        .scene_3d(u"Solid")
-        .layer("segy_lr3d", u"Lost line", u"C:\\gone.sgy")
-        .layer("segy_lr3d", u"Line", write(u"C:\\prj\\l.sgy"))
-        .table(u"T", write(u"C:\\data\\t.dbf"))
-        .table(u"Gone", u"C:\\gone.dbf")
-        .sheet(vestra::correlations_meta_id, u"First", {})
-        .sheet("plugin_scn_2d_report_collection", u"Report", {})
-        .sheet(vestra::well_sheets_meta_id, u"Well", write(u"C:\\data\\w.wsh"))
-        .layout(u"Page")
-        .layer("layout_image", u"Image", write(u"C:\\data\\i.png"));
-    for (vestra::scene* scene : {built.model.scenes_2d.at(0), built.model.scenes_3d.at(0)})
+    builder.scene_2d(u"S").layer("shp_pln_lr2d", u"Roads", shape(u"C:\\prj\\Maps\\Roads.SHP"));
+    builder.layer("rtr_lr2d", u"Relief", u"C:\\prj\\Maps\\Relief.TIF");
+    builder.layer("rtr_lr2d", u"Lost", u"C:\\gone.tif").layer("wms_lr2d", u"Link", u"https://x");
+    builder.layer("wfs_pnt_lr2d", u"Springs", u"https://x").scene_3d(u"Solid");
+    builder.layer("segy_lr3d", u"Lost line", u"C:\\gone.sgy");
+    builder.layer("segy_lr3d", u"Line", write(u"C:\\prj\\l.sgy")).table(u"T", write(u"C:\\data\\t.dbf"));
+    builder.table(u"Gone", u"C:\\gone.dbf").sheet(vestra::correlations_meta_id, u"First", {});
+    builder.sheet("plugin_scn_2d_report_collection", u"Report", {});
+    builder.sheet(vestra::well_sheets_meta_id, u"Well", write(u"C:\\data\\w.wsh")).layout(u"Page");
+    builder.layer("layout_image", u"Image", write(u"C:\\data\\i.png"));
+    for (vestra::scene* scene : {builder.model.scenes_2d.at(0), builder.model.scenes_3d.at(0)})
         for (const auto& layer : scene->members())
             scene->make_groups().add_group(layer->caption).add_layer(*layer);
-    built.save(source);
+    builder.save(source);
     const struct {
         resave_settings settings;
-        std::vector<wide_string> deselected;
+        texts deselected;
     } rows[] = {
         {{}, {}},
         {{.structure_variant = from_project_folder, .delete_lost_sources = true, .lower_case = true}, {}},
@@ -88,7 +77,7 @@ TEST_F(resaving, each_choice_decides_what_comes_along_under_which_name_and_what_
         settings = row.settings;
         load();
         for (const wide_string& caption : row.deselected)
-            (*context->units.find(built.id(caption)))->set_selected(false);
+            (*context->units.find(builder.id(caption)))->set_selected(false);
         resave();
         all += outcome() + '\n' + read(u"N:\\out\\new_log.txt");
     }
@@ -97,12 +86,8 @@ TEST_F(resaving, each_choice_decides_what_comes_along_under_which_name_and_what_
 
 TEST_F(resaving, scene_and_layer_files_refer_to_the_copies_beside_them) {
     settings.save_layer_files = settings.save_scene_files = true;
-    project_builder()
-        .scene_2d(u"Area _1_")
-        .layer("shp_pln_lr2d", u"Roads: all", shape(u"C:\\data\\a.shp"))
-        .scene_3d(u"Solid")
-        .layer("shp_pln_lr3d", u"Faults", shape(u"C:\\data\\f.shp"))
-        .save(source);
+    builder.scene_2d(u"Area _1_").layer("shp_pln_lr2d", u"Roads: all", shape(u"C:\\data\\a.shp"));
+    builder.scene_3d(u"Solid").layer("shp_pln_lr3d", u"Faults", shape(u"C:\\data\\f.shp")).save(source);
     for (const bool is_by_type : {true, false}) {
         remove_tree(u"N:\\out");
         settings.structure_variant = is_by_type ? by_type : folder_per_scene;
@@ -120,17 +105,15 @@ TEST_F(resaving, scene_and_layer_files_refer_to_the_copies_beside_them) {
 }
 
 TEST_F(resaving, the_source_opens_again_if_the_user_wants_to_go_on_and_nothing_does_else) {
-    project_builder()
-        .scene_2d(u"S")
-        .layer("plugin_lr_2d_well_hole_2d_3", u"Well", write(u"C:\\data\\w.wel"))
-        .save(source);
+    builder.scene_2d(u"S").layer("plugin_lr_2d_well_hole_2d_3", u"Well", write(u"C:\\data\\w.wel"));
+    builder.save(source);
     settings.structure_variant = folder_per_scene;
     load();
     script.answers = {answer::yes};
     resave();
     EXPECT_EQ(1U, changes);
     ASSERT_TRUE(context->project);
-    EXPECT_EQ((std::vector<wide_string>{load_string(text::project_opens)}), script.texts(kind::wait));
+    EXPECT_EQ((texts{load_string(text::project_opens)}), script.texts(kind::wait));
     EXPECT_EQ("\nS: Well=C:\\data\\w.wel\n", outcome()) << "wells do not go into folders of scenes";
 
     settings.structure_variant = by_type;
@@ -146,31 +129,22 @@ TEST_F(resaving, joins_come_back_where_their_tables_are_and_of_two_on_one_file_t
     const wide_string joined = write(u"C:\\data\\joined.dbf"), file = write(u"C:\\data\\t.dbf");
     const wide_string placed = write(u"C:\\data\\placed.dbf");
     write(u"C:\\data\\joined.cpg");
-    project_builder()
-        .table(u"First", file)
-        .join(joined)
-        .table(u"Second", file)
-        .join(joined)
-        .join(u"C:\\data\\lost.dbf")
-        .join(placed)
-        .table(u"Placed", placed)
-        .save(source);
+    builder.table(u"First", file).join(joined).table(u"Second", file).join(joined);
+    builder.join(u"C:\\data\\lost.dbf").join(placed).table(u"Placed", placed).save(source);
     load_and_resave();
     EXPECT_EQ("dbf/joined.cpg dbf/joined.dbf dbf/placed.dbf dbf/t.dbf \n"
               "First=dbf\\t.dbf>C:\\data\\joined.dbf\nSecond=dbf\\t.dbf>dbf\\joined.dbf>dbf\\placed.dbf\n"
               "Placed=dbf\\placed.dbf\n!DBF tables: Lost files Join file\n",
               outcome());
-    vestra::project copy;
-    read_back(output, copy);
-    EXPECT_EQ(2, copy.tables.at(1)->joins.at(1).base_field);
+    read_back(output, *(copy = std::make_unique<vestra::project>()));
+    EXPECT_EQ(2, copy->tables.at(1)->joins.at(1).base_field);
 }
 
 // The last dot of a folder counts as that of an extension.
 TEST_F(resaving, of_scenes_with_one_caption_the_last_gets_the_plain_folder_and_of_files_the_plain_name) {
-    project_builder built;
     for (const wide_string place : {u"1", u"2", u"3"})
-        built.scene_2d(u" A.b ").layer("rtr_lr2d", u"L", write(u"C:\\data\\" + place + u"\\r.tif"));
-    built.save(source);
+        builder.scene_2d(u" A.b ").layer("rtr_lr2d", u"L", write(u"C:\\data\\" + place + u"\\r.tif"));
+    builder.save(source);
     load_and_resave();
     EXPECT_EQ(" A.b : L=rtr\\r_(2).tif\n A.b : L=rtr\\r_(1).tif\n A.b : L=rtr\\r.tif\n", outline());
     settings.structure_variant = folder_per_scene;

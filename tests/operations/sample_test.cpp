@@ -1,8 +1,4 @@
 // The sample project under each folder structure: what lands where, and that the copy stands alone.
-#include <set>
-
-#include "platform/path_text.h"
-#include "platform/text.h"
 #include "tests/operations/broken_run.h"
 #include "tests/support/references_of.h"
 
@@ -50,10 +46,9 @@ protected:
 TEST_P(sample, goes_where_the_structure_says_and_stands_alone_once_it_is_moved) {
     const tree_state before = target();
     load_and_resave();
-    EXPECT_EQ(
-        (std::vector<wide_string>{u"Resave processing error:\n\nLayers is not resaving:\nwfs_pnt_lr2d\n\n"
-                                  u"Overview:\nLost files Old survey\n"}),
-        script.texts(kind::warning));
+    EXPECT_EQ((texts{u"Resave processing error:\n\nLayers is not resaving:\nwfs_pnt_lr2d\n\n"
+                     u"Overview:\nLost files Old survey\n"}),
+              script.texts(kind::warning));
     expect_whole_copies(before);
     std::string all;
     for (const std::string& path : files()) all += path + '\n';

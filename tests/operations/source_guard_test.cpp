@@ -1,7 +1,5 @@
 // What a run writes or removes itself never touches a file of the source, however the two meet.
-#include "framework/resources/strings.h"
 #include "operations/run_settings.h"
-#include "platform/system.h"
 #include "tests/support/builder_run.h"
 #include "tests/support/forwarding_system.h"
 
@@ -20,10 +18,10 @@ protected:
         before_ = sources();
     }
     // The lines of a kind of fact: the path and the new path.
-    std::vector<wide_string> told_of(fact_kind kind) const {
-        std::vector<wide_string> lines;
+    texts told_of(fact_kind wanted) const {
+        texts lines;
         for (const fact& each : context->report.facts())
-            if (each.kind == kind) lines.push_back(each.path + u">" + each.new_path);
+            if (each.kind == wanted) lines.push_back(each.path + u">" + each.new_path);
         return lines;
     }
     // Of what was there at first, what is there now.
@@ -45,11 +43,9 @@ TEST_F(source_guard_run, scene_layer_and_log_files_take_the_next_free_name_besid
     settings.save_layer_files = settings.save_scene_files = settings.write_log = true;
     const auto file = [](const wide_string& name) { return write(u"C:\\prj\\" + name, "precious"); };
     builder.scene_2d(u"S").save_scene(u"C:\\prj\\S._sn");
-    builder.layer(map_2d, u"map", u"C:\\prj\\S._sn")
-        .layer("rtr_lr2d", u"Data", file(u"big._lr"))
-        .layer("rtr_lr2d", u"big", file(u"big.tif"))
-        .layer("rtr_lr2d", u"log", file(u"new_log.txt"))
-        .layer("rtr_lr2d", u"load log", file(u"area_last_resave_open_log.txt"));
+    builder.layer(map_2d, u"map", u"C:\\prj\\S._sn").layer("rtr_lr2d", u"Data", file(u"big._lr"));
+    builder.layer("rtr_lr2d", u"big", file(u"big.tif")).layer("rtr_lr2d", u"log", file(u"new_log.txt"));
+    builder.layer("rtr_lr2d", u"load log", file(u"area_last_resave_open_log.txt"));
     write(u"C:\\prj\\Data._lr", "of somebody");
     keep_source();
     ASSERT_TRUE(context->load_project(source, false, true));

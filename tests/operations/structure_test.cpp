@@ -1,17 +1,13 @@
-// The text of a project's structure: whole files for the sample, then one choice at a time.
+// The text of a project's structure, and scene files: their names, and which scenes get one.
 #include "operations/run_settings.h"
-
-#include "framework/resources/strings.h"
-#include "reference_host/shell/front_end.h"
-#include "tests/support/host_fixture.h"
-#include "tests/support/project_builder.h"
+#include "platform/volumes.h"
+#include "tests/support/builder_run.h"
+#include "tests/support/faulty_system.h"
 
 namespace vs::project_resave {
 namespace {
 
-using kind = vestra::shell::scripted_front_end::kind;
-
-class structure_text : public host_fixture {
+class structure_text : public builder_run {
 protected:
     structure_text() { wanted.output_path = text_file.c_str(); }
 
@@ -22,7 +18,6 @@ protected:
         EXPECT_EQ(0U, script.open_windows);
         return read(text_file);
     }
-    std::vector<wide_string> messages() const { return script.texts(kind::message); }
 
     const wide_string text_file = n + u"out\\structure.txt";
     structure_settings wanted;
@@ -51,36 +46,35 @@ TEST_F(structure_text, of_the_sample_is_the_committed_file_byte_for_byte_and_cha
         wanted.indent_text = row.indent;
         wanted.indent_repeat = row.repeat;
         EXPECT_EQ(committed(std::string("tests/operations/expected/") + row.file), save());
-        EXPECT_EQ(std::vector<wide_string>{load_string(text::structure_saved)}, messages());
+        EXPECT_EQ(texts{load_string(text::structure_saved)}, script.texts(kind::message));
     }
     EXPECT_EQ("", difference(before, sources()));
     EXPECT_EQ(1U, context->report.unprocessed_types().count(u"wfs_pnt_lr2d")); // still to be told by a resave
 }
 
 TEST_F(structure_text, groups_are_shown_as_the_user_sees_them_with_what_is_selected) {
-    project_builder built;
-    built.scene_2d(u"First").layer("rtr_lr2d", u"A").layer("rtr_lr2d", u"B").layer("rtr_lr2d", u"C");
-    built.layer("unheard_of", u"U");
-    vestra::scene& first = *built.model.scenes_2d.at(0);
+    builder.scene_2d(u"First").layer("rtr_lr2d", u"A").layer("rtr_lr2d", u"B").layer("rtr_lr2d", u"C");
+    builder.layer("unheard_of", u"U");
+    vestra::scene& first = *builder.model.scenes_2d.at(0);
     vestra::layer_group& outer = first.make_groups().add_group(u"Outer");
     first.groups->add_layer(*first.at(2));
     outer.add_group(u"Inner").add_layer(*first.at(0));
     outer.add_layer(*first.at(1));
     outer.add_group(u"Empty");
     first.groups->add_group(u"Unheard").add_layer(*first.at(3));
-    built.scene_2d(u"Second").layer("rtr_lr2d", u"D").save(source);
+    builder.scene_2d(u"Second").layer("rtr_lr2d", u"D").save(source);
     load();
     wanted.write_layer_names = true;
     wanted.indent_text = u" ";
     const struct {
-        std::vector<wide_string> deselected;
+        texts deselected;
         uint32_t steps; // of four, the last never shown: none for a layer that its group leaves out
         bool inverted = false;
     } rows[] = {{{}, 3},
                 {{}, 3, true},
-                {{built.id(u"A")}, 3},
-                {{built.id(u"A"), built.id(u"B"), built.id(u"U")}, 2},
-                {{built.id(u"First"), built.id(u"D")}, 3}};
+                {{builder.id(u"A")}, 3},
+                {{builder.id(u"A"), builder.id(u"B"), builder.id(u"U")}, 2},
+                {{builder.id(u"First"), builder.id(u"D")}, 3}};
     std::string all;
     for (const auto& row : rows) {
         context->selection.clear();
@@ -93,13 +87,13 @@ TEST_F(structure_text, groups_are_shown_as_the_user_sees_them_with_what_is_selec
 }
 
 TEST_F(structure_text, a_text_that_cannot_be_written_is_told_as_if_it_were) {
-    project_builder().scene_2d(u"S").save(source);
+    builder.scene_2d(u"S").save(source);
     load();
     write(n + u"out\\folder\\kept");
     for (const char16_t* path : {u"N:\\none\\t.txt", u"N:\\out\\folder"}) {
         wanted.output_path = path;
         EXPECT_EQ("", save());
-        EXPECT_EQ(std::vector<wide_string>{load_string(text::structure_saved)}, messages());
+        EXPECT_EQ(texts{load_string(text::structure_saved)}, script.texts(kind::message));
         EXPECT_FALSE(path_exists(n + u"none"));
         EXPECT_TRUE(path_exists(n + u"out\\folder\\kept"));
     }
@@ -109,7 +103,7 @@ TEST_F(structure_text, a_text_that_cannot_be_written_is_told_as_if_it_were) {
 }
 
 TEST_F(structure_text, a_stop_takes_the_file_away_whatever_is_answered_and_the_next_text_is_whole) {
-    project_builder().scene_2d(u"S").layer("rtr_lr2d", u"L").scene_2d(u"S").save(source);
+    builder.scene_2d(u"S").layer("rtr_lr2d", u"L").scene_2d(u"S").save(source);
     load();
     wanted.write_layer_names = true;
     const std::string whole = save();
@@ -123,9 +117,8 @@ TEST_F(structure_text, a_stop_takes_the_file_away_whatever_is_answered_and_the_n
             script.answers = {said};
             EXPECT_EQ(goes_on ? whole : "", save());
             EXPECT_EQ(goes_on, path_exists(text_file));
-            EXPECT_EQ(std::vector<wide_string>{load_string(goes_on ? text::structure_saved
-                                                                   : text::interrupted_by_user)},
-                      messages());
+            EXPECT_EQ(texts{load_string(goes_on ? text::structure_saved : text::interrupted_by_user)},
+                      script.texts(kind::message));
             script.stop_at_poll = 0;
             EXPECT_EQ(whole, save());
         }
@@ -133,13 +126,92 @@ TEST_F(structure_text, a_stop_takes_the_file_away_whatever_is_answered_and_the_n
 }
 
 TEST_F(structure_text, a_resave_without_a_log_writes_on_behind_the_text) {
-    project_builder().scene_2d(u"S").save(source);
+    builder.scene_2d(u"S").save(source);
     load();
     wanted.indent_text = u"\t";
     const std::string text = save();
     load_and_resave();
     EXPECT_TRUE(read(text_file).starts_with(text + "Begin correction select\r\n"));
     EXPECT_EQ(u"    ", context->options.indent_unit);
+}
+
+// Before any resave the files land in the current folder, which is N:\out here.
+class scene_files : public builder_run {
+protected:
+    scene_files() : before_(std::filesystem::current_path()) {
+        EXPECT_FALSE(platform::set_current_folder(n + u"none"));
+        EXPECT_TRUE(platform::set_current_folder(n + u"out"));
+    }
+    ~scene_files() override { std::filesystem::current_path(before_); }
+
+    std::vector<std::string> write_files(uint32_t on_exists) {
+        script.events.clear();
+        EXPECT_TRUE(context->create_scene_files({u"unused", static_cast<on_existing_file>(on_exists)}));
+        EXPECT_EQ(texts{load_string(text::scene_files_saved)}, script.texts(kind::message));
+        EXPECT_EQ(0U, script.open_windows);
+        return files();
+    }
+
+private:
+    const std::filesystem::path before_;
+};
+
+TEST_F(scene_files, have_names_that_a_disk_takes_and_move_with_the_data_beside_them) {
+    for (const wide_view name : {u"1", u"2"})
+        builder.scene_2d(u"A").layer("rtr_lr2d", u"L", out(name) + u".tif");
+    for (const wide_view name : {u"A", u"a:b?", u"1.5 <\"x\"|*>", u".sn"}) builder.scene_2d(name);
+    builder.save(source);
+    load();
+    std::vector<std::string> names{".sn._sn",  "1.5 __x____._sn", "A(1)(2)._sn",
+                                   "A(1)._sn", "A._sn",           "a_b_._sn"};
+    EXPECT_EQ(names, write_files(1)) << "the last name with a further number";
+    std::filesystem::current_path(native("n")); // Windows moves no folder that is the current one
+    std::filesystem::rename(native("n") / "out", native("n") / "moved");
+    EXPECT_EQ("A: L=N:\\moved\\1.tif\n", scene_outline(n + u"moved\\A._sn"));
+    EXPECT_EQ("A: L=N:\\moved\\2.tif\n", scene_outline(n + u"moved\\A(1)._sn"));
+    std::filesystem::rename(native("n") / "moved", native("n") / "out");
+}
+
+TEST_F(scene_files, rewriting_takes_the_old_file_first_so_a_failure_leaves_none) {
+    builder.scene_2d(u"A").layer("rtr_lr2d", u"L", c + u"new.tif").save(source);
+    load();
+    const struct {
+        faulty_system::kinds failing;
+        uint32_t on_exists; // 0: rewrite; 2, which has no meaning, writes over it
+        std::string begins;
+    } rows[] = {{{}, 0, "<"},
+                {{}, 2, "<"},
+                {{"delete"}, 0, "<"},
+                {{"open to write"}, 0, ""},
+                {{"open to write"}, 2, "o"}};
+    for (const auto& row : rows) {
+        remove_tree(n + u"out\\a._sn");
+        write(n + u"out\\a._SN", "older");
+        faulty_system faults(row.failing, 1, SIZE_MAX);
+        const platform::system_override in_force(faults);
+        EXPECT_EQ(row.begins.size(), write_files(row.on_exists).size());
+        EXPECT_EQ(row.begins, read(n + u"out\\a._sn").substr(0, 1));
+    }
+}
+
+TEST_F(scene_files, only_selected_2d_scenes_are_written_also_after_a_stopped_run) {
+    builder.scene_2d(u"A").scene_2d(u"B").scene_3d(u"C").layout(u"D").save(source);
+    load();
+    context->selection.set_selected(builder.id(u"A"), false);
+    script.stop_at_poll = 1;
+    structure_settings stopped;
+    stopped.output_path = u"C:\\structure.txt";
+    EXPECT_TRUE(context->save_structure(stopped));
+    EXPECT_TRUE(context->progress.stopped);
+    EXPECT_EQ((std::vector<std::string>{"B._sn"}), write_files(0));
+}
+
+TEST_F(scene_files, after_a_resave_their_folder_is_the_path_of_the_new_project) {
+    builder.scene_2d(u"A").save(source);
+    load_and_resave();
+    load();
+    EXPECT_EQ(std::vector<std::string>{}, write_files(0)); // it is a file: nothing can be written there
+    EXPECT_EQ(output + u"\\A._sn", std::prev(context->placement.placed.end())->new_path);
 }
 
 } // namespace

@@ -112,15 +112,12 @@ TEST_F(foreign_services, the_claim_with_the_lowest_priority_wins_and_among_equal
 TEST_F(foreign_services, a_claim_is_heard_in_scenes_sheets_and_layouts_but_never_in_a_legend) {
     offer<entity_service, resave_entity_service_impl>();
     builder.clear();
-    builder.scene_2d(u"Flat")
-        .layer("rtr_lr2d", u"A", write(u"C:\\prj\\1.tif"))
-        .scene_3d(u"Solid")
-        .layer("segy_lr3d", u"B", write(u"C:\\prj\\2.sgy"))
-        .sheet(vestra::well_sheets_meta_id, u"C", write(u"C:\\prj\\3.wsh"))
-        .layout(u"Sheet")
-        .layer("layout_image", u"D", write(u"C:\\prj\\4.tif"))
-        .layer("layout_scene_frame", u"E", write(u"C:\\prj\\5.tif"))
-        .legend(u"Signs", {{"rtr_lr2d", u"F", write(u"C:\\prj\\6.tif")}});
+    builder.scene_2d(u"Flat").layer("rtr_lr2d", u"A", write(u"C:\\prj\\1.tif")).scene_3d(u"Solid");
+    builder.layer("segy_lr3d", u"B", write(u"C:\\prj\\2.sgy"));
+    builder.sheet(vestra::well_sheets_meta_id, u"C", write(u"C:\\prj\\3.wsh")).layout(u"Sheet");
+    builder.layer("layout_image", u"D", write(u"C:\\prj\\4.tif"));
+    builder.layer("layout_scene_frame", u"E", write(u"C:\\prj\\5.tif"));
+    builder.legend(u"Signs", {{"rtr_lr2d", u"F", write(u"C:\\prj\\6.tif")}});
     const std::pair<wide_string, std::string> rows[] = {{u"rtr_lr2d", "rtr\\1"},
                                                         {u"segy_lr3d", "sgy\\2"},
                                                         {u"Scene2DMetaID", "well\\3"},

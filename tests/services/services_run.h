@@ -3,8 +3,6 @@
 #pragma once
 
 #include "framework/bundle_entry.h"
-#include "framework/resources/strings.h"
-#include "operations/run/path_files.h"
 #include "tests/support/builder_run.h"
 
 namespace vs::project_resave {

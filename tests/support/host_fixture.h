@@ -26,6 +26,8 @@ namespace vs::project_resave {
 class host_fixture : public testing::Test {
 protected:
     using front = vestra::shell::scripted_front_end;
+    using kind = front::kind;
+    using events = std::vector<front::event>;
     using answer = vestra::shell::answer;
     using dialog_view = vestra::toolkit::element_view;
 
@@ -67,6 +69,12 @@ protected:
     // What the front end was told and asked, without the captions of the progress.
     std::vector<front::event> told() const;
     std::vector<wide_string> errors() const { return script.texts(front::kind::error); }
+    // How often a text occurs in another.
+    static size_t times(const std::string& text, const std::string& in) {
+        size_t count = 0;
+        for (size_t at = 0; (at = in.find(text, at)) != std::string::npos; at += text.size()) ++count;
+        return count;
+    }
     // The native root of a drive: "c", "d" or "n".
     std::filesystem::path native(std::string_view drive) const;
     // Empties the folder of the output.

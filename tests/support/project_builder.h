@@ -102,6 +102,7 @@ public:
     // Begins anew; who has a caption again has its uuid again.
     void clear() {
         for (auto* scenes : {&model.scenes_2d, &model.scenes_3d, &model.layouts}) scenes->clear();
+        model.tables.clear();
         named_.clear();
     }
     vestra::layer& last() { return *scene_->members().back(); }

@@ -1,10 +1,11 @@
-// The n-th call of each kind fails, for every n, from the load to the end of a run; and the disk is full from
-// the n-th call on. Whatever fails, the source is as it was, and what is missing is told.
-#include "framework/resources/strings.h"
-#include "platform/path_text.h"
+// The n-th call of each kind fails, for every n, from the load to the end of a run; the disk is full from the
+// n-th call on; and sources change meanwhile. Whatever fails, the source is as it was, and what is missing is
+// told.
+#include <atomic>
+#include <thread>
+
 #include "tests/support/faulty_system.h"
 #include "tests/torture/generated_area.h"
-#include "tests/torture/torture.h"
 
 namespace vs::project_resave {
 namespace {
@@ -104,7 +105,7 @@ private:
 
 TEST_P(every_fault, leaves_the_source_whole_and_tells_what_is_missing) {
     size_t tried = 0;
-    for (const char* const kind : faulty_system::calls) tried += strike_run({kind}, true);
+    for (const char* const call : faulty_system::calls) tried += strike_run({call}, true);
     torture::count("faults", tried);
 }
 
@@ -113,8 +114,8 @@ TEST_P(every_fault, leaves_the_source_whole_and_tells_what_is_missing) {
 TEST_P(every_fault, of_an_erasure_is_told_by_what_still_stands) {
     size_t tried = 0;
     script.stop_at_poll = polls_;
-    for (const char* const kind : {"delete", "remove folder"})
-        tried += strike({kind}, true, u"N:", [&](faulty_system& faults) {
+    for (const char* const call : {"delete", "remove folder"})
+        tried += strike({call}, true, u"N:", [&](faulty_system& faults) {
             script.polls = 0;
             script.answers = {answer::yes, answer::no};
             EXPECT_TRUE(run(faults) && context->report.stopped);
@@ -155,6 +156,62 @@ INSTANTIATE_TEST_SUITE_P(areas, every_fault,
                          testing::Values(area(true, by_type), area(true, from_common_top),
                                          area(true, folder_per_scene), area(false, by_type),
                                          area(false, folder_per_scene)));
+
+namespace fs = std::filesystem;
+
+class disturbed_runs : public torture::runs {
+protected:
+    disturbed_runs() { torture::write_generated_area(source, 100, write); }
+};
+
+// Takes the source of every third copy away right before it is made.
+struct thief final : forwarding_system {
+    platform::outcome copy_file(const wide_string& from, const wide_string& to, bool replace) override {
+        if (++count % 3 == 0) {
+            gone.push_back(from);
+            fs::remove(platform::native_path(from));
+        }
+        return forwarding_system::copy_file(from, to, replace);
+    }
+    size_t count = 0;
+    texts gone;
+};
+
+TEST_F(disturbed_runs, sources_that_vanish_one_by_one_are_each_named) {
+    load();
+    thief disturber;
+    const platform::system_override in_force(disturber);
+    resave();
+    EXPECT_TRUE(context->report.saved);
+    EXPECT_LT(10U, disturber.gone.size());
+    for (const wide_string& path : disturber.gone)
+        EXPECT_TRUE(is_told(path_file_name(path)) || path.find(u"\\w\\") != wide_string::npos)
+            << platform::to_utf8(path);
+}
+
+TEST_F(disturbed_runs, sources_that_grow_or_shrink_meanwhile_are_copied_as_they_were_at_once_or_named) {
+    for (const bool grows : {true, false}) {
+        const wide_string path = u"C:\\data\\a\\a.shp";
+        const fs::path file = platform::native_path(path);
+        write(path, std::string(8 << 20, 'x'));
+        clear();
+        load();
+        std::atomic<bool> is_over = false;
+        std::thread other([&] {
+            std::error_code failed; // while it is being read, unless the system lets others write then
+            for (size_t size = 8 << 20; !is_over && size > 4096 && size < 64 << 20;
+                 size = fs::file_size(file))
+                fs::resize_file(file, size + (grows ? 4096 : -4096), failed);
+        });
+        resave();
+        is_over = true;
+        other.join();
+        const std::string copy = read(context->placement.lookup_placed(path));
+        EXPECT_EQ(copy.empty(), is_told(u"a.shp"));
+        EXPECT_EQ(0U, copy.size() % 4096);
+        EXPECT_TRUE(context->report.saved);
+    }
+}
 
 } // namespace
 } // namespace vs::project_resave

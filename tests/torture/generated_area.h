@@ -1,9 +1,7 @@
 // A project with families of files that share names and companions, over three folders of C:.
 #pragma once
 
-#include "reference_host/shell/front_end.h"
-#include "tests/support/host_fixture.h"
-#include "tests/support/project_builder.h"
+#include "tests/support/builder_run.h"
 #include "tests/support/references_of.h"
 #include "tests/torture/torture.h"
 

@@ -2,10 +2,7 @@
 // refused; what is written outside the new project's folder is on record, and what is missing is told.
 #include <sstream>
 
-#include "framework/resources/strings.h"
-#include "platform/path_text.h"
 #include "tests/torture/generated_area.h"
-#include "tests/torture/torture.h"
 
 namespace vs::project_resave {
 namespace {
@@ -121,7 +118,7 @@ protected:
             ++met[context->report.saved ? "odd texts saved" : "odd texts not saved, and told"];
             erase_outside();
         } else {
-            EXPECT_EQ((std::vector<wide_string>{load_string(text::failed_to_load_project)}), errors());
+            EXPECT_EQ((texts{load_string(text::failed_to_load_project)}), errors());
             ++met["odd texts refused"];
         }
         expect_nothing_left();

@@ -2,11 +2,9 @@
 // tests/apps/sessions.
 #include "host/toolkit/outline.h"
 #include "reference_host/api/handles.h"
-#include "reference_host/shell/front_end.h"
 #include "reference_host/toolkit/element_description.h"
+#include "tests/support/builder_run.h"
 #include "tests/support/forwarding_system.h"
-#include "tests/support/host_fixture.h"
-#include "tests/support/project_builder.h"
 #include "ui/select_element.h"
 
 namespace vs::project_resave {
@@ -15,7 +13,7 @@ namespace {
 using namespace vestra::toolkit;
 
 // Over a project of two scenes, the first in groups.
-class select_panel : public host_fixture {
+class select_panel : public builder_run {
 protected:
     select_panel() {
         refill_ = context->project_changed_event().connect([this] { fill(); });
@@ -53,7 +51,6 @@ protected:
         return context->selection.is_selected(builder.id(caption));
     }
 
-    project_builder builder;
     select_element panel{*context};
 
 private:
@@ -74,7 +71,7 @@ TEST_F(select_panel, what_is_in_the_project_twice_is_left_out_in_both_places) {
     loaded.scenes_2d.at(1)->at(0)->id = loaded.scenes_2d.at(0)->at(0)->id;
     loaded.tables.make(); // without identity
     fill();
-    EXPECT_EQ(std::vector<wide_string>{u"Error select"}, errors());
+    EXPECT_EQ(texts{u"Error select"}, errors());
     EXPECT_EQ("", rows("dbf/list1")) << "what has no identity has no row";
     check("scn2d/list2/Base/Roads", false);
     EXPECT_FALSE(is_selected(u"Roads"));

@@ -49,7 +49,7 @@ protected:
     data_sets() {
         GDALAllRegister();
         fs::create_directories(folder);
-        built.scene_2d(u"S");
+        builder.scene_2d(u"S");
         const std::pair<const char*, const char*> tables[] = {
             {"ESRI Shapefile", "t.shp"}, {"MapInfo File", "t.tab"}, {"GML", "g.gml"},
             {"GeoJSON", "t.geojson"},    {"KML", "t.kml"},          {"CSV", "t.csv"},
@@ -63,13 +63,13 @@ protected:
         fs::remove(folder / "g.xsd"); // its reader would like to write down what it found out
         leave_with_log("GPKG", "left.gpkg");
         leave_with_log("SQLite", "left.sqlite");
-        built.save(source);
+        builder.save(source);
     }
 
     // The native path of a new file, which a layer shows.
     string add(const string& name) {
         const wide_string wide = platform::from_utf8(name);
-        built.layer("vector_lr2d", wide, u"C:\\sets\\" + wide);
+        builder.layer("vector_lr2d", wide, u"C:\\sets\\" + wide);
         return (folder / name).string();
     }
     // A database as a program leaves it that ends before its log is merged: the second row is in the log
@@ -87,7 +87,6 @@ protected:
 
     const temporary_folder streams;
     const fs::path folder = native("c") / "sets";
-    project_builder built;
 };
 
 TEST_F(data_sets, are_as_they_were_after_every_command) {
@@ -103,11 +102,11 @@ TEST_F(data_sets, are_as_they_were_after_every_command) {
     EXPECT_EQ("", difference(of_source, state_of(native("c"))));
 
     for (const char* name : {"left.gpkg", "left.sqlite"}) { // the log came along
-        const fs::path copy = native("n") / "out/vector" / name;
+        const fs::path copied = native("n") / "out/vector" / name;
         const data_set opened(
-            GDALOpenEx(copy.c_str(), GDAL_OF_VECTOR | GDAL_OF_UPDATE, nullptr, nullptr, nullptr));
-        ASSERT_TRUE(opened) << copy;
-        EXPECT_EQ(2, OGR_L_GetFeatureCount(GDALDatasetGetLayer(opened.get(), 0), 1)) << copy;
+            GDALOpenEx(copied.c_str(), GDAL_OF_VECTOR | GDAL_OF_UPDATE, nullptr, nullptr, nullptr));
+        ASSERT_TRUE(opened) << copied;
+        EXPECT_EQ(2, OGR_L_GetFeatureCount(GDALDatasetGetLayer(opened.get(), 0), 1)) << copied;
     }
 }
 

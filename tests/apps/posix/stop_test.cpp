@@ -17,11 +17,10 @@ using std::string;
 class stopped_command : public command_run {
 protected:
     stopped_command() {
-        project_builder many;
-        many.scene_2d(u"S");
+        builder.scene_2d(u"S");
         for (uint32_t index = 0; index < 40; ++index)
-            many.layer("rtr_lr2d", u"R", write(u"C:\\data\\" + decimal(index) + u".tif"));
-        many.save(source);
+            builder.layer("rtr_lr2d", u"R", write(u"C:\\data\\" + decimal(index) + u".tif"));
+        builder.save(source);
     }
     // Runs it, with a signal, that of Ctrl-C unless told otherwise, once this text is on the error output;
     // the exit code. The pipe holds one line at a time, so the command is two lines ahead at most.
@@ -73,6 +72,7 @@ TEST_F(stopped_command, a_resave_erases_or_keeps_as_told_and_tells_of_the_stop) 
         const bool keeps = !choice.ends_with("erase");
         EXPECT_EQ(keeps, path_exists(u"N:\\out\\a\\rtr\\39.tif") && path_exists(u"N:\\out\\a\\new_log.txt"))
             << made(); // the last goes first
+        EXPECT_EQ(keeps, read(u"N:\\out\\a\\new_log.txt").ends_with("operation was interrupted\n\r\n"));
         EXPECT_EQ(keeps, path_exists(u"N:\\out"));
         EXPECT_FALSE(path_exists(u"N:\\out\\a\\new._vp") || path_exists(u"N:\\out\\a\\rtr\\0.tif"));
     }
@@ -89,15 +89,14 @@ TEST_F(stopped_command, a_text_is_taken_away) {
 }
 
 // A new project that cannot be written while an older one of its name stands.
-TEST_F(command_run, an_older_project_that_stands_is_not_taken_for_the_new_one) {
-    project_builder built;
-    for (uint32_t index = 0; index < 40; ++index) built.scene_2d(u"Scene " + decimal(index));
-    built.save(source);
+TEST_F(stopped_command, an_older_project_that_stands_is_not_taken_for_the_new_one) {
+    builder.clear();
+    for (uint32_t index = 0; index < 40; ++index) builder.scene_2d(u"Scene " + decimal(index));
+    builder.save(source);
     ASSERT_EQ(0, command("resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp'")) << err;
     const tree_state before = all_drives();
-    const std::string line = command_line("resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp' --overwrite",
-                                          {{}, file_of("out"), file_of("err")});
-    EXPECT_EQ(3, run_line("ulimit -f 1; " + line));
+    const string line = line_of("resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp' --overwrite");
+    EXPECT_EQ(3, run("ulimit -f 1; " + line));
     EXPECT_EQ("", difference(before, all_drives()));
 }
 

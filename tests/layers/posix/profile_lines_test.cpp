@@ -1,9 +1,9 @@
 // Linux only: the records of a table are read by GDAL, which is not built for Windows.
-#include "tests/layers/layer_run.h"
+#include "tests/support/builder_run.h"
 
 namespace vs::project_resave {
 
-using profile_lines = layer_run;
+using profile_lines = builder_run;
 
 // Sheet > frame > shown > compound profile > solid > link > linked > lines > drawn.
 TEST_F(profile_lines, are_followed_through_every_kind_of_reference_or_through_none) {

@@ -4,15 +4,10 @@
 
 #include <chrono>
 #include <csignal>
-#include <map>
 #include <thread>
 
-#include "platform/path_text.h"
 #include "tests/support/command_process.h"
-#include "tests/support/references_of.h"
-#include "tests/support/tree_state.h"
 #include "tests/torture/generated_area.h"
-#include "tests/torture/torture.h"
 
 namespace vs::project_resave {
 namespace {

@@ -1,6 +1,7 @@
+// The border between libraries, and the texts and pictures of this one.
 #include <gtest/gtest.h>
 
-#include <algorithm>
+#include <stdexcept>
 
 #include "framework/border/ref.h"
 #include "framework/bundle_entry.h"
@@ -13,6 +14,92 @@
 
 namespace vs::project_resave {
 namespace {
+
+struct pair_of_numbers {
+    uint64_t first, second;
+};
+
+class lamp_impl : public interface_of<lamp_impl> {
+public:
+    static constexpr const char* name = "vs_lamp_interface_5";
+    virtual int brightness(int step) = 0;
+    virtual uint64_t sum(pair_of_numbers numbers) = 0;
+    virtual string_visitor same(string_visitor visitor) = 0;
+    using operations = operation_list<&lamp_impl::brightness, &lamp_impl::sum, &lamp_impl::same>;
+};
+using lamp = interface_to<lamp_impl>;
+
+class switch_impl : public interface_of<switch_impl> {
+public:
+    static constexpr const char* name = "vs_switch_interface_1";
+    static constexpr bool rooted_in_identity = true;
+    virtual bool on() { return true; }
+    using operations = operation_list<&switch_impl::on>;
+};
+
+int living = 0;
+
+class desk_lamp : public referent<polymorphic<lamp_impl, polymorphic<switch_impl>>> {
+public:
+    desk_lamp() { ++living; }
+    ~desk_lamp() override { --living; }
+    int brightness(int step) override {
+        if (step < 0) throw std::runtime_error("broken");
+        return 10 * step;
+    }
+    uint64_t sum(pair_of_numbers numbers) override { return numbers.first + numbers.second; }
+    string_visitor same(string_visitor visitor) override { return visitor; }
+};
+
+lamp lamp_of(desk_lamp& object) { return pointer_to<lamp_impl>(object); }
+
+TEST(interface, a_call_reaches_the_object_and_a_null_pair_or_an_exception_gives_zero) {
+    desk_lamp object;
+    const lamp pair = lamp_of(object);
+    EXPECT_EQ(30, call<&lamp_impl::brightness>(pair, 3));
+    EXPECT_EQ(0, call<&lamp_impl::brightness>(pair, -1)) << "thrown inside";
+    EXPECT_EQ(12u, call<&lamp_impl::sum>(pair, pair_of_numbers{5, 7}));
+    const string_visitor whole{{pair.table, pair.instance}};
+    EXPECT_EQ(whole, call<&lamp_impl::same>(pair, whole));
+    for (const lamp& broken : {lamp{}, lamp{{pair.table, nullptr}}, lamp{{nullptr, pair.instance}}}) {
+        EXPECT_EQ(0, call<&lamp_impl::brightness>(broken, 3));
+        EXPECT_FALSE(call<&lamp_impl::same>(broken, whole));
+        EXPECT_FALSE(cast_to<switch_impl>(broken));
+    }
+}
+
+TEST(interface, one_object_answers_each_of_its_names_exactly_and_has_one_identity) {
+    desk_lamp object;
+    const lamp pair = lamp_of(object);
+    const auto other = cast_to<switch_impl>(pair);
+    EXPECT_TRUE(call<&switch_impl::on>(other));
+    EXPECT_TRUE(cast_to<referent_impl>(other));
+    EXPECT_EQ(pair, cast_to<lamp_impl>(other));
+    const identity_pointer identity = identity_of(static_cast<const interface_pointer&>(pair));
+    EXPECT_EQ(identity, identity_of(static_cast<const interface_pointer&>(other)));
+    EXPECT_FALSE(query_name(identity, "vs_lamp_interface_4"));
+}
+
+TEST(ref, the_last_strong_one_ends_the_object_once_and_the_weak_ones_learn_of_it) {
+    auto* object = new desk_lamp;
+    const lamp pair = lamp_of(*object);
+    weak_ref<lamp_impl> weak(pair);
+    {
+        ref<lamp_impl> strong(pair);
+        std::vector<ref<lamp_impl>> grown;
+        for (int i = 0; i < 20; ++i) grown.push_back(strong);
+        const ref<lamp_impl>& same = strong;
+        strong = same;
+        strong.reset();
+        EXPECT_EQ(1, living);
+        EXPECT_TRUE(weak);
+    }
+    EXPECT_EQ(0, living);
+    EXPECT_FALSE(weak);
+    weak.assign(lamp_of(*new desk_lamp));
+    weak.reset();
+    EXPECT_EQ(0, living) << "nobody had kept it";
+}
 
 class strings : public testing::Test {
 protected:
@@ -68,7 +155,7 @@ using localizer_holder = ref_service_holder<test_localizer_service, localizer_se
 
 TEST_F(strings, a_localizer_has_the_last_word_until_it_is_gone) {
     vestra::shell::settings().language_offset = english;
-    const size_t living = vestra::living_objects();
+    const size_t before = vestra::living_objects();
     {
         local_factory_impl client;
         service_factory<test_localizer_service> first(u"vestra/localizer",
@@ -88,53 +175,12 @@ TEST_F(strings, a_localizer_has_the_last_word_until_it_is_gone) {
         EXPECT_EQ(u"Run", load_string(-101));
     }
     EXPECT_EQ(u"Project saved", load_string(502));
-    EXPECT_EQ(living, vestra::living_objects());
+    EXPECT_EQ(before, vestra::living_objects());
 }
 
 TEST(bitmaps, every_picture_is_there) {
     for (const uint32_t id : {130u, 1000u, 1001u, 1002u, 1003u, 1004u, 1005u, 1006u, 1007u})
         EXPECT_EQ(16u, load_bitmap({platform::own_module(), id}).height()) << id;
-}
-
-// The rows themselves, as data: what the windows, the logs and the written folders rely on.
-struct text_row {
-    uint32_t id;
-    wide_view base;
-    std::optional<wide_view> english;
-};
-
-#define VS_TEXT(id, name, base, english) {id, base, wide_view{english}},
-#define VS_TEXT_BASE_ONLY(id, name, base) {id, base, std::nullopt},
-
-const std::vector<text_row> bundle_rows = {
-#include "framework/resources/texts/bundle_texts.inc"
-};
-
-const std::vector<text_row> toolkit_rows = {
-#include "framework/resources/texts/toolkit_texts.inc"
-};
-
-const std::vector<text_row> host_rows = {
-#include "reference_host/shell/host_texts.inc"
-};
-
-#undef VS_TEXT
-#undef VS_TEXT_BASE_ONLY
-
-TEST(texts_data, no_message_is_empty_told_twice_or_loses_a_letter_on_its_way_into_the_library) {
-    const std::pair<platform::module_handle, const std::vector<text_row>*> tables[] = {
-        {platform::own_module(), &bundle_rows},
-        {platform::own_module(), &toolkit_rows},
-        {platform::host_basic_module(), &host_rows}};
-    for (const auto& [module, rows] : tables) {
-        EXPECT_TRUE(std::ranges::is_sorted(*rows, std::ranges::less_equal(), &text_row::id));
-        for (const auto& [id, base, translated] : *rows) {
-            wide_view found, other;
-            EXPECT_TRUE(platform::find_text_row(module, id, found) && found == base && !base.empty()) << id;
-            EXPECT_EQ(translated.has_value(), platform::find_text_row(module, id + 50000, other)) << id;
-            EXPECT_EQ(translated.value_or(u""), other) << id;
-        }
-    }
 }
 
 } // namespace

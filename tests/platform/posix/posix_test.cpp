@@ -1,15 +1,15 @@
-// Linux only: drives are folders there; on Windows they are the system's (see windows_test.cpp).
-#include "platform/posix/volumes.h"
-
+// Linux only: drives are folders there, and pipes, links and locks are made by means of its own.
+#include <fcntl.h>
 #include <gtest/gtest.h>
+#include <sys/file.h>
+#include <sys/inotify.h>
+#include <sys/stat.h>
+#include <unistd.h>
 
-#include <algorithm>
-#include <cstdlib>
-
+#include "platform/posix/descriptor.h"
+#include "platform/posix/volumes.h"
 #include "platform/system.h"
 #include "platform/text.h"
-#include "platform/volumes.h"
-#include "tests/support/posix/folder_watch.h"
 #include "tests/support/temporary_folder.h"
 
 namespace vs::project_resave::platform {
@@ -17,15 +17,15 @@ namespace {
 
 namespace fs = std::filesystem;
 
-class drives : public testing::Test {
+class posix_files : public testing::Test {
 protected:
-    ~drives() override { mapped_volumes().reset(); }
+    ~posix_files() override { mapped_volumes().reset(); }
 
     temporary_folder folder;
     system& files = current_system();
 };
 
-TEST_F(drives, a_native_path_gets_the_drive_of_the_longest_folder_that_holds_it) {
+TEST_F(posix_files, a_native_path_gets_the_drive_of_the_longest_folder_that_holds_it) {
     const std::string root = folder.native().string();
     folder.write(u"data\\gis\\x.shp");
     std::string message;
@@ -67,7 +67,7 @@ TEST_F(drives, a_native_path_gets_the_drive_of_the_longest_folder_that_holds_it)
     EXPECT_TRUE(native_path(u"D:\\x").empty());
 }
 
-TEST_F(drives, the_exact_spelling_wins_and_changes_by_others_are_seen) {
+TEST_F(posix_files, the_exact_spelling_wins_and_changes_by_others_are_seen) {
     folder.write(u"Б.txt", "upper");
     folder.write(u"б.TXT", "tail");
     EXPECT_EQ(folder.read(u"Б.txt"), "upper");
@@ -85,7 +85,7 @@ TEST_F(drives, the_exact_spelling_wins_and_changes_by_others_are_seen) {
     EXPECT_EQ(files.file_size(folder.path(u"BAD\xFFFDname")), 1U);
 }
 
-TEST_F(drives, a_folder_made_anew_under_its_name_is_not_taken_for_the_one_before) {
+TEST_F(posix_files, a_folder_made_anew_under_its_name_is_not_taken_for_the_one_before) {
     const fs::path sub = folder.native() / "sub";
     const wide_string file = folder.write(u"sub\\file.txt", "old");
     EXPECT_EQ(files.file_size(file), 3U);
@@ -107,7 +107,32 @@ TEST_F(drives, a_folder_made_anew_under_its_name_is_not_taken_for_the_one_before
     EXPECT_EQ(folder_time(folder.path(u"before")), fs::last_write_time(folder.native() / "before"));
 }
 
-TEST_F(drives, a_folder_being_filled_is_not_read_again_for_each_absent_name) {
+// Counts how often a folder's listing is opened, by whomever, from now on.
+class folder_watch {
+public:
+    explicit folder_watch(const std::filesystem::path& folder)
+        : events_(::inotify_init1(IN_NONBLOCK | IN_CLOEXEC)) {
+        ::inotify_add_watch(events_.get(), folder.c_str(), IN_OPEN);
+    }
+
+    // Since the last call.
+    int readings() const {
+        int count = 0;
+        alignas(inotify_event) char events[4096];
+        for (ssize_t length; (length = ::read(events_.get(), events, sizeof(events))) > 0;)
+            for (ssize_t at = 0; at < length;) {
+                const auto* event = reinterpret_cast<const inotify_event*>(events + at);
+                if ((event->mask & IN_ISDIR) != 0) ++count;
+                at += static_cast<ssize_t>(sizeof(inotify_event) + event->len);
+            }
+        return count;
+    }
+
+private:
+    descriptor events_;
+};
+
+TEST_F(posix_files, a_folder_being_filled_is_not_read_again_for_each_absent_name) {
     const wide_string source = folder.write(u"source.txt", "x");
     ASSERT_TRUE(files.create_folder(folder.path(u"target")));
     const folder_watch listing(folder.native() / "target");
@@ -126,6 +151,56 @@ TEST_F(drives, a_folder_being_filled_is_not_read_again_for_each_absent_name) {
     }
     const int readings = listing.readings();
     EXPECT_TRUE(readings > 0 && readings < 10) << readings;
+}
+
+TEST_F(posix_files, an_unreadable_or_special_source_is_refused_without_waiting) {
+    const wide_string source = folder.write(u"secret.txt", "x");
+    ASSERT_EQ(::mkfifo((folder.native() / "pipe").c_str(), 0600), 0);
+    ASSERT_EQ(::chmod((folder.native() / "pipe").c_str(), 0666), 0);
+    fs::create_symlink("nowhere", folder.native() / "broken");
+    ASSERT_EQ(::chmod(folder.native().c_str(), 0777), 0);
+    ASSERT_EQ(::chmod((folder.native() / "secret.txt").c_str(), 0), 0);
+    const uid_t user = ::geteuid();
+    ASSERT_EQ(::seteuid(user == 0 ? 65534 : user), 0); // to the superuser nothing is unreadable
+    const std::pair<wide_view, wide_view> reasons[] = {{u"secret.txt", u"Permission denied"},
+                                                       {u"pipe", u"not a regular file"},
+                                                       {u"broken", u"No such file or directory"}};
+    for (const auto& [name, reason] : reasons) {
+        std::unique_ptr<file> opened;
+        const wide_string path = folder.path(name);
+        EXPECT_EQ(files.copy_file(path, folder.path(u"copy.txt"), false).text(), reason);
+        EXPECT_EQ(files.open(path, access::read, disposition::open_existing, opened).text(), reason);
+    }
+    ASSERT_EQ(::seteuid(user), 0);
+    EXPECT_EQ(entries_or_none(files, folder.path()).size(), 3U);
+    EXPECT_TRUE(files.delete_file(folder.path(u"BROKEN")));
+}
+
+TEST_F(posix_files, links_are_followed_but_a_circle_of_them_ends) {
+    folder.write(u"a\\x.txt");
+    folder.write(u"b\\y.txt");
+    fs::create_directory_symlink(folder.native(), folder.native() / "a" / "self");
+    fs::create_directory_symlink(folder.native() / "b", folder.native() / "a" / "to_b");
+    fs::create_directory_symlink(folder.native() / "a", folder.native() / "b" / "to_a");
+    wide_string names;
+    for (const tree_entry& entry : list_tree(files, folder.path(u"a")))
+        names += entry.path.substr(folder.path(u"a").size()) + u' ';
+    EXPECT_EQ(names, u"\\self \\to_b \\to_b\\to_a \\to_b\\y.txt \\x.txt ");
+}
+
+TEST_F(posix_files, a_file_that_another_program_holds_is_told_from_one_that_is_lost) {
+    const wide_string path = folder.write(u"log.txt", "x");
+    std::unique_ptr<file> opened;
+    {
+        const descriptor held(::open((folder.native() / "log.txt").c_str(), O_RDWR));
+        ASSERT_EQ(::flock(held.get(), LOCK_EX), 0);
+        for (const access wanted : {access::read, access::read_write})
+            EXPECT_TRUE(files.open(path, wanted, disposition::open_existing, opened).is(failure::in_use));
+        EXPECT_TRUE(
+            files.open(path, access::read_write, disposition::create_always, opened).is(failure::in_use));
+    }
+    EXPECT_EQ(folder.read(u"log.txt"), "x");
+    EXPECT_TRUE(files.open(path, access::read_write, disposition::open_existing, opened));
 }
 
 } // namespace
