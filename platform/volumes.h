@@ -15,8 +15,8 @@ namespace vs::project_resave::platform {
 
 // Makes a folder a drive. `assignment` is "C=/data/c", as `program_arguments` returns it; a drive that
 // exists is moved. Returns false and sets `message`, which is for the user and has the operating system's
-// reason, if the form is wrong, the folder cannot be reached, the drive is Z:, which is always the root folder,
-// or the target has drives of its own (Windows).
+// reason, if the form is wrong, the folder cannot be reached, the drive is Z:, which is always the root
+// folder, or the target has drives of its own (Windows).
 bool add_drive(std::string_view assignment, std::string& message);
 
 // Checks the variable VESTRA_DRIVES, of which the drives come that are there without `add_drive`. Returns
