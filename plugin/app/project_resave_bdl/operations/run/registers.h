@@ -32,8 +32,8 @@ public:
     std::vector<uint32_t> add_files(const std::vector<found_file>& files);
     const wide_string& path(uint32_t number) const { return entries_.rows()[number].text; }
     void add_wstrings(const vs_wstrings* paths);
-    // Files the path under the uuids of the stack, or under the one given, without counting it. Kept for other
-    // bundles; nothing here calls them.
+    // Files the path under the uuids of the stack, or under the one given, without counting it. Kept for
+    // other bundles; nothing here calls them.
     void add_path_to_parents(const wide_string& path);
     void add_path_to_uuid(const wide_string& uuid, const wide_string& path);
 
