@@ -175,7 +175,7 @@ public:
     }
     platform::outcome open(const wide_string& path, platform::access wanted, platform::disposition how,
                            std::unique_ptr<platform::file>& result) override {
-        if (how == platform::disposition::create_always) writing = clock_type::now();
+        if (how != platform::disposition::open_existing) writing = clock_type::now();
         return forwarding_system::open(path, wanted, how, result);
     }
     std::optional<clock_type::time_point> copying, writing;

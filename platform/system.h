@@ -21,7 +21,7 @@ namespace vs::project_resave::platform {
 
 enum class entry_kind { none, file, folder };
 enum class access { read, read_write };
-enum class disposition { open_existing, create_always };
+enum class disposition { open_existing, create_always, create_new };
 
 // What exists under a path.
 struct entry_status {
@@ -122,7 +122,8 @@ public:
     virtual outcome rename_over(const wide_string& from, const wide_string& to) = 0;
 
     // Opens a file. Others can read it meanwhile, but cannot write it while it is open to be written. The
-    // caller owns `result`, which is null on failure. `create_always` creates the file or empties it.
+    // caller owns `result`, which is null on failure. `create_always` creates the file or empties it;
+    // `create_new` fails with `taken` where anything has the name, also a link that leads nowhere.
     // The failure `in_use` means that another program has the file open in a way that excludes this one; a
     // later try can succeed.
     virtual outcome open(const wide_string& path, access wanted, disposition how,

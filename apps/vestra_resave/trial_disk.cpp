@@ -212,8 +212,10 @@ outcome trial_disk::rename_over(const wide_string& from, const wide_string& to) 
 outcome trial_disk::open(const wide_string& path, platform::access wanted, platform::disposition how,
                          std::unique_ptr<platform::file>& result) {
     result.reset();
-    if (how == platform::disposition::create_always) {
-        if (kind_of(path) == entry_kind::folder) return outcome::because(u"a folder is in the way");
+    if (how != platform::disposition::open_existing) {
+        const entry_kind there = kind_of(path);
+        if (how == platform::disposition::create_new && there != entry_kind::none) return failure::taken;
+        if (there == entry_kind::folder) return outcome::because(u"a folder is in the way");
         if (const outcome found = has_folder(path); !found) return found;
         const auto text = std::make_shared<std::string>();
         put({.kind = entry_kind::file, .path = path, .text = text});

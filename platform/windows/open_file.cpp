@@ -1,4 +1,5 @@
 #include <algorithm>
+#include <array>
 
 #include "platform/file_parts.h"
 #include "platform/windows/paths.h"
@@ -61,7 +62,8 @@ outcome open_regular_file(const wide_string& path, access wanted, disposition ho
     result.reset();
     const bool writes = wanted == access::read_write;
     const DWORD rights = GENERIC_READ | (writes ? GENERIC_WRITE : 0);
-    const DWORD creation = how == disposition::create_always ? CREATE_ALWAYS : OPEN_EXISTING;
+    constexpr std::array<DWORD, 3> creations{OPEN_EXISTING, CREATE_ALWAYS, CREATE_NEW};
+    const DWORD creation = creations.at(static_cast<size_t>(how));
     // A reader lets others go on writing: else it could not read what they have open.
     const DWORD shared = writes ? FILE_SHARE_READ : FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
     const wide_string native = system_path(path);

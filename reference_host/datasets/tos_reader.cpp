@@ -80,10 +80,19 @@ bool is_value(std::string_view text) {
 
 bool is_utf8(std::string_view bytes) { return platform::valid_utf8_length(bytes) == bytes.size(); }
 
+// The stem without the number that a name gets where another has it: "model" for "model_(1)".
+wide_string without_number(const wide_string& stem) {
+    const std::size_t open = stem.rfind(u"_(");
+    if (open == wide_string::npos || open == 0 || !stem.ends_with(u')')) return stem;
+    const wide_view number = wide_view(stem).substr(open + 2, stem.size() - open - 3);
+    const bool is_number = !number.empty() && number.find_first_not_of(u"0123456789") == wide_view::npos;
+    return is_number ? stem.substr(0, open) : stem;
+}
+
 // Takes the lines in their order. Each function answers the rule that the line breaks, or the empty text.
 class parser {
 public:
-    explicit parser(const wide_string& path) : stem_(path_stem(path)) {
+    explicit parser(const wide_string& path) : head_(path_head(path)), stem_(path_stem(path)) {
         names_.insert(platform::folded(path_file_name(path)));
     }
 
@@ -132,10 +141,16 @@ private:
     }
 
     // A name that is an extension alone follows the stem of the file, so a renamed set names its own members.
+    // One with the stem in full does so where the file got a number and such a member lies beside it.
     wide_string written_out(wide_string path) const {
-        const bool is_extension = path.front() == u'.' && path.size() > 1 &&
-                                  path.find_first_of(path_separators) == wide_string::npos && path != u"..";
-        return is_extension ? stem_ + path : path;
+        if (path.find_first_of(path_separators) != wide_string::npos || path == u"." || path == u"..")
+            return path;
+        if (path.front() == u'.') return stem_ + path;
+        const wide_string first_stem = without_number(stem_);
+        if (first_stem == stem_ || !platform::folded(path).starts_with(platform::folded(first_stem) + u'.'))
+            return path;
+        wide_string own = stem_ + path.substr(first_stem.size());
+        return platform::current_system().kind_of(head_ + own) == platform::entry_kind::file ? own : path;
     }
 
     wide_view take_data(std::string_view text) const {
@@ -150,7 +165,7 @@ private:
 
     bool is_begun_ = false;
     const std::string_view* last_word_ = words.begin();
-    const wide_string stem_;
+    const wide_string head_, stem_;
     std::unordered_set<wide_string> names_; // folded
 };
 

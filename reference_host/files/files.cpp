@@ -17,6 +17,8 @@ namespace {
 
 using namespace vs::project_resave;
 
+constexpr unsigned most_names = 1000; // tried for a new file
+
 const char* kind_text(dimension kind) { return kind == dimension::flat ? "2d" : "3d"; }
 
 void check_kind(input& in, dimension kind) {
@@ -56,28 +58,41 @@ private:
     platform::outcome result_;
 };
 
-wide_string free_name_beside(const wide_string& path) {
-    wide_string name;
-    for (unsigned number = 1;
-         name.empty() || platform::current_system().kind_of(name) != platform::entry_kind::none; ++number)
-        name = path + u".new" + platform::from_utf8(std::to_string(number));
-    return name;
+// Creates a file that nobody else has, under the first free name beside the path.
+platform::outcome create_beside(const wide_string& path, wide_string& fresh,
+                                std::unique_ptr<platform::file>& file) {
+    platform::outcome opened = platform::failure::taken;
+    for (unsigned number = 1; opened.is(platform::failure::taken) && number < most_names; ++number) {
+        fresh = path + u".new" + platform::from_utf8(std::to_string(number));
+        opened = platform::current_system().open(fresh, platform::access::read_write,
+                                                 platform::disposition::create_new, file);
+    }
+    return opened;
 }
 
-platform::outcome write_document(const wide_string& path, const pugi::xml_document& document) {
-    std::unique_ptr<platform::file> file;
-    const platform::outcome opened = platform::current_system().open(
-        path, platform::access::read_write, platform::disposition::create_always, file);
-    if (!opened) return opened;
-    file_sink sink(*file);
+platform::outcome write_document(platform::file& file, const pugi::xml_document& document) {
+    file_sink sink(file);
     document.save(sink, "  ", pugi::format_default, pugi::encoding_utf8);
-    const platform::outcome closed = file->close();
+    const platform::outcome closed = file.close();
     return sink.result() ? closed : sink.result();
 }
 
+// A device, a pipe or a link that leads nowhere has a name, but is no file.
+bool is_no_file(const wide_string& path) {
+    platform::system& disk = platform::current_system();
+    wide_string name;
+    return disk.kind_of(path) == platform::entry_kind::none &&
+           disk.true_name(path_head(path), path_file_name(path), name);
+}
+
 std::optional<file_error> replace_file(const wide_string& path, const pugi::xml_document& document) {
-    const wide_string fresh = free_name_beside(path);
-    platform::outcome result = write_document(fresh, document);
+    if (is_no_file(path)) return file_error{path, 0, u"is a device, a pipe or a link that leads nowhere"};
+    wide_string fresh;
+    std::unique_ptr<platform::file> file;
+    platform::outcome result = create_beside(path, fresh, file);
+    if (!result) return file_error{path, 0, result.text()};
+    result = write_document(*file, document);
+    file.reset();
     if (result) result = platform::current_system().rename_over(fresh, path);
     if (result) return std::nullopt;
     platform::current_system().delete_file(fresh);

@@ -26,6 +26,20 @@ TEST(data_sets, files_of_other_formats_go_with_their_stem) {
     EXPECT_EQ(" well.wel well.LOG well.new", names_of(head + u"well.wel", head)) << "the folder has changed";
 }
 
+TEST(tos_reader, a_numbered_set_has_its_own_members) {
+    const temporary_folder folder;
+    folder.write(u"m_(1).tod", "1");
+    const std::string full = "TOS 1\nmember M.tod\nmember m.idx\nmember .bin\n";
+    const std::pair<wide_view, const char*> rows[] = {
+        {u"m.tos", " m.tos M.tod m.idx m.bin"},
+        {u"m_(1).tos", " m_(1).tos m_(1).tod m.idx m_(1).bin"},
+        {u"m_(2).tos", " m_(2).tos M.tod m.idx m_(2).bin"},
+        {u"m_(1)x.tos", " m_(1)x.tos M.tod m.idx m_(1)x.bin"},
+    };
+    for (const auto& [name, expected] : rows)
+        EXPECT_EQ(expected, names_of(folder.write(wide_string(name), full), folder.path() + u"\\"));
+}
+
 TEST(tos_reader, a_damaged_file_does_not_open_and_tells_line_and_reason) {
     const temporary_folder folder;
     const struct {

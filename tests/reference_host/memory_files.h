@@ -33,7 +33,7 @@ public:
     }
     platform::outcome open(const wide_string& path, platform::access, platform::disposition how,
                            std::unique_ptr<platform::file>& result) override {
-        const bool create = how == platform::disposition::create_always;
+        const bool create = how != platform::disposition::open_existing;
         if (!create && !content.contains(path)) return platform::failure::missing;
         if (create) content[path].clear();
         result = std::make_unique<open_file>(content[path]);

@@ -20,6 +20,8 @@ struct wishes {
     bool throws = false;
     // Answers that contradict each other, lead nowhere or are not there.
     bool nonsense = false, copies = true;
+    wide_string also = {};   // named as a copy, whoever made it
+    bool swaps = false; // names its sources as the copies
 } wish;
 
 void throw_if_wished() {
@@ -62,10 +64,11 @@ public:
                     vs_wstrings* sources, vs_wstrings* targets) override {
         throw_if_wished();
         vs_wstrings_add(sources, source);
-        vs_wstrings_add(targets, wish.nonsense ? u"" : target);
+        vs_wstrings_add(targets, wish.nonsense ? u"" : wish.swaps ? source : target);
+        if (!wish.also.empty()) vs_wstrings_add(targets, wish.also.c_str());
         for (int i = 0; wish.nonsense && i < 2; ++i) vs_wstrings_add(sources, source);
         if (wish.nonsense) return wish.copies;
-        return bool(platform::current_system().copy_file(source, target, false));
+        return bool(platform::current_system().copy_file(source, target, false)) && wish.copies;
     }
     bool all_files(vs_entity*, vs_wstrings*) override {
         throw_if_wished();
@@ -239,6 +242,35 @@ TEST_F(foreign_services, one_that_throws_or_answers_nonsense_loses_its_own_part_
         expect_layers(row.drawing, "rtr");
     }
     EXPECT_NE("", read(u"C:\\prj\\a.dxf"));
+}
+
+TEST_F(foreign_services, what_a_bundle_found_there_outlives_its_failure_and_a_stop) {
+    offer<entity_service, resave_entity_service_impl>();
+    const std::pair<wishes, texts> rows[] = {
+        {{.copies = false, .also = out(u"claimed\\old.txt")}, {out(u"claimed\\old.txt")}},
+        {{.copies = false, .also = u"C:\\prj\\b.tif", .swaps = true}, {src(u"a.dxf"), src(u"b.tif")}},
+    };
+    for (const auto& [wanted, kept] : rows) {
+        wish = wanted;
+        run_anew();
+        clear_output();
+        write(out(u"claimed\\old.txt"), "of somebody");
+        load();
+        resave();
+        texts told;
+        for (const fact& each : context->report.facts())
+            if (each.kind == fact_kind::not_erased) told.push_back(each.new_path);
+        EXPECT_EQ(kept, told);
+        EXPECT_EQ("of somebody", read(out(u"claimed\\old.txt")));
+        EXPECT_FALSE(path_exists(out(u"claimed\\a.dxf")) && !wanted.swaps);
+    }
+    wish = {.also = out(u"claimed\\old.txt")};
+    load();
+    script.stop_at_poll = 2;
+    script.answers = {answer::yes, answer::no};
+    resave();
+    EXPECT_EQ("of somebody", read(out(u"claimed\\old.txt")));
+    EXPECT_NE("", read(src(u"a.dxf")) + read(src(u"b.tif")));
 }
 
 } // namespace

@@ -55,6 +55,14 @@ wide_string replaced(wide_string text, const wide_string& from, const wide_strin
     return text;
 }
 
+// The name of a member beside its renamed main file. Only a TOS file names its members itself: those of its
+// own stem by their extension, which follows the new stem; any other keeps the name by which it is called.
+wide_string member_name(const wide_string& name, const wide_string& from, const wide_string& to,
+                        bool of_tos) {
+    if (!of_tos) return replaced(path_stem(name), from, to) + path_extension(name);
+    return name.starts_with(from + u'.') ? to + name.substr(from.size()) : name;
+}
+
 } // namespace
 
 void record_copy_failure(run_state& run, const failed_copy& failed, const wide_string& shown) {
@@ -153,7 +161,8 @@ bool copy_data_source_files(const wide_string& source, const wide_string& target
         if (run.placement.is_placed(member)) continue;
         wide_string place = path_join(target_folder, path_relative(source_folder, member));
         if (source_stem != target_stem)
-            place = path_replace_stem(place, replaced(path_stem(place), source_stem, target_stem));
+            place =
+                path_head(place) + member_name(path_file_name(place), source_stem, target_stem, keep_case);
         if (run.options.lower_case && !keep_case) platform::lower_in_place(place);
         copy_one(member, place, run);
     }

@@ -135,6 +135,7 @@ wide_string resave_entity_plugin::place_and_copy_row(uint32_t index) {
 void resave_entity_plugin::copy_row(uint32_t index, const wide_string& target) {
     const wide_string& source = files_[index].source;
     const wide_string_list from, to;
+    context->placement.made.note_folder(path_head(target));
     const bool copied = call<&resave_entity_service_impl::copy_files>(
         service_.get(), entity_, index, source.c_str(), target.c_str(), from, to);
     std::vector<wide_string> sources = from.texts(), targets = to.texts();
@@ -149,28 +150,34 @@ void resave_entity_plugin::copy_row(uint32_t index, const wide_string& target) {
     if (!copied) record_copy_failure(*context, {source, target, refused_by_service});
 }
 
-// What the bundle copied, as far as it exists: a stop erases it, but never what the source project uses.
+// What the bundle copied, as far as it exists. A stop erases what was not there before.
 void resave_entity_plugin::enter_copy(const wide_string& source, const wide_string& target) {
     context->placement.register_placed(source, target);
-    if (source == target) return; // it was there before
     made_files& made = context->placement.made;
+    if (!made.is_new(target)) return;
     if (platform::current_system().kind_of(target) != platform::entry_kind::folder)
         return made.add_copy(source, target);
     made.add_folder(target);
-    for (const platform::tree_entry& entry : platform::list_tree(platform::current_system(), target))
+    const wide_string to = path_with_separator(target);
+    for (const platform::tree_entry& entry : platform::list_tree(platform::current_system(), to))
         if (entry.is_folder)
             made.add_folder(entry.path);
         else
-            made.add_copy({}, entry.path);
+            made.add_copy(path_join(source, path_relative(to, entry.path)), entry.path);
 }
 
+// A bundle may name anything. Only what came up below the new project's folder while it copied is its own.
 void resave_entity_plugin::clean_up(const wide_string& target) {
-    // A bundle may name anything: only what is below the new project's folder can be its copy.
-    const wide_string below = path_key(context->placement.new_folder) + u'\\';
-    const platform::outcome removed =
-        path_key(target).starts_with(below)
-            ? context->guard.remove_tree(target)
-            : platform::outcome::because(u"it is outside the new project's folder");
+    if (!path_exists(target)) return;
+    const path_placement& placement = context->placement;
+    const wide_string below = path_key(placement.new_folder) + u'\\';
+    platform::outcome removed;
+    if (!path_key(target).starts_with(below))
+        removed = platform::outcome::because(u"it is outside the new project's folder");
+    else if (!placement.made.is_new(target) || placement.made.is_copy(target))
+        removed = platform::outcome::because(u"it was there before the bundle copied");
+    else
+        removed = context->guard.remove_tree(target);
     if (!removed && path_exists(target))
         context->report.add(fact_kind::not_erased, {}, target, removed.text());
 }

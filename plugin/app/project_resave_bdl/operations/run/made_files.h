@@ -2,6 +2,7 @@
 // these and nothing else. Main thread only.
 #pragma once
 
+#include <unordered_map>
 #include <unordered_set>
 #include <vector>
 
@@ -29,6 +30,12 @@ public:
     void add_folder(const wide_string& path) { folders_.push_back(path); }
     void clear() { *this = {}; }
 
+    // Notes what is in a folder before another bundle copies into it; for a folder that was noted before,
+    // nothing is done. A folder that does not exist is noted as empty, one that cannot be read not at all.
+    void note_folder(const wide_string& folder);
+    // True if the path was not there when a folder above it was noted. False if none was.
+    bool is_new(const wide_string& path) const;
+
     // True for a copy of a file of the source: nothing that the run writes itself may replace it.
     bool is_copy(const wide_string& path) const { return copies_.contains(path_key(path)); }
     // In the order in which they were made.
@@ -39,6 +46,8 @@ private:
     std::vector<made_file> files_;
     std::vector<wide_string> folders_;
     std::unordered_set<wide_string> copies_, written_; // path keys
+    std::unordered_map<wide_string, std::unordered_set<wide_string>>
+        noted_; // path keys, by that of the folder
 };
 
 } // namespace vs::project_resave

@@ -1,0 +1,27 @@
+#include "operations/run/made_files.h"
+
+#include "platform/system.h"
+
+namespace vs::project_resave {
+
+void made_files::note_folder(const wide_string& folder) {
+    const wide_string key = path_key(folder);
+    if (noted_.contains(key)) return;
+    std::vector<platform::folder_entry> entries;
+    const platform::outcome listed = platform::current_system().list(path_with_separator(folder), entries);
+    if (!listed && !listed.is(platform::failure::missing)) return;
+    auto& names = noted_[key];
+    for (const platform::folder_entry& entry : entries) names.insert(path_key(path_join(folder, entry.name)));
+}
+
+bool made_files::is_new(const wide_string& path) const {
+    for (wide_string key = path_key(path), folder; !key.empty(); key = folder) {
+        folder = path_key(path_head(key));
+        if (folder == key) return false;
+        if (const auto noted = noted_.find(folder); noted != noted_.end())
+            return !noted->second.contains(key);
+    }
+    return false;
+}
+
+} // namespace vs::project_resave
