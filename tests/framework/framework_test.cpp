@@ -6,6 +6,7 @@
 #include "framework/border/ref.h"
 #include "framework/bundle_entry.h"
 #include "framework/factories.h"
+#include "framework/local_factory.h"
 #include "framework/resources/resource_bitmap.h"
 #include "framework/resources/strings.h"
 #include "reference_host/model/counted.h"

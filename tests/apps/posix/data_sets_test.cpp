@@ -2,8 +2,9 @@
 // To look at data sets is only to read them: names, bytes and times are the same after every command.
 #include <gdal.h>
 #include <ogr_api.h>
+#include <unistd.h>
 
-#include "tests/apps/command_run.h"
+#include "tests/apps/every_command.h"
 
 namespace vs::project_resave {
 namespace {
@@ -44,7 +45,7 @@ void make_raster(const char* driver, const string& file) {
     EXPECT_TRUE(made) << driver;
 }
 
-class data_sets : public command_run {
+class data_sets : public every_command {
 protected:
     data_sets() {
         GDALAllRegister();
@@ -63,7 +64,14 @@ protected:
         fs::remove(folder / "g.xsd"); // its reader would like to write down what it found out
         leave_with_log("GPKG", "left.gpkg");
         leave_with_log("SQLite", "left.sqlite");
-        builder.save(source);
+        add_companions();
+        builder.save_scene(u"C:\\sets\\S._sn");
+        builder.scene_2d(u"Typed").layer("shp_pnt_lr2d", u"j", u"C:\\sets\\j.shp");
+        builder.join(u"C:\\sets\\joined.dbf").layer("rtr_lr2d", u"r", u"C:\\sets\\r.tif");
+        builder.layer("tos_grid_lr2d", u"m", u"C:\\sets\\m.tos")
+            .layer("vs_scene_layer_meta_id", u"S", u"C:\\sets\\S._sn");
+        builder.layer("grid_lr2d", u"a", u"C:\\sets\\a.asc");
+        builder.table(u"t", u"C:\\sets\\joined.dbf").save(source);
     }
 
     // The native path of a new file, which a layer shows.
@@ -71,6 +79,19 @@ protected:
         const wide_string wide = platform::from_utf8(name);
         builder.layer("vector_lr2d", wide, u"C:\\sets\\" + wide);
         return (folder / name).string();
+    }
+    void add_companions() const {
+        for (const wide_string name : {u"r.tfw", u"r_tif.pj4", u"p.pgw", u"p.png.aux.xml", u"m.tod"})
+            write(u"C:\\sets\\" + name, "<PAMDataset/>");
+        write(u"C:\\sets\\m.tos", "TOS 1\nproperty X\nmember .tod\n");
+        for (const string part : {".shp", ".shx", ".dbf"})
+            fs::copy_file(folder / ("t" + part), folder / ("j" + part));
+        fs::copy_file(folder / "t.dbf", folder / "joined.dbf");
+        const data_set raster(
+            GDALOpenEx((folder / "r.tif").c_str(), GDAL_OF_READONLY, nullptr, nullptr, nullptr));
+        int level = 2;
+        EXPECT_EQ(CE_None,
+                  GDALBuildOverviews(raster.get(), "NEAREST", 1, &level, 0, nullptr, nullptr, nullptr));
     }
     // A database as a program leaves it that ends before its log is merged: the second row is in the log
     // alone.
@@ -90,18 +111,31 @@ protected:
 };
 
 TEST_F(data_sets, are_as_they_were_after_every_command) {
-    const tree_state before = all_drives();
-    EXPECT_GT(before.size(), 35U);
-    for (const string command_words : {"list 'C:\\prj\\area._vp' --json",
-                                       "resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp' --quiet --dry-run"}) {
-        EXPECT_EQ(0, command(command_words)) << err;
-        EXPECT_EQ("", difference(before, all_drives())) << command_words;
-    }
-    const tree_state of_source = state_of(native("c"));
-    EXPECT_EQ(0, command("resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp' --quiet")) << err;
-    EXPECT_EQ("", difference(of_source, state_of(native("c"))));
+    EXPECT_GT(all_drives().size(), 45U);
+    run_all(u"C:\\sets\\");
+}
 
-    for (const char* name : {"left.gpkg", "left.sqlite"}) { // the log came along
+// As a user without the right to write them.
+TEST_F(data_sets, can_be_copied_by_who_may_only_read_them) {
+    for (fs::path above = native("n"); above != fs::temp_directory_path(); above = above.parent_path())
+        fs::permissions(above, fs::perms::group_all | fs::perms::others_all, fs::perm_options::add);
+    fs::permissions(native("n") / "out", fs::perms::all);
+    constexpr auto written = fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write;
+    for (const fs::directory_entry& entry : fs::recursive_directory_iterator(native("c")))
+        fs::permissions(entry.path(), written, fs::perm_options::remove);
+    const tree_state before = sources();
+    const string as_another = ::geteuid() == 0 ? "exec setpriv --reuid=65534 --clear-groups " : "exec ";
+    const string all =
+        "resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp' --log --scene-files --layer-files --verify ";
+    EXPECT_EQ(0, run(as_another + line_of(all).substr(string("exec").size()))) << err;
+    EXPECT_EQ("", difference(before, sources()));
+    for (const fs::directory_entry& entry : fs::recursive_directory_iterator(native("c")))
+        fs::permissions(entry.path(), fs::perms::owner_write, fs::perm_options::add);
+}
+
+TEST_F(data_sets, bring_along_what_their_databases_had_not_merged) {
+    EXPECT_EQ(0, command("resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp' --quiet")) << err;
+    for (const char* name : {"left.gpkg", "left.sqlite"}) {
         const fs::path copied = native("n") / "out/vector" / name;
         const data_set opened(
             GDALOpenEx(copied.c_str(), GDAL_OF_VECTOR | GDAL_OF_UPDATE, nullptr, nullptr, nullptr));

@@ -1,6 +1,6 @@
 #include "ui/project_resave_app.h"
 
-#include "framework/bundle_entry.h"
+#include "framework/local_factory.h"
 #include "framework/resources/strings.h"
 #include "services/entity_factory.h"
 #include "services/maplegs_plugin_service.h"

@@ -1,5 +1,6 @@
-#include "framework/bundle_entry.h"
+#include "framework/local_factory.h"
 
+#include "framework/bundle_entry.h"
 #include "framework/resources/strings.h"
 #include "host/vsk_basic.h"
 
