@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iostream>
 #include <nlohmann/json.hpp>
+#include <set>
 #include <unordered_set>
 
 #include "apps/vestra_resave/resave_report.h"
@@ -35,7 +36,7 @@ constexpr kind_words all_kinds[] = {
     {"not_written", "could not be written"},
     {"type_not_resaved", "layers of this type are not resaved"},
     {"join_kept", "still joined to the original table"},
-    {"selection_not_settled", "references between elements had not settled after 12 rounds"},
+    {"selection_not_settled", "elements that others refer to were still being added when the search ended"},
     {"not_erased", "could not be erased"},
     {"renamed", "was renamed to %"},
     {"written_over", "was written over a file that existed"},
@@ -105,10 +106,12 @@ problem problem_of(const fact& fact) {
 
 std::vector<problem> problems_of(const run_state& run) {
     std::vector<problem> all;
+    std::set<std::string> told; // one file of one element is tried twice where two rules name it
     for (const fact& each : run.report.facts()) {
-        problem& found = all.emplace_back(problem_of(each));
+        problem found = problem_of(each);
         if (each.kind == fact_kind::copy_failed) found.reason = reason_of(found.reason, found.new_path);
         if (found.reason.empty()) found.reason = reason_of_host(each);
+        if (told.insert(json_of(found).dump()).second) all.push_back(std::move(found));
     }
     if (run.report.incomplete)
         all.push_back({name_of(fact_kind::exception_caught), {}, {}, {}, u"too little memory to report"});
@@ -204,6 +207,8 @@ std::string line_of(const problem& found) {
     if (found.kind == own_kind::refused)
         return (found.path.empty() ? "" : one_line(found.path) + ": ") + shell::printable(found.reason);
     std::string what = text_of(found.kind);
+    // What the system does not show may well be there.
+    if (found.kind == name_of(fact_kind::source_lost) && !found.reason.empty()) what = "cannot be reached";
     wide_string about = found.path;
     if (const size_t place = what.find('%'); place != std::string::npos)
         what.replace(place, 1, one_line(found.new_path));

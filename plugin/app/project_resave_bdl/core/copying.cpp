@@ -76,7 +76,9 @@ void record_copy_failure(run_state& run, const failed_copy& failed, const wide_s
 
 void record_lost_source(run_state& run, const wide_string& path, const wide_string& subject) {
     run.log.file_missing(path);
-    run.report.add_lost_source(path, subject);
+    const platform::outcome why = platform::current_system().status_of(path).reason;
+    run.report.add_lost_source(path, subject,
+                               why.is(platform::failure::missing) ? wide_string() : why.text());
 }
 
 void record_no_place(run_state& run, const wide_string& path, const wide_string& logged) {

@@ -23,7 +23,7 @@ bool leads_upwards(wide_view relative) {
 }
 
 bool leads_outside(wide_view relative) {
-    return relative == u".." || leads_upwards(relative) || !path_is_relative(relative);
+    return !path_is_relative(relative) || held_below(relative) != relative;
 }
 
 wide_string strip_parents(wide_string relative) {

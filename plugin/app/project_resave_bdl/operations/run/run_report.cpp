@@ -22,9 +22,11 @@ fact& run_report::append(fact_kind kind) {
     return fresh;
 }
 
-void run_report::add_lost_source(const wide_string& path, const wide_string& subject) {
+void run_report::add_lost_source(const wide_string& path, const wide_string& subject,
+                                 const wide_string& reason) {
     fact& lost = append(fact_kind::source_lost);
     lost.path = path;
+    lost.reason = reason;
     lost.subject = subject;
 }
 

@@ -55,8 +55,8 @@ public:
 
     // Each adds a fact about the current element.
     //
-    // `subject`, not the path, is what the final message names.
-    void add_lost_source(const wide_string& path, const wide_string& subject);
+    // `subject`, not the path, is what the final message names. `reason` where the file may well exist.
+    void add_lost_source(const wide_string& path, const wide_string& subject, const wide_string& reason = {});
     // The final message names the file name of `path`, or of `subject` if one is given.
     void add_copy_error(const wide_string& path, const wide_string& new_path, const platform::outcome& why,
                         const wide_string& subject = {});
