@@ -104,7 +104,8 @@ outcome open_regular_file(const wide_string& path, access wanted, disposition ho
     }
     const auto native = mapped_volumes().to_create(path);
     if (!native) return native.result;
-    const outcome created = create_native(native.path, O_RDWR | (how == disposition::create_new ? O_EXCL : 0), 0666, opened);
+    const outcome created =
+        create_native(native.path, O_RDWR | (how == disposition::create_new ? O_EXCL : 0), 0666, opened);
     if (!created) return created;
     mapped_volumes().names().created(native.path);
     return lock_regular_file(std::move(opened), true, true, result);

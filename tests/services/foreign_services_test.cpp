@@ -20,8 +20,8 @@ struct wishes {
     bool throws = false;
     // Answers that contradict each other, lead nowhere or are not there.
     bool nonsense = false, copies = true;
-    wide_string also = {};   // named as a copy, whoever made it
-    bool swaps = false; // names its sources as the copies
+    wide_string also = {}; // named as a copy, whoever made it
+    bool swaps = false;    // names its sources as the copies
 } wish;
 
 void throw_if_wished() {
