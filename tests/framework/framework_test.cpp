@@ -138,7 +138,20 @@ public:
     void text(const void*, uint32_t id, string_visitor visitor) override {
         if (id == 502) tell(visitor, u"from the localizer");
     }
-    void bitmap(const void*, uint32_t, masked_bitmap_visitor) override {}
+    // One pixel wide, the upper one transparent.
+    void bitmap(const void*, uint32_t, masked_bitmap_visitor visitor) override {
+        resource::masked_bitmap picture({1, 2, {1, 1, 1, 2, 2, 2}, {0, 255}});
+        call<&masked_bitmap_visitor_impl::visit>(visitor, pointer_to<masked_bitmap_impl>(picture));
+    }
+};
+
+// The first byte of each row, in the order in which they are passed.
+template <class Visitor>
+struct first_bytes final : Visitor {
+    void visit(const uint8_t* row, int32_t stride, uint32_t, uint32_t height) override {
+        for (uint32_t y = 0; y < height; ++y) rows.push_back(*(row + static_cast<ptrdiff_t>(y) * stride));
+    }
+    std::vector<int> rows;
 };
 
 class test_localizer_service final : public referent<localizer_service_impl> {
@@ -172,6 +185,13 @@ TEST_F(strings, a_localizer_has_the_last_word_until_it_is_gone) {
         look_for_localizer();
         EXPECT_EQ(1, test_localizer_service::connected) << "to one of both at a time";
         EXPECT_EQ(u"from the localizer", load_string(502));
+        resource::masked_bitmap picture = load_bitmap({platform::own_module(), 1});
+        first_bytes<thrice_interleaved_bytes_visitor_impl> colours;
+        first_bytes<bytes_visitor_impl> mask;
+        picture.visit_pixels(pointer_to<thrice_interleaved_bytes_visitor_impl>(colours));
+        picture.visit_mask(pointer_to<bytes_visitor_impl>(mask));
+        EXPECT_EQ((std::vector<int>{1, 2, 0, 255}),
+                  (std::vector<int>{colours.rows[0], colours.rows[1], mask.rows[0], mask.rows[1]}));
         EXPECT_EQ(u"", load_string(501)); // its silence is final
         EXPECT_EQ(u"Run", load_string(-101));
     }

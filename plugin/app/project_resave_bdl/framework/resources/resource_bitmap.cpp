@@ -1,5 +1,6 @@
 #include "framework/resources/resource_bitmap.h"
 
+#include <algorithm>
 #include <utility>
 
 #include "host/vsk_basic.h"
@@ -58,7 +59,14 @@ platform::image find_picture(const string_key& key, loader load) {
     return picture;
 }
 
-// The pointer stands at the last row and the stride leads back to the first.
+void reverse_rows(std::vector<uint8_t>& plane, size_t row_bytes, uint32_t height) {
+    for (size_t upper = 0, lower = height; upper + 1 < lower; ++upper)
+        std::swap_ranges(plane.begin() + static_cast<ptrdiff_t>(upper * row_bytes),
+                         plane.begin() + static_cast<ptrdiff_t>((upper + 1) * row_bytes),
+                         plane.begin() + static_cast<ptrdiff_t>(--lower * row_bytes));
+}
+
+// The pointer stands at the last row in memory, which is the top one, and the stride leads back.
 template <class Impl>
 void hand_over(const std::vector<uint8_t>& plane, size_t row_bytes, uint32_t width, uint32_t height,
                const interface_to<Impl>& visitor) {
@@ -68,6 +76,11 @@ void hand_over(const std::vector<uint8_t>& plane, size_t row_bytes, uint32_t wid
 }
 
 } // namespace
+
+resource::masked_bitmap::masked_bitmap(platform::image decoded) : picture_(std::move(decoded)) {
+    reverse_rows(picture_.colour, colour_bytes * picture_.width, picture_.height);
+    reverse_rows(picture_.mask, picture_.width, picture_.height);
+}
 
 void resource::masked_bitmap::visit_pixels(thrice_interleaved_bytes_visitor visitor) {
     hand_over(picture_.colour, colour_bytes * picture_.width, picture_.width, picture_.height, visitor);

@@ -11,7 +11,7 @@ namespace vs::project_resave::resource {
 class masked_bitmap final : public masked_bitmap_impl {
 public:
     masked_bitmap() = default;
-    explicit masked_bitmap(platform::image decoded) : picture_(std::move(decoded)) {}
+    explicit masked_bitmap(platform::image decoded);
 
     uint32_t width() override { return picture_.width; }
     uint32_t height() override { return picture_.height; }
@@ -19,7 +19,7 @@ public:
     void visit_mask(bytes_visitor visitor) override;
 
 private:
-    platform::image picture_;
+    platform::image picture_; // bottom-up, unlike what was decoded
 };
 
 } // namespace vs::project_resave::resource

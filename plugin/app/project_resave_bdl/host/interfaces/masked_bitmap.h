@@ -17,8 +17,8 @@ public:
     // Passes the colours, in one call: three bytes for each pixel, blue, green, red. Does not call the
     // visitor if the picture is empty.
     virtual void visit_pixels(thrice_interleaved_bytes_visitor visitor) = 0;
-    // Passes the mask in the same way: one byte for each pixel, 0 transparent, 255 opaque. The pictures of
-    // this bundle come with the bottom row first and a negative stride.
+    // Passes the mask in the same way: one byte for each pixel, 0 transparent, 255 opaque. The row that is
+    // passed first is the top one; the stride leads to the next and may be negative.
     virtual void visit_mask(bytes_visitor visitor) = 0;
     using operations = operation_list<&masked_bitmap_impl::width, &masked_bitmap_impl::height,
                                       &masked_bitmap_impl::visit_pixels, &masked_bitmap_impl::visit_mask>;
