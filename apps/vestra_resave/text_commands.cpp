@@ -50,7 +50,7 @@ int check_case(const std::string& project, const std::string& report, const comm
     bool differs = false;
     const int end =
         write_text(project, report, options, [&](project_context& context, const wide_string& path) {
-            const run_result result = context.check_path_case(path);
+            run_result result = context.check_path_case(path);
             differs = context.case_differs;
             return result;
         });

@@ -6,8 +6,10 @@
 
 namespace vs::project_resave::text {
 
+// NOLINTBEGIN(bugprone-macro-parentheses): an enumerator cannot have them
 #define VS_TEXT(id, name, base, translated) name = id,
 #define VS_TEXT_BASE_ONLY(id, name, base) name = id,
+// NOLINTEND(bugprone-macro-parentheses)
 
 enum row : int32_t {
     // Rows of the host's library, which are asked for by their negative number.
