@@ -129,6 +129,10 @@ void add_resave(CLI::App& app, command_line& line, words& words) {
                      "Keep nothing but this element, by uuid or caption; repeatable")
         ->allow_extra_args(false);
     command->add_flag("--overwrite", request.overwrite, "Replace the project if NEW_PROJECT exists");
+    command->add_flag("--allow-missing-drives", request.allow_missing_drives,
+                      "Start although files are on drives that do not exist; they count as lost");
+    command->add_flag("--ignore-space", request.ignore_space,
+                      "Start although the files seem to need more space than is free, as sparse files do");
     command->add_flag("--files", request.list_files, "Print what went where");
     CLI::Option* verifies = command->add_flag("--verify", request.verify,
                                               "Look at the new project, and compare copies with sources");

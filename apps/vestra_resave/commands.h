@@ -27,9 +27,11 @@ struct resave_request {
     std::string new_project;
     vs::project_resave::resave_settings settings; // all but the output path
     bool load_log = false;
-    bool list_files = false; // print what went where
-    bool verify = false;     // check the new project once it is saved
-    bool overwrite = false;  // replace a project that exists at `new_project`
+    bool list_files = false;           // print what went where
+    bool verify = false;               // check the new project once it is saved
+    bool overwrite = false;            // replace a project that exists at `new_project`
+    bool allow_missing_drives = false; // files on drives that do not exist are lost, else nothing starts
+    bool ignore_space = false;         // start also where the files seem to need more space than there is
     decided_answers answers;
     selection_request selection;
 };

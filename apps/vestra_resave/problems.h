@@ -23,6 +23,9 @@ inline constexpr const char* refused = "refused"; // the command does not do tha
 inline constexpr const char* not_loaded = "not_loaded";
 inline constexpr const char* not_created = "not_created"; // a text file, or the folder of the new project
 inline constexpr const char* too_little_space = "too_little_space";
+inline constexpr const char* not_writable = "not_writable";       // the new project's folder
+inline constexpr const char* name_too_long = "name_too_long";     // for the disk of the new project
+inline constexpr const char* unportable_name = "unportable_name"; // a copy that Windows cannot have
 inline constexpr const char* interrupted = "interrupted";
 // What a verification finds.
 inline constexpr const char* reference_outside = "reference_outside";

@@ -5,6 +5,7 @@
 #include <unordered_set>
 
 #include "apps/vestra_resave/output_file.h"
+#include "apps/vestra_resave/preflight.h"
 #include "apps/vestra_resave/resave_plan.h"
 #include "apps/vestra_resave/resave_report.h"
 #include "apps/vestra_resave/verification.h"
@@ -94,6 +95,8 @@ std::optional<refusal> prepare(session& host, const resave_request& request, con
     for (const std::string& line : apply(request.selection, elements, context.selection))
         early.problems.push_back(refused({}, line).problems.front());
     if (!early.problems.empty()) return early;
+    if (!request.allow_missing_drives)
+        if (auto missing = refuse_missing_drives(elements, context.selection)) return missing;
     return protect_project_files({target}, context);
 }
 
@@ -128,6 +131,10 @@ ended_run run(session& host, const resave_request& request, const common_options
         std::ranges::move(take_back(missing), std::back_inserter(early.problems));
         return {std::move(early), {}};
     }
+    if (auto early = refuse_target(folder, context, !request.ignore_space)) {
+        std::ranges::move(take_back(missing), std::back_inserter(early->problems));
+        return {std::move(early), {}};
+    }
     resave_settings settings = request.settings;
     settings.output_path = &target;
     shell::settings().refused_writes.clear();
@@ -137,6 +144,7 @@ ended_run run(session& host, const resave_request& request, const common_options
     std::erase_if(problems, [&](const problem& each) {
         return each.kind == name_of(fact_kind::type_not_resaved) && left_out.contains(each.element.uuid);
     });
+    add_unportable_names(context, problems);
     if (context.progress.erase_created) std::ranges::move(take_back(missing), std::back_inserter(problems));
     return {std::nullopt, report_of(context, result, std::move(problems))};
 }

@@ -132,14 +132,18 @@ TEST_F(dry_run, tells_what_no_rule_takes_along_and_where_the_space_ends) {
     EXPECT_NEAR(static_cast<double>(free), plan.at("free_bytes").get<double>(), 0x1p30);
     for (const char* name : {"r.tif", "Roads.dbf"}) // neither of which is more than the disk could hold
         fs::resize_file(native("c") / "prj/data" / name, free / 2 + 0x20000000);
-    EXPECT_EQ(1, command(to + "--dry-run")) << err;
-    EXPECT_TRUE(is_told("vestra-resave: N:\\out\\: too little space: ")) << err;
+    for (const char* word : {"--dry-run", ""}) { // ends as the run does
+        EXPECT_EQ(3, command(to + word)) << err;
+        EXPECT_TRUE(is_told("vestra-resave: N:\\out: too little space: ")) << err;
+        EXPECT_EQ("", made());
+    }
+    EXPECT_EQ(1, command(to + "--dry-run --ignore-space")) << err;
     plan = json::parse(out);
     EXPECT_EQ("would be saved with problems", plan.at("outcome"));
     EXPECT_EQ("too_little_space", plan.at("problems").at(0).at("kind"));
     EXPECT_LT(plan.at("free_bytes"), plan.at("bytes"));
 
-    EXPECT_EQ(1, command("resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp' --dry-run"));
+    EXPECT_EQ(1, command("resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp' --dry-run --ignore-space"));
     EXPECT_NE(string::npos, out.find("ROADS.shp -> N:\\out\\shp\\ROADS.shp  4 B\n")) << out;
     EXPECT_NE(string::npos, out.find("stays behind: " + data + "roads.SBN, beside " + data + "ROADS.shp\n"));
     EXPECT_NE(string::npos, out.find("\nwould be saved with problems: N:\\out\\new._vp, 6 files, ")) << out;

@@ -25,7 +25,8 @@ protected:
     // Runs it with JSON and with text; checks the one problem of this kind in both.
     void expect_reason(const string& what, const string& new_path, const string& reason,
                        const string& prefix = {}) {
-        const string line = "resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp' --overwrite --quiet ";
+        const string line =
+            "resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp' --overwrite --ignore-space --quiet ";
         for (const string form : {"--json", ""}) {
             run("exec " + prefix + line_of(line + form).substr(string("exec").size()));
             EXPECT_FALSE(path_exists(u"N:\\out\\rtr\\big.tif")) << "no part of it";
@@ -75,6 +76,9 @@ TEST_F(failure_reasons, a_full_disk) {
     const fs::path out_folder = native("n") / "out";
     if (::mount("tmpfs", out_folder.c_str(), "tmpfs", 0, "size=64k") != 0)
         GTEST_SKIP() << "this user may not mount a file system";
+    EXPECT_EQ(3, command("resave 'C:\\prj\\area._vp' 'N:\\out\\deep\\new._vp' --quiet"));
+    EXPECT_EQ("vestra-resave: N:\\out\\deep: too little space: 196.2 KB are needed, 64.0 KB are free\n", err);
+    EXPECT_EQ("", made());
     expect_reason("copy_failed", target, "No space left on device");
     ::umount(out_folder.c_str());
 }
@@ -92,6 +96,12 @@ TEST_F(failure_reasons, a_folder_without_the_right_to_write) {
     fs::permissions(closed, fs::perms::owner_read | fs::perms::owner_exec | fs::perms::others_exec);
     const string as_another = ::geteuid() == 0 ? "setpriv --reuid=65534 --clear-groups " : "";
     expect_reason("copy_failed", target, "Permission denied", as_another);
+    fs::permissions(native("n") / "out",
+                    fs::perms::owner_all | fs::perms::others_read | fs::perms::others_exec);
+    run("exec " + as_another +
+        line_of("resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp' --overwrite --quiet")
+            .substr(string("exec").size()));
+    EXPECT_EQ("vestra-resave: N:\\out: cannot be written to: Permission denied\n", err);
     fs::permissions(closed, fs::perms::owner_all);
 }
 
@@ -109,6 +119,37 @@ TEST_F(failure_reasons, files_that_the_host_could_not_read_or_write) {
                 "value is neither a decimal number nor \"-\" (\"Grid\" in \"Area\")"))
         << err;
     EXPECT_TRUE(is_told("N:\\out\\new._vp: could not be written: File too large\n")) << err;
+}
+
+TEST_F(failure_reasons, drives_that_do_not_exist_are_named_once_before_the_start) {
+    builder.layer("rtr_lr2d", u"1", u"e:\\gis\\1.tif").layer("rtr_lr2d", u"2", u"E:\\gis\\2.tif");
+    builder.layer("rtr_lr2d", u"3", u"\\\\srv\\maps\\3.tif")
+        .layer("rtr_lr2d", u"4", u"C:\\gone.tif")
+        .save(source);
+    const string resave = "resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp' --quiet ";
+    EXPECT_EQ(2, command(resave));
+    EXPECT_EQ("vestra-resave: \\\\srv\\maps does not exist, and 1 file of the project is on it\n"
+              "vestra-resave: E: does not exist, and 2 files of the project are on it; map it with --drive "
+              "E=FOLDER\n"
+              "vestra-resave: with --allow-missing-drives these files are lost\n",
+              err);
+    EXPECT_EQ("", made());
+    EXPECT_EQ(1, command(resave + "--deselect 1 --deselect 2 --deselect 3")) << err;
+    EXPECT_EQ(1, command(resave + "--allow-missing-drives --overwrite --json"));
+    EXPECT_EQ(4U, json::parse(out).at("lost_sources").size()) << out;
+}
+
+TEST_F(failure_reasons, names_that_windows_does_not_take) {
+    for (const wide_string name : {u"Con.tif", u"a*b.tif", u"line\nfeed.tif", u"blank ", u"common.tif"})
+        builder.layer("rtr_lr2d", name, write(u"C:\\data\\" + name, "x"));
+    builder.save(source);
+    EXPECT_EQ(1, command("resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp' --quiet --json"));
+    string told;
+    for (const json all = json::parse(out); const json& each : all.at("problems"))
+        if (each.at("kind") == "unportable_name") told += each.at("new_path").get<string>() + "|";
+    EXPECT_EQ(
+        "N:\\out\\rtr\\Con.tif|N:\\out\\rtr\\a*b.tif|N:\\out\\rtr\\blank |N:\\out\\rtr\\line\nfeed.tif|",
+        told);
 }
 
 // Nothing is written, whatever is asked for.
