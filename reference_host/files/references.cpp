@@ -75,7 +75,7 @@ wide_string stored_reference(wide_view folder, wide_view reference, bool behind_
         if (looks_relative(rest) && joined(folder, rest) == wide_string(folder) + wide_string(rest))
             return wide_string(rest);
     } else if (near == nearness::beside && !looks_relative(reference)) {
-        const wide_string climbing = climbing_reference(folder, reference);
+        wide_string climbing = climbing_reference(folder, reference);
         if (!climbing.empty()) return climbing;
     }
     if (looks_relative(reference) || reference.starts_with(verbatim_mark))

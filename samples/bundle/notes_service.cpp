@@ -38,7 +38,8 @@ void notes_service::read_notes_of(vs_lr* layer) {
     for (uint32_t index = 0; index < tuple_get_size(rows); ++index) {
         vs_tuple* row = any_get_tuple(tuple_get_element(rows, index));
         if (tuple_get_size(row) <= source_place) continue;
-        note& read = notes.emplace_back(row, nullptr);
+        note& read = notes.emplace_back();
+        read.row = row;
         read.uuid.reset(vs_uuid_create());
         vs_uuid_from_string(read.uuid.get(), text_at(row, uuid_place).c_str());
     }

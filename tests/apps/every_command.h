@@ -41,8 +41,8 @@ private:
             expect_source_kept_by(words);
         const std::string all =
             " --log --load-log --scene-files --layer-files --delete-lost --verify --json ";
-        for (const char* words : {"", "--structure from-common-top --lowercase --overwrite "})
-            expect_source_kept_by("resave " + std::string(words) + all + place + "new._vp'");
+        for (std::string words : {"resave ", "resave --structure from-common-top --lowercase --overwrite "})
+            expect_source_kept_by(words.append(all).append(place).append("new._vp'"));
     }
 
     void run_panel() {

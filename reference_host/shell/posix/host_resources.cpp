@@ -11,8 +11,10 @@ namespace platform = vs::project_resave::platform;
 
 constexpr uint32_t english = 50000;
 
+// NOLINTBEGIN(bugprone-macro-parentheses): a list of rows is no expression
 #define VS_TEXT(id, name, base, translated)                                                                  \
     platform::text_row{id, base}, platform::text_row{id + english, translated},
+// NOLINTEND(bugprone-macro-parentheses)
 constexpr platform::text_row rows[] = {
 #include "reference_host/shell/host_texts.inc"
 };

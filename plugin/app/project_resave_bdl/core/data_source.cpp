@@ -1,5 +1,7 @@
 #include "core/data_source.h"
 
+#include <algorithm>
+
 #include "core/copying.h"
 #include "framework/border/host_owned.h"
 #include "framework/border/string_adapter.h"
@@ -91,8 +93,10 @@ void put_back(const pending_join& join, run_state& run) {
 } // namespace
 
 std::vector<wide_string> joined_tables(vs_attr_data* attr_data) {
+    const int32_t count = join_count(attr_data);
     std::vector<wide_string> tables;
-    for (int32_t i = 0; i < join_count(attr_data); ++i) tables.push_back(joined_table(attr_data, i));
+    tables.reserve(static_cast<size_t>(std::max(count, 0)));
+    for (int32_t i = 0; i < count; ++i) tables.push_back(joined_table(attr_data, i));
     return tables;
 }
 

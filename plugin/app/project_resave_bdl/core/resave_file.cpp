@@ -58,7 +58,7 @@ bool Tvs_resave_file::do_save() {
 wide_string Tvs_resave_file::place_and_copy(const wide_string& source) {
     path_placement& placement = context->placement;
     const type_folder_scope type(placement, default_folder());
-    const wide_string target = placement.new_path(source);
+    wide_string target = placement.new_path(source);
     if (target.empty()) {
         record_no_place(*context, source, target);
     } else {

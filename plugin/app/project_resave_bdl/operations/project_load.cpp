@@ -82,7 +82,8 @@ void project_context::close_project() {
 }
 
 bool project_context::load_project(const wide_string& wanted, bool show_wait, bool write_open_log) {
-    const wide_string path = wanted; // may be a text of ours that the load resets
+    const wide_string path{wanted.data(),
+                           wanted.size()}; // that text may be one of ours, which the load resets
     const wait_window wait(show_wait ? vs_wait_wcreate(load_string(text::project_opens).c_str()) : nullptr);
     selection.clear();
     sizes.clear();

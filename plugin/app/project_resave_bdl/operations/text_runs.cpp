@@ -34,7 +34,7 @@ run_result project_context::save_structure(const structure_settings& settings) {
     }
     options.reset();
     take_over(settings, options);
-    const run_result result = write_text(settings.output_path, [this] {
+    run_result result = write_text(settings.output_path, [this] {
         log.write_indented(load_string(text::project_prefix) + path_file_name(placement.source_project_path));
         log.indent();
         if (!progress.is_stopped())
@@ -97,7 +97,7 @@ run_result project_context::check_path_case(const wide_string& report_path) {
         return {};
     }
     case_differs = false;
-    const run_result result = write_text(report_path, [this] {
+    run_result result = write_text(report_path, [this] {
         if (progress.is_stopped()) return;
         for (const auto& root : tree) root->check_path_case(&case_differs);
     });

@@ -10,9 +10,11 @@ namespace {
 
 constexpr uint32_t english = 50000;
 
+// NOLINTBEGIN(bugprone-macro-parentheses): a list of rows is no expression
 #define VS_TEXT(id, name, base, translated)                                                                  \
     platform::text_row{id, base}, platform::text_row{id + english, translated},
 #define VS_TEXT_BASE_ONLY(id, name, base) platform::text_row{id, base},
+// NOLINTEND(bugprone-macro-parentheses)
 constexpr platform::text_row rows[] = {
 #include "framework/resources/texts/bundle_texts.inc"
 #include "framework/resources/texts/toolkit_texts.inc"
