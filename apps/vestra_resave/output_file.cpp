@@ -32,9 +32,7 @@ bool is_same_file(const wide_string& one, const wide_string& other) {
 }
 
 std::optional<refusal> refuse_output(const std::string& typed) {
-    if (typed.starts_with("\\\\") && platform::native_path(platform::from_utf8(typed)).empty())
-        return refused(
-            {}, typed + ": network shares are unknown on this system; give a folder where it is mounted");
+    if (auto early = refuse_share(typed)) return early;
     const wide_string path = platform::drive_path(typed);
     platform::system& disk = platform::current_system();
     const platform::entry_kind kind = disk.kind_of(path);

@@ -35,6 +35,7 @@ constexpr kind_words all_kinds[] = {
     {"not_read", "could not be read, so the files it refers to were not copied"},
     {"not_written", "could not be written"},
     {"type_not_resaved", "layers of this type are not resaved"},
+    {"reads_other", "its copy % still reads another file by the old name"},
     {"join_kept", "still joined to the original table"},
     {"selection_not_settled", "elements that others refer to were still being added when the search ended"},
     {"not_erased", "could not be erased"},
@@ -154,8 +155,8 @@ bool is_notice(const problem& found) {
 wide_string as_on_disk(const wide_string& path) {
     const wide_string whole = path_normalise(path), head = path_head(whole);
     wide_string spelled;
-    if (true_case_path(path, spelled)) return spelled;
-    if (head.empty() || whole.size() <= path_fixed_length(whole)) return path;
+    if (true_case_path(whole, spelled)) return spelled;
+    if (head.empty() || whole.size() <= path_fixed_length(whole)) return whole;
     return path_join(as_on_disk(head), path_file_name(whole));
 }
 

@@ -67,6 +67,7 @@ std::optional<refusal> refuse_lowered(const wide_string& folder) {
 std::optional<refusal> refuse_paths(const wide_string& source, const wide_string& target,
                                     const resave_request& request) {
     const std::string& typed = request.new_project;
+    if (auto early = refuse_share(request.project)) return early;
     if (is_same_file(source, target))
         return refused({}, shell::printable(load_string(text::same_project_name)));
     const bool has_name = typed.find_last_of("/\\") + 1 != typed.size();

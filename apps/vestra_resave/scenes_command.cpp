@@ -4,14 +4,9 @@
 #include <iostream>
 #include <unordered_set>
 
-#include "apps/vestra_resave/output_file.h"
 #include "apps/vestra_resave/problems.h"
 #include "apps/vestra_resave/resave_report.h"
 #include "apps/vestra_resave/session.h"
-#include "framework/border/string_adapter.h"
-#include "host/vsk_prj.h"
-#include "host/vsk_scn_2d.h"
-#include "layers/layer_files.h"
 #include "operations/project_context.h"
 #include "operations/run/path_files.h"
 #include "platform/path_text.h"
@@ -22,17 +17,6 @@ namespace vestra::command {
 using namespace vs::project_resave;
 
 namespace {
-
-// Where the run puts the scenes; none is left out of the selection here.
-std::vector<wide_string> scene_files(project_context& context, const wide_string& folder) {
-    std::vector<wide_string> paths;
-    vs_scns_2d* scenes = vs_prj_get_scns_2d_ptr(context.project_handle());
-    for (uint32_t index = 0; index < vs_scns_2d_get_size(scenes); ++index) {
-        const wide_string caption = host_string(&vs_scn_2d_get_wcaption, vs_scns_2d_get(scenes, index));
-        paths.push_back(caption_file_path(folder, caption, u"._sn"));
-    }
-    return paths;
-}
 
 // The run works in the current folder, so its paths are names. Returns true if nothing went wrong.
 bool print_outcome(session& host, const wide_string& folder, bool quiet) {
@@ -54,6 +38,7 @@ bool print_outcome(session& host, const wide_string& folder, bool quiet) {
 
 int write_scenes(const scenes_request& request, const common_options& options) {
     session host(options, {});
+    if (const auto early = refuse_share(request.folder)) return end_with(*early, options);
     if (const auto early = host.load(request.project)) return end_with(*early, options);
     project_context& context = host.context();
     const wide_string folder = as_on_disk(platform::drive_path(request.folder));
@@ -63,9 +48,6 @@ int write_scenes(const scenes_request& request, const common_options& options) {
         return not_saved;
     }
     scene_file_settings settings = request.settings;
-    if (settings.on_exists == on_existing_file::rewrite)
-        if (const auto early = protect_project_files(scene_files(context, folder), context))
-            return end_with(*early, options);
     settings.folder = folder.c_str();
     const run_result result = context.create_scene_files(settings);
     const bool went_well = print_outcome(host, folder, options.quiet);

@@ -40,6 +40,15 @@ unique_name_answer command_questions::new_name(const wide_string& source, const 
     return show_unique_name_dialog(source, proposed);
 }
 
+// "//a" is a usual spelling of "/a" where there are no shares.
+std::optional<refusal> refuse_share(const std::string& typed) {
+    const std::string start = typed.substr(0, 2);
+    const bool is_share = start == "\\\\" || start == "/\\" || start == "\\/";
+    if (!is_share || !platform::native_path(platform::from_utf8(typed)).empty()) return std::nullopt;
+    return refused({},
+                   typed + ": network shares are unknown on this system; give a folder where it is mounted");
+}
+
 session::session(const common_options& options, const decided_answers& answers)
     : host_(terminal_, options), questions_(host_.front_end(), answers) {
     host_.start_own_bundle();
@@ -55,6 +64,7 @@ session::~session() {
 }
 
 std::optional<refusal> session::load(const std::string& project) {
+    if (auto early = refuse_share(project)) return early;
     return load(platform::drive_path(project), false, false);
 }
 

@@ -48,6 +48,9 @@ class project_context;
 
 namespace vestra::command {
 
+// Returns why a path that was typed is not used: it is on a share, and the operating system knows none.
+std::optional<refusal> refuse_share(const std::string& typed);
+
 // One run of a command on a project: the host with the bundle in it, and the context on which the bundle
 // works. Starts the host in its constructor and takes it down in its destructor. One at a time.
 class session {

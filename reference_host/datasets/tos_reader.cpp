@@ -5,6 +5,7 @@
 #include <memory>
 #include <string_view>
 #include <unordered_set>
+#include <utility>
 
 #include "platform/path_text.h"
 #include "platform/system.h"
@@ -80,7 +81,7 @@ bool is_value(std::string_view text) {
 
 bool is_utf8(std::string_view bytes) { return platform::valid_utf8_length(bytes) == bytes.size(); }
 
-// The stem without the number that a name gets where another has it: "model" for "model_(1)".
+// The stem without a number that a name gets where another has it: "model" for "model_(1)".
 wide_string without_number(const wide_string& stem) {
     const std::size_t open = stem.rfind(u"_(");
     if (open == wide_string::npos || open == 0 || !stem.ends_with(u')')) return stem;
@@ -146,11 +147,13 @@ private:
         if (path.find_first_of(path_separators) != wide_string::npos || path == u"." || path == u"..")
             return path;
         if (path.front() == u'.') return stem_ + path;
-        const wide_string first_stem = without_number(stem_);
-        if (first_stem == stem_ || !platform::folded(path).starts_with(platform::folded(first_stem) + u'.'))
-            return path;
-        wide_string own = stem_ + path.substr(first_stem.size());
-        return platform::current_system().kind_of(head_ + own) == platform::entry_kind::file ? own : path;
+        wide_string older = without_number(stem_);
+        for (wide_string newer = stem_; older != newer; newer = std::exchange(older, without_number(older))) {
+            if (!platform::folded(path).starts_with(platform::folded(older) + u'.')) continue;
+            wide_string own = stem_ + path.substr(older.size());
+            return platform::current_system().kind_of(head_ + own) == platform::entry_kind::file ? own : path;
+        }
+        return path;
     }
 
     wide_view take_data(std::string_view text) const {

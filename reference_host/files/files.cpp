@@ -82,7 +82,7 @@ bool is_no_file(const wide_string& path) {
     platform::system& disk = platform::current_system();
     wide_string name;
     return disk.kind_of(path) == platform::entry_kind::none &&
-           disk.true_name(path_head(path), path_file_name(path), name);
+           disk.true_name(folder_of_file(path), path_file_name(path), name);
 }
 
 std::optional<file_error> replace_file(const wide_string& path, const pugi::xml_document& document) {

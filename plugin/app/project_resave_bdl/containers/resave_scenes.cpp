@@ -102,7 +102,7 @@ bool Tvs_resave_scene_2d::write_scene_file() {
 // The other scenes are still written.
 bool Tvs_resave_scene_2d::refuse(const wide_string& path) {
     const current_element scene(context->report, element_name_of(entity(), {}));
-    context->report.add(fact_kind::not_written, {}, path, load_string(text::source_file_kept));
+    context->report.add(fact_kind::not_written, {}, path, source_guard::reason);
     context->progress.questions->show_error(text::source_file_kept, path);
     return true;
 }

@@ -60,7 +60,31 @@ wide_string replaced(wide_string text, const wide_string& from, const wide_strin
 wide_string member_name(const wide_string& name, const wide_string& from, const wide_string& to,
                         bool of_tos) {
     if (!of_tos) return replaced(path_stem(name), from, to) + path_extension(name);
-    return name.starts_with(from + u'.') ? to + name.substr(from.size()) : name;
+    const bool is_of_stem = platform::folded(name).starts_with(platform::folded(from) + u'.');
+    return is_of_stem ? to + name.substr(from.size()) : name;
+}
+
+// A file that names others in its text still names the old ones under its new name. What it reads then may be
+// there, and be of another set.
+void report_foreign_members(const wide_string& source, const std::vector<wide_string>& own,
+                            const wide_string& target, run_state& run) {
+    std::vector<wide_string> members;
+    if (!data_source_files(target, members)) return;
+    for (const wide_string& member : members) {
+        const wide_string* const from = run.placement.made.source_of(member);
+        const bool is_own = from && (*from == source || std::ranges::find(own, *from) != own.end());
+        if (!is_own && path_exists(member)) run.report.add(fact_kind::reads_other, source, target, member);
+    }
+}
+
+// Copies a member to the place at which its file looks for it, where it was copied to another one before.
+void copy_again(const wide_string& source, const wide_string& target, run_state& run) {
+    const wide_string* const there = run.placement.made.source_of(target);
+    if (there && *there == source) return;
+    if (const platform::outcome copied = copy_file(source, target))
+        run.placement.made.add_copy(source, target);
+    else
+        record_copy_failure(run, {source, target, copied});
 }
 
 } // namespace
@@ -150,7 +174,7 @@ bool copy_data_set(const wide_string& source, const wide_string& target, run_sta
     return true;
 }
 
-bool copy_data_source_files(const wide_string& source, const wide_string& target, bool keep_case,
+bool copy_data_source_files(const wide_string& source, const wide_string& target, bool of_tos,
                             run_state& run) {
     std::vector<wide_string> members;
     if (!data_source_files(source, members)) return false;
@@ -160,14 +184,17 @@ bool copy_data_source_files(const wide_string& source, const wide_string& target
     const wide_string source_stem = path_stem(source);
     const wide_string target_stem = path_stem(target);
     for (const wide_string& member : members) {
-        if (run.placement.is_placed(member)) continue;
         wide_string place = path_join(target_folder, path_relative(source_folder, member));
         if (source_stem != target_stem)
-            place =
-                path_head(place) + member_name(path_file_name(place), source_stem, target_stem, keep_case);
-        if (run.options.lower_case && !keep_case) platform::lower_in_place(place);
-        copy_one(member, place, run);
+            place = path_head(place) + member_name(path_file_name(place), source_stem, target_stem, of_tos);
+        if (run.options.lower_case && !of_tos) platform::lower_in_place(place);
+        const wide_string placed = run.placement.lookup_placed(member);
+        if (placed.empty())
+            copy_one(member, place, run);
+        else if (of_tos && !path_same(placed, place))
+            copy_again(member, place, run);
     }
+    if (source_stem != target_stem) report_foreign_members(source, members, target, run);
     return true;
 }
 
@@ -217,6 +244,7 @@ std::optional<failed_copy> copy_folder(const wide_string& source, const wide_str
     if (!unread.empty() && unread.front().path == from)
         return failed_copy{source, target, unread.front().reason};
     made_files& made = run.placement.made;
+    made.add_data_set(to);
     const auto create = [&](const wide_string& folder) {
         std::vector<wide_string> levels;
         platform::outcome created = create_folders(folder, &levels);

@@ -55,8 +55,10 @@ bool copy_file_and_projection(const wide_string& source, const wide_string& targ
 // A file, what the host names as its data set, and its projection.
 bool copy_data_set(const wide_string& source, const wide_string& target, run_state& run);
 // Every file that the host names for the data set and that was not placed before. Members follow a new stem
-// of the main file, and lower case unless `keep_case`. False, without a record, if the host cannot open it.
-bool copy_data_source_files(const wide_string& source, const wide_string& target, bool keep_case,
+// of the main file, and lower case. Those of a TOS file keep their case, and are copied again where it looks
+// for them in another place. A renamed main file that reads a file which is not its copy is a fact. False,
+// without a record, if the host cannot open it.
+bool copy_data_source_files(const wide_string& source, const wide_string& target, bool of_tos,
                             run_state& run);
 // The same for a TOS file, which is one of the members: its case is kept, and one that the host cannot open
 // is entered as not read.

@@ -115,10 +115,19 @@ bool project_context::load_project(const wide_string& wanted, bool show_wait, bo
     return loaded;
 }
 
+namespace {
+
+// True also for a link that leads nowhere: a file that is created there would come to lie at its end.
+bool is_there(const wide_string& path) {
+    return path_exists(path) || platform::current_system().identity_of(path).names > 0;
+}
+
+} // namespace
+
 bool project_context::read_project(vs_xml_save_prj* reader, const wide_string& path, bool write_open_log) {
     open_log.set_open_log_path(path, write_open_log);
     log_wanted_ = open_log.path;
-    if (write_open_log && path_exists(log_wanted_)) open_log.path = placement.next_free_name(log_wanted_);
+    if (write_open_log && is_there(log_wanted_)) open_log.path = placement.next_free_name(log_wanted_);
     open_log.write_load_begin();
     if ((vs_xml_data_load_prj_w(reader, path.c_str(), project) & 0xFF) == 0) return false;
     open_log.write_load_end();
@@ -157,8 +166,16 @@ void project_context::build_tree(const wide_string& path) {
 // What has the name of the log may belong to the source, which is known only now. So the log was written
 // beside it, and takes the name if it may.
 void project_context::settle_open_log() {
-    if (!open_log.enabled || open_log.path == log_wanted_) return;
-    if (guard.protects(log_wanted_)) return report.add(fact_kind::renamed, log_wanted_, open_log.path);
+    if (!open_log.enabled) return;
+    if (guard.protects(log_wanted_)) {
+        if (open_log.path == log_wanted_) { // a source that was lost would be found again, as a log
+            const wide_string free = placement.next_free_name(log_wanted_);
+            if (!platform::current_system().rename_over(log_wanted_, free)) return;
+            open_log.path = free;
+        }
+        return report.add(fact_kind::renamed, log_wanted_, open_log.path);
+    }
+    if (open_log.path == log_wanted_) return;
     if (!platform::current_system().rename_over(open_log.path, log_wanted_)) return;
     open_log.path = log_wanted_;
     report.add(fact_kind::written_over, {}, log_wanted_);

@@ -59,6 +59,11 @@ wide_string unique_path(const wide_string& path) {
     return candidate;
 }
 
+bool has_own_folder(const wide_string& path) {
+    return path_extension(path) == own_folder_extension &&
+           path_same(path_file_name(path_normalise(path_head(path))), path_stem(path));
+}
+
 wide_string world_extension(const wide_string& path) {
     const wide_string extension = path_extension(path);
     if (extension.size() < 3) throw std::out_of_range("the extension is too short for a world file");
@@ -74,9 +79,13 @@ wide_string projection_file_name(const wide_string& path) {
 }
 
 std::vector<wide_string> companion_files(const wide_string& path) {
-    std::vector<wide_string> all{projection_file_name(path), path + u".ovr"};
-    for (const wide_view extension : {u".cpg", u".shx", u".dbf"})
-        all.push_back(path_replace_extension(path, wide_string(extension)));
+    std::vector<wide_string> all{projection_file_name(path)};
+    for (const wide_view end : {u".ovr", u".aux.xml", u".xml", u".msk", u"-wal", u"-shm", u"-journal"})
+        all.push_back(path + wide_string(end));
+    for (const wide_view extension :
+         {u".cpg", u".shx", u".dbf", u".prj", u".qpj", u".qix", u".sbn", u".sbx", u".hdr", u".gfs", u".xsd",
+          u".ind", u".tod", u".aux", u".rrd", u".stx", u".clr", u".wld"})
+        all.push_back(path_replace_extension(path, extension));
     if (path_extension(path).size() < 3) return all;
     for (const char16_t last : {u'w', u'r'})
         all.push_back(path_replace_extension(path, world_extension(path) + last));

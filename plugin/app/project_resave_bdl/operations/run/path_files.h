@@ -40,12 +40,18 @@ wide_string unique_path(const wide_string& path);
 
 // Names beside C:\a\b.tif: b_tif.pj4, b.cpg, b.tif.ovr, world file b.tfw and its sibling b.tfr, b.shx, b.dbf.
 //
+// The extension of a grid, which is a file in a folder of its own name with all that is in it.
+inline constexpr wide_view own_folder_extension = u".pgrid";
+// True for such a file in such a folder.
+bool has_own_folder(const wide_string& path);
+
 // Path of the projection file that belongs to a main file, whether it exists or not.
 wide_string projection_file_name(const wide_string& path);
 // Dot, first and third letter of the main file's extension; a "w" or an "r" completes it. Throws
 // std::out_of_range for an extension of fewer than two letters.
 wide_string world_extension(const wide_string& path);
-// The names of all that a copy of the file can take along, whether it exists or not.
+// The names of what belongs to the file: what a copy of it can take along, and what a reader of its format
+// would take for a part of it. Whether they exist or not.
 std::vector<wide_string> companion_files(const wide_string& path);
 
 } // namespace vs::project_resave

@@ -16,7 +16,6 @@ namespace vs::project_resave {
 namespace {
 
 // A grid of this format lives in a folder of its own, named as the file.
-constexpr wide_view own_folder_extension = u".pgrid";
 
 bool leads_upwards(wide_view relative) {
     return relative.size() >= 3 && relative.starts_with(u"..") && is_separator(relative[2]);
@@ -70,6 +69,7 @@ void path_placement::reset() {
     common.clear();
     clear_scene();
     last_numbers_.clear();
+    homes_.clear();
     folder_failures_.clear();
 }
 
@@ -111,12 +111,15 @@ bool path_placement::is_taken(const wide_string& path) const {
 wide_string path_placement::new_path(const wide_string& source) {
     wide_string result = place(source);
     if (options->lower_case) platform::lower_in_place(result);
-    if (is_taken(result)) {
-        result = resolve_conflict(result, source);
+    const wide_string wanted = result;
+    result = beside_data_sets(result);
+    if (is_taken(result)) result = resolve_conflict(result, source);
+    if (result != wanted) {
         log->file_renamed(source, result);
         report->add(fact_kind::renamed, source, result);
     }
     const wide_string folder = path_head(result);
+    if (has_own_folder(result)) made.add_data_set(folder);
     if (!path_exists(folder)) {
         std::vector<wide_string> levels; // of a drive or a share none is ever ours to create
         if (const platform::outcome failed = create_folders(folder, &levels); !failed)
@@ -185,6 +188,30 @@ wide_string path_placement::in_type_folder(const wide_string& source) const {
 wide_string path_placement::place_in_scene_folder(const wide_string& source) {
     const wide_string base = scene_folder.empty() ? new_folder : path_join(new_folder, scene_folder) + u'\\';
     return place_under_common(scene_common ? *scene_common : common, base, source);
+}
+
+// A folder that is one data set, of the source or copied in this run, takes no other file: whoever reads the
+// set would read that, too. What would come to lie in it gets a folder with a number beside it.
+wide_string path_placement::beside_data_sets(const wide_string& path) {
+    const bool own_folder = path_extension(path) == own_folder_extension;
+    const wide_string first = own_folder ? path_head(path_normalise(path_head(path))) : path_head(path);
+    const auto [home, is_new] = homes_.try_emplace(path_key(first));
+    if (is_new) {
+        wide_string set; // the topmost one
+        for (wide_string level = path_normalise(first); path_with_separator(level).size() > new_folder.size();
+             level = path_normalise(path_head(level)))
+            if (made.is_data_set(level) || (guard && path_exists(level) && guard->is_inside(level)))
+                set = level;
+        if (!set.empty()) home->second = numbered_folder(set) + first.substr(set.size());
+    }
+    return home->second.empty() ? path : home->second + path.substr(first.size());
+}
+
+wide_string path_placement::numbered_folder(const wide_string& path) {
+    wide_string candidate;
+    for (uint32_t number = 1; candidate.empty() || path_exists(candidate); ++number)
+        candidate = path_head(path) + path_file_name(path) + u"_(" + decimal(number) + u")";
+    return candidate;
 }
 
 wide_string path_placement::resolve_conflict(const wide_string& path, const wide_string& source) {

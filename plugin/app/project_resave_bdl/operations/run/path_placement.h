@@ -93,10 +93,14 @@ private:
     wide_string place_inside_or_by_type(const wide_string& source) const;
     wide_string in_type_folder(const wide_string& source) const;
     wide_string place_in_scene_folder(const wide_string& source);
+    wide_string beside_data_sets(const wide_string& path);
+    static wide_string numbered_folder(const wide_string& path);
     wide_string resolve_conflict(const wide_string& path, const wide_string& source);
 
     // The last number given to a path in this run, so that many files of one name stay cheap.
     std::unordered_map<wide_string, uint32_t> last_numbers_;
+    std::unordered_map<wide_string, wide_string>
+        homes_; // instead of those of these path_keys; empty for none
     std::unordered_map<wide_string, platform::outcome> folder_failures_; // by path_key of the folder
 };
 

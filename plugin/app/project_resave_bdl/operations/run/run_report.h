@@ -19,6 +19,7 @@ enum class fact_kind : uint8_t {
     not_read,              // the file exists and is no data set or scene: what it refers to was not copied
     not_written,           // a file that the run makes itself
     type_not_resaved,      // nothing resaves elements of this type; `subject` is the type
+    reads_other,           // a renamed copy reads a file that is not its own; `reason` is that file
     join_kept,             // a table is still joined to the original one
     selection_not_settled, // references between elements had not settled in time
     not_erased,            // was to be removed after a stop and still exists
@@ -26,7 +27,7 @@ enum class fact_kind : uint8_t {
     written_over,          // a file that the run made replaced one that existed
     exception_caught,      // a fault of the program or too little memory; `subject` says where
 };
-inline constexpr size_t fact_kind_count = 12;
+inline constexpr size_t fact_kind_count = 13;
 
 // An element of the project, as a person finds it there. All empty for what belongs to no element.
 struct element_name {

@@ -11,7 +11,7 @@ namespace vs::project_resave {
 
 namespace {
 
-const platform::outcome belongs_to_source = platform::outcome::because(u"it belongs to the source project");
+const platform::outcome belongs_to_source = platform::outcome::because(source_guard::reason);
 
 platform::system& files() { return platform::current_system(); }
 
@@ -57,15 +57,27 @@ void source_guard::learn_identity(const wide_string& path) {
     const platform::file_identity identity = files().identity_of(path);
     if (!identity) return; // a file that is lost keeps its name
     identities_.insert(identity);
-    if (files().kind_of(path) != platform::entry_kind::folder) return;
+    const wide_string folder = path_normalise(path_head(path));
+    if (has_own_folder(path))
+        learn_folder(folder, files().identity_of(folder));
+    else if (files().kind_of(path) == platform::entry_kind::folder)
+        learn_folder(path, identity);
+}
+
+void source_guard::learn_folder(const wide_string& path, const platform::file_identity& identity) {
     inner_folders_.insert(path_key(path));
     inner_identities_.insert(identity);
     for (const platform::tree_entry& entry : platform::list_tree(files(), path))
         if (const auto inner = files().identity_of(entry.path)) identities_.insert(inner);
 }
 
-// True below a folder that is a data set.
 bool source_guard::is_inside(const wide_string& path) {
+    learn_names();
+    learn_identities();
+    return inner_folders_.contains(path_key(path)) || is_in_known_folder(path);
+}
+
+bool source_guard::is_in_known_folder(const wide_string& path) {
     if (inner_folders_.empty()) return false;
     for (wide_string level = path_normalise(path_head(path)); level.size() > path_fixed_length(level);
          level = path_normalise(path_head(level)))
@@ -102,16 +114,31 @@ bool source_guard::is_named(const wide_string& folder_key, const wide_string& na
     return keys_.contains(key) || companions_in(folder_key).contains(key);
 }
 
+// Symbolic links show in the listing of their folder, others only when each companion is looked at.
+void source_guard::learn_links() {
+    linked_companions_.clear();
+    for (const auto& [folder, paths] : by_folder_)
+        for (const platform::folder_entry& entry :
+             platform::entries_or_none(files(), path_head(paths.front())))
+            if (entry.is_link && is_named(folder, entry.name))
+                if (const auto identity =
+                        files().identity_of(path_join(path_head(paths.front()), entry.name)))
+                    linked_companions_.insert(identity);
+}
+
 bool source_guard::is_linked_companion(const platform::file_identity& asked) {
-    if (!std::exchange(knows_links_, true)) {
-        linked_companions_.clear();
+    if (!std::exchange(knows_links_, true)) learn_links();
+    if (linked_companions_.contains(asked)) return true;
+    if (asked.names < 2) return false;
+    if (!std::exchange(knows_companions_, true)) {
+        named_companions_.clear();
         for (const auto& [folder, paths] : by_folder_)
             for (const wide_string& path : paths)
                 for (const wide_string& companion : companion_files(path))
                     if (const auto identity = files().identity_of(companion))
-                        linked_companions_.insert(identity);
+                        named_companions_.insert(identity);
     }
-    return linked_companions_.contains(asked);
+    return named_companions_.contains(asked);
 }
 
 bool source_guard::protects(const wide_string& path) {
@@ -121,14 +148,14 @@ bool source_guard::protects(const wide_string& path) {
     const wide_string folder = path_head(path), name = path_file_name(path);
     if (is_named(path_key(folder), name)) return true;
     learn_identities();
-    if (is_inside(path)) return true;
+    if (is_in_known_folder(path)) return true;
     const platform::file_identity identity = files().identity_of(path);
     if (identities_.contains(identity)) return true;
     const platform::file_identity place = files().identity_of(folder);
     for (auto row = folders_.lower_bound(place); place && row != folders_.end() && row->first == place; ++row)
         if (is_named(row->second, name)) return true;
     if (!identity) return identity.names > 0; // it may lead to a file of the source that is lost
-    return identity.names > 1 && is_linked_companion(identity);
+    return is_linked_companion(identity);
 }
 
 platform::outcome source_guard::remove_file(const wide_string& path) {
