@@ -202,6 +202,8 @@ run_result bring_companions(project_context& run, companion_choice which,
     companion_run all(run, which, source_paths);
     const size_t count = run.placement.placed.size(); // those that come along have none of their own
     run.progress.start(static_cast<uint32_t>(count));
+    run.progress.set_caption(u"Copying companions");
+    run.progress.show();
     for (size_t index = 0; index < count && !run.progress.is_stopped(); ++index) {
         all.bring_for(placed_file(run.placement.placed[index]));
         run.progress.advance(1);
