@@ -67,12 +67,9 @@ bool is_same_content(const wide_string& source, const wide_string& target) {
 
 class companion_run {
 public:
-    companion_run(run_state& run, companion_choice which, const std::vector<wide_string>& source_paths)
-        : run_(run), which_(which) {
-        for (const wide_string& path : source_paths) source_stems_.insert(stem_key(path));
+    companion_run(run_state& run, companion_choice which) : run_(run), which_(which) {
         for (const placed_file& each : run.placement.placed) {
             if (each.old_path.empty()) continue;
-            source_stems_.insert(stem_key(each.old_path));
             placed_sources_.insert(path_key(each.old_path));
             sources_.try_emplace(path_key(each.new_path), path_key(each.old_path));
         }
@@ -108,10 +105,6 @@ public:
     }
 
 private:
-    static wide_string stem_key(const wide_string& path) {
-        return path_key(path_head(path) + path_stem(path));
-    }
-
     const folder_files& files_of(const wide_string& folder) {
         return folders_.try_emplace(path_key(folder), folder).first->second;
     }
@@ -152,7 +145,7 @@ private:
         if (!is_new && row->second == path_key(source)) return;
         if (path_exists(target)) {
             if (!is_same_content(source, target)) refuse(source, target, platform::failure::taken);
-        } else if (source_stems_.contains(path_key(folder + path_stem(name)))) {
+        } else if (run_.guard.claims_family(target)) {
             refuse(source, target, platform::outcome::because(u"it would belong to the source project"));
         } else if (const auto copied = platform::current_system().copy_file(source, target, false); !copied) {
             refuse(source, target, copied);
@@ -168,10 +161,8 @@ private:
 
     run_state& run_;
     const companion_choice which_;
-    // All by path_key: files of the source without their extension, sources that have a copy, the source of
-    // each target.
-    std::unordered_set<wide_string> source_stems_, placed_sources_;
-    std::unordered_map<wide_string, wide_string> sources_;
+    std::unordered_set<wide_string> placed_sources_;        // path keys
+    std::unordered_map<wide_string, wide_string> sources_;  // path keys, by that of the target
     std::unordered_map<wide_string, folder_files> folders_; // those of sources
     std::unordered_set<wide_string> seen_;                  // pairs of old and new place without extension
 };
@@ -199,7 +190,7 @@ run_result bring_companions(project_context& run, companion_choice which,
                             const std::vector<wide_string>& source_paths, run_result result) {
     for (const wide_string& path : source_paths) run.guard.add(path);
     if (which == companion_choice::none || result.end != run_end::done || !result.written) return result;
-    companion_run all(run, which, source_paths);
+    companion_run all(run, which);
     const size_t count = run.placement.placed.size(); // those that come along have none of their own
     run.progress.start(static_cast<uint32_t>(count));
     run.progress.set_caption(u"Copying companions");
