@@ -32,10 +32,9 @@ std::optional<std::vector<entry>> entries_of(const std::string& text, const wide
     if (!all.is_object() || !all.contains("files") || !all["files"].is_array()) return std::nullopt;
     std::vector<entry> entries;
     for (const ordered_json& each : all["files"]) {
-        const auto has = [&](const char* key, bool is_right) { return each.contains(key) && is_right; };
-        if (!each.is_object() || !has("path", each.value("path", ordered_json()).is_string()) ||
-            !has("bytes", each.value("bytes", ordered_json()).is_number_unsigned()) ||
-            !has("sha256", each.value("sha256", ordered_json()).is_string()))
+        const auto value = [&](const char* key) { return each.value(key, ordered_json()); };
+        if (!each.is_object() || !value("path").is_string() || !value("bytes").is_number_unsigned() ||
+            !value("sha256").is_string())
             return std::nullopt;
         const wide_string path = platform::from_utf8(each["path"].get<std::string>());
         entries.push_back({path_normalise(path_join(folder, path)), each["bytes"].get<uint64_t>(),

@@ -66,7 +66,10 @@ public:
 
     const wide_string& folder() const { return place_; }
     // The folder there of one that is below the folder here.
-    wide_string there(const wide_string& below) const { return place_ + below.substr(folder_.size()); }
+    wide_string there(const wide_string& below) const {
+        const wide_string way = path_relative(folder_, below);
+        return way.empty() ? place_ : path_with_separator(place_ + way);
+    }
     // The path here of one that was read there.
     wide_string here(const wide_string& path) const {
         if (path.starts_with(place_)) return folder_ + path.substr(place_.size());

@@ -53,7 +53,7 @@ TEST_F(verify_command, ends_with_0_only_for_a_project_that_can_be_moved) {
 TEST_F(verify_command, knows_what_is_changed_and_what_is_bound_to_its_place) {
     write(u"C:\\prj\\r.tfw", "left behind by the rules of no run");
     write(u"C:\\prj\\r.tif.aux.xml", "left behind by those of each");
-    project_builder().scene_2d(u"S").layer("rtr_lr2d", u"R", write(u"C:\\prj\\r.tif")).save(source);
+    builder.scene_2d(u"S").layer("rtr_lr2d", u"R", write(u"C:\\prj\\r.tif")).save(source);
     ASSERT_EQ(0, command("resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp' --manifest --lowercase")) << err;
     const string verify = "verify 'N:\\out\\new._vp' --manifest";
     EXPECT_EQ(0, command(verify)) << out << err;
@@ -80,6 +80,19 @@ TEST_F(verify_command, knows_what_is_changed_and_what_is_bound_to_its_place) {
         EXPECT_EQ(1, command("verify 'N:\\out\\new._vp' --elsewhere"));
         EXPECT_TRUE(is_printed("outside: layer R: N:\\out\\rtr\\r.tif: it would not be found")) << out;
     }
+    // What data sets name themselves.
+    write(u"C:\\prj\\m.tos", "TOS 1\nproperty X\nmember .tod\n");
+    const string picture = "<SourceFilename relativeToVRT=\"1\">";
+    write(u"C:\\prj\\v.vrt", "<VRTDataset>" + picture + "../out.tif</SourceFilename>" + picture +
+                                 "gone.tif</SourceFilename></VRTDataset>");
+    write(u"C:\\out.tif");
+    builder.layer("tos_grid_lr2d", u"M", src(u"m.tos")).layer("rtr_lr2d", u"V", src(u"v.vrt")).save(source);
+    EXPECT_EQ(1, command("verify 'C:\\prj\\area._vp'"));
+    for (const char* told : {"missing: layer M: C:\\prj\\m.tod, in C:\\prj\\m.tos\n",
+                             "missing: layer V: C:\\prj\\gone.tif, in C:\\prj\\v.vrt\n",
+                             "outside: layer V: C:\\out.tif, in C:\\prj\\v.vrt\n"})
+        EXPECT_TRUE(is_printed(told)) << told << out;
+
     std::filesystem::remove(native("n") / "out/new.manifest.json");
     EXPECT_EQ(2, command(verify));
     EXPECT_TRUE(is_told("N:\\out\\new.manifest.json: could not be read: ")) << err;
