@@ -15,7 +15,7 @@ namespace {
 
 // The words whose meaning is known when all of the line is.
 struct words {
-    std::string structure = "by-type", conflict = "rename", referenced, on_stop;
+    std::string structure = "by-type", conflict = "rename", companions = "known", referenced, on_stop;
     bool without_project_file = false, dry_run = false;
     std::string indent = "tab", if_exists = "new-name";
 };
@@ -29,6 +29,9 @@ const std::map<std::string, vs::project_resave::structure> structures{
 
 const std::map<std::string, wide_string> indents{
     {"none", u""}, {"tab", u"\t"}, {"space", u" "}, {"4-spaces", u"    "}};
+
+const std::map<std::string, companion_choice> companion_choices{
+    {"known", companion_choice::known}, {"all", companion_choice::all}, {"none", companion_choice::none}};
 
 using vs::project_resave::on_existing_file;
 const std::map<std::string, on_existing_file> ways_if_scene_file_exists{
@@ -73,12 +76,17 @@ void add_list(CLI::App& app, command_line& line) {
 void add_verify(CLI::App& app, command_line& line) {
     CLI::App* command =
         add_command(app, "verify", "Look whether all that a project refers to is there, below its own folder",
-                    line.options, line.project);
+                    line.options, line.verify.project);
+    command->add_flag(
+        "--elsewhere", line.verify.elsewhere,
+        "Answer as if the project folder were on another disk: references bound to this place count");
+    command->add_flag("--manifest", line.verify.manifest,
+                      "Compare every file with the manifest that resave wrote next to the project");
     command->add_flag("--json", line.options.json, "Print one JSON object");
     command->footer(
         "Exit status: 0 self-contained, 1 not self-contained, 2 usage error or project cannot be loaded, 130 "
         "interrupted");
-    command->callback([&line] { line.run = [&line] { return verify_project(line.project, line.options); }; });
+    command->callback([&line] { line.run = [&line] { return verify_project(line.verify, line.options); }; });
 }
 
 void add_resave_choices(CLI::App& command, resave_request& request, words& words) {
@@ -88,6 +96,11 @@ void add_resave_choices(CLI::App& command, resave_request& request, words& words
         ->capture_default_str();
     command.add_option("--on-conflict", words.conflict, "When a name is taken")
         ->check(CLI::IsMember({"rename", "ask"}))
+        ->capture_default_str();
+    command
+        .add_option("--companions", words.companions,
+                    "Copy side files that the rules leave behind: known kinds, all of the same stem, or none")
+        ->check(CLI::IsMember(companion_choices))
         ->capture_default_str();
     command.add_flag("--delete-lost", settings.delete_lost_sources,
                      "Leave out elements whose source is lost");
@@ -136,14 +149,19 @@ void add_resave(CLI::App& app, command_line& line, words& words) {
     command->add_flag("--files", request.list_files, "Print what went where");
     CLI::Option* verifies = command->add_flag("--verify", request.verify,
                                               "Look at the new project, and compare copies with sources");
+    CLI::Option* lists =
+        command->add_flag("--manifest", request.manifest,
+                          "Write NAME.manifest.json next to the new project: size and SHA-256 of each file");
     command->add_flag("--dry-run", words.dry_run, "Print what would go where, and write nothing")
-        ->excludes(verifies);
+        ->excludes(verifies)
+        ->excludes(lists);
     command->add_flag("--json", line.options.json, "Print one JSON object");
     command->footer("Exit status: 0 saved, 1 saved with problems, 2 usage error or project cannot be loaded, "
                     "3 not saved, 130 "
                     "interrupted");
     command->callback([&] {
         request.settings.structure_variant = structures.at(words.structure);
+        request.companions = companion_choices.at(words.companions);
         request.settings.rename_on_conflict = words.conflict == "rename";
         request.settings.consider_project_file = !words.without_project_file;
         request.answers.add_referenced = decided(words.referenced, "yes", true, false);

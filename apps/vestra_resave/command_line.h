@@ -11,9 +11,10 @@ namespace vestra::command {
 
 struct command_line {
     common_options options;
-    std::string project; // of `list`, `check-case` and `verify`; the other commands have their own
+    std::string project; // of `list` and `check-case`; the other commands have their own
     std::string report;  // of `check-case`
     resave_request resave;
+    verify_request verify;
     structure_request structure;
     scenes_request scenes;
     panel_request panel;

@@ -5,6 +5,7 @@
 #include <optional>
 #include <string>
 
+#include "apps/vestra_resave/companions.h"
 #include "apps/vestra_resave/selection.h"
 #include "apps/vestra_resave/session.h"
 #include "apps/vestra_resave/terminal_host.h"
@@ -16,7 +17,12 @@ namespace vestra::command {
 int list_project(const std::string& project, const common_options& options);
 
 // verify: whether a project is self-contained.
-int verify_project(const std::string& project, const common_options& options);
+struct verify_request {
+    std::string project;
+    bool elsewhere = false; // as if its folder were on another disk
+    bool manifest = false;  // compare the files with the manifest
+};
+int verify_project(const verify_request& request, const common_options& options);
 
 // check-case: which paths of a project differ from the disk's in letter case.
 int check_case(const std::string& project, const std::string& report, const common_options& options);
@@ -26,8 +32,10 @@ struct resave_request {
     std::string project;
     std::string new_project;
     vs::project_resave::resave_settings settings; // all but the output path
+    companion_choice companions = companion_choice::known;
     bool load_log = false;
     bool list_files = false;           // print what went where
+    bool manifest = false;             // write which files the new project consists of
     bool verify = false;               // check the new project once it is saved
     bool overwrite = false;            // replace a project that exists at `new_project`
     bool allow_missing_drives = false; // files on drives that do not exist are lost, else nothing starts

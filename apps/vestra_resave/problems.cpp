@@ -54,12 +54,16 @@ constexpr kind_words all_kinds[] = {
     {own_kind::reference_outside, "outside"},
     {own_kind::reference_missing, "missing"},
     {own_kind::reference_outside_and_missing, "outside and missing"},
+    {own_kind::reference_empty, "empty"},
     {own_kind::unreadable, "could not be read"},
     {own_kind::copy_missing, "its copy % does not exist"},
     {own_kind::copy_size_differs, "its copy % has another size"},
     {own_kind::copy_content_differs, "its copy % has another content"},
     {own_kind::copy_unreadable, "its copy % could not be read"},
     {own_kind::source_unreadable, "could not be read to compare it with %"},
+    {own_kind::manifest_missing, "is in the manifest and does not exist"},
+    {own_kind::manifest_size_differs, "has another size than in the manifest"},
+    {own_kind::manifest_content_differs, "has another content than in the manifest"},
 };
 
 std::string native(const wide_string& path) {

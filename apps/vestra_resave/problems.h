@@ -31,12 +31,16 @@ inline constexpr const char* interrupted = "interrupted";
 inline constexpr const char* reference_outside = "reference_outside";
 inline constexpr const char* reference_missing = "reference_missing";
 inline constexpr const char* reference_outside_and_missing = "reference_outside_and_missing";
+inline constexpr const char* reference_empty = "reference_empty"; // a file or folder that holds nothing
 inline constexpr const char* unreadable = "unreadable";
 inline constexpr const char* copy_missing = "copy_missing";
 inline constexpr const char* copy_size_differs = "copy_size_differs";
 inline constexpr const char* copy_content_differs = "copy_content_differs";
 inline constexpr const char* copy_unreadable = "copy_unreadable";
 inline constexpr const char* source_unreadable = "source_unreadable";
+inline constexpr const char* manifest_missing = "manifest_missing";
+inline constexpr const char* manifest_size_differs = "manifest_size_differs";
+inline constexpr const char* manifest_content_differs = "manifest_content_differs";
 } // namespace own_kind
 
 struct problem {

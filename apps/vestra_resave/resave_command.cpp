@@ -4,6 +4,8 @@
 #include <iterator>
 #include <unordered_set>
 
+#include "apps/vestra_resave/companions.h"
+#include "apps/vestra_resave/manifest.h"
 #include "apps/vestra_resave/output_file.h"
 #include "apps/vestra_resave/preflight.h"
 #include "apps/vestra_resave/resave_plan.h"
@@ -139,7 +141,9 @@ ended_run run(session& host, const resave_request& request, const common_options
     resave_settings settings = request.settings;
     settings.output_path = &target;
     shell::settings().refused_writes.clear();
-    const run_result result = context.resave_project(settings);
+    const std::vector<wide_string> source_paths = context.sizes.known_paths();
+    const run_result result =
+        bring_companions(context, request.companions, source_paths, context.resave_project(settings));
     std::vector<problem> problems = host.problems();
     // What is left out on purpose is missed by nobody.
     std::erase_if(problems, [&](const problem& each) {
@@ -168,7 +172,7 @@ verification verified(session& host, resave_report& report) {
         complain(line_of(each));
         add(report, each);
     }
-    if (!early) verify(context, made, is_stopped, found);
+    if (!early) verify(context, made, {}, is_stopped, found);
     compare(copies, is_stopped, found);
     return found;
 }
@@ -192,6 +196,12 @@ int resave(const resave_request& request, const common_options& options) {
     resave_report& report = ended.report;
     print_problems(report);
     const wide_string target = as_on_disk(host.context().placement.new_project_path);
+    if (request.manifest && (report.exit == done || report.exit == problems)) {
+        for (const problem& each : write_manifest(host.context(), [&] { return host.interrupted(); })) {
+            complain(line_of(each));
+            add(report, each);
+        }
+    }
     std::optional<verification> found;
     if (request.verify && (report.exit == done || report.exit == problems)) {
         found = verified(host, report);

@@ -4,6 +4,7 @@
 #include <deque>
 #include <unordered_set>
 
+#include "apps/vestra_resave/data_set_files.h"
 #include "apps/vestra_resave/elements.h"
 #include "apps/vestra_resave/resave_report.h"
 #include "operations/project_context.h"
@@ -49,14 +50,54 @@ wide_string reason_of(const files::file_error& fault) {
                            : u"line " + decimal(static_cast<uint32_t>(fault.line)) + u": " + fault.reason;
 }
 
+// A folder as it would be on another disk: under names that no folder has here, at the same depth. What is
+// still found below it when references are read from there does not depend on the place.
+class other_place {
+public:
+    // For a folder that ends with its separator; with no `moved` the place is the folder itself.
+    other_place(const wide_string& folder, bool moved) : folder_(folder), place_(folder) {
+        if (!moved) return;
+        const size_t fixed = path_fixed_length(folder);
+        place_.resize(fixed);
+        for (const wide_string& name : path_split(wide_view(folder).substr(fixed), path_separators, true))
+            place_ += name + mark + u'\\';
+        if (place_.size() == fixed) place_ += wide_string{mark, u'\\'};
+    }
+
+    const wide_string& folder() const { return place_; }
+    // The folder there of one that is below the folder here.
+    wide_string there(const wide_string& below) const {
+        const wide_string way = path_relative(folder_, below);
+        return way.empty() ? place_ : path_with_separator(place_ + way);
+    }
+    // The path here of one that was read there.
+    wide_string here(const wide_string& path) const {
+        if (path.starts_with(place_)) return folder_ + path.substr(place_.size());
+        wide_string text = path;
+        std::erase(text, mark);
+        return text;
+    }
+
+private:
+    static constexpr char16_t mark = u'\uFFFE'; // in no name
+    wide_string folder_, place_;
+};
+
+const wide_string depends_on_place = u"it would not be found if the project's folder were on another disk";
+
 class verifier {
 public:
-    verifier(const std::function<bool()>& is_stopped, verification& found)
-        : file_(found.project), below_(path_key(path_head(file_)) + u'\\'), is_stopped_(is_stopped),
-          found_(found) {}
+    verifier(const verify_settings& settings, const std::function<bool()>& is_stopped, verification& found)
+        : file_(found.project), home_(path_head(file_)), below_(path_key(home_) + u'\\'),
+          place_(home_, settings.elsewhere), below_place_(path_key(place_.folder()) + u'\\'),
+          elsewhere_(settings.elsewhere), is_stopped_(is_stopped), found_(found) {}
 
     void run(project_context& context, std::span<const wide_string> further) {
-        files::visit_references(*api::to_model(context.project_handle()), visitor_);
+        project read_there;
+        if (elsewhere_ && !files::read_project(file_, read_there, place_.folder()))
+            files::visit_references(read_there, visitor_);
+        else
+            files::visit_references(*api::to_model(context.project_handle()), visitor_);
         for (const element& each : kept_by_services(context)) visit(each);
         for (const element& each : files_of_services(context)) visit(each);
         for (const wide_string& path : further)
@@ -65,11 +106,16 @@ public:
     }
 
 private:
+    struct holder {
+        std::string kind;
+        element_name element;
+    };
+
     // After a stop what is left is passed over.
     bool is_at_end() { return found_.stopped = found_.stopped || is_stopped_(); }
 
     void visit(const element& each, const wide_string& list = {}) {
-        check(each.kind, {each.uuid, each.caption, list}, each.file, false);
+        check({each.kind, {each.uuid, each.caption, list}}, path_in(each.file), true, false);
         for (const element& member : each.children) visit(member, each.caption);
     }
 
@@ -82,53 +128,92 @@ private:
         file_ = path;
         const file_kind* known = kind_of(path);
         const dimension kind = known ? known->dimensions : dimension::flat;
+        const wide_string head = path_head(path);
+        const wide_string folder = is_below(path) ? place_.there(head) : head;
         std::optional<files::file_error> fault;
         if (known && known->is_layer) {
             std::unique_ptr<layer> one;
-            fault = files::read_layer(path, kind, one);
+            fault = files::read_layer(path, kind, one, folder);
             if (!fault) files::visit_references(*one, visitor_);
         } else {
             scene one(kind);
-            fault = files::read_scene(path, one);
+            fault = files::read_scene(path, one, folder);
             if (!fault) files::visit_references(one, "scene", visitor_);
         }
         if (fault) found_.astray.push_back(unreadable("file", path, reason_of(*fault)));
     }
 
     void check(const held_reference& held) {
-        const entity& holder = *held.holder;
-        check(std::string(held.kind), {holder.id.text(), holder.caption, wide_string(held.list)}, held.text,
-              held.is_scene);
+        const entity& owner = *held.holder;
+        std::optional<wide_string> path = path_in(held.text);
+        const bool stays_below = path && path_key(*path).starts_with(below_place_);
+        if (path) path = place_.here(*path);
+        check({std::string(held.kind), {owner.id.text(), owner.caption, wide_string(held.list)}}, path,
+              stays_below, held.is_scene);
     }
 
-    void check(const std::string& holder, const element_name& element, wide_view reference, bool is_scene) {
-        const std::optional<wide_string> path = path_in(reference);
+    // With `stays_below` the path is not bound to the place where the project is now.
+    void check(const holder& who, const std::optional<wide_string>& path, bool stays_below, bool is_scene) {
         if (!path || is_at_end()) return;
         ++found_.references;
-        const bool is_outside = !path_key(*path).starts_with(below_);
-        const bool is_missing = platform::current_system().kind_of(*path) == platform::entry_kind::none;
-        if (is_scene && !is_missing) add_file(*path);
-        if (!is_outside && !is_missing) return;
-        const char* const one = is_missing ? own_kind::reference_missing : own_kind::reference_outside;
-        const char* const kind = is_outside && is_missing ? own_kind::reference_outside_and_missing : one;
-        found_.astray.push_back({kind, element, *path, {}, {}, holder, file_});
+        const bool exists = exists_at(*path);
+        if (is_scene && exists) add_file(*path);
+        if (!report(who, *path, exists)) return;
+        if (!stays_below) add(own_kind::reference_outside, who, *path, depends_on_place);
+        if (!is_scene && !kind_of(*path)) check_data_set(who, *path);
+    }
+
+    // True if the file exists below the project's folder; else it is reported.
+    bool report(const holder& who, const wide_string& path, bool exists) {
+        const bool is_linked = exists && is_below(path) && leads_out(home_, path);
+        const bool is_outside = !is_below(path) || is_linked;
+        if (!is_outside && exists) return true;
+        const char* const one = exists ? own_kind::reference_outside : own_kind::reference_missing;
+        add(is_outside && !exists ? own_kind::reference_outside_and_missing : one, who, path,
+            is_linked ? u"a link leads there" : u"");
+        return false;
+    }
+
+    // Each once, though several elements may show it.
+    void check_data_set(const holder& who, const wide_string& path) {
+        if (!data_sets_.insert(path_key(path)).second) return;
+        const data_set_files needs = files_of_data_set(path);
+        if (needs.is_empty) add(own_kind::reference_empty, who, path, {});
+        if (!needs.unread.empty()) found_.astray.push_back(unreadable("file", path, needs.unread));
+        const wide_string before = std::exchange(file_, path);
+        for (const auto& each : needs.files)
+            if (report(who, each.path, exists_at(each.path)) && each.is_whole && elsewhere_)
+                add(own_kind::reference_outside, who, each.path, depends_on_place);
+        file_ = before;
+    }
+
+    void add(const char* kind, const holder& who, const wide_string& path, const wide_string& reason) {
+        found_.astray.push_back({kind, who.element, path, {}, reason, who.kind, file_});
+    }
+
+    bool is_below(const wide_string& path) const { return path_key(path).starts_with(below_); }
+    static bool exists_at(const wide_string& path) {
+        return platform::current_system().kind_of(path) != platform::entry_kind::none;
     }
 
     wide_string file_; // in work
-    const wide_string below_;
+    const wide_string home_, below_;
+    const other_place place_;
+    const wide_string below_place_;
+    const bool elsewhere_;
     const std::function<bool()>& is_stopped_;
     verification& found_;
     const files::reference_visitor visitor_ = [this](const held_reference& held) { check(held); };
-    std::deque<wide_string> files_;        // scene and layer files still to be read
-    std::unordered_set<wide_string> seen_; // path keys of all of them
+    std::deque<wide_string> files_;                    // scene and layer files still to be read
+    std::unordered_set<wide_string> seen_, data_sets_; // path keys: of all of them, of those looked at
 };
 
 } // namespace
 
-void verify(project_context& context, std::span<const wide_string> further,
+void verify(project_context& context, std::span<const wide_string> further, const verify_settings& settings,
             const std::function<bool()>& is_stopped, verification& found) {
     found.project = context.placement.source_project_path;
-    verifier(is_stopped, found).run(context, further);
+    verifier(settings, is_stopped, found).run(context, further);
 }
 
 std::vector<wide_string> files_beside(const project_context& context, verification& found) {

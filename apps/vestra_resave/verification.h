@@ -18,20 +18,24 @@ namespace vestra::command {
 struct verification {
     wide_string project;
     size_t references = 0; // looked at
-    // References that lead outside of the project's folder or to nothing, and what could not be read: a scene
-    // or layer file, a folder.
+    // References that lead outside of the project's folder, through a link too, or to nothing, or to an empty
+    // file, and what could not be read: a scene or layer file, a data set of the host's own, a folder.
     std::vector<problem> astray;
-    std::vector<problem> differing; // copies; `path` is the source
+    std::vector<problem> differing; // copies, whose source is `path`; files that are not as in the manifest
     bool stopped = false;           // before its end
+};
+
+struct verify_settings {
+    bool elsewhere = false; // as if the project's folder were on another disk, and nothing but it
 };
 
 // Both add what they find, and ask `is_stopped` now and then.
 //
 // Looks at the references of the loaded project, of the scene files that it shows and of those scene and
-// layer files that are among `further`, at the items that services keep in it, and at the files that they
-// tell of its elements.
+// layer files that are among `further`, at the items that services keep in it, at the files that they report
+// for its elements, and at all files that each of those data sets needs.
 void verify(vs::project_resave::project_context& context, std::span<const wide_string> further,
-            const std::function<bool()>& is_stopped, verification& found);
+            const verify_settings& settings, const std::function<bool()>& is_stopped, verification& found);
 // All files below the folder of the loaded project, for `further`. A folder that cannot be read is added to
 // what was found.
 std::vector<wide_string> files_beside(const vs::project_resave::project_context& context,

@@ -4,6 +4,7 @@
 #include <iostream>
 #include <nlohmann/json.hpp>
 
+#include "apps/vestra_resave/manifest.h"
 #include "apps/vestra_resave/resave_report.h"
 #include "apps/vestra_resave/session.h"
 #include "apps/vestra_resave/verification.h"
@@ -35,28 +36,36 @@ const char* outcome_of(const verification& found, const std::vector<problem>& al
 
 } // namespace
 
-int verify_project(const std::string& project, const common_options& options) {
+int verify_project(const verify_request& request, const common_options& options) {
     session host(options, {});
-    if (const auto early = host.load(project)) return end_with(*early, options);
+    if (const auto early = host.load(request.project)) return end_with(*early, options);
+    const std::function<bool()> is_stopped = [&] { return host.interrupted(); };
     verification found;
-    verify(
-        host.context(), files_beside(host.context(), found), [&] { return host.interrupted(); }, found);
+    if (request.manifest)
+        if (const auto early =
+                compare_with_manifest(host.context().placement.source_project_path, is_stopped, found))
+            return end_with(*early, options);
+    verify(host.context(), files_beside(host.context(), found), {request.elsewhere}, is_stopped, found);
     std::vector<problem> all = further(host.reading_problems(), found);
     if (found.stopped) all.push_back({own_kind::interrupted, {}, {}, {}});
     for (const problem& each : all) complain(line_of(each));
-    all.insert(all.end(), found.astray.begin(), found.astray.end());
+    for (const auto* each : {&found.astray, &found.differing})
+        all.insert(all.end(), each->begin(), each->end());
     const char* const outcome = outcome_of(found, all);
     if (options.json) {
-        const nlohmann::ordered_json shown{{"project", platform::to_utf8(found.project)},
-                                           {"outcome", outcome},
-                                           {"references", found.references},
-                                           {"problems", json_of(all)},
-                                           {"astray", json_of(found.astray)}};
+        nlohmann::ordered_json shown{{"project", platform::to_utf8(found.project)},
+                                     {"outcome", outcome},
+                                     {"references", found.references},
+                                     {"problems", json_of(all)},
+                                     {"astray", json_of(found.astray)}};
+        if (request.manifest) shown["differing"] = json_of(found.differing);
         std::cout << shown.dump(2) << '\n';
     } else {
         for (const std::string& line : lines_of(found)) std::cout << line << '\n';
         std::cout << outcome << ": " << one_line(found.project) << ", " << found.references << " references, "
-                  << found.astray.size() << " astray\n";
+                  << found.astray.size() << " astray";
+        if (request.manifest) std::cout << ", " << found.differing.size() << " not as in the manifest";
+        std::cout << '\n';
     }
     if (found.stopped) return stopped;
     return all.empty() ? done : problems;

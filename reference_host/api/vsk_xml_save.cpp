@@ -9,12 +9,23 @@
 using namespace vestra::api;
 using namespace vestra::files;
 
+namespace {
+
+// References come out as the file means them.
+template <class Model,
+          std::optional<file_error> (*Reader)(const vestra::wide_string&, Model&, vestra::wide_view)>
+std::optional<file_error> read_at_its_place(const vestra::wide_string& path, Model& out) {
+    return Reader(path, out, {});
+}
+
+} // namespace
+
 vs_xml_save_prj* vs_xml_save_prj_create() { return create<vs_xml_save_prj>(); }
 
 void vs_xml_save_prj_destroy(vs_xml_save_prj* xml) { destroy(xml); }
 
 uint32_t vs_xml_data_load_prj_w(vs_xml_save_prj* xml, const char16_t* path, vs_prj* project) {
-    return from_file(xml, path, project, read_project);
+    return from_file(xml, path, project, &read_at_its_place<vestra::project, read_project>);
 }
 
 uint32_t vs_xml_data_save_prj_w(vs_xml_save_prj* xml, const char16_t* path, vs_prj* project) {
@@ -29,7 +40,7 @@ vs_xml_save_2d* vs_xml_save_2d_create() { return create<vs_xml_save_2d>(); }
 void vs_xml_save_2d_destroy(vs_xml_save_2d* xml) { destroy(xml); }
 
 uint32_t vs_xml_data_load_scn2d_w(vs_xml_save_2d* xml, const char16_t* path, vs_scn_2d* scene) {
-    return from_file(xml, path, scene, read_scene);
+    return from_file(xml, path, scene, &read_at_its_place<vestra::scene, read_scene>);
 }
 
 uint32_t vs_xml_data_save_scn2d_w(vs_xml_save_2d* xml, const char16_t* path, vs_scn_2d* scene) {

@@ -36,7 +36,8 @@ pugi::xml_node start(pugi::xml_document& document, const char* root_name) {
 }
 
 // The folder that relative references are measured from; a bare name stands in the current one.
-wide_string folder_of_file(const wide_string& path) {
+wide_string folder_of_file(const wide_string& path, wide_view folder = {}) {
+    if (!folder.empty()) return wide_string(folder);
     const wide_string head = path_head(path);
     return head.empty() ? path_head(platform::drive_path(platform::to_utf8(path))) : head;
 }
@@ -111,11 +112,11 @@ std::optional<file_error> save(const wide_string& path, const pugi::xml_document
 
 } // namespace
 
-std::optional<file_error> read_project(const wide_string& path, project& out) {
+std::optional<file_error> read_project(const wide_string& path, project& out, wide_view folder) {
     input in(path, "project");
     if (in.failed()) return in.error();
     project fresh;
-    element_reader reader(in, folder_of_file(path));
+    element_reader reader(in, folder_of_file(path, folder));
     reader.read_project(in.root(), fresh);
     reader.resolve_links();
     if (in.failed()) return in.error();
@@ -124,12 +125,12 @@ std::optional<file_error> read_project(const wide_string& path, project& out) {
     return std::nullopt;
 }
 
-std::optional<file_error> read_scene(const wide_string& path, scene& out) {
+std::optional<file_error> read_scene(const wide_string& path, scene& out, wide_view folder) {
     input in(path, "scene_file");
     check_kind(in, out.kind);
     if (in.failed()) return in.error();
     scene fresh(out.kind);
-    element_reader reader(in, folder_of_file(path));
+    element_reader reader(in, folder_of_file(path, folder));
     reader.read_scene(in.root().child("scene"), fresh);
     reader.resolve_links();
     if (in.failed()) return in.error();
@@ -137,11 +138,12 @@ std::optional<file_error> read_scene(const wide_string& path, scene& out) {
     return std::nullopt;
 }
 
-std::optional<file_error> read_layer(const wide_string& path, dimension kind, std::unique_ptr<layer>& out) {
+std::optional<file_error> read_layer(const wide_string& path, dimension kind, std::unique_ptr<layer>& out,
+                                     wide_view folder) {
     input in(path, "layer_file");
     check_kind(in, kind);
     if (in.failed()) return in.error();
-    element_reader reader(in, folder_of_file(path));
+    element_reader reader(in, folder_of_file(path, folder));
     std::unique_ptr<layer> fresh = reader.read_layer(in.root().child("layer"), kind);
     reader.resolve_links();
     if (in.failed()) return in.error();

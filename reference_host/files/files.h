@@ -15,12 +15,16 @@
 
 namespace vestra::files {
 
+// With `folder`, which ends with its separator, references come out as if the file were in that folder; empty
+// means its own.
+//
 // Sets the file of the project to the path.
-std::optional<file_error> read_project(const wide_string& path, project& out);
+std::optional<file_error> read_project(const wide_string& path, project& out, wide_view folder = {});
 // The file must hold a scene of the kind of `out`.
-std::optional<file_error> read_scene(const wide_string& path, scene& out);
+std::optional<file_error> read_scene(const wide_string& path, scene& out, wide_view folder = {});
 // `out` becomes a new layer.
-std::optional<file_error> read_layer(const wide_string& path, dimension kind, std::unique_ptr<layer>& out);
+std::optional<file_error> read_layer(const wide_string& path, dimension kind, std::unique_ptr<layer>& out,
+                                     wide_view folder = {});
 
 // Refused are an object in which two entities have one uuid, and what would nest too deep or be too large to
 // be read again. A parent that is not in the file itself is left out.

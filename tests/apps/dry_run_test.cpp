@@ -114,8 +114,9 @@ INSTANTIATE_TEST_SUITE_P(structures, dry_run_of_sample,
                                          "from-common-top", "folder-per-scene"));
 
 TEST_F(dry_run, tells_what_no_rule_takes_along_and_where_the_space_ends) {
-    for (const wide_string name : {u"Roads.shp", u"Roads.shx", u"Roads.dbf", u"roads.SBN", u"Roads.shp.xml",
-                                   u"Roads2.shp", u"Roads", u"r.tif", u"r.tfw", u"r.tif.aux.xml"})
+    for (const wide_string name :
+         {u"Roads.shp", u"Roads.shx", u"Roads.dbf", u"roads.SBN", u"Roads.shp.xml", u"Roads2.shp", u"Roads",
+          u"roads.doc", u"r.tif", u"r.tfw", u"r.tif.aux.xml"})
         write(u"C:\\prj\\data\\" + name, "data");
     fs::create_directory(native("c") / "prj/data/r.old");
     builder.scene_2d(u"S").layer("shp_pln_lr2d", u"Roads", src(u"data\\ROADS.shp"));
@@ -123,10 +124,13 @@ TEST_F(dry_run, tells_what_no_rule_takes_along_and_where_the_space_ends) {
     EXPECT_EQ(0, command(to + "--dry-run")) << err;
     auto plan = json::parse(out);
     const string data = "C:\\prj\\data\\";
-    EXPECT_EQ(json({{{"file", data + "r.tif.aux.xml"}, {"beside", data + "r.tif"}},
-                    {{"file", data + "Roads.shp.xml"}, {"beside", data + "ROADS.shp"}},
-                    {{"file", data + "roads.SBN"}, {"beside", data + "ROADS.shp"}}}),
+    EXPECT_EQ(json({{{"file", data + "roads.doc"}, {"beside", data + "ROADS.shp"}}}),
               plan.at("neighbours_not_copied"));
+    const std::pair<const char*, size_t> choices[] = {{"none", 4}, {"known", 1}, {"all", 0}};
+    for (const auto& [choice, left] : choices) {
+        EXPECT_EQ(0, command(to + "--dry-run --companions " + choice)) << err;
+        EXPECT_EQ(left, json::parse(out).at("neighbours_not_copied").size()) << choice << out;
+    }
 
     const uintmax_t free = fs::space(native("n")).available;
     EXPECT_NEAR(static_cast<double>(free), plan.at("free_bytes").get<double>(), 0x1p30);
@@ -145,8 +149,8 @@ TEST_F(dry_run, tells_what_no_rule_takes_along_and_where_the_space_ends) {
 
     EXPECT_EQ(1, command("resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp' --dry-run --ignore-space"));
     EXPECT_NE(string::npos, out.find("ROADS.shp -> N:\\out\\shp\\ROADS.shp  4 B\n")) << out;
-    EXPECT_NE(string::npos, out.find("stays behind: " + data + "roads.SBN, beside " + data + "ROADS.shp\n"));
-    EXPECT_NE(string::npos, out.find("\nwould be saved with problems: N:\\out\\new._vp, 6 files, ")) << out;
+    EXPECT_NE(string::npos, out.find("stays behind: " + data + "roads.doc, beside " + data + "ROADS.shp\n"));
+    EXPECT_NE(string::npos, out.find("\nwould be saved with problems: N:\\out\\new._vp, 9 files, ")) << out;
 }
 
 } // namespace

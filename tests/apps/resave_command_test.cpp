@@ -43,6 +43,55 @@ TEST_F(resave_command, tells_of_a_copy_that_came_to_lie_outside_the_new_folder) 
     }
 }
 
+// One file in another folder, with what is beside it, and what is where the copies go.
+TEST_F(resave_command, brings_companions_under_the_new_stem_and_over_no_file) {
+    const struct {
+        const char* options;
+        std::vector<wide_string> before; // besides D:\gis\A.tif
+        std::vector<wide_string> after;  // that hold what the file of the same ending beside it does
+        const char* told;                // with exit code 1; null with 0
+    } rows[] = {
+        {"",
+         {u"D:\\gis\\A.Tfw", u"D:\\gis\\A.TIFW", u"D:\\gis\\A.tif.ovr.aux.xml", u"N:\\out\\rtr\\A.tif"},
+         {u"N:\\out\\rtr\\A_(1).TIFW", u"N:\\out\\rtr\\A_(1).tif.ovr.aux.xml"},
+         nullptr},
+        {"--lowercase",
+         {u"D:\\gis\\a.PRJ", u"D:\\gis\\A2.prj", u"D:\\gis\\A.field.atx"},
+         {u"n:\\out\\rtr\\a.prj", u"n:\\out\\rtr\\a.field.atx"},
+         nullptr},
+        {"",
+         {u"D:\\gis\\A.prj", u"N:\\out\\rtr\\A.prj"},
+         {},
+         "D:\\gis\\A.prj: could not be copied to N:\\out\\rtr\\A.prj: "},
+        {"--companions all", {u"D:\\gis\\A.doc"}, {u"N:\\out\\rtr\\A.doc"}, nullptr},
+        {"--companions none", {u"D:\\gis\\A.prj"}, {}, nullptr},
+    };
+    for (const auto& row : rows) {
+        SCOPED_TRACE(err);
+        for (const wide_string root : {u"D:\\gis", u"N:\\out"}) remove_tree(root);
+        builder.clear();
+        builder.scene_2d(u"S").layer("rtr_lr2d", u"A", write(u"D:\\gis\\A.tif", "A.tif")).save(source);
+        for (const wide_string& path : row.before) write(path, platform::to_utf8(path));
+        const tree_state before = sources();
+        EXPECT_EQ(row.told ? 1 : 0, command(area + row.options + " --dry-run")) << err;
+        EXPECT_EQ(row.told ? 1 : 0, command(area + row.options + " --verify --files")) << err;
+        EXPECT_TRUE(!row.told || is_told(row.told)) << err;
+        for (const wide_string& path : row.after) {
+            EXPECT_TRUE(read(path).starts_with("D:\\gis\\")) << platform::to_utf8(path) << made();
+            EXPECT_TRUE(is_printed(" -> " + platform::to_utf8(path))) << out;
+        }
+        for (const wide_string& path : row.before)
+            EXPECT_EQ(platform::to_utf8(path), read(path)) << "written over";
+        EXPECT_TRUE(!row.after.empty() || !path_exists(u"N:\\out\\rtr\\A.prj") || row.told) << made();
+        EXPECT_EQ("", difference(before, sources()));
+    }
+    // Next to a file of the source it would count as that file's.
+    builder.layer("vector_lr2d", u"B", write(u"C:\\prj\\rtr\\A.shp")).save(source);
+    write(u"D:\\gis\\A.prj");
+    EXPECT_EQ(0, command("resave 'C:\\prj\\area._vp' 'C:\\prj\\new._vp'")) << err;
+    EXPECT_TRUE(path_exists(u"C:\\prj\\rtr\\A_(1).prj") && !path_exists(u"C:\\prj\\rtr\\A.prj"));
+}
+
 TEST_F(resave_command, the_exit_code_tells_how_it_went_and_the_error_output_why) {
     builder.clear();
     builder.scene_2d(u"S").layer("rtr_lr2d", u"Lost one", u"C:\\gone.tif");

@@ -24,11 +24,11 @@ TEST_F(verify_command, names_every_reference_that_leads_astray_and_what_holds_it
     EXPECT_EQ(1, command("verify 'C:\\prj\\area._vp' --json")) << err;
     const auto told = json::parse(out);
     EXPECT_EQ("does not stand alone", told.at("outcome"));
-    EXPECT_EQ(21U, told.at("astray").size());
+    EXPECT_EQ(22U, told.at("astray").size());
     EXPECT_EQ(told.at("problems"), told.at("astray"));
     const json map{{"kind", "reference_outside"}, {"holder", "layer"}, {"file", "C:\\prj\\area._vp"}};
-    for (const auto& [key, value] : map.items()) EXPECT_EQ(value, told.at("astray").at(9).at(key));
-    const json& element = told.at("astray").at(9).at("element");
+    for (const auto& [key, value] : map.items()) EXPECT_EQ(value, told.at("astray").at(10).at(key));
+    const json& element = told.at("astray").at(10).at("element");
     EXPECT_TRUE(element.at("caption") == "Map outside" && element.at("uuid").get<string>().size() == 36 &&
                 element.at("list") == "S3")
         << element;
@@ -47,6 +47,55 @@ TEST_F(verify_command, ends_with_0_only_for_a_project_that_can_be_moved) {
     EXPECT_TRUE(is_told("C:\\prj\\area._vp: could not be loaded: there is no such file")) << err;
     EXPECT_EQ(2, command("verify"));
     EXPECT_EQ(1U, state_of(native("c") / "moved").size());
+}
+
+// What the references do not know is in the manifest; and what is found here need not be found elsewhere.
+TEST_F(verify_command, knows_what_is_changed_and_what_is_bound_to_its_place) {
+    write(u"C:\\prj\\r.tfw", "left behind by the rules of no run");
+    write(u"C:\\prj\\r.tif.aux.xml", "left behind by those of each");
+    builder.scene_2d(u"S").layer("rtr_lr2d", u"R", write(u"C:\\prj\\r.tif")).save(source);
+    ASSERT_EQ(0, command("resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp' --manifest --lowercase")) << err;
+    const string verify = "verify 'N:\\out\\new._vp' --manifest";
+    EXPECT_EQ(0, command(verify)) << out << err;
+    const struct {
+        const char16_t* file;
+        const char* text; // null to remove it
+        const char* told;
+    } rows[] = {{u"N:\\out\\rtr\\r.tfw", nullptr, "is in the manifest and does not exist"},
+                {u"N:\\out\\rtr\\r.tfw", "LEFT behind by the rules of no run", "has another content than in"},
+                {u"N:\\out\\rtr\\r.tif.aux.xml", "", "has another size than in the manifest"},
+                {u"N:\\out\\rtr\\r.tif", "", "empty: layer R: N:\\out\\rtr\\r.tif"}};
+    for (const auto& [file, text, told] : rows) {
+        const string before = read(file);
+        std::filesystem::remove(platform::native_path(file));
+        if (text) write(file, text);
+        EXPECT_EQ(1, command(verify));
+        EXPECT_TRUE(is_printed(told) && is_printed(platform::to_utf8(file))) << out;
+        write(file, before);
+    }
+    const string project = read(u"N:\\out\\new._vp"), stored = "rtr\\r.tif";
+    for (const string bound : {"N:\\out\\rtr\\r.tif", "..\\out\\rtr\\r.tif"}) {
+        write(u"N:\\out\\new._vp", string(project).replace(project.find(stored), stored.size(), bound));
+        EXPECT_EQ(0, command("verify 'N:\\out\\new._vp'")) << out;
+        EXPECT_EQ(1, command("verify 'N:\\out\\new._vp' --elsewhere"));
+        EXPECT_TRUE(is_printed("outside: layer R: N:\\out\\rtr\\r.tif: it would not be found")) << out;
+    }
+    // What data sets name themselves.
+    write(u"C:\\prj\\m.tos", "TOS 1\nproperty X\nmember .tod\n");
+    const string picture = "<SourceFilename relativeToVRT=\"1\">";
+    write(u"C:\\prj\\v.vrt", "<VRTDataset>" + picture + "../out.tif</SourceFilename>" + picture +
+                                 "gone.tif</SourceFilename></VRTDataset>");
+    write(u"C:\\out.tif");
+    builder.layer("tos_grid_lr2d", u"M", src(u"m.tos")).layer("rtr_lr2d", u"V", src(u"v.vrt")).save(source);
+    EXPECT_EQ(1, command("verify 'C:\\prj\\area._vp'"));
+    for (const char* told : {"missing: layer M: C:\\prj\\m.tod, in C:\\prj\\m.tos\n",
+                             "missing: layer V: C:\\prj\\gone.tif, in C:\\prj\\v.vrt\n",
+                             "outside: layer V: C:\\out.tif, in C:\\prj\\v.vrt\n"})
+        EXPECT_TRUE(is_printed(told)) << told << out;
+
+    std::filesystem::remove(native("n") / "out/new.manifest.json");
+    EXPECT_EQ(2, command(verify));
+    EXPECT_TRUE(is_told("N:\\out\\new.manifest.json: could not be read: ")) << err;
 }
 
 // The run's own messages go on after the file was copied.

@@ -1,8 +1,12 @@
 // Linux only: GDAL, which makes and reads these formats, is not built for Windows.
 // To look at data sets is only to read them: names, bytes and times are the same after every command.
 #include <gdal.h>
+#include <gdal_alg.h>
 #include <ogr_api.h>
+#include <ogr_srs_api.h>
 #include <unistd.h>
+
+#include <nlohmann/json.hpp>
 
 #include "tests/apps/every_command.h"
 
@@ -18,9 +22,48 @@ struct closer {
 };
 using data_set = std::unique_ptr<void, closer>;
 
+data_set open_set(const fs::path& file) {
+    return data_set(GDALOpenEx(file.c_str(), GDAL_OF_READONLY, nullptr, nullptr, nullptr));
+}
+
+// What a person sees of a data set: where it is, its pixels, its records.
+string shown_by(const fs::path& file) {
+    const data_set opened = open_set(file);
+    if (!opened) return "not opened";
+    std::ostringstream shown;
+    double corner[6] = {};
+    if (GDALGetGeoTransform(opened.get(), corner) == CE_None)
+        for (const double each : corner) shown << each << ' ';
+    shown << GDALGetProjectionRef(opened.get()) << '\n';
+    for (int band = 1; band <= GDALGetRasterCount(opened.get()); ++band) {
+        GDALRasterBandH pixels = GDALGetRasterBand(opened.get(), band);
+        const int width = GDALGetRasterXSize(opened.get()), height = GDALGetRasterYSize(opened.get());
+        shown << GDALChecksumImage(pixels, 0, 0, width, height) << ' ' << GDALGetOverviewCount(pixels)
+              << '\n';
+    }
+    for (int index = 0; index < GDALDatasetGetLayerCount(opened.get()); ++index) {
+        OGRLayerH layer = GDALDatasetGetLayer(opened.get(), index);
+        for (OGRFeatureH record; (record = OGR_L_GetNextFeature(layer)) != nullptr; OGR_F_Destroy(record)) {
+            for (int field = 0; field < OGR_F_GetFieldCount(record); ++field)
+                shown << OGR_F_GetFieldAsString(record, field) << ' ';
+            char* point = nullptr;
+            if (OGRGeometryH shape = OGR_F_GetGeometryRef(record)) OGR_G_ExportToWkt(shape, &point);
+            shown << (point ? point : "no shape") << '\n';
+            VSIFree(point);
+        }
+        char* projection = nullptr;
+        if (OGRSpatialReferenceH known = OGR_L_GetSpatialRef(layer)) OSRExportToWkt(known, &projection);
+        shown << (projection ? projection : "nowhere") << '\n';
+        VSIFree(projection);
+    }
+    return shown.str();
+}
+
 data_set make_table(const char* driver, const string& file) {
     data_set made(GDALCreate(GDALGetDriverByName(driver), file.c_str(), 0, 0, 0, GDT_Unknown, nullptr));
-    OGRLayerH layer = GDALDatasetCreateLayer(made.get(), "points", nullptr, wkbPoint, nullptr);
+    OGRSpatialReferenceH known = OSRNewSpatialReference(SRS_WKT_WGS84_LAT_LONG);
+    OGRLayerH layer = GDALDatasetCreateLayer(made.get(), "points", known, wkbPoint, nullptr);
+    OSRRelease(known);
     OGRFieldDefnH field = OGR_Fld_Create("name", OFTString);
     EXPECT_EQ(OGR_L_CreateField(layer, field, 1), OGRERR_NONE) << driver;
     OGR_Fld_Destroy(field);
@@ -40,6 +83,7 @@ void make_raster(const char* driver, const string& file) {
     const data_set memory(GDALCreate(GDALGetDriverByName("MEM"), "", 4, 4, 1, GDT_Byte, nullptr));
     double corner[] = {30, 0.5, 0, 60, 0, -0.5};
     GDALSetGeoTransform(memory.get(), corner);
+    GDALSetProjection(memory.get(), SRS_WKT_WGS84_LAT_LONG);
     const data_set made(GDALCreateCopy(GDALGetDriverByName(driver), file.c_str(), memory.get(), 0, nullptr,
                                        nullptr, nullptr));
     EXPECT_TRUE(made) << driver;
@@ -55,12 +99,12 @@ protected:
             {"ESRI Shapefile", "t.shp"}, {"MapInfo File", "t.tab"}, {"GML", "g.gml"},
             {"GeoJSON", "t.geojson"},    {"KML", "t.kml"},          {"CSV", "t.csv"},
             {"GPKG", "t.gpkg"},          {"SQLite", "t.sqlite"},    {"FlatGeobuf", "t.fgb"}};
-        for (const auto& [driver, name] : tables) make_table(driver, add(name));
+        for (const auto& [driver, name] : tables) make_table(driver, add(name, "vector_lr2d"));
         const std::pair<const char*, const char*> rasters[] = {
             {"GTiff", "r.tif"}, {"PNG", "p.png"},  {"AAIGrid", "a.asc"}, {"SAGA", "s.sdat"},
             {"ENVI", "e.envi"}, {"EHdr", "h.bil"}, {"VRT", "v.vrt"},     {"HFA", "i.img"},
             {"netCDF", "n.nc"}, {"RST", "i.rst"}};
-        for (const auto& [driver, name] : rasters) make_raster(driver, add(name));
+        for (const auto& [driver, name] : rasters) make_raster(driver, add(name, "rtr_lr2d"));
         fs::remove(folder / "g.xsd"); // its reader would like to write down what it found out
         leave_with_log("GPKG", "left.gpkg");
         leave_with_log("SQLite", "left.sqlite");
@@ -75,20 +119,20 @@ protected:
     }
 
     // The native path of a new file, which a layer shows.
-    string add(const string& name) {
+    string add(const string& name, const char* type) {
         const wide_string wide = platform::from_utf8(name);
-        builder.layer("vector_lr2d", wide, u"C:\\sets\\" + wide);
+        builder.layer(type, wide, u"C:\\sets\\" + wide);
         return (folder / name).string();
     }
     void add_companions() const {
-        for (const wide_string name : {u"r.tfw", u"r_tif.pj4", u"p.pgw", u"p.png.aux.xml", u"m.tod"})
+        for (const wide_string name : {u"r.tfw", u"r_tif.pj4", u"p.png.aux.xml", u"m.tod"})
             write(u"C:\\sets\\" + name, "<PAMDataset/>");
+        write(u"C:\\sets\\p.pgw", "0.5\n0\n0\n-0.5\n30.25\n59.75\n");
         write(u"C:\\sets\\m.tos", "TOS 1\nproperty X\nmember .tod\n");
-        for (const string part : {".shp", ".shx", ".dbf"})
+        for (const string part : {".shp", ".shx", ".dbf", ".prj"})
             fs::copy_file(folder / ("t" + part), folder / ("j" + part));
         fs::copy_file(folder / "t.dbf", folder / "joined.dbf");
-        const data_set raster(
-            GDALOpenEx((folder / "r.tif").c_str(), GDAL_OF_READONLY, nullptr, nullptr, nullptr));
+        const data_set raster = open_set(folder / "r.tif");
         int level = 2;
         EXPECT_EQ(CE_None,
                   GDALBuildOverviews(raster.get(), "NEAREST", 1, &level, 0, nullptr, nullptr, nullptr));
@@ -102,7 +146,7 @@ protected:
             GDALDatasetReleaseResultSet(open.get(),
                                         GDALDatasetExecuteSQL(open.get(), text, nullptr, nullptr));
         GDALFlushCache(open.get());
-        const string left = add(name);
+        const string left = add(name, "vector_lr2d");
         for (const char* part : {"", "-wal"}) fs::copy_file(live + part, left + part);
     }
 
@@ -131,6 +175,64 @@ TEST_F(data_sets, can_be_copied_by_who_may_only_read_them) {
     EXPECT_EQ("", difference(before, sources()));
     for (const fs::directory_entry& entry : fs::recursive_directory_iterator(native("c")))
         fs::permissions(entry.path(), fs::perms::owner_write, fs::perm_options::add);
+}
+
+class moved_data_sets : public data_sets {
+protected:
+    // Resaves onto a file of the name of one, moves the copy and takes the source away.
+    void SetUp() override {
+        write(u"N:\\out\\rtr\\a.asc", "older");
+        for (const auto& entry : fs::directory_iterator(folder))
+            shown[entry.path().filename()] = shown_by(entry.path());
+        ASSERT_EQ(0, command("resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp' --manifest --json --quiet"))
+            << err;
+        copied = nlohmann::json::parse(out).at("files");
+        fs::remove(native("n") / "out/rtr/a.asc");
+        fs::rename(native("n") / "out", moved);
+        for (const char* gone : {"sets", "prj"}) fs::rename(native("c") / gone, native("d") / gone);
+    }
+
+    const fs::path moved = native("n") / "moved";
+    const string verify = "verify 'N:\\moved\\new._vp' --manifest";
+    std::map<string, string> shown; // by the name of a file of the source
+    nlohmann::json copied;
+};
+
+TEST_F(moved_data_sets, open_as_their_sources_did) {
+    EXPECT_EQ(0, command(verify + " --elsewhere")) << out << err;
+    size_t opened = 0;
+    for (const auto& file : copied) {
+        const string name = platform::to_utf8(
+                         path_file_name(platform::from_utf8(file.at("source").get<string>()))),
+                     target = file.at("target");
+        if (name.starts_with("left.") || !shown.contains(name)) continue;
+        string below = target.substr(string("N:\\out\\").size());
+        std::ranges::replace(below, '\\', '/');
+        EXPECT_EQ(shown.at(name), shown_by(moved / below)) << name << " as " << below;
+        opened += shown.at(name) != "not opened";
+    }
+    EXPECT_GT(opened, 20U);
+}
+
+TEST_F(moved_data_sets, are_missed_file_by_file) {
+    std::vector<fs::path> files;
+    for (const auto& entry : fs::recursive_directory_iterator(moved))
+        if (entry.is_regular_file() && entry.path().extension() != "._vp" &&
+            entry.path().extension() != ".json")
+            files.push_back(entry.path());
+    EXPECT_GT(files.size(), 40U);
+    for (const fs::path& file : files) {
+        fs::rename(file, native("d") / "aside");
+        EXPECT_EQ(1, command(verify)) << file;
+        string told = "N:\\moved\\" + file.lexically_relative(moved).string();
+        std::ranges::replace(told, '/', '\\');
+        EXPECT_TRUE(is_printed(told)) << told << '\n' << out;
+        fs::rename(native("d") / "aside", file);
+    }
+    fs::rename(moved / "rtr/e.hdr", native("d") / "e.hdr");
+    fs::create_symlink(native("d") / "e.hdr", moved / "rtr/e.hdr");
+    EXPECT_EQ(1, command("verify 'N:\\moved\\new._vp'"));
+    EXPECT_TRUE(is_printed("outside: layer e.envi: N:\\moved\\rtr\\e.hdr")) << out;
 }
 
 TEST_F(data_sets, bring_along_what_their_databases_had_not_merged) {

@@ -79,6 +79,23 @@ TEST_F(stopped_command, a_resave_erases_or_keeps_as_told_and_tells_of_the_stop) 
     EXPECT_EQ("", difference(before, sources()));
 }
 
+// The project is saved by then.
+TEST_F(stopped_command, companions_are_erased_or_kept_with_all_other_copies) {
+    for (uint32_t index = 0; index < 40; ++index) write(u"C:\\data\\" + decimal(index) + u".tif.msk", "mask");
+    const tree_state before = sources();
+    for (const string choice : {"keep", "erase"}) {
+        const string line = "resave 'C:\\prj\\area._vp' 'N:\\out\\a\\new._vp' --json --on-stop " + choice;
+        EXPECT_EQ(130, interrupted(line, " 40 % Copying companions")) << err;
+        EXPECT_EQ("stopped", nlohmann::json::parse(out).at("outcome"));
+        EXPECT_FALSE(path_exists(u"N:\\out\\a\\rtr\\0.tif.msk"));
+        EXPECT_EQ(choice == "keep",
+                  path_exists(u"N:\\out\\a\\rtr\\39.tif.msk") && path_exists(u"N:\\out\\a\\new._vp"));
+        EXPECT_EQ(choice == "keep", path_exists(u"N:\\out"));
+        remove_tree(u"N:\\out");
+    }
+    EXPECT_EQ("", difference(before, sources()));
+}
+
 TEST_F(stopped_command, a_text_is_taken_away) {
     for (const char* name : {"structure --layers", "check-case"}) {
         write(u"N:\\out\\t.txt", "older");

@@ -1,0 +1,211 @@
+#include "apps/vestra_resave/companions.h"
+
+#include <algorithm>
+#include <unordered_map>
+#include <unordered_set>
+
+#include "apps/vestra_resave/verification.h"
+#include "operations/project_context.h"
+#include "operations/run/path_files.h"
+#include "platform/path_text.h"
+#include "platform/system.h"
+#include "platform/text.h"
+#include "platform/volumes.h"
+#include "reference_host/datasets/gdal_source.h"
+
+namespace vestra::command {
+
+using namespace vs::project_resave;
+using platform::folded;
+
+namespace {
+
+constexpr wide_view known_endings[] = {
+    u"aih", u"ain", u"atx", u"aux", u"aux.xml", u"clr",     u"cpg", u"fbn",     u"fbx", u"hdr",
+    u"imd", u"ixs", u"lyr", u"msk", u"mxs",     u"ovr",     u"prj", u"qix",     u"qml", u"qpj",
+    u"rpb", u"rrd", u"sbn", u"sbx", u"sld",     u"shp.xml", u"stx", u"vat.dbf", u"wld"};
+// Indexes of one field, whose name is in front.
+constexpr wide_view field_indexes[] = {u".atx", u".ixs", u".mxs"};
+
+// The names of the files of one folder.
+class folder_files {
+public:
+    explicit folder_files(const wide_string& folder) {
+        for (auto& entry : platform::entries_or_none(platform::operating_system(), folder)) {
+            if (entry.is_folder) continue;
+            const wide_string name = folded(entry.name);
+            for (size_t dot = name.find(u'.'); dot != wide_string::npos; dot = name.find(u'.', dot + 1))
+                by_beginning_[name.substr(0, dot)].push_back(entry.name);
+            spellings_.try_emplace(name, std::move(entry.name));
+        }
+    }
+
+    // Those that begin with this text and a dot; in any letter case.
+    const std::vector<wide_string>& beginning_with(const wide_string& text) const {
+        static const std::vector<wide_string> none;
+        const auto row = by_beginning_.find(folded(text));
+        return row == by_beginning_.end() ? none : row->second;
+    }
+    // The spelling of a name; null if there is no such file.
+    const wide_string* find(const wide_string& name) const {
+        const auto row = spellings_.find(folded(name));
+        return row == spellings_.end() ? nullptr : &row->second;
+    }
+
+private:
+    std::unordered_map<wide_string, std::vector<wide_string>> by_beginning_;
+    std::unordered_map<wide_string, wide_string> spellings_;
+};
+
+bool is_same_content(const wide_string& source, const wide_string& target) {
+    const placed_file pair{source, target};
+    verification found;
+    compare(
+        std::span(&pair, 1), [] { return false; }, found);
+    return found.differing.empty();
+}
+
+class companion_run {
+public:
+    companion_run(run_state& run, companion_choice which) : run_(run), which_(which) {
+        for (const placed_file& each : run.placement.placed) {
+            if (each.old_path.empty()) continue;
+            placed_sources_.insert(path_key(each.old_path));
+            sources_.try_emplace(path_key(each.new_path), path_key(each.old_path));
+        }
+        for (const fact& each : run.report.facts()) // those are reported already
+            if (each.kind == fact_kind::copy_failed)
+                sources_.try_emplace(path_key(each.new_path), path_key(each.path));
+    }
+
+    // Of one copy. A file of the host itself has no companions.
+    void bring_for(const placed_file& copy) {
+        if (copy.old_path.empty() || path_extension(copy.old_path).starts_with(u"._")) return;
+        if (!path_exists(copy.new_path)) return;
+        const wide_string head = path_head(copy.old_path), new_head = path_head(copy.new_path);
+        const folder_files& files = files_of(head);
+        const wide_string name = path_file_name(copy.old_path), stem = path_stem(copy.old_path);
+        const wide_string new_name = path_file_name(copy.new_path), new_stem = path_stem(copy.new_path);
+        const auto bring_behind = [&](const wide_string& found, size_t length, const wide_string& begins) {
+            bring(head + found, new_head, begins + found.substr(length));
+        };
+        for (const wide_string& each : files.beginning_with(name))
+            if (is_wanted(head, each, name.size() + 1, true)) bring_behind(each, name.size(), new_name);
+        // Of a shape file's table the rest belongs to the shape file.
+        if (folded(path_extension(copy.old_path)) == u".dbf") return;
+        for (const wide_string& ending : world_endings(path_extension(copy.old_path)))
+            if (const wide_string* found = files.find(stem + u'.' + ending))
+                bring_behind(*found, stem.size(), new_stem);
+        if (!seen_.insert(path_key(head + stem) + u'|' + path_key(new_head + new_stem)).second) return;
+        const std::vector<wide_string>& near = files.beginning_with(stem);
+        for (const wide_string& each : near)
+            if (is_wanted(head, each, stem.size() + 1, false)) bring_behind(each, stem.size(), new_stem);
+        for (const wide_string& each : listed_by_format(copy.old_path, near))
+            bring_behind(each, stem.size(), new_stem);
+    }
+
+private:
+    const folder_files& files_of(const wide_string& folder) {
+        return folders_.try_emplace(path_key(folder), folder).first->second;
+    }
+
+    bool is_placed(const wide_string& path) const { return placed_sources_.contains(path_key(path)); }
+
+    // A file that has the whole name of another one in front can be its description.
+    bool is_wanted(const wide_string& head, const wide_string& name, size_t begin, bool behind_name) const {
+        const wide_view rest = wide_view(name).substr(begin);
+        if (is_known_companion(rest) || (behind_name && folded(rest) == u"xml")) return true;
+        return which_ == companion_choice::all && !is_placed(head + name);
+    }
+
+    // Those of `near` that the format of the file counts among its files, and nothing else brings. The format
+    // is asked only if there are any files left.
+    std::vector<wide_string> listed_by_format(const wide_string& source,
+                                              const std::vector<wide_string>& near) const {
+        const wide_string head = path_head(source);
+        std::unordered_map<std::string, wide_string> left;
+        for (const wide_string& name : near)
+            if (!is_placed(head + name)) left.emplace(platform::to_utf8(name), name);
+        std::vector<wide_string> listed;
+        if (left.empty() || platform::operating_system().kind_of(source) != platform::entry_kind::file)
+            return listed;
+        const auto native = platform::native_path(source);
+        if (const auto opened = datasets::open_gdal_source(native, &near))
+            for (const std::filesystem::path& file : opened->files())
+                if (const auto row = left.find(file.filename().string());
+                    row != left.end() && file.parent_path() == native.parent_path())
+                    listed.push_back(row->second);
+        return listed;
+    }
+
+    void bring(const wide_string& source, const wide_string& folder, wide_string name) {
+        if (run_.options.lower_case) platform::lower_in_place(name);
+        const wide_string target = folder + name, key = path_key(target);
+        const auto [row, is_new] = sources_.try_emplace(key, path_key(source));
+        if (!is_new && row->second == path_key(source)) return;
+        if (path_exists(target)) {
+            if (!is_same_content(source, target)) refuse(source, target, platform::failure::taken);
+        } else if (run_.guard.claims_family(target)) {
+            refuse(source, target, platform::outcome::because(u"it would belong to the source project"));
+        } else if (const auto copied = platform::current_system().copy_file(source, target, false); !copied) {
+            refuse(source, target, copied);
+        } else {
+            run_.placement.register_placed(source, target);
+            run_.placement.made.add_copy(source, target);
+        }
+    }
+
+    void refuse(const wide_string& source, const wide_string& target, const platform::outcome& why) {
+        run_.report.add_copy_error(source, target, why);
+    }
+
+    run_state& run_;
+    const companion_choice which_;
+    std::unordered_set<wide_string> placed_sources_;        // path keys
+    std::unordered_map<wide_string, wide_string> sources_;  // path keys, by that of the target
+    std::unordered_map<wide_string, folder_files> folders_; // those of sources
+    std::unordered_set<wide_string> seen_;                  // pairs of old and new place without extension
+};
+
+} // namespace
+
+bool is_known_companion(wide_view rest) {
+    const wide_string text = folded(wide_string(rest));
+    if (std::ranges::find(known_endings, text) != std::end(known_endings)) return true;
+    if (std::ranges::any_of(field_indexes, [&](wide_view each) { return text.ends_with(each); })) return true;
+    // A companion can have companions.
+    const size_t dot = text.find(u'.');
+    return dot != wide_string::npos &&
+           std::ranges::find(known_endings, text.substr(0, dot)) != std::end(known_endings) &&
+           is_known_companion(text.substr(dot + 1));
+}
+
+std::vector<wide_string> world_endings(wide_view extension) {
+    if (extension.size() < 3) return {};
+    const wide_string text = folded(wide_string(extension.substr(1)));
+    return {wide_string{text.front(), text.back(), u'w'}, text + u'w'};
+}
+
+run_result bring_companions(project_context& run, companion_choice which,
+                            const std::vector<wide_string>& source_paths, run_result result) {
+    for (const wide_string& path : source_paths) run.guard.add(path);
+    if (which == companion_choice::none || result.end != run_end::done || !result.written) return result;
+    companion_run all(run, which);
+    const size_t count = run.placement.placed.size(); // those that come along have none of their own
+    run.progress.start(static_cast<uint32_t>(count));
+    run.progress.set_caption(u"Copying companions");
+    run.progress.show();
+    for (size_t index = 0; index < count && !run.progress.is_stopped(); ++index) {
+        all.bring_for(placed_file(run.placement.placed[index]));
+        run.progress.advance(1);
+    }
+    if (run.progress.is_stopped()) {
+        run.on_stopped();
+        result.end = run_end::stopped;
+        result.written = !run.progress.erase_created;
+    }
+    run.progress.finish();
+    return result;
+}
+
+} // namespace vestra::command

@@ -1,0 +1,42 @@
+// Side files that the rules of a resave leave behind: projections, indexes, world files, statistics, styles.
+// The command brings them once the run has ended, so that a copy opens as its source does.
+#pragma once
+
+#include <string_view>
+#include <vector>
+
+#include "operations/run/run_result.h"
+#include "platform/wide_string.h"
+
+namespace vs::project_resave {
+class project_context;
+}
+
+namespace vestra::command {
+
+using vs::project_resave::wide_string;
+using vs::project_resave::wide_view;
+
+enum class companion_choice {
+    known, // those of known kinds, and what the format of the file lists itself
+    all,   // every file of the folder with the same stem, unless the run placed it
+    none
+};
+
+// True for what follows the stem or the whole name of a data file, and a dot, in the name of a companion of a
+// known kind, in any letter case: "prj", "aux.xml", "msk.ovr", "name.atx".
+bool is_known_companion(wide_view rest);
+// Returns what follows the stem in the names of world files, from the extension of the main file: "tfw" and
+// "tifw" for ".tif". All in lower case; ".wld", which serves every extension, counts as known.
+std::vector<wide_string> world_endings(wide_view extension);
+
+// Copies the companions of all files that a finished run placed, next to each copy and under its stem. Each
+// is entered in the placement like other copies. No file is replaced; one that cannot be brought becomes a
+// fact. `source_paths` are the files of the source project, which the run has forgotten. The user can stop
+// here as in the run, and can have all that was made erased. Returns the result of both.
+vs::project_resave::run_result bring_companions(vs::project_resave::project_context& run,
+                                                companion_choice which,
+                                                const std::vector<wide_string>& source_paths,
+                                                vs::project_resave::run_result result);
+
+} // namespace vestra::command

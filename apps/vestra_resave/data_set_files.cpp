@@ -1,0 +1,109 @@
+#include "apps/vestra_resave/data_set_files.h"
+
+#include <algorithm>
+#include <filesystem>
+#include <pugixml.hpp>
+
+#include "apps/vestra_resave/file_content.h"
+#include "apps/vestra_resave/problems.h"
+#include "core/data_source.h"
+#include "platform/path_text.h"
+#include "platform/system.h"
+#include "platform/text.h"
+#include "platform/volumes.h"
+
+namespace vestra::command {
+
+using namespace vs::project_resave;
+using platform::entry_kind;
+
+namespace {
+
+// Files without which the main one cannot be read, by extension. A format lists only those that exist.
+struct partner {
+    wide_view extension, needed;
+};
+constexpr partner partners[] = {
+    {u".shp", u".shx"}, {u".sdat", u".sgrd"}, {u".rst", u".rdc"}, {u".bil", u".hdr"}, {u".mif", u".mid"}};
+
+bool has_extension(const wide_string& path, wide_view extension) {
+    return platform::compare_no_case(path_extension(path), extension) == 0;
+}
+
+// Of a virtual data set: the texts of these elements are its sources.
+bool is_source_element(std::string_view name) {
+    return name == "SourceFilename" || name == "SourceDataset" || name == "SrcDataSource";
+}
+
+// No path but a connection, or something in memory or in an archive.
+bool is_no_path(std::string_view text) {
+    return text.empty() || text.starts_with("/vsi") || text.starts_with('<') ||
+           text.find("://") != std::string_view::npos || text.find(':', 2) != std::string_view::npos;
+}
+
+bool is_relative(const pugi::xml_node& source, std::string_view text) {
+    for (const char* name : {"relativeToVRT", "relativetoVRT"})
+        if (const pugi::xml_attribute flag = source.attribute(name)) return flag.as_bool();
+    return !text.starts_with('/') && !text.starts_with('\\') && text.find(':') == std::string_view::npos;
+}
+
+// What a virtual data set names, whether it exists or not.
+void add_virtual_sources(const wide_string& path, std::vector<data_set_files::needed>& files) {
+    std::string text;
+    pugi::xml_document document;
+    if (!read_text(path, text) || !document.load_buffer(text.data(), text.size())) return;
+    document.find_node([&](const pugi::xml_node& node) {
+        const std::string_view named = node.child_value();
+        if (!is_source_element(node.name()) || is_no_path(named)) return false;
+        wide_string file = platform::from_utf8(named);
+        const bool relative = is_relative(node, named);
+        if (relative) {
+            std::ranges::replace(file, u'/', u'\\');
+            file = path_resolve(path, file);
+        } else {
+            file = platform::drive_path(std::string(named));
+        }
+        files.push_back({std::move(file), !relative});
+        return false;
+    });
+}
+
+bool has_no_file(const wide_string& folder) {
+    return std::ranges::all_of(platform::list_tree(platform::current_system(), folder),
+                               [](const platform::tree_entry& entry) { return entry.is_folder; });
+}
+
+} // namespace
+
+data_set_files files_of_data_set(const wide_string& path) {
+    data_set_files all;
+    const platform::entry_status status = platform::current_system().status_of(path);
+    const bool is_folder = status.kind == entry_kind::folder;
+    all.is_empty = is_folder ? has_no_file(path) : status.bytes == 0;
+    if (all.is_empty) return all;
+    for (const partner& each : partners)
+        if (!is_folder && has_extension(path, each.extension))
+            all.files.push_back({path_replace_extension(path, each.needed)});
+    if (!is_folder && has_extension(path, u".vrt")) add_virtual_sources(path, all.files);
+    std::vector<wide_string> listed;
+    if (!data_source_files(path, listed)) all.unread = read_error_of(path);
+    for (wide_string& file : listed) all.files.push_back({std::move(file)});
+    // One file under one name: what comes first knows more of it.
+    std::ranges::stable_sort(all.files, {}, [](const auto& each) { return path_key(each.path); });
+    const auto rest =
+        std::ranges::unique(all.files, {}, [](const auto& each) { return path_key(each.path); });
+    all.files.erase(rest.begin(), rest.end());
+    std::erase_if(all.files, [&](const auto& each) { return path_same(each.path, path); });
+    return all;
+}
+
+bool leads_out(const wide_string& folder, const wide_string& path) {
+    std::error_code unknown;
+    const auto whole = std::filesystem::canonical(platform::native_path(path), unknown);
+    if (unknown) return false; // what cannot be reached is missing
+    const auto home = std::filesystem::canonical(platform::native_path(folder), unknown);
+    if (unknown) return false;
+    return std::ranges::mismatch(home, whole).in1 != home.end();
+}
+
+} // namespace vestra::command

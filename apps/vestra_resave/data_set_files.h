@@ -1,0 +1,29 @@
+// What a data set needs besides its main file: members, the files that its format lists, the files that it
+// names itself.
+#pragma once
+
+#include <vector>
+
+#include "platform/wide_string.h"
+
+namespace vestra::command {
+
+using vs::project_resave::wide_string;
+
+struct data_set_files {
+    struct needed {
+        wide_string path;      // of a file that may be missing
+        bool is_whole = false; // the data set names it by its whole path
+    };
+    std::vector<needed> files; // the main file is not among them
+    bool is_empty = false;     // a file without a byte, or a folder without a file
+    wide_string unread;        // why the main file could not be read, though it exists; else empty
+};
+
+// Looks at the data set whose main file, or folder, exists at `path`. A host must be running.
+data_set_files files_of_data_set(const wide_string& path);
+
+// True if the path, or a link on its way below `folder`, leads out of that folder.
+bool leads_out(const wide_string& folder, const wide_string& path);
+
+} // namespace vestra::command

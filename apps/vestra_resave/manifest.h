@@ -1,0 +1,30 @@
+// NAME.manifest.json beside a saved project: each of its files with the size and the SHA-256 of the bytes
+// that it is to hold. So a copy can be checked long after its source is gone.
+#pragma once
+
+#include <functional>
+#include <optional>
+#include <vector>
+
+#include "apps/vestra_resave/problems.h"
+
+namespace vestra::command {
+
+struct verification;
+
+// The path of the manifest that belongs to a project file.
+wide_string manifest_path(const wide_string& project);
+
+// Writes the manifest of a project that the run has just saved; one that exists is replaced, any other file
+// of the name is not. A copied file is entered as its source is now, read once more; what the run wrote
+// itself as it was written, and the log not at all. Returns what could not be read or written; after a stop
+// nothing is written.
+std::vector<problem> write_manifest(vs::project_resave::run_state& run,
+                                    const std::function<bool()>& is_stopped);
+
+// Adds to what was found each file of the manifest that is missing or no longer as it was entered. Returns
+// why there is nothing to compare with, if the manifest could not be read.
+std::optional<refusal> compare_with_manifest(const wide_string& project,
+                                             const std::function<bool()>& is_stopped, verification& found);
+
+} // namespace vestra::command
