@@ -47,6 +47,9 @@ constexpr kind_words all_kinds[] = {
     {own_kind::not_created, "could not be created"},
     {own_kind::too_little_space, "too little space"},
     {own_kind::interrupted, "interrupted"},
+    {own_kind::left_behind, "was left behind"},
+    {own_kind::dropped, "is not in the new project"},
+    {own_kind::left_alone, "was not copied, as a resave leaves this kind of element alone"},
     {own_kind::reference_outside, "outside"},
     {own_kind::reference_missing, "missing"},
     {own_kind::reference_outside_and_missing, "outside and missing"},
@@ -214,12 +217,15 @@ std::string line_of(const problem& found) {
         what.replace(place, 1, one_line(found.new_path));
     else if (!found.new_path.empty())
         about = found.new_path;
-    std::string line = about.empty() ? what : one_line(about) + ": " + what;
+    std::string holder;
+    if (!found.element.caption.empty() || !found.element.list.empty())
+        holder = '"' + one_line(found.element.caption) + '"';
+    if (!found.element.list.empty()) holder += " in \"" + one_line(found.element.list) + '"';
+    // What has no file is named by its element.
+    std::string line = about.empty() ? holder : one_line(about);
+    line += (line.empty() ? "" : ": ") + what;
     if (!found.reason.empty()) line += ": " + one_line(found.reason);
-    if (found.element.caption.empty() && found.element.list.empty()) return line;
-    line += " (\"" + one_line(found.element.caption) + "\"";
-    if (!found.element.list.empty()) line += " in \"" + one_line(found.element.list) + "\"";
-    return line + ")";
+    return about.empty() || holder.empty() ? line : line + " (" + holder + ")";
 }
 
 } // namespace vestra::command

@@ -24,6 +24,10 @@ inline constexpr const char* not_loaded = "not_loaded";
 inline constexpr const char* not_created = "not_created"; // a text file, or the folder of the new project
 inline constexpr const char* too_little_space = "too_little_space";
 inline constexpr const char* interrupted = "interrupted";
+// What a resave leaves wanting.
+inline constexpr const char* left_behind = "left_behind"; // a file beside one that was copied
+inline constexpr const char* dropped = "dropped";         // an element that the new project does not have
+inline constexpr const char* left_alone = "left_alone";   // an element whose file no rule copies
 // What a verification finds.
 inline constexpr const char* reference_outside = "reference_outside";
 inline constexpr const char* reference_missing = "reference_missing";
