@@ -61,8 +61,9 @@ constexpr kind_words all_kinds[] = {
     {own_kind::source_unreadable, "could not be read to compare it with %"},
 };
 
+// JSON takes nothing but UTF-8, which a name on the disk need not be.
 std::string native(const wide_string& path) {
-    return path.empty() ? std::string() : platform::native_path(path).string();
+    return path.empty() ? std::string() : to_utf8(platform::from_utf8(platform::native_path(path).string()));
 }
 
 // Why the host could not read or write the file of a fact; empty if it is not known.
