@@ -126,6 +126,16 @@ std::optional<Answer> decided(const std::string& word, const std::string& first,
     return word == first ? meaning : other;
 }
 
+constexpr const char* about_structures =
+    "Structures:\n"
+    "  by-type                 a folder for each kind of data; no folder of the source is kept\n"
+    "  from-project-folder     the tree below the project's folder; other files under their path\n"
+    "  project-tree-else-type  the tree below the project's folder; other files by type\n"
+    "  from-common-top         the whole tree, from the folder that all files of a drive share\n"
+    "  folder-per-scene        a folder for each scene, with its own copies; tables, layouts, well and\n"
+    "                          correlation sheets are dropped, and the files of wells stay where they "
+    "are\n\n";
+
 void add_resave(CLI::App& app, command_line& line, words& words) {
     resave_request& request = line.resave;
     CLI::App* command =
@@ -147,8 +157,8 @@ void add_resave(CLI::App& app, command_line& line, words& words) {
     command->add_flag("--ignore-space", request.ignore_space,
                       "Start although the files seem to need more space than is free, as sparse files do");
     command->add_flag("--files", request.list_files, "Print what went where");
-    CLI::Option* verifies = command->add_flag("--verify", request.verify,
-                                              "Look at the new project, and compare copies with sources");
+    CLI::Option* verifies =
+        command->add_flag("--verify", request.verify, "Compare each copy with its source, byte by byte");
     CLI::Option* lists =
         command->add_flag("--manifest", request.manifest,
                           "Write NAME.manifest.json next to the new project: size and SHA-256 of each file");
@@ -156,7 +166,8 @@ void add_resave(CLI::App& app, command_line& line, words& words) {
         ->excludes(verifies)
         ->excludes(lists);
     command->add_flag("--json", line.options.json, "Print one JSON object");
-    command->footer("Exit status: 0 saved, 1 saved with problems, 2 usage error or project cannot be loaded, "
+    command->footer(std::string(about_structures) +
+                    "Exit status: 0 saved, 1 saved with problems, 2 usage error or project cannot be loaded, "
                     "3 not saved, 130 "
                     "interrupted");
     command->callback([&] {

@@ -20,10 +20,10 @@ using platform::folded;
 
 namespace {
 
-constexpr wide_view known_endings[] = {
-    u"aih", u"ain", u"atx", u"aux", u"aux.xml", u"clr",     u"cpg", u"fbn",     u"fbx", u"hdr",
-    u"imd", u"ixs", u"lyr", u"msk", u"mxs",     u"ovr",     u"prj", u"qix",     u"qml", u"qpj",
-    u"rpb", u"rrd", u"sbn", u"sbx", u"sld",     u"shp.xml", u"stx", u"vat.dbf", u"wld"};
+constexpr wide_view known_endings[] = {u"aih", u"ain", u"atx",     u"aux", u"aux.xml", u"clr", u"cpg", u"fbn",
+                                       u"fbx", u"gfs", u"hdr",     u"imd", u"ixs",     u"lyr", u"msk", u"mxs",
+                                       u"ovr", u"prj", u"qix",     u"qml", u"qpj",     u"rpb", u"rrd", u"sbn",
+                                       u"sbx", u"sld", u"shp.xml", u"stx", u"vat.dbf", u"wld", u"xsd"};
 // Indexes of one field, whose name is in front.
 constexpr wide_view field_indexes[] = {u".atx", u".ixs", u".mxs"};
 

@@ -36,6 +36,9 @@ std::optional<refusal> refuse_output(const std::string& typed) {
     const wide_string path = platform::drive_path(typed);
     platform::system& disk = platform::current_system();
     const platform::entry_kind kind = disk.kind_of(path);
+    constexpr char16_t stand_in = 0xFFFD; // for bytes that are not UTF-8
+    if (kind == platform::entry_kind::none && path.find(stand_in) != wide_string::npos)
+        return refused(path, "the name is not UTF-8; give another one");
     if (kind == platform::entry_kind::folder) return refused(path, "is a folder; give the name of a file");
     wide_string name;
     if (kind == platform::entry_kind::none && disk.true_name(path_head(path), path_file_name(path), name))

@@ -51,6 +51,9 @@ constexpr kind_words all_kinds[] = {
     {own_kind::name_too_long, "no file of this name can be created"},
     {own_kind::unportable_name, "has a name that a Windows disk does not take"},
     {own_kind::interrupted, "interrupted"},
+    {own_kind::left_behind, "was left behind"},
+    {own_kind::dropped, "is not in the new project"},
+    {own_kind::left_alone, "was not copied, as a resave leaves this kind of element alone"},
     {own_kind::reference_outside, "outside"},
     {own_kind::reference_missing, "missing"},
     {own_kind::reference_outside_and_missing, "outside and missing"},
@@ -66,8 +69,9 @@ constexpr kind_words all_kinds[] = {
     {own_kind::manifest_content_differs, "has another content than in the manifest"},
 };
 
+// JSON takes nothing but UTF-8, which a name on the disk need not be.
 std::string native(const wide_string& path) {
-    return path.empty() ? std::string() : platform::native_path(path).string();
+    return path.empty() ? std::string() : to_utf8(platform::from_utf8(platform::native_path(path).string()));
 }
 
 // Why the host could not read or write the file of a fact; empty if it is not known.
@@ -157,6 +161,7 @@ bool is_notice(const problem& found) {
 }
 
 wide_string as_on_disk(const wide_string& path) {
+    if (path.find_last_of(path_separators) == wide_string::npos) return path; // as "N:name"
     const wide_string whole = path_normalise(path), head = path_head(whole);
     wide_string spelled;
     if (true_case_path(whole, spelled)) return spelled;
@@ -222,12 +227,15 @@ std::string line_of(const problem& found) {
         what.replace(place, 1, one_line(found.new_path));
     else if (!found.new_path.empty())
         about = found.new_path;
-    std::string line = about.empty() ? what : one_line(about) + ": " + what;
+    std::string holder;
+    if (!found.element.caption.empty() || !found.element.list.empty())
+        holder = '"' + one_line(found.element.caption) + '"';
+    if (!found.element.list.empty()) holder += " in \"" + one_line(found.element.list) + '"';
+    // What has no file is named by its element.
+    std::string line = about.empty() ? holder : one_line(about);
+    line += (line.empty() ? "" : ": ") + what;
     if (!found.reason.empty()) line += ": " + one_line(found.reason);
-    if (found.element.caption.empty() && found.element.list.empty()) return line;
-    line += " (\"" + one_line(found.element.caption) + "\"";
-    if (!found.element.list.empty()) line += " in \"" + one_line(found.element.list) + "\"";
-    return line + ")";
+    return about.empty() || holder.empty() ? line : line + " (" + holder + ")";
 }
 
 } // namespace vestra::command

@@ -1,8 +1,9 @@
 #include "apps/vestra_resave/commands.h"
 
 #include <algorithm>
+#include <iostream>
 #include <iterator>
-#include <unordered_set>
+#include <nlohmann/json.hpp>
 
 #include "apps/vestra_resave/companions.h"
 #include "apps/vestra_resave/manifest.h"
@@ -10,7 +11,7 @@
 #include "apps/vestra_resave/preflight.h"
 #include "apps/vestra_resave/resave_plan.h"
 #include "apps/vestra_resave/resave_report.h"
-#include "apps/vestra_resave/verification.h"
+#include "apps/vestra_resave/shortfalls.h"
 #include "framework/resources/strings.h"
 #include "operations/project_context.h"
 #include "operations/run/path_files.h"
@@ -103,28 +104,18 @@ std::optional<refusal> prepare(session& host, const resave_request& request, con
     return protect_project_files({target}, context);
 }
 
-// The uuids of what is left out, with all that is in it.
-void add_left_out(const std::vector<element>& elements, const selection_register& selection, bool is_out,
-                  std::unordered_set<wide_string>& all) {
-    for (const element& each : elements) {
-        const bool is_each_out = is_out || !selection.is_selected(each.uuid);
-        if (is_each_out && !each.uuid.empty()) all.insert(each.uuid);
-        add_left_out(each.children, selection, is_each_out, all);
-    }
-}
-
 // Why there was no run, or what became of it.
 struct ended_run {
     std::optional<refusal> early;
     resave_report report;
+    std::optional<source_elements> source; // if there was a run
 };
 
 ended_run run(session& host, const resave_request& request, const common_options& options) {
     const wide_string target = platform::drive_path(request.new_project);
-    if (auto early = prepare(host, request, options, target)) return {std::move(early), {}};
+    if (auto early = prepare(host, request, options, target)) return {std::move(early), {}, {}};
     project_context& context = host.context();
-    std::unordered_set<wide_string> left_out;
-    add_left_out(elements_of(context), context.selection, false, left_out);
+    source_elements source(context);
 
     const wide_string folder = path_head(target);
     const std::vector<wide_string> missing = missing_levels(folder);
@@ -132,11 +123,11 @@ ended_run run(session& host, const resave_request& request, const common_options
         refusal early{not_saved,
                       {{own_kind::not_created, {}, {}, as_on_disk(folder), reason_of(made.text(), folder)}}};
         std::ranges::move(take_back(missing), std::back_inserter(early.problems));
-        return {std::move(early), {}};
+        return {std::move(early), {}, {}};
     }
     if (auto early = refuse_target(folder, context, !request.ignore_space)) {
         std::ranges::move(take_back(missing), std::back_inserter(early->problems));
-        return {std::move(early), {}};
+        return {std::move(early), {}, {}};
     }
     resave_settings settings = request.settings;
     settings.output_path = &target;
@@ -147,71 +138,41 @@ ended_run run(session& host, const resave_request& request, const common_options
     std::vector<problem> problems = host.problems();
     // What is left out on purpose is missed by nobody.
     std::erase_if(problems, [&](const problem& each) {
-        return each.kind == name_of(fact_kind::type_not_resaved) && left_out.contains(each.element.uuid);
+        return each.kind == name_of(fact_kind::type_not_resaved) && source.is_left_out(each.element.uuid);
     });
     add_unportable_names(context, problems);
     if (context.progress.erase_created) std::ranges::move(take_back(missing), std::back_inserter(problems));
-    return {std::nullopt, report_of(context, result, std::move(problems))};
+    return {std::nullopt, report_of(context, result, std::move(problems)), std::move(source)};
 }
 
-// Reads the new project, so that what the run left in the context is gone.
-verification verified(session& host, resave_report& report) {
-    project_context& context = host.context();
-    const wide_string project = context.placement.new_project_path;
-    std::vector<placed_file> copies;
-    std::vector<wide_string> made;
-    for (const placed_file& each : context.placement.placed) {
-        made.push_back(each.new_path);
-        if (!each.old_path.empty() && each.new_path != project) copies.push_back(each);
-    }
-    const auto is_stopped = [&] { return host.interrupted(); };
-    verification found;
-    const std::optional<refusal> early = host.load(project, false, false);
-    for (const problem& each : early ? early->problems : host.reading_problems()) {
-        if (!early && each.kind == own_kind::unreadable) continue; // the verification finds it, too
-        complain(line_of(each));
-        add(report, each);
-    }
-    if (!early) verify(context, made, {}, is_stopped, found);
-    compare(copies, is_stopped, found);
-    return found;
-}
-
-void add(const verification& found, resave_report& report) {
-    for (const std::string& line : lines_of(found)) complain(line);
-    for (const auto* each : {&found.astray, &found.differing})
-        for (const problem& one : *each) add(report, one);
-    if (!found.stopped) return;
-    add(report, {own_kind::interrupted, {}, {}, {}, u"the verification was stopped before its end"});
-    complain(line_of(report.problems.back()));
-    report.exit = stopped;
+// The run with all that is said of it; on a trial disk if there is one.
+int resave(session& host, const resave_request& request, const common_options& options, trial_disk* trial) {
+    ended_run ended = run(host, request, options);
+    if (ended.early) return end_with(*ended.early, options);
+    resave_report& report = ended.report;
+    const wide_string target = as_on_disk(host.context().placement.new_project_path);
+    const auto is_written = [&] { return report.exit == done || report.exit == problems; };
+    if (request.manifest && is_written())
+        for (const problem& each : write_manifest(host.context(), [&] { return host.interrupted(); }))
+            add(report, each);
+    std::optional<resave_plan> plan;
+    if (trial) plan = plan_of(host.context(), *trial, report);
+    if (is_written()) add_shortfalls(host, *ended.source, request, report);
+    print_problems(report);
+    if (options.json)
+        std::cout << (plan ? json_of(*plan, report) : json_of(report)).dump(2) << '\n';
+    else if (plan)
+        print_text(*plan, report, target);
+    else
+        print_text(report, target, request.list_files);
+    return report.exit;
 }
 
 } // namespace
 
 int resave(const resave_request& request, const common_options& options) {
     session host(options, request.answers);
-    ended_run ended = run(host, request, options);
-    if (ended.early) return end_with(*ended.early, options);
-    resave_report& report = ended.report;
-    print_problems(report);
-    const wide_string target = as_on_disk(host.context().placement.new_project_path);
-    if (request.manifest && (report.exit == done || report.exit == problems)) {
-        for (const problem& each : write_manifest(host.context(), [&] { return host.interrupted(); })) {
-            complain(line_of(each));
-            add(report, each);
-        }
-    }
-    std::optional<verification> found;
-    if (request.verify && (report.exit == done || report.exit == problems)) {
-        found = verified(host, report);
-        add(*found, report);
-    }
-    if (options.json)
-        print_json(report, found);
-    else
-        print_text(report, target, request.list_files);
-    return report.exit;
+    return resave(host, request, options, nullptr);
 }
 
 int plan_resave(const resave_request& request, const common_options& options) {
@@ -224,15 +185,7 @@ int plan_resave(const resave_request& request, const common_options& options) {
         return end_with(refused({}, "--dry-run cannot be combined with a --bundle that copies its own files"),
                         options);
     }
-    ended_run ended = run(host, request, options);
-    if (ended.early) return end_with(*ended.early, options);
-    const resave_plan plan = plan_of(host.context(), std::move(ended.report), disk);
-    complain_of(plan);
-    if (options.json)
-        print_json(plan);
-    else
-        print_text(plan, as_on_disk(host.context().placement.new_project_path));
-    return plan.report.exit;
+    return resave(host, request, options, &disk);
 }
 
 } // namespace vestra::command

@@ -17,25 +17,18 @@ struct resave_plan {
         uint64_t bytes = 0;
         bool renamed = false; // it, or a folder it is copied in, as its own name is taken
     };
-    // A file that bears the name of one that is copied, in the same folder, and is not copied itself.
-    struct neighbour {
-        wide_string file;
-        wide_string beside;
-    };
-    resave_report report; // as of the run
     std::vector<file> files;
-    std::vector<neighbour> neighbours;
     uint64_t bytes = 0;                 // of all files
     std::optional<uint64_t> free_bytes; // where they go; nothing if that is unknown
     wide_string free_space_failure;     // why it is unknown
 };
 
-// While the disk is in force. What the run left in the context is read.
-resave_plan plan_of(const vs::project_resave::run_state& run, resave_report report, trial_disk& disk);
+// While the disk is in force. What the run left in the context is read. Too little space is added to the
+// problems of the run.
+resave_plan plan_of(const vs::project_resave::run_state& run, trial_disk& disk, resave_report& report);
 
-// Problems and warnings, a line each on the error output.
-void complain_of(const resave_plan& plan);
-void print_json(const resave_plan& plan);
-void print_text(const resave_plan& plan, const wide_string& new_project);
+// The plan with the report of the run that was tried out.
+nlohmann::ordered_json json_of(const resave_plan& plan, const resave_report& report);
+void print_text(const resave_plan& plan, const resave_report& report, const wide_string& new_project);
 
 } // namespace vestra::command

@@ -6,6 +6,7 @@
 #include <iostream>
 #include <nlohmann/json.hpp>
 #include <unordered_set>
+#include <utility>
 
 #include "apps/vestra_resave/elements.h"
 #include "operations/run/path_files.h"
@@ -41,7 +42,52 @@ std::vector<copied_file> copies_of(const path_placement& placement,
     return files;
 }
 
+struct summary_count {
+    const char* words; // as they follow the number
+    const char* name;  // in JSON
+    size_t resave_summary::*count;
+};
+constexpr summary_count counts[] = {
+    {"renamed", "renamed", &resave_summary::renamed},
+    {"lost", "lost", &resave_summary::lost},
+    {"failed", "failed", &resave_summary::failed},
+    {"of an unknown type", "not_resaved", &resave_summary::not_resaved},
+    {"references astray", "astray", &resave_summary::astray},
+    {"left behind", "left_behind", &resave_summary::left_behind},
+    {"dropped", "dropped", &resave_summary::dropped},
+    {"left alone", "left_alone", &resave_summary::left_alone},
+};
+
+// Where a problem is counted; whatever is nothing else has failed.
+size_t resave_summary::*count_of(const problem& found) {
+    const std::pair<const char*, size_t resave_summary::*> rows[] = {
+        {name_of(fact_kind::renamed), &resave_summary::renamed},
+        {name_of(fact_kind::source_lost), &resave_summary::lost},
+        {name_of(fact_kind::type_not_resaved), &resave_summary::not_resaved},
+        {own_kind::left_behind, &resave_summary::left_behind},
+        {own_kind::dropped, &resave_summary::dropped},
+        {own_kind::left_alone, &resave_summary::left_alone}};
+    for (const auto& [kind, count] : rows)
+        if (found.kind == kind) return count;
+    return found.holder.empty() ? &resave_summary::failed : &resave_summary::astray;
+}
+
+ordered_json json_of(const resave_summary& summary) {
+    ordered_json all{{"files", summary.files}, {"bytes", summary.bytes}};
+    for (const summary_count& each : counts) all[each.name] = summary.*each.count;
+    return all;
+}
+
 } // namespace
+
+resave_summary summary_of(const resave_report& report) {
+    resave_summary summary;
+    summary.files = report.copies.size();
+    for (const copied_file& each : report.copies) summary.bytes += each.bytes;
+    for (const problem& each : report.problems)
+        if (each.kind != name_of(fact_kind::written_over)) ++(summary.*count_of(each));
+    return summary;
+}
 
 resave_report report_of(const run_state& run, const run_result& result, std::vector<problem> problems) {
     resave_report report;
@@ -49,6 +95,9 @@ resave_report report_of(const run_state& run, const run_result& result, std::vec
     add_misplaced(run, report.problems);
     const std::unordered_set<wide_string> failed = unwritten_keys(report.problems);
     report.files = copies_of(run.placement, failed);
+    for (const made_file& made : run.placement.made.files())
+        if (!made.source.empty() && path_exists(made.path))
+            report.copies.push_back({made.source, made.path, bytes_of(made.path)});
     const wide_string& project = run.placement.new_project_path;
     // The run asks only whether a project of that name exists, which can be an older one.
     const bool saved = result.written && !failed.contains(path_key(project));
@@ -97,49 +146,44 @@ ordered_json json_of(const resave_report& report) {
             {"renamed", view("renamed")},
             {"written_over", view("written_over")},
             {"exceptions", view("exception_caught")},
-            {"selection_settled", view("selection_not_settled").empty()}};
-}
-
-void print_json(const resave_report& report, const std::optional<verification>& found) {
-    ordered_json all = json_of(report);
-    if (found) {
-        all["astray"] = json_of(found->astray);
-        all["differing"] = json_of(found->differing);
-        all["verification_stopped"] = found->stopped;
-    }
-    std::cout << all.dump(2) << '\n';
+            {"selection_settled", view("selection_not_settled").empty()},
+            {"astray", json_of(report.found.astray)},
+            {"left_behind", view(own_kind::left_behind)},
+            {"dropped", view(own_kind::dropped)},
+            {"left_alone", view(own_kind::left_alone)},
+            {"differing", json_of(report.found.differing)},
+            {"verification_stopped", report.found.stopped},
+            {"summary", json_of(summary_of(report))}};
 }
 
 void print_problems(const resave_report& report) {
+    // What was found in the new project is named by the element that holds the reference.
     for (const problem& each : report.problems)
-        if (each.kind != name_of(fact_kind::renamed)) complain(line_of(each));
+        if (each.kind != name_of(fact_kind::renamed) && each.holder.empty()) complain(line_of(each));
+    verification astray;
+    astray.project = report.found.project, astray.astray = report.found.astray;
+    for (const std::string& line : lines_of(astray)) complain(line);
 }
 
-namespace {
-
-// The names by number alone, unless files are listed: there can be thousands.
-void print_renamed(const resave_report& report, bool list_files) {
-    std::vector<const problem*> renamed;
-    for (const problem& each : report.problems)
-        if (each.kind == name_of(fact_kind::renamed)) renamed.push_back(&each);
-    if (renamed.empty()) return;
-    if (list_files)
-        for (const problem* each : renamed) std::cout << line_of(*each) << '\n';
-    std::cout << "renamed, as the name was taken: " << renamed.size()
-              << (list_files ? "" : " (--files or --json names them)") << '\n';
+std::string closing_line(const resave_report& report, const wide_string& new_project) {
+    const resave_summary summary = summary_of(report);
+    std::string line = report.outcome + ": " + one_line(new_project) + ", " + std::to_string(summary.files) +
+                       " files, " + size_text(summary.bytes);
+    const char* before = "; ";
+    for (const auto& [words, name, count] : counts)
+        if (summary.*count != 0)
+            line += std::exchange(before, ", ") + std::to_string(summary.*count) + " " + words;
+    return line;
 }
-
-} // namespace
 
 void print_text(const resave_report& report, const wide_string& new_project, bool list_files) {
-    if (list_files)
+    if (list_files) {
         for (const copied_file& file : report.files)
             std::cout << one_line(file.source) << " -> " << one_line(file.target) << '\n';
-    uint64_t bytes = 0;
-    for (const copied_file& file : report.files) bytes += file.bytes;
-    std::cout << report.outcome << ": " << one_line(new_project) << ", " << report.files.size() << " files, "
-              << size_text(bytes) << '\n';
-    print_renamed(report, list_files);
+        for (const problem& each : report.problems)
+            if (each.kind == name_of(fact_kind::renamed)) std::cout << line_of(each) << '\n';
+    }
+    std::cout << closing_line(report, new_project) << '\n';
 }
 
 } // namespace vestra::command

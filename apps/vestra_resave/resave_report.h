@@ -29,10 +29,21 @@ struct copied_file {
 
 struct resave_report {
     int exit = done;
-    std::string outcome; // "saved", "saved with problems", "not saved", "stopped"
-    std::vector<copied_file> files;
-    std::vector<problem> problems; // notices among them; none but notices exactly if it is saved
+    std::string outcome;             // "saved", "saved with problems", "not saved", "stopped"
+    std::vector<copied_file> files;  // a folder that was copied whole is one of them
+    std::vector<copied_file> copies; // each single file, those in folders too
+    std::vector<problem> problems;   // notices among them; none but notices exactly if it is saved
+    verification found;              // what the new project was found to lack; empty if it was not looked at
 };
+
+// The closing summary. Every problem counts once, in one of the last seven.
+struct resave_summary {
+    size_t files = 0; // copied
+    uint64_t bytes = 0;
+    size_t renamed = 0;
+    size_t lost = 0, failed = 0, not_resaved = 0, astray = 0, left_behind = 0, dropped = 0, left_alone = 0;
+};
+resave_summary summary_of(const resave_report& report);
 
 // Reads what the run left in the context. `problems` are those that the session knows.
 resave_report report_of(const vs::project_resave::run_state& run,
@@ -40,11 +51,11 @@ resave_report report_of(const vs::project_resave::run_state& run,
 // Adds a problem that came up after the run: a project that was saved is saved with problems then.
 void add(resave_report& report, problem found);
 nlohmann::ordered_json json_of(const resave_report& report);
-// With what a verification found, if there was one.
-void print_json(const resave_report& report, const std::optional<verification>& found);
 // Each problem, and each file written over, a line on the error output.
 void print_problems(const resave_report& report);
-// A line of summary, how many copies got another name and, if wanted, each file.
+// The last line of a resave: outcome, new project, and the summary without what is zero.
+std::string closing_line(const resave_report& report, const wide_string& new_project);
+// If wanted each file and each copy that got another name, then the closing line.
 void print_text(const resave_report& report, const wide_string& new_project, bool list_files);
 
 } // namespace vestra::command

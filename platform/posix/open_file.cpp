@@ -8,6 +8,7 @@
 
 #include "platform/file_parts.h"
 #include "platform/posix/volumes.h"
+#include "platform/text.h"
 
 namespace vs::project_resave::platform {
 
@@ -84,7 +85,12 @@ outcome open_existing(const wide_string& path, int flags, descriptor& opened) {
     const outcome result = folders.open(asked.path, flags, opened);
     if (result.code() != ENOENT) return result;
     const auto listed = mapped_volumes().as_listed(asked.path);
-    return listed ? folders.open(*listed, flags, opened) : result;
+    if (!listed) return result;
+    // Opened under the name that stands for it, a file would be copied to that name.
+    constexpr char16_t stand_in = 0xFFFD;
+    if (path.find(stand_in) != wide_string::npos && valid_utf8_length(*listed) < listed->size())
+        return outcome::because(u"the name is not UTF-8");
+    return folders.open(*listed, flags, opened);
 }
 
 outcome regular_status(const descriptor& opened, struct stat& status) {

@@ -1,5 +1,6 @@
 // vestra-resave resave --dry-run: what it says is what the run does, and nothing is written.
 #include <nlohmann/json.hpp>
+#include <sstream>
 
 #include "tests/apps/command_run.h"
 
@@ -66,11 +67,27 @@ protected:
         EXPECT_EQ("Old survey", run.at("lost_sources")[0].at("element").at("caption"));
         EXPECT_EQ("wfs_pnt_lr2d", run.at("types_not_resaved")[0].at("reason"));
         EXPECT_EQ("would be saved with problems", plan.at("outcome"));
-        for (const char* told : {"lost_sources", "copy_errors", "types_not_resaved", "not_written", "outside",
-                                 "not_read", "kept_joins"})
-            EXPECT_EQ(run.at(told), plan.at(told)) << told;
+        EXPECT_EQ(run.at("problems"), plan.at("problems"));
+        EXPECT_EQ(run.at("summary"), plan.at("summary"));
+    }
+    bool has_own_folders() const { return GetParam() == string("folder-per-scene"); }
+    // Kind and caption of each problem, but for files that stayed behind.
+    static std::multiset<string> told_by(const json& run) {
+        std::multiset<string> told;
+        for (const auto& each : run.at("problems"))
+            if (each.at("kind") != "left_behind")
+                told.insert(each.at("kind").get<string>() + " " +
+                            each.at("element").at("caption").get<string>());
+        return told;
     }
 };
+
+const std::multiset<string> dropped_with_own_folders{
+    "left_alone Well P-101",  "left_alone Well P-101",      "left_alone Profile of P-102",
+    "left_alone Section 1",   "dropped Deposits",           "dropped Owners",
+    "dropped Core samples",   "dropped Production",         "dropped Structure C1",
+    "dropped Sheet A3",       "dropped Sheet without page", "dropped Sheet of P-101",
+    "dropped Sheet of P-102", "dropped North to south"};
 
 // Into an empty place, onto files in the way, and over the remains of the run before; in plain and in full.
 TEST_P(dry_run_of_sample, says_file_by_file_what_the_run_does) {
@@ -99,41 +116,81 @@ TEST_P(dry_run_of_sample, says_file_by_file_what_the_run_does) {
                 if (file.at("renamed"))
                     renamed.insert(platform::to_utf8(path_file_name(wide(file.at("source")))));
             // Two files of one name meet in a folder by type; a scene's folder is numbered as a whole.
-            const bool has_own_folders = GetParam() == string("folder-per-scene");
-            EXPECT_EQ(state == "empty" ? GetParam() == string("by-type") : !has_own_folders,
+            EXPECT_EQ(state == "empty" ? GetParam() == string("by-type") : !has_own_folders(),
                       renamed.contains("roads.shp"));
-            const bool is_plain = choices == plain && state == "empty";
-            EXPECT_TRUE(!is_plain || run.at("astray").size() == (has_own_folders ? 7 : 4)) << run;
+            std::multiset<string> known{"source_lost Old survey", "type_not_resaved Springs",
+                                        "left_alone Profile lines", "left_alone Monthly report"};
+            if (has_own_folders())
+                known.merge(std::multiset<string>(dropped_with_own_folders));
+            else
+                known.insert("left_alone Page A3");
+            if (has_own_folders() && choices == full) known.insert("not_written Empty scene"); // no folder
+            EXPECT_TRUE(state != "empty" || known == told_by(run)) << run.at("problems");
             for (const char* name : {"relief.tif", "photos.txt"}) // the latter in a well's renamed folder
-                EXPECT_EQ(state == "again" && !has_own_folders, renamed.contains(name)) << name;
+                EXPECT_EQ(state == "again" && !has_own_folders(), renamed.contains(name)) << name;
         }
+    }
+}
+
+TEST_P(dry_run_of_sample, without_what_no_rule_carries_nothing_is_left_to_say) {
+    for (const auto& entry : fs::recursive_directory_iterator(native("c").parent_path()))
+        if (entry.path().extension() == ".prj" && entry.path().filename() != "prj.adf") fs::remove(entry);
+    string project = read(source), line, kept;
+    for (std::istringstream lines(project); std::getline(lines, line);)
+        if (line.find("Monthly report") == string::npos && line.find("<page ") == string::npos)
+            kept += line + '\n';
+    write(source, kept);
+    const string all = to + "--structure " + GetParam() +
+                       " --deselect Springs --deselect 'Old survey' --deselect 'Profile lines'";
+    for (const string dry : {" --dry-run", ""}) {
+        EXPECT_EQ(has_own_folders() ? 1 : 0, command(all + dry)) << err;
+        EXPECT_EQ(has_own_folders() ? dropped_with_own_folders : std::multiset<string>(),
+                  told_by(json::parse(out)));
+        EXPECT_EQ(has_own_folders(), is_told("\"Sheet A3\" in \"Layouts\": is not in the new project: the "
+                                             "structure folder-per-scene saves scenes alone"));
     }
 }
 INSTANTIATE_TEST_SUITE_P(structures, dry_run_of_sample,
                          testing::Values("by-type", "from-project-folder", "project-tree-else-type",
                                          "from-common-top", "folder-per-scene"));
 
-TEST_F(dry_run, tells_what_no_rule_takes_along_and_where_the_space_ends) {
+TEST_F(dry_run, tells_what_stays_behind_and_where_the_space_ends) {
     for (const wide_string name :
-         {u"Roads.shp", u"Roads.shx", u"Roads.dbf", u"roads.SBN", u"Roads.shp.xml", u"Roads2.shp", u"Roads",
-          u"roads.doc", u"r.tif", u"r.tfw", u"r.tif.aux.xml"})
+         {u"Roads.shp", u"Roads.shx", u"Roads.dbf", u"roads.SBN", u"roads.TXT", u"Roads.old.shp",
+          u"Roads2.shp", u"Roads", u"r.tif", u"r.tfw", u"r.tif.bak", u"R.doc"})
         write(u"C:\\prj\\data\\" + name, "data");
     fs::create_directory(native("c") / "prj/data/r.old");
     builder.scene_2d(u"S").layer("shp_pln_lr2d", u"Roads", src(u"data\\ROADS.shp"));
-    builder.layer("rtr_lr2d", u"R", src(u"data\\r.tif")).save(source);
-    EXPECT_EQ(0, command(to + "--dry-run")) << err;
-    auto plan = json::parse(out);
-    const string data = "C:\\prj\\data\\";
-    EXPECT_EQ(json({{{"file", data + "roads.doc"}, {"beside", data + "ROADS.shp"}}}),
-              plan.at("neighbours_not_copied"));
-    const std::pair<const char*, size_t> choices[] = {{"none", 4}, {"known", 1}, {"all", 0}};
+    builder.layer("rtr_lr2d", u"R", src(u"data\\r.tif")).scene_2d(u"Left out");
+    builder.layer("graph_lr2d", u"Words", src(u"data\\R.doc")).save(source);
+    const string data = "C:\\prj\\data\\", left_out = to + "--deselect 'Left out' ";
+    const std::pair<const char*, size_t> choices[] = {{"none", 4}, {"known", 3}, {"all", 0}};
     for (const auto& [choice, left] : choices) {
-        EXPECT_EQ(0, command(to + "--dry-run --companions " + choice)) << err;
-        EXPECT_EQ(left, json::parse(out).at("neighbours_not_copied").size()) << choice << out;
+        EXPECT_EQ(left == 0 ? 0 : 1, command(left_out + "--dry-run --companions " + choice)) << err;
+        EXPECT_EQ(left, json::parse(out).at("left_behind").size()) << choice << out;
     }
+    for (const string dry : {"--dry-run ", "--overwrite "}) {
+        EXPECT_EQ(1, command(left_out + dry)) << err;
+        const auto run = json::parse(out);
+        std::set<string> behind;
+        for (const auto& each : run.at("left_behind")) behind.insert(each.at("path"));
+        EXPECT_EQ((std::set<string>{data + "r.tif.bak", data + "Roads.old.shp", data + "roads.TXT"}), behind);
+        EXPECT_TRUE(is_told("roads.TXT: was left behind: it is next to " + data + "ROADS.shp\n")) << err;
+        EXPECT_EQ(json({{"files", 6},
+                        {"bytes", 24},
+                        {"renamed", 0},
+                        {"lost", 0},
+                        {"failed", 0},
+                        {"not_resaved", 0},
+                        {"astray", 0},
+                        {"left_behind", 3},
+                        {"dropped", 0},
+                        {"left_alone", 0}}),
+                  run.at("summary"));
+    }
+    remove_tree(u"N:\\out");
 
     const uintmax_t free = fs::space(native("n")).available;
-    EXPECT_NEAR(static_cast<double>(free), plan.at("free_bytes").get<double>(), 0x1p30);
     for (const char* name : {"r.tif", "Roads.dbf"}) // neither of which is more than the disk could hold
         fs::resize_file(native("c") / "prj/data" / name, free / 2 + 0x20000000);
     for (const char* word : {"--dry-run", ""}) { // ends as the run does
@@ -142,15 +199,16 @@ TEST_F(dry_run, tells_what_no_rule_takes_along_and_where_the_space_ends) {
         EXPECT_EQ("", made());
     }
     EXPECT_EQ(1, command(to + "--dry-run --ignore-space")) << err;
-    plan = json::parse(out);
+    const auto plan = json::parse(out);
     EXPECT_EQ("would be saved with problems", plan.at("outcome"));
+    EXPECT_NEAR(static_cast<double>(free), plan.at("free_bytes").get<double>(), 0x1p30);
     EXPECT_EQ("too_little_space", plan.at("problems").at(0).at("kind"));
     EXPECT_LT(plan.at("free_bytes"), plan.at("bytes"));
 
     EXPECT_EQ(1, command("resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp' --dry-run --ignore-space"));
     EXPECT_NE(string::npos, out.find("ROADS.shp -> N:\\out\\shp\\ROADS.shp  4 B\n")) << out;
-    EXPECT_NE(string::npos, out.find("stays behind: " + data + "roads.doc, beside " + data + "ROADS.shp\n"));
-    EXPECT_NE(string::npos, out.find("\nwould be saved with problems: N:\\out\\new._vp, 9 files, ")) << out;
+    EXPECT_NE(string::npos, out.find("\nwould be saved with problems: N:\\out\\new._vp, 7 files, ")) << out;
+    EXPECT_NE(string::npos, out.find("; 1 failed, 3 left behind; ")) << out;
 }
 
 } // namespace

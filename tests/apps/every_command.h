@@ -24,7 +24,7 @@ protected:
     // As `arguments` behind the name of the program.
     void expect_source_kept_by(const std::string& arguments) {
         const int code = command(arguments);
-        EXPECT_TRUE(code == 0 || code == 1 || (code == 2 && is_told("must not be written over")))
+        EXPECT_TRUE(code == 0 || code == 1 || (code == 3 && is_told("belongs to the source project")))
             << arguments << code << err;
         expect_source_kept(arguments);
     }

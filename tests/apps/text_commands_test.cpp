@@ -103,10 +103,15 @@ TEST_F(command_run, no_file_of_the_project_is_written_over_under_whatever_name) 
         EXPECT_EQ(2, command(refused + "'")) << refused << err;
         EXPECT_TRUE(is_told("is a file of the project and must not be written over")) << refused << err;
     }
-    EXPECT_EQ(2, command("scenes 'C:\\prj\\area._vp' 'C:\\prj\\maps' --if-exists rewrite"));
-    EXPECT_TRUE(is_told("C:\\prj\\maps\\overview._sn: is a file of the project and must not be written over"))
+    EXPECT_EQ(3, command("scenes 'C:\\prj\\area._vp' 'C:\\prj\\maps' --if-exists rewrite"));
+    EXPECT_TRUE(
+        is_told("C:\\prj\\maps\\Overview._sn: could not be written: it belongs to the source project"))
         << err;
-    EXPECT_EQ("", difference(before, sources()));
+    EXPECT_EQ(
+        "new: c:/prj/maps/Empty scene._sn\nnew: c:/prj/maps/Geology._sn\nnew: c:/prj/maps/Section 1._sn\n",
+        difference(before, sources()));
+    for (const wide_string made : {u"Empty scene._sn", u"Geology._sn", u"Section 1._sn"})
+        remove_tree(u"C:\\prj\\maps\\" + made);
 
     EXPECT_EQ(0, command(structure + "C:\\data\\free.txt'")) << err;
     EXPECT_EQ(0, command("scenes 'C:\\prj\\area._vp' 'C:\\prj\\maps' --if-exists new-name")) << err;

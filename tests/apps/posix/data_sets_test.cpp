@@ -171,7 +171,8 @@ TEST_F(data_sets, can_be_copied_by_who_may_only_read_them) {
     const string as_another = ::geteuid() == 0 ? "exec setpriv --reuid=65534 --clear-groups " : "exec ";
     const string all =
         "resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp' --log --scene-files --layer-files --verify ";
-    EXPECT_EQ(0, run(as_another + line_of(all).substr(string("exec").size()))) << err;
+    EXPECT_GE(1, run(as_another + line_of(all).substr(string("exec").size()))) << err; // world files stay
+    EXPECT_FALSE(is_told("could not be")) << err;
     EXPECT_EQ("", difference(before, sources()));
     for (const fs::directory_entry& entry : fs::recursive_directory_iterator(native("c")))
         fs::permissions(entry.path(), fs::perms::owner_write, fs::perm_options::add);
@@ -236,7 +237,7 @@ TEST_F(moved_data_sets, are_missed_file_by_file) {
 }
 
 TEST_F(data_sets, bring_along_what_their_databases_had_not_merged) {
-    EXPECT_EQ(0, command("resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp' --quiet")) << err;
+    EXPECT_GE(1, command("resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp' --quiet")) << err; // as above
     for (const char* name : {"left.gpkg", "left.sqlite"}) {
         const fs::path copied = native("n") / "out/vector" / name;
         const data_set opened(

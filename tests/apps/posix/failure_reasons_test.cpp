@@ -152,6 +152,20 @@ TEST_F(failure_reasons, names_that_windows_does_not_take) {
         told);
 }
 
+// Under the name that stands for it in messages it would be another file.
+TEST_F(failure_reasons, a_file_in_a_folder_of_a_well_whose_name_is_not_utf8) {
+    for (const wide_string name : {u"w.wel", u"w\\a.txt"}) write(u"C:\\data\\" + name, "x");
+    std::ofstream(native("c") / "data/w/b\xFF.txt") << "x";
+    builder.clear();
+    builder.scene_2d(u"Area").layer("plugin_lr_2d_well_hole_2d_3", u"Well", u"C:\\data\\w.wel").save(source);
+    for (const string dry : {" --dry-run", ""}) {
+        EXPECT_EQ(1, command("resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp' --quiet" + dry));
+        EXPECT_EQ("vestra-resave: C:\\data\\w\\b\xEF\xBF\xBD.txt: could not be copied to "
+                  "N:\\out\\well\\w\\b\xEF\xBF\xBD.txt: the name is not UTF-8 (\"Well\" in \"Area\")\n",
+                  err);
+    }
+}
+
 // Nothing is written, whatever is asked for.
 TEST_F(failure_reasons, a_wrong_drive_or_a_place_for_no_file_is_refused) {
     fs::create_directories(native("n") / "out");
@@ -177,6 +191,8 @@ TEST_F(failure_reasons, a_wrong_drive_or_a_place_for_no_file_is_refused) {
         {"", "resave " + area + file_of("link").string(), "link: is a device, a pipe or a link"},
         {"", "structure " + area + "/dev/full", "Z:\\dev\\full: is a device, a pipe or a link"},
         {"", "check-case " + area + file_of("pipe").string(), "pipe: is a device, a pipe or a link"},
+        {"", "resave " + area + "'" + file_of("a\xFF").string() + "/new._vp'",
+         "\xEF\xBF\xBD\\new._vp: the name is not UTF-8"},
     };
     const tree_state before = all_drives();
     for (const auto& row : rows) {

@@ -1,0 +1,203 @@
+#include "apps/vestra_resave/shortfalls.h"
+
+#include <algorithm>
+
+#include "apps/vestra_resave/session.h"
+#include "operations/project_context.h"
+#include "platform/path_text.h"
+#include "platform/system.h"
+#include "platform/text.h"
+
+namespace vestra::command {
+
+using namespace vs::project_resave;
+using platform::folded;
+
+source_elements::source_elements(project_context& context) {
+    for (const element& each : elements_of(context)) add(each, {}, false, context.selection);
+}
+
+void source_elements::add(const element& each, const wide_string& list, bool is_out,
+                          const selection_register& selection) {
+    const bool is_each_out = is_out || !selection.is_selected(each.uuid);
+    const size_t index = rows_.size();
+    rows_.push_back({{each.uuid, each.caption, list}, each.kind, {}, 0});
+    if (each.exists.value_or(false)) rows_.back().file = path_in(each.file).value();
+    if (!each.uuid.empty()) {
+        by_uuid_.emplace(each.uuid, index);
+        if (is_each_out) left_out_.insert(each.uuid);
+    }
+    // A group is no list: what is in it belongs to the scene.
+    const wide_string& list_inside = each.kind == "group" ? list : each.caption;
+    for (const element& member : each.children) add(member, list_inside, is_each_out, selection);
+    rows_[index].end = rows_.size();
+}
+
+const source_elements::row* source_elements::find(const wide_string& uuid) const {
+    const auto found = by_uuid_.find(uuid);
+    return found == by_uuid_.end() ? nullptr : &rows_[found->second];
+}
+
+namespace {
+
+// Finds the files that have the name of a copied one, in the same folder. Each folder is listed once.
+class neighbourhood {
+public:
+    // A file of an element is accounted for as such.
+    neighbourhood(const source_elements& source, const resave_report& report) {
+        for (const source_elements::row& each : source.rows()) taken_.insert(path_key(each.file));
+        for (const auto* files : {&report.copies, &report.files})
+            for (const copied_file& each : *files)
+                for (const wide_string& path : {each.source, each.target}) taken_.insert(path_key(path));
+        for (const problem& each : report.problems)
+            if (each.kind == name_of(fact_kind::copy_failed)) taken_.insert(path_key(each.path));
+    }
+
+    void add_to(resave_report& report, const wide_string& copied) {
+        const wide_string head = path_head(copied);
+        for (const wide_string& name : names_in(head)[folded(path_stem(copied))])
+            if (taken_.insert(path_key(head + name)).second)
+                add(report, {own_kind::left_behind, {}, head + name, {}, u"it is next to " + copied});
+    }
+
+private:
+    using names_by_beginning = std::unordered_map<wide_string, std::vector<wide_string>>;
+
+    // A name is entered under all that is before one of its dots.
+    names_by_beginning& names_in(const wide_string& folder) {
+        const auto [row, is_new] = folders_.try_emplace(path_key(folder));
+        if (!is_new) return row->second;
+        for (const auto& entry : platform::entries_or_none(platform::operating_system(), folder)) {
+            const wide_string name = entry.is_folder ? wide_string() : folded(entry.name);
+            for (size_t dot = name.find(u'.'); dot != wide_string::npos; dot = name.find(u'.', dot + 1))
+                row->second[name.substr(0, dot)].push_back(entry.name);
+        }
+        return row->second;
+    }
+
+    std::unordered_map<wide_string, names_by_beginning> folders_;
+    std::unordered_set<wide_string> taken_; // path keys of what is copied, or was to be, or is reported
+};
+
+void add_left_behind(const source_elements& source, const wide_string& new_project, resave_report& report) {
+    neighbourhood beside(source, report);
+    for (const auto* files : {&report.copies, &report.files})
+        for (const copied_file& each : *files)
+            if (!path_same(each.target, new_project)) beside.add_to(report, each.source);
+}
+
+wide_string key_of(const wide_string& uuid, const wide_string& path) { return uuid + u'\n' + path_key(path); }
+
+// Sorts what the walk over the new project found: what another problem reports is passed over, and so is the
+// second place in which one element holds one reference.
+class astray_sorter {
+public:
+    astray_sorter(const source_elements& source, resave_report& report) : source_(source), report_(report) {
+        for (const problem& each : report.problems) {
+            // What was not written is missed by every element, and by the walk itself.
+            if (each.kind == name_of(fact_kind::not_written)) known_.insert(key_of({}, each.new_path));
+            for (const wide_string& path : {each.path, each.new_path})
+                if (!path.empty()) known_.insert(key_of(each.element.uuid, path));
+        }
+        for (const copied_file& each : report.copies) copied_.insert(path_key(each.source));
+    }
+
+    void sort(std::vector<problem> all) {
+        for (problem& each : all) {
+            if (known_.contains(key_of({}, each.path))) continue;
+            if (!known_.insert(key_of(each.element.uuid, each.path)).second) continue;
+            if (const source_elements::row* const row = left_alone(each)) {
+                if (known_.insert(key_of(row->name.uuid, row->file)).second ||
+                    path_same(row->file, each.path))
+                    add(report_, {own_kind::left_alone, row->name, row->file, {}});
+                continue;
+            }
+            add(report_, each);
+            report_.found.astray.push_back(std::move(each));
+        }
+    }
+
+private:
+    // The element whose file exists and was not copied, though the element came along.
+    const source_elements::row* left_alone(const problem& found) const {
+        const source_elements::row* const row = source_.find(found.element.uuid);
+        if (!row || row->file.empty() || found.kind == own_kind::unreadable) return nullptr;
+        return path_same(row->file, found.path) || !copied_.contains(path_key(row->file)) ? row : nullptr;
+    }
+
+    const source_elements& source_;
+    resave_report& report_;
+    std::unordered_set<wide_string> known_;  // keys of element and path
+    std::unordered_set<wide_string> copied_; // path keys
+};
+
+void add_uuids(const std::vector<element>& elements, std::unordered_set<wide_string>& all) {
+    for (const element& each : elements) {
+        all.insert(each.uuid);
+        add_uuids(each.children, all);
+    }
+}
+
+// Adds each element that the new project does not have, but not what is in it. Those that were left out, or
+// removed as their source is lost, are missed by nobody.
+void add_dropped(const source_elements& source, project_context& context, const wide_string& reason,
+                 resave_report& report) {
+    std::unordered_set<wide_string> excused{wide_string()};
+    add_uuids(elements_of(context), excused);
+    for (const problem& each : report.problems)
+        if (each.kind == name_of(fact_kind::source_lost)) excused.insert(each.element.uuid);
+    for (size_t index = 0; index < source.rows().size();) {
+        const source_elements::row& each = source.rows()[index];
+        const bool is_missed =
+            !excused.contains(each.name.uuid) && !source.is_left_out(each.name.uuid) && each.kind != "page";
+        if (is_missed) add(report, {own_kind::dropped, each.name, {}, {}, reason});
+        index = is_missed ? each.end : index + 1;
+    }
+}
+
+// The problems of loading the new project, but for those of the source that it still has.
+void add_load_problems(const std::vector<problem>& all, resave_report& report) {
+    for (const problem& each : all) {
+        const bool is_known = each.kind == own_kind::unreadable || // the walk finds it, too
+                              std::ranges::any_of(report.problems, [&](const problem& other) {
+                                  return other.kind == each.kind && other.element.uuid == each.element.uuid &&
+                                         path_same(other.path, each.path);
+                              });
+        if (!is_known) add(report, each);
+    }
+}
+
+} // namespace
+
+void add_shortfalls(session& host, const source_elements& source, const resave_request& request,
+                    resave_report& report) {
+    project_context& context = host.context();
+    const wide_string project = context.placement.new_project_path;
+    const wide_string reason = request.settings.structure_variant == folder_per_scene
+                                   ? u"the structure folder-per-scene saves scenes alone"
+                                   : u"";
+    add_left_behind(source, project, report);
+    std::vector<placed_file> copies;
+    std::vector<wide_string> made;
+    for (const placed_file& each : context.placement.placed) {
+        made.push_back(each.new_path);
+        if (!each.old_path.empty() && each.new_path != project) copies.push_back(each);
+    }
+    const auto is_stopped = [&] { return host.interrupted(); };
+    verification& found = report.found;
+    if (const std::optional<refusal> early = host.load(project, false, false)) {
+        for (const problem& each : early->problems) add(report, each);
+    } else {
+        add_load_problems(host.reading_problems(), report);
+        verify(context, made, {}, is_stopped, found);
+        astray_sorter(source, report).sort(std::exchange(found.astray, {}));
+        add_dropped(source, context, reason, report);
+    }
+    if (request.verify) compare(copies, is_stopped, found);
+    for (const problem& each : found.differing) add(report, each);
+    if (!found.stopped) return;
+    add(report, {own_kind::interrupted, {}, {}, {}, u"the verification was stopped before its end"});
+    report.exit = stopped;
+}
+
+} // namespace vestra::command
