@@ -111,7 +111,7 @@ protected:
     std::vector<reference> expect_references(const std::string& project) const {
         vestra::project made;
         read_back(u"N:\\out\\" + platform::from_utf8(project), made);
-        const std::vector<reference> all = references_of(made);
+        std::vector<reference> all = references_of(made);
         EXPECT_EQ(22U, all.size());
         for (const reference& each : all)
             EXPECT_TRUE(each.path.starts_with(u"N:\\out\\") && path_exists(each.path))
