@@ -94,6 +94,45 @@ TEST_F(source_guard_run, no_new_project_and_no_text_replaces_a_file_of_the_sourc
     }
 }
 
+// Who reads a folder as one data set reads whatever is in it.
+TEST_F(source_guard_run, no_copy_goes_into_a_folder_that_is_one_data_set) {
+    write(u"C:\\data\\blocks\\inner");
+    write(u"C:\\prj\\g\\g.val");
+    builder.scene_2d(u"S"); // the last layer is copied first
+    builder.layer("rtr_lr2d", u"1", write(u"C:\\prj\\data\\blocks\\1.tif"));
+    builder.layer("rtr_lr2d", u"2", write(u"C:\\prj\\data\\blocks\\2.tif"));
+    builder.layer("grid_lr2d", u"Folder", u"C:\\data\\blocks");
+    builder.layer("grid_lr2d", u"Grid", write(u"C:\\prj\\g\\g.pgrid"));
+    builder.layer("rtr_lr2d", u"3", write(u"D:\\g\\3.tif"));
+    keep_source();
+    settings.structure_variant = from_project_folder;
+    load();
+    resave();
+    EXPECT_EQ((std::vector<std::string>{"data/blocks/inner", "data/blocks_(1)/1.tif", "data/blocks_(1)/2.tif",
+                                        "g/3.tif", "g_(1)/g_(1).pgrid", "g_(1)/g_(1).val"}),
+              files());
+    output = u"C:\\prj\\g\\new._vp";
+    load();
+    EXPECT_EQ(run_end::refused, context->resave_project(settings).end) << "into the grid";
+}
+
+TEST_F(source_guard_run, the_log_of_a_load_does_not_pass_for_a_lost_source) {
+    const wide_string log = src(u"area_last_resave_open_log.txt"), lost = u"C:\\data\\lost.tif";
+    builder.scene_2d(u"S").layer("rtr_lr2d", u"Lost", lost).layer("rtr_lr2d", u"Log", log);
+    std::error_code no_links; // by name, which not every system offers
+    std::filesystem::create_directories(native("c") / "data");
+    for (const bool is_link : {false, true}) {
+        if (is_link)
+            std::filesystem::create_symlink(platform::native_path(lost), platform::native_path(log),
+                                            no_links);
+        keep_source();
+        ASSERT_TRUE(context->load_project(source, false, true));
+        EXPECT_FALSE(path_exists(lost) || path_exists(log));
+        EXPECT_EQ(1U, told_of(fact_kind::renamed).size());
+        EXPECT_FALSE(read(path_add_to_stem(log, u"_(1)")).empty());
+    }
+}
+
 TEST_F(source_guard_run, a_scene_file_that_would_replace_a_source_is_refused_and_the_others_are_written) {
     write(u"C:\\maps\\Maps._sn");
     builder.scene_2d(u"Maps").save_scene(u"C:\\maps\\Maps._sn");

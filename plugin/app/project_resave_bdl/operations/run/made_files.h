@@ -29,8 +29,8 @@ public:
     }
     void add_folder(const wide_string& path) { folders_.push_back(path); }
     // A folder that is one data set.
-    void add_data_set(const wide_string& path) { sets_.insert(path_key(path)); }
-    bool is_data_set(const wide_string& path) const { return sets_.contains(path_key(path)); }
+    void add_data_set(const wide_string& path) { sets_.insert(path_key(path_normalise(path))); }
+    bool is_data_set(const wide_string& path) const { return sets_.contains(path_key(path_normalise(path))); }
     void clear() { *this = {}; }
 
     // Notes what is in a folder before another bundle copies into it; for a folder that was noted before,

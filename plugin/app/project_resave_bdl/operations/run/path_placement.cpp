@@ -113,7 +113,8 @@ wide_string path_placement::new_path(const wide_string& source) {
     if (options->lower_case) platform::lower_in_place(result);
     const wide_string wanted = result;
     result = beside_data_sets(result);
-    if (is_taken(result)) result = resolve_conflict(result, source);
+    const bool is_folder_taken = has_own_folder(result) && path_exists(path_head(result));
+    if (is_folder_taken || is_taken(result)) result = resolve_conflict(result, source);
     if (result != wanted) {
         log->file_renamed(source, result);
         report->add(fact_kind::renamed, source, result);
