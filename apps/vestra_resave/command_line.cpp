@@ -70,7 +70,11 @@ void add_list(CLI::App& app, command_line& line) {
     CLI::App* command = add_command(app, "list", "Show what is in a project and which of its files are there",
                                     line.options, line.project);
     command->add_flag("--json", line.options.json, "Print one JSON object");
-    command->callback([&line] { line.run = [&line] { return list_project(line.project, line.options); }; });
+    command->add_flag("--missing", line.list.missing, "Only elements whose file does not exist");
+    command->callback([&line] {
+        line.list.project = line.project;
+        line.run = [&line] { return list_project(line.list, line.options); };
+    });
 }
 
 void add_verify(CLI::App& app, command_line& line) {
@@ -144,12 +148,14 @@ void add_resave(CLI::App& app, command_line& line, words& words) {
     command->add_option("NEW_PROJECT", request.new_project, "Project file to be written")->required();
     add_resave_choices(*command, request, words);
     command
-        ->add_option("--deselect", request.selection.deselect,
-                     "Leave out this element, by uuid or caption; repeatable")
+        ->add_option(
+            "--deselect", request.selection.deselect,
+            "Leave out this element, by uuid or caption, or all that fit *.tif, type:TYPE, group:NAME "
+            "or missing; repeatable")
         ->allow_extra_args(false);
     command
         ->add_option("--only", request.selection.only,
-                     "Keep nothing but this element, by uuid or caption; repeatable")
+                     "Keep nothing but this element, or what fits, named in the same way; repeatable")
         ->allow_extra_args(false);
     command->add_flag("--overwrite", request.overwrite, "Replace the project if NEW_PROJECT exists");
     command->add_flag("--allow-missing-drives", request.allow_missing_drives,

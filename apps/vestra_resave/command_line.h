@@ -13,6 +13,7 @@ struct command_line {
     common_options options;
     std::string project; // of `list` and `check-case`; the other commands have their own
     std::string report;  // of `check-case`
+    list_request list;
     resave_request resave;
     verify_request verify;
     structure_request structure;

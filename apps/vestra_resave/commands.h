@@ -14,7 +14,11 @@
 namespace vestra::command {
 
 // list: what is in a project, and which of its files exist.
-int list_project(const std::string& project, const common_options& options);
+struct list_request {
+    std::string project;
+    bool missing = false; // only elements whose file does not exist, with what they are in
+};
+int list_project(const list_request& request, const common_options& options);
 
 // verify: whether a project is self-contained.
 struct verify_request {

@@ -2,11 +2,13 @@
 
 #include <iostream>
 #include <nlohmann/json.hpp>
+#include <unordered_set>
 
 #include "apps/vestra_resave/elements.h"
 #include "apps/vestra_resave/resave_report.h"
 #include "apps/vestra_resave/session.h"
 #include "operations/project_context.h"
+#include "platform/path_text.h"
 #include "platform/text.h"
 
 namespace vestra::command {
@@ -27,6 +29,7 @@ ordered_json to_json(const element& shown, const selection_register& selection) 
             {"file", to_utf8(shown.file)},
             {"exists", shown.exists ? ordered_json(*shown.exists) : ordered_json(nullptr)},
             {"bytes", shown.bytes},
+            {"selectable", shown.selectable},
             {"selected", selection.is_selected(shown.uuid)},
             {"children", std::move(children)}};
 }
@@ -39,33 +42,68 @@ void print(const element& shown, size_t depth) {
         line += "  [" + one_line(shown.type) + "]";
     if (!shown.uuid.empty()) line += "  " + one_line(shown.uuid);
     if (!shown.file.empty()) line += "  " + one_line(shown.file);
+    if (!shown.uuid.empty() && !shown.selectable) line += "  (always kept)";
     if (shown.exists) line += *shown.exists ? "  " + size_text(shown.bytes) : "  MISSING";
     std::cout << line << '\n';
     for (const element& child : shown.children) print(child, depth + 1);
 }
 
+// What is listed, in figures. A file that several elements show counts once.
+struct summary {
+    size_t elements = 0, files = 0, missing = 0;
+    uint64_t bytes = 0;
+    std::unordered_set<wide_string> known; // path keys
+
+    void add(const element& shown) {
+        if (shown.kind != "collection" && shown.kind != "group") ++elements;
+        if (shown.exists && known.insert(path_key(shown.file)).second) {
+            ++(*shown.exists ? files : missing);
+            bytes += shown.bytes;
+        }
+        for (const element& child : shown.children) add(child);
+    }
+};
+
+// Leaves what has no file, or holds nothing, that is missing. True if anything is left.
+bool keep_missing(std::vector<element>& elements) {
+    std::erase_if(elements,
+                  [](element& each) { return !keep_missing(each.children) && each.exists != false; });
+    return !elements.empty();
+}
+
 } // namespace
 
-int list_project(const std::string& project, const common_options& options) {
+int list_project(const list_request& request, const common_options& options) {
+    const std::string& project = request.project;
     session host(options, {});
     if (const auto early = host.load(project)) return end_with(*early, options);
     const std::vector<problem> found = host.reading_problems();
     for (const problem& each : found) complain(line_of(each));
     const int end = found.empty() ? done : problems;
     const wide_string& path = host.context().placement.source_project_path;
-    const std::vector<element> elements = elements_of(host.context());
+    std::vector<element> elements = elements_of(host.context());
+    summary all_of_it;
+    for (const element& each : elements) all_of_it.add(each);
+    if (request.missing) keep_missing(elements);
     if (options.json) {
         ordered_json all = ordered_json::array();
         for (const element& shown : elements) all.push_back(to_json(shown, host.context().selection));
         const ordered_json shown{{"project", to_utf8(path)},
                                  {"outcome", found.empty() ? "listed" : "listed with problems"},
                                  {"problems", json_of(found)},
-                                 {"elements", std::move(all)}};
+                                 {"elements", std::move(all)},
+                                 {"summary",
+                                  {{"elements", all_of_it.elements},
+                                   {"files", all_of_it.files},
+                                   {"bytes", all_of_it.bytes},
+                                   {"missing", all_of_it.missing}}}};
         std::cout << shown.dump(2) << '\n';
         return end;
     }
     std::cout << shell::printable(path) << "  " << size_text(bytes_of(path)) << '\n';
     for (const element& shown : elements) print(shown, 1);
+    std::cout << all_of_it.elements << " elements, " << all_of_it.files << " files, "
+              << size_text(all_of_it.bytes) << ", " << all_of_it.missing << " missing\n";
     return end;
 }
 

@@ -5,57 +5,123 @@
 #include <unordered_set>
 
 #include "apps/vestra_resave/resave_report.h"
+#include "platform/path_text.h"
 #include "platform/text.h"
 
 namespace vestra::command {
 
 using namespace vs::project_resave;
+using platform::folded;
 
 namespace {
 
-// All selectable elements by what a person may call them.
+struct place {
+    const element* found;
+    wide_string holders; // captions of what it is in
+};
+
+// True if the text is as the pattern says, in which "*" stands for any characters and "?" for one.
+bool fits(wide_view text, wide_view pattern) {
+    size_t at = 0, in = 0, star = wide_view::npos, behind = 0;
+    while (at < text.size()) {
+        if (in < pattern.size() && pattern[in] == u'*') {
+            star = in++;
+            behind = at;
+        } else if (in < pattern.size() && (pattern[in] == u'?' || pattern[in] == text[at])) {
+            ++in, ++at;
+        } else if (star != wide_view::npos) {
+            in = star + 1;
+            at = ++behind;
+        } else {
+            return false;
+        }
+    }
+    return pattern.find_first_not_of(u'*', in) == wide_view::npos;
+}
+
+// All elements of the project, and those among them that a person means by a name.
 class directory {
 public:
     explicit directory(const std::vector<element>& elements) {
-        for (const element& each : elements) enter(each, {});
+        for (const element& each : elements) enter(each, {}, {});
     }
-    // The one element of this name; else null, with a line for the person.
-    const element* find(const std::string& name, std::vector<std::string>& complaints) const;
+    // What the name means; nothing, with a line for the person, if that is no element or not a certain one.
+    std::vector<const element*> find(const std::string& name, std::vector<std::string>& complaints) const;
 
 private:
-    struct place {
-        const element* found;
-        wide_string holders; // captions of what it is in
-    };
-    void enter(const element& each, const wide_string& holders) {
-        if (each.selectable) {
-            by_name[platform::folded(each.uuid)].push_back({&each, holders});
-            if (platform::folded(each.caption) != platform::folded(each.uuid))
-                by_name[platform::folded(each.caption)].push_back({&each, holders});
-        }
-        const wide_string below = (holders.empty() ? holders : holders + u" / ") + each.caption;
-        for (const element& child : each.children) enter(child, below);
-    }
-    std::unordered_map<wide_string, std::vector<place>> by_name;
+    void enter(const element& each, const wide_string& holders, const wide_string& group);
+    std::vector<const element*> matching(const wide_string& word) const;
+    const element* one_of(const std::string& name, const std::vector<place>& candidates,
+                          std::vector<std::string>& complaints) const;
+
+    std::vector<const element*> all_;
+    std::unordered_map<wide_string, std::vector<place>> by_name_; // uuid or caption
+    std::unordered_map<wide_string, std::vector<const element*>> by_type_, by_group_;
 };
 
-const element* directory::find(const std::string& name, std::vector<std::string>& complaints) const {
-    const auto row = by_name.find(platform::folded(platform::from_utf8(name)));
-    if (row == by_name.end()) {
-        complaints.push_back("no element has the uuid or caption \"" + name + "\"");
-        return nullptr;
+void directory::enter(const element& each, const wide_string& holders, const wide_string& group) {
+    all_.push_back(&each);
+    if (!each.uuid.empty()) {
+        by_name_[folded(each.uuid)].push_back({&each, holders});
+        if (folded(each.caption) != folded(each.uuid))
+            by_name_[folded(each.caption)].push_back({&each, holders});
     }
-    const auto same = [&](const place& other) {
-        return other.found->uuid == row->second.front().found->uuid;
+    if (!each.type.empty()) by_type_[folded(each.type)].push_back(&each);
+    if (!group.empty()) by_group_[group].push_back(&each);
+    const wide_string below = (holders.empty() ? holders : holders + u" / ") + each.caption;
+    for (const element& child : each.children)
+        enter(child, below, each.kind == "group" ? folded(each.caption) : group);
+}
+
+// What a word with a meaning of its own stands for.
+std::vector<const element*> directory::matching(const wide_string& word) const {
+    const auto listed_in = [&](const auto& rows, wide_view prefix) {
+        const auto row = rows.find(word.substr(prefix.size()));
+        return row == rows.end() ? std::vector<const element*>() : row->second;
     };
-    if (std::all_of(row->second.begin(), row->second.end(), same)) return row->second.front().found;
+    if (word.starts_with(u"type:")) return listed_in(by_type_, u"type:");
+    if (word.starts_with(u"group:")) return listed_in(by_group_, u"group:");
+    std::vector<const element*> found;
+    for (const element* each : all_) {
+        const wide_string path = folded(each->file);
+        const bool is_wanted = word == u"missing"
+                                   ? each->exists == false
+                                   : !path.empty() && (fits(path, word) || fits(path_file_name(path), word));
+        if (is_wanted) found.push_back(each);
+    }
+    return found;
+}
+
+const element* directory::one_of(const std::string& name, const std::vector<place>& candidates,
+                                 std::vector<std::string>& complaints) const {
+    const element* const first = candidates.front().found;
+    if (std::ranges::all_of(candidates, [&](const place& other) { return other.found->uuid == first->uuid; }))
+        return first;
     std::string line =
-        "\"" + name + "\" names " + std::to_string(row->second.size()) + " elements; give the uuid of one:";
-    for (const place& candidate : row->second)
+        "\"" + name + "\" names " + std::to_string(candidates.size()) + " elements; give the uuid of one:";
+    for (const place& candidate : candidates)
         line += "\n  " + one_line(candidate.found->uuid) + "  " + candidate.found->kind + " in " +
                 one_line(candidate.holders);
     complaints.push_back(line);
     return nullptr;
+}
+
+std::vector<const element*> directory::find(const std::string& name,
+                                            std::vector<std::string>& complaints) const {
+    const wide_string word = folded(platform::from_utf8(name));
+    std::vector<const element*> found;
+    if (const auto row = by_name_.find(word); row != by_name_.end()) {
+        const element* const one = one_of(name, row->second, complaints);
+        if (!one) return {};
+        found = {one};
+    } else {
+        found = matching(word);
+    }
+    if (found.empty()) complaints.push_back("no element is meant by \"" + name + "\"");
+    if (found.empty() || std::ranges::any_of(found, &element::selectable)) return found;
+    complaints.push_back("what \"" + name + "\" means cannot be left out, or kept, by itself: " +
+                         found.front()->kind + " \"" + one_line(found.front()->caption) + "\"");
+    return {};
 }
 
 void leave_out(const element& each, selection_register& selection) {
@@ -74,21 +140,32 @@ bool keep_only(const element& each, const std::unordered_set<const element*>& wa
     return holds_wanted;
 }
 
+bool is_any_selected(const std::vector<element>& elements, const selection_register& selection) {
+    return std::ranges::any_of(elements, [&](const element& each) {
+        return (each.selectable && selection.is_selected(each.uuid)) ||
+               is_any_selected(each.children, selection);
+    });
+}
+
 } // namespace
 
 std::vector<std::string> apply(const selection_request& request, const std::vector<element>& elements,
                                selection_register& selection) {
+    if (request.deselect.empty() && request.only.empty()) return {};
     const directory names(elements);
     std::vector<std::string> complaints;
     std::vector<const element*> unwanted;
     std::unordered_set<const element*> wanted;
-    for (const std::string& name : request.deselect) unwanted.push_back(names.find(name, complaints));
-    for (const std::string& name : request.only) wanted.insert(names.find(name, complaints));
+    for (const std::string& name : request.deselect)
+        for (const element* each : names.find(name, complaints)) unwanted.push_back(each);
+    for (const std::string& name : request.only)
+        for (const element* each : names.find(name, complaints)) wanted.insert(each);
     if (!complaints.empty()) return complaints;
     if (!wanted.empty())
         for (const element& each : elements) keep_only(each, wanted, selection);
     for (const element* each : unwanted) leave_out(*each, selection);
-    return {};
+    if (!is_any_selected(elements, selection)) complaints.emplace_back("nothing is left to be resaved");
+    return complaints;
 }
 
 } // namespace vestra::command

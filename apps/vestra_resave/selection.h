@@ -9,14 +9,18 @@
 
 namespace vestra::command {
 
+// Each name is the uuid or the caption of one element, or else means all elements that fit: "type:" with a
+// layer type, "group:" with the caption of a group, "missing" for a file that does not exist, or a path or
+// file name in which "*" and "?" stand for any characters and for one. Letter case does not count.
 struct selection_request {
-    std::vector<std::string> deselect; // each a uuid or a caption
+    std::vector<std::string> deselect;
     std::vector<std::string> only;
 };
 
 // Leaves out what is not wanted: each element named by `deselect` with all below it; and if `only` names any,
-// everything but those, what is below them and what they are in. Answers a line for each name that fits
-// nothing, or more than one element, with the candidates; nothing is changed then.
+// everything but those, what is below them and what they are in. Returns a line for each name that fits
+// nothing, more than one element, or nothing that can be left out; and one if nothing is left. Nothing is
+// changed for a wrong name.
 std::vector<std::string> apply(const selection_request& request, const std::vector<element>& elements,
                                vs::project_resave::selection_register& selection);
 

@@ -93,6 +93,37 @@ TEST_F(resave_command, brings_companions_under_the_new_stem_and_over_no_file) {
     EXPECT_TRUE(path_exists(u"C:\\prj\\rtr\\A_(1).prj") && !path_exists(u"C:\\prj\\rtr\\A.prj"));
 }
 
+TEST_F(resave_command, chooses_elements_by_pattern_type_group_and_loss) {
+    builder.clear();
+    builder.scene_2d(u"S").layer("rtr_lr2d", u"A", write(u"C:\\m\\a.tif", "x"));
+    builder.layer("rtr_lr2d", u"B", write(u"C:\\m\\b.tif", "x"))
+        .layer("graph_lr2d", u"C", write(u"C:\\m\\c.dxf", "x"));
+    builder.layer("rtr_lr2d", u"Lost", u"C:\\m\\lost.tif").save(source);
+    const struct {
+        const char *options, *made;
+        int code;
+        const char* told = "";
+    } rows[] = {
+        {"--only '*.tif' --deselect missing", " new._vp rtr rtr/a.tif rtr/b.tif", 0},
+        {"--deselect type:RTR_lr2d", " graphics graphics/c.dxf new._vp", 0},
+        {"--deselect Missing --deselect 'c:\\M\\?.TIF'", " graphics graphics/c.dxf new._vp", 0},
+        {"--only a", " new._vp rtr rtr/a.tif", 0},
+        {"--only type:none", "", 2, "no element is meant by \"type:none\""},
+        {"--deselect '*.t?f' --deselect group:none", "", 2, "no element is meant by \"group:none\""},
+        {"--only missing --deselect S", "", 2, "nothing is left to be resaved"},
+    };
+    for (const auto& row : rows) {
+        clear_output();
+        EXPECT_EQ(row.code, command(area + "--quiet " + row.options)) << row.options << err;
+        EXPECT_EQ(row.made, made()) << row.options;
+        EXPECT_TRUE(is_told(row.told)) << err;
+    }
+    EXPECT_EQ(0, command("list --missing 'C:\\prj\\area._vp'"));
+    EXPECT_TRUE(is_printed("Lost") && !is_printed("b.tif") &&
+                is_printed("\n5 elements, 3 files, 3 B, 1 missing\n"))
+        << out;
+}
+
 TEST_F(resave_command, the_exit_code_tells_how_it_went_and_the_error_output_why) {
     builder.clear();
     builder.scene_2d(u"S").layer("rtr_lr2d", u"Lost one", u"C:\\gone.tif");
