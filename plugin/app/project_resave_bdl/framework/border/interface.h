@@ -123,17 +123,19 @@ void identity_entry(interface_pointer* out, const void*, void* instance) noexcep
     static_cast<Impl*>(instance)->identity(*out);
 }
 
+// The tables are not const: one source may be compiled to fill its table at the start of the library, in
+// memory that is read-only then, and another to fill it on first use, and the linker keeps one of either.
 template <class Impl, auto... Operations>
 const void* build_table(operation_list<Operations...>) {
     if constexpr (Impl::rooted_in_identity) {
-        static const entry table[] = {reinterpret_cast<entry>(&identity_entry<Impl>),
-                                      reinterpret_cast<entry>(operation<Operations>::function())...};
+        static entry table[] = {reinterpret_cast<entry>(&identity_entry<Impl>),
+                                reinterpret_cast<entry>(operation<Operations>::function())...};
         return table;
     } else {
         // The base of every such interface here is the identity interface.
-        static const entry table[] = {reinterpret_cast<entry>(&identity_entry<Impl>),
-                                      reinterpret_cast<entry>(&identity_entry<Impl>),
-                                      reinterpret_cast<entry>(operation<Operations>::function())...};
+        static entry table[] = {reinterpret_cast<entry>(&identity_entry<Impl>),
+                                reinterpret_cast<entry>(&identity_entry<Impl>),
+                                reinterpret_cast<entry>(operation<Operations>::function())...};
         return table;
     }
 }
@@ -143,7 +145,7 @@ const void* build_table(operation_list<Operations...>) {
 // Returns the one table of an interface in this library, built on first use, valid until the library goes.
 template <class Impl>
 const void* table_of() {
-    static const void* const table = border::build_table<Impl>(typename Impl::operations{});
+    static const void* table = border::build_table<Impl>(typename Impl::operations{});
     return table;
 }
 
