@@ -48,7 +48,8 @@ public:
 };
 
 // The terminal of this process, one at a time. As long as it exists neither Ctrl-C nor a signal
-// that asks the program to end does so at once.
+// that asks the program to end does so at once; but a second Ctrl-C does, unless a line was read meanwhile or
+// is waited for: then it is the answer.
 class process_terminal final : public terminal {
 public:
     process_terminal();

@@ -103,7 +103,11 @@ bool leads_out(const wide_string& folder, const wide_string& path) {
     if (unknown) return false; // what cannot be reached is missing
     const auto home = std::filesystem::canonical(platform::native_path(folder), unknown);
     if (unknown) return false;
-    return std::ranges::mismatch(home, whole).in1 != home.end();
+    if (std::ranges::mismatch(home, whole).in1 == home.end()) return false;
+    // It may be spelled in other letters, where these do not count.
+    for (auto level = whole.parent_path(); level != level.parent_path(); level = level.parent_path())
+        if (std::filesystem::equivalent(level, home, unknown)) return false;
+    return true;
 }
 
 } // namespace vestra::command

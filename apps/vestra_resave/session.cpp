@@ -26,7 +26,10 @@ bool command_questions::add_referenced() {
 
 stop_answer command_questions::on_stop() {
     if (decided_.on_stop) return *decided_.on_stop;
-    switch (person_.yes_no_cancel(load_string(text::erase_created_files))) {
+    const wide_view answers = shell::settings().language_offset == 0
+                                  ? u"да: удалить созданное; нет: оставить; отмена: продолжить"
+                                  : u"yes: erase what was created; no: keep it; cancel: go on";
+    switch (person_.yes_no_cancel(load_string(text::erase_created_files) + u"\n" + wide_string(answers))) {
     case shell::answer::cancel:
         return stop_answer::go_on;
     case shell::answer::yes:
@@ -71,14 +74,16 @@ std::optional<refusal> session::load(const std::string& project) {
 std::optional<refusal> session::load(const wide_string& path, bool show_wait, bool write_open_log) {
     shell::settings().refused_reads.clear();
     context_->report.restart({}); // what an earlier run reported has been read
+    shell::settings().stops_reading = [this] { return interrupted(); };
     const bool is_loaded = context_->load_project(path, show_wait, write_open_log);
+    shell::settings().stops_reading = nullptr;
     load_problems_ = problems_of(*context_);
     if (!is_loaded) {
         refusal early{wrong_use, {{own_kind::not_loaded, {}, path, {}, read_error_of(path)}}};
         std::ranges::move(reading_problems(), std::back_inserter(early.problems));
         return early;
     }
-    if (platform::termination_requested()) return refusal{stopped, {{own_kind::interrupted, {}, {}, {}}}};
+    if (interrupted()) return refusal{stopped, {{own_kind::interrupted, {}, {}, {}}}};
     return std::nullopt;
 }
 

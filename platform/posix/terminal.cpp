@@ -15,16 +15,36 @@ namespace {
 constexpr std::array stop_signals{SIGINT, SIGTERM, SIGHUP};
 
 volatile std::sig_atomic_t interrupt_seen = 0;
+volatile std::sig_atomic_t interrupts = 0; // since a line was read
+volatile std::sig_atomic_t waits_for_line = 0;
 volatile std::sig_atomic_t end_requested = 0;
 volatile std::sig_atomic_t last_signal = SIGINT;
 std::array<struct sigaction, stop_signals.size()> actions_before{};
 
 void note_signal(int signal) {
     last_signal = signal;
+    if (signal == SIGINT && interrupts != 0 && waits_for_line == 0) {
+        constexpr std::string_view last_words = "\nended by a second Ctrl-C\n";
+        [[maybe_unused]] const ssize_t count = ::write(STDERR_FILENO, last_words.data(), last_words.size());
+        ::_exit(128 + SIGINT);
+    }
+    if (signal == SIGINT) interrupts = 1;
     (signal == SIGINT ? interrupt_seen : end_requested) = 1;
 }
 
 bool is_stopped() { return interrupt_seen != 0 || end_requested != 0; }
+
+line_result take_line(std::string& line) {
+    for (;;) {
+        char next = 0;
+        const ssize_t count = is_stopped() ? -1 : ::read(STDIN_FILENO, &next, 1);
+        if (is_stopped()) return line_result::interrupted;
+        if (count < 0 && errno == EINTR) continue;
+        if (count <= 0) return line.empty() ? line_result::ended : line_result::read;
+        if (next == '\n') return line_result::read;
+        line += next;
+    }
+}
 
 } // namespace
 
@@ -49,6 +69,7 @@ int stop_status() { return 128 + last_signal; }
 
 process_terminal::process_terminal() {
     interrupt_seen = 0;
+    interrupts = 0;
     struct sigaction action {};
     action.sa_handler = &note_signal; // without SA_RESTART, so that it ends the wait for a line
     for (size_t i = 0; i < stop_signals.size(); ++i) {
@@ -84,15 +105,11 @@ void process_terminal::write(std::string_view text) {
 
 line_result process_terminal::read_line(std::string& line) {
     line.clear();
-    for (;;) {
-        char next = 0;
-        const ssize_t count = is_stopped() ? -1 : ::read(STDIN_FILENO, &next, 1);
-        if (is_stopped()) return line_result::interrupted;
-        if (count < 0 && errno == EINTR) continue;
-        if (count <= 0) return line.empty() ? line_result::ended : line_result::read;
-        if (next == '\n') return line_result::read;
-        line += next;
-    }
+    waits_for_line = 1;
+    const line_result result = take_line(line);
+    waits_for_line = 0;
+    if (result == line_result::read) interrupts = 0;
+    return result;
 }
 
 bool process_terminal::interrupted() { return is_stopped(); }

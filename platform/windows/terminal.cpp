@@ -14,12 +14,14 @@ namespace vs::project_resave::platform {
 
 namespace {
 
-std::atomic<bool> interrupt_seen{false}; // the system calls the handler on a thread of its own
+// The system calls the handler on a thread of its own.
+std::atomic<bool> interrupt_seen{false}, was_interrupted{false}, waits_for_line{false};
 
 UINT code_page_before = 0;
 
 BOOL WINAPI note_interrupt(DWORD kind) {
     if (kind != CTRL_C_EVENT) return FALSE;
+    if (was_interrupted.exchange(true) && !waits_for_line) return FALSE; // the system ends the program
     interrupt_seen = true;
     return TRUE;
 }
@@ -70,7 +72,7 @@ bool termination_requested() { return false; }
 int stop_status() { return 130; }
 
 process_terminal::process_terminal() {
-    interrupt_seen = false;
+    interrupt_seen = was_interrupted = false;
     code_page_before = ::GetConsoleOutputCP();
     ::SetConsoleOutputCP(CP_UTF8); // for the program's results, which it writes itself
     ::SetConsoleCtrlHandler(&note_interrupt, TRUE);
@@ -109,10 +111,17 @@ void process_terminal::write(std::string_view text) {
 // A file or a pipe gives the bytes of UTF-8, a keyboard gives wide characters.
 line_result process_terminal::read_line(std::string& line) {
     line.clear();
-    if (!is_console(STD_INPUT_HANDLE)) return take_line<char>(&::ReadFile, line);
-    wide_string text;
-    const line_result result = take_line<char16_t>(&::ReadConsoleW, text);
-    line = to_utf8(text);
+    waits_for_line = true;
+    line_result result = line_result::ended;
+    if (is_console(STD_INPUT_HANDLE)) {
+        wide_string text;
+        result = take_line<char16_t>(&::ReadConsoleW, text);
+        line = to_utf8(text);
+    } else {
+        result = take_line<char>(&::ReadFile, line);
+    }
+    waits_for_line = false;
+    if (result == line_result::read) was_interrupted = false;
     return result;
 }
 

@@ -145,6 +145,8 @@ vs_any* tuple_get_element(vs_tuple* tuple, uint32_t index) {
 void vs_datasource_open(vs_interface_pointer* out, const char16_t* source, vs_data* data) {
     if (!out) return;
     *out = guarded([&]() -> vs_interface_pointer {
+        const auto& stops_reading = vestra::shell::settings().stops_reading;
+        if (stops_reading && stops_reading()) return {};
         vestra::files::file_error error;
         const auto opened = vestra::datasets::open_source(text_of(source), to_model(data), &error);
         if (!error.reason.empty()) vestra::shell::settings().refused_reads.add(std::move(error));

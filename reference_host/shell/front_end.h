@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <optional>
 #include <unordered_map>
 
@@ -35,6 +36,10 @@ struct host_settings {
     std::uint32_t language_offset = 0;       // in the string tables: 0 base language, 50000 English
     bool invert_layers = false;              // people see the layers of a group in the reverse of their order
     vestra::project* open_project = nullptr; // not owned; null when none is open
+
+    // True while what is read is not wanted any more: data sets are then answered as if they could not be
+    // opened. Empty if they always are.
+    std::function<bool()> stops_reading;
 
     // Why the last project or scene file that was asked for was refused; nothing if it was read.
     std::optional<files::file_error> read_error;

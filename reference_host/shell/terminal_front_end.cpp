@@ -100,7 +100,7 @@ answer terminal_front_end::yes_no_cancel(wide_view text) { return ask(text, true
 answer terminal_front_end::ask(wide_view question, bool with_cancel) {
     if (!terminal_.asks()) return answer::no;
 
-    const answer none = with_cancel ? answer::cancel : answer::no;
+    const answer at_end = with_cancel ? answer::cancel : answer::no;
     terminal_.forget_interrupt(); // the click that led here is known; the next one is an answer
     print(question);
     for (;;) {
@@ -112,8 +112,10 @@ answer terminal_front_end::ask(wide_view question, bool with_cancel) {
             continue;
         }
         terminal_.write("\n");
-        terminal_.forget_interrupt();
-        return none;
+        if (result == platform::line_result::ended) return at_end;
+        // Ctrl-C stops. Where that is not the question, it is left for whoever polls next.
+        if (with_cancel) terminal_.forget_interrupt();
+        return answer::no;
     }
 }
 

@@ -4,11 +4,15 @@
 #include <sys/file.h>
 #include <sys/inotify.h>
 #include <sys/stat.h>
+#include <sys/wait.h>
 #include <unistd.h>
+
+#include <csignal>
 
 #include "platform/posix/descriptor.h"
 #include "platform/posix/volumes.h"
 #include "platform/system.h"
+#include "platform/terminal.h"
 #include "platform/text.h"
 #include "tests/support/temporary_folder.h"
 
@@ -201,6 +205,20 @@ TEST_F(posix_files, a_file_that_another_program_holds_is_told_from_one_that_is_l
     }
     EXPECT_EQ(folder.read(u"log.txt"), "x");
     EXPECT_TRUE(files.open(path, access::read_write, disposition::open_existing, opened));
+}
+
+TEST(posix_terminal, a_second_ctrl_c_ends_the_program) {
+    const pid_t child = ::fork();
+    if (child == 0) {
+        process_terminal screen;
+        ::raise(SIGINT);
+        if (!screen.interrupted()) ::_exit(1);
+        ::raise(SIGINT);
+        ::_exit(2);
+    }
+    int status = 0;
+    ::waitpid(child, &status, 0);
+    EXPECT_TRUE(WIFEXITED(status) && WEXITSTATUS(status) == 130) << status;
 }
 
 } // namespace
