@@ -4,6 +4,7 @@
 #include <unordered_map>
 #include <unordered_set>
 
+#include "apps/vestra_resave/folder_files.h"
 #include "apps/vestra_resave/verification.h"
 #include "operations/project_context.h"
 #include "operations/run/path_files.h"
@@ -26,36 +27,6 @@ constexpr wide_view known_endings[] = {u"aih", u"ain", u"atx",     u"aux", u"aux
                                        u"sbx", u"sld", u"shp.xml", u"stx", u"vat.dbf", u"wld", u"xsd"};
 // Indexes of one field, whose name is in front.
 constexpr wide_view field_indexes[] = {u".atx", u".ixs", u".mxs"};
-
-// The names of the files of one folder.
-class folder_files {
-public:
-    explicit folder_files(const wide_string& folder) {
-        for (auto& entry : platform::entries_or_none(platform::operating_system(), folder)) {
-            if (entry.is_folder) continue;
-            const wide_string name = folded(entry.name);
-            for (size_t dot = name.find(u'.'); dot != wide_string::npos; dot = name.find(u'.', dot + 1))
-                by_beginning_[name.substr(0, dot)].push_back(entry.name);
-            spellings_.try_emplace(name, std::move(entry.name));
-        }
-    }
-
-    // Those that begin with this text and a dot; in any letter case.
-    const std::vector<wide_string>& beginning_with(const wide_string& text) const {
-        static const std::vector<wide_string> none;
-        const auto row = by_beginning_.find(folded(text));
-        return row == by_beginning_.end() ? none : row->second;
-    }
-    // The spelling of a name; null if there is no such file.
-    const wide_string* find(const wide_string& name) const {
-        const auto row = spellings_.find(folded(name));
-        return row == spellings_.end() ? nullptr : &row->second;
-    }
-
-private:
-    std::unordered_map<wide_string, std::vector<wide_string>> by_beginning_;
-    std::unordered_map<wide_string, wide_string> spellings_;
-};
 
 bool is_same_content(const wide_string& source, const wide_string& target) {
     const placed_file pair{source, target};
@@ -83,7 +54,7 @@ public:
         if (copy.old_path.empty() || path_extension(copy.old_path).starts_with(u"._")) return;
         if (!path_exists(copy.new_path)) return;
         const wide_string head = path_head(copy.old_path), new_head = path_head(copy.new_path);
-        const folder_files& files = files_of(head);
+        const folder_files& files = folders_.files_of(head);
         const wide_string name = path_file_name(copy.old_path), stem = path_stem(copy.old_path);
         const wide_string new_name = path_file_name(copy.new_path), new_stem = path_stem(copy.new_path);
         const auto bring_behind = [&](const wide_string& found, size_t length, const wide_string& begins) {
@@ -105,10 +76,6 @@ public:
     }
 
 private:
-    const folder_files& files_of(const wide_string& folder) {
-        return folders_.try_emplace(path_key(folder), folder).first->second;
-    }
-
     bool is_placed(const wide_string& path) const { return placed_sources_.contains(path_key(path)); }
 
     // A file that has the whole name of another one in front can be its description.
@@ -161,10 +128,10 @@ private:
 
     run_state& run_;
     const companion_choice which_;
-    std::unordered_set<wide_string> placed_sources_;        // path keys
-    std::unordered_map<wide_string, wide_string> sources_;  // path keys, by that of the target
-    std::unordered_map<wide_string, folder_files> folders_; // those of sources
-    std::unordered_set<wide_string> seen_;                  // pairs of old and new place without extension
+    std::unordered_set<wide_string> placed_sources_;       // path keys
+    std::unordered_map<wide_string, wide_string> sources_; // path keys, by that of the target
+    listed_folders folders_;
+    std::unordered_set<wide_string> seen_; // pairs of old and new place without extension
 };
 
 } // namespace

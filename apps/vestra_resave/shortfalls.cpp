@@ -2,16 +2,14 @@
 
 #include <algorithm>
 
+#include "apps/vestra_resave/folder_files.h"
 #include "apps/vestra_resave/session.h"
 #include "operations/project_context.h"
 #include "platform/path_text.h"
-#include "platform/system.h"
-#include "platform/text.h"
 
 namespace vestra::command {
 
 using namespace vs::project_resave;
-using platform::folded;
 
 source_elements::source_elements(project_context& context) {
     for (const element& each : elements_of(context)) add(each, {}, false, context.selection);
@@ -55,27 +53,13 @@ public:
 
     void add_to(resave_report& report, const wide_string& copied) {
         const wide_string head = path_head(copied);
-        for (const wide_string& name : names_in(head)[folded(path_stem(copied))])
+        for (const wide_string& name : folders_.files_of(head).beginning_with(path_stem(copied)))
             if (taken_.insert(path_key(head + name)).second)
                 add(report, {own_kind::left_behind, {}, head + name, {}, u"it is next to " + copied});
     }
 
 private:
-    using names_by_beginning = std::unordered_map<wide_string, std::vector<wide_string>>;
-
-    // A name is entered under all that is before one of its dots.
-    names_by_beginning& names_in(const wide_string& folder) {
-        const auto [row, is_new] = folders_.try_emplace(path_key(folder));
-        if (!is_new) return row->second;
-        for (const auto& entry : platform::entries_or_none(platform::operating_system(), folder)) {
-            const wide_string name = entry.is_folder ? wide_string() : folded(entry.name);
-            for (size_t dot = name.find(u'.'); dot != wide_string::npos; dot = name.find(u'.', dot + 1))
-                row->second[name.substr(0, dot)].push_back(entry.name);
-        }
-        return row->second;
-    }
-
-    std::unordered_map<wide_string, names_by_beginning> folders_;
+    listed_folders folders_;
     std::unordered_set<wide_string> taken_; // path keys of what is copied, or was to be, or is reported
 };
 

@@ -17,7 +17,7 @@ protected:
             run_panel();
             for (const structure folders :
                  {by_type, from_common_top, from_project_folder, project_tree_else_type, folder_per_scene})
-                for (const size_t poll : {0U, 2U, 7U}) resave_here(folder, folders, poll);
+                for (const size_t poll : {0U, 5U}) resave_here(folder, folders, poll);
         }
     }
 
