@@ -111,7 +111,7 @@ TEST(terminal_front_end, questions_go_to_the_person_and_without_one_mean_no) {
         {"in the base language", u"Stop?", {"Да", "да"}, answer::yes, true, true},
         {"asked until it is understood", u"Stop?", {"perhaps", "", "no", "n"}, answer::no, true, false},
         {"cancel is no answer to yes or no", u"Stop?", {"c", "c", "y"}, answer::cancel, true, true},
-        {"a second Ctrl-C", u"Stop?", {"^C", "^C"}, answer::cancel, true, false},
+        {"a second Ctrl-C stops, and keeps", u"Stop?", {"^C", "^C"}, answer::no, true, false},
         {"end of the input", u"Stop?", {}, answer::cancel, true, false},
         {"nobody there", u"Stop?", {"y", "y"}, answer::no, false, false},
     };
