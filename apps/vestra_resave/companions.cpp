@@ -65,7 +65,7 @@ public:
         // Of a shape file's table the rest belongs to the shape file.
         if (folded(path_extension(copy.old_path)) == u".dbf") return;
         for (const wide_string& ending : world_endings(path_extension(copy.old_path)))
-            if (const wide_string* found = files.find(stem + u'.' + ending))
+            if (const wide_string* found = files.find(path_replace_extension(stem + u'.', ending)))
                 bring_behind(*found, stem.size(), new_stem);
         if (!seen_.insert(path_key(head + stem) + u'|' + path_key(new_head + new_stem)).second) return;
         const std::vector<wide_string>& near = files.beginning_with(stem);

@@ -90,9 +90,8 @@ data_set_files files_of_data_set(const wide_string& path) {
     for (wide_string& file : listed) all.files.push_back({std::move(file)});
     // One file under one name: what comes first knows more of it.
     std::ranges::stable_sort(all.files, {}, [](const auto& each) { return path_key(each.path); });
-    const auto rest =
-        std::ranges::unique(all.files, {}, [](const auto& each) { return path_key(each.path); });
-    all.files.erase(rest.begin(), rest.end());
+    const auto is_same = [](const auto& one, const auto& other) { return path_same(one.path, other.path); };
+    all.files.erase(std::unique(all.files.begin(), all.files.end(), is_same), all.files.end());
     std::erase_if(all.files, [&](const auto& each) { return path_same(each.path, path); });
     return all;
 }

@@ -162,8 +162,8 @@ bool is_notice(const problem& found) {
 
 wide_string as_on_disk(const wide_string& path) {
     if (path.find_last_of(path_separators) == wide_string::npos) return path; // as "N:name"
-    const wide_string whole = path_normalise(path), head = path_head(whole);
-    wide_string spelled;
+    wide_string whole = path_normalise(path), spelled;
+    const wide_string head = path_head(whole);
     if (true_case_path(whole, spelled)) return spelled;
     if (head.empty() || whole.size() <= path_fixed_length(whole)) return whole;
     return path_join(as_on_disk(head), path_file_name(whole));
