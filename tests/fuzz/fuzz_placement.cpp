@@ -4,6 +4,7 @@
 #include <set>
 
 #include "framework/resources/strings.h"
+#include "host/vsk_basic.h"
 #include "logs/log_file.h"
 #include "operations/run/path_files.h"
 #include "operations/run/path_placement.h"
@@ -17,6 +18,8 @@
 namespace vs::project_resave {
 wide_string load_string(int32_t) { return u"_log.txt"; }
 } // namespace vs::project_resave
+uint32_t vs_wstrings_get_size(const vs_wstrings*) { return 0; }
+const char16_t* vs_wstrings_get_str(const vs_wstrings*, uint32_t) { return u""; }
 
 using namespace vs::project_resave;
 
