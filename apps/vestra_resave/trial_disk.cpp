@@ -66,8 +66,8 @@ outcome trial_disk::has_folder(const wide_string& path) {
         if (kind_of(folder) == entry_kind::none) continue;
         const entry* found = known(folder);
         if (found && found->kind == entry_kind::folder) break;
-        const outcome listed = real_.list(found ? found->source : folder, none);
-        return listed ? failure::missing : listed;
+        if (const outcome listed = real_.list(found ? found->source : folder, none); !listed) return listed;
+        break;
     }
     const outcome listed = real_.list(folder_of(path), none);
     return listed ? failure::missing : listed;
