@@ -69,8 +69,10 @@ outcome trial_disk::has_folder(const wide_string& path) {
         if (const outcome listed = real_.list(found ? found->source : folder, none); !listed) return listed;
         break;
     }
-    const outcome listed = real_.list(folder_of(path), none);
-    return listed ? failure::missing : listed;
+    std::unique_ptr<platform::file> nothing;
+    const outcome opened =
+        real_.open(path, platform::access::read, platform::disposition::open_existing, nothing);
+    return opened ? failure::missing : opened;
 }
 
 // Also where nothing can be opened but the name is taken, by a broken link for one.

@@ -113,7 +113,9 @@ wide_string path_placement::new_path(const wide_string& source) {
     if (options->lower_case) platform::lower_in_place(result);
     const wide_string wanted = result;
     result = beside_data_sets(result);
-    const bool is_folder_taken = has_own_folder(result) && path_exists(path_head(result));
+    const bool is_folder_taken =
+        has_own_folder(result) &&
+        !platform::entries_or_none(platform::current_system(), path_head(result)).empty();
     if (is_folder_taken || is_taken(result)) result = resolve_conflict(result, source);
     if (result != wanted) {
         log->file_renamed(source, result);
