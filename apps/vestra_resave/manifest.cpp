@@ -12,6 +12,7 @@
 #include "platform/path_text.h"
 #include "platform/system.h"
 #include "platform/text.h"
+#include "reference_host/files/files.h"
 
 namespace vestra::command {
 
@@ -71,12 +72,8 @@ public:
     platform::outcome write(const wide_string& project, const wide_string& path) const {
         const ordered_json all{{"project", platform::to_utf8(path_file_name(project))}, {"files", files_}};
         const std::string text = all.dump(2) + '\n';
-        std::unique_ptr<platform::file> file;
-        platform::outcome result = platform::current_system().open(
-            path, platform::access::read_write, platform::disposition::create_always, file);
-        if (result) result = file->write(text.data(), text.size());
-        const platform::outcome closed = file ? file->close() : platform::outcome();
-        return result ? closed : result;
+        return files::replace_file(
+            path, [&](platform::file& file) { return file.write(text.data(), text.size()); });
     }
 
     std::vector<problem> unread;

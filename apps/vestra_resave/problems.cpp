@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <iostream>
 #include <nlohmann/json.hpp>
-#include <set>
 #include <unordered_set>
 
 #include "apps/vestra_resave/resave_report.h"
@@ -118,16 +117,22 @@ problem problem_of(const fact& fact) {
 
 std::vector<problem> problems_of(const run_state& run) {
     std::vector<problem> all;
-    std::set<std::string> told; // one file of one element is tried twice where two rules name it
+    std::unordered_set<wide_string> known; // one file of one element is tried twice where two rules name it
     for (const fact& each : run.report.facts()) {
         problem found = problem_of(each);
         if (each.kind == fact_kind::copy_failed) found.reason = reason_of(found.reason, found.new_path);
         if (found.reason.empty()) found.reason = reason_of_host(each);
-        if (told.insert(json_of(found).dump()).second) all.push_back(std::move(found));
+        if (known.insert(key_of(found) + u'\n' + found.new_path + u'\n' + found.reason).second)
+            all.push_back(std::move(found));
     }
     if (run.report.incomplete)
         all.push_back({name_of(fact_kind::exception_caught), {}, {}, {}, u"too little memory to report"});
     return all;
+}
+
+wide_string key_of(const problem& found) {
+    return platform::from_utf8(found.kind) + u'\n' + found.element.uuid + u'\n' + found.element.caption +
+           u'\n' + path_key(found.path);
 }
 
 void add_misplaced(const run_state& run, std::vector<problem>& all) {

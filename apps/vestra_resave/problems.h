@@ -87,6 +87,8 @@ wide_string reason_of(const wide_string& reason, const wide_string& path);
 wide_string read_error_of(const wide_string& path);
 // The facts of the last run, what the host could not read or write among them with its reason.
 std::vector<problem> problems_of(const vs::project_resave::run_state& run);
+// A text that is equal for problems of one kind, of one element, with one source file.
+wide_string key_of(const problem& found);
 // Adds the files of a resave that are entered as made and do not exist, and those outside the new project's
 // folder. After a stop what was made may have been erased again, so nothing is added.
 void add_misplaced(const vs::project_resave::run_state& run, std::vector<problem>& all);

@@ -89,14 +89,11 @@ std::optional<refusal> session::load(const wide_string& path, bool show_wait, bo
 
 std::vector<problem> session::problems() const {
     std::vector<problem> all = problems_of(*context_);
-    const auto is_reported = [&](const problem& found) {
-        return std::ranges::any_of(all, [&](const problem& other) {
-            return other.kind == found.kind && path_same(other.path, found.path) &&
-                   other.element.uuid == found.element.uuid;
-        });
-    };
+    std::unordered_set<wide_string> reported;
+    for (const problem& each : all) reported.insert(key_of(each));
     std::vector<problem> earlier;
-    std::ranges::remove_copy_if(load_problems_, std::back_inserter(earlier), is_reported);
+    std::ranges::remove_copy_if(load_problems_, std::back_inserter(earlier),
+                                [&](const problem& each) { return reported.contains(key_of(each)); });
     all.insert(all.begin(), earlier.begin(), earlier.end());
     return all;
 }

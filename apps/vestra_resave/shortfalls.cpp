@@ -141,14 +141,10 @@ void add_dropped(const source_elements& source, project_context& context, const 
 
 // The problems of loading the new project, but for those of the source that it still has.
 void add_load_problems(const std::vector<problem>& all, resave_report& report) {
-    for (const problem& each : all) {
-        const bool is_known = each.kind == own_kind::unreadable || // the walk finds it, too
-                              std::ranges::any_of(report.problems, [&](const problem& other) {
-                                  return other.kind == each.kind && other.element.uuid == each.element.uuid &&
-                                         path_same(other.path, each.path);
-                              });
-        if (!is_known) add(report, each);
-    }
+    std::unordered_set<wide_string> known;
+    for (const problem& each : report.problems) known.insert(key_of(each));
+    for (const problem& each : all) // what cannot be read the walk finds, too
+        if (each.kind != own_kind::unreadable && !known.contains(key_of(each))) add(report, each);
 }
 
 } // namespace

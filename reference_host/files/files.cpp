@@ -71,33 +71,12 @@ platform::outcome create_beside(const wide_string& path, wide_string& fresh,
     return opened;
 }
 
-platform::outcome write_document(platform::file& file, const pugi::xml_document& document) {
-    file_sink sink(file);
-    document.save(sink, "  ", pugi::format_default, pugi::encoding_utf8);
-    const platform::outcome closed = file.close();
-    return sink.result() ? closed : sink.result();
-}
-
 // A device, a pipe or a link that leads nowhere has a name, but is no file.
 bool is_no_file(const wide_string& path) {
     platform::system& disk = platform::current_system();
     wide_string name;
     return disk.kind_of(path) == platform::entry_kind::none &&
            disk.true_name(folder_of_file(path), path_file_name(path), name);
-}
-
-std::optional<file_error> replace_file(const wide_string& path, const pugi::xml_document& document) {
-    if (is_no_file(path)) return file_error{path, 0, u"is a device, a pipe or a link that leads nowhere"};
-    wide_string fresh;
-    std::unique_ptr<platform::file> file;
-    platform::outcome result = create_beside(path, fresh, file);
-    if (!result) return file_error{path, 0, result.text()};
-    result = write_document(*file, document);
-    file.reset();
-    if (result) result = platform::current_system().rename_over(fresh, path);
-    if (result) return std::nullopt;
-    platform::current_system().delete_file(fresh);
-    return file_error{path, 0, result.text()};
 }
 
 // Finishes the document that the writer filled and puts it on the disk.
@@ -107,10 +86,32 @@ std::optional<file_error> save(const wide_string& path, const pugi::xml_document
     if (writer.refused()) return file_error{path, 0, *writer.refused()};
     if (const auto found = first_fault(document.document_element()))
         return file_error{path, 0, found->reason};
-    return replace_file(path, document);
+    const platform::outcome replaced = replace_file(path, [&](platform::file& file) {
+        file_sink sink(file);
+        document.save(sink, "  ", pugi::format_default, pugi::encoding_utf8);
+        return sink.result();
+    });
+    return replaced ? std::nullopt : std::optional(file_error{path, 0, replaced.text()});
 }
 
 } // namespace
+
+platform::outcome replace_file(const wide_string& path,
+                               const std::function<platform::outcome(platform::file&)>& write) {
+    if (is_no_file(path))
+        return platform::outcome::because(u"is a device, a pipe or a link that leads nowhere");
+    wide_string fresh;
+    std::unique_ptr<platform::file> file;
+    platform::outcome result = create_beside(path, fresh, file);
+    if (!result) return result;
+    result = write(*file);
+    const platform::outcome closed = file->close();
+    if (result) result = closed;
+    file.reset();
+    if (result) result = platform::current_system().rename_over(fresh, path);
+    if (!result) platform::current_system().delete_file(fresh);
+    return result;
+}
 
 std::optional<file_error> read_project(const wide_string& path, project& out, wide_view folder) {
     input in(path, "project");

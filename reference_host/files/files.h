@@ -7,9 +7,11 @@
 // after a failure the target is as it was before and nothing else is left.
 #pragma once
 
+#include <functional>
 #include <memory>
 #include <optional>
 
+#include "platform/system.h"
 #include "reference_host/files/file_error.h"
 #include "reference_host/model/project.h"
 
@@ -25,6 +27,12 @@ std::optional<file_error> read_scene(const wide_string& path, scene& out, wide_v
 // `out` becomes a new layer.
 std::optional<file_error> read_layer(const wide_string& path, dimension kind, std::unique_ptr<layer>& out,
                                      wide_view folder = {});
+
+// Has `write` fill a new file beside the path, which then takes its place in one step: whatever fails, the
+// file that was there is whole, and nothing else is left. Fails for what is no file, such as a pipe.
+vs::project_resave::platform::outcome replace_file(
+    const wide_string& path,
+    const std::function<vs::project_resave::platform::outcome(vs::project_resave::platform::file&)>& write);
 
 // Refused are an object in which two entities have one uuid, and what would nest too deep or be too large to
 // be read again. A parent that is not in the file itself is left out.
