@@ -31,7 +31,7 @@
 #include "platform/volumes.h"
 #include "reference_host/files/files.h"
 #include "reference_host/shell/front_end.h"
-#include "tests/support/forwarding_system.h"
+#include "platform/forwarding_system.h"
 #include "ui/host_questions.h"
 
 namespace {

@@ -12,6 +12,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <memory>
+#include <string>
 #include <vector>
 
 #include "platform/outcome.h"
@@ -26,8 +27,10 @@ enum class disposition { open_existing, create_always, create_new };
 // What exists under a path.
 struct entry_status {
     entry_kind kind = entry_kind::none;
-    uint64_t bytes = 0;  // the size of a file, 0 for anything else
-    outcome reason = {}; // why the kind is `none`: missing, denied, a device; success for any other kind
+    uint64_t bytes = 0;   // the size of a file, 0 for anything else
+    outcome reason = {};  // why the kind is `none`: missing, denied, a device; success for any other kind
+    int64_t modified = 0; // when a file was last written, in nanoseconds since 1970 (UTC), as exactly as the
+                          // disk keeps it; 0 for anything else
 };
 
 // What a path leads to, whatever its spelling. Equal exactly for paths to the same file or folder; nothing
@@ -96,7 +99,8 @@ public:
     // file system has them. Fails if the target exists, also in another letter case, unless `replace`, and
     // if the source changes while it is read. After a failure there is no new target, and one that was to be
     // replaced is as before. On POSIX holes of a sparse file stay holes, and blocks are shared where the
-    // file system can.
+    // file system can. There the target gets its name once it is complete, unless the file system has no
+    // files without a name; elsewhere a program that is killed can leave a half one.
     virtual outcome copy_file(const wide_string& source, const wide_string& target, bool replace) = 0;
     // Removes a file, read-only too, or a link but not its target; fails for a folder.
     virtual outcome delete_file(const wide_string& path) = 0;
@@ -132,7 +136,19 @@ public:
     virtual void pause_1ms() = 0;
     // Sets `bytes` to what the user can still write on the volume of `folder`; unchanged on failure.
     virtual outcome free_space(const wide_string& folder, uint64_t& bytes) = 0;
+
+    // Returns when a file was created, in nanoseconds since 1970 (UTC); 0 if the disk does not keep it. A
+    // copy is created later than its content was written.
+    virtual int64_t creation_time(const wide_string& path) = 0;
+    // Waits until the disk has what was written to a file, or the names in a folder.
+    virtual outcome flush(const wide_string& path) = 0;
+    // The same for all that was written on the volume of `folder`. Fails where only an administrator may.
+    virtual outcome flush_volume(const wide_string& folder) = 0;
 };
+
+// Returns a text that changes when the computer starts anew: until then it keeps what was written, whether
+// the disk has it or not. Empty if it is unknown.
+std::string boot_identity();
 
 // Returns the target's own system, never an override.
 system& operating_system();

@@ -16,7 +16,7 @@ namespace {
 // The words whose meaning is known when all of the line is.
 struct words {
     std::string structure = "by-type", conflict = "rename", companions = "known", referenced, on_stop;
-    bool without_project_file = false, dry_run = false;
+    bool without_project_file = false, dry_run = false, resume = false, update = false;
     std::string indent = "tab", if_exists = "new-name";
 };
 
@@ -140,6 +140,30 @@ constexpr const char* about_structures =
     "                          correlation sheets are dropped, and the files of wells stay where they "
     "are\n\n";
 
+// What the places and the content of the copies depend on, as a person has chosen it.
+std::vector<std::pair<std::string, std::string>> choices_of(const resave_request& request,
+                                                            const words& words) {
+    const auto yes_or_no = [](bool is_set) { return std::string(is_set ? "yes" : "no"); };
+    const auto list = [](const std::vector<std::string>& names) {
+        std::string text;
+        for (const std::string& name : names) text += '"' + name + "\" ";
+        return text.empty() ? "none" : text.substr(0, text.size() - 1);
+    };
+    const resave_settings& settings = request.settings;
+    return {{"--structure", words.structure},
+            {"--on-conflict", words.conflict},
+            {"--companions", words.companions},
+            {"--add-referenced", words.referenced.empty() ? "no" : words.referenced},
+            {"--delete-lost", yes_or_no(settings.delete_lost_sources)},
+            {"--scene-files", yes_or_no(settings.save_scene_files)},
+            {"--layer-files", yes_or_no(settings.save_layer_files)},
+            {"--lowercase", yes_or_no(settings.lower_case)},
+            {"--log", yes_or_no(settings.write_log)},
+            {"--without-project-file", yes_or_no(words.without_project_file)},
+            {"--only", list(request.selection.only)},
+            {"--deselect", list(request.selection.deselect)}};
+}
+
 void add_resave(CLI::App& app, command_line& line, words& words) {
     resave_request& request = line.resave;
     CLI::App* command =
@@ -163,6 +187,15 @@ void add_resave(CLI::App& app, command_line& line, words& words) {
     command->add_flag("--ignore-space", request.ignore_space,
                       "Start although the files seem to need more space than is free, as sparse files do");
     command->add_flag("--files", request.list_files, "Print what went where");
+    CLI::Option* resumes =
+        command->add_flag("--resume", words.resume,
+                          "Go on with a resave to NEW_PROJECT that broke off; the options must be the same");
+    CLI::Option* updates =
+        command->add_flag("--update", words.update,
+                          "Bring an earlier copy up to date: copy what is new or changed, keep the rest");
+    updates->excludes(resumes);
+    command->add_flag("--prune", request.prune, "With --update: remove what nothing refers to any more")
+        ->needs(updates);
     CLI::Option* verifies =
         command->add_flag("--verify", request.verify, "Compare each copy with its source, byte by byte");
     CLI::Option* lists =
@@ -177,6 +210,8 @@ void add_resave(CLI::App& app, command_line& line, words& words) {
                     "3 not saved, 130 "
                     "interrupted");
     command->callback([&] {
+        request.mode = words.resume ? run_mode::resume : words.update ? run_mode::update : run_mode::anew;
+        request.choices = choices_of(request, words);
         request.settings.structure_variant = structures.at(words.structure);
         request.companions = companion_choices.at(words.companions);
         request.settings.rename_on_conflict = words.conflict == "rename";

@@ -4,8 +4,11 @@
 
 #include <optional>
 #include <string>
+#include <utility>
+#include <vector>
 
 #include "apps/vestra_resave/companions.h"
+#include "apps/vestra_resave/continuation.h"
 #include "apps/vestra_resave/selection.h"
 #include "apps/vestra_resave/session.h"
 #include "apps/vestra_resave/terminal_host.h"
@@ -43,7 +46,11 @@ struct resave_request {
     bool verify = false;               // check the new project once it is saved
     bool overwrite = false;            // replace a project that exists at `new_project`
     bool allow_missing_drives = false; // files on drives that do not exist are lost, else nothing starts
-    bool ignore_space = false;         // start also where the files seem to need more space than there is
+    run_mode mode = run_mode::anew;
+    bool prune = false; // with an update: remove what nothing refers to any more
+    std::vector<std::pair<std::string, std::string>>
+        choices;               // options and values on which the result depends
+    bool ignore_space = false; // start also where the files seem to need more space than there is
     decided_answers answers;
     selection_request selection;
 };

@@ -5,6 +5,7 @@
 #include <nlohmann/json.hpp>
 #include <unordered_set>
 
+#include "apps/vestra_resave/continuation.h"
 #include "apps/vestra_resave/file_content.h"
 #include "apps/vestra_resave/verification.h"
 #include "operations/run/path_files.h"
@@ -22,25 +23,37 @@ using platform::entry_kind;
 
 namespace {
 
-// Nothing if it is no manifest.
-struct entry {
-    wide_string path;
-    uint64_t bytes = 0;
-    std::string sha256;
-};
-std::optional<std::vector<entry>> entries_of(const std::string& text, const wide_string& folder) {
-    const auto all = ordered_json::parse(text, nullptr, false);
-    if (!all.is_object() || !all.contains("files") || !all["files"].is_array()) return std::nullopt;
-    std::vector<entry> entries;
-    for (const ordered_json& each : all["files"]) {
+using entry = earlier_file;
+
+// False if one of them is no entry.
+bool add_entries(const ordered_json& list, const wide_string& folder, std::vector<entry>& entries) {
+    for (const ordered_json& each : list) {
         const auto value = [&](const char* key) { return each.value(key, ordered_json()); };
         if (!each.is_object() || !value("path").is_string() || !value("bytes").is_number_unsigned() ||
             !value("sha256").is_string())
-            return std::nullopt;
-        const wide_string path = platform::from_utf8(each["path"].get<std::string>());
-        entries.push_back({path_normalise(path_join(folder, path)), each["bytes"].get<uint64_t>(),
-                           each["sha256"].get<std::string>()});
+            return false;
+        const auto text = [&](const char* key) { return platform::from_utf8(each[key].get<std::string>()); };
+        entry found{.path = path_normalise(path_join(folder, text("path")))};
+        found.bytes = each["bytes"].get<uint64_t>();
+        found.sha256 = each["sha256"].get<std::string>();
+        if (value("modified").is_number_integer()) found.modified = each["modified"].get<int64_t>();
+        if (value("source").is_string()) found.source = text("source");
+        found.state = found.source.empty() ? made_state::written : made_state::copied;
+        entries.push_back(std::move(found));
     }
+    return true;
+}
+
+// Nothing if it is no manifest. With `all` what is no longer referred to, too.
+std::optional<std::vector<entry>> entries_of(const std::string& text, const wide_string& folder, bool all) {
+    const auto manifest = ordered_json::parse(text, nullptr, false);
+    if (!manifest.is_object() || !manifest.contains("files") || !manifest["files"].is_array())
+        return std::nullopt;
+    std::vector<entry> entries;
+    if (!add_entries(manifest["files"], folder, entries)) return std::nullopt;
+    const auto left = manifest.find("unreferenced");
+    if (all && left != manifest.end() && left->is_array() && !add_entries(*left, folder, entries))
+        return std::nullopt;
     return entries;
 }
 
@@ -58,9 +71,13 @@ bool is_scene_file(const wide_string& path) {
 // Collects the entries of a saved project.
 class manifest_writer {
 public:
-    manifest_writer(const run_state& run, const std::function<bool()>& is_stopped)
-        : folder_(run.placement.new_folder), below_(path_key(folder_) + u'\\'), is_stopped_(is_stopped) {
+    manifest_writer(const run_state& run, continuation& earlier, const std::function<bool()>& is_stopped)
+        : folder_(run.placement.new_folder), below_(path_key(folder_) + u'\\'), earlier_(earlier.disk()),
+          is_stopped_(is_stopped) {
         seen_.insert(path_key(run.placement.log_path)); // lines may still be added to it
+        for (const continued_disk::row* each : earlier.unreferenced())
+            if (!each->file->sha256.empty() && !earlier.removes_unreferenced())
+                left_.push_back(json_of(*each->file));
     }
 
     void add_all(const path_placement& placement) {
@@ -70,8 +87,11 @@ public:
     }
 
     platform::outcome write(const wide_string& project, const wide_string& path) const {
-        const ordered_json all{{"project", platform::to_utf8(path_file_name(project))}, {"files", files_}};
+        ordered_json all{{"project", platform::to_utf8(path_file_name(project))}, {"files", files_}};
+        if (!left_.empty()) all["unreferenced"] = left_;
         const std::string text = all.dump(2) + '\n';
+        std::string older;
+        if (read_text(path, older) && older == text) return {};
         return files::replace_file(
             path, [&](platform::file& file) { return file.write(text.data(), text.size()); });
     }
@@ -85,13 +105,29 @@ private:
         const entry_kind kind = platform::current_system().kind_of(path);
         if (kind == entry_kind::folder) return add_folder(source, path);
         if (kind == entry_kind::none) return; // a copy that failed is a problem already
-        file_digest digest;
-        const bool is_written = source.empty() || is_scene_file(path);
-        const platform::outcome read = read_digest(is_written ? path : source, is_stopped_, digest);
-        if (!read) return unread.push_back({own_kind::source_unreadable, {}, source, path, read.text()});
-        std::string name = platform::to_utf8(path_relative(path_with_separator(folder_), path));
+        const platform::entry_status status = platform::current_system().status_of(path);
+        entry made{.path = path, .source = source, .bytes = status.bytes, .modified = status.modified};
+        const earlier_file* const kept = earlier_ ? earlier_->kept_file(path) : nullptr;
+        if (kept && !kept->sha256.empty()) {
+            made.source = kept->source, made.sha256 = kept->sha256;
+        } else {
+            if (source.empty() || is_scene_file(path)) made.source.clear();
+            file_digest digest;
+            const platform::outcome read =
+                read_digest(made.source.empty() ? path : source, is_stopped_, digest);
+            if (!read) return unread.push_back({own_kind::source_unreadable, {}, source, path, read.text()});
+            made.bytes = digest.bytes, made.sha256 = digest.sha256;
+        }
+        files_.push_back(json_of(made));
+    }
+
+    ordered_json json_of(const entry& file) const {
+        std::string name = platform::to_utf8(path_relative(path_with_separator(folder_), file.path));
         std::ranges::replace(name, '\\', '/');
-        files_.push_back({{"path", name}, {"bytes", digest.bytes}, {"sha256", digest.sha256}});
+        ordered_json all{{"path", name}, {"bytes", file.bytes}, {"sha256", file.sha256}};
+        all["modified"] = file.modified;
+        if (!file.source.empty()) all["source"] = platform::to_utf8(file.source);
+        return all;
     }
 
     void add_folder(const wide_string& source, const wide_string& path) {
@@ -101,16 +137,17 @@ private:
     }
 
     const wide_string folder_, below_;
+    const continued_disk* const earlier_; // may be null
     const std::function<bool()>& is_stopped_;
     std::unordered_set<wide_string> seen_; // path keys
-    ordered_json files_ = ordered_json::array();
+    ordered_json files_ = ordered_json::array(), left_ = ordered_json::array();
 };
 
 // True if another file has the name, which is not to be lost.
 bool is_in_the_way(run_state& run, const wide_string& path) {
     if (run.guard.protects(path)) return true;
     std::string text;
-    return path_exists(path) && (!read_text(path, text) || !entries_of(text, {}));
+    return path_exists(path) && (!read_text(path, text) || !entries_of(text, {}, false));
 }
 
 const char* difference_of(const entry& wanted, const std::function<bool()>& is_stopped,
@@ -130,17 +167,26 @@ wide_string manifest_path(const wide_string& project) {
     return path_head(project) + path_stem(project) + u".manifest.json";
 }
 
-std::vector<problem> write_manifest(run_state& run, const std::function<bool()>& is_stopped) {
+std::vector<problem> write_manifest(run_state& run, continuation& earlier,
+                                    const std::function<bool()>& is_stopped) {
     const wide_string& project = run.placement.new_project_path;
     const wide_string path = manifest_path(project);
     if (is_in_the_way(run, path))
         return {{own_kind::not_created, {}, {}, path, u"another file has this name"}};
-    manifest_writer writer(run, is_stopped);
+    manifest_writer writer(run, earlier, is_stopped);
     writer.add_all(run.placement);
     if (is_stopped()) return {{own_kind::not_created, {}, {}, path, u"interrupted"}};
     if (const platform::outcome written = writer.write(project, path); !written)
         writer.unread.push_back({own_kind::not_created, {}, {}, path, written.text()});
     return std::move(writer.unread);
+}
+
+bool read_manifest(const wide_string& project, std::vector<earlier_file>& files) {
+    std::string text;
+    if (!read_text(manifest_path(project), text)) return false;
+    auto entries = entries_of(text, path_head(project), true);
+    if (entries) files = std::move(*entries);
+    return entries.has_value();
 }
 
 std::optional<refusal> compare_with_manifest(const wide_string& project,
@@ -149,7 +195,7 @@ std::optional<refusal> compare_with_manifest(const wide_string& project,
     std::string text;
     if (const platform::outcome read = read_text(path, text); !read)
         return refusal{wrong_use, {{own_kind::unreadable, {}, path, {}, read.text()}}};
-    const auto entries = entries_of(text, path_head(project));
+    const auto entries = entries_of(text, path_head(project), false);
     if (!entries) return refused(path, "is no manifest");
     for (const entry& each : *entries) {
         if (found.stopped = found.stopped || is_stopped(); found.stopped) break;

@@ -11,16 +11,20 @@
 namespace vestra::command {
 
 struct verification;
+struct earlier_file;
+class continuation;
 
 // The path of the manifest that belongs to a project file.
 wide_string manifest_path(const wide_string& project);
 
 // Writes the manifest of a project that the run has just saved; one that exists is replaced, any other file
 // of the name is not. A copied file is entered as its source is now, read once more; what the run wrote
-// itself as it was written, and the log not at all. Returns what could not be read or written; after a stop
-// nothing is written.
-std::vector<problem> write_manifest(vs::project_resave::run_state& run,
+// itself as it was written, and the log not at all. What an earlier run left and nothing refers to is named
+// apart. Returns what could not be read or written; after a stop nothing is written.
+std::vector<problem> write_manifest(vs::project_resave::run_state& run, continuation& earlier,
                                     const std::function<bool()>& is_stopped);
+// Adds what the manifest of a project names; false, and nothing, if there is none that can be read.
+bool read_manifest(const wide_string& project, std::vector<earlier_file>& files);
 
 // Adds to what was found each file of the manifest that is missing or no longer as it was entered. Returns
 // why there is nothing to compare with, if the manifest could not be read.

@@ -50,6 +50,9 @@ constexpr kind_words all_kinds[] = {
     {own_kind::name_too_long, "no file of this name can be created"},
     {own_kind::unportable_name, "has a name that a Windows disk does not take"},
     {own_kind::interrupted, "interrupted"},
+    {own_kind::unreferenced, "is no longer referred to"},
+    {own_kind::pruned, "was no longer referred to, and has been removed"},
+    {own_kind::changed_since, "was changed since the earlier resave, and stays as it is"},
     {own_kind::left_behind, "was left behind"},
     {own_kind::dropped, "is not in the new project"},
     {own_kind::left_alone, "was not copied, as a resave leaves this kind of element alone"},
@@ -162,7 +165,9 @@ std::unordered_set<wide_string> unwritten_keys(const std::vector<problem>& all) 
 }
 
 bool is_notice(const problem& found) {
-    return found.kind == name_of(fact_kind::renamed) || found.kind == name_of(fact_kind::written_over);
+    const std::string_view notices[] = {name_of(fact_kind::renamed), name_of(fact_kind::written_over),
+                                        own_kind::unreferenced, own_kind::pruned, own_kind::changed_since};
+    return std::ranges::find(notices, found.kind) != std::end(notices);
 }
 
 wide_string as_on_disk(const wide_string& path) {

@@ -27,6 +27,10 @@ inline constexpr const char* not_writable = "not_writable";       // the new pro
 inline constexpr const char* name_too_long = "name_too_long";     // for the disk of the new project
 inline constexpr const char* unportable_name = "unportable_name"; // a copy that Windows cannot have
 inline constexpr const char* interrupted = "interrupted";
+// What became of files of an earlier resave.
+inline constexpr const char* unreferenced = "unreferenced"; // nothing refers to it any more
+inline constexpr const char* pruned = "pruned";             // the same, and it was removed
+inline constexpr const char* changed_since = "changed_since";
 // What a resave leaves wanting.
 inline constexpr const char* left_behind = "left_behind"; // a file beside one that was copied
 inline constexpr const char* dropped = "dropped";         // an element that the new project does not have

@@ -79,19 +79,21 @@ std::optional<refusal> refuse_paths(const wide_string& source, const wide_string
     if (auto early = refuse_output(typed)) return early;
     if (request.settings.lower_case)
         if (auto early = refuse_lowered(path_head(target))) return early;
-    if (!path_exists(target)) return std::nullopt;
     vestra::project older;
-    if (const auto fault = files::read_project(target, older))
-        return refused(target, "exists and is no project file: " + one_line(fault->reason));
-    if (!request.overwrite) return refused(target, "exists; with --overwrite it is replaced");
-    return std::nullopt;
+    if (!path_exists(target)) return std::nullopt;
+    const auto fault = files::read_project(target, older);
+    return fault ? std::optional(refused(target, "exists and is no project file: " + one_line(fault->reason)))
+                 : std::nullopt;
 }
 
 // Loads the project and leaves out what is not wanted.
 std::optional<refusal> prepare(session& host, const resave_request& request, const common_options& options,
-                               const wide_string& target) {
+                               continuation& earlier, const wide_string& target) {
     const wide_string source = platform::drive_path(request.project);
     if (auto early = refuse_paths(source, target, request)) return early;
+    if (auto early = earlier.find(host)) return early;
+    if (path_exists(target) && !request.overwrite && !earlier.may_replace_project())
+        return refused(target, "exists; with --overwrite it is replaced");
     if (auto early = host.load(source, !options.quiet, request.load_log)) return early;
     project_context& context = host.context();
     const std::vector<element> elements = elements_of(context);
@@ -111,9 +113,10 @@ struct ended_run {
     std::optional<source_elements> source; // if there was a run
 };
 
-ended_run run(session& host, const resave_request& request, const common_options& options) {
+ended_run run(session& host, const resave_request& request, const common_options& options,
+              continuation& earlier, trial_disk* trial) {
     const wide_string target = platform::drive_path(request.new_project);
-    if (auto early = prepare(host, request, options, target)) return {std::move(early), {}, {}};
+    if (auto early = prepare(host, request, options, earlier, target)) return {std::move(early), {}, {}};
     project_context& context = host.context();
     source_elements source(context);
 
@@ -125,10 +128,14 @@ ended_run run(session& host, const resave_request& request, const common_options
         std::ranges::move(take_back(missing), std::back_inserter(early.problems));
         return {std::move(early), {}, {}};
     }
-    if (auto early = refuse_target(folder, context, !request.ignore_space)) {
+    auto early = earlier.begin(context, trial);
+    if (!early) early = refuse_target(folder, context, !request.ignore_space);
+    if (early) {
+        earlier.abandon();
         std::ranges::move(take_back(missing), std::back_inserter(early->problems));
         return {std::move(early), {}, {}};
     }
+    host.keep_places(earlier.disk());
     resave_settings settings = request.settings;
     settings.output_path = &target;
     shell::settings().refused_writes.clear();
@@ -141,23 +148,31 @@ ended_run run(session& host, const resave_request& request, const common_options
         return each.kind == name_of(fact_kind::type_not_resaved) && source.is_left_out(each.element.uuid);
     });
     add_unportable_names(context, problems);
-    if (context.progress.erase_created) std::ranges::move(take_back(missing), std::back_inserter(problems));
+    if (context.progress.erase_created) {
+        earlier.abandon();
+        std::ranges::move(take_back(missing), std::back_inserter(problems));
+    }
     return {std::nullopt, report_of(context, result, std::move(problems)), std::move(source)};
 }
 
 // The run with all that is said of it; on a trial disk if there is one.
 int resave(session& host, const resave_request& request, const common_options& options, trial_disk* trial) {
-    ended_run ended = run(host, request, options);
+    continuation earlier(request, platform::drive_path(request.project),
+                         platform::drive_path(request.new_project));
+    ended_run ended = run(host, request, options, earlier, trial);
     if (ended.early) return end_with(*ended.early, options);
     resave_report& report = ended.report;
     const wide_string target = as_on_disk(host.context().placement.new_project_path);
     const auto is_written = [&] { return report.exit == done || report.exit == problems; };
-    if (request.manifest && is_written())
-        for (const problem& each : write_manifest(host.context(), [&] { return host.interrupted(); }))
+    if (is_written() && !trial && (request.manifest || earlier.has_manifest()))
+        for (const problem& each :
+             write_manifest(host.context(), earlier, [&] { return host.interrupted(); }))
             add(report, each);
+    earlier.end_files(host.context(), report);
     std::optional<resave_plan> plan;
     if (trial) plan = plan_of(host.context(), *trial, report);
     if (is_written()) add_shortfalls(host, *ended.source, request, report);
+    earlier.end_journal(report);
     print_problems(report);
     if (options.json)
         std::cout << (plan ? json_of(*plan, report) : json_of(report)).dump(2) << '\n';

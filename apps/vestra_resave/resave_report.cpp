@@ -48,6 +48,12 @@ struct summary_count {
     size_t resave_summary::*count;
 };
 constexpr summary_count counts[] = {
+    {"taken over", "taken_over", &resave_summary::taken_over},
+    {"unchanged", "unchanged", &resave_summary::unchanged},
+    {"replaced", "replaced", &resave_summary::replaced},
+    {"no longer referred to", "unreferenced", &resave_summary::unreferenced},
+    {"removed", "pruned", &resave_summary::pruned},
+    {"changed since", "changed_since", &resave_summary::changed_since},
     {"renamed", "renamed", &resave_summary::renamed},
     {"lost", "lost", &resave_summary::lost},
     {"failed", "failed", &resave_summary::failed},
@@ -62,6 +68,9 @@ constexpr summary_count counts[] = {
 size_t resave_summary::*count_of(const problem& found) {
     const std::pair<const char*, size_t resave_summary::*> rows[] = {
         {name_of(fact_kind::renamed), &resave_summary::renamed},
+        {own_kind::unreferenced, &resave_summary::unreferenced},
+        {own_kind::pruned, &resave_summary::pruned},
+        {own_kind::changed_since, &resave_summary::changed_since},
         {name_of(fact_kind::source_lost), &resave_summary::lost},
         {name_of(fact_kind::type_not_resaved), &resave_summary::not_resaved},
         {own_kind::left_behind, &resave_summary::left_behind},
@@ -84,6 +93,9 @@ resave_summary summary_of(const resave_report& report) {
     resave_summary summary;
     summary.files = report.copies.size();
     for (const copied_file& each : report.copies) summary.bytes += each.bytes;
+    summary.taken_over = report.taken_over.size();
+    summary.unchanged = report.unchanged.size();
+    summary.replaced = report.replaced.size();
     for (const problem& each : report.problems)
         if (each.kind != name_of(fact_kind::written_over)) ++(summary.*count_of(each));
     return summary;
@@ -121,19 +133,31 @@ resave_report report_of(const run_state& run, const run_result& result, std::vec
 }
 
 void add(resave_report& report, problem found) {
+    const bool is_wanted = is_notice(found);
     report.problems.push_back(std::move(found));
-    if (report.exit == done) report.exit = problems, report.outcome = "saved with problems";
+    if (!is_wanted && report.exit == done) report.exit = problems, report.outcome = "saved with problems";
 }
 
-ordered_json json_of(const resave_report& report) {
+ordered_json json_of(const std::vector<copied_file>& all) {
     ordered_json files = ordered_json::array();
-    for (const copied_file& file : report.files)
+    for (const copied_file& file : all)
         files.push_back({{"source", platform::to_utf8(file.source)},
                          {"target", platform::to_utf8(file.target)},
                          {"bytes", file.bytes}});
+    return files;
+}
+
+ordered_json json_of(const resave_report& report) {
     const auto view = [&](const char* kind) { return json_of(report.problems, kind); };
     return {{"outcome", report.outcome},
-            {"files", std::move(files)},
+            {"files", json_of(report.files)},
+            {"taken_over", json_of(report.taken_over)},
+            {"unchanged", json_of(report.unchanged)},
+            {"replaced", json_of(report.replaced)},
+            {"unreferenced", view(own_kind::unreferenced)},
+            {"pruned", view(own_kind::pruned)},
+            {"changed_since", view(own_kind::changed_since)},
+            {"resumable", report.resumable},
             {"problems", json_of(report.problems)},
             {"lost_sources", view("source_lost")},
             {"copy_errors", view("copy_failed")},
@@ -160,6 +184,7 @@ void print_problems(const resave_report& report) {
     // What was found in the new project is named by the element that holds the reference.
     for (const problem& each : report.problems)
         if (each.kind != name_of(fact_kind::renamed) && each.holder.empty()) complain(line_of(each));
+    if (report.resumable) complain("--resume goes on where this resave ended");
     verification astray;
     astray.project = report.found.project, astray.astray = report.found.astray;
     for (const std::string& line : lines_of(astray)) complain(line);

@@ -32,14 +32,20 @@ struct resave_report {
     std::string outcome;             // "saved", "saved with problems", "not saved", "stopped"
     std::vector<copied_file> files;  // a folder that was copied whole is one of them
     std::vector<copied_file> copies; // each single file, those in folders too
-    std::vector<problem> problems;   // notices among them; none but notices exactly if it is saved
-    verification found;              // what the new project was found to lack; empty if it was not looked at
+    // Copies that an earlier run made: whole ones of a run that is resumed, and with an update those that are
+    // as their source; then those in whose place a new one is.
+    std::vector<copied_file> taken_over, unchanged, replaced;
+    bool resumable = false;        // the journal stays, and --resume goes on from it
+    std::vector<problem> problems; // notices among them; none but notices exactly if it is saved
+    verification found;            // what the new project was found to lack; empty if it was not looked at
 };
 
 // The closing summary. Every problem counts once, in one of the last seven.
 struct resave_summary {
     size_t files = 0; // copied
     uint64_t bytes = 0;
+    size_t taken_over = 0, unchanged = 0, replaced = 0;
+    size_t unreferenced = 0, pruned = 0, changed_since = 0;
     size_t renamed = 0;
     size_t lost = 0, failed = 0, not_resaved = 0, astray = 0, left_behind = 0, dropped = 0, left_alone = 0;
 };
@@ -48,7 +54,7 @@ resave_summary summary_of(const resave_report& report);
 // Reads what the run left in the context. `problems` are those that the session knows.
 resave_report report_of(const vs::project_resave::run_state& run,
                         const vs::project_resave::run_result& result, std::vector<problem> problems);
-// Adds a problem that came up after the run: a project that was saved is saved with problems then.
+// Adds what came up after the run: a project that was saved is saved with problems then, but for notices.
 void add(resave_report& report, problem found);
 nlohmann::ordered_json json_of(const resave_report& report);
 // Each problem, and each file written over, a line on the error output.

@@ -5,6 +5,7 @@
 #include <map>
 #include <unordered_set>
 
+#include "apps/vestra_resave/continued_disk.h"
 #include "apps/vestra_resave/problems.h"
 #include "apps/vestra_resave/resave_report.h"
 #include "framework/resources/strings.h"
@@ -41,6 +42,10 @@ stop_answer command_questions::on_stop() {
 
 unique_name_answer command_questions::new_name(const wide_string& source, const wide_string& proposed) {
     return show_unique_name_dialog(source, proposed);
+}
+
+wide_string command_questions::kept_place(const wide_string& source, const wide_string& wanted) {
+    return earlier ? earlier->kept_place(source, wanted) : wanted;
 }
 
 // "//a" is a usual spelling of "/a" where there are no shares.

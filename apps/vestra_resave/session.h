@@ -11,6 +11,8 @@
 
 namespace vestra::command {
 
+class continued_disk;
+
 // Answers given beforehand; nothing means that the person is asked.
 struct decided_answers {
     std::optional<bool> add_referenced = std::nullopt;
@@ -29,11 +31,15 @@ public:
     vs::project_resave::stop_answer on_stop() override;
     vs::project_resave::unique_name_answer new_name(const std::u16string& source,
                                                     const std::u16string& proposed) override;
+    wide_string kept_place(const wide_string& source, const wide_string& wanted) override;
     // The process ends with the run.
     bool reopen_source() override { return false; }
     void show_report(const vs::project_resave::run_report&) override {}
     void show_message(int32_t) override {}
     void show_error(int32_t, const wide_string&) override {}
+
+    // What an earlier run made keeps its place; null for nothing. It must outlive the run.
+    continued_disk* earlier = nullptr;
 
 private:
     shell::front_end& person_;
@@ -70,6 +76,8 @@ public:
     std::vector<problem> reading_problems() const;
 
     vs::project_resave::project_context& context() { return *context_; }
+    // See command_questions.
+    void keep_places(continued_disk* earlier) { questions_.earlier = earlier; }
     // Whether Ctrl-C came since the last run ended.
     bool interrupted() { return terminal_.interrupted(); }
 

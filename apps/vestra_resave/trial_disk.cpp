@@ -54,7 +54,7 @@ const trial_disk::entry* trial_disk::known(const wide_string& path) const {
 }
 
 uint64_t trial_disk::bytes_of(const entry& file) const {
-    return file.text ? file.text->size() : real_.file_size(file.source);
+    return file.text ? file.text->size() : real_->file_size(file.source);
 }
 
 // Where a file is in the way, the real disk says what it says of a file that is taken for a folder.
@@ -66,12 +66,12 @@ outcome trial_disk::has_folder(const wide_string& path) {
         if (kind_of(folder) == entry_kind::none) continue;
         const entry* found = known(folder);
         if (found && found->kind == entry_kind::folder) break;
-        if (const outcome listed = real_.list(found ? found->source : folder, none); !listed) return listed;
+        if (const outcome listed = real_->list(found ? found->source : folder, none); !listed) return listed;
         break;
     }
     std::unique_ptr<platform::file> nothing;
     const outcome opened =
-        real_.open(path, platform::access::read, platform::disposition::open_existing, nothing);
+        real_->open(path, platform::access::read, platform::disposition::open_existing, nothing);
     return opened ? failure::missing : opened;
 }
 
@@ -82,7 +82,7 @@ outcome trial_disk::is_free(const wide_string& path) {
     const bool is_taken =
         found ? found->kind != entry_kind::none
               : kind_of(path) != entry_kind::none ||
-                    real_.true_name(folder_of(path), path_file_name(path_normalise(path)), spelling);
+                    real_->true_name(folder_of(path), path_file_name(path_normalise(path)), spelling);
     return is_taken ? failure::taken : outcome();
 }
 
@@ -103,7 +103,7 @@ void trial_disk::put(entry made) {
 
 void trial_disk::take_away(const wide_string& path) {
     const wide_string key = path_key(path);
-    if (real_.kind_of(path) != entry_kind::none) return put({.path = path});
+    if (real_->kind_of(path) != entry_kind::none) return put({.path = path});
     entries_.erase(key);
     inside_[key_of_folder(key)].erase(key);
 }
@@ -119,9 +119,14 @@ std::vector<trial_disk::made_file> trial_disk::made_files() const {
     return files;
 }
 
+bool trial_disk::has_made(const wide_string& path) const {
+    const entry* const found = known(path);
+    return found && found->kind != entry_kind::none;
+}
+
 platform::entry_status trial_disk::status_of(const wide_string& path) {
     const entry* found = known(path);
-    if (!found) return real_.status_of(path);
+    if (!found) return real_->status_of(path);
     if (found->kind == entry_kind::none) return {entry_kind::none, 0, failure::missing};
     return {found->kind, found->kind == entry_kind::file ? bytes_of(*found) : 0};
 }
@@ -165,10 +170,10 @@ outcome trial_disk::remove_folder(const wide_string& path) {
 outcome trial_disk::list(const wide_string& path, std::vector<platform::folder_entry>& entries) {
     entries.clear();
     if (kind_of(path) != entry_kind::folder) return failure::missing;
-    const outcome listed = real_.list(path, entries);
+    const outcome listed = real_->list(path, entries);
     const auto changed = inside_.find(path_key(path));
     if (changed == inside_.end()) return listed;
-    if (!listed && real_.kind_of(path) != entry_kind::none) return listed;
+    if (!listed && real_->kind_of(path) != entry_kind::none) return listed;
     std::erase_if(entries, [&](const platform::folder_entry& each) {
         return changed->second.contains(path_key(path_join(path, each.name)));
     });
@@ -181,7 +186,7 @@ outcome trial_disk::list(const wide_string& path, std::vector<platform::folder_e
 
 bool trial_disk::true_name(const wide_string& folder, const wide_string& name, wide_string& spelling) {
     const entry* found = name == u"." || name == u".." ? nullptr : known(path_join(folder, name));
-    if (!found) return real_.true_name(folder, name, spelling);
+    if (!found) return real_->true_name(folder, name, spelling);
     if (found->kind == entry_kind::none) return false;
     spelling = path_file_name(found->path);
     return true;
@@ -189,11 +194,11 @@ bool trial_disk::true_name(const wide_string& folder, const wide_string& name, w
 
 // What is kept in memory has no identity on the disk.
 platform::file_identity trial_disk::identity_of(const wide_string& path) {
-    return known(path) ? platform::file_identity() : real_.identity_of(path);
+    return known(path) ? platform::file_identity() : real_->identity_of(path);
 }
 
 bool trial_disk::same_file(const wide_string& a, const wide_string& b) {
-    if (!known(a) && !known(b)) return real_.same_file(a, b);
+    if (!known(a) && !known(b)) return real_->same_file(a, b);
     return kind_of(a) != entry_kind::none && path_same(a, b);
 }
 
@@ -233,14 +238,14 @@ outcome trial_disk::open(const wide_string& path, platform::access wanted, platf
     if (found && found->kind == entry_kind::none) return failure::missing;
     if (wanted == platform::access::read_write)
         return outcome::because(u"a dry run cannot change a file of the real disk");
-    return real_.open(found ? found->source : path, wanted, how, result);
+    return real_->open(found ? found->source : path, wanted, how, result);
 }
 
 outcome trial_disk::free_space(const wide_string& folder, uint64_t& bytes) {
     wide_string level = path_normalise(folder);
-    while (real_.kind_of(level + u'\\') != entry_kind::folder && level.size() > path_fixed_length(level))
+    while (real_->kind_of(level + u'\\') != entry_kind::folder && level.size() > path_fixed_length(level))
         level = path_normalise(path_head(level));
-    return real_.free_space(level + u'\\', bytes);
+    return real_->free_space(level + u'\\', bytes);
 }
 
 } // namespace vestra::command

@@ -27,6 +27,13 @@ public:
     // The files made so far that have not been removed since, in their order; one that was replaced counts
     // as made.
     std::vector<made_file> made_files() const;
+    // True for one of them.
+    bool has_made(const wide_string& path) const;
+
+    // The disk that is shown; nothing must have been made on this one when it gets another. That one outlives
+    // it.
+    platform::system& below() { return *real_; }
+    void put_above(platform::system& below) { real_ = &below; }
 
     // A file that stands on the real disk can be replaced and removed, but neither renamed nor changed
     // within.
@@ -42,7 +49,10 @@ public:
     platform::outcome rename_over(const wide_string& from, const wide_string& to) override;
     platform::outcome open(const wide_string& path, platform::access wanted, platform::disposition how,
                            std::unique_ptr<platform::file>& result) override;
-    void pause_1ms() override { real_.pause_1ms(); }
+    void pause_1ms() override { real_->pause_1ms(); }
+    int64_t creation_time(const wide_string& path) override { return real_->creation_time(path); }
+    platform::outcome flush(const wide_string&) override { return {}; }
+    platform::outcome flush_volume(const wide_string&) override { return {}; }
     // On the real disk; of a folder that is not there yet on the volume where it would be.
     platform::outcome free_space(const wide_string& folder, uint64_t& bytes) override;
 
@@ -63,7 +73,7 @@ private:
     void put(entry made);
     void take_away(const wide_string& path);
 
-    platform::system& real_ = platform::operating_system();
+    platform::system* real_ = &platform::current_system();
     std::unordered_map<wide_string, entry> entries_;                          // by path_key
     std::unordered_map<wide_string, std::unordered_set<wide_string>> inside_; // keys, by that of their folder
     size_t made_ = 0;

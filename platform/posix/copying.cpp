@@ -22,7 +22,16 @@ folder_names& names() { return mapped_volumes().names(); }
 
 constexpr const char16_t* changed_meanwhile = u"the file changed while it was copied";
 
-// A file that did not exist before; its destructor removes it unless it was kept.
+constexpr const char* open_files = "/proc/self/fd/";
+
+bool can_name_open_files() {
+    static const bool can = ::access(open_files, X_OK) == 0;
+    return can;
+}
+
+// A file that did not exist before. It gets its name when it is kept, so that nobody finds half of it there,
+// even if the program is killed; where the file system has no files without a name it has it from the
+// beginning, and the destructor removes it unless it was kept.
 class new_file {
 public:
     explicit new_file(std::string path) : path_(std::move(path)) {}
@@ -38,17 +47,25 @@ public:
 
     // The caller has just looked the path up, so the names of its folder are current.
     outcome create(mode_t mode) {
+        if (exists_exactly(path_)) return outcome::native(EEXIST); // before all is copied in vain
+        if (can_name_open_files()) {
+            const std::string folder(folder_of(path_));
+            content_ = descriptor(::open(folder.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, mode));
+        }
+        if (content_) return {};
         const outcome created = create_native(path_, O_WRONLY | O_EXCL, mode, content_);
         present_ = bool(created);
         if (present_) names().created(path_);
         return created;
     }
     outcome keep() {
+        if (const outcome named = name_it(); !named) return named;
         if (!content_.close()) return outcome::last();
         present_ = false;
         return {};
     }
     outcome keep_in_place_of(const std::string& target) {
+        if (const outcome named = name_it(); !named) return named;
         if (!content_.close()) return outcome::last();
         names().before_change(path_);
         if (std::rename(path_.c_str(), target.c_str()) != 0) return outcome::last();
@@ -58,6 +75,16 @@ public:
     }
 
 private:
+    // Fails where something has got the name meanwhile.
+    outcome name_it() {
+        if (present_) return {};
+        const std::string unnamed = open_files + std::to_string(content_.get());
+        names().before_change(path_);
+        present_ = ::linkat(AT_FDCWD, unnamed.c_str(), AT_FDCWD, path_.c_str(), AT_SYMLINK_FOLLOW) == 0;
+        if (present_) names().created(path_);
+        return outcome::of_call(present_);
+    }
+
     std::string path_;
     descriptor content_;
     bool present_ = false;

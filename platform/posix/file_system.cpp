@@ -1,4 +1,5 @@
 #include <dirent.h>
+#include <fcntl.h>
 #include <sys/stat.h>
 #include <sys/statvfs.h>
 #include <unistd.h>
@@ -6,12 +7,14 @@
 #include <algorithm>
 #include <cerrno>
 #include <chrono>
+#include <fstream>
 #include <memory>
 #include <optional>
 #include <string_view>
 #include <thread>
 
 #include "platform/file_parts.h"
+#include "platform/posix/descriptor.h"
 #include "platform/posix/native_paths.h"
 #include "platform/posix/volumes.h"
 #include "platform/text.h"
@@ -24,6 +27,8 @@ folder_names& names() { return mapped_volumes().names(); }
 
 native_answer existing(const wide_string& path) { return mapped_volumes().native(path, true); }
 native_answer wanted(const wide_string& path) { return mapped_volumes().to_create(path); }
+
+int64_t nanoseconds(const auto& time) { return int64_t{time.tv_sec} * 1'000'000'000 + time.tv_nsec; }
 
 folder_entry entry_of(const std::string& folder, const dirent& found) {
     const std::string path = joined(folder, found.d_name);
@@ -44,7 +49,8 @@ public:
         if (const outcome found = mapped_volumes().status(path, status); !found)
             return {entry_kind::none, 0, found};
         if (S_ISDIR(status.st_mode)) return {entry_kind::folder};
-        if (S_ISREG(status.st_mode)) return {entry_kind::file, uint64_t(status.st_size)};
+        if (S_ISREG(status.st_mode))
+            return {entry_kind::file, uint64_t(status.st_size), {}, nanoseconds(status.st_mtim)};
         return {entry_kind::none, 0, outcome::because(u"not a regular file")};
     }
 
@@ -145,9 +151,39 @@ public:
         bytes = static_cast<uint64_t>(status.f_bavail) * status.f_frsize;
         return {};
     }
+
+    int64_t creation_time(const wide_string& path) override {
+        const auto native = existing(path);
+        struct statx found {};
+        const bool is_known = native && ::statx(AT_FDCWD, native.path.c_str(), 0, STATX_BTIME, &found) == 0 &&
+                              (found.stx_mask & STATX_BTIME) != 0;
+        return is_known ? nanoseconds(found.stx_btime) : 0;
+    }
+
+    outcome flush(const wide_string& path) override {
+        return flushed(path, [](int opened) { return ::fsync(opened); });
+    }
+
+    outcome flush_volume(const wide_string& folder) override {
+        return flushed(folder, [](int opened) { return ::syncfs(opened); });
+    }
+
+private:
+    static outcome flushed(const wide_string& path, int (*flush)(int)) {
+        descriptor opened;
+        if (const outcome found = open_existing(path, O_RDONLY, opened); !found) return found;
+        return outcome::of_call(again_if_interrupted([&] { return flush(opened.get()); }) == 0);
+    }
 };
 
 } // namespace
+
+std::string boot_identity() {
+    std::ifstream in("/proc/sys/kernel/random/boot_id");
+    std::string line;
+    std::getline(in, line);
+    return line;
+}
 
 system& operating_system() {
     static posix_system own;

@@ -25,9 +25,20 @@ outcome information_of(const wide_string& path, BY_HANDLE_FILE_INFORMATION& info
     return outcome::of_call(opened && GetFileInformationByHandle(opened.get(), &information) != FALSE);
 }
 
+// Windows counts in steps of 100 nanoseconds since 1601.
+int64_t nanoseconds(const FILETIME& time) {
+    constexpr int64_t from_1601_to_1970 = 116'444'736'000'000'000;
+    return (static_cast<int64_t>((uint64_t{time.dwHighDateTime} << 32) | time.dwLowDateTime) -
+            from_1601_to_1970) *
+           100;
+}
+
 entry_status status_in(const auto& data) {
     if (is_folder(data.dwFileAttributes)) return {entry_kind::folder};
-    return {entry_kind::file, (uint64_t{data.nFileSizeHigh} << 32) | data.nFileSizeLow};
+    return {entry_kind::file,
+            (uint64_t{data.nFileSizeHigh} << 32) | data.nFileSizeLow,
+            {},
+            nanoseconds(data.ftLastWriteTime)};
 }
 
 folder_entry entry_of(const WIN32_FIND_DATAW& found) {
@@ -144,9 +155,33 @@ public:
         bytes = available.QuadPart;
         return {};
     }
+
+    int64_t creation_time(const wide_string& path) override {
+        WIN32_FILE_ATTRIBUTE_DATA data{};
+        return attributes_of(path, data) ? nanoseconds(data.ftCreationTime) : 0;
+    }
+
+    // Names are kept by the file system's own log.
+    outcome flush(const wide_string& path) override {
+        if (kind_of(path) == entry_kind::folder) return {};
+        constexpr DWORD share = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+        const file_handle opened(CreateFileW(wide(system_path(path).c_str()), GENERIC_WRITE, share, nullptr,
+                                             OPEN_EXISTING, 0, nullptr));
+        return outcome::of_call(opened && FlushFileBuffers(opened.get()) != FALSE);
+    }
+
+    outcome flush_volume(const wide_string&) override { return failure::denied; }
 };
 
 } // namespace
+
+// To the minute, as the two clocks do not tick together.
+std::string boot_identity() {
+    FILETIME now{};
+    GetSystemTimeAsFileTime(&now);
+    const int64_t since = nanoseconds(now) / 1'000'000 - static_cast<int64_t>(GetTickCount64());
+    return std::to_string((since + 30'000) / 60'000);
+}
 
 system& operating_system() {
     static windows_system own;

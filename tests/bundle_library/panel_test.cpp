@@ -2,7 +2,7 @@
 #include "framework/bundle_entry.h"
 #include "reference_host/model/counted.h"
 #include "tests/bundle_library/panel_fixture.h"
-#include "tests/support/forwarding_system.h"
+#include "platform/forwarding_system.h"
 #include "ui/project_resave_app.h"
 
 namespace vs::project_resave {

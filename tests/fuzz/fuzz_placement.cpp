@@ -12,7 +12,7 @@
 #include "operations/run/run_report.h"
 #include "platform/path_text.h"
 #include "tests/fuzz/fuzz_input.h"
-#include "tests/support/forwarding_system.h"
+#include "platform/forwarding_system.h"
 
 // What a placement calls besides the disk; nobody is there to be asked.
 namespace vs::project_resave {

@@ -5,7 +5,7 @@
 #include "framework/resources/text_rows.h"
 #include "operations/project_context.h"
 #include "reference_host/shell/front_end.h"
-#include "tests/support/forwarding_system.h"
+#include "platform/forwarding_system.h"
 #include "tests/support/temporary_folder.h"
 #include "ui/host_questions.h"
 

@@ -7,7 +7,7 @@
 #include <string>
 
 #include "platform/text.h"
-#include "tests/support/forwarding_system.h"
+#include "platform/forwarding_system.h"
 
 namespace vestra {
 

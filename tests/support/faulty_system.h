@@ -16,7 +16,7 @@
 
 #include "platform/path_text.h"
 #include "platform/text.h"
-#include "tests/support/forwarding_system.h"
+#include "platform/forwarding_system.h"
 
 namespace vs::project_resave {
 

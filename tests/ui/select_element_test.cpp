@@ -4,7 +4,7 @@
 #include "reference_host/api/handles.h"
 #include "reference_host/toolkit/element_description.h"
 #include "tests/support/builder_run.h"
-#include "tests/support/forwarding_system.h"
+#include "platform/forwarding_system.h"
 #include "ui/select_element.h"
 
 namespace vs::project_resave {

@@ -112,6 +112,7 @@ wide_string path_placement::new_path(const wide_string& source) {
     wide_string result = place(source);
     if (options->lower_case) platform::lower_in_place(result);
     const wide_string wanted = result;
+    if (progress) result = progress->questions->kept_place(source, result);
     result = beside_data_sets(result);
     const bool is_folder_taken =
         has_own_folder(result) &&

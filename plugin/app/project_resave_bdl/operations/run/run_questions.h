@@ -29,6 +29,12 @@ public:
     // A new path for the copy of `source`, as `proposed` is taken. An accepted path did not exist when it was
     // given; it may be empty.
     virtual unique_name_answer new_name(const wide_string& source, const wide_string& proposed) = 0;
+    // The place at which the copy of `source` was put by an earlier run, if it is to stay there, else
+    // `wanted`; asked before each file is placed. A place that is taken gets a number, as any other.
+    virtual wide_string kept_place(const wide_string& source, const wide_string& wanted) {
+        static_cast<void>(source);
+        return wanted;
+    }
     // Whether the source project is loaded again after a resave.
     virtual bool reopen_source() = 0;
     // Shows how a resave went. The report is complete.

@@ -1,0 +1,343 @@
+#include "apps/vestra_resave/continuation.h"
+
+#include <algorithm>
+#include <nlohmann/json.hpp>
+#include <unordered_set>
+
+#include "apps/vestra_resave/commands.h"
+#include "apps/vestra_resave/companions.h"
+#include "apps/vestra_resave/elements.h"
+#include "apps/vestra_resave/file_content.h"
+#include "apps/vestra_resave/folder_files.h"
+#include "apps/vestra_resave/manifest.h"
+#include "apps/vestra_resave/resave_report.h"
+#include "apps/vestra_resave/trial_disk.h"
+#include "operations/project_context.h"
+#include "operations/run/path_files.h"
+#include "platform/path_text.h"
+#include "platform/text.h"
+#include "reference_host/shell/front_end.h"
+
+namespace vestra::command {
+
+using namespace vs::project_resave;
+using nlohmann::ordered_json;
+using platform::entry_kind;
+using fate = continued_disk::fate;
+
+namespace {
+
+// What a run was asked for, as far as its result depends on it.
+std::string text_of_request(const resave_request& request, const wide_string& source,
+                            const std::string& language) {
+    ordered_json options;
+    for (const auto& [option, value] : request.choices) options[option] = value;
+    options["--language"] = language;
+    file_digest digest;
+    read_digest(
+        source, [] { return false; }, digest);
+    return ordered_json{{"project", platform::to_utf8(source)},
+                        {"sha256", digest.sha256},
+                        {"update", request.mode == run_mode::update},
+                        {"options", options}}
+        .dump(-1, ' ', true);
+}
+
+// Says what differs; empty if nothing does.
+std::string difference_of(const ordered_json& before, const ordered_json& now) {
+    const std::string earlier = before.value("project", ""), project = now.value("project", "");
+    if (!path_same(platform::from_utf8(earlier), platform::from_utf8(project)))
+        return "it is of another project: " + one_line(platform::from_utf8(earlier));
+    if (before.value("sha256", "") != now.value("sha256", ""))
+        return "the project has changed since; --update brings the copy up to date";
+    const ordered_json none = ordered_json::object();
+    const ordered_json was = before.value("options", none), is = now.value("options", none);
+    for (const auto& [option, value] : is.items())
+        if (was.value(option, "") != value)
+            return option + " was " + was.value(option, "") + " and is " + value.get<std::string>();
+    return {};
+}
+
+// The files that an earlier project refers to, with what lies next to them as their companion.
+class referred_files {
+public:
+    explicit referred_files(const wide_string& folder) : below_(path_key(folder) + u'\\') {}
+
+    void add_all(project_context& context) {
+        for (const wide_string& path : context.sizes.known_paths())
+            if (!path_same(path, context.placement.source_project_path)) add_data_set(path);
+        add_elements(elements_of(context)); // joined tables are known to the elements alone
+    }
+
+    std::vector<earlier_file> files;
+
+private:
+    void add(const wide_string& path) {
+        const wide_string key = path_key(path);
+        // Scene files are written with the project, and belong to it.
+        const bool is_written = path_extension(path).starts_with(u"._");
+        if (key.starts_with(below_) && seen_.insert(key).second)
+            files.push_back({.path = path, .state = is_written ? made_state::writing : made_state::referred});
+    }
+
+    void add_elements(const std::vector<element>& elements) {
+        for (const element& each : elements) {
+            if (each.exists.value_or(false)) add_data_set(path_in(each.file).value());
+            add_elements(each.children);
+        }
+    }
+
+    void add_data_set(const wide_string& path) {
+        if (platform::current_system().kind_of(path) != entry_kind::folder) return add_family(path);
+        for (const auto& each : platform::list_tree(platform::current_system(), path))
+            if (!each.is_folder) add(each.path);
+    }
+
+    void add_family(const wide_string& path) {
+        add(path);
+        for (const wide_string& each : companion_files(path))
+            if (path_exists(each)) add(each);
+        const wide_string head = path_head(path), stem = path_stem(path), name = path_file_name(path);
+        const folder_files& near = folders_.files_of(head);
+        for (const wide_string* text : {&stem, &name})
+            for (const wide_string& each : near.beginning_with(*text))
+                if (is_known_companion(wide_view(each).substr(text->size() + 1))) add(head + each);
+        for (const wide_string& ending : world_endings(path_extension(path)))
+            if (const wide_string* found = near.find(path_replace_extension(stem + u'.', ending)))
+                add(head + *found);
+    }
+
+    const wide_string below_;
+    std::unordered_set<wide_string> seen_; // path keys
+    listed_folders folders_;
+};
+
+problem of_row(const char* kind, const continued_disk::row& row) {
+    return {kind, {}, {}, row.file->path, {}};
+}
+
+} // namespace
+
+continuation::continuation(const resave_request& request, wide_string source, wide_string target)
+    : request_(request), source_(std::move(source)), target_(std::move(target)), mode_(request.mode) {}
+
+continuation::~continuation() = default;
+
+std::optional<refusal> continuation::find(session& host) {
+    asked_ = text_of_request(request_, source_, shell::settings().language_offset == 0 ? "ru" : "en");
+    has_journal_ = platform::current_system().kind_of(journal_path(target_)) == entry_kind::file;
+    if (request_.mode == run_mode::resume) return find_to_resume();
+    if (request_.mode == run_mode::update) return find_to_update(host);
+    return has_journal_ ? refuse_journal() : std::nullopt;
+}
+
+std::optional<refusal> continuation::refuse_journal() {
+    std::unique_ptr<platform::file> file;
+    const wide_string path = journal_path(target_);
+    const platform::outcome opened = platform::current_system().open(
+        path, platform::access::read_write, platform::disposition::open_existing, file);
+    if (opened.is(platform::failure::in_use))
+        return refused(path, "another resave into this folder is at work");
+    return refused(path,
+                   "an earlier resave broke off: --resume goes on with it, --update brings the copy up to "
+                   "date");
+}
+
+std::optional<refusal> continuation::find_to_resume() {
+    const wide_string path = journal_path(target_);
+    if (!has_journal_) return refused(path, "there is no such journal: no resave into this folder broke off");
+    earlier_run earlier;
+    if (const platform::outcome read = read_journal(path, earlier); !read)
+        return refused(path, one_line(read.text()));
+    is_recorded_ = !earlier.request.empty();
+    const ordered_json before = ordered_json::parse(earlier.request, nullptr, false);
+    if (is_recorded_) {
+        if (!before.is_object()) return refused(path, "the journal cannot be read");
+        if (const std::string differs = difference_of(before, ordered_json::parse(asked_)); !differs.empty())
+            return refused(path, "the resave that broke off cannot be resumed: " + differs);
+        if (before.value("update", false)) mode_ = run_mode::update;
+    }
+    std::vector<earlier_file> older;
+    if (mode_ == run_mode::update && (has_manifest_ = read_manifest(target_, older)))
+        add_files(std::move(older));
+    const bool has_project = std::ranges::any_of(earlier.files, [&](const earlier_file& each) {
+        return path_same(each.path, target_) && each.state == made_state::written;
+    });
+    may_replace_project_ = has_project || mode_ == run_mode::update;
+    add_files(std::move(earlier.files));
+    return std::nullopt;
+}
+
+std::optional<refusal> continuation::find_to_update(session& host) {
+    std::vector<earlier_file> older;
+    const bool has_project = path_exists(target_);
+    has_manifest_ = read_manifest(target_, older);
+    if (has_manifest_) {
+        may_replace_project_ = !has_project || is_as_in_manifest(older);
+        if (!may_replace_project_ && !request_.overwrite)
+            return refused(target_, "was changed since the earlier resave; with --overwrite it is replaced");
+        add_files(std::move(older));
+    } else if (has_project) {
+        if (auto early = host.load(target_, false, false)) return early;
+        referred_files found(path_head(target_));
+        found.add_all(host.context());
+        found.files.push_back({.path = target_, .state = made_state::writing});
+        add_files(std::move(found.files));
+        may_replace_project_ = true;
+    }
+    if (!has_journal_) return std::nullopt;
+    earlier_run earlier;
+    if (const platform::outcome read = read_journal(journal_path(target_), earlier); !read)
+        return refused(journal_path(target_), one_line(read.text()));
+    for (const earlier_file& each : earlier.files)
+        if (path_same(each.path, target_)) may_replace_project_ = true;
+    add_files(std::move(earlier.files));
+    return std::nullopt;
+}
+
+bool continuation::is_as_in_manifest(const std::vector<earlier_file>& files) const {
+    file_digest digest;
+    if (!read_digest(
+            target_, [] { return false; }, digest))
+        return false;
+    return std::ranges::any_of(files, [&](const earlier_file& each) {
+        return path_same(each.path, target_) && each.sha256 == digest.sha256;
+    });
+}
+
+// With the folders that they are in.
+void continuation::add_files(std::vector<earlier_file> files) {
+    const wide_string top = path_key(path_head(target_));
+    std::unordered_set<wide_string> seen{top};
+    for (earlier_file& each : files) {
+        if (path_key(each.path) == path_key(journal_path(target_))) continue;
+        for (wide_string folder = path_normalise(path_head(each.path));
+             path_key(folder).starts_with(top) && seen.insert(path_key(folder)).second;
+             folder = path_normalise(path_head(folder)))
+            files_.push_back({.path = folder, .state = made_state::folder});
+        files_.push_back(std::move(each));
+    }
+}
+
+std::optional<refusal> continuation::begin(project_context& context, trial_disk* trial) {
+    trial_ = trial;
+    platform::system& real = trial ? trial->below() : platform::current_system();
+    if (!trial) {
+        journal_ = std::make_unique<journal_disk>(real, target_);
+        const bool is_to_be_entered = !is_recorded_ || request_.mode == run_mode::update;
+        if (const platform::outcome begun = journal_->begin(is_to_be_entered ? asked_ : "", has_journal_);
+            !begun) {
+            const wide_string path = journal_path(target_);
+            journal_.reset();
+            if (begun.is(platform::failure::in_use) || begun.is(platform::failure::taken))
+                return refused(path, "another resave into this folder is at work");
+            return refusal{not_saved, {{own_kind::not_created, {}, {}, path, begun.text()}}};
+        }
+        journal_in_force_.emplace(*journal_);
+    }
+    if (request_.mode == run_mode::anew) return std::nullopt;
+    std::erase_if(files_, [&](const earlier_file& each) { return context.guard.protects(each.path); });
+    platform::system& below = journal_ ? static_cast<platform::system&>(*journal_) : real;
+    disk_ = std::make_unique<continued_disk>(below, journal_.get(), std::move(files_));
+    if (mode_ == run_mode::update) disk_->keep_places_of(context.sizes.known_paths());
+    if (trial)
+        trial->put_above(*disk_);
+    else
+        disk_in_force_.emplace(*disk_);
+    return std::nullopt;
+}
+
+std::vector<const continued_disk::row*> continuation::unreferenced() {
+    std::vector<const continued_disk::row*> found;
+    if (!disk_) return found;
+    if (!has_rows_) rows_ = disk_->rows();
+    has_rows_ = true;
+    for (const continued_disk::row& each : rows_) {
+        const bool is_made = trial_ && trial_->has_made(each.file->path);
+        if (each.what == fate::hidden && !is_made) found.push_back(&each);
+    }
+    return found;
+}
+
+// Which copies are older ones.
+void continuation::classify(resave_report& report) {
+    for (const copied_file& copy : report.copies) {
+        const auto what =
+            trial_ ? disk_->fate_of_copy(copy.source, copy.target) : disk_->fate_of(copy.target);
+        if (what == fate::kept)
+            (mode_ == run_mode::update ? report.unchanged : report.taken_over).push_back(copy);
+        else if (what == fate::replaced)
+            report.replaced.push_back(copy);
+    }
+}
+
+bool continuation::removes_unreferenced() const { return mode_ == run_mode::resume || request_.prune; }
+
+void continuation::remove_unreferenced(project_context& context, resave_report& report) {
+    const bool removes = removes_unreferenced();
+    std::vector<const continued_disk::row*> left = unreferenced();
+    std::ranges::reverse(left); // a folder after what is in it
+    for (const continued_disk::row* each : left) {
+        const bool is_folder = each->file->state == made_state::folder;
+        std::vector<platform::folder_entry> entries;
+        if (is_folder && (!removes || trial_)) continue;
+        if (is_folder && disk_->is_filled(*each->file)) continue;
+        platform::outcome removed;
+        if (removes && !trial_)
+            removed = context.guard.protects(each->file->path)
+                          ? platform::outcome::because(source_guard::reason)
+                          : disk_->remove_hidden(*each->file);
+        if (mode_ == run_mode::update && !is_folder) {
+            problem found = of_row(removes ? own_kind::pruned : own_kind::unreferenced, *each);
+            if (removed) add(report, std::move(found));
+        }
+        if (!removed) {
+            problem found = of_row(name_of(fact_kind::not_erased), *each);
+            found.reason = removed.text();
+            add(report, std::move(found));
+        }
+    }
+    for (const continued_disk::row& each : rows_)
+        if (each.what == fate::changed && each.file->state != made_state::folder)
+            add(report, of_row(own_kind::changed_since, each));
+}
+
+void continuation::flush(resave_report& report) {
+    for (const wide_string& path : {target_, manifest_path(target_), path_normalise(path_head(target_))}) {
+        if (!path_exists(path)) continue;
+        const platform::outcome flushed = platform::current_system().flush(path);
+        if (!flushed && path_same(path, target_))
+            add(report, {name_of(fact_kind::not_written), {}, source_, path, flushed.text()});
+    }
+}
+
+void continuation::end_files(project_context& context, resave_report& report) {
+    if (!disk_) return;
+    classify(report);
+    if (report.exit == done || report.exit == problems) remove_unreferenced(context, report);
+}
+
+void continuation::end_journal(resave_report& report) {
+    const bool is_saved = report.exit == done || report.exit == problems;
+    if (is_saved && !trial_) flush(report);
+    if (!journal_ || is_journal_ended_) return;
+    report.resumable = !is_saved || std::ranges::any_of(report.problems, [](const problem& each) {
+        return each.kind == name_of(fact_kind::copy_failed) ||
+               (each.kind == name_of(fact_kind::source_lost) && !each.reason.empty());
+    });
+    if (const platform::outcome ended = close_journal(!report.resumable); !ended)
+        add(report, {own_kind::not_created, {}, {}, journal_path(target_), ended.text()});
+}
+
+void continuation::abandon() {
+    if (journal_ && !is_journal_ended_) close_journal(!has_journal_);
+}
+
+platform::outcome continuation::close_journal(bool removes) {
+    disk_in_force_.reset();
+    journal_in_force_.reset();
+    is_journal_ended_ = true;
+    return journal_->end(removes);
+}
+
+} // namespace vestra::command

@@ -1,0 +1,309 @@
+#include "apps/vestra_resave/continued_disk.h"
+
+#include <algorithm>
+#include <cstdlib>
+#include <cstring>
+
+#include "apps/vestra_resave/file_content.h"
+#include "apps/vestra_resave/journal_disk.h"
+#include "platform/path_text.h"
+
+namespace vestra::command {
+
+using namespace vs::project_resave;
+using platform::entry_kind;
+using platform::outcome;
+
+namespace {
+
+wide_string folder_key_of(const wide_string& key) { return path_key(path_head(key)); }
+
+// Some disks keep the time of a copy less exactly than that of its source: to 100 nanoseconds, or in steps of
+// 10 milliseconds to 2 seconds.
+bool is_same_time(int64_t a, int64_t b) {
+    constexpr int64_t step = 10'000'000, coarsest = 2'000'000'000;
+    const int64_t apart = std::abs(a - b);
+    return apart < 100 || (apart < coarsest && (a % step == 0 || b % step == 0));
+}
+
+bool is_same(const platform::entry_status& a, const platform::entry_status& b) {
+    return a.kind == b.kind && a.bytes == b.bytes && is_same_time(a.modified, b.modified);
+}
+
+// True if `path` holds what the source begins with, and then nothing but zeros, as a copy does that broke
+// off.
+bool is_beginning_of(platform::system& disk, const wide_string& path, const wide_string& source) {
+    std::unique_ptr<platform::file> half, whole;
+    using platform::access;
+    using platform::disposition;
+    if (!disk.open(path, access::read, disposition::open_existing, half)) return false;
+    if (half->size() == 0) return true;
+    if (!disk.open(source, access::read, disposition::open_existing, whole) || half->size() > whole->size())
+        return false;
+    constexpr size_t piece = 256 * 1024;
+    std::vector<char> first(piece), second(piece);
+    bool is_at_zeros = false;
+    for (uint64_t rest = half->size(); rest != 0;) {
+        const auto length = static_cast<size_t>(std::min<uint64_t>(rest, piece));
+        if (!half->read_whole(first.data(), length) || !whole->read_whole(second.data(), length))
+            return false;
+        const size_t same =
+            is_at_zeros ? 0
+                        : static_cast<size_t>(
+                              std::mismatch(first.begin(), first.begin() + length, second.begin()).first -
+                              first.begin());
+        is_at_zeros = same < length;
+        if (std::any_of(first.begin() + static_cast<ptrdiff_t>(same),
+                        first.begin() + static_cast<ptrdiff_t>(length), [](char each) { return each != 0; }))
+            return false;
+        rest -= length;
+    }
+    return true;
+}
+
+bool is_same_text(platform::system& disk, const wide_string& a, const wide_string& b) {
+    const platform::entry_status one = disk.status_of(a), other = disk.status_of(b);
+    return one.kind == entry_kind::file && other.kind == entry_kind::file && one.bytes == other.bytes &&
+           is_beginning_of(disk, a, b) && is_beginning_of(disk, b, a);
+}
+
+// The stem without the number that a taken name gets.
+wide_string plain_stem(wide_string stem) {
+    const size_t open = stem.rfind(u"_(");
+    if (open != wide_string::npos && stem.ends_with(u')') &&
+        stem.find_first_not_of(u"0123456789", open + 2) == stem.size() - 1)
+        stem.resize(open);
+    return stem;
+}
+
+} // namespace
+
+continued_disk::continued_disk(platform::system& below, journal_disk* journal,
+                               std::vector<earlier_file> files)
+    : forwarding_system(below), journal_(journal) {
+    for (earlier_file& file : files) {
+        const wide_string key = path_key(file.path);
+        const auto [at, is_new] = entries_.insert_or_assign(key, entry{std::move(file)});
+        if (is_new) inside_[folder_key_of(key)].push_back(path_file_name(at->second.file.path));
+    }
+    for (const auto& [key, each] : entries_)
+        if (!each.file.source.empty()) by_source_[path_key(each.file.source)].push_back(&each);
+}
+
+void continued_disk::keep_places_of(const std::vector<wide_string>& sources) {
+    for (const wide_string& source : sources) keeping_.insert(path_key(source));
+}
+
+wide_string continued_disk::kept_place(const wide_string& source, const wide_string& wanted) {
+    if (keeping_.empty()) return wanted;
+    placing_ = path_key(source);
+    const auto earlier = by_source_.find(placing_);
+    if (earlier == by_source_.end()) return wanted;
+    for (const entry* each : earlier->second) {
+        const wide_string& place = each->file.path;
+        if (path_same(path_head(place), path_head(wanted)) &&
+            path_same(path_extension(place), path_extension(wanted)) &&
+            path_same(plain_stem(path_stem(place)), plain_stem(path_stem(wanted))))
+            return place;
+    }
+    return wanted;
+}
+
+continued_disk::entry* continued_disk::find(const wide_string& path) {
+    const auto at = entries_.find(path_key(path));
+    return at == entries_.end() ? nullptr : &at->second;
+}
+
+// The entry at a path that does not show; null for one that does.
+continued_disk::entry* continued_disk::hidden(const wide_string& path) {
+    entry* const found = find(path);
+    if (!found || found->what != fate::hidden) return nullptr;
+    if (!found->is_checked) {
+        found->is_checked = true;
+        if (inner().kind_of(found->file.path) == entry_kind::none)
+            found->what = fate::missing;
+        else if (!is_as_made(found->file))
+            found->what = fate::changed;
+    }
+    return found->what == fate::hidden ? found : nullptr;
+}
+
+bool continued_disk::is_as_made(const earlier_file& file) {
+    const platform::entry_status now = inner().status_of(file.path);
+    if (file.state == made_state::folder) return now.kind == entry_kind::folder;
+    if (now.kind != entry_kind::file) return false;
+    if (file.state == made_state::writing) return true;
+    const bool is_known = file.modified != 0 && file.state != made_state::begun;
+    if (is_known && now.bytes == file.bytes && is_same_time(now.modified, file.modified)) return true;
+    // What is as its source is no loss.
+    if (!file.source.empty() && is_same(now, inner().status_of(file.source))) return true;
+    if (!file.source.empty() && (file.state == made_state::begun || !file.is_safe))
+        return is_beginning_of(inner(), file.path, file.source);
+    if (file.state ==
+        made_state::referred) { // a copy has the time of its source; what is written later has not
+        const int64_t created = inner().creation_time(file.path);
+        return created != 0 && now.modified < created;
+    }
+    if (file.sha256.empty() || now.bytes != file.bytes) return false;
+    file_digest digest;
+    return read_digest(
+               file.path, [] { return false; }, digest) &&
+           digest.sha256 == file.sha256;
+}
+
+// Whether the copy of `source` need not be made again.
+bool continued_disk::is_unchanged(const earlier_file& file, const wide_string& source) {
+    if (!file.source.empty() && !path_same(file.source, source)) return false;
+    const platform::entry_status now = inner().status_of(source);
+    if (now.kind != entry_kind::file || !is_same(now, inner().status_of(file.path))) return false;
+    const bool is_known = file.modified != 0 && file.state == made_state::copied;
+    if (is_known && !is_same_time(now.modified, file.modified)) return false;
+    return file.is_safe || is_same_text(inner(), source, file.path);
+}
+
+bool continued_disk::is_reserved(const entry& found) const {
+    if (placing_.empty() || found.file.source.empty()) return false;
+    const wide_string source = path_key(found.file.source);
+    return source != placing_ && keeping_.contains(source);
+}
+
+std::vector<continued_disk::row> continued_disk::rows() {
+    std::vector<row> all;
+    for (auto& [key, each] : entries_) {
+        hidden(each.file.path);
+        if (each.what != fate::missing) all.push_back({&each.file, each.what});
+    }
+    std::ranges::sort(all, {}, [](const row& each) { return path_key(each.file->path); });
+    return all;
+}
+
+std::optional<continued_disk::fate> continued_disk::fate_of(const wide_string& path) const {
+    const auto at = entries_.find(path_key(path));
+    return at == entries_.end() ? std::nullopt : std::optional(at->second.what);
+}
+
+std::optional<continued_disk::fate> continued_disk::fate_of_copy(const wide_string& source,
+                                                                 const wide_string& target) {
+    const entry* const found = hidden(target);
+    if (!found) return fate_of(target);
+    return is_unchanged(found->file, source) ? fate::kept : fate::replaced;
+}
+
+const earlier_file* continued_disk::kept_file(const wide_string& path) const {
+    const auto at = entries_.find(path_key(path));
+    return at != entries_.end() && at->second.what == fate::kept ? &at->second.file : nullptr;
+}
+
+bool continued_disk::is_filled(const earlier_file& folder) {
+    return !platform::entries_or_none(inner(), folder.path).empty();
+}
+
+outcome continued_disk::remove_hidden(const earlier_file& file) {
+    if (file.state == made_state::folder) return inner().remove_folder(file.path);
+    return inner().delete_file(file.path);
+}
+
+platform::entry_status continued_disk::status_of(const wide_string& path) {
+    const entry* const found = hidden(path);
+    if (found && !is_reserved(*found)) return {entry_kind::none, 0, platform::failure::missing};
+    return inner().status_of(path);
+}
+
+outcome continued_disk::copy_file(const wide_string& source, const wide_string& target, bool replace) {
+    placing_.clear();
+    entry* const found = hidden(target);
+    if (!found || found->file.state == made_state::folder) return inner().copy_file(source, target, replace);
+    if (is_unchanged(found->file, source)) {
+        found->what = fate::kept;
+        if (journal_) journal_->add_kept(found->file.path, source);
+        return {};
+    }
+    const outcome copied = inner().copy_file(source, found->file.path, true);
+    found->what = copied ? fate::replaced : fate::failed;
+    return copied;
+}
+
+outcome continued_disk::delete_file(const wide_string& path) {
+    entry* const found = find(path);
+    if (!found || found->what == fate::changed || found->what == fate::missing)
+        return inner().delete_file(path);
+    if (found->what == fate::hidden) return platform::failure::missing;
+    found->what = fate::hidden;
+    return {};
+}
+
+outcome continued_disk::create_folder(const wide_string& path) {
+    entry* const found = hidden(path);
+    if (!found || found->file.state != made_state::folder) return inner().create_folder(path);
+    found->what = fate::kept;
+    return {};
+}
+
+outcome continued_disk::remove_folder(const wide_string& path) {
+    entry* const found = find(path);
+    if (!found || found->file.state != made_state::folder || found->what == fate::missing)
+        return inner().remove_folder(path);
+    std::vector<platform::folder_entry> entries;
+    if (const outcome listed = list(path, entries); !listed) return listed;
+    if (!entries.empty()) return inner().remove_folder(path); // which fails, with the reason
+    found->what = fate::hidden;
+    return {};
+}
+
+outcome continued_disk::list(const wide_string& path, std::vector<platform::folder_entry>& entries) {
+    entries.clear();
+    if (hidden(path)) return platform::failure::missing;
+    const outcome listed = inner().list(path, entries);
+    const auto made = inside_.find(path_key(path));
+    if (!listed || made == inside_.end()) return listed;
+    std::erase_if(entries, [&](const platform::folder_entry& each) {
+        return hidden(path_join(path, each.name)) != nullptr;
+    });
+    return listed;
+}
+
+bool continued_disk::true_name(const wide_string& folder, const wide_string& name, wide_string& spelling) {
+    return !hidden(path_join(folder, name)) && inner().true_name(folder, name, spelling);
+}
+
+platform::file_identity continued_disk::identity_of(const wide_string& path) {
+    return hidden(path) ? platform::file_identity() : inner().identity_of(path);
+}
+
+bool continued_disk::same_file(const wide_string& a, const wide_string& b) {
+    return !hidden(a) && !hidden(b) && inner().same_file(a, b);
+}
+
+outcome continued_disk::rename_over(const wide_string& from, const wide_string& to) {
+    entry* const found = hidden(to);
+    if (!found) return inner().rename_over(from, to);
+    if (is_same_text(inner(), from, to)) {
+        found->what = fate::kept;
+        return inner().delete_file(from);
+    }
+    const outcome renamed = inner().rename_over(from, to);
+    found->what = renamed ? fate::replaced : fate::failed;
+    return renamed;
+}
+
+outcome continued_disk::open(const wide_string& path, platform::access wanted, platform::disposition how,
+                             std::unique_ptr<platform::file>& result) {
+    result.reset();
+    entry* const found = hidden(path);
+    if (!found) return inner().open(path, wanted, how, result);
+    if (how == platform::disposition::open_existing) return platform::failure::missing;
+    if (found->file.state == made_state::folder) return inner().open(path, wanted, how, result);
+    const outcome opened = inner().open(path, wanted, platform::disposition::create_always, result);
+    if (opened) found->what = fate::replaced;
+    return opened;
+}
+
+outcome continued_disk::free_space(const wide_string& folder, uint64_t& bytes) {
+    const outcome found = inner().free_space(folder, bytes);
+    if (!found) return found;
+    for (const auto& [key, each] : entries_)
+        if (each.what == fate::hidden) bytes += inner().file_size(each.file.path);
+    return found;
+}
+
+} // namespace vestra::command

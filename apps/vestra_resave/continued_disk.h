@@ -1,0 +1,98 @@
+// A disk on which what an earlier run made does not show until this run makes it again. So the run finds for
+// each file the place that it would find on a disk without the earlier run, and there
+//
+// - a copy that is whole, and whose source has not changed, is taken over as it is;
+// - any other file of the earlier run is replaced by a new one, in one step where it was whole.
+//
+// What is no longer as the earlier run made it belongs to the user: it shows, so its name counts as taken.
+#pragma once
+
+#include <optional>
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
+
+#include "apps/vestra_resave/earlier_files.h"
+#include "platform/forwarding_system.h"
+
+namespace vestra::command {
+
+class journal_disk;
+
+class continued_disk final : public vs::project_resave::forwarding_system {
+public:
+    // What became of a file of the earlier run.
+    enum class fate {
+        hidden,   // not met again so far: nothing refers to it
+        kept,     // taken over as it is
+        replaced, // by a new file
+        failed,   // it was to be replaced; the older one is still there
+        changed,  // by somebody since; it was left alone
+        missing,
+    };
+
+    // `below`, and `journal` if it is not null, outlive this object.
+    continued_disk(platform::system& below, journal_disk* journal, std::vector<earlier_file> files);
+
+    // Sources of this run that keep the places which the earlier run gave them: no other file gets those.
+    void keep_places_of(const std::vector<wide_string>& sources);
+    // The place at which the earlier run put `source`, if it is `wanted` or a numbered name beside it; else
+    // `wanted`. Until something is copied, names are asked for on behalf of this source.
+    wide_string kept_place(const wide_string& source, const wide_string& wanted);
+
+    // Each file or folder of the earlier run that is still there, and what became of it, by path.
+    struct row {
+        const earlier_file* file;
+        fate what;
+    };
+    std::vector<row> rows();
+    // What became of a path, in a dry run what would become of a copy of `source` at it; nothing if the
+    // earlier run did not make it.
+    std::optional<fate> fate_of(const wide_string& path) const;
+    std::optional<fate> fate_of_copy(const wide_string& source, const wide_string& target);
+    // What the earlier run knew of a file that was taken over; null for any other.
+    const earlier_file* kept_file(const wide_string& path) const;
+    // True for a folder that holds anything, hidden or not.
+    bool is_filled(const earlier_file& folder);
+    // Removes a file that is still hidden, or a folder that is empty.
+    platform::outcome remove_hidden(const earlier_file& file);
+
+    platform::entry_status status_of(const wide_string& path) override;
+    platform::outcome copy_file(const wide_string& source, const wide_string& target, bool replace) override;
+    // What was there before this run is not removed: it is hidden again.
+    platform::outcome delete_file(const wide_string& path) override;
+    platform::outcome create_folder(const wide_string& path) override;
+    platform::outcome remove_folder(const wide_string& path) override;
+    platform::outcome list(const wide_string& path, std::vector<platform::folder_entry>& entries) override;
+    bool true_name(const wide_string& folder, const wide_string& name, wide_string& spelling) override;
+    platform::file_identity identity_of(const wide_string& path) override;
+    bool same_file(const wide_string& a, const wide_string& b) override;
+    // A file of the same content stays as it is.
+    platform::outcome rename_over(const wide_string& from, const wide_string& to) override;
+    platform::outcome open(const wide_string& path, platform::access wanted, platform::disposition how,
+                           std::unique_ptr<platform::file>& result) override;
+    // With what the hidden copies take.
+    platform::outcome free_space(const wide_string& folder, uint64_t& bytes) override;
+
+private:
+    struct entry {
+        earlier_file file;
+        fate what = fate::hidden;
+        bool is_checked = false; // whether it is as the earlier run made it
+    };
+
+    entry* find(const wide_string& path);
+    entry* hidden(const wide_string& path);
+    bool is_as_made(const earlier_file& file);
+    bool is_unchanged(const earlier_file& file, const wide_string& source);
+    bool is_reserved(const entry& found) const;
+
+    journal_disk* const journal_;
+    std::unordered_map<wide_string, entry> entries_;                       // by path key
+    std::unordered_map<wide_string, std::vector<wide_string>> inside_;     // names, by the key of the folder
+    std::unordered_map<wide_string, std::vector<const entry*>> by_source_; // by path key
+    std::unordered_set<wide_string> keeping_;                              // path keys of sources
+    wide_string placing_;                                                  // path key of the source in work
+};
+
+} // namespace vestra::command

@@ -1,0 +1,166 @@
+#include "apps/vestra_resave/earlier_files.h"
+
+#include <charconv>
+#include <unordered_map>
+
+#include "apps/vestra_resave/file_content.h"
+#include "platform/path_text.h"
+#include "platform/system.h"
+#include "platform/text.h"
+
+namespace vestra::command {
+
+using namespace vs::project_resave;
+
+namespace {
+
+constexpr std::string_view hidden_characters = "%\t\n\r";
+
+wide_string path_of(std::string_view word, const wide_string& folder) {
+    std::string text;
+    for (size_t at = 0; at < word.size(); ++at) {
+        unsigned code = 0;
+        const bool is_code = word[at] == '%' && at + 2 < word.size() &&
+                             std::from_chars(&word[at + 1], &word[at + 1] + 2, code, 16).ec == std::errc();
+        text += is_code ? static_cast<char>(code) : word[at];
+        if (is_code) at += 2;
+    }
+    return path_join(folder, platform::from_utf8(text));
+}
+
+template <class number>
+bool read_number(std::string_view word, number& value) {
+    const auto end = word.data() + word.size();
+    const auto read = std::from_chars(word.data(), end, value);
+    return read.ec == std::errc() && read.ptr == end;
+}
+
+// The words of a line, but for the last, which says that it is whole.
+std::vector<std::string_view> words_of(std::string_view line) {
+    std::vector<std::string_view> words;
+    for (size_t at = 0; at <= line.size();) {
+        const size_t end = std::min(line.find('\t', at), line.size());
+        words.push_back(line.substr(at, end - at));
+        at = end + 1;
+    }
+    if (words.back() == ";")
+        words.pop_back();
+    else
+        words.clear();
+    return words;
+}
+
+// Takes a journal line by line.
+class journal_reader {
+public:
+    journal_reader(wide_string folder, earlier_run& found) : folder_(std::move(folder)), found_(found) {}
+
+    void read(const std::vector<std::string_view>& words) {
+        const std::string_view kind = words.front();
+        const bool has_path = words.size() > 1;
+        if (kind == "run" && has_path) {
+            found_.request = words[1];
+        } else if (kind == "boot" && has_path) {
+            is_same_boot_ = !words[1].empty() && words[1] == platform::boot_identity();
+        } else if (kind == "folder" && has_path) {
+            row(words[1], made_state::folder);
+        } else if ((kind == "copy" || kind == "replace") && words.size() == 3) {
+            copying_ = words[1], source_ = path_of(words[2], folder_);
+            // Until it is replaced, the older file is there.
+            if (kind == "copy") files_[row(copying_, made_state::begun)].source = source_;
+        } else if (kind == "done" && words.size() == 3 && !copying_.empty()) {
+            earlier_file& file = files_[row(copying_, made_state::begun)];
+            file.source = source_;
+            finish(file, made_state::copied, words);
+            copying_ = {};
+        } else if (kind == "write" && has_path) {
+            row(words[1], made_state::writing);
+        } else if (kind == "written" && words.size() == 4) {
+            finish(files_[row(words[1], made_state::writing)], made_state::written, words);
+        } else if (kind == "gone" && has_path) {
+            is_gone_[row(words[1], made_state::writing)] = true;
+        } else if (kind == "safe") {
+            for (; safe_ < files_.size(); ++safe_) files_[safe_].is_safe = true;
+            for (const size_t index : again_) files_[index].is_safe = true;
+            again_.clear();
+        }
+    }
+
+    void end() {
+        for (size_t index = 0; index < files_.size(); ++index)
+            if (!is_gone_[index]) found_.files.push_back(std::move(files_[index]));
+    }
+
+private:
+    const size_t& row(std::string_view word, made_state state) {
+        wide_string path = path_of(word, folder_);
+        const auto [at, is_new] = rows_.try_emplace(path_key(path), files_.size());
+        if (is_new) {
+            files_.emplace_back();
+            is_gone_.push_back(false);
+        } else if (at->second < safe_) {
+            again_.push_back(at->second);
+        }
+        is_gone_[at->second] = false;
+        files_[at->second] = {.path = std::move(path), .state = state, .is_safe = is_same_boot_};
+        return at->second;
+    }
+
+    static void finish(earlier_file& file, made_state state, const std::vector<std::string_view>& words) {
+        if (read_number(words[words.size() - 2], file.bytes) && read_number(words.back(), file.modified))
+            file.state = state;
+    }
+
+    const wide_string folder_;
+    earlier_run& found_;
+    std::vector<earlier_file> files_;
+    std::vector<bool> is_gone_;
+    std::unordered_map<wide_string, size_t> rows_; // by path key
+    std::string_view copying_;                     // the word of the copy begun last
+    wide_string source_;
+    bool is_same_boot_ = false;
+    size_t safe_ = 0;           // so many of the files are
+    std::vector<size_t> again_; // those before that were made a second time
+};
+
+} // namespace
+
+wide_string journal_path(const wide_string& project) {
+    return path_head(project) + path_stem(project) + u".resave-journal";
+}
+
+std::string journal_record(const std::vector<std::string>& words) {
+    std::string line;
+    for (const std::string& word : words) line.append(word).append(1, '\t');
+    return line.append(";\n");
+}
+
+std::string journal_word(const wide_string& path, const wide_string& folder) {
+    const bool is_below = path.size() > folder.size() && path.starts_with(folder);
+    const std::string text = platform::to_utf8(is_below ? path.substr(folder.size()) : path);
+    if (text.find_first_of(hidden_characters) == std::string::npos) return text;
+    std::string word;
+    for (const char each : text) {
+        if (hidden_characters.find(each) == std::string_view::npos)
+            word += each;
+        else
+            word += '%' + hexadecimal(reinterpret_cast<const unsigned char*>(&each), 1);
+    }
+    return word;
+}
+
+platform::outcome read_journal(const wide_string& path, earlier_run& found) {
+    std::string text;
+    if (const platform::outcome read = read_text(path, text); !read) return read;
+    const bool has_only_begun = journal_title.starts_with(text);
+    if (!has_only_begun && !text.starts_with(journal_title))
+        return platform::outcome::because(u"it is no journal of a resave");
+    journal_reader reader(path_head(path), found);
+    for (size_t at = 0, end = 0; (end = text.find('\n', at)) != std::string::npos; at = end + 1)
+        if (const auto words = words_of(std::string_view(text).substr(at, end - at)); !words.empty())
+            reader.read(words);
+    reader.end();
+    return {};
+}
+
+} // namespace vestra::command

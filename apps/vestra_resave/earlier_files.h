@@ -1,0 +1,73 @@
+// What an earlier run made in the folder of the new project, as its journal or its manifest has it, and the
+// form of the journal.
+//
+// The journal is a text file next to the new project, while a run is at work and after one that broke off.
+// Each line is a record: words separated by tabs, a ";" at its end, without which it is ignored. In paths,
+// which are relative to the journal's folder where they are below it, "%", tab and line ends are %25, %09,
+// %0A, %0D.
+//
+//     resave-journal 1
+//     run JSON           the project, its SHA-256 and the options, as one object
+//     boot TEXT          a run begins or goes on; changes when the computer starts anew
+//     folder PATH        was created
+//     copy PATH SOURCE   begins
+//     replace PATH SOURCE  the same, of one that takes the place of an older file in one step
+//     done BYTES TIME    the copy begun last is whole; TIME in nanoseconds since 1970
+//     write PATH         a file that the run writes itself begins
+//     written PATH BYTES TIME
+//     gone PATH          was removed, or got another name
+//     safe               the disk has all of the above, even if the computer is switched off now
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "platform/outcome.h"
+#include "platform/wide_string.h"
+
+namespace vestra::command {
+
+using vs::project_resave::wide_string;
+namespace platform = vs::project_resave::platform;
+
+enum class made_state {
+    folder,
+    begun,    // a copy, perhaps half of one
+    copied,   // a whole copy
+    writing,  // a file of the run's own, perhaps half of one
+    written,  // the same, whole
+    referred, // an earlier project refers to it, and nothing else is known
+};
+
+struct earlier_file {
+    wide_string path;
+    made_state state = made_state::copied;
+    wide_string source = {}; // of a copy; empty where it is unknown
+    uint64_t bytes = 0;
+    int64_t modified = 0;    // nanoseconds since 1970, as entry_status has it; 0 where it is unknown
+    std::string sha256 = {}; // empty where it is unknown
+    bool is_safe = true;     // whole, even if the computer was switched off meanwhile
+};
+
+struct earlier_run {
+    std::string request; // what `run` holds; empty for a journal that ends before it
+    std::vector<earlier_file> files;
+};
+
+// NAME.resave-journal for NAME._vp.
+wide_string journal_path(const wide_string& project);
+inline constexpr std::string_view journal_title = "resave-journal\t1\t;\n";
+
+// Words as one record.
+std::string journal_record(const std::vector<std::string>& words);
+// A path as a word.
+std::string journal_word(const wide_string& path, const wide_string& folder);
+
+// Reads a journal; fails if the file cannot be read, or is none. Each file is there once, as the last record
+// of it has it.
+platform::outcome read_journal(const wide_string& path, earlier_run& found);
+
+} // namespace vestra::command

@@ -1,0 +1,149 @@
+#include "apps/vestra_resave/journal_disk.h"
+
+#include <utility>
+
+#include "platform/path_text.h"
+
+namespace vestra::command {
+
+using namespace vs::project_resave;
+using platform::outcome;
+
+namespace {
+
+// A computer that is switched off costs at most what was copied since.
+constexpr uint64_t most_unsafe_bytes = uint64_t{1} << 30;
+constexpr std::chrono::seconds most_unsafe_time{20};
+
+} // namespace
+
+journal_disk::journal_disk(platform::system& below, const wide_string& project)
+    : forwarding_system(below), path_(journal_path(project)), folder_(path_head(project)),
+      safe_at_(std::chrono::steady_clock::now()) {}
+
+journal_disk::~journal_disk() {
+    if (file_) end(false);
+}
+
+outcome journal_disk::begin(const std::string& request, bool goes_on) {
+    const auto how = goes_on ? platform::disposition::open_existing : platform::disposition::create_new;
+    outcome result = inner().open(path_, platform::access::read_write, how, file_);
+    if (result && goes_on && file_->size() < journal_title.size()) { // it broke off before anything was made
+        file_.reset();
+        result =
+            inner().open(path_, platform::access::read_write, platform::disposition::create_always, file_);
+    }
+    if (result) result = file_->seek_end();
+    if (!result) return result;
+    // What was being written when the run broke off ends here.
+    pending_ = file_->size() == 0 ? std::string(journal_title) : "\n";
+    pending_ += journal_record({"boot", platform::boot_identity()});
+    if (!request.empty()) pending_ += journal_record({"run", request});
+    result = write();
+    if (result) result = inner().flush(path_);
+    if (!result && !goes_on) end(true);
+    return result;
+}
+
+void journal_disk::add_kept(const wide_string& path, const wide_string& source) {
+    if (!file_) return;
+    const platform::entry_status status = inner().status_of(path);
+    pending_ += journal_record({"copy", word(path), word(source)});
+    pending_ += journal_record({"done", std::to_string(status.bytes), std::to_string(status.modified)});
+}
+
+outcome journal_disk::end(bool removes) {
+    outcome result = removes || !file_ ? outcome() : write();
+    if (file_) {
+        const outcome closed = file_->close();
+        if (result) result = closed;
+        file_.reset();
+    }
+    const outcome ended = removes ? inner().delete_file(path_) : inner().flush(path_);
+    return result ? ended : result;
+}
+
+outcome journal_disk::enter(const std::vector<std::string>& words) {
+    if (!file_) return {};
+    pending_ += journal_record(words);
+    return write();
+}
+
+// A line that was cut off ends before the next try, so that nothing is taken for its rest.
+outcome journal_disk::write() {
+    if (pending_.empty()) return {};
+    const outcome written = file_->write(pending_.data(), pending_.size());
+    pending_ = written ? "" : "\n";
+    if (!written) failure_ = written;
+    return written;
+}
+
+void journal_disk::add_size(uint64_t bytes) {
+    unsafe_bytes_ += bytes;
+    if (unsafe_bytes_ > most_unsafe_bytes || std::chrono::steady_clock::now() - safe_at_ > most_unsafe_time)
+        make_safe();
+}
+
+void journal_disk::make_safe() {
+    unsafe_bytes_ = 0;
+    if (write() && inner().flush_volume(folder_) && enter({"safe"})) inner().flush(path_);
+    safe_at_ = std::chrono::steady_clock::now();
+}
+
+// That the copy is whole is written with the next change: until then it counts as one that may be half.
+outcome journal_disk::copy_file(const wide_string& source, const wide_string& target, bool replace) {
+    if (!file_) return forwarding_system::copy_file(source, target, replace);
+    const char* const kind = replace ? "replace" : "copy";
+    if (const outcome entered = enter({kind, word(target), word(source)}); !entered) return entered;
+    const outcome copied = inner().copy_file(source, target, replace);
+    if (!copied) {
+        if (!replace) pending_ += journal_record({"gone", word(target)});
+        return copied;
+    }
+    const platform::entry_status status = inner().status_of(target);
+    pending_ += journal_record({"done", std::to_string(status.bytes), std::to_string(status.modified)});
+    add_size(status.bytes);
+    return {};
+}
+
+outcome journal_disk::create_folder(const wide_string& path) {
+    if (const outcome entered = enter({"folder", word(path)}); !entered) return entered;
+    const outcome created = inner().create_folder(path);
+    if (!created && file_) pending_ += journal_record({"gone", word(path)});
+    return created;
+}
+
+outcome journal_disk::rename_over(const wide_string& from, const wide_string& to) {
+    if (const outcome entered = enter({"write", word(to)}); !entered) return entered;
+    const outcome renamed = inner().rename_over(from, to);
+    if (!renamed || !file_) return renamed;
+    const platform::entry_status status = inner().status_of(to);
+    pending_ += journal_record({"gone", word(from)});
+    pending_ +=
+        journal_record({"written", word(to), std::to_string(status.bytes), std::to_string(status.modified)});
+    return {};
+}
+
+outcome journal_disk::delete_file(const wide_string& path) {
+    const outcome deleted = inner().delete_file(path);
+    if (deleted && file_) pending_ += journal_record({"gone", word(path)});
+    return deleted;
+}
+
+outcome journal_disk::remove_folder(const wide_string& path) {
+    const outcome removed = inner().remove_folder(path);
+    if (removed && file_) pending_ += journal_record({"gone", word(path)});
+    return removed;
+}
+
+outcome journal_disk::open(const wide_string& path, platform::access wanted, platform::disposition how,
+                           std::unique_ptr<platform::file>& result) {
+    const bool creates = how != platform::disposition::open_existing;
+    if (creates)
+        if (const outcome entered = enter({"write", word(path)}); !entered) return entered;
+    const outcome opened = inner().open(path, wanted, how, result);
+    if (creates && !opened && file_) pending_ += journal_record({"gone", word(path)});
+    return opened;
+}
+
+} // namespace vestra::command

@@ -1,0 +1,55 @@
+// A disk that keeps the journal of a run: each change is entered before it is made, and again once it is
+// whole.
+#pragma once
+
+#include <chrono>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "apps/vestra_resave/earlier_files.h"
+#include "platform/forwarding_system.h"
+
+namespace vestra::command {
+
+class journal_disk final : public vs::project_resave::forwarding_system {
+public:
+    // `below` outlives this object. The journal is kept in the folder of `project`.
+    journal_disk(platform::system& below, const wide_string& project);
+    ~journal_disk() override;
+
+    // Creates the journal, or opens it to go on; `request` is entered as what was asked for. Fails with
+    // `in_use` while another run is at work, and with `taken` if it is to be created and exists.
+    platform::outcome begin(const std::string& request, bool goes_on);
+    // Enters a copy that an earlier run made and this one leaves as it is.
+    void add_kept(const wide_string& path, const wide_string& source);
+    // Ends the journal: it is removed, or stays and is flushed.
+    platform::outcome end(bool removes);
+    // Why lines are missing in the journal; success if none is.
+    const platform::outcome& failure() const { return failure_; }
+
+    // These fail, and change nothing, if the journal cannot be written.
+    platform::outcome copy_file(const wide_string& source, const wide_string& target, bool replace) override;
+    platform::outcome create_folder(const wide_string& path) override;
+    platform::outcome rename_over(const wide_string& from, const wide_string& to) override;
+    platform::outcome delete_file(const wide_string& path) override;
+    platform::outcome remove_folder(const wide_string& path) override;
+    platform::outcome open(const wide_string& path, platform::access wanted, platform::disposition how,
+                           std::unique_ptr<platform::file>& result) override;
+
+private:
+    std::string word(const wide_string& path) const { return journal_word(path, folder_); }
+    platform::outcome enter(const std::vector<std::string>& words);
+    platform::outcome write();
+    void add_size(uint64_t bytes);
+    void make_safe();
+
+    const wide_string path_, folder_;
+    std::unique_ptr<platform::file> file_; // null while no journal is kept
+    std::string pending_;                  // entered, but not yet written
+    platform::outcome failure_;
+    uint64_t unsafe_bytes_ = 0; // copied since the disk was last known to have everything
+    std::chrono::steady_clock::time_point safe_at_;
+};
+
+} // namespace vestra::command

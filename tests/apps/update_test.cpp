@@ -1,0 +1,138 @@
+// resave --update, --resume and --prune: a copy that is brought up to date is what a new one would be.
+#include <nlohmann/json.hpp>
+#include <random>
+
+#include "tests/apps/command_run.h"
+#include "tests/support/references_of.h"
+
+namespace vs::project_resave {
+namespace {
+
+namespace fs = std::filesystem;
+using nlohmann::json;
+using std::string;
+
+const string to = " 'N:\\out\\new._vp' ", area = "resave 'C:\\prj\\area._vp'" + to;
+
+class update_command : public command_run {
+protected:
+    struct raster {
+        wide_string caption, path;
+        size_t version;
+    };
+
+    // Folders, few names: most copies get a number.
+    raster made(size_t number) {
+        const wide_string folder = u"C:\\data\\" + decimal(static_cast<uint32_t>(random_() % 3)) + u"\\";
+        const wide_string name = u"r" + decimal(static_cast<uint32_t>(random_() % 2)) + u"_" +
+                                 decimal(static_cast<uint32_t>(number)) + u".tif";
+        return {u"Raster " + decimal(static_cast<uint32_t>(number)), folder + name.substr(random_() % 2 * 3),
+                0};
+    }
+    void write_raster(raster& each) {
+        const string content = platform::to_utf8(each.path) + " " + std::to_string(++each.version);
+        write(each.path, content);
+        write(path_replace_extension(each.path, u"tfw"), content + " world");
+    }
+    void save() {
+        builder.clear();
+        builder.scene_2d(u"Area");
+        for (const raster& each : rasters_) builder.layer("rtr_lr2d", each.caption, each.path);
+        builder.save(source);
+    }
+    // One of what happens to a project between two resaves.
+    void edit() {
+        const size_t chosen = random_() % rasters_.size();
+        raster& each = rasters_[chosen];
+        switch (random_() % 6) {
+        case 0:
+            return write_raster(each);
+        case 1:
+            rasters_.push_back(made(++numbers_));
+            return write_raster(rasters_.back());
+        case 2:
+            if (rasters_.size() > 2) rasters_.erase(rasters_.begin() + static_cast<ptrdiff_t>(chosen));
+            return;
+        case 3:
+            std::swap(each, rasters_[random_() % rasters_.size()]);
+            return;
+        case 4:
+            each.caption += u" renamed";
+            return;
+        default:
+            each.path = path_add_to_stem(each.path, u"x");
+            return write_raster(each);
+        }
+    }
+    // By the caption of the element that refers to it: what the file holds that the project in `folder` has.
+    std::multimap<wide_string, string> contents_in(const wide_string& folder) {
+        vestra::project project;
+        read_back(folder + u"new._vp", project);
+        std::multimap<wide_string, string> found;
+        for (const reference& each : references_of(project)) {
+            EXPECT_TRUE(path_key(each.path).starts_with(path_key(folder))) << platform::to_utf8(each.path);
+            found.emplace(each.owner, read(each.path) + read(path_replace_extension(each.path, u"tfw")));
+        }
+        return found;
+    }
+    static std::multiset<string> bytes_of(const tree_state& files) {
+        std::multiset<string> all;
+        for (const auto& [path, state] : files)
+            if (path.ends_with(".tif") || path.ends_with(".tfw")) all.insert(state.bytes);
+        return all;
+    }
+    tree_state state(const char* folder) const { return state_of(native("n") / folder); }
+
+    std::mt19937_64 random_{20261122};
+    std::vector<raster> rasters_;
+    size_t numbers_ = 0;
+};
+
+TEST_F(update_command, makes_of_an_earlier_copy_what_a_new_run_would_make) {
+    for (const string structure :
+         {"by-type", "from-common-top", "folder-per-scene", "project-tree-else-type"}) {
+        SCOPED_TRACE(structure);
+        remove_tree(u"N:\\out");
+        remove_tree(u"C:\\data");
+        rasters_.clear();
+        for (size_t number = 0; number < 8; ++number) rasters_.push_back(made(++numbers_));
+        for (raster& each : rasters_) write_raster(each);
+        const wide_string own = write(u"N:\\out\\rtr\\r0.tif", "the user's own");
+        const string manifest = structure == "from-common-top" ? "" : " --manifest";
+        save();
+        ASSERT_EQ(0, command(area + "--update" + manifest + " --structure " + structure))
+            << err; // the first time
+        for (size_t round = 0; round < 4; ++round) {
+            const tree_state before = state("out");
+            for (size_t edits = random_() % 4; edits != 0; --edits) edit();
+            save();
+            const tree_state originals = sources();
+            remove_tree(u"N:\\fresh");
+            ASSERT_EQ(0, command("resave 'C:\\prj\\area._vp' 'N:\\fresh\\new._vp' --structure " + structure))
+                << err;
+            ASSERT_EQ(0, command(area + "--update --prune --json --structure " + structure)) << err;
+            const json result = json::parse(out);
+            EXPECT_EQ(contents_in(u"N:\\fresh\\"), contents_in(u"N:\\out\\"));
+            std::multiset<string> wanted = bytes_of(state("fresh"));
+            wanted.insert("the user's own");
+            EXPECT_EQ(wanted, bytes_of(state("out")));
+            EXPECT_EQ("the user's own", read(own));
+            EXPECT_EQ("", difference(originals, sources()));
+            for (const json& each : result["unchanged"]) { // named so, and untouched
+                const string path = each["target"].get<string>().substr(string("N:\\out\\").size());
+                string name = path;
+                std::ranges::replace(name, '\\', '/');
+                ASSERT_TRUE(before.contains(name)) << name;
+                EXPECT_EQ(before.at(name).bytes, state("out").at(name).bytes);
+            }
+        }
+        EXPECT_EQ(0, command("verify 'N:\\out\\new._vp'")) << out;
+        // With nothing to do nothing is written, not even the project and the manifest.
+        const tree_state before = state("out");
+        EXPECT_EQ(0, command(area + "--update --structure " + structure)) << err;
+        EXPECT_EQ("", difference(before, state("out")));
+    }
+}
+
+} // namespace
+} // namespace vs::project_resave
