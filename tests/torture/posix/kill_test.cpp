@@ -20,16 +20,26 @@ protected:
     processes() { torture::write_generated_area(source, 300'000, write); }
 
     // A resave into N:\out; what it prints goes into a file in N:\told.
-    pid_t start(const std::string& project, const std::string& structure) const {
+    pid_t start(const std::string& project, const std::string& structure,
+                const std::string& more = {}) const {
         fs::create_directories(native("n") / "told");
-        const std::string line = command_line(
-            "resave 'C:\\prj\\area._vp' 'N:\\out\\" + project +
-                "' --overwrite --quiet --files --log --scene-files --layer-files --structure " + structure,
-            {{}, told_of(project), {}});
+        const std::string goes_on = more.empty() && has_journal() ? " --resume" : more;
+        const std::string line =
+            command_line("resave 'C:\\prj\\area._vp' 'N:\\out\\" + project +
+                             "' --overwrite --quiet --files --log --scene-files --layer-files --structure " +
+                             structure + goes_on,
+                         {{}, told_of(project), {}});
         const pid_t child = ::fork();
         if (child != 0) return child;
         ::execl("/bin/sh", "sh", "-c", line.c_str(), nullptr);
         ::_exit(127);
+    }
+    bool has_journal() const { return fs::exists(native("n") / "out" / "new.resave-journal"); }
+    // Names and bytes of what is in the new folder.
+    std::map<std::string, std::string> result() const {
+        std::map<std::string, std::string> all;
+        for (const auto& [path, state] : state_of(native("n") / "out")) all.emplace(path, state.bytes);
+        return all;
     }
     fs::path told_of(const std::string& project) const { return native("n") / "told" / project; }
     static int ended(pid_t child) {
@@ -185,6 +195,86 @@ TEST_F(processes, a_run_killed_anywhere_leaves_the_source_whole_and_the_next_run
     }
     EXPECT_EQ(wanted, killed);
     for (const auto& [what, number] : met) torture::count(what.c_str(), number);
+}
+
+TEST_F(processes, a_killed_run_resumes_to_what_one_whole_run_makes) {
+    std::mt19937_64 random = torture::seeded("resumed kills");
+    const size_t wanted = torture::number_of("TORTURE_KILLS", 5);
+    const tree_state before = state_of(native("c"));
+    const char* const structures[] = {"by-type", "from-common-top", "folder-per-scene"};
+    make_older();
+    std::map<std::pair<const char*, bool>, std::map<std::string, std::string>> whole_results;
+    for (const char* structure : structures)
+        for (const bool has_older : {false, true}) {
+            prepare(has_older);
+            ended(start("new._vp", structure));
+            whole_results[{structure, has_older}] = result();
+        }
+    auto whole = run_time(structures[0]);
+    std::map<std::string, size_t> met;
+    size_t& killed = met["kills resumed"];
+    for (size_t turn = 0; killed < wanted && turn < 4 * wanted + 10; ++turn) {
+        const char* const structure = structures[random() % 3];
+        const bool has_older = random() % 2 == 0;
+        SCOPED_TRACE(structure + (" turn " + std::to_string(turn)));
+        prepare(has_older);
+        for (bool is_killed = true; is_killed;) {
+            const pid_t child = start("new._vp", structure);
+            std::this_thread::sleep_until(first_file(child) + whole * (random() % 1024) / 1024);
+            if (random() % 3 != 0) ::kill(child, SIGKILL); // else it goes on to its end
+            const int code = ended(child);
+            is_killed = code == -SIGKILL;
+            killed += is_killed;
+            ASSERT_TRUE(is_killed || code == 0 || code == 1) << code;
+        }
+        const auto& expected = whole_results.at({structure, has_older});
+        const auto now = result();
+        for (const auto& [path, bytes] : expected)
+            EXPECT_TRUE(now.contains(path) && now.at(path) == bytes) << path;
+        for (const auto& [path, bytes] : now) EXPECT_TRUE(expected.contains(path)) << path;
+        ASSERT_EQ("", difference(before, state_of(native("c"))));
+    }
+    EXPECT_LE(wanted, killed);
+    for (const auto& [what, number] : met) torture::count(what.c_str(), number);
+}
+
+// What is as it was stays, what changed is the old file or the new one, and the next update makes the rest.
+TEST_F(processes, an_update_killed_anywhere_is_finished_by_the_next_one) {
+    std::mt19937_64 random = torture::seeded("killed updates");
+    const size_t wanted = torture::number_of("TORTURE_KILLS", 5);
+    make_older();
+    for (const wide_view name : {u"a\\a.shp", u"b\\r.tif", u"c\\t.dbf", u"c\\w\\log.txt"})
+        write(u"C:\\data\\" + wide_string(name), "changed since");
+    const tree_state before = state_of(native("c"));
+    prepare(true);
+    ASSERT_EQ(0, ended(start("new._vp", "by-type", " --update")));
+    const auto expected = result();
+    auto whole = run_time("by-type");
+    size_t killed = 0;
+    for (size_t turn = 0; killed < wanted && turn < 4 * wanted + 10; ++turn) {
+        SCOPED_TRACE("turn " + std::to_string(turn));
+        prepare(true);
+        const pid_t child = start("new._vp", "by-type", " --update");
+        std::this_thread::sleep_until(first_file(child) + whole * (random() % 1024) / 1024);
+        ::kill(child, SIGKILL);
+        killed += ended(child) == -SIGKILL;
+        for (const auto& [path, bytes] : result()) {
+            const auto old = older_.find(path);
+            const bool is_new = expected.contains(path) && expected.at(path) == bytes;
+            const bool is_old = old != older_.end() && old->second.bytes == bytes;
+            const bool is_written =
+                path == "new_log.txt" || path.find("._") != std::string::npos; // more than once
+            EXPECT_TRUE(is_old || is_new || old == older_.end() || is_written) << path;
+        }
+        ASSERT_EQ(0, ended(start("new._vp", "by-type", " --update")));
+        const auto now = result();
+        for (const auto& [path, bytes] : expected)
+            EXPECT_TRUE(now.contains(path) && now.at(path) == bytes) << path;
+        for (const auto& [path, bytes] : now) EXPECT_TRUE(expected.contains(path)) << path;
+        ASSERT_EQ("", difference(before, state_of(native("c"))));
+    }
+    EXPECT_LE(wanted, killed);
+    torture::count("kills of an update", killed);
 }
 
 TEST_F(processes, twenty_runs_at_once_into_one_folder_make_twenty_whole_projects) {
