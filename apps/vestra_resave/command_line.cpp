@@ -2,8 +2,10 @@
 
 #include <CLI/CLI.hpp>
 #include <algorithm>
+#include <iostream>
 #include <map>
 
+#include "apps/vestra_resave/problems.h"
 #include "platform/terminal.h"
 
 namespace vestra::command {
@@ -295,12 +297,12 @@ void add_panel(CLI::App& app, command_line& line) {
     command->callback([&line] { line.run = [&line] { return drive_panel(line.panel, line.options); }; });
 }
 
-// Without a command the first word is to blame, if there is one that is no option.
-std::string failure_text(const CLI::App* app, const CLI::Error& error) {
-    const std::vector<std::string> words = app->remaining();
-    if (words.empty() || words.front().starts_with("-") || !app->get_subcommands().empty())
-        return CLI::FailureMessage::simple(app, error);
-    return "no such command: " + words.front() + "\nRun with --help for the list of commands.\n";
+// Returns what is wrong. Without a command the first word is to blame, if there is one that is no option.
+std::string failure_text(const CLI::App& app, const CLI::Error& error) {
+    const std::vector<std::string> words = app.remaining();
+    if (words.empty() || words.front().starts_with("-") || !app.get_subcommands().empty())
+        return error.what();
+    return "no such command: " + words.front();
 }
 
 } // namespace
@@ -308,7 +310,6 @@ std::string failure_text(const CLI::App* app, const CLI::Error& error) {
 std::optional<int> parse(int argc, char** argv, command_line& line) {
     CLI::App app("Copies mapping projects with all their files to a new place.", "vestra-resave");
     app.require_subcommand(1);
-    app.failure_message(failure_text);
     words words;
     add_list(app, line);
     add_resave(app, line, words);
@@ -317,12 +318,17 @@ std::optional<int> parse(int argc, char** argv, command_line& line) {
     add_scenes(app, line, words);
     add_check_case(app, line);
     add_panel(app, line);
+    std::vector<std::string> arguments = vs::project_resave::platform::program_arguments(argc, argv);
+    const bool wants_json = std::ranges::count(arguments, "--json") != 0;
     try {
-        std::vector<std::string> arguments = vs::project_resave::platform::program_arguments(argc, argv);
         std::ranges::reverse(arguments); // taken from the end
         app.parse(std::move(arguments));
     } catch (const CLI::ParseError& error) {
-        return app.exit(error) == 0 ? done : wrong_use;
+        if (error.get_exit_code() == 0) return app.exit(error);
+        line.options.json = wants_json; // which may stand after the word that is wrong
+        end_with(refused({}, failure_text(app, error)), line.options);
+        std::cerr << "Run with --help for more information.\n";
+        return wrong_use;
     }
     return std::nullopt;
 }

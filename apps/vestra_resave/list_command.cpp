@@ -27,6 +27,7 @@ ordered_json to_json(const element& shown, const selection_register& selection) 
             {"caption", to_utf8(shown.caption)},
             {"uuid", to_utf8(shown.uuid)},
             {"file", to_utf8(shown.file)},
+            {"native_file", native_form(shown.file)},
             {"exists", shown.exists ? ordered_json(*shown.exists) : ordered_json(nullptr)},
             {"bytes", shown.bytes},
             {"selectable", shown.selectable},
@@ -41,7 +42,7 @@ void print(const element& shown, size_t depth) {
     else if (!shown.type.empty())
         line += "  [" + one_line(shown.type) + "]";
     if (!shown.uuid.empty()) line += "  " + one_line(shown.uuid);
-    if (!shown.file.empty()) line += "  " + one_line(shown.file);
+    if (!shown.file.empty()) line += "  " + printed(shown.file);
     if (!shown.uuid.empty() && !shown.selectable) line += "  (always kept)";
     if (shown.exists) line += *shown.exists ? "  " + size_text(shown.bytes) : "  MISSING";
     std::cout << line << '\n';
@@ -89,6 +90,7 @@ int list_project(const list_request& request, const common_options& options) {
         ordered_json all = ordered_json::array();
         for (const element& shown : elements) all.push_back(to_json(shown, host.context().selection));
         const ordered_json shown{{"project", to_utf8(path)},
+                                 {"native_project", native_form(path)},
                                  {"outcome", found.empty() ? "listed" : "listed with problems"},
                                  {"problems", json_of(found)},
                                  {"elements", std::move(all)},
@@ -100,7 +102,7 @@ int list_project(const list_request& request, const common_options& options) {
         std::cout << shown.dump(2) << '\n';
         return end;
     }
-    std::cout << shell::printable(path) << "  " << size_text(bytes_of(path)) << '\n';
+    std::cout << printed(path) << "  " << size_text(bytes_of(path)) << '\n';
     for (const element& shown : elements) print(shown, 1);
     std::cout << all_of_it.elements << " elements, " << all_of_it.files << " files, "
               << size_text(all_of_it.bytes) << ", " << all_of_it.missing << " missing\n";

@@ -5,6 +5,7 @@
 #include <optional>
 
 #include "apps/vestra_resave/panel_commands.h"
+#include "apps/vestra_resave/problems.h"
 #include "platform/library.h"
 #include "platform/volumes.h"
 #include "reference_host/files/files.h"
@@ -44,14 +45,13 @@ private:
 // The project that is open in the host beside the window.
 class open_project {
 public:
-    bool read(const std::string& path) {
+    // Returns why it could not be read.
+    std::optional<refusal> read(const std::string& path) {
         const wide_string file = platform::drive_path(path);
-        if (const auto error = files::read_project(file, project_)) {
-            complain(shell::printable(error->text()));
-            return false;
-        }
+        if (const auto error = files::read_project(file, project_))
+            return refusal{wrong_use, {{own_kind::not_loaded, {}, file, {}, error->why()}}};
         shell::settings().open_project = &project_;
-        return true;
+        return std::nullopt;
     }
     ~open_project() { shell::settings().open_project = nullptr; }
 
@@ -95,12 +95,15 @@ int drive_panel(const panel_request& request, const common_options& options) {
     {
         panel_terminal terminal;
         std::optional<open_project> opened;
-        if (!request.open_project.empty() && !opened.emplace().read(request.open_project)) return wrong_use;
+        if (!request.open_project.empty())
+            if (const auto early = opened.emplace().read(request.open_project))
+                return end_with(*early, options);
         terminal_host host(terminal, options);
         end = drive(*open_window(host), terminal, request.project);
     }
     if (const std::size_t left = living_objects()) {
-        complain("the window is closed, but of its objects there are left: " + std::to_string(left));
+        complain("internal error: " + std::to_string(left) +
+                 " objects still alive after the window was closed");
         return not_saved;
     }
     print("closed, nothing left\n");

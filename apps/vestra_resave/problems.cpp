@@ -5,6 +5,7 @@
 #include <nlohmann/json.hpp>
 #include <unordered_set>
 
+#include "apps/vestra_resave/elements.h"
 #include "apps/vestra_resave/resave_report.h"
 #include "operations/run/path_files.h"
 #include "operations/run/run_state.h"
@@ -56,10 +57,10 @@ constexpr kind_words all_kinds[] = {
     {own_kind::left_behind, "was left behind"},
     {own_kind::dropped, "is not in the new project"},
     {own_kind::left_alone, "was not copied, as a resave leaves this kind of element alone"},
-    {own_kind::reference_outside, "outside"},
-    {own_kind::reference_missing, "missing"},
-    {own_kind::reference_outside_and_missing, "outside and missing"},
-    {own_kind::reference_empty, "empty"},
+    {own_kind::reference_outside, "is outside the project's folder"},
+    {own_kind::reference_missing, "does not exist"},
+    {own_kind::reference_outside_and_missing, "is outside the project's folder and does not exist"},
+    {own_kind::reference_empty, "is empty"},
     {own_kind::unreadable, "could not be read"},
     {own_kind::copy_missing, "its copy % does not exist"},
     {own_kind::copy_size_differs, "its copy % has another size"},
@@ -70,11 +71,6 @@ constexpr kind_words all_kinds[] = {
     {own_kind::manifest_size_differs, "has another size than in the manifest"},
     {own_kind::manifest_content_differs, "has another content than in the manifest"},
 };
-
-// JSON takes nothing but UTF-8, which a name on the disk need not be.
-std::string native(const wide_string& path) {
-    return path.empty() ? std::string() : to_utf8(platform::from_utf8(platform::native_path(path).string()));
-}
 
 // Why the host could not read or write the file of a fact; empty if it is not known.
 wide_string reason_of_host(const fact& fact) {
@@ -102,7 +98,18 @@ wide_string file_in_the_way(const wide_string& path) {
 
 wide_string reason_of(const wide_string& reason, const wide_string& path) {
     const wide_string file = file_in_the_way(path);
-    return file.empty() ? reason : reason + u" (" + file + u" is in the way)";
+    return file.empty() ? reason : reason + u" (" + platform::from_utf8(printed(file)) + u" is in the way)";
+}
+
+std::string native_form(const wide_string& path) {
+    const std::optional<wide_string> place = path_in(path);
+    return place ? platform::native_text(*place) : std::string();
+}
+
+std::string printed(const wide_string& path) {
+    const std::string native = native_form(path);
+    const bool is_marked = path.starts_with(u'*');
+    return native.empty() ? one_line(path) : (is_marked ? "*" : "") + one_line(platform::from_utf8(native));
 }
 
 std::string text_of(const std::string& kind) {
@@ -114,6 +121,7 @@ const char* name_of(fact_kind kind) { return all_kinds[static_cast<size_t>(kind)
 problem problem_of(const fact& fact) {
     problem found{name_of(fact.kind), fact.element, fact.path, fact.new_path, fact.reason};
     if (fact.kind == fact_kind::type_not_resaved) found.reason = fact.subject;
+    if (fact.kind == fact_kind::reads_other) found.reason = platform::from_utf8(printed(fact.reason));
     if (fact.kind == fact_kind::exception_caught) found.reason = fact.subject + u": " + fact.reason;
     return found;
 }
@@ -201,14 +209,14 @@ ordered_json json_of(const problem& found) {
                        {"caption", to_utf8(found.element.caption)},
                        {"list", to_utf8(found.element.list)}}},
                      {"path", to_utf8(found.path)},
-                     {"native_path", native(found.path)},
+                     {"native_path", native_form(found.path)},
                      {"new_path", to_utf8(found.new_path)},
-                     {"new_native_path", native(found.new_path)},
+                     {"new_native_path", native_form(found.new_path)},
                      {"reason", to_utf8(found.reason)}};
     if (found.holder.empty()) return all;
     all["holder"] = found.holder;
     all["file"] = to_utf8(found.file);
-    all["native_file"] = native(found.file);
+    all["native_file"] = native_form(found.file);
     return all;
 }
 
@@ -226,23 +234,35 @@ ordered_json json_of(const std::vector<problem>& all, std::string_view kind) {
     return array;
 }
 
+namespace {
+
+// The element that a problem is about, with what it is in and the file that has the reference.
+std::string holder_of(const problem& found) {
+    std::string holder;
+    if (!found.element.caption.empty() || !found.element.list.empty())
+        holder = '"' + one_line(found.element.caption) + '"';
+    if (!found.element.list.empty()) holder += " in \"" + one_line(found.element.list) + '"';
+    if (found.file.empty()) return holder;
+    if (found.file == found.path) return {}; // the file stands for the element
+    return found.holder + " " + holder + " in " + printed(found.file);
+}
+
+} // namespace
+
 std::string line_of(const problem& found) {
     if (found.kind == own_kind::refused)
-        return (found.path.empty() ? "" : one_line(found.path) + ": ") + shell::printable(found.reason);
+        return (found.path.empty() ? "" : printed(found.path) + ": ") + one_line(found.reason);
     std::string what = text_of(found.kind);
     // What the system does not show may well be there.
     if (found.kind == name_of(fact_kind::source_lost) && !found.reason.empty()) what = "cannot be reached";
     wide_string about = found.path;
     if (const size_t place = what.find('%'); place != std::string::npos)
-        what.replace(place, 1, one_line(found.new_path));
+        what.replace(place, 1, printed(found.new_path));
     else if (!found.new_path.empty())
         about = found.new_path;
-    std::string holder;
-    if (!found.element.caption.empty() || !found.element.list.empty())
-        holder = '"' + one_line(found.element.caption) + '"';
-    if (!found.element.list.empty()) holder += " in \"" + one_line(found.element.list) + '"';
+    const std::string holder = holder_of(found);
     // What has no file is named by its element.
-    std::string line = about.empty() ? holder : one_line(about);
+    std::string line = about.empty() ? holder : printed(about);
     line += (line.empty() ? "" : ": ") + what;
     if (!found.reason.empty()) line += ": " + one_line(found.reason);
     return about.empty() || holder.empty() ? line : line + " (" + holder + ")";

@@ -69,6 +69,11 @@ struct refusal {
     int exit = wrong_use;
     std::vector<problem> problems;
 };
+
+// Returns the path as the operating system names it; empty for what is no path, such as a link to a service.
+std::string native_form(const wide_string& path);
+// The same for a person, on one line. A mark in front stays, and so does what has no native form.
+std::string printed(const wide_string& path);
 // Returns the path with each name that exists spelled as its folder lists it.
 wide_string as_on_disk(const wide_string& path);
 // A refusal with exit code 2 for one reason, about a path or, with an empty one, about the use of the

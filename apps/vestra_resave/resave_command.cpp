@@ -61,7 +61,7 @@ std::optional<refusal> refuse_lowered(const wide_string& folder) {
         if (path_exists(level) && path_exists(lowered) &&
             !platform::current_system().same_file(level, lowered))
             return refused(level, "with --lowercase the files would go to another folder that exists: " +
-                                      one_line(lowered));
+                                      printed(lowered));
     }
     return std::nullopt;
 }
@@ -71,11 +71,10 @@ std::optional<refusal> refuse_paths(const wide_string& source, const wide_string
                                     const resave_request& request) {
     const std::string& typed = request.new_project;
     if (auto early = refuse_share(request.project)) return early;
-    if (is_same_file(source, target))
-        return refused({}, shell::printable(load_string(text::same_project_name)));
+    if (is_same_file(source, target)) return refused({}, one_line(load_string(text::same_project_name)));
     const bool has_name = typed.find_last_of("/\\") + 1 != typed.size();
     if (path_head(target).empty() || !has_name)
-        return refused(target, "the new project needs a folder and a name");
+        return refused({}, typed + ": the new project needs a folder and a name");
     if (auto early = refuse_output(typed)) return early;
     if (request.settings.lower_case)
         if (auto early = refuse_lowered(path_head(target))) return early;

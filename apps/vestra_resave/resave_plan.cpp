@@ -93,7 +93,9 @@ ordered_json json_of(const resave_plan& plan, const resave_report& report) {
     ordered_json& files = all["files"] = ordered_json::array();
     for (const resave_plan::file& file : plan.files)
         files.push_back({{"source", to_utf8(file.source)},
+                         {"native_source", native_form(file.source)},
                          {"target", to_utf8(file.target)},
+                         {"native_target", native_form(file.target)},
                          {"bytes", file.bytes},
                          {"renamed", file.renamed}});
     all["bytes"] = plan.bytes;
@@ -103,9 +105,8 @@ ordered_json json_of(const resave_plan& plan, const resave_report& report) {
 
 void print_text(const resave_plan& plan, const resave_report& report, const wide_string& new_project) {
     for (const resave_plan::file& file : plan.files)
-        std::cout << (file.source.empty() ? "(new)" : one_line(file.source)) << " -> "
-                  << one_line(file.target) << "  " << size_text(file.bytes)
-                  << (file.renamed ? "  renamed" : "") << '\n';
+        std::cout << (file.source.empty() ? "(new)" : printed(file.source)) << " -> " << printed(file.target)
+                  << "  " << size_text(file.bytes) << (file.renamed ? "  renamed" : "") << '\n';
     if (!plan.free_bytes)
         complain("free disk space could not be determined: " + one_line(plan.free_space_failure));
     std::cout << "would be " << closing_line(report, new_project) << "; "

@@ -142,7 +142,9 @@ ordered_json json_of(const std::vector<copied_file>& all) {
     ordered_json files = ordered_json::array();
     for (const copied_file& file : all)
         files.push_back({{"source", platform::to_utf8(file.source)},
+                         {"native_source", native_form(file.source)},
                          {"target", platform::to_utf8(file.target)},
+                         {"native_target", native_form(file.target)},
                          {"bytes", file.bytes}});
     return files;
 }
@@ -181,18 +183,14 @@ ordered_json json_of(const resave_report& report) {
 }
 
 void print_problems(const resave_report& report) {
-    // What was found in the new project is named by the element that holds the reference.
     for (const problem& each : report.problems)
-        if (each.kind != name_of(fact_kind::renamed) && each.holder.empty()) complain(line_of(each));
+        if (each.kind != name_of(fact_kind::renamed)) complain(line_of(each));
     if (report.resumable) complain("--resume goes on where this resave ended");
-    verification astray;
-    astray.project = report.found.project, astray.astray = report.found.astray;
-    for (const std::string& line : lines_of(astray)) complain(line);
 }
 
 std::string closing_line(const resave_report& report, const wide_string& new_project) {
     const resave_summary summary = summary_of(report);
-    std::string line = report.outcome + ": " + one_line(new_project) + ", " + std::to_string(summary.files) +
+    std::string line = report.outcome + ": " + printed(new_project) + ", " + std::to_string(summary.files) +
                        " files, " + size_text(summary.bytes);
     const char* before = "; ";
     for (const auto& [words, name, count] : counts)
@@ -204,7 +202,7 @@ std::string closing_line(const resave_report& report, const wide_string& new_pro
 void print_text(const resave_report& report, const wide_string& new_project, bool list_files) {
     if (list_files) {
         for (const copied_file& file : report.files)
-            std::cout << one_line(file.source) << " -> " << one_line(file.target) << '\n';
+            std::cout << printed(file.source) << " -> " << printed(file.target) << '\n';
         for (const problem& each : report.problems)
             if (each.kind == name_of(fact_kind::renamed)) std::cout << line_of(each) << '\n';
     }

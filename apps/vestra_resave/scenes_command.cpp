@@ -29,7 +29,7 @@ bool print_outcome(session& host, const wide_string& folder, bool quiet) {
     std::unordered_set<wide_string> seen;
     for (const placed_file& scene : host.context().placement.placed) {
         const wide_string path = path_join(folder, scene.new_path), key = path_key(path);
-        if (!quiet && !failed.contains(key) && seen.insert(key).second) std::cout << one_line(path) << '\n';
+        if (!quiet && !failed.contains(key) && seen.insert(key).second) std::cout << printed(path) << '\n';
     }
     return std::ranges::all_of(all, &is_notice);
 }
@@ -44,7 +44,7 @@ int write_scenes(const scenes_request& request, const common_options& options) {
     const wide_string folder = as_on_disk(platform::drive_path(request.folder));
     // The run writes into the current folder: nothing was resaved before it.
     if (const platform::outcome entered = platform::set_current_folder(folder); !entered) {
-        complain(one_line(folder) + ": could not be entered: " + one_line(entered.text()));
+        complain(printed(folder) + ": could not be entered: " + one_line(entered.text()));
         return not_saved;
     }
     scene_file_settings settings = request.settings;

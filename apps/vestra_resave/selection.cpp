@@ -97,12 +97,11 @@ const element* directory::one_of(const std::string& name, const std::vector<plac
     const element* const first = candidates.front().found;
     if (std::ranges::all_of(candidates, [&](const place& other) { return other.found->uuid == first->uuid; }))
         return first;
-    std::string line =
-        "\"" + name + "\" names " + std::to_string(candidates.size()) + " elements; give the uuid of one:";
+    complaints.push_back('"' + name + "\" names " + std::to_string(candidates.size()) +
+                         " elements; give the uuid of one");
     for (const place& candidate : candidates)
-        line += "\n  " + one_line(candidate.found->uuid) + "  " + candidate.found->kind + " in " +
-                one_line(candidate.holders);
-    complaints.push_back(line);
+        complaints.push_back('"' + name + "\" can be " + one_line(candidate.found->uuid) + ": " +
+                             candidate.found->kind + " in " + one_line(candidate.holders));
     return nullptr;
 }
 

@@ -85,7 +85,8 @@ std::optional<refusal> session::load(const wide_string& path, bool show_wait, bo
     load_problems_ = problems_of(*context_);
     if (!is_loaded) {
         refusal early{wrong_use, {{own_kind::not_loaded, {}, path, {}, read_error_of(path)}}};
-        std::ranges::move(reading_problems(), std::back_inserter(early.problems));
+        for (problem& each : reading_problems())
+            if (!path_same(each.path, path)) early.problems.push_back(std::move(each));
         return early;
     }
     if (interrupted()) return refusal{stopped, {{own_kind::interrupted, {}, {}, {}}}};

@@ -6,6 +6,7 @@
 #include "apps/vestra_resave/session.h"
 #include "operations/project_context.h"
 #include "platform/path_text.h"
+#include "platform/text.h"
 
 namespace vestra::command {
 
@@ -52,10 +53,10 @@ public:
     }
 
     void add_to(resave_report& report, const wide_string& copied) {
-        const wide_string head = path_head(copied);
+        const wide_string head = path_head(copied), shown = platform::from_utf8(printed(copied));
         for (const wide_string& name : folders_.files_of(head).beginning_with(path_stem(copied)))
             if (taken_.insert(path_key(head + name)).second)
-                add(report, {own_kind::left_behind, {}, head + name, {}, u"it is next to " + copied});
+                add(report, {own_kind::left_behind, {}, head + name, {}, u"it is next to " + shown});
     }
 
 private:

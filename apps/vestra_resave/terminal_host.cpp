@@ -25,7 +25,9 @@ bool is_russian(const common_options& options) {
 
 } // namespace
 
-void complain(const std::string& reason) { std::cerr << "vestra-resave: " << reason << '\n'; }
+void complain(const std::string& reason) {
+    std::cerr << "vestra-resave: " << shell::one_line(platform::from_utf8(reason)) << '\n';
+}
 
 std::optional<std::string> apply(const common_options& options) {
     std::string reason;

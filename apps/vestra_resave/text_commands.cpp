@@ -27,7 +27,7 @@ int write_text(const std::string& project, const std::string& text_file, const c
     const std::vector<problem> found = host.reading_problems();
     for (const problem& each : found) complain(line_of(each));
     if (result.end == run_end::stopped) {
-        complain(path_exists(path) ? "interrupted; the text file could not be removed: " + one_line(path)
+        complain(path_exists(path) ? "interrupted; the text file could not be removed: " + printed(path)
                                    : "interrupted; the text file was removed");
         return stopped;
     }

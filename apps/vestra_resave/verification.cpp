@@ -227,13 +227,24 @@ std::vector<wide_string> files_beside(const project_context& context, verificati
     return all;
 }
 
+namespace {
+
+// "reference_outside_and_missing" is "outside and missing".
+std::string word_of(std::string kind) {
+    constexpr std::string_view start = "reference_";
+    if (kind.starts_with(start)) kind.erase(0, start.size());
+    std::ranges::replace(kind, '_', ' ');
+    return kind;
+}
+
+} // namespace
+
 std::vector<std::string> lines_of(const verification& found) {
     std::vector<std::string> lines;
     for (const problem& each : found.astray) {
         const bool is_plain = each.file == found.project || each.file == each.path;
-        lines.push_back((each.kind == own_kind::unreadable ? each.kind : text_of(each.kind)) + ": " +
-                        each.holder + " " + one_line(each.element.caption) + ": " + one_line(each.path) +
-                        (is_plain ? "" : ", in " + one_line(each.file)) +
+        lines.push_back(word_of(each.kind) + ": " + each.holder + " " + one_line(each.element.caption) +
+                        ": " + printed(each.path) + (is_plain ? "" : ", in " + printed(each.file)) +
                         (each.reason.empty() ? "" : ": " + one_line(each.reason)));
     }
     for (const problem& each : found.differing) lines.push_back(line_of(each));

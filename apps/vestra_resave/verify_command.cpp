@@ -54,6 +54,7 @@ int verify_project(const verify_request& request, const common_options& options)
     const char* const outcome = outcome_of(found, all);
     if (options.json) {
         nlohmann::ordered_json shown{{"project", platform::to_utf8(found.project)},
+                                     {"native_project", native_form(found.project)},
                                      {"outcome", outcome},
                                      {"references", found.references},
                                      {"problems", json_of(all)},
@@ -62,7 +63,7 @@ int verify_project(const verify_request& request, const common_options& options)
         std::cout << shown.dump(2) << '\n';
     } else {
         for (const std::string& line : lines_of(found)) std::cout << line << '\n';
-        std::cout << outcome << ": " << one_line(found.project) << ", " << found.references << " references, "
+        std::cout << outcome << ": " << printed(found.project) << ", " << found.references << " references, "
                   << found.astray.size() << " astray";
         if (request.manifest) std::cout << ", " << found.differing.size() << " not as in the manifest";
         std::cout << '\n';

@@ -237,4 +237,8 @@ std::filesystem::path native_path(const wide_string& path) {
     return mapped_volumes().native(path, false).path;
 }
 
+std::string native_text(const wide_string& path) {
+    return to_utf8(from_utf8(mapped_volumes().native(path, false).path));
+}
+
 } // namespace vs::project_resave::platform

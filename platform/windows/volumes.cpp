@@ -60,4 +60,6 @@ std::filesystem::file_time_type folder_time(const wide_string& folder) {
 
 std::filesystem::path native_path(const wide_string& path) { return system_path(path); }
 
+std::string native_text(const wide_string& path) { return to_utf8(path); }
+
 } // namespace vs::project_resave::platform

@@ -45,6 +45,9 @@ std::string fitting(const std::string& line, unsigned columns) {
     return platform::to_utf8(text);
 }
 
+// Such a character moves the cursor, or begins an order to the terminal.
+bool is_control(char16_t c) { return c < u' ' || (c >= 0x7f && c < 0xa0); }
+
 std::string in_columns(unsigned percent) {
     const std::string digits = std::to_string(percent);
     return std::string(3 - digits.size(), ' ') + digits;
@@ -62,17 +65,23 @@ std::string printable(wide_view text) {
     wide_string safe;
     for (const char16_t c : text) {
         if (c == u'\r') continue;
-        const bool steers = (c < u' ' && c != u'\n' && c != u'\t') || (c >= 0x7f && c < 0xa0);
-        safe += steers ? u'\xfffd' : c;
+        safe += is_control(c) && c != u'\n' && c != u'\t' ? u'\xfffd' : c;
     }
     return platform::to_utf8(safe);
 }
 
 std::string one_line(wide_view text) {
-    std::string line = printable(text);
-    std::ranges::replace_if(
-        line, [](char c) { return c == '\n' || c == '\t'; }, ' ');
-    return line;
+    constexpr wide_view digits = u"0123456789abcdef";
+    wide_string line;
+    for (const char16_t c : text) {
+        if (!is_control(c))
+            line += c;
+        else if (c == u'\n' || c == u'\r' || c == u'\t')
+            line += c == u'\n' ? u"\\n" : c == u'\r' ? u"\\r" : u"\\t";
+        else
+            line += wide_string(u"\\x") + digits[c >> 4] + digits[c & 15];
+    }
+    return platform::to_utf8(line);
 }
 
 terminal_front_end::terminal_front_end(platform::terminal& terminal, bool quiet)

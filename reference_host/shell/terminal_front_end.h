@@ -12,7 +12,7 @@ namespace vestra::shell {
 
 // The text in UTF-8 for a screen: a name in it could hold signs that steer the terminal.
 std::string printable(wide_view text);
-// The same on one line.
+// The same on one line, with "\n" for a line feed and "\x1b" for what else is no character to be read.
 std::string one_line(wide_view text);
 
 // In the language of the host's settings. Everything goes to the terminal, which outlives the front end.

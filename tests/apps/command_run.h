@@ -27,8 +27,26 @@ protected:
         out = text("out");
         return code;
     }
-    bool is_told(const std::string& text) const { return err.find(text) != std::string::npos; }
-    bool is_printed(const std::string& text) const { return out.find(text) != std::string::npos; }
+    bool is_told(const std::string& text) const { return err.find(shown(text)) != std::string::npos; }
+    bool is_printed(const std::string& text) const { return out.find(shown(text)) != std::string::npos; }
+    // The text with its drive paths as the command prints them: as the operating system names them.
+    static std::string shown(const std::string& text) {
+        std::string all;
+        bool is_native = false; // a path that has no "\" here
+        for (size_t at = 0; at < text.size(); ++at) {
+            const bool is_drive = std::string("CDNn").find(text[at]) != std::string::npos;
+            if (is_drive && text.compare(at + 1, 2, ":\\") == 0) {
+                const std::string root = platform::native_text(platform::from_utf8(text.substr(at, 3)));
+                is_native = root.starts_with("/");
+                all += root + (is_native ? "/" : "");
+                at += 2;
+                continue;
+            }
+            is_native = is_native && std::string(":\n\"").find(text[at]) == std::string::npos;
+            all += is_native && text[at] == '\\' ? '/' : text[at];
+        }
+        return all;
+    }
     // Files and folders of the new folder, each behind a blank, in order.
     std::string made() const {
         std::string names;

@@ -175,7 +175,7 @@ TEST_F(dry_run, tells_what_stays_behind_and_where_the_space_ends) {
         std::set<string> behind;
         for (const auto& each : run.at("left_behind")) behind.insert(each.at("path"));
         EXPECT_EQ((std::set<string>{data + "r.tif.bak", data + "Roads.old.shp", data + "roads.TXT"}), behind);
-        EXPECT_TRUE(is_told("roads.TXT: was left behind: it is next to " + data + "ROADS.shp\n")) << err;
+        EXPECT_TRUE(is_told(data + "roads.TXT: was left behind: it is next to " + data)) << err;
         EXPECT_EQ(json({{"files", 6},
                         {"bytes", 24},
                         {"renamed", 0},
@@ -206,8 +206,8 @@ TEST_F(dry_run, tells_what_stays_behind_and_where_the_space_ends) {
     EXPECT_LT(plan.at("free_bytes"), plan.at("bytes"));
 
     EXPECT_EQ(1, command("resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp' --dry-run --ignore-space"));
-    EXPECT_NE(string::npos, out.find("ROADS.shp -> N:\\out\\shp\\ROADS.shp  4 B\n")) << out;
-    EXPECT_NE(string::npos, out.find("\nwould be saved with problems: N:\\out\\new._vp, 7 files, ")) << out;
+    EXPECT_TRUE(is_printed(" -> N:\\out\\shp\\ROADS.shp  4 B\n")) << out;
+    EXPECT_TRUE(is_printed("\nwould be saved with problems: N:\\out\\new._vp, 7 files, ")) << out;
     EXPECT_NE(string::npos, out.find("; 1 failed, 3 left behind; ")) << out;
 }
 

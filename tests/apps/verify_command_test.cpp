@@ -20,7 +20,8 @@ TEST_F(verify_command, names_every_reference_that_leads_astray_and_what_holds_it
     std::filesystem::copy(VS_SOURCE_DIR "/tests/apps/astray/c", native("c"),
                           std::filesystem::copy_options::recursive);
     EXPECT_EQ(1, command("verify 'C:\\prj\\area._vp'")) << err;
-    EXPECT_EQ(committed("tests/apps/astray/told.txt"), out);
+    const string lines = shown(committed("tests/apps/astray/told.txt"));
+    EXPECT_EQ(std::regex_replace(lines, std::regex("/prj/\\.\\./"), "/"), out);
     EXPECT_EQ(1, command("verify 'C:\\prj\\area._vp' --json")) << err;
     const auto told = json::parse(out);
     EXPECT_EQ("does not stand alone", told.at("outcome"));
@@ -38,7 +39,7 @@ TEST_F(verify_command, ends_with_0_only_for_a_project_that_can_be_moved) {
     project_builder().scene_2d(u"S").layer("rtr_lr2d", u"R", write(u"C:\\prj\\r.tif")).save(source);
     const tree_state before = state_of(native("c"));
     EXPECT_EQ(0, command("verify 'C:\\prj\\area._vp'"));
-    EXPECT_EQ("stands alone: C:\\prj\\area._vp, 1 references, 0 astray\n", out);
+    EXPECT_EQ(shown("stands alone: C:\\prj\\area._vp, 1 references, 0 astray\n"), out);
     std::filesystem::rename(native("c") / "prj", native("c") / "moved");
     EXPECT_EQ(0, command("verify 'C:\\moved\\area._vp' --json"));
     std::filesystem::remove(native("c") / "moved/r.tif");
@@ -110,7 +111,7 @@ TEST_F(verify_command, of_a_resave_tells_of_a_copy_that_is_not_as_its_source) {
     project_builder().scene_2d(u"S").layer("rtr_lr2d", u"Rocks", write(u"C:\\prj\\Rocks._lr")).save(source);
     EXPECT_EQ(
         1, command("resave 'C:\\prj\\area._vp' 'N:\\out\\b._vp' --structure from-project-folder --verify"));
-    EXPECT_TRUE(is_told("vestra-resave: unreadable: file Rocks._lr: N:\\out\\Rocks._lr: line 1: ")) << err;
+    EXPECT_TRUE(is_told("vestra-resave: N:\\out\\Rocks._lr: could not be read: line 1: ")) << err;
     EXPECT_NE(string::npos, out.find("saved with problems: "));
 }
 
@@ -132,7 +133,7 @@ TEST_F(bundle_option, items_of_a_bundle_are_listed_left_out_by_name_copied_and_v
     EXPECT_FALSE(is_printed("Quarry")) << out;
 
     ASSERT_EQ(0, command("resave --files --verify --deselect bridge " + project + target + bundle)) << err;
-    EXPECT_TRUE(is_printed("notes\\quarry.txt") && is_printed("sketches\\plan.sketch.legend")) << out;
+    EXPECT_TRUE(is_printed("quarry.txt") && is_printed("plan.sketch.legend")) << out;
     EXPECT_FALSE(is_printed("bridge.txt")) << out;
     std::filesystem::remove(native("n") / "copy/notes/quarry.txt");
     EXPECT_EQ(1, command("verify " + target + bundle));
