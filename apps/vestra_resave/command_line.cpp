@@ -65,13 +65,13 @@ CLI::App* add_command(CLI::App& app, const char* name, const char* what, common_
                       std::string& project) {
     CLI::App* command = add_command(app, name, what, options);
     add_project(command, project)->required();
+    command->add_flag("--json", options.json, "Print one JSON object");
     return command;
 }
 
 void add_list(CLI::App& app, command_line& line) {
     CLI::App* command = add_command(app, "list", "Show what is in a project and which of its files are there",
                                     line.options, line.project);
-    command->add_flag("--json", line.options.json, "Print one JSON object");
     command->add_flag("--missing", line.list.missing, "Only elements whose file does not exist");
     command->callback([&line] {
         line.list.project = line.project;
@@ -88,7 +88,6 @@ void add_verify(CLI::App& app, command_line& line) {
         "Answer as if the project folder were on another disk: references bound to this place count");
     command->add_flag("--manifest", line.verify.manifest,
                       "Compare every file with the manifest that resave wrote next to the project");
-    command->add_flag("--json", line.options.json, "Print one JSON object");
     command->footer(
         "Exit status: 0 self-contained, 1 not self-contained, 2 usage error or project cannot be loaded, 130 "
         "interrupted");
@@ -206,7 +205,6 @@ void add_resave(CLI::App& app, command_line& line, words& words) {
     command->add_flag("--dry-run", words.dry_run, "Print what would go where, and write nothing")
         ->excludes(verifies)
         ->excludes(lists);
-    command->add_flag("--json", line.options.json, "Print one JSON object");
     command->footer(std::string(about_structures) +
                     "Exit status: 0 saved, 1 saved with problems, 2 usage error or project cannot be loaded, "
                     "3 not saved, 130 "
@@ -234,7 +232,8 @@ void add_structure(CLI::App& app, command_line& line, words& words) {
     CLI::App* command = add_command(app, "structure", "Write what is in a project to a text file",
                                     line.options, request.project);
     command
-        ->add_option("TEXT_FILE", request.text_file, "Text file to be written, in place of one that exists")
+        ->add_option("TEXT_FILE", request.text_file,
+                     "Text file to be written, in place of one that exists; - for the standard output")
         ->required();
     command->add_flag("--layers", settings.write_layer_names, "Layers of scenes, in their groups");
     command->add_flag("--tables", settings.write_table_names, "Tables; DBF tables with their fields");
@@ -259,7 +258,9 @@ void add_scenes(CLI::App& app, command_line& line, words& words) {
     scenes_request& request = line.scenes;
     CLI::App* command = add_command(app, "scenes", "Write each 2D scene of a project to a file of its own",
                                     line.options, request.project);
-    command->add_option("FOLDER", request.folder, "Folder that exists, for the scene files")->required();
+    command->add_option("FOLDER", request.folder,
+                        "Folder that exists, for the scene files; optional with --list");
+    command->add_flag("--list", request.lists, "Print what would be written, and write nothing");
     command->add_option("--if-exists", words.if_exists, "When there is a scene file of the name")
         ->check(CLI::IsMember(ways_if_scene_file_exists))
         ->capture_default_str();
@@ -267,6 +268,7 @@ void add_scenes(CLI::App& app, command_line& line, words& words) {
         "Exit status: 0 written, 1 written but something could not be read, 2 usage error or project "
         "cannot be loaded, 3 not all written");
     command->callback([&] {
+        if (request.folder.empty() && !request.lists) throw CLI::RequiredError("FOLDER");
         request.settings.on_exists = ways_if_scene_file_exists.at(words.if_exists);
         line.run = [&line] { return write_scenes(line.scenes, line.options); };
     });
@@ -276,7 +278,9 @@ void add_check_case(CLI::App& app, command_line& line) {
     CLI::App* command =
         add_command(app, "check-case", "Find the paths that differ from the disk's in letter case",
                     line.options, line.project);
-    command->add_option("REPORT", line.report, "Text file to be written, in place of one that exists")
+    command
+        ->add_option("REPORT", line.report,
+                     "Text file to be written, in place of one that exists; - for the standard output")
         ->required();
     command->footer("Exit status: 0 all well, 1 differences found or something could not be read, 2 usage "
                     "error or project "
@@ -310,6 +314,7 @@ std::string failure_text(const CLI::App& app, const CLI::Error& error) {
 std::optional<int> parse(int argc, char** argv, command_line& line) {
     CLI::App app("Copies mapping projects with all their files to a new place.", "vestra-resave");
     app.require_subcommand(1);
+    app.set_version_flag("--version", "vestra-resave " VS_VERSION);
     words words;
     add_list(app, line);
     add_resave(app, line, words);

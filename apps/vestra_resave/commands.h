@@ -31,7 +31,7 @@ struct verify_request {
 };
 int verify_project(const verify_request& request, const common_options& options);
 
-// check-case: which paths of a project differ from the disk's in letter case.
+// check-case: which paths of a project differ from the disk's in letter case. `report` may be "-", too.
 int check_case(const std::string& project, const std::string& report, const common_options& options);
 
 // resave: copies a project with all its files to a new place.
@@ -61,7 +61,7 @@ int plan_resave(const resave_request& request, const common_options& options);
 // structure: what is in a project, as a text file.
 struct structure_request {
     std::string project;
-    std::string text_file;
+    std::string text_file;                           // "-" for the standard output
     vs::project_resave::structure_settings settings; // all but the output path
 };
 int write_structure(const structure_request& request, const common_options& options);
@@ -69,7 +69,8 @@ int write_structure(const structure_request& request, const common_options& opti
 // scenes: the 2D scenes of a project as files of their own.
 struct scenes_request {
     std::string project;
-    std::string folder;
+    std::string folder;                               // may be empty if `lists`
+    bool lists = false;                               // print what would be written, and write nothing
     vs::project_resave::scene_file_settings settings; // all but the folder
 };
 int write_scenes(const scenes_request& request, const common_options& options);

@@ -46,6 +46,7 @@ constexpr kind_words all_kinds[] = {
     {own_kind::refused, ""},
     {own_kind::not_loaded, "could not be loaded"},
     {own_kind::not_created, "could not be created"},
+    {own_kind::not_entered, "could not be entered"},
     {own_kind::too_little_space, "too little space"},
     {own_kind::not_writable, "cannot be written to"},
     {own_kind::name_too_long, "no file of this name can be created"},

@@ -22,6 +22,7 @@ inline constexpr const char* outside = "outside"; // a copy has its place outsid
 inline constexpr const char* refused = "refused"; // the command does not do that; `reason` says why
 inline constexpr const char* not_loaded = "not_loaded";
 inline constexpr const char* not_created = "not_created"; // a text file, or the folder of the new project
+inline constexpr const char* not_entered = "not_entered"; // a folder that must exist
 inline constexpr const char* too_little_space = "too_little_space";
 inline constexpr const char* not_writable = "not_writable";       // the new project's folder
 inline constexpr const char* name_too_long = "name_too_long";     // for the disk of the new project

@@ -1,37 +1,134 @@
 #include "apps/vestra_resave/commands.h"
 
-#include <algorithm>
 #include <iostream>
+#include <nlohmann/json.hpp>
 #include <unordered_set>
 
 #include "apps/vestra_resave/problems.h"
 #include "apps/vestra_resave/resave_report.h"
 #include "apps/vestra_resave/session.h"
+#include "apps/vestra_resave/trial_disk.h"
+#include "core/layer_group_writer.h"
+#include "framework/border/string_adapter.h"
+#include "host/vsk_entity.h"
+#include "host/vsk_prj.h"
+#include "host/vsk_scn_2d.h"
 #include "operations/project_context.h"
 #include "operations/run/path_files.h"
 #include "platform/path_text.h"
+#include "platform/text.h"
 #include "platform/volumes.h"
 
 namespace vestra::command {
 
 using namespace vs::project_resave;
+using nlohmann::ordered_json;
+using platform::to_utf8;
 
 namespace {
 
-// The run works in the current folder, so its paths are names. Returns true if nothing went wrong.
-bool print_outcome(session& host, const wide_string& folder, bool quiet) {
-    std::vector<problem> all = host.reading_problems();
-    for (problem& each : all) {
-        if (!each.new_path.empty()) each.new_path = path_join(folder, each.new_path);
-        complain(line_of(each));
+struct scene_row {
+    wide_string uuid, caption, path;
+};
+
+struct scenes_report {
+    int exit = done;
+    std::string outcome;
+    wide_string project, folder;
+    std::vector<scene_row> scenes; // those whose files were written
+    std::vector<problem> problems; // notices among them
+};
+
+// In the order in which their files are made. What must not be written over has no file.
+std::vector<scene_row> scenes_of(project_context& context, const std::vector<problem>& all) {
+    std::unordered_set<wide_string> refused;
+    for (const problem& each : all)
+        if (each.kind == name_of(fact_kind::not_written)) refused.insert(each.element.uuid);
+    std::vector<scene_row> rows;
+    vs_scns_2d* const scenes = vs_prj_get_scns_2d_ptr(context.project_handle());
+    const uint32_t count = vs_scns_2d_get_size(scenes);
+    for (uint32_t index = 0; index < count; ++index) {
+        vs_scn_2d* const scene = vs_scns_2d_get(scenes, index);
+        vs_entity* const entity = vs_entities_safe_upcast(vs_scn_2d_safe_upcast(scene));
+        wide_string uuid = uuid_to_text(vs_entity_get_uuid(entity));
+        if (!refused.contains(uuid))
+            rows.push_back({std::move(uuid), host_string(&vs_scn_2d_get_wcaption, scene), {}});
     }
-    const std::unordered_set<wide_string> failed = unwritten_keys(all);
+    return rows;
+}
+
+// Of two scenes with one file the later one has it. `folder` comes before each path that is a name.
+void add_scenes(session& host, const wide_string& folder, scenes_report& report) {
+    const std::unordered_set<wide_string> failed = unwritten_keys(report.problems);
+    const auto& placed = host.context().placement.placed;
+    std::vector<scene_row> rows = scenes_of(host.context(), report.problems);
     std::unordered_set<wide_string> seen;
-    for (const placed_file& scene : host.context().placement.placed) {
-        const wide_string path = path_join(folder, scene.new_path), key = path_key(path);
-        if (!quiet && !failed.contains(key) && seen.insert(key).second) std::cout << printed(path) << '\n';
+    for (size_t index = std::min(rows.size(), placed.size()); index-- > 0;) {
+        scene_row& row = rows[index];
+        row.path = path_join(folder, placed[index].new_path);
+        const wide_string key = path_key(row.path);
+        if (!failed.contains(key) && seen.insert(key).second) report.scenes.push_back(std::move(row));
     }
-    return std::ranges::all_of(all, &is_notice);
+    std::ranges::reverse(report.scenes);
+}
+
+ordered_json json_of(const scenes_report& report) {
+    ordered_json scenes = ordered_json::array();
+    for (const scene_row& each : report.scenes)
+        scenes.push_back({{"uuid", to_utf8(each.uuid)},
+                          {"caption", to_utf8(each.caption)},
+                          {"path", to_utf8(each.path)},
+                          {"native_path", native_form(each.path)}});
+    return {{"outcome", report.outcome},
+            {"project", to_utf8(report.project)},
+            {"native_project", native_form(report.project)},
+            {"folder", to_utf8(report.folder)},
+            {"native_folder", native_form(report.folder)},
+            {"scenes", std::move(scenes)},
+            {"written_over", json_of(report.problems, name_of(fact_kind::written_over))},
+            {"problems", json_of(report.problems)}};
+}
+
+int finish(const scenes_report& report, bool lists, const common_options& options) {
+    for (const problem& each : report.problems) complain(line_of(each));
+    if (options.json) {
+        std::cout << json_of(report).dump(2) << '\n';
+    } else if (lists) {
+        for (const scene_row& each : report.scenes)
+            std::cout << one_line(each.caption) << " -> " << printed(each.path) << '\n';
+    } else if (!options.quiet) {
+        for (const scene_row& each : report.scenes) std::cout << printed(each.path) << '\n';
+        std::cout << report.outcome << ": " << printed(report.folder) << ", " << report.scenes.size()
+                  << " files\n";
+    }
+    return report.exit;
+}
+
+// The run works in the current folder, so its paths are names.
+run_result write_files(project_context& context, const scenes_request& request, const wide_string& folder) {
+    scene_file_settings settings = request.settings;
+    settings.folder = folder.c_str();
+    return context.create_scene_files(settings);
+}
+
+// The same on a disk in memory, which has no current folder. Without a folder it is a new one, and the paths
+// are names.
+run_result list_files(project_context& context, const scenes_request& request, const wide_string& folder,
+                      scenes_report& report, session& host) {
+    trial_disk memory;
+    const platform::system_override in_force(memory);
+    wide_string place = folder;
+    if (folder.empty()) {
+        place = path_head(report.project) + u"\uFFFE"; // which no folder has for a name
+        memory.create_folder(place);
+    }
+    context.placement.new_project_path = place; // the scenes take it for their folder
+    const run_result result = write_files(context, request, place);
+    report.problems = host.reading_problems();
+    add_scenes(host, place, report);
+    if (folder.empty())
+        for (scene_row& each : report.scenes) each.path.erase(0, place.size() + 1);
+    return result;
 }
 
 } // namespace
@@ -41,18 +138,32 @@ int write_scenes(const scenes_request& request, const common_options& options) {
     if (const auto early = refuse_share(request.folder)) return end_with(*early, options);
     if (const auto early = host.load(request.project)) return end_with(*early, options);
     project_context& context = host.context();
+    scenes_report report;
+    report.project = context.placement.source_project_path;
     const wide_string folder = as_on_disk(platform::drive_path(request.folder));
+    report.folder = folder;
     // The run writes into the current folder: nothing was resaved before it.
-    if (const platform::outcome entered = platform::set_current_folder(folder); !entered) {
-        complain(printed(folder) + ": could not be entered: " + one_line(entered.text()));
-        return not_saved;
+    if (!folder.empty())
+        if (const platform::outcome entered = platform::set_current_folder(folder); !entered)
+            return end_with({not_saved, {{own_kind::not_entered, {}, folder, {}, entered.text()}}}, options);
+    run_result result;
+    if (request.lists) {
+        result = list_files(context, request, folder, report, host);
+    } else {
+        result = write_files(context, request, folder);
+        report.problems = host.reading_problems();
+        for (problem& each : report.problems)
+            if (!each.new_path.empty()) each.new_path = path_join(folder, each.new_path);
+        add_scenes(host, folder, report);
     }
-    scene_file_settings settings = request.settings;
-    settings.folder = folder.c_str();
-    const run_result result = context.create_scene_files(settings);
-    const bool went_well = print_outcome(host, folder, options.quiet);
-    if (!result.written) return not_saved;
-    return went_well ? done : problems;
+    if (!result.written)
+        report.exit = not_saved, report.outcome = "not written";
+    else if (std::ranges::all_of(report.problems, &is_notice))
+        report.outcome = "written";
+    else
+        report.exit = problems, report.outcome = "written with problems";
+    if (request.lists) report.outcome = "would be " + report.outcome;
+    return finish(report, request.lists, options);
 }
 
 } // namespace vestra::command

@@ -1,10 +1,13 @@
 // vestra-resave structure, scenes and check-case: exit codes, what is refused, and what stands there
 // afterwards.
+#include <nlohmann/json.hpp>
+
 #include "tests/apps/command_run.h"
 
 namespace vs::project_resave {
 namespace {
 
+using nlohmann::json;
 using std::string;
 
 class text_commands : public command_run {
@@ -21,26 +24,29 @@ protected:
 };
 
 TEST_F(text_commands, write_what_is_asked_for_or_say_why_not) {
+    const string written = "written: N:\\out\\t.txt\n", found = "differences found: N:\\out\\t.txt\n";
     const string structure = "structure 'C:\\prj\\area._vp' ", files = "scenes 'C:\\prj\\area._vp' ",
                  check = "check-case 'C:\\prj\\area._vp' ", differs = "check-case 'C:\\prj\\case._vp' ",
                  text = "'N:\\out\\t.txt' ", folder = "'N:\\out' ",
-                 two = "N:\\out\\A._sn\nN:\\out\\A(1)._sn\n", head = "Project area._vp\r\n";
+                 two = "N:\\out\\A._sn\nN:\\out\\A(1)._sn\nwritten: N:\\out, 2 files\n",
+                 head = "Project area._vp\r\n";
     const struct {
         string arguments;
         int code;
         string err, out, made; // `err` somewhere in what was told
         string text = {};      // the beginning of the file
     } rows[] = {
-        {structure + text, 0, "", "", " t.txt", head + "\tScenes 2D:\r\n\t\tA\r\n\t\tA\r\n"},
-        {structure + text + "--layers --paths --indent none", 0, "", "", " t.txt",
+        {structure + text, 0, "", written, " t.txt", head + "\tScenes 2D:\r\n\t\tA\r\n\t\tA\r\n"},
+        {structure + text + "--layers --paths --indent none", 0, "", written, " t.txt",
          head + "Scenes 2D:\r\nA\r\nR C:\\data\\r.tif\r\n"},
-        {structure + text + "--layers --indent space", 0, "", "", " t.txt",
+        {structure + text + "--layers --indent space", 0, "", written, " t.txt",
          head + " Scenes 2D:\r\n  A\r\n   R\r\n"},
-        {structure + text + "--indent 4-spaces", 0, "", "", " t.txt",
+        {structure + text + "--indent 4-spaces", 0, "", written, " t.txt",
          head + "    Scenes 2D:\r\n        A\r\n"},
-        {differs + text, 1, "", "", " t.txt", "C:\\Data\\r.tif\r\nC:\\data\\r.tif\r\n\r\n"},
+        {differs + text, 1, "", found, " t.txt", "C:\\Data\\r.tif\r\nC:\\data\\r.tif\r\n\r\n"},
         {structure + text + "--quiet", 0, "", "", " t.txt"},
-        {"structure 'C:\\prj\\torn._vp' " + text, 1, "torn._sn: could not be read: line 1: ", "", " t.txt"},
+        {"structure 'C:\\prj\\torn._vp' " + text, 1,
+         "torn._sn: could not be read: line 1: ", "written with problems: N:\\out\\t.txt\n", " t.txt"},
         {"structure 'C:\\none._vp' " + text, 2, "C:\\none._vp", "", ""},
         {structure + "'c:/prj/AREA._vp'", 2, "is the project itself and must not be written over", "", ""},
         {structure + folder, 2, "N:\\out: is a folder", "", ""},
@@ -48,12 +54,14 @@ TEST_F(text_commands, write_what_is_asked_for_or_say_why_not) {
         {structure + "'N:\\out\\" + string(300, 'x') + "'", 3, ": could not be created: ", "", ""},
         {files + folder, 0, "", two, " A(1)._sn A._sn"},
         {files + folder + "--if-exists rewrite", 0, "N:\\out\\A._sn: was written over a file that existed",
-         "N:\\out\\A._sn\n", " A._sn"},
+         "N:\\out\\A._sn\nwritten: N:\\out, 1 files\n", " A._sn"},
+        {files + folder + "--list", 0, "", "A -> N:\\out\\A._sn\nA -> N:\\out\\A(1)._sn\n", ""},
+        {files + "--list", 0, "", "A -> A._sn\nA -> A(1)._sn\n", ""},
         {files + folder + "--if-exists ask", 2, "ask", "", ""},
         {"scenes 'C:\\none._vp' " + folder, 2, "C:\\none._vp", "", ""},
         {files + "'N:\\none'", 3, "N:\\none: could not be entered: ", "", ""},
         {files + "'C:\\data\\r.tif'", 3, "C:\\data\\r.tif: could not be entered: ", "", ""},
-        {check + text, 0, "", "", " t.txt"},
+        {check + text, 0, "", written, " t.txt"},
         {differs + text + "--quiet", 1, "", "", " t.txt"},
         {"check-case 'C:\\none._vp' " + text, 2, "C:\\none._vp", "", ""},
         {differs + "'C:\\prj\\case._vp'", 2, "is the project itself and must not be written over", "", ""},
@@ -74,6 +82,82 @@ TEST_F(text_commands, write_what_is_asked_for_or_say_why_not) {
     EXPECT_EQ("", difference(before, sources()));
 }
 
+TEST_F(text_commands, print_the_same_to_the_standard_output_whole_or_not_at_all) {
+    const tree_state before = all_drives();
+    EXPECT_EQ(0, command("structure 'C:\\prj\\area._vp' - --layers --paths --indent none --quiet"));
+    EXPECT_TRUE(out.starts_with("Project area._vp\nScenes 2D:\nA\nR C:\\data\\r.tif\n")) << out;
+    EXPECT_EQ(0, command("structure 'C:\\prj\\area._vp' - --layers --paths --indent none --json"));
+    EXPECT_TRUE(json::parse(out).at("text").get<string>().starts_with("Project area._vp\nScenes 2D:\nA\nR "));
+    EXPECT_EQ(1, command("check-case 'C:\\prj\\case._vp' - --quiet"));
+    EXPECT_EQ("C:\\Data\\r.tif\n" + shown("C:\\data\\r.tif\n\n"), out);
+    EXPECT_EQ(2, command("structure 'C:\\none._vp' -"));
+    EXPECT_EQ("", out);
+    EXPECT_EQ("", difference(before, all_drives()));
+}
+
+// Adds each path of the object that has not the operating system's form beside it.
+void find_lonely_paths(const json& all, std::set<string>& lonely) {
+    for (const auto& [key, value] : all.items()) {
+        if (value.is_structured()) find_lonely_paths(value, lonely);
+        const bool is_path = value.is_string() && value.get<string>().substr(0, 12).find(":\\") == 1;
+        if (!is_path || key == "stored" || key == "text" || key == "caption") continue;
+        const string native = (key == "new_path" ? "new_native_path" : "native_" + key);
+        if (all.value(native, "") != platform::native_text(platform::from_utf8(value.get<string>())))
+            lonely.insert(key);
+    }
+}
+
+TEST_F(text_commands, every_command_says_in_one_form_what_is_wrong_and_where) {
+    builder.clear();
+    builder.scene_2d(u"S")
+        .layer("rtr_lr2d", u"Lost", u"C:\\gone.tif")
+        .layer("rtr_lr2d", u"R", u"C:\\data\\r.tif");
+    builder.layer("vs_scene_layer_meta_id", u"Map", src(u"torn._sn")).save(src(u"poor._vp"));
+    const std::pair<string, string> commands[] = {
+        {"list ", ""},
+        {"verify ", ""},
+        {"structure ", " 'N:\\out\\t.txt'"},
+        {"structure ", " -"},
+        {"check-case ", " 'N:\\out\\c.txt'"},
+        {"scenes ", " 'N:\\out'"},
+        {"scenes ", " --list"},
+        {"resave ", " 'N:\\out\\p._vp' --structure folder-per-scene"},
+        {"resave ", " 'N:\\out\\q._vp' --dry-run"},
+        {"panel --open ", ""}};
+    const string wrong[] = {"'C:\\none._vp'", "'C:\\a\nb\033[m'", "'C:\\prj\\poor._vp' --bogus",
+                            "'C:\\data\\r.tif'"};
+    std::filesystem::create_directories(native("n") / "out");
+    std::set<string> lonely;
+    for (const auto& [name, rest] : commands) {
+        const string options = rest + " --quiet" + (name.starts_with("panel") ? "" : " --json");
+        for (const string& project : wrong) {
+            SCOPED_TRACE(name + project + rest);
+            EXPECT_EQ(2, command(name + project + options));
+            string lines = err;
+            if (const size_t help = lines.find("Run with --help for more information.\n");
+                help != string::npos)
+                lines.resize(help);
+            EXPECT_EQ(1, std::ranges::count(lines, '\n')) << err;
+            EXPECT_TRUE(lines.starts_with("vestra-resave: ") && lines.find('\033') == string::npos) << err;
+            EXPECT_TRUE(project.ends_with("bogus") || is_told(project.substr(1, 4))) << err;
+            if (out.empty()) continue; // the window has no JSON
+            EXPECT_EQ("refused", json::parse(out).at("outcome"));
+            find_lonely_paths(json::parse(out), lonely);
+        }
+        if (name.starts_with("panel")) continue;
+        EXPECT_GE(1, command(name + "'C:\\prj\\poor._vp'" + options)) << err;
+        const bool is_finding = name == "verify "; // what it finds is its result
+        EXPECT_EQ(is_finding || json::parse(out).at("problems").empty(), err.empty()) << err;
+        EXPECT_TRUE(err.empty() || err.starts_with("vestra-resave: " + shown("C:\\"))) << err;
+        find_lonely_paths(json::parse(out), lonely);
+    }
+    EXPECT_EQ(std::set<string>(), lonely);
+    EXPECT_EQ(0, command("--version"));
+    ASSERT_TRUE(out.starts_with("vestra-resave ") && out.ends_with("\n")) << out;
+    const string version = " VERSION " + out.substr(14, out.size() - 15) + " ";
+    EXPECT_NE(string::npos, committed("CMakeLists.txt").find(version)) << out;
+}
+
 // What a person would lose if a text, a report or a scene file went over a file of the project.
 TEST_F(command_run, no_file_of_the_project_is_written_over_under_whatever_name) {
     copy_sample();
@@ -92,6 +176,7 @@ TEST_F(command_run, no_file_of_the_project_is_written_over_under_whatever_name) 
         EXPECT_EQ(2, command("resave 'C:\\prj\\area._vp' '" + same)) << same;
         EXPECT_EQ("vestra-resave: " + platform::to_utf8(load_string(527)) + "\n", err);
     }
+    const string written = "written: N:\\out\\t.txt\n", found = "differences found: N:\\out\\t.txt\n";
     const string structure = "structure 'C:\\prj\\area._vp' '", check = "check-case 'C:\\prj\\area._vp' '";
     for (const string& refused :
          {structure + "C:\\prj\\rasters\\relief.tif", check + "c:/data/../PRJ/Rasters/RELIEF.tif",
