@@ -6,6 +6,7 @@
 
 #include "apps/vestra_resave/folder_files.h"
 #include "apps/vestra_resave/verification.h"
+#include "apps/vestra_resave/words.h"
 #include "operations/project_context.h"
 #include "operations/run/path_files.h"
 #include "platform/path_text.h"
@@ -160,7 +161,7 @@ run_result bring_companions(project_context& run, companion_choice which,
     companion_run all(run, which);
     const size_t count = run.placement.placed.size(); // those that come along have none of their own
     run.progress.start(static_cast<uint32_t>(count));
-    run.progress.set_caption(u"Copying companions");
+    run.progress.set_caption(platform::from_utf8(say("Copying companions")));
     run.progress.show();
     for (size_t index = 0; index < count && !run.progress.is_stopped(); ++index) {
         all.bring_for(placed_file(run.placement.placed[index]));

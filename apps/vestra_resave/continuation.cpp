@@ -12,6 +12,7 @@
 #include "apps/vestra_resave/manifest.h"
 #include "apps/vestra_resave/resave_report.h"
 #include "apps/vestra_resave/trial_disk.h"
+#include "apps/vestra_resave/words.h"
 #include "operations/project_context.h"
 #include "operations/run/path_files.h"
 #include "platform/path_text.h"
@@ -47,14 +48,14 @@ std::string text_of_request(const resave_request& request, const wide_string& so
 std::string difference_of(const ordered_json& before, const ordered_json& now) {
     const std::string earlier = before.value("project", ""), project = now.value("project", "");
     if (!path_same(platform::from_utf8(earlier), platform::from_utf8(project)))
-        return "it is of another project: " + one_line(platform::from_utf8(earlier));
+        return say("it is of another project: %1", {printed(platform::from_utf8(earlier))});
     if (before.value("sha256", "") != now.value("sha256", ""))
-        return "the project has changed since; --update brings the copy up to date";
+        return say("the project has changed since; --update brings the copy up to date");
     const ordered_json none = ordered_json::object();
     const ordered_json was = before.value("options", none), is = now.value("options", none);
     for (const auto& [option, value] : is.items())
         if (was.value(option, "") != value)
-            return option + " was " + was.value(option, "") + " and is " + value.get<std::string>();
+            return say("%1 was %2 and is %3", {option, was.value(option, ""), value.get<std::string>()});
     return {};
 }
 
@@ -137,24 +138,24 @@ std::optional<refusal> continuation::refuse_journal() {
     const platform::outcome opened = platform::current_system().open(
         path, platform::access::read_write, platform::disposition::open_existing, file);
     if (opened.is(platform::failure::in_use))
-        return refused(path, "another resave into this folder is at work");
-    return refused(path,
-                   "an earlier resave broke off: --resume goes on with it, --update brings the copy up to "
-                   "date");
+        return refused(path, say("another resave into this folder is at work"));
+    return refused(path, say("an earlier resave broke off: --resume goes on with it, --update brings the "
+                             "copy up to date"));
 }
 
 std::optional<refusal> continuation::find_to_resume() {
     const wide_string path = journal_path(target_);
-    if (!has_journal_) return refused(path, "there is no such journal: no resave into this folder broke off");
+    if (!has_journal_)
+        return refused(path, say("there is no such journal: no resave into this folder broke off"));
     earlier_run earlier;
     if (const platform::outcome read = read_journal(path, earlier); !read)
         return refused(path, one_line(read.text()));
     is_recorded_ = !earlier.request.empty();
     const ordered_json before = ordered_json::parse(earlier.request, nullptr, false);
     if (is_recorded_) {
-        if (!before.is_object()) return refused(path, "the journal cannot be read");
+        if (!before.is_object()) return refused(path, say("the journal cannot be read"));
         if (const std::string differs = difference_of(before, ordered_json::parse(asked_)); !differs.empty())
-            return refused(path, "the resave that broke off cannot be resumed: " + differs);
+            return refused(path, say("the resave that broke off cannot be resumed: %1", {differs}));
         if (before.value("update", false)) mode_ = run_mode::update;
     }
     std::vector<earlier_file> older;
@@ -175,7 +176,8 @@ std::optional<refusal> continuation::find_to_update(session& host) {
     if (has_manifest_) {
         may_replace_project_ = !has_project || is_as_in_manifest(older);
         if (!may_replace_project_ && !request_.overwrite)
-            return refused(target_, "was changed since the earlier resave; with --overwrite it is replaced");
+            return refused(target_,
+                           say("was changed since the earlier resave; with --overwrite it is replaced"));
         add_files(std::move(older));
     } else if (has_project) {
         if (auto early = host.load(target_, false, false)) return early;
@@ -230,7 +232,7 @@ std::optional<refusal> continuation::begin(project_context& context, trial_disk*
             const wide_string path = journal_path(target_);
             journal_.reset();
             if (begun.is(platform::failure::in_use) || begun.is(platform::failure::taken))
-                return refused(path, "another resave into this folder is at work");
+                return refused(path, say("another resave into this folder is at work"));
             return refusal{not_saved, {{own_kind::not_created, {}, {}, path, begun.text()}}};
         }
         journal_in_force_.emplace(*journal_);

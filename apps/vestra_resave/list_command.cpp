@@ -7,6 +7,7 @@
 #include "apps/vestra_resave/elements.h"
 #include "apps/vestra_resave/resave_report.h"
 #include "apps/vestra_resave/session.h"
+#include "apps/vestra_resave/words.h"
 #include "operations/project_context.h"
 #include "platform/path_text.h"
 #include "platform/text.h"
@@ -43,8 +44,8 @@ void print(const element& shown, size_t depth) {
         line += "  [" + one_line(shown.type) + "]";
     if (!shown.uuid.empty()) line += "  " + one_line(shown.uuid);
     if (!shown.file.empty()) line += "  " + printed(shown.file);
-    if (!shown.uuid.empty() && !shown.selectable) line += "  (always kept)";
-    if (shown.exists) line += *shown.exists ? "  " + size_text(shown.bytes) : "  MISSING";
+    if (!shown.uuid.empty() && !shown.selectable) line += "  " + say("(always kept)");
+    if (shown.exists) line += *shown.exists ? "  " + size_text(shown.bytes) : "  " + say("MISSING");
     std::cout << line << '\n';
     for (const element& child : shown.children) print(child, depth + 1);
 }
@@ -104,8 +105,10 @@ int list_project(const list_request& request, const common_options& options) {
     }
     std::cout << printed(path) << "  " << size_text(bytes_of(path)) << '\n';
     for (const element& shown : elements) print(shown, 1);
-    std::cout << all_of_it.elements << " elements, " << all_of_it.files << " files, "
-              << size_text(all_of_it.bytes) << ", " << all_of_it.missing << " missing\n";
+    std::cout << say("%1 elements, %2 files, %3, %4 missing",
+                     {std::to_string(all_of_it.elements), std::to_string(all_of_it.files),
+                      size_text(all_of_it.bytes), std::to_string(all_of_it.missing)})
+              << '\n';
     return end;
 }
 

@@ -7,6 +7,7 @@
 
 #include "apps/vestra_resave/command_line.h"
 #include "apps/vestra_resave/problems.h"
+#include "apps/vestra_resave/words.h"
 #include "platform/terminal.h"
 #include "platform/text.h"
 
@@ -76,7 +77,8 @@ int main(int argc, char** argv) {
     standard_output output;
     const int status = run(argc, argv);
     if (const int error = output.finish()) {
-        complain("standard output could not be written: " + std::generic_category().message(error));
+        complain(say("standard output could not be written: %1",
+                     {say_known(std::generic_category().message(error))}));
         if (status < wrong_use) return not_saved;
     }
     return status == stopped ? platform::stop_status() : status;

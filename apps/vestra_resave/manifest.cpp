@@ -8,6 +8,7 @@
 #include "apps/vestra_resave/continuation.h"
 #include "apps/vestra_resave/file_content.h"
 #include "apps/vestra_resave/verification.h"
+#include "apps/vestra_resave/words.h"
 #include "operations/run/path_files.h"
 #include "operations/run/run_state.h"
 #include "platform/path_text.h"
@@ -196,7 +197,7 @@ std::optional<refusal> compare_with_manifest(const wide_string& project,
     if (const platform::outcome read = read_text(path, text); !read)
         return refusal{wrong_use, {{own_kind::unreadable, {}, path, {}, read.text()}}};
     const auto entries = entries_of(text, path_head(project), false);
-    if (!entries) return refused(path, "is no manifest");
+    if (!entries) return refused(path, say("is no manifest"));
     for (const entry& each : *entries) {
         if (found.stopped = found.stopped || is_stopped(); found.stopped) break;
         platform::outcome reason;

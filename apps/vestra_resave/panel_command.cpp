@@ -6,6 +6,7 @@
 
 #include "apps/vestra_resave/panel_commands.h"
 #include "apps/vestra_resave/problems.h"
+#include "apps/vestra_resave/words.h"
 #include "platform/library.h"
 #include "platform/volumes.h"
 #include "reference_host/files/files.h"
@@ -74,7 +75,11 @@ std::unique_ptr<toolkit::app_window> open_window(terminal_host& host) {
 
 int drive(toolkit::app_window& window, platform::terminal& terminal, const std::string& project) {
     panel_commands commands(window, &print);
-    if (!project.empty() && !commands.set_first_field(project)) return wrong_use;
+    if (!project.empty() && !commands.set_first_field(project)) {
+        const wide_string path = platform::drive_path(project);
+        complain(line_of({own_kind::not_loaded, {}, path, {}, read_error_of(path)}));
+        return wrong_use;
+    }
     commands.show();
     while (!commands.is_over()) {
         print("> ");
@@ -102,11 +107,11 @@ int drive_panel(const panel_request& request, const common_options& options) {
         end = drive(*open_window(host), terminal, request.project);
     }
     if (const std::size_t left = living_objects()) {
-        complain("internal error: " + std::to_string(left) +
-                 " objects still alive after the window was closed");
+        complain(say("internal error: %1 objects still alive after the window was closed",
+                     {std::to_string(left)}));
         return not_saved;
     }
-    print("closed, nothing left\n");
+    print(say("closed, nothing left") + '\n');
     return end;
 }
 

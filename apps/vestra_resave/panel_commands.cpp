@@ -4,6 +4,7 @@
 #include <charconv>
 
 #include "apps/vestra_resave/panel_words.h"
+#include "apps/vestra_resave/words.h"
 #include "platform/text.h"
 #include "platform/volumes.h"
 #include "reference_host/toolkit/element_description.h"
@@ -15,8 +16,7 @@ namespace platform = vs::project_resave::platform;
 
 struct panel_commands::verb {
     const char* word;
-    const char* arguments;
-    const char* what;
+    sentence arguments, what;
     void (panel_commands::*act)(const std::string& arguments);
 };
 
@@ -28,9 +28,9 @@ const panel_commands::verb panel_commands::verbs[] = {
      &panel_commands::press},
     {"tab", "NAME", "turn to a page", &panel_commands::tab},
     {"highlight", "ROW [on|off]", "go to a row and highlight it", &panel_commands::highlight},
-    {"run", "", "press the window's first button", &panel_commands::run},
-    {"help", "", "print this", &panel_commands::help},
-    {"quit", "", "close the window", &panel_commands::quit}};
+    {"run", {}, "press the window's first button", &panel_commands::run},
+    {"help", {}, "print this", &panel_commands::help},
+    {"quit", {}, "close the window", &panel_commands::quit}};
 
 namespace {
 
@@ -89,14 +89,16 @@ void panel_commands::obey(std::string_view line) {
     if (known != std::end(verbs)) return (this->*known->act)(rest);
     std::string words;
     for (const verb& each : verbs) words += std::string(" ") + each.word;
-    refuse("no command \"" + word + "\"; there are:" + words);
+    refuse(say("no command \"%1\"; there are:%2", {word, words}));
 }
 
 void panel_commands::help(const std::string&) {
     for (const verb& each : verbs) {
-        std::string line = std::string("  ") + each.word + ' ' + each.arguments;
-        line.resize(std::max<std::size_t>(line.size() + 1, 26), ' ');
-        print_(line + each.what + '\n');
+        std::string line = std::string("  ") + each.word + ' ' + say(each.arguments);
+        // In columns of characters, of which some are two bytes.
+        const std::size_t length = platform::from_utf8(line).size();
+        line.append(length < 25 ? 26 - length : 1, ' ');
+        print_(line + say(each.what) + '\n');
     }
 }
 
@@ -111,13 +113,13 @@ const element_view* panel_commands::wanted(const std::string& name, bool (*is_me
     auto found = all_named(view_, name);
     std::erase_if(found, [&](const element_view* each) { return !is_meant(*each); });
     if (found.empty()) {
-        refuse("no such element: \"" + name + "\"; there are:" + names_of(view_, is_meant));
+        refuse(say("no such element: \"%1\"; there are:%2", {name, names_of(view_, is_meant)}));
     } else if (found.size() > 1) {
         std::string names;
         for (const element_view* each : found) names += ' ' + each->name;
-        refuse("several elements are called so: \"" + name + "\"; there are:" + names);
+        refuse(say("the name is ambiguous: \"%1\"; there are:%2", {name, names}));
     } else if (is_meant != &is_any && !is_within_reach(view_, *found.front())) {
-        refuse(found.front()->name + " is disabled");
+        refuse(say("%1 is disabled", {found.front()->name}));
     } else {
         return found.front();
     }
@@ -145,8 +147,9 @@ void panel_commands::set(const std::string& words) {
             rows, [&](const wide_string& each) { return platform::compare_no_case(each, choice) == 0; });
         is_taken = row != rows.end() && choose(*element, static_cast<std::uint32_t>(row - rows.begin()));
     }
-    std::string refusal = element->name + " does not take this";
-    if (!element->choices.empty()) refusal += "; there are: " + choices_of(*element);
+    const std::string refusal = element->choices.empty() ? say("%1 rejected this value", {element->name})
+                                                         : say("%1 rejected this value; there are: %2",
+                                                               {element->name, choices_of(*element)});
     print_changes(before);
     if (!is_taken) refuse(refusal);
 }
@@ -164,15 +167,16 @@ void panel_commands::check(const std::string& words) {
     const std::string before = described(view_);
     const element_view* outline = nullptr;
     if (const row_view* row = find_row(view_, unquoted(name), outline)) {
-        if (!is_within_reach(view_, *outline)) return refuse(outline->name + " is disabled");
+        if (!is_within_reach(view_, *outline)) return refuse(say("%1 is disabled", {outline->name}));
         check_row(*outline, *row, on);
         return print_changes(before);
     }
     const element_view* box =
         wanted(unquoted(name), [](const element_view& view) { return is_box(view) || has_rows(view); });
     if (!box) return;
-    if (has_rows(*box)) return refuse("a row is wanted, such as " + box->name + "/1");
-    if (!set_check(*box, on)) return refuse(box->name + " goes off when another goes on");
+    if (has_rows(*box)) return refuse(say("a row is expected, such as %1/1", {box->name}));
+    if (!set_check(*box, on))
+        return refuse(say("%1 goes off when another radio button goes on", {box->name}));
     print_changes(before);
 }
 
@@ -194,7 +198,7 @@ void panel_commands::press_window_button(std::int32_t code) {
     const element_view* box = find(view_, u"button_box");
     const auto has_code = [code](const button_view& button) { return button.code == code; };
     if (!box || std::ranges::none_of(box->buttons, has_code))
-        return refuse("the window has no button " + std::to_string(code));
+        return refuse(say("the window has no button %1", {std::to_string(code)}));
     const std::string before = described(view_);
     is_over_ = toolkit::press(*box, code);
     print_changes(before);
@@ -215,8 +219,9 @@ void panel_commands::highlight(const std::string& words) {
     const bool on = take_switch(path);
     const element_view* outline = nullptr;
     const row_view* row = find_row(view_, unquoted(path), outline);
-    if (!row) return refuse("no such row: \"" + path + "\"; rows are below:" + names_of(view_, &has_rows));
-    if (!is_within_reach(view_, *outline)) return refuse(outline->name + " is disabled");
+    if (!row)
+        return refuse(say("no such row: \"%1\"; rows are below:%2", {path, names_of(view_, &has_rows)}));
+    if (!is_within_reach(view_, *outline)) return refuse(say("%1 is disabled", {outline->name}));
     const std::string before = described(view_);
     highlight_row(*outline, *row, on);
     print_changes(before);
@@ -224,7 +229,7 @@ void panel_commands::highlight(const std::string& words) {
 
 void panel_commands::run(const std::string&) {
     const element_view* box = find(view_, u"button_box");
-    if (!box || box->buttons.empty()) return refuse("the window has no buttons");
+    if (!box || box->buttons.empty()) return refuse(say("the window has no buttons"));
     press_window_button(box->buttons.front().code);
 }
 

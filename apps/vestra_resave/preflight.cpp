@@ -8,6 +8,7 @@
 #include <set>
 
 #include "apps/vestra_resave/resave_report.h"
+#include "apps/vestra_resave/words.h"
 #include "operations/project_context.h"
 #include "operations/run/path_files.h"
 #include "platform/path_text.h"
@@ -95,18 +96,19 @@ std::optional<refusal> refuse_missing_drives(const std::vector<element>& element
     if (missing.empty()) return std::nullopt;
     refusal early;
     for (const auto& [top, paths] : missing) {
-        const std::string files = std::to_string(paths.size()) + (paths.size() == 1 ? " file" : " files");
         const bool is_drive = top.size() == 2;
-        std::string line = one_line(top) + " does not exist, and " + files + " of the project " +
-                           (paths.size() == 1 ? "is" : "are") + " on it";
-        if (is_drive) {
-            line.front() = static_cast<char>(std::toupper(static_cast<unsigned char>(line.front())));
-            line += "; map it with --drive " + line.substr(0, 1) + "=FOLDER";
-        }
+        std::string name = one_line(top);
+        if (is_drive)
+            name.front() = static_cast<char>(std::toupper(static_cast<unsigned char>(name.front())));
+        std::string line = paths.size() == 1
+                               ? say("%1 does not exist, and 1 file of the project is on it", {name})
+                               : say("%1 does not exist, and %2 files of the project are on it",
+                                     {name, std::to_string(paths.size())});
+        if (is_drive) line = say("%1; map it with --drive %2=FOLDER", {line, name.substr(0, 1)});
         early.problems.push_back(refused({}, line).problems.front());
     }
     early.problems.push_back(
-        refused({}, "with --allow-missing-drives these files are lost").problems.front());
+        refused({}, say("with --allow-missing-drives these files are lost")).problems.front());
     return early;
 }
 
@@ -127,7 +129,7 @@ std::optional<refusal> refuse_target(const wide_string& folder, project_context&
          {},
          {},
          as_on_disk(folder),
-         platform::from_utf8(size_text(needed) + " are needed, " + size_text(free) + " are free")});
+         platform::from_utf8(say("%1 are needed, %2 are free", {size_text(needed), size_text(free)}))});
 }
 
 void add_unportable_names(const run_state& run, std::vector<problem>& all) {

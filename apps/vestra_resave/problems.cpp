@@ -7,6 +7,7 @@
 
 #include "apps/vestra_resave/elements.h"
 #include "apps/vestra_resave/resave_report.h"
+#include "apps/vestra_resave/words.h"
 #include "operations/run/path_files.h"
 #include "operations/run/run_state.h"
 #include "platform/path_text.h"
@@ -24,26 +25,26 @@ namespace {
 
 struct kind_words {
     const char* name;
-    // What failed, as it follows the path; a "%" stands for the new path.
-    const char* text;
+    // What failed, as it follows the path; "%1" stands for the new path.
+    sentence text;
 };
 // First those of facts, in the order of fact_kind.
 constexpr kind_words all_kinds[] = {
     {"source_lost", "does not exist"},
-    {"copy_failed", "could not be copied to %"},
+    {"copy_failed", "could not be copied to %1"},
     {"no_place", "has no place under this folder structure"},
     {"not_read", "could not be read, so the files it refers to were not copied"},
     {"not_written", "could not be written"},
     {"type_not_resaved", "layers of this type are not resaved"},
-    {"reads_other", "its copy % still reads another file by the old name"},
+    {"reads_other", "its copy %1 still reads another file by the old name"},
     {"join_kept", "still joined to the original table"},
     {"selection_not_settled", "elements that others refer to were still being added when the search ended"},
     {"not_erased", "could not be erased"},
-    {"renamed", "was renamed to %"},
+    {"renamed", "was renamed to %1"},
     {"written_over", "was written over a file that existed"},
     {"exception_caught", "internal error"},
     {own_kind::outside, "is outside the new project's folder"},
-    {own_kind::refused, ""},
+    {own_kind::refused, {}},
     {own_kind::not_loaded, "could not be loaded"},
     {own_kind::not_created, "could not be created"},
     {own_kind::not_entered, "could not be entered"},
@@ -63,11 +64,11 @@ constexpr kind_words all_kinds[] = {
     {own_kind::reference_outside_and_missing, "is outside the project's folder and does not exist"},
     {own_kind::reference_empty, "is empty"},
     {own_kind::unreadable, "could not be read"},
-    {own_kind::copy_missing, "its copy % does not exist"},
-    {own_kind::copy_size_differs, "its copy % has another size"},
-    {own_kind::copy_content_differs, "its copy % has another content"},
-    {own_kind::copy_unreadable, "its copy % could not be read"},
-    {own_kind::source_unreadable, "could not be read to compare it with %"},
+    {own_kind::copy_missing, "its copy %1 does not exist"},
+    {own_kind::copy_size_differs, "its copy %1 has another size"},
+    {own_kind::copy_content_differs, "its copy %1 has another content"},
+    {own_kind::copy_unreadable, "its copy %1 could not be read"},
+    {own_kind::source_unreadable, "could not be read to compare it with %1"},
     {own_kind::manifest_missing, "is in the manifest and does not exist"},
     {own_kind::manifest_size_differs, "has another size than in the manifest"},
     {own_kind::manifest_content_differs, "has another content than in the manifest"},
@@ -99,7 +100,8 @@ wide_string file_in_the_way(const wide_string& path) {
 
 wide_string reason_of(const wide_string& reason, const wide_string& path) {
     const wide_string file = file_in_the_way(path);
-    return file.empty() ? reason : reason + u" (" + platform::from_utf8(printed(file)) + u" is in the way)";
+    if (file.empty()) return reason;
+    return platform::from_utf8(say("%1 (%2 is in the way)", {say_known(to_utf8(reason)), printed(file)}));
 }
 
 std::string native_form(const wide_string& path) {
@@ -111,10 +113,6 @@ std::string printed(const wide_string& path) {
     const std::string native = native_form(path);
     const bool is_marked = path.starts_with(u'*');
     return native.empty() ? one_line(path) : (is_marked ? "*" : "") + one_line(platform::from_utf8(native));
-}
-
-std::string text_of(const std::string& kind) {
-    return std::ranges::find_if(all_kinds, [&](const kind_words& each) { return each.name == kind; })->text;
 }
 
 const char* name_of(fact_kind kind) { return all_kinds[static_cast<size_t>(kind)].name; }
@@ -138,7 +136,11 @@ std::vector<problem> problems_of(const run_state& run) {
             all.push_back(std::move(found));
     }
     if (run.report.incomplete)
-        all.push_back({name_of(fact_kind::exception_caught), {}, {}, {}, u"too little memory to report"});
+        all.push_back({name_of(fact_kind::exception_caught),
+                       {},
+                       {},
+                       {},
+                       platform::from_utf8(say("too little memory to report"))});
     return all;
 }
 
@@ -213,7 +215,7 @@ ordered_json json_of(const problem& found) {
                      {"native_path", native_form(found.path)},
                      {"new_path", to_utf8(found.new_path)},
                      {"new_native_path", native_form(found.new_path)},
-                     {"reason", to_utf8(found.reason)}};
+                     {"reason", say_known(to_utf8(found.reason))}};
     if (found.holder.empty()) return all;
     all["holder"] = found.holder;
     all["file"] = to_utf8(found.file);
@@ -239,33 +241,35 @@ namespace {
 
 // The element that a problem is about, with what it is in and the file that has the reference.
 std::string holder_of(const problem& found) {
+    const std::string caption = one_line(found.element.caption), list = one_line(found.element.list);
     std::string holder;
-    if (!found.element.caption.empty() || !found.element.list.empty())
-        holder = '"' + one_line(found.element.caption) + '"';
-    if (!found.element.list.empty()) holder += " in \"" + one_line(found.element.list) + '"';
+    if (!list.empty())
+        holder = say("\"%1\" in \"%2\"", {caption, list});
+    else if (!caption.empty())
+        holder = '"' + caption + '"';
     if (found.file.empty()) return holder;
     if (found.file == found.path) return {}; // the file stands for the element
-    return found.holder + " " + holder + " in " + printed(found.file);
+    return say("%1 %2 in %3", {say_known(found.holder), holder, printed(found.file)});
 }
 
 } // namespace
 
 std::string line_of(const problem& found) {
+    const std::string reason = one_line(platform::from_utf8(say_known(to_utf8(found.reason))));
     if (found.kind == own_kind::refused)
-        return (found.path.empty() ? "" : printed(found.path) + ": ") + one_line(found.reason);
-    std::string what = text_of(found.kind);
+        return (found.path.empty() ? "" : printed(found.path) + ": ") + reason;
+    const auto* const row = std::ranges::find(all_kinds, found.kind, &kind_words::name);
+    const std::string new_path = printed(found.new_path);
+    const bool names_new_path = say(row->text).find("%1") != std::string::npos;
+    std::string what = say(row->text, {new_path});
     // What the system does not show may well be there.
-    if (found.kind == name_of(fact_kind::source_lost) && !found.reason.empty()) what = "cannot be reached";
-    wide_string about = found.path;
-    if (const size_t place = what.find('%'); place != std::string::npos)
-        what.replace(place, 1, printed(found.new_path));
-    else if (!found.new_path.empty())
-        about = found.new_path;
+    if (found.kind == name_of(fact_kind::source_lost) && !reason.empty()) what = say("cannot be reached");
+    const std::string about = found.new_path.empty() || names_new_path ? printed(found.path) : new_path;
     const std::string holder = holder_of(found);
     // What has no file is named by its element.
-    std::string line = about.empty() ? holder : printed(about);
+    std::string line = about.empty() ? holder : about;
     line += (line.empty() ? "" : ": ") + what;
-    if (!found.reason.empty()) line += ": " + one_line(found.reason);
+    if (!reason.empty()) line += ": " + reason;
     return about.empty() || holder.empty() ? line : line + " (" + holder + ")";
 }
 

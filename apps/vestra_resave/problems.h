@@ -84,8 +84,6 @@ refusal refused(const wide_string& path, const std::string& reason);
 // Returns the exit code.
 int end_with(const refusal& early, const common_options& options);
 
-// What failed, in the words that follow a path; "%" stands for the new path.
-std::string text_of(const std::string& kind);
 // The name of a kind in JSON.
 const char* name_of(vs::project_resave::fact_kind kind);
 problem problem_of(const vs::project_resave::fact& fact);

@@ -12,6 +12,7 @@
 #include "apps/vestra_resave/resave_plan.h"
 #include "apps/vestra_resave/resave_report.h"
 #include "apps/vestra_resave/shortfalls.h"
+#include "apps/vestra_resave/words.h"
 #include "framework/resources/strings.h"
 #include "operations/project_context.h"
 #include "operations/run/path_files.h"
@@ -60,8 +61,8 @@ std::optional<refusal> refuse_lowered(const wide_string& folder) {
         platform::lower_in_place(lowered);
         if (path_exists(level) && path_exists(lowered) &&
             !platform::current_system().same_file(level, lowered))
-            return refused(level, "with --lowercase the files would go to another folder that exists: " +
-                                      printed(lowered));
+            return refused(level, say("with --lowercase the files would go to another folder that exists: %1",
+                                      {printed(lowered)}));
     }
     return std::nullopt;
 }
@@ -74,15 +75,15 @@ std::optional<refusal> refuse_paths(const wide_string& source, const wide_string
     if (is_same_file(source, target)) return refused({}, one_line(load_string(text::same_project_name)));
     const bool has_name = typed.find_last_of("/\\") + 1 != typed.size();
     if (path_head(target).empty() || !has_name)
-        return refused({}, typed + ": the new project needs a folder and a name");
+        return refused({}, say("%1: the new project needs a folder and a name", {typed}));
     if (auto early = refuse_output(typed)) return early;
     if (request.settings.lower_case)
         if (auto early = refuse_lowered(path_head(target))) return early;
     vestra::project older;
     if (!path_exists(target)) return std::nullopt;
     const auto fault = files::read_project(target, older);
-    return fault ? std::optional(refused(target, "exists and is no project file: " + one_line(fault->reason)))
-                 : std::nullopt;
+    if (!fault) return std::nullopt;
+    return refused(target, say("exists and is no project file: %1", {say_known(one_line(fault->reason))}));
 }
 
 // Loads the project and leaves out what is not wanted.
@@ -92,7 +93,7 @@ std::optional<refusal> prepare(session& host, const resave_request& request, con
     if (auto early = refuse_paths(source, target, request)) return early;
     if (auto early = earlier.find(host)) return early;
     if (path_exists(target) && !request.overwrite && !earlier.may_replace_project())
-        return refused(target, "exists; with --overwrite it is replaced");
+        return refused(target, say("exists; with --overwrite it is replaced"));
     if (auto early = host.load(source, !options.quiet, request.load_log)) return early;
     project_context& context = host.context();
     const std::vector<element> elements = elements_of(context);
@@ -196,8 +197,9 @@ int plan_resave(const resave_request& request, const common_options& options) {
     resave_entity_services copying;
     collect_resave_entity_services(copying);
     if (!copying.empty()) {
-        return end_with(refused({}, "--dry-run cannot be combined with a --bundle that copies its own files"),
-                        options);
+        return end_with(
+            refused({}, say("--dry-run cannot be combined with a --bundle that copies its own files")),
+            options);
     }
     return resave(host, request, options, &disk);
 }

@@ -6,6 +6,7 @@
 #include <unordered_set>
 
 #include "apps/vestra_resave/resave_report.h"
+#include "apps/vestra_resave/words.h"
 #include "operations/run/run_state.h"
 #include "platform/path_text.h"
 #include "platform/text.h"
@@ -78,12 +79,12 @@ resave_plan plan_of(const run_state& run, trial_disk& disk, resave_report& repor
     else
         plan.free_space_failure = found.text();
     if (plan.free_bytes && plan.bytes > free)
-        add(report,
-            {own_kind::too_little_space,
-             {},
-             {},
-             folder,
-             platform::from_utf8(size_text(plan.bytes) + " are needed, " + size_text(free) + " are free")});
+        add(report, {own_kind::too_little_space,
+                     {},
+                     {},
+                     folder,
+                     platform::from_utf8(
+                         say("%1 are needed, %2 are free", {size_text(plan.bytes), size_text(free)}))});
     return plan;
 }
 
@@ -105,12 +106,15 @@ ordered_json json_of(const resave_plan& plan, const resave_report& report) {
 
 void print_text(const resave_plan& plan, const resave_report& report, const wide_string& new_project) {
     for (const resave_plan::file& file : plan.files)
-        std::cout << (file.source.empty() ? "(new)" : printed(file.source)) << " -> " << printed(file.target)
-                  << "  " << size_text(file.bytes) << (file.renamed ? "  renamed" : "") << '\n';
+        std::cout << (file.source.empty() ? say("(new)") : printed(file.source)) << " -> "
+                  << printed(file.target) << "  " << size_text(file.bytes)
+                  << (file.renamed ? "  " + say("renamed") : "") << '\n';
     if (!plan.free_bytes)
-        complain("free disk space could not be determined: " + one_line(plan.free_space_failure));
-    std::cout << "would be " << closing_line(report, new_project) << "; "
-              << (plan.free_bytes ? size_text(*plan.free_bytes) : "unknown space") << " free\n";
+        complain(say("free disk space could not be determined: %1",
+                     {say_known(to_utf8(plan.free_space_failure))}));
+    const std::string free = plan.free_bytes ? size_text(*plan.free_bytes) : say("unknown space");
+    const std::string line = say("would be %1", {closing_line(report, new_project)});
+    std::cout << say("%1; %2 free", {line, free}) << '\n';
 }
 
 } // namespace vestra::command

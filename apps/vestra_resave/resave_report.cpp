@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "apps/vestra_resave/elements.h"
+#include "apps/vestra_resave/words.h"
 #include "operations/run/path_files.h"
 #include "operations/run/run_state.h"
 #include "platform/path_text.h"
@@ -17,14 +18,15 @@
 namespace vestra::command {
 
 std::string size_text(uint64_t bytes) {
-    if (bytes < 1024) return std::to_string(bytes) + " B";
-    constexpr std::array<const char*, 5> units{"KB", "MB", "GB", "TB", "PB"};
+    if (bytes < 1024) return say("%1 B", {std::to_string(bytes)});
+    constexpr std::array<sentence, 5> units{"%1.%2 KB", "%1.%2 MB", "%1.%2 GB", "%1.%2 TB", "%1.%2 PB"};
     double value = static_cast<double>(bytes) / 1024;
     size_t unit = 0;
     for (; value >= 1024 && unit + 1 < units.size(); ++unit) value /= 1024;
     std::array<char, 32> text{};
-    std::snprintf(text.data(), text.size(), "%.1f %s", value, units[unit]);
-    return text.data();
+    std::snprintf(text.data(), text.size(), "%.1f", value);
+    const std::string digits = text.data();
+    return say(units.at(unit), {digits.substr(0, digits.size() - 2), digits.substr(digits.size() - 1)});
 }
 
 using namespace vs::project_resave;
@@ -43,25 +45,25 @@ std::vector<copied_file> copies_of(const path_placement& placement,
 }
 
 struct summary_count {
-    const char* words; // as they follow the number
-    const char* name;  // in JSON
+    sentence words;
+    const char* name; // in JSON
     size_t resave_summary::*count;
 };
 constexpr summary_count counts[] = {
-    {"taken over", "taken_over", &resave_summary::taken_over},
-    {"unchanged", "unchanged", &resave_summary::unchanged},
-    {"replaced", "replaced", &resave_summary::replaced},
-    {"no longer referred to", "unreferenced", &resave_summary::unreferenced},
-    {"removed", "pruned", &resave_summary::pruned},
-    {"changed since", "changed_since", &resave_summary::changed_since},
-    {"renamed", "renamed", &resave_summary::renamed},
-    {"lost", "lost", &resave_summary::lost},
-    {"failed", "failed", &resave_summary::failed},
-    {"of an unknown type", "not_resaved", &resave_summary::not_resaved},
-    {"references astray", "astray", &resave_summary::astray},
-    {"left behind", "left_behind", &resave_summary::left_behind},
-    {"dropped", "dropped", &resave_summary::dropped},
-    {"left alone", "left_alone", &resave_summary::left_alone},
+    {"%1 taken over", "taken_over", &resave_summary::taken_over},
+    {"%1 unchanged", "unchanged", &resave_summary::unchanged},
+    {"%1 replaced", "replaced", &resave_summary::replaced},
+    {"%1 no longer referred to", "unreferenced", &resave_summary::unreferenced},
+    {"%1 removed", "pruned", &resave_summary::pruned},
+    {"%1 changed since", "changed_since", &resave_summary::changed_since},
+    {"%1 renamed", "renamed", &resave_summary::renamed},
+    {"%1 lost", "lost", &resave_summary::lost},
+    {"%1 failed", "failed", &resave_summary::failed},
+    {"%1 of an unknown type", "not_resaved", &resave_summary::not_resaved},
+    {"%1 references astray", "astray", &resave_summary::astray},
+    {"%1 left behind", "left_behind", &resave_summary::left_behind},
+    {"%1 dropped", "dropped", &resave_summary::dropped},
+    {"%1 left alone", "left_alone", &resave_summary::left_alone},
 };
 
 // Where a problem is counted; whatever is nothing else has failed.
@@ -185,17 +187,17 @@ ordered_json json_of(const resave_report& report) {
 void print_problems(const resave_report& report) {
     for (const problem& each : report.problems)
         if (each.kind != name_of(fact_kind::renamed)) complain(line_of(each));
-    if (report.resumable) complain("--resume goes on where this resave ended");
+    if (report.resumable) complain(say("--resume goes on where this resave ended"));
 }
 
 std::string closing_line(const resave_report& report, const wide_string& new_project) {
     const resave_summary summary = summary_of(report);
-    std::string line = report.outcome + ": " + printed(new_project) + ", " + std::to_string(summary.files) +
-                       " files, " + size_text(summary.bytes);
+    std::string line = say("%1: %2, %3 files, %4", {say_known(report.outcome), printed(new_project),
+                                                    std::to_string(summary.files), size_text(summary.bytes)});
     const char* before = "; ";
     for (const auto& [words, name, count] : counts)
         if (summary.*count != 0)
-            line += std::exchange(before, ", ") + std::to_string(summary.*count) + " " + words;
+            line += std::exchange(before, ", ") + say(words, {std::to_string(summary.*count)});
     return line;
 }
 

@@ -8,6 +8,7 @@
 #include "apps/vestra_resave/resave_report.h"
 #include "apps/vestra_resave/session.h"
 #include "apps/vestra_resave/trial_disk.h"
+#include "apps/vestra_resave/words.h"
 #include "core/layer_group_writer.h"
 #include "framework/border/string_adapter.h"
 #include "host/vsk_entity.h"
@@ -98,8 +99,9 @@ int finish(const scenes_report& report, bool lists, const common_options& option
             std::cout << one_line(each.caption) << " -> " << printed(each.path) << '\n';
     } else if (!options.quiet) {
         for (const scene_row& each : report.scenes) std::cout << printed(each.path) << '\n';
-        std::cout << report.outcome << ": " << printed(report.folder) << ", " << report.scenes.size()
-                  << " files\n";
+        std::cout << say("%1: %2, %3 files", {say_known(report.outcome), printed(report.folder),
+                                              std::to_string(report.scenes.size())})
+                  << '\n';
     }
     return report.exit;
 }

@@ -5,6 +5,7 @@
 #include <unordered_set>
 
 #include "apps/vestra_resave/resave_report.h"
+#include "apps/vestra_resave/words.h"
 #include "platform/path_text.h"
 #include "platform/text.h"
 
@@ -97,11 +98,12 @@ const element* directory::one_of(const std::string& name, const std::vector<plac
     const element* const first = candidates.front().found;
     if (std::ranges::all_of(candidates, [&](const place& other) { return other.found->uuid == first->uuid; }))
         return first;
-    complaints.push_back('"' + name + "\" names " + std::to_string(candidates.size()) +
-                         " elements; give the uuid of one");
+    complaints.push_back(
+        say("\"%1\" names %2 elements; give the uuid of one", {name, std::to_string(candidates.size())}));
     for (const place& candidate : candidates)
-        complaints.push_back('"' + name + "\" can be " + one_line(candidate.found->uuid) + ": " +
-                             candidate.found->kind + " in " + one_line(candidate.holders));
+        complaints.push_back(say("\"%1\" can be %2: %3 in %4",
+                                 {name, one_line(candidate.found->uuid), say_known(candidate.found->kind),
+                                  one_line(candidate.holders)}));
     return nullptr;
 }
 
@@ -116,10 +118,10 @@ std::vector<const element*> directory::find(const std::string& name,
     } else {
         found = matching(word);
     }
-    if (found.empty()) complaints.push_back("no element is meant by \"" + name + "\"");
+    if (found.empty()) complaints.push_back(say("no element is meant by \"%1\"", {name}));
     if (found.empty() || std::ranges::any_of(found, &element::selectable)) return found;
-    complaints.push_back("what \"" + name + "\" means cannot be left out, or kept, by itself: " +
-                         found.front()->kind + " \"" + one_line(found.front()->caption) + "\"");
+    complaints.push_back(say("what \"%1\" means cannot be left out, or kept, by itself: %2 \"%3\"",
+                             {name, say_known(found.front()->kind), one_line(found.front()->caption)}));
     return {};
 }
 
@@ -163,7 +165,7 @@ std::vector<std::string> apply(const selection_request& request, const std::vect
     if (!wanted.empty())
         for (const element& each : elements) keep_only(each, wanted, selection);
     for (const element* each : unwanted) leave_out(*each, selection);
-    if (!is_any_selected(elements, selection)) complaints.emplace_back("nothing is left to be resaved");
+    if (!is_any_selected(elements, selection)) complaints.push_back(say("nothing is left to be resaved"));
     return complaints;
 }
 

@@ -8,6 +8,7 @@
 #include "apps/vestra_resave/continued_disk.h"
 #include "apps/vestra_resave/problems.h"
 #include "apps/vestra_resave/resave_report.h"
+#include "apps/vestra_resave/words.h"
 #include "framework/resources/strings.h"
 #include "operations/project_context.h"
 #include "operations/run/path_files.h"
@@ -27,10 +28,9 @@ bool command_questions::add_referenced() {
 
 stop_answer command_questions::on_stop() {
     if (decided_.on_stop) return *decided_.on_stop;
-    const wide_view answers = shell::settings().language_offset == 0
-                                  ? u"да: удалить созданное; нет: оставить; отмена: продолжить"
-                                  : u"yes: erase what was created; no: keep it; cancel: go on";
-    switch (person_.yes_no_cancel(load_string(text::erase_created_files) + u"\n" + wide_string(answers))) {
+    const std::string answers = say("yes: erase what was created; no: keep it; cancel: go on");
+    switch (person_.yes_no_cancel(load_string(text::erase_created_files) + u"\n" +
+                                  platform::from_utf8(answers))) {
     case shell::answer::cancel:
         return stop_answer::go_on;
     case shell::answer::yes:
@@ -53,8 +53,8 @@ std::optional<refusal> refuse_share(const std::string& typed) {
     const std::string start = typed.substr(0, 2);
     const bool is_share = start == "\\\\" || start == "/\\" || start == "\\/";
     if (!is_share || !platform::native_path(platform::from_utf8(typed)).empty()) return std::nullopt;
-    return refused({},
-                   typed + ": network shares are unknown on this system; give a folder where it is mounted");
+    return refused(
+        {}, say("%1: network shares are unknown on this system; give a folder where it is mounted", {typed}));
 }
 
 session::session(const common_options& options, const decided_answers& answers)

@@ -4,6 +4,7 @@
 
 #include "apps/vestra_resave/folder_files.h"
 #include "apps/vestra_resave/session.h"
+#include "apps/vestra_resave/words.h"
 #include "operations/project_context.h"
 #include "platform/path_text.h"
 #include "platform/text.h"
@@ -53,10 +54,11 @@ public:
     }
 
     void add_to(resave_report& report, const wide_string& copied) {
-        const wide_string head = path_head(copied), shown = platform::from_utf8(printed(copied));
+        const wide_string head = path_head(copied),
+                          reason = platform::from_utf8(say("it is next to %1", {printed(copied)}));
         for (const wide_string& name : folders_.files_of(head).beginning_with(path_stem(copied)))
             if (taken_.insert(path_key(head + name)).second)
-                add(report, {own_kind::left_behind, {}, head + name, {}, u"it is next to " + shown});
+                add(report, {own_kind::left_behind, {}, head + name, {}, reason});
     }
 
 private:

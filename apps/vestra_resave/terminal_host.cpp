@@ -5,6 +5,7 @@
 #include <iostream>
 #include <set>
 
+#include "apps/vestra_resave/words.h"
 #include "framework/bundle_entry.h"
 #include "platform/volumes.h"
 #include "reference_host/shell/front_end.h"
@@ -30,15 +31,15 @@ void complain(const std::string& reason) {
 }
 
 std::optional<std::string> apply(const common_options& options) {
+    shell::settings().language_offset = is_russian(options) ? 0 : 50000;
     std::string reason;
     if (!platform::check_drive_variable(reason)) return reason;
     std::set<int> letters;
     for (const std::string& drive : options.drives) {
         if (!platform::add_drive(drive, reason)) return reason;
         if (!letters.insert(std::toupper(static_cast<unsigned char>(drive.front()))).second)
-            return "--drive: a drive is mapped twice: \"" + drive + "\"";
+            return say("--drive: a drive is mapped twice: \"%1\"", {drive});
     }
-    shell::settings().language_offset = is_russian(options) ? 0 : 50000;
     return std::nullopt;
 }
 

@@ -9,6 +9,7 @@
 #include "apps/vestra_resave/problems.h"
 #include "apps/vestra_resave/resave_report.h"
 #include "apps/vestra_resave/trial_disk.h"
+#include "apps/vestra_resave/words.h"
 #include "operations/project_context.h"
 #include "operations/run/path_files.h"
 #include "platform/path_text.h"
@@ -105,7 +106,7 @@ int finish(const written_text& made, const common_options& options, const std::s
     } else if (is_printed && made.is_whole()) {
         std::cout << text;
     } else if (!is_printed && !options.quiet && made.exit != stopped) {
-        std::cout << made.outcome << ": " << printed(as_on_disk(made.path)) << '\n';
+        std::cout << say_known(made.outcome) << ": " << printed(as_on_disk(made.path)) << '\n';
     }
     return made.exit;
 }

@@ -7,6 +7,7 @@
 #include "apps/vestra_resave/data_set_files.h"
 #include "apps/vestra_resave/elements.h"
 #include "apps/vestra_resave/resave_report.h"
+#include "apps/vestra_resave/words.h"
 #include "operations/project_context.h"
 #include "platform/path_text.h"
 #include "platform/system.h"
@@ -243,9 +244,10 @@ std::vector<std::string> lines_of(const verification& found) {
     std::vector<std::string> lines;
     for (const problem& each : found.astray) {
         const bool is_plain = each.file == found.project || each.file == each.path;
-        lines.push_back(word_of(each.kind) + ": " + each.holder + " " + one_line(each.element.caption) +
-                        ": " + printed(each.path) + (is_plain ? "" : ", in " + printed(each.file)) +
-                        (each.reason.empty() ? "" : ": " + one_line(each.reason)));
+        lines.push_back(say_known(word_of(each.kind)) + ": " + say_known(each.holder) + " " +
+                        one_line(each.element.caption) + ": " + printed(each.path) +
+                        (is_plain ? "" : say(", in %1", {printed(each.file)})) +
+                        (each.reason.empty() ? "" : ": " + say_known(one_line(each.reason))));
     }
     for (const problem& each : found.differing) lines.push_back(line_of(each));
     return lines;

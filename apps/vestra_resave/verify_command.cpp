@@ -8,6 +8,7 @@
 #include "apps/vestra_resave/resave_report.h"
 #include "apps/vestra_resave/session.h"
 #include "apps/vestra_resave/verification.h"
+#include "apps/vestra_resave/words.h"
 #include "operations/project_context.h"
 #include "platform/path_text.h"
 #include "platform/text.h"
@@ -63,10 +64,12 @@ int verify_project(const verify_request& request, const common_options& options)
         std::cout << shown.dump(2) << '\n';
     } else {
         for (const std::string& line : lines_of(found)) std::cout << line << '\n';
-        std::cout << outcome << ": " << printed(found.project) << ", " << found.references << " references, "
-                  << found.astray.size() << " astray";
-        if (request.manifest) std::cout << ", " << found.differing.size() << " not as in the manifest";
-        std::cout << '\n';
+        std::string line = say("%1: %2, %3 references, %4 astray",
+                               {say_known(outcome), printed(found.project), std::to_string(found.references),
+                                std::to_string(found.astray.size())});
+        if (request.manifest)
+            line = say("%1, %2 not as in the manifest", {line, std::to_string(found.differing.size())});
+        std::cout << line << '\n';
     }
     if (found.stopped) return stopped;
     return all.empty() ? done : problems;

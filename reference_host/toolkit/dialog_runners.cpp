@@ -1,6 +1,7 @@
 #include "reference_host/toolkit/dialog_runners.h"
 
 #include "platform/volumes.h"
+#include "reference_host/shell/front_end.h"
 #include "reference_host/shell/service_registry.h"
 #include "reference_host/toolkit/element_description.h"
 
@@ -38,6 +39,12 @@ namespace {
 constexpr std::int32_t cancelled = 0;
 constexpr std::int32_t accepted = 1;
 
+const char* prompt(bool takes_path) {
+    if (shell::settings().language_offset != 0)
+        return takes_path ? "Enter: OK, or a new path, or \"cancel\": " : "Enter: OK, or \"cancel\": ";
+    return takes_path ? "Enter: OK, либо новый путь, либо \"отмена\": " : "Enter: OK, либо \"отмена\": ";
+}
+
 } // namespace
 
 std::int32_t terminal_dialog_runner::run(docker content) {
@@ -48,8 +55,7 @@ std::int32_t terminal_dialog_runner::run(docker content) {
         // A progress bar may stand on the line.
         terminal_.write("\n" + described(dialog));
         if (!terminal_.asks()) return cancelled;
-        terminal_.write(find(dialog, u"file_input") ? "Enter: OK, or a new path, or \"cancel\": "
-                                                    : "Enter: OK, or \"cancel\": ");
+        terminal_.write(prompt(find(dialog, u"file_input") != nullptr));
         std::string line;
         if (terminal_.read_line(line) != platform::line_result::read) return cancelled;
         if (const auto answer = obey(dialog, line)) return *answer;
@@ -58,7 +64,7 @@ std::int32_t terminal_dialog_runner::run(docker content) {
 
 std::optional<std::int32_t> terminal_dialog_runner::obey(const element_view& dialog,
                                                          const std::string& line) {
-    if (line == "cancel") return cancelled;
+    if (line == "cancel" || line == "отмена") return cancelled;
     if (line.empty()) {
         const element_view* box = find(dialog, u"button_box");
         if (!box || box->buttons.empty()) return accepted;

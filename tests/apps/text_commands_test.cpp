@@ -1,7 +1,9 @@
 // vestra-resave structure, scenes and check-case: exit codes, what is refused, and what stands there
 // afterwards.
 #include <nlohmann/json.hpp>
+#include <regex>
 
+#include "apps/vestra_resave/words.h"
 #include "tests/apps/command_run.h"
 
 namespace vs::project_resave {
@@ -156,6 +158,71 @@ TEST_F(text_commands, every_command_says_in_one_form_what_is_wrong_and_where) {
     ASSERT_TRUE(out.starts_with("vestra-resave ") && out.ends_with("\n")) << out;
     const string version = " VERSION " + out.substr(14, out.size() - 15) + " ";
     EXPECT_NE(string::npos, committed("CMakeLists.txt").find(version)) << out;
+}
+
+// The first word of Latin letters, but for paths, options, what the test's project holds, and what has one
+// name in all languages.
+string english_in(const string& text) {
+    static const std::regex names(
+        "[A-Z]:\\\\\\S*|/"
+        "\\S*|\\S+\\._sn|--?[a-z][a-z-]*|[0-9a-f-]{36}|vestra-resave|[a-z_]+_lr2d|\\[[^\\]]*\\]|<[a-z_]+>|"
+        "(2D|3D|DBF|OAT) "
+        "(scenes|tables)|Layouts|\\b(DBF|OAT|Windows|UTF|uuid|folder-per-scene|on|off|Enter|OK)\\b");
+    static const std::regex word("[A-Za-z]{2,}");
+    const string rest = std::regex_replace(text, names, "");
+    std::smatch found;
+    return std::regex_search(rest, found, word) ? found.str() : "";
+}
+
+TEST(words, are_all_in_russian_with_the_same_parts) {
+    std::set<std::string_view> known;
+    for (const auto& [english, russian] : vestra::command::all_texts) {
+        EXPECT_EQ("", english_in(string(russian))) << russian;
+        EXPECT_TRUE(known.insert(english).second) << english;
+        for (const char* part : {"%1", "%2", "%3", "%4", "%5"})
+            EXPECT_EQ(english.find(part) == string::npos, russian.find(part) == string::npos) << english;
+    }
+}
+
+TEST_F(text_commands, speak_russian_throughout_if_asked_to) {
+    builder.clear();
+    builder.scene_2d(u"Лист")
+        .layer("rtr_lr2d", u"Нет", u"C:\\gone.tif")
+        .layer("rtr_lr2d", u"Р", u"C:\\Data\\r.tif");
+    builder.layer("wfs_pnt_lr2d", u"Точки", u"C:\\prj\\t.dbf").layer("rtr_lr2d", u"Р", u"C:\\data\\r.tif");
+    builder.table(u"Т", write(u"C:\\prj\\t.dbf")).layout(u"Макет").frame(u"Рамка", u"Лист").save(source);
+    builder.layer("rtr_lr2d", u"Диск", u"Q:\\r.tif").save(src(u"q._vp"));
+    write(u"C:\\data\\r.doc");
+    std::filesystem::create_directories(native("n") / "out");
+    const string project = " 'C:\\prj\\area._vp' ", resave = "resave" + project + "'N:\\out\\n._vp' ";
+    const std::pair<string, int> rows[] = {{"list" + project, 0},
+                                           {"verify" + project, 1},
+                                           {"structure" + project + "'N:\\out\\t.txt'", 0},
+                                           {"check-case" + project + "'N:\\out\\t.txt'", 1},
+                                           {"scenes" + project + "'N:\\out'", 0},
+                                           {"scenes" + project + "--list", 0},
+                                           {resave + "--dry-run", 1},
+                                           {resave + "--files --structure folder-per-scene", 1},
+                                           {resave, 2},
+                                           {resave + "--overwrite --only p --deselect Р --deselect Й", 2},
+                                           {"resave 'C:\\prj\\q._vp' 'N:\\out\\m._vp'", 2},
+                                           {"resave" + project + project, 2},
+                                           {"structure 'C:\\none._vp' -", 2},
+                                           {"structure" + project + "'N:\\out'", 2}};
+    for (const auto& [arguments, code] : rows) {
+        EXPECT_EQ(code, command(arguments + " --language ru")) << arguments << err;
+        EXPECT_EQ("", english_in(out + err)) << arguments << '\n' << out << err;
+    }
+    // Its folders by type are, too.
+    EXPECT_EQ(1, command(resave + "--overwrite --language ru --deselect Точки")) << err;
+    for (const string language : {"ru", "en"}) {
+        remove_tree(u"N:\\out");
+        builder.clear();
+        builder.scene_2d(u"S").layer("graph_lr2d", u"G", write(u"C:\\data\\g.grf")).save(source);
+        EXPECT_EQ(0, command(resave + "--language " + language)) << err;
+        EXPECT_EQ(language == "ru" ? " n._vp графика графика/g.grf" : " graphics graphics/g.grf n._vp",
+                  made());
+    }
 }
 
 // What a person would lose if a text, a report or a scene file went over a file of the project.

@@ -1,0 +1,121 @@
+#include "apps/vestra_resave/words.h"
+
+#include <algorithm>
+#include <optional>
+#include <vector>
+
+#include "reference_host/shell/front_end.h"
+
+namespace vestra::command {
+
+namespace {
+
+// What others say: the host, its readers, and the operating system where it speaks English.
+constexpr text_row words_of_others[] = {
+    {"line %1: %2", "строка %1: %2"},
+    {"VESTRA_DRIVES: %1", "VESTRA_DRIVES: %1"},
+    {"a drive is mapped twice: \"%1\"", "диск назначен дважды: \"%1\""},
+    {"not a drive: \"%1\": %2", "это не диск: \"%1\": %2"},
+    {"drive Z: is the root folder and cannot be another one: \"%1\"; take another letter",
+     "диск Z: это корневая папка, и назначить ему другую нельзя: \"%1\"; возьмите другую букву"},
+    {"drives belong to the system here and cannot be added: \"%1\"",
+     "диски здесь назначает система, добавить их нельзя: \"%1\""},
+    {"expected a letter, \"=\" and an existing folder", "нужны буква, \"=\" и существующая папка"},
+    {"no folder is assigned to the drive", "диску не назначена папка"},
+    {"network paths are unknown on this system", "сетевые пути в этой системе неизвестны"},
+    {"the path is empty", "путь пуст"},
+    {"there is no such file", "такого файла нет"},
+    {"is a folder", "это папка"},
+    {"a folder is in the way", "мешает папка"},
+    {"not a regular file", "это не обычный файл"},
+    {"is a device, a pipe or a link that leads nowhere", "это устройство, канал или ссылка в никуда"},
+    {"the name is not UTF-8", "имя не в UTF-8"},
+    {"another program has the file open", "файл открыт другой программой"},
+    {"the file changed while it was copied", "файл изменился во время копирования"},
+    {"source and target are the same file", "источник и копия совпадают"},
+    {"the file ended too soon", "файл кончился раньше времени"},
+    {"the file is empty", "файл пуст"},
+    {"the file is larger than 256 MiB", "файл больше 256 МиБ"},
+    {"the file would be larger than 256 MiB", "файл был бы больше 256 МиБ"},
+    {"it is larger than 256 MiB", "он больше 256 МиБ"},
+    {"the file is no UTF-8 text", "файл не является текстом UTF-8"},
+    {"the file is not a DBF table", "файл не является таблицей DBF"},
+    {"there is no root element %1", "нет корневого элемента %1"},
+    {"unknown element %1 in %2", "неизвестный элемент %1 в %2"},
+    {"it belongs to the source project", "он принадлежит исходному проекту"},
+    {"the bundle that owns the element did not copy it",
+     "модуль, которому принадлежит элемент, не скопировал его"},
+    {"the extension is too short to name its companions",
+     "расширение слишком коротко, чтобы назвать сопутствующие файлы"},
+    {"unknown reason", "причина неизвестна"},
+    {"No such file or directory", "нет такого файла или папки"},
+    {"Permission denied", "доступ запрещен"},
+    {"Operation not permitted", "операция не разрешена"},
+    {"No space left on device", "на диске не осталось места"},
+    {"Disk quota exceeded", "превышена дисковая квота"},
+    {"Read-only file system", "диск доступен только для чтения"},
+    {"File exists", "файл уже существует"},
+    {"File too large", "файл слишком велик"},
+    {"File name too long", "имя файла слишком длинное"},
+    {"Not a directory", "это не папка"},
+    {"Is a directory", "это папка"},
+    {"Directory not empty", "папка не пуста"},
+    {"Input/output error", "ошибка ввода-вывода"},
+    {"Broken pipe", "канал закрыт"},
+    {"Bad file descriptor", "поток закрыт"},
+};
+
+bool is_russian() { return shell::settings().language_offset == 0; }
+
+std::string filled(std::string_view text, const std::vector<std::string>& parts) {
+    std::string all;
+    for (size_t at = 0; at < text.size(); ++at) {
+        const size_t part =
+            text[at] == '%' && at + 1 < text.size() ? static_cast<size_t>(text[at + 1] - '1') : 9;
+        if (part < parts.size() && part < 9)
+            all += parts[part], ++at;
+        else
+            all += text[at];
+    }
+    return all;
+}
+
+// Returns what stands in the places of a pattern, which are in ascending order; nothing if the text is
+// another one.
+std::optional<std::vector<std::string>> parts_in(std::string_view text, std::string_view pattern) {
+    std::vector<std::string> parts;
+    for (size_t place; (place = pattern.find('%')) != std::string_view::npos;) {
+        const std::string_view before = pattern.substr(0, place);
+        if (!text.starts_with(before)) return std::nullopt;
+        text.remove_prefix(before.size());
+        pattern.remove_prefix(place + 2);
+        const std::string_view after = pattern.substr(0, pattern.find('%'));
+        const size_t end = after.empty() ? text.size() : text.find(after);
+        if (end == std::string_view::npos) return std::nullopt;
+        parts.emplace_back(text.substr(0, end));
+        text.remove_prefix(end);
+    }
+    return text == pattern ? std::optional(std::move(parts)) : std::nullopt;
+}
+
+} // namespace
+
+std::string say(sentence text, std::initializer_list<std::string> parts) {
+    if (!text.row()) return {};
+    return filled(is_russian() ? text.row()->russian : text.row()->english, parts);
+}
+
+std::string say_known(const std::string& english) {
+    if (!is_russian()) return english;
+    const auto* const own = std::ranges::find(all_texts, english, &text_row::english);
+    if (own != std::end(all_texts)) return std::string(own->russian);
+    for (const text_row& row : words_of_others) {
+        auto parts = parts_in(english, row.english);
+        if (!parts) continue;
+        if (!parts->empty()) parts->back() = say_known(parts->back()); // the reason comes last
+        return filled(row.russian, *parts);
+    }
+    return english;
+}
+
+} // namespace vestra::command
