@@ -43,8 +43,8 @@ inline constexpr std::chrono::milliseconds folder_time_step(20);
 // Returns the operating system's own path of a drive path: of the existing entry, looked up without letter
 // case, or of the one that would be created. Empty if the path cannot be expressed.
 std::filesystem::path native_path(const wide_string& path);
-// Returns the same as text in UTF-8, to be read and not to be opened: bytes that are no UTF-8 are replaced. On
-// Windows the path as it is.
+// Returns the same as text in UTF-8, to be read and not to be opened: bytes that are no UTF-8 are replaced.
+// On Windows the path as it is.
 std::string native_text(const wide_string& path);
 
 } // namespace vs::project_resave::platform
