@@ -113,6 +113,23 @@ private:
     listed_folders folders_;
 };
 
+// True if a disk was full or a share was lost while the run was at work: the same run can succeed later.
+bool may_succeed_later(const project_context& context, const resave_report& report) {
+    using platform::failure;
+    std::unordered_set<wide_string> lost; // path keys
+    for (const problem& each : report.problems) {
+        if (each.kind != name_of(fact_kind::copy_failed) && each.kind != name_of(fact_kind::source_lost))
+            continue;
+        for (const failure known : {failure::disk_full, failure::damaged, failure::in_use})
+            if (each.reason == platform::outcome(known).text()) return true;
+        if (!path_exists(each.path)) lost.insert(path_key(each.path));
+    }
+    if (lost.empty()) return false;
+    // What the source had when it was loaded.
+    return std::ranges::any_of(context.sizes.known_paths(),
+                               [&](const wide_string& path) { return lost.contains(path_key(path)); });
+}
+
 problem of_row(const char* kind, const continued_disk::row& row) {
     return {kind, {}, {}, row.file->path, {}};
 }
@@ -221,23 +238,14 @@ void continuation::add_files(std::vector<earlier_file> files) {
     }
 }
 
-std::optional<refusal> continuation::begin(project_context& context, trial_disk* trial) {
+void continuation::put_in_force(project_context& context, trial_disk* trial) {
     trial_ = trial;
     platform::system& real = trial ? trial->below() : platform::current_system();
     if (!trial) {
         journal_ = std::make_unique<journal_disk>(real, target_);
-        const bool is_to_be_entered = !is_recorded_ || request_.mode == run_mode::update;
-        if (const platform::outcome begun = journal_->begin(is_to_be_entered ? asked_ : "", has_journal_);
-            !begun) {
-            const wide_string path = journal_path(target_);
-            journal_.reset();
-            if (begun.is(platform::failure::in_use) || begun.is(platform::failure::taken))
-                return refused(path, say("another resave into this folder is at work"));
-            return refusal{not_saved, {{own_kind::not_created, {}, {}, path, begun.text()}}};
-        }
         journal_in_force_.emplace(*journal_);
     }
-    if (request_.mode == run_mode::anew) return std::nullopt;
+    if (request_.mode == run_mode::anew) return;
     std::erase_if(files_, [&](const earlier_file& each) { return context.guard.protects(each.path); });
     platform::system& below = journal_ ? static_cast<platform::system&>(*journal_) : real;
     disk_ = std::make_unique<continued_disk>(below, journal_.get(), std::move(files_));
@@ -246,7 +254,18 @@ std::optional<refusal> continuation::begin(project_context& context, trial_disk*
         trial->put_above(*disk_);
     else
         disk_in_force_.emplace(*disk_);
-    return std::nullopt;
+}
+
+std::optional<refusal> continuation::begin_journal() {
+    if (!journal_) return std::nullopt;
+    const bool is_to_be_entered = !is_recorded_ || request_.mode == run_mode::update;
+    const platform::outcome begun = journal_->begin(is_to_be_entered ? asked_ : "", has_journal_);
+    if (begun) return std::nullopt;
+    is_journal_ended_ = true;
+    const wide_string path = journal_path(target_);
+    if (begun.is(platform::failure::in_use) || begun.is(platform::failure::taken))
+        return refused(path, say("another resave into this folder is at work"));
+    return refusal{not_saved, {{own_kind::not_created, {}, {}, path, begun.text()}}};
 }
 
 std::vector<const continued_disk::row*> continuation::unreferenced() {
@@ -314,6 +333,7 @@ void continuation::flush(resave_report& report) {
 }
 
 void continuation::end_files(project_context& context, resave_report& report) {
+    is_broken_off_ = may_succeed_later(context, report);
     if (!disk_) return;
     classify(report);
     if (report.exit == done || report.exit == problems) remove_unreferenced(context, report);
@@ -323,10 +343,7 @@ void continuation::end_journal(resave_report& report) {
     const bool is_saved = report.exit == done || report.exit == problems;
     if (is_saved && !trial_) flush(report);
     if (!journal_ || is_journal_ended_) return;
-    report.resumable = !is_saved || std::ranges::any_of(report.problems, [](const problem& each) {
-        return each.kind == name_of(fact_kind::copy_failed) ||
-               (each.kind == name_of(fact_kind::source_lost) && !each.reason.empty());
-    });
+    report.resumable = !is_saved || is_broken_off_;
     if (const platform::outcome ended = close_journal(!report.resumable); !ended)
         add(report, {own_kind::not_created, {}, {}, journal_path(target_), ended.text()});
 }

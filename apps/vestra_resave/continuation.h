@@ -36,9 +36,10 @@ public:
     // True if the project that exists at the target is the earlier run's, and may be replaced.
     bool may_replace_project() const { return may_replace_project_; }
 
-    // Begins the journal and puts the disk in force; of a dry run it lies below the trial disk, and there is
-    // no journal. The source is loaded, and the target's folder exists.
-    std::optional<refusal> begin(vs::project_resave::project_context& context, trial_disk* trial);
+    // Puts the disk in force; of a dry run it lies below the trial disk. The source is loaded.
+    void put_in_force(vs::project_resave::project_context& context, trial_disk* trial);
+    // Begins the journal, if this is no dry run. The target's folder exists.
+    std::optional<refusal> begin_journal();
 
     // Null for a run that begins anew.
     continued_disk* disk() { return disk_.get(); }
@@ -80,6 +81,7 @@ private:
     std::optional<platform::system_override> journal_in_force_;
     std::unique_ptr<continued_disk> disk_;
     std::optional<platform::system_override> disk_in_force_;
+    bool is_broken_off_ = false; // though it was saved
     std::vector<continued_disk::row> rows_;
     bool has_rows_ = false;
 };

@@ -126,7 +126,8 @@ private:
 } // namespace
 
 wide_string journal_path(const wide_string& project) {
-    return path_head(project) + path_stem(project) + u".resave-journal";
+    constexpr size_t most_characters = 60; // of a name that may have four bytes for each
+    return path_head(project) + path_stem(project).substr(0, most_characters) + u".resave-journal";
 }
 
 std::string journal_record(const std::vector<std::string>& words) {

@@ -57,7 +57,7 @@ struct earlier_run {
     std::vector<earlier_file> files;
 };
 
-// NAME.resave-journal for NAME._vp.
+// NAME.resave-journal for NAME._vp; of a long name the beginning.
 wide_string journal_path(const wide_string& project);
 inline constexpr std::string_view journal_title = "resave-journal\t1\t;\n";
 

@@ -128,8 +128,9 @@ ended_run run(session& host, const resave_request& request, const common_options
         std::ranges::move(take_back(missing), std::back_inserter(early.problems));
         return {std::move(early), {}, {}};
     }
-    auto early = earlier.begin(context, trial);
-    if (!early) early = refuse_target(folder, context, !request.ignore_space);
+    earlier.put_in_force(context, trial);
+    auto early = refuse_target(folder, context, !request.ignore_space);
+    if (!early) early = earlier.begin_journal();
     if (early) {
         earlier.abandon();
         std::ranges::move(take_back(missing), std::back_inserter(early->problems));

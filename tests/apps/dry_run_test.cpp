@@ -176,17 +176,10 @@ TEST_F(dry_run, tells_what_stays_behind_and_where_the_space_ends) {
         for (const auto& each : run.at("left_behind")) behind.insert(each.at("path"));
         EXPECT_EQ((std::set<string>{data + "r.tif.bak", data + "Roads.old.shp", data + "roads.TXT"}), behind);
         EXPECT_TRUE(is_told(data + "roads.TXT: was left behind: it is next to " + data)) << err;
-        EXPECT_EQ(json({{"files", 6},
-                        {"bytes", 24},
-                        {"renamed", 0},
-                        {"lost", 0},
-                        {"failed", 0},
-                        {"not_resaved", 0},
-                        {"astray", 0},
-                        {"left_behind", 3},
-                        {"dropped", 0},
-                        {"left_alone", 0}}),
-                  run.at("summary"));
+        json counts = run.at("summary");
+        for (auto count = counts.begin(); count != counts.end();)
+            count = *count == 0 ? counts.erase(count) : std::next(count);
+        EXPECT_EQ(json({{"files", 6}, {"bytes", 24}, {"left_behind", 3}}), counts);
     }
     remove_tree(u"N:\\out");
 

@@ -28,7 +28,8 @@ protected:
         const string line =
             "resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp' --overwrite --ignore-space --quiet ";
         for (const string form : {"--json", ""}) {
-            run("exec " + prefix + line_of(line + form).substr(string("exec").size()));
+            const string goes_on = path_exists(u"N:\\out\\new.resave-journal") ? " --resume" : "";
+            run("exec " + prefix + line_of(line + form + goes_on).substr(string("exec").size()));
             EXPECT_FALSE(path_exists(u"N:\\out\\rtr\\big.tif")) << "no part of it";
             EXPECT_TRUE(is_told(reason) && is_told(new_path)) << err;
             if (form.empty()) continue;
