@@ -16,7 +16,8 @@ namespace vestra::command {
 // list: what is in a project, and which of its files exist.
 struct list_request {
     std::string project;
-    bool missing = false; // only elements whose file does not exist, with what they are in
+    bool missing = false;            // only elements whose file does not exist, with what they are in
+    std::vector<std::string> search; // folders below which missing files are looked for
 };
 int list_project(const list_request& request, const common_options& options);
 
@@ -44,6 +45,7 @@ struct resave_request {
     bool overwrite = false;            // replace a project that exists at `new_project`
     bool allow_missing_drives = false; // files on drives that do not exist are lost, else nothing starts
     bool ignore_space = false;         // start also where the files seem to need more space than there is
+    std::vector<std::string> search;   // folders below which lost sources are looked for
     decided_answers answers;
     selection_request selection;
 };

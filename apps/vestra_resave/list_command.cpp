@@ -5,6 +5,7 @@
 #include <unordered_set>
 
 #include "apps/vestra_resave/elements.h"
+#include "apps/vestra_resave/lost_files.h"
 #include "apps/vestra_resave/resave_report.h"
 #include "apps/vestra_resave/session.h"
 #include "operations/project_context.h"
@@ -76,9 +77,14 @@ bool keep_missing(std::vector<element>& elements) {
 int list_project(const list_request& request, const common_options& options) {
     const std::string& project = request.project;
     session host(options, {});
+    lost_file_search search;
+    if (const auto early = search.begin(request.search)) return end_with(*early, options);
     if (const auto early = host.load(project)) return end_with(*early, options);
-    const std::vector<problem> found = host.reading_problems();
+    std::vector<problem> found = host.reading_problems();
+    std::ranges::move(search.undecided(), std::back_inserter(found));
+    const std::vector<problem> notices = search.notices();
     for (const problem& each : found) complain(line_of(each));
+    for (const problem& each : notices) complain(line_of(each));
     const int end = found.empty() ? done : problems;
     const wide_string& path = host.context().placement.source_project_path;
     std::vector<element> elements = elements_of(host.context());
@@ -91,6 +97,8 @@ int list_project(const list_request& request, const common_options& options) {
         const ordered_json shown{{"project", to_utf8(path)},
                                  {"outcome", found.empty() ? "listed" : "listed with problems"},
                                  {"problems", json_of(found)},
+                                 {"found", json_of_found(notices)},
+                                 {"not_searched", json_of(notices, own_kind::not_searched)},
                                  {"elements", std::move(all)},
                                  {"summary",
                                   {{"elements", all_of_it.elements},

@@ -50,6 +50,8 @@ constexpr kind_words all_kinds[] = {
     {own_kind::name_too_long, "no file of this name can be created"},
     {own_kind::unportable_name, "has a name that a Windows disk does not take"},
     {own_kind::interrupted, "interrupted"},
+    {own_kind::found, "was found at %"},
+    {own_kind::not_searched, "could not be searched"},
     {own_kind::left_behind, "was left behind"},
     {own_kind::dropped, "is not in the new project"},
     {own_kind::left_alone, "was not copied, as a resave leaves this kind of element alone"},
@@ -162,7 +164,9 @@ std::unordered_set<wide_string> unwritten_keys(const std::vector<problem>& all) 
 }
 
 bool is_notice(const problem& found) {
-    return found.kind == name_of(fact_kind::renamed) || found.kind == name_of(fact_kind::written_over);
+    const std::string_view kinds[] = {name_of(fact_kind::renamed), name_of(fact_kind::written_over),
+                                      own_kind::found, own_kind::not_searched};
+    return std::ranges::find(kinds, found.kind) != std::end(kinds);
 }
 
 wide_string as_on_disk(const wide_string& path) {
@@ -200,6 +204,8 @@ ordered_json json_of(const problem& found) {
                      {"new_path", to_utf8(found.new_path)},
                      {"new_native_path", native(found.new_path)},
                      {"reason", to_utf8(found.reason)}};
+    for (const wide_string& each : found.candidates)
+        all["candidates"].push_back({{"path", to_utf8(each)}, {"native_path", native(each)}});
     if (found.holder.empty()) return all;
     all["holder"] = found.holder;
     all["file"] = to_utf8(found.file);
@@ -221,12 +227,24 @@ ordered_json json_of(const std::vector<problem>& all, std::string_view kind) {
     return array;
 }
 
+ordered_json json_of_found(const std::vector<problem>& all) {
+    ordered_json array = ordered_json::array();
+    for (const ordered_json& each : json_of(all, own_kind::found))
+        array.push_back({{"element", each["element"]},
+                         {"path", each["path"]},
+                         {"native_path", each["native_path"]},
+                         {"found_at", each["new_path"]},
+                         {"native_found_at", each["new_native_path"]}});
+    return array;
+}
+
 std::string line_of(const problem& found) {
     if (found.kind == own_kind::refused)
         return (found.path.empty() ? "" : one_line(found.path) + ": ") + shell::printable(found.reason);
     std::string what = text_of(found.kind);
     // What the system does not show may well be there.
-    if (found.kind == name_of(fact_kind::source_lost) && !found.reason.empty()) what = "cannot be reached";
+    if (found.kind == name_of(fact_kind::source_lost) && !found.reason.empty() && found.candidates.empty())
+        what = "cannot be reached";
     wide_string about = found.path;
     if (const size_t place = what.find('%'); place != std::string::npos)
         what.replace(place, 1, one_line(found.new_path));

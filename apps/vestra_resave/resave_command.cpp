@@ -6,6 +6,7 @@
 #include <nlohmann/json.hpp>
 
 #include "apps/vestra_resave/companions.h"
+#include "apps/vestra_resave/lost_files.h"
 #include "apps/vestra_resave/manifest.h"
 #include "apps/vestra_resave/output_file.h"
 #include "apps/vestra_resave/preflight.h"
@@ -147,9 +148,13 @@ ended_run run(session& host, const resave_request& request, const common_options
 
 // The run with all that is said of it; on a trial disk if there is one.
 int resave(session& host, const resave_request& request, const common_options& options, trial_disk* trial) {
+    lost_file_search search;
+    if (const auto early = search.begin(request.search)) return end_with(*early, options);
     ended_run ended = run(host, request, options);
     if (ended.early) return end_with(*ended.early, options);
     resave_report& report = ended.report;
+    search.end();
+    search.explain(report.problems);
     const wide_string target = as_on_disk(host.context().placement.new_project_path);
     const auto is_written = [&] { return report.exit == done || report.exit == problems; };
     if (request.manifest && is_written())
@@ -158,6 +163,7 @@ int resave(session& host, const resave_request& request, const common_options& o
     std::optional<resave_plan> plan;
     if (trial) plan = plan_of(host.context(), *trial, report);
     if (is_written()) add_shortfalls(host, *ended.source, request, report);
+    std::ranges::move(search.notices(), std::back_inserter(report.problems));
     print_problems(report);
     if (options.json)
         std::cout << (plan ? json_of(*plan, report) : json_of(report)).dump(2) << '\n';
