@@ -183,7 +183,9 @@ std::vector<wide_string> family_of(const wide_string& path, const folder_files& 
     const wide_string extension = folded(path_extension(path));
     if (extension == u".dbf") others.push_back(path_replace_extension(path, u".cpg"));
     if (extension == u".shp") others.push_back(path_replace_extension(path, u".dbf"));
-    if (extension.size() > 2) others.push_back(path_replace_extension(path, world_extension(path) + u'r'));
+    for (const char16_t last : {u'w', u'r'})
+        if (extension.size() > 2)
+            others.push_back(path_replace_extension(path, world_extension(path) + last));
     for (const wide_string& other : others)
         if (const wide_string* found = files.find(path_file_name(other))) add(*found);
     return all;

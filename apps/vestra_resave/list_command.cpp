@@ -5,6 +5,7 @@
 #include <unordered_set>
 
 #include "apps/vestra_resave/elements.h"
+#include "apps/vestra_resave/family_sizes.h"
 #include "apps/vestra_resave/lost_files.h"
 #include "apps/vestra_resave/resave_report.h"
 #include "apps/vestra_resave/session.h"
@@ -49,18 +50,14 @@ void print(const element& shown, size_t depth) {
     for (const element& child : shown.children) print(child, depth + 1);
 }
 
-// What is listed, in figures. A file that several elements show counts once.
+// How many elements are listed, and how many of their files are missing, each once.
 struct summary {
-    size_t elements = 0, files = 0, missing = 0;
-    uint64_t bytes = 0;
+    size_t elements = 0, missing = 0;
     std::unordered_set<wide_string> known; // path keys
 
     void add(const element& shown) {
         if (shown.kind != "collection" && shown.kind != "group") ++elements;
-        if (shown.exists && known.insert(path_key(shown.file)).second) {
-            ++(*shown.exists ? files : missing);
-            bytes += shown.bytes;
-        }
+        if (shown.exists == false && known.insert(path_key(shown.file)).second) ++missing;
         for (const element& child : shown.children) add(child);
     }
 };
@@ -89,7 +86,11 @@ int list_project(const list_request& request, const common_options& options) {
     const wide_string& path = host.context().placement.source_project_path;
     std::vector<element> elements = elements_of(host.context());
     summary all_of_it;
-    for (const element& each : elements) all_of_it.add(each);
+    family_sizes sizes(host.context().sizes);
+    for (element& each : elements) {
+        sizes.set_bytes(each);
+        all_of_it.add(each);
+    }
     if (request.missing) keep_missing(elements);
     if (options.json) {
         ordered_json all = ordered_json::array();
@@ -102,16 +103,16 @@ int list_project(const list_request& request, const common_options& options) {
                                  {"elements", std::move(all)},
                                  {"summary",
                                   {{"elements", all_of_it.elements},
-                                   {"files", all_of_it.files},
-                                   {"bytes", all_of_it.bytes},
+                                   {"files", sizes.files()},
+                                   {"bytes", sizes.bytes()},
                                    {"missing", all_of_it.missing}}}};
         std::cout << shown.dump(2) << '\n';
         return end;
     }
     std::cout << shell::printable(path) << "  " << size_text(bytes_of(path)) << '\n';
     for (const element& shown : elements) print(shown, 1);
-    std::cout << all_of_it.elements << " elements, " << all_of_it.files << " files, "
-              << size_text(all_of_it.bytes) << ", " << all_of_it.missing << " missing\n";
+    std::cout << all_of_it.elements << " elements, " << sizes.files() << " files, "
+              << size_text(sizes.bytes()) << ", " << all_of_it.missing << " missing\n";
     return end;
 }
 

@@ -157,6 +157,12 @@ TEST_P(dry_run_of_sample, without_what_no_rule_carries_nothing_is_left_to_say) {
                                              "structure folder-per-scene saves scenes alone"));
     }
     EXPECT_EQ("", difference(before, sources()));
+    const size_t copied = json::parse(out).at("summary").at("files");
+    EXPECT_EQ(0, command("list --json --quiet --search 'N:\\moved' 'C:\\prj\\area._vp'")) << err;
+    const auto lines = std::distance(fs::directory_iterator(native("c") / "prj/profiles"), {});
+    const size_t listed = json::parse(out).at("summary").at("files");
+    EXPECT_TRUE(has_own_folders() || listed == copied + static_cast<size_t>(lines))
+        << listed << " " << copied;
     EXPECT_EQ(has_own_folders() ? 1 : 0, command("verify --elsewhere 'N:\\out\\new._vp'")) << out;
 }
 INSTANTIATE_TEST_SUITE_P(structures, dry_run_of_sample,
