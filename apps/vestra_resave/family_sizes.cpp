@@ -20,10 +20,14 @@ void family_sizes::set_bytes(element& shown) {
 }
 
 uint64_t family_sizes::add_family(const wide_string& path, path_keys& counted) {
+    const wide_string key = path_key(path), head = path_head(path);
+    const bool is_new = !counted.contains(key);
     uint64_t sum = add(path, counted);
-    if (!files_.contains(path_key(path))) return sum; // a folder has no companions
-    const wide_string head = path_head(path);
-    for (const wide_string& name : family_of(path, beside_.files_of(head))) sum += add(head + name, counted);
+    if (!files_.contains(key)) return sum; // a folder has no companions
+    const folder_files& files = beside_.files_of(head);
+    // What came along with another file shares all but what has its whole name.
+    if (!is_new && files.beginning_with(path_file_name(path)).empty()) return sum;
+    for (const wide_string& name : family_of(path, files)) sum += add(head + name, counted);
     return sum;
 }
 

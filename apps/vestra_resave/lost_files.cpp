@@ -1,6 +1,7 @@
 #include "apps/vestra_resave/lost_files.h"
 
 #include <algorithm>
+#include <span>
 #include <utility>
 
 #include "apps/vestra_resave/data_set_files.h"
@@ -37,6 +38,10 @@ size_t agreement_of(const wide_string& one, const wide_string& other) {
     const auto first = names(one), second = names(other);
     const auto differs = std::mismatch(first.rbegin(), first.rend(), second.rbegin(), second.rend());
     return static_cast<size_t>(differs.first - first.rbegin());
+}
+
+wide_string place_key(const wide_string& folder, const wide_string& name) {
+    return folded(path_file_name(path_normalise(folder)) + u'\\' + name);
 }
 
 wide_string reason_for(const std::vector<wide_string>& candidates) {
@@ -83,16 +88,23 @@ void file_index::list(const wide_string& path, std::vector<wide_string>& inner,
     const wide_string folder = path_with_separator(path);
     for (platform::folder_entry& each : entries) {
         if (each.is_folder) (each.is_link ? linked : inner).push_back(folder + each.name);
-        wide_string key = folded(each.name);
-        by_name_[std::move(key)].push_back({folders_.size(), std::move(each.name)});
+        by_name_[place_key(folder, each.name)].push_back({folders_.size(), each.name});
+        by_name_[folded(each.name)].push_back({folders_.size(), std::move(each.name)});
     }
     folders_.push_back(folder);
 }
 
-std::vector<wide_string> file_index::of_name(const wide_string& name) const {
+// What is found under the folder's name, too, is what agrees best; so many files of one name in folders of
+// their own cost no more than others.
+std::vector<wide_string> file_index::like(const wide_string& path) const {
+    constexpr size_t limit = 100;
+    const wide_string whole = path_normalise(path), name = path_file_name(whole);
+    auto row = by_name_.find(place_key(path_head(whole), name));
+    if (row == by_name_.end()) row = by_name_.find(folded(name));
     std::vector<wide_string> paths;
-    if (const auto row = by_name_.find(folded(name)); row != by_name_.end())
-        for (const entry& each : row->second) paths.push_back(folders_[each.folder] + each.name);
+    if (row != by_name_.end())
+        for (const entry& each : std::span(row->second).first(std::min(limit, row->second.size())))
+            paths.push_back(folders_[each.folder] + each.name);
     return paths;
 }
 
@@ -173,7 +185,7 @@ void lost_file_search::decide(std::vector<lost_file>& all) {
 }
 
 std::vector<wide_string> lost_file_search::candidates_for(const wide_string& path) {
-    std::vector<wide_string> all = index_.of_name(path_file_name(path_normalise(path)));
+    std::vector<wide_string> all = index_.like(path);
     std::erase_if(all, [](const wide_string& each) { return !path_exists(each); });
     for (wide_string& each : all) each = on_own_drive(each);
     return all;

@@ -21,7 +21,8 @@ class file_index {
 public:
     // Ends early once the host is to stop reading.
     void add(const wide_string& folder);
-    std::vector<wide_string> of_name(const wide_string& name) const;
+    // Returns the first hundred that have the name of the path and, if there are such, of its folder.
+    std::vector<wide_string> like(const wide_string& path) const;
     // What could not be listed.
     const std::vector<vs::project_resave::platform::unread_folder>& unread() const { return unread_; }
 
@@ -33,7 +34,7 @@ private:
     void list(const wide_string& folder, std::vector<wide_string>& inner, std::vector<wide_string>& linked);
 
     std::vector<wide_string> folders_;
-    std::unordered_map<wide_string, std::vector<entry>> by_name_; // folded
+    std::unordered_map<wide_string, std::vector<entry>> by_name_; // folded, and with that of the folder
     std::set<vs::project_resave::platform::file_identity> seen_;
     std::vector<vs::project_resave::platform::unread_folder> unread_;
 };
