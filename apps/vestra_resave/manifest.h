@@ -24,7 +24,9 @@ std::vector<problem> write_manifest(vs::project_resave::run_state& run,
 
 // Adds to what was found each file of the manifest that is missing or no longer as it was entered. Returns
 // why there is nothing to compare with, if the manifest could not be read.
+// `begins` is called before the first file is read, with the number of bytes of all.
 std::optional<refusal> compare_with_manifest(const wide_string& project,
+                                             const std::function<void(uint64_t bytes)>& begins,
                                              const std::function<bool()>& is_stopped, verification& found);
 
 } // namespace vestra::command

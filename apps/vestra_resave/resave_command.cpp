@@ -134,8 +134,12 @@ ended_run run(session& host, const resave_request& request, const common_options
     settings.output_path = &target;
     shell::settings().refused_writes.clear();
     const std::vector<wide_string> source_paths = context.sizes.known_paths();
+    std::optional<shown_transfer> shown; // a trial copies nothing
+    if (&platform::current_system() == &platform::operating_system())
+        shown.emplace(host.screen(), static_cast<uint64_t>(context.sizes.total_kb() * 1024));
     const run_result result =
         bring_companions(context, request.companions, source_paths, context.resave_project(settings));
+    shown.reset();
     std::vector<problem> problems = host.problems();
     // What is left out on purpose is missed by nobody.
     std::erase_if(problems, [&](const problem& each) {
@@ -157,9 +161,11 @@ int resave(session& host, const resave_request& request, const common_options& o
     search.explain(report.problems);
     const wide_string target = as_on_disk(host.context().placement.new_project_path);
     const auto is_written = [&] { return report.exit == done || report.exit == problems; };
-    if (request.manifest && is_written())
+    if (request.manifest && is_written()) {
+        const shown_transfer shown(host.screen(), summary_of(report).bytes, summing_caption());
         for (const problem& each : write_manifest(host.context(), [&] { return host.interrupted(); }))
             add(report, each);
+    }
     std::optional<resave_plan> plan;
     if (trial) plan = plan_of(host.context(), *trial, report);
     if (is_written()) add_shortfalls(host, *ended.source, request, report);

@@ -70,6 +70,7 @@ public:
     std::vector<problem> reading_problems() const;
 
     vs::project_resave::project_context& context() { return *context_; }
+    shell::terminal_front_end& screen() { return host_.front_end(); }
     // Whether Ctrl-C came since the last run ended.
     bool interrupted() { return terminal_.interrupted(); }
 
