@@ -112,6 +112,16 @@ struct ended_run {
     std::optional<source_elements> source; // if there was a run
 };
 
+// Many bytes are shown by themselves, few by the elements they belong to. A trial copies nothing.
+run_result resave_shown(session& host, const resave_settings& settings) {
+    constexpr uint64_t many = uint64_t{16} << 20;
+    project_context& context = host.context();
+    const auto bytes = static_cast<uint64_t>(context.sizes.total_kb() * 1024);
+    const bool copies = &platform::current_system() == &platform::operating_system();
+    const shown_transfer shown(host.screen(), copies && bytes >= many ? bytes : 0);
+    return context.resave_project(settings);
+}
+
 ended_run run(session& host, const resave_request& request, const common_options& options) {
     const wide_string target = platform::drive_path(request.new_project);
     if (auto early = prepare(host, request, options, target)) return {std::move(early), {}, {}};
@@ -134,12 +144,8 @@ ended_run run(session& host, const resave_request& request, const common_options
     settings.output_path = &target;
     shell::settings().refused_writes.clear();
     const std::vector<wide_string> source_paths = context.sizes.known_paths();
-    std::optional<shown_transfer> shown; // a trial copies nothing
-    if (&platform::current_system() == &platform::operating_system())
-        shown.emplace(host.screen(), static_cast<uint64_t>(context.sizes.total_kb() * 1024));
     const run_result result =
-        bring_companions(context, request.companions, source_paths, context.resave_project(settings));
-    shown.reset();
+        bring_companions(context, request.companions, source_paths, resave_shown(host, settings));
     std::vector<problem> problems = host.problems();
     // What is left out on purpose is missed by nobody.
     std::erase_if(problems, [&](const problem& each) {

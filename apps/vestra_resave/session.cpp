@@ -66,10 +66,10 @@ public:
             return is_stopped();
         };
         if (!shows_) return;
-        screen_.progress_opened(false);
-        screen_.progress_caption(load_string(text::project_opens));
         shell::settings().project_read = [this](project& read) {
             if (before_) before_(read);
+            screen_.progress_opened(false);
+            screen_.progress_caption(load_string(text::project_opens));
             files::visit_references(read, [this](const files::held_reference& held) {
                 const bool is_element = held.kind == "layer" || held.kind == "table";
                 if (is_element && path_in(held.text)) ++total_;

@@ -82,6 +82,7 @@ terminal_front_end::terminal_front_end(platform::terminal& terminal, bool quiet,
 void terminal_front_end::expect_bytes(std::uint64_t total) { transfer_.begin(total); }
 
 void terminal_front_end::bytes_moved(std::uint64_t bytes) {
+    if (!transfer_.is_running()) return;
     transfer_.add(bytes);
     if (transfer_.is_due()) show_progress();
 }
