@@ -4,7 +4,7 @@
 #include <unordered_map>
 #include <unordered_set>
 
-#include "apps/vestra_resave/folder_files.h"
+#include "apps/vestra_resave/data_set_files.h"
 #include "apps/vestra_resave/verification.h"
 #include "apps/vestra_resave/words.h"
 #include "operations/project_context.h"
@@ -37,6 +37,31 @@ bool is_same_content(const wide_string& source, const wide_string& target) {
     return found.differing.empty();
 }
 
+// Of a shape file's table all but what has its whole name belongs to the shape file.
+bool is_table(const wide_string& path) { return folded(path_extension(path)) == u".dbf"; }
+
+// Calls `visit` for each name that follows the whole name of the file, or the stem, with the length of what
+// it follows and whether it is of a known kind. Those that follow the stem are left out unless `with_stem`,
+// but for world files.
+template <class Visit>
+void visit_beside(const wide_string& path, const folder_files& files, bool with_stem, Visit visit) {
+    const wide_string name = path_file_name(path), stem = path_stem(path);
+    const auto rest_of = [](const wide_string& found, size_t length) {
+        return wide_view(found).substr(length + 1);
+    };
+    for (const wide_string& each : files.beginning_with(name)) {
+        const wide_view rest = rest_of(each, name.size());
+        visit(each, name.size(), is_known_companion(rest) || folded(wide_string(rest)) == u"xml");
+    }
+    if (is_table(path)) return;
+    for (const wide_string& ending : world_endings(path_extension(path)))
+        if (const wide_string* found = files.find(path_replace_extension(stem + u'.', ending)))
+            visit(*found, stem.size(), true);
+    if (!with_stem) return;
+    for (const wide_string& each : files.beginning_with(stem))
+        visit(each, stem.size(), is_known_companion(rest_of(each, stem.size())));
+}
+
 class companion_run {
 public:
     companion_run(run_state& run, companion_choice which) : run_(run), which_(which) {
@@ -58,33 +83,23 @@ public:
         const folder_files& files = folders_.files_of(head);
         const wide_string name = path_file_name(copy.old_path), stem = path_stem(copy.old_path);
         const wide_string new_name = path_file_name(copy.new_path), new_stem = path_stem(copy.new_path);
-        const auto bring_behind = [&](const wide_string& found, size_t length, const wide_string& begins) {
+        const auto bring_behind = [&](const wide_string& found, size_t length) {
+            const wide_string& begins = length == name.size() ? new_name : new_stem;
             bring(head + found, new_head, begins + found.substr(length));
         };
-        for (const wide_string& each : files.beginning_with(name))
-            if (is_wanted(head, each, name.size() + 1, true)) bring_behind(each, name.size(), new_name);
-        // Of a shape file's table the rest belongs to the shape file.
-        if (folded(path_extension(copy.old_path)) == u".dbf") return;
-        for (const wide_string& ending : world_endings(path_extension(copy.old_path)))
-            if (const wide_string* found = files.find(path_replace_extension(stem + u'.', ending)))
-                bring_behind(*found, stem.size(), new_stem);
-        if (!seen_.insert(path_key(head + stem) + u'|' + path_key(new_head + new_stem)).second) return;
-        const std::vector<wide_string>& near = files.beginning_with(stem);
-        for (const wide_string& each : near)
-            if (is_wanted(head, each, stem.size() + 1, false)) bring_behind(each, stem.size(), new_stem);
-        for (const wide_string& each : listed_by_format(copy.old_path, near))
-            bring_behind(each, stem.size(), new_stem);
+        const bool is_new = !is_table(copy.old_path) &&
+                            seen_.insert(path_key(head + stem) + u'|' + path_key(new_head + new_stem)).second;
+        visit_beside(copy.old_path, files, is_new, [&](const wide_string& found, size_t length, bool known) {
+            if (known || (which_ == companion_choice::all && !is_placed(head + found)))
+                bring_behind(found, length);
+        });
+        if (!is_new) return;
+        for (const wide_string& each : listed_by_format(copy.old_path, files.beginning_with(stem)))
+            bring_behind(each, stem.size());
     }
 
 private:
     bool is_placed(const wide_string& path) const { return placed_sources_.contains(path_key(path)); }
-
-    // A file that has the whole name of another one in front can be its description.
-    bool is_wanted(const wide_string& head, const wide_string& name, size_t begin, bool behind_name) const {
-        const wide_view rest = wide_view(name).substr(begin);
-        if (is_known_companion(rest) || (behind_name && folded(rest) == u"xml")) return true;
-        return which_ == companion_choice::all && !is_placed(head + name);
-    }
 
     // Those of `near` that the format of the file counts among its files, and nothing else brings. The format
     // is asked only if there are any files left.
@@ -152,6 +167,29 @@ std::vector<wide_string> world_endings(wide_view extension) {
     if (extension.size() < 3) return {};
     const wide_string text = folded(wide_string(extension.substr(1)));
     return {wide_string{text.front(), text.back(), u'w'}, text + u'w'};
+}
+
+std::vector<wide_string> family_of(const wide_string& path, const folder_files& files) {
+    std::vector<wide_string> all;
+    const auto add = [&](const wide_string& found) {
+        if (std::ranges::find(all, found) == all.end()) all.push_back(found);
+    };
+    visit_beside(path, files, true, [&](const wide_string& found, size_t, bool known) {
+        if (known) add(found);
+    });
+    // And those that the bundle copies by name.
+    std::vector<wide_string> others = partners_of(path);
+    others.push_back(projection_file_name(path));
+    for (const wide_view log : {u"-wal", u"-journal"}) others.push_back(path + wide_string(log));
+    const wide_string extension = folded(path_extension(path));
+    if (extension == u".dbf") others.push_back(path_replace_extension(path, u".cpg"));
+    if (extension == u".shp") others.push_back(path_replace_extension(path, u".dbf"));
+    for (const char16_t last : {u'w', u'r'})
+        if (extension.size() > 2)
+            others.push_back(path_replace_extension(path, world_extension(path) + last));
+    for (const wide_string& other : others)
+        if (const wide_string* found = files.find(path_file_name(other))) add(*found);
+    return all;
 }
 
 run_result bring_companions(project_context& run, companion_choice which,

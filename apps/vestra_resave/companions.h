@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "apps/vestra_resave/folder_files.h"
 #include "operations/run/run_result.h"
 #include "platform/wide_string.h"
 
@@ -29,6 +30,10 @@ bool is_known_companion(wide_view rest);
 // Returns what follows the stem in the names of world files, from the extension of the main file: "tfw" and
 // "tifw" for ".tif". All in lower case; ".wld", which serves every extension, counts as known.
 std::vector<wide_string> world_endings(wide_view extension);
+
+// Returns the names of the files next to `path` that a resave brings along with it, as far as their names
+// show it. `files` are those of its folder.
+std::vector<wide_string> family_of(const wide_string& path, const folder_files& files);
 
 // Copies the companions of all files that a finished run placed, next to each copy and under its stem. Each
 // is entered in the placement like other copies. No file is replaced; one that cannot be brought becomes a

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <nlohmann/json.hpp>
 #include <unordered_set>
+#include <utility>
 
 #include "apps/vestra_resave/commands.h"
 #include "apps/vestra_resave/companions.h"
@@ -197,7 +198,13 @@ std::optional<refusal> continuation::find_to_update(session& host) {
                            say("was changed since the earlier resave; with --overwrite it is replaced"));
         add_files(std::move(older));
     } else if (has_project) {
-        if (auto early = host.load(target_, false, false)) return early;
+        // What is lost there is not looked for.
+        const auto project_read = std::exchange(shell::settings().project_read, nullptr);
+        const auto scene_read = std::exchange(shell::settings().scene_read, nullptr);
+        const auto early = host.load(target_, false, false);
+        shell::settings().project_read = project_read;
+        shell::settings().scene_read = scene_read;
+        if (early) return early;
         referred_files found(path_head(target_));
         found.add_all(host.context());
         found.files.push_back({.path = target_, .state = made_state::writing});

@@ -23,6 +23,9 @@ struct data_set_files {
 // Looks at the data set whose main file, or folder, exists at `path`. A host must be running.
 data_set_files files_of_data_set(const wide_string& path);
 
+// Returns the files without which the one at `path` cannot be read, from its name alone; they may be missing.
+std::vector<wide_string> partners_of(const wide_string& path);
+
 // True if the path, or a link on its way below `folder`, leads out of that folder.
 bool leads_out(const wide_string& folder, const wide_string& path);
 

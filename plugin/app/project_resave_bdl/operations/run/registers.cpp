@@ -101,6 +101,13 @@ void size_register::set_uuid_selected(const wide_string& uuid, bool selected) {
     if (on_changed_) on_changed_();
 }
 
+std::vector<uint32_t> size_register::files_of(const wide_string& uuid) const {
+    std::vector<uint32_t> numbers;
+    if (const uuid_row* const row = files_of_uuid_.find(uuid))
+        for (const chain_link& link : row->links) numbers.push_back(chains_[link.chain].entry);
+    return numbers;
+}
+
 std::vector<wide_string> size_register::known_paths() const {
     std::vector<wide_string> paths;
     paths.reserve(entries_.rows().size());

@@ -39,6 +39,8 @@ public:
 
     void set_uuid_selected(const wide_string& uuid, bool selected);
     double total_kb() const { return total_kb_; }
+    // The numbers of the files that were entered under this uuid, as often as they were.
+    std::vector<uint32_t> files_of(const wide_string& uuid) const;
     // All that was entered, each spelling once, in no order.
     std::vector<wide_string> known_paths() const;
     size_t path_count() const { return entries_.rows().size(); }
