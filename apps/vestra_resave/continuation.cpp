@@ -350,7 +350,8 @@ void continuation::end_journal(resave_report& report) {
     const bool is_saved = report.exit == done || report.exit == problems;
     if (is_saved && !trial_) flush(report);
     if (!journal_ || is_journal_ended_) return;
-    report.resumable = !is_saved || is_broken_off_;
+    const bool has_begun = has_journal_ || journal_->has_made();
+    report.resumable = has_begun && (!is_saved || is_broken_off_);
     if (const platform::outcome ended = close_journal(!report.resumable); !ended)
         add(report, {own_kind::not_created, {}, {}, journal_path(target_), ended.text()});
 }
