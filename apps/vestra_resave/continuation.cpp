@@ -97,10 +97,10 @@ private:
 
     void add_family(const wide_string& path) {
         add(path);
-        for (const wide_string& each : companion_files(path))
-            if (path_exists(each)) add(each);
         const wide_string head = path_head(path), stem = path_stem(path), name = path_file_name(path);
         const folder_files& near = folders_.files_of(head);
+        for (const wide_string& each : companion_files(path))
+            if (const wide_string* found = near.find(path_file_name(each))) add(head + *found);
         for (const wide_string* text : {&stem, &name})
             for (const wide_string& each : near.beginning_with(*text))
                 if (is_known_companion(wide_view(each).substr(text->size() + 1))) add(head + each);
