@@ -5,6 +5,7 @@
 #include <unordered_set>
 
 #include "apps/vestra_resave/folder_files.h"
+#include "apps/vestra_resave/shortfalls.h"
 #include "apps/vestra_resave/verification.h"
 #include "apps/vestra_resave/words.h"
 #include "operations/project_context.h"
@@ -39,21 +40,26 @@ bool is_same_content(const wide_string& source, const wide_string& target) {
 
 class companion_run {
 public:
-    companion_run(run_state& run, companion_choice which) : run_(run), which_(which) {
+    companion_run(run_state& run, companion_choice which, const source_elements& elements)
+        : run_(run), which_(which) {
+        for (const source_elements::row& each : elements.rows())
+            if (!each.file.empty()) owners_.try_emplace(path_key(each.file), &each.name);
         for (const placed_file& each : run.placement.placed) {
             if (each.old_path.empty()) continue;
-            placed_sources_.insert(path_key(each.old_path));
-            sources_.try_emplace(path_key(each.new_path), path_key(each.old_path));
+            placed_.add(each.old_path, each.new_path);
+            sources_.try_emplace(path_key(each.new_path), each.old_path);
         }
         for (const fact& each : run.report.facts()) // those are reported already
             if (each.kind == fact_kind::copy_failed)
-                sources_.try_emplace(path_key(each.new_path), path_key(each.path));
+                sources_.try_emplace(path_key(each.new_path), each.path);
     }
 
     // Of one copy. A file of the host itself has no companions.
     void bring_for(const placed_file& copy) {
         if (copy.old_path.empty() || path_extension(copy.old_path).starts_with(u"._")) return;
         if (!path_exists(copy.new_path)) return;
+        const auto owner = owners_.find(path_key(copy.old_path));
+        const current_element current(run_.report, owner == owners_.end() ? element_name() : *owner->second);
         const wide_string head = path_head(copy.old_path), new_head = path_head(copy.new_path);
         const folder_files& files = folders_.files_of(head);
         const wide_string name = path_file_name(copy.old_path), stem = path_stem(copy.old_path);
@@ -61,23 +67,25 @@ public:
         const auto bring_behind = [&](const wide_string& found, size_t length, const wide_string& begins) {
             bring(head + found, new_head, begins + found.substr(length));
         };
-        for (const wide_string& each : files.beginning_with(name))
+        for (const wide_string& each : files.belonging_to(name, name))
             if (is_wanted(head, each, name.size() + 1, true)) bring_behind(each, name.size(), new_name);
-        // Of a shape file's table the rest belongs to the shape file.
-        if (folded(path_extension(copy.old_path)) == u".dbf") return;
+        // What has the stem of a table or of its code page belongs to the shape file.
+        const wide_string extension = folded(path_extension(copy.old_path));
+        if (extension == u".dbf" || extension == u".cpg") return;
         for (const wide_string& ending : world_endings(path_extension(copy.old_path)))
             if (const wide_string* found = files.find(path_replace_extension(stem + u'.', ending)))
                 bring_behind(*found, stem.size(), new_stem);
         if (!seen_.insert(path_key(head + stem) + u'|' + path_key(new_head + new_stem)).second) return;
-        const std::vector<wide_string>& near = files.beginning_with(stem);
+        std::vector<wide_string> near = files.belonging_to(name, stem);
         for (const wide_string& each : near)
             if (is_wanted(head, each, stem.size() + 1, false)) bring_behind(each, stem.size(), new_stem);
+        if (const wide_string* const bare = files.find(stem)) near.push_back(*bare); // as ERS headers have it
         for (const wide_string& each : listed_by_format(copy.old_path, near))
             bring_behind(each, stem.size(), new_stem);
     }
 
 private:
-    bool is_placed(const wide_string& path) const { return placed_sources_.contains(path_key(path)); }
+    bool is_placed(const wide_string& path) const { return placed_.find(path); }
 
     // A file that has the whole name of another one in front can be its description.
     bool is_wanted(const wide_string& head, const wide_string& name, size_t begin, bool behind_name) const {
@@ -108,11 +116,14 @@ private:
 
     void bring(const wide_string& source, const wide_string& folder, wide_string name) {
         if (run_.options.lower_case) platform::lower_in_place(name);
-        const wide_string target = folder + name, key = path_key(target);
-        const auto [row, is_new] = sources_.try_emplace(key, path_key(source));
-        if (!is_new && row->second == path_key(source)) return;
+        const wide_string target = folder + name;
+        const auto [row, is_new] = sources_.try_emplace(path_key(target), source);
+        if (!is_new && is_same_source(row->second, source)) return;
         if (path_exists(target)) {
-            if (!is_same_content(source, target)) refuse(source, target, platform::failure::taken);
+            if (is_same_content(source, target))
+                run_.placement.register_placed(source, target); // not made by the run, so no stop erases it
+            else
+                refuse(source, target, platform::failure::taken);
         } else if (run_.guard.claims_family(target)) {
             refuse(source, target, platform::outcome::because(u"it would belong to the source project"));
         } else if (const auto copied = platform::current_system().copy_file(source, target, false); !copied) {
@@ -123,14 +134,20 @@ private:
         }
     }
 
+    static bool is_same_source(const wide_string& one, const wide_string& other) {
+        return one == other ||
+               (path_same(one, other) && platform::operating_system().same_file(one, other));
+    }
+
     void refuse(const wide_string& source, const wide_string& target, const platform::outcome& why) {
         run_.report.add_copy_error(source, target, why);
     }
 
     run_state& run_;
     const companion_choice which_;
-    std::unordered_set<wide_string> placed_sources_;       // path keys
-    std::unordered_map<wide_string, wide_string> sources_; // path keys, by that of the target
+    placed_files placed_;                                  // by the run
+    std::unordered_map<wide_string, wide_string> sources_; // by the path key of the target
+    std::unordered_map<wide_string, const element_name*> owners_; // by the path key of their file
     listed_folders folders_;
     std::unordered_set<wide_string> seen_; // pairs of old and new place without extension
 };
@@ -154,11 +171,11 @@ std::vector<wide_string> world_endings(wide_view extension) {
     return {wide_string{text.front(), text.back(), u'w'}, text + u'w'};
 }
 
-run_result bring_companions(project_context& run, companion_choice which,
+run_result bring_companions(project_context& run, companion_choice which, const source_elements& elements,
                             const std::vector<wide_string>& source_paths, run_result result) {
     for (const wide_string& path : source_paths) run.guard.add(path);
     if (which == companion_choice::none || result.end != run_end::done || !result.written) return result;
-    companion_run all(run, which);
+    companion_run all(run, which, elements);
     const size_t count = run.placement.placed.size(); // those that come along have none of their own
     run.progress.start(static_cast<uint32_t>(count));
     run.progress.set_caption(platform::from_utf8(say("Copying companions")));

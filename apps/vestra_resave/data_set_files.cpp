@@ -47,7 +47,37 @@ bool is_relative(const pugi::xml_node& source, std::string_view text) {
     return !text.starts_with('/') && !text.starts_with('\\') && text.find(':') == std::string_view::npos;
 }
 
-// What a virtual data set names, whether it exists or not.
+// The first bytes of a file; empty if it cannot be read.
+std::string beginning_of(const wide_string& path) {
+    std::string first(1024, '\0');
+    size_t count = 0;
+    std::unique_ptr<platform::file> file;
+    if (!platform::current_system().open(path, platform::access::read, platform::disposition::open_existing,
+                                         file) ||
+        !file->read(first.data(), first.size(), count))
+        return {};
+    first.resize(count);
+    return first;
+}
+
+bool is_virtual(std::string_view beginning) {
+    return beginning.find("<VRTDataset") != std::string_view::npos ||
+           beginning.find("<OGRVRTDataSource") != std::string_view::npos;
+}
+
+// The data file of an ERS header: next to it, and without its extension unless it says otherwise.
+void add_ers_data(const wide_string& path, std::vector<data_set_files::needed>& files) {
+    std::string text;
+    if (!read_text(path, text)) return;
+    wide_string name = path_stem(path);
+    if (const size_t word = text.find("DataFile"); word != std::string::npos) {
+        const std::string line = text.substr(word, text.find_first_of("\r\n", word) - word);
+        const size_t first = line.find('"'), last = line.rfind('"');
+        if (first != last) name = platform::from_utf8(line.substr(first + 1, last - first - 1));
+    }
+    files.push_back({path_head(path) + path_file_name(name)});
+}
+
 void add_virtual_sources(const wide_string& path, std::vector<data_set_files::needed>& files) {
     std::string text;
     pugi::xml_document document;
@@ -84,7 +114,9 @@ data_set_files files_of_data_set(const wide_string& path) {
     for (const partner& each : partners)
         if (!is_folder && has_extension(path, each.extension))
             all.files.push_back({path_replace_extension(path, each.needed)});
-    if (!is_folder && has_extension(path, u".vrt")) add_virtual_sources(path, all.files);
+    const std::string beginning = is_folder ? std::string() : beginning_of(path);
+    if (is_virtual(beginning)) add_virtual_sources(path, all.files);
+    if (beginning.starts_with("DatasetHeader Begin")) add_ers_data(path, all.files);
     std::vector<wide_string> listed;
     if (!data_source_files(path, listed)) all.unread = read_error_of(path);
     for (wide_string& file : listed) all.files.push_back({std::move(file)});
@@ -94,6 +126,12 @@ data_set_files files_of_data_set(const wide_string& path) {
     all.files.erase(std::unique(all.files.begin(), all.files.end(), is_same), all.files.end());
     std::erase_if(all.files, [&](const auto& each) { return path_same(each.path, path); });
     return all;
+}
+
+std::vector<data_set_files::needed> virtual_sources(const wide_string& path) {
+    std::vector<data_set_files::needed> files;
+    if (is_virtual(beginning_of(path))) add_virtual_sources(path, files);
+    return files;
 }
 
 bool leads_out(const wide_string& folder, const wide_string& path) {

@@ -19,7 +19,8 @@ std::optional<refusal> create_text_file(const wide_string& path,
 
 // Returns a refusal that names each of the paths at which a file of the loaded project exists, under whatever
 // name or link. Files of the project are itself, its data sets, what its elements refer to and the items of
-// services, and all that is in a folder among them.
+// services, all that is in a folder among them, the sources of a virtual data set, and every file that begins
+// with the stem of a data file next to it.
 std::optional<refusal> protect_project_files(const std::vector<wide_string>& paths,
                                              vs::project_resave::project_context& context);
 

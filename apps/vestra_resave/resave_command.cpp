@@ -142,7 +142,7 @@ ended_run run(session& host, const resave_request& request, const common_options
     shell::settings().refused_writes.clear();
     const std::vector<wide_string> source_paths = context.sizes.known_paths();
     const run_result result =
-        bring_companions(context, request.companions, source_paths, context.resave_project(settings));
+        bring_companions(context, request.companions, source, source_paths, context.resave_project(settings));
     std::vector<problem> problems = host.problems();
     // What is left out on purpose is missed by nobody.
     std::erase_if(problems, [&](const problem& each) {

@@ -91,11 +91,11 @@ public:
     verifier(const verify_settings& settings, const std::function<bool()>& is_stopped, verification& found)
         : file_(found.project), home_(path_head(file_)), below_(path_key(home_) + u'\\'),
           place_(home_, settings.elsewhere), below_place_(path_key(place_.folder()) + u'\\'),
-          elsewhere_(settings.elsewhere), is_stopped_(is_stopped), found_(found) {}
+          settings_(settings), is_stopped_(is_stopped), found_(found) {}
 
     void run(project_context& context, std::span<const wide_string> further) {
         project read_there;
-        if (elsewhere_ && !files::read_project(file_, read_there, place_.folder()))
+        if (settings_.elsewhere && !files::read_project(file_, read_there, place_.folder()))
             files::visit_references(read_there, visitor_);
         else
             files::visit_references(*api::to_model(context.project_handle()), visitor_);
@@ -182,10 +182,15 @@ private:
         if (needs.is_empty) add(own_kind::reference_empty, who, path, {});
         if (!needs.unread.empty()) found_.astray.push_back(unreadable("file", path, needs.unread));
         const wide_string before = std::exchange(file_, path);
-        for (const auto& each : needs.files)
-            if (report(who, each.path, exists_at(each.path)) && each.is_whole && elsewhere_)
+        std::vector<wide_string> there;
+        for (const auto& each : needs.files) {
+            if (!report(who, each.path, exists_at(each.path))) continue;
+            there.push_back(each.path);
+            if (each.is_whole && settings_.elsewhere)
                 add(own_kind::reference_outside, who, each.path, depends_on_place);
+        }
         file_ = before;
+        if (settings_.on_data_set) settings_.on_data_set(who.element, path, there);
     }
 
     void add(const char* kind, const holder& who, const wide_string& path, const wide_string& reason) {
@@ -201,7 +206,7 @@ private:
     const wide_string home_, below_;
     const other_place place_;
     const wide_string below_place_;
-    const bool elsewhere_;
+    const verify_settings& settings_;
     const std::function<bool()>& is_stopped_;
     verification& found_;
     const files::reference_visitor visitor_ = [this](const held_reference& held) { check(held); };
