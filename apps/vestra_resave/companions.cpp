@@ -50,8 +50,7 @@ public:
             sources_.try_emplace(path_key(each.new_path), each.old_path);
         }
         for (const fact& each : run.report.facts()) // those are reported already
-            if (each.kind == fact_kind::copy_failed)
-                sources_.try_emplace(path_key(each.new_path), each.path);
+            if (each.kind == fact_kind::copy_failed) sources_.try_emplace(path_key(each.new_path), each.path);
     }
 
     // Of one copy. A file of the host itself has no companions.
@@ -135,8 +134,7 @@ private:
     }
 
     static bool is_same_source(const wide_string& one, const wide_string& other) {
-        return one == other ||
-               (path_same(one, other) && platform::operating_system().same_file(one, other));
+        return one == other || (path_same(one, other) && platform::operating_system().same_file(one, other));
     }
 
     void refuse(const wide_string& source, const wide_string& target, const platform::outcome& why) {
@@ -145,8 +143,8 @@ private:
 
     run_state& run_;
     const companion_choice which_;
-    placed_files placed_;                                  // by the run
-    std::unordered_map<wide_string, wide_string> sources_; // by the path key of the target
+    placed_files placed_;                                         // by the run
+    std::unordered_map<wide_string, wide_string> sources_;        // by the path key of the target
     std::unordered_map<wide_string, const element_name*> owners_; // by the path key of their file
     listed_folders folders_;
     std::unordered_set<wide_string> seen_; // pairs of old and new place without extension

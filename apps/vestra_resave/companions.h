@@ -34,11 +34,11 @@ std::vector<wide_string> world_endings(wide_view extension);
 
 // Copies the companions of all files that a finished run placed, next to each copy and under its stem. Each
 // is entered in the placement like other copies. No file is replaced; one that cannot be brought becomes a
-// fact of the element that has the main file. `source_paths` are the files of the source project, which the run has forgotten. The user can stop
-// here as in the run, and can have all that was made erased. Returns the result of both.
+// fact of the element that has the main file. `source_paths` are the files of the source project, which the
+// run has forgotten. The user can stop here as in the run, and can have all that was made erased. Returns the
+// result of both.
 vs::project_resave::run_result bring_companions(vs::project_resave::project_context& run,
-                                                companion_choice which,
-                                                const source_elements& elements,
+                                                companion_choice which, const source_elements& elements,
                                                 const std::vector<wide_string>& source_paths,
                                                 vs::project_resave::run_result result);
 

@@ -18,8 +18,9 @@ public:
 
     // Those that begin with this text and a dot.
     const std::vector<wide_string>& beginning_with(const wide_string& text) const;
-    // Those of them that belong to the file of this name, whose name or stem the text is. Of names that differ
-    // in letter case alone the one that begins exactly so; where the file itself has such a twin, no others.
+    // Those of them that belong to the file of this name, whose name or stem the text is. Of names that
+    // differ in letter case alone the one that begins exactly so; where the file itself has such a twin, no
+    // others.
     std::vector<wide_string> belonging_to(const wide_string& name, const wide_string& text) const;
     // The spelling of a name, the very one if there is a choice; null if there is no such file.
     const wide_string* find(const wide_string& name) const;

@@ -142,10 +142,12 @@ public:
         for (const made_file& each : placement.made.files())
             if (!each.source.empty()) sources_.insert_or_assign(path_key(each.path), each.source);
         for (const problem& each : report.problems)
-            if (each.kind == name_of(fact_kind::reads_other)) known_.insert(key_of(each.new_path, each.reason));
+            if (each.kind == name_of(fact_kind::reads_other))
+                known_.insert(key_of(each.new_path, each.reason));
     }
 
-    void look_at(const element_name& element, const wide_string& copy, const std::vector<wide_string>& files) {
+    void look_at(const element_name& element, const wide_string& copy,
+                 const std::vector<wide_string>& files) {
         const wide_string* const source = source_of(copy);
         if (!source) return;
         std::vector<wide_string> strange = files;
@@ -248,7 +250,9 @@ void add_shortfalls(session& host, const source_elements& source, const resave_r
     verification& found = report.found;
     foreign_files foreign(context.placement, report);
     if (const std::optional<refusal> early = host.load(project, false, false)) {
-        for (const problem& each : early->problems) add(report, each);
+        found.stopped = early->exit == stopped;
+        if (!found.stopped)
+            for (const problem& each : early->problems) add(report, each);
     } else {
         add_load_problems(host.reading_problems(), report);
         const auto look_at = [&](const element_name& element, const wide_string& path,
