@@ -30,6 +30,12 @@ constexpr wide_view known_endings[] = {u"aih", u"ain", u"atx",     u"aux", u"aux
 // Indexes of one field, whose name is in front.
 constexpr wide_view field_indexes[] = {u".atx", u".ixs", u".mxs"};
 
+// Of a table, or its code page, what has the stem belongs to the shape file.
+bool is_table(const wide_string& path) {
+    const wide_string extension = folded(path_extension(path));
+    return extension == u".dbf" || extension == u".cpg";
+}
+
 bool is_same_content(const wide_string& source, const wide_string& target) {
     const placed_file pair{source, target};
     verification found;
@@ -63,35 +69,24 @@ public:
         const folder_files& files = folders_.files_of(head);
         const wide_string name = path_file_name(copy.old_path), stem = path_stem(copy.old_path);
         const wide_string new_name = path_file_name(copy.new_path), new_stem = path_stem(copy.new_path);
-        const auto bring_behind = [&](const wide_string& found, size_t length, const wide_string& begins) {
-            bring(head + found, new_head, begins + found.substr(length));
+        const auto bring_behind = [&](const wide_string& found, size_t length) {
+            bring(head + found, new_head,
+                  (length == stem.size() ? new_stem : new_name) + found.substr(length));
         };
-        for (const wide_string& each : files.belonging_to(name, name))
-            if (is_wanted(head, each, name.size() + 1, true)) bring_behind(each, name.size(), new_name);
-        // What has the stem of a table or of its code page belongs to the shape file.
-        const wide_string extension = folded(path_extension(copy.old_path));
-        if (extension == u".dbf" || extension == u".cpg") return;
-        for (const wide_string& ending : world_endings(path_extension(copy.old_path)))
-            if (const wide_string* found = files.find(path_replace_extension(stem + u'.', ending)))
-                bring_behind(*found, stem.size(), new_stem);
-        if (!seen_.insert(path_key(head + stem) + u'|' + path_key(new_head + new_stem)).second) return;
+        const bool has_stem =
+            !is_table(copy.old_path) &&
+            seen_.insert(path_key(head + stem) + u'|' + path_key(new_head + new_stem)).second;
+        for (const companion_name& each : companions_of(files, copy.old_path, has_stem))
+            if (each.is_known || (which_ == companion_choice::all && !is_placed(head + each.name)))
+                bring_behind(each.name, each.begins);
+        if (!has_stem) return;
         std::vector<wide_string> near = files.belonging_to(name, stem);
-        for (const wide_string& each : near)
-            if (is_wanted(head, each, stem.size() + 1, false)) bring_behind(each, stem.size(), new_stem);
         if (const wide_string* const bare = files.find(stem)) near.push_back(*bare); // as ERS headers have it
-        for (const wide_string& each : listed_by_format(copy.old_path, near))
-            bring_behind(each, stem.size(), new_stem);
+        for (const wide_string& each : listed_by_format(copy.old_path, near)) bring_behind(each, stem.size());
     }
 
 private:
     bool is_placed(const wide_string& path) const { return placed_.find(path); }
-
-    // A file that has the whole name of another one in front can be its description.
-    bool is_wanted(const wide_string& head, const wide_string& name, size_t begin, bool behind_name) const {
-        const wide_view rest = wide_view(name).substr(begin);
-        if (is_known_companion(rest) || (behind_name && folded(rest) == u"xml")) return true;
-        return which_ == companion_choice::all && !is_placed(head + name);
-    }
 
     // Those of `near` that the format of the file counts among its files, and nothing else brings. The format
     // is asked only if there are any files left.
@@ -167,6 +162,27 @@ std::vector<wide_string> world_endings(wide_view extension) {
     if (extension.size() < 3) return {};
     const wide_string text = folded(wide_string(extension.substr(1)));
     return {wide_string{text.front(), text.back(), u'w'}, text + u'w'};
+}
+
+std::vector<companion_name> companions_of(const folder_files& files, const wide_string& path, bool has_stem) {
+    const wide_string name = path_file_name(path), stem = path_stem(path);
+    std::vector<companion_name> found;
+    const auto add_behind = [&](const wide_string& beginning, bool is_description) {
+        for (const wide_string& each : files.belonging_to(name, beginning)) {
+            const wide_view rest = wide_view(each).substr(beginning.size() + 1);
+            const bool is_known =
+                is_known_companion(rest) || (is_description && folded(wide_string(rest)) == u"xml");
+            found.push_back({each, beginning.size(), is_known});
+        }
+    };
+    // A file that has the whole name of another one in front can be its description.
+    add_behind(name, true);
+    if (is_table(path)) return found;
+    for (const wide_string& ending : world_endings(path_extension(path)))
+        if (const wide_string* world = files.find(path_replace_extension(stem + u'.', ending)))
+            found.push_back({*world, stem.size()});
+    if (has_stem && stem != name) add_behind(stem, false);
+    return found;
 }
 
 run_result bring_companions(project_context& run, companion_choice which, const source_elements& elements,

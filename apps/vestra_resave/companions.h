@@ -14,6 +14,7 @@ class project_context;
 
 namespace vestra::command {
 
+class folder_files;
 class source_elements;
 
 using vs::project_resave::wide_string;
@@ -31,6 +32,16 @@ bool is_known_companion(wide_view rest);
 // Returns what follows the stem in the names of world files, from the extension of the main file: "tfw" and
 // "tifw" for ".tif". All in lower case; ".wld", which serves every extension, counts as known.
 std::vector<wide_string> world_endings(wide_view extension);
+
+// A file next to a main one that belongs to it.
+struct companion_name {
+    wide_string name;
+    size_t begins;        // as many characters of it are the main file's name or stem
+    bool is_known = true; // its kind is; else it only has the stem
+};
+// Of the main file at `path`, in whose folder the files are. Without `has_stem` those of its stem are passed
+// over, but for world files: they are the same for all files of one stem.
+std::vector<companion_name> companions_of(const folder_files& files, const wide_string& path, bool has_stem);
 
 // Copies the companions of all files that a finished run placed, next to each copy and under its stem. Each
 // is entered in the placement like other copies. No file is replaced; one that cannot be brought becomes a

@@ -1,7 +1,6 @@
 #include "apps/vestra_resave/data_set_files.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <pugixml.hpp>
 
 #include "apps/vestra_resave/file_content.h"
@@ -134,17 +133,43 @@ std::vector<data_set_files::needed> virtual_sources(const wide_string& path) {
     return files;
 }
 
-bool leads_out(const wide_string& folder, const wide_string& path) {
+folder_walls::folder_walls(const wide_string& folder)
+    : folder_(platform::native_path(path_normalise(folder)).lexically_normal()) {
+    std::error_code unknown;
+    home_ = std::filesystem::canonical(folder_, unknown);
+    if (unknown) home_.clear();
+}
+
+bool folder_walls::leads_out(const wide_string& path) const {
     std::error_code unknown;
     const auto whole = std::filesystem::canonical(platform::native_path(path), unknown);
-    if (unknown) return false; // what cannot be reached is missing
-    const auto home = std::filesystem::canonical(platform::native_path(folder), unknown);
-    if (unknown) return false;
-    if (std::ranges::mismatch(home, whole).in1 == home.end()) return false;
+    if (unknown || home_.empty()) return false; // what cannot be reached is missing
+    if (std::ranges::mismatch(home_, whole).in1 == home_.end()) return false;
     // It may be spelled in other letters, where these do not count.
     for (auto level = whole.parent_path(); level != level.parent_path(); level = level.parent_path())
-        if (std::filesystem::equivalent(level, home, unknown)) return false;
+        if (std::filesystem::equivalent(level, home_, unknown)) return false;
     return true;
+}
+
+bool folder_walls::is_bound(const wide_string& path) const {
+    constexpr int most_links = 40; // more of them form a ring
+    std::error_code unknown;
+    std::filesystem::path rest = platform::native_path(path).lexically_normal().lexically_relative(folder_);
+    std::filesystem::path way;
+    for (int links = 0; !rest.empty() && links < most_links;) {
+        if (*rest.begin() == "..") return links > 0;
+        way /= *rest.begin();
+        std::filesystem::path behind;
+        for (auto piece = std::next(rest.begin()); piece != rest.end(); ++piece) behind /= *piece;
+        rest = std::move(behind);
+        if (!std::filesystem::is_symlink(folder_ / way, unknown)) continue;
+        const auto target = std::filesystem::read_symlink(folder_ / way, unknown);
+        if (target.is_absolute()) return true;
+        rest = (way.parent_path() / target / rest).lexically_normal();
+        way.clear();
+        ++links;
+    }
+    return false;
 }
 
 } // namespace vestra::command

@@ -102,7 +102,7 @@ std::optional<refusal> prepare(session& host, const resave_request& request, con
         early.problems.push_back(refused({}, line).problems.front());
     if (!early.problems.empty()) return early;
     if (!request.allow_missing_drives)
-        if (auto missing = refuse_missing_drives(elements, context.selection)) return missing;
+        if (auto missing = refuse_missing_drives(elements, context)) return missing;
     return protect_project_files({target}, context);
 }
 
@@ -129,7 +129,7 @@ ended_run run(session& host, const resave_request& request, const common_options
         return {std::move(early), {}, {}};
     }
     earlier.put_in_force(context, trial);
-    auto early = refuse_target(folder, context, !request.ignore_space);
+    auto early = refuse_target(folder, request, context, source);
     if (!early) early = earlier.begin_journal();
     if (early) {
         earlier.abandon();

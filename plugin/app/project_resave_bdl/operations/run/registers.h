@@ -39,6 +39,12 @@ public:
 
     void set_uuid_selected(const wide_string& uuid, bool selected);
     double total_kb() const { return total_kb_; }
+    struct counted_file {
+        wide_string path;
+        double size_kb;
+    };
+    // What is selected, each spelling once. With a uuid only what was entered under it.
+    std::vector<counted_file> counted_files(const wide_string& uuid = {}) const;
     // All that was entered, each spelling once, in no order.
     std::vector<wide_string> known_paths() const;
     size_t path_count() const { return entries_.rows().size(); }

@@ -103,6 +103,10 @@ public:
         const uint32_t number = number_of(text, std::hash<wide_string>()(text));
         return number != row_index::none ? &rows_[number].content : nullptr;
     }
+    const value* find(const wide_string& text) const {
+        const uint32_t number = number_of(text, std::hash<wide_string>()(text));
+        return number != row_index::none ? &rows_[number].content : nullptr;
+    }
 
     value& operator[](uint32_t number) { return rows_[number].content; }
     const std::deque<row>& rows() const { return rows_; }
