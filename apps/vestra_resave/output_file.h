@@ -12,15 +12,15 @@ bool is_same_file(const wide_string& one, const wide_string& other);
 // link that leads nowhere, or on a share where the operating system knows none.
 std::optional<refusal> refuse_output(const std::string& typed);
 
-// Creates the file, or empties one that exists: never the loaded project or one of its files. Returns why the
+// Creates the file, or empties one that exists: never the loaded project or one of its files, a source of a
+// virtual data set of it, or a file that begins with the stem of a data file next to it. Returns why the
 // command ends here instead.
 std::optional<refusal> create_text_file(const wide_string& path,
                                         vs::project_resave::project_context& context);
 
 // Returns a refusal that names each of the paths at which a file of the loaded project exists, under whatever
 // name or link. Files of the project are itself, its data sets, what its elements refer to and the items of
-// services, all that is in a folder among them, the sources of a virtual data set, and every file that begins
-// with the stem of a data file next to it.
+// services, and all that is in a folder among them.
 std::optional<refusal> protect_project_files(const std::vector<wide_string>& paths,
                                              vs::project_resave::project_context& context);
 

@@ -111,6 +111,7 @@ TEST_F(resave_command, chooses_elements_by_pattern_type_group_and_loss) {
         {"--only type:none", "", 2, "no element is meant by \"type:none\""},
         {"--deselect '*.t?f' --deselect group:none", "", 2, "no element is meant by \"group:none\""},
         {"--only missing --deselect S", "", 2, "nothing is left to be resaved"},
+        {"--only missing --deselect missing", "", 2, "nothing is left to be resaved"},
     };
     for (const auto& row : rows) {
         clear_output();
