@@ -11,6 +11,11 @@ namespace {
 
 system* override_in_force = nullptr;
 
+std::function<void(uint64_t)>& watch_in_force() {
+    static std::function<void(uint64_t)> watch;
+    return watch;
+}
+
 class tree_walk {
 public:
     tree_walk(system& files, const wide_string& start) : files_(files) {
@@ -56,6 +61,14 @@ outcome file::read_whole(void* buffer, size_t length) {
 bool system::same_file(const wide_string& a, const wide_string& b) {
     const file_identity first = identity_of(a);
     return first && first == identity_of(b);
+}
+
+transfer_watch::transfer_watch(std::function<void(uint64_t)> moved) { watch_in_force() = std::move(moved); }
+
+transfer_watch::~transfer_watch() { watch_in_force() = nullptr; }
+
+void note_transfer(uint64_t bytes) {
+    if (const auto& watch = watch_in_force()) watch(bytes);
 }
 
 std::vector<folder_entry> entries_or_none(system& files, const wide_string& folder) {

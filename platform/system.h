@@ -11,6 +11,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <vector>
@@ -168,6 +169,18 @@ public:
 private:
     system* previous_;
 };
+
+// Watches how far copies come, as long as this object exists: `moved` is called with the number of bytes,
+// often in a large file, whoever copies. One at a time; created and destroyed while nothing is copied.
+class transfer_watch {
+public:
+    explicit transfer_watch(std::function<void(uint64_t bytes)> moved);
+    ~transfer_watch();
+    transfer_watch(const transfer_watch&) = delete;
+    transfer_watch& operator=(const transfer_watch&) = delete;
+};
+// Tells the watch, if there is one.
+void note_transfer(uint64_t bytes);
 
 // Returns the direct entries of `folder` as `list` does, or none if it fails.
 std::vector<folder_entry> entries_or_none(system& files, const wide_string& folder);

@@ -69,10 +69,20 @@ CLI::App* add_command(CLI::App& app, const char* name, const char* what, common_
     return command;
 }
 
+void add_search(CLI::App* command, std::vector<std::string>& folders) {
+    command
+        ->add_option(
+            "--search", folders,
+            "Look for missing files below this folder, by name; use what is clearly found; repeatable")
+        ->type_name("FOLDER")
+        ->allow_extra_args(false);
+}
+
 void add_list(CLI::App& app, command_line& line) {
     CLI::App* command = add_command(app, "list", "Show what is in a project and which of its files are there",
                                     line.options, line.project);
     command->add_flag("--missing", line.list.missing, "Only elements whose file does not exist");
+    add_search(command, line.list.search);
     command->callback([&line] {
         line.list.project = line.project;
         line.run = [&line] { return list_project(line.list, line.options); };
@@ -182,6 +192,7 @@ void add_resave(CLI::App& app, command_line& line, words& words) {
         ->add_option("--only", request.selection.only,
                      "Keep nothing but this element, or what fits, named in the same way; repeatable")
         ->allow_extra_args(false);
+    add_search(command, request.search);
     command->add_flag("--overwrite", request.overwrite, "Replace the project if NEW_PROJECT exists");
     command->add_flag("--allow-missing-drives", request.allow_missing_drives,
                       "Start although files are on drives that do not exist; they count as lost");

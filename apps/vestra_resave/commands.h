@@ -19,7 +19,8 @@ namespace vestra::command {
 // list: what is in a project, and which of its files exist.
 struct list_request {
     std::string project;
-    bool missing = false; // only elements whose file does not exist, with what they are in
+    bool missing = false;            // only elements whose file does not exist, with what they are in
+    std::vector<std::string> search; // folders below which missing files are looked for
 };
 int list_project(const list_request& request, const common_options& options);
 
@@ -49,8 +50,9 @@ struct resave_request {
     run_mode mode = run_mode::anew;
     bool prune = false; // with an update: remove what nothing refers to any more
     std::vector<std::pair<std::string, std::string>>
-        choices;               // options and values on which the result depends
-    bool ignore_space = false; // start also where the files seem to need more space than there is
+        choices;                     // options and values on which the result depends
+    bool ignore_space = false;       // start also where the files seem to need more space than there is
+    std::vector<std::string> search; // folders below which lost sources are looked for
     decided_answers answers;
     selection_request selection;
 };

@@ -4,6 +4,7 @@
 #include <unordered_map>
 #include <unordered_set>
 
+#include "apps/vestra_resave/data_set_files.h"
 #include "apps/vestra_resave/folder_files.h"
 #include "apps/vestra_resave/shortfalls.h"
 #include "apps/vestra_resave/verification.h"
@@ -183,6 +184,28 @@ std::vector<companion_name> companions_of(const folder_files& files, const wide_
             found.push_back({*world, stem.size()});
     if (has_stem && stem != name) add_behind(stem, false);
     return found;
+}
+
+std::vector<wide_string> family_of(const wide_string& path, const folder_files& files) {
+    std::vector<wide_string> all;
+    const auto add = [&](const wide_string& found) {
+        if (std::ranges::find(all, found) == all.end()) all.push_back(found);
+    };
+    for (const companion_name& each : companions_of(files, path, true))
+        if (each.is_known) add(each.name);
+    // And those that the bundle copies by name.
+    std::vector<wide_string> others = partners_of(path);
+    others.push_back(projection_file_name(path));
+    for (const wide_view log : {u"-wal", u"-journal"}) others.push_back(path + wide_string(log));
+    const wide_string extension = folded(path_extension(path));
+    if (extension == u".dbf") others.push_back(path_replace_extension(path, u".cpg"));
+    if (extension == u".shp") others.push_back(path_replace_extension(path, u".dbf"));
+    for (const char16_t last : {u'w', u'r'})
+        if (extension.size() > 2)
+            others.push_back(path_replace_extension(path, world_extension(path) + last));
+    for (const wide_string& other : others)
+        if (const wide_string* found = files.find(path_file_name(other))) add(*found);
+    return all;
 }
 
 run_result bring_companions(project_context& run, companion_choice which, const source_elements& elements,

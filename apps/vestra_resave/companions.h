@@ -5,6 +5,7 @@
 #include <string_view>
 #include <vector>
 
+#include "apps/vestra_resave/folder_files.h"
 #include "operations/run/run_result.h"
 #include "platform/wide_string.h"
 
@@ -14,7 +15,6 @@ class project_context;
 
 namespace vestra::command {
 
-class folder_files;
 class source_elements;
 
 using vs::project_resave::wide_string;
@@ -42,6 +42,9 @@ struct companion_name {
 // Of the main file at `path`, in whose folder the files are. Without `has_stem` those of its stem are passed
 // over, but for world files: they are the same for all files of one stem.
 std::vector<companion_name> companions_of(const folder_files& files, const wide_string& path, bool has_stem);
+// Returns the names of the files next to `path` that a resave brings along with it, as far as their names
+// show it. `files` are those of its folder.
+std::vector<wide_string> family_of(const wide_string& path, const folder_files& files);
 
 // Copies the companions of all files that a finished run placed, next to each copy and under its stem. Each
 // is entered in the placement like other copies. No file is replaced; one that cannot be brought becomes a

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <nlohmann/json.hpp>
 #include <unordered_set>
+#include <utility>
 
 #include "apps/vestra_resave/commands.h"
 #include "apps/vestra_resave/companions.h"
@@ -197,7 +198,13 @@ std::optional<refusal> continuation::find_to_update(session& host) {
                            say("was changed since the earlier resave; with --overwrite it is replaced"));
         add_files(std::move(older));
     } else if (has_project) {
-        if (auto early = host.load(target_, false, false)) return early;
+        // What is lost there is not looked for.
+        const auto project_read = std::exchange(shell::settings().project_read, nullptr);
+        const auto scene_read = std::exchange(shell::settings().scene_read, nullptr);
+        const auto early = host.load(target_, false, false);
+        shell::settings().project_read = project_read;
+        shell::settings().scene_read = scene_read;
+        if (early) return early;
         referred_files found(path_head(target_));
         found.add_all(host.context());
         found.files.push_back({.path = target_, .state = made_state::writing});
@@ -343,7 +350,8 @@ void continuation::end_journal(resave_report& report) {
     const bool is_saved = report.exit == done || report.exit == problems;
     if (is_saved && !trial_) flush(report);
     if (!journal_ || is_journal_ended_) return;
-    report.resumable = !is_saved || is_broken_off_;
+    const bool has_begun = has_journal_ || journal_->has_made();
+    report.resumable = has_begun && (!is_saved || is_broken_off_);
     if (const platform::outcome ended = close_journal(!report.resumable); !ended)
         add(report, {own_kind::not_created, {}, {}, journal_path(target_), ended.text()});
 }

@@ -71,6 +71,7 @@ private:
             const auto length = static_cast<size_t>(std::min<uint64_t>(rest, piece));
             result = one->read_whole(first_.data(), length);
             if (!result) return {own_kind::source_unreadable, result};
+            platform::note_transfer(length);
             result = other->read_whole(second_.data(), length);
             if (!result) return {own_kind::copy_unreadable, result};
             if (std::memcmp(first_.data(), second_.data(), length) != 0)

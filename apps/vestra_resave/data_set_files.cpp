@@ -104,15 +104,21 @@ bool has_no_file(const wide_string& folder) {
 
 } // namespace
 
+std::vector<wide_string> partners_of(const wide_string& path) {
+    std::vector<wide_string> all;
+    for (const partner& each : partners)
+        if (has_extension(path, each.extension)) all.push_back(path_replace_extension(path, each.needed));
+    return all;
+}
+
 data_set_files files_of_data_set(const wide_string& path) {
     data_set_files all;
     const platform::entry_status status = platform::current_system().status_of(path);
     const bool is_folder = status.kind == entry_kind::folder;
     all.is_empty = is_folder ? has_no_file(path) : status.bytes == 0;
     if (all.is_empty) return all;
-    for (const partner& each : partners)
-        if (!is_folder && has_extension(path, each.extension))
-            all.files.push_back({path_replace_extension(path, each.needed)});
+    if (!is_folder)
+        for (wide_string& partner : partners_of(path)) all.files.push_back({std::move(partner)});
     const std::string beginning = is_folder ? std::string() : beginning_of(path);
     if (is_virtual(beginning)) add_virtual_sources(path, all.files);
     if (beginning.starts_with("DatasetHeader Begin")) add_ers_data(path, all.files);

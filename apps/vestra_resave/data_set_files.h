@@ -24,6 +24,9 @@ struct data_set_files {
 // Looks at the data set whose main file, or folder, exists at `path`. A host must be running.
 data_set_files files_of_data_set(const wide_string& path);
 
+// Returns the files without which the one at `path` cannot be read, from its name alone; they may be missing.
+std::vector<wide_string> partners_of(const wide_string& path);
+
 // The files that a virtual data set names, whether they exist or not; none for any other file. It is known by
 // its first bytes, whatever its extension.
 std::vector<data_set_files::needed> virtual_sources(const wide_string& path);

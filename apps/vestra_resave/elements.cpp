@@ -155,8 +155,8 @@ void refer_to(element& shown, wide_string reference) {
     const std::optional<wide_string> path = path_in(reference);
     shown.file = std::move(reference);
     if (!path) return;
-    shown.exists = platform::current_system().kind_of(*path) != platform::entry_kind::none;
-    shown.bytes = bytes_of(*path);
+    const platform::entry_status status = platform::current_system().status_of(*path);
+    shown.exists = status.kind != platform::entry_kind::none;
 }
 
 std::optional<wide_string> path_in(wide_view reference) {

@@ -25,7 +25,7 @@ struct element {
     wide_string uuid;            // empty for what has none
     wide_string file;            // the reference, as the element holds it
     std::optional<bool> exists;  // nothing for a reference that is no path
-    uint64_t bytes = 0;          // of the file; of a folder all that is in it
+    uint64_t bytes = 0;          // of all its files; only where somebody set it
     bool selectable = false;     // can be left out of a resave
     vs_entity* entity = nullptr; // of the project, which owns it; null for what is no entity
     std::vector<element> children;

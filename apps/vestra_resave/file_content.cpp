@@ -40,6 +40,7 @@ platform::outcome read_digest(const wide_string& path, const std::function<bool(
     for (size_t count = buffer.size(); result && count == buffer.size() && !is_stopped();) {
         result = file->read(buffer.data(), buffer.size(), count);
         sum.add(buffer.data(), count);
+        platform::note_transfer(count);
         digest.bytes += count;
     }
     digest.sha256 = sum.text();

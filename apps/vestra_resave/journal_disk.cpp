@@ -74,7 +74,6 @@ outcome journal_disk::write() {
     if (pending_.empty()) return {};
     const outcome written = file_->write(pending_.data(), pending_.size());
     pending_ = written ? "" : "\n";
-    if (!written) failure_ = written;
     return written;
 }
 
@@ -100,6 +99,7 @@ outcome journal_disk::copy_file(const wide_string& source, const wide_string& ta
         if (!replace) pending_ += journal_record({"gone", word(target)});
         return copied;
     }
+    has_made_ = true;
     const platform::entry_status status = inner().status_of(target);
     pending_ += journal_record({"done", std::to_string(status.bytes), std::to_string(status.modified)});
     add_size(status.bytes);
@@ -109,6 +109,7 @@ outcome journal_disk::copy_file(const wide_string& source, const wide_string& ta
 outcome journal_disk::create_folder(const wide_string& path) {
     if (const outcome entered = enter({"folder", word(path)}); !entered) return entered;
     const outcome created = inner().create_folder(path);
+    has_made_ |= bool(created);
     if (!created && file_) pending_ += journal_record({"gone", word(path)});
     return created;
 }
@@ -117,6 +118,7 @@ outcome journal_disk::rename_over(const wide_string& from, const wide_string& to
     if (const outcome entered = enter({"write", word(to)}); !entered) return entered;
     const outcome renamed = inner().rename_over(from, to);
     if (!renamed || !file_) return renamed;
+    has_made_ = true;
     const platform::entry_status status = inner().status_of(to);
     pending_ += journal_record({"gone", word(from)});
     pending_ +=

@@ -25,8 +25,8 @@ public:
     void add_kept(const wide_string& path, const wide_string& source);
     // Ends the journal: it is removed, or stays and is flushed.
     platform::outcome end(bool removes);
-    // Why lines are missing in the journal; success if none is.
-    const platform::outcome& failure() const { return failure_; }
+    // True if anything was copied, created or written since it began.
+    bool has_made() const { return has_made_; }
 
     // These fail, and change nothing, if the journal cannot be written.
     platform::outcome copy_file(const wide_string& source, const wide_string& target, bool replace) override;
@@ -47,7 +47,7 @@ private:
     const wide_string path_, folder_;
     std::unique_ptr<platform::file> file_; // null while no journal is kept
     std::string pending_;                  // entered, but not yet written
-    platform::outcome failure_;
+    bool has_made_ = false;
     uint64_t unsafe_bytes_ = 0; // copied since the disk was last known to have everything
     std::chrono::steady_clock::time_point safe_at_;
 };

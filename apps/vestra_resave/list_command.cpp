@@ -5,6 +5,8 @@
 #include <unordered_set>
 
 #include "apps/vestra_resave/elements.h"
+#include "apps/vestra_resave/family_sizes.h"
+#include "apps/vestra_resave/lost_files.h"
 #include "apps/vestra_resave/resave_report.h"
 #include "apps/vestra_resave/session.h"
 #include "apps/vestra_resave/words.h"
@@ -50,18 +52,14 @@ void print(const element& shown, size_t depth) {
     for (const element& child : shown.children) print(child, depth + 1);
 }
 
-// What is listed, in figures. A file that several elements show counts once.
+// How many elements are listed, and how many of their files are missing, each once.
 struct summary {
-    size_t elements = 0, files = 0, missing = 0;
-    uint64_t bytes = 0;
+    size_t elements = 0, missing = 0;
     std::unordered_set<wide_string> known; // path keys
 
     void add(const element& shown) {
         if (shown.kind != "collection" && shown.kind != "group") ++elements;
-        if (shown.exists && known.insert(path_key(shown.file)).second) {
-            ++(*shown.exists ? files : missing);
-            bytes += shown.bytes;
-        }
+        if (shown.exists == false && known.insert(path_key(shown.file)).second) ++missing;
         for (const element& child : shown.children) add(child);
     }
 };
@@ -78,14 +76,23 @@ bool keep_missing(std::vector<element>& elements) {
 int list_project(const list_request& request, const common_options& options) {
     const std::string& project = request.project;
     session host(options, {});
+    lost_file_search search;
+    if (const auto early = search.begin(request.search)) return end_with(*early, options);
     if (const auto early = host.load(project)) return end_with(*early, options);
-    const std::vector<problem> found = host.reading_problems();
+    std::vector<problem> found = host.reading_problems();
+    std::ranges::move(search.undecided(), std::back_inserter(found));
+    const std::vector<problem> notices = search.notices();
     for (const problem& each : found) complain(line_of(each));
+    for (const problem& each : notices) complain(line_of(each));
     const int end = found.empty() ? done : problems;
     const wide_string& path = host.context().placement.source_project_path;
     std::vector<element> elements = elements_of(host.context());
     summary all_of_it;
-    for (const element& each : elements) all_of_it.add(each);
+    family_sizes sizes(host.context().sizes);
+    for (element& each : elements) {
+        sizes.set_bytes(each);
+        all_of_it.add(each);
+    }
     if (request.missing) keep_missing(elements);
     if (options.json) {
         ordered_json all = ordered_json::array();
@@ -94,11 +101,13 @@ int list_project(const list_request& request, const common_options& options) {
                                  {"native_project", native_form(path)},
                                  {"outcome", found.empty() ? "listed" : "listed with problems"},
                                  {"problems", json_of(found)},
+                                 {"found", json_of_found(notices)},
+                                 {"not_searched", json_of(notices, own_kind::not_searched)},
                                  {"elements", std::move(all)},
                                  {"summary",
                                   {{"elements", all_of_it.elements},
-                                   {"files", all_of_it.files},
-                                   {"bytes", all_of_it.bytes},
+                                   {"files", sizes.files()},
+                                   {"bytes", sizes.bytes()},
                                    {"missing", all_of_it.missing}}}};
         std::cout << shown.dump(2) << '\n';
         return end;
@@ -106,8 +115,8 @@ int list_project(const list_request& request, const common_options& options) {
     std::cout << printed(path) << "  " << size_text(bytes_of(path)) << '\n';
     for (const element& shown : elements) print(shown, 1);
     std::cout << say("%1 elements, %2 files, %3, %4 missing",
-                     {std::to_string(all_of_it.elements), std::to_string(all_of_it.files),
-                      size_text(all_of_it.bytes), std::to_string(all_of_it.missing)})
+                     {std::to_string(all_of_it.elements), std::to_string(sizes.files()),
+                      size_text(sizes.bytes()), std::to_string(all_of_it.missing)})
               << '\n';
     return end;
 }

@@ -195,6 +195,7 @@ bool read_manifest(const wide_string& project, std::vector<earlier_file>& files)
 }
 
 std::optional<refusal> compare_with_manifest(const wide_string& project,
+                                             const std::function<void(uint64_t bytes)>& begins,
                                              const std::function<bool()>& is_stopped, verification& found) {
     const wide_string path = manifest_path(project);
     std::string text;
@@ -202,6 +203,9 @@ std::optional<refusal> compare_with_manifest(const wide_string& project,
         return refusal{wrong_use, {{own_kind::unreadable, {}, path, {}, read.text()}}};
     const auto entries = entries_of(text, project, false);
     if (!entries) return refused(path, say("is no manifest of this project"));
+    uint64_t bytes = 0;
+    for (const entry& each : *entries) bytes += each.bytes;
+    begins(bytes);
     for (const entry& each : *entries) {
         if (found.stopped = found.stopped || is_stopped(); found.stopped) break;
         platform::outcome reason;

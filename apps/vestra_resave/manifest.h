@@ -28,7 +28,9 @@ bool read_manifest(const wide_string& project, std::vector<earlier_file>& files)
 
 // Adds to what was found each file of the manifest that is missing or no longer as it was entered. Returns
 // why there is nothing to compare with, if the manifest could not be read.
+// `begins` is called before the first file is read, with the number of bytes of all.
 std::optional<refusal> compare_with_manifest(const wide_string& project,
+                                             const std::function<void(uint64_t bytes)>& begins,
                                              const std::function<bool()>& is_stopped, verification& found);
 
 } // namespace vestra::command

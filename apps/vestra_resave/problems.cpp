@@ -56,6 +56,8 @@ constexpr kind_words all_kinds[] = {
     {own_kind::unreferenced, "is no longer referred to"},
     {own_kind::pruned, "was no longer referred to, and has been removed"},
     {own_kind::changed_since, "was changed since the earlier resave, and stays as it is"},
+    {own_kind::found, "was found at %1"},
+    {own_kind::not_searched, "could not be searched"},
     {own_kind::left_behind, "was left behind"},
     {own_kind::dropped, "is not in the new project"},
     {own_kind::left_alone, "was not copied, as a resave leaves this kind of element alone"},
@@ -177,7 +179,9 @@ std::unordered_set<wide_string> unwritten_keys(const std::vector<problem>& all) 
 
 bool is_notice(const problem& found) {
     const std::string_view notices[] = {name_of(fact_kind::renamed), name_of(fact_kind::written_over),
-                                        own_kind::unreferenced, own_kind::pruned, own_kind::changed_since};
+                                        own_kind::unreferenced,      own_kind::pruned,
+                                        own_kind::changed_since,     own_kind::found,
+                                        own_kind::not_searched};
     return std::ranges::find(notices, found.kind) != std::end(notices);
 }
 
@@ -216,6 +220,8 @@ ordered_json json_of(const problem& found) {
                      {"new_path", to_utf8(found.new_path)},
                      {"new_native_path", native_form(found.new_path)},
                      {"reason", say_known(to_utf8(found.reason))}};
+    for (const wide_string& each : found.candidates)
+        all["candidates"].push_back({{"path", to_utf8(each)}, {"native_path", native_form(each)}});
     if (found.holder.empty()) return all;
     all["holder"] = found.holder;
     all["file"] = to_utf8(found.file);
@@ -234,6 +240,17 @@ ordered_json json_of(const std::vector<problem>& all, std::string_view kind) {
     ordered_json array = ordered_json::array();
     for (const problem& each : all)
         if (each.kind == kind) array.push_back(json_of(each));
+    return array;
+}
+
+ordered_json json_of_found(const std::vector<problem>& all) {
+    ordered_json array = ordered_json::array();
+    for (const ordered_json& each : json_of(all, own_kind::found))
+        array.push_back({{"element", each["element"]},
+                         {"path", each["path"]},
+                         {"native_path", each["native_path"]},
+                         {"found_at", each["new_path"]},
+                         {"native_found_at", each["new_native_path"]}});
     return array;
 }
 
@@ -263,7 +280,8 @@ std::string line_of(const problem& found) {
     const bool names_new_path = say(row->text).find("%1") != std::string::npos;
     std::string what = say(row->text, {new_path});
     // What the system does not show may well be there.
-    if (found.kind == name_of(fact_kind::source_lost) && !reason.empty()) what = say("cannot be reached");
+    if (found.kind == name_of(fact_kind::source_lost) && !reason.empty() && found.candidates.empty())
+        what = say("cannot be reached");
     const std::string about = found.new_path.empty() || names_new_path ? printed(found.path) : new_path;
     const std::string holder = holder_of(found);
     // What has no file is named by its element.

@@ -32,6 +32,8 @@ inline constexpr const char* interrupted = "interrupted";
 inline constexpr const char* unreferenced = "unreferenced"; // nothing refers to it any more
 inline constexpr const char* pruned = "pruned";             // the same, and it was removed
 inline constexpr const char* changed_since = "changed_since";
+inline constexpr const char* found = "found";               // a lost file, somewhere else
+inline constexpr const char* not_searched = "not_searched"; // a folder below one to be searched
 // What a resave leaves wanting.
 inline constexpr const char* left_behind = "left_behind"; // a file beside one that was copied
 inline constexpr const char* dropped = "dropped";         // an element that the new project does not have
@@ -63,6 +65,7 @@ struct problem {
     // which the reference is written.
     std::string holder = {};
     wide_string file = {};
+    std::vector<wide_string> candidates = {}; // files that a lost source may be; `reason` names them, too
 };
 
 // Why a command ended before it had a result.
@@ -102,16 +105,19 @@ wide_string key_of(const problem& found);
 void add_misplaced(const vs::project_resave::run_state& run, std::vector<problem>& all);
 // The path keys of what could not be written, though an older file of the name may exist.
 std::unordered_set<wide_string> unwritten_keys(const std::vector<problem>& all);
-// True for what a run does as it is asked to: a renamed copy, a scene file written over.
+// True for what a run does as it is asked to: a renamed copy, a scene file written over, a search.
 bool is_notice(const problem& found);
 
 // {kind, element: {uuid, caption, list}, path, native_path, new_path, new_native_path, reason}; of what a
-// verification finds also {holder, file, native_file}.
+// verification finds also {holder, file, native_file}, of a lost source {candidates: [{path, native_path}]}
+// if there are any.
 nlohmann::ordered_json json_of(const problem& found);
 // All of them; without notices.
 nlohmann::ordered_json json_of(const std::vector<problem>& all);
 // Those of one kind.
 nlohmann::ordered_json json_of(const std::vector<problem>& all, std::string_view kind);
+// Of those that were found {element, path, native_path, found_at, native_found_at}.
+nlohmann::ordered_json json_of_found(const std::vector<problem>& all);
 // One line without the name of the program: "C:\a.shp: could not be copied to N:\a.shp: No space left".
 std::string line_of(const problem& found);
 

@@ -6,6 +6,7 @@
 #include <nlohmann/json.hpp>
 
 #include "apps/vestra_resave/companions.h"
+#include "apps/vestra_resave/lost_files.h"
 #include "apps/vestra_resave/manifest.h"
 #include "apps/vestra_resave/output_file.h"
 #include "apps/vestra_resave/preflight.h"
@@ -113,6 +114,15 @@ struct ended_run {
     std::optional<source_elements> source; // if there was a run
 };
 
+// Many bytes are shown by themselves, few by the elements they belong to. A trial copies nothing.
+run_result resave_shown(session& host, const resave_settings& settings, bool copies) {
+    constexpr uint64_t many = uint64_t{16} << 20;
+    project_context& context = host.context();
+    const auto bytes = static_cast<uint64_t>(context.sizes.total_kb() * 1024);
+    const shown_transfer shown(host.screen(), copies && bytes >= many ? bytes : 0);
+    return context.resave_project(settings);
+}
+
 ended_run run(session& host, const resave_request& request, const common_options& options,
               continuation& earlier, trial_disk* trial) {
     const wide_string target = platform::drive_path(request.new_project);
@@ -142,7 +152,8 @@ ended_run run(session& host, const resave_request& request, const common_options
     shell::settings().refused_writes.clear();
     const std::vector<wide_string> source_paths = context.sizes.known_paths();
     const run_result result =
-        bring_companions(context, request.companions, source, source_paths, context.resave_project(settings));
+        bring_companions(context, request.companions, source, source_paths,
+                         resave_shown(host, settings, !trial && request.mode == run_mode::anew));
     std::vector<problem> problems = host.problems();
     // What is left out on purpose is missed by nobody.
     std::erase_if(problems, [&](const problem& each) {
@@ -158,21 +169,28 @@ ended_run run(session& host, const resave_request& request, const common_options
 
 // The run with all that is said of it; on a trial disk if there is one.
 int resave(session& host, const resave_request& request, const common_options& options, trial_disk* trial) {
+    lost_file_search search;
+    if (const auto early = search.begin(request.search)) return end_with(*early, options);
     continuation earlier(request, platform::drive_path(request.project),
                          platform::drive_path(request.new_project));
     ended_run ended = run(host, request, options, earlier, trial);
     if (ended.early) return end_with(*ended.early, options);
     resave_report& report = ended.report;
+    search.end();
+    search.explain(report.problems);
     const wide_string target = as_on_disk(host.context().placement.new_project_path);
     const auto is_written = [&] { return report.exit == done || report.exit == problems; };
-    if (is_written() && !trial && (request.manifest || earlier.has_manifest()))
+    if (is_written() && !trial && (request.manifest || earlier.has_manifest())) {
+        const shown_transfer shown(host.screen(), summary_of(report).bytes, summing_caption());
         for (const problem& each :
              write_manifest(host.context(), earlier, [&] { return host.interrupted(); }))
             add(report, each);
+    }
     earlier.end_files(host.context(), report);
     std::optional<resave_plan> plan;
     if (trial) plan = plan_of(host.context(), *trial, report);
     if (is_written()) add_shortfalls(host, *ended.source, request, report);
+    std::ranges::move(search.notices(), std::back_inserter(report.problems));
     earlier.end_journal(report);
     print_problems(report);
     if (options.json)

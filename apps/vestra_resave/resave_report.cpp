@@ -99,7 +99,7 @@ resave_summary summary_of(const resave_report& report) {
     summary.unchanged = report.unchanged.size();
     summary.replaced = report.replaced.size();
     for (const problem& each : report.problems)
-        if (each.kind != name_of(fact_kind::written_over)) ++(summary.*count_of(each));
+        if (!is_notice(each) || each.kind == name_of(fact_kind::renamed)) ++(summary.*count_of(each));
     return summary;
 }
 
@@ -173,6 +173,8 @@ ordered_json json_of(const resave_report& report) {
             {"not_erased", view("not_erased")},
             {"renamed", view("renamed")},
             {"written_over", view("written_over")},
+            {"found", json_of_found(report.problems)},
+            {"not_searched", view(own_kind::not_searched)},
             {"exceptions", view("exception_caught")},
             {"selection_settled", view("selection_not_settled").empty()},
             {"astray", json_of(report.found.astray)},

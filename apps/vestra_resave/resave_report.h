@@ -57,7 +57,7 @@ resave_report report_of(const vs::project_resave::run_state& run,
 // Adds what came up after the run: a project that was saved is saved with problems then, but for notices.
 void add(resave_report& report, problem found);
 nlohmann::ordered_json json_of(const resave_report& report);
-// Each problem, and each file written over, a line on the error output.
+// Each problem, and each notice but renamed copies, a line on the error output.
 void print_problems(const resave_report& report);
 // The last line of a resave: outcome, new project, and the summary without what is zero.
 std::string closing_line(const resave_report& report, const wide_string& new_project);

@@ -6,6 +6,7 @@
 #include <unordered_set>
 
 #include "apps/vestra_resave/continued_disk.h"
+#include "apps/vestra_resave/elements.h"
 #include "apps/vestra_resave/problems.h"
 #include "apps/vestra_resave/resave_report.h"
 #include "apps/vestra_resave/words.h"
@@ -14,6 +15,7 @@
 #include "operations/run/path_files.h"
 #include "platform/path_text.h"
 #include "platform/volumes.h"
+#include "reference_host/files/references.h"
 #include "reference_host/shell/front_end.h"
 #include "ui/dialogs.h"
 
@@ -57,6 +59,46 @@ std::optional<refusal> refuse_share(const std::string& typed) {
         {}, say("%1: network shares are unknown on this system; give a folder where it is mounted", {typed}));
 }
 
+namespace {
+
+// Has the load ask whether it is to stop, and shows which part of the project's elements it has opened.
+class load_progress {
+public:
+    load_progress(shell::terminal_front_end& screen, bool shows, std::function<bool()> is_stopped)
+        : screen_(screen), shows_(shows), before_(shell::settings().project_read) {
+        shell::settings().stops_reading = [this, is_stopped = std::move(is_stopped)] {
+            if (total_ != 0) screen_.progress_shown(std::min(++opened_, total_), total_);
+            return is_stopped();
+        };
+        if (!shows_) return;
+        shell::settings().project_read = [this](project& read) {
+            if (before_) before_(read);
+            screen_.progress_opened(false);
+            screen_.progress_caption(load_string(text::project_opens));
+            files::visit_references(read, [this](const files::held_reference& held) {
+                const bool is_element = held.kind == "layer" || held.kind == "table";
+                if (is_element && path_in(held.text)) ++total_;
+            });
+        };
+    }
+    ~load_progress() {
+        shell::settings().stops_reading = nullptr;
+        if (!shows_) return;
+        shell::settings().project_read = before_;
+        screen_.progress_closed();
+    }
+    load_progress(const load_progress&) = delete;
+    load_progress& operator=(const load_progress&) = delete;
+
+private:
+    shell::terminal_front_end& screen_;
+    const bool shows_;
+    const std::function<void(project&)> before_;
+    uint32_t opened_ = 0, total_ = 0;
+};
+
+} // namespace
+
 session::session(const common_options& options, const decided_answers& answers)
     : host_(terminal_, options), questions_(host_.front_end(), answers) {
     host_.start_own_bundle();
@@ -79,9 +121,10 @@ std::optional<refusal> session::load(const std::string& project) {
 std::optional<refusal> session::load(const wide_string& path, bool show_wait, bool write_open_log) {
     shell::settings().refused_reads.clear();
     context_->report.restart({}); // what an earlier run reported has been read
-    shell::settings().stops_reading = [this] { return interrupted(); };
-    const bool is_loaded = context_->load_project(path, show_wait, write_open_log);
-    shell::settings().stops_reading = nullptr;
+    const bool is_loaded = [&] {
+        const load_progress shown(screen(), show_wait && terminal_.shows(), [this] { return interrupted(); });
+        return context_->load_project(path, show_wait, write_open_log);
+    }();
     load_problems_ = problems_of(*context_);
     if (!is_loaded) {
         refusal early{wrong_use, {{own_kind::not_loaded, {}, path, {}, read_error_of(path)}}};

@@ -78,6 +78,7 @@ public:
     vs::project_resave::project_context& context() { return *context_; }
     // See command_questions.
     void keep_places(continued_disk* earlier) { questions_.earlier = earlier; }
+    shell::terminal_front_end& screen() { return host_.front_end(); }
     // Whether Ctrl-C came since the last run ended.
     bool interrupted() { return terminal_.interrupted(); }
 

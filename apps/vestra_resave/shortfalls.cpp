@@ -264,7 +264,10 @@ void add_shortfalls(session& host, const source_elements& source, const resave_r
         astray_sorter(source, report).sort(std::exchange(found.astray, {}));
         add_dropped(source, context, reason, report);
     }
-    if (request.verify) compare(copies, is_stopped, found);
+    if (request.verify) {
+        const shown_transfer shown(host.screen(), summary_of(report).bytes, comparing_caption());
+        compare(copies, is_stopped, found);
+    }
     for (const problem& each : found.differing) add(report, each);
     if (!found.stopped) return;
     add(report, {own_kind::interrupted, {}, {}, {}, u"the verification was stopped before its end"});

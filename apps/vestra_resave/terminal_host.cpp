@@ -30,6 +30,28 @@ void complain(const std::string& reason) {
     std::cerr << "vestra-resave: " << shell::one_line(platform::from_utf8(reason)) << '\n';
 }
 
+shown_transfer::shown_transfer(shell::terminal_front_end& screen, uint64_t total, wide_view caption)
+    : screen_(screen), has_window_(!caption.empty()),
+      watch_([&screen](uint64_t bytes) { screen.bytes_moved(bytes); }) {
+    screen_.expect_bytes(total);
+    if (!has_window_) return;
+    screen_.progress_opened(false);
+    screen_.progress_caption(caption);
+}
+
+shown_transfer::~shown_transfer() {
+    screen_.expect_bytes(0);
+    if (has_window_) screen_.progress_closed();
+}
+
+wide_view comparing_caption() {
+    return shell::settings().language_offset == 0 ? u"Сравнение копий" : u"Comparing copies";
+}
+
+wide_view summing_caption() {
+    return shell::settings().language_offset == 0 ? u"Контрольные суммы" : u"Computing checksums";
+}
+
 std::optional<std::string> apply(const common_options& options) {
     shell::settings().language_offset = is_russian(options) ? 0 : 50000;
     std::string reason;

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "platform/system.h"
 #include "platform/terminal.h"
 #include "reference_host/shell/bundle_loader.h"
 #include "reference_host/shell/terminal_front_end.h"
@@ -46,7 +47,7 @@ public:
     // To be called when bundles were added.
     void connect();
     // The person at the terminal.
-    shell::front_end& front_end() { return front_end_; }
+    shell::terminal_front_end& front_end() { return front_end_; }
 
 private:
     const common_options& options_;
@@ -57,6 +58,24 @@ private:
     toolkit::terminal_dialog_runner dialog_runner_;
     std::optional<toolkit::dialog_connections> dialogs_;
 };
+
+// Shows how far the copying or reading of so many bytes has come, as long as it exists; in a window of its
+// own if there is a caption, else in the one that is open.
+class shown_transfer {
+public:
+    shown_transfer(shell::terminal_front_end& screen, uint64_t total, wide_view caption = {});
+    ~shown_transfer();
+    shown_transfer(const shown_transfer&) = delete;
+    shown_transfer& operator=(const shown_transfer&) = delete;
+
+private:
+    shell::terminal_front_end& screen_;
+    const bool has_window_;
+    vs::project_resave::platform::transfer_watch watch_;
+};
+// Captions of such windows.
+wide_view comparing_caption();
+wide_view summing_caption();
 
 // Maps the drives and sets the language; the answer is what is wrong with them, or nothing.
 std::optional<std::string> apply(const common_options& options);

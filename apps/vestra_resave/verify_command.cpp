@@ -42,10 +42,13 @@ int verify_project(const verify_request& request, const common_options& options)
     if (const auto early = host.load(request.project)) return end_with(*early, options);
     const std::function<bool()> is_stopped = [&] { return host.interrupted(); };
     verification found;
-    if (request.manifest)
-        if (const auto early =
-                compare_with_manifest(host.context().placement.source_project_path, is_stopped, found))
+    if (request.manifest) {
+        std::optional<shown_transfer> shown;
+        const auto begins = [&](uint64_t bytes) { shown.emplace(host.screen(), bytes, summing_caption()); };
+        const wide_string& project = host.context().placement.source_project_path;
+        if (const auto early = compare_with_manifest(project, begins, is_stopped, found))
             return end_with(*early, options);
+    }
     verify(host.context(), files_beside(host.context(), found), {request.elsewhere}, is_stopped, found);
     std::vector<problem> all = further(host.reading_problems(), found);
     if (found.stopped) all.push_back({own_kind::interrupted, {}, {}, {}});

@@ -105,16 +105,20 @@ outcome copy_through_memory(int source, int target, off_t from, off_t end) {
             given += count;
         }
         from += taken;
+        note_transfer(static_cast<uint64_t>(taken));
     }
     return {};
 }
 
 outcome copy_range(int source, int target, off_t from, off_t end) {
+    constexpr off_t piece = 64 << 20; // of which somebody may want to see the progress
     off_t to = from;
     while (from < end) {
-        const ssize_t count = ::copy_file_range(source, &from, target, &to, size_t(end - from), 0);
+        const auto wanted = static_cast<size_t>(std::min(piece, end - from));
+        const ssize_t count = ::copy_file_range(source, &from, target, &to, wanted, 0);
         if (count <= 0)
             return copy_through_memory(source, target, from, end); // not between these file systems
+        note_transfer(static_cast<uint64_t>(count));
     }
     return {};
 }
@@ -123,10 +127,14 @@ outcome copy_without_holes(int source, int target, off_t size) {
     off_t end = 0;
     while (end < size) {
         const off_t data = ::lseek(source, end, SEEK_DATA);
-        if (data < 0 && errno == ENXIO) break;                    // nothing but a hole is left
+        if (data < 0 && errno == ENXIO) { // nothing but a hole is left
+            note_transfer(static_cast<uint64_t>(size - end));
+            break;
+        }
         if (data < 0 && (errno == EINVAL || errno == EOPNOTSUPP)) // the file system knows of no holes
             return copy_range(source, target, end, size);
         if (data < 0) return outcome::last();
+        note_transfer(static_cast<uint64_t>(data - end));
         end = std::min(::lseek(source, data, SEEK_HOLE), size);
         if (end < 0) return outcome::last();
         if (end <= data) return outcome::because(changed_meanwhile);

@@ -2,6 +2,7 @@
 #include <atomic>
 #include <iterator>
 #include <string>
+#include <utility>
 
 #include "platform/file_parts.h"
 #include "platform/path_text.h"
@@ -39,12 +40,22 @@ void remove(const wide_string& path) {
     in_spite_of_read_only(path, [&] { return DeleteFileW(wide(path.c_str())) != FALSE; });
 }
 
+DWORD CALLBACK note_progress(LARGE_INTEGER, LARGE_INTEGER moved, LARGE_INTEGER, LARGE_INTEGER, DWORD, DWORD,
+                             HANDLE, HANDLE, void* noted) {
+    uint64_t& before = *static_cast<uint64_t*>(noted);
+    const auto now = static_cast<uint64_t>(moved.QuadPart);
+    note_transfer(now - std::exchange(before, now));
+    return PROGRESS_CONTINUE;
+}
+
 // A copy that broke off can be left behind, and others may write into the source meanwhile.
 outcome copy_whole(const wide_string& from, const wide_string& to) {
     file_state before{};
     if (const outcome found = state_of(from, before); !found) return found;
     if (file_state existing{}; state_of(to, existing)) return failure::taken;
-    outcome copied = outcome_at(to, CopyFileW(wide(from.c_str()), wide(to.c_str()), TRUE) != FALSE);
+    uint64_t noted = 0;
+    outcome copied = outcome_at(to, CopyFileExW(wide(from.c_str()), wide(to.c_str()), &note_progress, &noted,
+                                                nullptr, COPY_FILE_FAIL_IF_EXISTS) != FALSE);
     if (made_nothing(copied)) return copied; // what stands there now somebody else has made
     if (copied) {
         file_state now{};

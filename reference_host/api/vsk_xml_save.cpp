@@ -11,11 +11,16 @@ using namespace vestra::files;
 
 namespace {
 
-// References come out as the file means them.
+const auto& reader_of(const vestra::project&) { return vestra::shell::settings().project_read; }
+const auto& reader_of(const vestra::scene&) { return vestra::shell::settings().scene_read; }
+
+// References come out as the file means them, or as whoever reads along changes them.
 template <class Model,
           std::optional<file_error> (*Reader)(const vestra::wide_string&, Model&, vestra::wide_view)>
 std::optional<file_error> read_at_its_place(const vestra::wide_string& path, Model& out) {
-    return Reader(path, out, {});
+    std::optional<file_error> error = Reader(path, out, {});
+    if (const auto& reads_along = reader_of(out); reads_along && !error) reads_along(out);
+    return error;
 }
 
 } // namespace

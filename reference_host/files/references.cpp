@@ -102,10 +102,10 @@ bool shows_scene_file(const layer& shown) {
 
 class walk {
 public:
-    explicit walk(const reference_visitor& visitor) : visitor_(visitor) {}
+    explicit walk(const reference_change& change) : change_(change) {}
 
-    void visit(const project& all) {
-        for (const auto* scenes : {&all.scenes_2d, &all.scenes_3d}) visit(*scenes, "scene");
+    void visit(project& all) {
+        for (auto* scenes : {&all.scenes_2d, &all.scenes_3d}) visit(*scenes, "scene");
         visit(all.layouts, "layout");
         for (const auto& sheets : all.plugin_scenes) visit(*sheets, "sheet");
         const in_list tables(*this, all.tables);
@@ -114,18 +114,20 @@ public:
         for (const auto& table : all.tos_tables.members()) tell("table", *table, table->file);
     }
 
-    void visit(const scene& shown, std::string_view kind) {
+    void visit(scene& shown, std::string_view kind) {
         tell(kind, shown, shown.source);
         const in_list members(*this, shown);
         for (const auto& member : shown.members()) visit(*member, "layer");
         if (shown.page) visit(*shown.page, "page");
     }
 
-    void visit(const layer& shown, std::string_view kind) {
+    void visit(layer& shown, std::string_view kind) {
+        const bool is_source = shown.source == shown.file;
         tell(kind, shown, shown.file, shows_scene_file(shown));
-        if (shown.source != shown.file) tell(kind, shown, shown.source);
+        if (!is_source) tell(kind, shown, shown.source);
+        if (is_source && shown.source != shown.file) shown.source = shown.file;
         if (shown.data) visit(*shown.data, kind, shown);
-        for (const extra& row : shown.extras.rows())
+        for (extra& row : shown.extras.rows())
             if (row.key == model_record) visit_model(shown, row.value);
         if (shown.legend) visit(*shown.legend, "legend");
     }
@@ -144,47 +146,67 @@ private:
         wide_view before_;
     };
 
-    void tell(std::string_view kind, const entity& holder, wide_view text, bool is_scene = false) const {
-        if (!text.empty()) visitor_({kind, &holder, list_, text, is_scene});
+    void tell(std::string_view kind, const entity& holder, wide_string& text, bool is_scene = false) const {
+        if (text.empty()) return;
+        if (wide_string changed = change_({kind, &holder, list_, text, is_scene}); !changed.empty())
+            text = std::move(changed);
     }
 
-    void visit(const scene_collection& scenes, std::string_view kind) {
+    void visit(scene_collection& scenes, std::string_view kind) {
         const in_list members(*this, scenes);
         for (const auto& member : scenes.members()) visit(*member, kind);
     }
 
     // Of a table that stands behind a layer, that layer is the owner.
-    void visit(const attr_data& table, std::string_view kind, const entity& owner) {
+    void visit(attr_data& table, std::string_view kind, const entity& owner) {
         tell(kind, owner, table.file);
-        for (const table_join& join : table.joins) tell("joined table", owner, join.other_source);
+        for (table_join& join : table.joins) tell("joined table", owner, join.other_source);
     }
 
-    void visit_model(const layer& owner, const any& value) {
-        const auto* record = std::get_if<tuple>(&value.value);
+    void visit_model(const layer& owner, any& value) {
+        auto* record = value.as_tuple();
         const wide_view file(owner.file);
         const wide_string folder =
             vs::project_resave::path_head(file.starts_with(u'*') ? file.substr(1) : file);
         for (const std::size_t place : model_files) {
             if (!record || place >= record->elements.size()) continue;
-            const wide_string* text = record->elements[place].as_text();
-            if (text && !text->empty()) tell("model file", owner, resolved_reference(folder, *text));
+            auto* text = std::get_if<wide_string>(&record->elements[place].value);
+            if (!text || text->empty()) continue;
+            const wide_string whole = resolved_reference(folder, *text);
+            wide_string changed = whole;
+            tell("model file", owner, changed);
+            if (changed != whole) *text = std::move(changed);
         }
     }
 
-    const reference_visitor& visitor_;
+    const reference_change& change_;
     wide_view list_; // caption of the list in work
 };
 
+// The walk that changes nothing, so that it is the same for what must not change.
+template <class Model, class... Kind>
+void only_visit(const Model& model, const reference_visitor& visitor, Kind... kind) {
+    const reference_change keep = [&](const held_reference& held) {
+        visitor(held);
+        return wide_string();
+    };
+    walk(keep).visit(const_cast<Model&>(model), kind...);
+}
+
 } // namespace
 
-void visit_references(const project& all, const reference_visitor& visitor) { walk(visitor).visit(all); }
+void visit_references(const project& all, const reference_visitor& visitor) { only_visit(all, visitor); }
 
 void visit_references(const layer& one, const reference_visitor& visitor) {
-    walk(visitor).visit(one, "layer");
+    only_visit(one, visitor, "layer");
 }
 
 void visit_references(const scene& one, std::string_view kind, const reference_visitor& visitor) {
-    walk(visitor).visit(one, kind);
+    only_visit(one, visitor, kind);
 }
+
+void change_references(project& all, const reference_change& change) { walk(change).visit(all); }
+
+void change_references(scene& one, const reference_change& change) { walk(change).visit(one, "scene"); }
 
 } // namespace vestra::files

@@ -43,4 +43,12 @@ void visit_references(const layer& one, const reference_visitor& visitor);
 // The kind is what the scene counts as, be it a layout, a sheet or a legend.
 void visit_references(const scene& one, std::string_view kind, const reference_visitor& visitor);
 
+// Returns what is to take the place of a reference, or an empty text to leave it.
+using reference_change = std::function<wide_string(const held_reference&)>;
+
+// Visits the same places in the same order. A model file is looked at from the place that its layer refers to
+// by then, and takes the new reference as it is.
+void change_references(project& all, const reference_change& change);
+void change_references(scene& one, const reference_change& change);
+
 } // namespace vestra::files

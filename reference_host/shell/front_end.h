@@ -11,7 +11,8 @@
 
 namespace vestra {
 class project;
-}
+class scene;
+} // namespace vestra
 
 namespace vestra::shell {
 
@@ -40,6 +41,10 @@ struct host_settings {
     // True while what is read is not wanted any more: data sets are then answered as if they could not be
     // opened. Empty if they always are.
     std::function<bool()> stops_reading;
+
+    // Called with what a bundle has just read from a file, before it sees it; may change it. May be empty.
+    std::function<void(vestra::project&)> project_read;
+    std::function<void(vestra::scene&)> scene_read;
 
     // Why the last project or scene file that was asked for was refused; nothing if it was read.
     std::optional<files::file_error> read_error;

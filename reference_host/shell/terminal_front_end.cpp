@@ -84,8 +84,17 @@ std::string one_line(wide_view text) {
     return platform::to_utf8(line);
 }
 
-terminal_front_end::terminal_front_end(platform::terminal& terminal, bool quiet)
-    : terminal_(terminal), quiet_(quiet) {}
+terminal_front_end::terminal_front_end(platform::terminal& terminal, bool quiet,
+                                       transfer_progress::clock clock)
+    : terminal_(terminal), quiet_(quiet), transfer_(std::move(clock)) {}
+
+void terminal_front_end::expect_bytes(std::uint64_t total) { transfer_.begin(total); }
+
+void terminal_front_end::bytes_moved(std::uint64_t bytes) {
+    if (!transfer_.is_running()) return;
+    transfer_.add(bytes);
+    if (transfer_.is_due()) show_progress();
+}
 
 void terminal_front_end::error(wide_view text) {
     print(text);
@@ -163,17 +172,20 @@ void terminal_front_end::progress_indeterminate(bool on) {
 void terminal_front_end::show_progress() {
     if (quiet_ || !is_open_) return;
     const bool is_watched = terminal_.shows();
+    const bool counts_bytes = transfer_.is_running();
+    if (counts_bytes) percent_ = transfer_.percent();
     // Lines that stay are written for each tenth, so that a long run does not fill a file with them.
     const unsigned percent = is_watched ? percent_ : percent_ / 10 * 10;
     std::string line = is_indeterminate_ ? caption_ : in_columns(percent) + " % " + caption_;
-    if (is_watched && !is_indeterminate_) line = bar(percent) + line;
-    const bool says_nothing = caption_.empty() && (is_indeterminate_ || percent == 0);
+    const std::string amount = counts_bytes && !is_indeterminate_ ? "  " + transfer_.text() : "";
+    if (is_watched && !is_indeterminate_) line = bar(percent) + line + amount;
+    const bool says_nothing = caption_.empty() && (is_indeterminate_ || counts_bytes || percent == 0);
     if (line == shown_ || (says_nothing && !is_watched)) return;
     shown_ = line;
     if (is_watched)
         terminal_.write("\r" + fitting(line, terminal_.width() - 1) + "\x1b[K");
     else
-        terminal_.write(line + "\n");
+        terminal_.write(line + amount + "\n");
     is_bar_on_screen_ = is_watched;
 }
 

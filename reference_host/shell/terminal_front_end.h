@@ -7,6 +7,7 @@
 
 #include "platform/terminal.h"
 #include "reference_host/shell/front_end.h"
+#include "reference_host/shell/transfer_progress.h"
 
 namespace vestra::shell {
 
@@ -19,7 +20,12 @@ std::string one_line(wide_view text);
 class terminal_front_end final : public front_end {
 public:
     // `quiet`: progress, messages and warnings stay away; errors and questions do not.
-    terminal_front_end(vs::project_resave::platform::terminal& terminal, bool quiet);
+    terminal_front_end(vs::project_resave::platform::terminal& terminal, bool quiet,
+                       transfer_progress::clock clock = &transfer_progress::steady_clock);
+
+    // From now on the progress is that of so many bytes, whatever window shows it; 0 ends this.
+    void expect_bytes(std::uint64_t total);
+    void bytes_moved(std::uint64_t bytes);
 
     // With the host's own reason where a file could not be read since the last one.
     void error(wide_view text) override;
@@ -54,8 +60,9 @@ private:
     bool is_indeterminate_ = false;
     bool is_stopped_ = false;
     unsigned percent_ = 0;
+    transfer_progress transfer_;
     std::string caption_;
-    std::string shown_; // the bar or line that was written last
+    std::string shown_; // the bar that was written last, or the line but for the bytes
     bool is_bar_on_screen_ = false;
 };
 

@@ -140,15 +140,30 @@ TEST_P(dry_run_of_sample, without_what_no_rule_carries_nothing_is_left_to_say) {
         if (line.find("Monthly report") == string::npos && line.find("<page ") == string::npos)
             kept += line + '\n';
     write(source, kept);
+    // The lost source was moved, and so were all others outside of the project's folder.
+    for (const wide_string end : {u"shp", u"shx", u"dbf"})
+        write(u"N:\\moved\\deep\\Old_Survey." + end, read(u"C:\\prj\\maps\\roads." + end));
+    fs::rename(native("d") / "gis", native("n") / "moved/gis");
+    fs::rename(native("c") / "data", native("n") / "moved/data");
+    const tree_state before = sources();
     const string all = to + "--structure " + GetParam() +
-                       " --deselect Springs --deselect 'Old survey' --deselect 'Profile lines'";
+                       " --search 'N:\\moved' --deselect Springs --deselect 'Profile lines'";
     for (const string dry : {" --dry-run", ""}) {
         EXPECT_EQ(has_own_folders() ? 1 : 0, command(all + dry)) << err;
         EXPECT_EQ(has_own_folders() ? dropped_with_own_folders : std::multiset<string>(),
                   told_by(json::parse(out)));
+        EXPECT_EQ(34U, json::parse(out).at("found").size()) << out;
         EXPECT_EQ(has_own_folders(), is_told("\"Sheet A3\" in \"Layouts\": is not in the new project: the "
                                              "structure folder-per-scene saves scenes alone"));
     }
+    EXPECT_EQ("", difference(before, sources()));
+    const size_t copied = json::parse(out).at("summary").at("files");
+    EXPECT_EQ(0, command("list --json --quiet --search 'N:\\moved' 'C:\\prj\\area._vp'")) << err;
+    const auto lines = std::distance(fs::directory_iterator(native("c") / "prj/profiles"), {});
+    const size_t listed = json::parse(out).at("summary").at("files");
+    EXPECT_TRUE(has_own_folders() || listed == copied + static_cast<size_t>(lines))
+        << listed << " " << copied;
+    EXPECT_EQ(has_own_folders() ? 1 : 0, command("verify --elsewhere 'N:\\out\\new._vp'")) << out;
 }
 INSTANTIATE_TEST_SUITE_P(structures, dry_run_of_sample,
                          testing::Values("by-type", "from-project-folder", "project-tree-else-type",

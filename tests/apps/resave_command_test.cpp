@@ -93,6 +93,55 @@ TEST_F(resave_command, brings_companions_under_the_new_stem_and_over_no_file) {
     EXPECT_TRUE(path_exists(u"C:\\prj\\rtr\\A_(1).prj") && !path_exists(u"C:\\prj\\rtr\\A.prj"));
 }
 
+// The project misses a raster, the same in the scene of a map, and has a shape file of its own.
+TEST_F(resave_command, finds_a_lost_file_only_where_it_is_clearly_the_one) {
+    const wide_string lost = u"C:\\old\\maps\\A.tif", shape = u"C:\\old\\S.shp";
+    const struct {
+        std::vector<std::pair<wide_string, const char*>> files; // below N:\s, with what they hold
+        const char* found;                                      // in the order of their names; "" if none is
+        size_t candidates = 0;                                  // one is a file that the project has
+    } rows[] = {
+        {{{u"x\\a.TIF", "1"}, {u"x\\a.tif.ovr", "2"}}, "x\\a.TIF", 1},
+        {{{u"x\\a.tif", "1"}, {u"y\\MAPS\\a.tif", "2"}}, "y\\MAPS\\a.tif", 1},
+        {{{u"x\\a.tif", "1"}, {u"y\\a.tif", "1"}}, "x\\a.tif", 1},
+        {{{u"x\\a.tif", "1"}, {u"y\\a.tif", "2"}}, "", 3},
+        {{{u"x\\a.tif", "1"}, {u"x\\a.tfw", "1"}, {u"y\\a.tif", "1"}}, "", 3}, // two places
+        {{{u"x\\s.shp", "1"}, {u"x\\s.dbf", "1"}}, "", 2},                     // no index
+        {{{u"x\\s.shp", "1"}, {u"x\\s.shx", "1"}, {u"x\\s.dbf", "1"}, {u"y\\s.dbf", "2"}},
+         "x\\s.dbf x\\s.shp",
+         1},
+        {{{u"x\\roads.shp", "1"}, {u"x\\roads.shx", "1"}}, "x\\roads.shp"},
+    };
+    builder.clear();
+    builder.scene_2d(u"M").layer("rtr_lr2d", u"A", lost).save_scene(src(u"m._sn"));
+    builder.clear();
+    builder.scene_2d(u"S").layer("shp_pln_lr2d", u"Roads", src(u"data\\Roads.shp"));
+    builder.layer("vs_scene_layer_meta_id", u"Map", src(u"m._sn")).layer("rtr_lr2d", u"A", lost);
+    builder.layer("shp_pln_lr2d", u"S", shape)
+        .layer("rtr_lr2d", u"Other", u"C:\\old\\Roads.shp")
+        .save(source);
+    const tree_state before = sources();
+    for (const auto& row : rows) {
+        clear_output();
+        remove_tree(u"N:\\s");
+        for (const auto& [name, bytes] : row.files) write(u"N:\\s\\" + name, bytes);
+        const tree_state searched = state_of(native("n") / "s");
+        EXPECT_EQ(1, command(area + "--json --quiet --search 'N:\\s' --search 'C:\\prj\\data'"));
+        const json run = json::parse(out);
+        std::set<string> found;
+        for (const auto& each : run.at("found")) found.insert(each.at("found_at").get<string>().substr(5));
+        size_t candidates = 0;
+        for (const auto& each : run.at("lost_sources"))
+            if (each.contains("candidates")) candidates += each.at("candidates").size();
+        string all;
+        for (const string& each : found) all += (all.empty() ? "" : " ") + each;
+        EXPECT_EQ(row.found, all) << out;
+        EXPECT_EQ(row.candidates, candidates) << run.at("lost_sources");
+        EXPECT_EQ("", difference(before, sources()) + difference(searched, state_of(native("n") / "s")));
+    }
+    EXPECT_EQ(2, command(area + "--search 'N:\\none'"));
+}
+
 TEST_F(resave_command, chooses_elements_by_pattern_type_group_and_loss) {
     builder.clear();
     builder.scene_2d(u"S").layer("rtr_lr2d", u"A", write(u"C:\\m\\a.tif", "x"));

@@ -99,6 +99,42 @@ TEST(terminal_front_end, progress_makes_way_for_messages_and_nothing_shown_comma
               terminal.written);
 }
 
+TEST(terminal_front_end, bytes_are_shown_with_the_time_that_is_left_once_it_is_known) {
+    const struct {
+        uint32_t language;
+        int seconds_for_a_tenth;
+        const char* lines;
+    } rows[] = {
+        {50000, 2,
+         "  0 % Tiff  0.0 of 1.9 GB\n 10 % Tiff  0.2 of 1.9 GB\n 20 % Tiff  0.4 of 1.9 GB  about 20 s left\n"
+         " 30 % Tiff  0.6 of 1.9 GB  about 15 s left\n"},
+        {50000, 900,
+         "  0 % Tiff  0.0 of 1.9 GB\n 10 % Tiff  0.2 of 1.9 GB  about 2 h 15 min left\n"
+         " 20 % Tiff  0.4 of 1.9 GB  about 2 h 0 min left\n 30 % Tiff  0.6 of 1.9 GB  about 1 h 45 min "
+         "left\n"},
+        {0, 40,
+         "  0 % Tiff  0.0 из 1.9 ГБ\n 10 % Tiff  0.2 из 1.9 ГБ  осталось около 6 мин\n"
+         " 20 % Tiff  0.4 из 1.9 ГБ  осталось около 5 мин\n 30 % Tiff  0.6 из 1.9 ГБ  осталось около 5 "
+         "мин\n"},
+    };
+    for (const auto& row : rows) {
+        vestra::shell::settings().language_offset = row.language;
+        fake_terminal terminal;
+        terminal.is_screen = false;
+        std::chrono::milliseconds now{};
+        terminal_front_end front(terminal, false, [&] { return now; });
+        front.expect_bytes(2'000'000'000);
+        front.progress_opened(true);
+        front.progress_caption(u"Tiff");
+        for (int percent = 1; percent <= 30; ++percent) {
+            now += std::chrono::milliseconds(row.seconds_for_a_tenth * 100);
+            front.bytes_moved(20'000'000);
+        }
+        EXPECT_EQ(row.lines, terminal.written);
+    }
+    vestra::shell::settings() = {};
+}
+
 TEST(terminal_front_end, questions_go_to_the_person_and_without_one_mean_no) {
     const struct {
         const char* what;

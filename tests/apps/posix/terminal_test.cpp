@@ -64,10 +64,13 @@ TEST_F(on_a_terminal, ctrl_c_asks_and_another_one_is_an_answer) {
         bool is_kept;
         string options = "";
     } rows[] = {
-        {{{"5 %", ctrl_c}, {"go on\r\n[yes/no/cancel] ", "yes\n"}}, false},
-        {{{"5 %", ctrl_c}, {"[yes/no/cancel] ", "what?\n"}, {"[yes/no/cancel] ", "no\n"}}, true},
-        {{{"5 %", ctrl_c}, {"[yes/no/cancel] ", ctrl_c}}, true},
-        {{{"5 %", ctrl_c}, {"[yes/no/cancel] ", "cancel\n"}, {"%", ctrl_c}, {"[yes/no/cancel] ", "no\n"}},
+        {{{"5 % Saving", ctrl_c}, {"go on\r\n[yes/no/cancel] ", "yes\n"}}, false},
+        {{{"5 % Saving", ctrl_c}, {"[yes/no/cancel] ", "what?\n"}, {"[yes/no/cancel] ", "no\n"}}, true},
+        {{{"5 % Saving", ctrl_c}, {"[yes/no/cancel] ", ctrl_c}}, true},
+        {{{"5 % Saving", ctrl_c},
+          {"[yes/no/cancel] ", "cancel\n"},
+          {"%", ctrl_c},
+          {"[yes/no/cancel] ", "no\n"}},
          true},
         {{{"Project opens", ctrl_c}}, false},
     };

@@ -118,6 +118,13 @@ std::vector<size_register::counted_file> size_register::counted_files(const wide
     return files;
 }
 
+std::vector<uint32_t> size_register::files_of(const wide_string& uuid) const {
+    std::vector<uint32_t> numbers;
+    if (const uuid_row* const row = files_of_uuid_.find(uuid))
+        for (const chain_link& link : row->links) numbers.push_back(chains_[link.chain].entry);
+    return numbers;
+}
+
 std::vector<wide_string> size_register::known_paths() const {
     std::vector<wide_string> paths;
     paths.reserve(entries_.rows().size());

@@ -45,6 +45,8 @@ public:
     };
     // What is selected, each spelling once. With a uuid only what was entered under it.
     std::vector<counted_file> counted_files(const wide_string& uuid = {}) const;
+    // The numbers of the files that were entered under this uuid, as often as they were.
+    std::vector<uint32_t> files_of(const wide_string& uuid) const;
     // All that was entered, each spelling once, in no order.
     std::vector<wide_string> known_paths() const;
     size_t path_count() const { return entries_.rows().size(); }

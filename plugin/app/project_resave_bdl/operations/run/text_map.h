@@ -99,14 +99,11 @@ public:
     }
 
     // Null if the text was not entered.
-    value* find(const wide_string& text) {
-        const uint32_t number = number_of(text, std::hash<wide_string>()(text));
-        return number != row_index::none ? &rows_[number].content : nullptr;
-    }
     const value* find(const wide_string& text) const {
         const uint32_t number = number_of(text, std::hash<wide_string>()(text));
         return number != row_index::none ? &rows_[number].content : nullptr;
     }
+    value* find(const wide_string& text) { return const_cast<value*>(std::as_const(*this).find(text)); }
 
     value& operator[](uint32_t number) { return rows_[number].content; }
     const std::deque<row>& rows() const { return rows_; }

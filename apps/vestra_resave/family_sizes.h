@@ -1,0 +1,45 @@
+// How large elements are with all their files: what the host names as their data sets, and what belongs to
+// these by its name.
+#pragma once
+
+#include <cstdint>
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
+
+#include "apps/vestra_resave/elements.h"
+#include "apps/vestra_resave/folder_files.h"
+
+namespace vs::project_resave {
+class size_register;
+}
+
+namespace vestra::command {
+
+class family_sizes {
+public:
+    // `known` has the files that the loaded project entered for its elements; it must outlive this object.
+    explicit family_sizes(const vs::project_resave::size_register& known) : known_(known) {}
+
+    // Sets the bytes of an element whose file exists, and of what is in it. Each folder is listed once.
+    void set_bytes(element& shown);
+
+    // Of all those elements together; a file that several of them need counts once.
+    size_t files() const { return files_.size(); }
+    uint64_t bytes() const { return bytes_; }
+
+private:
+    using path_keys = std::unordered_set<wide_string>;
+
+    // Both return the bytes of those files that are not among `counted` yet, to which they are added.
+    uint64_t add(const wide_string& path, path_keys& counted);
+    uint64_t add_family(const wide_string& path, path_keys& counted);
+
+    const vs::project_resave::size_register& known_;
+    listed_folders beside_;
+    std::unordered_map<wide_string, uint64_t> files_;                   // by path key
+    std::unordered_map<wide_string, std::vector<wide_string>> folders_; // the files in each, at all depths
+    uint64_t bytes_ = 0;
+};
+
+} // namespace vestra::command

@@ -1,0 +1,116 @@
+#include "reference_host/shell/transfer_progress.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdio>
+#include <utility>
+
+#include "reference_host/shell/front_end.h"
+
+namespace vestra::shell {
+
+using namespace std::chrono_literals;
+using std::chrono::milliseconds;
+using std::chrono::seconds;
+
+namespace {
+
+constexpr milliseconds first_estimate = 3s; // before it the pace says little
+constexpr milliseconds between_measurements = 500ms;
+constexpr milliseconds between_looks = 100ms;
+
+struct words {
+    std::array<const char*, 5> units;
+    const char *of, *before, *hours, *minutes, *seconds, *after;
+};
+constexpr words english{{"B", "KB", "MB", "GB", "TB"}, " of ", "about ", " h ", " min", " s", " left"};
+constexpr words russian{{"Б", "КБ", "МБ", "ГБ", "ТБ"}, " из ", "осталось около ", " ч ", " мин", " с", ""};
+
+const words& current_words() { return settings().language_offset != 0 ? english : russian; }
+
+// Both in the unit of the larger one.
+std::string amounts(uint64_t done, uint64_t total) {
+    const words& in = current_words();
+    size_t unit = 0;
+    double scale = 1;
+    while (static_cast<double>(total) / scale >= 1024 && unit + 1 < in.units.size()) scale *= 1024, ++unit;
+    const int places = unit == 0 ? 0 : 1;
+    std::array<char, 64> text{};
+    std::snprintf(text.data(), text.size(), "%.*f%s%.*f %s", places, static_cast<double>(done) / scale, in.of,
+                  places, static_cast<double>(total) / scale, in.units[unit]);
+    return text.data();
+}
+
+// Coarse, so that it does not change at every look.
+std::string estimate(seconds left) {
+    const words& in = current_words();
+    const auto count = left.count();
+    std::string text;
+    if (count < 60) {
+        text = std::to_string(std::max<int64_t>(5, (count + 4) / 5 * 5)) + in.seconds;
+    } else {
+        const auto minutes = (count + 30) / 60;
+        if (minutes >= 60) text = std::to_string(minutes / 60) + in.hours;
+        text += std::to_string(minutes % 60) + in.minutes;
+    }
+    return in.before + text + in.after;
+}
+
+} // namespace
+
+milliseconds transfer_progress::steady_clock() {
+    return std::chrono::duration_cast<milliseconds>(std::chrono::steady_clock::now().time_since_epoch());
+}
+
+void transfer_progress::begin(uint64_t total) {
+    total_ = total;
+    done_ = measured_ = 0;
+    pace_ = 0;
+    begun_ = measured_at_ = now_();
+    shown_at_ = begun_ - between_looks;
+}
+
+void transfer_progress::add(uint64_t bytes) {
+    done_ += bytes;
+    measure();
+}
+
+void transfer_progress::measure() {
+    const milliseconds now = now_(), since = now - measured_at_;
+    if (since < between_measurements) return;
+    const double pace = static_cast<double>(done_ - measured_) / static_cast<double>(since.count());
+    // The longer the time, the more it counts.
+    const double kept = pace_ > 0 ? std::exp(-static_cast<double>(since.count()) / 5000) : 0;
+    pace_ = kept * pace_ + (1 - kept) * pace;
+    measured_ = done_;
+    measured_at_ = now;
+}
+
+bool transfer_progress::is_due() {
+    const milliseconds now = now_();
+    if (now - shown_at_ < between_looks) return false;
+    shown_at_ = now;
+    return true;
+}
+
+unsigned transfer_progress::percent() const {
+    if (total_ == 0) return 0;
+    return static_cast<unsigned>(100 * static_cast<double>(std::min(done_, total_)) /
+                                 static_cast<double>(total_));
+}
+
+std::optional<seconds> transfer_progress::time_left() const {
+    if (measured_at_ - begun_ < first_estimate || pace_ <= 0 || done_ >= total_) return std::nullopt;
+    const double left = static_cast<double>(total_ - done_) / pace_ / 1000;
+    if (left > 100 * 3600.0) return std::nullopt; // it stands still
+    return seconds(static_cast<int64_t>(std::ceil(left)));
+}
+
+std::string transfer_progress::text() const {
+    std::string text = amounts(std::min(done_, total_), total_);
+    if (const auto left = time_left()) text += "  " + estimate(*left);
+    return text;
+}
+
+} // namespace vestra::shell
