@@ -5,6 +5,8 @@
 #include <unordered_set>
 
 #include "apps/vestra_resave/data_set_files.h"
+#include "apps/vestra_resave/folder_files.h"
+#include "apps/vestra_resave/shortfalls.h"
 #include "apps/vestra_resave/verification.h"
 #include "apps/vestra_resave/words.h"
 #include "operations/project_context.h"
@@ -29,6 +31,12 @@ constexpr wide_view known_endings[] = {u"aih", u"ain", u"atx",     u"aux", u"aux
 // Indexes of one field, whose name is in front.
 constexpr wide_view field_indexes[] = {u".atx", u".ixs", u".mxs"};
 
+// Of a table, or its code page, what has the stem belongs to the shape file.
+bool is_table(const wide_string& path) {
+    const wide_string extension = folded(path_extension(path));
+    return extension == u".dbf" || extension == u".cpg";
+}
+
 bool is_same_content(const wide_string& source, const wide_string& target) {
     const placed_file pair{source, target};
     verification found;
@@ -37,69 +45,49 @@ bool is_same_content(const wide_string& source, const wide_string& target) {
     return found.differing.empty();
 }
 
-// Of a shape file's table all but what has its whole name belongs to the shape file.
-bool is_table(const wide_string& path) { return folded(path_extension(path)) == u".dbf"; }
-
-// Calls `visit` for each name that follows the whole name of the file, or the stem, with the length of what
-// it follows and whether it is of a known kind. Those that follow the stem are left out unless `with_stem`,
-// but for world files.
-template <class Visit>
-void visit_beside(const wide_string& path, const folder_files& files, bool with_stem, Visit visit) {
-    const wide_string name = path_file_name(path), stem = path_stem(path);
-    const auto rest_of = [](const wide_string& found, size_t length) {
-        return wide_view(found).substr(length + 1);
-    };
-    for (const wide_string& each : files.beginning_with(name)) {
-        const wide_view rest = rest_of(each, name.size());
-        visit(each, name.size(), is_known_companion(rest) || folded(wide_string(rest)) == u"xml");
-    }
-    if (is_table(path)) return;
-    for (const wide_string& ending : world_endings(path_extension(path)))
-        if (const wide_string* found = files.find(path_replace_extension(stem + u'.', ending)))
-            visit(*found, stem.size(), true);
-    if (!with_stem) return;
-    for (const wide_string& each : files.beginning_with(stem))
-        visit(each, stem.size(), is_known_companion(rest_of(each, stem.size())));
-}
-
 class companion_run {
 public:
-    companion_run(run_state& run, companion_choice which) : run_(run), which_(which) {
+    companion_run(run_state& run, companion_choice which, const source_elements& elements)
+        : run_(run), which_(which) {
+        for (const source_elements::row& each : elements.rows())
+            if (!each.file.empty()) owners_.try_emplace(path_key(each.file), &each.name);
         for (const placed_file& each : run.placement.placed) {
             if (each.old_path.empty()) continue;
-            placed_sources_.insert(path_key(each.old_path));
-            sources_.try_emplace(path_key(each.new_path), path_key(each.old_path));
+            placed_.add(each.old_path, each.new_path);
+            sources_.try_emplace(path_key(each.new_path), each.old_path);
         }
         for (const fact& each : run.report.facts()) // those are reported already
-            if (each.kind == fact_kind::copy_failed)
-                sources_.try_emplace(path_key(each.new_path), path_key(each.path));
+            if (each.kind == fact_kind::copy_failed) sources_.try_emplace(path_key(each.new_path), each.path);
     }
 
     // Of one copy. A file of the host itself has no companions.
     void bring_for(const placed_file& copy) {
         if (copy.old_path.empty() || path_extension(copy.old_path).starts_with(u"._")) return;
         if (!path_exists(copy.new_path)) return;
+        const auto owner = owners_.find(path_key(copy.old_path));
+        const current_element current(run_.report, owner == owners_.end() ? element_name() : *owner->second);
         const wide_string head = path_head(copy.old_path), new_head = path_head(copy.new_path);
         const folder_files& files = folders_.files_of(head);
         const wide_string name = path_file_name(copy.old_path), stem = path_stem(copy.old_path);
         const wide_string new_name = path_file_name(copy.new_path), new_stem = path_stem(copy.new_path);
         const auto bring_behind = [&](const wide_string& found, size_t length) {
-            const wide_string& begins = length == name.size() ? new_name : new_stem;
-            bring(head + found, new_head, begins + found.substr(length));
+            bring(head + found, new_head,
+                  (length == stem.size() ? new_stem : new_name) + found.substr(length));
         };
-        const bool is_new = !is_table(copy.old_path) &&
-                            seen_.insert(path_key(head + stem) + u'|' + path_key(new_head + new_stem)).second;
-        visit_beside(copy.old_path, files, is_new, [&](const wide_string& found, size_t length, bool known) {
-            if (known || (which_ == companion_choice::all && !is_placed(head + found)))
-                bring_behind(found, length);
-        });
-        if (!is_new) return;
-        for (const wide_string& each : listed_by_format(copy.old_path, files.beginning_with(stem)))
-            bring_behind(each, stem.size());
+        const bool has_stem =
+            !is_table(copy.old_path) &&
+            seen_.insert(path_key(head + stem) + u'|' + path_key(new_head + new_stem)).second;
+        for (const companion_name& each : companions_of(files, copy.old_path, has_stem))
+            if (each.is_known || (which_ == companion_choice::all && !is_placed(head + each.name)))
+                bring_behind(each.name, each.begins);
+        if (!has_stem) return;
+        std::vector<wide_string> near = files.belonging_to(name, stem);
+        if (const wide_string* const bare = files.find(stem)) near.push_back(*bare); // as ERS headers have it
+        for (const wide_string& each : listed_by_format(copy.old_path, near)) bring_behind(each, stem.size());
     }
 
 private:
-    bool is_placed(const wide_string& path) const { return placed_sources_.contains(path_key(path)); }
+    bool is_placed(const wide_string& path) const { return placed_.find(path); }
 
     // Those of `near` that the format of the file counts among its files, and nothing else brings. The format
     // is asked only if there are any files left.
@@ -123,11 +111,14 @@ private:
 
     void bring(const wide_string& source, const wide_string& folder, wide_string name) {
         if (run_.options.lower_case) platform::lower_in_place(name);
-        const wide_string target = folder + name, key = path_key(target);
-        const auto [row, is_new] = sources_.try_emplace(key, path_key(source));
-        if (!is_new && row->second == path_key(source)) return;
+        const wide_string target = folder + name;
+        const auto [row, is_new] = sources_.try_emplace(path_key(target), source);
+        if (!is_new && is_same_source(row->second, source)) return;
         if (path_exists(target)) {
-            if (!is_same_content(source, target)) refuse(source, target, platform::failure::taken);
+            if (is_same_content(source, target))
+                run_.placement.register_placed(source, target); // not made by the run, so no stop erases it
+            else
+                refuse(source, target, platform::failure::taken);
         } else if (run_.guard.claims_family(target)) {
             refuse(source, target, platform::outcome::because(u"it would belong to the source project"));
         } else if (const auto copied = platform::current_system().copy_file(source, target, false); !copied) {
@@ -138,14 +129,19 @@ private:
         }
     }
 
+    static bool is_same_source(const wide_string& one, const wide_string& other) {
+        return one == other || (path_same(one, other) && platform::operating_system().same_file(one, other));
+    }
+
     void refuse(const wide_string& source, const wide_string& target, const platform::outcome& why) {
         run_.report.add_copy_error(source, target, why);
     }
 
     run_state& run_;
     const companion_choice which_;
-    std::unordered_set<wide_string> placed_sources_;       // path keys
-    std::unordered_map<wide_string, wide_string> sources_; // path keys, by that of the target
+    placed_files placed_;                                         // by the run
+    std::unordered_map<wide_string, wide_string> sources_;        // by the path key of the target
+    std::unordered_map<wide_string, const element_name*> owners_; // by the path key of their file
     listed_folders folders_;
     std::unordered_set<wide_string> seen_; // pairs of old and new place without extension
 };
@@ -169,14 +165,34 @@ std::vector<wide_string> world_endings(wide_view extension) {
     return {wide_string{text.front(), text.back(), u'w'}, text + u'w'};
 }
 
+std::vector<companion_name> companions_of(const folder_files& files, const wide_string& path, bool has_stem) {
+    const wide_string name = path_file_name(path), stem = path_stem(path);
+    std::vector<companion_name> found;
+    const auto add_behind = [&](const wide_string& beginning, bool is_description) {
+        for (const wide_string& each : files.belonging_to(name, beginning)) {
+            const wide_view rest = wide_view(each).substr(beginning.size() + 1);
+            const bool is_known =
+                is_known_companion(rest) || (is_description && folded(wide_string(rest)) == u"xml");
+            found.push_back({each, beginning.size(), is_known});
+        }
+    };
+    // A file that has the whole name of another one in front can be its description.
+    add_behind(name, true);
+    if (is_table(path)) return found;
+    for (const wide_string& ending : world_endings(path_extension(path)))
+        if (const wide_string* world = files.find(path_replace_extension(stem + u'.', ending)))
+            found.push_back({*world, stem.size()});
+    if (has_stem && stem != name) add_behind(stem, false);
+    return found;
+}
+
 std::vector<wide_string> family_of(const wide_string& path, const folder_files& files) {
     std::vector<wide_string> all;
     const auto add = [&](const wide_string& found) {
         if (std::ranges::find(all, found) == all.end()) all.push_back(found);
     };
-    visit_beside(path, files, true, [&](const wide_string& found, size_t, bool known) {
-        if (known) add(found);
-    });
+    for (const companion_name& each : companions_of(files, path, true))
+        if (each.is_known) add(each.name);
     // And those that the bundle copies by name.
     std::vector<wide_string> others = partners_of(path);
     others.push_back(projection_file_name(path));
@@ -192,11 +208,11 @@ std::vector<wide_string> family_of(const wide_string& path, const folder_files& 
     return all;
 }
 
-run_result bring_companions(project_context& run, companion_choice which,
+run_result bring_companions(project_context& run, companion_choice which, const source_elements& elements,
                             const std::vector<wide_string>& source_paths, run_result result) {
     for (const wide_string& path : source_paths) run.guard.add(path);
     if (which == companion_choice::none || result.end != run_end::done || !result.written) return result;
-    companion_run all(run, which);
+    companion_run all(run, which, elements);
     const size_t count = run.placement.placed.size(); // those that come along have none of their own
     run.progress.start(static_cast<uint32_t>(count));
     run.progress.set_caption(platform::from_utf8(say("Copying companions")));

@@ -1,7 +1,6 @@
 #include "apps/vestra_resave/data_set_files.h"
 
 #include <algorithm>
-#include <filesystem>
 #include <pugixml.hpp>
 
 #include "apps/vestra_resave/file_content.h"
@@ -47,7 +46,37 @@ bool is_relative(const pugi::xml_node& source, std::string_view text) {
     return !text.starts_with('/') && !text.starts_with('\\') && text.find(':') == std::string_view::npos;
 }
 
-// What a virtual data set names, whether it exists or not.
+// The first bytes of a file; empty if it cannot be read.
+std::string beginning_of(const wide_string& path) {
+    std::string first(1024, '\0');
+    size_t count = 0;
+    std::unique_ptr<platform::file> file;
+    if (!platform::current_system().open(path, platform::access::read, platform::disposition::open_existing,
+                                         file) ||
+        !file->read(first.data(), first.size(), count))
+        return {};
+    first.resize(count);
+    return first;
+}
+
+bool is_virtual(std::string_view beginning) {
+    return beginning.find("<VRTDataset") != std::string_view::npos ||
+           beginning.find("<OGRVRTDataSource") != std::string_view::npos;
+}
+
+// The data file of an ERS header: next to it, and without its extension unless it says otherwise.
+void add_ers_data(const wide_string& path, std::vector<data_set_files::needed>& files) {
+    std::string text;
+    if (!read_text(path, text)) return;
+    wide_string name = path_stem(path);
+    if (const size_t word = text.find("DataFile"); word != std::string::npos) {
+        const std::string line = text.substr(word, text.find_first_of("\r\n", word) - word);
+        const size_t first = line.find('"'), last = line.rfind('"');
+        if (first != last) name = platform::from_utf8(line.substr(first + 1, last - first - 1));
+    }
+    files.push_back({path_head(path) + path_file_name(name)});
+}
+
 void add_virtual_sources(const wide_string& path, std::vector<data_set_files::needed>& files) {
     std::string text;
     pugi::xml_document document;
@@ -90,7 +119,9 @@ data_set_files files_of_data_set(const wide_string& path) {
     if (all.is_empty) return all;
     if (!is_folder)
         for (wide_string& partner : partners_of(path)) all.files.push_back({std::move(partner)});
-    if (!is_folder && has_extension(path, u".vrt")) add_virtual_sources(path, all.files);
+    const std::string beginning = is_folder ? std::string() : beginning_of(path);
+    if (is_virtual(beginning)) add_virtual_sources(path, all.files);
+    if (beginning.starts_with("DatasetHeader Begin")) add_ers_data(path, all.files);
     std::vector<wide_string> listed;
     if (!data_source_files(path, listed)) all.unread = read_error_of(path);
     for (wide_string& file : listed) all.files.push_back({std::move(file)});
@@ -102,17 +133,49 @@ data_set_files files_of_data_set(const wide_string& path) {
     return all;
 }
 
-bool leads_out(const wide_string& folder, const wide_string& path) {
+std::vector<data_set_files::needed> virtual_sources(const wide_string& path) {
+    std::vector<data_set_files::needed> files;
+    if (is_virtual(beginning_of(path))) add_virtual_sources(path, files);
+    return files;
+}
+
+folder_walls::folder_walls(const wide_string& folder)
+    : folder_(platform::native_path(path_normalise(folder)).lexically_normal()) {
+    std::error_code unknown;
+    home_ = std::filesystem::canonical(folder_, unknown);
+    if (unknown) home_.clear();
+}
+
+bool folder_walls::leads_out(const wide_string& path) const {
     std::error_code unknown;
     const auto whole = std::filesystem::canonical(platform::native_path(path), unknown);
-    if (unknown) return false; // what cannot be reached is missing
-    const auto home = std::filesystem::canonical(platform::native_path(folder), unknown);
-    if (unknown) return false;
-    if (std::ranges::mismatch(home, whole).in1 == home.end()) return false;
+    if (unknown || home_.empty()) return false; // what cannot be reached is missing
+    if (std::ranges::mismatch(home_, whole).in1 == home_.end()) return false;
     // It may be spelled in other letters, where these do not count.
     for (auto level = whole.parent_path(); level != level.parent_path(); level = level.parent_path())
-        if (std::filesystem::equivalent(level, home, unknown)) return false;
+        if (std::filesystem::equivalent(level, home_, unknown)) return false;
     return true;
+}
+
+bool folder_walls::is_bound(const wide_string& path) const {
+    constexpr int most_links = 40; // more of them form a ring
+    std::error_code unknown;
+    std::filesystem::path rest = platform::native_path(path).lexically_normal().lexically_relative(folder_);
+    std::filesystem::path way;
+    for (int links = 0; !rest.empty() && links < most_links;) {
+        if (*rest.begin() == "..") return links > 0;
+        way /= *rest.begin();
+        std::filesystem::path behind;
+        for (auto piece = std::next(rest.begin()); piece != rest.end(); ++piece) behind /= *piece;
+        rest = std::move(behind);
+        if (!std::filesystem::is_symlink(folder_ / way, unknown)) continue;
+        const auto target = std::filesystem::read_symlink(folder_ / way, unknown);
+        if (target.is_absolute()) return true;
+        rest = (way.parent_path() / target / rest).lexically_normal();
+        way.clear();
+        ++links;
+    }
+    return false;
 }
 
 } // namespace vestra::command

@@ -140,6 +140,15 @@ element tos_tables(vs_toss_data* all) {
     return shown;
 }
 
+// What has no unit takes no part in a resave, so nothing can leave it out. A layer that no one resaves has
+// none either, and can be left out of what the run reports.
+void keep_without_unit(std::vector<element>& elements, project_context& context) {
+    for (element& each : elements) {
+        if (each.kind != "layer" && !context.units.find(each.uuid)) each.selectable = false;
+        keep_without_unit(each.children, context);
+    }
+}
+
 } // namespace
 
 void refer_to(element& shown, wide_string reference) {
@@ -176,6 +185,7 @@ std::vector<element> elements_of(project_context& context) {
     const uint32_t plugins = vs_prj_get_plugin_scns_2d_count(project);
     for (uint32_t index = 0; index < plugins; ++index)
         all.push_back(flat_scenes("sheet", vs_prj_get_plugin_scns_2d_ptr(project, index)));
+    keep_without_unit(all, context);
     std::ranges::move(kept_by_services(context), std::back_inserter(all));
     return all;
 }

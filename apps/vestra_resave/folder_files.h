@@ -18,12 +18,18 @@ public:
 
     // Those that begin with this text and a dot.
     const std::vector<wide_string>& beginning_with(const wide_string& text) const;
-    // The spelling of a name; null if there is no such file.
+    // Those of them that belong to the file of this name, whose name or stem the text is. Of names that
+    // differ in letter case alone the one that begins exactly so; where the file itself has such a twin, no
+    // others.
+    std::vector<wide_string> belonging_to(const wide_string& name, const wide_string& text) const;
+    // The spelling of a name, the very one if there is a choice; null if there is no such file.
     const wide_string* find(const wide_string& name) const;
+    // True if the names of several files differ from this one in letter case alone, or not at all.
+    bool has_twin(const wide_string& name) const;
 
 private:
     std::unordered_map<wide_string, std::vector<wide_string>> by_beginning_;
-    std::unordered_map<wide_string, wide_string> spellings_;
+    std::unordered_map<wide_string, std::vector<wide_string>> spellings_; // by the folded name
 };
 
 // Lists each folder once. What it returns is valid as long as this object.

@@ -45,10 +45,13 @@ bool add_entries(const ordered_json& list, const wide_string& folder, std::vecto
     return true;
 }
 
-// Nothing if it is no manifest. With `all` what is no longer referred to, too.
-std::optional<std::vector<entry>> entries_of(const std::string& text, const wide_string& folder, bool all) {
+// Nothing if it is no manifest of this project. With `all` what is no longer referred to, too.
+std::optional<std::vector<entry>> entries_of(const std::string& text, const wide_string& project, bool all) {
     const auto manifest = ordered_json::parse(text, nullptr, false);
-    if (!manifest.is_object() || !manifest.contains("files") || !manifest["files"].is_array())
+    const wide_string folder = path_head(project);
+    if (!manifest.is_object() || !manifest.contains("files") || !manifest["files"].is_array() ||
+        !manifest.contains("project") || !manifest["project"].is_string() ||
+        !path_same(platform::from_utf8(manifest["project"].get<std::string>()), path_file_name(project)))
         return std::nullopt;
     std::vector<entry> entries;
     if (!add_entries(manifest["files"], folder, entries)) return std::nullopt;
@@ -146,9 +149,10 @@ private:
 
 // True if another file has the name, which is not to be lost.
 bool is_in_the_way(run_state& run, const wide_string& path) {
-    if (run.guard.protects(path)) return true;
+    if (run.guard.protects(path) || run.placement.made.is_copy(path)) return true;
     std::string text;
-    return path_exists(path) && (!read_text(path, text) || !entries_of(text, {}, false));
+    return path_exists(path) &&
+           (!read_text(path, text) || !entries_of(text, run.placement.new_project_path, false));
 }
 
 const char* difference_of(const entry& wanted, const std::function<bool()>& is_stopped,
@@ -185,7 +189,7 @@ std::vector<problem> write_manifest(run_state& run, continuation& earlier,
 bool read_manifest(const wide_string& project, std::vector<earlier_file>& files) {
     std::string text;
     if (!read_text(manifest_path(project), text)) return false;
-    auto entries = entries_of(text, path_head(project), true);
+    auto entries = entries_of(text, project, true);
     if (entries) files = std::move(*entries);
     return entries.has_value();
 }
@@ -197,8 +201,8 @@ std::optional<refusal> compare_with_manifest(const wide_string& project,
     std::string text;
     if (const platform::outcome read = read_text(path, text); !read)
         return refusal{wrong_use, {{own_kind::unreadable, {}, path, {}, read.text()}}};
-    const auto entries = entries_of(text, path_head(project), false);
-    if (!entries) return refused(path, say("is no manifest"));
+    const auto entries = entries_of(text, project, false);
+    if (!entries) return refused(path, say("is no manifest of this project"));
     uint64_t bytes = 0;
     for (const entry& each : *entries) bytes += each.bytes;
     begins(bytes);

@@ -4,9 +4,14 @@
 #include <array>
 #include <cctype>
 #include <cmath>
+#include <deque>
 #include <map>
 #include <set>
+#include <unordered_map>
+#include <unordered_set>
 
+#include "apps/vestra_resave/companions.h"
+#include "apps/vestra_resave/folder_files.h"
 #include "apps/vestra_resave/resave_report.h"
 #include "apps/vestra_resave/words.h"
 #include "operations/project_context.h"
@@ -14,6 +19,10 @@
 #include "platform/path_text.h"
 #include "platform/system.h"
 #include "platform/text.h"
+#include "platform/volumes.h"
+#include "reference_host/api/handles.h"
+#include "reference_host/files/files.h"
+#include "reference_host/files/references.h"
 
 namespace vestra::command {
 
@@ -21,24 +30,65 @@ using namespace vs::project_resave;
 
 namespace {
 
-using path_sets = std::map<wide_string, std::set<wide_string>>;
+// Collects the paths that nothing is found at, by the drive or share that is not there.
+class absent_drives {
+public:
+    explicit absent_drives(const selection_register& selection) : selection_(selection) {}
 
-// The paths of what is selected, by the drive or share that is not there.
-void collect_missing(const std::vector<element>& elements, const selection_register& selection,
-                     std::map<wide_string, bool>& known, path_sets& missing) {
-    for (const element& each : elements) {
-        if (!selection.is_selected(each.uuid)) continue;
-        collect_missing(each.children, selection, known, missing);
-        const auto path = path_in(each.file);
-        if (!path || each.exists.value_or(true)) continue;
+    void add(const std::vector<element>& elements, bool is_out = false) {
+        for (const element& each : elements) {
+            const bool is_each_out = is_out || !selection_.is_selected(each.uuid);
+            if (is_each_out && !each.uuid.empty()) left_out_.insert(each.uuid);
+            add(each.children, is_each_out);
+            if (!is_each_out && !each.exists.value_or(true)) add(each.file);
+        }
+    }
+
+    // The references of what is selected, those of the scenes that its maps show among them.
+    void add(const project& all) {
+        files::visit_references(all, [&](const files::held_reference& held) {
+            if (left_out_.contains(held.holder->id.text())) return;
+            add(held.text);
+            if (held.is_scene) add_scene(held.text);
+        });
+        for (; !scenes_.empty(); scenes_.pop_front()) {
+            scene one(dimension::flat);
+            if (files::read_scene(scenes_.front(), one)) continue; // the run reports it
+            files::visit_references(one, "scene", [&](const files::held_reference& held) {
+                add(held.text);
+                if (held.is_scene) add_scene(held.text);
+            });
+        }
+    }
+
+    // Path keys, by the key of the drive or share.
+    const std::map<wide_string, std::set<wide_string>>& missing() const { return missing_; }
+
+private:
+    void add(wide_view reference) {
+        const auto path = path_in(reference);
+        if (!path) return;
         const wide_string top = path_key(path->substr(0, path_fixed_length(*path)));
-        if (top.size() < 2) continue; // neither a drive nor a share
-        const auto [row, is_new] = known.try_emplace(top, false);
+        if (top.size() < 2) return; // neither a drive nor a share
+        const auto [row, is_new] = known_.try_emplace(top, false);
         if (is_new)
             row->second = platform::current_system().kind_of(top + u'\\') == platform::entry_kind::folder;
-        if (!row->second) missing[top].insert(path_key(*path));
+        if (!row->second) missing_[top].insert(path_key(*path));
     }
-}
+
+    void add_scene(wide_view reference) {
+        const auto path = path_in(reference);
+        if (path && path_exists(*path) && seen_scenes_.insert(path_key(*path)).second)
+            scenes_.push_back(*path);
+    }
+
+    const selection_register& selection_;
+    std::unordered_set<wide_string> left_out_; // uuids
+    std::map<wide_string, bool> known_;        // whether the drive or share is there
+    std::map<wide_string, std::set<wide_string>> missing_;
+    std::deque<wide_string> scenes_; // still to be read
+    std::unordered_set<wide_string> seen_scenes_;
+};
 
 // A name of this length, which nobody has. Names are limited in their bytes, here as in most file systems.
 wide_string probe_name(size_t bytes) {
@@ -60,13 +110,64 @@ platform::outcome try_name(const wide_string& folder, const wide_string& name) {
     return created ? removed : created;
 }
 
-wide_string longest_name(const project_context& context) {
-    wide_string longest;
-    for (const wide_string& path : context.sizes.known_paths())
-        if (const wide_string name = path_file_name(path);
-            platform::to_utf8(name).size() > platform::to_utf8(longest).size())
-            longest = name;
-    return longest;
+// What one set of files and its companions take on the disk, each file once.
+class needed_space {
+public:
+    explicit needed_space(companion_choice which) : which_(which) {}
+
+    double bytes = 0;
+    wide_string longest_name;
+
+    void add(const std::vector<size_register::counted_file>& files) {
+        std::unordered_map<wide_string, std::vector<wide_string>> seen; // spellings, by path key
+        std::unordered_set<wide_string> stems, companions;
+        for (const auto& each : files) {
+            auto& known = seen[path_key(each.path)];
+            // Names that differ in letter case alone can be two files.
+            if (std::ranges::any_of(known, [&](const wide_string& other) {
+                    return platform::current_system().same_file(each.path, other);
+                }))
+                continue;
+            known.push_back(each.path);
+            bytes += each.size_kb * 1024;
+            note_name(path_file_name(each.path));
+        }
+        if (which_ == companion_choice::none) return;
+        for (const auto& each : files) {
+            const wide_string head = path_head(each.path);
+            const bool has_stem = stems.insert(path_key(head + path_stem(each.path))).second;
+            for (const companion_name& found : companions_of(folders_.files_of(head), each.path, has_stem)) {
+                const wide_string path = head + found.name;
+                if (!found.is_known && which_ != companion_choice::all) continue;
+                if (seen.contains(path_key(path)) || !companions.insert(path_key(path)).second) continue;
+                bytes += static_cast<double>(platform::operating_system().file_size(path));
+                note_name(found.name);
+            }
+        }
+    }
+
+    void note_name(const wide_string& name) {
+        if (platform::to_utf8(name).size() > platform::to_utf8(longest_name).size()) longest_name = name;
+    }
+
+private:
+    const companion_choice which_;
+    listed_folders folders_;
+};
+
+// With a folder for each scene, what several scenes have is copied for each of them, and nothing else is.
+needed_space space_for(const resave_request& request, const project_context& context,
+                       const source_elements& source) {
+    needed_space all(request.companions);
+    all.note_name(path_file_name(platform::drive_path(request.new_project)) + u".new1");
+    if (request.settings.structure_variant != folder_per_scene) {
+        all.add(context.sizes.counted_files());
+        return all;
+    }
+    for (const source_elements::row& each : source.rows())
+        if (each.kind == "scene" && !source.is_left_out(each.name.uuid))
+            all.add(context.sizes.counted_files(each.name.uuid));
+    return all;
 }
 
 std::optional<refusal> not_saved_for(problem found) { return refusal{not_saved, {std::move(found)}}; }
@@ -88,11 +189,11 @@ wide_view fault_in_name(const wide_string& name) {
 
 } // namespace
 
-std::optional<refusal> refuse_missing_drives(const std::vector<element>& elements,
-                                             const selection_register& selection) {
-    std::map<wide_string, bool> known;
-    path_sets missing;
-    collect_missing(elements, selection, known, missing);
+std::optional<refusal> refuse_missing_drives(const std::vector<element>& elements, project_context& context) {
+    absent_drives drives(context.selection);
+    drives.add(elements);
+    drives.add(*api::to_model(context.project_handle()));
+    const auto& missing = drives.missing();
     if (missing.empty()) return std::nullopt;
     refusal early;
     for (const auto& [top, paths] : missing) {
@@ -112,17 +213,19 @@ std::optional<refusal> refuse_missing_drives(const std::vector<element>& element
     return early;
 }
 
-std::optional<refusal> refuse_target(const wide_string& folder, project_context& context, bool checks_space) {
+std::optional<refusal> refuse_target(const wide_string& folder, const resave_request& request,
+                                     const project_context& context, const source_elements& source) {
     if (const platform::outcome created = try_name(folder, probe_name(0)); !created)
         return not_saved_for({own_kind::not_writable, {}, {}, as_on_disk(folder), created.text()});
-    const wide_string longest = longest_name(context);
+    const needed_space space = space_for(request, context, source);
+    const wide_string& longest = space.longest_name;
     const size_t bytes = platform::to_utf8(longest).size();
     if (const platform::outcome created = try_name(folder, probe_name(bytes)); !created)
         return not_saved_for(
             {own_kind::name_too_long, {}, {}, path_join(as_on_disk(folder), longest), created.text()});
     uint64_t free = 0;
-    const auto needed = static_cast<uint64_t>(std::ceil(context.sizes.total_kb() * 1024));
-    if (!checks_space || !platform::current_system().free_space(folder, free) || needed <= free)
+    const auto needed = static_cast<uint64_t>(std::ceil(space.bytes));
+    if (request.ignore_space || !platform::current_system().free_space(folder, free) || needed <= free)
         return std::nullopt;
     return not_saved_for(
         {own_kind::too_little_space,

@@ -36,7 +36,7 @@ constexpr kind_words all_kinds[] = {
     {"not_read", "could not be read, so the files it refers to were not copied"},
     {"not_written", "could not be written"},
     {"type_not_resaved", "layers of this type are not resaved"},
-    {"reads_other", "its copy %1 still reads another file by the old name"},
+    {"reads_other", "its copy %1 reads a file that is not its own"},
     {"join_kept", "still joined to the original table"},
     {"selection_not_settled", "elements that others refer to were still being added when the search ended"},
     {"not_erased", "could not be erased"},

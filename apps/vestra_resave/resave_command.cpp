@@ -103,7 +103,7 @@ std::optional<refusal> prepare(session& host, const resave_request& request, con
         early.problems.push_back(refused({}, line).problems.front());
     if (!early.problems.empty()) return early;
     if (!request.allow_missing_drives)
-        if (auto missing = refuse_missing_drives(elements, context.selection)) return missing;
+        if (auto missing = refuse_missing_drives(elements, context)) return missing;
     return protect_project_files({target}, context);
 }
 
@@ -139,7 +139,7 @@ ended_run run(session& host, const resave_request& request, const common_options
         return {std::move(early), {}, {}};
     }
     earlier.put_in_force(context, trial);
-    auto early = refuse_target(folder, context, !request.ignore_space);
+    auto early = refuse_target(folder, request, context, source);
     if (!early) early = earlier.begin_journal();
     if (early) {
         earlier.abandon();
@@ -152,7 +152,7 @@ ended_run run(session& host, const resave_request& request, const common_options
     shell::settings().refused_writes.clear();
     const std::vector<wide_string> source_paths = context.sizes.known_paths();
     const run_result result =
-        bring_companions(context, request.companions, source_paths,
+        bring_companions(context, request.companions, source, source_paths,
                          resave_shown(host, settings, !trial && request.mode == run_mode::anew));
     std::vector<problem> problems = host.problems();
     // What is left out on purpose is missed by nobody.

@@ -141,11 +141,11 @@ bool keep_only(const element& each, const std::unordered_set<const element*>& wa
     return holds_wanted;
 }
 
-bool is_any_selected(const std::vector<element>& elements, const selection_register& selection) {
-    return std::ranges::any_of(elements, [&](const element& each) {
-        return (each.selectable && selection.is_selected(each.uuid)) ||
-               is_any_selected(each.children, selection);
-    });
+// True if the element, or anything below it, can be left out and is not.
+bool is_any_selected(const element& each, const selection_register& selection) {
+    return (each.selectable && selection.is_selected(each.uuid)) ||
+           std::ranges::any_of(each.children,
+                               [&](const element& child) { return is_any_selected(child, selection); });
 }
 
 } // namespace
@@ -165,7 +165,13 @@ std::vector<std::string> apply(const selection_request& request, const std::vect
     if (!wanted.empty())
         for (const element& each : elements) keep_only(each, wanted, selection);
     for (const element* each : unwanted) leave_out(*each, selection);
-    if (!is_any_selected(elements, selection)) complaints.push_back(say("nothing is left to be resaved"));
+    const bool is_any_left =
+        wanted.empty()
+            ? std::ranges::any_of(elements,
+                                  [&](const element& each) { return is_any_selected(each, selection); })
+            : std::ranges::any_of(wanted,
+                                  [&](const element* each) { return is_any_selected(*each, selection); });
+    if (!is_any_left) complaints.push_back(say("nothing is left to be resaved"));
     return complaints;
 }
 

@@ -2,12 +2,15 @@
 
 #include <algorithm>
 
+#include "apps/vestra_resave/data_set_files.h"
 #include "apps/vestra_resave/folder_files.h"
 #include "apps/vestra_resave/session.h"
 #include "apps/vestra_resave/words.h"
 #include "operations/project_context.h"
 #include "platform/path_text.h"
 #include "platform/text.h"
+#include "platform/volumes.h"
+#include "reference_host/datasets/gdal_source.h"
 
 namespace vestra::command {
 
@@ -45,25 +48,36 @@ class neighbourhood {
 public:
     // A file of an element is accounted for as such.
     neighbourhood(const source_elements& source, const resave_report& report) {
-        for (const source_elements::row& each : source.rows()) taken_.insert(path_key(each.file));
+        for (const source_elements::row& each : source.rows()) take(each.file);
         for (const auto* files : {&report.copies, &report.files})
             for (const copied_file& each : *files)
-                for (const wide_string& path : {each.source, each.target}) taken_.insert(path_key(path));
+                for (const wide_string& path : {each.source, each.target}) take(path);
         for (const problem& each : report.problems)
-            if (each.kind == name_of(fact_kind::copy_failed)) taken_.insert(path_key(each.path));
+            if (each.kind == name_of(fact_kind::copy_failed)) take(each.path);
     }
 
     void add_to(resave_report& report, const wide_string& copied) {
-        const wide_string head = path_head(copied),
-                          reason = platform::from_utf8(say("it is next to %1", {printed(copied)}));
-        for (const wide_string& name : folders_.files_of(head).beginning_with(path_stem(copied)))
-            if (taken_.insert(path_key(head + name)).second)
+        const wide_string head = path_head(copied), stem = path_stem(copied);
+        if (!seen_.insert(path_key(head + stem)).second) return;
+        const wide_string reason = platform::from_utf8(say("it is next to %1", {printed(copied)}));
+        const folder_files& files = folders_.files_of(head);
+        for (const wide_string& name : files.beginning_with(stem))
+            if (take(head + name, files.has_twin(name)))
                 add(report, {own_kind::left_behind, {}, head + name, {}, reason});
     }
 
 private:
+    // True for the first time. A name that differs from another one in letter case alone is its own file.
+    bool take(const wide_string& path, bool has_twin = false) {
+        const bool is_new = taken_.insert(path_key(path)).second;
+        const bool is_new_spelling = spelled_.insert(path_key(path_head(path)) + path_file_name(path)).second;
+        return has_twin ? is_new_spelling : is_new;
+    }
+
     listed_folders folders_;
-    std::unordered_set<wide_string> taken_; // path keys of what is copied, or was to be, or is reported
+    // Of what is copied, or was to be, or is reported: path keys, and those with the name as it is spelled.
+    std::unordered_set<wide_string> taken_, spelled_;
+    std::unordered_set<wide_string> seen_; // path keys of folder and stem
 };
 
 void add_left_behind(const source_elements& source, const wide_string& new_project, resave_report& report) {
@@ -118,6 +132,72 @@ private:
     std::unordered_set<wide_string> copied_; // path keys
 };
 
+// Finds copies that read a file which is not the copy of what their source reads: one that another data set
+// brought under the same name, or that was there before.
+class foreign_files {
+public:
+    foreign_files(const path_placement& placement, resave_report& report) : report_(report) {
+        for (const placed_file& each : placement.placed)
+            if (!each.old_path.empty()) sources_.insert_or_assign(path_key(each.new_path), each.old_path);
+        for (const made_file& each : placement.made.files())
+            if (!each.source.empty()) sources_.insert_or_assign(path_key(each.path), each.source);
+        for (const problem& each : report.problems)
+            if (each.kind == name_of(fact_kind::reads_other))
+                known_.insert(key_of(each.new_path, each.reason));
+    }
+
+    void look_at(const element_name& element, const wide_string& copy,
+                 const std::vector<wide_string>& files) {
+        const wide_string* const source = source_of(copy);
+        if (!source) return;
+        std::vector<wide_string> strange = files;
+        std::erase_if(strange, [&](const wide_string& file) {
+            const wide_string* const from = source_of(file);
+            return from && is_next_to(*source, *from);
+        });
+        if (strange.empty()) return;
+        const auto own = files_read_by(*source), read = files_read_by(copy);
+        for (const wide_string& file : strange) {
+            const wide_string* const from = source_of(file);
+            const bool is_own = from && own.contains(path_key(*from));
+            const wide_string reason = platform::from_utf8(printed(file));
+            if (!is_own && read.contains(path_key(file)) && known_.insert(key_of(copy, reason)).second)
+                found_.push_back({name_of(fact_kind::reads_other), element, *source, copy, reason});
+        }
+    }
+
+    void report() {
+        for (problem& each : found_) add(report_, std::move(each));
+    }
+
+private:
+    const wide_string* source_of(const wide_string& path) const {
+        const auto row = sources_.find(path_key(path));
+        return row == sources_.end() ? nullptr : &row->second;
+    }
+
+    // A file with the same stem in the same folder is read by the source as well.
+    static bool is_next_to(const wide_string& source, const wide_string& other) {
+        const wide_string family = path_key(path_head(source) + path_stem(source)) + u'.';
+        return path_key(other).starts_with(family) && path_same(path_head(source), path_head(other));
+    }
+
+    // The path keys of what the data set names itself or its format knows. Where no format does, files of its
+    // stem pass for members, which nothing reads.
+    static std::unordered_set<wide_string> files_read_by(const wide_string& path) {
+        std::unordered_set<wide_string> keys;
+        for (const auto& each : virtual_sources(path)) keys.insert(path_key(each.path));
+        if (datasets::open_gdal_source(platform::native_path(path)))
+            for (const auto& each : files_of_data_set(path).files) keys.insert(path_key(each.path));
+        return keys;
+    }
+
+    resave_report& report_;
+    std::unordered_map<wide_string, wide_string> sources_; // by path key of the copy
+    std::unordered_set<wide_string> known_;
+    std::vector<problem> found_;
+};
+
 void add_uuids(const std::vector<element>& elements, std::unordered_set<wide_string>& all) {
     for (const element& each : elements) {
         all.insert(each.uuid);
@@ -168,11 +248,19 @@ void add_shortfalls(session& host, const source_elements& source, const resave_r
     }
     const auto is_stopped = [&] { return host.interrupted(); };
     verification& found = report.found;
+    foreign_files foreign(context.placement, report);
     if (const std::optional<refusal> early = host.load(project, false, false)) {
-        for (const problem& each : early->problems) add(report, each);
+        found.stopped = early->exit == stopped;
+        if (!found.stopped)
+            for (const problem& each : early->problems) add(report, each);
     } else {
         add_load_problems(host.reading_problems(), report);
-        verify(context, made, {}, is_stopped, found);
+        const auto look_at = [&](const element_name& element, const wide_string& path,
+                                 const std::vector<wide_string>& files) {
+            foreign.look_at(element, path, files);
+        };
+        verify(context, made, {.elsewhere = false, .on_data_set = look_at}, is_stopped, found);
+        foreign.report();
         astray_sorter(source, report).sort(std::exchange(found.astray, {}));
         add_dropped(source, context, reason, report);
     }

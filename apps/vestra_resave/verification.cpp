@@ -89,13 +89,13 @@ const wide_string depends_on_place = u"it would not be found if the project's fo
 class verifier {
 public:
     verifier(const verify_settings& settings, const std::function<bool()>& is_stopped, verification& found)
-        : file_(found.project), home_(path_head(file_)), below_(path_key(home_) + u'\\'),
+        : file_(found.project), home_(path_head(file_)), below_(path_key(home_) + u'\\'), walls_(home_),
           place_(home_, settings.elsewhere), below_place_(path_key(place_.folder()) + u'\\'),
-          elsewhere_(settings.elsewhere), is_stopped_(is_stopped), found_(found) {}
+          settings_(settings), is_stopped_(is_stopped), found_(found) {}
 
     void run(project_context& context, std::span<const wide_string> further) {
         project read_there;
-        if (elsewhere_ && !files::read_project(file_, read_there, place_.folder()))
+        if (settings_.elsewhere && !files::read_project(file_, read_there, place_.folder()))
             files::visit_references(read_there, visitor_);
         else
             files::visit_references(*api::to_model(context.project_handle()), visitor_);
@@ -160,13 +160,13 @@ private:
         const bool exists = exists_at(*path);
         if (is_scene && exists) add_file(*path);
         if (!report(who, *path, exists)) return;
-        if (!stays_below) add(own_kind::reference_outside, who, *path, depends_on_place);
+        if (!stays_below || is_bound(*path)) add(own_kind::reference_outside, who, *path, depends_on_place);
         if (!is_scene && !kind_of(*path)) check_data_set(who, *path);
     }
 
     // True if the file exists below the project's folder; else it is reported.
     bool report(const holder& who, const wide_string& path, bool exists) {
-        const bool is_linked = exists && is_below(path) && leads_out(home_, path);
+        const bool is_linked = exists && is_below(path) && walls_.leads_out(path);
         const bool is_outside = !is_below(path) || is_linked;
         if (!is_outside && exists) return true;
         const char* const one = exists ? own_kind::reference_outside : own_kind::reference_missing;
@@ -182,11 +182,18 @@ private:
         if (needs.is_empty) add(own_kind::reference_empty, who, path, {});
         if (!needs.unread.empty()) found_.astray.push_back(unreadable("file", path, needs.unread));
         const wide_string before = std::exchange(file_, path);
-        for (const auto& each : needs.files)
-            if (report(who, each.path, exists_at(each.path)) && each.is_whole && elsewhere_)
+        std::vector<wide_string> there;
+        for (const auto& each : needs.files) {
+            if (!report(who, each.path, exists_at(each.path))) continue;
+            there.push_back(each.path);
+            if ((each.is_whole && settings_.elsewhere) || is_bound(each.path))
                 add(own_kind::reference_outside, who, each.path, depends_on_place);
+        }
         file_ = before;
+        if (settings_.on_data_set) settings_.on_data_set(who.element, path, there);
     }
+
+    bool is_bound(const wide_string& path) const { return settings_.elsewhere && walls_.is_bound(path); }
 
     void add(const char* kind, const holder& who, const wide_string& path, const wide_string& reason) {
         found_.astray.push_back({kind, who.element, path, {}, reason, who.kind, file_});
@@ -199,9 +206,10 @@ private:
 
     wide_string file_; // in work
     const wide_string home_, below_;
+    const folder_walls walls_; // of the home
     const other_place place_;
     const wide_string below_place_;
-    const bool elsewhere_;
+    const verify_settings& settings_;
     const std::function<bool()>& is_stopped_;
     verification& found_;
     const files::reference_visitor visitor_ = [this](const held_reference& held) { check(held); };

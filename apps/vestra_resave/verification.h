@@ -27,6 +27,11 @@ struct verification {
 
 struct verify_settings {
     bool elsewhere = false; // as if the project's folder were on another disk, and nothing but it
+    // Called, unless empty, once for each data set below the project's folder, with the first element that
+    // refers to it and the files that exist of those it needs.
+    std::function<void(const vs::project_resave::element_name& element, const wide_string& path,
+                       const std::vector<wide_string>& files)>
+        on_data_set = {};
 };
 
 // Both add what they find, and ask `is_stopped` now and then.

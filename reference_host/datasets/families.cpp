@@ -58,9 +58,8 @@ public:
 
     std::size_t count() const { return names_.size(); }
 
-    // Those that have before their first dot what `name` has.
-    std::vector<wide_string> beginning_as(const wide_string& name) const {
-        const wide_string beginning = name.substr(0, name.find(u'.'));
+    // Those that are equal to `beginning` or go on with a dot.
+    std::vector<wide_string> beginning_with(const wide_string& beginning) const {
         auto next = std::ranges::lower_bound(names_, beginning, is_before);
         std::vector<wide_string> found;
         for (; next != names_.end() && is_same_name(*next, beginning); ++next) found.push_back(*next);
@@ -93,7 +92,7 @@ std::optional<file_list> shape_family(const wide_string& path) {
     if (!is_shape_file(path)) return std::nullopt;
     const wide_string folder = path_head(path), stem = stem_of(path);
     file_list files{path};
-    const std::vector<wide_string> near = names_in(folder).beginning_as(stem);
+    const std::vector<wide_string> near = names_in(folder).beginning_with(stem);
     for (const wide_view extension :
          {u".shx", u".dbf", u".cpg", u".prj", u".qix", u".sbn", u".sbx", u".shp.xml"}) {
         const wide_string name = stem + wide_string(extension);
@@ -119,7 +118,7 @@ file_list grid_family(const wide_string& path) {
 file_list same_stem_family(const wide_string& path) {
     const wide_string folder = path_head(path), own_name = path_file_name(path), stem = stem_of(path);
     file_list files{path};
-    for (const wide_string& name : names_in(folder).beginning_as(own_name))
+    for (const wide_string& name : names_in(folder).beginning_with(stem))
         if (!is_same_name(name, own_name) && is_same_name(stem_of(folder + name), stem))
             files.push_back(folder + name);
     return files;
@@ -129,7 +128,7 @@ std::optional<std::vector<wide_string>> near_names_in_large_folder(const wide_st
     constexpr std::size_t fair_size = 1000;
     const sorted_names& names = names_in(path_head(path));
     if (names.count() <= fair_size) return std::nullopt;
-    return names.beginning_as(path_file_name(path));
+    return names.beginning_with(stem_of(path));
 }
 
 } // namespace vestra::datasets

@@ -24,7 +24,7 @@ file_list grid_family(const wide_string& path);
 // its entries have changed.
 file_list same_stem_family(const wide_string& path);
 
-// The names in a large folder that begin as the file's does, up to the first dot. None for a folder of fair
+// The names in a large folder that begin with the file's stem. None for a folder of fair
 // size, which whoever looks for companions can read whole.
 std::optional<std::vector<wide_string>> near_names_in_large_folder(const wide_string& path);
 

@@ -160,6 +160,7 @@ TEST_F(resave_command, chooses_elements_by_pattern_type_group_and_loss) {
         {"--only type:none", "", 2, "no element is meant by \"type:none\""},
         {"--deselect '*.t?f' --deselect group:none", "", 2, "no element is meant by \"group:none\""},
         {"--only missing --deselect S", "", 2, "nothing is left to be resaved"},
+        {"--only missing --deselect missing", "", 2, "nothing is left to be resaved"},
     };
     for (const auto& row : rows) {
         clear_output();
@@ -226,7 +227,7 @@ TEST_F(resave_command, the_exit_code_tells_how_it_went_and_the_error_output_why)
         {a + "'N:/new/'", 2, {"needs a folder and a name"}},
         {a + "N:new._vp", 2, {"vestra-resave: N:new._vp: the new project needs a folder"}},
         {a + "'N:\\file\\new._vp'", 3, {"N:\\file: could not be created: "}},
-        {a + "'N:\\out\\" + string(300, 'x') + "' --quiet", 3, {": could not be written: "}},
+        {a + "'N:\\out\\" + string(300, 'x') + "' --quiet", 3, {": no file of this name can be created: "}},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.arguments);

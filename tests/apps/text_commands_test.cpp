@@ -16,6 +16,7 @@ class text_commands : public command_run {
 protected:
     text_commands() {
         write(u"C:\\data\\r.tif");
+        write(u"C:\\data\\r.tif.qml");
         builder.scene_2d(u"A").layer("rtr_lr2d", u"R", u"C:\\data\\r.tif").scene_2d(u"A").save(source);
         builder.clear();
         builder.scene_2d(u"A").layer("rtr_lr2d", u"R", u"C:\\Data\\r.tif").save(src(u"case._vp"));
@@ -51,6 +52,7 @@ TEST_F(text_commands, write_what_is_asked_for_or_say_why_not) {
          "torn._sn: could not be read: line 1: ", "written with problems: N:\\out\\t.txt\n", " t.txt"},
         {"structure 'C:\\none._vp' " + text, 2, "C:\\none._vp", "", ""},
         {structure + "'c:/prj/AREA._vp'", 2, "is the project itself and must not be written over", "", ""},
+        {structure + "'C:\\data\\r.tif.qml'", 2, "is a file of the project and must not be written", "", ""},
         {structure + folder, 2, "N:\\out: is a folder", "", ""},
         {structure + "'N:\\none\\t.txt'", 3, "N:\\none\\t.txt: could not be created: ", "", ""},
         {structure + "'N:\\out\\" + string(300, 'x') + "'", 3, ": could not be created: ", "", ""},

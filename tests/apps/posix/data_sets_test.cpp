@@ -247,5 +247,60 @@ TEST_F(data_sets, bring_along_what_their_databases_had_not_merged) {
     }
 }
 
+TEST_F(data_sets, that_read_what_is_not_theirs_are_reported) {
+    builder.clear();
+    builder.scene_2d(u"S");
+    for (const char* name : {"a", "b"}) {
+        fs::create_directories(native("c") / name);
+        make_raster("GTiff", (native("c") / name / "tile.tif").string());
+    }
+    for (const char* name : {"e.ers", "x.png"})
+        make_raster(name[0] == 'e' ? "ERS" : "PNG", (native("c") / "a" / name).string());
+    write(u"C:\\b\\m.tif", "<VRTDataset rasterXSize=\"4\" rasterYSize=\"4\"><VRTRasterBand dataType=\"Byte\" "
+                           "band=\"1\"><SimpleSource><SourceFilename relativeToVRT=\"1\">tile.tif"
+                           "</SourceFilename></SimpleSource></VRTRasterBand></VRTDataset>");
+    write(u"N:\\out\\rtr\\x.wld", "0.5\n0\n0\n-0.5\n30\n60\n");
+    for (const wide_string path : {u"b\\tile.tif", u"a\\tile.tif", u"b\\m.tif", u"a\\e.ers", u"a\\x.png"})
+        builder.layer("rtr_lr2d", path, u"C:\\" + path);
+    builder.save(source);
+    EXPECT_EQ(1, command("resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp' --json --quiet")) << err;
+    std::set<string> found;
+    const auto report = nlohmann::json::parse(out);
+    for (const auto& each : report.at("problems"))
+        found.insert(each.at("kind").get<string>() + " " + each.at("new_path").get<string>());
+    EXPECT_EQ((std::set<string>{"reads_other N:\\out\\rtr\\m.tif", "reads_other N:\\out\\rtr\\x.png"}), found)
+        << err;
+    EXPECT_EQ(0, command("verify 'N:\\out\\new._vp'")) << out;
+    fs::remove(native("n") / "out/rtr/e");
+    EXPECT_EQ(1, command("verify 'N:\\out\\new._vp'"));
+    EXPECT_TRUE(is_printed("N:\\out\\rtr\\e, in N:\\out\\rtr\\e.ers")) << out;
+}
+
+TEST_F(data_sets, that_differ_in_letter_case_alone_keep_their_own_companions) {
+    builder.clear();
+    builder.scene_2d(u"S");
+    fs::create_directories(native("c") / "t");
+    for (const string name : {"A", "a"}) {
+        for (const char* part : {".tif", ".prj", ".qml"})
+            std::ofstream(native("c") / "t" / (name + part)) << name; // `write` would take one for the other
+        builder.layer("rtr_lr2d", platform::from_utf8(name),
+                      u"C:\\t\\" + platform::from_utf8(name) + u".tif");
+    }
+    builder.save(source);
+    EXPECT_EQ(0, command("resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp' --json --quiet")) << err;
+    const auto files = nlohmann::json::parse(out).at("files");
+    EXPECT_EQ(6U + 1, files.size()); // and the project
+    for (const auto& each : files) {
+        const string from = each.at("source"), to = each.at("target");
+        EXPECT_TRUE(!from.starts_with("C:\\t\\") || from.substr(5, 1) == read(platform::from_utf8(to))) << to;
+    }
+    fs::rename(native("n") / "out/rtr", native("n") / "out/real");
+    for (const auto& [target, code] : {std::pair(fs::path("real"), 0), {native("n") / "out/real", 1}}) {
+        fs::remove(native("n") / "out/rtr");
+        fs::create_directory_symlink(target, native("n") / "out/rtr");
+        EXPECT_EQ(code, command("verify 'N:\\out\\new._vp' --elsewhere")) << out;
+    }
+}
+
 } // namespace
 } // namespace vs::project_resave

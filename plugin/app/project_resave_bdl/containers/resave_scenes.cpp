@@ -20,7 +20,7 @@ namespace {
 
 // Each try puts its number behind the stem that the last one made: a, a(1), a(1)(2).
 wide_string next_scene_file_name(wide_string candidate) {
-    for (uint32_t number = 1; path_exists(candidate); ++number)
+    for (uint32_t number = 1; is_name_taken(candidate); ++number)
         add_to_stem(candidate, u"(" + decimal(number) + u")");
     return candidate;
 }
@@ -86,8 +86,9 @@ void Tvs_resave_scene_2d::after_children() {
 bool Tvs_resave_scene_2d::write_scene_file() {
     // The base is the new project's own path, taken as a folder; without a run before it is empty.
     wide_string path = caption_file_path(context->placement.new_project_path, heading(), scene_2d_extension);
-    if (path_exists(path)) {
-        if (context->options.scene_file_on_exists == on_existing_file::new_name)
+    if (is_name_taken(path)) {
+        const bool is_file = path_exists(path); // else a pipe, or a link that leads nowhere
+        if (!is_file || context->options.scene_file_on_exists == on_existing_file::new_name)
             path = next_scene_file_name(path);
         else if (context->guard.protects(path))
             return refuse(path);

@@ -77,6 +77,15 @@ void report_foreign_members(const wide_string& source, const std::vector<wide_st
     }
 }
 
+// A member can have its place in a folder below that of the main file, which no one has made yet. Nothing is
+// made outside the new project's folder.
+void make_folder_of(const wide_string& path, run_state& run) {
+    if (!path_key(path).starts_with(path_key(run.placement.new_folder) + u'\\')) return;
+    std::vector<wide_string> levels;
+    create_folders(path_head(path), &levels);
+    for (const wide_string& level : levels) run.placement.made.add_folder(level);
+}
+
 // Copies a member to the place at which its file looks for it, where it was copied to another one before.
 void copy_again(const wide_string& source, const wide_string& target, run_state& run) {
     const wide_string* const there = run.placement.made.source_of(target);
@@ -189,6 +198,7 @@ bool copy_data_source_files(const wide_string& source, const wide_string& target
             place = path_head(place) + member_name(path_file_name(place), source_stem, target_stem, of_tos);
         if (run.options.lower_case && !of_tos) platform::lower_in_place(place);
         const wide_string placed = run.placement.lookup_placed(member);
+        make_folder_of(place, run);
         if (placed.empty())
             copy_one(member, place, run);
         else if (of_tos && !path_same(placed, place))

@@ -13,13 +13,6 @@
 
 namespace vs::project_resave {
 
-namespace {
-
-const platform::outcome no_companion_name =
-    platform::outcome::because(u"the extension is too short to name its companions");
-
-} // namespace
-
 void Tvs_resave_file::build() {
     std::vector<found_file> found;
     collect_source_files(found);
@@ -64,8 +57,8 @@ wide_string Tvs_resave_file::place_and_copy(const wide_string& source) {
     } else {
         try {
             copy_files(source, target);
-        } catch (const std::out_of_range&) { // a name from which a companion's cannot be formed
-            record_copy_failure(*context, {source, target, no_companion_name});
+        } catch (const std::out_of_range&) { // from such an extension no name of a world file can be formed
+            copy_projection_file(source, target, *context);
         }
     }
     return target;

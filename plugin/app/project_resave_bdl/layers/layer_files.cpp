@@ -26,7 +26,8 @@ void make_file(const wide_string& source, const wide_string& wanted, bool lacks_
     path_placement& placement = run.placement;
     wide_string path = wanted;
     const bool existed = path_exists(path);
-    const bool kept = placement.made.is_copy(path) || run.guard.protects(path);
+    const bool kept = placement.made.is_copy(path) || run.guard.protects(path) ||
+                      (!existed && is_name_taken(path)); // a pipe, or a link that leads nowhere
     if (kept) {
         path = placement.next_free_name(path, true);
         run.log.file_renamed(wanted, path);

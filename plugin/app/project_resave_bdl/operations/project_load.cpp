@@ -115,19 +115,11 @@ bool project_context::load_project(const wide_string& wanted, bool show_wait, bo
     return loaded;
 }
 
-namespace {
-
-// True also for a link that leads nowhere: a file that is created there would come to lie at its end.
-bool is_there(const wide_string& path) {
-    return path_exists(path) || platform::current_system().identity_of(path).names > 0;
-}
-
-} // namespace
-
 bool project_context::read_project(vs_xml_save_prj* reader, const wide_string& path, bool write_open_log) {
     open_log.set_open_log_path(path, write_open_log);
     log_wanted_ = open_log.path;
-    if (write_open_log && is_there(log_wanted_)) open_log.path = placement.next_free_name(log_wanted_);
+    if (write_open_log && is_name_taken(log_wanted_))
+        open_log.path = placement.next_free_name(log_wanted_, true);
     open_log.write_load_begin();
     if ((vs_xml_data_load_prj_w(reader, path.c_str(), project) & 0xFF) == 0) return false;
     open_log.write_load_end();
@@ -167,7 +159,8 @@ void project_context::build_tree(const wide_string& path) {
 // beside it, and takes the name if it may.
 void project_context::settle_open_log() {
     if (!open_log.enabled) return;
-    if (guard.protects(log_wanted_)) {
+    const bool is_no_file = is_name_taken(log_wanted_) && !path_exists(log_wanted_); // a pipe stays one
+    if (is_no_file || guard.protects(log_wanted_)) {
         if (open_log.path == log_wanted_) { // a source that was lost would be found again, as a log
             const wide_string free = placement.next_free_name(log_wanted_);
             if (!platform::current_system().rename_over(log_wanted_, free)) return;

@@ -98,7 +98,8 @@ void project_context::open_log_of_run() {
     wide_string& path = placement.log_path;
     const bool existed = path_exists(path);
     const wide_string wanted = path;
-    if (guard.protects(path)) path = placement.next_free_name(path, true);
+    if (guard.protects(path) || (!existed && is_name_taken(path)))
+        path = placement.next_free_name(path, true);
     log.open(path, true);
     if (!log.failure()) return;
     placement.made.add_written(path);

@@ -11,6 +11,10 @@ bool path_exists(const wide_string& path) {
     return platform::current_system().kind_of(path) != platform::entry_kind::none;
 }
 
+bool is_name_taken(const wide_string& path) {
+    return path_exists(path) || platform::current_system().identity_of(path).names > 0;
+}
+
 bool append_if_exists(const wide_string& path, std::vector<found_file>& out) {
     const platform::entry_status status = platform::current_system().status_of(path);
     if (status.kind == platform::entry_kind::none) return false;

@@ -11,6 +11,9 @@ namespace vs::project_resave {
 
 // True for a file and for a folder.
 bool path_exists(const wide_string& path);
+// True also for what is neither, such as a pipe or a link that leads nowhere: a file cannot be created there,
+// or would come to lie elsewhere.
+bool is_name_taken(const wide_string& path);
 
 // A file or folder that belongs to an element. The status is that of the moment when it was looked for, none
 // if that was not done.

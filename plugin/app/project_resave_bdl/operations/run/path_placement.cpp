@@ -70,6 +70,7 @@ void path_placement::reset() {
     clear_scene();
     last_numbers_.clear();
     homes_.clear();
+    set_homes_.clear();
     folder_failures_.clear();
 }
 
@@ -206,7 +207,11 @@ wide_string path_placement::beside_data_sets(const wide_string& path) {
              level = path_normalise(path_head(level)))
             if (made.is_data_set(level) || (guard && path_exists(level) && guard->is_inside(level)))
                 set = level;
-        if (!set.empty()) home->second = numbered_folder(set) + first.substr(set.size());
+        if (!set.empty()) {
+            wide_string& other = set_homes_[path_key(set)];
+            if (other.empty()) other = numbered_folder(set);
+            home->second = other + first.substr(set.size());
+        }
     }
     return home->second.empty() ? path : home->second + path.substr(first.size());
 }
@@ -229,7 +234,7 @@ wide_string path_placement::resolve_conflict(const wide_string& path, const wide
 wide_string path_placement::next_free_name(const wide_string& path, bool is_written) {
     const bool own_folder = path_extension(path) == own_folder_extension;
     const auto taken = [&](const wide_string& name) {
-        if (is_written && guard && guard->protects(name)) return true;
+        if (is_written && (is_name_taken(name) || (guard && guard->protects(name)))) return true;
         return own_folder ? path_exists(path_head(name)) : is_taken(name);
     };
     const auto numbered = own_folder ? &numbered_grid : &numbered_name;

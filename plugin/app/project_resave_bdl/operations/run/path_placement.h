@@ -101,6 +101,7 @@ private:
     std::unordered_map<wide_string, uint32_t> last_numbers_;
     std::unordered_map<wide_string, wide_string>
         homes_; // instead of those of these path_keys; empty for none
+    std::unordered_map<wide_string, wide_string> set_homes_; // the same of data sets, one for all of each
     std::unordered_map<wide_string, platform::outcome> folder_failures_; // by path_key of the folder
 };
 

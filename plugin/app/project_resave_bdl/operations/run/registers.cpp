@@ -101,6 +101,23 @@ void size_register::set_uuid_selected(const wide_string& uuid, bool selected) {
     if (on_changed_) on_changed_();
 }
 
+std::vector<size_register::counted_file> size_register::counted_files(const wide_string& uuid) const {
+    std::vector<counted_file> files;
+    if (uuid.empty()) {
+        for (const auto& row : entries_.rows())
+            if (row.content.counted) files.push_back({row.text, row.content.size_kb});
+    } else if (const uuid_row* const found = files_of_uuid_.find(uuid)) {
+        std::unordered_set<uint32_t> seen;
+        for (const chain_link& link : found->links) {
+            const chain& one = chains_[link.chain];
+            const auto& row = entries_.rows()[one.entry];
+            if (one.left_out == 0 && seen.insert(one.entry).second)
+                files.push_back({row.text, row.content.size_kb});
+        }
+    }
+    return files;
+}
+
 std::vector<uint32_t> size_register::files_of(const wide_string& uuid) const {
     std::vector<uint32_t> numbers;
     if (const uuid_row* const row = files_of_uuid_.find(uuid))

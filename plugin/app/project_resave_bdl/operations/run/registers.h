@@ -39,6 +39,12 @@ public:
 
     void set_uuid_selected(const wide_string& uuid, bool selected);
     double total_kb() const { return total_kb_; }
+    struct counted_file {
+        wide_string path;
+        double size_kb;
+    };
+    // What is selected, each spelling once. With a uuid only what was entered under it.
+    std::vector<counted_file> counted_files(const wide_string& uuid = {}) const;
     // The numbers of the files that were entered under this uuid, as often as they were.
     std::vector<uint32_t> files_of(const wide_string& uuid) const;
     // All that was entered, each spelling once, in no order.
