@@ -28,10 +28,10 @@
 
 #include "operations/project_context.h"
 #include "operations/run_settings.h"
+#include "platform/forwarding_system.h"
 #include "platform/volumes.h"
 #include "reference_host/files/files.h"
 #include "reference_host/shell/front_end.h"
-#include "platform/forwarding_system.h"
 #include "ui/host_questions.h"
 
 namespace {

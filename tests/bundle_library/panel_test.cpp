@@ -1,8 +1,8 @@
 // The main panel through the library's tables: what is loaded and when, what is refused, and how it ends.
 #include "framework/bundle_entry.h"
+#include "platform/forwarding_system.h"
 #include "reference_host/model/counted.h"
 #include "tests/bundle_library/panel_fixture.h"
-#include "platform/forwarding_system.h"
 #include "ui/project_resave_app.h"
 
 namespace vs::project_resave {

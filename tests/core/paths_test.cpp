@@ -7,8 +7,8 @@
 #include "operations/run/path_placement.h"
 #include "operations/run/resave_options.h"
 #include "operations/run/run_report.h"
-#include "platform/path_text.h"
 #include "platform/forwarding_system.h"
+#include "platform/path_text.h"
 #include "tests/support/temporary_folder.h"
 
 namespace vs::project_resave {

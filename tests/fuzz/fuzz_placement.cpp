@@ -10,9 +10,9 @@
 #include "operations/run/path_placement.h"
 #include "operations/run/resave_options.h"
 #include "operations/run/run_report.h"
+#include "platform/forwarding_system.h"
 #include "platform/path_text.h"
 #include "tests/fuzz/fuzz_input.h"
-#include "platform/forwarding_system.h"
 
 // What a placement calls besides the disk; nobody is there to be asked.
 namespace vs::project_resave {

@@ -4,8 +4,8 @@
 
 #include "framework/resources/text_rows.h"
 #include "operations/project_context.h"
-#include "reference_host/shell/front_end.h"
 #include "platform/forwarding_system.h"
+#include "reference_host/shell/front_end.h"
 #include "tests/support/temporary_folder.h"
 #include "ui/host_questions.h"
 

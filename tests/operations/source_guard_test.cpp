@@ -1,7 +1,7 @@
 // What a run writes or removes itself never touches a file of the source, however the two meet.
 #include "operations/run_settings.h"
-#include "tests/support/builder_run.h"
 #include "platform/forwarding_system.h"
+#include "tests/support/builder_run.h"
 
 namespace vs::project_resave {
 namespace {

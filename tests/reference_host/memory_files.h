@@ -6,8 +6,8 @@
 #include <map>
 #include <string>
 
-#include "platform/text.h"
 #include "platform/forwarding_system.h"
+#include "platform/text.h"
 
 namespace vestra {
 

@@ -14,9 +14,9 @@
 #include <string_view>
 #include <utility>
 
+#include "platform/forwarding_system.h"
 #include "platform/path_text.h"
 #include "platform/text.h"
-#include "platform/forwarding_system.h"
 
 namespace vs::project_resave {
 

@@ -1,10 +1,10 @@
 // The selection panel, driven as a host drives it: what no session of the whole window shows, which are in
 // tests/apps/sessions.
 #include "host/toolkit/outline.h"
+#include "platform/forwarding_system.h"
 #include "reference_host/api/handles.h"
 #include "reference_host/toolkit/element_description.h"
 #include "tests/support/builder_run.h"
-#include "platform/forwarding_system.h"
 #include "ui/select_element.h"
 
 namespace vs::project_resave {
