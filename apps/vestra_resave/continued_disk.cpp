@@ -210,7 +210,6 @@ platform::entry_status continued_disk::status_of(const wide_string& path) {
 }
 
 outcome continued_disk::copy_file(const wide_string& source, const wide_string& target, bool replace) {
-    placing_.clear();
     entry* const found = hidden(target);
     if (!found || found->file.state == made_state::folder) return inner().copy_file(source, target, replace);
     if (is_unchanged(found->file, source)) {

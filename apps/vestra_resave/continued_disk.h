@@ -37,8 +37,9 @@ public:
     // Sources of this run that keep the places which the earlier run gave them: no other file gets those.
     void keep_places_of(const std::vector<wide_string>& sources);
     // The place at which the earlier run put `source`, if it is `wanted` or a numbered name beside it; else
-    // `wanted`. Until something is copied, names are asked for on behalf of this source.
+    // `wanted`. Until the placing ends, names are asked for on behalf of this source.
     wide_string kept_place(const wide_string& source, const wide_string& wanted);
+    void end_placing() { placing_.clear(); }
 
     // Each file or folder of the earlier run that is still there, and what became of it, by path.
     struct row {

@@ -50,6 +50,10 @@ wide_string command_questions::kept_place(const wide_string& source, const wide_
     return earlier ? earlier->kept_place(source, wanted) : wanted;
 }
 
+void command_questions::place_found() {
+    if (earlier) earlier->end_placing();
+}
+
 // "//a" is a usual spelling of "/a" where there are no shares.
 std::optional<refusal> refuse_share(const std::string& typed) {
     const std::string start = typed.substr(0, 2);

@@ -32,6 +32,7 @@ public:
     vs::project_resave::unique_name_answer new_name(const std::u16string& source,
                                                     const std::u16string& proposed) override;
     wide_string kept_place(const wide_string& source, const wide_string& wanted) override;
+    void place_found() override;
     // The process ends with the run.
     bool reopen_source() override { return false; }
     void show_report(const vs::project_resave::run_report&) override {}

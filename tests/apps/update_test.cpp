@@ -22,7 +22,7 @@ protected:
     };
 
     // Folders, few names: most copies get a number.
-    raster made(size_t number) {
+    raster new_raster(size_t number) {
         const wide_string folder = u"C:\\data\\" + decimal(static_cast<uint32_t>(random_() % 3)) + u"\\";
         const wide_string name = u"r" + decimal(static_cast<uint32_t>(random_() % 2)) + u"_" +
                                  decimal(static_cast<uint32_t>(number)) + u".tif";
@@ -48,7 +48,7 @@ protected:
         case 0:
             return write_raster(each);
         case 1:
-            rasters_.push_back(made(++numbers_));
+            rasters_.push_back(new_raster(++numbers_));
             return write_raster(rasters_.back());
         case 2:
             if (rasters_.size() > 2) rasters_.erase(rasters_.begin() + static_cast<ptrdiff_t>(chosen));
@@ -95,7 +95,7 @@ TEST_F(update_command, makes_of_an_earlier_copy_what_a_new_run_would_make) {
         remove_tree(u"N:\\out");
         remove_tree(u"C:\\data");
         rasters_.clear();
-        for (size_t number = 0; number < 8; ++number) rasters_.push_back(made(++numbers_));
+        for (size_t number = 0; number < 8; ++number) rasters_.push_back(new_raster(++numbers_));
         for (raster& each : rasters_) write_raster(each);
         const wide_string own = write(u"N:\\out\\rtr\\r0.tif", "the user's own");
         const string manifest = structure == "from-common-top" ? "" : " --manifest";
@@ -132,6 +132,55 @@ TEST_F(update_command, makes_of_an_earlier_copy_what_a_new_run_would_make) {
         EXPECT_EQ(0, command(area + "--update --structure " + structure)) << err;
         EXPECT_EQ("", difference(before, state("out")));
     }
+}
+
+// One thing wrong at a time: what a person would lose, were it done all the same.
+TEST_F(update_command, replaces_nothing_that_somebody_changed_and_resumes_nothing_else) {
+    for (size_t number = 0; number < 3; ++number) rasters_.push_back(new_raster(++numbers_));
+    for (raster& each : rasters_) write_raster(each);
+    save();
+    const string journal = "resave-journal\t1\t;\nrun\t";
+    const wide_string journal_path = u"N:\\out\\new.resave-journal";
+    EXPECT_EQ(2, command(area + "--resume")) << err;
+    EXPECT_TRUE(is_told("there is no such journal")) << err;
+    EXPECT_EQ(2, command(area + "--prune")) << err;
+    write(journal_path, journal + R"({"project": "C:\\prj\\area._vp"})" + "\t;\ncopy\ta half rec");
+    EXPECT_EQ(2, command(area)) << err;
+    EXPECT_TRUE(is_told("--resume") && is_told("--update")) << err;
+    EXPECT_EQ(2, command(area + "--resume")) << err;
+    EXPECT_TRUE(is_told("the project has changed since")) << err;
+    write(journal_path, journal + R"({"project": "C:\\other._vp"})" + "\t;\n");
+    EXPECT_EQ(2, command(area + "--resume")) << err;
+    EXPECT_TRUE(is_told("other._vp")) << err;
+    EXPECT_EQ(" new.resave-journal", made());
+
+    EXPECT_EQ(0, command(area + "--update --manifest --quiet")) << err;
+    EXPECT_FALSE(path_exists(journal_path));
+    vestra::project project;
+    read_back(output, project);
+    const std::vector<reference> copies = references_of(project);
+    write(copies[0].path, "what the user made of it");
+    write_raster(rasters_[1]);
+    tree_state before = all_drives();
+    EXPECT_EQ(0, command(area + "--update --dry-run --json")) << err;
+    EXPECT_EQ("", difference(before, all_drives()));
+    const json plan = json::parse(out);
+    EXPECT_EQ(0, command(area + "--update --json")) << err;
+    const json run = json::parse(out);
+    for (const char* key : {"unchanged", "replaced", "changed_since", "unreferenced"})
+        EXPECT_EQ(plan.at(key).size(), run.at(key).size()) << key;
+    EXPECT_EQ(1U, run.at("changed_since").size()) << out;
+    EXPECT_EQ(2U, run.at("replaced").size()) << out;
+    EXPECT_EQ("what the user made of it", read(copies[0].path));
+    EXPECT_EQ(0, command("verify 'N:\\out\\new._vp'")) << out;
+
+    // The project itself.
+    write(output, read(output) + "\n");
+    before = all_drives();
+    EXPECT_EQ(2, command(area + "--update")) << err;
+    EXPECT_TRUE(is_told("was changed since the earlier resave")) << err;
+    EXPECT_EQ("", difference(before, all_drives()));
+    EXPECT_EQ(0, command(area + "--update --overwrite")) << err;
 }
 
 } // namespace

@@ -123,6 +123,7 @@ wide_string path_placement::new_path(const wide_string& source) {
         log->file_renamed(source, result);
         report->add(fact_kind::renamed, source, result);
     }
+    if (progress) progress->questions->place_found();
     const wide_string folder = path_head(result);
     if (has_own_folder(result)) made.add_data_set(folder);
     if (!path_exists(folder)) {

@@ -35,6 +35,8 @@ public:
         static_cast<void>(source);
         return wanted;
     }
+    // The file that was asked about has its place.
+    virtual void place_found() {}
     // Whether the source project is loaded again after a resave.
     virtual bool reopen_source() = 0;
     // Shows how a resave went. The report is complete.
