@@ -2,7 +2,7 @@
 
 #include <algorithm>
 #include <cstdlib>
-#include <cstring>
+#include <utility>
 
 #include "apps/vestra_resave/file_content.h"
 #include "apps/vestra_resave/journal_disk.h"
@@ -47,15 +47,11 @@ bool is_beginning_of(platform::system& disk, const wide_string& path, const wide
         const auto length = static_cast<size_t>(std::min<uint64_t>(rest, piece));
         if (!half->read_whole(first.data(), length) || !whole->read_whole(second.data(), length))
             return false;
-        const size_t same =
-            is_at_zeros ? 0
-                        : static_cast<size_t>(
-                              std::mismatch(first.begin(), first.begin() + length, second.begin()).first -
-                              first.begin());
-        is_at_zeros = same < length;
-        if (std::any_of(first.begin() + static_cast<ptrdiff_t>(same),
-                        first.begin() + static_cast<ptrdiff_t>(length), [](char each) { return each != 0; }))
-            return false;
+        const char* const end = first.data() + length;
+        const char* differs = first.data();
+        if (!is_at_zeros) differs = std::mismatch(differs, end, std::as_const(second).data()).first;
+        is_at_zeros = differs != end;
+        if (std::any_of(differs, end, [](char each) { return each != 0; })) return false;
         rest -= length;
     }
     return true;

@@ -8,7 +8,6 @@
 namespace vs::project_resave {
 namespace {
 
-namespace fs = std::filesystem;
 using nlohmann::json;
 using std::string;
 
