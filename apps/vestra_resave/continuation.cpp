@@ -145,7 +145,7 @@ continuation::~continuation() = default;
 std::optional<refusal> continuation::find(session& host) {
     asked_ = text_of_request(request_, source_, shell::settings().language_offset == 0 ? "ru" : "en");
     has_journal_ = platform::current_system().kind_of(journal_path(target_)) == entry_kind::file;
-    if (request_.mode == run_mode::resume) return find_to_resume();
+    if (request_.mode == run_mode::resume) return find_to_resume(host);
     if (request_.mode == run_mode::update) return find_to_update(host);
     return has_journal_ ? refuse_journal() : std::nullopt;
 }
@@ -161,7 +161,7 @@ std::optional<refusal> continuation::refuse_journal() {
                              "copy up to date"));
 }
 
-std::optional<refusal> continuation::find_to_resume() {
+std::optional<refusal> continuation::find_to_resume(session& host) {
     const wide_string path = journal_path(target_);
     if (!has_journal_)
         return refused(path, say("there is no such journal: no resave into this folder broke off"));
@@ -169,35 +169,41 @@ std::optional<refusal> continuation::find_to_resume() {
     if (const platform::outcome read = read_journal(path, earlier); !read)
         return refused(path, one_line(read.text()));
     is_recorded_ = !earlier.request.empty();
-    const ordered_json before = ordered_json::parse(earlier.request, nullptr, false);
     if (is_recorded_) {
+        const ordered_json before = ordered_json::parse(earlier.request, nullptr, false);
         if (!before.is_object()) return refused(path, say("the journal cannot be read"));
         if (const std::string differs = difference_of(before, ordered_json::parse(asked_)); !differs.empty())
             return refused(path, say("the resave that broke off cannot be resumed: %1", {differs}));
         if (before.value("update", false)) mode_ = run_mode::update;
     }
-    std::vector<earlier_file> older;
-    if (mode_ == run_mode::update && (has_manifest_ = read_manifest(target_, older)))
-        add_files(std::move(older));
-    const bool has_project = std::ranges::any_of(earlier.files, [&](const earlier_file& each) {
-        return path_same(each.path, target_) && each.state == made_state::written;
-    });
-    may_replace_project_ = has_project || mode_ == run_mode::update;
-    add_files(std::move(earlier.files));
+    if (mode_ == run_mode::update) {
+        has_manifest_ = read_manifest(target_, earlier_copy_);
+        if (auto early = find_earlier_copy(host)) return early;
+        may_replace_project_ = true;
+    }
+    add_journal(std::move(earlier));
     return std::nullopt;
 }
 
 std::optional<refusal> continuation::find_to_update(session& host) {
-    std::vector<earlier_file> older;
-    const bool has_project = path_exists(target_);
-    has_manifest_ = read_manifest(target_, older);
-    if (has_manifest_) {
-        may_replace_project_ = !has_project || is_as_in_manifest(older);
-        if (!may_replace_project_ && !request_.overwrite)
-            return refused(target_,
-                           say("was changed since the earlier resave; with --overwrite it is replaced"));
-        add_files(std::move(older));
-    } else if (has_project) {
+    has_manifest_ = read_manifest(target_, earlier_copy_);
+    may_replace_project_ = !has_manifest_ || !path_exists(target_) || is_as_in_manifest(earlier_copy_);
+    earlier_run earlier;
+    if (has_journal_)
+        if (const platform::outcome read = read_journal(journal_path(target_), earlier); !read)
+            return refused(journal_path(target_), one_line(read.text()));
+    for (const earlier_file& each : earlier.files)
+        if (path_same(each.path, target_)) may_replace_project_ = true;
+    if (!may_replace_project_ && !request_.overwrite)
+        return refused(target_, say("was changed since the earlier resave; with --overwrite it is replaced"));
+    if (auto early = find_earlier_copy(host)) return early;
+    add_journal(std::move(earlier));
+    return std::nullopt;
+}
+
+// Without a manifest what the earlier project refers to is its copy.
+std::optional<refusal> continuation::find_earlier_copy(session& host) {
+    if (!has_manifest_ && path_exists(target_)) {
         // What is lost there is not looked for.
         const auto project_read = std::exchange(shell::settings().project_read, nullptr);
         const auto scene_read = std::exchange(shell::settings().scene_read, nullptr);
@@ -208,17 +214,16 @@ std::optional<refusal> continuation::find_to_update(session& host) {
         referred_files found(path_head(target_));
         found.add_all(host.context());
         found.files.push_back({.path = target_, .state = made_state::writing});
-        add_files(std::move(found.files));
-        may_replace_project_ = true;
+        earlier_copy_ = std::move(found.files);
     }
-    if (!has_journal_) return std::nullopt;
-    earlier_run earlier;
-    if (const platform::outcome read = read_journal(journal_path(target_), earlier); !read)
-        return refused(journal_path(target_), one_line(read.text()));
-    for (const earlier_file& each : earlier.files)
-        if (path_same(each.path, target_)) may_replace_project_ = true;
-    add_files(std::move(earlier.files));
+    add_files(std::exchange(earlier_copy_, {}));
     return std::nullopt;
+}
+
+void continuation::add_journal(earlier_run earlier) {
+    for (const earlier_file& each : earlier.files)
+        may_replace_project_ |= path_same(each.path, target_) && each.state == made_state::written;
+    add_files(std::move(earlier.files));
 }
 
 bool continuation::is_as_in_manifest(const std::vector<earlier_file>& files) const {
@@ -231,12 +236,15 @@ bool continuation::is_as_in_manifest(const std::vector<earlier_file>& files) con
     });
 }
 
-// With the folders that they are in.
+// With the folders that they are in. What is not below the new project's folder is none of our business,
+// whatever a journal or a manifest says.
 void continuation::add_files(std::vector<earlier_file> files) {
     const wide_string top = path_key(path_head(target_));
+    const wide_string below = path_with_separator(top);
     std::unordered_set<wide_string> seen{top};
     for (earlier_file& each : files) {
-        if (path_key(each.path) == path_key(journal_path(target_))) continue;
+        const wide_string key = path_key(each.path);
+        if (!key.starts_with(below) || key == path_key(journal_path(target_))) continue;
         for (wide_string folder = path_normalise(path_head(each.path));
              path_key(folder).starts_with(top) && seen.insert(path_key(folder)).second;
              folder = path_normalise(path_head(folder)))

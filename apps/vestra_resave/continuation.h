@@ -59,8 +59,10 @@ public:
     void abandon();
 
 private:
-    std::optional<refusal> find_to_resume();
+    std::optional<refusal> find_to_resume(session& host);
     std::optional<refusal> find_to_update(session& host);
+    std::optional<refusal> find_earlier_copy(session& host);
+    void add_journal(earlier_run earlier);
     std::optional<refusal> refuse_journal();
     bool is_as_in_manifest(const std::vector<earlier_file>& files) const;
     void add_files(std::vector<earlier_file> files);
@@ -74,8 +76,8 @@ private:
     run_mode mode_; // of the journal that is resumed, once it is read
     bool may_replace_project_ = false, has_manifest_ = false, has_journal_ = false, is_recorded_ = false,
          is_journal_ended_ = false;
-    std::string asked_; // the request as the journal has it
-    std::vector<earlier_file> files_;
+    std::string asked_;                              // the request as the journal has it
+    std::vector<earlier_file> earlier_copy_, files_; // as the manifest has it; all
     trial_disk* trial_ = nullptr;
     std::unique_ptr<journal_disk> journal_;
     std::optional<platform::system_override> journal_in_force_;

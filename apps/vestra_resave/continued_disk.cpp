@@ -167,9 +167,9 @@ std::vector<continued_disk::row> continued_disk::rows() {
     std::vector<row> all;
     for (auto& [key, each] : entries_) {
         hidden(each.file.path);
-        if (each.what != fate::missing) all.push_back({&each.file, each.what});
+        if (each.what != fate::missing) all.push_back({&key, &each.file, each.what});
     }
-    std::ranges::sort(all, {}, [](const row& each) { return path_key(each.file->path); });
+    std::ranges::sort(all, {}, [](const row& each) -> const wide_string& { return *each.key; });
     return all;
 }
 

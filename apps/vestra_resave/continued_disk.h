@@ -43,6 +43,7 @@ public:
 
     // Each file or folder of the earlier run that is still there, and what became of it, by path.
     struct row {
+        const wide_string* key; // of its path
         const earlier_file* file;
         fate what;
     };

@@ -173,6 +173,18 @@ TEST_F(update_command, replaces_nothing_that_somebody_changed_and_resumes_nothin
     EXPECT_EQ("what the user made of it", read(copies[0].path));
     EXPECT_EQ(0, command("verify 'N:\\out\\new._vp'")) << out;
 
+    // A manifest that names what no resave has made.
+    const wide_string victim = write(u"N:\\victim.tif", "of somebody else"),
+                      manifest = u"N:\\out\\new.manifest.json";
+    json all = json::parse(read(manifest));
+    all["files"].push_back({{"path", "../victim.tif"},
+                            {"bytes", read(victim).size()},
+                            {"sha256", "0"},
+                            {"modified", platform::current_system().status_of(victim).modified}});
+    write(manifest, all.dump());
+    EXPECT_EQ(0, command(area + "--update --prune")) << err;
+    EXPECT_EQ("of somebody else", read(victim));
+
     // The project itself.
     write(output, read(output) + "\n");
     before = all_drives();
