@@ -207,7 +207,7 @@ std::optional<refusal> continuation::find_earlier_copy(session& host) {
         // What is lost there is not looked for.
         const auto project_read = std::exchange(shell::settings().project_read, nullptr);
         const auto scene_read = std::exchange(shell::settings().scene_read, nullptr);
-        const auto early = host.load(target_, false, false);
+        auto early = host.load(target_, false, false);
         shell::settings().project_read = project_read;
         shell::settings().scene_read = scene_read;
         if (early) return early;

@@ -138,7 +138,7 @@ std::string journal_record(const std::vector<std::string>& words) {
 
 std::string journal_word(const wide_string& path, const wide_string& folder) {
     const bool is_below = path.size() > folder.size() && path.starts_with(folder);
-    const std::string text = platform::to_utf8(is_below ? path.substr(folder.size()) : path);
+    std::string text = platform::to_utf8(is_below ? path.substr(folder.size()) : path);
     if (text.find_first_of(hidden_characters) == std::string::npos) return text;
     std::string word;
     for (const char each : text) {

@@ -109,8 +109,8 @@ protected:
         for (std::string line; std::getline(told, line);) {
             const size_t arrow = line.find(" -> ");
             if (arrow == std::string::npos) continue;
-            const wide_string from = platform::from_utf8(line.substr(0, arrow));
-            const wide_string to = platform::from_utf8(line.substr(arrow + 4));
+            const wide_string from = platform::drive_path(line.substr(0, arrow));
+            const wide_string to = platform::drive_path(line.substr(arrow + 4));
             EXPECT_TRUE(path_extension(to) == u"._vp" || read(from) == read(to)) << line;
             EXPECT_EQ("",
                       difference(state_of(platform::native_path(from)), state_of(platform::native_path(to))));
@@ -295,7 +295,7 @@ TEST_F(processes, twenty_runs_at_once_into_one_folder_make_twenty_whole_projects
             wide_string told;
             for (std::string line; std::getline(file, line);)
                 if (const size_t end = line.find(": could not be "); end != std::string::npos)
-                    told += u' ' + path_file_name(platform::from_utf8(line.substr(0, end))) + u'\n';
+                    told += u' ' + path_file_name(platform::drive_path(line.substr(0, end))) + u'\n';
             EXPECT_EQ(told.empty() ? 0 : 1, code);
             expect_whole(project, told);
         }
