@@ -80,6 +80,8 @@ public:
     virtual outcome seek_end() = 0;
     // Current size in bytes; 0 on failure.
     virtual uint64_t size() = 0;
+    // Waits until the disk has what was written.
+    virtual outcome flush() { return {}; }
     // Closes it before the destructor would; nothing else is called after that. Fails if the operating
     // system could not keep what was written: some report it only here.
     virtual outcome close() = 0;

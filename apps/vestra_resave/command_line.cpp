@@ -171,6 +171,8 @@ std::vector<std::pair<std::string, std::string>> choices_of(const resave_request
             {"--lowercase", yes_or_no(settings.lower_case)},
             {"--log", yes_or_no(settings.write_log)},
             {"--without-project-file", yes_or_no(words.without_project_file)},
+            {"--prune", yes_or_no(request.prune)},
+            {"--search", list(request.search)},
             {"--only", list(request.selection.only)},
             {"--deselect", list(request.selection.deselect)}};
 }
@@ -206,8 +208,7 @@ void add_resave(CLI::App& app, command_line& line, words& words) {
         command->add_flag("--update", words.update,
                           "Bring an earlier copy up to date: copy what is new or changed, keep the rest");
     updates->excludes(resumes);
-    command->add_flag("--prune", request.prune, "With --update: remove what nothing refers to any more")
-        ->needs(updates);
+    command->add_flag("--prune", request.prune, "With --update: remove what nothing refers to any more");
     CLI::Option* verifies =
         command->add_flag("--verify", request.verify, "Compare each copy with its source, byte by byte");
     CLI::Option* lists =
@@ -221,6 +222,7 @@ void add_resave(CLI::App& app, command_line& line, words& words) {
                     "3 not saved, 130 "
                     "interrupted");
     command->callback([&] {
+        if (request.prune && !words.update && !words.resume) throw CLI::RequiresError("--prune", "--update");
         request.mode = words.resume ? run_mode::resume : words.update ? run_mode::update : run_mode::anew;
         request.choices = choices_of(request, words);
         request.settings.structure_variant = structures.at(words.structure);

@@ -11,6 +11,7 @@
 #include "apps/vestra_resave/file_content.h"
 #include "apps/vestra_resave/folder_files.h"
 #include "apps/vestra_resave/manifest.h"
+#include "apps/vestra_resave/output_file.h"
 #include "apps/vestra_resave/resave_report.h"
 #include "apps/vestra_resave/trial_disk.h"
 #include "apps/vestra_resave/words.h"
@@ -31,7 +32,7 @@ namespace {
 
 // What a run was asked for, as far as its result depends on it.
 std::string text_of_request(const resave_request& request, const wide_string& source,
-                            const std::string& language) {
+                            const wide_string& target, const std::string& language) {
     ordered_json options;
     for (const auto& [option, value] : request.choices) options[option] = value;
     options["--language"] = language;
@@ -39,24 +40,33 @@ std::string text_of_request(const resave_request& request, const wide_string& so
     read_digest(
         source, [] { return false; }, digest);
     return ordered_json{{"project", platform::to_utf8(source)},
+                        {"new_project", platform::to_utf8(path_file_name(target))},
                         {"sha256", digest.sha256},
                         {"update", request.mode == run_mode::update},
                         {"options", options}}
         .dump(-1, ' ', true);
 }
 
+// The text under a key; empty if there is none.
+std::string text_in(const ordered_json& all, const char* key) {
+    const auto found = all.is_object() ? all.find(key) : all.end();
+    return found != all.end() && found->is_string() ? found->get<std::string>() : std::string();
+}
+
 // Says what differs; empty if nothing does.
 std::string difference_of(const ordered_json& before, const ordered_json& now) {
-    const std::string earlier = before.value("project", ""), project = now.value("project", "");
-    if (!path_same(platform::from_utf8(earlier), platform::from_utf8(project)))
-        return say("it is of another project: %1", {printed(platform::from_utf8(earlier))});
-    if (before.value("sha256", "") != now.value("sha256", ""))
+    for (const char* key : {"project", "new_project"})
+        if (const wide_string earlier = platform::from_utf8(text_in(before, key));
+            !path_same(earlier, platform::from_utf8(text_in(now, key))))
+            return say("it is of another project: %1", {printed(earlier)});
+    if (text_in(before, "sha256") != text_in(now, "sha256"))
         return say("the project has changed since; --update brings the copy up to date");
     const ordered_json none = ordered_json::object();
-    const ordered_json was = before.value("options", none), is = now.value("options", none);
-    for (const auto& [option, value] : is.items())
-        if (was.value(option, "") != value)
-            return say("%1 was %2 and is %3", {option, was.value(option, ""), value.get<std::string>()});
+    const ordered_json was = before.contains("options") ? before["options"] : none;
+    for (const auto& [option, value] : now["options"].items())
+        if (text_in(was, option.c_str()) != value)
+            return say("%1 was %2 and is %3",
+                       {option, text_in(was, option.c_str()), value.get<std::string>()});
     return {};
 }
 
@@ -131,6 +141,32 @@ bool may_succeed_later(const project_context& context, const resave_report& repo
                                [&](const wide_string& path) { return lost.contains(path_key(path)); });
 }
 
+// True for what leaves the run without a source, or without knowing which sources there are.
+bool is_loss(const problem& found) {
+    const std::string_view kinds[] = {name_of(fact_kind::source_lost),
+                                      name_of(fact_kind::copy_failed),
+                                      name_of(fact_kind::not_read),
+                                      name_of(fact_kind::exception_caught),
+                                      name_of(fact_kind::not_written),
+                                      own_kind::unreadable,
+                                      own_kind::not_loaded};
+    return std::ranges::find(kinds, found.kind) != std::end(kinds);
+}
+
+// What the manifests of other projects in the folder name, as path keys.
+std::unordered_set<wide_string> named_by_other_manifests(const wide_string& project) {
+    std::unordered_set<wide_string> named;
+    const wide_string folder = path_head(project), own = path_file_name(manifest_path(project));
+    for (const platform::folder_entry& each : platform::entries_or_none(platform::current_system(), folder)) {
+        const size_t end = each.name.rfind(u".manifest.json");
+        if (end == wide_string::npos || end + 14 != each.name.size() || path_same(each.name, own)) continue;
+        std::vector<earlier_file> files;
+        if (read_manifest(folder + each.name.substr(0, end) + u"._vp", files)) continue;
+        for (const earlier_file& file : files) named.insert(path_key(file.path));
+    }
+    return named;
+}
+
 problem of_row(const char* kind, const continued_disk::row& row) {
     return {kind, {}, {}, row.file->path, {}};
 }
@@ -143,7 +179,8 @@ continuation::continuation(const resave_request& request, wide_string source, wi
 continuation::~continuation() = default;
 
 std::optional<refusal> continuation::find(session& host) {
-    asked_ = text_of_request(request_, source_, shell::settings().language_offset == 0 ? "ru" : "en");
+    asked_ =
+        text_of_request(request_, source_, target_, shell::settings().language_offset == 0 ? "ru" : "en");
     has_journal_ = platform::current_system().kind_of(journal_path(target_)) == entry_kind::file;
     if (request_.mode == run_mode::resume) return find_to_resume(host);
     if (request_.mode == run_mode::update) return find_to_update(host);
@@ -174,30 +211,49 @@ std::optional<refusal> continuation::find_to_resume(session& host) {
         if (!before.is_object()) return refused(path, say("the journal cannot be read"));
         if (const std::string differs = difference_of(before, ordered_json::parse(asked_)); !differs.empty())
             return refused(path, say("the resave that broke off cannot be resumed: %1", {differs}));
-        if (before.value("update", false)) mode_ = run_mode::update;
+        if (before.contains("update") && before["update"] == true) mode_ = run_mode::update;
+    } else if (!earlier.files.empty()) {
+        return refused(path, say("the journal cannot be read"));
     }
     if (mode_ == run_mode::update) {
-        has_manifest_ = read_manifest(target_, earlier_copy_);
+        if (auto early = read_manifest(target_, earlier_copy_)) return early;
+        has_manifest_ = !earlier_copy_.empty();
+        may_replace_project_ = is_as_recorded(earlier_copy_);
         if (auto early = find_earlier_copy(host)) return early;
-        may_replace_project_ = true;
     }
-    add_journal(std::move(earlier));
+    may_replace_project_ |= !path_exists(target_) || is_as_recorded(earlier.files);
+    if (auto early = refuse_changed_project()) return early;
+    add_files(std::move(earlier.files));
     return std::nullopt;
 }
 
+std::optional<refusal> continuation::refuse_changed_project() const {
+    if (may_replace_project_ || request_.overwrite) return std::nullopt;
+    return refused(target_, say("was changed since the earlier resave; with --overwrite it is replaced"));
+}
+
 std::optional<refusal> continuation::find_to_update(session& host) {
-    has_manifest_ = read_manifest(target_, earlier_copy_);
-    may_replace_project_ = !has_manifest_ || !path_exists(target_) || is_as_in_manifest(earlier_copy_);
+    if (auto early = read_manifest(target_, earlier_copy_)) return early;
+    has_manifest_ = !earlier_copy_.empty();
     earlier_run earlier;
     if (has_journal_)
         if (const platform::outcome read = read_journal(journal_path(target_), earlier); !read)
             return refused(journal_path(target_), one_line(read.text()));
-    for (const earlier_file& each : earlier.files)
-        if (path_same(each.path, target_)) may_replace_project_ = true;
-    if (!may_replace_project_ && !request_.overwrite)
-        return refused(target_, say("was changed since the earlier resave; with --overwrite it is replaced"));
+    if (earlier.request.empty() && !earlier.files.empty())
+        return refused(journal_path(target_), say("the journal cannot be read"));
+    may_replace_project_ =
+        !path_exists(target_) || is_as_recorded(earlier_copy_) || is_as_recorded(earlier.files);
+    if (has_manifest_ || has_journal_) {
+        if (auto early = refuse_changed_project()) return early;
+    } else if (!may_replace_project_ && !request_.overwrite) {
+        return refused(
+            target_,
+            say("has no manifest, so what it was made from is unknown; with --overwrite it is replaced"));
+    } else if (request_.prune && path_exists(target_)) {
+        return refused(manifest_path(target_), say("there is no manifest, without which nothing is removed"));
+    }
     if (auto early = find_earlier_copy(host)) return early;
-    add_journal(std::move(earlier));
+    add_files(std::move(earlier.files));
     return std::nullopt;
 }
 
@@ -220,20 +276,22 @@ std::optional<refusal> continuation::find_earlier_copy(session& host) {
     return std::nullopt;
 }
 
-void continuation::add_journal(earlier_run earlier) {
-    for (const earlier_file& each : earlier.files)
-        may_replace_project_ |= path_same(each.path, target_) && each.state == made_state::written;
-    add_files(std::move(earlier.files));
-}
-
-bool continuation::is_as_in_manifest(const std::vector<earlier_file>& files) const {
+// True if the project is as the earlier run wrote it.
+bool continuation::is_as_recorded(const std::vector<earlier_file>& files) const {
+    const auto row =
+        std::ranges::find_if(files, [&](const earlier_file& each) { return path_same(each.path, target_); });
+    if (row == files.end()) return false;
+    const platform::entry_status now = platform::current_system().status_of(target_);
+    if (row->modified != 0) {
+        if (now.bytes == row->bytes && now.modified == row->modified) return true;
+    } else if (row->state == made_state::writing) {
+        return true;
+    }
     file_digest digest;
-    if (!read_digest(
-            target_, [] { return false; }, digest))
-        return false;
-    return std::ranges::any_of(files, [&](const earlier_file& each) {
-        return path_same(each.path, target_) && each.sha256 == digest.sha256;
-    });
+    return !row->sha256.empty() &&
+           read_digest(
+               target_, [] { return false; }, digest) &&
+           digest.sha256 == row->sha256;
 }
 
 // With the folders that they are in. What is not below the new project's folder is none of our business,
@@ -244,7 +302,9 @@ void continuation::add_files(std::vector<earlier_file> files) {
     std::unordered_set<wide_string> seen{top};
     for (earlier_file& each : files) {
         const wide_string key = path_key(each.path);
-        if (!key.starts_with(below) || key == path_key(journal_path(target_))) continue;
+        const bool is_of_command =
+            key == path_key(journal_path(target_)) || key.starts_with(path_key(manifest_path(target_)));
+        if (!key.starts_with(below) || is_of_command) continue;
         for (wide_string folder = path_normalise(path_head(each.path));
              path_key(folder).starts_with(top) && seen.insert(path_key(folder)).second;
              folder = path_normalise(path_head(folder)))
@@ -264,6 +324,7 @@ void continuation::put_in_force(project_context& context, trial_disk* trial) {
     std::erase_if(files_, [&](const earlier_file& each) { return context.guard.protects(each.path); });
     platform::system& below = journal_ ? static_cast<platform::system&>(*journal_) : real;
     disk_ = std::make_unique<continued_disk>(below, journal_.get(), std::move(files_));
+    if (!has_manifest_) disk_->know_sources(context.sizes.known_paths());
     if (mode_ == run_mode::update) disk_->keep_places_of(context.sizes.known_paths());
     if (trial)
         trial->put_above(*disk_);
@@ -286,8 +347,7 @@ std::optional<refusal> continuation::begin_journal() {
 std::vector<const continued_disk::row*> continuation::unreferenced() {
     std::vector<const continued_disk::row*> found;
     if (!disk_) return found;
-    if (!has_rows_) rows_ = disk_->rows();
-    has_rows_ = true;
+    rows_ = disk_->rows();
     for (const continued_disk::row& each : rows_) {
         const bool is_made = trial_ && trial_->has_made(each.file->path);
         if (each.what == fate::hidden && !is_made) found.push_back(&each);
@@ -310,7 +370,10 @@ void continuation::classify(resave_report& report) {
 bool continuation::removes_unreferenced() const { return mode_ == run_mode::resume || request_.prune; }
 
 void continuation::remove_unreferenced(project_context& context, resave_report& report) {
-    const bool removes = removes_unreferenced();
+    // Where a source is lost, its copies are the last ones.
+    const bool lacks_sources = std::ranges::any_of(report.problems, &is_loss);
+    const bool removes = removes_unreferenced() && !lacks_sources;
+    const std::unordered_set<wide_string> others = named_by_other_manifests(target_);
     std::vector<const continued_disk::row*> left = unreferenced();
     std::ranges::reverse(left); // a folder after what is in it
     for (const continued_disk::row* each : left) {
@@ -319,10 +382,16 @@ void continuation::remove_unreferenced(project_context& context, resave_report& 
         if (is_folder && (!removes || trial_)) continue;
         if (is_folder && disk_->is_filled(*each->file)) continue;
         platform::outcome removed;
-        if (removes && !trial_)
-            removed = context.guard.protects(each->file->path)
-                          ? platform::outcome::because(source_guard::reason)
-                          : disk_->remove_hidden(*each->file);
+        if (removes && !trial_) {
+            const wide_string& path = each->file->path;
+            const bool is_source = protect_project_files({path}, context).has_value() ||
+                                   (!each->file->source.empty() &&
+                                    platform::current_system().same_file(path, each->file->source));
+            if (is_source || others.contains(path_key(path)))
+                removed = platform::outcome::because(u"something else uses it");
+            else
+                removed = disk_->remove_hidden(*each->file);
+        }
         if (mode_ == run_mode::update && !is_folder) {
             problem found = of_row(removes ? own_kind::pruned : own_kind::unreferenced, *each);
             if (removed) add(report, std::move(found));
@@ -333,6 +402,7 @@ void continuation::remove_unreferenced(project_context& context, resave_report& 
             add(report, std::move(found));
         }
     }
+    is_broken_off_ |= mode_ == run_mode::resume && lacks_sources && !left.empty();
     for (const continued_disk::row& each : rows_)
         if (each.what == fate::changed && each.file->state != made_state::folder)
             add(report, of_row(own_kind::changed_since, each));
@@ -365,7 +435,9 @@ void continuation::end_journal(resave_report& report) {
 }
 
 void continuation::abandon() {
-    if (journal_ && !is_journal_ended_) close_journal(!has_journal_);
+    // An update that was erased may have replaced files, of which the manifest does not know.
+    const bool is_needed = has_journal_ || (disk_ && journal_ && journal_->has_made());
+    if (journal_ && !is_journal_ended_) close_journal(!is_needed);
 }
 
 platform::outcome continuation::close_journal(bool removes) {

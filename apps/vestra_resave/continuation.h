@@ -62,9 +62,9 @@ private:
     std::optional<refusal> find_to_resume(session& host);
     std::optional<refusal> find_to_update(session& host);
     std::optional<refusal> find_earlier_copy(session& host);
-    void add_journal(earlier_run earlier);
+    std::optional<refusal> refuse_changed_project() const;
     std::optional<refusal> refuse_journal();
-    bool is_as_in_manifest(const std::vector<earlier_file>& files) const;
+    bool is_as_recorded(const std::vector<earlier_file>& files) const;
     void add_files(std::vector<earlier_file> files);
     void classify(resave_report& report);
     void remove_unreferenced(vs::project_resave::project_context& context, resave_report& report);
@@ -85,7 +85,6 @@ private:
     std::optional<platform::system_override> disk_in_force_;
     bool is_broken_off_ = false; // though it was saved
     std::vector<continued_disk::row> rows_;
-    bool has_rows_ = false;
 };
 
 } // namespace vestra::command

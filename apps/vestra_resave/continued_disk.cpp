@@ -18,12 +18,13 @@ namespace {
 
 wide_string folder_key_of(const wide_string& key) { return path_key(path_head(key)); }
 
-// Some disks keep the time of a copy less exactly than that of its source: to 100 nanoseconds, or in steps of
-// 10 milliseconds to 2 seconds.
-bool is_same_time(int64_t a, int64_t b) {
-    constexpr int64_t step = 10'000'000, coarsest = 2'000'000'000;
-    const int64_t apart = std::abs(a - b);
-    return apart < 100 || (apart < coarsest && (a % step == 0 || b % step == 0));
+// As exact as the least exact of the usual disks; on one that keeps whole seconds a copy counts as changed.
+bool is_same_time(int64_t a, int64_t b) { return std::abs(a - b) < 100; }
+
+// A data set: what begins with one name up to its first dot, in one folder.
+wide_string set_of(const wide_string& key) {
+    const wide_string name = path_file_name(key);
+    return path_head(key) + name.substr(0, name.find(u'.'));
 }
 
 bool is_same(const platform::entry_status& a, const platform::entry_status& b) {
@@ -82,12 +83,20 @@ continued_disk::continued_disk(platform::system& below, journal_disk* journal,
         const auto [at, is_new] = entries_.insert_or_assign(key, entry{std::move(file)});
         if (is_new) inside_[folder_key_of(key)].push_back(path_file_name(at->second.file.path));
     }
-    for (const auto& [key, each] : entries_)
+    for (auto& [key, each] : entries_) {
         if (!each.file.source.empty()) by_source_[path_key(each.file.source)].push_back(&each);
+        if (each.file.state != made_state::folder) sets_[set_of(key)].push_back(&each);
+    }
 }
 
 void continued_disk::keep_places_of(const std::vector<wide_string>& sources) {
     for (const wide_string& source : sources) keeping_.insert(path_key(source));
+}
+
+void continued_disk::know_sources(const std::vector<wide_string>& sources) {
+    for (const wide_string& source : sources)
+        if (const platform::entry_status now = inner().status_of(source); now.kind == entry_kind::file)
+            is_like_source_.emplace(now.bytes, now.modified);
 }
 
 wide_string continued_disk::kept_place(const wide_string& source, const wide_string& wanted) {
@@ -114,18 +123,40 @@ continued_disk::entry* continued_disk::find(const wide_string& path) {
 continued_disk::entry* continued_disk::hidden(const wide_string& path) {
     entry* const found = find(path);
     if (!found || found->what != fate::hidden) return nullptr;
-    if (!found->is_checked) {
-        found->is_checked = true;
-        if (inner().kind_of(found->file.path) == entry_kind::none)
-            found->what = fate::missing;
-        else if (!is_as_made(found->file))
-            found->what = fate::changed;
+    if (found->is_checked) return found;
+    const auto set = sets_.find(set_of(path_key(found->file.path)));
+    if (found->file.state == made_state::folder || set == sets_.end()) {
+        check(*found);
+    } else { // a set of which somebody changed one file is left alone as a whole
+        for (entry* each : set->second) check(*each);
+        const bool is_changed =
+            std::ranges::any_of(set->second, [](const entry* each) { return each->what == fate::changed; });
+        for (entry* each : set->second)
+            if (is_changed && each->what == fate::hidden) each->what = fate::changed;
     }
     return found->what == fate::hidden ? found : nullptr;
 }
 
+void continued_disk::check(entry& asked) {
+    if (asked.is_checked) return;
+    asked.is_checked = true;
+    if (inner().kind_of(asked.file.path) == entry_kind::none)
+        asked.what = fate::missing;
+    else if (!is_as_made(asked.file))
+        asked.what = fate::changed;
+}
+
+// What lies behind a link, or has another name elsewhere, is not the earlier run's alone.
+bool continued_disk::is_own(const earlier_file& file) {
+    const bool has_own_name = inner().identity_of(file.path).names == 1;
+    entry* const folder = find(path_normalise(path_head(file.path)));
+    if (folder) check(*folder);
+    return has_own_name && (!folder || folder->what != fate::changed);
+}
+
 bool continued_disk::is_as_made(const earlier_file& file) {
     const platform::entry_status now = inner().status_of(file.path);
+    if (!is_own(file)) return false;
     if (file.state == made_state::folder) return now.kind == entry_kind::folder;
     if (now.kind != entry_kind::file) return false;
     if (file.state == made_state::writing) return true;
@@ -135,12 +166,9 @@ bool continued_disk::is_as_made(const earlier_file& file) {
     if (!file.source.empty() && is_same(now, inner().status_of(file.source))) return true;
     if (!file.source.empty() && (file.state == made_state::begun || !file.is_safe))
         return is_beginning_of(inner(), file.path, file.source);
-    if (file.state ==
-        made_state::referred) { // a copy has the time of its source; what is written later has not
-        const int64_t created = inner().creation_time(file.path);
-        return created != 0 && now.modified < created;
-    }
+    if (file.state == made_state::referred) return is_like_source_.contains({now.bytes, now.modified});
     if (file.sha256.empty() || now.bytes != file.bytes) return false;
+    const platform::system_override in_force(inner()); // this one does not show the file
     file_digest digest;
     return read_digest(
                file.path, [] { return false; }, digest) &&
@@ -187,7 +215,9 @@ std::optional<continued_disk::fate> continued_disk::fate_of_copy(const wide_stri
 
 const earlier_file* continued_disk::kept_file(const wide_string& path) const {
     const auto at = entries_.find(path_key(path));
-    return at != entries_.end() && at->second.what == fate::kept ? &at->second.file : nullptr;
+    const bool is_there =
+        at != entries_.end() && (at->second.what == fate::kept || at->second.what == fate::failed);
+    return is_there ? &at->second.file : nullptr;
 }
 
 bool continued_disk::is_filled(const earlier_file& folder) {

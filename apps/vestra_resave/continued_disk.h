@@ -4,12 +4,15 @@
 // - a copy that is whole, and whose source has not changed, is taken over as it is;
 // - any other file of the earlier run is replaced by a new one, in one step where it was whole.
 //
-// What is no longer as the earlier run made it belongs to the user: it shows, so its name counts as taken.
+// What is no longer as the earlier run made it belongs to the user, with all files of its set: it shows, so
+// its name counts as taken.
 #pragma once
 
 #include <optional>
+#include <set>
 #include <unordered_map>
 #include <unordered_set>
+#include <utility>
 #include <vector>
 
 #include "apps/vestra_resave/earlier_files.h"
@@ -36,6 +39,9 @@ public:
 
     // Sources of this run that keep the places which the earlier run gave them: no other file gets those.
     void keep_places_of(const std::vector<wide_string>& sources);
+    // A file of which nothing is known but that an earlier project refers to counts as a copy if one of these
+    // has its size and time.
+    void know_sources(const std::vector<wide_string>& sources);
     // The place at which the earlier run put `source`, if it is `wanted` or a numbered name beside it; else
     // `wanted`. Until the placing ends, names are asked for on behalf of this source.
     wide_string kept_place(const wide_string& source, const wide_string& wanted);
@@ -52,7 +58,7 @@ public:
     // earlier run did not make it.
     std::optional<fate> fate_of(const wide_string& path) const;
     std::optional<fate> fate_of_copy(const wide_string& source, const wide_string& target);
-    // What the earlier run knew of a file that was taken over; null for any other.
+    // What the earlier run knew of a file that is still its own; null for any other.
     const earlier_file* kept_file(const wide_string& path) const;
     // True for a folder that holds anything, hidden or not.
     bool is_filled(const earlier_file& folder);
@@ -85,6 +91,8 @@ private:
 
     entry* find(const wide_string& path);
     entry* hidden(const wide_string& path);
+    void check(entry& asked);
+    bool is_own(const earlier_file& file);
     bool is_as_made(const earlier_file& file);
     bool is_unchanged(const earlier_file& file, const wide_string& source);
     bool is_reserved(const entry& found) const;
@@ -92,7 +100,9 @@ private:
     journal_disk* const journal_;
     std::unordered_map<wide_string, entry> entries_;                       // by path key
     std::unordered_map<wide_string, std::vector<wide_string>> inside_;     // names, by the key of the folder
+    std::unordered_map<wide_string, std::vector<entry*>> sets_;            // by their folder and name
     std::unordered_map<wide_string, std::vector<const entry*>> by_source_; // by path key
+    std::set<std::pair<uint64_t, int64_t>> is_like_source_;                // sizes and times
     std::unordered_set<wide_string> keeping_;                              // path keys of sources
     wide_string placing_;                                                  // path key of the source in work
 };

@@ -40,7 +40,7 @@ outcome journal_disk::begin(const std::string& request, bool goes_on) {
     pending_ += journal_record({"boot", platform::boot_identity()});
     if (!request.empty()) pending_ += journal_record({"run", request});
     result = write();
-    if (result) result = inner().flush(path_);
+    if (result) result = file_->flush();
     if (!result && !goes_on) end(true);
     return result;
 }
@@ -85,7 +85,7 @@ void journal_disk::add_size(uint64_t bytes) {
 
 void journal_disk::make_safe() {
     unsafe_bytes_ = 0;
-    if (write() && inner().flush_volume(folder_) && enter({"safe"})) inner().flush(path_);
+    if (write() && inner().flush_volume(folder_) && enter({"safe"})) file_->flush();
     safe_at_ = std::chrono::steady_clock::now();
 }
 
@@ -123,6 +123,7 @@ outcome journal_disk::rename_over(const wide_string& from, const wide_string& to
     pending_ += journal_record({"gone", word(from)});
     pending_ +=
         journal_record({"written", word(to), std::to_string(status.bytes), std::to_string(status.modified)});
+    write(); // what somebody does to it from now on is no longer ours
     return {};
 }
 

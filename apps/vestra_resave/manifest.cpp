@@ -113,7 +113,7 @@ private:
         entry made{.path = path, .source = source, .bytes = status.bytes, .modified = status.modified};
         const earlier_file* const kept = earlier_ ? earlier_->kept_file(path) : nullptr;
         if (kept && !kept->sha256.empty()) {
-            made.source = kept->source, made.sha256 = kept->sha256;
+            made = *kept;
         } else {
             if (source.empty() || is_scene_file(path)) made.source.clear();
             file_digest digest;
@@ -186,12 +186,16 @@ std::vector<problem> write_manifest(run_state& run, continuation& earlier,
     return std::move(writer.unread);
 }
 
-bool read_manifest(const wide_string& project, std::vector<earlier_file>& files) {
+std::optional<refusal> read_manifest(const wide_string& project, std::vector<earlier_file>& files) {
+    const wide_string path = manifest_path(project);
+    if (!path_exists(path)) return std::nullopt;
     std::string text;
-    if (!read_text(manifest_path(project), text)) return false;
+    if (const platform::outcome read = read_text(path, text); !read)
+        return refusal{wrong_use, {{own_kind::unreadable, {}, path, {}, read.text()}}};
     auto entries = entries_of(text, project, true);
-    if (entries) files = std::move(*entries);
-    return entries.has_value();
+    if (!entries) return refused(path, say("is no manifest of this project"));
+    files = std::move(*entries);
+    return std::nullopt;
 }
 
 std::optional<refusal> compare_with_manifest(const wide_string& project,

@@ -23,8 +23,9 @@ wide_string manifest_path(const wide_string& project);
 // apart. Returns what could not be read or written; after a stop nothing is written.
 std::vector<problem> write_manifest(vs::project_resave::run_state& run, continuation& earlier,
                                     const std::function<bool()>& is_stopped);
-// Adds what the manifest of a project names; false, and nothing, if there is none that can be read.
-bool read_manifest(const wide_string& project, std::vector<earlier_file>& files);
+// Sets `files` to what the manifest of a project names; they stay empty if there is none. Returns why one
+// that exists is of no use.
+std::optional<refusal> read_manifest(const wide_string& project, std::vector<earlier_file>& files);
 
 // Adds to what was found each file of the manifest that is missing or no longer as it was entered. Returns
 // why there is nothing to compare with, if the manifest could not be read.

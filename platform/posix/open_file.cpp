@@ -49,6 +49,10 @@ public:
         return ::fstat(content_.get(), &status) == 0 ? static_cast<uint64_t>(status.st_size) : 0;
     }
 
+    outcome flush() override {
+        return outcome::of_call(again_if_interrupted([&] { return ::fsync(content_.get()); }) == 0);
+    }
+
     outcome close() override { return outcome::of_call(content_.close()); }
 
 private:

@@ -49,6 +49,8 @@ public:
         return GetFileSizeEx(content_.get(), &bytes) ? static_cast<uint64_t>(bytes.QuadPart) : 0;
     }
 
+    outcome flush() override { return outcome::of_call(FlushFileBuffers(content_.get()) != FALSE); }
+
     outcome close() override { return outcome::of_call(content_.close()); }
 
 private:

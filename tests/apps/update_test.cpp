@@ -97,10 +97,8 @@ TEST_F(update_command, makes_of_an_earlier_copy_what_a_new_run_would_make) {
         for (size_t number = 0; number < 8; ++number) rasters_.push_back(new_raster(++numbers_));
         for (raster& each : rasters_) write_raster(each);
         const wide_string own = write(u"N:\\out\\rtr\\r0.tif", "the user's own");
-        const string manifest = structure == "from-common-top" ? "" : " --manifest";
         save();
-        ASSERT_EQ(0, command(area + "--update" + manifest + " --structure " + structure))
-            << err; // the first time
+        ASSERT_EQ(0, command(area + "--update --manifest --structure " + structure)) << err; // the first time
         for (size_t round = 0; round < 4; ++round) {
             const tree_state before = state("out");
             for (size_t edits = random_() % 4; edits != 0; --edits) edit();
@@ -143,7 +141,8 @@ TEST_F(update_command, replaces_nothing_that_somebody_changed_and_resumes_nothin
     EXPECT_EQ(2, command(area + "--resume")) << err;
     EXPECT_TRUE(is_told("there is no such journal")) << err;
     EXPECT_EQ(2, command(area + "--prune")) << err;
-    write(journal_path, journal + R"({"project": "C:\\prj\\area._vp"})" + "\t;\ncopy\ta half rec");
+    write(journal_path, journal + R"({"project": "C:\\prj\\area._vp", "new_project": "new._vp"})" +
+                            "\t;\ncopy\ta half rec");
     EXPECT_EQ(2, command(area)) << err;
     EXPECT_TRUE(is_told("--resume") && is_told("--update")) << err;
     EXPECT_EQ(2, command(area + "--resume")) << err;
@@ -168,10 +167,30 @@ TEST_F(update_command, replaces_nothing_that_somebody_changed_and_resumes_nothin
     const json run = json::parse(out);
     for (const char* key : {"unchanged", "replaced", "changed_since", "unreferenced"})
         EXPECT_EQ(plan.at(key).size(), run.at(key).size()) << key;
-    EXPECT_EQ(1U, run.at("changed_since").size()) << out;
+    EXPECT_EQ(2U, run.at("changed_since").size()) << "with the file beside it: " << out;
     EXPECT_EQ(2U, run.at("replaced").size()) << out;
     EXPECT_EQ("what the user made of it", read(copies[0].path));
     EXPECT_EQ(0, command("verify 'N:\\out\\new._vp'")) << out;
+
+    // Without a manifest nobody knows what an existing project was made from.
+    const string other = "resave 'C:\\prj\\area._vp' 'N:\\other\\new._vp' ";
+    ASSERT_EQ(0, command(other)) << err;
+    const tree_state plain = state("other");
+    EXPECT_EQ(2, command(other + "--update")) << err;
+    EXPECT_EQ(2, command(other + "--update --prune --overwrite")) << err;
+    EXPECT_EQ(0, command(other + "--update --overwrite")) << err;
+    EXPECT_EQ("", difference(plain, state("other")));
+
+    // What belongs to a source that is lost is kept.
+    const wide_string lost = rasters_[2].path;
+    const string content = read(lost);
+    remove_tree(lost);
+    before = state_of(native("n"));
+    EXPECT_EQ(1, command(area + "--update --prune")) << err;
+    for (const auto& [path, state] : before)
+        EXPECT_TRUE(path.ends_with(".json") || path.ends_with("._vp") || state_of(native("n")).contains(path))
+            << path;
+    write(lost, content);
 
     // A manifest that names what no resave has made.
     const wide_string victim = write(u"N:\\victim.tif", "of somebody else"),
