@@ -152,7 +152,7 @@ TEST_F(update_command, replaces_nothing_that_somebody_changed_and_resumes_nothin
     EXPECT_TRUE(is_told("other._vp")) << err;
     EXPECT_EQ(" new.resave-journal", made());
 
-    EXPECT_EQ(0, command(area + "--update --manifest --quiet")) << err;
+    ASSERT_EQ(0, command(area + "--update --manifest --quiet")) << err;
     EXPECT_FALSE(path_exists(journal_path));
     vestra::project project;
     read_back(output, project);
