@@ -104,7 +104,8 @@ void find_lonely_paths(const json& all, std::set<string>& lonely) {
     for (const auto& [key, value] : all.items()) {
         if (value.is_structured()) find_lonely_paths(value, lonely);
         const bool is_path = value.is_string() && value.get<string>().substr(0, 12).find(":\\") == 1;
-        if (!is_path || key == "stored" || key == "text" || key == "caption") continue;
+        const bool is_native = key.find("native_") != string::npos; // on Windows of the same form
+        if (!is_path || is_native || key == "stored" || key == "text" || key == "caption") continue;
         const string native = (key == "new_path" ? "new_native_path" : "native_" + key);
         if (all.value(native, "") != platform::native_text(platform::from_utf8(value.get<string>())))
             lonely.insert(key);
