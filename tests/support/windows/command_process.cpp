@@ -20,7 +20,12 @@ std::string command_line(const std::string& arguments, const command_streams& st
 
 int run_line(const std::string& line) {
     const std::wstring wide = std::filesystem::path(platform::from_utf8(line)).wstring();
-    return ::_wsystem(wide.c_str());
+    constexpr int not_started = 9009; // the shell's own code; no command of ours ends with it
+    int code = not_started;
+    for (int turn = 0; turn < 3 && code == not_started;
+         ++turn) // a busy Wine fails to start a process at times
+        code = ::_wsystem(wide.c_str());
+    return code;
 }
 
 } // namespace vs::project_resave
