@@ -140,9 +140,6 @@ public:
     // Sets `bytes` to what the user can still write on the volume of `folder`; unchanged on failure.
     virtual outcome free_space(const wide_string& folder, uint64_t& bytes) = 0;
 
-    // Returns when a file was created, in nanoseconds since 1970 (UTC); 0 if the disk does not keep it. A
-    // copy is created later than its content was written.
-    virtual int64_t creation_time(const wide_string& path) = 0;
     // Waits until the disk has what was written to a file, or the names in a folder.
     virtual outcome flush(const wide_string& path) = 0;
     // The same for all that was written on the volume of `folder`. Fails where only an administrator may.

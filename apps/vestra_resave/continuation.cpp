@@ -1,17 +1,14 @@
 #include "apps/vestra_resave/continuation.h"
 
 #include <algorithm>
-#include <nlohmann/json.hpp>
 #include <unordered_set>
 #include <utility>
 
 #include "apps/vestra_resave/commands.h"
-#include "apps/vestra_resave/companions.h"
-#include "apps/vestra_resave/elements.h"
+#include "apps/vestra_resave/earlier_request.h"
 #include "apps/vestra_resave/file_content.h"
-#include "apps/vestra_resave/folder_files.h"
 #include "apps/vestra_resave/manifest.h"
-#include "apps/vestra_resave/output_file.h"
+#include "apps/vestra_resave/referred_files.h"
 #include "apps/vestra_resave/resave_report.h"
 #include "apps/vestra_resave/trial_disk.h"
 #include "apps/vestra_resave/words.h"
@@ -24,105 +21,10 @@
 namespace vestra::command {
 
 using namespace vs::project_resave;
-using nlohmann::ordered_json;
 using platform::entry_kind;
 using fate = continued_disk::fate;
 
 namespace {
-
-// What a run was asked for, as far as its result depends on it.
-std::string text_of_request(const resave_request& request, const wide_string& source,
-                            const wide_string& target, const std::string& language) {
-    ordered_json options;
-    for (const auto& [option, value] : request.choices) options[option] = value;
-    options["--language"] = language;
-    file_digest digest;
-    read_digest(
-        source, [] { return false; }, digest);
-    return ordered_json{{"project", platform::to_utf8(source)},
-                        {"new_project", platform::to_utf8(path_file_name(target))},
-                        {"sha256", digest.sha256},
-                        {"update", request.mode == run_mode::update},
-                        {"options", options}}
-        .dump(-1, ' ', true);
-}
-
-// The text under a key; empty if there is none.
-std::string text_in(const ordered_json& all, const char* key) {
-    const auto found = all.is_object() ? all.find(key) : all.end();
-    return found != all.end() && found->is_string() ? found->get<std::string>() : std::string();
-}
-
-// Says what differs; empty if nothing does.
-std::string difference_of(const ordered_json& before, const ordered_json& now) {
-    for (const char* key : {"project", "new_project"})
-        if (const wide_string earlier = platform::from_utf8(text_in(before, key));
-            !path_same(earlier, platform::from_utf8(text_in(now, key))))
-            return say("it is of another project: %1", {printed(earlier)});
-    if (text_in(before, "sha256") != text_in(now, "sha256"))
-        return say("the project has changed since; --update brings the copy up to date");
-    const ordered_json none = ordered_json::object();
-    const ordered_json was = before.contains("options") ? before["options"] : none;
-    for (const auto& [option, value] : now["options"].items())
-        if (text_in(was, option.c_str()) != value)
-            return say("%1 was %2 and is %3",
-                       {option, text_in(was, option.c_str()), value.get<std::string>()});
-    return {};
-}
-
-// The files that an earlier project refers to, with what lies next to them as their companion.
-class referred_files {
-public:
-    explicit referred_files(const wide_string& folder) : below_(path_key(folder) + u'\\') {}
-
-    void add_all(project_context& context) {
-        for (const wide_string& path : context.sizes.known_paths())
-            if (!path_same(path, context.placement.source_project_path)) add_data_set(path);
-        add_elements(elements_of(context)); // joined tables are known to the elements alone
-    }
-
-    std::vector<earlier_file> files;
-
-private:
-    void add(const wide_string& path) {
-        const wide_string key = path_key(path);
-        // Scene files are written with the project, and belong to it.
-        const bool is_written = path_extension(path).starts_with(u"._");
-        if (key.starts_with(below_) && seen_.insert(key).second)
-            files.push_back({.path = path, .state = is_written ? made_state::writing : made_state::referred});
-    }
-
-    void add_elements(const std::vector<element>& elements) {
-        for (const element& each : elements) {
-            if (each.exists.value_or(false)) add_data_set(path_in(each.file).value());
-            add_elements(each.children);
-        }
-    }
-
-    void add_data_set(const wide_string& path) {
-        if (platform::current_system().kind_of(path) != entry_kind::folder) return add_family(path);
-        for (const auto& each : platform::list_tree(platform::current_system(), path))
-            if (!each.is_folder) add(each.path);
-    }
-
-    void add_family(const wide_string& path) {
-        add(path);
-        const wide_string head = path_head(path), stem = path_stem(path), name = path_file_name(path);
-        const folder_files& near = folders_.files_of(head);
-        for (const wide_string& each : companion_files(path))
-            if (const wide_string* found = near.find(path_file_name(each))) add(head + *found);
-        for (const wide_string* text : {&stem, &name})
-            for (const wide_string& each : near.beginning_with(*text))
-                if (is_known_companion(wide_view(each).substr(text->size() + 1))) add(head + each);
-        for (const wide_string& ending : world_endings(path_extension(path)))
-            if (const wide_string* found = near.find(path_replace_extension(stem + u'.', ending)))
-                add(head + *found);
-    }
-
-    const wide_string below_;
-    std::unordered_set<wide_string> seen_; // path keys
-    listed_folders folders_;
-};
 
 // True if a disk was full or a share was lost while the run was at work: the same run can succeed later.
 bool may_succeed_later(const project_context& context, const resave_report& report) {
@@ -153,20 +55,6 @@ bool is_loss(const problem& found) {
     return std::ranges::find(kinds, found.kind) != std::end(kinds);
 }
 
-// What the manifests of other projects in the folder name, as path keys.
-std::unordered_set<wide_string> named_by_other_manifests(const wide_string& project) {
-    std::unordered_set<wide_string> named;
-    const wide_string folder = path_head(project), own = path_file_name(manifest_path(project));
-    for (const platform::folder_entry& each : platform::entries_or_none(platform::current_system(), folder)) {
-        const size_t end = each.name.rfind(u".manifest.json");
-        if (end == wide_string::npos || end + 14 != each.name.size() || path_same(each.name, own)) continue;
-        std::vector<earlier_file> files;
-        if (read_manifest(folder + each.name.substr(0, end) + u"._vp", files)) continue;
-        for (const earlier_file& file : files) named.insert(path_key(file.path));
-    }
-    return named;
-}
-
 problem of_row(const char* kind, const continued_disk::row& row) {
     return {kind, {}, {}, row.file->path, {}};
 }
@@ -182,20 +70,23 @@ std::optional<refusal> continuation::find(session& host) {
     asked_ =
         text_of_request(request_, source_, target_, shell::settings().language_offset == 0 ? "ru" : "en");
     has_journal_ = platform::current_system().kind_of(journal_path(target_)) == entry_kind::file;
+    if (has_journal_)
+        if (auto early = refuse_at_work()) return early;
     if (request_.mode == run_mode::resume) return find_to_resume(host);
     if (request_.mode == run_mode::update) return find_to_update(host);
-    return has_journal_ ? refuse_journal() : std::nullopt;
+    if (!has_journal_) return std::nullopt;
+    return refused(journal_path(target_), say("an earlier resave broke off: --resume goes on with it, "
+                                              "--update brings the copy up to date"));
 }
 
-std::optional<refusal> continuation::refuse_journal() {
+// Nothing may start where another run is at work: its journal is open.
+std::optional<refusal> continuation::refuse_at_work() const {
     std::unique_ptr<platform::file> file;
     const wide_string path = journal_path(target_);
     const platform::outcome opened = platform::current_system().open(
         path, platform::access::read_write, platform::disposition::open_existing, file);
-    if (opened.is(platform::failure::in_use))
-        return refused(path, say("another resave into this folder is at work"));
-    return refused(path, say("an earlier resave broke off: --resume goes on with it, --update brings the "
-                             "copy up to date"));
+    if (!opened.is(platform::failure::in_use)) return std::nullopt;
+    return refused(path, say("another resave into this folder is at work"));
 }
 
 std::optional<refusal> continuation::find_to_resume(session& host) {
@@ -207,11 +98,10 @@ std::optional<refusal> continuation::find_to_resume(session& host) {
         return refused(path, one_line(read.text()));
     is_recorded_ = !earlier.request.empty();
     if (is_recorded_) {
-        const ordered_json before = ordered_json::parse(earlier.request, nullptr, false);
-        if (!before.is_object()) return refused(path, say("the journal cannot be read"));
-        if (const std::string differs = difference_of(before, ordered_json::parse(asked_)); !differs.empty())
+        if (!is_request(earlier.request)) return refused(path, say("the journal cannot be read"));
+        if (const std::string differs = difference_of(earlier.request, asked_); !differs.empty())
             return refused(path, say("the resave that broke off cannot be resumed: %1", {differs}));
-        if (before.contains("update") && before["update"] == true) mode_ = run_mode::update;
+        if (is_update(earlier.request)) mode_ = run_mode::update;
     } else if (!earlier.files.empty()) {
         return refused(path, say("the journal cannot be read"));
     }
@@ -267,10 +157,8 @@ std::optional<refusal> continuation::find_earlier_copy(session& host) {
         shell::settings().project_read = project_read;
         shell::settings().scene_read = scene_read;
         if (early) return early;
-        referred_files found(path_head(target_));
-        found.add_all(host.context());
-        found.files.push_back({.path = target_, .state = made_state::writing});
-        earlier_copy_ = std::move(found.files);
+        earlier_copy_ = referred_files(host.context(), path_head(target_));
+        earlier_copy_.push_back({.path = target_, .state = made_state::writing});
     }
     add_files(std::exchange(earlier_copy_, {}));
     return std::nullopt;
@@ -303,7 +191,7 @@ void continuation::add_files(std::vector<earlier_file> files) {
     for (earlier_file& each : files) {
         const wide_string key = path_key(each.path);
         const bool is_of_command =
-            key == path_key(journal_path(target_)) || key.starts_with(path_key(manifest_path(target_)));
+            key == path_key(journal_path(target_)) || key == path_key(manifest_path(target_));
         if (!key.starts_with(below) || is_of_command) continue;
         for (wide_string folder = path_normalise(path_head(each.path));
              path_key(folder).starts_with(top) && seen.insert(path_key(folder)).second;
@@ -372,40 +260,42 @@ bool continuation::removes_unreferenced() const { return mode_ == run_mode::resu
 void continuation::remove_unreferenced(project_context& context, resave_report& report) {
     // Where a source is lost, its copies are the last ones.
     const bool lacks_sources = std::ranges::any_of(report.problems, &is_loss);
-    const bool removes = removes_unreferenced() && !lacks_sources;
-    const std::unordered_set<wide_string> others = named_by_other_manifests(target_);
     std::vector<const continued_disk::row*> left = unreferenced();
     std::ranges::reverse(left); // a folder after what is in it
-    for (const continued_disk::row* each : left) {
-        const bool is_folder = each->file->state == made_state::folder;
-        std::vector<platform::folder_entry> entries;
-        if (is_folder && (!removes || trial_)) continue;
-        if (is_folder && disk_->is_filled(*each->file)) continue;
-        platform::outcome removed;
-        if (removes && !trial_) {
-            const wide_string& path = each->file->path;
-            const bool is_source = protect_project_files({path}, context).has_value() ||
-                                   (!each->file->source.empty() &&
-                                    platform::current_system().same_file(path, each->file->source));
-            if (is_source || others.contains(path_key(path)))
-                removed = platform::outcome::because(u"something else uses it");
-            else
-                removed = disk_->remove_hidden(*each->file);
-        }
-        if (mode_ == run_mode::update && !is_folder) {
-            problem found = of_row(removes ? own_kind::pruned : own_kind::unreferenced, *each);
-            if (removed) add(report, std::move(found));
-        }
-        if (!removed) {
-            problem found = of_row(name_of(fact_kind::not_erased), *each);
-            found.reason = removed.text();
-            add(report, std::move(found));
+    if (!left.empty()) {
+        const platform::system_override in_force(disk_->below()); // this one hides what is to go
+        other_users others(context, target_);
+        for (const continued_disk::row* each : left) {
+            const char16_t* keeps = nullptr;
+            if (lacks_sources)
+                keeps = u"nothing is removed while a source is lost";
+            else if (others.need(each->file->path))
+                keeps = u"something else uses it";
+            end_unreferenced(*each, keeps, report);
         }
     }
     is_broken_off_ |= mode_ == run_mode::resume && lacks_sources && !left.empty();
     for (const continued_disk::row& each : rows_)
         if (each.what == fate::changed && each.file->state != made_state::folder)
             add(report, of_row(own_kind::changed_since, each));
+}
+
+// Removes one, or says that it is there. Of folders nothing is said.
+void continuation::end_unreferenced(const continued_disk::row& left, const char16_t* keeps,
+                                    resave_report& report) {
+    const bool is_folder = left.file->state == made_state::folder;
+    const bool is_begun = left.file->state == made_state::begun; // perhaps half a file, with no name to stay
+    const bool removes = (removes_unreferenced() || is_begun) && !keeps;
+    if (is_folder && (!removes || trial_ || disk_->is_filled(*left.file))) return;
+    platform::outcome removed;
+    if (removes && !trial_) removed = disk_->remove_hidden(*left.file);
+    problem found = of_row(removes ? own_kind::pruned : own_kind::unreferenced, left);
+    if (!removed)
+        found.kind = name_of(fact_kind::not_erased), found.reason = removed.text();
+    else if (removes_unreferenced() && keeps)
+        found.reason = keeps;
+    const bool is_told = !removed || (mode_ == run_mode::update && !is_folder && !is_begun);
+    if (is_told) add(report, std::move(found));
 }
 
 void continuation::flush(resave_report& report) {

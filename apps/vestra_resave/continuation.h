@@ -63,11 +63,12 @@ private:
     std::optional<refusal> find_to_update(session& host);
     std::optional<refusal> find_earlier_copy(session& host);
     std::optional<refusal> refuse_changed_project() const;
-    std::optional<refusal> refuse_journal();
+    std::optional<refusal> refuse_at_work() const;
     bool is_as_recorded(const std::vector<earlier_file>& files) const;
     void add_files(std::vector<earlier_file> files);
     void classify(resave_report& report);
     void remove_unreferenced(vs::project_resave::project_context& context, resave_report& report);
+    void end_unreferenced(const continued_disk::row& left, const char16_t* keeps, resave_report& report);
     void flush(resave_report& report);
     platform::outcome close_journal(bool removes);
 

@@ -36,6 +36,8 @@ public:
 
     // `below`, and `journal` if it is not null, outlive this object.
     continued_disk(platform::system& below, journal_disk* journal, std::vector<earlier_file> files);
+    // The disk that hides nothing.
+    platform::system& below() { return inner(); }
 
     // Sources of this run that keep the places which the earlier run gave them: no other file gets those.
     void keep_places_of(const std::vector<wide_string>& sources);

@@ -66,7 +66,6 @@ public:
             row(words[1], made_state::folder);
         } else if ((kind == "copy" || kind == "replace") && words.size() == 3) {
             copying_ = words[1], source_ = path_of(words[2], folder_);
-            // Until it is replaced, the older file is there.
             if (kind == "copy") files_[row(copying_, made_state::begun)].source = source_;
         } else if (kind == "done" && words.size() == 3 && !copying_.empty()) {
             earlier_file& file = files_[row(copying_, made_state::begun)];

@@ -11,7 +11,7 @@
 //     boot TEXT          a run begins or goes on; changes when the computer starts anew
 //     folder PATH        was created
 //     copy PATH SOURCE   begins
-//     replace PATH SOURCE  the same, of one that takes the place of an older file in one step
+//     replace PATH SOURCE  a copy took the place of an older file; it had another name before
 //     done BYTES TIME    the copy begun last is whole; TIME in nanoseconds since 1970
 //     write PATH         a file that the run writes itself begins
 //     written PATH BYTES TIME

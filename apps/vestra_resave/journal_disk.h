@@ -38,9 +38,11 @@ public:
                            std::unique_ptr<platform::file>& result) override;
 
 private:
+    platform::outcome copy_in_place_of(const wide_string& source, const wide_string& target);
     std::string word(const wide_string& path) const { return journal_word(path, folder_); }
     platform::outcome enter(const std::vector<std::string>& words);
     platform::outcome write();
+    void add_done(const wide_string& target);
     void add_size(uint64_t bytes);
     void make_safe();
 
@@ -48,6 +50,7 @@ private:
     std::unique_ptr<platform::file> file_; // null while no journal is kept
     std::string pending_;                  // entered, but not yet written
     bool has_made_ = false;
+    uint64_t next_name_ = 0;    // of a copy that is to take the place of an older file
     uint64_t unsafe_bytes_ = 0; // copied since the disk was last known to have everything
     std::chrono::steady_clock::time_point safe_at_;
 };

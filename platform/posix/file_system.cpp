@@ -152,14 +152,6 @@ public:
         return {};
     }
 
-    int64_t creation_time(const wide_string& path) override {
-        const auto native = existing(path);
-        struct statx found {};
-        const bool is_known = native && ::statx(AT_FDCWD, native.path.c_str(), 0, STATX_BTIME, &found) == 0 &&
-                              (found.stx_mask & STATX_BTIME) != 0;
-        return is_known ? nanoseconds(found.stx_btime) : 0;
-    }
-
     outcome flush(const wide_string& path) override {
         return flushed(path, [](int opened) { return ::fsync(opened); });
     }

@@ -156,11 +156,6 @@ public:
         return {};
     }
 
-    int64_t creation_time(const wide_string& path) override {
-        WIN32_FILE_ATTRIBUTE_DATA data{};
-        return attributes_of(path, data) ? nanoseconds(data.ftCreationTime) : 0;
-    }
-
     // Names are kept by the file system's own log.
     outcome flush(const wide_string& path) override {
         if (kind_of(path) == entry_kind::folder) return {};
