@@ -38,9 +38,9 @@ struct entry_status {
 // exists under a path whose identity is empty.
 struct file_identity {
     uint64_t volume = 0;
-    uint64_t number = 0; // on the volume; 0 where nothing exists
-    uint32_t names =
-        0; // how many there are; more than one also if the path itself is a link, even a broken one
+    uint64_t number = 0;  // on the volume; 0 where nothing exists
+    uint32_t names = 0;   // how many there are; more than one also for a link
+    bool is_link = false; // the path itself is one, perhaps a broken one
 
     explicit operator bool() const { return number != 0; }
     bool operator==(const file_identity& other) const {

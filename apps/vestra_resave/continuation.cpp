@@ -10,8 +10,10 @@
 #include "apps/vestra_resave/manifest.h"
 #include "apps/vestra_resave/referred_files.h"
 #include "apps/vestra_resave/resave_report.h"
+#include "apps/vestra_resave/shortfalls.h"
 #include "apps/vestra_resave/trial_disk.h"
 #include "apps/vestra_resave/words.h"
+#include "framework/resources/strings.h"
 #include "operations/project_context.h"
 #include "operations/run/path_files.h"
 #include "platform/path_text.h"
@@ -46,6 +48,7 @@ bool may_succeed_later(const project_context& context, const resave_report& repo
 // True for what leaves the run without a source, or without knowing which sources there are.
 bool is_loss(const problem& found) {
     const std::string_view kinds[] = {name_of(fact_kind::source_lost),
+                                      name_of(fact_kind::type_not_resaved),
                                       name_of(fact_kind::copy_failed),
                                       name_of(fact_kind::not_read),
                                       name_of(fact_kind::exception_caught),
@@ -70,11 +73,17 @@ std::optional<refusal> continuation::find(session& host) {
     asked_ =
         text_of_request(request_, source_, target_, shell::settings().language_offset == 0 ? "ru" : "en");
     has_journal_ = platform::current_system().kind_of(journal_path(target_)) == entry_kind::file;
+    if (platform::current_system().identity_of(journal_path(target_)).is_link)
+        return refused(journal_path(target_), say("is a link; the journal of the resave would go elsewhere"));
     if (has_journal_)
         if (auto early = refuse_at_work()) return early;
     if (request_.mode == run_mode::resume) return find_to_resume(host);
     if (request_.mode == run_mode::update) return find_to_update(host);
-    if (!has_journal_) return std::nullopt;
+    if (!has_journal_) { // a manifest that stays would be of what is replaced
+        has_manifest_ =
+            path_exists(target_) && !read_manifest(target_, earlier_copy_) && !earlier_copy_.empty();
+        return std::nullopt;
+    }
     return refused(journal_path(target_), say("an earlier resave broke off: --resume goes on with it, "
                                               "--update brings the copy up to date"));
 }
@@ -123,7 +132,10 @@ std::optional<refusal> continuation::refuse_changed_project() const {
 }
 
 std::optional<refusal> continuation::find_to_update(session& host) {
-    if (auto early = read_manifest(target_, earlier_copy_)) return early;
+    wide_string from;
+    if (auto early = read_manifest(target_, earlier_copy_, &from)) return early;
+    if (!from.empty() && !path_same(from, source_) && (request_.prune || !request_.overwrite))
+        return refused(target_, say("is a copy of another project: %1", {printed(from)}));
     has_manifest_ = !earlier_copy_.empty();
     earlier_run earlier;
     if (has_journal_)
@@ -157,7 +169,7 @@ std::optional<refusal> continuation::find_earlier_copy(session& host) {
         shell::settings().project_read = project_read;
         shell::settings().scene_read = scene_read;
         if (early) return early;
-        earlier_copy_ = referred_files(host.context(), path_head(target_));
+        earlier_copy_ = referred_files(host.context(), target_);
         earlier_copy_.push_back({.path = target_, .state = made_state::writing});
     }
     add_files(std::exchange(earlier_copy_, {}));
@@ -201,7 +213,7 @@ void continuation::add_files(std::vector<earlier_file> files) {
     }
 }
 
-void continuation::put_in_force(project_context& context, trial_disk* trial) {
+void continuation::put_in_force(project_context& context, const source_elements& source, trial_disk* trial) {
     trial_ = trial;
     platform::system& real = trial ? trial->below() : platform::current_system();
     if (!trial) {
@@ -212,6 +224,11 @@ void continuation::put_in_force(project_context& context, trial_disk* trial) {
     std::erase_if(files_, [&](const earlier_file& each) { return context.guard.protects(each.path); });
     platform::system& below = journal_ ? static_cast<platform::system&>(*journal_) : real;
     disk_ = std::make_unique<continued_disk>(below, journal_.get(), std::move(files_));
+    disk_->let_go(path_head(target_) + path_stem(target_) + load_string(text::log_name_suffix));
+    if (request_.overwrite) disk_->let_go(target_);
+    std::vector<wide_string> files;
+    for (const source_elements::row& each : source.rows()) files.push_back(each.file);
+    disk_->keep_together(files);
     if (!has_manifest_) disk_->know_sources(context.sizes.known_paths());
     if (mode_ == run_mode::update) disk_->keep_places_of(context.sizes.known_paths());
     if (trial)
@@ -243,6 +260,16 @@ std::vector<const continued_disk::row*> continuation::unreferenced() {
     return found;
 }
 
+std::vector<earlier_file> continuation::left() {
+    std::vector<earlier_file> files;
+    if (!disk_) return files;
+    for (const continued_disk::row& each : disk_->rows())
+        if ((each.what == fate::hidden || each.what == fate::failed) &&
+            each.file->state != made_state::folder)
+            files.push_back(*each.file);
+    return files;
+}
+
 // Which copies are older ones.
 void continuation::classify(resave_report& report) {
     for (const copied_file& copy : report.copies) {
@@ -264,25 +291,29 @@ void continuation::remove_unreferenced(project_context& context, resave_report& 
     std::ranges::reverse(left); // a folder after what is in it
     if (!left.empty()) {
         const platform::system_override in_force(disk_->below()); // this one hides what is to go
-        other_users others(context, target_);
+        std::vector<wide_string> paths;
+        for (const continued_disk::row* each : left) paths.push_back(each->file->path);
+        other_users others(context, target_, paths);
+        const placed_copies copies(context.placement.placed);
         for (const continued_disk::row* each : left) {
             const char16_t* keeps = nullptr;
             if (lacks_sources)
-                keeps = u"nothing is removed while a source is lost";
+                keeps = u"nothing is removed while a part of the project is missing";
             else if (others.need(each->file->path))
                 keeps = u"something else uses it";
-            end_unreferenced(*each, keeps, report);
+            end_unreferenced(*each, keeps, copies, report);
         }
     }
     is_broken_off_ |= mode_ == run_mode::resume && lacks_sources && !left.empty();
     for (const continued_disk::row& each : rows_)
-        if (each.what == fate::changed && each.file->state != made_state::folder)
+        if (each.what == fate::changed && each.file->state != made_state::folder &&
+            !disk_->may_go(each.file->path))
             add(report, of_row(own_kind::changed_since, each));
 }
 
 // Removes one, or says that it is there. Of folders nothing is said.
 void continuation::end_unreferenced(const continued_disk::row& left, const char16_t* keeps,
-                                    resave_report& report) {
+                                    const placed_copies& copies, resave_report& report) {
     const bool is_folder = left.file->state == made_state::folder;
     const bool is_begun = left.file->state == made_state::begun; // perhaps half a file, with no name to stay
     const bool removes = (removes_unreferenced() || is_begun) && !keeps;
@@ -294,6 +325,9 @@ void continuation::end_unreferenced(const continued_disk::row& left, const char1
         found.kind = name_of(fact_kind::not_erased), found.reason = removed.text();
     else if (removes_unreferenced() && keeps)
         found.reason = keeps;
+    if (const wide_string* const main = removes ? nullptr : copies.read_with(left.file->path);
+        main && !is_folder)
+        found.kind = own_kind::stale, found.path = std::exchange(found.new_path, *main);
     const bool is_told = !removed || (mode_ == run_mode::update && !is_folder && !is_begun);
     if (is_told) add(report, std::move(found));
 }
@@ -302,9 +336,13 @@ void continuation::flush(resave_report& report) {
     for (const wide_string& path : {target_, manifest_path(target_), path_normalise(path_head(target_))}) {
         if (!path_exists(path)) continue;
         const platform::outcome flushed = platform::current_system().flush(path);
-        if (!flushed && path_same(path, target_))
-            add(report, {name_of(fact_kind::not_written), {}, source_, path, flushed.text()});
+        const bool is_file = !path_same(path, path_normalise(path_head(target_)));
+        if (flushed || !is_file) continue;
+        add(report, {name_of(fact_kind::not_written), {}, source_, path, flushed.text()});
+        if (path_same(path, target_)) report.exit = not_saved;
     }
+    // A later update takes what the manifest names for whole.
+    if (path_exists(manifest_path(target_))) platform::current_system().flush_volume(path_head(target_));
 }
 
 void continuation::end_files(project_context& context, resave_report& report) {
@@ -312,11 +350,13 @@ void continuation::end_files(project_context& context, resave_report& report) {
     if (!disk_) return;
     classify(report);
     if (report.exit == done || report.exit == problems) remove_unreferenced(context, report);
+    disk_->reveal();
 }
 
 void continuation::end_journal(resave_report& report) {
-    const bool is_saved = report.exit == done || report.exit == problems;
-    if (is_saved && !trial_) flush(report);
+    const auto is_written = [&] { return report.exit == done || report.exit == problems; };
+    if (is_written() && !trial_) flush(report);
+    const bool is_saved = is_written();
     if (!journal_ || is_journal_ended_) return;
     const bool has_begun = has_journal_ || journal_->has_made();
     report.resumable = has_begun && (!is_saved || is_broken_off_);

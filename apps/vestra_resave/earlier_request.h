@@ -1,4 +1,5 @@
-// What a resave was asked for, as its journal keeps it: one that broke off is resumed by the same request only.
+// What a resave was asked for, as its journal keeps it: one that broke off is resumed by the same request
+// only.
 #pragma once
 
 #include <string>

@@ -103,7 +103,10 @@ outcome journal_disk::copy_file(const wide_string& source, const wide_string& ta
         pending_ += journal_record({"gone", word(target)});
         return copied;
     }
-    add_done(target);
+    has_made_ = true;
+    const platform::entry_status status = inner().status_of(target);
+    pending_ += journal_record({"done", std::to_string(status.bytes), std::to_string(status.modified)});
+    add_size(status.bytes);
     return {};
 }
 
@@ -113,27 +116,23 @@ outcome journal_disk::copy_in_place_of(const wide_string& source, const wide_str
     outcome result = platform::failure::taken;
     wide_string fresh;
     while (result.is(platform::failure::taken)) {
-        fresh = path_head(target) + u".copy-" + platform::from_utf8(std::to_string(next_name_++)) + u".tmp";
+        fresh = path_head(target) + wide_string(copy_name_begin) +
+                platform::from_utf8(std::to_string(next_name_++)) + wide_string(copy_name_end);
         if (inner().kind_of(fresh) != platform::entry_kind::none) continue;
         if (const outcome entered = enter({"copy", word(fresh), word(source)}); !entered) return entered;
         result = inner().copy_file(source, fresh, false);
         if (result) {
-            result = inner().rename_over(fresh, target);
+            const platform::entry_status made = inner().status_of(fresh);
+            result = enter({"replace", word(target), word(source), std::to_string(made.bytes),
+                            std::to_string(made.modified)});
+            if (result) result = inner().rename_over(fresh, target);
             if (!result) inner().delete_file(fresh);
+            has_made_ |= bool(result);
+            add_size(made.bytes);
         }
         pending_ += journal_record({"gone", word(fresh)});
     }
-    if (!result) return result;
-    pending_ += journal_record({"replace", word(target), word(source)});
-    add_done(target);
-    return {};
-}
-
-void journal_disk::add_done(const wide_string& target) {
-    has_made_ = true;
-    const platform::entry_status status = inner().status_of(target);
-    pending_ += journal_record({"done", std::to_string(status.bytes), std::to_string(status.modified)});
-    add_size(status.bytes);
+    return result;
 }
 
 outcome journal_disk::create_folder(const wide_string& path) {

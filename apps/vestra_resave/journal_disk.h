@@ -12,6 +12,9 @@
 
 namespace vestra::command {
 
+// A copy that is to take the place of an older file has such a name until then.
+inline constexpr vs::project_resave::wide_view copy_name_begin = u".copy-", copy_name_end = u".tmp";
+
 class journal_disk final : public vs::project_resave::forwarding_system {
 public:
     // `below` outlives this object. The journal is kept in the folder of `project`.
@@ -42,7 +45,6 @@ private:
     std::string word(const wide_string& path) const { return journal_word(path, folder_); }
     platform::outcome enter(const std::vector<std::string>& words);
     platform::outcome write();
-    void add_done(const wide_string& target);
     void add_size(uint64_t bytes);
     void make_safe();
 

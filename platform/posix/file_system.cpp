@@ -126,10 +126,10 @@ public:
         const bool exists = bool(mapped_volumes().status(path, found));
         const native_answer native = mapped_volumes().native(path, exists);
         const bool is_link = native && lstat(native.path.c_str(), &entry) == 0 && S_ISLNK(entry.st_mode);
-        if (!exists) return {0, 0, is_link ? 2U : 0U};
+        if (!exists) return {0, 0, is_link ? 2U : 0U, is_link};
         // A folder is named by its sub-folders, too.
         const bool has_names = is_link || (!S_ISDIR(found.st_mode) && found.st_nlink > 1);
-        return {found.st_dev, found.st_ino, has_names ? 2U : 1U};
+        return {found.st_dev, found.st_ino, has_names ? 2U : 1U, is_link};
     }
 
     outcome rename_over(const wide_string& from, const wide_string& to) override {

@@ -131,9 +131,9 @@ public:
         const DWORD attributes = GetFileAttributesW(wide(system_path(path).c_str()));
         const bool is_link =
             attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
-        if (!information_of(path, found)) return {0, 0, is_link ? 2U : 0U};
+        if (!information_of(path, found)) return {0, 0, is_link ? 2U : 0U, is_link};
         const uint64_t number = (uint64_t{found.nFileIndexHigh} << 32) | found.nFileIndexLow;
-        return {found.dwVolumeSerialNumber, number, is_link || found.nNumberOfLinks > 1 ? 2U : 1U};
+        return {found.dwVolumeSerialNumber, number, is_link || found.nNumberOfLinks > 1 ? 2U : 1U, is_link};
     }
 
     outcome rename_over(const wide_string& from, const wide_string& to) override {
