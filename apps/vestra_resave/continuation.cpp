@@ -58,6 +58,15 @@ bool is_loss(const problem& found) {
     return std::ranges::find(kinds, found.kind) != std::end(kinds);
 }
 
+// True if a scene file of the trial, which has references of its own, is as the one that exists.
+bool is_written_alike(const wide_string& path, platform::system& real) {
+    if (!path_extension(path).starts_with(u"._")) return false;
+    std::string planned, existing;
+    if (!read_text(path, planned)) return false;
+    const platform::system_override in_force(real);
+    return read_text(path, existing) && planned == existing;
+}
+
 problem of_row(const char* kind, const continued_disk::row& row) {
     return {kind, {}, {}, row.file->path, {}};
 }
@@ -273,8 +282,9 @@ std::vector<earlier_file> continuation::left() {
 // Which copies are older ones.
 void continuation::classify(resave_report& report) {
     for (const copied_file& copy : report.copies) {
-        const auto what =
-            trial_ ? disk_->fate_of_copy(copy.source, copy.target) : disk_->fate_of(copy.target);
+        auto what = trial_ ? disk_->fate_of_copy(copy.source, copy.target) : disk_->fate_of(copy.target);
+        if (trial_ && what == fate::replaced && is_written_alike(copy.target, disk_->below()))
+            what = fate::kept;
         if (what == fate::kept)
             (mode_ == run_mode::update ? report.unchanged : report.taken_over).push_back(copy);
         else if (what == fate::replaced)
