@@ -41,6 +41,7 @@ struct file_identity {
     uint64_t number = 0;  // on the volume; 0 where nothing exists
     uint32_t names = 0;   // how many there are; more than one also for a link
     bool is_link = false; // the path itself is one, perhaps a broken one
+    bool is_folder = false;
 
     explicit operator bool() const { return number != 0; }
     bool operator==(const file_identity& other) const {

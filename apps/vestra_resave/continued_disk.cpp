@@ -190,7 +190,7 @@ void continued_disk::check_set(const wide_string& key, file_set& set) {
     if (!is_changed && has_strangers(key, set))
         is_changed = std::ranges::any_of(set.made, [&](const entry* each) {
             const earlier_file& file = each->file;
-            return each->what == fate::hidden && !file.source.empty() && !is_unchanged(file, file.source);
+            return each->what == fate::hidden && !file.source.empty() && !is_unchanged(*each, file.source);
         });
     set.is_changed = is_changed;
     for (entry* each : set.made)
@@ -218,11 +218,14 @@ bool continued_disk::has_strangers(const wide_string& set_key, const file_set& s
 void continued_disk::check(entry& asked) {
     if (asked.is_checked) return;
     asked.is_checked = true;
-    if (inner().kind_of(asked.file.path) == entry_kind::none) {
+    asked.now = inner().status_of(asked.file.path);
+    const auto is_it = [&](const earlier_file& each) { return is_as_made(each, asked.now); };
+    if (asked.now.kind == entry_kind::none) {
         asked.what = fate::missing;
-    } else if (!is_as_made(asked.file)) {
-        const auto older =
-            std::ranges::find_if(asked.older, [&](const auto& each) { return is_as_made(each); });
+    } else if (!is_own(asked.file)) {
+        asked.what = fate::changed;
+    } else if (!is_it(asked.file)) {
+        const auto older = std::ranges::find_if(asked.older, is_it);
         if (older == asked.older.end())
             asked.what = fate::changed;
         else
@@ -239,9 +242,7 @@ bool continued_disk::is_own(const earlier_file& file) {
     return found && !found.is_link && (!folder || folder->what != fate::changed);
 }
 
-bool continued_disk::is_as_made(const earlier_file& file) {
-    const platform::entry_status now = inner().status_of(file.path);
-    if (!is_own(file)) return false;
+bool continued_disk::is_as_made(const earlier_file& file, const platform::entry_status& now) {
     if (file.state == made_state::folder) return now.kind == entry_kind::folder;
     if (now.kind != entry_kind::file) return false;
     if (file.state == made_state::writing) return true;
@@ -263,10 +264,11 @@ bool continued_disk::is_as_made(const earlier_file& file) {
 }
 
 // Whether the copy of `source` need not be made again.
-bool continued_disk::is_unchanged(const earlier_file& file, const wide_string& source) {
+bool continued_disk::is_unchanged(const entry& copy, const wide_string& source) {
+    const earlier_file& file = copy.file;
     if (!file.source.empty() && !path_same(file.source, source)) return false;
     const platform::entry_status now = inner().status_of(source);
-    if (now.kind != entry_kind::file || !is_same(now, inner().status_of(file.path))) return false;
+    if (now.kind != entry_kind::file || !is_same(now, copy.now)) return false;
     const bool is_known = file.modified != 0 && file.state == made_state::copied;
     if (is_known && !is_same_time(now.modified, file.modified)) return false;
     return file.is_safe || is_same_text(inner(), source, file.path);
@@ -302,7 +304,7 @@ std::optional<continued_disk::fate> continued_disk::fate_of_copy(const wide_stri
                                                                  const wide_string& target) {
     const entry* const found = hidden(target);
     if (!found) return fate_of(target);
-    return is_unchanged(found->file, source) ? fate::kept : fate::replaced;
+    return is_unchanged(*found, source) ? fate::kept : fate::replaced;
 }
 
 const earlier_file* continued_disk::kept_file(const wide_string& path) const {
@@ -332,14 +334,14 @@ platform::entry_status continued_disk::status_of(const wide_string& path) {
 outcome continued_disk::copy_file(const wide_string& source, const wide_string& target, bool replace) {
     entry* const found = hidden(target);
     if (!found || found->file.state == made_state::folder) return inner().copy_file(source, target, replace);
-    if (is_unchanged(found->file, source)) {
+    if (is_unchanged(*found, source)) {
         found->what = fate::kept;
-        if (journal_) journal_->add_kept(found->file.path, source);
+        if (journal_) journal_->add_kept(found->file.path, source, found->now);
         return {};
     }
     const outcome copied = inner().copy_file(source, found->file.path, true);
     found->what = copied ? fate::replaced : fate::failed;
-    if (!copied && journal_) journal_->add_kept(found->file.path, source); // for the next try to replace it
+    if (!copied && journal_) journal_->add_kept(found->file.path, source, found->now); // for the next try
     return copied;
 }
 
@@ -427,7 +429,7 @@ outcome continued_disk::free_space(const wide_string& folder, uint64_t& bytes) {
     const outcome found = inner().free_space(folder, bytes);
     if (!found) return found;
     for (const auto& [key, each] : entries_)
-        if (each.what == fate::hidden) bytes += inner().file_size(each.file.path);
+        if (hidden(each.file.path)) bytes += each.now.bytes;
     return found;
 }
 

@@ -99,8 +99,9 @@ private:
         earlier_file file;
         std::vector<earlier_file> older; // as it was before, if the last change may not have been made
         fate what = fate::hidden;
-        bool is_checked = false; // whether it is as the earlier run made it
-        wide_string set;         // key in sets_; empty for a folder
+        platform::entry_status now = {}; // once it is checked, until it changes
+        bool is_checked = false;         // whether it is as the earlier run made it
+        wide_string set;                 // key in sets_; empty for a folder
     };
 
     // Files of one folder whose names begin alike; or all in the copy of a folder.
@@ -116,8 +117,8 @@ private:
     void check_set(const wide_string& key, file_set& set);
     bool has_strangers(const wide_string& set_key, const file_set& set);
     bool is_own(const earlier_file& file);
-    bool is_as_made(const earlier_file& file);
-    bool is_unchanged(const earlier_file& file, const wide_string& source);
+    bool is_as_made(const earlier_file& file, const platform::entry_status& now);
+    bool is_unchanged(const entry& copy, const wide_string& source);
     bool is_reserved(const entry& found) const;
     bool is_kept_from_writing(const wide_string& path) const;
 

@@ -48,9 +48,9 @@ outcome journal_disk::begin(const std::string& request, bool goes_on) {
     return result;
 }
 
-void journal_disk::add_kept(const wide_string& path, const wide_string& source) {
+void journal_disk::add_kept(const wide_string& path, const wide_string& source,
+                            const platform::entry_status& status) {
     if (!file_) return;
-    const platform::entry_status status = inner().status_of(path);
     pending_ += journal_record({"copy", word(path), word(source)});
     pending_ += journal_record({"done", std::to_string(status.bytes), std::to_string(status.modified)});
 }

@@ -25,7 +25,7 @@ public:
     // `in_use` while another run is at work, and with `taken` if it is to be created and exists.
     platform::outcome begin(const std::string& request, bool goes_on);
     // Enters a copy that an earlier run made and this one leaves as it is.
-    void add_kept(const wide_string& path, const wide_string& source);
+    void add_kept(const wide_string& path, const wide_string& source, const platform::entry_status& status);
     // Ends the journal: it is removed, or stays and is flushed.
     platform::outcome end(bool removes);
     // True if anything was copied, created or written since it began.

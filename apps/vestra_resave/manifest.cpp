@@ -136,10 +136,9 @@ private:
     void add(const wide_string& source, const wide_string& path, bool is_made) {
         if (is_stopped_() || !seen_.insert(path_key(path)).second || !path_key(path).starts_with(below_))
             return;
-        const entry_kind kind = platform::current_system().kind_of(path);
-        if (kind == entry_kind::folder) return add_folder(source, path, is_made);
-        if (kind == entry_kind::none) return; // a copy that failed is a problem already
         const platform::entry_status status = platform::current_system().status_of(path);
+        if (status.kind == entry_kind::folder) return add_folder(source, path, is_made);
+        if (status.kind == entry_kind::none) return; // a copy that failed is a problem already
         entry made{.path = path, .source = source, .bytes = status.bytes, .modified = status.modified};
         const earlier_file* const kept = earlier_ ? earlier_->kept_file(path) : nullptr;
         if (kept && !kept->sha256.empty()) {

@@ -121,15 +121,15 @@ public:
     }
 
     file_identity identity_of(const wide_string& path) override {
-        struct stat found {
-        }, entry{};
-        const bool exists = bool(mapped_volumes().status(path, found));
-        const native_answer native = mapped_volumes().native(path, exists);
-        const bool is_link = native && lstat(native.path.c_str(), &entry) == 0 && S_ISLNK(entry.st_mode);
-        if (!exists) return {0, 0, is_link ? 2U : 0U, is_link};
+        const native_answer native = mapped_volumes().native(path, false);
+        struct stat found {};
+        if (!native || ::lstat(native.path.c_str(), &found) != 0) return {};
+        const bool is_link = S_ISLNK(found.st_mode);
+        if (is_link && ::stat(native.path.c_str(), &found) != 0) return {0, 0, 2U, true};
         // A folder is named by its sub-folders, too.
-        const bool has_names = is_link || (!S_ISDIR(found.st_mode) && found.st_nlink > 1);
-        return {found.st_dev, found.st_ino, has_names ? 2U : 1U, is_link};
+        const bool is_folder = S_ISDIR(found.st_mode);
+        const bool has_names = is_link || (!is_folder && found.st_nlink > 1);
+        return {found.st_dev, found.st_ino, has_names ? 2U : 1U, is_link, is_folder};
     }
 
     outcome rename_over(const wide_string& from, const wide_string& to) override {

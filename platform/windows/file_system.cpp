@@ -133,7 +133,8 @@ public:
             attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
         if (!information_of(path, found)) return {0, 0, is_link ? 2U : 0U, is_link};
         const uint64_t number = (uint64_t{found.nFileIndexHigh} << 32) | found.nFileIndexLow;
-        return {found.dwVolumeSerialNumber, number, is_link || found.nNumberOfLinks > 1 ? 2U : 1U, is_link};
+        return {found.dwVolumeSerialNumber, number, is_link || found.nNumberOfLinks > 1 ? 2U : 1U, is_link,
+                is_folder(found.dwFileAttributes)};
     }
 
     outcome rename_over(const wide_string& from, const wide_string& to) override {
