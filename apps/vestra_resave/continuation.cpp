@@ -9,7 +9,6 @@
 #include "apps/vestra_resave/file_content.h"
 #include "apps/vestra_resave/manifest.h"
 #include "apps/vestra_resave/referred_files.h"
-#include "apps/vestra_resave/resave_report.h"
 #include "apps/vestra_resave/shortfalls.h"
 #include "apps/vestra_resave/trial_disk.h"
 #include "apps/vestra_resave/words.h"
@@ -25,53 +24,6 @@ namespace vestra::command {
 using namespace vs::project_resave;
 using platform::entry_kind;
 using fate = continued_disk::fate;
-
-namespace {
-
-// True if a disk was full or a share was lost while the run was at work: the same run can succeed later.
-bool may_succeed_later(const project_context& context, const resave_report& report) {
-    using platform::failure;
-    std::unordered_set<wide_string> lost; // path keys
-    for (const problem& each : report.problems) {
-        if (each.kind != name_of(fact_kind::copy_failed) && each.kind != name_of(fact_kind::source_lost))
-            continue;
-        for (const failure known : {failure::disk_full, failure::damaged, failure::in_use})
-            if (each.reason == platform::outcome(known).text()) return true;
-        if (!path_exists(each.path)) lost.insert(path_key(each.path));
-    }
-    if (lost.empty()) return false;
-    // What the source had when it was loaded.
-    return std::ranges::any_of(context.sizes.known_paths(),
-                               [&](const wide_string& path) { return lost.contains(path_key(path)); });
-}
-
-// True for what leaves the run without a source, or without knowing which sources there are.
-bool is_loss(const problem& found) {
-    const std::string_view kinds[] = {name_of(fact_kind::source_lost),
-                                      name_of(fact_kind::type_not_resaved),
-                                      name_of(fact_kind::copy_failed),
-                                      name_of(fact_kind::not_read),
-                                      name_of(fact_kind::exception_caught),
-                                      name_of(fact_kind::not_written),
-                                      own_kind::unreadable,
-                                      own_kind::not_loaded};
-    return std::ranges::find(kinds, found.kind) != std::end(kinds);
-}
-
-// True if a scene file of the trial, which has references of its own, is as the one that exists.
-bool is_written_alike(const wide_string& path, platform::system& real) {
-    if (!path_extension(path).starts_with(u"._")) return false;
-    std::string planned, existing;
-    if (!read_text(path, planned)) return false;
-    const platform::system_override in_force(real);
-    return read_text(path, existing) && planned == existing;
-}
-
-problem of_row(const char* kind, const continued_disk::row& row) {
-    return {kind, {}, {}, row.file->path, {}};
-}
-
-} // namespace
 
 continuation::continuation(const resave_request& request, wide_string source, wide_string target)
     : request_(request), source_(std::move(source)), target_(std::move(target)), mode_(request.mode) {}
@@ -256,135 +208,6 @@ std::optional<refusal> continuation::begin_journal() {
     if (begun.is(platform::failure::in_use) || begun.is(platform::failure::taken))
         return refused(path, say("another resave into this folder is at work"));
     return refusal{not_saved, {{own_kind::not_created, {}, {}, path, begun.text()}}};
-}
-
-std::vector<const continued_disk::row*> continuation::unreferenced() {
-    std::vector<const continued_disk::row*> found;
-    if (!disk_) return found;
-    rows_ = disk_->rows();
-    for (const continued_disk::row& each : rows_) {
-        const bool is_made = trial_ && trial_->has_made(each.file->path);
-        if (each.what == fate::hidden && !is_made) found.push_back(&each);
-    }
-    return found;
-}
-
-std::vector<earlier_file> continuation::left() {
-    std::vector<earlier_file> files;
-    if (!disk_) return files;
-    for (const continued_disk::row& each : disk_->rows())
-        if ((each.what == fate::hidden || each.what == fate::failed) &&
-            each.file->state != made_state::folder)
-            files.push_back(*each.file);
-    return files;
-}
-
-// Which copies are older ones.
-void continuation::classify(resave_report& report) {
-    for (const copied_file& copy : report.copies) {
-        auto what = trial_ ? disk_->fate_of_copy(copy.source, copy.target) : disk_->fate_of(copy.target);
-        if (trial_ && what == fate::replaced && is_written_alike(copy.target, disk_->below()))
-            what = fate::kept;
-        if (what == fate::kept)
-            (mode_ == run_mode::update ? report.unchanged : report.taken_over).push_back(copy);
-        else if (what == fate::replaced)
-            report.replaced.push_back(copy);
-    }
-}
-
-bool continuation::removes_unreferenced() const { return mode_ == run_mode::resume || request_.prune; }
-
-void continuation::remove_unreferenced(project_context& context, resave_report& report) {
-    // Where a source is lost, its copies are the last ones.
-    const bool lacks_sources = std::ranges::any_of(report.problems, &is_loss);
-    std::vector<const continued_disk::row*> left = unreferenced();
-    std::ranges::reverse(left); // a folder after what is in it
-    if (!left.empty()) {
-        const platform::system_override in_force(disk_->below()); // this one hides what is to go
-        std::vector<wide_string> paths;
-        for (const continued_disk::row* each : left) paths.push_back(each->file->path);
-        other_users others(context, target_, paths);
-        const placed_copies copies(context.placement.placed);
-        for (const continued_disk::row* each : left) {
-            const char16_t* keeps = nullptr;
-            if (lacks_sources)
-                keeps = u"nothing is removed while a part of the project is missing";
-            else if (others.need(each->file->path))
-                keeps = u"something else uses it";
-            end_unreferenced(*each, keeps, copies, report);
-        }
-    }
-    is_broken_off_ |= mode_ == run_mode::resume && lacks_sources && !left.empty();
-    for (const continued_disk::row& each : rows_)
-        if (each.what == fate::changed && each.file->state != made_state::folder &&
-            !disk_->may_go(each.file->path))
-            add(report, of_row(own_kind::changed_since, each));
-}
-
-// Removes one, or says that it is there. Of folders nothing is said.
-void continuation::end_unreferenced(const continued_disk::row& left, const char16_t* keeps,
-                                    const placed_copies& copies, resave_report& report) {
-    const bool is_folder = left.file->state == made_state::folder;
-    const bool is_begun = left.file->state == made_state::begun; // perhaps half a file, with no name to stay
-    const bool removes = (removes_unreferenced() || is_begun) && !keeps;
-    if (is_folder && (!removes || trial_ || disk_->is_filled(*left.file))) return;
-    platform::outcome removed;
-    if (removes && !trial_) removed = disk_->remove_hidden(*left.file);
-    problem found = of_row(removes ? own_kind::pruned : own_kind::unreferenced, left);
-    if (!removed)
-        found.kind = name_of(fact_kind::not_erased), found.reason = removed.text();
-    else if (removes_unreferenced() && keeps)
-        found.reason = keeps;
-    if (const wide_string* const main = removes ? nullptr : copies.read_with(left.file->path);
-        main && !is_folder)
-        found.kind = own_kind::stale, found.path = std::exchange(found.new_path, *main);
-    const bool is_told = !removed || (mode_ == run_mode::update && !is_folder && !is_begun);
-    if (is_told) add(report, std::move(found));
-}
-
-void continuation::flush(resave_report& report) {
-    for (const wide_string& path : {target_, manifest_path(target_), path_normalise(path_head(target_))}) {
-        if (!path_exists(path)) continue;
-        const platform::outcome flushed = platform::current_system().flush(path);
-        const bool is_file = !path_same(path, path_normalise(path_head(target_)));
-        if (flushed || !is_file) continue;
-        add(report, {name_of(fact_kind::not_written), {}, source_, path, flushed.text()});
-        if (path_same(path, target_)) report.exit = not_saved;
-    }
-    // A later update takes what the manifest names for whole.
-    if (path_exists(manifest_path(target_))) platform::current_system().flush_volume(path_head(target_));
-}
-
-void continuation::end_files(project_context& context, resave_report& report) {
-    is_broken_off_ = may_succeed_later(context, report);
-    if (!disk_) return;
-    classify(report);
-    if (report.exit == done || report.exit == problems) remove_unreferenced(context, report);
-    disk_->reveal();
-}
-
-void continuation::end_journal(resave_report& report) {
-    const auto is_written = [&] { return report.exit == done || report.exit == problems; };
-    if (is_written() && !trial_) flush(report);
-    const bool is_saved = is_written();
-    if (!journal_ || is_journal_ended_) return;
-    const bool has_begun = has_journal_ || journal_->has_made();
-    report.resumable = has_begun && (!is_saved || is_broken_off_);
-    if (const platform::outcome ended = close_journal(!report.resumable); !ended)
-        add(report, {own_kind::not_created, {}, {}, journal_path(target_), ended.text()});
-}
-
-void continuation::abandon() {
-    // An update that was erased may have replaced files, of which the manifest does not know.
-    const bool is_needed = has_journal_ || (disk_ && journal_ && journal_->has_made());
-    if (journal_ && !is_journal_ended_) close_journal(!is_needed);
-}
-
-platform::outcome continuation::close_journal(bool removes) {
-    disk_in_force_.reset();
-    journal_in_force_.reset();
-    is_journal_ended_ = true;
-    return journal_->end(removes);
 }
 
 } // namespace vestra::command

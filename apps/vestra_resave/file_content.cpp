@@ -1,8 +1,8 @@
 #include "apps/vestra_resave/file_content.h"
 
+#include <algorithm>
+#include <utility>
 #include <vector>
-
-#include "platform/system.h"
 
 namespace vestra::command {
 
@@ -57,6 +57,36 @@ platform::outcome read_text(const wide_string& path, std::string& text) {
     if (bytes > largest_text) return platform::outcome::because(u"it is larger than 256 MiB");
     text.resize(static_cast<size_t>(bytes));
     return file->read_whole(text.data(), text.size());
+}
+
+bool is_beginning_of(platform::system& disk, const wide_string& path, const wide_string& source) {
+    std::unique_ptr<platform::file> half, whole;
+    using platform::access;
+    using platform::disposition;
+    if (!disk.open(path, access::read, disposition::open_existing, half)) return false;
+    if (half->size() == 0) return true;
+    if (!disk.open(source, access::read, disposition::open_existing, whole) || half->size() > whole->size())
+        return false;
+    std::vector<char> first(piece), second(piece);
+    bool is_at_zeros = false;
+    for (uint64_t rest = half->size(); rest != 0;) {
+        const auto length = static_cast<size_t>(std::min<uint64_t>(rest, piece));
+        if (!half->read_whole(first.data(), length) || !whole->read_whole(second.data(), length))
+            return false;
+        const char* const end = first.data() + length;
+        const char* differs = first.data();
+        if (!is_at_zeros) differs = std::mismatch(differs, end, std::as_const(second).data()).first;
+        is_at_zeros = differs != end;
+        if (std::any_of(differs, end, [](char each) { return each != 0; })) return false;
+        rest -= length;
+    }
+    return true;
+}
+
+bool is_same_text(platform::system& disk, const wide_string& a, const wide_string& b) {
+    const platform::entry_status one = disk.status_of(a), other = disk.status_of(b);
+    return one.kind == platform::entry_kind::file && other.kind == platform::entry_kind::file &&
+           one.bytes == other.bytes && is_beginning_of(disk, a, b) && is_beginning_of(disk, b, a);
 }
 
 } // namespace vestra::command

@@ -6,7 +6,7 @@
 #include <memory>
 #include <string>
 
-#include "platform/outcome.h"
+#include "platform/system.h"
 #include "platform/wide_string.h"
 
 namespace vestra::command {
@@ -43,5 +43,13 @@ vs::project_resave::platform::outcome read_digest(const vs::project_resave::wide
 // Sets `text` to all that a file of at most 256 MiB holds.
 vs::project_resave::platform::outcome read_text(const vs::project_resave::wide_string& path,
                                                 std::string& text);
+
+// True if the file at `path` holds what the one at `source` begins with, and then nothing but zeros, as a
+// copy does that broke off. False for what cannot be read.
+bool is_beginning_of(vs::project_resave::platform::system& disk, const vs::project_resave::wide_string& path,
+                     const vs::project_resave::wide_string& source);
+// True if both files have the same bytes.
+bool is_same_text(vs::project_resave::platform::system& disk, const vs::project_resave::wide_string& a,
+                  const vs::project_resave::wide_string& b);
 
 } // namespace vestra::command

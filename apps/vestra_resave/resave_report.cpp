@@ -167,6 +167,7 @@ ordered_json json_of(const resave_report& report) {
             {"unreferenced", view(own_kind::unreferenced)},
             {"pruned", view(own_kind::pruned)},
             {"changed_since", view(own_kind::changed_since)},
+            {"stale", view(own_kind::stale)},
             {"resumable", report.resumable},
             {"problems", json_of(report.problems)},
             {"lost_sources", view("source_lost")},
