@@ -73,7 +73,7 @@ constexpr summary_count counts[] = {
     {"%1 left alone", "left_alone", &resave_summary::left_alone},
 };
 
-// Where a problem is counted; whatever is nothing else has failed.
+// Where a problem is counted, whatever is nothing else has failed; null for a notice that nobody counts.
 size_t resave_summary::*count_of(const problem& found) {
     const std::pair<const char*, size_t resave_summary::*> rows[] = {
         {name_of(fact_kind::renamed), &resave_summary::renamed},
@@ -87,6 +87,7 @@ size_t resave_summary::*count_of(const problem& found) {
         {own_kind::left_alone, &resave_summary::left_alone}};
     for (const auto& [kind, count] : rows)
         if (found.kind == kind) return count;
+    if (is_notice(found)) return nullptr;
     return found.holder.empty() ? &resave_summary::failed : &resave_summary::astray;
 }
 
@@ -106,7 +107,7 @@ resave_summary summary_of(const resave_report& report) {
     summary.unchanged = report.unchanged.size();
     summary.replaced = report.replaced.size();
     for (const problem& each : report.problems)
-        if (!is_notice(each) || each.kind == name_of(fact_kind::renamed)) ++(summary.*count_of(each));
+        if (const auto count = count_of(each)) ++(summary.*count);
     return summary;
 }
 
