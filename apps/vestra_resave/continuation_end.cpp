@@ -111,6 +111,7 @@ void continuation::remove_unreferenced(project_context& context, resave_report& 
     if (!left.empty()) {
         const platform::system_override in_force(disk_->below()); // this one hides what is to go
         std::vector<wide_string> paths;
+        paths.reserve(left.size());
         for (const continued_disk::row* each : left) paths.push_back(each->file->path);
         other_users others(context, target_, paths);
         const placed_copies copies(context.placement.placed);
