@@ -99,7 +99,9 @@ resave_summary summary_of(const resave_report& report) {
     summary.unchanged = report.unchanged.size();
     summary.replaced = report.replaced.size();
     for (const problem& each : report.problems)
-        if (!is_notice(each) || each.kind == name_of(fact_kind::renamed)) ++(summary.*count_of(each));
+        if (each.kind != own_kind::interrupted &&
+            (!is_notice(each) || each.kind == name_of(fact_kind::renamed)))
+            ++(summary.*count_of(each));
     return summary;
 }
 
@@ -187,8 +189,9 @@ ordered_json json_of(const resave_report& report) {
 }
 
 void print_problems(const resave_report& report) {
-    for (const problem& each : report.problems)
-        if (each.kind != name_of(fact_kind::renamed)) complain(line_of(each));
+    std::vector<problem> all = report.problems;
+    std::erase_if(all, [](const problem& each) { return each.kind == name_of(fact_kind::renamed); });
+    print(all);
     if (report.resumable) complain(say("--resume goes on where this resave ended"));
 }
 
