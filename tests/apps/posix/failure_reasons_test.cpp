@@ -158,6 +158,16 @@ TEST_F(failure_reasons, drives_that_do_not_exist_are_named_once_before_the_start
     EXPECT_EQ(4U, json::parse(out).at("lost_sources").size()) << out;
 }
 
+TEST_F(failure_reasons, of_more_than_twenty_alike_ten_are_told_and_how_many_more) {
+    for (uint32_t index = 0; index < 24; ++index)
+        builder.layer("rtr_lr2d", u"Lost", u"C:\\gone\\" + decimal(index) + u".tif");
+    builder.save(source);
+    EXPECT_EQ(1, command("resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp' --quiet --json"));
+    EXPECT_EQ(24U, json::parse(out).at("lost_sources").size());
+    EXPECT_EQ(10U, times(": does not exist (\"Lost\" in \"Area\")\n", err)) << err;
+    EXPECT_TRUE(err.ends_with("vestra-resave: and 14 more like this (all are in --json)\n")) << err;
+}
+
 TEST_F(failure_reasons, names_that_windows_does_not_take) {
     for (const wide_string name : {u"Con.tif", u"a*b.tif", u"line\nfeed.tif", u"blank ", u"common.tif"})
         builder.layer("rtr_lr2d", name, write(u"C:\\data\\" + name, "x"));
