@@ -41,8 +41,7 @@ std::optional<refusal> continuation::find(session& host) {
     if (request_.mode == run_mode::resume) return find_to_resume(host);
     if (request_.mode == run_mode::update) return find_to_update(host);
     if (!has_journal_) { // a manifest that stays would be of what is replaced
-        has_manifest_ =
-            path_exists(target_) && !read_manifest(target_, earlier_copy_) && !earlier_copy_.empty();
+        has_manifest_ = path_exists(target_) && has_own_manifest();
         return std::nullopt;
     }
     return refused(journal_path(target_), say("an earlier resave broke off: --resume goes on with it, "
@@ -81,10 +80,16 @@ std::optional<refusal> continuation::find_to_resume(session& host) {
         may_replace_project_ = is_as_recorded(earlier_copy_);
         if (auto early = find_earlier_copy(host)) return early;
     }
+    if (mode_ != run_mode::update) has_manifest_ = has_own_manifest();
     may_replace_project_ |= !path_exists(target_) || is_as_recorded(earlier.files);
     if (auto early = refuse_changed_project()) return early;
     add_files(std::move(earlier.files));
     return std::nullopt;
+}
+
+bool continuation::has_own_manifest() const {
+    std::vector<earlier_file> files;
+    return !read_manifest(target_, files) && !files.empty();
 }
 
 std::optional<refusal> continuation::refuse_changed_project() const {
@@ -104,6 +109,9 @@ std::optional<refusal> continuation::find_to_update(session& host) {
             return refused(journal_path(target_), one_line(read.text()));
     if (earlier.request.empty() && !earlier.files.empty())
         return refused(journal_path(target_), say("the journal cannot be read"));
+    if (!earlier.request.empty())
+        if (const std::string other = other_project_in(earlier.request, asked_); !other.empty())
+            return refused(journal_path(target_), say("it is of another project: %1", {other}));
     may_replace_project_ =
         !path_exists(target_) || is_as_recorded(earlier_copy_) || is_as_recorded(earlier.files);
     if (has_manifest_ || has_journal_) {

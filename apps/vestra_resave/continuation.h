@@ -51,6 +51,10 @@ public:
     // What earlier runs have made and is still there, though this one neither made nor kept it. For after
     // `end_files`.
     std::vector<earlier_file> left();
+    // What they have made and somebody has changed since, as it was.
+    std::vector<earlier_file> changed();
+    // Has the journal stay, as the manifest lacks what it knows.
+    void keep_journal() { is_broken_off_ = true; }
 
     // Enters into the report what became of the earlier files, and removes those that are to go. To be called
     // while the context is that of the run.
@@ -62,12 +66,14 @@ public:
 
 private:
     std::vector<const continued_disk::row*> unreferenced();
+    std::vector<earlier_file> files_that_are(std::initializer_list<continued_disk::fate> wanted);
     // A resumed run leaves nothing that the one before it began and that is not part of it.
     bool removes_unreferenced() const;
     std::optional<refusal> find_to_resume(session& host);
     std::optional<refusal> find_to_update(session& host);
     std::optional<refusal> find_earlier_copy(session& host);
     std::optional<refusal> refuse_changed_project() const;
+    bool has_own_manifest() const;
     std::optional<refusal> refuse_at_work() const;
     bool is_as_recorded(const std::vector<earlier_file>& files) const;
     void add_files(std::vector<earlier_file> files);

@@ -61,6 +61,18 @@ bool is_written_alike(const wide_string& path, platform::system& real) {
     return read_text(path, existing) && planned == existing;
 }
 
+// Perhaps half a file, under a name that none is to keep.
+bool is_only_begun(const earlier_file& file) {
+    wide_string name = path_file_name(file.path);
+    while (!name.empty() && name.back() >= u'0' && name.back() <= u'9') name.pop_back();
+    return file.state == made_state::begun || (file.state == made_state::writing && name.ends_with(u".new"));
+}
+
+// A companion that is read with a copy is not the last one of anything: its source lost it.
+bool is_last_copy(const earlier_file& file, const placed_copies& copies) {
+    return !file.source.empty() && !path_exists(file.source) && !copies.read_with(file.path);
+}
+
 problem of_row(const char* kind, const continued_disk::row& row) {
     return {kind, {}, {}, row.file->path, {}};
 }
@@ -78,15 +90,19 @@ std::vector<const continued_disk::row*> continuation::unreferenced() {
     return found;
 }
 
-std::vector<earlier_file> continuation::left() {
+std::vector<earlier_file> continuation::files_that_are(std::initializer_list<fate> wanted) {
     std::vector<earlier_file> files;
     if (!disk_) return files;
     for (const continued_disk::row& each : disk_->rows())
-        if ((each.what == fate::hidden || each.what == fate::failed) &&
-            each.file->state != made_state::folder)
+        if (std::ranges::find(wanted, each.what) != wanted.end() &&
+            (each.file->state == made_state::copied || each.file->state == made_state::written))
             files.push_back(*each.file);
     return files;
 }
+
+std::vector<earlier_file> continuation::left() { return files_that_are({fate::hidden, fate::failed}); }
+
+std::vector<earlier_file> continuation::changed() { return files_that_are({fate::changed}); }
 
 // Which copies are older ones.
 void continuation::classify(resave_report& report) {
@@ -121,6 +137,8 @@ void continuation::remove_unreferenced(project_context& context, resave_report& 
                 keeps = u"nothing is removed while a part of the project is missing";
             else if (others.need(each->file->path))
                 keeps = u"something else uses it";
+            else if (is_last_copy(*each->file, copies))
+                keeps = u"its source is gone, so it may be the last copy";
             end_unreferenced(*each, keeps, copies, report);
         }
     }
@@ -135,8 +153,8 @@ void continuation::remove_unreferenced(project_context& context, resave_report& 
 void continuation::end_unreferenced(const continued_disk::row& left, const char16_t* keeps,
                                     const placed_copies& copies, resave_report& report) {
     const bool is_folder = left.file->state == made_state::folder;
-    const bool is_begun = left.file->state == made_state::begun; // perhaps half a file, with no name to stay
-    const bool removes = (removes_unreferenced() || is_begun) && !keeps;
+    const bool is_begun = is_only_begun(*left.file);
+    const bool removes = is_begun || (removes_unreferenced() && !keeps);
     if (is_folder && (!removes || trial_ || disk_->is_filled(*left.file))) return;
     platform::outcome removed;
     if (removes && !trial_) removed = disk_->remove_hidden(*left.file);

@@ -65,9 +65,8 @@ continued_disk::continued_disk(platform::system& below, journal_disk* journal,
     }
     for (auto& [key, each] : entries_) {
         if (!each.file.source.empty()) by_source_[path_key(each.file.source)].push_back(&each);
-        if (each.file.state == made_state::folder) continue;
-        each.set = set_of(key);
-        sets_[each.set].made.push_back(&each);
+        each.set = each.file.state == made_state::folder ? key : set_of(key);
+        if (each.file.state != made_state::folder) sets_[each.set].made.push_back(&each);
     }
 }
 
@@ -77,12 +76,14 @@ void continued_disk::keep_together(const std::vector<wide_string>& sources) {
         if (inner().kind_of(source) == entry_kind::folder) folders.insert(path_key(path_normalise(source)));
     if (folders.empty()) return;
     for (auto& [key, each] : entries_) {
-        if (each.set.empty() || each.file.source.empty()) continue;
+        if (each.file.state == made_state::folder || each.file.source.empty()) continue;
         wide_string from = path_key(each.file.source), to = key;
         do {
             from = path_normalise(path_head(from)), to = path_normalise(path_head(to));
         } while (!folders.contains(from) && from.size() > path_fixed_length(from));
-        if (!folders.contains(from)) continue;
+        // A file of the folder can also have been copied by itself.
+        const bool is_copy_of_folder = plain_stem(path_file_name(to)) == plain_stem(path_file_name(from));
+        if (!folders.contains(from) || !is_copy_of_folder) continue;
         std::erase(sets_[each.set].made, &each);
         each.set = to;
         sets_[to].made.push_back(&each);
@@ -128,16 +129,20 @@ continued_disk::entry* continued_disk::find(const wide_string& path) {
     return at == entries_.end() ? nullptr : &at->second;
 }
 
+// True if the path is that of another file, whose name differs in letter case alone.
+bool continued_disk::is_another(const wide_string& path, const entry& found) {
+    if (path == found.file.path || path_file_name(path) == path_file_name(found.file.path)) return false;
+    const platform::file_identity asked = inner().identity_of(path);
+    return asked && asked != inner().identity_of(found.file.path);
+}
+
 // The entry at a path that does not show; null for one that does.
 continued_disk::entry* continued_disk::hidden(const wide_string& path) {
     entry* const found = find(path);
-    if (is_over_ || !found || found->what != fate::hidden) return nullptr;
-    if (found->is_checked) return found;
-    const wide_string& set =
-        found->file.state == made_state::folder ? path_key(found->file.path) : found->set;
+    if (is_over_ || !found || found->what != fate::hidden || is_another(path, *found)) return nullptr;
     if (found->file.state == made_state::folder) check(*found);
-    if (const auto at = sets_.find(set); at != sets_.end()) {
-        check_set(set, at->second);
+    if (const auto at = sets_.find(found->set); at != sets_.end()) {
+        check_set(found->set, at->second);
         if (at->second.is_changed && found->what == fate::hidden)
             found->what = fate::changed; // the folder with its files
     }
@@ -163,7 +168,11 @@ void continued_disk::check_set(const wide_string& key, file_set& set) {
 
 // As the folder was when it was asked first.
 bool continued_disk::has_strangers(const wide_string& set_key, const file_set& set) {
-    if (find(set_key)) return false; // the copy of a folder
+    if (find(set_key)) { // the copy of a folder
+        const auto all = platform::list_tree(inner(), set_key);
+        const auto files = std::ranges::count(all, false, &platform::tree_entry::is_folder);
+        return static_cast<size_t>(files) > set.made.size();
+    }
     const wide_string folder = path_head(set_key);
     const auto [at, is_new] = on_disk_.try_emplace(folder);
     if (is_new)

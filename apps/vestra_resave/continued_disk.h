@@ -101,7 +101,7 @@ private:
         fate what = fate::hidden;
         platform::entry_status now = {}; // once it is checked, until it changes
         bool is_checked = false;         // whether it is as the earlier run made it
-        wide_string set;                 // key in sets_; empty for a folder
+        wide_string set;                 // key in sets_; of a folder, if its files are one set
     };
 
     // Files of one folder whose names begin alike; or all in the copy of a folder.
@@ -112,6 +112,7 @@ private:
 
     entry* find(const wide_string& path);
     entry* hidden(const wide_string& path);
+    bool is_another(const wide_string& path, const entry& found);
     void check(entry& asked);
     wide_string set_of(const wide_string& key) const;
     void check_set(const wide_string& key, file_set& set);

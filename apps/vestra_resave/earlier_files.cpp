@@ -68,8 +68,7 @@ public:
             copying_ = words[1], source_ = path_of(words[2], folder_);
             files_[row(copying_, made_state::begun)].source = source_;
         } else if (kind == "replace" && words.size() == 5) {
-            if (const auto older = rows_.find(path_key(path_of(words[1], folder_))); older != rows_.end())
-                found_.files.push_back(files_[older->second]);
+            keep_older(words[1]);
             // Whichever of both names the copy has, it is this one.
             if (const auto fresh = rows_.find(path_key(path_of(copying_, folder_))); fresh != rows_.end())
                 finish(files_[fresh->second], made_state::begun, words);
@@ -84,6 +83,7 @@ public:
         } else if (kind == "write" && has_path) {
             row(words[1], made_state::writing);
         } else if (kind == "written" && words.size() == 4) {
+            keep_older(words[1]);
             finish(files_[row(words[1], made_state::writing)], made_state::written, words);
         } else if (kind == "gone" && has_path) {
             is_gone_[row(words[1], made_state::writing)] = true;
@@ -100,6 +100,13 @@ public:
     }
 
 private:
+    // Until the next record nobody knows whether the change was made.
+    void keep_older(std::string_view word) {
+        const auto older = rows_.find(path_key(path_of(word, folder_)));
+        if (older != rows_.end() && files_[older->second].modified != 0)
+            found_.files.push_back(files_[older->second]);
+    }
+
     const size_t& row(std::string_view word, made_state state) {
         wide_string path = path_of(word, folder_);
         const auto [at, is_new] = rows_.try_emplace(path_key(path), files_.size());

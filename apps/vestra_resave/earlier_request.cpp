@@ -46,13 +46,21 @@ bool is_update(const std::string& text) {
     return all.is_object() && all.contains("update") && all["update"] == true;
 }
 
-std::string difference_of(const std::string& before_text, const std::string& now_text) {
+std::string other_project_in(const std::string& before_text, const std::string& now_text) {
     const ordered_json before = ordered_json::parse(before_text, nullptr, false);
     const ordered_json now = ordered_json::parse(now_text, nullptr, false);
     for (const char* key : {"project", "new_project"})
         if (const wide_string earlier = platform::from_utf8(text_in(before, key));
             !path_same(earlier, platform::from_utf8(text_in(now, key))))
-            return say("it is of another project: %1", {printed(earlier)});
+            return printed(earlier);
+    return {};
+}
+
+std::string difference_of(const std::string& before_text, const std::string& now_text) {
+    const ordered_json before = ordered_json::parse(before_text, nullptr, false);
+    const ordered_json now = ordered_json::parse(now_text, nullptr, false);
+    if (const std::string other = other_project_in(before_text, now_text); !other.empty())
+        return say("it is of another project: %1", {other});
     if (text_in(before, "sha256") != text_in(now, "sha256"))
         return say("the project has changed since; --update brings the copy up to date");
     const ordered_json none = ordered_json::object();

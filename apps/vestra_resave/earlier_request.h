@@ -22,6 +22,9 @@ bool is_request(const std::string& text);
 // Whether it is of an update.
 bool is_update(const std::string& text);
 
+// The project of which the request is; another one than that of `now`, else empty.
+std::string other_project_in(const std::string& before, const std::string& now);
+
 // Says what differs in the request `now` from the one `before`; empty if nothing does. Both can be read.
 std::string difference_of(const std::string& before, const std::string& now);
 

@@ -102,6 +102,7 @@ element flat_scenes(const std::string& kind, vs_scns_2d* scenes) {
         if (vs_lr* page = vs_scn_layout_get_page_lr2d(scene)) {
             member.children.push_back(layer_element(page));
             member.children.back().kind = "page";
+            member.children.back().selectable = false; // it goes with its layout
         }
     }
     return shown;

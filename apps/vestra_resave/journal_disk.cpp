@@ -144,14 +144,14 @@ outcome journal_disk::create_folder(const wide_string& path) {
 }
 
 outcome journal_disk::rename_over(const wide_string& from, const wide_string& to) {
-    if (const outcome entered = enter({"write", word(to)}); !entered) return entered;
+    const platform::entry_status made = inner().status_of(from);
+    const outcome entered =
+        enter({"written", word(to), std::to_string(made.bytes), std::to_string(made.modified)});
+    if (!entered) return entered;
     const outcome renamed = inner().rename_over(from, to);
     if (!renamed || !file_) return renamed;
     has_made_ = true;
-    const platform::entry_status status = inner().status_of(to);
     pending_ += journal_record({"gone", word(from)});
-    pending_ +=
-        journal_record({"written", word(to), std::to_string(status.bytes), std::to_string(status.modified)});
     write(); // what somebody does to it from now on is no longer ours
     return {};
 }

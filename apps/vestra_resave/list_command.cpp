@@ -82,8 +82,8 @@ int list_project(const list_request& request, const common_options& options) {
     std::vector<problem> found = host.reading_problems();
     std::ranges::move(search.undecided(), std::back_inserter(found));
     const std::vector<problem> notices = search.notices();
-    for (const problem& each : found) complain(line_of(each));
-    for (const problem& each : notices) complain(line_of(each));
+    print(found);
+    print(notices);
     const int end = found.empty() ? done : problems;
     const wide_string& path = host.context().placement.source_project_path;
     std::vector<element> elements = elements_of(host.context());

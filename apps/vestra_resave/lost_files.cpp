@@ -209,10 +209,7 @@ void lost_file_search::choose(lost_file& lost, const std::vector<wide_string>& m
         best.push_back(each);
         lost.agreement = agreement;
     }
-    if (!best.empty() && std::all_of(best.begin() + 1, best.end(), [&](const wide_string& other) {
-            return is_same_data(best.front(), other);
-        }))
-        lost.choice = best.front();
+    if (best.size() == 1 || (!best.empty() && hold_same_data(best))) lost.choice = best.front();
 }
 
 // A member of a family goes where another one was found.
@@ -238,27 +235,38 @@ void lost_file_search::take_found(std::vector<lost_file>& all) {
     }
 }
 
-// With the files that belong to them.
-bool lost_file_search::is_same_data(const wide_string& one, const wide_string& other) {
-    const auto names_of = [&](const wide_string& path) {
+// With the files that belong to them. Each is looked at, and read, once.
+bool lost_file_search::hold_same_data(const std::vector<wide_string>& all) {
+    const auto files_of = [&](const wide_string& path) {
         std::vector<wide_string> names = family_of(path, folders_.files_of(path_head(path)));
         names.push_back(path_file_name(path));
         std::ranges::sort(names, {}, &folded);
         return names;
     };
-    const std::vector<wide_string> first = names_of(one), second = names_of(other);
-    if (!std::ranges::equal(first, second, {}, &folded, &folded)) return false;
     platform::system& disk = platform::current_system();
-    for (const bool reads : {false, true}) // all sizes come first
-        for (size_t index = 0; index < first.size(); ++index) {
-            const wide_string a = path_head(one) + first[index], b = path_head(other) + second[index];
-            const platform::entry_status status = disk.status_of(a);
-            if (status.kind != platform::entry_kind::file || status.bytes != disk.file_size(b)) return false;
-            file_digest digest_a, digest_b;
-            if (reads && (!read_digest(a, is_stopped, digest_a) || !read_digest(b, is_stopped, digest_b) ||
-                          digest_a.sha256 != digest_b.sha256))
-                return false;
+    const std::vector<wide_string> first = files_of(all.front());
+    std::vector<uint64_t> sizes; // of the first; what differs in size is not read
+    for (const wide_string& name : first) {
+        const platform::entry_status status = disk.status_of(path_head(all.front()) + name);
+        if (status.kind != platform::entry_kind::file) return false;
+        sizes.push_back(status.bytes);
+    }
+    std::vector<std::vector<wide_string>> names{first};
+    for (const wide_string& path : std::span(all).subspan(1)) {
+        names.push_back(files_of(path));
+        if (!std::ranges::equal(first, names.back(), {}, &folded, &folded)) return false;
+        for (size_t index = 0; index < first.size(); ++index)
+            if (disk.file_size(path_head(path) + names.back()[index]) != sizes[index]) return false;
+    }
+    for (size_t index = 0; index < first.size(); ++index) {
+        std::string known; // of the first
+        for (size_t each = 0; each < all.size(); ++each) {
+            file_digest digest;
+            if (!read_digest(path_head(all[each]) + names[each][index], is_stopped, digest)) return false;
+            if (each == 0) known = digest.sha256;
+            if (digest.sha256 != known) return false;
         }
+    }
     return true;
 }
 

@@ -78,7 +78,7 @@ private:
     std::vector<wide_string> candidates_for(const wide_string& path);
     void choose(lost_file& lost, const std::vector<wide_string>& members);
     void take_found(std::vector<lost_file>& all);
-    bool is_same_data(const wide_string& one, const wide_string& other);
+    bool hold_same_data(const std::vector<wide_string>& all);
 
     std::vector<wide_string> roots_;
     bool is_active_ = false, is_walked_ = false;

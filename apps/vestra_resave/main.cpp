@@ -55,6 +55,7 @@ private:
 
 int run(int argc, char** argv) {
     command_line line;
+    speak({}); // until the words are read
     try {
         if (const auto end = parse(argc, argv, line)) return *end;
         if (const auto reason = apply(line.options)) return end_with(refused({}, *reason), line.options);

@@ -65,9 +65,9 @@ std::optional<std::vector<entry>> entries_of(const std::string& text, const wide
     if (!add_entries(manifest["files"], folder, all, entries)) return std::nullopt;
     if (const auto from = manifest.find("source"); source && from != manifest.end() && from->is_string())
         *source = platform::from_utf8(from->get<std::string>());
-    const auto left = manifest.find("unreferenced");
-    if (!all && left != manifest.end() && left->is_array() && !add_entries(*left, folder, all, entries))
-        return std::nullopt;
+    for (const char* const key : {"unreferenced", "changed_since"})
+        if (const auto more = manifest.find(key); !all && more != manifest.end() && more->is_array())
+            if (!add_entries(*more, folder, all, entries)) return std::nullopt;
     return entries;
 }
 
@@ -117,12 +117,19 @@ public:
         }
     }
 
+    // What they have made and somebody has changed: it is known as it was, so that nobody writes over it.
+    void add_changed(const std::vector<earlier_file>& changed) {
+        for (const entry& file : changed)
+            if (seen_.insert(path_key(file.path)).second) changed_.push_back(json_of(file));
+    }
+
     platform::outcome write(const run_state& run, const wide_string& path) const {
         const path_placement& placement = run.placement;
         ordered_json all{{"project", platform::to_utf8(path_file_name(placement.new_project_path))}};
         all["source"] = platform::to_utf8(placement.source_project_path);
         all["files"] = files_;
         if (!left_.empty()) all["unreferenced"] = left_;
+        if (!changed_.empty()) all["changed_since"] = changed_;
         const std::string text = all.dump(2) + '\n';
         std::string older;
         if (read_text(path, older) && older == text) return {};
@@ -174,7 +181,8 @@ private:
     continued_disk* const earlier_; // may be null
     const std::function<bool()>& is_stopped_;
     std::unordered_set<wide_string> seen_, made_; // path keys
-    ordered_json files_ = ordered_json::array(), left_ = ordered_json::array();
+    ordered_json files_ = ordered_json::array(), left_ = ordered_json::array(),
+                 changed_ = ordered_json::array();
 };
 
 // True if another file has the name, which is not to be lost.
@@ -211,6 +219,7 @@ std::vector<problem> write_manifest(run_state& run, continuation& earlier,
     manifest_writer writer(run, earlier, is_stopped);
     writer.add_all(run.placement);
     writer.add_left(earlier.left());
+    writer.add_changed(earlier.changed());
     if (is_stopped()) return {{own_kind::not_created, {}, {}, path, u"interrupted"}};
     if (const platform::outcome written = writer.write(run, path); !written)
         writer.unread.push_back({own_kind::not_created, {}, {}, path, written.text()});

@@ -116,10 +116,12 @@ platform::outcome try_name(const wide_string& folder, const wide_string& name) {
     return removed;
 }
 
-// What one set of files and its companions take on the disk, each file once.
+// What one set of files and its companions take on the disk, each file once. A disk gives whole blocks, and
+// few have smaller ones than counted here. Where copies of an earlier run are counted as free by their bytes,
+// blocks are not counted: so the need is never more than there will be.
 class needed_space {
 public:
-    explicit needed_space(companion_choice which) : which_(which) {}
+    needed_space(companion_choice which, bool in_blocks) : which_(which), in_blocks_(in_blocks) {}
 
     double bytes = 0;
     wide_string longest_name;
@@ -135,7 +137,7 @@ public:
                 }))
                 continue;
             known.push_back(each.path);
-            bytes += each.size_kb * 1024;
+            bytes += taken_by(each.size_kb * 1024);
             note_name(path_file_name(each.path));
         }
         if (which_ == companion_choice::none) return;
@@ -146,7 +148,7 @@ public:
                 const wide_string path = head + found.name;
                 if (!found.is_known && which_ != companion_choice::all) continue;
                 if (seen.contains(path_key(path)) || !companions.insert(path_key(path)).second) continue;
-                bytes += static_cast<double>(platform::operating_system().file_size(path));
+                bytes += taken_by(static_cast<double>(platform::operating_system().file_size(path)));
                 note_name(found.name);
             }
         }
@@ -157,14 +159,20 @@ public:
     }
 
 private:
+    double taken_by(double file_bytes) const {
+        constexpr double block = 4096;
+        return in_blocks_ ? std::ceil(file_bytes / block) * block : file_bytes;
+    }
+
     const companion_choice which_;
+    const bool in_blocks_;
     listed_folders folders_;
 };
 
 // With a folder for each scene, what several scenes have is copied for each of them, and nothing else is.
 needed_space space_for(const resave_request& request, const project_context& context,
                        const source_elements& source) {
-    needed_space all(request.companions);
+    needed_space all(request.companions, request.mode == run_mode::anew);
     all.note_name(path_file_name(platform::drive_path(request.new_project)) + u".new1");
     if (request.settings.structure_variant != folder_per_scene) {
         all.add(context.sizes.counted_files());

@@ -22,8 +22,8 @@ std::optional<refusal> refuse_missing_drives(const std::vector<element>& element
 
 // Refuses (3) an existing folder in which no file can be created, which has too little space for what is
 // selected with its companions, or which does not take the longest file name among them, or that under which
-// the new project is written. Space is not checked where the person knows better: a sparse file needs less
-// than its size. Leaves nothing in the folder.
+// the new project is written. Files count in whole blocks of the disk. Space is not checked where the person
+// knows better: a sparse file needs less than its size. Leaves nothing in the folder.
 std::optional<refusal> refuse_target(const wide_string& folder, const resave_request& request,
                                      const vs::project_resave::project_context& context,
                                      const source_elements& source);

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <iostream>
 #include <nlohmann/json.hpp>
+#include <unordered_map>
 #include <unordered_set>
 
 #include "apps/vestra_resave/elements.h"
@@ -200,7 +201,7 @@ refusal refused(const wide_string& path, const std::string& reason) {
 }
 
 int end_with(const refusal& early, const common_options& options) {
-    for (const problem& each : early.problems) complain(line_of(each));
+    print(early.problems);
     const char* const outcome = early.exit == stopped     ? "stopped"
                                 : early.exit == wrong_use ? "refused"
                                                           : "failed";
@@ -290,6 +291,43 @@ std::string line_of(const problem& found) {
     line += (line.empty() ? "" : ": ") + what;
     if (!reason.empty()) line += ": " + reason;
     return about.empty() || holder.empty() ? line : line + " (" + holder + ")";
+}
+
+namespace {
+
+bool is_of_full_disk(const problem& found) {
+    return found.reason == platform::outcome(platform::failure::disk_full).text();
+}
+
+// What a person takes for the same thing once more. What was left behind has the file next to it for a
+// reason.
+wide_string likeness_of(const problem& found) {
+    if (is_of_full_disk(found)) return found.reason;
+    const wide_string kind = platform::from_utf8(found.kind);
+    return found.kind == own_kind::left_behind ? kind : kind + u'\n' + found.reason;
+}
+
+} // namespace
+
+void print(const std::vector<problem>& all) {
+    constexpr size_t most = 20, shown = 10;
+    std::unordered_map<wide_string, size_t> counts, printed_lines;
+    for (const problem& each : all) ++counts[likeness_of(each)];
+    for (const problem& each : all) {
+        const size_t count = counts[likeness_of(each)];
+        const size_t line = ++printed_lines[likeness_of(each)];
+        if (is_of_full_disk(each) && count > 1) {
+            if (line == 1)
+                complain(
+                    say("%1: %2; %3 files could not be written (all are in --json)",
+                        {printed(each.new_path), say_known(to_utf8(each.reason)), std::to_string(count)}));
+            continue;
+        }
+        const bool is_shortened = !is_notice(each) && count > most;
+        if (!is_shortened || line <= shown) complain(line_of(each));
+        if (is_shortened && line == shown)
+            complain(say("and %1 more like this (all are in --json)", {std::to_string(count - shown)}));
+    }
 }
 
 } // namespace vestra::command

@@ -119,6 +119,9 @@ nlohmann::ordered_json json_of(const std::vector<problem>& all);
 nlohmann::ordered_json json_of(const std::vector<problem>& all, std::string_view kind);
 // Of those that were found {element, path, native_path, found_at, native_found_at}.
 nlohmann::ordered_json json_of_found(const std::vector<problem>& all);
+// Prints each as a line on the error output, in order. Ten stand for more than twenty problems of one kind
+// and one reason, and one for all that a full disk took; what follows them tells how many more there are.
+void print(const std::vector<problem>& all);
 // One line without the name of the program: "C:\a.shp: could not be copied to N:\a.shp: No space left".
 std::string line_of(const problem& found);
 

@@ -1,5 +1,7 @@
 #include "apps/vestra_resave/referred_files.h"
 
+#include <algorithm>
+#include <cctype>
 #include <pugixml.hpp>
 
 #include "apps/vestra_resave/companions.h"
@@ -67,6 +69,15 @@ private:
     listed_folders folders_;
 };
 
+// False for a text that names another encoding than the one its names are read in.
+bool is_utf8_by_name(const std::string& text) {
+    std::string head = text.substr(0, text.find("?>"));
+    std::ranges::transform(head, head.begin(),
+                           [](unsigned char each) { return static_cast<char>(std::tolower(each)); });
+    return !head.starts_with("<?xml") || head.find("encoding") == std::string::npos ||
+           head.find("utf-8") != std::string::npos;
+}
+
 // The name that all files of a data set begin with.
 wide_string first_name(const wide_string& path) {
     const wide_string name = path_file_name(path);
@@ -105,7 +116,7 @@ bool source_neighbours::contain(const wide_string& path) {
 
 other_users::other_users(project_context& context, const wide_string& project,
                          const std::vector<wide_string>& going)
-    : context_(context), neighbours_(context) {
+    : context_(context), neighbours_(context), folder_(path_head(project)) {
     std::unordered_set<wide_string> own{path_key(project)};
     for (const wide_string& path : going) own.insert(path_key(path));
     for (const made_file& each : context.placement.made.files()) own.insert(path_key(each.path));
@@ -118,7 +129,9 @@ other_users::other_users(project_context& context, const wide_string& project,
 void other_users::add_names_in(const wide_string& path) {
     std::string text;
     pugi::xml_document document;
-    if (!read_text(path, text) || !document.load_buffer(text.data(), text.size())) return;
+    const bool is_read =
+        read_text(path, text) && is_utf8_by_name(text) && document.load_buffer(text.data(), text.size());
+    if (!is_read) has_unread_ = true; // it may name anything
     struct : pugi::xml_tree_walker {
         bool for_each(pugi::xml_node& node) override {
             take(node.value());
@@ -141,7 +154,11 @@ placed_copies::placed_copies(const placed_files& placed) {
         if (each.old_path.empty() || path_extension(path).starts_with(u"._")) continue;
         for (const wide_string& name : {path_file_name(path), path_stem(path)})
             by_name_.try_emplace(path_key(path_head(path) + name), &path);
-        by_projection_.try_emplace(path_key(projection_file_name(path)), &path);
+        by_whole_name_.try_emplace(path_key(projection_file_name(path)), &path);
+        for (const wide_string& partner : partners_of(path))
+            by_whole_name_.try_emplace(path_key(partner), &path);
+        for (const wide_view log : {u"-wal", u"-shm", u"-journal"})
+            by_whole_name_.try_emplace(path_key(path + wide_string(log)), &path);
     }
 }
 
@@ -150,7 +167,7 @@ const wide_string* placed_copies::read_with(const wide_string& path) const {
         const auto row = all.find(key);
         return row == all.end() ? nullptr : row->second;
     };
-    if (const wide_string* const found = find(by_projection_, path_key(path))) return found;
+    if (const wide_string* const found = find(by_whole_name_, path_key(path))) return found;
     const wide_string head = path_head(path), name = path_file_name(path);
     for (size_t dot = name.find(u'.'); dot != wide_string::npos; dot = name.find(u'.', dot + 1)) {
         const wide_string* const found = find(by_name_, path_key(head + name.substr(0, dot)));
@@ -164,8 +181,10 @@ const wide_string* placed_copies::read_with(const wide_string& path) const {
 }
 
 bool other_users::need(const wide_string& path) {
-    return named_.contains(platform::folded(first_name(path))) || context_.guard.protects(path) ||
-           neighbours_.contain(path);
+    if (has_unread_ || context_.guard.protects(path) || neighbours_.contain(path)) return true;
+    for (wide_string level = path; level.size() > folder_.size(); level = path_normalise(path_head(level)))
+        if (named_.contains(platform::folded(first_name(level)))) return true;
+    return false;
 }
 
 } // namespace vestra::command

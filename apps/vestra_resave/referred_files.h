@@ -52,7 +52,9 @@ private:
 
     vs::project_resave::project_context& context_;
     source_neighbours neighbours_;
+    const wide_string folder_;
     std::unordered_set<wide_string> named_; // folded names up to their first dot
+    bool has_unread_ = false;
 };
 
 // The copies of a run, for the question which file beside them is read with one of them.
@@ -64,7 +66,7 @@ public:
     const wide_string* read_with(const wide_string& path) const;
 
 private:
-    std::unordered_map<wide_string, const wide_string*> by_name_, by_projection_; // by path key
+    std::unordered_map<wide_string, const wide_string*> by_name_, by_whole_name_; // by path key
 };
 
 } // namespace vestra::command

@@ -111,7 +111,8 @@ std::optional<refusal> prepare(session& host, const resave_request& request, con
 struct ended_run {
     std::optional<refusal> early;
     resave_report report;
-    std::optional<source_elements> source; // if there was a run
+    std::optional<source_elements> source;      // if there was a run
+    std::vector<wide_string> made_folders = {}; // levels of the new project's folder, deepest first
 };
 
 // Many bytes are shown by themselves, few by the elements they belong to. A trial copies nothing.
@@ -164,7 +165,7 @@ ended_run run(session& host, const resave_request& request, const common_options
         earlier.abandon();
         std::ranges::move(take_back(missing), std::back_inserter(problems));
     }
-    return {std::nullopt, report_of(context, result, std::move(problems)), std::move(source)};
+    return {std::nullopt, report_of(context, result, std::move(problems)), std::move(source), missing};
 }
 
 // The run with all that is said of it; on a trial disk if there is one.
@@ -183,15 +184,23 @@ int resave(session& host, const resave_request& request, const common_options& o
     earlier.end_files(host.context(), report);
     if (is_written() && !trial && (request.manifest || earlier.has_manifest())) {
         const shown_transfer shown(host.screen(), summary_of(report).bytes, summing_caption());
-        for (const problem& each :
-             write_manifest(host.context(), earlier, [&] { return host.interrupted(); }))
+        const auto is_stopped = [&] { return host.interrupted(); };
+        for (problem& each : write_manifest(host.context(), earlier, is_stopped)) {
+            if (is_stopped() && each.kind == own_kind::not_created) {
+                each.kind = own_kind::interrupted;
+                each.reason = u"the manifest was stopped before its end";
+            }
+            if (each.kind == own_kind::not_created) earlier.keep_journal();
             add(report, each);
+        }
+        if (is_stopped()) report.exit = stopped;
     }
     std::optional<resave_plan> plan;
     if (trial) plan = plan_of(host.context(), *trial, report);
     if (is_written()) add_shortfalls(host, *ended.source, request, report);
     std::ranges::move(search.notices(), std::back_inserter(report.problems));
     earlier.end_journal(report);
+    if (!is_written()) take_back(ended.made_folders); // those that are empty
     print_problems(report);
     if (options.json)
         std::cout << (plan ? json_of(*plan, report) : json_of(report)).dump(2) << '\n';

@@ -73,7 +73,8 @@ constexpr summary_count counts[] = {
     {"%1 left alone", "left_alone", &resave_summary::left_alone},
 };
 
-// Where a problem is counted, whatever is nothing else has failed; null for a notice that nobody counts.
+// Where a problem is counted, whatever is nothing else has failed; null for a notice that nobody counts, and
+// for a stop.
 size_t resave_summary::*count_of(const problem& found) {
     const std::pair<const char*, size_t resave_summary::*> rows[] = {
         {name_of(fact_kind::renamed), &resave_summary::renamed},
@@ -87,7 +88,7 @@ size_t resave_summary::*count_of(const problem& found) {
         {own_kind::left_alone, &resave_summary::left_alone}};
     for (const auto& [kind, count] : rows)
         if (found.kind == kind) return count;
-    if (is_notice(found)) return nullptr;
+    if (is_notice(found) || found.kind == own_kind::interrupted) return nullptr;
     return found.holder.empty() ? &resave_summary::failed : &resave_summary::astray;
 }
 
@@ -195,8 +196,9 @@ ordered_json json_of(const resave_report& report) {
 }
 
 void print_problems(const resave_report& report) {
-    for (const problem& each : report.problems)
-        if (each.kind != name_of(fact_kind::renamed)) complain(line_of(each));
+    std::vector<problem> all = report.problems;
+    std::erase_if(all, [](const problem& each) { return each.kind == name_of(fact_kind::renamed); });
+    print(all);
     if (report.resumable) complain(say("--resume goes on where this resave ended"));
 }
 

@@ -40,7 +40,7 @@ struct resave_report {
     verification found;            // what the new project was found to lack; empty if it was not looked at
 };
 
-// The closing summary. Every problem counts once, in one of the last seven.
+// The closing summary. Every problem but a stop counts once, in one of the last seven.
 struct resave_summary {
     size_t files = 0; // copied
     uint64_t bytes = 0;

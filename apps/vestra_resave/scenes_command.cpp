@@ -91,7 +91,7 @@ ordered_json json_of(const scenes_report& report) {
 }
 
 int finish(const scenes_report& report, bool lists, const common_options& options) {
-    for (const problem& each : report.problems) complain(line_of(each));
+    print(report.problems);
     if (options.json) {
         std::cout << json_of(report).dump(2) << '\n';
     } else if (lists) {

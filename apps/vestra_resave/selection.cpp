@@ -1,6 +1,7 @@
 #include "apps/vestra_resave/selection.h"
 
 #include <algorithm>
+#include <iterator>
 #include <unordered_map>
 #include <unordered_set>
 
@@ -82,14 +83,16 @@ std::vector<const element*> directory::matching(const wide_string& word) const {
     };
     if (word.starts_with(u"type:")) return listed_in(by_type_, u"type:");
     if (word.starts_with(u"group:")) return listed_in(by_group_, u"group:");
+    const auto has_path_like = [&](const element& each) {
+        const wide_string path = folded(each.file);
+        if (path.empty()) return false;
+        return fits(path, word) || fits(path_file_name(path), word) ||
+               fits(folded(platform::from_utf8(native_form(each.file))), word);
+    };
     std::vector<const element*> found;
-    for (const element* each : all_) {
-        const wide_string path = folded(each->file);
-        const bool is_wanted = word == u"missing"
-                                   ? each->exists == false
-                                   : !path.empty() && (fits(path, word) || fits(path_file_name(path), word));
-        if (is_wanted) found.push_back(each);
-    }
+    std::ranges::copy_if(all_, std::back_inserter(found), [&](const element* each) {
+        return word == u"missing" ? each->exists == false : has_path_like(*each);
+    });
     return found;
 }
 

@@ -264,13 +264,19 @@ void add_shortfalls(session& host, const source_elements& source, const resave_r
         astray_sorter(source, report).sort(std::exchange(found.astray, {}));
         add_dropped(source, context, reason, report);
     }
-    if (request.verify) {
+    const bool is_verified = request.verify && !found.stopped;
+    if (is_verified) {
         const shown_transfer shown(host.screen(), summary_of(report).bytes, comparing_caption());
         compare(copies, is_stopped, found);
     }
     for (const problem& each : found.differing) add(report, each);
     if (!found.stopped) return;
-    add(report, {own_kind::interrupted, {}, {}, {}, u"the verification was stopped before its end"});
+    add(report, {own_kind::interrupted,
+                 {},
+                 {},
+                 {},
+                 is_verified ? u"the verification was stopped before its end"
+                             : u"the check of the new project was stopped before its end"});
     report.exit = stopped;
 }
 

@@ -16,8 +16,8 @@ using namespace vs::project_resave;
 
 namespace {
 
-bool is_russian(const common_options& options) {
-    if (!options.language.empty()) return options.language == "ru";
+bool is_russian(const std::string& language) {
+    if (!language.empty()) return language == "ru";
     for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANG"})
         if (const char* value = std::getenv(name); value && *value)
             return std::string_view(value).starts_with("ru");
@@ -52,8 +52,12 @@ wide_view summing_caption() {
     return shell::settings().language_offset == 0 ? u"Контрольные суммы" : u"Computing checksums";
 }
 
+void speak(const std::string& language) {
+    shell::settings().language_offset = is_russian(language) ? 0 : 50000;
+}
+
 std::optional<std::string> apply(const common_options& options) {
-    shell::settings().language_offset = is_russian(options) ? 0 : 50000;
+    speak(options.language);
     std::string reason;
     if (!platform::check_drive_variable(reason)) return reason;
     std::set<int> letters;

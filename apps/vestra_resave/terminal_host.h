@@ -77,6 +77,8 @@ private:
 wide_view comparing_caption();
 wide_view summing_caption();
 
+// Sets the language, "ru" or "en", or that of the environment if it is empty.
+void speak(const std::string& language);
 // Maps the drives and sets the language; the answer is what is wrong with them, or nothing.
 std::optional<std::string> apply(const common_options& options);
 

@@ -92,7 +92,7 @@ ended_text write_text(const std::string& project, const std::string& text_file, 
 // Prints what became of it. `text` is what is printed instead of a file.
 int finish(const written_text& made, const common_options& options, const std::string& text,
            const ordered_json& further) {
-    for (const problem& each : made.problems) complain(line_of(each));
+    print(made.problems);
     const bool is_printed = made.path.empty();
     if (options.json) {
         ordered_json all{{"outcome", made.outcome},

@@ -52,7 +52,7 @@ int verify_project(const verify_request& request, const common_options& options)
     verify(host.context(), files_beside(host.context(), found), {request.elsewhere}, is_stopped, found);
     std::vector<problem> all = further(host.reading_problems(), found);
     if (found.stopped) all.push_back({own_kind::interrupted, {}, {}, {}});
-    for (const problem& each : all) complain(line_of(each));
+    print(all);
     for (const auto* each : {&found.astray, &found.differing})
         all.insert(all.end(), each->begin(), each->end());
     const char* const outcome = outcome_of(found, all);

@@ -24,8 +24,7 @@ std::array<struct sigaction, stop_signals.size()> actions_before{};
 void note_signal(int signal) {
     last_signal = signal;
     if (signal == SIGINT && interrupts != 0 && waits_for_line == 0) {
-        constexpr std::string_view last_words = "\nended by a second Ctrl-C\n";
-        [[maybe_unused]] const ssize_t count = ::write(STDERR_FILENO, last_words.data(), last_words.size());
+        [[maybe_unused]] const ssize_t count = ::write(STDERR_FILENO, "\n", 1); // behind a progress bar
         ::_exit(128 + SIGINT);
     }
     if (signal == SIGINT) interrupts = 1;

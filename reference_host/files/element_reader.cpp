@@ -4,8 +4,6 @@
 #include <unordered_set>
 #include <utility>
 
-#include "platform/path_text.h"
-#include "platform/system.h"
 #include "platform/text.h"
 #include "reference_host/files/grammar.h"
 #include "reference_host/files/references.h"
@@ -17,11 +15,6 @@ using namespace vs::project_resave;
 using platform::from_utf8;
 
 wide_string decimal(std::size_t number) { return from_utf8(std::to_string(number)); }
-
-bool has_table_beside(const wide_string& shape_file) {
-    if (path_is_relative(shape_file)) return false; // empty, or no path
-    return platform::current_system().kind_of(table_beside(shape_file)) == platform::entry_kind::file;
-}
 
 } // namespace
 
@@ -121,9 +114,8 @@ std::unique_ptr<layer> element_reader::read_layer(pugi::xml_node node, dimension
         out->data = std::make_unique<attr_data>();
         out->data->file = reference(data, "file");
         read_joins(data, *out->data);
-    } else if (out->is_shape() && has_table_beside(out->file)) {
-        out->data = std::make_unique<attr_data>();
-        out->data->file = table_beside(out->file);
+    } else {
+        take_table_beside(*out);
     }
     if (const pugi::xml_node extras = node.child("extras")) read_extras(extras, out->extras);
     if (const pugi::xml_node style = node.child("style"))

@@ -4,6 +4,7 @@
 #include <utility>
 
 #include "platform/path_text.h"
+#include "platform/system.h"
 #include "platform/text.h"
 
 namespace vestra::files {
@@ -123,7 +124,7 @@ public:
 
     void visit(layer& shown, std::string_view kind) {
         const bool is_source = shown.source == shown.file;
-        tell(kind, shown, shown.file, shows_scene_file(shown));
+        if (tell(kind, shown, shown.file, shows_scene_file(shown))) take_table_beside(shown);
         if (!is_source) tell(kind, shown, shown.source);
         if (is_source && shown.source != shown.file) shown.source = shown.file;
         if (shown.data) visit(*shown.data, kind, shown);
@@ -146,10 +147,13 @@ private:
         wide_view before_;
     };
 
-    void tell(std::string_view kind, const entity& holder, wide_string& text, bool is_scene = false) const {
-        if (text.empty()) return;
-        if (wide_string changed = change_({kind, &holder, list_, text, is_scene}); !changed.empty())
-            text = std::move(changed);
+    // True if the reference is another one now.
+    bool tell(std::string_view kind, const entity& holder, wide_string& text, bool is_scene = false) const {
+        if (text.empty()) return false;
+        wide_string changed = change_({kind, &holder, list_, text, is_scene});
+        if (changed.empty()) return false;
+        text = std::move(changed);
+        return true;
     }
 
     void visit(scene_collection& scenes, std::string_view kind) {
@@ -194,6 +198,14 @@ void only_visit(const Model& model, const reference_visitor& visitor, Kind... ki
 }
 
 } // namespace
+
+void take_table_beside(layer& shown) {
+    if (shown.data || !shown.is_shape() || path_is_relative(shown.file)) return; // empty, or no path
+    const wide_string table = table_beside(shown.file);
+    if (platform::current_system().kind_of(table) != platform::entry_kind::file) return;
+    shown.data = std::make_unique<attr_data>();
+    shown.data->file = table;
+}
 
 void visit_references(const project& all, const reference_visitor& visitor) { only_visit(all, visitor); }
 

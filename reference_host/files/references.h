@@ -43,11 +43,16 @@ void visit_references(const layer& one, const reference_visitor& visitor);
 // The kind is what the scene counts as, be it a layout, a sheet or a legend.
 void visit_references(const scene& one, std::string_view kind, const reference_visitor& visitor);
 
+// Gives a shape layer that has no table the file next to its own, if that is on the disk. Every layer that is
+// read has its table so.
+void take_table_beside(layer& shown);
+
 // Returns what is to take the place of a reference, or an empty text to leave it.
 using reference_change = std::function<wide_string(const held_reference&)>;
 
 // Visits the same places in the same order. A model file is looked at from the place that its layer refers to
-// by then, and takes the new reference as it is.
+// by then, and takes the new reference as it is. A layer whose file changes takes the table beside the new
+// one, unless it has a table.
 void change_references(project& all, const reference_change& change);
 void change_references(scene& one, const reference_change& change);
 

@@ -118,7 +118,6 @@ answer terminal_front_end::yes_no_cancel(wide_view text) { return ask(text, true
 answer terminal_front_end::ask(wide_view question, bool with_cancel) {
     if (!terminal_.asks()) return answer::no;
 
-    const answer at_end = with_cancel ? answer::cancel : answer::no;
     terminal_.forget_interrupt(); // the click that led here is known; the next one is an answer
     print(question);
     for (;;) {
@@ -130,9 +129,9 @@ answer terminal_front_end::ask(wide_view question, bool with_cancel) {
             continue;
         }
         terminal_.write("\n");
-        if (result == platform::line_result::ended) return at_end;
-        // Ctrl-C stops. Where that is not the question, it is left for whoever polls next.
-        if (with_cancel) terminal_.forget_interrupt();
+        // Ctrl-C stops. Where that is not the question, it is left for whoever polls next. Nobody who has
+        // gone wants to go on, either.
+        if (with_cancel && result == platform::line_result::interrupted) terminal_.forget_interrupt();
         return answer::no;
     }
 }

@@ -23,9 +23,11 @@ constexpr milliseconds between_looks = 100ms;
 struct words {
     std::array<const char*, 5> units;
     const char *of, *before, *hours, *minutes, *seconds, *after;
+    char decimal_point;
 };
-constexpr words english{{"B", "KB", "MB", "GB", "TB"}, " of ", "about ", " h ", " min", " s", " left"};
-constexpr words russian{{"Б", "КБ", "МБ", "ГБ", "ТБ"}, " из ", "осталось около ", " ч ", " мин", " с", ""};
+constexpr words english{{"B", "KB", "MB", "GB", "TB"}, " of ", "about ", " h ", " min", " s", " left", '.'};
+constexpr words russian{
+    {"Б", "КБ", "МБ", "ГБ", "ТБ"}, " из ", "осталось около ", " ч ", " мин", " с", "", ','};
 
 const words& current_words() { return settings().language_offset != 0 ? english : russian; }
 
@@ -39,6 +41,7 @@ std::string amounts(uint64_t done, uint64_t total) {
     std::array<char, 64> text{};
     std::snprintf(text.data(), text.size(), "%.*f%s%.*f %s", places, static_cast<double>(done) / scale, in.of,
                   places, static_cast<double>(total) / scale, in.units[unit]);
+    std::ranges::replace(text, '.', in.decimal_point);
     return text.data();
 }
 

@@ -1,9 +1,11 @@
 #include "reference_host/toolkit/dialog_runners.h"
 
+#include "platform/path_text.h"
+#include "platform/text.h"
 #include "platform/volumes.h"
 #include "reference_host/shell/front_end.h"
 #include "reference_host/shell/service_registry.h"
-#include "reference_host/toolkit/element_description.h"
+#include "reference_host/shell/terminal_front_end.h"
 
 namespace vestra::toolkit {
 
@@ -45,6 +47,24 @@ const char* prompt(bool takes_path) {
     return takes_path ? "Enter: OK, либо новый путь, либо \"отмена\": " : "Enter: OK, либо \"отмена\": ";
 }
 
+// What stands in the dialog, without the elements that it stands in.
+void add_words(std::string& out, const element_view& view) {
+    if (!view.visible || view.kind == u"button_box") return;
+    if (!view.caption.empty()) out += shell::printable(view.caption) + '\n';
+    const bool is_path = path_root(view.text).size() == 2 && view.text.find(u'\n') == wide_string::npos;
+    if (!view.text.empty() && view.text != view.caption)
+        out += (is_path ? shell::one_line(platform::from_utf8(platform::native_text(view.text)))
+                        : shell::printable(view.text)) +
+               '\n';
+    for (const element_view& child : view.children) add_words(out, child);
+}
+
+std::string words_of(const element_view& dialog) {
+    std::string out;
+    add_words(out, dialog);
+    return out;
+}
+
 } // namespace
 
 std::int32_t terminal_dialog_runner::run(docker content) {
@@ -53,7 +73,7 @@ std::int32_t terminal_dialog_runner::run(docker content) {
         const element_view dialog = look_at(root);
         if (quiet_ && !find(dialog, u"file_input")) return accepted;
         // A progress bar may stand on the line.
-        terminal_.write("\n" + described(dialog));
+        terminal_.write("\n" + words_of(dialog));
         if (!terminal_.asks()) return cancelled;
         terminal_.write(prompt(find(dialog, u"file_input") != nullptr));
         std::string line;

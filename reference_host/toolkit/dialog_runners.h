@@ -54,10 +54,10 @@ private:
 };
 
 // Shows dialogs on a terminal.
-// Writes the dialog out and reads what to do with it, line by line: an empty line accepts it (presses its
-// first button), "cancel", Ctrl-C and the end of the input cancel it, anything else is the new path in its
-// field, as a person types paths, and writes the dialog out again. Where nobody can be asked a dialog is
-// written out and counts as cancelled.
+// Writes out what the dialog says, line by line, with paths as the operating system names them, and reads
+// what to do with it, line by line: an empty line accepts it (presses its first button), "cancel", Ctrl-C and
+// the end of the input cancel it, anything else is the new path in its field, as a person types paths, and
+// writes the dialog out again. Where nobody can be asked a dialog is written out and counts as cancelled.
 class terminal_dialog_runner final : public vs::project_resave::dialog_runner_impl {
 public:
     // The terminal must outlive the runner. A quiet one lets dialogs that only tell something pass unseen.

@@ -4,6 +4,7 @@
 #include <map>
 
 #include "platform/text.h"
+#include "reference_host/shell/front_end.h"
 #include "reference_host/shell/terminal_front_end.h"
 
 namespace vestra::toolkit {
@@ -18,6 +19,38 @@ namespace {
 const std::map<wide_string, std::string> stems{
     {u"file_input", "field"}, {u"button", "button"},     {u"checkbox", "check"}, {u"radiobutton", "radio"},
     {u"outline", "list"},     {u"dropdownex", "choice"}, {u"tool", "tool"}};
+
+const std::map<std::string_view, const char*> russian_words{{"docker", "панель"},
+                                                            {"grid_layout", "сетка"},
+                                                            {"grid_span_layout", "ячейки"},
+                                                            {"stack_layout", "столбец"},
+                                                            {"split_layout", "части"},
+                                                            {"tab_layout", "вкладки"},
+                                                            {"groupbox", "группа"},
+                                                            {"groupbox_span", "группа"},
+                                                            {"label", "надпись"},
+                                                            {"label_ex", "надпись"},
+                                                            {"output", "надпись"},
+                                                            {"multiline_output", "текст"},
+                                                            {"file_input", "путь"},
+                                                            {"button", "кнопка"},
+                                                            {"button_box", "кнопки"},
+                                                            {"checkbox", "флажок"},
+                                                            {"radiobutton", "переключатель"},
+                                                            {"dropdownex", "список"},
+                                                            {"outline", "дерево"},
+                                                            {"toolbar", "инструменты"},
+                                                            {"tool", "инструмент"},
+                                                            {"source project", "исходный проект"},
+                                                            {"text file", "текстовый файл"},
+                                                            {"new file", "новый файл"},
+                                                            {"folder", "папка"},
+                                                            {"unknown mode", "неизвестно что"},
+                                                            {"shown", "показано"},
+                                                            {"disabled", "недоступно"},
+                                                            {"invalid", "неверно"},
+                                                            {"highlighted", "выделено"},
+                                                            {"collapsed", "свернуто"}};
 
 // Up to the last underscore that all ids have in common.
 std::size_t common_start(const std::vector<element_view>& pages) {
@@ -95,7 +128,7 @@ void describe_mode(std::string& out, const element_view& view) {
     constexpr const char* asks_for[] = {"source project", "text file", "new file", "folder"}; // by mode
     if (!view.mode) return;
     const auto mode = static_cast<std::size_t>(*view.mode);
-    out += std::string(" (") + (mode < std::size(asks_for) ? asks_for[mode] : "unknown mode");
+    out += " (" + host_word(mode < std::size(asks_for) ? asks_for[mode] : "unknown mode");
     if (!view.filter.empty()) out += ": " + one_line(view.filter);
     out += ')';
 }
@@ -104,15 +137,15 @@ void describe(std::string& out, const element_view& view, const std::string& ind
     if (!view.visible) return;
     out += indent;
     if (!view.name.empty()) out += view.name + ": ";
-    out += sign_of(view.check) + one_line(view.kind);
+    out += sign_of(view.check) + host_word(one_line(view.kind));
     if (!view.caption.empty()) out += " \"" + one_line(view.caption) + '"';
     for (const button_view& button : view.buttons)
         out += " [" + std::to_string(button.code) + ' ' + one_line(button.text) + ']';
     if (view.current < view.choices.size()) out += ' ' + one_line(view.choices[view.current]);
     if (!view.choices.empty()) out += " (" + choices_of(view) + ')';
     describe_mode(out, view);
-    if (is_shown_page) out += " (shown)";
-    if (!view.enabled) out += " (disabled)";
+    if (is_shown_page) out += " (" + host_word("shown") + ')';
+    if (!view.enabled) out += " (" + host_word("disabled") + ')';
     const std::string inner = indent + "  ";
     if (view.text != view.caption) describe_text(out, view.text, inner);
     out += '\n';
@@ -124,6 +157,12 @@ void describe(std::string& out, const element_view& view, const std::string& ind
 } // namespace
 
 void name_elements(element_view& root) { naming({}).name(root); }
+
+std::string host_word(std::string_view english) {
+    const auto row = russian_words.find(english);
+    const bool is_russian = shell::settings().language_offset == 0;
+    return is_russian && row != russian_words.end() ? row->second : std::string(english);
+}
 
 std::string choices_of(const element_view& dropdown) {
     std::string all;

@@ -1,6 +1,8 @@
 // A window as text, and the short names by which a person or a script speaks of what is in it.
 #pragma once
 
+#include <string_view>
+
 #include "reference_host/toolkit/element_view.h"
 
 namespace vestra::toolkit {
@@ -18,6 +20,10 @@ std::vector<const element_view*> all_named(const element_view& root, const std::
 // The row of "NAME/ROW/ROW...", where a ROW is the number that the description shows or, where no row has it,
 // a text. `outline` is the element it stands in. Null if there is none.
 const row_view* find_row(const element_view& root, const std::string& path, const element_view*& outline);
+
+// What the host calls a kind of element, or what it says in brackets, in the language in force. English is
+// what the interfaces are named in, and how it is asked for.
+std::string host_word(std::string_view english);
 
 // The rows of a dropdown: "None | Tab".
 std::string choices_of(const element_view& dropdown);

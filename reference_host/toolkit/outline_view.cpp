@@ -3,7 +3,7 @@
 #include "host/toolkit/tool.h"
 #include "host/toolkit/toolbar.h"
 #include "reference_host/shell/terminal_front_end.h"
-#include "reference_host/toolkit/element_view.h"
+#include "reference_host/toolkit/element_description.h"
 #include "reference_host/toolkit/told.h"
 
 namespace vestra::toolkit {
@@ -78,9 +78,9 @@ void describe_rows(std::string& out, const std::vector<row_view>& rows, const st
         const std::string row_path = (path.empty() ? path : path + '/') + std::to_string(index + 1);
         out +=
             indent + row_path + marks[static_cast<std::size_t>(row.check)] + ' ' + shell::one_line(row.text);
-        if (!row.valid) out += " (invalid)";
-        if (row.highlighted) out += " (highlighted)";
-        if (!row.expanded) out += " (collapsed)";
+        if (!row.valid) out += " (" + host_word("invalid") + ')';
+        if (row.highlighted) out += " (" + host_word("highlighted") + ')';
+        if (!row.expanded) out += " (" + host_word("collapsed") + ')';
         out += '\n';
         describe_rows(out, row.rows, indent + "  ", row_path);
     }

@@ -93,7 +93,8 @@ TEST_F(resave_command, brings_companions_under_the_new_stem_and_over_no_file) {
     EXPECT_TRUE(path_exists(u"C:\\prj\\rtr\\A_(1).prj") && !path_exists(u"C:\\prj\\rtr\\A.prj"));
 }
 
-// The project misses a raster, the same in the scene of a map, and has a shape file of its own.
+// The project misses a raster, the same in the scene of a map, and has a shape file of its own. Of one that
+// is lost it does not name the table.
 TEST_F(resave_command, finds_a_lost_file_only_where_it_is_clearly_the_one) {
     const wide_string lost = u"C:\\old\\maps\\A.tif", shape = u"C:\\old\\S.shp";
     const struct {
@@ -111,6 +112,7 @@ TEST_F(resave_command, finds_a_lost_file_only_where_it_is_clearly_the_one) {
          "x\\s.dbf x\\s.shp",
          1},
         {{{u"x\\roads.shp", "1"}, {u"x\\roads.shx", "1"}}, "x\\roads.shp"},
+        {{{u"x\\p.shp", "1"}, {u"x\\p.shx", "1"}, {u"x\\p.dbf", "1"}}, "x\\p.shp", 1},
     };
     builder.clear();
     builder.scene_2d(u"M").layer("rtr_lr2d", u"A", lost).save_scene(src(u"m._sn"));
@@ -119,7 +121,11 @@ TEST_F(resave_command, finds_a_lost_file_only_where_it_is_clearly_the_one) {
     builder.layer("vs_scene_layer_meta_id", u"Map", src(u"m._sn")).layer("rtr_lr2d", u"A", lost);
     builder.layer("shp_pln_lr2d", u"S", shape)
         .layer("rtr_lr2d", u"Other", u"C:\\old\\Roads.shp")
+        .layer("shp_pln_lr2d", u"P", u"C:\\old\\P.shp")
         .save(source);
+    const string table = "<attributes file=\"C:\\old\\P.dbf\" />";
+    string project = read(source);
+    write(source, project.erase(project.find(table), table.size()));
     const tree_state before = sources();
     for (const auto& row : rows) {
         clear_output();
@@ -137,6 +143,7 @@ TEST_F(resave_command, finds_a_lost_file_only_where_it_is_clearly_the_one) {
         for (const string& each : found) all += (all.empty() ? "" : " ") + each;
         EXPECT_EQ(row.found, all) << out;
         EXPECT_EQ(row.candidates, candidates) << run.at("lost_sources");
+        EXPECT_EQ(string::npos, run.at("left_behind").dump().find(".dbf")) << "a table stayed behind";
         EXPECT_EQ("", difference(before, sources()) + difference(searched, state_of(native("n") / "s")));
     }
     EXPECT_EQ(2, command(area + "--search 'N:\\none'"));
@@ -147,16 +154,21 @@ TEST_F(resave_command, chooses_elements_by_pattern_type_group_and_loss) {
     builder.scene_2d(u"S").layer("rtr_lr2d", u"A", write(u"C:\\m\\a.tif", "x"));
     builder.layer("rtr_lr2d", u"B", write(u"C:\\m\\b.tif", "x"))
         .layer("graph_lr2d", u"C", write(u"C:\\m\\c.dxf", "x"));
-    builder.layer("rtr_lr2d", u"Lost", u"C:\\m\\lost.tif").save(source);
+    builder.layer("rtr_lr2d", u"Lost", u"C:\\m\\lost.tif").layout(u"Sheet").page(u"Page", u"").save(source);
     const struct {
-        const char *options, *made;
+        string options;
+        const char* made;
         int code;
         const char* told = "";
     } rows[] = {
         {"--only '*.tif' --deselect missing", " new._vp rtr rtr/a.tif rtr/b.tif", 0},
-        {"--deselect type:RTR_lr2d", " graphics graphics/c.dxf new._vp", 0},
-        {"--deselect Missing --deselect 'c:\\M\\?.TIF'", " graphics graphics/c.dxf new._vp", 0},
+        {"--deselect type:RTR_lr2d --deselect Sheet", " graphics graphics/c.dxf new._vp", 0},
+        {"--deselect Missing --deselect Sheet --deselect 'c:\\M\\?.TIF'", " graphics graphics/c.dxf new._vp",
+         0},
         {"--only a", " new._vp rtr rtr/a.tif", 0},
+        {"--only '" + shown("C:\\m\\*.tif") + "' --deselect missing", " new._vp rtr rtr/a.tif rtr/b.tif", 0},
+        {"--deselect Page", "", 2, "cannot be left out, or kept, by itself: page \"Page\""},
+        {"--only type:layout_page", "", 2, "cannot be left out, or kept, by itself: page \"Page\""},
         {"--only type:none", "", 2, "no element is meant by \"type:none\""},
         {"--deselect '*.t?f' --deselect group:none", "", 2, "no element is meant by \"group:none\""},
         {"--only missing --deselect S", "", 2, "nothing is left to be resaved"},
@@ -170,7 +182,7 @@ TEST_F(resave_command, chooses_elements_by_pattern_type_group_and_loss) {
     }
     EXPECT_EQ(0, command("list --missing 'C:\\prj\\area._vp'"));
     EXPECT_TRUE(is_printed("Lost") && !is_printed("b.tif") &&
-                is_printed("\n5 elements, 3 files, 3 B, 1 missing\n"))
+                is_printed("\n7 elements, 3 files, 3 B, 1 missing\n"))
         << out;
 }
 

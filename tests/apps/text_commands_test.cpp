@@ -216,6 +216,9 @@ TEST_F(text_commands, speak_russian_throughout_if_asked_to) {
         EXPECT_EQ(code, command(arguments + " --language ru")) << arguments << err;
         EXPECT_EQ("", english_in(out + err)) << arguments << '\n' << out << err;
     }
+    EXPECT_EQ(0, session("panel" + project + "--language ru", "show scn2d\n"));
+    for (const char* part : {"docker", "outline", "(invalid)", "(shown)", "(disabled)"})
+        EXPECT_EQ(string::npos, out.find(part)) << out;
     // Its folders by type are, too.
     EXPECT_EQ(1, command(resave + "--overwrite --language ru --deselect Точки")) << err;
     for (const string language : {"ru", "en"}) {

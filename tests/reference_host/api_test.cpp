@@ -113,8 +113,8 @@ TEST(terminal_front_end, bytes_are_shown_with_the_time_that_is_left_once_it_is_k
          " 20 % Tiff  0.4 of 1.9 GB  about 2 h 0 min left\n 30 % Tiff  0.6 of 1.9 GB  about 1 h 45 min "
          "left\n"},
         {0, 40,
-         "  0 % Tiff  0.0 из 1.9 ГБ\n 10 % Tiff  0.2 из 1.9 ГБ  осталось около 6 мин\n"
-         " 20 % Tiff  0.4 из 1.9 ГБ  осталось около 5 мин\n 30 % Tiff  0.6 из 1.9 ГБ  осталось около 5 "
+         "  0 % Tiff  0,0 из 1,9 ГБ\n 10 % Tiff  0,2 из 1,9 ГБ  осталось около 6 мин\n"
+         " 20 % Tiff  0,4 из 1,9 ГБ  осталось около 5 мин\n 30 % Tiff  0,6 из 1,9 ГБ  осталось около 5 "
          "мин\n"},
     };
     for (const auto& row : rows) {
@@ -148,7 +148,7 @@ TEST(terminal_front_end, questions_go_to_the_person_and_without_one_mean_no) {
         {"asked until it is understood", u"Stop?", {"perhaps", "", "no", "n"}, answer::no, true, false},
         {"cancel is no answer to yes or no", u"Stop?", {"c", "c", "y"}, answer::cancel, true, true},
         {"a second Ctrl-C stops, and keeps", u"Stop?", {"^C", "^C"}, answer::no, true, false},
-        {"end of the input", u"Stop?", {}, answer::cancel, true, false},
+        {"the end of the input stops, and keeps", u"Stop?", {}, answer::no, true, false},
         {"nobody there", u"Stop?", {"y", "y"}, answer::no, false, false},
     };
     for (const auto& row : rows) {

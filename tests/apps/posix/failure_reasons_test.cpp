@@ -59,8 +59,10 @@ TEST_F(failure_reasons, a_taken_name_and_a_folder_that_cannot_be_made) {
 // What a program prints is its result, as a file is.
 TEST_F(failure_reasons, standard_output_that_takes_nothing) {
     const string list = command_line("list 'C:\\prj\\area._vp' --json", {{}, "/dev/full", file_of("err")});
+    const string help = command_line("list --help", {{}, "/dev/full", file_of("err")});
     for (const auto& [line, reason] :
-         {std::pair(list, "No space left on device"), std::pair(list + " >&-", "Bad file descriptor")}) {
+         {std::pair(list, "No space left on device"), std::pair(list + " >&-", "Bad file descriptor"),
+          std::pair(help, "No space left on device")}) {
         EXPECT_EQ(3, run(line));
         EXPECT_EQ("vestra-resave: standard output could not be written: " + string(reason) + "\n", err);
     }
@@ -79,10 +81,24 @@ TEST_F(failure_reasons, a_full_disk) {
         GTEST_SKIP() << "this user may not mount a file system";
     EXPECT_EQ(3, command("resave 'C:\\prj\\area._vp' 'N:\\out\\deep\\new._vp' --quiet"));
     EXPECT_EQ(
-        shown("vestra-resave: N:\\out\\deep: too little space: 196.2 KB are needed, 64.0 KB are free\n"),
+        shown("vestra-resave: N:\\out\\deep: too little space: 200.0 KB are needed, 64.0 KB are free\n"),
         err);
     EXPECT_EQ("", made());
     expect_reason("copy_failed", target, "No space left on device");
+    fs::remove_all(out_folder / "rtr");
+    for (const char* file : {"new._vp", "new.resave-journal"}) fs::remove(out_folder / file);
+    builder.clear(); // a block for each small file is more than the disk has
+    builder.scene_2d(u"Area");
+    for (const wide_view end : {u"1", u"2", u"3"})
+        for (const wide_view name : {u"a", u"b", u"c", u"d", u"e", u"f", u"g", u"h"})
+            builder.layer("rtr_lr2d", u"R", write(u"C:\\data\\" + wide_string(name) + wide_string(end), "x"));
+    builder.save(source);
+    for (const string dry : {" --dry-run", ""})
+        EXPECT_EQ(3, command("resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp' --quiet" + dry)) << err;
+    EXPECT_TRUE(is_told(": too little space: 10") && is_told(", 64.0 KB are free\n")) << err;
+    EXPECT_LE(1, command("resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp' --quiet --ignore-space"));
+    EXPECT_EQ(1U, times("No space left on device", err)) << err; // not once for each file
+    EXPECT_TRUE(is_told(" files could not be written (all are in --json)\n")) << err;
     ::umount(out_folder.c_str());
 }
 
@@ -140,6 +156,16 @@ TEST_F(failure_reasons, drives_that_do_not_exist_are_named_once_before_the_start
     EXPECT_EQ(1, command(resave + "--deselect 1 --deselect 2 --deselect 3")) << err;
     EXPECT_EQ(1, command(resave + "--allow-missing-drives --overwrite --json"));
     EXPECT_EQ(4U, json::parse(out).at("lost_sources").size()) << out;
+}
+
+TEST_F(failure_reasons, of_more_than_twenty_alike_ten_are_told_and_how_many_more) {
+    for (uint32_t index = 0; index < 24; ++index)
+        builder.layer("rtr_lr2d", u"Lost", u"C:\\gone\\" + decimal(index) + u".tif");
+    builder.save(source);
+    EXPECT_EQ(1, command("resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp' --quiet --json"));
+    EXPECT_EQ(24U, json::parse(out).at("lost_sources").size());
+    EXPECT_EQ(10U, times(": does not exist (\"Lost\" in \"Area\")\n", err)) << err;
+    EXPECT_TRUE(err.ends_with("vestra-resave: and 14 more like this (all are in --json)\n")) << err;
 }
 
 TEST_F(failure_reasons, names_that_windows_does_not_take) {

@@ -67,6 +67,7 @@ TEST_F(on_a_terminal, ctrl_c_asks_and_another_one_is_an_answer) {
         {{{"5 % Saving", ctrl_c}, {"go on\r\n[yes/no/cancel] ", "yes\n"}}, false},
         {{{"5 % Saving", ctrl_c}, {"[yes/no/cancel] ", "what?\n"}, {"[yes/no/cancel] ", "no\n"}}, true},
         {{{"5 % Saving", ctrl_c}, {"[yes/no/cancel] ", ctrl_c}}, true},
+        {{{"5 % Saving", ctrl_c}, {"[yes/no/cancel] ", "\x04"}}, true}, // Ctrl-D
         {{{"5 % Saving", ctrl_c},
           {"[yes/no/cancel] ", "cancel\n"},
           {"%", ctrl_c},
@@ -78,6 +79,7 @@ TEST_F(on_a_terminal, ctrl_c_asks_and_another_one_is_an_answer) {
         clear_output();
         const tree_state before = sources();
         EXPECT_EQ(130, talk("resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp'", row.turns)) << out;
+        EXPECT_EQ(string::npos, out.find(" failed")) << out; // a stop is no failure
         EXPECT_EQ(row.is_kept, !made().empty()) << out << made();
         EXPECT_FALSE(path_exists(output));
         EXPECT_EQ("", difference(before, sources()));
