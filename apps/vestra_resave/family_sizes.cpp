@@ -27,7 +27,9 @@ uint64_t family_sizes::add_family(const wide_string& path, path_keys& counted) {
     const folder_files& files = beside_.files_of(head);
     // What came along with another file shares all but what has its whole name.
     if (!is_new && files.beginning_with(path_file_name(path)).empty()) return sum;
-    for (const wide_string& name : family_of(path, files)) sum += add(head + name, counted);
+    const auto [family, is_first] = families_.try_emplace(path_key(head) + path_file_name(path));
+    if (is_first) family->second = family_of(path, files);
+    for (const wide_string& name : family->second) sum += add(head + name, counted);
     return sum;
 }
 

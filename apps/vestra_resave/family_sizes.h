@@ -37,8 +37,9 @@ private:
 
     const vs::project_resave::size_register& known_;
     listed_folders beside_;
-    std::unordered_map<wide_string, uint64_t> files_;                   // by path key
-    std::unordered_map<wide_string, std::vector<wide_string>> folders_; // the files in each, at all depths
+    std::unordered_map<wide_string, uint64_t> files_;                    // by path key
+    std::unordered_map<wide_string, std::vector<wide_string>> folders_;  // the files in each, at all depths
+    std::unordered_map<wide_string, std::vector<wide_string>> families_; // by folder key and spelled name
     uint64_t bytes_ = 0;
 };
 

@@ -167,8 +167,8 @@ void lost_file_search::find_in(Model& model, bool model_files) {
 void lost_file_search::decide(std::vector<lost_file>& all) {
     if (!std::exchange(is_walked_, true))
         for (const wide_string& root : roots_) index_.add(root);
-    std::unordered_map<wide_string, std::vector<wide_string>> families; // names of what is lost
-    for (const lost_file& each : all) families[each.family].push_back(path_file_name(each.about.path));
+    std::unordered_map<wide_string, lost_family> families;
+    for (const lost_file& each : all) families[each.family].names.push_back(path_file_name(each.about.path));
     for (lost_file& each : all) {
         if (is_stopped()) return;
         each.candidates = candidates_for(each.about.path);
@@ -193,12 +193,16 @@ std::vector<wide_string> lost_file_search::candidates_for(const wide_string& pat
     return all;
 }
 
-void lost_file_search::choose(lost_file& lost, const std::vector<wide_string>& members) {
+void lost_file_search::choose(lost_file& lost, lost_family& family) {
     const auto is_complete = [&](const wide_string& path) {
-        return std::ranges::all_of(members, [&](const wide_string& name) {
-            const wide_string member = path_head(path) + name;
-            return path_exists(member) && std::ranges::all_of(partners_of(member), &path_exists);
-        });
+        const wide_string folder = path_head(path);
+        const auto [row, is_new] = family.is_complete_in.try_emplace(path_key(folder), true);
+        if (is_new)
+            row->second = std::ranges::all_of(family.names, [&](const wide_string& name) {
+                const wide_string member = folder + name;
+                return path_exists(member) && std::ranges::all_of(partners_of(member), &path_exists);
+            });
+        return row->second;
     };
     std::vector<wide_string> best;
     for (const wide_string& each : lost.candidates) {

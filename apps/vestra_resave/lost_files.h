@@ -72,11 +72,17 @@ private:
         size_t agreement = 0; // how many folders above it have the names of those above the lost path
     };
 
+    // What is lost of one folder and stem.
+    struct lost_family {
+        std::vector<wide_string> names;
+        std::unordered_map<wide_string, bool> is_complete_in; // all of it, by the key of the folder
+    };
+
     template <class Model>
     void find_in(Model& model, bool model_files);
     void decide(std::vector<lost_file>& all);
     std::vector<wide_string> candidates_for(const wide_string& path);
-    void choose(lost_file& lost, const std::vector<wide_string>& members);
+    void choose(lost_file& lost, lost_family& family);
     void take_found(std::vector<lost_file>& all);
     bool hold_same_data(const std::vector<wide_string>& all);
 
