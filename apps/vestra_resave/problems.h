@@ -118,6 +118,8 @@ nlohmann::ordered_json json_of(const std::vector<problem>& all);
 nlohmann::ordered_json json_of(const std::vector<problem>& all, std::string_view kind);
 // Of those that were found {element, path, native_path, found_at, native_found_at}.
 nlohmann::ordered_json json_of_found(const std::vector<problem>& all);
+// What failed, as it follows the path: "could not be copied to N:\a.shp".
+std::string what_of(const problem& found);
 // One line without the name of the program: "C:\a.shp: could not be copied to N:\a.shp: No space left".
 std::string line_of(const problem& found);
 

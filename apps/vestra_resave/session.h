@@ -59,11 +59,14 @@ namespace vestra::command {
 std::optional<refusal> refuse_share(const std::string& typed);
 
 // One run of a command on a project: the host with the bundle in it, and the context on which the bundle
-// works. Starts the host in its constructor and takes it down in its destructor. One at a time.
+// works. Starts the host in its constructor and takes it down in its destructor, unless it is a guest in
+// another one. One at a time.
 class session {
 public:
     // Loads the bundles of the options beside the one that is linked in.
     session(const common_options& options, const decided_answers& answers);
+    // In a host that is there already, with its bundles and a person before its front end; both outlive it.
+    session(shell::front_end& person, const decided_answers& answers);
     ~session();
 
     // Loads a project, by its native or its drive path. Returns why the command ends here: the project could
@@ -79,13 +82,19 @@ public:
     vs::project_resave::project_context& context() { return *context_; }
     // See command_questions.
     void keep_places(continued_disk* earlier) { questions_.earlier = earlier; }
-    shell::terminal_front_end& screen() { return host_.front_end(); }
-    // Whether Ctrl-C came since the last run ended.
-    bool interrupted() { return terminal_.interrupted(); }
+    shell::front_end& screen() { return screen_; }
+    // Whether Ctrl-C came since the last run ended, or the person at another host wants to stop.
+    bool interrupted() { return own_ ? own_->terminal.interrupted() : screen_.stop_requested(); }
 
 private:
-    vs::project_resave::platform::process_terminal terminal_;
-    terminal_host host_;
+    struct own_host {
+        explicit own_host(const common_options& options) : host(terminal, options) {}
+        vs::project_resave::platform::process_terminal terminal;
+        terminal_host host;
+    };
+
+    const std::unique_ptr<own_host> own_; // null for a guest
+    shell::front_end& screen_;
     command_questions questions_;
     vs::project_resave::resave_services services_;
     std::unique_ptr<vs::project_resave::project_context> context_;

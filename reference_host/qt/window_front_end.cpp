@@ -1,0 +1,217 @@
+#include "reference_host/qt/window_front_end.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <utility>
+
+#include "reference_host/qt/element_widgets.h"
+
+namespace vestra::qt {
+
+using shell::answer;
+
+namespace {
+
+constexpr int between_pumps = 15; // milliseconds; each file asks whether to stop
+
+} // namespace
+
+progress_window::progress_window(QWidget* above, bool stoppable, std::function<void()> stops)
+    : QWidget(above, Qt::Dialog), is_stoppable_(stoppable), stops_(std::move(stops)),
+      caption_(new QLabel(this)), bar_(new QProgressBar(this)), amount_(new QLabel(this)),
+      stop_(new QPushButton(said("Stop", "Остановить"), this)) {
+    auto* const column = new QVBoxLayout(this);
+    for (QWidget* part :
+         {static_cast<QWidget*>(caption_), static_cast<QWidget*>(bar_), static_cast<QWidget*>(amount_)})
+        column->addWidget(part);
+    column->addWidget(stop_, 0, Qt::AlignRight);
+    caption_->setTextFormat(Qt::PlainText);
+    caption_->setMinimumWidth(360);
+    bar_->setRange(0, 100);
+    bar_->setAccessibleName(said("Progress", "Ход работы"));
+    stop_->setVisible(stoppable);
+    connect(stop_, &QPushButton::clicked, [this] { stop(); });
+}
+
+void progress_window::set_caption(const QString& text) { caption_->setText(text); }
+
+void progress_window::set_percent(std::optional<int> percent) {
+    bar_->setRange(0, percent ? 100 : 0);
+    if (percent) bar_->setValue(*percent);
+}
+
+void progress_window::set_amount(const QString& text) { amount_->setText(text); }
+
+void progress_window::set_stopping(bool on) {
+    stop_->setEnabled(!on);
+    stop_->setText(on ? said("Stopping…", "Остановка…") : said("Stop", "Остановить"));
+}
+
+void progress_window::stop() {
+    if (is_stoppable_) stops_();
+}
+
+void progress_window::closeEvent(QCloseEvent* event) {
+    event->ignore(); // whoever opened it closes it
+    stop();
+}
+
+void progress_window::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape)
+        stop();
+    else
+        QWidget::keyPressEvent(event);
+}
+
+window_front_end::window_front_end(QWidget& window, std::function<void(bool on)> busy)
+    : window_(window), busy_(std::move(busy)) {}
+
+window_front_end::~window_front_end() = default;
+
+QMessageBox::StandardButton window_front_end::ask(QMessageBox::Icon icon, wide_view text,
+                                                  QMessageBox::StandardButtons buttons) {
+    QWidget* const above = progress_ ? static_cast<QWidget*>(progress_.get()) : &window_;
+    QMessageBox box(icon, title, shown(text), buttons, above->isVisible() ? above : nullptr);
+    box.setTextFormat(Qt::PlainText);
+    box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    for (const auto& [button, words] :
+         {std::pair(QMessageBox::Yes, said("Yes", "Да")), std::pair(QMessageBox::No, said("No", "Нет")),
+          std::pair(QMessageBox::Cancel, said("Cancel", "Отмена"))})
+        if (QAbstractButton* const shown_button = box.button(button)) shown_button->setText(words);
+    box.setEscapeButton(buttons & QMessageBox::Cancel ? QMessageBox::Cancel
+                        : buttons & QMessageBox::No   ? QMessageBox::No
+                                                      : QMessageBox::Ok);
+    return static_cast<QMessageBox::StandardButton>(box.exec());
+}
+
+void window_front_end::error(wide_view text) {
+    wide_string whole(text);
+    auto& refused = shell::settings().read_error;
+    if (refused) whole += u"\n\n" + refused->text();
+    refused.reset();
+    ask(QMessageBox::Critical, whole, QMessageBox::Ok);
+}
+
+void window_front_end::warning(wide_view text) { ask(QMessageBox::Warning, text, QMessageBox::Ok); }
+void window_front_end::message(wide_view text) { ask(QMessageBox::Information, text, QMessageBox::Ok); }
+
+bool window_front_end::yes_no(wide_view text) {
+    return ask(QMessageBox::Question, text, QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
+}
+
+answer window_front_end::yes_no_cancel(wide_view text) {
+    const auto buttons = QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+    switch (ask(QMessageBox::Question, text, buttons)) {
+    case QMessageBox::Yes:
+        return answer::yes;
+    case QMessageBox::No:
+        return answer::no;
+    default:
+        return answer::cancel;
+    }
+}
+
+void window_front_end::begin_work() {
+    if (busy_depth_++ == 0 && busy_) busy_(true);
+}
+
+void window_front_end::end_work() {
+    if (--busy_depth_ == 0 && busy_) busy_(false);
+}
+
+void window_front_end::pump(bool at_once) {
+    if (is_pumping_ || (!at_once && pumped_.isValid() && pumped_.elapsed() < between_pumps)) return;
+    is_pumping_ = true;
+    QApplication::processEvents();
+    is_pumping_ = false;
+    pumped_.start();
+}
+
+void window_front_end::progress_opened(bool stoppable) {
+    is_stopped_ = false;
+    progress_ = std::make_unique<progress_window>(&window_, stoppable, [this] { request_stop(); });
+    progress_->setWindowTitle(title);
+    progress_->show();
+    begin_work();
+    pump(true);
+}
+
+void window_front_end::progress_shown(std::uint32_t current, std::uint32_t total) {
+    if (!progress_) return;
+    if (!transfer_.is_running())
+        progress_->set_percent(total == 0 ? 0 : static_cast<int>(std::min(100.0, 100.0 * current / total)));
+    pump();
+}
+
+void window_front_end::progress_caption(wide_view text) {
+    if (!progress_) return;
+    progress_->set_caption(shown(text));
+    pump();
+}
+
+void window_front_end::progress_indeterminate(bool on) {
+    if (progress_) progress_->set_percent(on ? std::nullopt : std::optional(0));
+    pump();
+}
+
+void window_front_end::progress_closed() {
+    progress_.reset();
+    end_work();
+}
+
+void window_front_end::request_stop() {
+    if (!progress_) return;
+    is_stopped_ = true;
+    progress_->set_stopping(true);
+}
+
+bool window_front_end::stop_requested() {
+    pump();
+    return is_stopped_;
+}
+
+void window_front_end::stop_reset() {
+    if (is_stopped_ && on_go_on) on_go_on();
+    is_stopped_ = false;
+    if (progress_) progress_->set_stopping(false);
+}
+
+void window_front_end::wait_opened(wide_view text) {
+    auto wait =
+        std::make_unique<QWidget>(&window_, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
+    wait->setWindowTitle(title);
+    auto* const words = new QLabel(shown(text), wait.get());
+    words->setTextFormat(Qt::PlainText);
+    (new QVBoxLayout(wait.get()))->addWidget(words);
+    wait->setMinimumWidth(280);
+    wait->show();
+    waits_.push_back(std::move(wait));
+    begin_work();
+    pump(true);
+}
+
+void window_front_end::wait_closed() {
+    if (waits_.empty()) return;
+    waits_.pop_back();
+    end_work();
+}
+
+void window_front_end::expect_bytes(std::uint64_t total) { transfer_.begin(total); }
+
+void window_front_end::bytes_moved(std::uint64_t bytes) {
+    if (!transfer_.is_running()) return;
+    transfer_.add(bytes);
+    if (progress_ && transfer_.is_due()) {
+        progress_->set_percent(static_cast<int>(transfer_.percent()));
+        progress_->set_amount(QString::fromStdString(transfer_.text()));
+    }
+    pump();
+}
+
+} // namespace vestra::qt

@@ -1,0 +1,119 @@
+// The host's boxes, questions, progress and wait windows on a screen.
+#pragma once
+
+#include <QElapsedTimer>
+#include <QMessageBox>
+#include <QPointer>
+#include <functional>
+#include <memory>
+#include <optional>
+
+#include "platform/system.h"
+#include "reference_host/shell/front_end.h"
+#include "reference_host/shell/transfer_progress.h"
+
+class QCloseEvent;
+class QLabel;
+class QProgressBar;
+class QPushButton;
+
+namespace vestra::qt {
+
+// What is being done, how far it has come, and a button that stops it, which Escape and the window's own
+// button are, too. Not modal: the window below it can still be moved and closed.
+class progress_window final : public QWidget {
+public:
+    progress_window(QWidget* above, bool stoppable, std::function<void()> stops);
+
+    void set_caption(const QString& text);
+    // Shows a percentage; nothing: how long it takes is unknown.
+    void set_percent(std::optional<int> percent);
+    void set_amount(const QString& text);
+    // The wish to stop is known, until it is forgotten.
+    void set_stopping(bool on);
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void stop();
+
+    const bool is_stoppable_;
+    const std::function<void()> stops_;
+    QLabel* const caption_;
+    QProgressBar* const bar_;
+    QLabel* const amount_;
+    QPushButton* const stop_;
+};
+
+// While something is shown here that takes time, `busy` has been called with true, and events of the screen
+// are handled whenever the host is told or asked something.
+class window_front_end final : public shell::front_end {
+public:
+    // Boxes stand above the window, which must outlive this object.
+    explicit window_front_end(QWidget& window, std::function<void(bool on)> busy = {});
+    ~window_front_end() override;
+
+    void error(wide_view text) override;
+    void warning(wide_view text) override;
+    void message(wide_view text) override;
+    bool yes_no(wide_view text) override;
+    // The box closed by the window's own button is a cancel.
+    shell::answer yes_no_cancel(wide_view text) override;
+
+    void progress_opened(bool stoppable) override;
+    void progress_shown(std::uint32_t current, std::uint32_t total) override;
+    void progress_caption(wide_view text) override;
+    void progress_indeterminate(bool on) override;
+    void progress_closed() override;
+    bool stop_requested() override;
+    void stop_reset() override;
+    void wait_opened(wide_view text) override;
+    void wait_closed() override;
+
+    // The next run moves about so many bytes; 0: nothing is known of it, and the steps are shown.
+    void expect_bytes(std::uint64_t total) override;
+    void bytes_moved(std::uint64_t bytes) override;
+    // The user wants the run to end, as by the stop button.
+    void request_stop();
+    bool is_busy() const { return busy_depth_ > 0; }
+    // Called when the user wanted to stop and then does not; may be empty.
+    std::function<void()> on_go_on;
+    // The titles of boxes.
+    QString title;
+
+private:
+    QMessageBox::StandardButton ask(QMessageBox::Icon icon, wide_view text,
+                                    QMessageBox::StandardButtons buttons);
+    void begin_work();
+    void end_work();
+    void pump(bool at_once = false);
+
+    QWidget& window_;
+    const std::function<void(bool)> busy_;
+    std::unique_ptr<progress_window> progress_;
+    std::vector<std::unique_ptr<QWidget>> waits_;
+    shell::transfer_progress transfer_;
+    QElapsedTimer pumped_;
+    unsigned busy_depth_ = 0;
+    bool is_stopped_ = false, is_pumping_ = false;
+};
+
+// Feeds a front end with the bytes that are copied, as long as it lives.
+class watched_transfer {
+public:
+    watched_transfer(window_front_end& shows, std::uint64_t expected)
+        : shows_(shows), watch_([&shows](std::uint64_t bytes) { shows.bytes_moved(bytes); }) {
+        shows_.expect_bytes(expected);
+    }
+    ~watched_transfer() { shows_.expect_bytes(0); }
+    watched_transfer(const watched_transfer&) = delete;
+    watched_transfer& operator=(const watched_transfer&) = delete;
+
+private:
+    window_front_end& shows_;
+    vs::project_resave::platform::transfer_watch watch_;
+};
+
+} // namespace vestra::qt

@@ -1,0 +1,109 @@
+#include "tests/window/window_fixture.h"
+
+#include <QApplication>
+#include <QFile>
+#include <QTemporaryDir>
+#include <QTest>
+#include <cstdlib>
+
+#include "reference_host/model/counted.h"
+#include "reference_host/shell/front_end.h"
+#include "reference_host/toolkit/element_description.h"
+
+// What these libraries keep to the end of the program is no leak of ours.
+extern "C" const char* __lsan_default_suppressions(); // NOLINT(bugprone-reserved-identifier): the sanitizer's
+const char* __lsan_default_suppressions() {           // NOLINT(bugprone-reserved-identifier)
+    return "leak:libfontconfig\nleak:libQt6\nleak:libGL\nleak:libdbus\n";
+}
+
+namespace vestra::window {
+
+namespace fs = std::filesystem;
+
+window_test::window_test() {
+    QSettings().clear();
+    stored.set_language("en");
+    fs::create_directories(drives.root('C') / "prj");
+    fs::create_directories(drives.root('N') / "out");
+    QObject::connect(&person_, &QTimer::timeout, [this] { answer_boxes(); });
+    person_.start(0);
+}
+
+window_test::~window_test() {
+    close();
+    shell::settings() = {};
+}
+
+void window_test::copy_sample() {
+    const fs::path area = fs::path(VS_SOURCE_DIR) / "samples" / "area";
+    constexpr auto all = fs::copy_options::recursive | fs::copy_options::overwrite_existing;
+    fs::copy(area / "c", drives.root('C'), all);
+    fs::copy(area / "d", drives.root('D'), all);
+}
+
+void window_test::open() {
+    window.emplace(stored, std::vector<wide_string>());
+    window->show();
+    ASSERT_TRUE(QTest::qWaitForWindowExposed(&*window));
+}
+
+void window_test::open_on_sample() {
+    copy_sample();
+    open();
+    ASSERT_TRUE(window->open_project(source));
+}
+
+void window_test::close() {
+    view_ = {};
+    window.reset();
+    EXPECT_EQ(0U, living_objects());
+}
+
+const element_view& window_test::looked() { return view_ = window->tool().look(); }
+
+const element_view& window_test::at(const std::string& name) {
+    const auto found = toolkit::all_named(looked(), name);
+    EXPECT_EQ(1U, found.size()) << name;
+    static const element_view nothing;
+    return found.empty() ? nothing : *found.front();
+}
+
+void window_test::check_row(const std::string& path, bool on) {
+    const element_view* outline = nullptr;
+    const toolkit::row_view* row = toolkit::find_row(looked(), path, outline);
+    ASSERT_TRUE(row) << path;
+    mouse().check_row(*outline, *row, on);
+}
+
+void window_test::enter(const std::string& name, const wide_string& text) {
+    EXPECT_TRUE(mouse().enter_text(at(name), text)) << name;
+}
+
+void window_test::expect_equal_to_walker(const std::string& after) {
+    EXPECT_EQ(toolkit::described(window->opened().look()), toolkit::described(looked())) << after;
+}
+
+void window_test::answer_boxes() {
+    if (on_idle) on_idle();
+    auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
+    if (!box || !box->isVisible()) return;
+    boxes.push_back(box->text());
+    const bool asks = box->standardButtons() & QMessageBox::Yes;
+    const auto with = on_box ? on_box(*box) : asks ? QMessageBox::No : QMessageBox::Ok;
+    QTest::mouseClick(box->button(with), Qt::LeftButton);
+}
+
+} // namespace vestra::window
+
+int main(int argc, char** argv) {
+    if (!std::getenv("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    testing::InitGoogleTest(&argc, argv);
+    const QTemporaryDir kept;
+    QSettings::setDefaultFormat(QSettings::IniFormat);
+    for (const auto format : {QSettings::NativeFormat, QSettings::IniFormat})
+        QSettings::setPath(format, QSettings::UserScope, kept.path());
+    QCoreApplication::setOrganizationName("vestra");
+    QCoreApplication::setApplicationName("resave-window");
+    const QApplication application(argc, argv);
+    return RUN_ALL_TESTS();
+}
