@@ -12,7 +12,7 @@
 #include "apps/vestra_resave_window/outcome_view.h"
 #include "apps/vestra_resave_window/run_outcome.h"
 #include "apps/vestra_resave_window/tool_record.h"
-#include "framework/bundle_entry.h"
+#include "platform/library.h"
 #include "platform/text.h"
 #include "platform/volumes.h"
 #include "reference_host/toolkit/element_description.h"
@@ -26,6 +26,7 @@ using qt::said;
 namespace {
 
 constexpr const char16_t* tool_id = u"vestra/app/project_resave_app";
+constexpr const char16_t* tool_library = u"vsk_project_resave_bdl";
 
 QString native(const wide_string& path) { return QString::fromStdString(platform::native_text(path)); }
 
@@ -33,20 +34,22 @@ QString native(const wide_string& path) { return QString::fromStdString(platform
 
 // Services, bundles and dialogs, from a language to the next.
 struct main_window::host {
-    host(QWidget& window, const std::vector<wide_string>& libraries) : dialogs(window) {
-        bundles.start(&vs_bundle_interface_to_custom_pointer);
-        for (const wide_string& each : libraries)
-            if (const auto error = bundles.load(each))
-                throw no_tool{platform::native_text(error->path) + ": " + platform::to_utf8(error->reason)};
-        registry.start_clients();
-        connections.emplace(dialogs);
-    }
+    explicit host(QWidget& window) : dialogs(window) {}
     ~host() {
         connections.reset();
         bundles.unload_all();
     }
     host(const host&) = delete;
     host& operator=(const host&) = delete;
+
+    void load(const wide_string& library) {
+        if (const auto error = bundles.load(library))
+            throw no_tool{platform::native_text(error->path) + ": " + platform::to_utf8(error->reason)};
+    }
+    void connect() {
+        registry.start_clients();
+        connections.emplace(dialogs);
+    }
 
     shell::service_registry registry;
     shell::bundle_loader bundles{registry};
@@ -80,12 +83,17 @@ main_window::main_window(stored_settings& stored, std::vector<wide_string> bundl
 main_window::~main_window() { take_down(); }
 
 void main_window::start() {
-    host_ = std::make_unique<host>(*this, bundles_);
+    host_ = std::make_unique<host>(*this);
+    for (const wide_string& each : bundles_) host_->load(each);
+    host_->connect();
     tool_ = std::make_unique<toolkit::app_window>(tool_id);
-    if (!tool_->is_open()) {
-        take_down();
-        throw no_tool{"no bundle offers the tool"};
+    if (!tool_->is_open()) { // none of these offers it
+        tool_.reset();
+        host_->load(platform::library_beside_program(tool_library));
+        host_->connect();
+        tool_ = std::make_unique<toolkit::app_window>(tool_id);
     }
+    if (!tool_->is_open()) throw no_tool{"no bundle offers the tool"};
     view_ = new qt::tool_view(*tool_);
     view_->widgets().around_button = [this](std::int32_t, const auto& press) { run(press); };
     view_->widgets().on_close = [this](std::int32_t) { QTimer::singleShot(0, this, [this] { close(); }); };
@@ -116,8 +124,9 @@ void main_window::run(const std::function<void()>& press) {
     const std::uint32_t before = runs_of(tool_->service());
     const std::optional<tool_record> settings = settings_of(tool_->service());
     {
-        const qt::watched_transfer shown(
-            front_end_, settings ? static_cast<std::uint64_t>(settings->kilobytes * 1024) : 0);
+        const qt::watched_transfer shown(record_of(tool_->service()), front_end_,
+                                         settings ? static_cast<std::uint64_t>(settings->kilobytes * 1024)
+                                                  : 0);
         press();
     }
     if (runs_of(tool_->service()) == before || closes_) return;
@@ -159,22 +168,24 @@ void main_window::show_results(run_outcome outcome) {
 
 void main_window::set_language(const QString& language) {
     stored_.set_language(language);
-    const toolkit::element_view before = tool_->look();
-    take_down();
-    shell::settings().language_offset = language == "ru" ? 0 : 50000;
-    start();
-    translate();
-    copy_choices(before, tool_->look());
+    open_anew([&] { shell::settings().language_offset = language == "ru" ? 0 : 50000; });
 }
 
 void main_window::set_drives(const std::vector<stored_settings::drive>& drives) {
     stored_.set_drives(drives);
-    if (const QStringList wrong = map_drives(drives); !wrong.isEmpty())
-        front_end_.error(entered(wrong.join(u'\n')));
-    const toolkit::element_view shown = tool_->look();
-    const toolkit::element_view* const field = toolkit::find(shown, u"file_input");
-    if (field && !field->text.empty())
-        open_project(wide_string(field->text)); // what exists is other files now
+    QStringList wrong;
+    open_anew([&] { wrong = map_drives(drives); });
+    if (!wrong.isEmpty()) front_end_.error(entered(wrong.join(u'\n')));
+}
+
+// The library takes words and drives as it finds them when it is loaded.
+void main_window::open_anew(const std::function<void()>& change) {
+    const toolkit::element_view before = tool_->look();
+    take_down();
+    change();
+    start();
+    translate();
+    copy_choices(before, tool_->look());
 }
 
 void main_window::closeEvent(QCloseEvent* event) {

@@ -27,14 +27,15 @@ struct no_tool {
 // Starts the host with the bundles and opens the tool; takes all of it down at its end. One at a time.
 class main_window final : public QMainWindow {
 public:
-    // The bundles are libraries by their drive paths, beside the one that is linked in. Throws no_tool.
+    // The bundles are libraries by their drive paths. The tool is that of one of them, or else of the library
+    // beside the program. Throws no_tool.
     main_window(stored_settings& stored, std::vector<wide_string> bundles);
     ~main_window() override;
 
     // Loads a project by way of the tool's first field. False if it was not taken; the person was told why.
     bool open_project(const wide_string& project);
-    // "ru" or "en". The tool is opened anew, on the same project and with the same choices, but with
-    // everything ticked.
+    // Both open the tool anew, on the same project and with the same choices, but with everything ticked. The
+    // language is "ru" or "en".
     void set_language(const QString& language);
     void set_drives(const std::vector<stored_settings::drive>& drives);
     // Shows what a run would do, which is done on no disk.
@@ -58,6 +59,7 @@ private:
 
     void start();
     void take_down();
+    void open_anew(const std::function<void()>& change);
     void run(const std::function<void()>& press);
     // Work of the window's own, which nothing gets into the way of.
     void work(const std::function<void()>& operation);

@@ -126,7 +126,10 @@ run_outcome tried_out(const tool_record& settings, shell::front_end& person) {
     trial_disk disk;
     const platform::system_override in_force(disk);
     session guest(person, {std::nullopt, stop_answer::erase_created});
-    const ended_resave ended = resave_in(guest, request_of(settings), &disk);
+    resave_request request = request_of(settings);
+    request.settings.rename_on_conflict =
+        true; // where a run would ask for a name, the next free one is shown
+    const ended_resave ended = resave_in(guest, request, &disk);
     if (ended.early) return refused_outcome(title, *ended.early);
     run_outcome outcome{title, text(say("would be %1", {closing_line(ended.report, ended.target)})), {}};
     for (const resave_plan::file& each : ended.plan->files)

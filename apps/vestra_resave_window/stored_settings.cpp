@@ -40,6 +40,9 @@ void stored_settings::add_recent(const QString& project) {
 }
 
 QStringList map_drives(const std::vector<stored_settings::drive>& drives) {
+    // Loading a library changes the variable, so what it was at first is kept.
+    static const QByteArray of_environment = qgetenv("VESTRA_DRIVES");
+    qputenv("VESTRA_DRIVES", of_environment);
     QStringList wrong;
     platform::mapped_volumes().reset();
     for (const auto& [letter, folder] : drives) {

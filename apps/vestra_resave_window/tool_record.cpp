@@ -40,8 +40,6 @@ private:
     fact fact_; // whose element comes next
 };
 
-run_record record_of(const custom_app_service& tool) { return cast_to<run_record_impl>(tool); }
-
 template <auto Pass>
 std::optional<tool_record> read(const custom_app_service& tool) {
     const run_record asked = record_of(tool);
@@ -53,6 +51,8 @@ std::optional<tool_record> read(const custom_app_service& tool) {
 }
 
 } // namespace
+
+run_record record_of(const custom_app_service& tool) { return cast_to<run_record_impl>(tool); }
 
 std::optional<tool_record> settings_of(const custom_app_service& tool) {
     return read<&run_record_impl::pass_settings>(tool);

@@ -30,6 +30,8 @@ struct tool_record {
 // Both return nothing for a tool that tells nothing.
 std::optional<tool_record> settings_of(const vs::project_resave::custom_app_service& tool);
 std::optional<tool_record> last_run_of(const vs::project_resave::custom_app_service& tool);
+// Null for such a tool.
+vs::project_resave::run_record record_of(const vs::project_resave::custom_app_service& tool);
 // How many runs have ended; 0 for such a tool.
 std::uint32_t runs_of(const vs::project_resave::custom_app_service& tool);
 

@@ -17,7 +17,9 @@ using toolkit::row_view;
 outline_tree::outline_tree(outline_model& model, std::function<void(const std::function<void()>&)> sends,
                            QWidget* parent)
     : QTreeView(parent), rows_(model), sends_(std::move(sends)) {
+    is_taking_ = true; // nobody is there to be told yet
     setModel(&model);
+    is_taking_ = false;
     setUniformRowHeights(true); // else every row of a long list would be measured
     setSelectionMode(ExtendedSelection);
     setAllColumnsShowFocus(true);
@@ -34,21 +36,24 @@ outline_tree::outline_tree(outline_model& model, std::function<void(const std::f
 void outline_tree::take_flags() {
     is_taking_ = true;
     QItemSelection highlighted;
-    const auto take = [&](const QModelIndex& index) {
-        outline_row* const row = rows_.row_at(index);
-        if (call<&outline_impl::highlighted>(rows_.outline(), row)) highlighted.select(index, index);
-        if (rows_.hasChildren(index)) {
-            const bool on = call<&outline_impl::expanded>(rows_.outline(), row);
-            if (isExpanded(index) != on) setExpanded(index, on);
-        }
-    };
-    const int top = rows_.rowCount({});
-    for (int row = 0; row < top; ++row) rows_.index(row, 0, {});
-    rows_.each_known(take);
+    take_below({}, highlighted);
     if (highlighted.isEmpty() ? selectionModel()->hasSelection()
                               : highlighted != selectionModel()->selection())
         selectionModel()->select(highlighted, QItemSelectionModel::ClearAndSelect);
     is_taking_ = false;
+}
+
+void outline_tree::take_below(const QModelIndex& parent, QItemSelection& highlighted) {
+    const int count = rows_.rowCount(parent);
+    for (int place = 0; place < count; ++place) {
+        const QModelIndex index = rows_.index(place, 0, parent);
+        outline_row* const row = rows_.row_at(index);
+        if (call<&outline_impl::highlighted>(rows_.outline(), row)) highlighted.select(index, index);
+        if (!rows_.hasChildren(index)) continue;
+        const bool on = call<&outline_impl::expanded>(rows_.outline(), row);
+        if (isExpanded(index) != on) setExpanded(index, on);
+        take_below(index, highlighted);
+    }
 }
 
 QRect outline_tree::mark_rect(const QModelIndex& index) const {

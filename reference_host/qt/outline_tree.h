@@ -27,6 +27,7 @@ protected:
     void selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) override;
 
 private:
+    void take_below(const QModelIndex& parent, QItemSelection& highlighted);
     bool is_on_mark(const QPoint& point) const;
     void tell_highlighted(const QModelIndexList& rows, bool on);
 

@@ -75,10 +75,12 @@ window_front_end::window_front_end(QWidget& window, std::function<void(bool on)>
 window_front_end::~window_front_end() = default;
 
 QMessageBox::StandardButton window_front_end::ask(QMessageBox::Icon icon, wide_view text,
-                                                  QMessageBox::StandardButtons buttons) {
+                                                  QMessageBox::StandardButtons buttons,
+                                                  const QString& reason) {
     QWidget* const above = progress_ ? static_cast<QWidget*>(progress_.get()) : &window_;
     QMessageBox box(icon, title, shown(text), buttons, above->isVisible() ? above : nullptr);
     box.setTextFormat(Qt::PlainText);
+    box.setInformativeText(reason);
     box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     for (const auto& [button, words] :
          {std::pair(QMessageBox::Yes, said("Yes", "Да")), std::pair(QMessageBox::No, said("No", "Нет")),
@@ -91,11 +93,10 @@ QMessageBox::StandardButton window_front_end::ask(QMessageBox::Icon icon, wide_v
 }
 
 void window_front_end::error(wide_view text) {
-    wide_string whole(text);
     auto& refused = shell::settings().read_error;
-    if (refused) whole += u"\n\n" + refused->text();
+    const QString reason = refused ? shown(refused->text()) : QString();
     refused.reset();
-    ask(QMessageBox::Critical, whole, QMessageBox::Ok);
+    ask(QMessageBox::Critical, text, QMessageBox::Ok, reason);
 }
 
 void window_front_end::warning(wide_view text) { ask(QMessageBox::Warning, text, QMessageBox::Ok); }
@@ -212,6 +213,24 @@ void window_front_end::bytes_moved(std::uint64_t bytes) {
         progress_->set_amount(QString::fromStdString(transfer_.text()));
     }
     pump();
+}
+
+using vs::project_resave::call;
+using vs::project_resave::run_record;
+using vs::project_resave::run_record_impl;
+using vs::project_resave::transfer_observer;
+using vs::project_resave::transfer_observer_impl;
+
+watched_transfer::watched_transfer(const run_record& tool, window_front_end& shows, std::uint64_t expected)
+    : tool_(tool), shows_(shows) {
+    shows_.expect_bytes(expected);
+    call<&run_record_impl::set_transfer_observer>(
+        tool_, vs::project_resave::pointer_to<transfer_observer_impl>(*this));
+}
+
+watched_transfer::~watched_transfer() {
+    call<&run_record_impl::set_transfer_observer>(tool_, transfer_observer());
+    shows_.expect_bytes(0);
 }
 
 } // namespace vestra::qt

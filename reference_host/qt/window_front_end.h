@@ -8,7 +8,7 @@
 #include <memory>
 #include <optional>
 
-#include "platform/system.h"
+#include "host/toolkit/run_record.h"
 #include "reference_host/shell/front_end.h"
 #include "reference_host/shell/transfer_progress.h"
 
@@ -85,7 +85,7 @@ public:
 
 private:
     QMessageBox::StandardButton ask(QMessageBox::Icon icon, wide_view text,
-                                    QMessageBox::StandardButtons buttons);
+                                    QMessageBox::StandardButtons buttons, const QString& reason = {});
     void begin_work();
     void end_work();
     void pump(bool at_once = false);
@@ -100,20 +100,20 @@ private:
     bool is_stopped_ = false, is_pumping_ = false;
 };
 
-// Feeds a front end with the bytes that are copied, as long as it lives.
-class watched_transfer {
+// Feeds a front end with the bytes that a tool copies, as long as it lives.
+class watched_transfer final : private vs::project_resave::transfer_observer_impl {
 public:
-    watched_transfer(window_front_end& shows, std::uint64_t expected)
-        : shows_(shows), watch_([&shows](std::uint64_t bytes) { shows.bytes_moved(bytes); }) {
-        shows_.expect_bytes(expected);
-    }
-    ~watched_transfer() { shows_.expect_bytes(0); }
+    watched_transfer(const vs::project_resave::run_record& tool, window_front_end& shows,
+                     std::uint64_t expected);
+    ~watched_transfer();
     watched_transfer(const watched_transfer&) = delete;
     watched_transfer& operator=(const watched_transfer&) = delete;
 
 private:
+    void on_moved(std::uint64_t bytes) override { shows_.bytes_moved(bytes); }
+
+    const vs::project_resave::run_record tool_;
     window_front_end& shows_;
-    vs::project_resave::platform::transfer_watch watch_;
 };
 
 } // namespace vestra::qt

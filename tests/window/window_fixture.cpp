@@ -5,6 +5,7 @@
 #include <QTemporaryDir>
 #include <QTest>
 #include <cstdlib>
+#include <sstream>
 
 #include "reference_host/model/counted.h"
 #include "reference_host/shell/front_end.h"
@@ -19,6 +20,19 @@ const char* __lsan_default_suppressions() {           // NOLINT(bugprone-reserve
 namespace vestra::window {
 
 namespace fs = std::filesystem;
+
+std::string first_difference(const std::string& wanted, const std::string& found) {
+    std::istringstream wanted_lines(wanted), found_lines(found);
+    std::string one, other;
+    for (int number = 1;; ++number) {
+        const bool has_one = static_cast<bool>(std::getline(wanted_lines, one));
+        const bool has_other = static_cast<bool>(std::getline(found_lines, other));
+        if (!has_one && !has_other) return {};
+        if (has_one != has_other || one != other)
+            return std::to_string(number) + ": " + (has_one ? one : "(end)") + " | " +
+                   (has_other ? other : "(end)");
+    }
+}
 
 window_test::window_test() {
     QSettings().clear();
@@ -80,7 +94,8 @@ void window_test::enter(const std::string& name, const wide_string& text) {
 }
 
 void window_test::expect_equal_to_walker(const std::string& after) {
-    EXPECT_EQ(toolkit::described(window->opened().look()), toolkit::described(looked())) << after;
+    EXPECT_EQ("", first_difference(toolkit::described(window->opened().look()), toolkit::described(looked())))
+        << after;
 }
 
 void window_test::answer_boxes() {
@@ -105,5 +120,9 @@ int main(int argc, char** argv) {
     QCoreApplication::setOrganizationName("vestra");
     QCoreApplication::setApplicationName("resave-window");
     const QApplication application(argc, argv);
+    static QtMessageHandler told = nullptr;
+    told = qInstallMessageHandler([](QtMsgType type, const QMessageLogContext& where, const QString& text) {
+        if (!text.contains("propagateSizeHints")) told(type, where, text); // a screen nobody sees has none
+    });
     return RUN_ALL_TESTS();
 }

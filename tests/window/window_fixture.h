@@ -18,6 +18,9 @@ namespace vestra::window {
 
 using toolkit::element_view;
 
+// The first line in which two texts differ, from either; empty if they are equal.
+std::string first_difference(const std::string& wanted, const std::string& found);
+
 class window_test : public testing::Test {
 protected:
     window_test();

@@ -25,6 +25,9 @@ public:
     recorded_end last_end() override { return content_.panel.runs().last.end; }
     void pass_settings(run_record_visitor visitor) override { content_.panel.planned().pass_to(visitor); }
     void pass_last_run(run_record_visitor visitor) override;
+    void set_transfer_observer(transfer_observer observer) override {
+        content_.panel.watch_transfer(observer);
+    }
 
 private:
     // What stands in the window. A referent of its own, for the host may hold it longer than this service.

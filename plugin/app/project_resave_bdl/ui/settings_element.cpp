@@ -1,10 +1,13 @@
 #include "ui/settings_element.h"
 
+#include <optional>
+
 #include "framework/border/string_adapter.h"
 #include "framework/resources/strings.h"
 #include "host/vsk_prj.h"
 #include "operations/project_context.h"
 #include "platform/path_text.h"
+#include "platform/system.h"
 #include "platform/text.h"
 
 namespace vs::project_resave {
@@ -154,9 +157,12 @@ void settings_element::resave() {
     if (settings.output_path->empty()) return;
     // The field's own test knows one spelling of the source only, and not what was loaded after it.
     if (context_.project_handle() && path_same(*settings.output_path, context_.placement.source_project_path))
-        warn_same_name();
-    else
-        context_.resave_project(settings);
+        return warn_same_name();
+    std::optional<platform::transfer_watch> watch;
+    if (transfer_observer_)
+        watch.emplace(
+            [this](uint64_t bytes) { call<&transfer_observer_impl::on_moved>(transfer_observer_, bytes); });
+    context_.resave_project(settings);
 }
 
 void settings_element::close_project() {

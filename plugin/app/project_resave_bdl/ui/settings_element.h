@@ -43,6 +43,8 @@ public:
     void reset_to_defaults();
     // What a resave would do now.
     recorded_run planned() const;
+    // Who learns of the bytes that a resave copies; null for nobody.
+    void watch_transfer(const transfer_observer& observer) { transfer_observer_ = observer; }
     // Of the runs that have ended.
     const recording_questions& runs() const { return questions_; }
 
@@ -76,6 +78,7 @@ private:
     select_element selection_;
     std::shared_ptr<void> project_connection_;
     toolkit::grid_layout main_layout_;
+    transfer_observer transfer_observer_;
     bool running_ = false;
     bool close_after_work_ = false;
 };

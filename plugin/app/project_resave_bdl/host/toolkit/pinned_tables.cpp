@@ -179,7 +179,8 @@ template struct table<run_record_impl, "vs_run_record_interface_1",
     slot<uint32_t(), &run_record_impl::run_count>,
     slot<recorded_end(), &run_record_impl::last_end>,
     slot<void(to<run_record_visitor_impl>), &run_record_impl::pass_settings>,
-    slot<void(to<run_record_visitor_impl>), &run_record_impl::pass_last_run>>;
+    slot<void(to<run_record_visitor_impl>), &run_record_impl::pass_last_run>,
+    slot<void(to<transfer_observer_impl>), &run_record_impl::set_transfer_observer>>;
 
 template struct table<run_record_visitor_impl, "vs_run_record_visitor_interface_1",
     slot<void(const char16_t*, const char16_t*, double), &run_record_visitor_impl::visit_paths>,
@@ -218,6 +219,9 @@ template struct table<tool_impl, "vs_tool_interface_1",
 template struct table<toolbar_impl, "vs_toolbar_interface_1",
     slot<uint32_t(), &toolbar_impl::tool_count>,
     slot<to<element_impl>(uint32_t), &toolbar_impl::tool>>;
+
+template struct table<transfer_observer_impl, "vs_transfer_observer_interface_1",
+    slot<void(uint64_t), &transfer_observer_impl::on_moved>>;
 
 // clang-format on
 

@@ -44,6 +44,20 @@ using run_record_visitor = interface_to<run_record_visitor_impl>;
 
 enum class recorded_end : uint32_t { none = 0, saved = 1, not_saved = 2, stopped = 3 };
 
+// Who implements: the host, who keeps it alive as long as it is set. Who calls: the tool, while it copies.
+class transfer_observer_impl : public interface_of<transfer_observer_impl> {
+public:
+    static constexpr const char* name = "vs_transfer_observer_interface_1";
+    // So many more bytes were copied: often in a large file. The host may handle what the user does
+    // meanwhile.
+    virtual void on_moved(uint64_t bytes) = 0;
+    using operations = operation_list<&transfer_observer_impl::on_moved>;
+
+protected:
+    ~transfer_observer_impl() = default;
+};
+using transfer_observer = interface_to<transfer_observer_impl>;
+
 // Who implements: the tool's service. Who calls: the host.
 class run_record_impl : public interface_of<run_record_impl> {
 public:
@@ -57,8 +71,11 @@ public:
     virtual void pass_settings(run_record_visitor visitor) = 0;
     // Passes all of the last run; nothing if there was none.
     virtual void pass_last_run(run_record_visitor visitor) = 0;
+    // Sets who learns of the bytes that the next runs copy; null for nobody.
+    virtual void set_transfer_observer(transfer_observer observer) = 0;
     using operations = operation_list<&run_record_impl::run_count, &run_record_impl::last_end,
-                                      &run_record_impl::pass_settings, &run_record_impl::pass_last_run>;
+                                      &run_record_impl::pass_settings, &run_record_impl::pass_last_run,
+                                      &run_record_impl::set_transfer_observer>;
 
 protected:
     ~run_record_impl() = default;
