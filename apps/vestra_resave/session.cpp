@@ -10,6 +10,7 @@
 #include "apps/vestra_resave/problems.h"
 #include "apps/vestra_resave/resave_report.h"
 #include "apps/vestra_resave/words.h"
+#include "framework/bundle_entry.h"
 #include "framework/resources/strings.h"
 #include "operations/project_context.h"
 #include "operations/run/path_files.h"
@@ -113,8 +114,13 @@ session::session(const common_options& options, const decided_answers& answers)
     context_ = std::make_unique<project_context>(&services_, questions_);
 }
 
+session::guest_host::guest_host() {
+    bundles.start(&vs_bundle_interface_to_custom_pointer);
+    registry.start_clients();
+}
+
 session::session(shell::front_end& person, const decided_answers& answers)
-    : screen_(person), questions_(person, answers) {
+    : guest_(std::make_unique<guest_host>()), screen_(person), questions_(person, answers) {
     collect_resave_services(services_);
     context_ = std::make_unique<project_context>(&services_, questions_);
 }

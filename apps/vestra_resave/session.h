@@ -59,13 +59,13 @@ namespace vestra::command {
 std::optional<refusal> refuse_share(const std::string& typed);
 
 // One run of a command on a project: the host with the bundle in it, and the context on which the bundle
-// works. Starts the host in its constructor and takes it down in its destructor, unless it is a guest in
-// another one. One at a time.
+// works. Starts the host in its constructor and takes it down in its destructor. One at a time.
 class session {
 public:
     // Loads the bundles of the options beside the one that is linked in.
     session(const common_options& options, const decided_answers& answers);
-    // In a host that is there already, with its bundles and a person before its front end; both outlive it.
+    // Beside a host with a person before its front end, which outlives this: with a registry of its own, for
+    // services know one project at a time. Only the bundle that is linked in takes part.
     session(shell::front_end& person, const decided_answers& answers);
     ~session();
 
@@ -93,7 +93,15 @@ private:
         terminal_host host;
     };
 
-    const std::unique_ptr<own_host> own_; // null for a guest
+    struct guest_host {
+        guest_host();
+        ~guest_host() { bundles.unload_all(); }
+        shell::service_registry registry;
+        shell::bundle_loader bundles{registry};
+    };
+
+    const std::unique_ptr<own_host> own_; // one of the two
+    const std::unique_ptr<guest_host> guest_;
     shell::front_end& screen_;
     command_questions questions_;
     vs::project_resave::resave_services services_;

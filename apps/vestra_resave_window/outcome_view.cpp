@@ -79,7 +79,7 @@ public:
         const bool is_size = index.column() == size_column;
         if (role == problem_role) return row.is_problem;
         if (role == Qt::TextAlignmentRole && is_size) return int(Qt::AlignRight | Qt::AlignVCenter);
-        if (role == sort_role && is_size) return row.bytes ? QVariant::fromValue(*row.bytes) : QVariant();
+        if (role == sort_role && is_size) return row.bytes ? static_cast<qlonglong>(*row.bytes) : -1;
         if (role != Qt::DisplayRole && role != Qt::ToolTipRole && role != sort_role) return {};
         return text(row, index.column());
     }

@@ -8,6 +8,7 @@
 #include "apps/vestra_resave/trial_disk.h"
 #include "apps/vestra_resave/words.h"
 #include "operations/project_context.h"
+#include "operations/run/path_files.h"
 #include "platform/path_text.h"
 #include "platform/text.h"
 #include "reference_host/qt/element_widgets.h"
@@ -68,6 +69,10 @@ outcome_row row_of(const wide_string& source, const wide_string& target, uint64_
     return {names.find(source), native(source), native(target), bytes, state, {}, false};
 }
 
+QString state_of(const wide_string& source) {
+    return source.empty() ? said("written", "записано") : said("copied", "скопировано");
+}
+
 run_outcome refused_outcome(const QString& title, const refusal& early) {
     run_outcome outcome;
     outcome.title = title;
@@ -83,10 +88,11 @@ run_result enter(const tool_record& record, project_context& context) {
     context.placement.reset();
     context.placement.set_source(record.source);
     context.placement.set_output(record.target);
-    for (const tool_record::file& each : record.files) {
+    for (const tool_record::file& each : record.placed)
         context.placement.register_placed(each.source, each.target);
-        if (!each.source.empty()) context.placement.made.add_copy(each.source, each.target);
-    }
+    for (const tool_record::file& each : record.made)
+        each.source.empty() ? context.placement.made.add_written(each.target)
+                            : context.placement.made.add_copy(each.source, each.target);
     context.report.stopped = record.end == recorded_end::stopped;
     context.report.saved = record.end == recorded_end::saved;
     return {context.report.stopped ? run_end::stopped : run_end::done, context.report.saved, {}, {}};
@@ -113,9 +119,10 @@ run_outcome outcome_of_run(const tool_record& record, shell::front_end& person) 
     const bool is_written = report.exit == done || report.exit == command::problems;
     if (is_written) add_shortfalls(guest, source, request_of(record), report);
     run_outcome outcome{title, text(closing_line(report, as_on_disk(record.target))), {}};
-    for (const copied_file& each : report.files)
-        outcome.rows.push_back(
-            row_of(each.source, each.target, each.bytes, said("copied", "скопировано"), names));
+    for (const tool_record::file& each : record.made)
+        if (path_exists(each.target)) // after a stop it may have been erased
+            outcome.rows.push_back(
+                row_of(each.source, each.target, bytes_of(each.target), state_of(each.source), names));
     add_problems(report.problems, outcome);
     return outcome;
 }
@@ -126,6 +133,8 @@ run_outcome tried_out(const tool_record& settings, shell::front_end& person) {
     trial_disk disk;
     const platform::system_override in_force(disk);
     session guest(person, {std::nullopt, stop_answer::erase_created});
+    if (const auto early = guest.load(settings.source, true, false)) return refused_outcome(title, *early);
+    const names_by_file names{source_elements(guest.context())};
     resave_request request = request_of(settings);
     request.settings.rename_on_conflict =
         true; // where a run would ask for a name, the next free one is shown
@@ -133,11 +142,9 @@ run_outcome tried_out(const tool_record& settings, shell::front_end& person) {
     if (ended.early) return refused_outcome(title, *ended.early);
     run_outcome outcome{title, text(say("would be %1", {closing_line(ended.report, ended.target)})), {}};
     for (const resave_plan::file& each : ended.plan->files)
-        outcome.rows.push_back(row_of(each.source, each.target, each.bytes,
-                                      each.renamed ? said("under another name", "под другим именем")
-                                      : each.source.empty() ? said("written", "записано")
-                                                            : said("copied", "скопировано"),
-                                      {}));
+        outcome.rows.push_back(row_of(
+            each.source, each.target, each.bytes,
+            each.renamed ? said("under another name", "под другим именем") : state_of(each.source), names));
     add_problems(ended.report.problems, outcome);
     return outcome;
 }

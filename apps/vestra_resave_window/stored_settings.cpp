@@ -10,6 +10,13 @@ namespace vestra::window {
 
 namespace platform = vs::project_resave::platform;
 
+namespace {
+
+// As the program was started: loading a library changes the variable.
+const QByteArray of_environment = qgetenv("VESTRA_DRIVES");
+
+} // namespace
+
 QString stored_settings::language() const {
     const QString of_system = QLocale::system().language() == QLocale::Russian ? "ru" : "en";
     return kept_.value("language", of_system).toString();
@@ -40,8 +47,6 @@ void stored_settings::add_recent(const QString& project) {
 }
 
 QStringList map_drives(const std::vector<stored_settings::drive>& drives) {
-    // Loading a library changes the variable, so what it was at first is kept.
-    static const QByteArray of_environment = qgetenv("VESTRA_DRIVES");
     qputenv("VESTRA_DRIVES", of_environment);
     QStringList wrong;
     platform::mapped_volumes().reset();

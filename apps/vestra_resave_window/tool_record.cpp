@@ -17,8 +17,11 @@ public:
     }
     void visit_choice(const char* choice, uint32_t value) override { record.choices[choice] = value; }
     void visit_left_out(const char16_t* uuid) override { record.left_out.push_back(text_or_empty(uuid)); }
-    void visit_file(const char16_t* source, const char16_t* target) override {
-        record.files.push_back({text_or_empty(source), text_or_empty(target)});
+    void visit_placed(const char16_t* source, const char16_t* target) override {
+        record.placed.push_back({text_or_empty(source), text_or_empty(target)});
+    }
+    void visit_made(const char16_t* source, const char16_t* target) override {
+        record.made.push_back({text_or_empty(source), text_or_empty(target)});
     }
     void visit_fact(uint32_t kind, const char16_t* path, const char16_t* new_path,
                     const char16_t* reason) override {

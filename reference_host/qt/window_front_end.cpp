@@ -119,11 +119,17 @@ answer window_front_end::yes_no_cancel(wide_view text) {
 }
 
 void window_front_end::begin_work() {
-    if (busy_depth_++ == 0 && busy_) busy_(true);
+    if (busy_depth_++ > 0) return;
+    was_active_ = window_.isActiveWindow();
+    had_keys_ = window_.focusWidget();
+    if (busy_) busy_(true);
 }
 
 void window_front_end::end_work() {
-    if (--busy_depth_ == 0 && busy_) busy_(false);
+    if (--busy_depth_ > 0) return;
+    if (busy_) busy_(false);
+    if (was_active_) window_.activateWindow();
+    if (had_keys_) had_keys_->setFocus(); // a widget that was disabled meanwhile has lost it
 }
 
 void window_front_end::pump(bool at_once) {
@@ -135,11 +141,11 @@ void window_front_end::pump(bool at_once) {
 }
 
 void window_front_end::progress_opened(bool stoppable) {
+    begin_work();
     is_stopped_ = false;
     progress_ = std::make_unique<progress_window>(&window_, stoppable, [this] { request_stop(); });
     progress_->setWindowTitle(title);
     progress_->show();
-    begin_work();
     pump(true);
 }
 
@@ -191,9 +197,9 @@ void window_front_end::wait_opened(wide_view text) {
     words->setTextFormat(Qt::PlainText);
     (new QVBoxLayout(wait.get()))->addWidget(words);
     wait->setMinimumWidth(280);
+    begin_work();
     wait->show();
     waits_.push_back(std::move(wait));
-    begin_work();
     pump(true);
 }
 

@@ -96,6 +96,8 @@ private:
     std::vector<std::unique_ptr<QWidget>> waits_;
     shell::transfer_progress transfer_;
     QElapsedTimer pumped_;
+    QPointer<QWidget> had_keys_; // before it was busy
+    bool was_active_ = false;
     unsigned busy_depth_ = 0;
     bool is_stopped_ = false, is_pumping_ = false;
 };

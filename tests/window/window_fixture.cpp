@@ -35,7 +35,7 @@ std::string first_difference(const std::string& wanted, const std::string& found
 }
 
 window_test::window_test() {
-    QSettings().clear();
+    QSettings("vestra", "resave-window").clear();
     stored.set_language("en");
     fs::create_directories(drives.root('C') / "prj");
     fs::create_directories(drives.root('N') / "out");
@@ -58,13 +58,16 @@ void window_test::copy_sample() {
 void window_test::open() {
     window.emplace(stored, std::vector<wide_string>());
     window->show();
-    ASSERT_TRUE(QTest::qWaitForWindowExposed(&*window));
+    window->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&*window));
 }
 
 void window_test::open_on_sample() {
     copy_sample();
     open();
     ASSERT_TRUE(window->open_project(source));
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&*window))
+        << "it is again, after the windows that told of the load";
 }
 
 void window_test::close() {
@@ -114,11 +117,7 @@ int main(int argc, char** argv) {
     if (!std::getenv("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
     testing::InitGoogleTest(&argc, argv);
     const QTemporaryDir kept;
-    QSettings::setDefaultFormat(QSettings::IniFormat);
-    for (const auto format : {QSettings::NativeFormat, QSettings::IniFormat})
-        QSettings::setPath(format, QSettings::UserScope, kept.path());
-    QCoreApplication::setOrganizationName("vestra");
-    QCoreApplication::setApplicationName("resave-window");
+    QSettings::setPath(QSettings::NativeFormat, QSettings::UserScope, kept.path());
     const QApplication application(argc, argv);
     static QtMessageHandler told = nullptr;
     told = qInstallMessageHandler([](QtMsgType type, const QMessageLogContext& where, const QString& text) {

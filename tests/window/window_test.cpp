@@ -2,14 +2,16 @@
 #include "tests/window/window_fixture.h"
 
 #include <QAbstractItemModel>
+#include <QApplication>
 #include <QCheckBox>
 #include <QElapsedTimer>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QTabBar>
 #include <QTableView>
 #include <QTest>
-#include <fstream>
 #include <regex>
+#include <set>
 #include <sstream>
 
 #include "apps/vestra_resave/panel_commands.h"
@@ -83,6 +85,177 @@ TEST_F(window_test, each_session_of_a_page_goes_the_same_way_by_mouse_as_on_the_
         out += "closed, nothing left\n";
         EXPECT_EQ("", first_difference(lasting(session.told), lasting(out))) << page;
     }
+}
+
+constexpr int name_column = 0, size_column = 3, state_column = 4;
+
+QStringList column(outcome_view& results, int column) {
+    QStringList all;
+    const QAbstractItemModel& rows = *results.table().model();
+    for (int row = 0; row < rows.rowCount(); ++row) all << rows.index(row, column).data().toString();
+    return all;
+}
+
+TEST_F(window_test, what_is_tried_out_is_what_the_run_does_and_is_shown_with_what_was_lost) {
+    open_on_sample();
+    check_row("scn2d/list1/Geology", false);
+    enter("prj/field1", u"N:\\out\\new._vp");
+    on_box = [&](const QMessageBox& box) {
+        const bool adds = box.text().contains("links to other items");
+        return !(box.standardButtons() & QMessageBox::Yes) ? QMessageBox::Ok
+               : adds                                      ? QMessageBox::Yes
+                                                           : QMessageBox::No;
+    };
+    const auto untouched = vs::project_resave::state_of(drives.root('N'));
+    window->try_it();
+    outcome_view& results = window->results();
+    QStringList planned = column(results, 2);
+    planned.removeAll(QString());
+    EXPECT_TRUE(results.summary().startsWith("would be saved with problems: "))
+        << results.summary().toStdString();
+    EXPECT_EQ("", vs::project_resave::difference(untouched, vs::project_resave::state_of(drives.root('N'))));
+    EXPECT_EQ("C:\\prj\\area._vp", platform::to_utf8(at("field1").text)) << "what is ticked stays as it was";
+    expect_equal_to_walker("try it");
+
+    run();
+    QStringList made = column(results, 2);
+    made.removeAll(QString());
+    for (const QString& each : made) EXPECT_TRUE(planned.contains(each)) << each.toStdString();
+    EXPECT_LT(20, made.size());
+    EXPECT_TRUE(results.summary().startsWith("saved with problems: ")) << results.summary().toStdString();
+    EXPECT_TRUE(results.isVisible());
+
+    // Every row is about something that is there, and a problem says what it is.
+    const qsizetype all = results.table().model()->rowCount();
+    QTest::mouseClick(&results.only_problems(), Qt::LeftButton, {},
+                      {8, results.only_problems().height() / 2});
+    const QStringList lost = column(results, state_column);
+    EXPECT_TRUE(0 < lost.size() && lost.size() < all);
+    EXPECT_TRUE(lost.contains("does not exist") && lost.contains("layers of this type are not resaved"));
+    EXPECT_TRUE(column(results, name_column).contains("Old survey — Overview"));
+    QTest::keyClicks(&results.filter(), "survey exist");
+    EXPECT_EQ(1, results.table().model()->rowCount());
+    EXPECT_EQ(2, results.lines().count('\n')) << "the head and the row";
+    EXPECT_TRUE(results.lines().contains("Old survey"));
+    results.filter().clear();
+    results.only_problems().setChecked(false);
+    results.table().sortByColumn(size_column, Qt::DescendingOrder);
+    EXPECT_FALSE(column(results, size_column).front().isEmpty());
+
+    window->check(u"N:\\out\\new._vp");
+    EXPECT_TRUE(results.summary().contains("references")) << results.summary().toStdString();
+}
+
+TEST_F(window_test, a_stopped_run_asks_what_becomes_of_its_files_and_a_closed_window_stops_it) {
+    for (const bool closes : {false, true}) {
+        open_on_sample();
+        enter("prj/field1", u"N:\\out\\new._vp");
+        bool was_busy = false;
+        on_idle = [&] {
+            auto* const stop = [&]() -> QPushButton* {
+                for (QWidget* each : QApplication::topLevelWidgets())
+                    if (auto* const progress = dynamic_cast<qt::progress_window*>(each))
+                        return progress->findChild<QPushButton*>();
+                return nullptr;
+            }();
+            if (!stop || !stop->isEnabled() || !stop->isVisible()) return;
+            was_busy = true;
+            EXPECT_FALSE(window->tool().isEnabled()) << "nothing gets into the way of a run";
+            if (closes)
+                window->close();
+            else
+                QTest::mouseClick(stop, Qt::LeftButton);
+        };
+        on_box = [](const QMessageBox& box) {
+            return box.standardButtons() & QMessageBox::Cancel ? QMessageBox::Yes // erase
+                   : box.standardButtons() & QMessageBox::Yes  ? QMessageBox::No
+                                                               : QMessageBox::Ok;
+        };
+        boxes.clear();
+        run();
+        on_idle = nullptr;
+        EXPECT_TRUE(was_busy);
+        EXPECT_TRUE(
+            std::ranges::any_of(boxes, [](const QString& each) { return each.contains("interrupted"); }));
+        EXPECT_TRUE(std::filesystem::is_empty(drives.root('N') / "out"));
+        QApplication::processEvents();
+        EXPECT_EQ(!closes, window->isVisible());
+        close();
+    }
+}
+
+TEST_F(window_test, keys_alone_reach_every_widget_and_tick_rows_and_each_says_what_it_is) {
+    open_on_sample();
+    check_row("scn2d/list1/1", true);
+    auto& tree = *mouse().widget<qt::outline_tree>(at("scn2d/list1"));
+    tree.setFocus();
+    tree.setCurrentIndex(tree.model()->index(0, 0));
+    QTest::keyClick(&tree, Qt::Key_Space);
+    EXPECT_EQ(toolkit::mark::off, at("scn2d/list1").rows.at(0).check);
+    QTest::keyClick(&tree, Qt::Key_Down);
+    expect_equal_to_walker("down");
+    EXPECT_EQ(u"Geology", at("scn2d/list2").caption) << "the layers are those of the row that was gone to";
+    std::set<QWidget*> reached;
+    for (QWidget* next = QApplication::focusWidget(); next && reached.insert(next).second;) {
+        QTest::keyClick(next, Qt::Key_Tab);
+        next = QApplication::focusWidget();
+    }
+    for (QWidget* each : window->tool().findChildren<QWidget*>()) {
+        const bool takes_keys = each->isVisible() && each->isEnabled() &&
+                                (each->focusPolicy() & Qt::TabFocus) && !each->focusProxy();
+        if (!takes_keys) continue;
+        EXPECT_TRUE(reached.contains(each)) << each->metaObject()->className();
+        auto* const button = qobject_cast<QAbstractButton*>(each);
+        const bool is_named = !each->accessibleName().isEmpty() || (button && !button->text().isEmpty());
+        EXPECT_TRUE(is_named || qobject_cast<QTabBar*>(each)) << each->metaObject()->className();
+    }
+}
+
+TEST_F(window_test, language_drives_and_recent_projects_stay_and_change_while_the_window_stands) {
+    open_on_sample();
+    enter("prj/field1", u"N:\\out\\new._vp");
+    mouse().set_check(at("prj/radio3"), true);
+    window->set_language("ru");
+    expect_equal_to_walker("language");
+    EXPECT_EQ(u"N:\\out\\new._vp", at("prj/field1").text);
+    EXPECT_EQ(source, at("field1").text);
+    EXPECT_EQ(toolkit::mark::on, at("prj/radio3").check);
+    EXPECT_EQ("ru", stored.language());
+    window->set_drives({{"C", QString::fromStdString(drives.root('C').string())}});
+    EXPECT_EQ(u"N:\\out\\new._vp", at("prj/field1").text);
+    EXPECT_EQ(1U, mapped_drives().size());
+    EXPECT_EQ(1U, stored.drives().size());
+    EXPECT_EQ(QStringList{QString::fromStdString((drives.root('C') / "prj/area._vp").string())},
+              stored.recent());
+}
+
+TEST_F(window_test, a_hundred_thousand_layers_are_shown_and_ticked_as_fast_as_the_elements_answer) {
+    vs::project_resave::project_builder project;
+    project.scene_2d(u"Large");
+    for (int layer = 0; layer < 100000; ++layer) project.layer("a", u"Layer");
+    project.save(source);
+    open();
+    QElapsedTimer time;
+    time.start();
+    toolkit::app_window walked(u"vestra/app/project_resave_app");
+    ASSERT_TRUE(window->open_project(source));
+    const qint64 opened = time.restart();
+    QApplication::processEvents();
+    const qint64 painted = time.restart();
+    std::ignore = walked.look();
+    const qint64 looked_at = time.restart();
+    const element_view tool = *toolkit::all_named(walked.look(), "scn2d/tool6").front();
+    time.restart();
+    toolkit::click_tool(tool);
+    const qint64 ticked_by_element = time.restart();
+    window->tool().widgets().settle();
+    QApplication::processEvents();
+    const qint64 shown = time.restart();
+    RecordProperty("times", std::to_string(opened) + " " + std::to_string(painted) + " " +
+                                std::to_string(looked_at) + " " + std::to_string(ticked_by_element) + " " +
+                                std::to_string(shown));
+    EXPECT_LE(painted, opened / 2 + 50) << "beside the load that any front end waits for";
+    EXPECT_LE(shown, ticked_by_element + looked_at + 50);
 }
 
 } // namespace

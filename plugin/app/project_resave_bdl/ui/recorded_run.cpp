@@ -16,8 +16,10 @@ void recorded_run::pass_to(const run_record_visitor& visitor) const {
         {"project_file", settings.consider_project_file}, {"lower_case", settings.lower_case}};
     for (const auto& [choice, value] : choices) call<&told::visit_choice>(visitor, choice, value);
     for (const wide_string& uuid : left_out) call<&told::visit_left_out>(visitor, uuid.c_str());
-    for (const placed_file& each : files)
-        call<&told::visit_file>(visitor, each.old_path.c_str(), each.new_path.c_str());
+    for (const placed_file& each : placed)
+        call<&told::visit_placed>(visitor, each.old_path.c_str(), each.new_path.c_str());
+    for (const made_file& each : made)
+        call<&told::visit_made>(visitor, each.source.c_str(), each.path.c_str());
     for (const fact& each : facts) {
         call<&told::visit_fact>(visitor, static_cast<uint32_t>(each.kind), each.path.c_str(),
                                 each.new_path.c_str(), each.reason.c_str());
@@ -53,7 +55,8 @@ void recording_questions::show_report(const run_report& report) {
             settings.lower_case = run->options.lower_case;
             settings.output_path = &run->placement.new_project_path;
             last = planned_run(*run, settings);
-            last.files.assign(run->placement.placed.begin(), run->placement.placed.end());
+            last.placed.assign(run->placement.placed.begin(), run->placement.placed.end());
+            last.made = run->placement.made.files();
         }
         last.facts = report.facts();
     } catch (...) {

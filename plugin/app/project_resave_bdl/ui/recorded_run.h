@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "host/toolkit/run_record.h"
+#include "operations/run/made_files.h"
 #include "operations/run/placed_files.h"
 #include "operations/run/resave_options.h"
 #include "operations/run/run_report.h"
@@ -18,7 +19,8 @@ struct recorded_run {
     resave_settings settings; // all but the path
     double kilobytes = 0;
     std::vector<wide_string> left_out;
-    std::vector<placed_file> files;
+    std::vector<placed_file> placed;
+    std::vector<made_file> made;
     std::vector<fact> facts;
     recorded_end end = recorded_end::none;
 

@@ -22,9 +22,10 @@ public:
     virtual void visit_choice(const char* choice, uint32_t value) = 0;
     // An element that is not to be in the new project, by the text of its uuid; in no order.
     virtual void visit_left_out(const char16_t* uuid) = 0;
-    // A file that has its place in the new project, in the order of the run. `source` is empty for one that
-    // the run wrote itself.
-    virtual void visit_file(const char16_t* source, const char16_t* target) = 0;
+    // A file, or a folder that is copied whole, that has its place in the new project; then each single file
+    // that was made; both in the order of the run. `source` is empty for what the run wrote itself.
+    virtual void visit_placed(const char16_t* source, const char16_t* target) = 0;
+    virtual void visit_made(const char16_t* source, const char16_t* target) = 0;
     // Something that went otherwise than planned, of a kind that never changes its number.
     virtual void visit_fact(uint32_t kind, const char16_t* path, const char16_t* new_path,
                             const char16_t* reason) = 0;
@@ -34,8 +35,9 @@ public:
                                const char16_t* subject) = 0;
     using operations =
         operation_list<&run_record_visitor_impl::visit_paths, &run_record_visitor_impl::visit_choice,
-                       &run_record_visitor_impl::visit_left_out, &run_record_visitor_impl::visit_file,
-                       &run_record_visitor_impl::visit_fact, &run_record_visitor_impl::visit_element>;
+                       &run_record_visitor_impl::visit_left_out, &run_record_visitor_impl::visit_placed,
+                       &run_record_visitor_impl::visit_made, &run_record_visitor_impl::visit_fact,
+                       &run_record_visitor_impl::visit_element>;
 
 protected:
     ~run_record_visitor_impl() = default;
