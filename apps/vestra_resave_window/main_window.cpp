@@ -1,7 +1,6 @@
 #include "apps/vestra_resave_window/main_window.h"
 
 #include <QCloseEvent>
-#include <QDockWidget>
 #include <QDragEnterEvent>
 #include <QMenuBar>
 #include <QMimeData>
@@ -64,19 +63,13 @@ main_window::main_window(stored_settings& stored, std::vector<wide_string> bundl
                                                                     menuBar()->setEnabled(!on);
                                                                     tools_->setEnabled(!on);
                                                                 }),
-      front_end_in_force_(front_end_), results_(new outcome_view), results_dock_(new QDockWidget(this)),
-      tools_(new QToolBar(this)) {
+      front_end_in_force_(front_end_), results_(new outcome_view(this)), tools_(new QToolBar(this)) {
     front_end_.on_go_on = [this] { closes_ = false; };
     setAcceptDrops(true);
-    results_dock_->setObjectName("results");
-    results_dock_->setWidget(results_);
-    results_dock_->setFeatures(QDockWidget::DockWidgetClosable | QDockWidget::DockWidgetMovable);
-    addDockWidget(Qt::BottomDockWidgetArea, results_dock_);
-    results_dock_->hide();
     shell::settings().language_offset = stored_.language() == "ru" ? 0 : 50000;
     start();
     translate();
-    resize(1180, 760);
+    resize(1280, 800);
     restoreGeometry(stored_.value("geometry"));
 }
 
@@ -161,9 +154,10 @@ void main_window::check(const wide_string& project) {
 }
 
 void main_window::show_results(run_outcome outcome) {
-    results_dock_->setWindowTitle(outcome.title);
     results_->show_outcome(std::move(outcome));
-    results_dock_->show();
+    results_->show();
+    results_->raise();
+    results_->activateWindow();
 }
 
 void main_window::set_language(const QString& language) {

@@ -1,7 +1,6 @@
 // The window of the tool: its panel, what came of its runs, and what a desktop program has beside that.
 #pragma once
 
-#include <QDockWidget>
 #include <QMainWindow>
 #include <memory>
 #include <optional>
@@ -82,8 +81,7 @@ private:
     std::unique_ptr<host> host_;
     std::unique_ptr<toolkit::app_window> tool_;
     qt::tool_view* view_ = nullptr; // the central widget
-    outcome_view* results_ = nullptr;
-    QDockWidget* results_dock_ = nullptr;
+    outcome_view* results_ = nullptr; // a window of its own above this one
     QToolBar* tools_ = nullptr;
     bool works_ = false, closes_ = false;
 };

@@ -50,9 +50,7 @@ void main_window::translate() {
     checks->setToolTip(said("Looks whether a project needs anything outside of its folder",
                             "Проверяет, нужно ли проекту что-нибудь вне его папки"));
     results->addSeparator();
-    QAction* const shows = results_dock_->toggleViewAction();
-    shows->setText(said("&Show results", "Показать &результаты"));
-    results->addAction(shows);
+    results->addAction(said("&Show results", "Показать &результаты"), this, [this] { results_->show(); });
 
     QMenu* const language = menuBar()->addMenu(said("&Language", "&Язык"));
     auto* const languages = new QActionGroup(language);

@@ -139,11 +139,10 @@ private:
 } // namespace
 
 outcome_view::outcome_view(QWidget* parent)
-    : QWidget(parent), rows_(new outcome_model(this)), shown_(new shown_rows(this)), title_(new QLabel(this)),
+    : QWidget(parent, Qt::Window), rows_(new outcome_model(this)), shown_(new shown_rows(this)),
       summary_(new QLabel(this)), filter_(new QLineEdit(this)), only_problems_(new QCheckBox(this)),
       copy_(new QPushButton(this)), open_(new QPushButton(this)), table_(new QTableView(this)) {
     auto* const tools = new QHBoxLayout;
-    tools->addWidget(title_);
     tools->addWidget(filter_, 1);
     tools->addWidget(only_problems_);
     tools->addWidget(copy_);
@@ -171,6 +170,7 @@ outcome_view::outcome_view(QWidget* parent)
     connect(only_problems_, &QCheckBox::toggled, [&filtered](bool on) { filtered.set_only_problems(on); });
     connect(copy_, &QPushButton::clicked, [this] { QGuiApplication::clipboard()->setText(lines()); });
     connect(open_, &QPushButton::clicked, [this] { open_folder(); });
+    resize(1080, 520);
     translate();
 }
 
@@ -189,7 +189,7 @@ void outcome_view::translate() {
 }
 
 void outcome_view::show_outcome(run_outcome outcome) {
-    title_->setText(outcome.title);
+    setWindowTitle(outcome.title);
     summary_->setText(outcome.summary);
     rows_->put(std::move(outcome.rows));
     constexpr int widths[columns] = {180, 240, 240, 80, 160, 200};

@@ -1,4 +1,4 @@
-// The view over what came of a run: a table that can be sorted, filtered and copied, and a line of summary.
+// The window over what came of a run: a table that can be sorted, filtered and copied, and a line of summary.
 #pragma once
 
 #include <QSortFilterProxyModel>
@@ -37,7 +37,6 @@ private:
 
     outcome_model* const rows_;
     QSortFilterProxyModel* const shown_;
-    QLabel* const title_;
     QLabel* const summary_;
     QLineEdit* const filter_;
     QCheckBox* const only_problems_;

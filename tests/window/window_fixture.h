@@ -28,6 +28,8 @@ protected:
 
     // Puts the sample project on C: and D:.
     void copy_sample();
+    // Writes a file with the folders it needs.
+    void write(const wide_string& path) const;
     void open();
     void open_on_sample();
     void close();
@@ -39,8 +41,9 @@ protected:
     void check_row(const std::string& path, bool on);
     void enter(const std::string& name, const wide_string& text);
     void run() { mouse().press(*toolkit::find(looked(), u"button_box"), 2); }
-    // Reads the widgets.
+    // Reads the widgets; the second tells what was read last.
     const element_view& looked();
+    const element_view& view() const { return view_; }
     // What stands in the widgets, against what the elements answer.
     void expect_equal_to_walker(const std::string& after);
 
