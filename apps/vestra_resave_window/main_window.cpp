@@ -27,6 +27,9 @@ namespace {
 constexpr const char16_t* tool_id = u"vestra/app/project_resave_app";
 constexpr const char16_t* tool_library = u"vsk_project_resave_bdl";
 
+// So many are shown by themselves, fewer by the elements they belong to.
+constexpr std::uint64_t many_bytes = std::uint64_t{16} << 20;
+
 QString native(const wide_string& path) { return QString::fromStdString(platform::native_text(path)); }
 
 } // namespace
@@ -116,10 +119,10 @@ bool main_window::open_project(const wide_string& project) {
 void main_window::run(const std::function<void()>& press) {
     const std::uint32_t before = runs_of(tool_->service());
     const std::optional<tool_record> settings = settings_of(tool_->service());
+    const auto bytes = settings ? static_cast<std::uint64_t>(settings->kilobytes * 1024) : 0;
     {
         const qt::watched_transfer shown(record_of(tool_->service()), front_end_,
-                                         settings ? static_cast<std::uint64_t>(settings->kilobytes * 1024)
-                                                  : 0);
+                                         bytes >= many_bytes ? bytes : 0);
         press();
     }
     if (runs_of(tool_->service()) == before || closes_) return;

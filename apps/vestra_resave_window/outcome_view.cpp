@@ -163,14 +163,16 @@ outcome_view::outcome_view(QWidget* parent)
     table_->setTabKeyNavigation(false);
     table_->verticalHeader()->hide();
     table_->horizontalHeader()->setStretchLastSection(true);
+    table_->verticalHeader()->setDefaultSectionSize(table_->fontMetrics().lineSpacing() + 8);
     table_->setWordWrap(false);
+    table_->setTextElideMode(Qt::ElideMiddle); // a path is told by its ends
     auto& filtered = static_cast<shown_rows&>(*shown_);
     connect(filter_, &QLineEdit::textChanged,
             [&filtered](const QString& words) { filtered.set_words(words); });
     connect(only_problems_, &QCheckBox::toggled, [&filtered](bool on) { filtered.set_only_problems(on); });
     connect(copy_, &QPushButton::clicked, [this] { QGuiApplication::clipboard()->setText(lines()); });
     connect(open_, &QPushButton::clicked, [this] { open_folder(); });
-    resize(1080, 520);
+    resize(1160, 520);
     translate();
 }
 
@@ -192,7 +194,7 @@ void outcome_view::show_outcome(run_outcome outcome) {
     setWindowTitle(outcome.title);
     summary_->setText(outcome.summary);
     rows_->put(std::move(outcome.rows));
-    constexpr int widths[columns] = {180, 240, 240, 80, 160, 200};
+    constexpr int widths[columns] = {190, 250, 250, 80, 250, 200};
     for (int column = 0; column < columns; ++column) table_->setColumnWidth(column, widths[column]);
 }
 

@@ -1,6 +1,7 @@
 #include "apps/vestra_resave_window/run_outcome.h"
 
 #include <algorithm>
+#include <array>
 #include <unordered_map>
 
 #include "apps/vestra_resave/session.h"
@@ -47,20 +48,26 @@ void add_problems(const std::vector<problem>& all, run_outcome& outcome) {
     for (const problem& each : all) outcome.rows.push_back(row_of(each));
 }
 
-// The names of elements by the path_key of their files.
+// The names of elements by their files.
 class names_by_file {
 public:
     explicit names_by_file(const source_elements& source) {
         for (const source_elements::row& each : source.rows())
-            if (!each.file.empty()) names_.try_emplace(path_key(each.file), name_shown(each.name));
+            for (const wide_string& key : keys_of(each.file))
+                if (!each.file.empty()) names_.try_emplace(key, name_shown(each.name));
     }
-    names_by_file() = default;
     QString find(const wide_string& file) const {
-        const auto name = names_.find(path_key(file));
-        return name == names_.end() ? QString() : name->second;
+        for (const wide_string& key : keys_of(file))
+            if (const auto name = names_.find(key); name != names_.end()) return name->second;
+        return {};
     }
 
 private:
+    // The files of a data set have one stem.
+    static std::array<wide_string, 2> keys_of(const wide_string& file) {
+        return {path_key(file), path_key(path_replace_extension(file, u""))};
+    }
+
     std::unordered_map<wide_string, QString> names_;
 };
 
@@ -119,11 +126,11 @@ run_outcome outcome_of_run(const tool_record& record, shell::front_end& person) 
     const bool is_written = report.exit == done || report.exit == command::problems;
     if (is_written) add_shortfalls(guest, source, request_of(record), report);
     run_outcome outcome{title, text(closing_line(report, as_on_disk(record.target))), {}};
+    add_problems(report.problems, outcome);
     for (const tool_record::file& each : record.made)
         if (path_exists(each.target)) // after a stop it may have been erased
             outcome.rows.push_back(
                 row_of(each.source, each.target, bytes_of(each.target), state_of(each.source), names));
-    add_problems(report.problems, outcome);
     return outcome;
 }
 
@@ -141,11 +148,11 @@ run_outcome tried_out(const tool_record& settings, shell::front_end& person) {
     const ended_resave ended = resave_in(guest, request, &disk);
     if (ended.early) return refused_outcome(title, *ended.early);
     run_outcome outcome{title, text(say("would be %1", {closing_line(ended.report, ended.target)})), {}};
+    add_problems(ended.report.problems, outcome);
     for (const resave_plan::file& each : ended.plan->files)
         outcome.rows.push_back(row_of(
             each.source, each.target, each.bytes,
             each.renamed ? said("under another name", "под другим именем") : state_of(each.source), names));
-    add_problems(ended.report.problems, outcome);
     return outcome;
 }
 

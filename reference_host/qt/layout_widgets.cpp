@@ -1,4 +1,5 @@
 // Where elements stand: grids, frames, divided and stacked layouts, pages, tool bars, dockers.
+#include <QAbstractScrollArea>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
@@ -68,7 +69,7 @@ private:
         const uint32_t spare = this->template ask<&grid_layout_impl::spare_row>();
         if (spare < static_cast<uint32_t>(rows))
             grid.setRowStretch(static_cast<int>(spare), 1);
-        else if (!(grid.expandingDirections() & Qt::Vertical))
+        else if (!this->own_->template findChild<QAbstractScrollArea*>()) // lists and long texts
             grid.setRowStretch(rows, 1);
         if (rows > 1 && columns > 1) grid.setColumnStretch(columns - 1, columns == 2 ? 1 : 0);
     }

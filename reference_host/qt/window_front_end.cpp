@@ -18,6 +18,13 @@ using shell::answer;
 
 namespace {
 
+// In the middle of the window below it, where no window manager puts it there.
+void show_above(QWidget& shown_window, const QWidget& below) {
+    shown_window.adjustSize();
+    shown_window.move(below.frameGeometry().center() - shown_window.rect().center());
+    shown_window.show();
+}
+
 constexpr int between_pumps = 15; // milliseconds; each file asks whether to stop
 
 } // namespace
@@ -145,7 +152,7 @@ void window_front_end::progress_opened(bool stoppable) {
     is_stopped_ = false;
     progress_ = std::make_unique<progress_window>(&window_, stoppable, [this] { request_stop(); });
     progress_->setWindowTitle(title);
-    progress_->show();
+    show_above(*progress_, window_);
     pump(true);
 }
 
@@ -198,7 +205,7 @@ void window_front_end::wait_opened(wide_view text) {
     (new QVBoxLayout(wait.get()))->addWidget(words);
     wait->setMinimumWidth(280);
     begin_work();
-    wait->show();
+    show_above(*wait, window_);
     waits_.push_back(std::move(wait));
     pump(true);
 }

@@ -1,8 +1,9 @@
 // A tour through the window, from the first look to the copy. Where the variable
 // WINDOW_IMAGES names a folder, what the screen shows at each step is kept there.
 #include <QApplication>
+#include <QColor>
 #include <QImage>
-#include <QPushButton>
+#include <QProgressBar>
 #include <QScreen>
 #include <QTableView>
 #include <QTest>
@@ -22,11 +23,12 @@
 namespace vestra::window {
 namespace {
 
-// The same in the 256 colours that are seen most, each other one as the nearest of these.
+// The same in 256 colours: those that are seen most, with a preference for the bright ones.
 QImage small(const QImage& seen) {
     std::map<QRgb, int> counts;
     for (int y = 0; y < seen.height(); ++y)
-        for (int x = 0; x < seen.width(); ++x) ++counts[seen.pixel(x, y)];
+        for (int x = 0; x < seen.width(); ++x)
+            counts[seen.pixel(x, y)] += QColor(seen.pixel(x, y)).saturation() > 60 ? 50 : 1;
     std::vector<std::pair<int, QRgb>> most;
     for (const auto& [colour, count] : counts) most.emplace_back(count, colour);
     std::ranges::sort(most, std::greater());
@@ -109,9 +111,11 @@ TEST_P(window_tour, from_the_first_look_to_what_was_left_at_home) {
     bool was_running = false;
     on_idle = [&] {
         for (QWidget* each : QApplication::topLevelWidgets())
-            if (dynamic_cast<qt::progress_window*>(each) && each->isVisible() &&
-                !std::exchange(was_running, true))
-                look("run");
+            if (auto* const progress = dynamic_cast<qt::progress_window*>(each))
+                if (!was_running && progress->findChild<QProgressBar*>()->value() > 30) {
+                    was_running = true;
+                    look("run");
+                }
     };
     on_box = [&](const QMessageBox& box) {
         const bool asks = box.standardButtons() & QMessageBox::Yes;
