@@ -60,12 +60,7 @@ struct main_window::host {
 };
 
 main_window::main_window(stored_settings& stored, std::vector<wide_string> bundles)
-    : stored_(stored), bundles_(std::move(bundles)), front_end_(*this,
-                                                                [this](bool on) {
-                                                                    if (view_) view_->setEnabled(!on);
-                                                                    menuBar()->setEnabled(!on);
-                                                                    tools_->setEnabled(!on);
-                                                                }),
+    : stored_(stored), bundles_(std::move(bundles)), front_end_(*this, [this](bool on) { set_busy(on); }),
       front_end_in_force_(front_end_), results_(new outcome_view(this)), tools_(new QToolBar(this)) {
     front_end_.on_go_on = [this] { closes_ = false; };
     setAcceptDrops(true);
@@ -103,6 +98,12 @@ void main_window::take_down() {
     host_.reset();
 }
 
+void main_window::set_busy(bool on) {
+    if (view_) view_->setEnabled(!on);
+    menuBar()->setEnabled(!on);
+    tools_->setEnabled(!on);
+}
+
 bool main_window::is_at_work() const { return works_ || (view_ && view_->widgets().is_at_work()); }
 
 bool main_window::open_project(const wide_string& project) {
@@ -119,6 +120,7 @@ bool main_window::open_project(const wide_string& project) {
 void main_window::run(const std::function<void()>& press) {
     const std::uint32_t before = runs_of(tool_->service());
     const std::optional<tool_record> settings = settings_of(tool_->service());
+    if (settings && !settings->source.empty()) stored_.add_recent(native(settings->source));
     const auto bytes = settings ? static_cast<std::uint64_t>(settings->kilobytes * 1024) : 0;
     {
         const qt::watched_transfer shown(record_of(tool_->service()), front_end_,

@@ -45,7 +45,6 @@ public:
     qt::tool_view& tool() { return *view_; }
     const toolkit::app_window& opened() const { return *tool_; }
     outcome_view& results() { return *results_; }
-    qt::window_front_end& front_end() { return front_end_; }
 
 protected:
     // While something is under way the window closes after it has been stopped.
@@ -72,6 +71,8 @@ private:
     // Enters what stood in the window before it was opened anew.
     void copy_choices(const toolkit::element_view& from, const toolkit::element_view& to);
     void fill_recent(QMenu& menu);
+    // Takes no other event while a run or a load shows how far it is.
+    void set_busy(bool on);
     bool is_at_work() const;
 
     stored_settings& stored_;
@@ -80,7 +81,7 @@ private:
     shell::front_end_override front_end_in_force_;
     std::unique_ptr<host> host_;
     std::unique_ptr<toolkit::app_window> tool_;
-    qt::tool_view* view_ = nullptr; // the central widget
+    qt::tool_view* view_ = nullptr;   // the central widget
     outcome_view* results_ = nullptr; // a window of its own above this one
     QToolBar* tools_ = nullptr;
     bool works_ = false, closes_ = false;

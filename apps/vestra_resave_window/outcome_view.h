@@ -1,7 +1,6 @@
 // The window over what came of a run: a table that can be sorted, filtered and copied, and a line of summary.
 #pragma once
 
-#include <QSortFilterProxyModel>
 #include <QWidget>
 
 #include "apps/vestra_resave_window/run_outcome.h"
@@ -15,6 +14,7 @@ class QTableView;
 namespace vestra::window {
 
 class outcome_model;
+class shown_outcome;
 
 class outcome_view final : public QWidget {
 public:
@@ -36,7 +36,7 @@ private:
     void open_folder();
 
     outcome_model* const rows_;
-    QSortFilterProxyModel* const shown_;
+    shown_outcome* const shown_;
     QLabel* const summary_;
     QLineEdit* const filter_;
     QCheckBox* const only_problems_;

@@ -31,26 +31,10 @@ QString name_shown(const element_name& name) {
     return name.list.empty() ? shown(name.caption) : shown(name.caption) + " — " + shown(name.list);
 }
 
-outcome_row row_of(const problem& found) {
-    outcome_row row;
-    row.element = name_shown(found.element);
-    row.source = native(found.path);
-    row.target = native(found.new_path);
-    problem named = found; // the folder has a column of its own
-    named.new_path = path_file_name(found.new_path);
-    row.state = text(what_of(named));
-    row.reason = text(say_known(platform::to_utf8(found.reason)));
-    row.is_problem = !is_notice(found);
-    return row;
-}
-
-void add_problems(const std::vector<problem>& all, run_outcome& outcome) {
-    for (const problem& each : all) outcome.rows.push_back(row_of(each));
-}
-
 // The names of elements by their files.
 class names_by_file {
 public:
+    names_by_file() = default;
     explicit names_by_file(const source_elements& source) {
         for (const source_elements::row& each : source.rows())
             for (const wide_string& key : keys_of(each.file))
@@ -71,6 +55,24 @@ private:
     std::unordered_map<wide_string, QString> names_;
 };
 
+outcome_row row_of(const problem& found, const names_by_file& names) {
+    outcome_row row;
+    row.element = name_shown(found.element);
+    if (row.element.isEmpty()) row.element = names.find(found.path);
+    row.source = native(found.path);
+    row.target = native(found.new_path);
+    problem named = found; // the folder has a column of its own
+    named.new_path = path_file_name(found.new_path);
+    row.state = text(what_of(named));
+    row.reason = text(say_known(platform::to_utf8(found.reason)));
+    row.is_problem = !is_notice(found);
+    return row;
+}
+
+void add_problems(const std::vector<problem>& all, const names_by_file& names, run_outcome& outcome) {
+    for (const problem& each : all) outcome.rows.push_back(row_of(each, names));
+}
+
 outcome_row row_of(const wide_string& source, const wide_string& target, uint64_t bytes, const QString& state,
                    const names_by_file& names) {
     return {names.find(source), native(source), native(target), bytes, state, {}, false};
@@ -83,7 +85,7 @@ QString state_of(const wide_string& source) {
 run_outcome refused_outcome(const QString& title, const refusal& early) {
     run_outcome outcome;
     outcome.title = title;
-    add_problems(early.problems, outcome);
+    add_problems(early.problems, {}, outcome);
     outcome.summary =
         early.problems.empty() ? said("not done", "не выполнено") : text(line_of(early.problems.front()));
     return outcome;
@@ -112,7 +114,7 @@ run_outcome outcome_of_run(const tool_record& record, shell::front_end& person) 
     session guest(person, {});
     if (const auto early = guest.load(record.source, true, false)) {
         run_outcome outcome = refused_outcome(title, *early);
-        add_problems(record.problems, outcome);
+        add_problems(record.problems, {}, outcome);
         return outcome;
     }
     const run_result result = enter(record, guest.context());
@@ -126,7 +128,7 @@ run_outcome outcome_of_run(const tool_record& record, shell::front_end& person) 
     const bool is_written = report.exit == done || report.exit == command::problems;
     if (is_written) add_shortfalls(guest, source, request_of(record), report);
     run_outcome outcome{title, text(closing_line(report, as_on_disk(record.target))), {}};
-    add_problems(report.problems, outcome);
+    add_problems(report.problems, names, outcome);
     for (const tool_record::file& each : record.made)
         if (path_exists(each.target)) // after a stop it may have been erased
             outcome.rows.push_back(
@@ -148,7 +150,7 @@ run_outcome tried_out(const tool_record& settings, shell::front_end& person) {
     const ended_resave ended = resave_in(guest, request, &disk);
     if (ended.early) return refused_outcome(title, *ended.early);
     run_outcome outcome{title, text(say("would be %1", {closing_line(ended.report, ended.target)})), {}};
-    add_problems(ended.report.problems, outcome);
+    add_problems(ended.report.problems, names, outcome);
     for (const resave_plan::file& each : ended.plan->files)
         outcome.rows.push_back(row_of(
             each.source, each.target, each.bytes,
@@ -164,8 +166,8 @@ run_outcome looked_at(const wide_string& project, shell::front_end& person) {
     const ended_verify ended = verify_in(guest, request);
     if (ended.early) return refused_outcome(title, *ended.early);
     run_outcome outcome{title, text(closing_line(ended)), {}};
-    add_problems(ended.problems, outcome);
-    add_problems(ended.found.astray, outcome);
+    add_problems(ended.problems, {}, outcome);
+    add_problems(ended.found.astray, {}, outcome);
     return outcome;
 }
 

@@ -22,8 +22,8 @@ struct tool_record {
     struct file {
         wide_string source, target;
     };
-    std::vector<file> placed; // a folder that is copied whole is one of them
-    std::vector<file> made;   // single files; those without a source the run wrote itself
+    std::vector<file> placed;               // a folder that is copied whole is one of them
+    std::vector<file> made;                 // single files; those without a source the run wrote itself
     std::vector<command::problem> problems; // and notices
     vs::project_resave::recorded_end end = vs::project_resave::recorded_end::none;
 };

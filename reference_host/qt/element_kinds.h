@@ -41,8 +41,9 @@ std::unique_ptr<element_widget> make_widget(element_widgets& all, const element&
 // Makes the widget of an element, without its state. One of an unknown kind has an empty widget.
 std::unique_ptr<element_widget> widget_of(element_widgets& all, const element& live, QWidget* parent);
 
-// The kinds of each source: texts and fields, layouts, and outlines.
+// The kinds of each source: texts and fields, buttons, layouts, and outlines.
 const std::vector<kind_of_widget>& field_kinds();
+const std::vector<kind_of_widget>& button_kinds();
 const std::vector<kind_of_widget>& layout_kinds();
 const std::vector<kind_of_widget>& outline_kinds();
 

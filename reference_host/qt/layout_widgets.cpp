@@ -208,7 +208,7 @@ const std::vector<kind_of_widget>& layout_kinds() {
 
 std::unique_ptr<element_widget> widget_of(element_widgets& all, const element& live, QWidget* parent) {
     const wide_string kind = toolkit::told<&element_impl::kind>(live);
-    for (const auto* kinds : {&field_kinds(), &layout_kinds(), &outline_kinds()})
+    for (const auto* kinds : {&field_kinds(), &button_kinds(), &layout_kinds(), &outline_kinds()})
         for (const kind_of_widget& each : *kinds)
             if (kind == each.kind) return each.make(all, live, parent);
     return std::make_unique<element_widget>(all, live, new QWidget(parent));

@@ -18,7 +18,6 @@ public:
     void commit() override;
     // The dialog as the button opens it.
     std::unique_ptr<QFileDialog> make_dialog() const;
-    QLineEdit* line() const { return line_; }
 
 private:
     void show() override;

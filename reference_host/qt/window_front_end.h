@@ -9,43 +9,11 @@
 #include <optional>
 
 #include "host/toolkit/run_record.h"
+#include "reference_host/qt/progress_window.h"
 #include "reference_host/shell/front_end.h"
 #include "reference_host/shell/transfer_progress.h"
 
-class QCloseEvent;
-class QLabel;
-class QProgressBar;
-class QPushButton;
-
 namespace vestra::qt {
-
-// What is being done, how far it has come, and a button that stops it, which Escape and the window's own
-// button are, too. Not modal: the window below it can still be moved and closed.
-class progress_window final : public QWidget {
-public:
-    progress_window(QWidget* above, bool stoppable, std::function<void()> stops);
-
-    void set_caption(const QString& text);
-    // Shows a percentage; nothing: how long it takes is unknown.
-    void set_percent(std::optional<int> percent);
-    void set_amount(const QString& text);
-    // The wish to stop is known, until it is forgotten.
-    void set_stopping(bool on);
-
-protected:
-    void closeEvent(QCloseEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
-
-private:
-    void stop();
-
-    const bool is_stoppable_;
-    const std::function<void()> stops_;
-    QLabel* const caption_;
-    QProgressBar* const bar_;
-    QLabel* const amount_;
-    QPushButton* const stop_;
-};
 
 // While something is shown here that takes time, `busy` has been called with true, and events of the screen
 // are handled whenever the host is told or asked something.
@@ -77,7 +45,6 @@ public:
     void bytes_moved(std::uint64_t bytes) override;
     // The user wants the run to end, as by the stop button.
     void request_stop();
-    bool is_busy() const { return busy_depth_ > 0; }
     // Called when the user wanted to stop and then does not; may be empty.
     std::function<void()> on_go_on;
     // The titles of boxes.

@@ -43,11 +43,12 @@ protected:
     // Looks at the window with what stands above it; nothing may be blank.
     void look(const std::string& name) {
         QTest::qWait(50); // until the screen has been painted
-        const QRect place = window->frameGeometry();
+        QWidget& top = window->results().isVisible() ? static_cast<QWidget&>(window->results()) : *window;
+        const QRect place = top.frameGeometry();
         QImage seen = QGuiApplication::primaryScreen()
                           ->grabWindow(0, place.x(), place.y(), place.width(), place.height())
                           .toImage();
-        if (seen.isNull()) seen = window->grab().toImage(); // a screen nobody sees has no whole
+        if (seen.isNull()) seen = top.grab().toImage(); // a screen nobody sees has no whole
         std::set<QRgb> colours;
         for (int y = 0; y < seen.height(); y += 3)
             for (int x = 0; x < seen.width(); x += 3) colours.insert(seen.pixel(x, y));

@@ -110,8 +110,13 @@ void window_test::expect_equal_to_walker(const std::string& after) {
 
 void window_test::answer_boxes() {
     if (on_idle) on_idle();
-    auto* const box = qobject_cast<QMessageBox*>(QApplication::activeModalWidget());
-    if (!box || !box->isVisible()) return;
+    auto* const dialog = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+    if (!dialog || !dialog->isVisible()) return;
+    auto* const box = qobject_cast<QMessageBox*>(dialog);
+    if (!box) {
+        if (on_dialog) on_dialog(*dialog);
+        return;
+    }
     boxes.push_back(box->text());
     const bool asks = box->standardButtons() & QMessageBox::Yes;
     const auto with = on_box ? on_box(*box) : asks ? QMessageBox::No : QMessageBox::Ok;

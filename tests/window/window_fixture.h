@@ -49,6 +49,8 @@ protected:
 
     // Answers a question, or anything that is to be closed with OK, by the button that is clicked.
     std::function<QMessageBox::StandardButton(const QMessageBox& box)> on_box;
+    // Answers any other window that waits for it.
+    std::function<void(QDialog& dialog)> on_dialog;
     // Called again and again while events are handled.
     std::function<void()> on_idle;
     std::vector<QString> boxes; // texts of those that were answered

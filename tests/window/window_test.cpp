@@ -6,6 +6,7 @@
 #include <QCheckBox>
 #include <QElapsedTimer>
 #include <QLineEdit>
+#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTabBar>
 #include <QTableView>
@@ -182,6 +183,35 @@ TEST_F(window_test, a_stopped_run_asks_what_becomes_of_its_files_and_a_closed_wi
         EXPECT_EQ(!closes, window->isVisible());
         close();
     }
+}
+
+TEST_F(window_test, a_colliding_name_is_asked_for_and_a_long_report_scrolls_each_in_a_window_of_its_own) {
+    vs::project_resave::project_builder project;
+    for (const char16_t* folder : {u"C:\\a", u"C:\\b"}) write(folder + wide_string(u"\\relief.tif"));
+    project.scene_2d(u"Area").layer("rtr_lr2d", u"East", u"C:\\a\\relief.tif");
+    project.layer("rtr_lr2d", u"West", u"C:\\b\\relief.tif");
+    for (int lost = 0; lost < 30; ++lost) project.layer("rtr_lr2d", u"Lost", u"C:\\a\\lost.tif");
+    project.save(source);
+    open();
+    ASSERT_TRUE(window->open_project(source));
+    enter("prj/field1", u"N:\\out\\new._vp");
+    mouse().set_check(at("prj/check2"), false);
+    QStringList titles;
+    on_dialog = [&](QDialog& dialog) {
+        titles << dialog.windowTitle();
+        if (auto* const line = dialog.findChild<QLineEdit*>()) {
+            line->selectAll();
+            QTest::keyClicks(line, "N:\\out\\rtr\\west.tif");
+        } else {
+            EXPECT_LT(25, dialog.findChild<QPlainTextEdit*>()->toPlainText().count('\n'));
+        }
+        for (QPushButton* each : dialog.findChildren<QPushButton*>())
+            if (each->text().remove('&') == "OK") return QTest::mouseClick(each, Qt::LeftButton);
+    };
+    run();
+    EXPECT_EQ("Attention! Naming conflict! Warning!", titles.join(' ').toStdString());
+    EXPECT_TRUE(std::filesystem::exists(drives.root('N') / "out/rtr/relief.tif"));
+    EXPECT_TRUE(std::filesystem::exists(drives.root('N') / "out/rtr/west.tif"));
 }
 
 TEST_F(window_test, keys_alone_reach_every_widget_and_tick_rows_and_each_says_what_it_is) {
