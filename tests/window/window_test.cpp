@@ -4,13 +4,16 @@
 #include <QAbstractItemModel>
 #include <QApplication>
 #include <QCheckBox>
+#include <QDropEvent>
 #include <QElapsedTimer>
 #include <QLineEdit>
+#include <QMimeData>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QTabBar>
 #include <QTableView>
 #include <QTest>
+#include <QToolButton>
 #include <regex>
 #include <set>
 #include <sstream>
@@ -239,6 +242,36 @@ TEST_F(window_test, keys_alone_reach_every_widget_and_tick_rows_and_each_says_wh
         const bool is_named = !each->accessibleName().isEmpty() || (button && !button->text().isEmpty());
         EXPECT_TRUE(is_named || qobject_cast<QTabBar*>(each)) << each->metaObject()->className();
     }
+}
+
+TEST_F(window_test, the_picture_of_a_tool_is_masked_and_the_same_pixel_by_pixel_on_a_dense_screen) {
+    open();
+    const QIcon icon = mouse().widget<QToolButton>(at("scn2d/tool4"))->icon();
+    const QSize size = icon.availableSizes().front();
+    const QImage plain = icon.pixmap(size, 1).toImage(), dense = icon.pixmap(size, 2).toImage();
+    ASSERT_EQ(size * 2, dense.size());
+    std::set<int> opacities;
+    for (int y = 0; y < dense.height(); ++y)
+        for (int x = 0; x < dense.width(); ++x) {
+            EXPECT_EQ(plain.pixel(x / 2, y / 2), dense.pixel(x, y));
+            opacities.insert(qAlpha(dense.pixel(x, y)));
+        }
+    EXPECT_EQ((std::set{0, 255}), opacities);
+}
+
+TEST_F(window_test, a_project_that_is_dropped_on_the_window_is_opened) {
+    copy_sample();
+    open();
+    QMimeData dropped;
+    dropped.setUrls(
+        {QUrl::fromLocalFile(QString::fromStdString((drives.root('C') / "prj/area._vp").string()))});
+    QDragEnterEvent enters({10, 10}, Qt::CopyAction, &dropped, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&*window, &enters);
+    EXPECT_TRUE(enters.isAccepted());
+    QDropEvent drops({10, 10}, Qt::CopyAction, &dropped, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&*window, &drops);
+    EXPECT_EQ(source, at("field1").text);
+    EXPECT_EQ(1, stored.recent().size());
 }
 
 TEST_F(window_test, language_drives_and_recent_projects_stay_and_change_while_the_window_stands) {
