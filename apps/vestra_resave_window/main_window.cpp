@@ -4,7 +4,6 @@
 #include <QDragEnterEvent>
 #include <QMenuBar>
 #include <QMimeData>
-#include <QTimer>
 #include <QToolBar>
 #include <utility>
 
@@ -63,6 +62,8 @@ main_window::main_window(stored_settings& stored, std::vector<wide_string> bundl
     : stored_(stored), bundles_(std::move(bundles)), front_end_(*this, [this](bool on) { set_busy(on); }),
       front_end_in_force_(front_end_), results_(new outcome_view(this)), tools_(new QToolBar(this)) {
     front_end_.on_go_on = [this] { closes_ = false; };
+    closer_.setSingleShot(true); // the event that closes the window has to end first
+    connect(&closer_, &QTimer::timeout, this, [this] { close(); });
     setAcceptDrops(true);
     shell::settings().language_offset = stored_.language() == "ru" ? 0 : 50000;
     start();
@@ -87,7 +88,7 @@ void main_window::start() {
     if (!tool_->is_open()) throw no_tool{"no bundle offers the tool"};
     view_ = new qt::tool_view(*tool_);
     view_->widgets().around_button = [this](std::int32_t, const auto& press) { run(press); };
-    view_->widgets().on_close = [this](std::int32_t) { QTimer::singleShot(0, this, [this] { close(); }); };
+    view_->widgets().on_close = [this](std::int32_t) { closer_.start(0); };
     view_->widgets().on_idle = [this] { end_of_work(); };
     setCentralWidget(view_);
 }
@@ -140,7 +141,7 @@ void main_window::work(const std::function<void()>& operation) {
 }
 
 void main_window::end_of_work() {
-    if (closes_ && !is_at_work()) QTimer::singleShot(0, this, [this] { close(); });
+    if (closes_ && !is_at_work()) closer_.start(0);
 }
 
 void main_window::try_it() {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QTimer>
 #include <memory>
 #include <optional>
 #include <string>
@@ -70,6 +71,9 @@ private:
     void choose_drives();
     // Enters what stood in the window before it was opened anew.
     void copy_choices(const toolkit::element_view& from, const toolkit::element_view& to);
+    void fill_project_menu(QMenu& menu);
+    void fill_results_menu(QMenu& menu);
+    void fill_language_menu(QMenu& menu);
     void fill_recent(QMenu& menu);
     // Takes no other event while a run or a load shows how far it is.
     void set_busy(bool on);
@@ -84,6 +88,7 @@ private:
     qt::tool_view* view_ = nullptr;   // the central widget
     outcome_view* results_ = nullptr; // a window of its own above this one
     QToolBar* tools_ = nullptr;
+    QTimer closer_;
     bool works_ = false, closes_ = false;
 };
 

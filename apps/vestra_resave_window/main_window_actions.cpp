@@ -24,49 +24,59 @@ void main_window::translate() {
     const QString title = said("Resave a project", "Пересохранение проекта");
     setWindowTitle(title);
     front_end_.title = title;
+    for (QMenu* each : menuBar()->findChildren<QMenu*>(Qt::FindDirectChildrenOnly)) each->deleteLater();
     menuBar()->clear();
     tools_->clear();
     tools_->setObjectName("tools");
     tools_->setWindowTitle(said("Tools", "Инструменты"));
     tools_->setToolButtonStyle(Qt::ToolButtonTextOnly);
     addToolBar(tools_);
+    fill_project_menu(*menuBar()->addMenu(said("&Project", "&Проект")));
+    fill_results_menu(*menuBar()->addMenu(said("&Results", "&Результаты")));
+    fill_language_menu(*menuBar()->addMenu(said("&Language", "&Язык")));
+    for (QWidget* each : tools_->findChildren<QWidget*>()) each->setFocusPolicy(Qt::StrongFocus);
+    results_->translate();
+}
 
-    QMenu* const project = menuBar()->addMenu(said("&Project", "&Проект"));
-    QAction* const open = project->addAction(said("&Open…", "&Открыть…"), this, [this] { choose_project(); });
+void main_window::fill_project_menu(QMenu& menu) {
+    QAction* const open = menu.addAction(said("&Open…", "&Открыть…"), this, [this] { choose_project(); });
     open->setShortcut(QKeySequence::Open);
-    QMenu* const recent = project->addMenu(said("&Recent", "&Недавние"));
+    tools_->addAction(open);
+    QMenu* const recent = menu.addMenu(said("&Recent", "&Недавние"));
     connect(recent, &QMenu::aboutToShow, recent, [this, recent] { fill_recent(*recent); });
-    project->addAction(said("&Drive letters…", "&Буквы дисков…"), this, [this] { choose_drives(); });
-    project->addSeparator();
-    project->addAction(said("&Quit", "&Выход"), this, [this] { close(); })->setShortcut(QKeySequence::Quit);
+    menu.addAction(said("&Drive letters…", "&Буквы дисков…"), this, [this] { choose_drives(); });
+    menu.addSeparator();
+    menu.addAction(said("&Quit", "&Выход"), this, [this] { close(); })->setShortcut(QKeySequence::Quit);
+}
 
-    QMenu* const results = menuBar()->addMenu(said("&Results", "&Результаты"));
-    QAction* const tries = results->addAction(said("&Try it", "&Попробовать"), this, [this] { try_it(); });
+void main_window::fill_results_menu(QMenu& menu) {
+    QAction* const tries = menu.addAction(said("&Try it", "&Попробовать"), this, [this] { try_it(); });
     tries->setShortcut(Qt::CTRL | Qt::Key_T);
     tries->setToolTip(said("Shows what Run would do, and writes nothing",
                            "Показывает, что сделает пересохранение, и ничего не записывает"));
-    QAction* const checks = results->addAction(said("&Check a project…", "Про&верить проект…"), this,
-                                               [this] { choose_project_to_check(); });
+    QAction* const checks = menu.addAction(said("&Check a project…", "Про&верить проект…"), this,
+                                           [this] { choose_project_to_check(); });
     checks->setToolTip(said("Looks whether a project needs anything outside of its folder",
                             "Проверяет, нужно ли проекту что-нибудь вне его папки"));
-    results->addSeparator();
-    results->addAction(said("&Show results", "Показать &результаты"), this, [this] { results_->show(); });
+    menu.addSeparator();
+    menu.addAction(said("&Show results", "Показать &результаты"), this, [this] { results_->show(); });
+    tools_->addActions({tries, checks});
+}
 
-    QMenu* const language = menuBar()->addMenu(said("&Language", "&Язык"));
-    auto* const languages = new QActionGroup(language);
-    for (const auto& [words, code] : {std::pair("Русский", "ru"), std::pair("English", "en")}) {
-        QAction* const each = language->addAction(QString::fromUtf8(words));
+void main_window::fill_language_menu(QMenu& menu) {
+    auto* const languages = new QActionGroup(&menu);
+    const bool is_russian = shell::settings().language_offset == 0;
+    const auto add = [&](const char* words, const char* code, bool is_shown) {
+        QAction* const each = menu.addAction(QString::fromUtf8(words));
         each->setCheckable(true);
-        each->setChecked((shell::settings().language_offset == 0) ==
-                         (QLatin1String(code) == QLatin1String("ru")));
+        each->setChecked(is_shown);
         languages->addAction(each);
         // Later, for the menu that this comes from is made anew.
-        connect(
-            each, &QAction::triggered, this, [this, code] { set_language(code); }, Qt::QueuedConnection);
-    }
-    for (QAction* each : {open, tries, checks}) tools_->addAction(each);
-    for (QWidget* each : tools_->findChildren<QWidget*>()) each->setFocusPolicy(Qt::StrongFocus);
-    results_->translate();
+        const auto change = [this, code] { set_language(code); };
+        connect(each, &QAction::triggered, this, change, Qt::QueuedConnection);
+    };
+    add("Русский", "ru", is_russian);
+    add("English", "en", !is_russian);
 }
 
 void main_window::fill_recent(QMenu& menu) {

@@ -7,6 +7,7 @@
 #include <QSplitter>
 #include <QTabWidget>
 #include <QVBoxLayout>
+#include <memory>
 
 #include "host/toolkit/docker.h"
 #include "host/toolkit/grid_layout.h"
@@ -42,7 +43,7 @@ class grid_widget_of : public widget_for<grid_layout_impl, Widget> {
 public:
     grid_widget_of(element_widgets& all, const element& live, QWidget* parent)
         : widget_for<grid_layout_impl, Widget>(all, live, new Widget(parent)) {
-        auto* const grid = new QGridLayout(this->own_);
+        auto grid = std::make_unique<QGridLayout>();
         if (!qobject_cast<QGroupBox*>(this->own_)) grid->setContentsMargins({});
         const auto spans = cast_to<grid_span_layout_impl>(live);
         const uint32_t rows = this->template ask<&grid_layout_impl::rows>();
@@ -61,6 +62,7 @@ public:
                 before = cell->widget();
             }
         stretch(*grid, static_cast<int>(rows), static_cast<int>(columns));
+        this->own_->setLayout(grid.release());
     }
 
 private:
@@ -133,12 +135,13 @@ class docker_widget final : public widget_for<docker_impl, QWidget> {
 public:
     docker_widget(element_widgets& all, const element& live, QWidget* parent)
         : widget_for(all, live, new QWidget(parent)) {
-        auto* const column = new QVBoxLayout(own_);
+        auto column = std::make_unique<QVBoxLayout>();
         if (parent && !qobject_cast<QTabWidget*>(parent)) column->setContentsMargins({});
         own_->setWindowTitle(text_of<&docker_impl::title>());
         own_->setAccessibleDescription(text_of<&docker_impl::description>());
         for (const element& part : {ask<&docker_impl::main_element>(), ask<&docker_impl::buttons>()})
             if (element_widget* const made = add(part)) column->addWidget(made->widget());
+        own_->setLayout(column.release());
     }
 
 private:

@@ -52,9 +52,9 @@ std::int32_t window_dialog_runner::run(docker content) {
     QDialog dialog(window_.isVisible() ? &window_ : nullptr);
     element_widgets widgets;
     widgets.on_close = [&dialog](std::int32_t code) { dialog.done(code); };
-    auto* const column = new QVBoxLayout(&dialog);
     const element_widget* const shown_content = widgets.make(cast_to<element_impl>(content), &dialog);
     if (!shown_content) return 0;
+    auto* const column = new QVBoxLayout(&dialog);
     column->addWidget(shown_content->widget(), 1);
     dialog.setWindowTitle(shown_content->widget()->windowTitle());
     if (!call<&docker_impl::buttons>(content)) column->addWidget(own_buttons(dialog, widgets));

@@ -1,5 +1,6 @@
 #include "reference_host/qt/window_front_end.h"
 
+#include <QAbstractButton>
 #include <QApplication>
 #include <QLabel>
 #include <QVBoxLayout>

@@ -20,12 +20,12 @@ public:
     bool highlight_row(const toolkit::element_view& outline, const toolkit::row_view& row, bool on) override;
     bool click_tool(const toolkit::element_view& tool) override { return click(tool); }
 
-    // The widget, or the first one inside it, of a class; never null.
+    // The widget, or the first one inside it, of a class; null if there is none.
     template <class Widget>
     Widget* widget(const toolkit::element_view& view) const {
-        QWidget* const own = shown_.widgets().find(view.live)->widget();
-        auto* const itself = dynamic_cast<Widget*>(own);
-        return itself ? itself : own->findChild<Widget*>();
+        QWidget& own = *shown_.widgets().find(view.live)->widget();
+        auto* const itself = dynamic_cast<Widget*>(&own);
+        return itself ? itself : own.findChild<Widget*>();
     }
 
 private:
