@@ -23,9 +23,10 @@ public:
     // The widget, or the first one inside it, of a class; null if there is none.
     template <class Widget>
     Widget* widget(const toolkit::element_view& view) const {
-        QWidget& own = *shown_.widgets().find(view.live)->widget();
-        auto* const itself = dynamic_cast<Widget*>(&own);
-        return itself ? itself : own.findChild<Widget*>();
+        const element_widget* const found = shown_.widgets().find(view.live);
+        if (!found) return nullptr;
+        auto* const itself = dynamic_cast<Widget*>(found->widget());
+        return itself ? itself : found->widget()->findChild<Widget*>();
     }
 
 private:
