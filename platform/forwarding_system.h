@@ -44,7 +44,6 @@ public:
     platform::outcome free_space(const wide_string& folder, uint64_t& bytes) override {
         return inner_.free_space(folder, bytes);
     }
-    int64_t creation_time(const wide_string& path) override { return inner_.creation_time(path); }
     platform::outcome flush(const wide_string& path) override { return inner_.flush(path); }
     platform::outcome flush_volume(const wide_string& folder) override { return inner_.flush_volume(folder); }
 

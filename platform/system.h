@@ -38,9 +38,10 @@ struct entry_status {
 // exists under a path whose identity is empty.
 struct file_identity {
     uint64_t volume = 0;
-    uint64_t number = 0; // on the volume; 0 where nothing exists
-    uint32_t names =
-        0; // how many there are; more than one also if the path itself is a link, even a broken one
+    uint64_t number = 0;  // on the volume; 0 where nothing exists
+    uint32_t names = 0;   // how many there are; more than one also for a link
+    bool is_link = false; // the path itself is one, perhaps a broken one
+    bool is_folder = false;
 
     explicit operator bool() const { return number != 0; }
     bool operator==(const file_identity& other) const {
@@ -140,9 +141,6 @@ public:
     // Sets `bytes` to what the user can still write on the volume of `folder`; unchanged on failure.
     virtual outcome free_space(const wide_string& folder, uint64_t& bytes) = 0;
 
-    // Returns when a file was created, in nanoseconds since 1970 (UTC); 0 if the disk does not keep it. A
-    // copy is created later than its content was written.
-    virtual int64_t creation_time(const wide_string& path) = 0;
     // Waits until the disk has what was written to a file, or the names in a folder.
     virtual outcome flush(const wide_string& path) = 0;
     // The same for all that was written on the volume of `folder`. Fails where only an administrator may.

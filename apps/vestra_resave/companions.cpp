@@ -68,6 +68,8 @@ public:
         const current_element current(run_.report, owner == owners_.end() ? element_name() : *owner->second);
         const wide_string head = path_head(copy.old_path), new_head = path_head(copy.new_path);
         const folder_files& files = folders_.files_of(head);
+        if (!files.listed() && unlisted_.insert(path_key(head)).second)
+            run_.report.add(fact_kind::not_read, head, {}, files.listed().text());
         const wide_string name = path_file_name(copy.old_path), stem = path_stem(copy.old_path);
         const wide_string new_name = path_file_name(copy.new_path), new_stem = path_stem(copy.new_path);
         const auto bring_behind = [&](const wide_string& found, size_t length) {
@@ -143,7 +145,8 @@ private:
     std::unordered_map<wide_string, wide_string> sources_;        // by the path key of the target
     std::unordered_map<wide_string, const element_name*> owners_; // by the path key of their file
     listed_folders folders_;
-    std::unordered_set<wide_string> seen_; // pairs of old and new place without extension
+    std::unordered_set<wide_string> seen_;     // pairs of old and new place without extension
+    std::unordered_set<wide_string> unlisted_; // path keys of folders
 };
 
 } // namespace

@@ -1,20 +1,19 @@
 #include "apps/vestra_resave/continuation.h"
 
 #include <algorithm>
-#include <nlohmann/json.hpp>
 #include <unordered_set>
 #include <utility>
 
 #include "apps/vestra_resave/commands.h"
-#include "apps/vestra_resave/companions.h"
-#include "apps/vestra_resave/elements.h"
+#include "apps/vestra_resave/earlier_request.h"
 #include "apps/vestra_resave/file_content.h"
-#include "apps/vestra_resave/folder_files.h"
 #include "apps/vestra_resave/manifest.h"
-#include "apps/vestra_resave/output_file.h"
+#include "apps/vestra_resave/referred_files.h"
 #include "apps/vestra_resave/resave_report.h"
+#include "apps/vestra_resave/shortfalls.h"
 #include "apps/vestra_resave/trial_disk.h"
 #include "apps/vestra_resave/words.h"
+#include "framework/resources/strings.h"
 #include "operations/project_context.h"
 #include "operations/run/path_files.h"
 #include "platform/path_text.h"
@@ -24,105 +23,10 @@
 namespace vestra::command {
 
 using namespace vs::project_resave;
-using nlohmann::ordered_json;
 using platform::entry_kind;
 using fate = continued_disk::fate;
 
 namespace {
-
-// What a run was asked for, as far as its result depends on it.
-std::string text_of_request(const resave_request& request, const wide_string& source,
-                            const wide_string& target, const std::string& language) {
-    ordered_json options;
-    for (const auto& [option, value] : request.choices) options[option] = value;
-    options["--language"] = language;
-    file_digest digest;
-    read_digest(
-        source, [] { return false; }, digest);
-    return ordered_json{{"project", platform::to_utf8(source)},
-                        {"new_project", platform::to_utf8(path_file_name(target))},
-                        {"sha256", digest.sha256},
-                        {"update", request.mode == run_mode::update},
-                        {"options", options}}
-        .dump(-1, ' ', true);
-}
-
-// The text under a key; empty if there is none.
-std::string text_in(const ordered_json& all, const char* key) {
-    const auto found = all.is_object() ? all.find(key) : all.end();
-    return found != all.end() && found->is_string() ? found->get<std::string>() : std::string();
-}
-
-// Says what differs; empty if nothing does.
-std::string difference_of(const ordered_json& before, const ordered_json& now) {
-    for (const char* key : {"project", "new_project"})
-        if (const wide_string earlier = platform::from_utf8(text_in(before, key));
-            !path_same(earlier, platform::from_utf8(text_in(now, key))))
-            return say("it is of another project: %1", {printed(earlier)});
-    if (text_in(before, "sha256") != text_in(now, "sha256"))
-        return say("the project has changed since; --update brings the copy up to date");
-    const ordered_json none = ordered_json::object();
-    const ordered_json was = before.contains("options") ? before["options"] : none;
-    for (const auto& [option, value] : now["options"].items())
-        if (text_in(was, option.c_str()) != value)
-            return say("%1 was %2 and is %3",
-                       {option, text_in(was, option.c_str()), value.get<std::string>()});
-    return {};
-}
-
-// The files that an earlier project refers to, with what lies next to them as their companion.
-class referred_files {
-public:
-    explicit referred_files(const wide_string& folder) : below_(path_key(folder) + u'\\') {}
-
-    void add_all(project_context& context) {
-        for (const wide_string& path : context.sizes.known_paths())
-            if (!path_same(path, context.placement.source_project_path)) add_data_set(path);
-        add_elements(elements_of(context)); // joined tables are known to the elements alone
-    }
-
-    std::vector<earlier_file> files;
-
-private:
-    void add(const wide_string& path) {
-        const wide_string key = path_key(path);
-        // Scene files are written with the project, and belong to it.
-        const bool is_written = path_extension(path).starts_with(u"._");
-        if (key.starts_with(below_) && seen_.insert(key).second)
-            files.push_back({.path = path, .state = is_written ? made_state::writing : made_state::referred});
-    }
-
-    void add_elements(const std::vector<element>& elements) {
-        for (const element& each : elements) {
-            if (each.exists.value_or(false)) add_data_set(path_in(each.file).value());
-            add_elements(each.children);
-        }
-    }
-
-    void add_data_set(const wide_string& path) {
-        if (platform::current_system().kind_of(path) != entry_kind::folder) return add_family(path);
-        for (const auto& each : platform::list_tree(platform::current_system(), path))
-            if (!each.is_folder) add(each.path);
-    }
-
-    void add_family(const wide_string& path) {
-        add(path);
-        const wide_string head = path_head(path), stem = path_stem(path), name = path_file_name(path);
-        const folder_files& near = folders_.files_of(head);
-        for (const wide_string& each : companion_files(path))
-            if (const wide_string* found = near.find(path_file_name(each))) add(head + *found);
-        for (const wide_string* text : {&stem, &name})
-            for (const wide_string& each : near.beginning_with(*text))
-                if (is_known_companion(wide_view(each).substr(text->size() + 1))) add(head + each);
-        for (const wide_string& ending : world_endings(path_extension(path)))
-            if (const wide_string* found = near.find(path_replace_extension(stem + u'.', ending)))
-                add(head + *found);
-    }
-
-    const wide_string below_;
-    std::unordered_set<wide_string> seen_; // path keys
-    listed_folders folders_;
-};
 
 // True if a disk was full or a share was lost while the run was at work: the same run can succeed later.
 bool may_succeed_later(const project_context& context, const resave_report& report) {
@@ -144,6 +48,7 @@ bool may_succeed_later(const project_context& context, const resave_report& repo
 // True for what leaves the run without a source, or without knowing which sources there are.
 bool is_loss(const problem& found) {
     const std::string_view kinds[] = {name_of(fact_kind::source_lost),
+                                      name_of(fact_kind::type_not_resaved),
                                       name_of(fact_kind::copy_failed),
                                       name_of(fact_kind::not_read),
                                       name_of(fact_kind::exception_caught),
@@ -153,18 +58,13 @@ bool is_loss(const problem& found) {
     return std::ranges::find(kinds, found.kind) != std::end(kinds);
 }
 
-// What the manifests of other projects in the folder name, as path keys.
-std::unordered_set<wide_string> named_by_other_manifests(const wide_string& project) {
-    std::unordered_set<wide_string> named;
-    const wide_string folder = path_head(project), own = path_file_name(manifest_path(project));
-    for (const platform::folder_entry& each : platform::entries_or_none(platform::current_system(), folder)) {
-        const size_t end = each.name.rfind(u".manifest.json");
-        if (end == wide_string::npos || end + 14 != each.name.size() || path_same(each.name, own)) continue;
-        std::vector<earlier_file> files;
-        if (read_manifest(folder + each.name.substr(0, end) + u"._vp", files)) continue;
-        for (const earlier_file& file : files) named.insert(path_key(file.path));
-    }
-    return named;
+// True if a scene file of the trial, which has references of its own, is as the one that exists.
+bool is_written_alike(const wide_string& path, platform::system& real) {
+    if (!path_extension(path).starts_with(u"._")) return false;
+    std::string planned, existing;
+    if (!read_text(path, planned)) return false;
+    const platform::system_override in_force(real);
+    return read_text(path, existing) && planned == existing;
 }
 
 problem of_row(const char* kind, const continued_disk::row& row) {
@@ -182,20 +82,29 @@ std::optional<refusal> continuation::find(session& host) {
     asked_ =
         text_of_request(request_, source_, target_, shell::settings().language_offset == 0 ? "ru" : "en");
     has_journal_ = platform::current_system().kind_of(journal_path(target_)) == entry_kind::file;
+    if (platform::current_system().identity_of(journal_path(target_)).is_link)
+        return refused(journal_path(target_), say("is a link; the journal of the resave would go elsewhere"));
+    if (has_journal_)
+        if (auto early = refuse_at_work()) return early;
     if (request_.mode == run_mode::resume) return find_to_resume(host);
     if (request_.mode == run_mode::update) return find_to_update(host);
-    return has_journal_ ? refuse_journal() : std::nullopt;
+    if (!has_journal_) { // a manifest that stays would be of what is replaced
+        has_manifest_ =
+            path_exists(target_) && !read_manifest(target_, earlier_copy_) && !earlier_copy_.empty();
+        return std::nullopt;
+    }
+    return refused(journal_path(target_), say("an earlier resave broke off: --resume goes on with it, "
+                                              "--update brings the copy up to date"));
 }
 
-std::optional<refusal> continuation::refuse_journal() {
+// Nothing may start where another run is at work: its journal is open.
+std::optional<refusal> continuation::refuse_at_work() const {
     std::unique_ptr<platform::file> file;
     const wide_string path = journal_path(target_);
     const platform::outcome opened = platform::current_system().open(
         path, platform::access::read_write, platform::disposition::open_existing, file);
-    if (opened.is(platform::failure::in_use))
-        return refused(path, say("another resave into this folder is at work"));
-    return refused(path, say("an earlier resave broke off: --resume goes on with it, --update brings the "
-                             "copy up to date"));
+    if (!opened.is(platform::failure::in_use)) return std::nullopt;
+    return refused(path, say("another resave into this folder is at work"));
 }
 
 std::optional<refusal> continuation::find_to_resume(session& host) {
@@ -207,11 +116,10 @@ std::optional<refusal> continuation::find_to_resume(session& host) {
         return refused(path, one_line(read.text()));
     is_recorded_ = !earlier.request.empty();
     if (is_recorded_) {
-        const ordered_json before = ordered_json::parse(earlier.request, nullptr, false);
-        if (!before.is_object()) return refused(path, say("the journal cannot be read"));
-        if (const std::string differs = difference_of(before, ordered_json::parse(asked_)); !differs.empty())
+        if (!is_request(earlier.request)) return refused(path, say("the journal cannot be read"));
+        if (const std::string differs = difference_of(earlier.request, asked_); !differs.empty())
             return refused(path, say("the resave that broke off cannot be resumed: %1", {differs}));
-        if (before.contains("update") && before["update"] == true) mode_ = run_mode::update;
+        if (is_update(earlier.request)) mode_ = run_mode::update;
     } else if (!earlier.files.empty()) {
         return refused(path, say("the journal cannot be read"));
     }
@@ -233,7 +141,10 @@ std::optional<refusal> continuation::refuse_changed_project() const {
 }
 
 std::optional<refusal> continuation::find_to_update(session& host) {
-    if (auto early = read_manifest(target_, earlier_copy_)) return early;
+    wide_string from;
+    if (auto early = read_manifest(target_, earlier_copy_, &from)) return early;
+    if (!from.empty() && !path_same(from, source_) && (request_.prune || !request_.overwrite))
+        return refused(target_, say("is a copy of another project: %1", {printed(from)}));
     has_manifest_ = !earlier_copy_.empty();
     earlier_run earlier;
     if (has_journal_)
@@ -267,10 +178,8 @@ std::optional<refusal> continuation::find_earlier_copy(session& host) {
         shell::settings().project_read = project_read;
         shell::settings().scene_read = scene_read;
         if (early) return early;
-        referred_files found(path_head(target_));
-        found.add_all(host.context());
-        found.files.push_back({.path = target_, .state = made_state::writing});
-        earlier_copy_ = std::move(found.files);
+        earlier_copy_ = referred_files(host.context(), target_);
+        earlier_copy_.push_back({.path = target_, .state = made_state::writing});
     }
     add_files(std::exchange(earlier_copy_, {}));
     return std::nullopt;
@@ -303,7 +212,7 @@ void continuation::add_files(std::vector<earlier_file> files) {
     for (earlier_file& each : files) {
         const wide_string key = path_key(each.path);
         const bool is_of_command =
-            key == path_key(journal_path(target_)) || key.starts_with(path_key(manifest_path(target_)));
+            key == path_key(journal_path(target_)) || key == path_key(manifest_path(target_));
         if (!key.starts_with(below) || is_of_command) continue;
         for (wide_string folder = path_normalise(path_head(each.path));
              path_key(folder).starts_with(top) && seen.insert(path_key(folder)).second;
@@ -313,7 +222,7 @@ void continuation::add_files(std::vector<earlier_file> files) {
     }
 }
 
-void continuation::put_in_force(project_context& context, trial_disk* trial) {
+void continuation::put_in_force(project_context& context, const source_elements& source, trial_disk* trial) {
     trial_ = trial;
     platform::system& real = trial ? trial->below() : platform::current_system();
     if (!trial) {
@@ -324,6 +233,11 @@ void continuation::put_in_force(project_context& context, trial_disk* trial) {
     std::erase_if(files_, [&](const earlier_file& each) { return context.guard.protects(each.path); });
     platform::system& below = journal_ ? static_cast<platform::system&>(*journal_) : real;
     disk_ = std::make_unique<continued_disk>(below, journal_.get(), std::move(files_));
+    disk_->let_go(path_head(target_) + path_stem(target_) + load_string(text::log_name_suffix));
+    if (request_.overwrite) disk_->let_go(target_);
+    std::vector<wide_string> files;
+    for (const source_elements::row& each : source.rows()) files.push_back(each.file);
+    disk_->keep_together(files);
     if (!has_manifest_) disk_->know_sources(context.sizes.known_paths());
     if (mode_ == run_mode::update) disk_->keep_places_of(context.sizes.known_paths());
     if (trial)
@@ -355,11 +269,22 @@ std::vector<const continued_disk::row*> continuation::unreferenced() {
     return found;
 }
 
+std::vector<earlier_file> continuation::left() {
+    std::vector<earlier_file> files;
+    if (!disk_) return files;
+    for (const continued_disk::row& each : disk_->rows())
+        if ((each.what == fate::hidden || each.what == fate::failed) &&
+            each.file->state != made_state::folder)
+            files.push_back(*each.file);
+    return files;
+}
+
 // Which copies are older ones.
 void continuation::classify(resave_report& report) {
     for (const copied_file& copy : report.copies) {
-        const auto what =
-            trial_ ? disk_->fate_of_copy(copy.source, copy.target) : disk_->fate_of(copy.target);
+        auto what = trial_ ? disk_->fate_of_copy(copy.source, copy.target) : disk_->fate_of(copy.target);
+        if (trial_ && what == fate::replaced && is_written_alike(copy.target, disk_->below()))
+            what = fate::kept;
         if (what == fate::kept)
             (mode_ == run_mode::update ? report.unchanged : report.taken_over).push_back(copy);
         else if (what == fate::replaced)
@@ -372,49 +297,62 @@ bool continuation::removes_unreferenced() const { return mode_ == run_mode::resu
 void continuation::remove_unreferenced(project_context& context, resave_report& report) {
     // Where a source is lost, its copies are the last ones.
     const bool lacks_sources = std::ranges::any_of(report.problems, &is_loss);
-    const bool removes = removes_unreferenced() && !lacks_sources;
-    const std::unordered_set<wide_string> others = named_by_other_manifests(target_);
     std::vector<const continued_disk::row*> left = unreferenced();
     std::ranges::reverse(left); // a folder after what is in it
-    for (const continued_disk::row* each : left) {
-        const bool is_folder = each->file->state == made_state::folder;
-        std::vector<platform::folder_entry> entries;
-        if (is_folder && (!removes || trial_)) continue;
-        if (is_folder && disk_->is_filled(*each->file)) continue;
-        platform::outcome removed;
-        if (removes && !trial_) {
-            const wide_string& path = each->file->path;
-            const bool is_source = protect_project_files({path}, context).has_value() ||
-                                   (!each->file->source.empty() &&
-                                    platform::current_system().same_file(path, each->file->source));
-            if (is_source || others.contains(path_key(path)))
-                removed = platform::outcome::because(u"something else uses it");
-            else
-                removed = disk_->remove_hidden(*each->file);
-        }
-        if (mode_ == run_mode::update && !is_folder) {
-            problem found = of_row(removes ? own_kind::pruned : own_kind::unreferenced, *each);
-            if (removed) add(report, std::move(found));
-        }
-        if (!removed) {
-            problem found = of_row(name_of(fact_kind::not_erased), *each);
-            found.reason = removed.text();
-            add(report, std::move(found));
+    if (!left.empty()) {
+        const platform::system_override in_force(disk_->below()); // this one hides what is to go
+        std::vector<wide_string> paths;
+        for (const continued_disk::row* each : left) paths.push_back(each->file->path);
+        other_users others(context, target_, paths);
+        const placed_copies copies(context.placement.placed);
+        for (const continued_disk::row* each : left) {
+            const char16_t* keeps = nullptr;
+            if (lacks_sources)
+                keeps = u"nothing is removed while a part of the project is missing";
+            else if (others.need(each->file->path))
+                keeps = u"something else uses it";
+            end_unreferenced(*each, keeps, copies, report);
         }
     }
     is_broken_off_ |= mode_ == run_mode::resume && lacks_sources && !left.empty();
     for (const continued_disk::row& each : rows_)
-        if (each.what == fate::changed && each.file->state != made_state::folder)
+        if (each.what == fate::changed && each.file->state != made_state::folder &&
+            !disk_->may_go(each.file->path))
             add(report, of_row(own_kind::changed_since, each));
+}
+
+// Removes one, or says that it is there. Of folders nothing is said.
+void continuation::end_unreferenced(const continued_disk::row& left, const char16_t* keeps,
+                                    const placed_copies& copies, resave_report& report) {
+    const bool is_folder = left.file->state == made_state::folder;
+    const bool is_begun = left.file->state == made_state::begun; // perhaps half a file, with no name to stay
+    const bool removes = (removes_unreferenced() || is_begun) && !keeps;
+    if (is_folder && (!removes || trial_ || disk_->is_filled(*left.file))) return;
+    platform::outcome removed;
+    if (removes && !trial_) removed = disk_->remove_hidden(*left.file);
+    problem found = of_row(removes ? own_kind::pruned : own_kind::unreferenced, left);
+    if (!removed)
+        found.kind = name_of(fact_kind::not_erased), found.reason = removed.text();
+    else if (removes_unreferenced() && keeps)
+        found.reason = keeps;
+    if (const wide_string* const main = removes ? nullptr : copies.read_with(left.file->path);
+        main && !is_folder)
+        found.kind = own_kind::stale, found.path = std::exchange(found.new_path, *main);
+    const bool is_told = !removed || (mode_ == run_mode::update && !is_folder && !is_begun);
+    if (is_told) add(report, std::move(found));
 }
 
 void continuation::flush(resave_report& report) {
     for (const wide_string& path : {target_, manifest_path(target_), path_normalise(path_head(target_))}) {
         if (!path_exists(path)) continue;
         const platform::outcome flushed = platform::current_system().flush(path);
-        if (!flushed && path_same(path, target_))
-            add(report, {name_of(fact_kind::not_written), {}, source_, path, flushed.text()});
+        const bool is_file = !path_same(path, path_normalise(path_head(target_)));
+        if (flushed || !is_file) continue;
+        add(report, {name_of(fact_kind::not_written), {}, source_, path, flushed.text()});
+        if (path_same(path, target_)) report.exit = not_saved;
     }
+    // A later update takes what the manifest names for whole.
+    if (path_exists(manifest_path(target_))) platform::current_system().flush_volume(path_head(target_));
 }
 
 void continuation::end_files(project_context& context, resave_report& report) {
@@ -422,11 +360,13 @@ void continuation::end_files(project_context& context, resave_report& report) {
     if (!disk_) return;
     classify(report);
     if (report.exit == done || report.exit == problems) remove_unreferenced(context, report);
+    disk_->reveal();
 }
 
 void continuation::end_journal(resave_report& report) {
-    const bool is_saved = report.exit == done || report.exit == problems;
-    if (is_saved && !trial_) flush(report);
+    const auto is_written = [&] { return report.exit == done || report.exit == problems; };
+    if (is_written() && !trial_) flush(report);
+    const bool is_saved = is_written();
     if (!journal_ || is_journal_ended_) return;
     const bool has_begun = has_journal_ || journal_->has_made();
     report.resumable = has_begun && (!is_saved || is_broken_off_);

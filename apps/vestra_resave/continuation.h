@@ -18,7 +18,9 @@ class project_context;
 namespace vestra::command {
 
 class session;
+class source_elements;
 class trial_disk;
+class placed_copies;
 struct resave_report;
 struct resave_request;
 
@@ -37,7 +39,8 @@ public:
     bool may_replace_project() const { return may_replace_project_; }
 
     // Puts the disk in force; of a dry run it lies below the trial disk. The source is loaded.
-    void put_in_force(vs::project_resave::project_context& context, trial_disk* trial);
+    void put_in_force(vs::project_resave::project_context& context, const source_elements& source,
+                      trial_disk* trial);
     // Begins the journal, if this is no dry run. The target's folder exists.
     std::optional<refusal> begin_journal();
 
@@ -45,11 +48,10 @@ public:
     continued_disk* disk() { return disk_.get(); }
     // True if the earlier run wrote a manifest, which this one keeps up to date.
     bool has_manifest() const { return has_manifest_; }
-    // What nothing refers to any more; of use once the run is over.
-    std::vector<const continued_disk::row*> unreferenced();
+    // What earlier runs have made and is still there, though this one neither made nor kept it. For after
+    // `end_files`.
+    std::vector<earlier_file> left();
 
-    // A resumed run leaves nothing that the one before it began and that is not part of it.
-    bool removes_unreferenced() const;
     // Enters into the report what became of the earlier files, and removes those that are to go. To be called
     // while the context is that of the run.
     void end_files(vs::project_resave::project_context& context, resave_report& report);
@@ -59,15 +61,20 @@ public:
     void abandon();
 
 private:
+    std::vector<const continued_disk::row*> unreferenced();
+    // A resumed run leaves nothing that the one before it began and that is not part of it.
+    bool removes_unreferenced() const;
     std::optional<refusal> find_to_resume(session& host);
     std::optional<refusal> find_to_update(session& host);
     std::optional<refusal> find_earlier_copy(session& host);
     std::optional<refusal> refuse_changed_project() const;
-    std::optional<refusal> refuse_journal();
+    std::optional<refusal> refuse_at_work() const;
     bool is_as_recorded(const std::vector<earlier_file>& files) const;
     void add_files(std::vector<earlier_file> files);
     void classify(resave_report& report);
     void remove_unreferenced(vs::project_resave::project_context& context, resave_report& report);
+    void end_unreferenced(const continued_disk::row& left, const char16_t* keeps, const placed_copies& copies,
+                          resave_report& report);
     void flush(resave_report& report);
     platform::outcome close_journal(bool removes);
 

@@ -21,11 +21,7 @@ wide_string folder_key_of(const wide_string& key) { return path_key(path_head(ke
 // As exact as the least exact of the usual disks; on one that keeps whole seconds a copy counts as changed.
 bool is_same_time(int64_t a, int64_t b) { return std::abs(a - b) < 100; }
 
-// A data set: what begins with one name up to its first dot, in one folder.
-wide_string set_of(const wide_string& key) {
-    const wide_string name = path_file_name(key);
-    return path_head(key) + name.substr(0, name.find(u'.'));
-}
+constexpr const char16_t* changed_reason = u"it was changed since the earlier resave";
 
 bool is_same(const platform::entry_status& a, const platform::entry_status& b) {
     return a.kind == b.kind && a.bytes == b.bytes && is_same_time(a.modified, b.modified);
@@ -64,6 +60,12 @@ bool is_same_text(platform::system& disk, const wide_string& a, const wide_strin
            is_beginning_of(disk, a, b) && is_beginning_of(disk, b, a);
 }
 
+// Of a copy that is to take the place of another file.
+bool is_name_of_copy(const wide_string& path) {
+    const wide_string name = path_file_name(path);
+    return name.starts_with(copy_name_begin) && name.ends_with(copy_name_end);
+}
+
 // The stem without the number that a taken name gets.
 wide_string plain_stem(wide_string stem) {
     const size_t open = stem.rfind(u"_(");
@@ -75,17 +77,51 @@ wide_string plain_stem(wide_string stem) {
 
 } // namespace
 
+// A data set is known by the shortest beginning of the name, up to a dot, that is the stem of any file: so
+// "a.vat.dbf" goes with "a.tif", and "1.2.prj" with "1.2.tif".
+wide_string continued_disk::set_of(const wide_string& key) const {
+    const wide_string name = path_file_name(key), head = path_head(key);
+    for (size_t dot = name.find(u'.'); dot != wide_string::npos; dot = name.find(u'.', dot + 1))
+        if (wide_string found = head + name.substr(0, dot); stems_.contains(found)) return found;
+    return key;
+}
+
 continued_disk::continued_disk(platform::system& below, journal_disk* journal,
                                std::vector<earlier_file> files)
     : forwarding_system(below), journal_(journal) {
     for (earlier_file& file : files) {
         const wide_string key = path_key(file.path);
-        const auto [at, is_new] = entries_.insert_or_assign(key, entry{std::move(file)});
-        if (is_new) inside_[folder_key_of(key)].push_back(path_file_name(at->second.file.path));
+        const auto [at, is_new] = entries_.try_emplace(key);
+        if (is_new)
+            inside_[folder_key_of(key)].push_back(path_file_name(file.path));
+        else
+            at->second.older.push_back(std::move(at->second.file));
+        at->second.file = std::move(file);
+        stems_.insert(path_head(key) + path_stem(key));
     }
     for (auto& [key, each] : entries_) {
         if (!each.file.source.empty()) by_source_[path_key(each.file.source)].push_back(&each);
-        if (each.file.state != made_state::folder) sets_[set_of(key)].push_back(&each);
+        if (each.file.state == made_state::folder) continue;
+        each.set = set_of(key);
+        sets_[each.set].made.push_back(&each);
+    }
+}
+
+void continued_disk::keep_together(const std::vector<wide_string>& sources) {
+    std::unordered_set<wide_string> folders; // path keys
+    for (const wide_string& source : sources)
+        if (inner().kind_of(source) == entry_kind::folder) folders.insert(path_key(path_normalise(source)));
+    if (folders.empty()) return;
+    for (auto& [key, each] : entries_) {
+        if (each.set.empty() || each.file.source.empty()) continue;
+        wide_string from = path_key(each.file.source), to = key;
+        do {
+            from = path_normalise(path_head(from)), to = path_normalise(path_head(to));
+        } while (!folders.contains(from) && from.size() > path_fixed_length(from));
+        if (!folders.contains(from)) continue;
+        std::erase(sets_[each.set].made, &each);
+        each.set = to;
+        sets_[to].made.push_back(&each);
     }
 }
 
@@ -94,9 +130,18 @@ void continued_disk::keep_places_of(const std::vector<wide_string>& sources) {
 }
 
 void continued_disk::know_sources(const std::vector<wide_string>& sources) {
-    for (const wide_string& source : sources)
-        if (const platform::entry_status now = inner().status_of(source); now.kind == entry_kind::file)
+    std::unordered_set<wide_string> seen; // path keys of folders
+    const auto learn = [&](const wide_string& path) {
+        if (const platform::entry_status now = inner().status_of(path); now.kind == entry_kind::file)
             is_like_source_.emplace(now.bytes, now.modified);
+    };
+    for (const wide_string& source : sources) {
+        if (inner().kind_of(source) == entry_kind::folder) {
+            for (const auto& each : platform::list_tree(inner(), source)) learn(each.path);
+        } else if (const wide_string head = path_head(source); seen.insert(path_key(head)).second) {
+            for (const auto& each : platform::entries_or_none(inner(), head)) learn(head + each.name);
+        }
+    }
 }
 
 wide_string continued_disk::kept_place(const wide_string& source, const wide_string& wanted) {
@@ -122,46 +167,89 @@ continued_disk::entry* continued_disk::find(const wide_string& path) {
 // The entry at a path that does not show; null for one that does.
 continued_disk::entry* continued_disk::hidden(const wide_string& path) {
     entry* const found = find(path);
-    if (!found || found->what != fate::hidden) return nullptr;
+    if (is_over_ || !found || found->what != fate::hidden) return nullptr;
     if (found->is_checked) return found;
-    const auto set = sets_.find(set_of(path_key(found->file.path)));
-    if (found->file.state == made_state::folder || set == sets_.end()) {
-        check(*found);
-    } else { // a set of which somebody changed one file is left alone as a whole
-        for (entry* each : set->second) check(*each);
-        const bool is_changed =
-            std::ranges::any_of(set->second, [](const entry* each) { return each->what == fate::changed; });
-        for (entry* each : set->second)
-            if (is_changed && each->what == fate::hidden) each->what = fate::changed;
+    const wide_string& set =
+        found->file.state == made_state::folder ? path_key(found->file.path) : found->set;
+    if (found->file.state == made_state::folder) check(*found);
+    if (const auto at = sets_.find(set); at != sets_.end()) {
+        check_set(set, at->second);
+        if (at->second.is_changed && found->what == fate::hidden)
+            found->what = fate::changed; // the folder with its files
     }
     return found->what == fate::hidden ? found : nullptr;
+}
+
+// A set of which somebody changed one file is left alone as a whole; so is one that is to change and beside
+// which somebody put files: they may have been made from it, or need it.
+void continued_disk::check_set(const wide_string& key, file_set& set) {
+    if (std::exchange(set.is_checked, true)) return;
+    for (entry* each : set.made) check(*each);
+    const auto is = [](fate wanted) { return [wanted](const entry* each) { return each->what == wanted; }; };
+    bool is_changed = std::ranges::any_of(set.made, is(fate::changed));
+    if (!is_changed && has_strangers(key, set))
+        is_changed = std::ranges::any_of(set.made, [&](const entry* each) {
+            const earlier_file& file = each->file;
+            return each->what == fate::hidden && !file.source.empty() && !is_unchanged(*each, file.source);
+        });
+    set.is_changed = is_changed;
+    for (entry* each : set.made)
+        if (is_changed && each->what == fate::hidden) each->what = fate::changed;
+}
+
+// As the folder was when it was asked first.
+bool continued_disk::has_strangers(const wide_string& set_key, const file_set& set) {
+    if (find(set_key)) return false; // the copy of a folder
+    const wide_string folder = path_head(set_key);
+    const auto [at, is_new] = on_disk_.try_emplace(folder);
+    if (is_new)
+        for (const auto& each : platform::entries_or_none(inner(), folder)) {
+            const wide_string name = path_key(each.name);
+            const bool is_of_command =
+                name.ends_with(u".manifest.json") || name.ends_with(u".resave-journal");
+            if (!each.is_folder && !is_of_command) ++at->second[set_of(folder + name)];
+        }
+    const auto count = at->second.find(set_key);
+    const auto made =
+        std::ranges::count_if(set.made, [](const entry* each) { return each->what != fate::missing; });
+    return count != at->second.end() && count->second > static_cast<size_t>(made);
 }
 
 void continued_disk::check(entry& asked) {
     if (asked.is_checked) return;
     asked.is_checked = true;
-    if (inner().kind_of(asked.file.path) == entry_kind::none)
+    asked.now = inner().status_of(asked.file.path);
+    const auto is_it = [&](const earlier_file& each) { return is_as_made(each, asked.now); };
+    if (asked.now.kind == entry_kind::none) {
         asked.what = fate::missing;
-    else if (!is_as_made(asked.file))
+    } else if (!is_own(asked.file)) {
         asked.what = fate::changed;
+    } else if (!is_it(asked.file)) {
+        const auto older = std::ranges::find_if(asked.older, is_it);
+        if (older == asked.older.end())
+            asked.what = fate::changed;
+        else
+            asked.file = *older;
+    }
 }
 
-// What lies behind a link, or has another name elsewhere, is not the earlier run's alone.
+// What lies behind a link is not the earlier run's. A second name elsewhere does not matter: the file is
+// replaced by a new one, and removed under this name alone.
 bool continued_disk::is_own(const earlier_file& file) {
-    const bool has_own_name = inner().identity_of(file.path).names == 1;
+    const platform::file_identity found = inner().identity_of(file.path);
     entry* const folder = find(path_normalise(path_head(file.path)));
     if (folder) check(*folder);
-    return has_own_name && (!folder || folder->what != fate::changed);
+    return found && !found.is_link && (!folder || folder->what != fate::changed);
 }
 
-bool continued_disk::is_as_made(const earlier_file& file) {
-    const platform::entry_status now = inner().status_of(file.path);
-    if (!is_own(file)) return false;
+bool continued_disk::is_as_made(const earlier_file& file, const platform::entry_status& now) {
     if (file.state == made_state::folder) return now.kind == entry_kind::folder;
     if (now.kind != entry_kind::file) return false;
     if (file.state == made_state::writing) return true;
-    const bool is_known = file.modified != 0 && file.state != made_state::begun;
-    if (is_known && now.bytes == file.bytes && is_same_time(now.modified, file.modified)) return true;
+    if (file.state == made_state::begun && is_name_of_copy(file.path))
+        return true; // nobody else has such names
+    if (file.modified != 0 && now.bytes == file.bytes && is_same_time(now.modified, file.modified))
+        return true;
     // What is as its source is no loss.
     if (!file.source.empty() && is_same(now, inner().status_of(file.source))) return true;
     if (!file.source.empty() && (file.state == made_state::begun || !file.is_safe))
@@ -176,13 +264,19 @@ bool continued_disk::is_as_made(const earlier_file& file) {
 }
 
 // Whether the copy of `source` need not be made again.
-bool continued_disk::is_unchanged(const earlier_file& file, const wide_string& source) {
+bool continued_disk::is_unchanged(const entry& copy, const wide_string& source) {
+    const earlier_file& file = copy.file;
     if (!file.source.empty() && !path_same(file.source, source)) return false;
     const platform::entry_status now = inner().status_of(source);
-    if (now.kind != entry_kind::file || !is_same(now, inner().status_of(file.path))) return false;
+    if (now.kind != entry_kind::file || !is_same(now, copy.now)) return false;
     const bool is_known = file.modified != 0 && file.state == made_state::copied;
     if (is_known && !is_same_time(now.modified, file.modified)) return false;
     return file.is_safe || is_same_text(inner(), source, file.path);
+}
+
+// True for a file of the earlier run that somebody has changed, and nobody said that it may go.
+bool continued_disk::is_kept_from_writing(const wide_string& path) const {
+    return fate_of(path) == fate::changed && !may_go(path);
 }
 
 bool continued_disk::is_reserved(const entry& found) const {
@@ -210,7 +304,7 @@ std::optional<continued_disk::fate> continued_disk::fate_of_copy(const wide_stri
                                                                  const wide_string& target) {
     const entry* const found = hidden(target);
     if (!found) return fate_of(target);
-    return is_unchanged(found->file, source) ? fate::kept : fate::replaced;
+    return is_unchanged(*found, source) ? fate::kept : fate::replaced;
 }
 
 const earlier_file* continued_disk::kept_file(const wide_string& path) const {
@@ -225,8 +319,10 @@ bool continued_disk::is_filled(const earlier_file& folder) {
 }
 
 outcome continued_disk::remove_hidden(const earlier_file& file) {
-    if (file.state == made_state::folder) return inner().remove_folder(file.path);
-    return inner().delete_file(file.path);
+    const outcome removed =
+        file.state == made_state::folder ? inner().remove_folder(file.path) : inner().delete_file(file.path);
+    if (removed) find(file.path)->what = fate::missing;
+    return removed;
 }
 
 platform::entry_status continued_disk::status_of(const wide_string& path) {
@@ -238,13 +334,14 @@ platform::entry_status continued_disk::status_of(const wide_string& path) {
 outcome continued_disk::copy_file(const wide_string& source, const wide_string& target, bool replace) {
     entry* const found = hidden(target);
     if (!found || found->file.state == made_state::folder) return inner().copy_file(source, target, replace);
-    if (is_unchanged(found->file, source)) {
+    if (is_unchanged(*found, source)) {
         found->what = fate::kept;
-        if (journal_) journal_->add_kept(found->file.path, source);
+        if (journal_) journal_->add_kept(found->file.path, source, found->now);
         return {};
     }
     const outcome copied = inner().copy_file(source, found->file.path, true);
     found->what = copied ? fate::replaced : fate::failed;
+    if (!copied && journal_) journal_->add_kept(found->file.path, source, found->now); // for the next try
     return copied;
 }
 
@@ -301,6 +398,7 @@ bool continued_disk::same_file(const wide_string& a, const wide_string& b) {
 
 outcome continued_disk::rename_over(const wide_string& from, const wide_string& to) {
     entry* const found = hidden(to);
+    if (is_kept_from_writing(to)) return outcome::because(changed_reason);
     if (!found) return inner().rename_over(from, to);
     if (is_same_text(inner(), from, to)) {
         found->what = fate::kept;
@@ -315,9 +413,13 @@ outcome continued_disk::open(const wide_string& path, platform::access wanted, p
                              std::unique_ptr<platform::file>& result) {
     result.reset();
     entry* const found = hidden(path);
+    if (how == platform::disposition::create_always && is_kept_from_writing(path))
+        return outcome::because(changed_reason);
     if (!found) return inner().open(path, wanted, how, result);
     if (how == platform::disposition::open_existing) return platform::failure::missing;
     if (found->file.state == made_state::folder) return inner().open(path, wanted, how, result);
+    if (inner().identity_of(path).names > 1) // the other name keeps what it leads to
+        if (const outcome removed = inner().delete_file(path); !removed) return removed;
     const outcome opened = inner().open(path, wanted, platform::disposition::create_always, result);
     if (opened) found->what = fate::replaced;
     return opened;
@@ -327,7 +429,7 @@ outcome continued_disk::free_space(const wide_string& folder, uint64_t& bytes) {
     const outcome found = inner().free_space(folder, bytes);
     if (!found) return found;
     for (const auto& [key, each] : entries_)
-        if (each.what == fate::hidden) bytes += inner().file_size(each.file.path);
+        if (hidden(each.file.path)) bytes += each.now.bytes;
     return found;
 }
 

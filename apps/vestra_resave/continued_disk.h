@@ -17,6 +17,7 @@
 
 #include "apps/vestra_resave/earlier_files.h"
 #include "platform/forwarding_system.h"
+#include "platform/path_text.h"
 
 namespace vestra::command {
 
@@ -36,12 +37,21 @@ public:
 
     // `below`, and `journal` if it is not null, outlive this object.
     continued_disk(platform::system& below, journal_disk* journal, std::vector<earlier_file> files);
+    // The disk that hides nothing.
+    platform::system& below() { return inner(); }
 
     // Sources of this run that keep the places which the earlier run gave them: no other file gets those.
     void keep_places_of(const std::vector<wide_string>& sources);
-    // A file of which nothing is known but that an earlier project refers to counts as a copy if one of these
-    // has its size and time.
+    // The copies of what is in a folder among these are one set. To be called before anything is asked.
+    void keep_together(const std::vector<wide_string>& sources);
+    // A file of which nothing is known but that an earlier project refers to counts as a copy if one of
+    // these, or a file beside them or in them, has its size and time.
     void know_sources(const std::vector<wide_string>& sources);
+    // A file that is written over though somebody has changed it. Any other such file is not.
+    bool may_go(const wide_string& path) const {
+        return may_go_.contains(vs::project_resave::path_key(path));
+    }
+    void let_go(const wide_string& path) { may_go_.insert(vs::project_resave::path_key(path)); }
     // The place at which the earlier run put `source`, if it is `wanted` or a numbered name beside it; else
     // `wanted`. Until the placing ends, names are asked for on behalf of this source.
     wide_string kept_place(const wide_string& source, const wide_string& wanted);
@@ -58,6 +68,8 @@ public:
     // earlier run did not make it.
     std::optional<fate> fate_of(const wide_string& path) const;
     std::optional<fate> fate_of_copy(const wide_string& source, const wide_string& target);
+    // From now on everything shows: the run is over.
+    void reveal() { is_over_ = true; }
     // What the earlier run knew of a file that is still its own; null for any other.
     const earlier_file* kept_file(const wide_string& path) const;
     // True for a folder that holds anything, hidden or not.
@@ -85,26 +97,44 @@ public:
 private:
     struct entry {
         earlier_file file;
+        std::vector<earlier_file> older; // as it was before, if the last change may not have been made
         fate what = fate::hidden;
-        bool is_checked = false; // whether it is as the earlier run made it
+        platform::entry_status now = {}; // once it is checked, until it changes
+        bool is_checked = false;         // whether it is as the earlier run made it
+        wide_string set;                 // key in sets_; empty for a folder
+    };
+
+    // Files of one folder whose names begin alike; or all in the copy of a folder.
+    struct file_set {
+        std::vector<entry*> made;
+        bool is_checked = false, is_changed = false;
     };
 
     entry* find(const wide_string& path);
     entry* hidden(const wide_string& path);
     void check(entry& asked);
+    wide_string set_of(const wide_string& key) const;
+    void check_set(const wide_string& key, file_set& set);
+    bool has_strangers(const wide_string& set_key, const file_set& set);
     bool is_own(const earlier_file& file);
-    bool is_as_made(const earlier_file& file);
-    bool is_unchanged(const earlier_file& file, const wide_string& source);
+    bool is_as_made(const earlier_file& file, const platform::entry_status& now);
+    bool is_unchanged(const entry& copy, const wide_string& source);
     bool is_reserved(const entry& found) const;
+    bool is_kept_from_writing(const wide_string& path) const;
 
     journal_disk* const journal_;
-    std::unordered_map<wide_string, entry> entries_;                       // by path key
-    std::unordered_map<wide_string, std::vector<wide_string>> inside_;     // names, by the key of the folder
-    std::unordered_map<wide_string, std::vector<entry*>> sets_;            // by their folder and name
+    std::unordered_map<wide_string, entry> entries_;                   // by path key
+    std::unordered_map<wide_string, std::vector<wide_string>> inside_; // names, by the key of the folder
+    std::unordered_map<wide_string, file_set> sets_;                   // by set_of
+    std::unordered_map<wide_string, std::unordered_map<wide_string, size_t>>
+        on_disk_;                                                          // files of each set, by folder
     std::unordered_map<wide_string, std::vector<const entry*>> by_source_; // by path key
     std::set<std::pair<uint64_t, int64_t>> is_like_source_;                // sizes and times
     std::unordered_set<wide_string> keeping_;                              // path keys of sources
-    wide_string placing_;                                                  // path key of the source in work
+    std::unordered_set<wide_string> may_go_;                               // path keys
+    std::unordered_set<wide_string> stems_;                                // of all files, with their folders
+    bool is_over_ = false;
+    wide_string placing_; // path key of the source in work
 };
 
 } // namespace vestra::command

@@ -148,7 +148,17 @@ folder_walls::folder_walls(const wide_string& folder)
 
 bool folder_walls::leads_out(const wide_string& path) const {
     std::error_code unknown;
-    const auto whole = std::filesystem::canonical(platform::native_path(path), unknown);
+    const auto native = platform::native_path(path);
+    const auto type = std::filesystem::symlink_status(native, unknown).type();
+    if (type == std::filesystem::file_type::not_found) return false;
+    std::filesystem::path whole;
+    if (type == std::filesystem::file_type::symlink) {
+        whole = std::filesystem::canonical(native, unknown);
+    } else {
+        const auto [folder, is_new] = canonical_.try_emplace(native.parent_path());
+        if (is_new) folder->second = std::filesystem::canonical(folder->first, unknown);
+        whole = folder->second / native.filename();
+    }
     if (unknown || home_.empty()) return false; // what cannot be reached is missing
     if (std::ranges::mismatch(home_, whole).in1 == home_.end()) return false;
     // It may be spelled in other letters, where these do not count.

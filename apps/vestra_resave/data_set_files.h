@@ -3,6 +3,7 @@
 #pragma once
 
 #include <filesystem>
+#include <map>
 #include <vector>
 
 #include "platform/wide_string.h"
@@ -44,6 +45,8 @@ public:
 
 private:
     std::filesystem::path folder_, home_; // as given; without links, empty if it cannot be reached
+    mutable std::map<std::filesystem::path, std::filesystem::path>
+        canonical_; // of folders that were asked for
 };
 
 } // namespace vestra::command

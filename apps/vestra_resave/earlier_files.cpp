@@ -64,10 +64,18 @@ public:
             is_same_boot_ = !words[1].empty() && words[1] == platform::boot_identity();
         } else if (kind == "folder" && has_path) {
             row(words[1], made_state::folder);
-        } else if ((kind == "copy" || kind == "replace") && words.size() == 3) {
+        } else if (kind == "copy" && words.size() == 3) {
             copying_ = words[1], source_ = path_of(words[2], folder_);
-            // Until it is replaced, the older file is there.
-            if (kind == "copy") files_[row(copying_, made_state::begun)].source = source_;
+            files_[row(copying_, made_state::begun)].source = source_;
+        } else if (kind == "replace" && words.size() == 5) {
+            if (const auto older = rows_.find(path_key(path_of(words[1], folder_))); older != rows_.end())
+                found_.files.push_back(files_[older->second]);
+            // Whichever of both names the copy has, it is this one.
+            if (const auto fresh = rows_.find(path_key(path_of(copying_, folder_))); fresh != rows_.end())
+                finish(files_[fresh->second], made_state::begun, words);
+            earlier_file& file = files_[row(words[1], made_state::begun)];
+            file.source = path_of(words[2], folder_);
+            finish(file, made_state::copied, words);
         } else if (kind == "done" && words.size() == 3 && !copying_.empty()) {
             earlier_file& file = files_[row(copying_, made_state::begun)];
             file.source = source_;
@@ -153,8 +161,7 @@ std::string journal_word(const wide_string& path, const wide_string& folder) {
 platform::outcome read_journal(const wide_string& path, earlier_run& found) {
     std::string text;
     if (const platform::outcome read = read_text(path, text); !read) return read;
-    const bool has_only_begun = journal_title.starts_with(text);
-    if (!has_only_begun && !text.starts_with(journal_title))
+    if (!text.empty() && !text.starts_with(journal_title)) // an empty one has only begun
         return platform::outcome::because(u"it is no journal of a resave");
     journal_reader reader(path_head(path), found);
     for (size_t at = 0, end = 0; (end = text.find('\n', at)) != std::string::npos; at = end + 1)

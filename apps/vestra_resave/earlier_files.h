@@ -11,7 +11,7 @@
 //     boot TEXT          a run begins or goes on; changes when the computer starts anew
 //     folder PATH        was created
 //     copy PATH SOURCE   begins
-//     replace PATH SOURCE  the same, of one that takes the place of an older file in one step
+//     replace PATH SOURCE BYTES TIME  the whole copy made last takes the place of an older file
 //     done BYTES TIME    the copy begun last is whole; TIME in nanoseconds since 1970
 //     write PATH         a file that the run writes itself begins
 //     written PATH BYTES TIME
@@ -66,8 +66,8 @@ std::string journal_record(const std::vector<std::string>& words);
 // A path as a word.
 std::string journal_word(const wide_string& path, const wide_string& folder);
 
-// Reads a journal; fails if the file cannot be read, or is none. Each file is there once, as the last record
-// of it has it.
+// Reads a journal; fails if the file cannot be read, or is none. Each file is there as the last record of it
+// has it; before it, of one that was to be replaced, as it was until then.
 platform::outcome read_journal(const wide_string& path, earlier_run& found);
 
 } // namespace vestra::command

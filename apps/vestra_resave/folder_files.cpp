@@ -13,7 +13,10 @@ using namespace vs::project_resave;
 using platform::folded;
 
 folder_files::folder_files(const wide_string& folder) {
-    for (auto& entry : platform::entries_or_none(platform::operating_system(), folder)) {
+    std::vector<platform::folder_entry> entries;
+    listed_ = platform::operating_system().list(folder, entries);
+    if (listed_.is(platform::failure::missing)) listed_ = {};
+    for (auto& entry : entries) {
         if (entry.is_folder) continue;
         const wide_string name = folded(entry.name);
         for (size_t dot = name.find(u'.'); dot != wide_string::npos; dot = name.find(u'.', dot + 1))

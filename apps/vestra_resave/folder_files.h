@@ -4,6 +4,7 @@
 #include <unordered_map>
 #include <vector>
 
+#include "platform/outcome.h"
 #include "platform/wide_string.h"
 
 namespace vestra::command {
@@ -16,6 +17,8 @@ public:
     // Lists the folder of the real disk, also in a dry run. Empty for one that cannot be read.
     explicit folder_files(const wide_string& folder);
 
+    // Why the folder could not be listed; success for one that does not exist.
+    const vs::project_resave::platform::outcome& listed() const { return listed_; }
     // Those that begin with this text and a dot.
     const std::vector<wide_string>& beginning_with(const wide_string& text) const;
     // Those of them that belong to the file of this name, whose name or stem the text is. Of names that
@@ -30,6 +33,7 @@ public:
 private:
     std::unordered_map<wide_string, std::vector<wide_string>> by_beginning_;
     std::unordered_map<wide_string, std::vector<wide_string>> spellings_; // by the folded name
+    vs::project_resave::platform::outcome listed_;
 };
 
 // Lists each folder once. What it returns is valid as long as this object.

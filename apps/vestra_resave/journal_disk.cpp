@@ -3,6 +3,7 @@
 #include <utility>
 
 #include "platform/path_text.h"
+#include "platform/text.h"
 
 namespace vestra::command {
 
@@ -19,7 +20,9 @@ constexpr std::chrono::seconds most_unsafe_time{20};
 
 journal_disk::journal_disk(platform::system& below, const wide_string& project)
     : forwarding_system(below), path_(journal_path(project)), folder_(path_head(project)),
-      safe_at_(std::chrono::steady_clock::now()) {}
+      safe_at_(std::chrono::steady_clock::now()) {
+    next_name_ = static_cast<uint64_t>(safe_at_.time_since_epoch().count()); // others work in these folders
+}
 
 journal_disk::~journal_disk() {
     if (file_) end(false);
@@ -45,9 +48,9 @@ outcome journal_disk::begin(const std::string& request, bool goes_on) {
     return result;
 }
 
-void journal_disk::add_kept(const wide_string& path, const wide_string& source) {
+void journal_disk::add_kept(const wide_string& path, const wide_string& source,
+                            const platform::entry_status& status) {
     if (!file_) return;
-    const platform::entry_status status = inner().status_of(path);
     pending_ += journal_record({"copy", word(path), word(source)});
     pending_ += journal_record({"done", std::to_string(status.bytes), std::to_string(status.modified)});
 }
@@ -92,11 +95,12 @@ void journal_disk::make_safe() {
 // That the copy is whole is written with the next change: until then it counts as one that may be half.
 outcome journal_disk::copy_file(const wide_string& source, const wide_string& target, bool replace) {
     if (!file_) return forwarding_system::copy_file(source, target, replace);
-    const char* const kind = replace ? "replace" : "copy";
-    if (const outcome entered = enter({kind, word(target), word(source)}); !entered) return entered;
-    const outcome copied = inner().copy_file(source, target, replace);
-    if (!copied) {
-        if (!replace) pending_ += journal_record({"gone", word(target)});
+    if (replace && inner().kind_of(target) == platform::entry_kind::file &&
+        !inner().same_file(source, target))
+        return copy_in_place_of(source, target);
+    if (const outcome entered = enter({"copy", word(target), word(source)}); !entered) return entered;
+    if (const outcome copied = inner().copy_file(source, target, replace); !copied) {
+        pending_ += journal_record({"gone", word(target)});
         return copied;
     }
     has_made_ = true;
@@ -104,6 +108,31 @@ outcome journal_disk::copy_file(const wide_string& source, const wide_string& ta
     pending_ += journal_record({"done", std::to_string(status.bytes), std::to_string(status.modified)});
     add_size(status.bytes);
     return {};
+}
+
+// The copy has a name of its own first, which the journal knows: so the next run finds it if this one is
+// killed before the older file is replaced.
+outcome journal_disk::copy_in_place_of(const wide_string& source, const wide_string& target) {
+    outcome result = platform::failure::taken;
+    wide_string fresh;
+    while (result.is(platform::failure::taken)) {
+        fresh = path_head(target) + wide_string(copy_name_begin) +
+                platform::from_utf8(std::to_string(next_name_++)) + wide_string(copy_name_end);
+        if (inner().kind_of(fresh) != platform::entry_kind::none) continue;
+        if (const outcome entered = enter({"copy", word(fresh), word(source)}); !entered) return entered;
+        result = inner().copy_file(source, fresh, false);
+        if (result) {
+            const platform::entry_status made = inner().status_of(fresh);
+            result = enter({"replace", word(target), word(source), std::to_string(made.bytes),
+                            std::to_string(made.modified)});
+            if (result) result = inner().rename_over(fresh, target);
+            if (!result) inner().delete_file(fresh);
+            has_made_ |= bool(result);
+            add_size(made.bytes);
+        }
+        pending_ += journal_record({"gone", word(fresh)});
+    }
+    return result;
 }
 
 outcome journal_disk::create_folder(const wide_string& path) {
@@ -141,7 +170,10 @@ outcome journal_disk::remove_folder(const wide_string& path) {
 
 outcome journal_disk::open(const wide_string& path, platform::access wanted, platform::disposition how,
                            std::unique_ptr<platform::file>& result) {
-    const bool creates = how != platform::disposition::open_existing;
+    const bool is_taken =
+        how == platform::disposition::create_new && // by somebody else, as the call will say
+        inner().kind_of(path) != platform::entry_kind::none;
+    const bool creates = how != platform::disposition::open_existing && !is_taken;
     if (creates)
         if (const outcome entered = enter({"write", word(path)}); !entered) return entered;
     const outcome opened = inner().open(path, wanted, how, result);

@@ -12,6 +12,9 @@
 
 namespace vestra::command {
 
+// A copy that is to take the place of an older file has such a name until then.
+inline constexpr vs::project_resave::wide_view copy_name_begin = u".copy-", copy_name_end = u".tmp";
+
 class journal_disk final : public vs::project_resave::forwarding_system {
 public:
     // `below` outlives this object. The journal is kept in the folder of `project`.
@@ -22,7 +25,7 @@ public:
     // `in_use` while another run is at work, and with `taken` if it is to be created and exists.
     platform::outcome begin(const std::string& request, bool goes_on);
     // Enters a copy that an earlier run made and this one leaves as it is.
-    void add_kept(const wide_string& path, const wide_string& source);
+    void add_kept(const wide_string& path, const wide_string& source, const platform::entry_status& status);
     // Ends the journal: it is removed, or stays and is flushed.
     platform::outcome end(bool removes);
     // True if anything was copied, created or written since it began.
@@ -38,6 +41,7 @@ public:
                            std::unique_ptr<platform::file>& result) override;
 
 private:
+    platform::outcome copy_in_place_of(const wide_string& source, const wide_string& target);
     std::string word(const wide_string& path) const { return journal_word(path, folder_); }
     platform::outcome enter(const std::vector<std::string>& words);
     platform::outcome write();
@@ -48,6 +52,7 @@ private:
     std::unique_ptr<platform::file> file_; // null while no journal is kept
     std::string pending_;                  // entered, but not yet written
     bool has_made_ = false;
+    uint64_t next_name_ = 0;    // of a copy that is to take the place of an older file
     uint64_t unsafe_bytes_ = 0; // copied since the disk was last known to have everything
     std::chrono::steady_clock::time_point safe_at_;
 };

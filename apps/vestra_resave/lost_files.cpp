@@ -115,7 +115,7 @@ std::optional<refusal> lost_file_search::begin(const std::vector<std::string>& f
         if (auto early = refuse_share(folder)) return early;
         const wide_string path = platform::drive_path(folder);
         if (platform::current_system().kind_of(path) != platform::entry_kind::folder)
-            return refused(path, "--search: no such folder");
+            return refused(path, say("--search: no such folder"));
         roots_.push_back(path);
     }
     if (folders.empty()) return std::nullopt;

@@ -27,13 +27,14 @@ namespace {
 using entry = earlier_file;
 
 // False if one of them is no entry.
-bool add_entries(const ordered_json& list, const wide_string& folder, std::vector<entry>& entries) {
+bool add_entries(const ordered_json& list, const wide_string& folder, bool all, std::vector<entry>& entries) {
     for (const ordered_json& each : list) {
         const auto value = [&](const char* key) { return each.value(key, ordered_json()); };
         if (!each.is_object() || !value("path").is_string() || !value("bytes").is_number_unsigned() ||
             !value("sha256").is_string())
             return false;
         const auto text = [&](const char* key) { return platform::from_utf8(each[key].get<std::string>()); };
+        if (!all && value("existed") == true) continue;
         entry found{.path = path_normalise(path_join(folder, text("path")))};
         found.bytes = each["bytes"].get<uint64_t>();
         found.sha256 = each["sha256"].get<std::string>();
@@ -45,8 +46,14 @@ bool add_entries(const ordered_json& list, const wide_string& folder, std::vecto
     return true;
 }
 
-// Nothing if it is no manifest of this project. With `all` what is no longer referred to, too.
-std::optional<std::vector<entry>> entries_of(const std::string& text, const wide_string& project, bool all) {
+enum class entries_wanted {
+    referred, // what the new project needs
+    made      // what its resaves have made, also if nothing refers to it any more
+};
+
+// Nothing if it is no manifest of this project. `source` becomes the project that was resaved.
+std::optional<std::vector<entry>> entries_of(const std::string& text, const wide_string& project,
+                                             entries_wanted wanted, wide_string* source = nullptr) {
     const auto manifest = ordered_json::parse(text, nullptr, false);
     const wide_string folder = path_head(project);
     if (!manifest.is_object() || !manifest.contains("files") || !manifest["files"].is_array() ||
@@ -54,9 +61,12 @@ std::optional<std::vector<entry>> entries_of(const std::string& text, const wide
         !path_same(platform::from_utf8(manifest["project"].get<std::string>()), path_file_name(project)))
         return std::nullopt;
     std::vector<entry> entries;
-    if (!add_entries(manifest["files"], folder, entries)) return std::nullopt;
+    const bool all = wanted == entries_wanted::referred;
+    if (!add_entries(manifest["files"], folder, all, entries)) return std::nullopt;
+    if (const auto from = manifest.find("source"); source && from != manifest.end() && from->is_string())
+        *source = platform::from_utf8(from->get<std::string>());
     const auto left = manifest.find("unreferenced");
-    if (all && left != manifest.end() && left->is_array() && !add_entries(*left, folder, entries))
+    if (!all && left != manifest.end() && left->is_array() && !add_entries(*left, folder, all, entries))
         return std::nullopt;
     return entries;
 }
@@ -79,19 +89,39 @@ public:
         : folder_(run.placement.new_folder), below_(path_key(folder_) + u'\\'), earlier_(earlier.disk()),
           is_stopped_(is_stopped) {
         seen_.insert(path_key(run.placement.log_path)); // lines may still be added to it
-        for (const continued_disk::row* each : earlier.unreferenced())
-            if (!each->file->sha256.empty() && !earlier.removes_unreferenced())
-                left_.push_back(json_of(*each->file));
     }
 
     void add_all(const path_placement& placement) {
-        for (const made_file& each : placement.made.files()) add(each.source, each.path);
+        for (const made_file& each : placement.made.files()) {
+            made_.insert(path_key(each.path));
+            add(each.source, each.path, true);
+        }
         for (const placed_file& each : placement.placed)
-            if (!each.old_path.empty()) add(each.old_path, each.new_path);
+            if (!each.old_path.empty())
+                add(each.old_path, each.new_path, made_.contains(path_key(each.new_path)));
     }
 
-    platform::outcome write(const wide_string& project, const wide_string& path) const {
-        ordered_json all{{"project", platform::to_utf8(path_file_name(project))}, {"files", files_}};
+    // What earlier runs have made and is still as it was, though the new project does not need it.
+    void add_left(const std::vector<earlier_file>& left) {
+        if (left.empty()) return;
+        const platform::system_override in_force(earlier_->below()); // this one does not show them
+        for (entry file : left) {
+            if (is_stopped_() || !seen_.insert(path_key(file.path)).second) continue;
+            if (file.sha256.empty()) {
+                file_digest digest;
+                if (!read_digest(file.path, is_stopped_, digest)) continue;
+                file.bytes = digest.bytes, file.sha256 = digest.sha256;
+                file.modified = platform::current_system().status_of(file.path).modified;
+            }
+            left_.push_back(json_of(file));
+        }
+    }
+
+    platform::outcome write(const run_state& run, const wide_string& path) const {
+        const path_placement& placement = run.placement;
+        ordered_json all{{"project", platform::to_utf8(path_file_name(placement.new_project_path))}};
+        all["source"] = platform::to_utf8(placement.source_project_path);
+        all["files"] = files_;
         if (!left_.empty()) all["unreferenced"] = left_;
         const std::string text = all.dump(2) + '\n';
         std::string older;
@@ -103,13 +133,12 @@ public:
     std::vector<problem> unread;
 
 private:
-    void add(const wide_string& source, const wide_string& path) {
+    void add(const wide_string& source, const wide_string& path, bool is_made) {
         if (is_stopped_() || !seen_.insert(path_key(path)).second || !path_key(path).starts_with(below_))
             return;
-        const entry_kind kind = platform::current_system().kind_of(path);
-        if (kind == entry_kind::folder) return add_folder(source, path);
-        if (kind == entry_kind::none) return; // a copy that failed is a problem already
         const platform::entry_status status = platform::current_system().status_of(path);
+        if (status.kind == entry_kind::folder) return add_folder(source, path, is_made);
+        if (status.kind == entry_kind::none) return; // a copy that failed is a problem already
         entry made{.path = path, .source = source, .bytes = status.bytes, .modified = status.modified};
         const earlier_file* const kept = earlier_ ? earlier_->kept_file(path) : nullptr;
         if (kept && !kept->sha256.empty()) {
@@ -123,6 +152,7 @@ private:
             made.bytes = digest.bytes, made.sha256 = digest.sha256;
         }
         files_.push_back(json_of(made));
+        if (!kept && !is_made) files_.back()["existed"] = true; // somebody else made it
     }
 
     ordered_json json_of(const entry& file) const {
@@ -134,16 +164,16 @@ private:
         return all;
     }
 
-    void add_folder(const wide_string& source, const wide_string& path) {
+    void add_folder(const wide_string& source, const wide_string& path, bool is_made) {
         const wide_string from = path_with_separator(source);
         for (const auto& each : platform::list_tree(platform::current_system(), from))
-            if (!each.is_folder) add(each.path, path_join(path, path_relative(from, each.path)));
+            if (!each.is_folder) add(each.path, path_join(path, path_relative(from, each.path)), is_made);
     }
 
     const wide_string folder_, below_;
-    const continued_disk* const earlier_; // may be null
+    continued_disk* const earlier_; // may be null
     const std::function<bool()>& is_stopped_;
-    std::unordered_set<wide_string> seen_; // path keys
+    std::unordered_set<wide_string> seen_, made_; // path keys
     ordered_json files_ = ordered_json::array(), left_ = ordered_json::array();
 };
 
@@ -151,8 +181,8 @@ private:
 bool is_in_the_way(run_state& run, const wide_string& path) {
     if (run.guard.protects(path) || run.placement.made.is_copy(path)) return true;
     std::string text;
-    return path_exists(path) &&
-           (!read_text(path, text) || !entries_of(text, run.placement.new_project_path, false));
+    return path_exists(path) && (!read_text(path, text) ||
+                                 !entries_of(text, run.placement.new_project_path, entries_wanted::referred));
 }
 
 const char* difference_of(const entry& wanted, const std::function<bool()>& is_stopped,
@@ -180,19 +210,21 @@ std::vector<problem> write_manifest(run_state& run, continuation& earlier,
         return {{own_kind::not_created, {}, {}, path, u"another file has this name"}};
     manifest_writer writer(run, earlier, is_stopped);
     writer.add_all(run.placement);
+    writer.add_left(earlier.left());
     if (is_stopped()) return {{own_kind::not_created, {}, {}, path, u"interrupted"}};
-    if (const platform::outcome written = writer.write(project, path); !written)
+    if (const platform::outcome written = writer.write(run, path); !written)
         writer.unread.push_back({own_kind::not_created, {}, {}, path, written.text()});
     return std::move(writer.unread);
 }
 
-std::optional<refusal> read_manifest(const wide_string& project, std::vector<earlier_file>& files) {
+std::optional<refusal> read_manifest(const wide_string& project, std::vector<earlier_file>& files,
+                                     wide_string* source) {
     const wide_string path = manifest_path(project);
     if (!path_exists(path)) return std::nullopt;
     std::string text;
     if (const platform::outcome read = read_text(path, text); !read)
         return refusal{wrong_use, {{own_kind::unreadable, {}, path, {}, read.text()}}};
-    auto entries = entries_of(text, project, true);
+    auto entries = entries_of(text, project, entries_wanted::made, source);
     if (!entries) return refused(path, say("is no manifest of this project"));
     files = std::move(*entries);
     return std::nullopt;
@@ -205,7 +237,7 @@ std::optional<refusal> compare_with_manifest(const wide_string& project,
     std::string text;
     if (const platform::outcome read = read_text(path, text); !read)
         return refusal{wrong_use, {{own_kind::unreadable, {}, path, {}, read.text()}}};
-    const auto entries = entries_of(text, project, false);
+    const auto entries = entries_of(text, project, entries_wanted::referred);
     if (!entries) return refused(path, say("is no manifest of this project"));
     uint64_t bytes = 0;
     for (const entry& each : *entries) bytes += each.bytes;

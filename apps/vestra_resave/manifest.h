@@ -19,13 +19,15 @@ wide_string manifest_path(const wide_string& project);
 
 // Writes the manifest of a project that the run has just saved; one that exists is replaced, any other file
 // of the name is not. A copied file is entered as its source is now, read once more; what the run wrote
-// itself as it was written, and the log not at all. What an earlier run left and nothing refers to is named
-// apart. Returns what could not be read or written; after a stop nothing is written.
+// itself as it was written, and the log not at all; what was there before is marked. What an earlier run left
+// and nothing refers to is named apart. Returns what could not be read or written; after a stop nothing is
+// written.
 std::vector<problem> write_manifest(vs::project_resave::run_state& run, continuation& earlier,
                                     const std::function<bool()>& is_stopped);
-// Sets `files` to what the manifest of a project names; they stay empty if there is none. Returns why one
-// that exists is of no use.
-std::optional<refusal> read_manifest(const wide_string& project, std::vector<earlier_file>& files);
+// Sets `files` to what resaves of a project have made, by its manifest, and `source`, unless it is null, to
+// the project that was resaved; both stay empty if there is none. Returns why one that exists is of no use.
+std::optional<refusal> read_manifest(const wide_string& project, std::vector<earlier_file>& files,
+                                     wide_string* source = nullptr);
 
 // Adds to what was found each file of the manifest that is missing or no longer as it was entered. Returns
 // why there is nothing to compare with, if the manifest could not be read.

@@ -1,10 +1,6 @@
 #include "apps/vestra_resave/output_file.h"
 
-#include <algorithm>
-#include <unordered_set>
-
-#include "apps/vestra_resave/data_set_files.h"
-#include "apps/vestra_resave/folder_files.h"
+#include "apps/vestra_resave/referred_files.h"
 #include "apps/vestra_resave/words.h"
 #include "operations/project_context.h"
 #include "operations/run/path_files.h"
@@ -48,37 +44,12 @@ std::optional<refusal> refuse_output(const std::string& typed) {
     return std::nullopt;
 }
 
-namespace {
-
-// True if a file exists at the path that, under some name, begins with the stem of a source file next to it,
-// or is read by one. The guard knows only the names of usual companions; this asks the disk and the formats.
-bool is_of_data_set(const wide_string& path, const project_context& context) {
-    platform::system& disk = platform::current_system();
-    const platform::file_identity asked = disk.identity_of(path);
-    if (!asked) return false;
-    const auto is_asked = [&](const wide_string& other) { return disk.identity_of(other) == asked; };
-    listed_folders folders;
-    std::unordered_set<wide_string> seen;
-    for (const wide_string& source : context.sizes.known_paths()) {
-        if (path_extension(source).starts_with(u"._")) continue; // a file of the host has no companions
-        const wide_string head = path_head(source), stem = path_stem(source);
-        if (seen.insert(path_key(head + stem)).second)
-            for (const wide_string& name : folders.files_of(head).beginning_with(stem))
-                if (is_asked(head + name)) return true;
-        for (const auto& each : virtual_sources(source))
-            if (is_asked(each.path)) return true;
-    }
-    return false;
-}
-
-} // namespace
-
 std::optional<refusal> create_text_file(const wide_string& path, project_context& context) {
     if (is_same_file(path, context.placement.source_project_path))
         return refused(path, say("is the project itself and must not be written over"));
     platform::system& files = platform::current_system();
     if (auto early = protect_project_files({path}, context)) return early;
-    if (is_of_data_set(path, context))
+    if (source_neighbours(context).contain(path))
         return refused(path, say("is a file of the project and must not be written over"));
     std::unique_ptr<platform::file> created;
     const platform::outcome opened =

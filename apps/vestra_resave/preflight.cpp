@@ -102,12 +102,18 @@ platform::outcome try_name(const wide_string& folder, const wide_string& name) {
     std::unique_ptr<platform::file> file;
     platform::outcome created = platform::current_system().open(path, platform::access::read_write,
                                                                 platform::disposition::create_new, file);
-    if (created.is(platform::failure::taken)) return {};
+    if (created.is(platform::failure::taken)) {
+        const platform::entry_status left = platform::current_system().status_of(path); // by a killed run
+        if (left.kind == platform::entry_kind::file && left.bytes == 0)
+            platform::current_system().delete_file(path);
+        return {};
+    }
     if (!created) return created;
     created = file->close();
     file.reset();
     const platform::outcome removed = platform::current_system().delete_file(path);
-    return created ? removed : created;
+    if (!created || removed.is(platform::failure::missing)) return created; // another run has removed it
+    return removed;
 }
 
 // What one set of files and its companions take on the disk, each file once.

@@ -54,6 +54,7 @@ constexpr kind_words all_kinds[] = {
     {own_kind::unportable_name, "has a name that a Windows disk does not take"},
     {own_kind::interrupted, "interrupted"},
     {own_kind::unreferenced, "is no longer referred to"},
+    {own_kind::stale, "is left from an earlier resave and would be read with %1; --prune removes it"},
     {own_kind::pruned, "was no longer referred to, and has been removed"},
     {own_kind::changed_since, "was changed since the earlier resave, and stays as it is"},
     {own_kind::found, "was found at %1"},

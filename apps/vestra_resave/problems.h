@@ -30,7 +30,8 @@ inline constexpr const char* unportable_name = "unportable_name"; // a copy that
 inline constexpr const char* interrupted = "interrupted";
 // What became of files of an earlier resave.
 inline constexpr const char* unreferenced = "unreferenced"; // nothing refers to it any more
-inline constexpr const char* pruned = "pruned";             // the same, and it was removed
+inline constexpr const char* stale = "stale";   // the same, but it lies beside a copy that is read with it
+inline constexpr const char* pruned = "pruned"; // the same, and it was removed
 inline constexpr const char* changed_since = "changed_since";
 inline constexpr const char* found = "found";               // a lost file, somewhere else
 inline constexpr const char* not_searched = "not_searched"; // a folder below one to be searched

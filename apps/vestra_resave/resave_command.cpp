@@ -137,7 +137,7 @@ ended_run run(session& host, const resave_request& request, continuation& earlie
         std::ranges::move(take_back(missing), std::back_inserter(early.problems));
         return {std::move(early), {}, {}};
     }
-    earlier.put_in_force(context, trial);
+    earlier.put_in_force(context, source, trial);
     auto early = refuse_target(folder, request, context, source);
     if (!early) early = earlier.begin_journal();
     if (early) {
@@ -187,13 +187,13 @@ ended_resave resave_in(session& host, const resave_request& request, trial_disk*
     search.explain(report.problems);
     wide_string target = as_on_disk(host.context().placement.new_project_path);
     const auto is_written = [&] { return report.exit == done || report.exit == problems; };
+    earlier.end_files(host.context(), report);
     if (is_written() && !trial && (request.manifest || earlier.has_manifest())) {
         const shown_transfer shown(host.screen(), summary_of(report).bytes, summing_caption());
         for (const problem& each :
              write_manifest(host.context(), earlier, [&] { return host.interrupted(); }))
             add(report, each);
     }
-    earlier.end_files(host.context(), report);
     std::optional<resave_plan> plan;
     if (trial) plan = plan_of(host.context(), *trial, report);
     if (is_written()) add_shortfalls(host, *ended.source, request, report);

@@ -35,12 +35,19 @@ using nlohmann::ordered_json;
 namespace {
 
 // After a stop what was made may have been erased again.
+void add_existing(const wide_string& source, const wide_string& target, std::vector<copied_file>& files) {
+    const platform::entry_status found = platform::current_system().status_of(target);
+    if (found.kind == platform::entry_kind::none) return;
+    files.push_back(
+        {source, target, found.kind == platform::entry_kind::folder ? bytes_of(target) : found.bytes});
+}
+
 std::vector<copied_file> copies_of(const path_placement& placement,
                                    const std::unordered_set<wide_string>& failed) {
     std::vector<copied_file> files;
     for (const placed_file& file : placement.placed)
-        if (!file.old_path.empty() && path_exists(file.new_path) && !failed.contains(path_key(file.new_path)))
-            files.push_back({file.old_path, file.new_path, bytes_of(file.new_path)});
+        if (!file.old_path.empty() && !failed.contains(path_key(file.new_path)))
+            add_existing(file.old_path, file.new_path, files);
     return files;
 }
 
@@ -110,8 +117,7 @@ resave_report report_of(const run_state& run, const run_result& result, std::vec
     const std::unordered_set<wide_string> failed = unwritten_keys(report.problems);
     report.files = copies_of(run.placement, failed);
     for (const made_file& made : run.placement.made.files())
-        if (!made.source.empty() && path_exists(made.path))
-            report.copies.push_back({made.source, made.path, bytes_of(made.path)});
+        if (!made.source.empty()) add_existing(made.source, made.path, report.copies);
     const wide_string& project = run.placement.new_project_path;
     // The run asks only whether a project of that name exists, which can be an older one.
     const bool saved = result.written && !failed.contains(path_key(project));

@@ -50,7 +50,6 @@ public:
     platform::outcome open(const wide_string& path, platform::access wanted, platform::disposition how,
                            std::unique_ptr<platform::file>& result) override;
     void pause_1ms() override { real_->pause_1ms(); }
-    int64_t creation_time(const wide_string& path) override { return real_->creation_time(path); }
     platform::outcome flush(const wide_string&) override { return {}; }
     platform::outcome flush_volume(const wide_string&) override { return {}; }
     // On the real disk; of a folder that is not there yet on the volume where it would be.

@@ -121,15 +121,15 @@ public:
     }
 
     file_identity identity_of(const wide_string& path) override {
-        struct stat found {
-        }, entry{};
-        const bool exists = bool(mapped_volumes().status(path, found));
-        const native_answer native = mapped_volumes().native(path, exists);
-        const bool is_link = native && lstat(native.path.c_str(), &entry) == 0 && S_ISLNK(entry.st_mode);
-        if (!exists) return {0, 0, is_link ? 2U : 0U};
+        const native_answer native = mapped_volumes().native(path, false);
+        struct stat found {};
+        if (!native || ::lstat(native.path.c_str(), &found) != 0) return {};
+        const bool is_link = S_ISLNK(found.st_mode);
+        if (is_link && ::stat(native.path.c_str(), &found) != 0) return {0, 0, 2U, true};
         // A folder is named by its sub-folders, too.
-        const bool has_names = is_link || (!S_ISDIR(found.st_mode) && found.st_nlink > 1);
-        return {found.st_dev, found.st_ino, has_names ? 2U : 1U};
+        const bool is_folder = S_ISDIR(found.st_mode);
+        const bool has_names = is_link || (!is_folder && found.st_nlink > 1);
+        return {found.st_dev, found.st_ino, has_names ? 2U : 1U, is_link, is_folder};
     }
 
     outcome rename_over(const wide_string& from, const wide_string& to) override {
@@ -150,14 +150,6 @@ public:
         if (::statvfs(native.path.c_str(), &status) != 0) return outcome::last();
         bytes = static_cast<uint64_t>(status.f_bavail) * status.f_frsize;
         return {};
-    }
-
-    int64_t creation_time(const wide_string& path) override {
-        const auto native = existing(path);
-        struct statx found {};
-        const bool is_known = native && ::statx(AT_FDCWD, native.path.c_str(), 0, STATX_BTIME, &found) == 0 &&
-                              (found.stx_mask & STATX_BTIME) != 0;
-        return is_known ? nanoseconds(found.stx_btime) : 0;
     }
 
     outcome flush(const wide_string& path) override {

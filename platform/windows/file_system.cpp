@@ -131,9 +131,10 @@ public:
         const DWORD attributes = GetFileAttributesW(wide(system_path(path).c_str()));
         const bool is_link =
             attributes != INVALID_FILE_ATTRIBUTES && (attributes & FILE_ATTRIBUTE_REPARSE_POINT) != 0;
-        if (!information_of(path, found)) return {0, 0, is_link ? 2U : 0U};
+        if (!information_of(path, found)) return {0, 0, is_link ? 2U : 0U, is_link};
         const uint64_t number = (uint64_t{found.nFileIndexHigh} << 32) | found.nFileIndexLow;
-        return {found.dwVolumeSerialNumber, number, is_link || found.nNumberOfLinks > 1 ? 2U : 1U};
+        return {found.dwVolumeSerialNumber, number, is_link || found.nNumberOfLinks > 1 ? 2U : 1U, is_link,
+                is_folder(found.dwFileAttributes)};
     }
 
     outcome rename_over(const wide_string& from, const wide_string& to) override {
@@ -154,11 +155,6 @@ public:
             return outcome_at(native, false);
         bytes = available.QuadPart;
         return {};
-    }
-
-    int64_t creation_time(const wide_string& path) override {
-        WIN32_FILE_ATTRIBUTE_DATA data{};
-        return attributes_of(path, data) ? nanoseconds(data.ftCreationTime) : 0;
     }
 
     // Names are kept by the file system's own log.

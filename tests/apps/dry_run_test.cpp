@@ -164,6 +164,11 @@ TEST_P(dry_run_of_sample, without_what_no_rule_carries_nothing_is_left_to_say) {
     EXPECT_TRUE(has_own_folders() || listed == copied + static_cast<size_t>(lines))
         << listed << " " << copied;
     EXPECT_EQ(has_own_folders() ? 1 : 0, command("verify --elsewhere 'N:\\out\\new._vp'")) << out;
+    // Again, with nothing changed and no manifest.
+    for (const string dry : {" --dry-run", ""}) {
+        EXPECT_EQ(has_own_folders() ? 1 : 0, command(all + " --update --overwrite" + dry)) << err;
+        EXPECT_EQ(copied, json::parse(out).at("unchanged").size()) << out;
+    }
 }
 INSTANTIATE_TEST_SUITE_P(structures, dry_run_of_sample,
                          testing::Values("by-type", "from-project-folder", "project-tree-else-type",

@@ -213,5 +213,104 @@ TEST_F(update_command, replaces_nothing_that_somebody_changed_and_resumes_nothin
     EXPECT_EQ(0, command(area + "--update --overwrite")) << err;
 }
 
+// What lies in the folder of a copy and is not the copy's own: one thing after another, each of which a
+// resave made it lose, or made a false picture of.
+TEST_F(update_command, leaves_alone_what_others_have_in_its_folder) {
+    const wide_string first = u"C:\\prj\\data\\a.tif", second = u"C:\\prj\\data\\b.tif",
+                      folder = u"N:\\out\\data\\";
+    const string update = area + "--structure from-project-folder --update ";
+    const auto begin = [&](const string& options = "--manifest --quiet") {
+        remove_tree(u"C:\\prj\\data");
+        rasters_ = {{u"First", first, 0}, {u"Second", second, 0}};
+        for (raster& each : rasters_) write_raster(each);
+        save();
+        EXPECT_EQ(0, command(area + "--structure from-project-folder " + options)) << err;
+    };
+    const auto copies = [&] {
+        tree_state all = state("out");
+        all.erase("new._vp");
+        all.erase("new.manifest.json"); // it holds times
+        return all;
+    };
+    const auto is_kept = [&](const wide_string& path, const string& content) {
+        return path_exists(path) && read(path) == content;
+    };
+
+    // A companion of the same bytes that was there before the first copy.
+    const wide_string world = u"C:\\prj\\data\\a.tfw", world_there = folder + u"a.tfw";
+    const wide_string style = u"C:\\prj\\data\\a.qml", style_there = write(folder + u"a.qml", "style");
+    begin("--quiet --dry-run"); // for the source alone
+    write(style, "style");
+    EXPECT_EQ(0, command(area + "--structure from-project-folder --manifest")) << err;
+    write(style, "another style");
+    EXPECT_EQ(1, command(update)) << err;
+    EXPECT_TRUE(is_told("a.qml: could not be copied")) << err;
+    rasters_.erase(rasters_.begin());
+    save();
+    EXPECT_EQ(0, command(update + "--prune")) << err;
+    EXPECT_FALSE(path_exists(folder + u"a.tif"));
+    EXPECT_TRUE(is_kept(style_there, "style"));
+
+    // Another project in the folder, with a file of its own beside, and one that names a copy.
+    remove_tree(u"N:\\out");
+    begin();
+    const wide_string beside = write(folder + u"a.shp", "of another project");
+    write_raster(rasters_[0]);
+    EXPECT_EQ(0, command(update + "--json")) << err;
+    EXPECT_EQ(2U, json::parse(out).at("changed_since").size()) << out;
+    EXPECT_TRUE(is_kept(world_there, platform::to_utf8(first) + " 1 world"));
+    remove_tree(beside);
+    write(u"N:\\out\\mine._vp", R"(<project version="1"><a file="data/b.tif"/></project>)");
+    rasters_.pop_back();
+    save();
+    EXPECT_EQ(0, command(update + "--prune")) << err;
+    EXPECT_TRUE(path_exists(folder + u"b.tif") && path_exists(folder + u"b.tfw")) << err;
+    EXPECT_TRUE(is_told("something else uses it")) << err;
+
+    // A companion of the copy that its source has no more.
+    remove_tree(u"N:\\out");
+    begin();
+    write_raster(rasters_[0]);
+    remove_tree(world);
+    EXPECT_EQ(1, command(update)) << err;
+    EXPECT_TRUE(is_told("a.tfw: is left from an earlier resave")) << err;
+    EXPECT_EQ(0, command(update + "--prune")) << err;
+    EXPECT_FALSE(path_exists(world_there));
+
+    // A disk that is away for one update, and another project of the same name.
+    remove_tree(u"N:\\out");
+    begin();
+    const tree_state whole = copies();
+    ASSERT_TRUE(platform::current_system().rename_over(first, u"C:\\prj\\away.tif"));
+    EXPECT_EQ(1, command(update + "--prune")) << err;
+    ASSERT_TRUE(platform::current_system().rename_over(u"C:\\prj\\away.tif", first));
+    EXPECT_EQ(0, command(update + "--prune")) << err;
+    EXPECT_EQ("", difference(whole, copies()));
+    builder.save(write(u"C:\\other\\area._vp"));
+    const string other = "resave 'C:\\other\\area._vp'" + to;
+    EXPECT_EQ(2, command(other + "--update --prune")) << err;
+    EXPECT_TRUE(is_told("is a copy of another project: ")) << err;
+    EXPECT_EQ("", difference(whole, copies()));
+
+    // A backup that shares its files, and a plain run over the copy.
+    std::filesystem::create_directories(native("n") / "backup");
+    for (const char* name : {"a.tif", "a.tfw"})
+        std::filesystem::create_hard_link(native("n") / "out/data" / name, native("n") / "backup" / name);
+    const tree_state backup = state("backup");
+    write_raster(rasters_[0]);
+    EXPECT_EQ(0, command(update + "--json")) << err;
+    EXPECT_EQ(2U, json::parse(out).at("replaced").size()) << out;
+    EXPECT_EQ("", difference(backup, state("backup")));
+    EXPECT_EQ(0, command(area + "--overwrite")) << err;
+    EXPECT_EQ(0, command("verify 'N:\\out\\new._vp' --manifest")) << out << err;
+
+    // Scene files that somebody changed.
+    remove_tree(u"N:\\out");
+    begin("--manifest --scene-files --quiet");
+    const wide_string scene = write(u"N:\\out\\Area._sn", "of the user");
+    EXPECT_EQ(1, command(update + "--scene-files")) << err;
+    EXPECT_TRUE(is_kept(scene, "of the user") && is_told("it was changed since the earlier resave")) << err;
+}
+
 } // namespace
 } // namespace vs::project_resave

@@ -42,6 +42,12 @@ protected:
             if (path != "new.manifest.json") all.emplace(path, state.bytes); // it holds times
         return all;
     }
+    void expect_result(const std::map<std::string, std::string>& expected) const {
+        const auto now = result();
+        for (const auto& [path, bytes] : expected)
+            EXPECT_TRUE(now.contains(path) && now.at(path) == bytes) << path;
+        for (const auto& [path, bytes] : now) EXPECT_TRUE(expected.contains(path)) << path;
+    }
     fs::path told_of(const std::string& project) const { return native("n") / "told" / project; }
     static int ended(pid_t child) {
         int status = 0;
@@ -230,10 +236,7 @@ TEST_F(processes, a_killed_run_resumes_to_what_one_whole_run_makes) {
             if (is_killed && !has_journal() && result() == expected) is_killed = false; // behind its end
             ASSERT_TRUE(is_killed || code == 0 || code == 1 || code == -SIGKILL) << code;
         }
-        const auto now = result();
-        for (const auto& [path, bytes] : expected)
-            EXPECT_TRUE(now.contains(path) && now.at(path) == bytes) << path;
-        for (const auto& [path, bytes] : now) EXPECT_TRUE(expected.contains(path)) << path;
+        expect_result(expected);
         ASSERT_EQ("", difference(before, state_of(native("c"))));
     }
     EXPECT_LE(wanted, killed);
@@ -269,10 +272,7 @@ TEST_F(processes, an_update_killed_anywhere_is_finished_by_the_next_one) {
             EXPECT_TRUE(is_old || is_new || old == older_.end() || is_written) << path;
         }
         ASSERT_EQ(0, ended(start("new._vp", "by-type", " --update")));
-        const auto now = result();
-        for (const auto& [path, bytes] : expected)
-            EXPECT_TRUE(now.contains(path) && now.at(path) == bytes) << path;
-        for (const auto& [path, bytes] : now) EXPECT_TRUE(expected.contains(path)) << path;
+        expect_result(expected);
         ASSERT_EQ("", difference(before, state_of(native("c"))));
     }
     EXPECT_LE(wanted, killed);

@@ -198,11 +198,13 @@ bool copy_data_source_files(const wide_string& source, const wide_string& target
             place = path_head(place) + member_name(path_file_name(place), source_stem, target_stem, of_tos);
         if (run.options.lower_case && !of_tos) platform::lower_in_place(place);
         const wide_string placed = run.placement.lookup_placed(member);
+        const bool is_again = !placed.empty() && of_tos && !path_same(placed, place);
+        if (!placed.empty() && !is_again) continue;
         make_folder_of(place, run);
-        if (placed.empty())
-            copy_one(member, place, run);
-        else if (of_tos && !path_same(placed, place))
+        if (is_again)
             copy_again(member, place, run);
+        else
+            copy_one(member, place, run);
     }
     if (source_stem != target_stem) report_foreign_members(source, members, target, run);
     return true;

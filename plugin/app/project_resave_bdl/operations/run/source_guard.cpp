@@ -60,7 +60,7 @@ void source_guard::learn_identity(const wide_string& path) {
     const wide_string folder = path_normalise(path_head(path));
     if (has_own_folder(path))
         learn_folder(folder, files().identity_of(folder));
-    else if (files().kind_of(path) == platform::entry_kind::folder)
+    else if (identity.is_folder)
         learn_folder(path, identity);
 }
 

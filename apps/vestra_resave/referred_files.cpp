@@ -1,0 +1,171 @@
+#include "apps/vestra_resave/referred_files.h"
+
+#include <pugixml.hpp>
+
+#include "apps/vestra_resave/companions.h"
+#include "apps/vestra_resave/data_set_files.h"
+#include "apps/vestra_resave/elements.h"
+#include "apps/vestra_resave/file_content.h"
+#include "apps/vestra_resave/folder_files.h"
+#include "operations/project_context.h"
+#include "operations/run/path_files.h"
+#include "platform/path_text.h"
+#include "platform/text.h"
+
+namespace vestra::command {
+
+using namespace vs::project_resave;
+using platform::entry_kind;
+
+namespace {
+
+class referred_collector {
+public:
+    explicit referred_collector(const wide_string& project)
+        : below_(path_key(path_head(project)) + u'\\'),
+          saved_(platform::current_system().status_of(project).modified) {}
+
+    void add_all(project_context& context) {
+        for (const wide_string& path : context.sizes.known_paths())
+            if (!path_same(path, context.placement.source_project_path)) add_data_set(path);
+        add_elements(elements_of(context)); // joined tables are known to the elements alone
+    }
+
+    std::vector<earlier_file> files;
+
+private:
+    void add(const wide_string& path) {
+        const wide_string key = path_key(path);
+        if (!key.starts_with(below_) || !seen_.insert(key).second) return;
+        const bool is_written = path_extension(path).starts_with(u"._") &&
+                                platform::current_system().status_of(path).modified <= saved_;
+        files.push_back({.path = path, .state = is_written ? made_state::writing : made_state::referred});
+    }
+
+    void add_elements(const std::vector<element>& elements) {
+        for (const element& each : elements) {
+            if (each.exists.value_or(false)) add_data_set(path_in(each.file).value());
+            add_elements(each.children);
+        }
+    }
+
+    void add_data_set(const wide_string& path) {
+        if (platform::current_system().kind_of(path) != entry_kind::folder) return add_family(path);
+        for (const auto& each : platform::list_tree(platform::current_system(), path))
+            if (!each.is_folder) add(each.path);
+    }
+
+    void add_family(const wide_string& path) {
+        add(path);
+        for (const wide_string& name : family_of(path, folders_.files_of(path_head(path))))
+            add(path_head(path) + name);
+    }
+
+    const wide_string below_;
+    const int64_t saved_;                  // when the project was
+    std::unordered_set<wide_string> seen_; // path keys
+    listed_folders folders_;
+};
+
+// The name that all files of a data set begin with.
+wide_string first_name(const wide_string& path) {
+    const wide_string name = path_file_name(path);
+    return name.substr(0, name.find(u'.'));
+}
+
+} // namespace
+
+std::vector<earlier_file> referred_files(project_context& context, const wide_string& project) {
+    referred_collector found(project);
+    found.add_all(context);
+    return std::move(found.files);
+}
+
+void source_neighbours::learn() {
+    is_learned_ = true;
+    platform::system& disk = platform::current_system();
+    listed_folders folders;
+    std::unordered_set<wide_string> seen;
+    for (const wide_string& source : context_.sizes.known_paths()) {
+        if (path_extension(source).starts_with(u"._")) continue; // a file of the host has no companions
+        const wide_string head = path_head(source), stem = path_stem(source);
+        if (seen.insert(path_key(head + stem)).second)
+            for (const wide_string& name : folders.files_of(head).beginning_with(stem))
+                identities_.insert(disk.identity_of(head + name));
+        for (const auto& each : virtual_sources(source)) identities_.insert(disk.identity_of(each.path));
+    }
+}
+
+bool source_neighbours::contain(const wide_string& path) {
+    const platform::file_identity asked = platform::current_system().identity_of(path);
+    if (!asked) return false;
+    if (!is_learned_) learn();
+    return identities_.contains(asked);
+}
+
+other_users::other_users(project_context& context, const wide_string& project,
+                         const std::vector<wide_string>& going)
+    : context_(context), neighbours_(context) {
+    std::unordered_set<wide_string> own{path_key(project)};
+    for (const wide_string& path : going) own.insert(path_key(path));
+    for (const made_file& each : context.placement.made.files()) own.insert(path_key(each.path));
+    for (const auto& each : platform::list_tree(platform::current_system(), path_head(project)))
+        if (path_extension(each.path).starts_with(u"._") && !own.contains(path_key(each.path)))
+            add_names_in(each.path);
+}
+
+// Whatever the file says, in any of its texts: a name that is taken for one costs nothing.
+void other_users::add_names_in(const wide_string& path) {
+    std::string text;
+    pugi::xml_document document;
+    if (!read_text(path, text) || !document.load_buffer(text.data(), text.size())) return;
+    struct : pugi::xml_tree_walker {
+        bool for_each(pugi::xml_node& node) override {
+            take(node.value());
+            for (const pugi::xml_attribute attribute : node.attributes()) take(attribute.value());
+            return true;
+        }
+        void take(std::string_view value) {
+            if (value.find_first_of("\\/.") != std::string_view::npos)
+                names->insert(platform::folded(first_name(platform::from_utf8(value))));
+        }
+        std::unordered_set<wide_string>* names = nullptr;
+    } walker;
+    walker.names = &named_;
+    document.traverse(walker);
+}
+
+placed_copies::placed_copies(const placed_files& placed) {
+    for (const placed_file& each : placed) {
+        const wide_string& path = each.new_path;
+        if (each.old_path.empty() || path_extension(path).starts_with(u"._")) continue;
+        for (const wide_string& name : {path_file_name(path), path_stem(path)})
+            by_name_.try_emplace(path_key(path_head(path) + name), &path);
+        by_projection_.try_emplace(path_key(projection_file_name(path)), &path);
+    }
+}
+
+const wide_string* placed_copies::read_with(const wide_string& path) const {
+    const auto find = [](const auto& all, const wide_string& key) {
+        const auto row = all.find(key);
+        return row == all.end() ? nullptr : row->second;
+    };
+    if (const wide_string* const found = find(by_projection_, path_key(path))) return found;
+    const wide_string head = path_head(path), name = path_file_name(path);
+    for (size_t dot = name.find(u'.'); dot != wide_string::npos; dot = name.find(u'.', dot + 1)) {
+        const wide_string* const found = find(by_name_, path_key(head + name.substr(0, dot)));
+        if (!found) continue;
+        const wide_string rest = platform::folded(name.substr(dot + 1));
+        if (is_known_companion(rest)) return found;
+        for (const wide_string& ending : world_endings(path_extension(*found)))
+            if (rest == ending) return found;
+    }
+    return nullptr;
+}
+
+bool other_users::need(const wide_string& path) {
+    return named_.contains(platform::folded(first_name(path))) || context_.guard.protects(path) ||
+           neighbours_.contain(path);
+}
+
+} // namespace vestra::command
