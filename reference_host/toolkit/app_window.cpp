@@ -54,9 +54,7 @@ app_window::~app_window() { call<&docker_impl::set_parent>(content_.get(), ident
 
 element app_window::content() const { return cast_to<element_impl>(content_.get()); }
 
-element app_window::button_box() const {
-    return call<&custom_app_service_impl::button_box>(service_.get());
-}
+element app_window::button_box() const { return call<&custom_app_service_impl::button_box>(service_.get()); }
 
 element_view app_window::look() const {
     element_view view = look_at(content());
