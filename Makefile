@@ -1,5 +1,7 @@
 # make              installs missing packages, builds into build/
 # make test         builds with the sanitizers into build-sanitize/ and runs every test
+# make window-test  goes through the window on a screen of its own, with the build of make test
+# make screenshots  the same, and keeps what it shows in docs/images
 # make windows      builds the Windows library, its host and the command line into build-windows/bin/
 # make windows-test runs every test of that build under Wine
 # make demo         lists the sample project and resaves it under each structure into build/demo/
@@ -11,7 +13,7 @@
 
 SHELL := /bin/bash
 
-.PHONY: all packages test demo bench torture check format clean windows windows-test
+.PHONY: all packages test window-test screenshots demo bench torture check format clean windows windows-test
 
 all: packages
 	@cmake --preset release >/dev/null
@@ -24,6 +26,16 @@ test: packages
 	@cmake --preset sanitize >/dev/null
 	@cmake --build --preset sanitize
 	@ctest --preset sanitize
+
+window-test: packages
+	@cmake --preset sanitize >/dev/null
+	@cmake --build --preset sanitize --target test_window vestra-resave-window vestra-resave
+	@tools/window_tour build-sanitize/bin/test_window
+
+screenshots: packages
+	@cmake --preset debug >/dev/null
+	@cmake --build --preset debug --target test_window vestra-resave-window vestra-resave
+	@tools/window_tour build-debug/bin/test_window docs/images
 
 windows:
 	@tools/install_windows_packages build-windows/packages

@@ -12,6 +12,7 @@
 #include "apps/vestra_resave/selection.h"
 #include "apps/vestra_resave/session.h"
 #include "apps/vestra_resave/terminal_host.h"
+#include "apps/vestra_resave/verification.h"
 #include "operations/run_settings.h"
 
 namespace vestra::command {
@@ -31,6 +32,15 @@ struct verify_request {
     bool manifest = false;  // compare the files with the manifest
 };
 int verify_project(const verify_request& request, const common_options& options);
+// The same without a word of it.
+struct ended_verify {
+    std::optional<refusal> early; // why there was nothing to look at; the rest is empty then
+    verification found;
+    std::vector<problem> problems; // what the load found beside that
+    const char* outcome = "";      // "stands alone", "does not stand alone", "stopped"
+};
+ended_verify verify_in(session& host, const verify_request& request);
+std::string closing_line(const ended_verify& ended);
 
 // check-case: which paths of a project differ from the disk's in letter case. `report` may be "-", too.
 int check_case(const std::string& project, const std::string& report, const common_options& options);

@@ -12,6 +12,7 @@
 #include "reference_host/files/files.h"
 #include "reference_host/model/project.h"
 #include "reference_host/shell/front_end.h"
+#include "reference_host/toolkit/app_window.h"
 
 namespace vestra::command {
 

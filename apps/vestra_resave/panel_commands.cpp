@@ -68,7 +68,7 @@ const element_view* layout_of(const element_view& root, const element_view& page
 
 } // namespace
 
-panel_commands::panel_commands(app_window& window, std::function<void(const std::string&)> print)
+panel_commands::panel_commands(shown_window& window, std::function<void(const std::string&)> print)
     : window_(window), print_(std::move(print)) {
     look();
 }
@@ -139,13 +139,14 @@ void panel_commands::set(const std::string& words) {
     const std::string before = described(view_);
     bool is_taken = false;
     if (element->kind == u"file_input") {
-        is_taken = enter_text(*element, platform::drive_path(text));
+        is_taken = window_.enter_text(*element, platform::drive_path(text));
     } else {
         const wide_string choice = platform::from_utf8(text);
         const auto& rows = element->choices;
         const auto row = std::ranges::find_if(
             rows, [&](const wide_string& each) { return platform::compare_no_case(each, choice) == 0; });
-        is_taken = row != rows.end() && choose(*element, static_cast<std::uint32_t>(row - rows.begin()));
+        is_taken =
+            row != rows.end() && window_.choose(*element, static_cast<std::uint32_t>(row - rows.begin()));
     }
     const std::string refusal = element->choices.empty() ? say("%1 rejected this value", {element->name})
                                                          : say("%1 rejected this value; there are: %2",
@@ -156,7 +157,7 @@ void panel_commands::set(const std::string& words) {
 
 bool panel_commands::set_first_field(const std::string& path) {
     const element_view* field = find(view_, u"file_input");
-    const bool is_taken = field && enter_text(*field, platform::drive_path(path));
+    const bool is_taken = field && window_.enter_text(*field, platform::drive_path(path));
     look();
     return is_taken;
 }
@@ -168,14 +169,14 @@ void panel_commands::check(const std::string& words) {
     const element_view* outline = nullptr;
     if (const row_view* row = find_row(view_, unquoted(name), outline)) {
         if (!is_within_reach(view_, *outline)) return refuse(say("%1 is disabled", {outline->name}));
-        check_row(*outline, *row, on);
+        window_.check_row(*outline, *row, on);
         return print_changes(before);
     }
     const element_view* box =
         wanted(unquoted(name), [](const element_view& view) { return is_box(view) || has_rows(view); });
     if (!box) return;
     if (has_rows(*box)) return refuse(say("a row is expected, such as %1/1", {box->name}));
-    if (!set_check(*box, on))
+    if (!window_.set_check(*box, on))
         return refuse(say("%1 goes off when another radio button goes on", {box->name}));
     print_changes(before);
 }
@@ -188,9 +189,9 @@ void panel_commands::press(const std::string& name) {
     if (!button) return;
     const std::string before = described(view_);
     if (button->kind == u"tool")
-        click_tool(*button);
+        window_.click_tool(*button);
     else
-        click(*button);
+        window_.click(*button);
     print_changes(before);
 }
 
@@ -200,7 +201,7 @@ void panel_commands::press_window_button(std::int32_t code) {
     if (!box || std::ranges::none_of(box->buttons, has_code))
         return refuse(say("the window has no button %1", {std::to_string(code)}));
     const std::string before = described(view_);
-    is_over_ = toolkit::press(*box, code);
+    is_over_ = window_.press(*box, code);
     print_changes(before);
 }
 
@@ -210,7 +211,7 @@ void panel_commands::tab(const std::string& name) {
     std::uint32_t index = 0;
     const element_view* layout = layout_of(view_, *page, index);
     const std::string before = described(view_);
-    choose(*layout, index);
+    window_.choose(*layout, index);
     print_changes(before);
 }
 
@@ -223,7 +224,7 @@ void panel_commands::highlight(const std::string& words) {
         return refuse(say("no such row: \"%1\"; rows are below:%2", {path, names_of(view_, &has_rows)}));
     if (!is_within_reach(view_, *outline)) return refuse(say("%1 is disabled", {outline->name}));
     const std::string before = described(view_);
-    highlight_row(*outline, *row, on);
+    window_.highlight_row(*outline, *row, on);
     print_changes(before);
 }
 

@@ -5,14 +5,14 @@
 #include <string>
 #include <string_view>
 
-#include "reference_host/toolkit/app_window.h"
+#include "reference_host/toolkit/shown_window.h"
 
 namespace vestra::command {
 
 class panel_commands {
 public:
     // `print` gets whole lines, in UTF-8. The window must outlive this.
-    panel_commands(toolkit::app_window& window, std::function<void(const std::string& lines)> print);
+    panel_commands(toolkit::shown_window& window, std::function<void(const std::string& lines)> print);
 
     // Does what the line says, and prints the lines of the window that are new by it; or what is wrong with
     // the line, and what there is instead.
@@ -50,7 +50,7 @@ private:
     void press_window_button(std::int32_t code);
     void print_changes(const std::string& before);
 
-    toolkit::app_window& window_;
+    toolkit::shown_window& window_;
     const std::function<void(const std::string&)> print_;
     toolkit::element_view view_; // as it is after the last event
     bool is_over_ = false;

@@ -273,6 +273,14 @@ std::string holder_of(const problem& found) {
 
 } // namespace
 
+std::string what_of(const problem& found) {
+    const auto* const row = std::ranges::find(all_kinds, found.kind, &kind_words::name);
+    // What the system does not show may well be there.
+    if (found.kind == name_of(fact_kind::source_lost) && !found.reason.empty() && found.candidates.empty())
+        return say("cannot be reached");
+    return say(row->text, {printed(found.new_path)});
+}
+
 std::string line_of(const problem& found) {
     const std::string reason = one_line(platform::from_utf8(say_known(to_utf8(found.reason))));
     if (found.kind == own_kind::refused)
@@ -280,15 +288,11 @@ std::string line_of(const problem& found) {
     const auto* const row = std::ranges::find(all_kinds, found.kind, &kind_words::name);
     const std::string new_path = printed(found.new_path);
     const bool names_new_path = say(row->text).find("%1") != std::string::npos;
-    std::string what = say(row->text, {new_path});
-    // What the system does not show may well be there.
-    if (found.kind == name_of(fact_kind::source_lost) && !reason.empty() && found.candidates.empty())
-        what = say("cannot be reached");
     const std::string about = found.new_path.empty() || names_new_path ? printed(found.path) : new_path;
     const std::string holder = holder_of(found);
     // What has no file is named by its element.
     std::string line = about.empty() ? holder : about;
-    line += (line.empty() ? "" : ": ") + what;
+    line += (line.empty() ? "" : ": ") + what_of(found);
     if (!reason.empty()) line += ": " + reason;
     return about.empty() || holder.empty() ? line : line + " (" + holder + ")";
 }

@@ -122,6 +122,8 @@ nlohmann::ordered_json json_of_found(const std::vector<problem>& all);
 // Prints each as a line on the error output, in order. Ten stand for more than twenty problems of one kind
 // and one reason, and one for all that a full disk took; what follows them tells how many more there are.
 void print(const std::vector<problem>& all);
+// What failed, as it follows the path: "could not be copied to N:\a.shp".
+std::string what_of(const problem& found);
 // One line without the name of the program: "C:\a.shp: could not be copied to N:\a.shp: No space left".
 std::string line_of(const problem& found);
 

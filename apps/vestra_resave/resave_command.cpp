@@ -88,14 +88,14 @@ std::optional<refusal> refuse_paths(const wide_string& source, const wide_string
 }
 
 // Loads the project and leaves out what is not wanted.
-std::optional<refusal> prepare(session& host, const resave_request& request, const common_options& options,
-                               continuation& earlier, const wide_string& target) {
+std::optional<refusal> prepare(session& host, const resave_request& request, continuation& earlier,
+                               const wide_string& target) {
     const wide_string source = platform::drive_path(request.project);
     if (auto early = refuse_paths(source, target, request)) return early;
     if (auto early = earlier.find(host)) return early;
     if (path_exists(target) && !request.overwrite && !earlier.may_replace_project())
         return refused(target, say("exists; with --overwrite it is replaced"));
-    if (auto early = host.load(source, !options.quiet, request.load_log)) return early;
+    if (auto early = host.load(source, true, request.load_log)) return early;
     project_context& context = host.context();
     const std::vector<element> elements = elements_of(context);
     refusal early;
@@ -124,10 +124,9 @@ run_result resave_shown(session& host, const resave_settings& settings, bool cop
     return context.resave_project(settings);
 }
 
-ended_run run(session& host, const resave_request& request, const common_options& options,
-              continuation& earlier, trial_disk* trial) {
+ended_run run(session& host, const resave_request& request, continuation& earlier, trial_disk* trial) {
     const wide_string target = platform::drive_path(request.new_project);
-    if (auto early = prepare(host, request, options, earlier, target)) return {std::move(early), {}, {}};
+    if (auto early = prepare(host, request, earlier, target)) return {std::move(early), {}, {}};
     project_context& context = host.context();
     source_elements source(context);
 
@@ -168,18 +167,26 @@ ended_run run(session& host, const resave_request& request, const common_options
     return {std::nullopt, report_of(context, result, std::move(problems)), std::move(source), missing};
 }
 
-// The run with all that is said of it; on a trial disk if there is one.
-int resave(session& host, const resave_request& request, const common_options& options, trial_disk* trial) {
+} // namespace
+
+std::optional<refusal> refuse_trial() {
+    resave_entity_services copying;
+    collect_resave_entity_services(copying);
+    if (copying.empty()) return std::nullopt;
+    return refused({}, say("--dry-run cannot be combined with a --bundle that copies its own files"));
+}
+
+ended_resave resave_in(session& host, const resave_request& request, trial_disk* trial) {
     lost_file_search search;
-    if (const auto early = search.begin(request.search)) return end_with(*early, options);
+    if (auto early = search.begin(request.search)) return {std::move(early), {}, {}, {}};
     continuation earlier(request, platform::drive_path(request.project),
                          platform::drive_path(request.new_project));
-    ended_run ended = run(host, request, options, earlier, trial);
-    if (ended.early) return end_with(*ended.early, options);
+    ended_run ended = run(host, request, earlier, trial);
+    if (ended.early) return {std::move(ended.early), {}, {}, {}};
     resave_report& report = ended.report;
     search.end();
     search.explain(report.problems);
-    const wide_string target = as_on_disk(host.context().placement.new_project_path);
+    wide_string target = as_on_disk(host.context().placement.new_project_path);
     const auto is_written = [&] { return report.exit == done || report.exit == problems; };
     earlier.end_files(host.context(), report);
     if (is_written() && !trial && (request.manifest || earlier.has_manifest())) {
@@ -201,6 +208,16 @@ int resave(session& host, const resave_request& request, const common_options& o
     std::ranges::move(search.notices(), std::back_inserter(report.problems));
     earlier.end_journal(report);
     if (!is_written()) take_back(ended.made_folders); // those that are empty
+    return {std::nullopt, std::move(report), std::move(plan), std::move(target)};
+}
+
+namespace {
+
+// The run with all that is said of it.
+int resave(session& host, const resave_request& request, const common_options& options, trial_disk* trial) {
+    const ended_resave ended = resave_in(host, request, trial);
+    if (ended.early) return end_with(*ended.early, options);
+    const auto& [early, report, plan, target] = ended;
     print_problems(report);
     if (options.json)
         std::cout << (plan ? json_of(*plan, report) : json_of(report)).dump(2) << '\n';
@@ -222,13 +239,7 @@ int plan_resave(const resave_request& request, const common_options& options) {
     trial_disk disk;
     const platform::system_override in_force(disk);
     session host(options, request.answers);
-    resave_entity_services copying;
-    collect_resave_entity_services(copying);
-    if (!copying.empty()) {
-        return end_with(
-            refused({}, say("--dry-run cannot be combined with a --bundle that copies its own files")),
-            options);
-    }
+    if (const auto early = refuse_trial()) return end_with(*early, options);
     return resave(host, request, options, &disk);
 }
 

@@ -10,6 +10,9 @@
 
 namespace vestra::command {
 
+class session;
+struct resave_request;
+
 struct resave_plan {
     struct file {
         wide_string source; // empty for one that has none: a scene or layer file, a log
@@ -26,6 +29,18 @@ struct resave_plan {
 // While the disk is in force. What the run left in the context is read. Too little space is added to the
 // problems of the run.
 resave_plan plan_of(const vs::project_resave::run_state& run, trial_disk& disk, resave_report& report);
+
+// A resave with all that is known of it.
+struct ended_resave {
+    std::optional<refusal> early; // why there was no run; the rest is empty then
+    resave_report report;
+    std::optional<resave_plan> plan; // of one that was tried out
+    wide_string target;              // the new project
+};
+// Returns why nothing can be tried out: a bundle copies files by itself.
+std::optional<refusal> refuse_trial();
+// Resaves as the command does, and says nothing; on a trial disk, which is in force, if there is one.
+ended_resave resave_in(session& host, const resave_request& request, trial_disk* trial);
 
 // The plan with the report of the run that was tried out.
 nlohmann::ordered_json json_of(const resave_plan& plan, const resave_report& report);

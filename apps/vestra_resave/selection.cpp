@@ -155,6 +155,7 @@ bool is_any_selected(const element& each, const selection_register& selection) {
 
 std::vector<std::string> apply(const selection_request& request, const std::vector<element>& elements,
                                selection_register& selection) {
+    for (const wide_string& uuid : request.left_out) selection.set_selected(uuid, false);
     if (request.deselect.empty() && request.only.empty()) return {};
     const directory names(elements);
     std::vector<std::string> complaints;

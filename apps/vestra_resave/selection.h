@@ -13,6 +13,8 @@ namespace vestra::command {
 // layer type, "group:" with the caption of a group, "missing" for a file that does not exist, or a path or
 // file name in which "*" and "?" stand for any characters and for one. Letter case does not count.
 struct selection_request {
+    std::vector<wide_string> left_out =
+        {}; // uuids beside these names; one that no element has is passed over
     std::vector<std::string> deselect;
     std::vector<std::string> only;
 };

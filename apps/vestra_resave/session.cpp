@@ -10,6 +10,7 @@
 #include "apps/vestra_resave/problems.h"
 #include "apps/vestra_resave/resave_report.h"
 #include "apps/vestra_resave/words.h"
+#include "framework/bundle_entry.h"
 #include "framework/resources/strings.h"
 #include "operations/project_context.h"
 #include "operations/run/path_files.h"
@@ -68,7 +69,7 @@ namespace {
 // Has the load ask whether it is to stop, and shows which part of the project's elements it has opened.
 class load_progress {
 public:
-    load_progress(shell::terminal_front_end& screen, bool shows, std::function<bool()> is_stopped)
+    load_progress(shell::front_end& screen, bool shows, std::function<bool()> is_stopped)
         : screen_(screen), shows_(shows), before_(shell::settings().project_read) {
         shell::settings().stops_reading = [this, is_stopped = std::move(is_stopped)] {
             if (total_ != 0) screen_.progress_shown(std::min(++opened_, total_), total_);
@@ -95,7 +96,7 @@ public:
     load_progress& operator=(const load_progress&) = delete;
 
 private:
-    shell::terminal_front_end& screen_;
+    shell::front_end& screen_;
     const bool shows_;
     const std::function<void(project&)> before_;
     uint32_t opened_ = 0, total_ = 0;
@@ -104,10 +105,22 @@ private:
 } // namespace
 
 session::session(const common_options& options, const decided_answers& answers)
-    : host_(terminal_, options), questions_(host_.front_end(), answers) {
-    host_.start_own_bundle();
-    host_.load_bundles();
-    host_.connect();
+    : own_(std::make_unique<own_host>(options)), screen_(own_->host.front_end()),
+      questions_(screen_, answers) {
+    own_->host.start_own_bundle();
+    own_->host.load_bundles();
+    own_->host.connect();
+    collect_resave_services(services_);
+    context_ = std::make_unique<project_context>(&services_, questions_);
+}
+
+session::guest_host::guest_host() {
+    bundles.start(&vs_bundle_interface_to_custom_pointer);
+    registry.start_clients();
+}
+
+session::session(shell::front_end& person, const decided_answers& answers)
+    : guest_(std::make_unique<guest_host>()), screen_(person), questions_(person, answers) {
     collect_resave_services(services_);
     context_ = std::make_unique<project_context>(&services_, questions_);
 }
@@ -126,7 +139,8 @@ std::optional<refusal> session::load(const wide_string& path, bool show_wait, bo
     shell::settings().refused_reads.clear();
     context_->report.restart({}); // what an earlier run reported has been read
     const bool is_loaded = [&] {
-        const load_progress shown(screen(), show_wait && terminal_.shows(), [this] { return interrupted(); });
+        const bool shows_steps = own_ && show_wait && own_->terminal.shows();
+        const load_progress shown(screen(), shows_steps, [this] { return interrupted(); });
         return context_->load_project(path, show_wait, write_open_log);
     }();
     load_problems_ = problems_of(*context_);

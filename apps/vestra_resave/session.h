@@ -64,6 +64,9 @@ class session {
 public:
     // Loads the bundles of the options beside the one that is linked in.
     session(const common_options& options, const decided_answers& answers);
+    // Beside a host with a person before its front end, which outlives this: with a registry of its own, for
+    // services know one project at a time. Only the bundle that is linked in takes part.
+    session(shell::front_end& person, const decided_answers& answers);
     ~session();
 
     // Loads a project, by its native or its drive path. Returns why the command ends here: the project could
@@ -79,13 +82,27 @@ public:
     vs::project_resave::project_context& context() { return *context_; }
     // See command_questions.
     void keep_places(continued_disk* earlier) { questions_.earlier = earlier; }
-    shell::terminal_front_end& screen() { return host_.front_end(); }
-    // Whether Ctrl-C came since the last run ended.
-    bool interrupted() { return terminal_.interrupted(); }
+    shell::front_end& screen() { return screen_; }
+    // Whether Ctrl-C came since the last run ended, or the person at another host wants to stop.
+    bool interrupted() { return own_ ? own_->terminal.interrupted() : screen_.stop_requested(); }
 
 private:
-    vs::project_resave::platform::process_terminal terminal_;
-    terminal_host host_;
+    struct own_host {
+        explicit own_host(const common_options& options) : host(terminal, options) {}
+        vs::project_resave::platform::process_terminal terminal;
+        terminal_host host;
+    };
+
+    struct guest_host {
+        guest_host();
+        ~guest_host() { bundles.unload_all(); }
+        shell::service_registry registry;
+        shell::bundle_loader bundles{registry};
+    };
+
+    const std::unique_ptr<own_host> own_; // one of the two
+    const std::unique_ptr<guest_host> guest_;
+    shell::front_end& screen_;
     command_questions questions_;
     vs::project_resave::resave_services services_;
     std::unique_ptr<vs::project_resave::project_context> context_;

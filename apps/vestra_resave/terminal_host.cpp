@@ -30,7 +30,7 @@ void complain(const std::string& reason) {
     std::cerr << "vestra-resave: " << shell::one_line(platform::from_utf8(reason)) << '\n';
 }
 
-shown_transfer::shown_transfer(shell::terminal_front_end& screen, uint64_t total, wide_view caption)
+shown_transfer::shown_transfer(shell::front_end& screen, uint64_t total, wide_view caption)
     : screen_(screen), has_window_(!caption.empty()),
       watch_([&screen](uint64_t bytes) { screen.bytes_moved(bytes); }) {
     screen_.expect_bytes(total);

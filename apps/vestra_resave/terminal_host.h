@@ -63,13 +63,13 @@ private:
 // own if there is a caption, else in the one that is open.
 class shown_transfer {
 public:
-    shown_transfer(shell::terminal_front_end& screen, uint64_t total, wide_view caption = {});
+    shown_transfer(shell::front_end& screen, uint64_t total, wide_view caption = {});
     ~shown_transfer();
     shown_transfer(const shown_transfer&) = delete;
     shown_transfer& operator=(const shown_transfer&) = delete;
 
 private:
-    shell::terminal_front_end& screen_;
+    shell::front_end& screen_;
     const bool has_window_;
     vs::project_resave::platform::transfer_watch watch_;
 };

@@ -30,36 +30,47 @@ std::vector<problem> further(const std::vector<problem>& of_load, const verifica
     return all;
 }
 
-const char* outcome_of(const verification& found, const std::vector<problem>& all) {
-    if (found.stopped) return "stopped";
-    return all.empty() ? "stands alone" : "does not stand alone";
-}
-
 } // namespace
 
-int verify_project(const verify_request& request, const common_options& options) {
-    session host(options, {});
-    if (const auto early = host.load(request.project)) return end_with(*early, options);
+ended_verify verify_in(session& host, const verify_request& request) {
+    ended_verify ended;
+    if ((ended.early = host.load(request.project))) return ended;
     const std::function<bool()> is_stopped = [&] { return host.interrupted(); };
-    verification found;
+    verification& found = ended.found;
     if (request.manifest) {
         std::optional<shown_transfer> shown;
         const auto begins = [&](uint64_t bytes) { shown.emplace(host.screen(), bytes, summing_caption()); };
         const wide_string& project = host.context().placement.source_project_path;
-        if (const auto early = compare_with_manifest(project, begins, is_stopped, found))
-            return end_with(*early, options);
+        if ((ended.early = compare_with_manifest(project, begins, is_stopped, found))) return ended;
     }
     verify(host.context(), files_beside(host.context(), found), {request.elsewhere}, is_stopped, found);
-    std::vector<problem> all = further(host.reading_problems(), found);
-    if (found.stopped) all.push_back({own_kind::interrupted, {}, {}, {}});
-    print(all);
-    for (const auto* each : {&found.astray, &found.differing})
-        all.insert(all.end(), each->begin(), each->end());
-    const char* const outcome = outcome_of(found, all);
+    ended.problems = further(host.reading_problems(), found);
+    if (found.stopped) ended.problems.push_back({own_kind::interrupted, {}, {}, {}});
+    const bool is_whole = ended.problems.empty() && found.astray.empty() && found.differing.empty();
+    ended.outcome = found.stopped ? "stopped" : is_whole ? "stands alone" : "does not stand alone";
+    return ended;
+}
+
+std::string closing_line(const ended_verify& ended) {
+    const verification& found = ended.found;
+    return say("%1: %2, %3 references, %4 astray",
+               {say_known(ended.outcome), printed(found.project), std::to_string(found.references),
+                std::to_string(found.astray.size())});
+}
+
+int verify_project(const verify_request& request, const common_options& options) {
+    session host(options, {});
+    const ended_verify ended = verify_in(host, request);
+    if (ended.early) return end_with(*ended.early, options);
+    const verification& found = ended.found;
+    print(ended.problems);
     if (options.json) {
+        std::vector<problem> all = ended.problems;
+        for (const auto* each : {&found.astray, &found.differing})
+            all.insert(all.end(), each->begin(), each->end());
         nlohmann::ordered_json shown{{"project", platform::to_utf8(found.project)},
                                      {"native_project", native_form(found.project)},
-                                     {"outcome", outcome},
+                                     {"outcome", ended.outcome},
                                      {"references", found.references},
                                      {"problems", json_of(all)},
                                      {"astray", json_of(found.astray)}};
@@ -67,15 +78,13 @@ int verify_project(const verify_request& request, const common_options& options)
         std::cout << shown.dump(2) << '\n';
     } else {
         for (const std::string& line : lines_of(found)) std::cout << line << '\n';
-        std::string line = say("%1: %2, %3 references, %4 astray",
-                               {say_known(outcome), printed(found.project), std::to_string(found.references),
-                                std::to_string(found.astray.size())});
+        std::string line = closing_line(ended);
         if (request.manifest)
             line = say("%1, %2 not as in the manifest", {line, std::to_string(found.differing.size())});
         std::cout << line << '\n';
     }
     if (found.stopped) return stopped;
-    return all.empty() ? done : problems;
+    return std::string_view(ended.outcome) == "stands alone" ? done : problems;
 }
 
 } // namespace vestra::command

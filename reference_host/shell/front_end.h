@@ -87,6 +87,10 @@ public:
     // A window that says what is being waited for.
     virtual void wait_opened(wide_view text) = 0;
     virtual void wait_closed() = 0;
+
+    // The next progress is about so many bytes, of which `bytes_moved` tells; 0: only its steps are known.
+    virtual void expect_bytes(std::uint64_t) {}
+    virtual void bytes_moved(std::uint64_t) {}
 };
 
 // The innermost override. Without one, a front end that shows nothing, never stops, and answers every

@@ -24,8 +24,8 @@ public:
                        transfer_progress::clock clock = &transfer_progress::steady_clock);
 
     // From now on the progress is that of so many bytes, whatever window shows it; 0 ends this.
-    void expect_bytes(std::uint64_t total);
-    void bytes_moved(std::uint64_t bytes);
+    void expect_bytes(std::uint64_t total) override;
+    void bytes_moved(std::uint64_t bytes) override;
 
     // With the host's own reason where a file could not be read since the last one.
     void error(wide_view text) override;

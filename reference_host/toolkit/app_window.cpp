@@ -52,10 +52,13 @@ app_window::app_window(wide_view id) {
 
 app_window::~app_window() { call<&docker_impl::set_parent>(content_.get(), identity_pointer()); }
 
+element app_window::content() const { return cast_to<element_impl>(content_.get()); }
+
+element app_window::button_box() const { return call<&custom_app_service_impl::button_box>(service_.get()); }
+
 element_view app_window::look() const {
-    element_view view = look_at(cast_to<element_impl>(content_.get()));
-    if (const auto box = call<&custom_app_service_impl::button_box>(service_.get()))
-        view.children.push_back(look_at(box));
+    element_view view = look_at(content());
+    if (const element box = button_box()) view.children.push_back(look_at(box));
     name_elements(view);
     return view;
 }

@@ -44,6 +44,10 @@ void project_resave_app::hand_over_main_element(main_element_visitor visitor) {
                                             pointer_to<docker_impl>(content_));
 }
 
+void project_resave_app::pass_last_run(run_record_visitor visitor) {
+    if (content_.panel.runs().count != 0) content_.panel.runs().last.pass_to(visitor);
+}
+
 // All that the bundle offers to the host: its static factories, in the order in which they are announced.
 
 namespace {

@@ -2,13 +2,15 @@
 
 #include "framework/factories.h"
 #include "host/toolkit/custom_app_service.h"
+#include "host/toolkit/run_record.h"
 #include "ui/settings_element.h"
 #include "ui/toolkit/buttons.h"
 
 namespace vs::project_resave {
 
 // The tool as the host sees it: a service that hands over a window's content and its buttons.
-class project_resave_app final : public referent<custom_app_service_impl> {
+class project_resave_app final
+    : public referent<polymorphic<custom_app_service_impl, polymorphic<run_record_impl>>> {
 public:
     static constexpr const char16_t* id = u"vestra/app/project_resave_app";
 
@@ -18,6 +20,14 @@ public:
 
     void hand_over_main_element(main_element_visitor visitor) override;
     element button_box() override { return buttons_; }
+
+    uint32_t run_count() override { return content_.panel.runs().count; }
+    recorded_end last_end() override { return content_.panel.runs().last.end; }
+    void pass_settings(run_record_visitor visitor) override { content_.panel.planned().pass_to(visitor); }
+    void pass_last_run(run_record_visitor visitor) override;
+    void set_transfer_observer(transfer_observer observer) override {
+        content_.panel.watch_transfer(observer);
+    }
 
 private:
     // What stands in the window. A referent of its own, for the host may hold it longer than this service.

@@ -1,10 +1,13 @@
 #include "ui/settings_element.h"
 
+#include <optional>
+
 #include "framework/border/string_adapter.h"
 #include "framework/resources/strings.h"
 #include "host/vsk_prj.h"
 #include "operations/project_context.h"
 #include "platform/path_text.h"
+#include "platform/system.h"
 #include "platform/text.h"
 
 namespace vs::project_resave {
@@ -24,6 +27,7 @@ settings_element::settings_element(const resave_services* services)
                     load_string(text::choose_source_project)),
       load_button_(load_string(text::load_current_project), {}, [this] { load_current(); }), header_(2, 3),
       prj_tab_(source_path_, new_path_), left_column_(2, 1), selection_(context_), main_layout_(1, 2) {
+    questions_.run = &context_;
     source_field_.set_validator([this](const wide_string& text) { return load_from_field(text); });
     load_button_.set_enabled(!path_is_relative(host_project_path_));
     tabs_.add(u"project_resave_tab_save_prj", load_string(text::resave_tab), prj_tab_);
@@ -37,6 +41,14 @@ settings_element::settings_element(const resave_services* services)
 }
 
 settings_element::~settings_element() = default;
+
+recorded_run settings_element::planned() const {
+    resave_settings settings;
+    prj_tab_.get_settings(settings);
+    recorded_run plan = planned_run(context_, settings);
+    if (!context_.project_handle()) plan.source.clear();
+    return plan;
+}
 
 void settings_element::lay_out() {
     header_.place_over(0, 0, 3, source_label_);
@@ -145,9 +157,12 @@ void settings_element::resave() {
     if (settings.output_path->empty()) return;
     // The field's own test knows one spelling of the source only, and not what was loaded after it.
     if (context_.project_handle() && path_same(*settings.output_path, context_.placement.source_project_path))
-        warn_same_name();
-    else
-        context_.resave_project(settings);
+        return warn_same_name();
+    std::optional<platform::transfer_watch> watch;
+    if (transfer_observer_)
+        watch.emplace(
+            [this](uint64_t bytes) { call<&transfer_observer_impl::on_moved>(transfer_observer_, bytes); });
+    context_.resave_project(settings);
 }
 
 void settings_element::close_project() {

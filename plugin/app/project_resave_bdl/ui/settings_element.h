@@ -6,7 +6,7 @@
 #include <memory>
 
 #include "services/entity_factory.h"
-#include "ui/host_questions.h"
+#include "ui/recorded_run.h"
 #include "ui/save_prj_tab.h"
 #include "ui/select_element.h"
 #include "ui/text_tabs.h"
@@ -41,6 +41,12 @@ public:
     // The window is there again: takes back a `close_project` that waits for the end of an operation.
     void keep_project() { close_after_work_ = false; }
     void reset_to_defaults();
+    // What a resave would do now.
+    recorded_run planned() const;
+    // Who learns of the bytes that a resave copies; null for nobody.
+    void watch_transfer(const transfer_observer& observer) { transfer_observer_ = observer; }
+    // Of the runs that have ended.
+    const recording_questions& runs() const { return questions_; }
 
 private:
     void on_project_changed();
@@ -55,7 +61,7 @@ private:
 
     wide_string source_path_; // of the project now loaded; empty without one
     wide_string new_path_;    // as accepted in the tab that resaves
-    host_questions questions_;
+    recording_questions questions_;
     const std::unique_ptr<project_context> owned_context_;
     project_context& context_;
     const wide_string host_project_path_;
@@ -72,6 +78,7 @@ private:
     select_element selection_;
     std::shared_ptr<void> project_connection_;
     toolkit::grid_layout main_layout_;
+    transfer_observer transfer_observer_;
     bool running_ = false;
     bool close_after_work_ = false;
 };

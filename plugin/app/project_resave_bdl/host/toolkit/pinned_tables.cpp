@@ -19,6 +19,7 @@
 #include "host/toolkit/outline.h"
 #include "host/toolkit/output.h"
 #include "host/toolkit/radiobutton.h"
+#include "host/toolkit/run_record.h"
 #include "host/toolkit/split_layout.h"
 #include "host/toolkit/stack_layout.h"
 #include "host/toolkit/tab_layout.h"
@@ -174,6 +175,24 @@ template struct table<radiobutton_impl, "vs_radiobutton_interface_1",
     slot<bool(), &radiobutton_impl::checked>,
     slot<void(), &radiobutton_impl::pressed>>;
 
+template struct table<run_record_impl, "vs_run_record_interface_1",
+    slot<uint32_t(), &run_record_impl::run_count>,
+    slot<recorded_end(), &run_record_impl::last_end>,
+    slot<void(to<run_record_visitor_impl>), &run_record_impl::pass_settings>,
+    slot<void(to<run_record_visitor_impl>), &run_record_impl::pass_last_run>,
+    slot<void(to<transfer_observer_impl>), &run_record_impl::set_transfer_observer>>;
+
+template struct table<run_record_visitor_impl, "vs_run_record_visitor_interface_1",
+    slot<void(const char16_t*, const char16_t*, double), &run_record_visitor_impl::visit_paths>,
+    slot<void(const char*, uint32_t), &run_record_visitor_impl::visit_choice>,
+    slot<void(const char16_t*), &run_record_visitor_impl::visit_left_out>,
+    slot<void(const char16_t*, const char16_t*), &run_record_visitor_impl::visit_placed>,
+    slot<void(const char16_t*, const char16_t*), &run_record_visitor_impl::visit_made>,
+    slot<void(uint32_t, const char16_t*, const char16_t*, const char16_t*),
+        &run_record_visitor_impl::visit_fact>,
+    slot<void(const char16_t*, const char16_t*, const char16_t*, const char16_t*),
+        &run_record_visitor_impl::visit_element>>;
+
 template struct table<split_layout_impl, "vs_split_layout_interface_1",
     slot<to<element_impl>(), &split_layout_impl::top>,
     slot<to<element_impl>(), &split_layout_impl::bottom>>;
@@ -202,8 +221,15 @@ template struct table<toolbar_impl, "vs_toolbar_interface_1",
     slot<uint32_t(), &toolbar_impl::tool_count>,
     slot<to<element_impl>(uint32_t), &toolbar_impl::tool>>;
 
+template struct table<transfer_observer_impl, "vs_transfer_observer_interface_1",
+    slot<void(uint64_t), &transfer_observer_impl::on_moved>>;
+
 // clang-format on
 
+static_assert(number<recorded_end::none, uint32_t{0}>);
+static_assert(number<recorded_end::saved, uint32_t{1}>);
+static_assert(number<recorded_end::not_saved, uint32_t{2}>);
+static_assert(number<recorded_end::stopped, uint32_t{3}>);
 static_assert(number<checkbox_state::unchecked, uint32_t{0}>);
 static_assert(number<checkbox_state::checked, uint32_t{2}>);
 static_assert(number<file_input_mode::source_project, uint32_t{0}>);

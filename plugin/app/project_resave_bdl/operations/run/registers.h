@@ -98,6 +98,8 @@ public:
     bool is_selected(const wide_string& uuid) const { return !deselected_.contains(uuid); }
     // An empty uuid changes nothing.
     void set_selected(const wide_string& uuid, bool selected);
+    // The uuids that are not selected, in no order.
+    const std::unordered_set<wide_string>& left_out() const { return deselected_; }
     // Everything is selected again; the sizes are not told.
     void clear() { deselected_.clear(); }
 

@@ -1,0 +1,88 @@
+#include "apps/vestra_resave_window/drives_dialog.h"
+
+#include <QDialogButtonBox>
+#include <QFileDialog>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QPushButton>
+#include <QTableWidget>
+#include <QVBoxLayout>
+
+#include "reference_host/qt/element_widgets.h"
+
+namespace vestra::window {
+
+using qt::said;
+
+drives_dialog::drives_dialog(const std::vector<stored_settings::drive>& drives, QWidget* parent)
+    : QDialog(parent), table_(new QTableWidget(0, 2, this)) {
+    setWindowTitle(said("Drive letters", "Буквы дисков"));
+    auto* const words = new QLabel(said("Projects name their files as C:\\data\\roads.shp. "
+                                        "Here a folder of this computer becomes a drive.",
+                                        "Проекты называют свои файлы как C:\\data\\roads.shp. "
+                                        "Здесь папка этого компьютера становится диском."),
+                                   this);
+    words->setWordWrap(true);
+    table_->setHorizontalHeaderLabels({said("Letter", "Буква"), said("Folder", "Папка")});
+    table_->horizontalHeader()->setStretchLastSection(true);
+    table_->verticalHeader()->hide();
+    table_->setSelectionBehavior(QAbstractItemView::SelectRows);
+    table_->setTabKeyNavigation(false);
+    table_->setAccessibleName(windowTitle());
+    for (const auto& [letter, folder] : drives) add(letter, folder);
+
+    auto* const tools = new QHBoxLayout;
+    auto* const more = new QPushButton(said("Add", "Добавить"), this);
+    auto* const folder = new QPushButton(said("Folder…", "Папка…"), this);
+    auto* const less = new QPushButton(said("Remove", "Убрать"), this);
+    for (QPushButton* each : {more, folder, less}) {
+        each->setAutoDefault(false);
+        tools->addWidget(each);
+    }
+    tools->addStretch();
+    connect(more, &QPushButton::clicked, this, [this] {
+        add({}, {});
+        table_->setCurrentCell(table_->rowCount() - 1, 0);
+    });
+    connect(folder, &QPushButton::clicked, this, [this] { choose_folder(); });
+    connect(less, &QPushButton::clicked, this, [this] { table_->removeRow(table_->currentRow()); });
+
+    auto* const box = new QDialogButtonBox(QDialogButtonBox::Ok | QDialogButtonBox::Cancel, this);
+    box->button(QDialogButtonBox::Cancel)->setText(said("Cancel", "Отмена"));
+    connect(box, &QDialogButtonBox::accepted, this, &QDialog::accept);
+    connect(box, &QDialogButtonBox::rejected, this, &QDialog::reject);
+    auto* const column = new QVBoxLayout(this);
+    column->addWidget(words);
+    column->addWidget(table_, 1);
+    column->addLayout(tools);
+    column->addWidget(box);
+    resize(560, 320);
+}
+
+void drives_dialog::add(const QString& letter, const QString& folder) {
+    const int row = table_->rowCount();
+    table_->insertRow(row);
+    table_->setItem(row, 0, new QTableWidgetItem(letter));
+    table_->setItem(row, 1, new QTableWidgetItem(folder));
+}
+
+void drives_dialog::choose_folder() {
+    const int row = table_->currentRow();
+    if (row < 0) return;
+    const QString chosen =
+        QFileDialog::getExistingDirectory(this, windowTitle(), table_->item(row, 1)->text());
+    if (!chosen.isEmpty()) table_->item(row, 1)->setText(chosen);
+}
+
+std::vector<stored_settings::drive> drives_dialog::drives() const {
+    std::vector<stored_settings::drive> all;
+    for (int row = 0; row < table_->rowCount(); ++row) {
+        const QString letter = table_->item(row, 0)->text().trimmed().left(1).toUpper();
+        const QString folder = table_->item(row, 1)->text().trimmed();
+        if (!letter.isEmpty() && !folder.isEmpty()) all.emplace_back(letter, folder);
+    }
+    return all;
+}
+
+} // namespace vestra::window

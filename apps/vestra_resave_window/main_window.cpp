@@ -1,0 +1,211 @@
+#include "apps/vestra_resave_window/main_window.h"
+
+#include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QToolBar>
+#include <utility>
+
+#include "apps/vestra_resave_window/outcome_view.h"
+#include "apps/vestra_resave_window/run_outcome.h"
+#include "apps/vestra_resave_window/tool_record.h"
+#include "platform/library.h"
+#include "platform/text.h"
+#include "platform/volumes.h"
+#include "reference_host/toolkit/element_description.h"
+
+namespace vestra::window {
+
+using namespace vs::project_resave;
+using qt::entered;
+using qt::said;
+
+namespace {
+
+constexpr const char16_t* tool_id = u"vestra/app/project_resave_app";
+constexpr const char16_t* tool_library = u"vsk_project_resave_bdl";
+
+// So many are shown by themselves, fewer by the elements they belong to.
+constexpr std::uint64_t many_bytes = std::uint64_t{16} << 20;
+
+QString native(const wide_string& path) { return QString::fromStdString(platform::native_text(path)); }
+
+} // namespace
+
+// Services, bundles and dialogs, from a language to the next.
+struct main_window::host {
+    explicit host(QWidget& window) : dialogs(window) {}
+    ~host() {
+        connections.reset();
+        bundles.unload_all();
+    }
+    host(const host&) = delete;
+    host& operator=(const host&) = delete;
+
+    void load(const wide_string& library) {
+        if (const auto error = bundles.load(library))
+            throw no_tool{platform::native_text(error->path) + ": " + platform::to_utf8(error->reason)};
+    }
+    void connect() {
+        registry.start_clients();
+        connections.emplace(dialogs);
+    }
+
+    shell::service_registry registry;
+    shell::bundle_loader bundles{registry};
+    qt::window_dialog_runner dialogs;
+    std::optional<toolkit::dialog_connections> connections;
+};
+
+main_window::main_window(stored_settings& stored, std::vector<wide_string> bundles)
+    : stored_(stored), bundles_(std::move(bundles)), front_end_(*this, [this](bool on) { set_busy(on); }),
+      front_end_in_force_(front_end_), results_(new outcome_view(this)), tools_(new QToolBar(this)) {
+    front_end_.on_go_on = [this] { closes_ = false; };
+    closer_.setSingleShot(true); // the event that closes the window has to end first
+    connect(&closer_, &QTimer::timeout, this, [this] { close(); });
+    setAcceptDrops(true);
+    shell::settings().language_offset = stored_.language() == "ru" ? 0 : 50000;
+    start();
+    translate();
+    resize(1280, 800);
+    restoreGeometry(stored_.value("geometry"));
+}
+
+main_window::~main_window() { take_down(); }
+
+void main_window::start() {
+    host_ = std::make_unique<host>(*this);
+    for (const wide_string& each : bundles_) host_->load(each);
+    host_->connect();
+    tool_ = std::make_unique<toolkit::app_window>(tool_id);
+    if (!tool_->is_open()) { // none of these offers it
+        tool_.reset();
+        host_->load(platform::library_beside_program(tool_library));
+        host_->connect();
+        tool_ = std::make_unique<toolkit::app_window>(tool_id);
+    }
+    if (!tool_->is_open()) throw no_tool{"no bundle offers the tool"};
+    view_ = new qt::tool_view(*tool_);
+    view_->widgets().around_button = [this](std::int32_t, const auto& press) { run(press); };
+    view_->widgets().on_close = [this](std::int32_t) { closer_.start(0); };
+    view_->widgets().on_idle = [this] { end_of_work(); };
+    setCentralWidget(view_);
+}
+
+void main_window::take_down() {
+    delete std::exchange(view_, nullptr);
+    tool_.reset();
+    host_.reset();
+}
+
+void main_window::set_busy(bool on) {
+    if (view_) view_->setEnabled(!on);
+    menuBar()->setEnabled(!on);
+    tools_->setEnabled(!on);
+}
+
+bool main_window::is_at_work() const { return works_ || (view_ && view_->widgets().is_at_work()); }
+
+bool main_window::open_project(const wide_string& project) {
+    bool is_taken = false;
+    view_->widgets().send([&] {
+        const toolkit::element_view shown = tool_->look();
+        const toolkit::element_view* const field = toolkit::find(shown, u"file_input");
+        is_taken = field && toolkit::enter_text(*field, project);
+    });
+    if (is_taken) stored_.add_recent(native(project));
+    return is_taken;
+}
+
+void main_window::run(const std::function<void()>& press) {
+    const std::uint32_t before = runs_of(tool_->service());
+    const std::optional<tool_record> settings = settings_of(tool_->service());
+    if (settings && !settings->source.empty()) stored_.add_recent(native(settings->source));
+    const auto bytes = settings ? static_cast<std::uint64_t>(settings->kilobytes * 1024) : 0;
+    {
+        const qt::watched_transfer shown(record_of(tool_->service()), front_end_,
+                                         bytes >= many_bytes ? bytes : 0);
+        press();
+    }
+    if (runs_of(tool_->service()) == before || closes_) return;
+    if (const auto record = last_run_of(tool_->service()))
+        work([&] { show_results(outcome_of_run(*record, front_end_)); });
+}
+
+void main_window::work(const std::function<void()>& operation) {
+    if (std::exchange(works_, true)) return;
+    operation();
+    works_ = false;
+    end_of_work();
+}
+
+void main_window::end_of_work() {
+    if (closes_ && !is_at_work()) closer_.start(0);
+}
+
+void main_window::try_it() {
+    view_->widgets().commit();
+    const std::optional<tool_record> settings = settings_of(tool_->service());
+    if (!settings || settings->source.empty())
+        return front_end_.message(entered(said("Open a project first.", "Сначала откройте проект.")));
+    if (settings->target.empty())
+        return front_end_.message(
+            entered(said("Give the new project a path first.", "Сначала укажите путь нового проекта.")));
+    work([&] { show_results(tried_out(*settings, front_end_)); });
+}
+
+void main_window::check(const wide_string& project) {
+    work([&] { show_results(looked_at(project, front_end_)); });
+}
+
+void main_window::show_results(run_outcome outcome) {
+    results_->show_outcome(std::move(outcome));
+    results_->show();
+    results_->raise();
+    results_->activateWindow();
+}
+
+void main_window::set_language(const QString& language) {
+    stored_.set_language(language);
+    open_anew([&] { shell::settings().language_offset = language == "ru" ? 0 : 50000; });
+}
+
+void main_window::set_drives(const std::vector<stored_settings::drive>& drives) {
+    stored_.set_drives(drives);
+    QStringList wrong;
+    open_anew([&] { wrong = map_drives(drives); });
+    if (!wrong.isEmpty()) front_end_.error(entered(wrong.join(u'\n')));
+}
+
+// The library takes words and drives as it finds them when it is loaded.
+void main_window::open_anew(const std::function<void()>& change) {
+    const toolkit::element_view before = tool_->look();
+    take_down();
+    change();
+    start();
+    translate();
+    copy_choices(before, tool_->look());
+}
+
+void main_window::closeEvent(QCloseEvent* event) {
+    if (is_at_work()) {
+        closes_ = true;
+        front_end_.request_stop();
+        return event->ignore();
+    }
+    stored_.set_value("geometry", saveGeometry());
+    QMainWindow::closeEvent(event);
+}
+
+void main_window::dragEnterEvent(QDragEnterEvent* event) {
+    if (!is_at_work() && event->mimeData()->hasUrls()) event->acceptProposedAction();
+}
+
+void main_window::dropEvent(QDropEvent* event) {
+    const QList<QUrl> files = event->mimeData()->urls();
+    if (!is_at_work() && !files.isEmpty())
+        open_project(platform::drive_path(files.front().toLocalFile().toStdString()));
+}
+
+} // namespace vestra::window

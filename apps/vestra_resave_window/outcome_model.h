@@ -1,0 +1,51 @@
+// The rows of an outcome as a table, and which of them are shown.
+#pragma once
+
+#include <QAbstractTableModel>
+#include <QSortFilterProxyModel>
+#include <QStringList>
+#include <vector>
+
+#include "apps/vestra_resave_window/run_outcome.h"
+
+namespace vestra::window {
+
+class outcome_model final : public QAbstractTableModel {
+public:
+    enum column { element_column, source_column, target_column, size_column, state_column, reason_column };
+    static constexpr int columns = reason_column + 1;
+    static constexpr int problem_role = Qt::UserRole; // whether it is one
+    static constexpr int sort_role = Qt::UserRole + 1;
+
+    using QAbstractTableModel::QAbstractTableModel;
+
+    void put(std::vector<outcome_row> rows);
+    // Says its heads anew, after the language has changed.
+    void translate();
+
+    int rowCount(const QModelIndex& parent) const override;
+    int columnCount(const QModelIndex&) const override { return columns; }
+    QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
+    QVariant data(const QModelIndex& index, int role) const override;
+
+private:
+    std::vector<outcome_row> rows_;
+};
+
+// Rows that have each word in some column and, if wanted, problems alone.
+class shown_outcome final : public QSortFilterProxyModel {
+public:
+    using QSortFilterProxyModel::QSortFilterProxyModel;
+
+    void set_words(const QString& words);
+    void set_only_problems(bool on);
+
+protected:
+    bool filterAcceptsRow(int row, const QModelIndex& parent) const override;
+
+private:
+    QStringList words_;
+    bool only_problems_ = false;
+};
+
+} // namespace vestra::window

@@ -1,0 +1,174 @@
+#include "apps/vestra_resave_window/run_outcome.h"
+
+#include <algorithm>
+#include <array>
+#include <unordered_map>
+
+#include "apps/vestra_resave/session.h"
+#include "apps/vestra_resave/shortfalls.h"
+#include "apps/vestra_resave/trial_disk.h"
+#include "apps/vestra_resave/words.h"
+#include "operations/project_context.h"
+#include "operations/run/path_files.h"
+#include "platform/path_text.h"
+#include "platform/text.h"
+#include "reference_host/qt/element_widgets.h"
+
+namespace vestra::window {
+
+using namespace vs::project_resave;
+using namespace command;
+using qt::said;
+using qt::shown;
+
+namespace {
+
+QString text(const std::string& utf8) { return QString::fromStdString(utf8); }
+QString native(const wide_string& path) { return path.empty() ? QString() : text(printed(path)); }
+
+QString name_shown(const element_name& name) {
+    if (name.caption.empty()) return shown(name.list);
+    return name.list.empty() ? shown(name.caption) : shown(name.caption) + " — " + shown(name.list);
+}
+
+// The names of elements by their files.
+class names_by_file {
+public:
+    names_by_file() = default;
+    explicit names_by_file(const source_elements& source) {
+        for (const source_elements::row& each : source.rows())
+            for (const wide_string& key : keys_of(each.file))
+                if (!each.file.empty()) names_.try_emplace(key, name_shown(each.name));
+    }
+    QString find(const wide_string& file) const {
+        for (const wide_string& key : keys_of(file))
+            if (const auto name = names_.find(key); name != names_.end()) return name->second;
+        return {};
+    }
+
+private:
+    // The files of a data set have one stem.
+    static std::array<wide_string, 2> keys_of(const wide_string& file) {
+        return {path_key(file), path_key(path_replace_extension(file, u""))};
+    }
+
+    std::unordered_map<wide_string, QString> names_;
+};
+
+outcome_row row_of(const problem& found, const names_by_file& names) {
+    outcome_row row;
+    row.element = name_shown(found.element);
+    if (row.element.isEmpty()) row.element = names.find(found.path);
+    row.source = native(found.path);
+    row.target = native(found.new_path);
+    problem named = found; // the folder has a column of its own
+    named.new_path = path_file_name(found.new_path);
+    row.state = text(what_of(named));
+    row.reason = text(say_known(platform::to_utf8(found.reason)));
+    row.is_problem = !is_notice(found);
+    return row;
+}
+
+void add_problems(const std::vector<problem>& all, const names_by_file& names, run_outcome& outcome) {
+    for (const problem& each : all) outcome.rows.push_back(row_of(each, names));
+}
+
+outcome_row row_of(const wide_string& source, const wide_string& target, uint64_t bytes, const QString& state,
+                   const names_by_file& names) {
+    return {names.find(source), native(source), native(target), bytes, state, {}, false};
+}
+
+QString state_of(const wide_string& source) {
+    return source.empty() ? said("written", "записано") : said("copied", "скопировано");
+}
+
+run_outcome refused_outcome(const QString& title, const refusal& early) {
+    run_outcome outcome;
+    outcome.title = title;
+    add_problems(early.problems, {}, outcome);
+    outcome.summary =
+        early.problems.empty() ? said("not done", "не выполнено") : text(line_of(early.problems.front()));
+    return outcome;
+}
+
+// The run as the tool has recorded it, put into a context that has loaded its source.
+run_result enter(const tool_record& record, project_context& context) {
+    for (const wide_string& uuid : record.left_out) context.selection.set_selected(uuid, false);
+    context.placement.reset();
+    context.placement.set_source(record.source);
+    context.placement.set_output(record.target);
+    for (const tool_record::file& each : record.placed)
+        context.placement.register_placed(each.source, each.target);
+    for (const tool_record::file& each : record.made)
+        each.source.empty() ? context.placement.made.add_written(each.target)
+                            : context.placement.made.add_copy(each.source, each.target);
+    context.report.stopped = record.end == recorded_end::stopped;
+    context.report.saved = record.end == recorded_end::saved;
+    return {context.report.stopped ? run_end::stopped : run_end::done, context.report.saved, {}, {}};
+}
+
+} // namespace
+
+run_outcome outcome_of_run(const tool_record& record, shell::front_end& person) {
+    const QString title = said("What happened", "Что получилось");
+    session guest(person, {});
+    if (const auto early = guest.load(record.source, true, false)) {
+        run_outcome outcome = refused_outcome(title, *early);
+        add_problems(record.problems, {}, outcome);
+        return outcome;
+    }
+    const run_result result = enter(record, guest.context());
+    const source_elements source(guest.context());
+    const names_by_file names(source);
+    resave_report report = report_of(guest.context(), result, record.problems);
+    // What is left out on purpose is missed by nobody.
+    std::erase_if(report.problems, [&](const problem& each) {
+        return each.kind == name_of(fact_kind::type_not_resaved) && source.is_left_out(each.element.uuid);
+    });
+    const bool is_written = report.exit == done || report.exit == command::problems;
+    if (is_written) add_shortfalls(guest, source, request_of(record), report);
+    run_outcome outcome{title, text(closing_line(report, as_on_disk(record.target))), {}};
+    add_problems(report.problems, names, outcome);
+    for (const tool_record::file& each : record.made)
+        if (path_exists(each.target)) // after a stop it may have been erased
+            outcome.rows.push_back(
+                row_of(each.source, each.target, bytes_of(each.target), state_of(each.source), names));
+    return outcome;
+}
+
+run_outcome tried_out(const tool_record& settings, shell::front_end& person) {
+    const QString title = said("What would happen", "Что получилось бы");
+    if (const auto early = refuse_trial()) return refused_outcome(title, *early);
+    trial_disk disk;
+    const platform::system_override in_force(disk);
+    session guest(person, {std::nullopt, stop_answer::erase_created});
+    if (const auto early = guest.load(settings.source, true, false)) return refused_outcome(title, *early);
+    const names_by_file names{source_elements(guest.context())};
+    resave_request request = request_of(settings);
+    request.settings.rename_on_conflict =
+        true; // where a run would ask for a name, the next free one is shown
+    const ended_resave ended = resave_in(guest, request, &disk);
+    if (ended.early) return refused_outcome(title, *ended.early);
+    run_outcome outcome{title, text(say("would be %1", {closing_line(ended.report, ended.target)})), {}};
+    add_problems(ended.report.problems, names, outcome);
+    for (const resave_plan::file& each : ended.plan->files)
+        outcome.rows.push_back(row_of(
+            each.source, each.target, each.bytes,
+            each.renamed ? said("under another name", "под другим именем") : state_of(each.source), names));
+    return outcome;
+}
+
+run_outcome looked_at(const wide_string& project, shell::front_end& person) {
+    const QString title = said("Does the project stand alone?", "Самодостаточен ли проект?");
+    session guest(person, {});
+    verify_request request;
+    request.project = platform::to_utf8(project);
+    const ended_verify ended = verify_in(guest, request);
+    if (ended.early) return refused_outcome(title, *ended.early);
+    run_outcome outcome{title, text(closing_line(ended)), {}};
+    add_problems(ended.problems, {}, outcome);
+    add_problems(ended.found.astray, {}, outcome);
+    return outcome;
+}
+
+} // namespace vestra::window

@@ -1,0 +1,54 @@
+// Which widget shows an element of which kind.
+#pragma once
+
+#include "reference_host/qt/element_widgets.h"
+#include "reference_host/toolkit/told.h"
+
+namespace vestra::qt {
+
+// One interface of an element, shown in a widget of the class Widget.
+template <class Impl, class Widget>
+class widget_for : public element_widget {
+protected:
+    widget_for(element_widgets& all, const element& live, Widget* own)
+        : element_widget(all, live, own), asked(vs::project_resave::cast_to<Impl>(live)), own_(own) {}
+
+    template <auto Operation, class... Args>
+    QString text_of(Args... args) const {
+        return shown(toolkit::told<Operation>(asked, args...));
+    }
+    template <auto Operation, class... Args>
+    auto ask(Args... args) const {
+        return vs::project_resave::call<Operation>(asked, args...);
+    }
+
+    const vs::project_resave::interface_to<Impl> asked;
+    Widget* const own_;
+};
+
+using widget_maker = std::unique_ptr<element_widget> (*)(element_widgets& all, const element& live,
+                                                         QWidget* parent);
+struct kind_of_widget {
+    const char16_t* kind;
+    widget_maker make;
+};
+
+template <class Made>
+std::unique_ptr<element_widget> make_widget(element_widgets& all, const element& live, QWidget* parent) {
+    return std::make_unique<Made>(all, live, parent);
+}
+
+// Makes the widget of an element, without its state. One of an unknown kind has an empty widget.
+std::unique_ptr<element_widget> widget_of(element_widgets& all, const element& live, QWidget* parent);
+
+// The kinds of each source: texts and fields, buttons, layouts, and outlines.
+const std::vector<kind_of_widget>& field_kinds();
+const std::vector<kind_of_widget>& button_kinds();
+const std::vector<kind_of_widget>& layout_kinds();
+const std::vector<kind_of_widget>& outline_kinds();
+
+// Words on a button or a tab, where "&" would mark a key, in lines of a readable length; and back again.
+QString on_button(const QString& words);
+QString off_button(QString words);
+
+} // namespace vestra::qt

@@ -1,0 +1,184 @@
+#include "reference_host/qt/outline_tree.h"
+
+#include <QHeaderView>
+#include <QMouseEvent>
+#include <QStyle>
+#include <utility>
+
+#include "reference_host/qt/element_kinds.h"
+
+namespace vestra::qt {
+
+using namespace vs::project_resave;
+using toolkit::element_view;
+using toolkit::mark;
+using toolkit::row_view;
+
+outline_tree::outline_tree(outline_model& model, std::function<void(const std::function<void()>&)> sends,
+                           QWidget* parent)
+    : QTreeView(parent), rows_(model), sends_(std::move(sends)) {
+    is_taking_ = true; // nobody is there to be told yet
+    setModel(&model);
+    is_taking_ = false;
+    setUniformRowHeights(true); // else every row of a long list would be measured
+    setSelectionMode(ExtendedSelection);
+    setAllColumnsShowFocus(true);
+    header()->setSectionsClickable(true);
+    const auto keep = [this](const QModelIndex& index, bool on) {
+        if (is_taking_) return;
+        sends_([&] { call<&outline_impl::set_expanded>(rows_.outline(), rows_.row_at(index), on); });
+    };
+    connect(this, &QTreeView::expanded, [keep](const QModelIndex& index) { keep(index, true); });
+    connect(this, &QTreeView::collapsed, [keep](const QModelIndex& index) { keep(index, false); });
+    connect(header(), &QHeaderView::sectionClicked, [this] { sends_([this] { rows_.click_header(); }); });
+}
+
+void outline_tree::take_flags() {
+    is_taking_ = true;
+    QItemSelection highlighted;
+    take_below({}, highlighted);
+    if (highlighted.isEmpty() ? selectionModel()->hasSelection()
+                              : highlighted != selectionModel()->selection())
+        selectionModel()->select(highlighted, QItemSelectionModel::ClearAndSelect);
+    is_taking_ = false;
+}
+
+void outline_tree::take_below(const QModelIndex& parent, QItemSelection& highlighted) {
+    const int count = rows_.rowCount(parent);
+    for (int place = 0; place < count; ++place) {
+        const QModelIndex index = rows_.index(place, 0, parent);
+        outline_row* const row = rows_.row_at(index);
+        if (call<&outline_impl::highlighted>(rows_.outline(), row)) highlighted.select(index, index);
+        if (!rows_.hasChildren(index)) continue;
+        const bool on = call<&outline_impl::expanded>(rows_.outline(), row);
+        if (isExpanded(index) != on) setExpanded(index, on);
+        take_below(index, highlighted);
+    }
+}
+
+QRect outline_tree::mark_rect(const QModelIndex& index) const {
+    QStyleOptionViewItem option;
+    initViewItemOption(&option);
+    option.index = index;
+    option.rect = visualRect(index);
+    option.features |= QStyleOptionViewItem::HasCheckIndicator;
+    if (option.rect.isEmpty()) return {};
+    return style()->subElementRect(QStyle::SE_ItemViewItemCheckIndicator, &option, this);
+}
+
+bool outline_tree::is_on_mark(const QPoint& point) const { return mark_rect(indexAt(point)).contains(point); }
+
+void outline_tree::mousePressEvent(QMouseEvent* event) {
+    pressed_ = QModelIndex();
+    if (event->button() != Qt::LeftButton || !is_on_mark(event->pos()))
+        return QTreeView::mousePressEvent(event);
+    pressed_ = indexAt(event->pos());
+    event->accept();
+}
+
+void outline_tree::mouseReleaseEvent(QMouseEvent* event) {
+    const QModelIndex pressed = std::exchange(pressed_, QPersistentModelIndex());
+    if (!pressed.isValid()) return QTreeView::mouseReleaseEvent(event);
+    if (indexAt(event->pos()) != pressed || !is_on_mark(event->pos())) return;
+    const bool was_on = pressed.data(Qt::CheckStateRole).toInt() == Qt::Checked;
+    sends_([&] { rows_.setData(pressed, was_on ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole); });
+}
+
+// A quick second click on a mark is a click.
+void outline_tree::mouseDoubleClickEvent(QMouseEvent* event) {
+    if (is_on_mark(event->pos()))
+        mousePressEvent(event);
+    else
+        QTreeView::mouseDoubleClickEvent(event);
+}
+
+void outline_tree::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
+    QTreeView::currentChanged(current, previous);
+    if (is_taking_ || !current.isValid()) return;
+    sends_([&] { call<&outline_impl::current_changed>(rows_.outline(), rows_.row_at(current)); });
+}
+
+void outline_tree::selectionChanged(const QItemSelection& selected, const QItemSelection& deselected) {
+    QTreeView::selectionChanged(selected, deselected);
+    if (is_taking_) return;
+    sends_([&] {
+        tell_highlighted(deselected.indexes(), false);
+        tell_highlighted(selected.indexes(), true);
+    });
+}
+
+void outline_tree::tell_highlighted(const QModelIndexList& rows, bool on) {
+    for (const QModelIndex& each : rows)
+        if (outline_row* const row = rows_.row_at(each))
+            call<&outline_impl::set_highlighted>(rows_.outline(), row, on);
+    if (!on || rows.isEmpty()) return;
+    outline_row* const last = rows.size() > 1 ? rows_.row_at(rows.back()) : nullptr;
+    call<&outline_impl::highlight_added>(rows_.outline(), rows_.row_at(rows.front()), last);
+}
+
+namespace {
+
+class outline_widget final : public widget_for<outline_impl, outline_tree> {
+public:
+    outline_widget(element_widgets& all, const element& live, QWidget* parent)
+        : outline_widget(all, live, parent,
+                         std::make_unique<outline_model>(live, [this] { all_.note_change(*this); })) {}
+
+private:
+    outline_widget(element_widgets& all, const element& live, QWidget* parent,
+                   std::unique_ptr<outline_model> rows)
+        : widget_for(all, live,
+                     new outline_tree(
+                         *rows, [this](const auto& event) { tell(event); }, parent)),
+          rows_(std::move(rows)) {
+        own_->setMinimumHeight(4 * own_->fontMetrics().lineSpacing());
+        own_->setColumnWidth(0, own_->fontMetrics().averageCharWidth() * rows_->width());
+    }
+
+    // The view is in the middle of its own work, so what changes by an event is shown right after it.
+    void tell(const std::function<void()>& event) {
+        event();
+        all_.note_change(*this);
+    }
+    void show() override {
+        rows_->settle();
+        own_->take_flags();
+        own_->setAccessibleName(rows_->headerData(0, Qt::Horizontal, Qt::DisplayRole).toString());
+    }
+    void read(element_view& view) const override {
+        view.caption = entered(own_->model()->headerData(0, Qt::Horizontal, Qt::DisplayRole).toString());
+        view.rows = rows_below({});
+    }
+    std::vector<row_view> rows_below(const QModelIndex& parent) const {
+        const QAbstractItemModel& shown_rows = *own_->model();
+        std::vector<row_view> rows(static_cast<size_t>(shown_rows.rowCount(parent)));
+        for (size_t place = 0; place < rows.size(); ++place) {
+            const QModelIndex index = shown_rows.index(static_cast<int>(place), 0, parent);
+            const QVariant state = index.data(Qt::CheckStateRole);
+            rows[place] = {entered(index.data().toString()),
+                           !state.isValid()                        ? mark::none
+                           : state.toInt() == Qt::PartiallyChecked ? mark::mixed
+                           : state.toInt() == Qt::Checked          ? mark::on
+                                                                   : mark::off,
+                           !index.data(Qt::ForegroundRole).isValid(),
+                           own_->selectionModel()->isSelected(index),
+                           !shown_rows.hasChildren(index) || own_->isExpanded(index),
+                           index.data(outline_model::image_role).toInt(),
+                           rows_->row_at(index),
+                           rows_below(index)};
+        }
+        return rows;
+    }
+
+    const std::unique_ptr<outline_model> rows_; // outlives the view, which goes with its parent
+};
+
+} // namespace
+
+const std::vector<kind_of_widget>& outline_kinds() {
+    static const std::vector<kind_of_widget> kinds{
+        {outline_impl::element_kind, &make_widget<outline_widget>}};
+    return kinds;
+}
+
+} // namespace vestra::qt

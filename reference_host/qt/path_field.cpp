@@ -1,0 +1,90 @@
+#include "reference_host/qt/path_field.h"
+
+#include <QFileInfo>
+#include <QHBoxLayout>
+#include <utility>
+
+#include "platform/path_text.h"
+#include "platform/volumes.h"
+
+namespace vestra::qt {
+
+using namespace vs::project_resave;
+
+namespace {
+
+const QString own_words = QStringLiteral("…"); // where the bundle has none for the button
+
+} // namespace
+
+path_field::path_field(element_widgets& all, const element& live, QWidget* parent)
+    : widget_for(all, live, new QWidget(parent)), line_(new QLineEdit(own_)), button_(new QPushButton(own_)),
+      mode_(ask<&file_input_impl::mode>()), filter_(text_of<&file_input_impl::filter>()) {
+    auto* const row = new QHBoxLayout(own_);
+    row->setContentsMargins({});
+    row->addWidget(line_, 1);
+    row->addWidget(button_);
+    const QString words = text_of<&file_input_impl::button_caption>();
+    button_->setText(words.isEmpty() ? own_words : on_button(words));
+    button_->setAutoDefault(false);
+    button_->setAccessibleName(words.isEmpty() ? said("Choose", "Выбрать") : words);
+    line_->setAccessibleName(words);
+    own_->setFocusProxy(line_);
+    QObject::connect(line_, &QLineEdit::returnPressed,
+                     [this] { enter(platform::drive_path(line_->text().toStdString())); });
+    QObject::connect(line_, &QLineEdit::editingFinished, [this] { commit(); });
+    QObject::connect(button_, &QPushButton::clicked, [this] { browse(); });
+}
+
+void path_field::commit() {
+    if (is_entering_ || line_->text() == text_of<&file_input_impl::text>()) return;
+    enter(platform::drive_path(line_->text().toStdString()));
+}
+
+void path_field::enter(const wide_string& text) {
+    if (std::exchange(is_entering_, true)) return; // boxes take the focus away, and so end the editing again
+    send([&] { ask<&file_input_impl::text_entered>(text.c_str()); });
+    is_entering_ = false;
+    refresh();
+}
+
+std::unique_ptr<QFileDialog> path_field::make_dialog() const {
+    auto dialog = std::make_unique<QFileDialog>(own_->window());
+    const bool saves = mode_ == file_input_mode::text_file || mode_ == file_input_mode::new_file;
+    dialog->setAcceptMode(saves ? QFileDialog::AcceptSave : QFileDialog::AcceptOpen);
+    dialog->setFileMode(mode_ == file_input_mode::folder ? QFileDialog::Directory
+                        : saves                          ? QFileDialog::AnyFile
+                                                         : QFileDialog::ExistingFile);
+    dialog->setOption(QFileDialog::ShowDirsOnly, mode_ == file_input_mode::folder);
+    dialog->setWindowTitle(line_->accessibleName());
+    const QString pattern = filter_.section(u'|', 1);
+    if (!pattern.isEmpty()) {
+        dialog->setNameFilter(filter_.section(u'|', 0, 0).section(u'(', 0, 0).trimmed() + " (" + pattern +
+                              ")");
+        dialog->setDefaultSuffix(pattern.section(u'.', 1));
+    }
+    const QString now = QString::fromStdString(platform::native_text(entered(line_->text())));
+    if (!now.isEmpty() && !line_->text().isEmpty()) dialog->selectFile(now);
+    return dialog;
+}
+
+void path_field::browse() {
+    const auto dialog = make_dialog();
+    if (dialog->exec() != QDialog::Accepted || dialog->selectedFiles().isEmpty()) return;
+    enter(platform::drive_path(dialog->selectedFiles().front().toStdString()));
+}
+
+void path_field::show() {
+    const QString text = text_of<&file_input_impl::text>();
+    if (line_->text() != text) line_->setText(text);
+}
+
+void path_field::read(toolkit::element_view& view) const {
+    const QString words = button_->text();
+    view.caption = words == own_words ? wide_string() : entered(off_button(words));
+    view.text = entered(line_->text());
+    view.mode = mode_;
+    view.filter = entered(filter_);
+}
+
+} // namespace vestra::qt

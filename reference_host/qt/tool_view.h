@@ -1,0 +1,40 @@
+// The window of a tool as widgets: its content with the button box below it, and the dialogs of its bundle.
+#pragma once
+
+#include <QWidget>
+
+#include "host/toolkit/modal_dialog.h"
+#include "reference_host/qt/element_widgets.h"
+#include "reference_host/toolkit/app_window.h"
+
+namespace vestra::qt {
+
+// The content of an open tool. It must go before the tool does.
+class tool_view final : public QWidget, public toolkit::shown_window {
+public:
+    explicit tool_view(const toolkit::app_window& tool);
+    ~tool_view() override;
+
+    // What stands in the widgets, in the form in which the walker tells what the elements answer.
+    toolkit::element_view look() const override;
+    element_widgets& widgets() { return *widgets_; }
+
+private:
+    std::unique_ptr<element_widgets> widgets_;
+    element_widget* content_ = nullptr;
+    element_widget* box_ = nullptr; // null if the tool has none
+};
+
+// Shows the dialogs of bundles as modal windows above `window`.
+class window_dialog_runner final : public vs::project_resave::dialog_runner_impl {
+public:
+    // The window must outlive the runner.
+    explicit window_dialog_runner(QWidget& window) : window_(window) {}
+
+    std::int32_t run(vs::project_resave::docker content) override;
+
+private:
+    QWidget& window_;
+};
+
+} // namespace vestra::qt

@@ -1,0 +1,192 @@
+#include "reference_host/qt/window_front_end.h"
+
+#include <QAbstractButton>
+#include <QApplication>
+#include <QLabel>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <utility>
+
+#include "reference_host/qt/element_widgets.h"
+
+namespace vestra::qt {
+
+using shell::answer;
+
+namespace {
+
+constexpr int between_pumps = 15; // milliseconds; each file asks whether to stop
+
+} // namespace
+
+window_front_end::window_front_end(QWidget& window, std::function<void(bool on)> busy)
+    : window_(window), busy_(std::move(busy)) {}
+
+window_front_end::~window_front_end() = default;
+
+QMessageBox::StandardButton window_front_end::ask(QMessageBox::Icon icon, wide_view text,
+                                                  QMessageBox::StandardButtons buttons,
+                                                  const QString& reason) {
+    QWidget* const above = progress_ ? static_cast<QWidget*>(progress_.get()) : &window_;
+    QMessageBox box(icon, title, shown(text), buttons, above->isVisible() ? above : nullptr);
+    box.setTextFormat(Qt::PlainText);
+    box.setInformativeText(reason);
+    box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    for (const auto& [button, words] :
+         {std::pair(QMessageBox::Yes, said("Yes", "Да")), std::pair(QMessageBox::No, said("No", "Нет")),
+          std::pair(QMessageBox::Cancel, said("Cancel", "Отмена"))})
+        if (QAbstractButton* const shown_button = box.button(button)) shown_button->setText(words);
+    box.setEscapeButton(buttons & QMessageBox::Cancel ? QMessageBox::Cancel
+                        : buttons & QMessageBox::No   ? QMessageBox::No
+                                                      : QMessageBox::Ok);
+    return static_cast<QMessageBox::StandardButton>(box.exec());
+}
+
+void window_front_end::error(wide_view text) {
+    auto& refused = shell::settings().read_error;
+    const QString reason = refused ? shown(refused->text()) : QString();
+    refused.reset();
+    ask(QMessageBox::Critical, text, QMessageBox::Ok, reason);
+}
+
+void window_front_end::warning(wide_view text) { ask(QMessageBox::Warning, text, QMessageBox::Ok); }
+void window_front_end::message(wide_view text) { ask(QMessageBox::Information, text, QMessageBox::Ok); }
+
+bool window_front_end::yes_no(wide_view text) {
+    return ask(QMessageBox::Question, text, QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
+}
+
+answer window_front_end::yes_no_cancel(wide_view text) {
+    const auto buttons = QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+    switch (ask(QMessageBox::Question, text, buttons)) {
+    case QMessageBox::Yes:
+        return answer::yes;
+    case QMessageBox::No:
+        return answer::no;
+    default:
+        return answer::cancel;
+    }
+}
+
+void window_front_end::begin_work() {
+    if (busy_depth_++ > 0) return;
+    was_active_ = window_.isActiveWindow();
+    had_keys_ = window_.focusWidget();
+    if (busy_) busy_(true);
+}
+
+void window_front_end::end_work() {
+    if (--busy_depth_ > 0) return;
+    if (busy_) busy_(false);
+    if (was_active_) window_.activateWindow();
+    if (had_keys_) had_keys_->setFocus(); // a widget that was disabled meanwhile has lost it
+}
+
+void window_front_end::pump(bool at_once) {
+    if (is_pumping_ || (!at_once && pumped_.isValid() && pumped_.elapsed() < between_pumps)) return;
+    is_pumping_ = true;
+    QApplication::processEvents();
+    is_pumping_ = false;
+    pumped_.start();
+}
+
+void window_front_end::progress_opened(bool stoppable) {
+    begin_work();
+    is_stopped_ = false;
+    progress_ = std::make_unique<progress_window>(&window_, stoppable, [this] { request_stop(); });
+    progress_->setWindowTitle(title);
+    show_above(*progress_, window_);
+    pump(true);
+}
+
+void window_front_end::progress_shown(std::uint32_t current, std::uint32_t total) {
+    if (!progress_) return;
+    if (!transfer_.is_running())
+        progress_->set_percent(total == 0 ? 0 : static_cast<int>(std::min(100.0, 100.0 * current / total)));
+    pump();
+}
+
+void window_front_end::progress_caption(wide_view text) {
+    if (!progress_) return;
+    progress_->set_caption(shown(text));
+    pump();
+}
+
+void window_front_end::progress_indeterminate(bool on) {
+    if (progress_) progress_->set_percent(on ? std::nullopt : std::optional(0));
+    pump();
+}
+
+void window_front_end::progress_closed() {
+    progress_.reset();
+    end_work();
+}
+
+void window_front_end::request_stop() {
+    if (!progress_) return;
+    is_stopped_ = true;
+    progress_->set_stopping(true);
+}
+
+bool window_front_end::stop_requested() {
+    pump();
+    return is_stopped_;
+}
+
+void window_front_end::stop_reset() {
+    if (is_stopped_ && on_go_on) on_go_on();
+    is_stopped_ = false;
+    if (progress_) progress_->set_stopping(false);
+}
+
+void window_front_end::wait_opened(wide_view text) {
+    auto wait =
+        std::make_unique<QWidget>(&window_, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
+    wait->setWindowTitle(title);
+    auto* const words = new QLabel(shown(text), wait.get());
+    words->setTextFormat(Qt::PlainText);
+    (new QVBoxLayout(wait.get()))->addWidget(words);
+    wait->setMinimumWidth(280);
+    begin_work();
+    show_above(*wait, window_);
+    waits_.push_back(std::move(wait));
+    pump(true);
+}
+
+void window_front_end::wait_closed() {
+    if (waits_.empty()) return;
+    waits_.pop_back();
+    end_work();
+}
+
+void window_front_end::expect_bytes(std::uint64_t total) { transfer_.begin(total); }
+
+void window_front_end::bytes_moved(std::uint64_t bytes) {
+    if (!transfer_.is_running()) return;
+    transfer_.add(bytes);
+    if (progress_ && transfer_.is_due()) {
+        progress_->set_percent(static_cast<int>(transfer_.percent()));
+        progress_->set_amount(QString::fromStdString(transfer_.text()));
+    }
+    pump();
+}
+
+using vs::project_resave::call;
+using vs::project_resave::run_record;
+using vs::project_resave::run_record_impl;
+using vs::project_resave::transfer_observer;
+using vs::project_resave::transfer_observer_impl;
+
+watched_transfer::watched_transfer(const run_record& tool, window_front_end& shows, std::uint64_t expected)
+    : tool_(tool), shows_(shows) {
+    shows_.expect_bytes(expected);
+    call<&run_record_impl::set_transfer_observer>(
+        tool_, vs::project_resave::pointer_to<transfer_observer_impl>(*this));
+}
+
+watched_transfer::~watched_transfer() {
+    call<&run_record_impl::set_transfer_observer>(tool_, transfer_observer());
+    shows_.expect_bytes(0);
+}
+
+} // namespace vestra::qt
