@@ -125,7 +125,7 @@ run_result list_files(project_context& context, const scenes_request& request, c
         memory.create_folder(place);
     }
     context.placement.new_project_path = place; // the scenes take it for their folder
-    const run_result result = write_files(context, request, place);
+    run_result result = write_files(context, request, place);
     report.problems = host.reading_problems();
     add_scenes(host, place, report);
     if (folder.empty())

@@ -62,7 +62,7 @@ TEST_F(on_a_terminal, ctrl_c_asks_and_another_one_is_an_answer) {
     const struct {
         std::vector<turn> turns;
         bool is_kept;
-        string options = "";
+        string options = {};
     } rows[] = {
         {{{"5 % Saving", ctrl_c}, {"go on\r\n[yes/no/cancel] ", "yes\n"}}, false},
         {{{"5 % Saving", ctrl_c}, {"[yes/no/cancel] ", "what?\n"}, {"[yes/no/cancel] ", "no\n"}}, true},
