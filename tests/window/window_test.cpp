@@ -5,7 +5,6 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QDropEvent>
-#include <QElapsedTimer>
 #include <QLineEdit>
 #include <QMimeData>
 #include <QPlainTextEdit>
@@ -14,6 +13,7 @@
 #include <QTableView>
 #include <QTest>
 #include <QToolButton>
+#include <ctime>
 #include <regex>
 #include <set>
 #include <sstream>
@@ -299,25 +299,25 @@ TEST_F(window_test, a_hundred_thousand_layers_are_shown_and_ticked_as_fast_as_th
     project.save(source);
     open();
     toolkit::app_window walked(u"vestra/app/project_resave_app"); // the same elements, without widgets
-    QElapsedTimer time;
-    const auto taken = [&time](const std::function<void()>& what) {
-        time.start();
+    const auto taken = [](const std::function<void()>& what) {    // of the processor: others are at work, too
+        const std::clock_t begun = std::clock();
         what();
-        return time.nsecsElapsed();
+        return std::clock() - begun;
     };
     const auto show = [this] {
         window->tool().widgets().settle();
         QApplication::processEvents();
     };
     const element_view before = walked.look();
-    const qint64 load = taken([&] { toolkit::enter_text(*toolkit::find(before, u"file_input"), source); });
+    const std::clock_t load =
+        taken([&] { toolkit::enter_text(*toolkit::find(before, u"file_input"), source); });
     EXPECT_LT(taken(show), load / 2) << "a window is there in half again the time that any host waits";
     ASSERT_EQ(100000U, at("scn2d/list2").rows.size());
 
     const element_view now = walked.look();
     const element_view& unselect = *toolkit::all_named(now, "scn2d/tool6").front();
-    const qint64 click = taken([&] { toolkit::click_tool(unselect); });
-    const qint64 shown = taken(show), walk = taken([&] { std::ignore = walked.look(); });
+    const std::clock_t click = taken([&] { toolkit::click_tool(unselect); });
+    const std::clock_t shown = taken(show), walk = taken([&] { std::ignore = walked.look(); });
     EXPECT_LT(click + shown, 2 * (click + walk));
     EXPECT_EQ(toolkit::mark::off, at("scn2d/list2").rows.back().check);
 }
