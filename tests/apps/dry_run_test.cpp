@@ -164,10 +164,16 @@ TEST_P(dry_run_of_sample, without_what_no_rule_carries_nothing_is_left_to_say) {
     EXPECT_TRUE(has_own_folders() || listed == copied + static_cast<size_t>(lines))
         << listed << " " << copied;
     EXPECT_EQ(has_own_folders() ? 1 : 0, command("verify --elsewhere 'N:\\out\\new._vp'")) << out;
-    // Again, with nothing changed and no manifest.
+}
+
+TEST_P(dry_run_of_sample, updated_with_nothing_changed_and_no_manifest_it_stays_as_it_is) {
+    const string all = to + "--structure " + GetParam();
+    ASSERT_EQ(1, command(all)) << err;
+    const size_t copied = json::parse(out).at("summary").at("files");
     for (const string dry : {" --dry-run", ""}) {
-        EXPECT_EQ(has_own_folders() ? 1 : 0, command(all + " --update --overwrite" + dry)) << err;
+        EXPECT_EQ(1, command(all + " --update --overwrite" + dry)) << err;
         EXPECT_EQ(copied, json::parse(out).at("unchanged").size()) << out;
+        EXPECT_EQ(0, json::parse(out).at("summary").at("failed")) << err;
     }
 }
 INSTANTIATE_TEST_SUITE_P(structures, dry_run_of_sample,
