@@ -5,6 +5,7 @@
 #include <nlohmann/json.hpp>
 
 #include "apps/vestra_resave/manifest.h"
+#include "apps/vestra_resave/remembered_disk.h"
 #include "apps/vestra_resave/resave_report.h"
 #include "apps/vestra_resave/session.h"
 #include "apps/vestra_resave/verification.h"
@@ -33,6 +34,8 @@ std::vector<problem> further(const std::vector<problem>& of_load, const verifica
 } // namespace
 
 ended_verify verify_in(session& host, const verify_request& request) {
+    remembered_disk asked_once;
+    const platform::system_override in_force(asked_once);
     ended_verify ended;
     if ((ended.early = host.load(request.project))) return ended;
     const std::function<bool()> is_stopped = [&] { return host.interrupted(); };
