@@ -68,9 +68,9 @@ void outcome_model::put(std::vector<outcome_row> rows) {
 
 void outcome_model::translate() { emit headerDataChanged(Qt::Horizontal, 0, columns - 1); }
 
-bool outcome_model::fills(int column) const {
+bool outcome_model::fills(int asked) const {
     return std::ranges::any_of(rows_,
-                               [column](const outcome_row& row) { return !text(row, column).isEmpty(); });
+                               [asked](const outcome_row& row) { return !text(row, asked).isEmpty(); });
 }
 
 int outcome_model::rowCount(const QModelIndex& parent) const {

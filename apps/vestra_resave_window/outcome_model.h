@@ -27,7 +27,7 @@ public:
 
     const outcome_row& row(int index) const { return rows_.at(static_cast<std::size_t>(index)); }
     // True if any row has a text in the column.
-    bool fills(int column) const;
+    bool fills(int asked) const;
     int rowCount(const QModelIndex& parent) const override;
     int columnCount(const QModelIndex&) const override { return columns; }
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;

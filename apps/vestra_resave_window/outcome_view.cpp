@@ -84,8 +84,8 @@ outcome_view::outcome_view(QWidget* parent)
     table_->verticalHeader()->setDefaultSectionSize(table_->fontMetrics().lineSpacing() + 8);
     table_->setWordWrap(false);
     table_->setTextElideMode(Qt::ElideRight);
-    for (const int column : {outcome_model::source_column, outcome_model::target_column})
-        table_->setItemDelegateForColumn(column, new path_delegate(table_));
+    for (const int each : {outcome_model::source_column, outcome_model::target_column})
+        table_->setItemDelegateForColumn(each, new path_delegate(table_));
     connect(filter_, &QLineEdit::textChanged, [this](const QString& words) {
         shown_->set_words(words);
         show_count();
