@@ -16,6 +16,7 @@
 #include "platform/library.h"
 #include "platform/text.h"
 #include "platform/volumes.h"
+#include "reference_host/api/layer_types.h"
 #include "reference_host/toolkit/element_description.h"
 
 namespace vestra::window {
@@ -55,7 +56,7 @@ QString native(const wide_string& path) { return QString::fromStdString(platform
 
 // Services, bundles and dialogs, from a language to the next.
 struct main_window::host {
-    explicit host(QWidget& window) : dialogs(window) {}
+    explicit host(QWidget& window) : dialogs(window) { layer_types.add_to(registry); }
     ~host() {
         connections.reset();
         bundles.unload_all();
@@ -72,6 +73,7 @@ struct main_window::host {
         connections.emplace(dialogs);
     }
 
+    api::layer_types layer_types; // outlives the registry
     shell::service_registry registry;
     shell::bundle_loader bundles{registry};
     qt::window_dialog_runner dialogs;
