@@ -67,7 +67,7 @@ std::unique_ptr<toolkit::app_window> open_window(terminal_host& host) {
     host.connect();
     auto window = std::make_unique<toolkit::app_window>(tool);
     if (!window->is_open()) {
-        host.load(platform::library_beside_program(tool_library));
+        host.load(platform::installed_library(tool_library));
         host.connect();
         window = std::make_unique<toolkit::app_window>(tool);
     }
