@@ -46,7 +46,7 @@ wide_string installed_library(wide_view name) {
     const std::filesystem::path folder = program.parent_path();
     const std::string file = to_utf8(name) + ".so";
     if (std::filesystem::exists(folder / file, ignored)) return drive_path((folder / file).string());
-    return drive_path((folder / VS_LIBRARIES_FROM_PROGRAM / file).lexically_normal().string());
+    return drive_path((folder / VS_BUNDLES_FROM_PROGRAMS / file).lexically_normal().string());
 }
 
 } // namespace vs::project_resave::platform
