@@ -18,8 +18,7 @@ if(WIN32)
         mingw_w64_runtime /usr/share/doc/mingw-w64-common/copyright)
     # Windows looks for the libraries of a program next to it.
     install(TARGETS vestra-resave vsk_project_resave_bdl reference_host_library ${host_libraries}
-        RUNTIME DESTINATION . COMPONENT application
-        ARCHIVE DESTINATION lib COMPONENT unused EXCLUDE_FROM_ALL)
+        RUNTIME DESTINATION . COMPONENT application)
     install_documents(.)
     while(licences)
         list(POP_FRONT licences name file)

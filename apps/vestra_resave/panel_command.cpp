@@ -61,7 +61,7 @@ private:
     vestra::project project_;
 };
 
-// The tool of a bundle that was named, else of the one beside this program.
+// Opens the tool of a bundle that was named, else of the one that was installed with this program.
 std::unique_ptr<toolkit::app_window> open_window(terminal_host& host) {
     host.load_bundles();
     host.connect();

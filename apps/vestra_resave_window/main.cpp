@@ -110,6 +110,8 @@ int main(int argc, char** argv) {
     qInstallMessageHandler(&on_message);
     int qt_argc = 1; // the arguments are the program's own
     const QApplication application(qt_argc, argv);
+    QGuiApplication::setDesktopFileName("vestra-resave-window"); // by which a desktop finds name and icon
+    QGuiApplication::setWindowIcon(QIcon::fromTheme("vestra-resave-window"));
     const int end = show_window(line);
     if (const std::size_t left = living_objects()) {
         std::cerr << "vestra-resave-window: internal error: " << left << " objects were left\n";
