@@ -9,7 +9,7 @@
 namespace vestra::command {
 
 // Gives `app` the flag --version and, for the build alone and therefore not shown in its help, --man-page and
-// --bash-completion. Each prints its text and ends the program with 0, whatever else is on the command line.
+// --bash-completion. Each prints its text and ends the program with 0.
 // `app` must live until it has parsed; commands may be added later.
 void add_pages(CLI::App& app);
 
