@@ -60,7 +60,7 @@ namespace {
 
 // Returns what may be completed where a value is expected: the words themselves, or a kind in angle brackets.
 std::string completed_by(const CLI::Option& option) {
-    if (const std::string words = accepted_words(option, " "); !words.empty()) return words;
+    if (std::string words = accepted_words(option, " "); !words.empty()) return words;
     const std::string name = option.get_positional() ? option.get_name() : value_name(option);
     for (const auto& [part, kind] :
          {std::pair{"FOLDER", "<folder>"}, {"PROJECT", "<project>"}, {"FILE", "<file>"}})

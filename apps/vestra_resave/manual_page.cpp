@@ -66,7 +66,7 @@ void print_option(std::ostream& out, const CLI::Option& option) {
     out << ".TP\n\\fB" << escaped(option.get_positional() ? option.get_name() : names_of(option)) << "\\fR";
     if (!option.get_positional() && takes_value(option))
         out << " \\fI" << escaped(value_name(option)) << "\\fR";
-    const std::string text = option.get_description();
+    const std::string& text = option.get_description();
     out << '\n'
         << escaped(text) << (text.ends_with('.') ? "" : ".") << escaped(conditions_of(option)) << '\n';
 }
@@ -108,7 +108,7 @@ void print_command(std::ostream& out, const CLI::App& command, const CLI::App& p
 } // namespace
 
 std::string man_page(const CLI::App& app) {
-    const std::string name = app.get_name();
+    const std::string& name = app.get_name();
     std::string summary = app.get_description();
     summary[0] = static_cast<char>(std::tolower(static_cast<unsigned char>(summary[0])));
     if (summary.ends_with('.')) summary.pop_back();
