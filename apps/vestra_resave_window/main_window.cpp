@@ -106,7 +106,7 @@ void main_window::start() {
     tool_ = std::make_unique<toolkit::app_window>(tool_id);
     if (!tool_->is_open()) { // none of these offers it
         tool_.reset();
-        host_->load(platform::library_beside_program(tool_library));
+        host_->load(platform::installed_library(tool_library));
         host_->connect();
         tool_ = std::make_unique<toolkit::app_window>(tool_id);
     }
