@@ -133,10 +133,14 @@ void outcome_view::show_outcome(run_outcome outcome) {
     open_->setEnabled(false);
     show_count();
     constexpr int widths[outcome_model::columns] = {190, 230, 230, 75, 200, 150};
+    int spare = 0; // of columns that are empty
     for (int column = 0; column < outcome_model::columns; ++column) {
+        const bool is_filled = rows_->fills(column);
+        table_->setColumnHidden(column, !is_filled);
         table_->setColumnWidth(column, widths[column]);
-        table_->setColumnHidden(column, !rows_->fills(column));
+        if (!is_filled) spare += widths[column];
     }
+    table_->setColumnWidth(outcome_model::source_column, widths[outcome_model::source_column] + spare);
 }
 
 void outcome_view::show_count() {
