@@ -36,8 +36,8 @@ window_front_end::window_front_end(QWidget& window, std::function<void(bool on)>
 window_front_end::~window_front_end() = default;
 
 QMessageBox::StandardButton window_front_end::ask(QMessageBox::Icon icon, wide_view text,
-                                                  QMessageBox::StandardButtons buttons,
-                                                  const QString& reason) {
+                                                  QMessageBox::StandardButtons buttons, const QString& reason,
+                                                  QMessageBox::StandardButton chosen_by_enter) {
     QWidget* above = QApplication::activeModalWidget(); // a dialog that asks for a name
     if (!above) above = progress_ ? static_cast<QWidget*>(progress_.get()) : &window_;
     // A text of its own for the reason would be squeezed, and shown with what looks like tags taken out.
@@ -51,6 +51,7 @@ QMessageBox::StandardButton window_front_end::ask(QMessageBox::Icon icon, wide_v
          {std::pair(QMessageBox::Yes, said("Yes", "Да")), std::pair(QMessageBox::No, said("No", "Нет")),
           std::pair(QMessageBox::Cancel, said("Cancel", "Отмена"))})
         if (QAbstractButton* const shown_button = box.button(button)) shown_button->setText(words);
+    box.setDefaultButton(chosen_by_enter);
     box.setEscapeButton(buttons & QMessageBox::Cancel ? QMessageBox::Cancel
                         : buttons & QMessageBox::No   ? QMessageBox::No
                                                       : QMessageBox::Ok);
@@ -72,9 +73,15 @@ bool window_front_end::yes_no(wide_view text) {
     return ask(QMessageBox::Question, text, QMessageBox::Yes | QMessageBox::No) == QMessageBox::Yes;
 }
 
+bool window_front_end::confirms(wide_view text) {
+    const auto buttons = QMessageBox::Yes | QMessageBox::No;
+    return ask(QMessageBox::Warning, text, buttons, {}, QMessageBox::No) == QMessageBox::Yes;
+}
+
 answer window_front_end::yes_no_cancel(wide_view text) {
     const auto buttons = QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
-    switch (ask(QMessageBox::Question, text, buttons)) {
+    // Whether to erase: no key that is pressed too early does so.
+    switch (ask(QMessageBox::Question, text, buttons, {}, QMessageBox::Cancel)) {
     case QMessageBox::Yes:
         return answer::yes;
     case QMessageBox::No:

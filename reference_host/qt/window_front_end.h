@@ -27,6 +27,8 @@ public:
     void warning(wide_view text) override;
     void message(wide_view text) override;
     bool yes_no(wide_view text) override;
+    // Asks before something is lost: Enter and Escape say no.
+    bool confirms(wide_view text);
     // The box closed by the window's own button is a cancel.
     shell::answer yes_no_cancel(wide_view text) override;
 
@@ -54,7 +56,8 @@ public:
 
 private:
     QMessageBox::StandardButton ask(QMessageBox::Icon icon, wide_view text,
-                                    QMessageBox::StandardButtons buttons, const QString& reason = {});
+                                    QMessageBox::StandardButtons buttons, const QString& reason = {},
+                                    QMessageBox::StandardButton chosen_by_enter = QMessageBox::NoButton);
     void begin_work();
     void end_work();
     void pump(bool at_once = false);
