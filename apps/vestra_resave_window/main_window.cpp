@@ -168,7 +168,7 @@ bool main_window::resaves() const {
 
 // The tool replaces what is there, as its users know it; a typed path was confirmed by no file dialog.
 bool main_window::may_replace(const wide_string& target) {
-    return front_end_.yes_no(
+    return front_end_.confirms(
         entered(said("This project exists already. Replace it?", "Такой проект уже есть. Заменить его?") +
                 "\n\n" + native(target)));
 }
