@@ -229,10 +229,11 @@ int resave(session& host, const resave_request& request, const common_options& o
     if (ended.early) return end_with(*ended.early, options);
     auto& [early, report, plan, target, files, names] = ended;
     if (!request.report.empty()) {
+        const page_facts facts = facts_of(ended, request);
         // The page is real, even if the run is not.
         const platform::system_override real(trial ? platform::operating_system()
                                                    : platform::current_system());
-        for (const problem& each : write_page(request.report, facts_of(ended, request))) add(report, each);
+        for (const problem& each : write_page(request.report, facts)) add(report, each);
     }
     print_problems(report);
     if (options.json)

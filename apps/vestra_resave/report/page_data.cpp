@@ -187,9 +187,10 @@ std::string bar_of(const sized_group& group, uint64_t largest, size_t top, const
     const std::string mark = attribute == "data-type" ? std::to_string(group.number) : group.name;
     const std::string link = "<a href=\"#files\" " + attribute + "=\"" + escaped(mark) + "\">";
     return "<svg y=\"" + std::to_string(top) + "\" class=\"" + (group.is_rest ? "rest\">" : "one\">" + link) +
-           "<title>" + escaped(name) + "</title><text y=\"14\">" + escaped(shortened(name, 34)) +
-           "</text><text class=\"value\" x=\"100%\" y=\"14\">" + escaped(size_text(group.bytes)) + " · " +
-           std::to_string(group.files) +
+           "<title>" + escaped(name) +
+           "</title><rect class=\"row\" width=\"100%\" height=\"34\"/><text y=\"14\">" +
+           escaped(shortened(name, 34)) + "</text><text class=\"value\" x=\"100%\" y=\"14\">" +
+           escaped(size_text(group.bytes)) + " · " + std::to_string(group.files) +
            "</text><rect class=\"track\" y=\"21\" width=\"100%\" height=\"7\" rx=\"3.5\"/>"
            "<rect class=\"bar\" y=\"21\" width=\"" +
            percent(group.bytes, largest) + "\" height=\"7\" rx=\"3.5\"/>" +

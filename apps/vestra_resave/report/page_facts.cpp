@@ -63,6 +63,24 @@ private:
     std::unordered_set<wide_string> known_, targets_;          // path keys
 };
 
+// Folders as a disk that ignores letter case has them: the first spelling stays.
+class folder_spellings {
+public:
+    wide_string apply(const wide_string& path) { return folder(path_head(path)) + path_file_name(path); }
+
+private:
+    wide_string folder(const wide_string& path) {
+        if (path.size() <= path_fixed_length(path) + 1) return path;
+        const auto known = spelled_.find(path_key(path));
+        if (known != spelled_.end()) return known->second;
+        const wide_string whole = path.substr(0, path.size() - 1);
+        const wide_string spelled = folder(path_head(whole)) + path_file_name(whole) + path.back();
+        return spelled_.emplace(path_key(path), spelled).first->second;
+    }
+
+    std::unordered_map<wide_string, wide_string> spelled_; // by path key
+};
+
 // Files that stayed where they were.
 constexpr struct {
     std::string_view group;
@@ -85,12 +103,13 @@ std::vector<page_file> files_of(const ended_resave& ended) {
         const element_name* const name = ended.names.find(source);
         list.add({source, target, bytes, state, name ? *name : element_name()});
     };
+    folder_spellings spellings; // of folders that a trial has not made
     for (const resave_plan::file& each : ended.plan ? ended.plan->files : ended.files) {
         const auto row = earlier.find(path_key(each.target));
         sentence state = row == earlier.end() ? "copied" : row->second;
         if (each.written) state = "written anew";
         if (each.renamed) state = "renamed";
-        add(each.source, each.target, each.bytes, state);
+        add(each.source, ended.plan ? spellings.apply(each.target) : each.target, each.bytes, state);
     }
     for (const copied_file& each : report.taken_over)
         add(each.source, each.target, each.bytes, sentence("taken over"));

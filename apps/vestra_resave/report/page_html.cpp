@@ -51,6 +51,7 @@ fragments said() {
         {"folders_hint",
          "Choose a folder to see its files in the table; marked folders have them on the other side."},
         {"files_title", "All files"},
+        {"table_title", "Table of files"},
         {"no_script", "The table of all files needs JavaScript."},
         {"search", "Search"},
         {"search_hint", "part of a name, folder or element"},
