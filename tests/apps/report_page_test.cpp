@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <nlohmann/json.hpp>
 
+#include "apps/vestra_resave/report/escaping.h"
 #include "apps/vestra_resave/report/folder_tree.h"
 #include "apps/vestra_resave/report/page_facts.h"
 #include "apps/vestra_resave/report/page_file.h"

@@ -4,7 +4,7 @@
 #include <deque>
 
 #include "apps/vestra_resave/problems.h"
-#include "apps/vestra_resave/report/page_html.h"
+#include "apps/vestra_resave/report/escaping.h"
 #include "apps/vestra_resave/resave_report.h"
 #include "apps/vestra_resave/words.h"
 #include "platform/path_text.h"

@@ -6,7 +6,7 @@
 #include <nlohmann/json.hpp>
 #include <unordered_map>
 
-#include "apps/vestra_resave/report/page_html.h"
+#include "apps/vestra_resave/report/escaping.h"
 #include "platform/path_text.h"
 #include "platform/text.h"
 
