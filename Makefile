@@ -5,6 +5,9 @@
 # make browser-test opens the pages of --report in a browser, with the build of make test
 # make windows      builds the Windows library, its host and the command line into build-windows/bin/
 # make windows-test runs every test of that build under Wine
+# make install      builds and installs below PREFIX (default /usr/local), in DESTDIR if that is set
+# make package      build/dist: a Debian package and a tarball; build-windows/dist: a zip for Windows
+# make package-test unpacks these packages and runs what is in them
 # make demo         lists the sample project and resaves it under each structure into build/demo/
 # make bench        measures load and resave beside cp -a
 # make torture      faults at every call, kills, arbitrary bytes: prints what was tried, fails if anything was lost
@@ -15,6 +18,7 @@
 SHELL := /bin/bash
 
 .PHONY: all packages test window-test browser-test screenshots demo bench torture check format clean windows windows-test
+.PHONY: install package package-test
 
 all: packages
 	@cmake --preset release >/dev/null
@@ -51,6 +55,23 @@ windows:
 
 windows-test: windows
 	@tools/windows_test
+
+PREFIX ?= /usr/local
+
+install: all
+	@DESTDIR="$(DESTDIR)" cmake --install build --prefix "$(PREFIX)"
+
+package: all
+	@tools/install_windows_packages build-windows/packages
+	@cmake --preset windows >/dev/null
+	@cmake --build --preset windows --target vestra-resave vsk_project_resave_bdl
+	@rm -rf build/dist build-windows/dist
+	@cpack --config build/CPackConfig.cmake >build/package.log || { cat build/package.log; false; }
+	@cpack --config build-windows/CPackConfig.cmake >build-windows/package.log || { cat build-windows/package.log; false; }
+	@ls build/dist/*.* build-windows/dist/*.*
+
+package-test: package
+	@tools/package_test
 
 demo: all
 	@tools/demo

@@ -30,8 +30,10 @@ private:
     void* handle_;
 };
 
-// Returns the drive path of the library `name`, given without the target's extension, in the folder of the
-// running program; it need not exist.
-wide_string library_beside_program(wide_view name);
+// Returns the drive path of the library `name`, given without the target's extension, that was installed with
+// the running program: in the program's own folder, as in a build folder and on Windows, else in the folder
+// that the same installation has for libraries of its own, wherever that was moved to. The file need not
+// exist.
+wide_string installed_library(wide_view name);
 
 } // namespace vs::project_resave::platform

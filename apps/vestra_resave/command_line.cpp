@@ -5,6 +5,7 @@
 #include <iostream>
 #include <map>
 
+#include "apps/vestra_resave/command_pages.h"
 #include "apps/vestra_resave/problems.h"
 #include "platform/terminal.h"
 
@@ -337,7 +338,10 @@ std::string failure_text(const CLI::App& app, const CLI::Error& error) {
 std::optional<int> parse(int argc, char** argv, command_line& line) {
     CLI::App app("Copies mapping projects with all their files to a new place.", "vestra-resave");
     app.require_subcommand(1);
-    app.set_version_flag("--version", "vestra-resave " VS_VERSION);
+    add_pages(app);
+    app.footer("COMMAND --help shows the options of a command.\n\n"
+               "Environment:\n"
+               "  VESTRA_DRIVES  further drives and their folders, as \"C=/data/c;N=/mnt/n\"");
     words words;
     add_list(app, line);
     add_resave(app, line, words);

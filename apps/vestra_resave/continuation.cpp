@@ -8,6 +8,7 @@
 #include "apps/vestra_resave/earlier_request.h"
 #include "apps/vestra_resave/file_content.h"
 #include "apps/vestra_resave/manifest.h"
+#include "apps/vestra_resave/output_file.h"
 #include "apps/vestra_resave/referred_files.h"
 #include "apps/vestra_resave/shortfalls.h"
 #include "apps/vestra_resave/trial_disk.h"
@@ -48,14 +49,16 @@ std::optional<refusal> continuation::find(session& host) {
                                               "--update brings the copy up to date"));
 }
 
+std::optional<refusal> continuation::at_work() const {
+    return refused(journal_path(target_), say("another resave into this folder is at work"));
+}
+
 // Nothing may start where another run is at work: its journal is open.
 std::optional<refusal> continuation::refuse_at_work() const {
     std::unique_ptr<platform::file> file;
-    const wide_string path = journal_path(target_);
     const platform::outcome opened = platform::current_system().open(
-        path, platform::access::read_write, platform::disposition::open_existing, file);
-    if (!opened.is(platform::failure::in_use)) return std::nullopt;
-    return refused(path, say("another resave into this folder is at work"));
+        journal_path(target_), platform::access::read_write, platform::disposition::open_existing, file);
+    return opened.is(platform::failure::in_use) ? at_work() : std::nullopt;
 }
 
 std::optional<refusal> continuation::find_to_resume(session& host) {
@@ -79,8 +82,9 @@ std::optional<refusal> continuation::find_to_resume(session& host) {
         has_manifest_ = !earlier_copy_.empty();
         may_replace_project_ = is_as_recorded(earlier_copy_);
         if (auto early = find_earlier_copy(host)) return early;
+    } else {
+        has_manifest_ = has_own_manifest();
     }
-    if (mode_ != run_mode::update) has_manifest_ = has_own_manifest();
     may_replace_project_ |= !path_exists(target_) || is_as_recorded(earlier.files);
     if (auto early = refuse_changed_project()) return early;
     add_files(std::move(earlier.files));
@@ -100,7 +104,7 @@ std::optional<refusal> continuation::refuse_changed_project() const {
 std::optional<refusal> continuation::find_to_update(session& host) {
     wide_string from;
     if (auto early = read_manifest(target_, earlier_copy_, &from)) return early;
-    if (!from.empty() && !path_same(from, source_) && (request_.prune || !request_.overwrite))
+    if (!from.empty() && !is_same_file(from, source_) && (request_.prune || !request_.overwrite))
         return refused(target_, say("is a copy of another project: %1", {printed(from)}));
     has_manifest_ = !earlier_copy_.empty();
     earlier_run earlier;
@@ -212,10 +216,8 @@ std::optional<refusal> continuation::begin_journal() {
     const platform::outcome begun = journal_->begin(is_to_be_entered ? asked_ : "", has_journal_);
     if (begun) return std::nullopt;
     is_journal_ended_ = true;
-    const wide_string path = journal_path(target_);
-    if (begun.is(platform::failure::in_use) || begun.is(platform::failure::taken))
-        return refused(path, say("another resave into this folder is at work"));
-    return refusal{not_saved, {{own_kind::not_created, {}, {}, path, begun.text()}}};
+    if (begun.is(platform::failure::in_use) || begun.is(platform::failure::taken)) return at_work();
+    return refusal{not_saved, {{own_kind::not_created, {}, {}, journal_path(target_), begun.text()}}};
 }
 
 } // namespace vestra::command

@@ -171,16 +171,20 @@ void continuation::end_unreferenced(const continued_disk::row& left, const char1
 }
 
 void continuation::flush(resave_report& report) {
-    for (const wide_string& path : {target_, manifest_path(target_), path_normalise(path_head(target_))}) {
-        if (!path_exists(path)) continue;
-        const platform::outcome flushed = platform::current_system().flush(path);
-        const bool is_file = !path_same(path, path_normalise(path_head(target_)));
-        if (flushed || !is_file) continue;
-        add(report, {name_of(fact_kind::not_written), {}, source_, path, flushed.text()});
-        if (path_same(path, target_)) report.exit = not_saved;
+    platform::system& disk = platform::current_system();
+    const wide_string folder = path_normalise(path_head(target_));
+    const auto note = [&](const wide_string& path, const platform::outcome& flushed) {
+        if (!flushed) add(report, {name_of(fact_kind::not_written), {}, source_, path, flushed.text()});
+        return bool(flushed);
+    };
+    if (!note(target_, disk.flush(target_))) report.exit = not_saved;
+    if (path_exists(manifest_path(target_))) {
+        note(manifest_path(target_), disk.flush(manifest_path(target_)));
+        // A later update takes what the manifest names for whole.
+        const platform::outcome flushed = disk.flush_volume(folder);
+        if (!flushed.is(platform::failure::denied)) note(folder, flushed);
     }
-    // A later update takes what the manifest names for whole.
-    if (path_exists(manifest_path(target_))) platform::current_system().flush_volume(path_head(target_));
+    note(folder, disk.flush(folder));
 }
 
 void continuation::end_files(project_context& context, resave_report& report) {

@@ -65,9 +65,17 @@ continued_disk::continued_disk(platform::system& below, journal_disk* journal,
     }
     for (auto& [key, each] : entries_) {
         if (!each.file.source.empty()) by_source_[path_key(each.file.source)].push_back(&each);
+        for (const earlier_file& older : each.older) // which of them holds shows when the file is looked at
+            if (!older.source.empty()) by_source_[path_key(older.source)].push_back(&each);
         each.set = each.file.state == made_state::folder ? key : set_of(key);
-        if (each.file.state != made_state::folder) sets_[each.set].made.push_back(&each);
     }
+    collect_sets();
+}
+
+void continued_disk::collect_sets() {
+    sets_.clear();
+    for (auto& [key, each] : entries_)
+        if (each.file.state != made_state::folder) sets_[each.set].made.push_back(&each);
 }
 
 void continued_disk::keep_together(const std::vector<wide_string>& sources) {
@@ -83,11 +91,9 @@ void continued_disk::keep_together(const std::vector<wide_string>& sources) {
         } while (!folders.contains(from) && from.size() > path_fixed_length(from));
         // A file of the folder can also have been copied by itself.
         const bool is_copy_of_folder = plain_stem(path_file_name(to)) == plain_stem(path_file_name(from));
-        if (!folders.contains(from) || !is_copy_of_folder) continue;
-        std::erase(sets_[each.set].made, &each);
-        each.set = to;
-        sets_[to].made.push_back(&each);
+        if (folders.contains(from) && is_copy_of_folder) each.set = to;
     }
+    collect_sets();
 }
 
 void continued_disk::keep_places_of(const std::vector<wide_string>& sources) {
@@ -168,10 +174,11 @@ void continued_disk::check_set(const wide_string& key, file_set& set) {
 
 // As the folder was when it was asked first.
 bool continued_disk::has_strangers(const wide_string& set_key, const file_set& set) {
+    const auto made =
+        std::ranges::count_if(set.made, [](const entry* each) { return each->what != fate::missing; });
     if (find(set_key)) { // the copy of a folder
         const auto all = platform::list_tree(inner(), set_key);
-        const auto files = std::ranges::count(all, false, &platform::tree_entry::is_folder);
-        return static_cast<size_t>(files) > set.made.size();
+        return std::ranges::count(all, false, &platform::tree_entry::is_folder) > made;
     }
     const wide_string folder = path_head(set_key);
     const auto [at, is_new] = on_disk_.try_emplace(folder);
@@ -183,8 +190,6 @@ bool continued_disk::has_strangers(const wide_string& set_key, const file_set& s
             if (!each.is_folder && !is_of_command) ++at->second[set_of(folder + name)];
         }
     const auto count = at->second.find(set_key);
-    const auto made =
-        std::ranges::count_if(set.made, [](const entry* each) { return each->what != fate::missing; });
     return count != at->second.end() && count->second > static_cast<size_t>(made);
 }
 

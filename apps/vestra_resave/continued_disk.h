@@ -47,11 +47,11 @@ public:
     // A file of which nothing is known but that an earlier project refers to counts as a copy if one of
     // these, or a file beside them or in them, has its size and time.
     void know_sources(const std::vector<wide_string>& sources);
-    // A file that is written over though somebody has changed it. Any other such file is not.
+    // Names a file that is written over though somebody has changed it. Any other such file is not.
+    void let_go(const wide_string& path) { may_go_.insert(vs::project_resave::path_key(path)); }
     bool may_go(const wide_string& path) const {
         return may_go_.contains(vs::project_resave::path_key(path));
     }
-    void let_go(const wide_string& path) { may_go_.insert(vs::project_resave::path_key(path)); }
     // The place at which the earlier run put `source`, if it is `wanted` or a numbered name beside it; else
     // `wanted`. Until the placing ends, names are asked for on behalf of this source.
     wide_string kept_place(const wide_string& source, const wide_string& wanted);
@@ -115,6 +115,7 @@ private:
     bool is_another(const wide_string& path, const entry& found);
     void check(entry& asked);
     wide_string set_of(const wide_string& key) const;
+    void collect_sets();
     void check_set(const wide_string& key, file_set& set);
     bool has_strangers(const wide_string& set_key, const file_set& set);
     bool is_own(const earlier_file& file);

@@ -7,6 +7,7 @@
 #include "apps/vestra_resave/elements.h"
 #include "apps/vestra_resave/family_sizes.h"
 #include "apps/vestra_resave/lost_files.h"
+#include "apps/vestra_resave/remembered_disk.h"
 #include "apps/vestra_resave/resave_report.h"
 #include "apps/vestra_resave/session.h"
 #include "apps/vestra_resave/words.h"
@@ -75,6 +76,8 @@ bool keep_missing(std::vector<element>& elements) {
 
 int list_project(const list_request& request, const common_options& options) {
     const std::string& project = request.project;
+    remembered_disk asked_once;
+    const platform::system_override in_force(asked_once);
     session host(options, {});
     lost_file_search search;
     if (const auto early = search.begin(request.search)) return end_with(*early, options);

@@ -61,13 +61,13 @@ private:
     vestra::project project_;
 };
 
-// The tool of a bundle that was named, else of the one beside this program.
+// Opens the tool of a bundle that was named, else of the one that was installed with this program.
 std::unique_ptr<toolkit::app_window> open_window(terminal_host& host) {
     host.load_bundles();
     host.connect();
     auto window = std::make_unique<toolkit::app_window>(tool);
     if (!window->is_open()) {
-        host.load(platform::library_beside_program(tool_library));
+        host.load(platform::installed_library(tool_library));
         host.connect();
         window = std::make_unique<toolkit::app_window>(tool);
     }

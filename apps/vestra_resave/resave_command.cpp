@@ -10,6 +10,7 @@
 #include "apps/vestra_resave/manifest.h"
 #include "apps/vestra_resave/output_file.h"
 #include "apps/vestra_resave/preflight.h"
+#include "apps/vestra_resave/remembered_disk.h"
 #include "apps/vestra_resave/report/page_facts.h"
 #include "apps/vestra_resave/report/page_file.h"
 #include "apps/vestra_resave/resave_plan.h"
@@ -183,6 +184,9 @@ std::optional<refusal> refuse_trial() {
 }
 
 ended_resave resave_in(session& host, const resave_request& request, trial_disk* trial) {
+    remembered_disk asked_once;
+    std::optional<platform::system_override> in_force;
+    if (!trial) in_force.emplace(asked_once); // what a trial hides and shows changes without a write
     lost_file_search search;
     if (auto early = search.begin(request.search)) return {std::move(early), {}, {}, {}};
     continuation earlier(request, platform::drive_path(request.project),

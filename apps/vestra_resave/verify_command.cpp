@@ -7,6 +7,7 @@
 
 #include "apps/vestra_resave/earlier_files.h"
 #include "apps/vestra_resave/manifest.h"
+#include "apps/vestra_resave/remembered_disk.h"
 #include "apps/vestra_resave/report/page_facts.h"
 #include "apps/vestra_resave/report/page_file.h"
 #include "apps/vestra_resave/resave_report.h"
@@ -51,6 +52,8 @@ void add_manifest(const wide_string& project, std::vector<ended_verify::file>& f
 } // namespace
 
 ended_verify verify_in(session& host, const verify_request& request) {
+    remembered_disk asked_once;
+    const platform::system_override in_force(asked_once);
     ended_verify ended;
     if ((ended.early = host.load(request.project))) return ended;
     if (!request.report.empty())

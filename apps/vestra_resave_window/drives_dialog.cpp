@@ -5,6 +5,7 @@
 #include <QHBoxLayout>
 #include <QHeaderView>
 #include <QLabel>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QTableWidget>
 #include <QVBoxLayout>
@@ -75,12 +76,26 @@ void drives_dialog::choose_folder() {
     if (!chosen.isEmpty()) table_->item(row, 1)->setText(chosen);
 }
 
+void drives_dialog::accept() {
+    for (const auto& [letter, folder] : drives()) {
+        const bool is_letter =
+            letter.size() == 1 && letter >= QStringLiteral("A") && letter <= QStringLiteral("Z");
+        if (is_letter && !folder.isEmpty()) continue;
+        QMessageBox::warning(
+            this, windowTitle(),
+            said("A row needs one letter and a folder: ", "В строке нужны одна буква и папка: ") + letter +
+                u'=' + folder);
+        return;
+    }
+    QDialog::accept();
+}
+
 std::vector<stored_settings::drive> drives_dialog::drives() const {
     std::vector<stored_settings::drive> all;
     for (int row = 0; row < table_->rowCount(); ++row) {
-        const QString letter = table_->item(row, 0)->text().trimmed().left(1).toUpper();
+        const QString letter = table_->item(row, 0)->text().remove(u':').trimmed().toUpper();
         const QString folder = table_->item(row, 1)->text().trimmed();
-        if (!letter.isEmpty() && !folder.isEmpty()) all.emplace_back(letter, folder);
+        if (!letter.isEmpty() || !folder.isEmpty()) all.emplace_back(letter, folder);
     }
     return all;
 }

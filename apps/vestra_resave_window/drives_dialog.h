@@ -13,8 +13,10 @@ class drives_dialog final : public QDialog {
 public:
     drives_dialog(const std::vector<stored_settings::drive>& drives, QWidget* parent);
 
-    // As they stand in the table; rows without a letter or a folder are left out.
+    // As they stand in the table, without empty rows.
     std::vector<stored_settings::drive> drives() const;
+    // Says what is wrong and stays if a row lacks its letter or its folder.
+    void accept() override;
 
 private:
     void add(const QString& letter, const QString& folder);

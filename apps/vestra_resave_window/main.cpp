@@ -3,6 +3,7 @@
 #include <cstdlib>
 #include <iostream>
 
+#include "apps/vestra_resave/command_pages.h"
 #include "apps/vestra_resave/words.h"
 #include "apps/vestra_resave_window/main_window.h"
 #include "platform/terminal.h"
@@ -48,6 +49,7 @@ bool has_display() {
 std::optional<int> parse(int argc, char** argv, command_line& line) {
     CLI::App app("Copies mapping projects with all their files to a new place, in a window.",
                  "vestra-resave-window");
+    command::add_pages(app);
     app.add_option("PROJECT", line.project, "Project file to open, by its native path or as C:\\...");
     app.add_option("--drive", line.drives, "Map a drive letter to a folder, as C=/data/c; repeatable")
         ->type_name("X=FOLDER")
@@ -108,6 +110,8 @@ int main(int argc, char** argv) {
     qInstallMessageHandler(&on_message);
     int qt_argc = 1; // the arguments are the program's own
     const QApplication application(qt_argc, argv);
+    QGuiApplication::setDesktopFileName("vestra-resave-window"); // by which a desktop finds name and icon
+    QGuiApplication::setWindowIcon(QIcon::fromTheme("vestra-resave-window"));
     const int end = show_window(line);
     if (const std::size_t left = living_objects()) {
         std::cerr << "vestra-resave-window: internal error: " << left << " objects were left\n";

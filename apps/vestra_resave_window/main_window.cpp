@@ -5,14 +5,18 @@
 #include <QMenuBar>
 #include <QMimeData>
 #include <QToolBar>
+#include <algorithm>
 #include <utility>
 
+#include "apps/vestra_resave/words.h"
 #include "apps/vestra_resave_window/outcome_view.h"
 #include "apps/vestra_resave_window/run_outcome.h"
 #include "apps/vestra_resave_window/tool_record.h"
+#include "operations/run/path_files.h"
 #include "platform/library.h"
 #include "platform/text.h"
 #include "platform/volumes.h"
+#include "reference_host/api/layer_types.h"
 #include "reference_host/toolkit/element_description.h"
 
 namespace vestra::window {
@@ -29,13 +33,30 @@ constexpr const char16_t* tool_library = u"vsk_project_resave_bdl";
 // So many are shown by themselves, fewer by the elements they belong to.
 constexpr std::uint64_t many_bytes = std::uint64_t{16} << 20;
 
+// The one project among what is dragged; empty for anything else.
+QString project_in(const QMimeData& dragged) {
+    const QList<QUrl> files = dragged.urls();
+    if (files.size() != 1 || !files.front().isLocalFile()) return {};
+    const QString path = files.front().toLocalFile();
+    return path.endsWith(QStringLiteral("._vp"), Qt::CaseInsensitive) ? path : QString();
+}
+
+// After a move the other program would remove the file.
+bool take_as_copy(QDropEvent& event) {
+    const Qt::DropAction taken = event.possibleActions() & Qt::CopyAction ? Qt::CopyAction : Qt::LinkAction;
+    if (!(event.possibleActions() & taken)) return false;
+    event.setDropAction(taken);
+    event.accept();
+    return true;
+}
+
 QString native(const wide_string& path) { return QString::fromStdString(platform::native_text(path)); }
 
 } // namespace
 
 // Services, bundles and dialogs, from a language to the next.
 struct main_window::host {
-    explicit host(QWidget& window) : dialogs(window) {}
+    explicit host(QWidget& window) : dialogs(window) { layer_types.add_to(registry); }
     ~host() {
         connections.reset();
         bundles.unload_all();
@@ -52,6 +73,7 @@ struct main_window::host {
         connections.emplace(dialogs);
     }
 
+    api::layer_types layer_types; // outlives the registry
     shell::service_registry registry;
     shell::bundle_loader bundles{registry};
     qt::window_dialog_runner dialogs;
@@ -62,6 +84,9 @@ main_window::main_window(stored_settings& stored, std::vector<wide_string> bundl
     : stored_(stored), bundles_(std::move(bundles)), front_end_(*this, [this](bool on) { set_busy(on); }),
       front_end_in_force_(front_end_), results_(new outcome_view(this)), tools_(new QToolBar(this)) {
     front_end_.on_go_on = [this] { closes_ = false; };
+    front_end_.words_of_reason = [](wide_view reason) {
+        return QString::fromStdString(command::say_known(platform::to_utf8(reason)));
+    };
     closer_.setSingleShot(true); // the event that closes the window has to end first
     connect(&closer_, &QTimer::timeout, this, [this] { close(); });
     setAcceptDrops(true);
@@ -81,7 +106,7 @@ void main_window::start() {
     tool_ = std::make_unique<toolkit::app_window>(tool_id);
     if (!tool_->is_open()) { // none of these offers it
         tool_.reset();
-        host_->load(platform::library_beside_program(tool_library));
+        host_->load(platform::installed_library(tool_library));
         host_->connect();
         tool_ = std::make_unique<toolkit::app_window>(tool_id);
     }
@@ -122,6 +147,7 @@ void main_window::run(const std::function<void()>& press) {
     const std::uint32_t before = runs_of(tool_->service());
     const std::optional<tool_record> settings = settings_of(tool_->service());
     if (settings && !settings->source.empty()) stored_.add_recent(native(settings->source));
+    if (settings && resaves() && path_exists(settings->target) && !may_replace(settings->target)) return;
     const auto bytes = settings ? static_cast<std::uint64_t>(settings->kilobytes * 1024) : 0;
     {
         const qt::watched_transfer shown(record_of(tool_->service()), front_end_,
@@ -131,6 +157,20 @@ void main_window::run(const std::function<void()>& press) {
     if (runs_of(tool_->service()) == before || closes_) return;
     if (const auto record = last_run_of(tool_->service()))
         work([&] { show_results(outcome_of_run(*record, front_end_)); });
+}
+
+// The first tab of the tool is the one that writes a project.
+bool main_window::resaves() const {
+    const toolkit::element_view shown = tool_->look();
+    const toolkit::element_view* const tabs = toolkit::find(shown, u"tab_layout");
+    return !tabs || tabs->current == 0;
+}
+
+// The tool replaces what is there, as its users know it; a typed path was confirmed by no file dialog.
+bool main_window::may_replace(const wide_string& target) {
+    return front_end_.yes_no(
+        entered(said("This project exists already. Replace it?", "Такой проект уже есть. Заменить его?") +
+                "\n\n" + native(target)));
 }
 
 void main_window::work(const std::function<void()>& operation) {
@@ -161,6 +201,11 @@ void main_window::check(const wide_string& project) {
 
 void main_window::show_results(run_outcome outcome) {
     results_->show_outcome(std::move(outcome));
+    bring_up_results();
+}
+
+void main_window::bring_up_results() {
+    results_->setWindowState(results_->windowState() & ~Qt::WindowMinimized);
     results_->show();
     results_->raise();
     results_->activateWindow();
@@ -168,24 +213,34 @@ void main_window::show_results(run_outcome outcome) {
 
 void main_window::set_language(const QString& language) {
     stored_.set_language(language);
+    results_->forget(); // they are in the other language
     open_anew([&] { shell::settings().language_offset = language == "ru" ? 0 : 50000; });
 }
 
 void main_window::set_drives(const std::vector<stored_settings::drive>& drives) {
     stored_.set_drives(drives);
+    map_anew(drives);
+}
+
+void main_window::map_anew(const std::vector<stored_settings::drive>& drives) {
     QStringList wrong;
     open_anew([&] { wrong = map_drives(drives); });
     if (!wrong.isEmpty()) front_end_.error(entered(wrong.join(u'\n')));
 }
 
 // The library takes words and drives as it finds them when it is loaded.
-void main_window::open_anew(const std::function<void()>& change) {
+void main_window::open_anew(const std::function<void()>& change) try {
     const toolkit::element_view before = tool_->look();
+    const std::optional<tool_record> settings = settings_of(tool_->service());
     take_down();
     change();
     start();
     translate();
     copy_choices(before, tool_->look());
+    if (settings) view_->widgets().send([&] { leave_out(tool_->service(), settings->left_out); });
+} catch (const no_tool& failure) { // its library was taken away meanwhile
+    front_end_.error(platform::from_utf8(failure.reason));
+    QCoreApplication::exit(2);
 }
 
 void main_window::closeEvent(QCloseEvent* event) {
@@ -198,14 +253,19 @@ void main_window::closeEvent(QCloseEvent* event) {
     QMainWindow::closeEvent(event);
 }
 
-void main_window::dragEnterEvent(QDragEnterEvent* event) {
-    if (!is_at_work() && event->mimeData()->hasUrls()) event->acceptProposedAction();
+void main_window::dragEnterEvent(QDragEnterEvent* event) { dragMoveEvent(event); }
+
+void main_window::dragMoveEvent(QDragMoveEvent* event) {
+    if (is_at_work() || project_in(*event->mimeData()).isEmpty() || !take_as_copy(*event)) event->ignore();
 }
 
 void main_window::dropEvent(QDropEvent* event) {
-    const QList<QUrl> files = event->mimeData()->urls();
-    if (!is_at_work() && !files.isEmpty())
-        open_project(platform::drive_path(files.front().toLocalFile().toStdString()));
+    const QString project = project_in(*event->mimeData());
+    if (is_at_work() || project.isEmpty() || !take_as_copy(*event)) return;
+    // Later: boxes would hold up the program that the file comes from.
+    QTimer::singleShot(0, this, [this, project] {
+        if (!is_at_work()) open_project(platform::drive_path(project.toStdString()));
+    });
 }
 
 } // namespace vestra::window

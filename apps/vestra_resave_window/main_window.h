@@ -3,6 +3,7 @@
 
 #include <QMainWindow>
 #include <QTimer>
+#include <QTranslator>
 #include <memory>
 #include <optional>
 #include <string>
@@ -34,8 +35,8 @@ public:
 
     // Loads a project by way of the tool's first field. False if it was not taken; the person was told why.
     bool open_project(const wide_string& project);
-    // Both open the tool anew, on the same project and with the same choices, but with everything ticked. The
-    // language is "ru" or "en".
+    // Both open the tool anew, on the same project, with the same choices and ticks. The language is "ru" or
+    // "en".
     void set_language(const QString& language);
     void set_drives(const std::vector<stored_settings::drive>& drives);
     // Shows what a run would do, which is done on no disk.
@@ -50,7 +51,9 @@ public:
 protected:
     // While something is under way the window closes after it has been stopped.
     void closeEvent(QCloseEvent* event) override;
+    // The file of one project is taken.
     void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
     void dropEvent(QDropEvent* event) override;
 
 private:
@@ -60,10 +63,14 @@ private:
     void take_down();
     void open_anew(const std::function<void()>& change);
     void run(const std::function<void()>& press);
+    bool resaves() const;
+    bool may_replace(const wide_string& target);
+    void map_anew(const std::vector<stored_settings::drive>& drives);
     // Work of the window's own, which nothing gets into the way of.
     void work(const std::function<void()>& operation);
     void end_of_work();
     void show_results(run_outcome outcome);
+    void bring_up_results();
     // Makes menus and tools in the language that is in force now.
     void translate();
     void choose_project();
@@ -89,6 +96,7 @@ private:
     outcome_view* results_ = nullptr; // a window of its own above this one
     QToolBar* tools_ = nullptr;
     QTimer closer_;
+    QTranslator words_of_qt_; // of dialogs and menus that are Qt's own
     bool works_ = false, closes_ = false;
 };
 

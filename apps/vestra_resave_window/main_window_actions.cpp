@@ -1,7 +1,9 @@
 // Menus and tools of the window, and what they ask for.
 #include <QAction>
 #include <QActionGroup>
+#include <QCoreApplication>
 #include <QFileDialog>
+#include <QLibraryInfo>
 #include <QMenu>
 #include <QMenuBar>
 #include <QToolBar>
@@ -21,6 +23,10 @@ using toolkit::element_view;
 using toolkit::mark;
 
 void main_window::translate() {
+    QCoreApplication::removeTranslator(&words_of_qt_);
+    const bool is_russian = shell::settings().language_offset == 0;
+    if (is_russian && words_of_qt_.load("qtbase_ru", QLibraryInfo::path(QLibraryInfo::TranslationsPath)))
+        QCoreApplication::installTranslator(&words_of_qt_);
     const QString title = said("Resave a project", "Пересохранение проекта");
     setWindowTitle(title);
     front_end_.title = title;
@@ -59,7 +65,9 @@ void main_window::fill_results_menu(QMenu& menu) {
     checks->setToolTip(said("Looks whether a project needs anything outside of its folder",
                             "Проверяет, нужно ли проекту что-нибудь вне его папки"));
     menu.addSeparator();
-    menu.addAction(said("&Show results", "Показать &результаты"), this, [this] { results_->show(); });
+    QAction* const shows =
+        menu.addAction(said("&Show results", "Показать &результаты"), this, [this] { bring_up_results(); });
+    connect(&menu, &QMenu::aboutToShow, shows, [this, shows] { shows->setEnabled(results_->has_outcome()); });
     tools_->addActions({tries, checks});
 }
 
@@ -106,8 +114,17 @@ void main_window::choose_project_to_check() {
 }
 
 void main_window::choose_drives() {
-    drives_dialog dialog(mapped_drives(), this);
-    if (dialog.exec() == QDialog::Accepted) set_drives(dialog.drives());
+    const std::vector<stored_settings::drive> now = mapped_drives(), stored = stored_.drives();
+    drives_dialog dialog(now, this);
+    if (dialog.exec() != QDialog::Accepted) return;
+    std::vector<stored_settings::drive> kept = dialog.drives();
+    const auto has = [](const auto& all, const auto& each) {
+        return std::ranges::find(all, each) != all.end();
+    };
+    // What the command line or the environment says counts for this time.
+    std::erase_if(kept, [&](const auto& each) { return has(now, each) && !has(stored, each); });
+    stored_.set_drives(kept);
+    if (dialog.drives() != now) map_anew(dialog.drives());
 }
 
 // The trees are congruent: what a window is built of is the same in every language.

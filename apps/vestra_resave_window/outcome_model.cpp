@@ -1,5 +1,7 @@
 #include "apps/vestra_resave_window/outcome_model.h"
 
+#include <QApplication>
+#include <QStyle>
 #include <algorithm>
 
 #include "apps/vestra_resave/resave_report.h"
@@ -45,6 +47,17 @@ QString text(const outcome_row& row, int column) {
     }
 }
 
+// Without what separates columns and rows.
+QString on_one_line(QString text) {
+    for (const char16_t each : {u'\t', u'\n', u'\r'}) text.replace(each, u' ');
+    return text;
+}
+
+// As it is, on one line: a tool tip takes what looks like tags for tags.
+QString tool_tip(const QString& text) {
+    return text.isEmpty() ? text : "<p style='white-space:pre'>" + text.toHtmlEscaped() + "</p>";
+}
+
 } // namespace
 
 void outcome_model::put(std::vector<outcome_row> rows) {
@@ -54,6 +67,11 @@ void outcome_model::put(std::vector<outcome_row> rows) {
 }
 
 void outcome_model::translate() { emit headerDataChanged(Qt::Horizontal, 0, columns - 1); }
+
+bool outcome_model::fills(int asked) const {
+    return std::ranges::any_of(rows_,
+                               [asked](const outcome_row& row) { return !text(row, asked).isEmpty(); });
+}
 
 int outcome_model::rowCount(const QModelIndex& parent) const {
     return parent.isValid() ? 0 : static_cast<int>(rows_.size());
@@ -70,8 +88,32 @@ QVariant outcome_model::data(const QModelIndex& index, int role) const {
     if (role == problem_role) return row.is_problem;
     if (role == Qt::TextAlignmentRole && is_size) return int(Qt::AlignRight | Qt::AlignVCenter);
     if (role == sort_role && is_size) return row.bytes ? static_cast<qlonglong>(*row.bytes) : -1;
-    if (role != Qt::DisplayRole && role != Qt::ToolTipRole && role != sort_role) return {};
-    return text(row, index.column());
+    const QString words = text(row, index.column());
+    switch (role) {
+    case path_role:
+        return words;
+    case sort_role:
+    case Qt::DisplayRole:
+        return on_one_line(words);
+    case Qt::ToolTipRole:
+        return tool_tip(words);
+    case Qt::DecorationRole: {
+        const bool is_marked = row.is_problem && index.column() == element_column;
+        return is_marked ? QApplication::style()->standardIcon(QStyle::SP_MessageBoxWarning) : QVariant();
+    }
+    default:
+        return {};
+    }
+}
+
+shown_outcome::shown_outcome(QObject* parent) : QSortFilterProxyModel(parent) {
+    collator_.setNumericMode(true);
+    collator_.setCaseSensitivity(Qt::CaseInsensitive);
+}
+
+bool shown_outcome::lessThan(const QModelIndex& left, const QModelIndex& right) const {
+    if (left.column() == outcome_model::size_column) return QSortFilterProxyModel::lessThan(left, right);
+    return collator_.compare(left.data().toString(), right.data().toString()) < 0;
 }
 
 void shown_outcome::set_words(const QString& words) {
@@ -84,12 +126,13 @@ void shown_outcome::set_only_problems(bool on) {
     invalidateFilter();
 }
 
-bool shown_outcome::filterAcceptsRow(int row, const QModelIndex& parent) const {
-    const auto at = [&](int column) { return sourceModel()->index(row, column, parent); };
-    if (only_problems_ && !at(0).data(outcome_model::problem_role).toBool()) return false;
+// Asks the rows themselves: an index and a variant for each cell make a long table slow to filter.
+bool shown_outcome::filterAcceptsRow(int row, const QModelIndex&) const {
+    const outcome_row& asked = static_cast<const outcome_model*>(sourceModel())->row(row);
+    if (only_problems_ && !asked.is_problem) return false;
     return std::ranges::all_of(words_, [&](const QString& word) {
         for (int column = 0; column < outcome_model::columns; ++column)
-            if (at(column).data().toString().contains(word, Qt::CaseInsensitive)) return true;
+            if (text(asked, column).contains(word, Qt::CaseInsensitive)) return true;
         return false;
     });
 }

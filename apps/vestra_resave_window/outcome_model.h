@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QAbstractTableModel>
+#include <QCollator>
 #include <QSortFilterProxyModel>
 #include <QStringList>
 #include <vector>
@@ -16,6 +17,7 @@ public:
     static constexpr int columns = reason_column + 1;
     static constexpr int problem_role = Qt::UserRole; // whether it is one
     static constexpr int sort_role = Qt::UserRole + 1;
+    static constexpr int path_role = Qt::UserRole + 2; // the text of a column as it is
 
     using QAbstractTableModel::QAbstractTableModel;
 
@@ -23,6 +25,9 @@ public:
     // Says its heads anew, after the language has changed.
     void translate();
 
+    const outcome_row& row(int index) const { return rows_.at(static_cast<std::size_t>(index)); }
+    // True if any row has a text in the column.
+    bool fills(int asked) const;
     int rowCount(const QModelIndex& parent) const override;
     int columnCount(const QModelIndex&) const override { return columns; }
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
@@ -32,19 +37,22 @@ private:
     std::vector<outcome_row> rows_;
 };
 
-// Rows that have each word in some column and, if wanted, problems alone.
+// Rows that have each word in some column and, if wanted, problems alone. Sorted as people of the language
+// do, numbers by their value.
 class shown_outcome final : public QSortFilterProxyModel {
 public:
-    using QSortFilterProxyModel::QSortFilterProxyModel;
+    explicit shown_outcome(QObject* parent);
 
     void set_words(const QString& words);
     void set_only_problems(bool on);
 
 protected:
     bool filterAcceptsRow(int row, const QModelIndex& parent) const override;
+    bool lessThan(const QModelIndex& left, const QModelIndex& right) const override;
 
 private:
     QStringList words_;
+    QCollator collator_;
     bool only_problems_ = false;
 };
 

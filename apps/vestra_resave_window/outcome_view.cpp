@@ -3,6 +3,7 @@
 #include <QCheckBox>
 #include <QClipboard>
 #include <QDesktopServices>
+#include <QDir>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QHBoxLayout>
@@ -10,7 +11,11 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QLocale>
+#include <QMessageBox>
 #include <QPushButton>
+#include <QShortcut>
+#include <QStandardPaths>
+#include <QStyledItemDelegate>
 #include <QTableView>
 #include <QUrl>
 #include <QVBoxLayout>
@@ -23,10 +28,34 @@ namespace vestra::window {
 
 using qt::said;
 
+namespace {
+
+// The nearest folder above a file that exists, or is asked for to be.
+QString folder_above(const QString& path) {
+    QString folder = QFileInfo(path).absolutePath();
+    while (!QFileInfo::exists(folder) && !QDir(folder).isRoot()) folder = QFileInfo(folder).absolutePath();
+    return folder;
+}
+
+// A path is known by its ends.
+class path_delegate final : public QStyledItemDelegate {
+public:
+    using QStyledItemDelegate::QStyledItemDelegate;
+
+protected:
+    void initStyleOption(QStyleOptionViewItem* option, const QModelIndex& index) const override {
+        QStyledItemDelegate::initStyleOption(option, index);
+        option->textElideMode = Qt::ElideMiddle;
+    }
+};
+
+} // namespace
+
 outcome_view::outcome_view(QWidget* parent)
     : QWidget(parent, Qt::Window), rows_(new outcome_model(this)), shown_(new shown_outcome(this)),
-      summary_(new QLabel(this)), filter_(new QLineEdit(this)), only_problems_(new QCheckBox(this)),
-      copy_(new QPushButton(this)), open_(new QPushButton(this)), table_(new QTableView(this)) {
+      summary_(new QLabel(this)), count_(new QLabel(this)), filter_(new QLineEdit(this)),
+      only_problems_(new QCheckBox(this)), copy_(new QPushButton(this)), open_(new QPushButton(this)),
+      table_(new QTableView(this)) {
     auto* const tools = new QHBoxLayout;
     tools->addWidget(filter_, 1);
     tools->addWidget(only_problems_);
@@ -35,7 +64,11 @@ outcome_view::outcome_view(QWidget* parent)
     auto* const column = new QVBoxLayout(this);
     column->addLayout(tools);
     column->addWidget(table_, 1);
-    column->addWidget(summary_);
+    auto* const foot = new QHBoxLayout;
+    foot->addWidget(summary_, 1);
+    foot->addWidget(count_);
+    column->addLayout(foot);
+    summary_->setTextFormat(Qt::PlainText);
     summary_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     summary_->setWordWrap(true);
     filter_->setClearButtonEnabled(true);
@@ -43,17 +76,29 @@ outcome_view::outcome_view(QWidget* parent)
     shown_->setSortRole(outcome_model::sort_role);
     table_->setModel(shown_);
     table_->setSortingEnabled(true);
-    table_->sortByColumn(-1, Qt::AscendingOrder); // as the run had them
+    table_->horizontalHeader()->setSortIndicatorClearable(true); // a third click: as the run had them
     table_->setSelectionBehavior(QAbstractItemView::SelectRows);
     table_->setTabKeyNavigation(false);
     table_->verticalHeader()->hide();
     table_->horizontalHeader()->setStretchLastSection(true);
     table_->verticalHeader()->setDefaultSectionSize(table_->fontMetrics().lineSpacing() + 8);
     table_->setWordWrap(false);
-    table_->setTextElideMode(Qt::ElideMiddle); // a path is told by its ends
-    connect(filter_, &QLineEdit::textChanged, [this](const QString& words) { shown_->set_words(words); });
-    connect(only_problems_, &QCheckBox::toggled, [this](bool on) { shown_->set_only_problems(on); });
+    table_->setTextElideMode(Qt::ElideRight);
+    for (const int each : {outcome_model::source_column, outcome_model::target_column})
+        table_->setItemDelegateForColumn(each, new path_delegate(table_));
+    connect(filter_, &QLineEdit::textChanged, [this](const QString& words) {
+        shown_->set_words(words);
+        show_count();
+    });
+    connect(only_problems_, &QCheckBox::toggled, [this](bool on) {
+        shown_->set_only_problems(on);
+        show_count();
+    });
+    connect(table_->selectionModel(), &QItemSelectionModel::currentChanged, open_,
+            [this](const QModelIndex& current) { open_->setEnabled(current.isValid()); });
     connect(copy_, &QPushButton::clicked, [this] { QGuiApplication::clipboard()->setText(lines()); });
+    auto* const copy = new QShortcut(QKeySequence::Copy, table_, nullptr, nullptr, Qt::WidgetShortcut);
+    connect(copy, &QShortcut::activated, copy_, &QPushButton::click);
     connect(open_, &QPushButton::clicked, [this] { open_folder(); });
     resize(1160, 520);
     translate();
@@ -73,13 +118,35 @@ void outcome_view::translate() {
     rows_->translate();
 }
 
+void outcome_view::forget() {
+    hide();
+    show_outcome({});
+}
+
 void outcome_view::show_outcome(run_outcome outcome) {
     setWindowTitle(outcome.title);
     summary_->setText(outcome.summary);
     rows_->put(std::move(outcome.rows));
-    constexpr int widths[outcome_model::columns] = {180, 240, 240, 70, 230, 190};
-    for (int column = 0; column < outcome_model::columns; ++column)
+    filter_->clear(); // what was looked for among other rows
+    only_problems_->setChecked(false);
+    table_->sortByColumn(-1, Qt::AscendingOrder);
+    open_->setEnabled(false);
+    show_count();
+    constexpr int widths[outcome_model::columns] = {190, 230, 230, 75, 200, 150};
+    int spare = 0; // of columns that are empty
+    for (int column = 0; column < outcome_model::columns; ++column) {
+        const bool is_filled = rows_->fills(column);
+        table_->setColumnHidden(column, !is_filled);
         table_->setColumnWidth(column, widths[column]);
+        if (!is_filled) spare += widths[column];
+    }
+    table_->setColumnWidth(outcome_model::source_column, widths[outcome_model::source_column] + spare);
+}
+
+void outcome_view::show_count() {
+    const int shown = shown_->rowCount(), all = rows_->rowCount({});
+    count_->setText(shown == all ? QString()
+                                 : said("%1 of %2 shown", "показано %1 из %2").arg(shown).arg(all));
 }
 
 QString outcome_view::summary() const { return summary_->text(); }
@@ -101,16 +168,23 @@ QString outcome_view::lines() const {
     return all;
 }
 
-// Of the new place, or of the source where there is none.
+// Of the new place; of the source where there is none yet.
 void outcome_view::open_folder() {
-    const QModelIndex current = table_->currentIndex();
-    const int row = current.isValid() ? current.row() : 0;
-    for (const int column : {outcome_model::target_column, outcome_model::source_column}) {
-        const QString path = shown_->index(row, column).data().toString();
-        if (path.isEmpty()) continue;
-        QDesktopServices::openUrl(QUrl::fromLocalFile(QFileInfo(path).absolutePath()));
-        return;
-    }
+    const int row = table_->currentIndex().row();
+    const auto path_in = [&](int column) {
+        return shown_->index(row, column).data(outcome_model::path_role).toString();
+    };
+    const QString source = path_in(outcome_model::source_column),
+                  target = path_in(outcome_model::target_column);
+    const bool shows_source = target.isEmpty() || (!QFileInfo::exists(target) && QFileInfo::exists(source));
+    const QString folder = folder_above(shows_source ? source : target);
+    const bool has_opener =
+        !QStandardPaths::findExecutable("xdg-open").isEmpty() || QGuiApplication::platformName() == "windows";
+    if (has_opener && QDesktopServices::openUrl(QUrl::fromLocalFile(folder))) return;
+    QMessageBox::information(
+        this, windowTitle(),
+        said("No program is set up to show a folder:", "Нет программы, которая показала бы папку:") + "\n\n" +
+            folder);
 }
 
 } // namespace vestra::window

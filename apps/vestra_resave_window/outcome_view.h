@@ -22,6 +22,8 @@ public:
     ~outcome_view() override;
 
     void show_outcome(run_outcome outcome);
+    // Is empty again, and not shown.
+    void forget();
     // Says its own words anew, after the language has changed.
     void translate();
 
@@ -31,13 +33,16 @@ public:
     QLineEdit& filter() { return *filter_; }
     QCheckBox& only_problems() { return *only_problems_; }
     QString summary() const;
+    bool has_outcome() const { return !summary().isEmpty(); }
 
 private:
     void open_folder();
+    void show_count();
 
     outcome_model* const rows_;
     shown_outcome* const shown_;
     QLabel* const summary_;
+    QLabel* const count_; // of the rows that are shown
     QLineEdit* const filter_;
     QCheckBox* const only_problems_;
     QPushButton* const copy_;

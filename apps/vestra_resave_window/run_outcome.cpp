@@ -23,7 +23,11 @@ using qt::shown;
 namespace {
 
 QString text(const std::string& utf8) { return QString::fromStdString(utf8); }
-QString native(const wide_string& path) { return path.empty() ? QString() : text(printed(path)); }
+// With the line breaks that a name may have: what is shown goes without them, what is opened does not.
+QString native(const wide_string& path) {
+    const bool is_plain = std::ranges::none_of(path, [](char16_t each) { return each < u' '; });
+    return path.empty() ? QString() : text(is_plain ? printed(path) : native_form(path));
+}
 
 QString name_shown(const element_name& name) {
     if (name.caption.empty()) return shown(name.list);
@@ -60,6 +64,11 @@ outcome_row row_of(const wide_string& source, const wide_string& target, uint64_
 
 QString state_of(const wide_string& source) {
     return source.empty() ? said("written", "записано") : said("copied", "скопировано");
+}
+
+QString planned_state_of(const wide_string& source) {
+    return source.empty() ? said("to be written", "будет записано")
+                          : said("to be copied", "будет скопировано");
 }
 
 run_outcome refused_outcome(const QString& title, const refusal& early) {
@@ -132,9 +141,10 @@ run_outcome tried_out(const tool_record& settings, shell::front_end& person) {
     run_outcome outcome{title, text(say("would be %1", {closing_line(ended.report, ended.target)})), {}};
     add_problems(ended.report.problems, names, outcome);
     for (const resave_plan::file& each : ended.plan->files)
-        outcome.rows.push_back(row_of(
-            each.source, each.target, each.bytes,
-            each.renamed ? said("under another name", "под другим именем") : state_of(each.source), names));
+        outcome.rows.push_back(row_of(each.source, each.target, each.bytes,
+                                      each.renamed ? said("under another name", "под другим именем")
+                                                   : planned_state_of(each.source),
+                                      names));
     return outcome;
 }
 

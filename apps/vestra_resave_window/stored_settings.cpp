@@ -62,7 +62,7 @@ std::vector<stored_settings::drive> mapped_drives() {
     std::vector<stored_settings::drive> all;
     for (const QString& each :
          QString::fromStdString(platform::mapped_volumes().assignments()).split(u';', Qt::SkipEmptyParts))
-        if (!each.startsWith(u'Z')) all.emplace_back(each.section(u'=', 0, 0), each.section(u'=', 1));
+        if (each != QStringLiteral("Z=/")) all.emplace_back(each.section(u'=', 0, 0), each.section(u'=', 1));
     return all;
 }
 

@@ -65,6 +65,14 @@ std::optional<tool_record> last_run_of(const custom_app_service& tool) {
     return read<&run_record_impl::pass_last_run>(tool);
 }
 
+void leave_out(const custom_app_service& tool, const std::vector<wide_string>& uuids) {
+    const run_record record = record_of(tool);
+    if (!record) return;
+    std::vector<const char16_t*> texts;
+    for (const wide_string& uuid : uuids) texts.push_back(uuid.c_str());
+    call<&run_record_impl::leave_out>(record, texts.data(), static_cast<uint32_t>(texts.size()));
+}
+
 uint32_t runs_of(const custom_app_service& tool) {
     return call<&run_record_impl::run_count>(record_of(tool));
 }

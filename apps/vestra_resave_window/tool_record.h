@@ -31,6 +31,8 @@ struct tool_record {
 // Both return nothing for a tool that tells nothing.
 std::optional<tool_record> settings_of(const vs::project_resave::custom_app_service& tool);
 std::optional<tool_record> last_run_of(const vs::project_resave::custom_app_service& tool);
+// Unticks elements by their uuids; such a tool keeps all ticks.
+void leave_out(const vs::project_resave::custom_app_service& tool, const std::vector<wide_string>& uuids);
 // Null for such a tool.
 vs::project_resave::run_record record_of(const vs::project_resave::custom_app_service& tool);
 // How many runs have ended; 0 for such a tool.

@@ -40,10 +40,13 @@ library::~library() { ::dlclose(handle_); }
 
 void* library::symbol(const char* name) const { return ::dlsym(handle_, name); }
 
-wide_string library_beside_program(wide_view name) {
+wide_string installed_library(wide_view name) {
     std::error_code ignored;
     const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", ignored);
-    return drive_path((program.parent_path() / (to_utf8(name) + ".so")).string());
+    const std::filesystem::path folder = program.parent_path();
+    const std::string file = to_utf8(name) + ".so";
+    if (std::filesystem::exists(folder / file, ignored)) return drive_path((folder / file).string());
+    return drive_path((folder / VS_BUNDLES_FROM_PROGRAMS / file).lexically_normal().string());
 }
 
 } // namespace vs::project_resave::platform

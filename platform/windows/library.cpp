@@ -24,7 +24,7 @@ void* library::symbol(const char* name) const {
     return reinterpret_cast<void*>(::GetProcAddress(static_cast<HMODULE>(handle_), name));
 }
 
-wide_string library_beside_program(wide_view name) {
+wide_string installed_library(wide_view name) {
     std::wstring program(MAX_PATH, L'\0');
     for (;;) {
         const auto room = static_cast<DWORD>(program.size());

@@ -3,7 +3,9 @@
 #include <QHeaderView>
 #include <QMouseEvent>
 #include <QStyle>
+#include <algorithm>
 #include <utility>
+#include <vector>
 
 #include "reference_host/qt/element_kinds.h"
 
@@ -13,6 +15,28 @@ using namespace vs::project_resave;
 using toolkit::element_view;
 using toolkit::mark;
 using toolkit::row_view;
+
+namespace {
+
+// In one order, and neighbours as one range: equal for the same rows, however they were selected.
+std::vector<std::pair<QModelIndex, QModelIndex>> ranges_of(const QItemSelection& rows) {
+    std::vector<std::pair<QModelIndex, QModelIndex>> ranges;
+    for (const QItemSelectionRange& each : rows) {
+        const QModelIndex first = each.topLeft(), last = each.bottomRight();
+        ranges.emplace_back(first.siblingAtColumn(0), last.siblingAtColumn(0));
+    }
+    std::ranges::sort(ranges);
+    std::vector<std::pair<QModelIndex, QModelIndex>> joined;
+    for (const auto& [first, last] : ranges)
+        if (!joined.empty() && joined.back().second.parent() == first.parent() &&
+            joined.back().second.row() + 1 == first.row())
+            joined.back().second = last;
+        else
+            joined.emplace_back(first, last);
+    return joined;
+}
+
+} // namespace
 
 outline_tree::outline_tree(outline_model& model, std::function<void(const std::function<void()>&)> sends,
                            QWidget* parent)
@@ -37,23 +61,34 @@ void outline_tree::take_flags() {
     is_taking_ = true;
     QItemSelection highlighted;
     take_below({}, highlighted);
-    if (highlighted.isEmpty() ? selectionModel()->hasSelection()
-                              : highlighted != selectionModel()->selection())
+    if (ranges_of(highlighted) != ranges_of(selectionModel()->selection()))
         selectionModel()->select(highlighted, QItemSelectionModel::ClearAndSelect);
     is_taking_ = false;
 }
 
+// Neighbours become one range: a range for each row would make the selection slow.
 void outline_tree::take_below(const QModelIndex& parent, QItemSelection& highlighted) {
     const int count = rows_.rowCount(parent);
+    QModelIndex first, last;
+    const auto add_range = [&] {
+        if (first.isValid()) highlighted.select(first, last);
+        first = last = QModelIndex();
+    };
     for (int place = 0; place < count; ++place) {
         const QModelIndex index = rows_.index(place, 0, parent);
         outline_row* const row = rows_.row_at(index);
-        if (call<&outline_impl::highlighted>(rows_.outline(), row)) highlighted.select(index, index);
+        if (call<&outline_impl::highlighted>(rows_.outline(), row)) {
+            if (!first.isValid()) first = index;
+            last = index;
+        } else {
+            add_range();
+        }
         if (!rows_.hasChildren(index)) continue;
         const bool on = call<&outline_impl::expanded>(rows_.outline(), row);
         if (isExpanded(index) != on) setExpanded(index, on);
         take_below(index, highlighted);
     }
+    add_range();
 }
 
 QRect outline_tree::mark_rect(const QModelIndex& index) const {

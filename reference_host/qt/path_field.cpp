@@ -1,7 +1,10 @@
 #include "reference_host/qt/path_field.h"
 
 #include <QFileInfo>
+#include <QFocusEvent>
 #include <QHBoxLayout>
+#include <QKeyEvent>
+#include <algorithm>
 #include <utility>
 
 #include "platform/path_text.h"
@@ -17,8 +20,24 @@ const QString own_words = QStringLiteral("…"); // where the bundle has none fo
 
 } // namespace
 
+path_line::path_line(QWidget* parent) : QLineEdit(parent) {
+    setAcceptDrops(false); // the window takes files
+}
+
+void path_line::focusOutEvent(QFocusEvent* event) {
+    QLineEdit::focusOutEvent(event);
+    const auto goes_to_part = {Qt::TabFocusReason, Qt::BacktabFocusReason, Qt::MouseFocusReason,
+                               Qt::ShortcutFocusReason};
+    if (std::ranges::find(goes_to_part, event->reason()) != goes_to_part.end() && on_left) on_left();
+}
+
+void path_line::keyPressEvent(QKeyEvent* event) {
+    QLineEdit::keyPressEvent(event);
+    if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) event->accept();
+}
+
 path_field::path_field(element_widgets& all, const element& live, QWidget* parent)
-    : widget_for(all, live, new QWidget(parent)), line_(new QLineEdit(own_)), button_(new QPushButton(own_)),
+    : widget_for(all, live, new QWidget(parent)), line_(new path_line(own_)), button_(new QPushButton(own_)),
       mode_(ask<&file_input_impl::mode>()), filter_(text_of<&file_input_impl::filter>()) {
     auto* const row = new QHBoxLayout(own_);
     row->setContentsMargins({});
@@ -32,7 +51,7 @@ path_field::path_field(element_widgets& all, const element& live, QWidget* paren
     own_->setFocusProxy(line_);
     QObject::connect(line_, &QLineEdit::returnPressed,
                      [this] { enter(platform::drive_path(line_->text().toStdString())); });
-    QObject::connect(line_, &QLineEdit::editingFinished, [this] { commit(); });
+    line_->on_left = [this] { commit(); };
     QObject::connect(button_, &QPushButton::clicked, [this] { browse(); });
 }
 
@@ -76,7 +95,9 @@ void path_field::browse() {
 
 void path_field::show() {
     const QString text = text_of<&file_input_impl::text>();
-    if (line_->text() != text) line_->setText(text);
+    if (line_->text() == text) return;
+    line_->selectAll(); // so that what was typed and not taken can be brought back by "undo"
+    line_->insert(text);
 }
 
 void path_field::read(toolkit::element_view& view) const {

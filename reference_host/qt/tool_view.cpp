@@ -5,6 +5,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "reference_host/qt/progress_window.h"
 #include "reference_host/toolkit/element_description.h"
 
 namespace vestra::qt {
@@ -49,7 +50,10 @@ QDialogButtonBox* own_buttons(QDialog& dialog, element_widgets& widgets) {
 } // namespace
 
 std::int32_t window_dialog_runner::run(docker content) {
-    QDialog dialog(window_.isVisible() ? &window_ : nullptr);
+    QWidget* above = &window_;
+    for (progress_window* const each : window_.findChildren<progress_window*>())
+        if (each->isVisible()) above = each;
+    QDialog dialog(above->isVisible() ? above : nullptr);
     element_widgets widgets;
     widgets.on_close = [&dialog](std::int32_t code) { dialog.done(code); };
     const element_widget* const shown_content = widgets.make(cast_to<element_impl>(content), &dialog);

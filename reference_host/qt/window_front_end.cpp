@@ -2,6 +2,8 @@
 
 #include <QAbstractButton>
 #include <QApplication>
+#include <QCloseEvent>
+#include <QGridLayout>
 #include <QLabel>
 #include <QVBoxLayout>
 #include <algorithm>
@@ -16,6 +18,15 @@ using shell::answer;
 namespace {
 
 constexpr int between_pumps = 15; // milliseconds; each file asks whether to stop
+constexpr int least_width = 360;  // of a box, in pixels
+
+class wait_window final : public QWidget {
+public:
+    using QWidget::QWidget;
+
+protected:
+    void closeEvent(QCloseEvent* event) override { event->ignore(); } // whoever opened it closes it
+};
 
 } // namespace
 
@@ -27,10 +38,14 @@ window_front_end::~window_front_end() = default;
 QMessageBox::StandardButton window_front_end::ask(QMessageBox::Icon icon, wide_view text,
                                                   QMessageBox::StandardButtons buttons,
                                                   const QString& reason) {
-    QWidget* const above = progress_ ? static_cast<QWidget*>(progress_.get()) : &window_;
-    QMessageBox box(icon, title, shown(text), buttons, above->isVisible() ? above : nullptr);
+    QWidget* above = QApplication::activeModalWidget(); // a dialog that asks for a name
+    if (!above) above = progress_ ? static_cast<QWidget*>(progress_.get()) : &window_;
+    // A text of its own for the reason would be squeezed, and shown with what looks like tags taken out.
+    const QString whole = reason.isEmpty() ? shown(text) : shown(text) + "\n\n" + reason;
+    QMessageBox box(icon, title, whole, buttons, above->isVisible() ? above : nullptr);
     box.setTextFormat(Qt::PlainText);
-    box.setInformativeText(reason);
+    if (auto* const grid = qobject_cast<QGridLayout*>(box.layout())) // wide enough for the title
+        grid->addItem(new QSpacerItem(least_width, 0), grid->rowCount(), 0, 1, grid->columnCount());
     box.setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     for (const auto& [button, words] :
          {std::pair(QMessageBox::Yes, said("Yes", "Да")), std::pair(QMessageBox::No, said("No", "Нет")),
@@ -44,7 +59,8 @@ QMessageBox::StandardButton window_front_end::ask(QMessageBox::Icon icon, wide_v
 
 void window_front_end::error(wide_view text) {
     auto& refused = shell::settings().read_error;
-    const QString reason = refused ? shown(refused->text()) : QString();
+    QString reason;
+    if (refused) reason = words_of_reason ? words_of_reason(refused->text()) : shown(refused->text());
     refused.reset();
     ask(QMessageBox::Critical, text, QMessageBox::Ok, reason);
 }
@@ -119,6 +135,7 @@ void window_front_end::progress_indeterminate(bool on) {
 
 void window_front_end::progress_closed() {
     progress_.reset();
+    is_stopped_ = false; // what comes next was not stopped
     end_work();
 }
 
@@ -141,7 +158,7 @@ void window_front_end::stop_reset() {
 
 void window_front_end::wait_opened(wide_view text) {
     auto wait =
-        std::make_unique<QWidget>(&window_, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
+        std::make_unique<wait_window>(&window_, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
     wait->setWindowTitle(title);
     auto* const words = new QLabel(shown(text), wait.get());
     words->setTextFormat(Qt::PlainText);

@@ -49,6 +49,8 @@ public:
     std::function<void()> on_go_on;
     // The titles of boxes.
     QString title;
+    // Says the reason of a failure in the user's language.
+    std::function<QString(wide_view reason)> words_of_reason;
 
 private:
     QMessageBox::StandardButton ask(QMessageBox::Icon icon, wide_view text,

@@ -18,7 +18,7 @@ protected:
 
     panel()
         : runner([this](const element_view& shown) { return on_panel_dialog ? on_panel_dialog(shown) : 0; }) {
-        const auto error = loader.load(platform::library_beside_program(u"vsk_project_resave_bdl"));
+        const auto error = loader.load(platform::installed_library(u"vsk_project_resave_bdl"));
         EXPECT_FALSE(error) << platform::to_utf8(error->reason);
         registry.start_clients();
         connections.emplace(runner);

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QColor>
 #include <QImage>
+#include <QPainter>
 #include <QProgressBar>
 #include <QScreen>
 #include <QTableView>
@@ -55,8 +56,17 @@ protected:
         EXPECT_LT(8U, colours.size()) << name << " is blank";
         const char* const folder = std::getenv("WINDOW_IMAGES");
         if (!folder) return;
+        draw_frames(seen, top);
         const std::string file = std::string(folder) + "/" + name + "-" + GetParam() + ".png";
         small(seen).save(QString::fromStdString(file), "PNG", 0);
+    }
+    // No window manager frames what stands above the window.
+    static void draw_frames(QImage& seen, const QWidget& below) {
+        QPainter pen(&seen);
+        pen.setPen(QPen(Qt::darkGray, 2));
+        for (const QWidget* each : QApplication::topLevelWidgets())
+            if (each != &below && each->isVisible() && each->windowType() == Qt::Dialog)
+                pen.drawRect(each->frameGeometry().translated(-below.frameGeometry().topLeft()));
     }
     // Turns to a page, by a click on its tab.
     void turn_to(const std::string& page) {

@@ -65,8 +65,9 @@ TEST_F(window_test, each_session_of_a_page_goes_the_same_way_by_mouse_as_on_the_
         std::string out;
         auto next = session.typed.begin();
         on_box = [&](const QMessageBox& box) {
-            for (const QString& text : {box.text(), box.informativeText()})
-                out += text.isEmpty() || text.endsWith('\n') ? text.toStdString() : text.toStdString() + '\n';
+            QString text = box.text();
+            if (box.icon() == QMessageBox::Critical) text.replace("\n\n", "\n"); // the reason is apart
+            out += text.isEmpty() || text.endsWith('\n') ? text.toStdString() : text.toStdString() + '\n';
             if (!(box.standardButtons() & QMessageBox::Yes)) return QMessageBox::Ok;
             out += "[yes/no] " + *next + '\n';
             return *next++ == "yes" ? QMessageBox::Yes : QMessageBox::No;
@@ -188,6 +189,28 @@ TEST_F(window_test, a_stopped_run_asks_what_becomes_of_its_files_and_a_closed_wi
     }
 }
 
+TEST_F(window_test, what_a_stopped_run_left_is_listed_and_the_next_try_is_whole) {
+    open_on_sample();
+    enter("prj/field1", u"N:\\out\\new._vp");
+    on_idle = [&] {
+        for (QWidget* each : QApplication::topLevelWidgets())
+            if (dynamic_cast<qt::progress_window*>(each) &&
+                std::filesystem::exists(drives.root('N') / "out/shp"))
+                each->close(); // as Stop does
+    };
+    on_box = [](const QMessageBox& box) {
+        return box.standardButtons() & QMessageBox::Yes ? QMessageBox::No : QMessageBox::Ok; // keep
+    };
+    run();
+    on_idle = nullptr;
+    QStringList made = column(window->results(), 2);
+    made.removeAll("");
+    EXPECT_LT(0, made.size()) << "files that lie there";
+    window->try_it();
+    EXPECT_LT(50, window->results().table().model()->rowCount());
+    close();
+}
+
 TEST_F(window_test, a_colliding_name_is_asked_for_and_a_long_report_scrolls_each_in_a_window_of_its_own) {
     vs::project_resave::project_builder project;
     for (const char16_t* folder : {u"C:\\a", u"C:\\b"}) write(folder + wide_string(u"\\relief.tif"));
@@ -205,6 +228,8 @@ TEST_F(window_test, a_colliding_name_is_asked_for_and_a_long_report_scrolls_each
         if (auto* const line = dialog.findChild<QLineEdit*>()) {
             line->selectAll();
             QTest::keyClicks(line, "N:\\out\\rtr\\west.tif");
+            QTest::keyClick(line, Qt::Key_Return);
+            EXPECT_TRUE(dialog.isVisible()) << "that key is the field's: a name that is taken can be mended";
         } else {
             EXPECT_LT(25, dialog.findChild<QPlainTextEdit*>()->toPlainText().count('\n'));
         }
@@ -265,20 +290,32 @@ TEST_F(window_test, a_project_that_is_dropped_on_the_window_is_opened) {
     QMimeData dropped;
     dropped.setUrls(
         {QUrl::fromLocalFile(QString::fromStdString((drives.root('C') / "prj/area._vp").string()))});
-    QDragEnterEvent enters({10, 10}, Qt::CopyAction, &dropped, Qt::LeftButton, Qt::NoModifier);
+    const Qt::DropActions both = Qt::CopyAction | Qt::MoveAction;
+    QDragEnterEvent enters({10, 10}, both, &dropped, Qt::LeftButton, Qt::NoModifier);
     QApplication::sendEvent(&*window, &enters);
     EXPECT_TRUE(enters.isAccepted());
-    QDropEvent drops({10, 10}, Qt::CopyAction, &dropped, Qt::LeftButton, Qt::NoModifier);
+    QDropEvent drops({10, 10}, both, &dropped, Qt::LeftButton, Qt::NoModifier);
+    drops.setDropAction(Qt::MoveAction); // as file managers propose
     QApplication::sendEvent(&*window, &drops);
+    EXPECT_EQ(Qt::CopyAction, drops.dropAction()) << "after a move the project's file would be removed";
+    QApplication::processEvents();
     EXPECT_EQ(source, at("field1").text);
     EXPECT_EQ(1, stored.recent().size());
+    dropped.setUrls({QUrl("file:///etc/hostname")});
+    QDragEnterEvent wrong({10, 10}, both, &dropped, Qt::LeftButton, Qt::NoModifier);
+    wrong.ignore();
+    QApplication::sendEvent(&*window, &wrong);
+    EXPECT_FALSE(wrong.isAccepted()) << "the project that is open stays";
 }
 
 TEST_F(window_test, language_drives_and_recent_projects_stay_and_change_while_the_window_stands) {
     open_on_sample();
     enter("prj/field1", u"N:\\out\\new._vp");
     mouse().set_check(at("prj/radio3"), true);
+    check_row("scn2d/list1/1", false);
     window->set_language("ru");
+    EXPECT_EQ(toolkit::mark::off, at("scn2d/list1").rows.at(0).check);
+    EXPECT_EQ(toolkit::mark::on, at("scn2d/list1").rows.at(1).check);
     expect_equal_to_walker("language");
     EXPECT_EQ(u"N:\\out\\new._vp", at("prj/field1").text);
     EXPECT_EQ(source, at("field1").text);

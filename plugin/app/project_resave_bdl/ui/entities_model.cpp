@@ -101,6 +101,21 @@ void entities_model::reset(uint32_t view) {
         [](select_tree_node& tree) { tree.reset_checked(); });
 }
 
+void entities_model::untick(const std::unordered_set<wide_string>& uuids) {
+    const auto untick_in = [&uuids](select_tree_node& tree) {
+        std::vector<select_tree_leaf*> leaves;
+        tree.collect_leaves(leaves, false);
+        for (select_tree_leaf* leaf : leaves)
+            if (uuids.contains(leaf->uuid)) leaf->set_checked(false);
+    };
+    const auto untick_scenes = [&untick_in](select_2part_model& scenes, uint32_t part) {
+        if (part != top_part) return;
+        untick_in(*scenes.root(top_part));
+        for (const auto& [uuid, tree] : scenes.bottoms()) untick_in(*tree);
+    };
+    change(views::everything, untick_scenes, untick_in);
+}
+
 void entities_model::change(uint32_t view, const part_change& change_part, const tree_change& change_tree) {
     if (view == views::everything) {
         for (select_2part_model* scenes : {&model_2d_, &model_3d_}) {

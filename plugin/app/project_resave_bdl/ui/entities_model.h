@@ -3,6 +3,7 @@
 
 #include <array>
 #include <functional>
+#include <unordered_set>
 
 #include "framework/resources/text_rows.h"
 #include "host/types.h"
@@ -47,6 +48,8 @@ public:
     void invert(uint32_t view);
     // Layers as they are visible in their scene, everything else ticked.
     void reset(uint32_t view);
+    // Unticks rows by their uuids, in all views; the layers of a scene only if they are among them.
+    void untick(const std::unordered_set<wide_string>& uuids);
     // What follows the tick of a row of this view, which is there already.
     void on_item_checked(uint32_t view, select_tree_item& item, bool on, bool only_highlighted);
     // The user went to this row; matters in lists of scenes only.

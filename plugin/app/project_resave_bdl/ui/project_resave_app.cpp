@@ -1,5 +1,7 @@
 #include "ui/project_resave_app.h"
 
+#include <unordered_set>
+
 #include "framework/local_factory.h"
 #include "framework/resources/strings.h"
 #include "services/entity_factory.h"
@@ -46,6 +48,12 @@ void project_resave_app::hand_over_main_element(main_element_visitor visitor) {
 
 void project_resave_app::pass_last_run(run_record_visitor visitor) {
     if (content_.panel.runs().count != 0) content_.panel.runs().last.pass_to(visitor);
+}
+
+void project_resave_app::leave_out(const char16_t* const* uuids, uint32_t count) {
+    std::unordered_set<wide_string> wanted;
+    for (uint32_t index = 0; index < count; ++index) wanted.insert(text_or_empty(uuids[index]));
+    content_.panel.leave_out(wanted);
 }
 
 // All that the bundle offers to the host: its static factories, in the order in which they are announced.

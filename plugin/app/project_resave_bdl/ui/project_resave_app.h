@@ -25,6 +25,7 @@ public:
     recorded_end last_end() override { return content_.panel.runs().last.end; }
     void pass_settings(run_record_visitor visitor) override { content_.panel.planned().pass_to(visitor); }
     void pass_last_run(run_record_visitor visitor) override;
+    void leave_out(const char16_t* const* uuids, uint32_t count) override;
     void set_transfer_observer(transfer_observer observer) override {
         content_.panel.watch_transfer(observer);
     }

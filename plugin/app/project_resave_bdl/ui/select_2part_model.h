@@ -64,7 +64,7 @@ public:
     void fire_changed(uint32_t part);
     // Null for any other part.
     event* changed_event(uint32_t part);
-    // Kept for other bundles; nothing here calls it.
+    // The trees of layers of all scenes.
     const trees& bottoms() const { return bottoms_; }
     // Makes the tree of a scene; one of the same uuid is destroyed.
     select_tree_node& add_bottom(const wide_string& uuid, const wide_string& caption);

@@ -50,6 +50,10 @@ recorded_run settings_element::planned() const {
     return plan;
 }
 
+void settings_element::leave_out(const std::unordered_set<wide_string>& uuids) {
+    if (!running_) selection_.model.untick(uuids);
+}
+
 void settings_element::lay_out() {
     header_.place_over(0, 0, 3, source_label_);
     header_.place_over(1, 0, 2, source_field_);

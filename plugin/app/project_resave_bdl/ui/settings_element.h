@@ -4,6 +4,7 @@
 
 #include <functional>
 #include <memory>
+#include <unordered_set>
 
 #include "services/entity_factory.h"
 #include "ui/recorded_run.h"
@@ -43,6 +44,8 @@ public:
     void reset_to_defaults();
     // What a resave would do now.
     recorded_run planned() const;
+    // Takes the ticks of these elements off; nothing while an operation runs.
+    void leave_out(const std::unordered_set<wide_string>& uuids);
     // Who learns of the bytes that a resave copies; null for nobody.
     void watch_transfer(const transfer_observer& observer) { transfer_observer_ = observer; }
     // Of the runs that have ended.

@@ -180,7 +180,8 @@ template struct table<run_record_impl, "vs_run_record_interface_1",
     slot<recorded_end(), &run_record_impl::last_end>,
     slot<void(to<run_record_visitor_impl>), &run_record_impl::pass_settings>,
     slot<void(to<run_record_visitor_impl>), &run_record_impl::pass_last_run>,
-    slot<void(to<transfer_observer_impl>), &run_record_impl::set_transfer_observer>>;
+    slot<void(to<transfer_observer_impl>), &run_record_impl::set_transfer_observer>,
+    slot<void(const char16_t* const*, uint32_t), &run_record_impl::leave_out>>;
 
 template struct table<run_record_visitor_impl, "vs_run_record_visitor_interface_1",
     slot<void(const char16_t*, const char16_t*, double), &run_record_visitor_impl::visit_paths>,

@@ -75,9 +75,12 @@ public:
     virtual void pass_last_run(run_record_visitor visitor) = 0;
     // Sets who learns of the bytes that the next runs copy; null for nobody.
     virtual void set_transfer_observer(transfer_observer observer) = 0;
+    // Has elements of the loaded project left out, by the texts of their uuids: their ticks go off. Others
+    // keep theirs, and a uuid that the project does not have does nothing. Texts are borrowed for the call.
+    virtual void leave_out(const char16_t* const* uuids, uint32_t count) = 0;
     using operations = operation_list<&run_record_impl::run_count, &run_record_impl::last_end,
                                       &run_record_impl::pass_settings, &run_record_impl::pass_last_run,
-                                      &run_record_impl::set_transfer_observer>;
+                                      &run_record_impl::set_transfer_observer, &run_record_impl::leave_out>;
 
 protected:
     ~run_record_impl() = default;
