@@ -1,7 +1,8 @@
 # make              installs missing packages, builds into build/
 # make test         builds with the sanitizers into build-sanitize/ and runs every test
 # make window-test  goes through the window on a screen of its own, with the build of make test
-# make screenshots  the same, and keeps what it shows in docs/images
+# make screenshots  keeps what the window and the pages show in docs/images
+# make browser-test opens the pages of --report in a browser, with the build of make test
 # make windows      builds the Windows library, its host and the command line into build-windows/bin/
 # make windows-test runs every test of that build under Wine
 # make install      builds and installs below PREFIX (default /usr/local), in DESTDIR if that is set
@@ -16,7 +17,7 @@
 
 SHELL := /bin/bash
 
-.PHONY: all packages test window-test screenshots demo bench torture check format clean windows windows-test
+.PHONY: all packages test window-test browser-test screenshots demo bench torture check format clean windows windows-test
 .PHONY: install package package-test
 
 all: packages
@@ -36,10 +37,16 @@ window-test: packages
 	@cmake --build --preset sanitize --target test_window vestra-resave-window vestra-resave
 	@tools/window_tour build-sanitize/bin/test_window
 
+browser-test: packages
+	@cmake --preset sanitize >/dev/null
+	@cmake --build --preset sanitize --target test_apps vestra-resave
+	@tools/browser_test build-sanitize/bin
+
 screenshots: packages
 	@cmake --preset debug >/dev/null
-	@cmake --build --preset debug --target test_window vestra-resave-window vestra-resave
+	@cmake --build --preset debug --target test_window vestra-resave-window vestra-resave test_apps
 	@tools/window_tour build-debug/bin/test_window docs/images
+	@tools/browser_test build-debug/bin docs/images
 
 windows:
 	@tools/install_windows_packages build-windows/packages

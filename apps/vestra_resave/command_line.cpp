@@ -79,6 +79,14 @@ void add_search(CLI::App* command, std::vector<std::string>& folders) {
         ->allow_extra_args(false);
 }
 
+void add_report(CLI::App* command, std::string& page) {
+    command
+        ->add_option("--report", page,
+                     "Write a page about the result, to be opened in a browser: problems, folders, all files")
+        ->type_name("FILE.html")
+        ->check([](const std::string& text) { return std::string(text.empty() ? "is empty" : ""); });
+}
+
 void add_list(CLI::App& app, command_line& line) {
     CLI::App* command = add_command(app, "list", "Show what is in a project and which of its files are there",
                                     line.options, line.project);
@@ -99,6 +107,7 @@ void add_verify(CLI::App& app, command_line& line) {
         "Answer as if the project folder were on another disk: references bound to this place count");
     command->add_flag("--manifest", line.verify.manifest,
                       "Compare every file with the manifest that resave wrote next to the project");
+    add_report(command, line.verify.report);
     command->footer(
         "Exit status: 0 self-contained, 1 not self-contained, 2 usage error or project cannot be loaded, 130 "
         "interrupted");
@@ -215,6 +224,7 @@ void add_resave(CLI::App& app, command_line& line, words& words) {
     CLI::Option* lists =
         command->add_flag("--manifest", request.manifest,
                           "Write NAME.manifest.json next to the new project: size and SHA-256 of each file");
+    add_report(command, request.report);
     command->add_flag("--dry-run", words.dry_run, "Print what would go where, and write nothing")
         ->excludes(verifies)
         ->excludes(lists);

@@ -30,14 +30,21 @@ struct verify_request {
     std::string project;
     bool elsewhere = false; // as if its folder were on another disk
     bool manifest = false;  // compare the files with the manifest
+    std::string report;     // the page to be written; empty for none
 };
 int verify_project(const verify_request& request, const common_options& options);
 // The same without a word of it.
 struct ended_verify {
+    struct file {
+        wide_string path;
+        wide_string source; // by the manifest; empty where it does not say, or was not asked
+        vs::project_resave::element_name element;
+    };
     std::optional<refusal> early; // why there was nothing to look at; the rest is empty then
     verification found;
     std::vector<problem> problems; // what the load found beside that
     const char* outcome = "";      // "stands alone", "does not stand alone", "stopped"
+    std::vector<file> files = {};  // those the project needs and has, if a page is wanted
 };
 ended_verify verify_in(session& host, const verify_request& request);
 std::string closing_line(const ended_verify& ended);
@@ -54,6 +61,7 @@ struct resave_request {
     bool load_log = false;
     bool list_files = false;           // print what went where
     bool manifest = false;             // write which files the new project consists of
+    std::string report;                // the page to be written; empty for none
     bool verify = false;               // check the new project once it is saved
     bool overwrite = false;            // replace a project that exists at `new_project`
     bool allow_missing_drives = false; // files on drives that do not exist are lost, else nothing starts

@@ -44,13 +44,18 @@ std::optional<refusal> refuse_output(const std::string& typed) {
     return std::nullopt;
 }
 
-std::optional<refusal> create_text_file(const wide_string& path, project_context& context) {
+std::optional<refusal> refuse_project_file(const wide_string& path, project_context& context) {
     if (is_same_file(path, context.placement.source_project_path))
         return refused(path, say("is the project itself and must not be written over"));
-    platform::system& files = platform::current_system();
     if (auto early = protect_project_files({path}, context)) return early;
     if (source_neighbours(context).contain(path))
         return refused(path, say("is a file of the project and must not be written over"));
+    return std::nullopt;
+}
+
+std::optional<refusal> create_text_file(const wide_string& path, project_context& context) {
+    if (auto early = refuse_project_file(path, context)) return early;
+    platform::system& files = platform::current_system();
     std::unique_ptr<platform::file> created;
     const platform::outcome opened =
         files.open(path, platform::access::read_write, platform::disposition::create_always, created);

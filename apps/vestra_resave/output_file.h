@@ -12,8 +12,12 @@ bool is_same_file(const wide_string& one, const wide_string& other);
 // link that leads nowhere, or on a share where the operating system knows none.
 std::optional<refusal> refuse_output(const std::string& typed);
 
-// Creates the file, or empties one that exists: never the loaded project or one of its files, a source of a
-// virtual data set of it, or a file that begins with the stem of a data file next to it. Returns why the
+// Returns why nothing may be written over what is at the path: it is the loaded project or one of its files,
+// a source of a virtual data set of it, or a file that begins with the stem of a data file next to it.
+std::optional<refusal> refuse_project_file(const wide_string& path,
+                                           vs::project_resave::project_context& context);
+
+// Creates the file, or empties one that exists, unless `refuse_project_file` says why not. Returns why the
 // command ends here instead.
 std::optional<refusal> create_text_file(const wide_string& path,
                                         vs::project_resave::project_context& context);

@@ -281,20 +281,20 @@ std::string what_of(const problem& found) {
     return say(row->text, {printed(found.new_path)});
 }
 
-std::string line_of(const problem& found) {
-    const std::string reason = one_line(platform::from_utf8(say_known(to_utf8(found.reason))));
-    if (found.kind == own_kind::refused)
-        return (found.path.empty() ? "" : printed(found.path) + ": ") + reason;
+problem_words words_of(const problem& found) {
     const auto* const row = std::ranges::find(all_kinds, found.kind, &kind_words::name);
-    const std::string new_path = printed(found.new_path);
     const bool names_new_path = say(row->text).find("%1") != std::string::npos;
-    const std::string about = found.new_path.empty() || names_new_path ? printed(found.path) : new_path;
-    const std::string holder = holder_of(found);
+    return {printed(found.new_path.empty() || names_new_path ? found.path : found.new_path), what_of(found),
+            one_line(platform::from_utf8(say_known(to_utf8(found.reason)))), holder_of(found)};
+}
+
+std::string line_of(const problem& found) {
+    const problem_words words = words_of(found);
     // What has no file is named by its element.
-    std::string line = about.empty() ? holder : about;
-    line += (line.empty() ? "" : ": ") + what_of(found);
-    if (!reason.empty()) line += ": " + reason;
-    return about.empty() || holder.empty() ? line : line + " (" + holder + ")";
+    std::string line = words.about.empty() ? words.element : words.about;
+    for (const std::string& part : {words.what, words.reason})
+        if (!part.empty()) line += (line.empty() ? "" : ": ") + part;
+    return words.about.empty() || words.element.empty() ? line : line + " (" + words.element + ")";
 }
 
 namespace {

@@ -124,6 +124,14 @@ nlohmann::ordered_json json_of_found(const std::vector<problem>& all);
 void print(const std::vector<problem>& all);
 // What failed, as it follows the path: "could not be copied to N:\a.shp".
 std::string what_of(const problem& found);
+// The parts of a line about a problem, for a person; each may be empty.
+struct problem_words {
+    std::string about; // the path
+    std::string what;  // as `what_of`
+    std::string reason;
+    std::string element; // with what it is in, and the file that has the reference
+};
+problem_words words_of(const problem& found);
 // One line without the name of the program: "C:\a.shp: could not be copied to N:\a.shp: No space left".
 std::string line_of(const problem& found);
 

@@ -11,6 +11,8 @@
 #include "apps/vestra_resave/output_file.h"
 #include "apps/vestra_resave/preflight.h"
 #include "apps/vestra_resave/remembered_disk.h"
+#include "apps/vestra_resave/report/page_facts.h"
+#include "apps/vestra_resave/report/page_file.h"
 #include "apps/vestra_resave/resave_plan.h"
 #include "apps/vestra_resave/resave_report.h"
 #include "apps/vestra_resave/shortfalls.h"
@@ -90,7 +92,7 @@ std::optional<refusal> refuse_paths(const wide_string& source, const wide_string
 
 // Loads the project and leaves out what is not wanted.
 std::optional<refusal> prepare(session& host, const resave_request& request, continuation& earlier,
-                               const wide_string& target) {
+                               const wide_string& target, bool is_trial) {
     const wide_string source = platform::drive_path(request.project);
     if (auto early = refuse_paths(source, target, request)) return early;
     if (auto early = earlier.find(host)) return early;
@@ -103,6 +105,9 @@ std::optional<refusal> prepare(session& host, const resave_request& request, con
     for (const std::string& line : apply(request.selection, elements, context.selection))
         early.problems.push_back(refused({}, line).problems.front());
     if (!early.problems.empty()) return early;
+    if (!request.report.empty())
+        if (auto no_page = refuse_page(request.report, context, is_trial ? wide_string() : target))
+            return no_page;
     if (!request.allow_missing_drives)
         if (auto missing = refuse_missing_drives(elements, context)) return missing;
     return protect_project_files({target}, context);
@@ -127,7 +132,8 @@ run_result resave_shown(session& host, const resave_settings& settings, bool cop
 
 ended_run run(session& host, const resave_request& request, continuation& earlier, trial_disk* trial) {
     const wide_string target = platform::drive_path(request.new_project);
-    if (auto early = prepare(host, request, earlier, target)) return {std::move(early), {}, {}};
+    if (auto early = prepare(host, request, earlier, target, trial != nullptr))
+        return {std::move(early), {}, {}};
     project_context& context = host.context();
     source_elements source(context);
 
@@ -207,21 +213,32 @@ ended_resave resave_in(session& host, const resave_request& request, trial_disk*
         if (is_stopped()) report.exit = stopped;
     }
     std::optional<resave_plan> plan;
+    std::vector<resave_plan::file> files;
     if (trial) plan = plan_of(host.context(), *trial, report);
+    if (!trial && !request.report.empty()) files = made_files_of(host.context());
     if (is_written()) add_shortfalls(host, *ended.source, request, report);
     std::ranges::move(search.notices(), std::back_inserter(report.problems));
     earlier.end_journal(report);
     if (!is_written()) take_back(ended.made_folders); // those that are empty
-    return {std::nullopt, std::move(report), std::move(plan), std::move(target)};
+    ended_resave all{std::nullopt, std::move(report), std::move(plan), std::move(target), std::move(files)};
+    if (!request.report.empty()) all.names = names_by_file(*ended.source);
+    return all;
 }
 
 namespace {
 
 // The run with all that is said of it.
 int resave(session& host, const resave_request& request, const common_options& options, trial_disk* trial) {
-    const ended_resave ended = resave_in(host, request, trial);
+    ended_resave ended = resave_in(host, request, trial);
     if (ended.early) return end_with(*ended.early, options);
-    const auto& [early, report, plan, target] = ended;
+    auto& [early, report, plan, target, files, names] = ended;
+    if (!request.report.empty()) {
+        const page_facts facts = facts_of(ended, request);
+        // The page is real, even if the run is not.
+        const platform::system_override real(trial ? platform::operating_system()
+                                                   : platform::current_system());
+        for (const problem& each : write_page(request.report, facts)) add(report, each);
+    }
     print_problems(report);
     if (options.json)
         std::cout << (plan ? json_of(*plan, report) : json_of(report)).dump(2) << '\n';

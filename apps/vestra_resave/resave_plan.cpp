@@ -27,7 +27,8 @@ bool is_same_name(const wide_string& a, const wide_string& b) {
 // Tells of each target what it comes from and whether a conflict gave it another name.
 class origins {
 public:
-    origins(const path_placement& placement, trial_disk& disk) : new_project_(placement.new_project_path) {
+    explicit origins(const path_placement& placement) : new_project_(placement.new_project_path) {
+        platform::system& disk = platform::current_system();
         for (const placed_file& each : placement.placed) {
             if (each.old_path.empty()) continue;
             sources_.try_emplace(path_key(each.new_path), each.old_path);
@@ -37,12 +38,13 @@ public:
         }
     }
 
-    resave_plan::file file(const trial_disk::made_file& made) const {
-        resave_plan::file planned{made.source, made.path, made.bytes};
-        const auto row = sources_.find(path_key(made.path));
+    resave_plan::file file(const wide_string& source, const wide_string& path, uint64_t bytes) const {
+        resave_plan::file planned{source, path, bytes};
+        planned.written = source.empty();
+        const auto row = sources_.find(path_key(path));
         if (planned.source.empty() && row != sources_.end()) planned.source = row->second;
-        planned.renamed = !planned.source.empty() && !path_same(made.path, new_project_) &&
-                          (!is_same_name(planned.source, made.path) || is_in_renamed_folder(made.path));
+        planned.renamed = !planned.source.empty() && !path_same(path, new_project_) &&
+                          (!is_same_name(planned.source, path) || is_in_renamed_folder(path));
         return planned;
     }
 
@@ -67,9 +69,9 @@ private:
 resave_plan plan_of(const run_state& run, trial_disk& disk, resave_report& report) {
     resave_plan plan;
     const std::vector<trial_disk::made_file> made = disk.made_files();
-    const origins from(run.placement, disk);
+    const origins from(run.placement);
     for (const trial_disk::made_file& each : made) {
-        plan.files.push_back(from.file(each));
+        plan.files.push_back(from.file(each.source, each.path, each.bytes));
         plan.bytes += each.bytes;
     }
     const wide_string& folder = run.placement.new_folder;
@@ -86,6 +88,17 @@ resave_plan plan_of(const run_state& run, trial_disk& disk, resave_report& repor
                      platform::from_utf8(
                          say("%1 are needed, %2 are free", {size_text(plan.bytes), size_text(free)}))});
     return plan;
+}
+
+std::vector<resave_plan::file> made_files_of(const run_state& run) {
+    std::vector<resave_plan::file> files;
+    const origins from(run.placement);
+    for (const made_file& each : run.placement.made.files()) {
+        const platform::entry_status found = platform::current_system().status_of(each.path);
+        if (found.kind == platform::entry_kind::file) // after a stop it may have been erased
+            files.push_back(from.file(each.source, each.path, found.bytes));
+    }
+    return files;
 }
 
 ordered_json json_of(const resave_plan& plan, const resave_report& report) {

@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "apps/vestra_resave/names_by_file.h"
 #include "apps/vestra_resave/resave_report.h"
 #include "apps/vestra_resave/trial_disk.h"
 
@@ -19,6 +20,7 @@ struct resave_plan {
         wide_string target;
         uint64_t bytes = 0;
         bool renamed = false; // it, or a folder it is copied in, as its own name is taken
+        bool written = false; // by the host, anew; else it is a copy
     };
     std::vector<file> files;
     uint64_t bytes = 0;                 // of all files
@@ -30,12 +32,17 @@ struct resave_plan {
 // problems of the run.
 resave_plan plan_of(const vs::project_resave::run_state& run, trial_disk& disk, resave_report& report);
 
+// The files that a run has made and that exist, in the same form.
+std::vector<resave_plan::file> made_files_of(const vs::project_resave::run_state& run);
+
 // A resave with all that is known of it.
 struct ended_resave {
     std::optional<refusal> early; // why there was no run; the rest is empty then
     resave_report report;
-    std::optional<resave_plan> plan; // of one that was tried out
-    wide_string target;              // the new project
+    std::optional<resave_plan> plan;           // of one that was tried out
+    wide_string target;                        // the new project
+    std::vector<resave_plan::file> files = {}; // of a real one, if a page of it is wanted
+    names_by_file names = {};                  // of the source, likewise
 };
 // Returns why nothing can be tried out: a bundle copies files by itself.
 std::optional<refusal> refuse_trial();

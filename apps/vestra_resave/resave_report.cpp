@@ -112,6 +112,25 @@ resave_summary summary_of(const resave_report& report) {
     return summary;
 }
 
+std::vector<summary_part> parts_of(const resave_summary& summary) {
+    std::vector<summary_part> parts;
+    for (const auto& [words, name, count] : counts) {
+        if (summary.*count == 0) continue;
+        std::string label = say(words, {""});
+        std::erase(label, ':');
+        const size_t first = label.find_first_not_of(' '), last = label.find_last_not_of(' ');
+        parts.push_back({name, summary.*count, say(words, {std::to_string(summary.*count)}),
+                         label.substr(first, last - first + 1)});
+    }
+    return parts;
+}
+
+const char* counted_as(const problem& found) {
+    const auto count = count_of(found);
+    const auto* const row = std::ranges::find(counts, count, &summary_count::count);
+    return row == std::end(counts) ? nullptr : row->name;
+}
+
 resave_report report_of(const run_state& run, const run_result& result, std::vector<problem> problems) {
     resave_report report;
     report.problems = std::move(problems);
@@ -207,9 +226,7 @@ std::string closing_line(const resave_report& report, const wide_string& new_pro
     std::string line = say("%1: %2, %3 files, %4", {say_known(report.outcome), printed(new_project),
                                                     std::to_string(summary.files), size_text(summary.bytes)});
     const char* before = "; ";
-    for (const auto& [words, name, count] : counts)
-        if (summary.*count != 0)
-            line += std::exchange(before, ", ") + say(words, {std::to_string(summary.*count)});
+    for (const summary_part& part : parts_of(summary)) line += std::exchange(before, ", ") + part.text;
     return line;
 }
 

@@ -50,6 +50,16 @@ struct resave_summary {
     size_t lost = 0, failed = 0, not_resaved = 0, astray = 0, left_behind = 0, dropped = 0, left_alone = 0;
 };
 resave_summary summary_of(const resave_report& report);
+// A count of the summary that is not zero: its key in JSON, its number, and the text of the closing line.
+struct summary_part {
+    const char* name;
+    size_t count;
+    std::string text;  // "3 left alone"
+    std::string label; // the same without the number
+};
+std::vector<summary_part> parts_of(const resave_summary& summary);
+// The key of the count in which a problem is; null for a notice that is not counted, and for a stop.
+const char* counted_as(const problem& found);
 
 // Reads what the run left in the context. `problems` are those that the session knows.
 resave_report report_of(const vs::project_resave::run_state& run,

@@ -3,14 +3,19 @@
 #include <algorithm>
 #include <iostream>
 #include <nlohmann/json.hpp>
+#include <unordered_map>
 
+#include "apps/vestra_resave/earlier_files.h"
 #include "apps/vestra_resave/manifest.h"
 #include "apps/vestra_resave/remembered_disk.h"
+#include "apps/vestra_resave/report/page_facts.h"
+#include "apps/vestra_resave/report/page_file.h"
 #include "apps/vestra_resave/resave_report.h"
 #include "apps/vestra_resave/session.h"
 #include "apps/vestra_resave/verification.h"
 #include "apps/vestra_resave/words.h"
 #include "operations/project_context.h"
+#include "operations/run/path_files.h"
 #include "platform/path_text.h"
 #include "platform/text.h"
 
@@ -31,6 +36,19 @@ std::vector<problem> further(const std::vector<problem>& of_load, const verifica
     return all;
 }
 
+// Adds the files of the manifest, and to those that are there already what they were copied from.
+void add_manifest(const wide_string& project, std::vector<ended_verify::file>& files) {
+    std::vector<earlier_file> entries;
+    if (read_manifest(project, entries)) return; // which was reported when the files were compared
+    std::unordered_map<wide_string, size_t> rows;
+    for (size_t index = 0; index < files.size(); ++index) rows.emplace(path_key(files[index].path), index);
+    for (earlier_file& each : entries) {
+        const auto [row, is_new] = rows.emplace(path_key(each.path), files.size());
+        if (is_new && path_exists(each.path)) files.push_back({each.path, {}, {}});
+        if (row->second < files.size()) files[row->second].source = std::move(each.source);
+    }
+}
+
 } // namespace
 
 ended_verify verify_in(session& host, const verify_request& request) {
@@ -38,6 +56,8 @@ ended_verify verify_in(session& host, const verify_request& request) {
     const platform::system_override in_force(asked_once);
     ended_verify ended;
     if ((ended.early = host.load(request.project))) return ended;
+    if (!request.report.empty())
+        if ((ended.early = refuse_page(request.report, host.context(), {}))) return ended;
     const std::function<bool()> is_stopped = [&] { return host.interrupted(); };
     verification& found = ended.found;
     if (request.manifest) {
@@ -46,7 +66,16 @@ ended_verify verify_in(session& host, const verify_request& request) {
         const wide_string& project = host.context().placement.source_project_path;
         if ((ended.early = compare_with_manifest(project, begins, is_stopped, found))) return ended;
     }
-    verify(host.context(), files_beside(host.context(), found), {request.elsewhere}, is_stopped, found);
+    verify_settings settings{request.elsewhere};
+    if (!request.report.empty()) {
+        settings.on_data_set = [&](const element_name& element, const wide_string& path,
+                                   const std::vector<wide_string>& files) {
+            ended.files.push_back({path, {}, element});
+            for (const wide_string& each : files) ended.files.push_back({each, {}, element});
+        };
+    }
+    verify(host.context(), files_beside(host.context(), found), settings, is_stopped, found);
+    if (!request.report.empty() && request.manifest) add_manifest(found.project, ended.files);
     ended.problems = further(host.reading_problems(), found);
     if (found.stopped) ended.problems.push_back({own_kind::interrupted, {}, {}, {}});
     const bool is_whole = ended.problems.empty() && found.astray.empty() && found.differing.empty();
@@ -63,8 +92,14 @@ std::string closing_line(const ended_verify& ended) {
 
 int verify_project(const verify_request& request, const common_options& options) {
     session host(options, {});
-    const ended_verify ended = verify_in(host, request);
+    ended_verify ended = verify_in(host, request);
     if (ended.early) return end_with(*ended.early, options);
+    bool has_page = true;
+    if (!request.report.empty())
+        for (problem& each : write_page(request.report, facts_of(ended, request))) {
+            ended.problems.push_back(std::move(each));
+            has_page = false;
+        }
     const verification& found = ended.found;
     print(ended.problems);
     if (options.json) {
@@ -87,7 +122,7 @@ int verify_project(const verify_request& request, const common_options& options)
         std::cout << line << '\n';
     }
     if (found.stopped) return stopped;
-    return std::string_view(ended.outcome) == "stands alone" ? done : problems;
+    return std::string_view(ended.outcome) == "stands alone" && has_page ? done : problems;
 }
 
 } // namespace vestra::command

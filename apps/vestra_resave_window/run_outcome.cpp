@@ -1,9 +1,8 @@
 #include "apps/vestra_resave_window/run_outcome.h"
 
 #include <algorithm>
-#include <array>
-#include <unordered_map>
 
+#include "apps/vestra_resave/names_by_file.h"
 #include "apps/vestra_resave/session.h"
 #include "apps/vestra_resave/shortfalls.h"
 #include "apps/vestra_resave/trial_disk.h"
@@ -35,37 +34,15 @@ QString name_shown(const element_name& name) {
     return name.list.empty() ? shown(name.caption) : shown(name.caption) + " — " + shown(name.list);
 }
 
-// The names of elements by their files.
-class names_by_file {
-public:
-    names_by_file() = default;
-    explicit names_by_file(const source_elements& source) {
-        for (const source_elements::row& each : source.rows())
-            for (const wide_string& key : keys_of(each.file))
-                if (!each.file.empty()) names_.try_emplace(key, name_shown(each.name));
-    }
-    // For a file in a folder that is one data set, too.
-    QString find(const wide_string& file) const {
-        for (wide_string path = file; path.size() > path_fixed_length(path);
-             path = path_normalise(path_head(path)))
-            for (const wide_string& key : keys_of(path))
-                if (const auto name = names_.find(key); name != names_.end()) return name->second;
-        return {};
-    }
-
-private:
-    // The files of a data set have one stem.
-    static std::array<wide_string, 2> keys_of(const wide_string& file) {
-        return {path_key(file), path_key(path_replace_extension(file, u""))};
-    }
-
-    std::unordered_map<wide_string, QString> names_;
-};
+QString name_shown(const names_by_file& names, const wide_string& file) {
+    const element_name* const name = names.find(file);
+    return name ? name_shown(*name) : QString();
+}
 
 outcome_row row_of(const problem& found, const names_by_file& names) {
     outcome_row row;
     row.element = name_shown(found.element);
-    if (row.element.isEmpty()) row.element = names.find(found.path);
+    if (row.element.isEmpty()) row.element = name_shown(names, found.path);
     row.source = native(found.path);
     row.target = native(found.new_path);
     problem named = found; // the folder has a column of its own
@@ -82,7 +59,7 @@ void add_problems(const std::vector<problem>& all, const names_by_file& names, r
 
 outcome_row row_of(const wide_string& source, const wide_string& target, uint64_t bytes, const QString& state,
                    const names_by_file& names) {
-    return {names.find(source), native(source), native(target), bytes, state, {}, false};
+    return {name_shown(names, source), native(source), native(target), bytes, state, {}, false};
 }
 
 QString state_of(const wide_string& source) {

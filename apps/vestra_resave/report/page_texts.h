@@ -1,0 +1,12 @@
+// The page's own files, as they are compiled in.
+#pragma once
+
+#include <string_view>
+
+namespace vestra::command {
+
+extern const std::string_view page_template; // page.html; {{name}} stands for a fragment
+extern const std::string_view page_style;    // page.css
+extern const std::string_view page_script;   // page.js
+
+} // namespace vestra::command
