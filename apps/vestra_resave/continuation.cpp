@@ -104,7 +104,7 @@ std::optional<refusal> continuation::refuse_changed_project() const {
 std::optional<refusal> continuation::find_to_update(session& host) {
     wide_string from;
     if (auto early = read_manifest(target_, earlier_copy_, &from)) return early;
-    if (!from.empty() && !is_same_file(from, source_) && (request_.prune || !request_.overwrite))
+    if (!from.empty() && !is_same_project(from, source_) && (request_.prune || !request_.overwrite))
         return refused(target_, say("is a copy of another project: %1", {printed(from)}));
     has_manifest_ = !earlier_copy_.empty();
     earlier_run earlier;
@@ -149,22 +149,20 @@ std::optional<refusal> continuation::find_earlier_copy(session& host) {
     return std::nullopt;
 }
 
-// True if the project is as the earlier run wrote it.
+// True if the project is as the earlier run wrote it; or as it was before, if nobody knows whether that was
+// done.
 bool continuation::is_as_recorded(const std::vector<earlier_file>& files) const {
-    const auto row =
-        std::ranges::find_if(files, [&](const earlier_file& each) { return path_same(each.path, target_); });
-    if (row == files.end()) return false;
     const platform::entry_status now = platform::current_system().status_of(target_);
-    if (row->modified != 0) {
-        if (now.bytes == row->bytes && now.modified == row->modified) return true;
-    } else if (row->state == made_state::writing) {
-        return true;
-    }
-    file_digest digest;
-    return !row->sha256.empty() &&
-           read_digest(
-               target_, [] { return false; }, digest) &&
-           digest.sha256 == row->sha256;
+    return std::ranges::any_of(files, [&](const earlier_file& each) {
+        if (!path_same(each.path, target_)) return false;
+        if (each.modified == 0 && each.state == made_state::writing) return true;
+        if (each.modified != 0 && now.bytes == each.bytes && now.modified == each.modified) return true;
+        file_digest digest;
+        return !each.sha256.empty() &&
+               read_digest(
+                   target_, [] { return false; }, digest) &&
+               digest.sha256 == each.sha256;
+    });
 }
 
 // With the folders that they are in. What is not below the new project's folder is none of our business,

@@ -61,16 +61,15 @@ bool is_written_alike(const wide_string& path, platform::system& real) {
     return read_text(path, existing) && planned == existing;
 }
 
-// Perhaps half a file, under a name that none is to keep.
-bool is_only_begun(const earlier_file& file) {
-    wide_string name = path_file_name(file.path);
-    while (!name.empty() && name.back() >= u'0' && name.back() <= u'9') name.pop_back();
-    return file.state == made_state::begun || (file.state == made_state::writing && name.ends_with(u".new"));
-}
-
-// A companion that is read with a copy is not the last one of anything: its source lost it.
-bool is_last_copy(const earlier_file& file, const placed_copies& copies) {
-    return !file.source.empty() && !path_exists(file.source) && !copies.read_with(file.path);
+// The sets of which a file, other than a companion of a copy, has lost its source.
+std::unordered_set<wide_string> last_copies(const std::vector<const continued_disk::row*>& left,
+                                            const placed_copies& copies) {
+    std::unordered_set<wide_string> sets;
+    for (const continued_disk::row* each : left)
+        if (!each->file->source.empty() && !path_exists(each->file->source) &&
+            !copies.read_with(each->file->path))
+            sets.insert(*each->set);
+    return sets;
 }
 
 problem of_row(const char* kind, const continued_disk::row& row) {
@@ -131,13 +130,14 @@ void continuation::remove_unreferenced(project_context& context, resave_report& 
         for (const continued_disk::row* each : left) paths.push_back(each->file->path);
         other_users others(context, target_, paths);
         const placed_copies copies(context.placement.placed);
+        const std::unordered_set<wide_string> kept = last_copies(left, copies);
         for (const continued_disk::row* each : left) {
             const char16_t* keeps = nullptr;
             if (lacks_sources)
                 keeps = u"nothing is removed while a part of the project is missing";
             else if (others.need(each->file->path))
                 keeps = u"something else uses it";
-            else if (is_last_copy(*each->file, copies))
+            else if (kept.contains(*each->set))
                 keeps = u"its source is gone, so it may be the last copy";
             end_unreferenced(*each, keeps, copies, report);
         }
@@ -177,13 +177,13 @@ void continuation::flush(resave_report& report) {
         if (!flushed) add(report, {name_of(fact_kind::not_written), {}, source_, path, flushed.text()});
         return bool(flushed);
     };
-    if (!note(target_, disk.flush(target_))) report.exit = not_saved;
+    if (!note(target_, disk.flush(target_))) report.exit = not_saved, report.outcome = "not saved";
     if (path_exists(manifest_path(target_))) {
         note(manifest_path(target_), disk.flush(manifest_path(target_)));
-        // A later update takes what the manifest names for whole.
-        const platform::outcome flushed = disk.flush_volume(folder);
-        if (!flushed.is(platform::failure::denied)) note(folder, flushed);
+        disk.flush_volume(folder); // a later update takes what the manifest names for whole
     }
+    // What was lost is copied anew by the next run, to which the journal tells it.
+    if (journal_ && !note(folder, journal_->kept())) is_broken_off_ = true;
     note(folder, disk.flush(folder));
 }
 

@@ -19,6 +19,8 @@ constexpr const char16_t* changed_reason = u"it was changed since the earlier re
 } // namespace
 
 outcome continued_disk::remove_hidden(const earlier_file& file) {
+    if (file.state != made_state::folder && !is_still(*find(file.path)))
+        return outcome::because(changed_reason);
     const outcome removed =
         file.state == made_state::folder ? inner().remove_folder(file.path) : inner().delete_file(file.path);
     if (removed) find(file.path)->what = fate::missing;
@@ -39,6 +41,7 @@ outcome continued_disk::copy_file(const wide_string& source, const wide_string& 
         if (journal_) journal_->add_kept(found->file.path, source, found->now);
         return {};
     }
+    if (!is_still(*found)) return outcome::because(changed_reason);
     const outcome copied = inner().copy_file(source, found->file.path, true);
     found->what = copied ? fate::replaced : fate::failed;
     if (!copied && journal_) journal_->add_kept(found->file.path, source, found->now); // for the next try
@@ -100,7 +103,8 @@ outcome continued_disk::rename_over(const wide_string& from, const wide_string& 
     entry* const found = hidden(to);
     if (is_kept_from_writing(to)) return outcome::because(changed_reason);
     if (!found) return inner().rename_over(from, to);
-    if (is_same_text(inner(), from, to)) {
+    if (!may_go(to) && !is_still(*found)) return outcome::because(changed_reason);
+    if (!found->file.is_lost && is_same_text(inner(), from, to)) {
         found->what = fate::kept;
         return inner().delete_file(from);
     }

@@ -39,6 +39,13 @@ wide_string plain_stem(wide_string stem) {
     return stem;
 }
 
+// True if both names are one but for a number, at the end or before the extension.
+bool is_numbered(const wide_string& name, const wide_string& other) {
+    return plain_stem(name) == plain_stem(other) ||
+           (path_extension(name) == path_extension(other) &&
+            plain_stem(path_stem(name)) == plain_stem(path_stem(other)));
+}
+
 } // namespace
 
 // A data set is known by the shortest beginning of the name, up to a dot, that is the stem of any file: so
@@ -67,7 +74,8 @@ continued_disk::continued_disk(platform::system& below, journal_disk* journal,
         if (!each.file.source.empty()) by_source_[path_key(each.file.source)].push_back(&each);
         for (const earlier_file& older : each.older) // which of them holds shows when the file is looked at
             if (!older.source.empty()) by_source_[path_key(older.source)].push_back(&each);
-        each.set = each.file.state == made_state::folder ? key : set_of(key);
+        const bool is_alone = each.file.state == made_state::folder || is_only_begun(each.file);
+        each.set = is_alone ? key : set_of(key);
     }
     collect_sets();
 }
@@ -90,8 +98,7 @@ void continued_disk::keep_together(const std::vector<wide_string>& sources) {
             from = path_normalise(path_head(from)), to = path_normalise(path_head(to));
         } while (!folders.contains(from) && from.size() > path_fixed_length(from));
         // A file of the folder can also have been copied by itself.
-        const bool is_copy_of_folder = plain_stem(path_file_name(to)) == plain_stem(path_file_name(from));
-        if (folders.contains(from) && is_copy_of_folder) each.set = to;
+        if (folders.contains(from) && is_numbered(path_file_name(to), path_file_name(from))) each.set = to;
     }
     collect_sets();
 }
@@ -187,7 +194,8 @@ bool continued_disk::has_strangers(const wide_string& set_key, const file_set& s
             const wide_string name = path_key(each.name);
             const bool is_of_command =
                 name.ends_with(u".manifest.json") || name.ends_with(u".resave-journal");
-            if (!each.is_folder && !is_of_command) ++at->second[set_of(folder + name)];
+            const entry* const known = find(folder + name);
+            if (!each.is_folder && !is_of_command) ++at->second[known ? known->set : set_of(folder + name)];
         }
     const auto count = at->second.find(set_key);
     return count != at->second.end() && count->second > static_cast<size_t>(made);
@@ -244,12 +252,21 @@ bool continued_disk::is_as_made(const earlier_file& file, const platform::entry_
 // Whether the copy of `source` need not be made again.
 bool continued_disk::is_unchanged(const entry& copy, const wide_string& source) {
     const earlier_file& file = copy.file;
-    if (!file.source.empty() && !path_same(file.source, source)) return false;
+    if (file.is_lost) return false;
+    if (!file.source.empty() && !path_same(file.source, source) && !inner().same_file(file.source, source))
+        return false;
     const platform::entry_status now = inner().status_of(source);
     if (now.kind != entry_kind::file || !is_same(now, copy.now)) return false;
     const bool is_known = file.modified != 0 && file.state == made_state::copied;
     if (is_known && !is_same_time(now.modified, file.modified)) return false;
     return file.is_safe || is_same_text(inner(), source, file.path);
+}
+
+// Asked right before a file is replaced or removed: since the first look somebody may have worked with it.
+bool continued_disk::is_still(entry& found) {
+    if (is_same(inner().status_of(found.file.path), found.now)) return true;
+    found.what = fate::changed;
+    return false;
 }
 
 // True for a file of the earlier run that somebody has changed, and nobody said that it may go.
@@ -267,7 +284,7 @@ std::vector<continued_disk::row> continued_disk::rows() {
     std::vector<row> all;
     for (auto& [key, each] : entries_) {
         hidden(each.file.path);
-        if (each.what != fate::missing) all.push_back({&key, &each.file, each.what});
+        if (each.what != fate::missing) all.push_back({&key, &each.file, &each.set, each.what});
     }
     std::ranges::sort(all, {}, [](const row& each) -> const wide_string& { return *each.key; });
     return all;

@@ -61,6 +61,7 @@ public:
     struct row {
         const wide_string* key; // of its path
         const earlier_file* file;
+        const wide_string* set; // the same for the files of one set
         fate what;
     };
     std::vector<row> rows();
@@ -122,6 +123,7 @@ private:
     bool is_as_made(const earlier_file& file, const platform::entry_status& now);
     bool is_unchanged(const entry& copy, const wide_string& source);
     bool is_reserved(const entry& found) const;
+    bool is_still(entry& found);
     bool is_kept_from_writing(const wide_string& path) const;
 
     journal_disk* const journal_;

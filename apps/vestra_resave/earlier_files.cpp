@@ -61,6 +61,7 @@ public:
         if (kind == "run" && has_path) {
             found_.request = words[1];
         } else if (kind == "boot" && has_path) {
+            is_losing_ = false; // of the run before
             is_same_boot_ = !words[1].empty() && words[1] == platform::boot_identity();
         } else if (kind == "folder" && has_path) {
             row(words[1], made_state::folder);
@@ -87,6 +88,9 @@ public:
             finish(files_[row(words[1], made_state::writing)], made_state::written, words);
         } else if (kind == "gone" && has_path) {
             is_gone_[row(words[1], made_state::writing)] = true;
+        } else if (kind == "lost") {
+            for (earlier_file& file : files_) file.is_lost = true;
+            is_losing_ = true;
         } else if (kind == "safe") {
             for (; safe_ < files_.size(); ++safe_) files_[safe_].is_safe = true;
             for (const size_t index : again_) files_[index].is_safe = true;
@@ -117,7 +121,8 @@ private:
             again_.push_back(at->second);
         }
         is_gone_[at->second] = false;
-        files_[at->second] = {.path = std::move(path), .state = state, .is_safe = is_same_boot_};
+        files_[at->second] = {
+            .path = std::move(path), .state = state, .is_safe = is_same_boot_, .is_lost = is_losing_};
         return at->second;
     }
 
@@ -133,12 +138,19 @@ private:
     std::unordered_map<wide_string, size_t> rows_; // by path key
     std::string_view copying_;                     // the word of the copy begun last
     wide_string source_;
-    bool is_same_boot_ = false;
+    bool is_same_boot_ = false, is_losing_ = false;
     size_t safe_ = 0;           // so many of the files are
     std::vector<size_t> again_; // those before that were made a second time
 };
 
 } // namespace
+
+// Perhaps half a file, under a name that none is to keep.
+bool is_only_begun(const earlier_file& file) {
+    wide_string name = path_file_name(file.path);
+    while (!name.empty() && name.back() >= u'0' && name.back() <= u'9') name.pop_back();
+    return file.state == made_state::begun || (file.state == made_state::writing && name.ends_with(u".new"));
+}
 
 wide_string journal_path(const wide_string& project) {
     constexpr size_t most_characters = 60; // of a name that may have four bytes for each

@@ -50,7 +50,11 @@ struct earlier_file {
     int64_t modified = 0;    // nanoseconds since 1970, as entry_status has it; 0 where it is unknown
     std::string sha256 = {}; // empty where it is unknown
     bool is_safe = true;     // whole, even if the computer was switched off meanwhile
+    bool is_lost = false;    // a disk that failed may not have it, though it can be read for a while
 };
+
+// Perhaps half a file, under a name that none is to keep.
+bool is_only_begun(const earlier_file& file);
 
 struct earlier_run {
     std::string request; // what `run` holds; empty for a journal that ends before it

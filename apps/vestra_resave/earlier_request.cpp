@@ -52,7 +52,7 @@ std::string other_project_in(const std::string& before_text, const std::string& 
     const ordered_json now = ordered_json::parse(now_text, nullptr, false);
     for (const char* key : {"project", "new_project"})
         if (const wide_string earlier = platform::from_utf8(text_in(before, key));
-            !is_same_file(earlier, platform::from_utf8(text_in(now, key))))
+            !is_same_project(earlier, platform::from_utf8(text_in(now, key))))
             return printed(earlier);
     return {};
 }

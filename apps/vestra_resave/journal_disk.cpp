@@ -88,8 +88,17 @@ void journal_disk::add_size(uint64_t bytes) {
 
 void journal_disk::make_safe() {
     unsafe_bytes_ = 0;
-    if (write() && inner().flush_volume(folder_) && enter({"safe"})) file_->flush();
+    if (write() && flush_volume(folder_) && enter({"safe"})) file_->flush();
     safe_at_ = std::chrono::steady_clock::now();
+}
+
+outcome journal_disk::flush_volume(const wide_string& folder) {
+    const outcome flushed = inner().flush_volume(folder);
+    if (kept_ && !flushed && !flushed.is(platform::failure::denied)) {
+        kept_ = flushed;
+        if (enter({"lost"}) && file_) file_->flush();
+    }
+    return kept_ ? flushed : kept_;
 }
 
 // That the copy is whole is written with the next change: until then it counts as one that may be half.

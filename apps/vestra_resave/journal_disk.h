@@ -28,6 +28,9 @@ public:
     void add_kept(const wide_string& path, const wide_string& source, const platform::entry_status& status);
     // Ends the journal: it is removed, or stays and is flushed.
     platform::outcome end(bool removes);
+    // The first failure to bring what was copied to the disk: the system reports such a loss once, and no
+    // later success makes up for it. Success where the system does not let us ask.
+    const platform::outcome& kept() const { return kept_; }
     // True if anything was copied, created or written since it began.
     bool has_made() const { return has_made_; }
 
@@ -39,6 +42,7 @@ public:
     platform::outcome remove_folder(const wide_string& path) override;
     platform::outcome open(const wide_string& path, platform::access wanted, platform::disposition how,
                            std::unique_ptr<platform::file>& result) override;
+    platform::outcome flush_volume(const wide_string& folder) override;
 
 private:
     platform::outcome copy_in_place_of(const wide_string& source, const wide_string& target);
@@ -52,6 +56,7 @@ private:
     std::unique_ptr<platform::file> file_; // null while no journal is kept
     std::string pending_;                  // entered, but not yet written
     bool has_made_ = false;
+    platform::outcome kept_;
     uint64_t next_name_ = 0;    // of a copy that is to take the place of an older file
     uint64_t unsafe_bytes_ = 0; // copied since the disk was last known to have everything
     std::chrono::steady_clock::time_point safe_at_;

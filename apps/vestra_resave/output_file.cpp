@@ -27,6 +27,12 @@ bool is_same_file(const wide_string& one, const wide_string& other) {
     return path_same(one, other) || platform::current_system().same_file(one, other);
 }
 
+bool is_same_project(const wide_string& one, const wide_string& other) {
+    return path_same(one, other) ||
+           (is_same_file(one, other) &&
+            is_same_file(path_normalise(path_head(one)), path_normalise(path_head(other))));
+}
+
 std::optional<refusal> refuse_output(const std::string& typed) {
     if (auto early = refuse_share(typed)) return early;
     const wide_string path = platform::drive_path(typed);

@@ -7,6 +7,8 @@ namespace vestra::command {
 
 // True if both paths lead, or would lead, to one file.
 bool is_same_file(const wide_string& one, const wide_string& other);
+// True if the folders are the same, too: data are found next to the name that a project is opened by.
+bool is_same_project(const wide_string& one, const wide_string& other);
 
 // Returns why nothing is written at the path that was typed as `typed`: it is a folder, a device, a pipe, a
 // link that leads nowhere, or on a share where the operating system knows none.

@@ -20,6 +20,14 @@ auto again_if_interrupted(const Call& call) {
     return answer;
 }
 
+// What fsync or syncfs returns for a descriptor; success where the file system knows no such call, as some
+// keep folders at once.
+template <typename Flush>
+outcome flushed_by(int opened, const Flush& flush) {
+    const int result = again_if_interrupted([&] { return flush(opened); });
+    return outcome::of_call(result == 0 || errno == EINVAL);
+}
+
 class descriptor {
 public:
     explicit descriptor(int number = -1) : number_(number) {}

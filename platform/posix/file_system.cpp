@@ -164,9 +164,7 @@ private:
     static outcome flushed(const wide_string& path, int (*flush)(int)) {
         descriptor opened;
         if (const outcome found = open_existing(path, O_RDONLY, opened); !found) return found;
-        const int result = again_if_interrupted([&] { return flush(opened.get()); });
-        const bool is_unknown_here = result != 0 && errno == EINVAL; // some file systems keep folders at once
-        return outcome::of_call(result == 0 || is_unknown_here);
+        return flushed_by(opened.get(), flush);
     }
 };
 

@@ -50,7 +50,7 @@ public:
     }
 
     outcome flush() override {
-        return outcome::of_call(again_if_interrupted([&] { return ::fsync(content_.get()); }) == 0);
+        return flushed_by(content_.get(), [](int opened) { return ::fsync(opened); });
     }
 
     outcome close() override { return outcome::of_call(content_.close()); }
