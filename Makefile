@@ -11,7 +11,8 @@
 # make demo         lists the sample project and resaves it under each structure into build/demo/
 # make bench        measures load and resave beside cp -a
 # make torture      faults at every call, kills, arbitrary bytes: prints what was tried, fails if anything was lost
-# make check        order of folders, formatting, and clang-tidy over what changed (BASE=commit: since then; ALL=1: all)
+# make check        order of folders, contracts of published headers, formatting, and clang-tidy over what changed
+#                   (BASE=commit: since then; ALL=1: all)
 # make format       formats all sources
 # make clean        removes the build folders
 
@@ -90,6 +91,7 @@ format:
 
 check: packages
 	@tools/check_layers
+	@tools/host_contract --check
 	@$(sources) | xargs clang-format --dry-run -Werror
 	@BASE=$(BASE) tools/run_clang_tidy $(if $(ALL),all)
 

@@ -1,5 +1,5 @@
-// The one function that a bundle exports, and the bundle interface it hands out. Each bundle defines it in
-// one source, beside its static factories:
+// The one function that a bundle exports, and the bundle interface that it returns. Main thread only. Each
+// bundle defines the function in one source, next to its static factories:
 //
 //     void vs_bundle_interface_to_custom_pointer(vs_interface_pointer* out, void* instance) {
 //         vs::project_resave::hand_out_bundle(out, instance);
@@ -16,13 +16,14 @@ extern "C" VS_BUNDLE_EXPORT void vs_bundle_interface_to_custom_pointer(vs_interf
 
 namespace vs::project_resave {
 
-// What the host calls on the bundle. Entries 2 to 5 are the host's and do nothing here.
+// Who implements: the bundle, once for each load of the library. Who calls: the host, which keeps `instance`.
+// Entries 2 to 5 are the host's and do nothing here.
 class bundle_impl : public interface_of<bundle_impl> {
 public:
     static constexpr const char* name = "vs_bundle_interface_1";
     static constexpr bool rooted_in_identity = true;
-    // Announces every factory of this library to the context, in the order of their construction. A null
-    // context announces nothing.
+    // Registers every factory of this library at the context, in the order of their construction. The context
+    // is the host's and valid until the library is unloaded; null registers nothing.
     virtual void start(bundle_context context) = 0;
     virtual void reserved_2() {}
     virtual void reserved_3() {}

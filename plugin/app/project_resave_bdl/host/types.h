@@ -10,7 +10,8 @@
 //   destroy or close function. Any other handle belongs to the object it was asked of and ends with it.
 // - Wide text is UTF-16 and ends with a zero. An argument is borrowed for the call, and null counts as empty.
 //   A result goes to the adapter that is the last argument, by one call of its `assign` function before the
-//   function returns; without an adapter it is dropped. Narrow text is in the system's code page.
+//   function returns; without an adapter it is dropped.
+// - Narrow text ends with a zero and is in the operating system's code page.
 // - Indexes count from 0. An index at or beyond the count gives null, 0 or the empty text, and removes
 //   nothing. Removing a member moves the later ones down by one.
 // - No exception leaves a function: one that fails returns what it returns for a null handle.

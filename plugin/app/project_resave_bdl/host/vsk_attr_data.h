@@ -7,15 +7,18 @@
 
 extern "C" {
 
-// Returns the collection as a container of entities.
+// Returns the collection as a container of entities, its tables.
 vs_entities* vs_attrs_data_safe_upcast(vs_attrs_data* tables);
+// Returns the number of tables in the collection.
 uint32_t vs_attrs_data_get_size(vs_attrs_data* tables);
+// Returns a table, which belongs to the collection; null at and beyond the size.
 vs_attr_data* vs_attrs_data_get(vs_attrs_data* tables, uint32_t index);
-// Destroys the table.
+// Destroys the table; its file stays.
 void vs_attrs_data_del(vs_attrs_data* tables, uint32_t index);
 
-// Returns the same table as an entity, and a DBF table as a table of either kind.
+// Returns the same table as an entity.
 vs_entity* vs_table_data_safe_upcast(vs_table_data* table);
+// Returns the same DBF table as a table of either kind.
 vs_table_data* vs_attr_data_safe_upcast(vs_attr_data* table);
 // Returns the DBF table that a layer's data is; null if the data is of another kind.
 vs_attr_data* vs_attr_data_safe_downcast(vs_data* data);
@@ -24,6 +27,7 @@ vs_attr_data* vs_attr_data_safe_downcast(vs_data* data);
 vs_attr_data* vs_attr_data_create();
 // Frees a created table. Tables of a project or a layer are not for this function.
 void vs_attr_data_destroy(vs_attr_data* table);
+// Passes the caption, which the user reads.
 void vs_attr_data_get_wcaption(vs_attr_data* table, vs_string_adp* out);
 // Passes the path of the table's file.
 void vs_attr_data_get_wfilename(vs_attr_data* table, vs_string_adp* out);
@@ -32,12 +36,14 @@ void vs_attr_data_set_wfilename(vs_attr_data* table, const char16_t* path);
 
 // True if at least one table is joined to this one.
 bool vs_attr_data_is_joined(vs_attr_data* table);
+// Returns the number of joined tables.
 int32_t vs_attr_data_get_join_count(vs_attr_data* table);
 // Passes the path of a joined table; the empty text outside the count, which includes negative indexes.
 void vs_attr_data_get_join_other_source(vs_attr_data* table, int32_t index, vs_string_adp* out);
-// Return the field that is compared, as an index into the fields of this table and of the joined one; 0
-// outside the count.
+// Returns the field that a join compares, as an index into the fields of this table; 0 outside the count.
 int32_t vs_attr_data_get_join_base_field(vs_attr_data* table, int32_t index);
+// Returns the other field that is compared, as an index into the fields of the joined table; 0 outside the
+// count.
 int32_t vs_attr_data_get_join_other_field(vs_attr_data* table, int32_t index);
 // Appends a join with the file that `other` has now; `other` stays the caller's and may be destroyed next.
 void vs_attr_data_join(vs_attr_data* table, vs_attr_data* other, int32_t base_field, int32_t other_field);
@@ -48,8 +54,9 @@ void vs_attr_data_unjoin(vs_attr_data* table);
 // vs_open_for_reading, the last three are 0. Null if the table's own file cannot be read, and for another
 // mode; a joined file that cannot be read adds no fields. Later changes of the table do not show in the list.
 vs_attr_files* vs_attr_files_open(vs_attr_data* table, int32_t mode, int32_t, int32_t, int32_t);
+// Closes the list: names asked of it become invalid. The table is not touched.
 void vs_attr_files_close(vs_attr_files* files);
-// Returns the number of fields.
+// Returns the number of fields, those of joined tables included.
 int32_t vs_attr_files_get_np(vs_attr_files* files);
 // Returns the field's name as narrow text, valid until the close. May be null, and is outside the count.
 const char* vs_attr_files_get_field_name(vs_attr_files* files, int32_t index);

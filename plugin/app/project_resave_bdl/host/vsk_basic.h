@@ -1,6 +1,6 @@
 // Host library vsk_basic: texts, identifiers, three-state values, dynamic values, services, data sources.
 // Implemented by the host, called by bundles on the main thread. host/types.h has the rules on null handles,
-// ownership, texts and indexes; a comment below names only what differs.
+// ownership, texts and indexes.
 #pragma once
 
 #include "host/types.h"
@@ -10,25 +10,30 @@ extern "C" {
 // Returns an adapter, the caller's: the host passes texts to the caller's string through `assign` and reads
 // them through `text`, both called with `context`. A null `assign` drops the texts.
 vs_string_adp* vs_string_adp_create(vs_string_assign assign, vs_string_text text, void* context);
+// Frees the adapter; the caller's string is not touched.
 void vs_string_adp_destroy(vs_string_adp* adapter);
 
 // Returns an empty list of wide texts, the caller's.
 vs_wstrings* vs_wstrings_create();
+// Frees the list and its texts.
 void vs_wstrings_destroy(vs_wstrings* list);
+// Returns the number of texts.
 uint32_t vs_wstrings_get_size(const vs_wstrings* list);
 // Returns a text, valid until the list changes; null at and beyond the size.
 const char16_t* vs_wstrings_get_str(const vs_wstrings* list, uint32_t index);
 // Appends a copy of the text.
 void vs_wstrings_add(vs_wstrings* list, const char16_t* text);
 
-// Returns a uuid without a value, the caller's. The uuid of an entity must not be destroyed.
+// Returns a uuid without a value, the caller's.
 vs_uuid* vs_uuid_create();
+// Frees a created uuid. That of an entity is not for this function.
 void vs_uuid_destroy(vs_uuid* uuid);
 // Copies the value, or the lack of one. Kept for other bundles; nothing here calls it.
 void vs_uuid_assign(vs_uuid* target, const vs_uuid* source);
 // True if both have the same value or both have no value; false if a handle is null. Kept for other bundles;
 // nothing here calls it.
 bool vs_uuid_equal(const vs_uuid* a, const vs_uuid* b);
+// True if the uuid has a value.
 bool vs_uuid_has_value(const vs_uuid* uuid);
 // Passes the value as 8-4-4-4-12 lower-case hexadecimal digits; the empty text without a value.
 void vs_uuid_to_string(const vs_uuid* uuid, vs_string_adp* out);
@@ -37,9 +42,9 @@ void vs_uuid_to_string(const vs_uuid* uuid, vs_string_adp* out);
 // unchanged.
 uint32_t vs_uuid_from_string(vs_uuid* uuid, const char16_t* text);
 
-// Three-state values are those of vs_three_state. Returns 0 for true, 1 for false.
+// Returns the value as a vs_three_state: 0 for true, 1 for false.
 uint32_t vs_bool_to_3state(bool value);
-// True for 0 only: mixed is false.
+// True for 0 only: mixed, which is 2, is false.
 bool vs_3state_to_bool(uint32_t state);
 // Exchanges 0 and 1; mixed stays mixed.
 uint32_t vs_3state_invert(uint32_t state);
@@ -51,9 +56,11 @@ bool vs_options_get_invert_layers();
 // Returns `value` rounded to `decimals` decimals, half away from zero; unchanged if that is not finite.
 double vs_round_dbl(double value, int32_t decimals);
 
-// A picture is the caller's to destroy. Sizes in pixels.
+// Frees a picture, such as one that a layer type service has made for the caller.
 void vs_dib_destroy(vs_dib* dib);
+// Returns the number of pixels in a row.
 uint32_t vs_dib_get_width(const vs_dib* dib);
+// Returns the number of rows.
 uint32_t vs_dib_get_height(const vs_dib* dib);
 // Returns the first byte, to read and to write: rows from the top without gaps, each pixel as blue, green,
 // red. Valid as long as the picture; may be null for a picture without pixels.
@@ -72,6 +79,7 @@ void any_assign_tuple(vs_any* value, vs_tuple* tuple);
 void any_assign_wstring(vs_any* value, const char16_t* text);
 // Returns an empty tuple, the caller's until any_assign_tuple takes it.
 vs_tuple* tuple_init();
+// Returns the number of elements.
 uint32_t tuple_get_size(const vs_tuple* tuple);
 // Keeps the elements below `size` and appends empty ones up to it. Element handles become invalid.
 void tuple_resize(vs_tuple* tuple, uint32_t size);
@@ -80,11 +88,12 @@ vs_any* tuple_get_element(vs_tuple* tuple, uint32_t index);
 
 // Opens the data set that the source text names; if the text is empty, the file of `data`, a layer's data or
 // null. Sets `out` to the identity of a new referent that implements host/interfaces/stat_source.h, or to
-// null if nothing can open it. The caller must take a ref at once: the last ref closes the data set.
+// null if nothing can open it. The caller must take a ref at once: the last ref closes the data set. Nothing
+// on the disk changes, whatever the format.
 void vs_datasource_open(vs_interface_pointer* out, const char16_t* source, vs_data* data);
 
-// Passes to the visitor each service whose factory is registered under exactly `id` or under no id, in the
-// order of registration, and starts those not yet running. `visitor` is the identity of the visitor, borrowed
-// for the call; host/interfaces/service_visitor.h says which services it is passed.
+// Passes to the visitor, once, each service whose factory is registered under exactly `id` or under no id, in
+// the order of registration, and starts those not yet running. `visitor` is the identity of the visitor,
+// borrowed for the call; host/interfaces/service_visitor.h says which services it is passed.
 void vs_service_registry_with_services(const char16_t* id, vs_interface_pointer visitor);
 }

@@ -23,7 +23,9 @@ uint32_t vs_entity_is_valid(vs_entity* entity);
 vs_entity* vs_entities_safe_upcast(vs_entities* container);
 // Returns the container that the entity is; null if it is no container.
 vs_entities* vs_entities_safe_downcast(vs_entity* entity);
+// Returns the number of members.
 uint32_t vs_entities_get_count(vs_entities* container);
+// Returns a member, which belongs to the container; null at and beyond the count.
 vs_entity* vs_entities_get_entity(vs_entities* container, uint32_t index);
 // Destroys all members. Handles to them and to what they contain become invalid.
 void vs_entities_clear(vs_entities* container);

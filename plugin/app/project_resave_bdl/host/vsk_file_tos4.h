@@ -9,7 +9,7 @@ extern "C" {
 // Opens the file; `mode` is vs_open_for_reading. The result is the caller's. Null if the file cannot be read,
 // breaks a rule of the format, or for another mode.
 vs_tos4_file* vs_tos4_file_open_w(const char16_t* path, int32_t mode);
-// Closes the file. Do not pass null: a host need not accept it here.
+// Closes the file, which frees the handle. Do not pass null: a host need not accept it here.
 void vs_tos4_file_close(vs_tos4_file* file);
 // Returns the number of properties, which are the table's columns; 0 for a null file.
 uint32_t vs_tos4_get_prop_count(vs_tos4_file* file);

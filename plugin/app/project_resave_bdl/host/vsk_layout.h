@@ -1,6 +1,6 @@
 // Host library vsk_layout: layouts, which are 2D scenes with a page, frames and legends. Implemented by the
-// host, called by bundles on the main thread. host/types.h has the rules on null handles and ownership:
-// nothing that is returned here belongs to the caller.
+// host, called by bundles on the main thread. host/types.h has the rules on null handles and ownership.
+// Nothing that is returned here belongs to the caller.
 #pragma once
 
 #include "host/types.h"

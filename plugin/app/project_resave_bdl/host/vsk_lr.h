@@ -2,6 +2,9 @@
 // Implemented by the host, called by bundles on the main thread. host/types.h has the rules on null handles,
 // ownership, texts and indexes. Layers and nodes belong to their scene; all that a getter returns belongs to
 // the layer or scene it was asked of.
+//
+// A node of the tree is a group with nodes below it, or it represents one layer of the scene and ends with
+// that layer.
 #pragma once
 
 #include "host/types.h"
@@ -12,6 +15,7 @@ extern "C" {
 vs_entity* vs_lr_safe_upcast(vs_lr* layer);
 // Returns the layer that the entity is; null if it is no layer.
 vs_lr* vs_lr_safe_downcast(vs_entity* entity);
+// Passes the caption, which the user reads.
 void vs_lr_get_wcaption(vs_lr* layer, vs_string_adp* out);
 // Passes the layer's file reference exactly as the layer holds it: a path, or a text with a mark such as "*".
 void vs_lr_get_wfilename(vs_lr* layer, vs_string_adp* out);
@@ -39,13 +43,14 @@ const vs_table_extra* vs_lr_get_table_extra(vs_lr* layer);
 // letter case.
 vs_any* vs_lr_get_extra(vs_lr* layer, const char* key);
 
-// Return the layer's style manager and its list of style managers; each may be null.
+// Returns the layer's style manager, which says how the layer is drawn; null if it has none.
 vs_stl_mngr* vs_lr_get_style_mngr_ptr(vs_lr* layer);
+// Returns the layer's list of style managers; null if it has none.
 vs_stl_mngr_list* vs_lr_get_style_mngr_list_ptr(vs_lr* layer);
 
-// The tree of groups. A node is a group with nodes below it, or it represents one layer of the scene and ends
-// with that layer.
+// Returns the number of nodes directly below the group; 0 for a layer's node.
 uint32_t vs_lr_group_get_count_child(vs_lr_group* group);
+// Returns a node of the group, a group or a layer's node; null at and beyond the count.
 vs_lr_group* vs_lr_group_get_child_by_index(vs_lr_group* group, uint32_t index);
 // True for a group, false for a layer's node.
 bool vs_lr_group_is_group(vs_lr_group* node);

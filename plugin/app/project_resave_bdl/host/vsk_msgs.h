@@ -9,7 +9,7 @@ extern "C" {
 
 // Opens a progress window, the caller's; with a stop button if `stoppable` is 1, without one if it is 0.
 vs_progress* vs_progress_create(uint32_t stoppable);
-// Closes it.
+// Closes the window and frees it.
 void vs_progress_destroy(vs_progress* window);
 // Shows that `current` of `total` steps are done; a total of 0 shows no progress.
 void vs_progress_show(vs_progress* window, uint32_t current, uint32_t total);
@@ -24,12 +24,14 @@ void vs_progress_reset(vs_progress* window);
 
 // Opens a window that says what the user is waiting for, the caller's; may be null.
 vs_wait* vs_wait_wcreate(const char16_t* text);
-// Closes it.
+// Closes the window and frees it.
 void vs_wait_destroy(vs_wait* wait);
 
-// Show an error, a warning and a message.
+// Shows an error and waits until the user has closed the box.
 void vs_show_werror(const char16_t* text);
+// Shows a warning in the same way.
 void vs_show_wwarning(const char16_t* text);
+// Shows a message in the same way.
 void vs_show_wmessage(const char16_t* text);
 // Asks a question. True for yes; false for no, and if no answer can be had.
 bool vs_yesno_wmessage(const char16_t* text);

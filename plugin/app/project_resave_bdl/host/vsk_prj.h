@@ -18,15 +18,19 @@ vs_prj* vs_prj_get_instance();
 // project elsewhere does not change it.
 void vs_prj_get_filename(vs_prj* project, vs_string_adp* out);
 
-// Return the 2D scenes, the 3D scenes, the OAT tables, the layouts and the DBF tables.
+// Returns the 2D scenes.
 vs_scns_2d* vs_prj_get_scns_2d_ptr(vs_prj* project);
+// Returns the 3D scenes.
 vs_scns_3d* vs_prj_get_scns_3d_ptr(vs_prj* project);
+// Returns the OAT tables.
 vs_toss_data* vs_prj_get_toss_data_ptr(vs_prj* project);
+// Returns the layouts, which are 2D scenes too.
 vs_scns_2d* vs_prj_get_layouts_data_ptr(vs_prj* project);
+// Returns the DBF tables.
 vs_attrs_data* vs_prj_get_attrs_data_ptr(vs_prj* project);
 // Returns the number of the collections of 2D scenes that plug-ins keep, such as well sheets.
 uint32_t vs_prj_get_plugin_scns_2d_count(vs_prj* project);
-// Returns one of them; its meta identifier says which it is.
+// Returns one of these collections, whose meta identifier says which it is; null at and beyond the count.
 vs_scns_2d* vs_prj_get_plugin_scns_2d_ptr(vs_prj* project, uint32_t index);
 // Returns the map legends.
 vs_maplegs* vs_prj_get_maplegs_ptr(vs_prj* project);

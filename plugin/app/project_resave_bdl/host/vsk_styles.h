@@ -17,17 +17,24 @@ void vs_stl_mngr_assign(vs_stl_mngr* target, vs_stl_mngr* source);
 // Frees a created manager. That of a layer is not for this function.
 void vs_stl_mngr_destroy(vs_stl_mngr* manager);
 
-// The same for a list of style managers.
+// Returns the type of a list of style managers as narrow text. Never null: empty for a null list. Valid until
+// the list is assigned to or destroyed.
 const char* vs_stl_mngr_list_get_type(vs_stl_mngr_list* list);
+// Returns an empty list of the type, the caller's.
 vs_stl_mngr_list* vs_stl_mngr_list_create(const char* type);
+// Copies all that is in `source`, its type included.
 void vs_stl_mngr_list_assign(vs_stl_mngr_list* target, vs_stl_mngr_list* source);
+// Frees a created list. That of a layer is not for this function.
 void vs_stl_mngr_list_destroy(vs_stl_mngr_list* list);
 
+// Returns the number of map legends.
 uint32_t vs_maplegs_get_size(vs_maplegs* legends);
+// Returns a legend, which belongs to the project; null at and beyond the size.
 vs_mapleg* vs_maplegs_get_ptr(vs_maplegs* legends, uint32_t index);
 // Destroys the legend.
 void vs_maplegs_delete_elem(vs_maplegs* legends, uint32_t index);
 // Returns the legend's own uuid, which must not be destroyed.
 vs_uuid* vs_mapleg_get_uuid(vs_mapleg* legend);
+// Passes the title, which the user reads.
 void vs_mapleg_get_title(vs_mapleg* legend, vs_string_adp* out);
 }

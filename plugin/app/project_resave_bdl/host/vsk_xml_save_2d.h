@@ -9,6 +9,7 @@ extern "C" {
 
 // Returns a reader and writer, the caller's. It keeps nothing between two calls.
 vs_xml_save_2d* vs_xml_save_2d_create();
+// Frees the reader and writer.
 void vs_xml_save_2d_destroy(vs_xml_save_2d* xml);
 // Reads a scene file; what was in the scene before is destroyed. After a failure the scene is as it was.
 uint32_t vs_xml_data_load_scn2d_w(vs_xml_save_2d* xml, const char16_t* path, vs_scn_2d* scene);

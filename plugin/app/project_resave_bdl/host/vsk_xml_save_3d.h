@@ -9,6 +9,7 @@ extern "C" {
 
 // Returns a writer, the caller's. It keeps nothing between two calls.
 vs_xml_save_3d* vs_xml_save_3d_create();
+// Frees the writer.
 void vs_xml_save_3d_destroy(vs_xml_save_3d* xml);
 // Writes the scene, in place of any file at the path; its folder must exist. After a failure an existing file
 // is as it was.

@@ -9,6 +9,7 @@ extern "C" {
 
 // Returns a reader and writer, the caller's. It keeps nothing between two calls.
 vs_xml_save_prj* vs_xml_save_prj_create();
+// Frees the reader and writer.
 void vs_xml_save_prj_destroy(vs_xml_save_prj* xml);
 // Reads the file; what was in the project before is destroyed, and its file name is `path` from now on. After
 // a failure the project is as it was.

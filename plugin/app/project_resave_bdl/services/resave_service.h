@@ -77,7 +77,8 @@ protected:
 };
 using resave_service = interface_to<resave_service_impl>;
 
-// Who implements: code that collects the services, as host/interfaces/service_visitor.h says.
+// Who implements: code that collects the services, as host/interfaces/service_visitor.h says. Who calls: the
+// registry.
 class resave_service_visitor_impl : public interface_of<resave_service_visitor_impl> {
 public:
     static constexpr const char* name = "vs_resave_service_visitor_interface_5";

@@ -14,10 +14,11 @@
 
 namespace vs::project_resave {
 
-// Receives wide text that ends with a zero; a null pointer counts as the empty text.
+// Receives texts.
 class string_visitor_impl : public interface_of<string_visitor_impl> {
 public:
     static constexpr const char* name = "vs_string_visitor_interface_0";
+    // Receives wide text that ends with a zero; a null pointer counts as the empty text.
     virtual void visit(const char16_t* text) = 0;
     using operations = operation_list<&string_visitor_impl::visit>;
 
@@ -68,11 +69,12 @@ private:
     std::set<wide_string>& texts_;
 };
 
-// Receives one plane of a picture, one byte for each pixel. `row` is the row to be read first, `stride` the
-// step to the next one in bytes, which can be negative; sizes are in pixels.
+// Receives one plane of a picture.
 class bytes_visitor_impl : public interface_of<bytes_visitor_impl> {
 public:
     static constexpr const char* name = "vs_bytes_visitor_interface_0";
+    // Receives one byte for each pixel. `row` is the row to be read first, `stride` the step to the next one
+    // in bytes, which can be negative; sizes are in pixels.
     virtual void visit(const uint8_t* row, int32_t stride, uint32_t width, uint32_t height) = 0;
     using operations = operation_list<&bytes_visitor_impl::visit>;
 
@@ -81,10 +83,12 @@ protected:
 };
 using bytes_visitor = interface_to<bytes_visitor_impl>;
 
-// The same with three bytes for each pixel: blue, green, red.
+// Receives the colours of a picture.
 class thrice_interleaved_bytes_visitor_impl : public interface_of<thrice_interleaved_bytes_visitor_impl> {
 public:
     static constexpr const char* name = "vs_thrice_interleaved_bytes_visitor_interface_0";
+    // Receives three bytes for each pixel: blue, green, red. `row`, `stride` and the sizes are as in
+    // vs_bytes_visitor_interface_0.
     virtual void visit(const uint8_t* row, int32_t stride, uint32_t width, uint32_t height) = 0;
     using operations = operation_list<&thrice_interleaved_bytes_visitor_impl::visit>;
 

@@ -17,8 +17,8 @@ public:
     // Returns a layer type as narrow text, compared with letter case; valid as long as the service. A null
     // type is passed over; of several rows with one type the first counts.
     virtual const char* type_name(uint32_t index) = 0;
-    // Returns a new picture of the type, made by vs_dib_create, all of it opaque. The caller destroys it.
-    // Null if there is no picture.
+    // Returns a new picture of the type, all of it opaque, for the caller to destroy by vs_dib_destroy. Null
+    // if there is no picture.
     virtual vs_dib* picture(uint32_t index) = 0;
     using operations = operation_list<&layer_type_service_impl::type_count,
                                       &layer_type_service_impl::type_name, &layer_type_service_impl::picture>;
@@ -28,7 +28,8 @@ protected:
 };
 using layer_type_service = interface_to<layer_type_service_impl>;
 
-// Who implements: code that looks for layer types, as host/interfaces/service_visitor.h says.
+// Who implements: code that looks for layer types, as host/interfaces/service_visitor.h says. Who calls: the
+// registry.
 class layer_type_service_visitor_impl : public interface_of<layer_type_service_visitor_impl> {
 public:
     static constexpr const char* name = "vs_layer_type_service_visitor_interface_1";

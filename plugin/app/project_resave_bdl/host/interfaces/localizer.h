@@ -16,9 +16,9 @@ namespace vs::project_resave {
 class localizer_impl : public interface_of<localizer_impl> {
 public:
     static constexpr const char* name = "vs_localizer_interface_1";
-    // Passes the text to the visitor, once; does not call the visitor if there is no such text.
+    // Passes the text of a row to the visitor, once; does not call the visitor if there is no such text.
     virtual void text(const void* module, uint32_t id, string_visitor visitor) = 0;
-    // The same for a picture, valid for the call.
+    // Passes a picture, valid for the call, to the visitor, once; does not call the visitor if there is none.
     virtual void bitmap(const void* module, uint32_t id, masked_bitmap_visitor visitor) = 0;
     using operations = operation_list<&localizer_impl::text, &localizer_impl::bitmap>;
 
@@ -57,7 +57,8 @@ protected:
 };
 using localizer_service = interface_to<localizer_service_impl>;
 
-// Who implements: code that looks for the service, as host/interfaces/service_visitor.h says.
+// Who implements: code that looks for the service, as host/interfaces/service_visitor.h says. Who calls: the
+// registry.
 class localizer_service_visitor_impl : public interface_of<localizer_service_visitor_impl> {
 public:
     static constexpr const char* name = "vs_localizer_service_visitor_interface_1";

@@ -11,8 +11,9 @@ namespace vs::project_resave {
 class masked_bitmap_impl : public interface_of<masked_bitmap_impl> {
 public:
     static constexpr const char* name = "vs_masked_bitmap_interface_0";
-    // Return the size in pixels; 0 for a picture that was not found.
+    // Returns the pixels in a row; 0 for a picture that was not found.
     virtual uint32_t width() = 0;
+    // Returns the number of rows; 0 for a picture that was not found.
     virtual uint32_t height() = 0;
     // Passes the colours, in one call: three bytes for each pixel, blue, green, red. Does not call the
     // visitor if the picture is empty.

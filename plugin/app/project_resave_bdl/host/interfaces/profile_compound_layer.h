@@ -8,10 +8,10 @@
 
 namespace vs::project_resave {
 
+// The reserved entries hold the place of the plug-in's own operations: never call them.
 class profil_cmpnd_lr2d_impl : public interface_of<profil_cmpnd_lr2d_impl> {
 public:
     static constexpr const char* name = "vs_profil_cmpnd_lr2d_interface_3";
-    // The reserved entries hold the place of the plug-in's own operations: never call them.
     virtual void reserved_1() {}
     virtual void reserved_2() {}
     // Returns the number of profiles that the layer is made of.

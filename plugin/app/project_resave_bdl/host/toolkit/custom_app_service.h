@@ -41,7 +41,8 @@ protected:
 };
 using custom_app_service = interface_to<custom_app_service_impl>;
 
-// Who implements: code that looks for tools, as host/interfaces/service_visitor.h says.
+// Who implements: code that looks for tools, as host/interfaces/service_visitor.h says. Who calls: the
+// registry.
 class custom_app_service_visitor_impl : public interface_of<custom_app_service_visitor_impl> {
 public:
     static constexpr const char* name = "vs_custom_app_service_visitor_interface_79";

@@ -15,8 +15,9 @@ public:
     static constexpr const char* name = "vs_grid_layout_interface_1";
     static constexpr const char16_t* element_kind = u"grid_layout";
     static constexpr uint32_t no_row = UINT32_MAX;
-    // Return the size of the grid, which never changes.
+    // Returns the number of rows, which never changes.
     virtual uint32_t rows() = 0;
+    // Returns the number of columns, which never changes.
     virtual uint32_t columns() = 0;
     // Returns the element of a cell; null for an empty cell and outside of the grid.
     virtual element child(uint32_t row, uint32_t column) = 0;

@@ -56,7 +56,8 @@ protected:
 };
 using modal_dialog_service_pointer = interface_to<modal_dialog_service_impl>;
 
-// Who implements: code that looks for dialogs, as host/interfaces/service_visitor.h says.
+// Who implements: code that looks for dialogs, as host/interfaces/service_visitor.h says. Who calls: the
+// registry.
 class modal_dialog_service_visitor_impl : public interface_of<modal_dialog_service_visitor_impl> {
 public:
     static constexpr const char* name = "vs_modal_dialog_service_visitor_interface_102";

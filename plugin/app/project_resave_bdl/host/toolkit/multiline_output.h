@@ -16,9 +16,10 @@ public:
     static constexpr const char16_t* element_kind = u"multiline_output";
     // Passes the whole text; a line feed ends a line.
     virtual void text(string_visitor visitor) = 0;
-    // Return the smallest useful size, the width in average characters, the height in lines; they never
-    // change. The host can make the field larger.
+    // Returns the smallest useful width in average characters, which never changes. The host can make the
+    // field larger.
     virtual uint32_t width() = 0;
+    // Returns the smallest useful height in lines, in the same way.
     virtual uint32_t height() = 0;
     using operations = operation_list<&multiline_output_impl::text, &multiline_output_impl::width,
                                       &multiline_output_impl::height>;

@@ -26,7 +26,9 @@ public:
     static constexpr const char* name = "vs_outline_events_interface_1";
     // All rows the host was given are invalid from now on.
     virtual void reset_rows() = 0;
+    // Names, headers and widths of the columns are to be asked for again.
     virtual void reset_columns() = 0;
+    // The pictures of rows, and which row has which, are to be asked for again.
     virtual void reset_images() = 0;
     using operations = operation_list<&outline_events_impl::reset_rows, &outline_events_impl::reset_columns,
                                       &outline_events_impl::reset_images>;
@@ -85,8 +87,9 @@ using outline_checks = interface_to<outline_checks_impl>;
 class outline_bool_column_impl : public interface_of<outline_bool_column_impl> {
 public:
     static constexpr const char* name = "vs_outline_bool_column_interface_1";
-    // Pass the picture of a mark and that of the header, in one call; one of width 0 if there is none.
+    // Passes the picture of a mark, in one call; one of width 0 if there is none.
     virtual void image(masked_bitmap_visitor visitor) = 0;
+    // Passes the picture of the header, in the same way.
     virtual void header_image(masked_bitmap_visitor visitor) = 0;
     // The user clicked the header: checks all rows, or unchecks them if any is checked.
     virtual void click_header() = 0;
@@ -102,16 +105,20 @@ class outline_impl : public interface_of<outline_impl> {
 public:
     static constexpr const char* name = "vs_outline_interface_1";
     static constexpr const char16_t* element_kind = u"outline";
-    // The rows below a row, or the topmost ones for a null parent. `child` returns null for an index past the
-    // last.
+    // Returns the number of rows directly below the parent; null stands for the parent of the topmost rows.
     virtual uint32_t child_count(outline_row* parent) = 0;
+    // Returns one of these rows, counted from the top; null for an index past the last.
     virtual outline_row* child(outline_row* parent, uint32_t index) = 0;
+    // True if there is a row below the parent.
     virtual bool has_children(outline_row* parent) = 0;
 
-    // The flags of a row that the host shows, and their change by the user.
+    // True if the rows below this one are to be shown.
     virtual bool expanded(outline_row* row) = 0;
+    // The user opened or closed the row.
     virtual void set_expanded(outline_row* row, bool on) = 0;
+    // True if the row is one of those that the user has highlighted to act on them together.
     virtual bool highlighted(outline_row* row) = 0;
+    // The user highlighted the row, or took that away.
     virtual void set_highlighted(outline_row* row, bool on) = 0;
     // The user highlighted one more row; with a `second` one, all rows between the two. The host itself calls
     // set_highlighted for the rows it shows. Without `second` the outline also highlights all that is below
@@ -120,14 +127,16 @@ public:
     // The user went to this row; null if no row is the current one any more.
     virtual void current_changed(outline_row* row) = 0;
 
-    // Pictures for rows: their number, one of them, and the index of a row's picture, -1 if it has none.
-    // `image` calls the visitor once in any case, with a picture of width 0 for an index that has none.
+    // Returns the number of pictures for rows.
     virtual uint32_t image_count() = 0;
+    // Passes one of these pictures, in one call; one of width 0 for an index that has none.
     virtual void image(int32_t index, masked_bitmap_visitor visitor) = 0;
+    // Returns the index of the row's picture; -1 if it has none.
     virtual int32_t image_index(outline_row* row) = 0;
 
-    // Return the two columns, which never change.
+    // Returns the column with the words, which never changes.
     virtual outline_column name_column() = 0;
+    // Returns the column with the check marks, which never changes.
     virtual outline_checks checks() = 0;
     // Connects the one receiver of resets, in place of an earlier one; null ends the connection.
     virtual void set_events(outline_events events) = 0;

@@ -22,15 +22,18 @@ public:
     virtual void visit_choice(const char* choice, uint32_t value) = 0;
     // An element that is not to be in the new project, by the text of its uuid; in no order.
     virtual void visit_left_out(const char16_t* uuid) = 0;
-    // A file, or a folder that is copied whole, that has its place in the new project; then each single file
-    // that was made; both in the order of the run. `source` is empty for what the run wrote itself.
+    // A file, or a folder that is copied whole, that has its place in the new project, in the order of the
+    // run. `source` is empty for what the run wrote itself.
     virtual void visit_placed(const char16_t* source, const char16_t* target) = 0;
+    // A single file that was made; after all that visit_placed passes, in the order of the run. `source` as
+    // there.
     virtual void visit_made(const char16_t* source, const char16_t* target) = 0;
-    // Something that went otherwise than planned, of a kind that never changes its number.
+    // Something that went otherwise than planned. `kind` is a fact_kind of operations/run/run_report.h, whose
+    // numbers never change; a text that the kind does not use is empty.
     virtual void visit_fact(uint32_t kind, const char16_t* path, const char16_t* new_path,
                             const char16_t* reason) = 0;
-    // The element that the fact before is about: its uuid, its caption, and that of the list it is in; and
-    // what the fact names beside it.
+    // Right after visit_fact: the element that the fact is about, by its uuid, its caption and the caption of
+    // the list it is in; `subject` is what else the fact names.
     virtual void visit_element(const char16_t* uuid, const char16_t* caption, const char16_t* list,
                                const char16_t* subject) = 0;
     using operations =
@@ -44,14 +47,15 @@ protected:
 };
 using run_record_visitor = interface_to<run_record_visitor_impl>;
 
+// How a run ended; `none` if none has. A project that was saved can lack files, which are facts.
 enum class recorded_end : uint32_t { none = 0, saved = 1, not_saved = 2, stopped = 3 };
 
 // Who implements: the host, who keeps it alive as long as it is set. Who calls: the tool, while it copies.
 class transfer_observer_impl : public interface_of<transfer_observer_impl> {
 public:
     static constexpr const char* name = "vs_transfer_observer_interface_1";
-    // So many more bytes were copied: often in a large file. The host may handle what the user does
-    // meanwhile.
+    // This number of bytes was copied since the last call, which comes often in a large file. The host may
+    // handle the user's events meanwhile.
     virtual void on_moved(uint64_t bytes) = 0;
     using operations = operation_list<&transfer_observer_impl::on_moved>;
 

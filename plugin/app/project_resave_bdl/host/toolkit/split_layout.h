@@ -12,8 +12,9 @@ class split_layout_impl : public interface_of<split_layout_impl> {
 public:
     static constexpr const char* name = "vs_split_layout_interface_1";
     static constexpr const char16_t* element_kind = u"split_layout";
-    // Return the upper and the lower element, which never change.
+    // Returns the upper element, which never changes; valid as long as the layout.
     virtual element top() = 0;
+    // Returns the lower element, in the same way.
     virtual element bottom() = 0;
     using operations = operation_list<&split_layout_impl::top, &split_layout_impl::bottom>;
 
