@@ -71,6 +71,10 @@ public:
         if (!files.listed() && unlisted_.insert(path_key(head)).second)
             run_.report.add(fact_kind::not_read, head, {}, files.listed().text());
         const wide_string name = path_file_name(copy.old_path), stem = path_stem(copy.old_path);
+        // A share that went away has no files either: that is not the same as having no companions.
+        if (!files.find(name) && !path_exists(copy.old_path) && unlisted_.insert(path_key(head)).second)
+            run_.report.add(fact_kind::not_read, head, {},
+                            platform::outcome(platform::failure::missing).text());
         const wide_string new_name = path_file_name(copy.new_path), new_stem = path_stem(copy.new_path);
         const auto bring_behind = [&](const wide_string& found, size_t length) {
             bring(head + found, new_head,

@@ -39,6 +39,9 @@ wide_string plain_stem(wide_string stem) {
     return stem;
 }
 
+// The key of the set that the files in the copy of a folder are: no file has such a name.
+wide_string folder_set(const wide_string& key) { return key + u'\\'; }
+
 // True if both names are one but for a number, at the end or before the extension.
 bool is_numbered(const wide_string& name, const wide_string& other) {
     return plain_stem(name) == plain_stem(other) ||
@@ -74,8 +77,10 @@ continued_disk::continued_disk(platform::system& below, journal_disk* journal,
         if (!each.file.source.empty()) by_source_[path_key(each.file.source)].push_back(&each);
         for (const earlier_file& older : each.older) // which of them holds shows when the file is looked at
             if (!older.source.empty()) by_source_[path_key(older.source)].push_back(&each);
-        const bool is_alone = each.file.state == made_state::folder || is_only_begun(each.file);
-        each.set = is_alone ? key : set_of(key);
+        if (each.file.state == made_state::folder)
+            each.set = folder_set(key);
+        else
+            each.set = is_only_begun(each.file) ? key : set_of(key);
     }
     collect_sets();
 }
@@ -98,7 +103,8 @@ void continued_disk::keep_together(const std::vector<wide_string>& sources) {
             from = path_normalise(path_head(from)), to = path_normalise(path_head(to));
         } while (!folders.contains(from) && from.size() > path_fixed_length(from));
         // A file of the folder can also have been copied by itself.
-        if (folders.contains(from) && is_numbered(path_file_name(to), path_file_name(from))) each.set = to;
+        if (folders.contains(from) && is_numbered(path_file_name(to), path_file_name(from)))
+            each.set = folder_set(to);
     }
     collect_sets();
 }
@@ -183,8 +189,8 @@ void continued_disk::check_set(const wide_string& key, file_set& set) {
 bool continued_disk::has_strangers(const wide_string& set_key, const file_set& set) {
     const auto made =
         std::ranges::count_if(set.made, [](const entry* each) { return each->what != fate::missing; });
-    if (find(set_key)) { // the copy of a folder
-        const auto all = platform::list_tree(inner(), set_key);
+    if (set_key.ends_with(u'\\')) { // the copy of a folder
+        const auto all = platform::list_tree(inner(), path_normalise(set_key));
         return std::ranges::count(all, false, &platform::tree_entry::is_folder) > made;
     }
     const wide_string folder = path_head(set_key);

@@ -176,10 +176,19 @@ ended_run run(session& host, const resave_request& request, continuation& earlie
 
 } // namespace
 
-std::optional<refusal> refuse_trial() {
+namespace {
+
+// What a bundle copies by itself is seen neither by the disk of a trial nor by that of a continued run.
+bool has_copying_bundle() {
     resave_entity_services copying;
     collect_resave_entity_services(copying);
-    if (copying.empty()) return std::nullopt;
+    return !copying.empty();
+}
+
+} // namespace
+
+std::optional<refusal> refuse_trial() {
+    if (!has_copying_bundle()) return std::nullopt;
     return refused({}, say("--dry-run cannot be combined with a --bundle that copies its own files"));
 }
 
@@ -187,6 +196,12 @@ ended_resave resave_in(session& host, const resave_request& request, trial_disk*
     remembered_disk asked_once;
     std::optional<platform::system_override> in_force;
     if (!trial) in_force.emplace(asked_once); // what a trial hides and shows changes without a write
+    if (request.mode != run_mode::anew && has_copying_bundle()) {
+        refusal early =
+            refused({}, say("--update and --resume cannot be combined with a --bundle that copies its "
+                            "own files; resave into a new folder"));
+        return {std::move(early), {}, {}, {}};
+    }
     lost_file_search search;
     if (auto early = search.begin(request.search)) return {std::move(early), {}, {}, {}};
     continuation earlier(request, platform::drive_path(request.project),
