@@ -10,6 +10,7 @@
 #include "operations/run/run_report.h"
 #include "platform/forwarding_system.h"
 #include "platform/path_text.h"
+#include "platform/text.h"
 #include "tests/support/temporary_folder.h"
 
 namespace vs::project_resave {
