@@ -3,6 +3,7 @@
 # make window-test  goes through the window on a screen of its own, with the build of make test
 # make screenshots  keeps what the window and the pages show in docs/images
 # make browser-test opens the pages of --report in a browser, with the build of make test
+# make many-test    resaves 200 projects at once by the commands of docs/many.md, some of them killed and resumed
 # make windows      builds the Windows library, its host and the command line into build-windows/bin/
 # make windows-test runs every test of that build under Wine
 # make install      builds and installs below PREFIX (default /usr/local), in DESTDIR if that is set
@@ -18,7 +19,7 @@
 
 SHELL := /bin/bash
 
-.PHONY: all packages test window-test browser-test screenshots demo bench torture check format clean windows windows-test
+.PHONY: all packages test many-test window-test browser-test screenshots demo bench torture check format clean windows windows-test
 .PHONY: install package package-test
 
 all: packages
@@ -32,6 +33,9 @@ test: packages
 	@cmake --preset sanitize >/dev/null
 	@cmake --build --preset sanitize
 	@ctest --preset sanitize
+
+many-test: all
+	@tools/many_test build
 
 window-test: packages
 	@cmake --preset sanitize >/dev/null

@@ -38,7 +38,7 @@ std::optional<refusal> continuation::find(session& host) {
     if (platform::current_system().identity_of(journal_path(target_)).is_link)
         return refused(journal_path(target_), say("is a link; the journal of the resave would go elsewhere"));
     if (has_journal_)
-        if (auto early = refuse_at_work()) return early;
+        if (auto early = refuse_at_work(journal_path(target_))) return early;
     if (request_.mode == run_mode::resume) return find_to_resume(host);
     if (request_.mode == run_mode::update) return find_to_update(host);
     if (!has_journal_) { // a manifest that stays would be of what is replaced
@@ -49,16 +49,25 @@ std::optional<refusal> continuation::find(session& host) {
                                               "--update brings the copy up to date"));
 }
 
-std::optional<refusal> continuation::at_work() const {
-    return refused(journal_path(target_), say("another resave into this folder is at work"));
-}
-
 // Nothing may start where another run is at work: its journal is open.
-std::optional<refusal> continuation::refuse_at_work() const {
+std::optional<refusal> continuation::refuse_at_work(const wide_string& journal) const {
     std::unique_ptr<platform::file> file;
     const platform::outcome opened = platform::current_system().open(
-        journal_path(target_), platform::access::read_write, platform::disposition::open_existing, file);
-    return opened.is(platform::failure::in_use) ? at_work() : std::nullopt;
+        journal, platform::access::read_write, platform::disposition::open_existing, file);
+    if (!opened.is(platform::failure::in_use)) return std::nullopt;
+    return refused(journal, say("another resave into this folder is at work"));
+}
+
+// A run of another project would take the names that this one has just found free. The own journal is open:
+// of two runs that start in one instant at least one sees the other.
+std::optional<refusal> continuation::refuse_others_at_work() const {
+    const wide_string own = journal_path(target_), folder = path_head(target_);
+    for (const auto& each : platform::entries_or_none(platform::current_system(), folder)) {
+        const wide_string path = folder + each.name;
+        if (each.is_folder || !each.name.ends_with(journal_name_end) || path_same(path, own)) continue;
+        if (auto early = refuse_at_work(path)) return early;
+    }
+    return std::nullopt;
 }
 
 std::optional<refusal> continuation::find_to_resume(session& host) {
@@ -212,9 +221,10 @@ std::optional<refusal> continuation::begin_journal() {
     if (!journal_) return std::nullopt;
     const bool is_to_be_entered = !is_recorded_ || request_.mode == run_mode::update;
     const platform::outcome begun = journal_->begin(is_to_be_entered ? asked_ : "", has_journal_);
-    if (begun) return std::nullopt;
+    if (begun) return refuse_others_at_work();
     is_journal_ended_ = true;
-    if (begun.is(platform::failure::in_use) || begun.is(platform::failure::taken)) return at_work();
+    if (begun.is(platform::failure::in_use) || begun.is(platform::failure::taken))
+        return refused(journal_path(target_), say("another resave into this folder is at work"));
     return refusal{not_saved, {{own_kind::not_created, {}, {}, journal_path(target_), begun.text()}}};
 }
 

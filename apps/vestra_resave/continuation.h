@@ -74,8 +74,8 @@ private:
     std::optional<refusal> find_earlier_copy(session& host);
     std::optional<refusal> refuse_changed_project() const;
     bool has_own_manifest() const;
-    std::optional<refusal> refuse_at_work() const;
-    std::optional<refusal> at_work() const;
+    std::optional<refusal> refuse_at_work(const wide_string& journal) const;
+    std::optional<refusal> refuse_others_at_work() const;
     bool is_as_recorded(const std::vector<earlier_file>& files) const;
     void add_files(std::vector<earlier_file> files);
     void classify(resave_report& report);

@@ -198,8 +198,7 @@ bool continued_disk::has_strangers(const wide_string& set_key, const file_set& s
     if (is_new)
         for (const auto& each : platform::entries_or_none(inner(), folder)) {
             const wide_string name = path_key(each.name);
-            const bool is_of_command =
-                name.ends_with(u".manifest.json") || name.ends_with(u".resave-journal");
+            const bool is_of_command = name.ends_with(u".manifest.json") || name.ends_with(journal_name_end);
             const entry* const known = find(folder + name);
             if (!each.is_folder && !is_of_command) ++at->second[known ? known->set : set_of(folder + name)];
         }

@@ -154,7 +154,7 @@ bool is_only_begun(const earlier_file& file) {
 
 wide_string journal_path(const wide_string& project) {
     constexpr size_t most_characters = 60; // of a name that may have four bytes for each
-    return path_head(project) + path_stem(project).substr(0, most_characters) + u".resave-journal";
+    return path_head(project) + path_stem(project).substr(0, most_characters) + wide_string(journal_name_end);
 }
 
 std::string journal_record(const std::vector<std::string>& words) {

@@ -62,6 +62,7 @@ struct earlier_run {
 };
 
 // NAME.resave-journal for NAME._vp; of a long name the beginning.
+inline constexpr vs::project_resave::wide_view journal_name_end = u".resave-journal";
 wide_string journal_path(const wide_string& project);
 inline constexpr std::string_view journal_title = "resave-journal\t1\t;\n";
 

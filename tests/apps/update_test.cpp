@@ -318,5 +318,20 @@ TEST_F(update_command, leaves_alone_what_others_have_in_its_folder) {
     EXPECT_TRUE(is_kept(scene, "of the user") && is_told("it was changed since the earlier resave")) << err;
 }
 
+TEST_F(update_command, is_refused_while_another_run_fills_the_folder) {
+    builder.scene_2d(u"Area").layer("rtr_lr2d", u"Relief", write(u"C:\\prj\\a.tif", "a"));
+    builder.save(source);
+    std::unique_ptr<platform::file> journal; // of a resave of another project
+    ASSERT_TRUE(platform::current_system().open(write(u"N:\\out\\other.resave-journal"),
+                                                platform::access::read_write,
+                                                platform::disposition::open_existing, journal));
+    const tree_state before = state("out");
+    EXPECT_EQ(2, command(area)) << err;
+    EXPECT_TRUE(is_told("other.resave-journal: another resave into this folder is at work")) << err;
+    EXPECT_EQ("", difference(before, state("out")));
+    journal.reset(); // that broke off, and is nobody's concern here
+    EXPECT_EQ(0, command(area)) << err;
+}
+
 } // namespace
 } // namespace vs::project_resave

@@ -4,11 +4,13 @@
 #include <random>
 
 #include "logs/log_file.h"
+#include "operations/run/path_files.h"
 #include "operations/run/path_placement.h"
 #include "operations/run/resave_options.h"
 #include "operations/run/run_report.h"
 #include "platform/forwarding_system.h"
 #include "platform/path_text.h"
+#include "platform/text.h"
 #include "tests/support/temporary_folder.h"
 
 namespace vs::project_resave {
@@ -186,6 +188,26 @@ TEST(path_placement, a_name_that_is_taken_gets_the_next_number) {
     disk.write(u"b.shp");
     run.placement.set_source(u"Q:\\prj\\area._vp");
     EXPECT_EQ(run.placement.new_path(disk.path(u"a\\..\\b.shp")), disk.path(u"b_(1).shp"));
+}
+
+// As a run beside this one does that made the folder above, failed and takes it back.
+struct taking_back final : forwarding_system {
+    using forwarding_system::forwarding_system;
+    platform::outcome create_folder(const wide_string& path) override {
+        const wide_string above = path_head(path_normalise(path));
+        if (count-- > 0) forwarding_system::remove_folder(above);
+        return forwarding_system::create_folder(path);
+    }
+    int count = 3;
+};
+
+TEST(create_folders, survives_a_run_that_takes_its_empty_ones_back) {
+    const temporary_folder disk;
+    ASSERT_TRUE(create_folders(disk.path(u"tree")));
+    taking_back others(platform::current_system());
+    const platform::system_override in_force(others);
+    EXPECT_TRUE(create_folders(disk.path(u"tree\\a")));
+    EXPECT_TRUE(path_exists(disk.path(u"tree\\a")));
 }
 
 // What is listed here is erased after a stop.

@@ -22,7 +22,7 @@ bool append_if_exists(const wide_string& path, std::vector<found_file>& out) {
     return true;
 }
 
-platform::outcome create_folders(const wide_string& path, std::vector<wide_string>* made) {
+static platform::outcome create_levels(const wide_string& path, std::vector<wide_string>* made) {
     platform::system& files = platform::current_system();
     const platform::entry_kind kind = files.kind_of(path);
     if (kind == platform::entry_kind::folder) return {};
@@ -37,6 +37,16 @@ platform::outcome create_folders(const wide_string& path, std::vector<wide_strin
         if (created && made) made->push_back(level);
     }
     return path_exists(level) ? platform::outcome() : platform::failure::missing;
+}
+
+platform::outcome create_folders(const wide_string& path, std::vector<wide_string>* made) {
+    constexpr int most_tries = 8;
+    platform::outcome created = create_levels(path, made);
+    // Another process that failed takes back the folders that it made, and these, while empty, may be levels
+    // of this path.
+    for (int tries = 1; created.is(platform::failure::missing) && tries < most_tries; ++tries)
+        created = create_levels(path, made);
+    return created;
 }
 
 bool true_case_path(const wide_string& path, wide_string& result) {
