@@ -283,6 +283,19 @@ TEST_F(update_command, leaves_alone_what_others_have_in_its_folder) {
     EXPECT_EQ(0, command(update + "--prune")) << err;
     EXPECT_FALSE(path_exists(world_there));
 
+    // A set beside a folder of its name.
+    remove_tree(u"N:\\out");
+    begin("--quiet --dry-run");
+    rasters_.push_back({u"Inner", u"C:\\prj\\data\\a\\c.tif", 0});
+    write_raster(rasters_.back());
+    save();
+    EXPECT_EQ(0, command(area + "--structure from-project-folder --manifest")) << err;
+    const wide_string index = write(folder + u"a.ovr", "of the user");
+    write_raster(rasters_[0]);
+    EXPECT_EQ(0, command(update + "--json")) << err;
+    EXPECT_EQ(2U, json::parse(out).at("changed_since").size()) << out;
+    EXPECT_TRUE(is_kept(index, "of the user"));
+
     // A disk that is away for one update, and another project of the same name.
     remove_tree(u"N:\\out");
     begin();

@@ -1,0 +1,81 @@
+// Updates and resumed resaves on a disk that fails, or that somebody else writes to meanwhile.
+#include <fstream>
+#include <nlohmann/json.hpp>
+
+#include "apps/vestra_resave/commands.h"
+#include "platform/forwarding_system.h"
+#include "tests/apps/command_run.h"
+
+namespace vs::project_resave {
+namespace {
+
+using nlohmann::json;
+using namespace vestra::command;
+
+class disturbed_update : public command_run {
+protected:
+    // A project of rasters by their names, each with a world file, and with a new content each time.
+    void save(const std::vector<wide_string>& names) {
+        builder.clear();
+        builder.scene_2d(u"Area");
+        ++version_;
+        for (const wide_string& name : names) {
+            const std::string content = platform::to_utf8(name) + " " + std::to_string(version_);
+            builder.layer("rtr_lr2d", name, write(u"C:\\prj\\" + name + u".tif", content));
+            write(u"C:\\prj\\" + name + u".tfw", content + " world");
+        }
+        builder.save(source);
+    }
+    // The command in this process, on a disk of the test.
+    int resave_on(platform::system& disk, run_mode mode) {
+        resave_request request;
+        request.project = "C:\\prj\\area._vp";
+        request.new_project = "N:\\out\\new._vp";
+        request.mode = mode;
+        request.manifest = true;
+        const platform::system_override in_force(disk);
+        testing::internal::CaptureStdout();
+        testing::internal::CaptureStderr();
+        const int code = vestra::command::resave(request, {});
+        out = testing::internal::GetCapturedStdout();
+        err = testing::internal::GetCapturedStderr();
+        return code;
+    }
+
+    size_t version_ = 0;
+};
+
+TEST_F(disturbed_update, takes_nothing_for_whole_that_a_disk_may_have_lost) {
+    save({u"a"});
+    struct : forwarding_system {
+        platform::outcome flush_volume(const wide_string&) override { return platform::failure::damaged; }
+    } failing;
+    EXPECT_EQ(1, resave_on(failing, run_mode::anew)) << err;
+    EXPECT_TRUE(is_told("out: could not be written")) << err;
+    for (const char* const fate : {"replaced", "unchanged"}) {
+        EXPECT_EQ(0, command("resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp' --update --json")) << err;
+        EXPECT_EQ(2U, json::parse(out).at(fate).size()) << fate << out;
+    }
+}
+
+TEST_F(disturbed_update, keeps_what_somebody_changes_while_it_is_at_work) {
+    save({u"a", u"b"});
+    forwarding_system undisturbed;
+    ASSERT_EQ(0, resave_on(undisturbed, run_mode::anew)) << err;
+    save({u"a", u"b"});
+    struct editor : forwarding_system {
+        platform::outcome copy_file(const wide_string& from, const wide_string& target,
+                                    bool replace) override {
+            if (path_file_name(from) == u"b.tif") std::ofstream(edited) << "edited meanwhile";
+            return forwarding_system::copy_file(from, target, replace);
+        }
+        std::filesystem::path edited;
+    } somebody;
+    somebody.edited = native("n") / "out/rtr/a.tif";
+    EXPECT_EQ(1, resave_on(somebody, run_mode::update)) << err;
+    EXPECT_TRUE(is_told("it was changed since the earlier resave")) << err;
+    EXPECT_EQ("edited meanwhile", read(u"N:\\out\\rtr\\a.tif"));
+}
+
+} // namespace
+} // namespace vs::project_resave
