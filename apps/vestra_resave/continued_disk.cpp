@@ -79,6 +79,8 @@ continued_disk::continued_disk(platform::system& below, journal_disk* journal,
             if (!older.source.empty()) by_source_[path_key(older.source)].push_back(&each);
         if (each.file.state == made_state::folder)
             each.set = folder_set(key);
+        else if (!each.file.data_set.empty())
+            each.set = folder_set(path_key(each.file.data_set));
         else
             each.set = is_only_begun(each.file) ? key : set_of(key);
     }

@@ -47,10 +47,11 @@ struct earlier_file {
     made_state state = made_state::copied;
     wide_string source = {}; // of a copy; empty where it is unknown
     uint64_t bytes = 0;
-    int64_t modified = 0;    // nanoseconds since 1970, as entry_status has it; 0 where it is unknown
-    std::string sha256 = {}; // empty where it is unknown
-    bool is_safe = true;     // whole, even if the computer was switched off meanwhile
-    bool is_lost = false;    // a disk that failed may not have it, though it can be read for a while
+    int64_t modified = 0;      // nanoseconds since 1970, as entry_status has it; 0 where it is unknown
+    std::string sha256 = {};   // empty where it is unknown
+    bool is_safe = true;       // whole, even if the computer was switched off meanwhile
+    wide_string data_set = {}; // the folder that is one, which it is in; empty where that is unknown
+    bool is_lost = false;      // a disk that failed may not have it, though it can be read for a while
 };
 
 // Perhaps half a file, under a name that none is to keep.

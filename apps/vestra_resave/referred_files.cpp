@@ -36,12 +36,14 @@ public:
     std::vector<earlier_file> files;
 
 private:
-    void add(const wide_string& path) {
+    void add(const wide_string& path, const wide_string& data_set = {}) {
         const wide_string key = path_key(path);
         if (!key.starts_with(below_) || !seen_.insert(key).second) return;
         const bool is_written = path_extension(path).starts_with(u"._") &&
                                 platform::current_system().status_of(path).modified <= saved_;
-        files.push_back({.path = path, .state = is_written ? made_state::writing : made_state::referred});
+        files.push_back({.path = path,
+                         .state = is_written ? made_state::writing : made_state::referred,
+                         .data_set = data_set});
     }
 
     void add_elements(const std::vector<element>& elements) {
@@ -54,7 +56,7 @@ private:
     void add_data_set(const wide_string& path) {
         if (platform::current_system().kind_of(path) != entry_kind::folder) return add_family(path);
         for (const auto& each : platform::list_tree(platform::current_system(), path))
-            if (!each.is_folder) add(each.path);
+            if (!each.is_folder) add(each.path, path_normalise(path));
     }
 
     void add_family(const wide_string& path) {
