@@ -1,4 +1,4 @@
-// Updates and resumed resaves on a disk that fails, or that somebody else writes to meanwhile.
+// Linux only: the command runs in the process of the test, on a disk that fails or that others change.
 #include <fstream>
 #include <nlohmann/json.hpp>
 
