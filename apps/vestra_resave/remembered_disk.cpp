@@ -24,10 +24,12 @@ remembered_disk::answers& remembered_disk::known() {
 }
 
 platform::entry_status remembered_disk::status_of(const wide_string& path) {
+    if (!remembers_) return inner().status_of(path);
     return kept_or_new(known().statuses, path, [&] { return inner().status_of(path); });
 }
 
 platform::file_identity remembered_disk::identity_of(const wide_string& path) {
+    if (!remembers_) return inner().identity_of(path);
     return kept_or_new(known().identities, path, [&] { return inner().identity_of(path); });
 }
 

@@ -6,6 +6,7 @@
 //     const platform::system_override in_force(disk);
 //     ... // load, look, compare: each name is asked for once
 //     create_folders(path); // all that was known is forgotten
+//     disk.remember(false); // a run looks anew each time: it may take hours, and others work meanwhile
 #pragma once
 
 #include <functional>
@@ -26,6 +27,12 @@ namespace platform = vs::project_resave::platform;
 class remembered_disk final : public vs::project_resave::forwarding_system {
 public:
     using forwarding_system::forwarding_system;
+
+    // Whether answers are kept, as they are at first. Those that are known are forgotten.
+    void remember(bool on) {
+        remembers_ = on;
+        forget();
+    }
 
     platform::entry_status status_of(const wide_string& path) override;
     platform::file_identity identity_of(const wide_string& path) override;
@@ -59,6 +66,7 @@ private:
     answers& known();
     void forget() { known_.reset(); }
 
+    bool remembers_ = true;
     std::unique_ptr<answers> known_; // null as long as nothing is known
 };
 

@@ -130,7 +130,8 @@ run_result resave_shown(session& host, const resave_settings& settings, bool cop
     return context.resave_project(settings);
 }
 
-ended_run run(session& host, const resave_request& request, continuation& earlier, trial_disk* trial) {
+ended_run run(session& host, const resave_request& request, continuation& earlier, trial_disk* trial,
+              remembered_disk& asked_once) {
     const wide_string target = platform::drive_path(request.new_project);
     if (auto early = prepare(host, request, earlier, target, trial != nullptr))
         return {std::move(early), {}, {}};
@@ -153,6 +154,7 @@ ended_run run(session& host, const resave_request& request, continuation& earlie
         std::ranges::move(take_back(missing), std::back_inserter(early->problems));
         return {std::move(early), {}, {}};
     }
+    asked_once.remember(false);
     host.keep_places(earlier.disk());
     resave_settings settings = request.settings;
     settings.output_path = &target;
@@ -173,10 +175,6 @@ ended_run run(session& host, const resave_request& request, continuation& earlie
     }
     return {std::nullopt, report_of(context, result, std::move(problems)), std::move(source), missing};
 }
-
-} // namespace
-
-namespace {
 
 // What a bundle copies by itself is seen neither by the disk of a trial nor by that of a continued run.
 bool has_copying_bundle() {
@@ -206,7 +204,7 @@ ended_resave resave_in(session& host, const resave_request& request, trial_disk*
     if (auto early = search.begin(request.search)) return {std::move(early), {}, {}, {}};
     continuation earlier(request, platform::drive_path(request.project),
                          platform::drive_path(request.new_project));
-    ended_run ended = run(host, request, earlier, trial);
+    ended_run ended = run(host, request, earlier, trial, asked_once);
     if (ended.early) return {std::move(ended.early), {}, {}, {}};
     resave_report& report = ended.report;
     search.end();
@@ -214,6 +212,7 @@ ended_resave resave_in(session& host, const resave_request& request, trial_disk*
     wide_string target = as_on_disk(host.context().placement.new_project_path);
     const auto is_written = [&] { return report.exit == done || report.exit == problems; };
     earlier.end_files(host.context(), report);
+    asked_once.remember(true);
     if (is_written() && !trial && (request.manifest || earlier.has_manifest())) {
         const shown_transfer shown(host.screen(), summary_of(report).bytes, summing_caption());
         const auto is_stopped = [&] { return host.interrupted(); };
