@@ -25,15 +25,6 @@ enum class entry_kind { none, file, folder };
 enum class access { read, read_write };
 enum class disposition { open_existing, create_always, create_new };
 
-// What exists under a path.
-struct entry_status {
-    entry_kind kind = entry_kind::none;
-    uint64_t bytes = 0;   // the size of a file, 0 for anything else
-    outcome reason = {};  // why the kind is `none`: missing, denied, a device; success for any other kind
-    int64_t modified = 0; // when a file was last written, in nanoseconds since 1970 (UTC), as exactly as the
-                          // disk keeps it; 0 for anything else
-};
-
 // What a path leads to, whatever its spelling. Equal exactly for paths to the same file or folder; nothing
 // exists under a path whose identity is empty.
 struct file_identity {
@@ -50,6 +41,17 @@ struct file_identity {
     bool operator<(const file_identity& other) const {
         return volume != other.volume ? volume < other.volume : number < other.number;
     }
+};
+
+// What exists under a path.
+struct entry_status {
+    entry_kind kind = entry_kind::none;
+    uint64_t bytes = 0;   // the size of a file, 0 for anything else
+    outcome reason = {};  // why the kind is `none`: missing, denied, a device; success for any other kind
+    int64_t modified = 0; // when a file was last written, in nanoseconds since 1970 (UTC), as exactly as the
+                          // disk keeps it; 0 for anything else
+    file_identity identity = {}; // what `identity_of` returns for the path, where the operating system gives
+                                 // it in the same answer; else empty
 };
 
 // One direct entry of a folder. For a link `is_folder` is about its target.

@@ -45,8 +45,7 @@ public:
 
 private:
     std::filesystem::path folder_, home_; // as given; without links, empty if it cannot be reached
-    mutable std::map<std::filesystem::path, std::filesystem::path>
-        canonical_; // of folders that were asked for
+    mutable std::map<wide_string, std::filesystem::path> canonical_; // of folders that were asked for
 };
 
 } // namespace vestra::command

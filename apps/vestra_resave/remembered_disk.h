@@ -5,7 +5,6 @@
 //     remembered_disk disk;
 //     const platform::system_override in_force(disk);
 //     ... // load, look, compare: each name is asked for once
-//     create_folders(path); // all that was known is forgotten
 //     disk.remember(false); // a run looks anew each time: it may take hours, and others work meanwhile
 #pragma once
 
@@ -15,6 +14,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
 
 #include "platform/forwarding_system.h"
 
@@ -34,10 +34,12 @@ public:
         forget();
     }
 
+    // A name that the listing of its folder lacks is missing, without a question. The listing is read once
+    // the first such name was asked for.
     platform::entry_status status_of(const wide_string& path) override;
     platform::file_identity identity_of(const wide_string& path) override;
 
-    // These write, so that what is known no longer holds.
+    // These write. What only adds an entry leaves what is known of existing files.
     platform::outcome copy_file(const wide_string& source, const wide_string& target, bool replace) override;
     platform::outcome delete_file(const wide_string& path) override;
     platform::outcome create_folder(const wide_string& path) override;
@@ -51,23 +53,41 @@ private:
         using is_transparent = void;
         size_t operator()(std::u16string_view text) const { return std::hash<std::u16string_view>()(text); }
     };
-    // By the path as it was asked: the spelling can matter.
-    template <class Answer>
-    using by_path = std::pmr::unordered_map<std::pmr::u16string, Answer, text_hash, std::equal_to<>>;
+    template <class Value>
+    using by_text = std::pmr::unordered_map<std::pmr::u16string, Value, text_hash, std::equal_to<>>;
 
+    struct answer {
+        platform::entry_status status;
+        platform::file_identity identity;
+        bool has_status = false, has_identity = false;
+        size_t additions = 0; // when it was given
+    };
+    // What is known of a folder and of what is in it, by the text that was asked for: the spelling can matter.
+    struct known_folder {
+        explicit known_folder(std::pmr::memory_resource* memory) : answers(memory), names(memory) {}
+        by_text<answer> answers;         // by name
+        std::pmr::vector<size_t> names;  // hashes of the folded names, in order
+        size_t listed_at = never;        // the number of additions when they were read
+    };
     // In memory of their own, which is given back as a whole: holes left all over the heap would make each
     // later allocation of the run slower.
-    struct answers {
+    struct knowledge {
         std::pmr::monotonic_buffer_resource memory;
-        by_path<platform::entry_status> statuses{&memory};
-        by_path<platform::file_identity> identities{&memory};
+        by_text<known_folder> folders{&memory};
     };
 
-    answers& known();
+    static constexpr size_t never = SIZE_MAX;
+
+    known_folder& folder_of(std::u16string_view path);
+    answer& answer_for(known_folder& folder, std::u16string_view name);
+    bool is_absent(const known_folder& folder, std::u16string_view name) const;
+    void learn_names(known_folder& folder, std::u16string_view path);
     void forget() { known_.reset(); }
+    void note_addition() { ++additions_; }
 
     bool remembers_ = true;
-    std::unique_ptr<answers> known_; // null as long as nothing is known
+    size_t additions_ = 0;             // of entries, through this disk
+    std::unique_ptr<knowledge> known_; // null as long as nothing is known
 };
 
 } // namespace vestra::command

@@ -42,16 +42,27 @@ folder_entry entry_of(const std::string& folder, const dirent& found) {
     return {from_utf8(found.d_name), is_folder, is_link};
 }
 
+file_identity identity_in(const struct stat& found, bool is_link) {
+    // A folder is named by its sub-folders, too.
+    const bool is_folder = S_ISDIR(found.st_mode);
+    const bool has_names = is_link || (!is_folder && found.st_nlink > 1);
+    return {found.st_dev, found.st_ino, has_names ? 2U : 1U, is_link, is_folder};
+}
+
 class posix_system final : public system {
 public:
     entry_status status_of(const wide_string& path) override {
-        struct stat status {};
-        if (const outcome found = mapped_volumes().status(path, status); !found)
-            return {entry_kind::none, 0, found};
-        if (S_ISDIR(status.st_mode)) return {entry_kind::folder};
-        if (S_ISREG(status.st_mode))
-            return {entry_kind::file, uint64_t(status.st_size), {}, nanoseconds(status.st_mtim)};
-        return {entry_kind::none, 0, outcome::because(u"not a regular file")};
+        struct stat found {};
+        held_folders::link_state link{};
+        if (const outcome result = mapped_volumes().status(path, found, link); !result)
+            return {entry_kind::none, 0, result};
+        entry_status status{entry_kind::none, 0, outcome::because(u"not a regular file")};
+        if (S_ISDIR(found.st_mode)) status = {entry_kind::folder};
+        if (S_ISREG(found.st_mode))
+            status = {entry_kind::file, uint64_t(found.st_size), {}, nanoseconds(found.st_mtim)};
+        if (link != held_folders::link_state::unknown)
+            status.identity = identity_in(found, link == held_folders::link_state::yes);
+        return status;
     }
 
     outcome copy_file(const wide_string& source, const wide_string& target, bool replace) override {
@@ -121,15 +132,18 @@ public:
     }
 
     file_identity identity_of(const wide_string& path) override {
-        const native_answer native = mapped_volumes().native(path, false);
+        using link_state = held_folders::link_state;
         struct stat found {};
-        if (!native || ::lstat(native.path.c_str(), &found) != 0) return {};
-        const bool is_link = S_ISLNK(found.st_mode);
-        if (is_link && ::stat(native.path.c_str(), &found) != 0) return {0, 0, 2U, true};
-        // A folder is named by its sub-folders, too.
-        const bool is_folder = S_ISDIR(found.st_mode);
-        const bool has_names = is_link || (!is_folder && found.st_nlink > 1);
-        return {found.st_dev, found.st_ino, has_names ? 2U : 1U, is_link, is_folder};
+        link_state link{};
+        const outcome result = mapped_volumes().status(path, found, link);
+        if (!result) return {0, 0, link == link_state::yes ? 2U : 0U, link == link_state::yes};
+        if (link == link_state::unknown) { // a folder that is held open
+            struct stat itself {};
+            const native_answer native = mapped_volumes().native(path, false);
+            link = ::lstat(native.path.c_str(), &itself) == 0 && S_ISLNK(itself.st_mode) ? link_state::yes
+                                                                                           : link_state::no;
+        }
+        return identity_in(found, link == link_state::yes);
     }
 
     outcome rename_over(const wide_string& from, const wide_string& to) override {

@@ -63,14 +63,20 @@ outcome held_folders::open(const std::string& path, int flags, descriptor& opene
     return result;
 }
 
-outcome held_folders::status(const std::string& path, struct stat& found) {
+outcome held_folders::status(const std::string& path, struct stat& found, link_state& link) {
     const std::lock_guard guard(mutex_);
+    link = link_state::unknown;
     const auto itself = std::ranges::find(held_, path, &held_folder::path);
     const bool is_held = itself != held_.end() && now() - itself->since < holding_time;
     if (is_held && is_there(itself->handle, found)) return {};
-    return outcome::of_call(reach(path, [&found](int folder, const char* name) {
-                                return ::fstatat(folder, name, &found, 0);
-                            }) == 0);
+    const auto look = [&](int follow) {
+        return reach(path, [&](int folder, const char* name) {
+            return ::fstatat(folder, name, &found, follow);
+        });
+    };
+    if (look(AT_SYMLINK_NOFOLLOW) != 0) return outcome::last();
+    link = S_ISLNK(found.st_mode) ? link_state::yes : link_state::no;
+    return outcome::of_call(link == link_state::no || look(0) == 0);
 }
 
 bool held_folders::folder_status(const std::string& folder, struct stat& found) {

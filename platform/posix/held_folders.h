@@ -27,8 +27,10 @@ public:
     // Opens what is there, without waiting as a pipe would make us. `flags` as the operating system's open
     // takes them, without O_CREAT.
     outcome open(const std::string& path, int flags, descriptor& opened);
-    // Sets `found` to what exists under exactly this path, following links; fails if nothing does.
-    outcome status(const std::string& path, struct stat& found);
+    // Sets `found` to what exists under exactly this path, following links; fails if nothing does. `link` is
+    // set to whether the path itself is one, as far as this is known without a further question.
+    enum class link_state { no, yes, unknown };
+    outcome status(const std::string& path, struct stat& found, link_state& link);
     // The same for what must be a folder. A removed folder, or one created in its place, is noticed at once.
     bool folder_status(const std::string& folder, struct stat& found);
 

@@ -119,13 +119,13 @@ std::optional<std::string> volumes::as_listed(const std::string& asked) {
     return exists ? std::optional(std::move(found)) : std::nullopt;
 }
 
-outcome volumes::status(const wide_string& drive_path, struct stat& found) {
+outcome volumes::status(const wide_string& drive_path, struct stat& found, held_folders::link_state& link) {
     const auto asked = as_asked(drive_path);
     if (!asked) return asked.result;
-    const outcome result = held_.status(asked.path, found);
+    const outcome result = held_.status(asked.path, found, link);
     if (result) return result;
     const auto listed = as_listed(asked.path);
-    return listed ? held_.status(*listed, found) : result;
+    return listed ? held_.status(*listed, found, link) : result;
 }
 
 native_answer volumes::to_create(const wide_string& drive_path) {
@@ -228,7 +228,8 @@ outcome set_current_folder(const wide_string& folder) {
 std::filesystem::file_time_type folder_time(const wide_string& folder) {
     using namespace std::chrono;
     struct stat status {};
-    if (!mapped_volumes().status(folder, status)) return std::filesystem::file_time_type::min();
+    held_folders::link_state link{};
+    if (!mapped_volumes().status(folder, status, link)) return std::filesystem::file_time_type::min();
     const nanoseconds since_epoch = seconds(status.st_mtim.tv_sec) + nanoseconds(status.st_mtim.tv_nsec);
     return file_clock::from_sys(sys_time<nanoseconds>(since_epoch));
 }

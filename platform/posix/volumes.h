@@ -54,8 +54,8 @@ public:
     // that name in any spelling, also in the one asked for if it was created meanwhile.
     std::optional<std::string> as_listed(const std::string& asked);
     // Sets `found` to what exists under a drive path, in the spelling asked for, which is nearly always the
-    // right one, or else in another; links are followed.
-    outcome status(const wide_string& drive_path, struct stat& found);
+    // right one, or else in another; links are followed. `link` is that of `held_folders::status`.
+    outcome status(const wide_string& drive_path, struct stat& found, held_folders::link_state& link);
     // Returns what `native` does without `must_exist`; cheaper where the name is likely to be free.
     native_answer to_create(const wide_string& drive_path);
 
