@@ -7,6 +7,9 @@
 #include <cerrno>
 #include <cstdint>
 #include <cstdio>
+#include <mutex>
+#include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -47,7 +50,6 @@ public:
 
     // The caller has just looked the path up, so the names of its folder are current.
     outcome create(mode_t mode) {
-        if (exists_exactly(path_)) return outcome::native(EEXIST); // before all is copied in vain
         if (can_name_open_files()) {
             const std::string folder(folder_of(path_));
             content_ = descriptor(::open(folder.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, mode));
@@ -159,13 +161,34 @@ outcome check_unchanged(int source, const struct stat& before) {
     return is_same ? outcome() : outcome::because(changed_meanwhile);
 }
 
+// What a folder made of the permissions with which a file was created there. It makes the same of them for
+// the next file, so only the first one is asked.
+class given_permissions {
+public:
+    bool are_kept(int target, const std::string& path, mode_t wanted) {
+        const std::string_view folder = folder_of(path);
+        const std::lock_guard guard(mutex_);
+        if (folder == folder_ && wanted == wanted_) return kept_;
+        struct stat made {};
+        if (::fstat(target, &made) != 0) return false;
+        folder_ = folder;
+        wanted_ = wanted;
+        return kept_ = (made.st_mode & 0777) == wanted;
+    }
+
+private:
+    std::mutex mutex_;
+    std::string folder_;
+    mode_t wanted_ = 0;
+    bool kept_ = false;
+};
+
 // Some mounted file systems know neither; a copy without them is still a copy.
-void copy_attributes(int target, const struct stat& status, mode_t permissions) {
+void copy_attributes(int target, const std::string& path, const struct stat& status, mode_t permissions) {
+    static given_permissions given;
     const timespec times[] = {status.st_atim, status.st_mtim};
-    struct stat made {};
-    const bool has_permissions = ::fstat(target, &made) == 0 && (made.st_mode & 0777) == permissions;
-    const bool kept =
-        (has_permissions || ::fchmod(target, permissions) == 0) && ::futimens(target, times) == 0;
+    const bool kept = (given.are_kept(target, path, permissions) || ::fchmod(target, permissions) == 0) &&
+                      ::futimens(target, times) == 0;
     static_cast<void>(kept);
 }
 
@@ -185,8 +208,10 @@ outcome copy_regular_file(const wide_string& source, const wide_string& target_p
     if (result) result = regular_status(in, status);
     if (!result) return result;
 
-    const auto wanted = mapped_volumes().to_create(target_path);
+    bool exists = false;
+    const auto wanted = mapped_volumes().to_create(target_path, exists);
     if (!wanted) return wanted.result;
+    if (exists && !replace) return outcome::native(EEXIST); // before all is copied in vain
     const std::string& target = wanted.path;
     struct stat existing {};
     const bool replaces = replace && ::stat(target.c_str(), &existing) == 0;
@@ -199,13 +224,14 @@ outcome copy_regular_file(const wide_string& source, const wide_string& target_p
     if (result) result = copy_content(in.get(), out.get(), status);
     if (result) result = check_unchanged(in.get(), status);
     if (!result) return result;
-    copy_attributes(out.get(), status, permissions);
+    copy_attributes(out.get(), target, status, permissions);
     return replaces ? out.keep_in_place_of(target) : out.keep();
 }
 
 outcome rename_file_over(const wide_string& from, const wide_string& to) {
     const auto source = mapped_volumes().native(from, true);
-    const auto target = mapped_volumes().to_create(to);
+    bool exists = false;
+    const auto target = mapped_volumes().to_create(to, exists);
     if (!source || !target) return source ? target.result : source.result;
     names().before_change(source.path);
     if (std::rename(source.path.c_str(), target.path.c_str()) != 0) return outcome::last();

@@ -56,8 +56,9 @@ public:
     // Sets `found` to what exists under a drive path, in the spelling asked for, which is nearly always the
     // right one, or else in another; links are followed. `link` is that of `held_folders::status`.
     outcome status(const wide_string& drive_path, struct stat& found, held_folders::link_state& link);
-    // Returns what `native` does without `must_exist`; cheaper where the name is likely to be free.
-    native_answer to_create(const wide_string& drive_path);
+    // Returns what `native` does without `must_exist`, and whether there is such an entry; cheaper where the
+    // name is likely to be free.
+    native_answer to_create(const wide_string& drive_path, bool& exists);
 
     // Returns the path on the drive with the longest folder that contains `native`, which is relative to the
     // current folder and need not exist.
