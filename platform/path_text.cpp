@@ -116,7 +116,9 @@ std::vector<wide_string> path_split(wide_view path, wide_view separators, bool s
 }
 
 wide_string path_normalise(wide_view path) {
-    if (is_normal(path)) return wide_string(path);
+    const bool is_folder = path.size() > 3 && path.back() == u'\\'; // "C:\a\"
+    const wide_view bare = is_folder ? path.substr(0, path.size() - 1) : path;
+    if (is_normal(bare)) return wide_string(bare);
     const wide_string root = path_root(path);
     const piece_views pieces = pieces_of(path);
     piece_views kept;
