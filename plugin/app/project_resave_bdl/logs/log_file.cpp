@@ -1,3 +1,6 @@
+// Writers of the resave log and of the load log. Every line is flushed to its file at once, so that the log
+// is complete up to the moment at which a run or the program ends.
+
 #include "logs/log_file.h"
 
 #include "framework/border/encoding.h"
@@ -7,6 +10,7 @@
 
 namespace vs::project_resave {
 
+// Kept as users know it: the result is true even if the file could not be created; failure() has the reason.
 bool log_file::open(const wide_string& name, bool enable) {
     if (!enable) return false;
     file_name_ = name;
@@ -16,13 +20,14 @@ bool log_file::open(const wide_string& name, bool enable) {
     return true;
 }
 
-// Nothing is open between two lines, and lines may still follow.
+// Nothing to do: no file stays open between two lines, and more lines may follow.
 void log_file::close() {}
 
 bool log_file::write(int32_t row) { return write(load_string(row)); }
 
 bool log_file::write(const char* text) { return write(host_text(text)); }
 
+// Kept as users know it: the result is always false.
 bool log_file::write(const wide_string& text) {
     if (file_name_.empty()) return false;
     const platform::outcome written = append_text(file_name_, text, true);
@@ -111,7 +116,8 @@ void log_file::write_block(std::initializer_list<wide_string> lines) {
 }
 
 void open_log_file::set_open_log_path(const wide_string& project_path, bool enable) {
-    // The suffix first: once the extension is off, a dot in the project's name would begin one.
+    // The suffix comes first: without the extension, a dot in the project's name would count as the start of
+    // one.
     path = path_replace_extension(path_add_to_stem(project_path, u"_last_resave_open_log"), u".txt");
     enabled = enable;
 }

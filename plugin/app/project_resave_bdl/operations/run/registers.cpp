@@ -1,3 +1,6 @@
+// Counts the size of the selection while the user checks and unchecks elements, without looking at the disk
+// again.
+
 #include "operations/run/registers.h"
 
 #include <algorithm>
@@ -12,7 +15,7 @@ namespace {
 
 constexpr double kb_per_byte = 0.0009765625;
 
-// Of a folder the files below it, at all depths.
+// Returns a file's size; for a folder, the size of all files below it.
 double kilobytes(const found_file& file) {
     platform::system& system = platform::current_system();
     const bool is_known = file.status.kind != platform::entry_kind::none;
@@ -40,6 +43,7 @@ void size_register::recount(size_entry& entry) {
     entry.counted = needed;
 }
 
+// A unit that occurs twice in the stack counts once.
 void size_register::link_parents(uint32_t chain_index) {
     for (size_t place = 0; place < parents_.size(); ++place)
         if (std::find(parents_.begin(), parents_.begin() + static_cast<ptrdiff_t>(place), parents_[place]) ==
@@ -96,6 +100,7 @@ void size_register::set_uuid_selected(const wide_string& uuid, bool selected) {
         if (!selected && way.left_out++ == 0) --entry.fulfilled;
         recount(entry);
     }
+    // Such a path becomes known, with size 0.
     if (row->bare_paths)
         for (const wide_string& path : *row->bare_paths) entries_.enter(path);
     if (on_changed_) on_changed_();

@@ -1,5 +1,5 @@
-// What one loaded project and the runs over it share: the record that every unit of the tree reaches. Lives
-// as long as the project_context that derives from it. User-interface thread only.
+// The state that a loaded project and the runs over it share: every unit of the tree refers to it. Lives as
+// long as the project_context that derives from it. Main thread only.
 #pragma once
 
 #include <cstdint>
@@ -38,12 +38,12 @@ struct run_state {
     project_resave::size_register sizes;
     run_report report;
     source_guard guard{&sizes};
-    text_map<Tvs_resave_unit*> units; // by uuid text, the first that was built
-    claimed_units* claims = nullptr;  // makes units for elements that it claims; not owned, null for none
+    text_map<Tvs_resave_unit*> units; // by uuid text: the first unit built
+    claimed_units* claims = nullptr;  // creates units for the elements it claims; not owned, may be null
     deferred_joins joins;
     uint32_t total_units = 0;
-    bool case_differs = false;                      // what the last check of the letter case found
-    std::unordered_set<wide_string> loading_scenes; // path keys of the map scenes now being loaded
+    bool case_differs = false;                      // result of the last check of the letter case
+    std::unordered_set<wide_string> loading_scenes; // path keys of the map scenes being loaded
 };
 
 } // namespace vs::project_resave
