@@ -1,3 +1,6 @@
+// Saves the tables of a project and the sheets of wells. DBF tables are saved last, since all other units may
+// refer to them.
+
 #include "containers/resave_tables.h"
 
 #include "core/copying.h"
@@ -60,6 +63,7 @@ bool Tvs_resave_attr::copy_files(const wide_string& source, const wide_string& t
 
 void Tvs_resave_attr::collect_common_directory(common_directory& common) {
     common.add_path(source_path());
+    // The joined tables count as well, although they are copied only when the joins are restored.
     const int32_t joins = vs_attr_data_get_join_count(table_);
     for (int32_t index = 0; index < joins; ++index)
         common.add_path(host_string(&vs_attr_data_get_join_other_source, table_, index));
@@ -70,6 +74,7 @@ bool Tvs_resave_attr::write_structure() {
     context->log.write_indented(
         with_path(*context, host_string(&vs_attr_data_get_wcaption, table_), source_path()));
     context->log.indent();
+    // Kept as users know it: the columns appear whatever the options say.
     write_attr_fields(*context, table_);
     context->log.unindent();
     return true;

@@ -1,3 +1,5 @@
+// Writes the layers of a scene into the structure text, in the order of the scene's groups.
+
 #include "core/layer_group_writer.h"
 
 #include "framework/border/string_adapter.h"
@@ -32,6 +34,7 @@ element_name element_name_of(vs_entity* entity, const wide_string& list) {
 layer_group_writer::layer_group_writer(run_state& run,
                                        const std::vector<std::unique_ptr<Tvs_resave_unit>>& units)
     : context_(run) {
+    // Looked up once for each unit, since a scene can have thousands of layers.
     for (const auto& unit : units)
         if (unit) unit_of_.try_emplace(uuid_to_text(unit->uuid()), unit.get());
 }
@@ -64,8 +67,8 @@ void layer_group_writer::write_subgroup(vs_lr_group* group) {
     context_.log.unindent();
 }
 
-// Goes by the selection alone: a layer that nothing resaves counts too, and so does one in any order of
-// display.
+// Decides by the selection alone: a layer that nothing resaves counts too. The result does not depend on the
+// order of display.
 bool layer_group_writer::has_selected_layer(vs_lr_group* group) {
     if (const auto known = holds_selected_.find(group); known != holds_selected_.end()) return known->second;
     bool found = false;

@@ -1,3 +1,5 @@
+// Walks the members of a container in every operation.
+
 #include "core/resave_list.h"
 
 #include "core/layer_group_writer.h"
@@ -27,7 +29,7 @@ bool Tvs_resave_list::do_save() {
     const wide_string list = caption();
     context->report.current_unit = list;
     before_children();
-    // Backwards: taking out a member must not move what is still to come.
+    // Backwards, so that removing a member does not move those that are still to be saved.
     for (auto index = static_cast<uint32_t>(children.size()); index-- > 0;) {
         if (context->progress.is_stopped()) break;
         if (children[index]) save_child(index, list);
@@ -49,7 +51,7 @@ void Tvs_resave_list::save_child(uint32_t index, const wide_string& list) {
     child.after_save(ok);
     if (ok || !context->options.delete_lost_sources) return;
     remove_child(index);
-    context->log.layer_3d_removed(); // the same words for every kind of list
+    context->log.layer_3d_removed(); // Kept as users know it: the same words for every kind of list
 }
 
 bool Tvs_resave_list::write_structure() {

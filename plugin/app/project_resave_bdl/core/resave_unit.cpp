@@ -1,3 +1,5 @@
+// What all units do alike: building once, the frame of a save, and their lines in the structure text.
+
 #include "core/resave_unit.h"
 
 #include <utility>
@@ -36,14 +38,14 @@ void write_attr_fields(run_state& run, vs_attr_data* table) {
 void write_tos_properties(run_state& run, const wide_string& path) {
     const host_owned<vs_tos4_file, &vs_tos4_file_close> file(
         vs_tos4_file_open_w(path.c_str(), vs_open_for_reading));
-    const uint32_t count = vs_tos4_get_prop_count(file.get()); // 0 where the file did not open
+    const uint32_t count = vs_tos4_get_prop_count(file.get()); // 0 if the file did not open
     for (uint32_t index = 0; index < count; ++index)
         run.log.write_indented(host_string(&vs_tos4_get_prop_caption_w, file.get(), index));
 }
 
 void Tvs_resave_unit::build_once() {
     if (built) return;
-    built = true; // first, so that a unit reached during its own build is not built again
+    built = true; // set first, so that a unit reached during its own build is not built again
     before_build();
     build();
     after_build();
@@ -83,7 +85,7 @@ void Tvs_resave_unit::after_build() {
     wide_string key = entity_uuid_text(own);
     if (key.empty()) return;
     const auto [row, is_new] = context->units.enter(std::move(key));
-    if (is_new) context->units[row] = this; // the first of a uuid stays
+    if (is_new) context->units[row] = this; // the first unit with a uuid stays
 }
 
 void Tvs_resave_unit::before_save() { context->log.write(load_string(text::begin_prefix) + caption()); }

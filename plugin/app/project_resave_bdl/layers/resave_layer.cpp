@@ -1,3 +1,5 @@
+// What all layers do alike, the record of a complex model, and vector layers.
+
 #include "layers/resave_layer.h"
 
 #include <string_view>
@@ -38,6 +40,7 @@ bool Tvs_resave_layer::copy_files(const wide_string&, const wide_string&) {
 
 namespace {
 
+// The key and size of the record, as other programs write it.
 constexpr char record_key[] = "BumpsSettings";
 constexpr uint32_t element_count = 70;
 
@@ -66,6 +69,7 @@ complex_model_record::complex_model_record(vs_lr* layer) {
 
 wide_string complex_model_record::text(uint32_t element) {
     vs_any* value = tuple_get_element(elements_, element);
+    // Reading repairs the record: an element of another type becomes an empty text.
     if (any_get_type(value) != wide_string_type) any_assign_wstring(value, u"");
     return host_string(&any_get_wstring, value);
 }

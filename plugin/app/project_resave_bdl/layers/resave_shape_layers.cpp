@@ -1,3 +1,5 @@
+// Saves shape layers, and layers that only refer to other elements of the project.
+
 #include "layers/resave_shape_layers.h"
 
 #include "core/copying.h"
@@ -32,6 +34,7 @@ bool Tvs_resave_prf_lines_lr2d::correct_selection() {
     if (!source.open(host_string(&vs_lr_get_wsource, layer), vs_lr_get_data_ptr(layer))) return true;
     const int32_t field = source.find_field(u"UUID");
     if (field < 0) return true;
+    // The user is asked at the first element that is left out.
     bool unchanged = true;
     for (bool more = source.first(); more; more = source.next())
         if (select_referenced(*context, source.text(field))) unchanged = false;
@@ -76,6 +79,7 @@ bool Tvs_resave_shp_lr::write_structure() {
     context->log.write_indented(text::shape_columns_heading);
     write_attr_fields(*context, attr_data());
     context->log.unindent();
+    // Kept as users know it: the result is false if columns were written; nothing uses it.
     return false;
 }
 
@@ -83,6 +87,7 @@ bool Tvs_resave_shp_lr::write_dbf_columns() { return context->options.write_tabl
 
 void Tvs_resave_shp_lr::collect_source_files(std::vector<found_file>& out) {
     out.clear();
+    // A shape file that cannot be opened still counts as the layer's file.
     if (!append_existing_files(host_string(&vs_lr_get_wfilename, layer), out))
         out.emplace_back(source_path());
     append_joined_tables(vs_attr_data_safe_downcast(vs_lr_get_data_ptr(layer)), out);

@@ -76,7 +76,7 @@ public:
     // the run itself needs. Set `is_written` for a file that the run writes itself: then names of links,
     // which could lead into the source, are not free either.
     wide_string next_free_name(const wide_string& path, bool is_written = false);
-    // Returns the folder of a layout page; only computes the text.
+    // Returns the new reference of a layout page; only computes the text.
     wide_string folder_for(const wide_string& source);
 
     // Begins a scene. If a folder with this name exists, the scene's folder gets a number. An empty `name`
