@@ -1,3 +1,6 @@
+// Walks the items of a service. Every call can fail to answer, since the bundle of the service may be
+// unloaded.
+
 #include "services/resave_plugin_list.h"
 
 #include "core/copying.h"
@@ -85,7 +88,7 @@ bool resave_plugin_list::do_save() {
     context->progress.set_caption(text_from<&resave_service_impl::progress_caption>(service_.get()));
     const std::optional<uint32_t> count = count_from<&resave_service_impl::item_count>(service_.get());
     if (!count) record_copy_failure(*context, {{}, {}, impossible_count}, caption());
-    // Backwards: taking out an item must not move what is still to come.
+    // Backwards, so that removing an item does not move those that are still to be saved.
     for (uint32_t index = count.value_or(0); index-- > 0;) {
         if (context->progress.is_stopped()) break;
         const current_element item(context->report, item_name(index));
@@ -125,7 +128,7 @@ wide_string resave_plugin_list::place_and_copy(uint32_t index, const wide_string
     return target;
 }
 
-// Each file keeps its place relative to the item's source, also where the source itself got another name.
+// Each file keeps its place relative to the item's source, even if the source itself got another name.
 void resave_plugin_list::copy_item_files(uint32_t index, const wide_string& source,
                                          const wide_string& target) {
     const wide_string source_head = path_head(source), target_head = path_head(target);

@@ -1,3 +1,5 @@
+// Fills the selection from the loaded project, in the order in which the host shows its elements.
+
 #include "ui/entities_fill.h"
 
 #include "core/layer_group_writer.h"
@@ -20,7 +22,7 @@ void add_layer(vs_lr* layer, const wide_string& caption, select_tree_node& node)
                   std::string(narrow_or_empty(vs_lr_get_lr_type(layer))));
 }
 
-// In the order in which the user sees the layers.
+// In the order in which the user sees the layers: the host can show them in reverse.
 void fill_group(vs_lr_group* group, select_tree_node& node) {
     const uint32_t count = vs_lr_group_get_count_child(group);
     for (uint32_t place = 0; place < count; ++place) {
@@ -33,6 +35,7 @@ void fill_group(vs_lr_group* group, select_tree_node& node) {
     }
 }
 
+// Kept as users know it: without groups the order is never reversed.
 void fill_layers(vs_scn* scene, select_tree_node& node) {
     const uint32_t count = vs_scn_get_count(scene);
     for (uint32_t index = 0; index < count; ++index) {

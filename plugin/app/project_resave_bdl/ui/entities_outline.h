@@ -1,4 +1,4 @@
-// The rows and columns of the tree of elements.
+// The tree of elements: its rows, columns and tools. Main thread only.
 #pragma once
 
 #include "framework/border/polymorphic.h"
@@ -10,11 +10,12 @@
 
 namespace vs::project_resave::detail {
 
-// The columns of the selection's outlines: names, and check marks.
+// The columns of the selection's outlines: names and check marks. Rows of an outline are items of the tree.
 
 inline select_tree_item* item_of(outline_row* row) { return reinterpret_cast<select_tree_item*>(row); }
 inline outline_row* row_of(select_tree_item* item) { return reinterpret_cast<outline_row*>(item); }
 
+// The column with the names.
 class entities_name_collumn final : public outline_column_impl {
 public:
     entities_name_collumn(entities_model& model, uint32_t view) : model_(model), view_(view) {}
@@ -31,10 +32,11 @@ private:
     const uint32_t view_;
 };
 
-// A click on the mark of a row. On a highlighted row it acts on all that is highlighted in the view.
+// Handles a click on the mark of a row. On a highlighted row it applies to all highlighted rows of the view.
+// A null row shows an error box.
 void click_mark(entities_model& model, uint32_t view, select_tree_item* item, bool on);
 
-// Own: outline_checks_impl, with whatever the column speaks beside it.
+// The column with the check marks. Own: outline_checks_impl, together with any other interface of the column.
 template <class Own>
 class entities_marks : public Own {
 public:
@@ -51,12 +53,14 @@ protected:
     const uint32_t view;
 };
 
+// The column without pictures, which outlines use.
 class entities_check final : public entities_marks<outline_checks_impl> {
 public:
     using entities_marks::entities_marks;
 };
 
-// The same with pictures, and a click on the header that turns the whole view over; what is mixed goes off.
+// The same with pictures and a header. A click on the header checks everything in the view, or unchecks it if
+// anything is checked.
 class entities_select_collumn final
     : public entities_marks<polymorphic<outline_checks_impl, polymorphic<outline_bool_column_impl>>> {
 public:
@@ -67,11 +71,11 @@ public:
     void click_header() override;
 };
 
-// One view of the selection as a tree of rows, with its tools above it.
-// Asks the model for every answer. When the view changes, so does the outline.
+// One view of the selection as a tree of rows. It asks the model for every answer, and refreshes itself when
+// the view changes.
 class entities_outline final : public toolkit::outline {
 public:
-    // The model must outlive the outline. A view with rows.
+    // The model must outlive the outline. `view` must be one with rows.
     entities_outline(entities_model& model, uint32_t view);
 
     bool enabled() override { return model_.view_enabled(view_); }
@@ -91,7 +95,7 @@ public:
     outline_checks checks() override { return pointer_to<outline_checks_impl>(checks_); }
 
 private:
-    // The row, or the root for null.
+    // Returns the row's item, or the root for null.
     select_tree_item* parent_item(outline_row* parent);
 
     entities_model& model_;
@@ -101,10 +105,10 @@ private:
     std::shared_ptr<void> connection_;
 };
 
-// A tool of the selection; its picture, caption and hint have one number.
+// A tool of the selection; picture, caption and hint have the same number.
 using common_tool = toolkit::tool;
 
-// The tools that a view has. They are enabled as the view is, but for those on everything, which always are.
+// The tools of a view. They are enabled if the view is; the tools for everything always are.
 class entities_toolbar final : public toolkit::toolbar {
 public:
     // The model must outlive the tool bar.

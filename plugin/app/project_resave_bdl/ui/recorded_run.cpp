@@ -1,3 +1,5 @@
+// Keeps the facts of a run for hosts that show more than the final message.
+
 #include "ui/recorded_run.h"
 
 #include <utility>
@@ -39,7 +41,7 @@ recorded_run planned_run(const run_state& run, const resave_settings& settings) 
     return plan;
 }
 
-// Memory that is short costs the record and never the message.
+// If memory runs out, the record is lost, but the message is still shown.
 void recording_questions::show_report(const run_report& report) {
     try {
         last = {};

@@ -1,3 +1,6 @@
+// The tree of what can be selected. Setting a leaf's mark changes the selection register; everything else is
+// computed from the leaves.
+
 #include "ui/select_tree.h"
 
 #include "host/vsk_basic.h"
@@ -13,7 +16,8 @@ void select_tree_node::forget_summary() const {
         node->summary_.reset();
 }
 
-// Asks every child, so that a change below any of them finds its way up.
+// Asks every child, even when the result is known: a change is passed up only through nodes that have a
+// summary.
 const select_tree_node::summary& select_tree_node::summed() const {
     if (summary_) return *summary_;
     summary sum;
@@ -68,6 +72,7 @@ select_tree_leaf* select_tree_node::add_leaf(const wide_string& own_uuid, const 
     return leaf;
 }
 
+// The first match in the order of display: a node counts only if it comes before the own leaf.
 select_tree_leaf* select_tree_node::find_leaf(const wide_string& wanted) const {
     const auto own = leaves_.find(wanted);
     for (const auto& [place, node] : nodes_) {

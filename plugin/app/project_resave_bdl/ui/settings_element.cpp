@@ -1,3 +1,6 @@
+// Connects the parts of the main panel: the source field loads, the run button starts the operation of the
+// active tab, and the selection follows the loaded project.
+
 #include "ui/settings_element.h"
 
 #include <optional>
@@ -114,7 +117,7 @@ void settings_element::on_project_changed() {
         source_field_.set_text({});
         source_path_ = source_field_.text();
     }
-    // Nothing of the project before may show while the new one is read in.
+    // Elements of the previous project must not be visible while the new one is read.
     selection_.set_project(nullptr);
     if (project) selection_.set_project(project);
 }
@@ -135,6 +138,7 @@ void settings_element::enable_only(std::initializer_list<uint32_t> views) {
 }
 
 bool settings_element::run_active_tab() {
+    // Kept as users know it: the window stays open after a run.
     work(text::project_not_saved, [this] { run_tab(tabs_.active()); });
     return false;
 }
@@ -145,6 +149,7 @@ void settings_element::run_tab(uint32_t index) {
     } else if (index == structure_page) {
         structure_settings settings;
         struct_tab_.get_settings(settings);
+        // Kept as users know it: without a path the button does nothing and shows no message.
         if (*settings.output_path) context_.save_structure(settings);
     } else if (index == scene_files_page) {
         scene_file_settings settings;
@@ -159,7 +164,7 @@ void settings_element::resave() {
     resave_settings settings;
     prj_tab_.get_settings(settings);
     if (settings.output_path->empty()) return;
-    // The field's own test knows one spelling of the source only, and not what was loaded after it.
+    // The field's validator knows only one spelling of the source, and not a project loaded later.
     if (context_.project_handle() && path_same(*settings.output_path, context_.placement.source_project_path))
         return warn_same_name();
     std::optional<platform::transfer_watch> watch;

@@ -1,3 +1,5 @@
+// The controls of the tabs that write text and scene files, and their settings.
+
 #include "ui/text_tabs.h"
 
 #include "framework/resources/strings.h"
@@ -56,7 +58,7 @@ save_struct_tab::save_struct_tab()
     lay_out();
 }
 
-// What makes no sense without another comes and goes with it.
+// An option that requires another one is checked and unchecked together with it.
 void save_struct_tab::connect() {
     table_columns_.set_on_changed([this] {
         if (!table_columns_.checked()) return;

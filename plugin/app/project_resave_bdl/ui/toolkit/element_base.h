@@ -6,12 +6,12 @@
 
 namespace vs::project_resave::toolkit {
 
-// Base of the bundle's elements. An element holds its state and answers the host; whoever changes it calls
-// the setters, and the host's observer is told of what really changed.
+// Base of the bundle's elements. An element holds its state and answers the host. Code that changes it calls
+// the setters, and the host's observer is notified of actual changes only. Main thread only.
 //
 // An element is a member of its owner. Layouts and dockers hold only pairs of the elements inside them, so
-// these must be members of the same owner or of one that lives longer.
-// Own: the element's own interfaces, as a polymorphic chain.
+// these must be members of the same owner or of one that lives longer. Own: the element's interfaces, as a
+// polymorphic chain.
 template <class Own>
 class element_base : public polymorphic<element_impl, Own> {
 public:
@@ -31,7 +31,7 @@ protected:
     explicit element_base(const char16_t* own_kind) : kind_(own_kind) {}
     ~element_base() = default;
 
-    // Tells the observer only if the value differs.
+    // Notifies the observer, but only if the value differs.
     template <class Value>
     void assign(Value& state, const Value& value) {
         if (state == value) return;
@@ -46,8 +46,8 @@ private:
     weak_ref<element_observer_impl> observer_;
 };
 
-// Content of a window, a dialog or a page.
-// A derived class owns the main element and hands it over with `main_element`.
+// The content of a window, a dialog or a page. A derived class owns the main element and returns it in
+// `main_element`.
 class docker_base : public element_base<polymorphic<docker_impl>> {
 public:
     operator docker() { return pointer_to<docker_impl>(*this); }
