@@ -1,3 +1,6 @@
+// Units of tables and of well sheets: collections of well sheets and correlation sheets, each of which is a
+// 2D scene that a plug-in makes from a file; DBF tables, which may have other tables joined to them; and OAT
+// tables. Main thread only.
 #pragma once
 
 #include "core/resave_file.h"
@@ -6,8 +9,6 @@
 
 namespace vs::project_resave {
 
-// Collections of well sheets and correlation sheets, each of which is a 2D scene that a plug-in makes from a
-// file. DBF tables, which may have other tables joined to them, and OAT tables. Main thread only.
 // One sheet, whose file is copied like that of a well.
 class Tvs_resave_well_data final : public Tvs_resave_well {
 public:

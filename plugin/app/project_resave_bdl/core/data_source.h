@@ -1,3 +1,5 @@
+// Data sets as the host opens them: their files, and the records of a vector source; and the joins of tables.
+// Main thread only.
 #pragma once
 
 #include <cstdint>
@@ -10,9 +12,6 @@
 #include "platform/wide_string.h"
 
 namespace vs::project_resave {
-
-// Data sets as the host opens them: their files, and the records of a vector source. Joins of tables. Main
-// thread only.
 
 // Sets `out` to the files that the host lists for the data set at `path`, in its order; they need not exist.
 // Returns false, with `out` empty, for an empty path or if the host cannot open it.

@@ -1,3 +1,5 @@
+// The uuids of elements, and the layers of a scene in the structure text. The key of an element in every
+// register is its uuid as text. Main thread only.
 #pragma once
 
 #include <memory>
@@ -10,8 +12,6 @@
 #include "platform/wide_string.h"
 
 namespace vs::project_resave {
-
-// The key of an element in every register is its uuid as text. Main thread only.
 
 // For an element without a uuid, or a null element, these show the error box "Error select" and return false,
 // null or an empty text; the caller continues. `entity_has_uuid` is kept for other bundles; nothing here

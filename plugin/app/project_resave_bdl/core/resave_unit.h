@@ -1,3 +1,5 @@
+// The base of all resave units, and the lines of elements in the text of a project's structure. Main thread
+// only.
 #pragma once
 
 #include <cstdint>
@@ -9,10 +11,10 @@
 
 namespace vs::project_resave {
 
-// The base of all resave units, and lines in the text of a project's structure, each at the current depth of
-// the log. Main thread only.
 struct run_state;
 
+// Lines in the structure text are written at the current depth of the log.
+//
 // Returns the caption; if the options ask for paths, followed by a separator and the path.
 wide_string with_path(run_state& run, wide_string caption, const wide_string& path);
 // Writes a line for each field of a DBF table; the fields of joined tables are marked. Writes nothing for a

@@ -1,3 +1,4 @@
+// The bundle as a client of the host's localizer. Main thread only.
 #pragma once
 
 #include "framework/factories.h"
@@ -7,7 +8,7 @@
 namespace vs::project_resave {
 
 // The library's own client of the host's localizer: it keeps the localizer that provides texts and pictures.
-// A static object; main thread only.
+// It is a static object.
 class local_factory_impl final
     : public polymorphic<localizer_client_impl,
                          polymorphic<localizer_service_visitor_impl, polymorphic<service_visitor_impl>>>,

@@ -1,3 +1,4 @@
+// The base of all units of layers, the record of a complex model, and vector layers. Main thread only.
 #pragma once
 
 #include <cstdint>
@@ -9,7 +10,7 @@
 namespace vs::project_resave {
 
 // Base of the units of 2D and 3D layers: copies the files of its layer and makes the layer refer to the
-// copies. Also vector layers, and the record of a complex model. Main thread only.
+// copies.
 class Tvs_resave_layer : public Tvs_resave_file {
 public:
     // The layer belongs to the scene.

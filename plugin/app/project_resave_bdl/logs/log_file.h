@@ -1,3 +1,8 @@
+// The resave log and the load log. Main thread only.
+//
+// Each line opens the file, appends and closes it, so the line is in the file when the call returns. A log
+// that cannot be written stops nothing. Lines end with CR LF and are in UTF-8 without a byte order mark; a
+// text ends at its first zero character.
 #pragma once
 
 #include <cstdint>
@@ -10,9 +15,6 @@
 namespace vs::project_resave {
 
 // Writer of the resave log, of the structure text and of the case report.
-// Each line opens the file, appends and closes it, so the line is in the file when the call returns. A log
-// that cannot be written stops nothing. Lines end with CR LF and are in UTF-8 without a byte order mark; a
-// text ends at its first zero character. Main thread only.
 //
 // Callers never check whether logging is on. Before the first open(), lines go nowhere; after that, later
 // runs without a log keep appending to the old file.

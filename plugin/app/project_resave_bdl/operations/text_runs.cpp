@@ -1,3 +1,7 @@
+// The runs that write a text file: the structure of a loaded project, with one line for each unit, indented
+// by depth; and the paths whose letter case differs from the spelling on the disk. Also the run that writes
+// scene files.
+
 #include "framework/border/host_owned.h"
 #include "framework/resources/strings.h"
 #include "host/vsk_msgs.h"
@@ -7,9 +11,6 @@
 #include "platform/path_text.h"
 
 namespace vs::project_resave {
-
-// The runs that write a text file: the structure of a loaded project, with one line for each unit, indented
-// by depth; and the paths whose letter case differs from the spelling on the disk.
 
 namespace {
 

@@ -1,3 +1,4 @@
+// The tool's service, which the host finds under the tool's id. Main thread only.
 #pragma once
 
 #include "framework/factories.h"
@@ -8,8 +9,7 @@
 
 namespace vs::project_resave {
 
-// The tool as the host sees it: a service that passes the content and the buttons of a window. Main thread
-// only.
+// The tool as the host sees it: a service that passes the content and the buttons of a window.
 class project_resave_app final
     : public referent<polymorphic<custom_app_service_impl, polymorphic<run_record_impl>>> {
 public:

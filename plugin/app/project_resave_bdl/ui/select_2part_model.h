@@ -1,3 +1,4 @@
+// Pictures of layer types, and the model of scenes with their layers. Main thread only.
 #pragma once
 
 #include <functional>
@@ -10,7 +11,6 @@
 
 namespace vs::project_resave::detail {
 
-// Pictures of layer types, and the model of scenes with their layers. Main thread only.
 // The pictures of the layer types of one kind of scene, for the rows of layers.
 class layer_icons {
 public:
@@ -32,14 +32,14 @@ private:
     std::vector<layer_type_bitmap> types_;
 };
 
-// A list of scenes and the layers of the current scene: everything that can be selected in the scenes of one
-// kind.
-// The two parts of such a model. Operations with a part ignore any other number.
+// The two parts of the model below. Operations with a part ignore any other number.
 enum model_part : uint32_t {
     top_part = 0,    // a leaf for each scene
     bottom_part = 1, // the tree of layers of the current scene
 };
 
+// A list of scenes and the layers of the current scene: everything that can be selected in the scenes of one
+// kind.
 class select_2part_model {
 public:
     using trees = std::unordered_map<wide_string, std::unique_ptr<select_tree_node>>;

@@ -1,3 +1,4 @@
+// The pages of the selection panel, and the panel itself. Main thread only.
 #pragma once
 
 #include <array>
@@ -10,7 +11,6 @@
 
 namespace vs::project_resave::detail {
 
-// The pages of the selection panel, and the panel itself. Main thread only.
 // One page of the selection.
 class select_page : public toolkit::docker_base {
 public:

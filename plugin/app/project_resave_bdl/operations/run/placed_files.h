@@ -1,3 +1,4 @@
+// The files of a run that have been placed, and the folder that all files share. Main thread only.
 #pragma once
 
 #include <cstdint>
@@ -10,7 +11,7 @@
 
 namespace vs::project_resave {
 
-// The files of a run that have been placed, and the folder that all files share. Main thread only.
+// A file and the place of its copy.
 struct placed_file {
     wide_string old_path; // empty for a file without a source
     wide_string new_path;

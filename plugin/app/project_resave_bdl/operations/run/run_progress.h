@@ -1,3 +1,4 @@
+// The progress of a run, and the event by which front ends learn of changes. Main thread only.
 #pragma once
 
 #include <cstdint>
@@ -24,7 +25,7 @@ private:
     std::vector<std::weak_ptr<std::function<void()>>> observers_;
 };
 
-// The progress window of a run, its counters, and whether the user stopped it. Main thread only.
+// The progress window of a run, its counters, and whether the user stopped it.
 class run_questions;
 
 class run_progress {

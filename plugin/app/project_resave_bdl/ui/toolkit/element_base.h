@@ -1,3 +1,4 @@
+// The base of all elements that the bundle shows, and of the content of windows and pages. Main thread only.
 #pragma once
 
 #include "framework/border/ref.h"
@@ -7,7 +8,7 @@
 namespace vs::project_resave::toolkit {
 
 // Base of the bundle's elements. An element holds its state and answers the host. Code that changes it calls
-// the setters, and the host's observer is notified of actual changes only. Main thread only.
+// the setters, and the host's observer is notified of actual changes only.
 //
 // An element is a member of its owner. Layouts and dockers hold only pairs of the elements inside them, so
 // these must be members of the same owner or of one that lives longer. Own: the element's interfaces, as a
