@@ -33,6 +33,7 @@ void Tvs_resave_wells_data::build() {
     children.resize(count);
     for (uint32_t index = 0; index < count; ++index) {
         vs_entity* entity = vs_entities_safe_upcast(vs_scn_safe_upcast(vs_scns_2d_get(sheets_, index)));
+        // Sheets are elements of their own, which a bundle can claim.
         std::unique_ptr<Tvs_resave_unit> unit = make_claimed_unit(*context, entity);
         if (!unit) unit = std::make_unique<Tvs_resave_well_data>(vs_scns_2d_get(sheets_, index), *context);
         place(index, std::move(unit));

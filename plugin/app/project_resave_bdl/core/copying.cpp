@@ -27,6 +27,8 @@ bool copy_if_there(const wide_string& source, const wide_string& target, run_sta
     return !path_exists(source) || copy_one(source, target, run);
 }
 
+// Kept as users know it: unlike for projection files, nothing checks whether the file was copied before.
+// If it was, the second copy fails and is reported.
 void copy_code_page_file(const wide_string& source, const wide_string& target, run_state& run) {
     copy_if_there(path_replace_extension(source, u".cpg"), path_replace_extension(target, u".cpg"), run);
 }
@@ -51,6 +53,7 @@ void copy_database_logs(const wide_string& source, const wide_string& target, ru
             copy_if_there(from, target + wide_string(log), run);
 }
 
+// Replaces every occurrence, since the name of a member may repeat the stem.
 wide_string replaced(wide_string text, const wide_string& from, const wide_string& to) {
     if (from.empty()) return text;
     for (size_t at = text.find(from); at != wide_string::npos; at = text.find(from, at + to.size()))
@@ -76,6 +79,7 @@ void report_foreign_members(const wide_string& source, const std::vector<wide_st
     if (!data_source_files(target, members)) return;
     for (const wide_string& member : members) {
         const wide_string* const from = run.placement.made.source_of(member);
+        // What the run copied from this data set is its own, even under a new name.
         const bool is_own = from && (*from == source || std::ranges::find(own, *from) != own.end());
         if (!is_own && path_exists(member)) run.report.add(fact_kind::reads_other, source, target, member);
     }
@@ -204,6 +208,7 @@ bool copy_data_source_files(const wide_string& source, const wide_string& target
             place = path_head(place) + member_name(path_file_name(place), source_stem, target_stem, of_tos);
         // A TOS file stores the names of its members, so their letter case must stay.
         if (run.options.lower_case && !of_tos) platform::lower_in_place(place);
+        // The main file itself is one of the members and was usually copied just before.
         const wide_string placed = run.placement.lookup_placed(member);
         const bool is_again = !placed.empty() && of_tos && !path_same(placed, place);
         if (!placed.empty() && !is_again) continue;
@@ -255,6 +260,7 @@ std::optional<failed_copy> copy_folder(const wide_string& source, const wide_str
                                        bool allow_existing_target, bool overwrite_files, run_state& run) {
     const wide_string from = path_with_separator(source);
     const wide_string to = path_with_separator(target);
+    // Two data sets must not be mixed in one folder.
     if (!allow_existing_target && path_exists(target))
         return failed_copy{source, target, platform::failure::taken};
     std::vector<platform::unread_folder> unread;

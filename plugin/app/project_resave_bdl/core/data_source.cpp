@@ -87,6 +87,7 @@ void put_back(const pending_join& join, run_state& run) {
     if (path.empty()) {
         path = run.placement.new_path(join.other_source);
         if (path.empty()) return record_no_place(run, join.other_source, join.other_source);
+        // Kept as users know it: tables that are joined to this one are not copied.
         copy_table(join.other_source, path, run);
     }
     const host_owned<vs_attr_data, &vs_attr_data_destroy> other(vs_attr_data_create());

@@ -43,6 +43,7 @@ void layer_group_writer::write(vs_lr_group* group) {
     const uint32_t count = vs_lr_group_get_count_child(group);
     for (uint32_t place = 0; place < count; ++place) {
         if (context_.progress.is_stopped()) return;
+        // The text has the order that the user sees.
         const uint32_t index = vs_options_get_invert_layers() ? count - 1 - place : place;
         vs_lr_group* node = vs_lr_group_get_child_by_index(group, index);
         if (vs_lr_group_is_group(node))
@@ -60,6 +61,7 @@ void layer_group_writer::write_layer(vs_lr* layer) {
 }
 
 void layer_group_writer::write_subgroup(vs_lr_group* group) {
+    // A group whose layers are all left out has no line, and neither have its subgroups.
     if (!has_selected_layer(group)) return;
     context_.log.write_indented(host_string(&vs_lr_group_get_wcaption, group));
     context_.log.indent();

@@ -54,9 +54,11 @@ bool Tvs_resave_file::do_save() {
 
 wide_string Tvs_resave_file::place_and_copy(const wide_string& source) {
     path_placement& placement = context->placement;
+    // Not every structure uses the type folder, but every file has one while it is placed.
     const type_folder_scope type(placement, default_folder());
     wide_string target = placement.new_path(source);
     if (target.empty()) {
+        // Kept as users know it: the log shows the new path, which is empty here, and not the source.
         record_no_place(*context, source, target);
     } else {
         try {

@@ -19,6 +19,7 @@ namespace vs::project_resave {
 wide_string with_path(run_state& run, wide_string caption, const wide_string& path) {
     const resave_options& options = run.options;
     if (!options.write_file_paths) return caption;
+    // Without an indent the separator would be empty, and caption and path would run together.
     caption += options.indent_unit.empty() ? options.separator_fallback : options.indent_unit;
     return caption + path;
 }
@@ -82,6 +83,7 @@ void Tvs_resave_unit::after_build() {
     if (uuid_pushed) context->sizes.pop_parent();
     vs_entity* own = entity();
     if (!own) return;
+    // Shows an error box for an element without a uuid, which nothing can refer to.
     wide_string key = entity_uuid_text(own);
     if (key.empty()) return;
     const auto [row, is_new] = context->units.enter(std::move(key));
@@ -99,6 +101,7 @@ std::unique_ptr<Tvs_resave_unit> make_claimed_unit(run_state& run, vs_entity* en
 bool select_referenced(run_state& run, const wide_string& uuid) {
     Tvs_resave_unit** const found = run.units.find(uuid);
     if (found == nullptr || (*found)->selection_state() == vs_state_true) return false;
+    // Asked only here, so that a project without such references never shows the question.
     if (!run.options.ask_add_referenced()) return false;
     (*found)->set_selected(true);
     return true;

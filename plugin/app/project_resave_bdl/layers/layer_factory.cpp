@@ -95,10 +95,13 @@ unit_pointer make_layer_unit(run_state& context, vs_lr* layer, const wide_string
     vs_entity* const entity = vs_lr_safe_upcast(layer);
     const wide_string file = host_string(&vs_lr_get_wfilename, layer);
     context.guard.add(file);
+    // A bundle may support a layer type better than the tables do.
     if (unit_pointer unit = make_claimed_unit(context, entity)) return unit;
     if (!type) type = "";
     for (const layer_row& row : rows)
         if (row.type == type) return row.make(context, layer);
+    // The layer keeps its reference, so the new project depends on the old data. The final message lists each
+    // type once, the log once for each layer.
     context.report.add_unprocessed_type(element_name_of(entity, list), type, file);
     context.log.add_unprocessed_type(type);
     return nullptr;

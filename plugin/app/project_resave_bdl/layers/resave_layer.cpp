@@ -64,6 +64,7 @@ complex_model_record::complex_model_record(vs_lr* layer) {
     if (!value) return;
     if (any_get_type(value) != tuple_type) any_assign_tuple(value, tuple_init());
     elements_ = any_get_tuple(value);
+    // Writing an element of a shorter tuple would fail.
     if (tuple_get_size(elements_) != element_count) tuple_resize(elements_, element_count);
 }
 
@@ -87,6 +88,8 @@ Tvs_resave_vector_lr2d::kind Tvs_resave_vector_lr2d::kind_of(const wide_string& 
 Tvs_resave_vector_lr2d::Tvs_resave_vector_lr2d(vs_lr* handle, run_state& run)
     : Tvs_resave_layer(handle, run), source_kind_(kind_of(host_string(&vs_lr2d_get_wfilename, handle))) {}
 
+// Kept as users know it: the kind is that of the reference when the tree was built, even if the disk or the
+// reference has changed since.
 void Tvs_resave_vector_lr2d::collect_common_directory(common_directory& common) {
     if (source_kind_ != source_link) Tvs_resave_layer::collect_common_directory(common);
 }

@@ -22,6 +22,7 @@ constexpr char16_t cutline_mark = u'*';
 
 wide_string Tvs_resave_grid::default_folder() {
     const wide_string extension = path_extension(host_string(&vs_lr_get_wfilename, layer));
+    // Kept as users know it: only these spellings count, so ".SGY" goes to the folder for grids.
     const bool seismic = extension == u".sgy" || extension == u".segy" || extension == u".sec";
     return load_string(seismic ? text::seismic_folder : text::grid_folder);
 }

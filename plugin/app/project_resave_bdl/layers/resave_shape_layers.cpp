@@ -21,6 +21,7 @@
 namespace vs::project_resave {
 
 bool Tvs_resave_map_link_lr::correct_selection() {
+    // The reference is the uuid of a scene between marks.
     return !select_referenced(*context, trim(host_string(&vs_lr_get_wfilename, layer), u"*"));
 }
 
@@ -47,6 +48,7 @@ bool Tvs_resave_prf_lines_lr2d::do_save() {
 }
 
 bool Tvs_resave_prf_compound_lr2d::correct_selection() {
+    // The members are known only to the plug-in, which draws the layer.
     const interface_pointer* plugin = vs_lr2d_get_plugin_interface(layer);
     if (!plugin) return true;
     const profil_cmpnd_lr2d profile = cast_to<profil_cmpnd_lr2d_impl>(identity_pointer{*plugin});

@@ -31,6 +31,7 @@ struct model_element {
 constexpr model_element model_elements[] = {
     {9, text::complex_model_structural_map},
     {15, text::complex_model_depth_cube},
+    // Kept as users know it: this row comes before the next one, although its number is higher.
     {44, text::complex_model_time_cube},
     {39, text::complex_model_isochrone_map},
 };
@@ -86,6 +87,7 @@ void Tvs_resave_tos_lr::read_model_files() {
 
 void Tvs_resave_tos_lr::collect_source_files(std::vector<found_file>& out) {
     out.clear();
+    // Kept as users know it: without the main file not even the files of the model are listed.
     if (!append_existing_files(source_path(), out)) return;
     for (const model_file& file : model_files_) {
         if (file.old_path.empty() || std::ranges::find(out, file.old_path, &found_file::path) != out.end())

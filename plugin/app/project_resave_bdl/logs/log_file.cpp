@@ -88,6 +88,7 @@ uint32_t log_file::unindent() {
     return depth;
 }
 
+// Indented by whole units, which the user chooses: blanks, a tab or nothing.
 bool log_file::write_at(const wide_string& text, uint32_t at_depth) {
     wide_string line;
     for (uint32_t i = 0; i < at_depth; ++i) line += *indent_unit_;
@@ -104,6 +105,7 @@ void log_file::add_unprocessed_type(const char* text) {
     unprocessed_types_.push_back(host_text(text) + load_string(text::end_of_block));
 }
 
+// Kept as users know it: a type is listed once for each layer, unlike in the final message.
 void log_file::dump_unprocessed_types() {
     if (unprocessed_types_.empty()) return;
     write(text::unprocessed_types);

@@ -92,6 +92,7 @@ bool project_context::load_project(const wide_string& wanted, bool show_wait, bo
     report.restart({});
     release_project();
     clear_tree();
+    // A private copy: the project that is open in the host is never changed.
     project = vs_prj_create();
     const project_xml reader(vs_xml_save_prj_create());
     bool loaded = false;
@@ -100,6 +101,7 @@ bool project_context::load_project(const wide_string& wanted, bool show_wait, bo
         if (loaded) build_tree(path);
     } catch (...) { // out of memory
         record_caught("load");
+        // The depth belongs to the log and would indent the next load.
         while (open_log.unindent() > 0) {
         }
         loaded = false;
@@ -131,6 +133,7 @@ bool project_context::read_project(vs_xml_save_prj* reader, const wide_string& p
 void project_context::build_tree(const wide_string& path) {
     placement.set_source(path);
     guard.clear();
+    // The project file itself counts in the size of the selection.
     sizes.add_file(path);
     add_root(std::make_unique<Tvs_resave_scenes_2d>(vs_prj_get_scns_2d_ptr(project), *this));
     add_root(std::make_unique<Tvs_resave_scenes_3d>(vs_prj_get_scns_3d_ptr(project), *this));
@@ -141,6 +144,7 @@ void project_context::build_tree(const wide_string& path) {
         vs_scns_2d* collection = vs_prj_get_plugin_scns_2d_ptr(project, index);
         for (uint32_t sheet = 0; sheet < vs_scns_2d_get_size(collection); ++sheet)
             guard.add(host_string(&vs_scn_2d_get_source, vs_scns_2d_get(collection, sheet)));
+        // Other collections have no unit, but their files are protected, too.
         if (is_well_collection(collection))
             add_root(std::make_unique<Tvs_resave_wells_data>(collection, *this));
     }

@@ -39,6 +39,7 @@ run_result project_context::resave_project(const resave_settings& settings) {
         return {};
     }
     renew_guard();
+    // Checked before anything is written: a new project over the source would destroy it.
     if (guard.protects(*settings.output_path)) {
         progress.questions->show_error(text::same_project_name);
         return {};
@@ -47,6 +48,7 @@ run_result project_context::resave_project(const resave_settings& settings) {
         begin_run(settings);
         correct_selection();
         find_common_directory();
+        // The log is one of the placed files, without a source, even if it is not written.
         placement.register_placed(wide_string(), placement.log_path);
         log.dump_unprocessed_types();
         log.write(text::log_project_loaded);
@@ -131,6 +133,8 @@ void project_context::correct_selection() {
 
 void project_context::find_common_directory() {
     log.write(text::common_folder_begin);
+    // It only affects the structure from the common top folder: a scene's own common folder never includes
+    // it.
     if (options.consider_project_file) placement.common.add_path(placement.source_project_path);
     for (const auto& root : tree) {
         if (progress.is_stopped()) break;

@@ -50,6 +50,7 @@ run_result project_context::save_structure(const structure_settings& settings) {
 
 run_result project_context::write_text(const wide_string& path, const std::function<void()>& lines) {
     renew_guard();
+    // The user may have chosen a file of the source as the text file.
     if (guard.protects(path)) {
         progress.questions->show_error(text::source_file_kept, path);
         return {};

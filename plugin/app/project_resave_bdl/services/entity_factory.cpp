@@ -122,6 +122,7 @@ std::unique_ptr<Tvs_resave_unit> entity_factory::make(run_state& context, vs_ent
     const char* meta_id = vs_entity_get_meta_id(entity);
     const auto row = by_meta_id_.find(meta_id ? meta_id : "");
     if (row == by_meta_id_.end()) return nullptr;
+    // In order of priority, then of insertion.
     for (const auto& [priority, factory] : row->second)
         if (factory->accepts(entity)) return factory->make(context, entity);
     return nullptr;

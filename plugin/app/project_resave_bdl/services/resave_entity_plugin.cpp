@@ -106,6 +106,7 @@ bool resave_entity_plugin::do_save() {
     for (uint32_t index = 0; index < files_.size(); ++index)
         if (save_row(index)) ++found;
     skip_progress();
+    // An element with several files counts as lost only if all of them are.
     if (!files_.empty() && found == 0) return false;
     save_own_file();
     return true;
@@ -144,6 +145,7 @@ void resave_entity_plugin::copy_row(uint32_t index, const wide_string& target) {
     const bool copied = call<&resave_entity_service_impl::copy_files>(
         service_.get(), entity_, index, source.c_str(), target.c_str(), from, to);
     std::vector<wide_string> sources = from.texts(), targets = to.texts();
+    // A service may return lists of different lengths.
     sources.resize(targets.size());
     for (size_t row = 0; row < targets.size(); ++row) {
         if (targets[row].empty()) continue;

@@ -61,6 +61,7 @@ void fill_scene(vs_scn* scene, select_2part_model& model) {
         fill_group(group, layers);
     else
         fill_layers(scene, layers);
+    // A scene with an invalid layer is shown as invalid, too.
     if (select_tree_leaf* row = model.root(top_part)->find_leaf(uuid))
         row->set_valid(!has_invalid_layer(scene));
 }
@@ -104,6 +105,7 @@ void fill_scenes_3d(vs_prj* project, select_2part_model& model) {
 void fill_flat(vs_entities* collection, select_tree_node& root, event& changed) {
     const bool was_empty = root.is_empty();
     root.clear_children();
+    // Before the new rows: an error box for one of them lets the host redraw, and the old rows are destroyed.
     if (!was_empty) changed.fire();
     const uint32_t count = vs_entities_get_count(collection);
     for (uint32_t index = 0; index < count; ++index) {

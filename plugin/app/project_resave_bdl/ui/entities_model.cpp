@@ -82,6 +82,7 @@ void entities_model::fill(vs_prj* project) {
         if (meta_id == "plugin_scn_2d_well_planshet_collection3") fill_view(views::wells, sheets);
         if (meta_id == "c_scn2d_correlation_collection2") fill_view(views::correlations, sheets);
     }
+    // Plug-in collections of other kinds have no view.
     fill_services(context_.services, flat_of(views::others)->root);
 }
 

@@ -30,6 +30,7 @@ wide_string composed(const run_report& report) {
     wide_string text;
     const std::set<wide_string> types = report.unprocessed_types();
     const std::vector<run_report::problem> problems = report.problems();
+    // The order is fixed: references, types that nothing resaves, then the problems of each list.
     if (report.depth_exceeded()) text += load_string(text::references_not_settled) + u"\n\n";
     if (!types.empty()) {
         text += load_string(text::unprocessed_layers) + u"\n";
@@ -73,6 +74,7 @@ void host_questions::show_error(int32_t text, const wide_string& path) {
 }
 
 void host_questions::show_report(const run_report& report) {
+    // The first rule that applies decides: a stopped run does not report its problems.
     if (report.stopped) return show_message(text::interrupted_by_user);
     if (!report.saved) return show_error(text::project_not_saved);
     const wide_string text = composed(report);

@@ -22,6 +22,7 @@ void project_resave_app::docker::query(const char* asked, const void** table, vo
 
 void project_resave_app::docker::set_parent(identity_pointer window) {
     if (window)
+        // The window was opened again before a running operation has ended.
         panel.keep_project();
     else
         panel.close_project();

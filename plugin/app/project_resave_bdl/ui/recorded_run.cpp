@@ -33,6 +33,7 @@ void recorded_run::pass_to(const run_record_visitor& visitor) const {
 recorded_run planned_run(const run_state& run, const resave_settings& settings) {
     recorded_run plan;
     plan.source = run.placement.source_project_path;
+    // The record outlives the panel's text, so it keeps a copy and not the pointer.
     if (settings.output_path) plan.target = *settings.output_path;
     plan.settings = settings;
     plan.settings.output_path = nullptr;

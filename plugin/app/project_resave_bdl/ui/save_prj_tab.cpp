@@ -34,6 +34,7 @@ save_prj_tab::save_prj_tab(const wide_string& source_path, wide_string& new_path
     // It only matters for the structure from the common top folder.
     use_project_file_.set_enabled(false);
     for (toolkit::radiobutton& button : variant_buttons_)
+        // Called for the button that is unchecked and for the one that is checked.
         button.set_on_changed([this, &button] {
             if (&button == &variant_buttons_[from_common_top])
                 use_project_file_.set_enabled(button.is_checked());

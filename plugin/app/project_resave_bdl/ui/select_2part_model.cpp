@@ -78,6 +78,7 @@ void select_2part_model::on_item_checked(uint32_t part, select_tree_item& item, 
 void select_2part_model::sync_top() {
     for (const auto& [uuid, tree] : bottoms_) {
         if (tree->check_state() == vs_state_false) continue;
+        // A layer is only saved together with its scene.
         if (select_tree_leaf* scene = top_root_.find_leaf(uuid)) scene->set_checked(true);
     }
 }
@@ -93,6 +94,7 @@ void select_2part_model::set_current(const wide_string& uuid) {
 
 select_tree_node* select_2part_model::root(uint32_t part) {
     if (part == top_part) return &top_root_;
+    // The current scene may have been removed since it was chosen.
     const auto shown = part == bottom_part ? bottoms_.find(current_) : bottoms_.end();
     return shown == bottoms_.end() ? nullptr : shown->second.get();
 }

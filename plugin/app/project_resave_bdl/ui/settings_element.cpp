@@ -32,6 +32,7 @@ settings_element::settings_element(const resave_services* services)
       prj_tab_(source_path_, new_path_), left_column_(2, 1), selection_(context_), main_layout_(1, 2) {
     questions_.run = &context_;
     source_field_.set_validator([this](const wide_string& text) { return load_from_field(text); });
+    // A project that was never saved has no path to load.
     load_button_.set_enabled(!path_is_relative(host_project_path_));
     tabs_.add(u"project_resave_tab_save_prj", load_string(text::resave_tab), prj_tab_);
     tabs_.add(u"project_resave_tab_save_struct", load_string(text::structure_tab), struct_tab_);
@@ -54,6 +55,7 @@ recorded_run settings_element::planned() const {
 }
 
 void settings_element::leave_out(const std::unordered_set<wide_string>& uuids) {
+    // A run reads the selection while it goes on.
     if (!running_) selection_.model.untick(uuids);
 }
 
@@ -75,6 +77,7 @@ void settings_element::reset_to_defaults() {
 }
 
 void settings_element::work(int32_t failure, const std::function<void()>& operation) {
+    // A message box of the running operation lets the user press other buttons.
     if (running_) return;
     running_ = true;
     bool is_whole = true;
@@ -85,6 +88,7 @@ void settings_element::work(int32_t failure, const std::function<void()>& operat
         is_whole = false;
     }
     running_ = false;
+    // An operation that broke off may have left the project changed in part.
     if (!is_whole || close_after_work_) context_.close_project();
     close_after_work_ = false;
     if (!is_whole) show_error(failure);
@@ -106,6 +110,7 @@ bool settings_element::load_from_field(const wide_string& text) {
 void settings_element::load_current() {
     work(text::failed_to_load_project, [this] {
         source_field_.set_text(host_project_path_);
+        // Loaded again from its file: changes that are not saved in the host are not seen.
         if (context_.load_project(host_project_path_, true, prj_tab_.open_log_checked()))
             source_path_ = host_project_path_;
     });
@@ -176,6 +181,7 @@ void settings_element::resave() {
 
 void settings_element::close_project() {
     if (running_)
+        // The operation still uses the project.
         close_after_work_ = true;
     else
         context_.close_project();

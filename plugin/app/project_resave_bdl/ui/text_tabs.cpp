@@ -53,6 +53,7 @@ save_struct_tab::save_struct_tab()
       legend_columns_(load_string(text::write_legend_columns)),
       file_paths_(load_string(text::write_file_paths)), indent_(load_string(text::indent_unit), indents()),
       options_box_(8, 1, load_string(text::structure_options)), content_(3, 1) {
+    // A tab is the default indent.
     indent_.set_current(tab_row);
     connect();
     lay_out();
@@ -104,6 +105,7 @@ void save_struct_tab::get_settings(structure_settings& settings) const {
     settings.write_legend_columns = legend_columns_.checked();
     settings.write_file_paths = file_paths_.checked();
     settings.indent_text = indent_.value();
+    // The rows of the list are whole units already.
     settings.indent_repeat = 1;
 }
 

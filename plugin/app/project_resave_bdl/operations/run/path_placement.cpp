@@ -39,6 +39,8 @@ wide_string without_drive(const wide_string& path) {
     return result;
 }
 
+// The common folder is passed as the base, which counts as a file: so the name of the common folder itself
+// becomes a part of the new path.
 wide_string place_under_common(common_directory& files, const wide_string& base, const wide_string& source) {
     if (!files.computed) files.compute();
     if (source.empty()) return {};
@@ -112,6 +114,8 @@ bool path_placement::is_taken(const wide_string& path) const {
 
 wide_string path_placement::new_path(const wide_string& source) {
     wide_string result = place(source);
+    // Lowers the whole path, including the part that the user entered. This comes before the look at the
+    // disk, so that names are compared as they will be.
     if (options->lower_case) platform::lower_in_place(result);
     // A resumed run keeps the place of an earlier run. Whatever the reason for another place is, it is
     // reported.
@@ -131,6 +135,7 @@ wide_string path_placement::new_path(const wide_string& source) {
     if (has_own_folder(result)) made.add_data_set(folder);
     if (!path_exists(folder)) {
         std::vector<wide_string> levels; // the drive or share is never ours to create
+        // The reason is kept for the copy, which fails next and is reported.
         if (const platform::outcome failed = create_folders(folder, &levels); !failed)
             folder_failures_.insert_or_assign(path_key(folder), failed);
         created_folders.insert(created_folders.end(), levels.rbegin(), levels.rend());
@@ -231,6 +236,8 @@ wide_string path_placement::resolve_conflict(const wide_string& path, const wide
     if (!options->rename_on_conflict) {
         // Without an answer the next free name is used.
         const unique_name_answer answer = progress->questions->new_name(source, path);
+        // Kept as users know it: a path from the dialog is used as typed, even outside the new project's
+        // folder.
         if (answer.accepted && !answer.path.empty()) return answer.path;
     }
     return next_free_name(path);
@@ -253,6 +260,8 @@ wide_string path_placement::next_free_name(const wide_string& path, bool is_writ
     return candidate;
 }
 
+// Each scene has its own register of placed files, because files that scenes share are copied for each of
+// them.
 void path_placement::set_scene(common_directory* scene, const wide_string& name) {
     scene_common = scene;
     scene_folder = name;

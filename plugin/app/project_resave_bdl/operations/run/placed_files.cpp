@@ -50,6 +50,7 @@ void common_directory::add_path(const wide_string& path) {
     const wide_string drive = path_root(path);
     if (drive.empty()) return;
     std::vector<wide_string> folder = path_split(path, path_separators, false);
+    // The last piece is the file name.
     if (folder.size() > 1) folder.pop_back();
     auto& [shared, counted, common] = drives[drive];
     if (counted++ == 0)

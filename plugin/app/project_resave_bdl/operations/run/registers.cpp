@@ -39,6 +39,7 @@ void size_register::pop_parent() { parents_.pop_back(); }
 
 void size_register::recount(size_entry& entry) {
     const bool needed = entry.fulfilled != 0;
+    // Adds or subtracts only on a change, so that a path needed twice counts once.
     if (needed != entry.counted) total_kb_ += needed ? entry.size_kb : -entry.size_kb;
     entry.counted = needed;
 }
@@ -96,6 +97,7 @@ void size_register::set_uuid_selected(const wide_string& uuid, bool selected) {
         link.selected = selected;
         chain& way = chains_[link.chain];
         size_entry& entry = entries_[way.entry];
+        // A chain is needed again when its last left-out uuid is selected.
         if (selected && --way.left_out == 0) ++entry.fulfilled;
         if (!selected && way.left_out++ == 0) --entry.fulfilled;
         recount(entry);

@@ -73,6 +73,7 @@ void run_progress::finish() {
 bool run_progress::is_stopped() {
     if (stopped) return true;
     if (!window || !vs_progress_get_stopped(window)) return false;
+    // The question may run the host's event loop, and so close the window.
     const stop_answer answer = questions->on_stop();
     if (answer == stop_answer::go_on) {
         if (window) vs_progress_reset(window);

@@ -82,6 +82,7 @@ bool source_guard::is_inside(const wide_string& path) {
 
 bool source_guard::is_in_known_folder(const wide_string& path) {
     if (inner_folders_.empty()) return false;
+    // Walks up, so that a path in a folder that does not exist yet is found as well.
     for (wide_string level = path_normalise(path_head(path)); level.size() > path_fixed_length(level);
          level = path_normalise(path_head(level)))
         if (inner_folders_.contains(path_key(level)) ||
