@@ -40,7 +40,9 @@ public:
     void remove_child(uint32_t index) override;
 
 private:
+    // Returns the unit of a layer; null for a layer without one.
     std::unique_ptr<Tvs_resave_unit> make_unit(vs_lr* layer);
+    // Returns the unit of a legend's scene; null if the legend has none.
     std::unique_ptr<Tvs_resave_unit> make_legend(vs_lr* layer);
 
     vs_scn_2d* const layout_;
@@ -79,6 +81,7 @@ public:
     bool do_save() override { return true; }
 
 private:
+    // Selects one element; returns true if that changed the selection.
     bool select_shown(vs_entity* shown);
 };
 

@@ -26,6 +26,7 @@ public:
     void remove_child(uint32_t) override {}
 
 private:
+    // Returns the unit of a layer; null for a type that legends do not support.
     std::unique_ptr<Tvs_resave_unit> make_unit(vs_lr* layer);
 
     vs_scn_2d* const scene_;

@@ -32,6 +32,7 @@ protected:
     common_directory scene_directory;
 
 private:
+    // Returns the wanted name of the scene's folder, relative to the new project's.
     wide_string folder_name();
 
     size_t joins_before_ = 0; // number of removed joins when the save of this scene began

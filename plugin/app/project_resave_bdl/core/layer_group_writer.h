@@ -37,8 +37,11 @@ public:
     void write(vs_lr_group* group);
 
 private:
+    // Writes the line of one layer, if it is selected and has a unit.
     void write_layer(vs_lr* layer);
+    // Writes a group's line and its content, if a layer in it is selected.
     void write_subgroup(vs_lr_group* group);
+    // True if a layer in the group is selected, at any depth.
     bool has_selected_layer(vs_lr_group* group);
 
     run_state& context_;

@@ -56,7 +56,9 @@ protected:
     std::vector<std::unique_ptr<Tvs_resave_unit>> children;
 
 private:
+    // Saves one member, or removes it if it was left out. `list` is the caption of this container.
     void save_child(uint32_t index, const wide_string& list);
+    // Writes the members in their order, for a container without groups.
     void write_children();
 };
 

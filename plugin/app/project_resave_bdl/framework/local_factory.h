@@ -14,6 +14,7 @@ class local_factory_impl final
                          polymorphic<localizer_service_visitor_impl, polymorphic<service_visitor_impl>>>,
       public custom_client_factory_impl {
 public:
+    // The object created last is the one that look_for_localizer() uses.
     local_factory_impl();
     ~local_factory_impl() override;
 
@@ -31,6 +32,7 @@ public:
     void look();
 
 private:
+    // Disconnects from the service, if there is one.
     void leave();
 
     weak_ref<localizer_service_impl> service_; // the host's service outlives its bundles, or notifies them

@@ -71,6 +71,7 @@ private:
         source_folder = 1, // an existing folder
         source_file = 2,   // anything else, including an empty or missing path
     };
+    // Looks at the disk, unless the reference is a connection.
     static kind kind_of(const wide_string& reference);
 
     const kind source_kind_; // of the reference at construction

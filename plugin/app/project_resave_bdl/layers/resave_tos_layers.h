@@ -38,7 +38,10 @@ private:
         wide_string new_path; // relative to the layer's new reference
     };
 
+    // Reads the paths of the model from the layer's record.
     void read_model_files();
+    // Copies one file of the model and returns the text for the record; empty if the file is lost or has no
+    // place.
     wide_string place_model_file(const wide_string& source, text::row lost_text);
 
     host_owned<vs_stl_mngr, &vs_stl_mngr_destroy> saved_style_; // both are set from before_save to after_save

@@ -18,6 +18,7 @@ namespace vs::project_resave {
 struct structure_settings;
 struct scene_file_settings;
 
+// Owns the project and the tree. While a run is in progress, no other run may be started.
 class project_context : public run_state, private exception_record {
 public:
     // The services belong to the owner and may be filled later; null counts as none. `asked` answers the
@@ -61,11 +62,14 @@ public:
     // and an empty line.
     run_result check_path_case(const wide_string& report_path);
 
+    // Returns the loaded project, owned by this object; null if none is loaded.
     vs_prj* project_handle() { return project; }
+    // The registers and the event, for the panel.
     project_resave::selection_register& selection_register() { return selection; }
     project_resave::size_register& size_register() { return sizes; }
     event& project_changed_event() { return project_changed; }
 
+    // Makes units for elements that other bundles claim.
     entity_factory factory;
     const resave_services* services;
     vs_prj* project = nullptr; // owned; null if none is loaded
@@ -73,11 +77,15 @@ public:
     std::vector<std::unique_ptr<Tvs_resave_unit>> tree; // the roots, in the order of a run
 
 private:
+    // Reads the file into `project`; returns false if the host cannot read it.
     bool read_project(vs_xml_save_prj* reader, const wide_string& path, bool write_open_log);
+    // Builds all roots, in the order in which a run saves them.
     void build_tree(const wide_string& path);
+    // Gives the load log its own name, if that is possible.
     void settle_open_log();
     void add_root(std::unique_ptr<Tvs_resave_unit> root);
     void release_project();
+    // The steps of resave_project, in their order.
     void begin_run(const resave_settings& settings);
     void open_log_of_run();
     void renew_guard();
@@ -86,10 +94,14 @@ private:
     void save_tree();
     void save_project();
     void end_run();
+    // Takes the place of end_run after an exception.
     void end_broken_run();
+    // Removes everything that the run created, and reports what it could not remove.
     void erase_made_files();
+    // Returns the result of a run that ended or was stopped, from the report and the placement.
     run_result result_of(bool written);
     run_result broke_off(const char* run); // call it in a handler only
+    // Clears the tree and the registers of a project that was released.
     void forget_project();
     // Shows progress while `lines` writes a new text file through the log. After a stop the file has been
     // removed and the user informed.

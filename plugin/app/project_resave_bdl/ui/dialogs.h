@@ -36,6 +36,7 @@ namespace vs::dialog {
 
 namespace toolkit = project_resave::toolkit;
 
+// The explanation, the source, and a field with the proposed path.
 class unique_name_dialog final : public toolkit::groupbox {
 public:
     struct id {

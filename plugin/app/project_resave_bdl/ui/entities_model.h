@@ -34,6 +34,7 @@ enum view : uint32_t {
 namespace detail {
 
 // For a number above the last view, operations do nothing and return null, false or an empty text.
+// Every view keeps its check marks, whether it is shown or not.
 class entities_model {
 public:
     // The context has the register and the services; it must outlive this object.
@@ -75,6 +76,7 @@ public:
 
 private:
     static constexpr uint32_t view_count = 10;
+    // A view with one tree: tables, layouts, sheets and items of services.
     struct flat_view {
         flat_view(selection_register& told, text::row caption);
         select_tree_node root;
@@ -86,13 +88,16 @@ private:
         select_2part_model_bottom_icon* model = nullptr;
         uint32_t part = 0;
     };
+    // Returns where the view's trees are.
     place place_of(uint32_t view);
     // Returns null for a view of scenes or layers.
     flat_view* flat_of(uint32_t view);
     // How set_all, invert and reset change one part of a model, and one tree.
     using part_change = std::function<void(select_2part_model& scenes, uint32_t part)>;
     using tree_change = std::function<void(select_tree_node& tree)>;
+    // Applies the matching function to each tree of the view, then fires its events.
     void change(uint32_t view, const part_change& change_part, const tree_change& change_tree);
+    // Reads all trees from the project.
     void fill(vs_prj* project);
     void clear();
 

@@ -12,12 +12,14 @@ namespace vs::project_resave::detail {
 
 // The columns of the selection's outlines: names and check marks. Rows of an outline are items of the tree.
 
+// Conversions between the host's opaque rows and the items that they are; null stays null.
 inline select_tree_item* item_of(outline_row* row) { return reinterpret_cast<select_tree_item*>(row); }
 inline outline_row* row_of(select_tree_item* item) { return reinterpret_cast<outline_row*>(item); }
 
 // The column with the names.
 class entities_name_collumn final : public outline_column_impl {
 public:
+    // The model must outlive the column.
     entities_name_collumn(entities_model& model, uint32_t view) : model_(model), view_(view) {}
 
     void id(string_visitor visitor) override;
@@ -40,6 +42,7 @@ void click_mark(entities_model& model, uint32_t view, select_tree_item* item, bo
 template <class Own>
 class entities_marks : public Own {
 public:
+    // The model must outlive the column.
     entities_marks(entities_model& owner, uint32_t shown) : model(owner), view(shown) {}
 
     bool mixed(outline_row* row) override { return row && item_of(row)->check_state() == vs_state_mixed; }
@@ -86,6 +89,7 @@ public:
     void set_expanded(outline_row* row, bool on) override;
     bool highlighted(outline_row* row) override { return row && item_of(row)->highlighted(); }
     void set_highlighted(outline_row* row, bool on) override;
+    // With `second`, does nothing: the host has set the rows between the two itself.
     void highlight_added(outline_row* row, outline_row* second) override;
     void current_changed(outline_row* row) override { model_.set_current_item(view_, item_of(row)); }
     uint32_t image_count() override;
@@ -115,6 +119,7 @@ public:
     entities_toolbar(entities_model& model, uint32_t view);
 
 private:
+    // Enables or disables all tools together.
     void enable_tools(bool on);
 
     common_tool select_;

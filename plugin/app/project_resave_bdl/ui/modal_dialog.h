@@ -37,6 +37,7 @@ public:
     }
     modal_dialog_pointer dialog() override { return pointer_to<modal_dialog_impl>(own_dialog); }
 
+    // The dialog that the host is given.
     modal_dialog<Tag> own_dialog;
     // The service created last; null after its destruction.
     static inline modal_dialog_service* slot = nullptr;

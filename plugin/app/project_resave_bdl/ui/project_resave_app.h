@@ -45,6 +45,7 @@ private:
         // Null closes the loaded project, since the window is about to close.
         void set_parent(identity_pointer window) override;
 
+        // The main panel, which is the content.
         settings_element panel;
     };
 

@@ -43,6 +43,7 @@ private:
 
     // Validates a new path: returns false, after a warning, for the path of the source.
     bool take_path(const wide_string& entered);
+    // Places all controls.
     void lay_out();
 
     const wide_string& source_path_;

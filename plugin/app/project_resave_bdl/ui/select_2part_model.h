@@ -25,6 +25,7 @@ public:
     masked_bitmap_impl* at(int32_t index);
 
 private:
+    // Returns the list, which is loaded on first use.
     std::vector<layer_type_bitmap>& list();
 
     const wide_string scene_kind_;
@@ -44,6 +45,7 @@ class select_2part_model {
 public:
     using trees = std::unordered_map<wide_string, std::unique_ptr<select_tree_node>>;
 
+    // `told` is the register that check marks change; it must outlive the model.
     select_2part_model(selection_register& told, text::row caption);
 
     // The tools. For the top part they include all layers of all scenes. For the bottom part they do nothing,
@@ -56,6 +58,7 @@ public:
     void on_item_checked(uint32_t part, select_tree_item& item, bool on, bool only_highlighted);
     // Shows the layers of this scene; ignores null and rows of the bottom part.
     void set_current_item(uint32_t part, const select_tree_item* item);
+    // Makes this scene the current one and fires the bottom event; an unknown uuid shows no layers.
     void set_current(const wide_string& uuid);
     // Checks each scene with a checked layer. Never unchecks one: unchecking the last layer leaves its scene
     // checked.
@@ -63,6 +66,7 @@ public:
 
     // Returns the tree of a part; null for the bottom part while there is no current scene.
     select_tree_node* root(uint32_t part);
+    // Fires the event of a part.
     void fire_changed(uint32_t part);
     // Returns the event of a part; null for an unknown part.
     event* changed_event(uint32_t part);

@@ -24,6 +24,7 @@ protected:
 
 // The tools of a view above its outline, which gets the remaining height.
 struct entities_pane {
+    // The model must outlive the pane.
     entities_pane(entities_model& model, uint32_t view);
 
     entities_toolbar tools;
@@ -73,6 +74,7 @@ public:
     // The context must outlive the element. The element becomes the only observer of the context's size
     // register.
     explicit select_element(project_context& owner);
+    // Disconnects from the size register.
     ~select_element();
 
     // Shows the elements of the project, with everything checked, and disables the pages without elements;
@@ -87,6 +89,7 @@ public:
     detail::entities_model model; // outlives the elements that show it
 
 private:
+    // Creates the pages in the order of the tabs.
     void add_pages();
 
     size_register& sizes_;

@@ -51,6 +51,7 @@ private:
         bool valid = true;
         uint32_t check_state = vs_state_false;
     };
+    // Returns the cached summary, computing it if necessary.
     const summary& summed() const;
     // Also clears the summaries of the nodes above. If a node has no summary, those above it have none
     // either.
@@ -73,6 +74,7 @@ public:
         : select_tree_item(told, above, own_caption, own_uuid, own_layer_type), valid_(is_valid),
           default_checked_(checked_by_default) {}
 
+    // Marks the row as valid or invalid; the rows above change with it.
     void set_valid(bool on);
     bool valid() const override { return valid_; }
     void set_checked(bool on) override;

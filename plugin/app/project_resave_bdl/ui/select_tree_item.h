@@ -26,10 +26,12 @@ public:
     bool highlighted() const { return highlighted_; }
     // Sets the flag of the row and of everything below it.
     virtual void set_highlighted_deep(bool on) { set_highlighted(on); }
+    // Whether the rows below a node are shown; a leaf is always expanded.
     virtual void set_expanded(bool) {}
     virtual bool expanded() const { return true; }
     // For a node: true if everything below it is valid.
     virtual bool valid() const = 0;
+    // Passes the caption to the visitor.
     void caption_to(string_visitor visitor) const { tell(visitor, caption); }
 
     virtual uint32_t child_count() const { return 0; }
@@ -46,6 +48,7 @@ public:
     virtual void reset_checked() = 0;
     // Does the same for everything that is highlighted, itself or through a node above it.
     virtual void set_checked_if_highlighted(bool on) = 0;
+    // True for a leaf, and for a node with a leaf at any depth.
     virtual bool contains_leaf() const = 0;
     // Appends the leaves, either all of them or only the highlighted ones.
     virtual void collect_leaves(std::vector<select_tree_leaf*>& found, bool only_highlighted) = 0;
@@ -62,6 +65,7 @@ protected:
     // Clears the summaries of the nodes above.
     void on_changed() const;
 
+    // The register that the marks of leaves change.
     selection_register& selection;
     select_tree_node* const parent; // null for a root
 

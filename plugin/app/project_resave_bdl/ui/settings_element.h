@@ -18,6 +18,7 @@ namespace vs::project_resave {
 
 class project_context;
 
+// Builds and connects all parts of the window.
 class settings_element {
 public:
     // The services belong to the application and may be filled later.
@@ -26,6 +27,7 @@ public:
     settings_element(const settings_element&) = delete;
     settings_element& operator=(const settings_element&) = delete;
 
+    // Returns the element that fills the window, valid as long as this object.
     element main_element() { return main_layout_; }
 
     // Runs the operation of the active tab. Always returns false: the window stays open.
@@ -54,13 +56,17 @@ public:
     const recording_questions& runs() const { return questions_; }
 
 private:
+    // Shows the elements of the project that was loaded; clears the source field if there is none.
     void on_project_changed();
+    // Enables the views of the selection that the active operation uses.
     void on_active_tab_changed();
+    // Starts the operation of a tab; does nothing if its path is empty.
     void run_tab(uint32_t index);
     void resave();
     // Runs `operation` unless another one is running. If it throws, closes the project and shows the error
     // with this number.
     void work(int32_t failure, const std::function<void()>& operation);
+    // Disables all other views of the selection.
     void enable_only(std::initializer_list<uint32_t> views);
     void lay_out();
 
@@ -69,6 +75,7 @@ private:
     recording_questions questions_;
     const std::unique_ptr<project_context> owned_context_;
     project_context& context_;
+    // Path of the project that was open in the host at construction; may be empty.
     const wide_string host_project_path_;
     toolkit::label source_label_;
     toolkit::file_input source_field_;
@@ -84,6 +91,7 @@ private:
     std::shared_ptr<void> project_connection_;
     toolkit::grid_layout main_layout_;
     transfer_observer transfer_observer_;
+    // Whether an operation is running, and whether the project must be closed after it.
     bool running_ = false;
     bool close_after_work_ = false;
 };

@@ -24,6 +24,7 @@ public:
 
     element main_element() override { return content_; }
 
+    // Returns the path that the user entered.
     const wide_string& get_path() const { return path_.text(); }
 
 private:
@@ -70,6 +71,7 @@ public:
     void apply_settings(const structure_settings& settings);
 
 private:
+    // Makes the check boxes change each other.
     void connect();
     void lay_out();
 

@@ -63,6 +63,7 @@ public:
     bool keeps_alive() override { return !Weak; }
 
 private:
+    // Register with an object, and remove the registration; an object that is not a referent is ignored.
     void take(const interface_to<Impl>& object) {
         held_ = object;
         call<&referent_impl::add_referrer>(Traits::referent_of(object), pointer_to<referrer_impl>(*this));

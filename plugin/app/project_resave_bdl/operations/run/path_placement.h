@@ -32,6 +32,7 @@ public:
     path_placement(const path_placement&) = delete;
     path_placement& operator=(const path_placement&) = delete;
 
+    // The parts of the run that this object uses; not owned.
     run_progress* progress;
     log_file* log; // receives every conflict, as does the report
     run_report* report;
@@ -40,6 +41,7 @@ public:
     placed_files placed;                      // everything placed in this run
     std::vector<wide_string> created_folders; // deepest first for each call of `new_path`
     made_files made;                          // what a stop removes, besides those folders
+    // The paths of the run.
     wide_string source_project_path;
     wide_string source_folder; // with a separator at the end, as `new_folder`
     wide_string new_project_path;
@@ -89,15 +91,21 @@ public:
     wide_string current_output_folder() const;
 
 private:
+    // Returns the register for look-ups: the scene's with a folder for each scene, else the run's.
     const placed_files& register_in_force() const;
+    // True if no copy may get this path.
     bool is_taken(const wide_string& path) const;
+    // Returns the place under the structure of the run; empty for an unknown structure. It may be taken.
     wide_string place(const wide_string& source);
     wide_string place_from_project_folder(const wide_string& source) const;
     wide_string place_inside_or_by_type(const wide_string& source) const;
     wide_string in_type_folder(const wide_string& source) const;
     wide_string place_in_scene_folder(const wide_string& source);
+    // Returns the path, moved to a numbered folder if it would be inside a data set.
     wide_string beside_data_sets(const wide_string& path);
+    // Returns the first free numbered name of a folder.
     static wide_string numbered_folder(const wide_string& path);
+    // Returns another path for a copy whose place is taken, from the user or by number.
     wide_string resolve_conflict(const wide_string& path, const wide_string& source);
 
     // The last number given to a path in this run, so that many files with the same name stay cheap.

@@ -25,6 +25,7 @@ public:
     // The stack of units being built. Returns false and pushes nothing for an empty uuid, which then must not
     // be popped.
     bool push_parent(const wide_string& uuid);
+    // Removes the last uuid pushed.
     void pop_parent();
 
     // Enters a file or folder under the current stack and returns its number, which identifies the path until
@@ -45,6 +46,7 @@ public:
     void set_uuid_selected(const wide_string& uuid, bool selected);
     // Returns the size of the selection in kilobytes (1024 bytes).
     double total_kb() const { return total_kb_; }
+    // A path as it was entered, and its size in kilobytes.
     struct counted_file {
         wide_string path;
         double size_kb;
@@ -55,6 +57,7 @@ public:
     std::vector<uint32_t> files_of(const wide_string& uuid) const;
     // Returns all paths that were entered, each spelling once, in no particular order.
     std::vector<wide_string> known_paths() const;
+    // Returns the number of known paths.
     size_t path_count() const { return entries_.rows().size(); }
     // Removes all paths and the stack; keeps the callback without calling it.
     void clear();
@@ -85,7 +88,9 @@ private:
         std::unique_ptr<std::unordered_set<wide_string>> bare_paths; // paths without a chain; null if none
     };
 
+    // Enters a chain under each uuid of the stack.
     void link_parents(uint32_t chain_index);
+    // Updates the total after a change of `fulfilled`.
     void recount(size_entry& entry);
 
     text_map<size_entry> entries_; // by path
@@ -102,6 +107,7 @@ public:
     // `told` is informed of every change; not owned.
     explicit selection_register(size_register* told) : sizes_(told) {}
 
+    // True unless the element was left out.
     bool is_selected(const wide_string& uuid) const { return !deselected_.contains(uuid); }
     // Selects or leaves out an element; ignores an empty uuid.
     void set_selected(const wide_string& uuid, bool selected);

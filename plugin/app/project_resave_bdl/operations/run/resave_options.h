@@ -40,6 +40,7 @@ struct resave_settings {
 
 // The choices of the current run, which every unit reads.
 struct resave_options {
+    // `run` must outlive this object; it hides its window while the user is asked.
     explicit resave_options(run_progress* run) : progress(run) {}
 
     // Restores the values below; the progress and the separator stay.

@@ -34,6 +34,7 @@ public:
     explicit run_progress(run_questions& who) : questions(&who) {}
     run_progress(const run_progress&) = delete;
     run_progress& operator=(const run_progress&) = delete;
+    // Closes the window.
     ~run_progress();
 
     // Begins a run of `steps` steps with a new window; 0 means that the length is unknown.
@@ -54,6 +55,7 @@ public:
     // Clears the flag of a stop, so that the next run begins without it.
     void clear_stop() { stopped = false; }
 
+    // The state of the run, for front ends and units. `caption` is the last text shown.
     vs_progress* window = nullptr; // owned; null when none is open
     uint32_t stoppable = 1;
     uint32_t current = 0;

@@ -66,10 +66,13 @@ public:
                         const wide_string& subject = {});
     // `path` is the file that the layer shows, if it has one.
     void add_unprocessed_type(element_name layer, const char* layer_type, const wide_string& path);
+    // The general form, for the kinds that need no more than paths and a reason.
     void add(fact_kind kind, const wide_string& path, const wide_string& new_path = {},
              const wide_string& reason = {});
+    // Adds an exception: where it was caught, and its text.
     void add_exception(const wide_string& where, const wide_string& what);
 
+    // Returns the current element; see current_element.
     const element_name& current() const { return current_; }
     const std::vector<fact>& facts() const { return facts_; }
     // True if there is a fact of this kind.
@@ -79,6 +82,7 @@ public:
     std::vector<problem> problems() const;
     // Returns the layer types that nothing resaves, each once.
     std::set<wide_string> unprocessed_types() const;
+    // True if references between elements did not settle.
     bool depth_exceeded() const { return has(fact_kind::selection_not_settled); }
 
     // Removes all facts except those of the tree.

@@ -29,13 +29,18 @@ struct run_state {
     run_state(const run_state&) = delete;
     run_state& operator=(const run_state&) = delete;
 
+    // The settings of the current run.
     resave_options options{&progress};
     run_progress progress;
+    // The log of a run, which is also the writer of its text, and the log of a load.
     log_file log{&options.indent_unit};
     open_log_file open_log{&options.indent_unit};
+    // Where files go, and what the run created.
     path_placement placement{&progress, &log, &report, &options, &guard};
+    // Which elements take part, and how much data that is.
     project_resave::selection_register selection{&sizes};
     project_resave::size_register sizes;
+    // What happened, and what must not be changed.
     run_report report;
     source_guard guard{&sizes};
     text_map<Tvs_resave_unit*> units; // by uuid text: the first unit built

@@ -57,15 +57,21 @@ public:
 private:
     using path_keys = std::unordered_set<wide_string>;
 
+    // Each of these reads what it needs once; the names again if paths were added.
     void learn_names();
     void learn_identities();
     void learn_identity(const wide_string& path);
+    // True if the name in that folder belongs to the source or is a companion of one of its files.
     bool is_named(const wide_string& folder_key, const wide_string& name);
+    // True if the path is below a folder that belongs to the source as a whole.
     bool is_in_known_folder(const wide_string& path);
     void learn_folder(const wide_string& path, const platform::file_identity& identity);
     void learn_links();
+    // Returns the keys of the companions of all files in a folder of the source.
     const path_keys& companions_in(const wide_string& folder_key);
+    // True if the identity is that of a companion, through a symbolic or hard link.
     bool is_linked_companion(const platform::file_identity& asked);
+    // Removes a file, a link or an empty folder; fails for a protected path.
     platform::outcome remove_alone(const wide_string& path);
 
     const size_register* known_;

@@ -17,6 +17,7 @@ namespace vs::project_resave::toolkit {
 // A button inside a window.
 class button final : public element_base<polymorphic<button_impl>> {
 public:
+    // `handler` is called for each click.
     button(wide_string caption, wide_string hint, std::function<void()> handler)
         : element_base(button_impl::element_kind), caption_(std::move(caption)), hint_(std::move(hint)),
           handler_(std::move(handler)) {}
@@ -59,6 +60,7 @@ class radiobutton;
 // The buttons of a group, all of which must be destroyed before it.
 class radio_group {
 public:
+    // Adds a button; the constructor of radiobutton does this.
     void add(radiobutton& button) { buttons_.push_back(&button); }
     // Unchecks all other buttons.
     void uncheck_others(const radiobutton& checked_one);

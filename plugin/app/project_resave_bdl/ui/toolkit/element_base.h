@@ -18,8 +18,10 @@ class element_base : public polymorphic<element_impl, Own> {
 public:
     element_base(const element_base&) = delete;
     element_base& operator=(const element_base&) = delete;
+    // Converts to the pair that is passed to hosts and layouts; valid as long as the element.
     operator element() { return pointer_to<element_impl>(*this); }
 
+    // Change a state that the host draws.
     void set_enabled(bool on) { assign(enabled_, on); }
     void set_visible(bool on) { assign(visible_, on); }
 
@@ -29,6 +31,7 @@ public:
     void set_observer(element_observer observer) override { observer_.assign(observer); }
 
 protected:
+    // `own_kind` must be a literal, such as `button_impl::element_kind`.
     explicit element_base(const char16_t* own_kind) : kind_(own_kind) {}
     ~element_base() = default;
 
@@ -51,6 +54,7 @@ private:
 // `main_element`.
 class docker_base : public element_base<polymorphic<docker_impl>> {
 public:
+    // Converts to the pair that is passed to hosts; valid as long as the docker.
     operator docker() { return pointer_to<docker_impl>(*this); }
 
     void title(string_visitor visitor) override { tell(visitor, title_); }

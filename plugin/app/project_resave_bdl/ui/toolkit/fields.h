@@ -15,6 +15,7 @@ namespace vs::project_resave::toolkit {
 // A figure with a caption and a unit.
 class label_ex final : public element_base<polymorphic<label_ex_impl>> {
 public:
+    // The caption never changes.
     label_ex(wide_string caption, wide_string value, wide_string unit)
         : element_base(label_ex_impl::element_kind), caption_(std::move(caption)), value_(std::move(value)),
           unit_(std::move(unit)) {}
@@ -35,6 +36,7 @@ private:
 // A drop-down list with a label. Each row also has a value for the bundle.
 class dropdownex final : public element_base<polymorphic<dropdownex_impl>> {
 public:
+    // What the user reads, and what the bundle gets.
     struct row {
         wide_string text;
         wide_string value;
@@ -76,6 +78,7 @@ public:
 
     // Without a validator every text is accepted.
     void set_validator(validator decides) { validator_ = std::move(decides); }
+    // Sets the text without asking the validator.
     void set_text(const wide_string& text) { assign(text_, text); }
     const wide_string& text() const { return text_; }
 

@@ -40,6 +40,7 @@ protected:
     ~grid_base() = default;
 
 private:
+    // Returns the index of a cell; for row `rows_`, the number of cells.
     size_t cell(uint32_t row, uint32_t column) const { return size_t{row} * columns_ + column; }
 
     const uint32_t rows_;
