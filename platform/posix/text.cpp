@@ -49,7 +49,7 @@ struct byte_page {
 std::optional<byte_page> make_page(unsigned code_page) {
     const std::string name = code_page == 20127 ? "US-ASCII" : "CP" + std::to_string(code_page);
     const iconv_t converter = ::iconv_open("UTF-16LE", name.c_str());
-    if (converter == reinterpret_cast<iconv_t>(-1)) return std::nullopt; // NOLINT: how iconv tells failure
+    if (converter == reinterpret_cast<iconv_t>(-1)) return std::nullopt; // NOLINT: how iconv reports failure
     byte_page page;
     for (unsigned value = 0; value < page.wide.size(); ++value) {
         char byte = static_cast<char>(value);
