@@ -1,3 +1,6 @@
+// The operating system's files on POSIX. Paths are turned into native ones by the volumes; names that this
+// process creates or removes are reported to the cache of folder names, which would not notice them in time.
+
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -34,6 +37,8 @@ native_answer wanted(const wide_string& path) {
 int64_t nanoseconds(const auto& time) { return int64_t{time.tv_sec} * 1'000'000'000 + time.tv_nsec; }
 
 folder_entry entry_of(const std::string& folder, const dirent& found) {
+    // Some file systems do not report an entry's kind in the listing. A link's own kind is not enough: its
+    // target decides.
     const std::string path = joined(folder, found.d_name);
     struct stat status {};
     const bool is_known = found.d_type != DT_UNKNOWN;
@@ -46,7 +51,8 @@ folder_entry entry_of(const std::string& folder, const dirent& found) {
 }
 
 file_identity identity_in(const struct stat& found, bool is_link) {
-    // A folder is named by its sub-folders, too.
+    // Every sub-folder adds a name to its parent folder's count, so a folder's count says nothing about links
+    // to it.
     const bool is_folder = S_ISDIR(found.st_mode);
     const bool has_names = is_link || (!is_folder && found.st_nlink > 1);
     return {found.st_dev, found.st_ino, has_names ? 2U : 1U, is_link, is_folder};
@@ -106,6 +112,7 @@ public:
         const std::unique_ptr<DIR, int (*)(DIR*)> folder(::opendir(native.path.c_str()), ::closedir);
         if (!folder) return outcome::last();
         for (;;) {
+            // readdir reports the end of the folder and a failure alike; only errno distinguishes them.
             errno = 0;
             const dirent* const found = ::readdir(folder.get());
             if (found == nullptr) break;
