@@ -158,7 +158,8 @@ bool folder_walls::leads_out(const wide_string& path) const {
         whole = std::filesystem::canonical(platform::native_path(path), unknown);
     } else {
         const auto [folder, is_new] = canonical_.try_emplace(path_normalise(path_head(path)));
-        if (is_new) folder->second = std::filesystem::canonical(platform::native_path(folder->first), unknown);
+        if (is_new)
+            folder->second = std::filesystem::canonical(platform::native_path(folder->first), unknown);
         whole = folder->second / std::filesystem::path(path_file_name(path));
     }
     if (unknown || whole.empty() || home_.empty()) return false;

@@ -62,12 +62,13 @@ private:
         bool has_status = false, has_identity = false;
         size_t additions = 0; // when it was given
     };
-    // What is known of a folder and of what is in it, by the text that was asked for: the spelling can matter.
+    // What is known of a folder and of what is in it, by the text that was asked for: the spelling can
+    // matter.
     struct known_folder {
         explicit known_folder(std::pmr::memory_resource* memory) : answers(memory), names(memory) {}
-        by_text<answer> answers;         // by name
-        std::pmr::vector<size_t> names;  // hashes of the folded names, in order
-        size_t listed_at = never;        // the number of additions when they were read
+        by_text<answer> answers;        // by name
+        std::pmr::vector<size_t> names; // hashes of the folded names, in order
+        size_t listed_at = never;       // the number of additions when they were read
     };
     // In memory of their own, which is given back as a whole: holes left all over the heap would make each
     // later allocation of the run slower.

@@ -151,7 +151,7 @@ public:
             struct stat itself {};
             const native_answer native = mapped_volumes().native(path, false);
             link = ::lstat(native.path.c_str(), &itself) == 0 && S_ISLNK(itself.st_mode) ? link_state::yes
-                                                                                           : link_state::no;
+                                                                                         : link_state::no;
         }
         return identity_in(found, link == link_state::yes);
     }

@@ -74,9 +74,8 @@ outcome held_folders::status(const std::string& path, struct stat& found, link_s
     const bool is_held = itself != held_.end() && now() - itself->since < holding_time;
     if (is_held && is_there(itself->handle, found)) return {};
     const auto look = [&](int follow) {
-        return reach(path, [&](int folder, const char* name) {
-            return ::fstatat(folder, name, &found, follow);
-        });
+        return reach(path,
+                     [&](int folder, const char* name) { return ::fstatat(folder, name, &found, follow); });
     };
     if (look(AT_SYMLINK_NOFOLLOW) != 0) return outcome::last();
     link = S_ISLNK(found.st_mode) ? link_state::yes : link_state::no;
