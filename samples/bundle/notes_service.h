@@ -3,11 +3,14 @@
 //
 // A layer keeps its notes under "sample_notes", one row for each: uuid, caption, main file, and then what
 // belongs to it, as paths relative to the folder of the main file. A row without texts is no note.
+//
+// The main file is stored relative to the layer's own file, if both are on one drive. The host never changes
+// the texts of a layer, but it does find the layer's file when a project has been moved, and so the notes.
 #pragma once
 
-#include <memory>
 #include <vector>
 
+#include "framework/border/host_owned.h"
 #include "framework/border/ref.h"
 #include "host/interfaces/service_factory.h"
 #include "host/vsk_basic.h"
@@ -37,17 +40,18 @@ public:
     void remove_item(uint32_t index) override;
 
 private:
-    struct destroy_uuid {
-        void operator()(vs_uuid* uuid) const { vs_uuid_destroy(uuid); }
-    };
     struct note {
+        vs_lr* layer;
         vs_tuple* row; // the layer's
-        std::unique_ptr<vs_uuid, destroy_uuid> uuid;
+        host_owned<vs_uuid, &vs_uuid_destroy> uuid;
     };
 
     void read_notes_of(vs_lr* layer);
-    // Null for an index at or beyond the count, on which nothing is then done.
+    // Returns null for an index at or beyond the count; the host's functions ignore it.
     vs_tuple* row(uint32_t index) const { return index < notes.size() ? notes[index].row : nullptr; }
+    wide_string file_of_layer(uint32_t index) const;
+    // Returns the whole path of the main file; empty if the note has none.
+    wide_string main_file(uint32_t index) const;
 
     vs_prj* project = nullptr; // stale from its end to the next load, in which time nothing reads it
     std::vector<note> notes;

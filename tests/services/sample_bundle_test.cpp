@@ -21,8 +21,9 @@ protected:
         pin({u"Quarry, east", u"C:\\prj\\field\\QUARRY.txt"});
         pin({u"Quarry", u"C:\\prj\\field\\quarry.txt", u"quarry.csv", u"pics"});
         pin({u"Bridge", u"C:\\prj\\field\\bridge.txt"});
-        pin({u"Well", u"C:\\prj\\field\\well.txt"}); // there is no such file
-        pin({u"Memory"});                            // nor one at all
+        pin({u"Well", u"C:\\prj\\field\\well.txt"});                 // there is no such file
+        pin({u"Memory"});                                            // nor one at all
+        pin({u"Map", u"C:\\prj\\relief.tif", u"field\\bridge.txt"}); // copied for the layer, and alone
     }
 
     // A note on the layer that came last: caption, file, and what belongs to it.
@@ -44,8 +45,8 @@ protected:
     }
 };
 
-// A folder for each scene has no service asked to save. Where a main file's name is taken, the files keep
-// their own names, and the item is told the numbered one.
+// With a folder for each scene no service is saved. Where a main file's name is taken, the files keep their
+// own names, and the item gets the numbered one.
 TEST_F(sample_bundle, its_items_go_where_the_structure_wants_them_and_leave_if_unticked_or_lost) {
     start(true);
     unticked = {u"Bridge"};
