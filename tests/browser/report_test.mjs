@@ -209,6 +209,11 @@ const tests = {
         await printed.emulateMedia({media: "print"});
         assert.ok(await printed.isVisible("#group-lost .found"));
         assert.equal(await printed.isVisible("#table"), false);
+        const isOpen = () => printed.isVisible("#group-renamed .found");
+        await state(printed, "dispatchEvent(new Event('beforeprint'))");
+        assert.ok(await isOpen(), "what is folded up is on paper");
+        await state(printed, "dispatchEvent(new Event('afterprint'))");
+        assert.equal(await isOpen(), false);
         await close(printed);
     },
 };
