@@ -230,7 +230,11 @@ function markFolders() {
 }
 
 function want() {
-    wanted.words = at("search").value.toLowerCase().split(/\s+/).filter(Boolean);
+    let searched = at("search").value.trim().toLowerCase();
+    // A whole path, as the command prints it; the table has paths below the root.
+    const roots = [data.before.root, data.after.root].filter(each => searched.startsWith(each.toLowerCase()));
+    searched = searched.slice(Math.max(0, ...roots.map(each => each.length)));
+    wanted.words = searched.split(/\s+/).filter(Boolean);
     wanted.state = at("state").value === "" ? -1 : Number(at("state").value);
     showChips();
     refresh();
