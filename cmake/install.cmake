@@ -32,6 +32,7 @@ set(programs vestra-resave)
 set(documents ${CMAKE_INSTALL_DATADIR}/doc/vestra-resave)
 install(TARGETS vsk_project_resave_bdl DESTINATION ${installed_bundles} COMPONENT application)
 install_documents(${documents})
+install(DIRECTORY samples/many DESTINATION ${documents}/samples USE_SOURCE_PERMISSIONS COMPONENT application)
 
 file(READ packaging/copyright copyright)
 while(licences)

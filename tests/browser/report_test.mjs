@@ -82,6 +82,8 @@ const tests = {
         await page.fill("#search", "ROADS shp");
         assert.ok((await found(page)) >= 10 && (await found(page)) < 20);
         for (const name of await cells(page, "name")) assert.match(name, /roads/);
+        await page.fill("#search", join(work, "area/c/prj/maps/licence areas.dbf"));
+        assert.equal(await found(page), 1);
         await page.fill("#search", "no such file");
         assert.equal(await found(page), 0);
         await page.fill("#search", "");
@@ -209,6 +211,11 @@ const tests = {
         await printed.emulateMedia({media: "print"});
         assert.ok(await printed.isVisible("#group-lost .found"));
         assert.equal(await printed.isVisible("#table"), false);
+        const isOpen = () => printed.isVisible("#group-renamed .found");
+        await state(printed, "dispatchEvent(new Event('beforeprint'))");
+        assert.ok(await isOpen(), "what is folded up is on paper");
+        await state(printed, "dispatchEvent(new Event('afterprint'))");
+        assert.equal(await isOpen(), false);
         await close(printed);
     },
 };

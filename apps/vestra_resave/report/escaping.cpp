@@ -51,7 +51,10 @@ std::string escaped_json(std::string_view json) {
     text.reserve(json.size());
     for (size_t at = 0; at < json.size(); ++at) {
         const std::string_view three = json.substr(at, 3);
-        if (three == "\u2028" || three == "\u2029") {
+        if (const size_t length = unwanted_at(json, at)) {
+            text += "\\ufffd";
+            at += length - 1;
+        } else if (three == "\u2028" || three == "\u2029") {
             text += three == "\u2028" ? "\\u2028" : "\\u2029";
             at += 2;
         } else if (json[at] == '<') {

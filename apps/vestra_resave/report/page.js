@@ -15,10 +15,9 @@ const newFolder = file => listed(data.after.folders, file[AFTER]);
 const newName = file => file[NEW_NAME] || file[NAME];
 const shownFolder = text => text === "" ? "./" : text;
 const isCopied = file => file[AFTER] >= 0;
-const wholePath = (side, folder, name) => {
-    const isWhole = /^([A-Za-z]:|[\\/])/.test(folder);
-    return (isWhole ? "" : side.root) + folder + name;
-};
+// True for a folder that is not below the root of its side.
+const isOutside = folder => /^([A-Za-z]:|[\\/])/.test(folder);
+const wholePath = (side, folder, name) => (isOutside(folder) ? "" : side.root) + folder + name;
 
 function sizeText(bytes) {
     if (bytes < 0) return "–";
@@ -67,7 +66,7 @@ function isInFolder(file) {
     const {side, path, isExact} = wanted.folder;
     if (file[side === "before" ? BEFORE : AFTER] < 0) return false;
     const folder = side === "before" ? oldFolder(file) : newFolder(file);
-    return isExact ? folder === path : folder.startsWith(path);
+    return isExact ? folder === path : folder.startsWith(path) && (path !== "" || !isOutside(folder));
 }
 
 function isWanted(number) {
@@ -200,7 +199,7 @@ function showChips() {
     const add = (text, remove) => {
         const chip = made("button", "chip", text);
         chip.type = "button";
-        chip.setAttribute("aria-label", texts.remove.replace("%1", text));
+        chip.setAttribute("aria-label", texts.remove.replace("%1", () => text));
         chip.addEventListener("click", () => { remove(); want(); at("search").focus(); });
         chips.push(chip);
     };
@@ -231,7 +230,11 @@ function markFolders() {
 }
 
 function want() {
-    wanted.words = at("search").value.toLowerCase().split(/\s+/).filter(Boolean);
+    let searched = at("search").value.trim().toLowerCase();
+    // A whole path, as the command prints it; the table has paths below the root.
+    const roots = [data.before.root, data.after.root].filter(each => searched.startsWith(each.toLowerCase()));
+    searched = searched.slice(Math.max(0, ...roots.map(each => each.length)));
+    wanted.words = searched.split(/\s+/).filter(Boolean);
     wanted.state = at("state").value === "" ? -1 : Number(at("state").value);
     showChips();
     refresh();
@@ -261,7 +264,7 @@ function prepareFolder(folder) {
     if (!item.querySelector(":scope > ul")) return;
     const toggle = made("button", "toggle");
     toggle.type = "button";
-    toggle.setAttribute("aria-label", texts.toggle.replace("%1", button.textContent));
+    toggle.setAttribute("aria-label", texts.toggle.replace("%1", () => button.textContent));
     toggle.addEventListener("click", () => setOpen(item, toggle.getAttribute("aria-expanded") !== "true"));
     folder.prepend(toggle);
     setOpen(item, true);
@@ -317,6 +320,13 @@ at("rows").addEventListener("click", event => {
     if (row) choose(Number(row.dataset.index));
 });
 addEventListener("resize", draw);
+let unfolded = []; // for paper, but for groups that a browser is not able to print
+const isPrintable = folded => folded.querySelectorAll(".found").length <= 5000;
+addEventListener("beforeprint", () => {
+    unfolded = [...document.querySelectorAll("details:not([open])")].filter(isPrintable);
+    for (const each of unfolded) each.open = true;
+});
+addEventListener("afterprint", () => { for (const each of unfolded) each.open = false; });
 document.documentElement.classList.add("ready");
 refresh();
 })();

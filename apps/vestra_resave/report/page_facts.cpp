@@ -147,9 +147,10 @@ std::vector<page_file> files_of(const ended_verify& ended) {
     for (const problem& each : all) states.try_emplace(path_key(each.path), state_of(each));
     file_list list(all);
     list.add({{}, found.project, size_of(found.project), "in place"});
+    folder_spellings spellings; // the manifest has sources as projects spell them
     for (const ended_verify::file& each : ended.files) {
         const auto state = states.find(path_key(each.path));
-        list.add({each.source, each.path, size_of(each.path),
+        list.add({spellings.apply(each.source), each.path, size_of(each.path),
                   state == states.end() ? sentence("in place") : state->second, each.element});
     }
     for (const problem& each : all) list.add(each, state_of(each), &page_file::target);

@@ -19,9 +19,17 @@ using namespace vs::project_resave;
 
 namespace {
 
+// True if two files are in one folder, which may be reached through a link.
+bool share_folder(const wide_string& one, const wide_string& other) {
+    return is_same_file(path_normalise(path_head(one)), path_normalise(path_head(other)));
+}
+
 // True if the page would replace a file that it lists.
 bool is_in_the_way(const wide_string& path, const page_facts& facts) {
-    const auto is_it = [&](const wide_string& other) { return !other.empty() && path_same(path, other); };
+    const wide_string name = path_key(path_file_name(path));
+    const auto is_it = [&](const wide_string& other) {
+        return name == path_key(path_file_name(other)) && share_folder(path, other);
+    };
     return is_it(facts.project) || is_it(facts.new_project) ||
            std::ranges::any_of(
                facts.files,
@@ -32,7 +40,8 @@ bool is_in_the_way(const wide_string& path, const page_facts& facts) {
 
 // True if the page has the name of the file up to a dot, so that it would pass for a file of its data set.
 bool is_named_as(const wide_string& path, const wide_string& file) {
-    return path_key(path).starts_with(path_key(path_head(file) + path_stem(file)) + u'.');
+    return path_key(path_file_name(path)).starts_with(path_key(path_stem(file)) + u'.') &&
+           share_folder(path, file);
 }
 
 constexpr sentence passes_for_data = "it would pass for a file of the data set next to it";

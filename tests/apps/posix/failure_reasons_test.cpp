@@ -196,6 +196,18 @@ TEST_F(failure_reasons, a_file_in_a_folder_of_a_well_whose_name_is_not_utf8) {
     }
 }
 
+TEST_F(failure_reasons, a_page_is_kept_out_of_a_data_set_behind_a_link) {
+    fs::create_directories(native("n") / "out/rtr");
+    for (const auto& [folder, code] : {std::pair(native("c") / "data", 2), {native("n") / "out/rtr", 1}}) {
+        fs::remove(native("n") / "page");
+        fs::create_directory_symlink(folder, native("n") / "page");
+        EXPECT_EQ(code, command("resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp' --quiet --report "
+                                "'N:\\page\\big.html'"));
+        EXPECT_TRUE(is_told("it would pass for a file of the data set next to it")) << err;
+        EXPECT_FALSE(fs::exists(folder / "big.html"));
+    }
+}
+
 // Nothing is written, whatever is asked for.
 TEST_F(failure_reasons, a_wrong_drive_or_a_place_for_no_file_is_refused) {
     fs::create_directories(native("n") / "out");
