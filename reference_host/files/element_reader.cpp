@@ -1,3 +1,4 @@
+// Reads the values of the elements of a project, scene or layer file into model objects.
 #include "reference_host/files/element_reader.h"
 
 #include <string_view>
@@ -58,7 +59,7 @@ void element_reader::enter_uuid(pugi::xml_node node, entity& object) {
                          decimal(in_.line_of(found->second.node)));
 }
 
-// A container without an element is empty and has the uuid that the project gave it.
+// A container without an element is empty and keeps the uuid that the project's constructor gave it.
 pugi::xml_node element_reader::read_container(pugi::xml_node node, const char* name, entity& out) {
     const pugi::xml_node container = node.child(name);
     if (container)

@@ -1,3 +1,4 @@
+// Reads an XML file of the host into memory and converts the values of its attributes.
 #include "reference_host/files/input.h"
 
 #include <algorithm>
@@ -15,7 +16,7 @@ namespace {
 using namespace vs::project_resave;
 using platform::from_utf8;
 
-// A text of the file inside of a message, which stays one line of fair length.
+// Returns a text of the file in quotes for a message: on one line, and shortened.
 wide_string quoted(std::string_view value) {
     wide_string text = from_utf8(value.substr(0, 240));
     if (text.size() > 60) text = text.substr(0, 60) + u"...";
@@ -70,7 +71,8 @@ bool input::check_text() {
 }
 
 bool input::parse() {
-    // References are left to text_of_xml, which is strict with them; text around the root must show up.
+    // Entities are left to text_of_xml, which is strict about them. Text around the root element is kept so
+    // that it is found.
     constexpr unsigned options =
         (pugi::parse_default & ~pugi::parse_escapes) | pugi::parse_fragment | pugi::parse_trim_pcdata;
     const pugi::xml_parse_result result =
