@@ -11,12 +11,12 @@ namespace vestra::shell {
 
 using namespace vs::project_resave;
 
-// One bundle with the context that it knows the host by.
+// One bundle, with the context object that identifies it to the host.
 class bundle_loader::loaded_bundle final : public bundle_context_impl {
 public:
     loaded_bundle(service_registry& registry, wide_string path, std::unique_ptr<platform::library> library)
         : registry_(registry), path_(std::move(path)), library_(std::move(library)) {}
-    ~loaded_bundle() { registry_.remove(context()); } // before the library goes
+    ~loaded_bundle() { registry_.remove(context()); } // before the library is unloaded
     loaded_bundle(const loaded_bundle&) = delete;
     loaded_bundle& operator=(const loaded_bundle&) = delete;
 
