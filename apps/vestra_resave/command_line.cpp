@@ -1,3 +1,4 @@
+// Declares the options of every command and converts the parsed words into requests.
 #include "apps/vestra_resave/command_line.h"
 
 #include <CLI/CLI.hpp>
@@ -16,7 +17,7 @@ using vs::project_resave::structure_settings;
 
 namespace {
 
-// The words whose meaning is known when all of the line is.
+// Words whose meaning depends on the rest of the command line.
 struct words {
     std::string structure = "by-type", conflict = "rename", companions = "known", referenced, on_stop;
     bool without_project_file = false, dry_run = false, resume = false, update = false;
@@ -143,7 +144,7 @@ void add_resave_choices(CLI::App& command, resave_request& request, words& words
         ->check(CLI::IsMember({"erase", "keep", "ask"}));
 }
 
-// An unset word and "ask" leave the question to the person.
+// Returns nothing for an unset word and for "ask", which leave the question to the user.
 template <class Answer>
 std::optional<Answer> decided(const std::string& word, const std::string& first, Answer meaning,
                               Answer other) {
@@ -161,7 +162,7 @@ constexpr const char* about_structures =
     "                          correlation sheets are dropped, and the files of wells stay where they "
     "are\n\n";
 
-// What the places and the content of the copies depend on, as a person has chosen it.
+// Returns the user's options that determine the paths and contents of the copies.
 std::vector<std::pair<std::string, std::string>> choices_of(const resave_request& request,
                                                             const words& words) {
     const auto yes_or_no = [](bool is_set) { return std::string(is_set ? "yes" : "no"); };
@@ -325,7 +326,7 @@ void add_panel(CLI::App& app, command_line& line) {
     command->callback([&line] { line.run = [&line] { return drive_panel(line.panel, line.options); }; });
 }
 
-// Returns what is wrong. Without a command the first word is to blame, if there is one that is no option.
+// Returns the error text. If no command was recognised, reports the first word that is not an option.
 std::string failure_text(const CLI::App& app, const CLI::Error& error) {
     const std::vector<std::string> words = app.remaining();
     if (words.empty() || words.front().starts_with("-") || !app.get_subcommands().empty())
@@ -353,11 +354,11 @@ std::optional<int> parse(int argc, char** argv, command_line& line) {
     std::vector<std::string> arguments = vs::project_resave::platform::program_arguments(argc, argv);
     const bool wants_json = std::ranges::count(arguments, "--json") != 0;
     try {
-        std::ranges::reverse(arguments); // taken from the end
+        std::ranges::reverse(arguments); // the parser takes them from the end
         app.parse(std::move(arguments));
     } catch (const CLI::ParseError& error) {
         if (error.get_exit_code() == 0) return app.exit(error);
-        line.options.json = wants_json; // which may stand after the word that is wrong
+        line.options.json = wants_json; // --json can come after the wrong word
         end_with(refused({}, failure_text(app, error)), line.options);
         std::cerr << "Run with --help for more information.\n";
         return wrong_use;

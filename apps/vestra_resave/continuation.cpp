@@ -1,3 +1,4 @@
+// Finds out what an earlier run left at the target and whether a resave can continue from it.
 #include "apps/vestra_resave/continuation.h"
 
 #include <algorithm>
@@ -41,7 +42,7 @@ std::optional<refusal> continuation::find(session& host) {
         if (auto early = refuse_at_work(journal_path(target_))) return early;
     if (request_.mode == run_mode::resume) return find_to_resume(host);
     if (request_.mode == run_mode::update) return find_to_update(host);
-    if (!has_journal_) { // a manifest that stays would be of what is replaced
+    if (!has_journal_) { // a remaining manifest describes the project being replaced
         has_manifest_ = path_exists(target_) && has_own_manifest();
         return std::nullopt;
     }
@@ -49,7 +50,7 @@ std::optional<refusal> continuation::find(session& host) {
                                               "--update brings the copy up to date"));
 }
 
-// Nothing may start where another run is at work: its journal is open.
+// Refuses to start while another run is active, which keeps its journal open.
 std::optional<refusal> continuation::refuse_at_work(const wide_string& journal) const {
     std::unique_ptr<platform::file> file;
     const platform::outcome opened = platform::current_system().open(
@@ -58,8 +59,9 @@ std::optional<refusal> continuation::refuse_at_work(const wide_string& journal) 
     return refused(journal, say("another resave into this folder is at work"));
 }
 
-// A run of another project would take the names that this one has just found free. The own journal is open:
-// of two runs that start in one instant at least one sees the other.
+// Refuses to start while a run of another project is active in the folder, because it would take names that
+// this run found free. This run's own journal is open already, so of two runs that start at the same moment
+// at least one sees the other.
 std::optional<refusal> continuation::refuse_others_at_work() const {
     const wide_string own = journal_path(target_), folder = path_head(target_);
     for (const auto& each : platform::entries_or_none(platform::current_system(), folder)) {
@@ -141,10 +143,10 @@ std::optional<refusal> continuation::find_to_update(session& host) {
     return std::nullopt;
 }
 
-// Without a manifest what the earlier project refers to is its copy.
+// Without a manifest, the files that the earlier project refers to are its copy.
 std::optional<refusal> continuation::find_earlier_copy(session& host) {
     if (!has_manifest_ && path_exists(target_)) {
-        // What is lost there is not looked for.
+        // Do not search for files that the earlier project lost.
         const auto project_read = std::exchange(shell::settings().project_read, nullptr);
         const auto scene_read = std::exchange(shell::settings().scene_read, nullptr);
         auto early = host.load(target_, false, false);
@@ -158,8 +160,8 @@ std::optional<refusal> continuation::find_earlier_copy(session& host) {
     return std::nullopt;
 }
 
-// True if the project is as the earlier run wrote it; or as it was before, if nobody knows whether that was
-// done.
+// True if the project file is as the earlier run wrote it, or as it was before if it is unknown whether the
+// earlier run wrote it.
 bool continuation::is_as_recorded(const std::vector<earlier_file>& files) const {
     const platform::entry_status now = platform::current_system().status_of(target_);
     return std::ranges::any_of(files, [&](const earlier_file& each) {
@@ -174,8 +176,8 @@ bool continuation::is_as_recorded(const std::vector<earlier_file>& files) const 
     });
 }
 
-// With the folders that they are in. What is not below the new project's folder is none of our business,
-// whatever a journal or a manifest says.
+// Adds the files and their folders. Paths outside the new project's folder are ignored, whatever a journal or
+// manifest says.
 void continuation::add_files(std::vector<earlier_file> files) {
     const wide_string top = path_key(path_head(target_));
     const wide_string below = path_with_separator(top);

@@ -1,3 +1,4 @@
+// Converts a request to JSON for the journal, and compares two of them.
 #include "apps/vestra_resave/earlier_request.h"
 
 #include <nlohmann/json.hpp>
@@ -16,7 +17,7 @@ using nlohmann::ordered_json;
 
 namespace {
 
-// The text under a key; empty if there is none.
+// Returns the text for a key; empty if there is none.
 std::string text_in(const ordered_json& all, const char* key) {
     const auto found = all.is_object() ? all.find(key) : all.end();
     return found != all.end() && found->is_string() ? found->get<std::string>() : std::string();
