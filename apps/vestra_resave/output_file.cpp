@@ -1,3 +1,4 @@
+// Checks output paths, so that no file of a project is overwritten.
 #include "apps/vestra_resave/output_file.h"
 
 #include "apps/vestra_resave/referred_files.h"
@@ -38,7 +39,7 @@ std::optional<refusal> refuse_output(const std::string& typed) {
     const wide_string path = platform::drive_path(typed);
     platform::system& disk = platform::current_system();
     const platform::entry_kind kind = disk.kind_of(path);
-    constexpr char16_t stand_in = 0xFFFD; // for bytes that are not UTF-8
+    constexpr char16_t stand_in = 0xFFFD; // replaces bytes that are not UTF-8
     if (kind == platform::entry_kind::none && path.find(stand_in) != wide_string::npos)
         return refused(path, say("the name is not UTF-8; give another one"));
     if (kind == platform::entry_kind::folder)

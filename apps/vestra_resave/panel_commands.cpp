@@ -1,3 +1,4 @@
+// The commands of `panel`: finds elements by name and sends them events.
 #include "apps/vestra_resave/panel_commands.h"
 
 #include <algorithm>
@@ -47,7 +48,7 @@ std::string names_of(const element_view& view, bool (*is_meant)(const element_vi
     return names;
 }
 
-// Whether a user could reach the element: nothing around it is disabled or out of sight.
+// True if a user could reach the element: every element around it is enabled and visible.
 bool is_within_reach(const element_view& around, const element_view& wanted) {
     if (!around.enabled || !around.visible) return false;
     if (&around == &wanted) return true;
@@ -95,7 +96,7 @@ void panel_commands::obey(std::string_view line) {
 void panel_commands::help(const std::string&) {
     for (const verb& each : verbs) {
         std::string line = std::string("  ") + each.word + ' ' + say(each.arguments);
-        // In columns of characters, of which some are two bytes.
+        // Pads by characters, because some of them are two bytes.
         const std::size_t length = platform::from_utf8(line).size();
         line.append(length < 25 ? 26 - length : 1, ' ');
         print_(line + say(each.what) + '\n');

@@ -7,7 +7,7 @@ using platform::outcome;
 
 namespace {
 
-// The answer kept for a path; asked of `ask` if there is none.
+// Returns the stored answer for a path; calls `ask` if there is none.
 template <class Table, class Question>
 auto kept_or_new(Table& table, const wide_string& path, const Question& ask) {
     if (const auto at = table.find(std::u16string_view(path)); at != table.end()) return at->second;

@@ -1,12 +1,12 @@
-// A disk that is asked once: what it answered on a file or folder it answers again, until something is
-// written through it. The commands ask for most files of a project several times before the run and after it,
-// and on a share each question is a round trip.
+// A disk that caches the status and identity of each file until something is written through it. The commands
+// ask for most files of a project several times before and after the run, and on a share each request is a
+// round trip.
 //
 //     remembered_disk disk;
 //     const platform::system_override in_force(disk);
-//     ... // load, look, compare: each name is asked for once
-//     create_folders(path); // all that was known is forgotten
-//     disk.remember(false); // a run looks anew each time: it may take hours, and others work meanwhile
+//     ... // load, look, compare: each name is requested once
+//     create_folders(path); // discards the cache
+//     disk.remember(false); // a run takes hours and others work meanwhile, so nothing is cached
 #pragma once
 
 #include <functional>
@@ -23,12 +23,12 @@ namespace vestra::command {
 using vs::project_resave::wide_string;
 namespace platform = vs::project_resave::platform;
 
-// For one thread. What other programs do to a file between two writes does not show.
+// For use in one thread. Changes by other programs between two writes are not noticed.
 class remembered_disk final : public vs::project_resave::forwarding_system {
 public:
     using forwarding_system::forwarding_system;
 
-    // Whether answers are kept, as they are at first. Those that are known are forgotten.
+    // Switches the cache on or off and discards its content. Initially it is on.
     void remember(bool on) {
         remembers_ = on;
         forget();
@@ -37,7 +37,7 @@ public:
     platform::entry_status status_of(const wide_string& path) override;
     platform::file_identity identity_of(const wide_string& path) override;
 
-    // These write, so that what is known no longer holds.
+    // These write, so they discard the cache.
     platform::outcome copy_file(const wide_string& source, const wide_string& target, bool replace) override;
     platform::outcome delete_file(const wide_string& path) override;
     platform::outcome create_folder(const wide_string& path) override;
@@ -51,12 +51,12 @@ private:
         using is_transparent = void;
         size_t operator()(std::u16string_view text) const { return std::hash<std::u16string_view>()(text); }
     };
-    // By the path as it was asked: the spelling can matter.
+    // By the path as given, because the spelling can matter.
     template <class Answer>
     using by_path = std::pmr::unordered_map<std::pmr::u16string, Answer, text_hash, std::equal_to<>>;
 
-    // In memory of their own, which is given back as a whole: holes left all over the heap would make each
-    // later allocation of the run slower.
+    // Allocated from a pool that is freed as a whole: fragments all over the heap would make every later
+    // allocation of the run slower.
     struct answers {
         std::pmr::monotonic_buffer_resource memory;
         by_path<platform::entry_status> statuses{&memory};
@@ -67,7 +67,7 @@ private:
     void forget() { known_.reset(); }
 
     bool remembers_ = true;
-    std::unique_ptr<answers> known_; // null as long as nothing is known
+    std::unique_ptr<answers> known_; // null while the cache is empty
 };
 
 } // namespace vestra::command

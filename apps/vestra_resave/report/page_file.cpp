@@ -1,3 +1,4 @@
+// Writes the page, after checking that it does not replace or pose as a file of the project.
 #include "apps/vestra_resave/report/page_file.h"
 
 #include <algorithm>
@@ -30,7 +31,8 @@ bool is_in_the_way(const wide_string& path, const page_facts& facts) {
                                [&](const problem& each) { return is_it(each.path) || is_it(each.new_path); });
 }
 
-// True if the page has the name of the file up to a dot, so that it would pass for a file of its data set.
+// True if the page has the same name as the file up to a dot, so that it would look like a part of its data
+// set.
 bool is_named_as(const wide_string& path, const wide_string& file) {
     return path_key(path).starts_with(path_key(path_head(file) + path_stem(file)) + u'.');
 }
