@@ -1,3 +1,4 @@
+// Resolves the names of --only and --deselect to elements and applies them to the selection.
 #include "apps/vestra_resave/selection.h"
 
 #include <algorithm>
@@ -19,10 +20,10 @@ namespace {
 
 struct place {
     const element* found;
-    wide_string holders; // captions of what it is in
+    wide_string holders; // captions of its parents
 };
 
-// True if the text is as the pattern says, in which "*" stands for any characters and "?" for one.
+// True if the text matches the pattern, in which "*" stands for any characters and "?" for one.
 bool fits(wide_view text, wide_view pattern) {
     size_t at = 0, in = 0, star = wide_view::npos, behind = 0;
     while (at < text.size()) {
@@ -41,13 +42,14 @@ bool fits(wide_view text, wide_view pattern) {
     return pattern.find_first_not_of(u'*', in) == wide_view::npos;
 }
 
-// All elements of the project, and those among them that a person means by a name.
+// All elements of the project, for finding those that a name on the command line means.
 class directory {
 public:
     explicit directory(const std::vector<element>& elements) {
         for (const element& each : elements) enter(each, {}, {});
     }
-    // What the name means; nothing, with a line for the person, if that is no element or not a certain one.
+    // Returns the elements that the name means. If it fits none, or several, returns nothing and adds a
+    // message.
     std::vector<const element*> find(const std::string& name, std::vector<std::string>& complaints) const;
 
 private:
@@ -75,7 +77,7 @@ void directory::enter(const element& each, const wide_string& holders, const wid
         enter(child, below, each.kind == "group" ? folded(each.caption) : group);
 }
 
-// What a word with a meaning of its own stands for.
+// Returns the elements that a keyword such as "type:" selects.
 std::vector<const element*> directory::matching(const wide_string& word) const {
     const auto listed_in = [&](const auto& rows, wide_view prefix) {
         const auto row = rows.find(word.substr(prefix.size()));
@@ -133,7 +135,7 @@ void leave_out(const element& each, selection_register& selection) {
     for (const element& child : each.children) leave_out(child, selection);
 }
 
-// True if the element or anything below it is wanted.
+// True if the element or any of its descendants is wanted.
 bool keep_only(const element& each, const std::unordered_set<const element*>& wanted,
                selection_register& selection) {
     if (wanted.contains(&each)) return true;
@@ -144,7 +146,7 @@ bool keep_only(const element& each, const std::unordered_set<const element*>& wa
     return holds_wanted;
 }
 
-// True if the element, or anything below it, can be left out and is not.
+// True if the element or any of its descendants can be left out and is not.
 bool is_any_selected(const element& each, const selection_register& selection) {
     return (each.selectable && selection.is_selected(each.uuid)) ||
            std::ranges::any_of(each.children,

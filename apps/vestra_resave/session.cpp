@@ -1,3 +1,4 @@
+// Starts the host for one command, loads a project and answers the questions of runs.
 #include "apps/vestra_resave/session.h"
 
 #include <algorithm>
@@ -55,7 +56,7 @@ void command_questions::place_found() {
     if (earlier) earlier->end_placing();
 }
 
-// "//a" is a usual spelling of "/a" where there are no shares.
+// "//a" is a common spelling of "/a" on systems without shares.
 std::optional<refusal> refuse_share(const std::string& typed) {
     const std::string start = typed.substr(0, 2);
     const bool is_share = start == "\\\\" || start == "/\\" || start == "\\/";
@@ -66,7 +67,7 @@ std::optional<refusal> refuse_share(const std::string& typed) {
 
 namespace {
 
-// Has the load ask whether it is to stop, and shows which part of the project's elements it has opened.
+// Lets the load poll for a stop, and shows the share of elements that have been opened.
 class load_progress {
 public:
     load_progress(shell::front_end& screen, bool shows, std::function<bool()> is_stopped)
@@ -137,7 +138,7 @@ std::optional<refusal> session::load(const std::string& project) {
 
 std::optional<refusal> session::load(const wide_string& path, bool show_wait, bool write_open_log) {
     shell::settings().refused_reads.clear();
-    context_->report.restart({}); // what an earlier run reported has been read
+    context_->report.restart({}); // the reports of earlier runs have been read
     const bool is_loaded = [&] {
         const bool shows_steps = own_ && show_wait && own_->terminal.shows();
         const load_progress shown(screen(), shows_steps, [this] { return interrupted(); });

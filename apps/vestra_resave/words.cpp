@@ -10,7 +10,7 @@ namespace vestra::command {
 
 namespace {
 
-// What others say: the host, its readers, and the operating system where it speaks English.
+// Texts of the host, its readers, and the operating system in English.
 constexpr text_row words_of_others[] = {
     {"line %1: %2", "строка %1: %2"},
     {"VESTRA_DRIVES: %1", "VESTRA_DRIVES: %1"},
@@ -121,8 +121,8 @@ std::string filled(std::string_view text, const std::vector<std::string>& parts)
     return all;
 }
 
-// Returns what stands in the places of a pattern, which are in ascending order; nothing if the text is
-// another one.
+// Returns the parts of `text` at the placeholders of the pattern, which are in ascending order; nothing if
+// the text does not match.
 std::optional<std::vector<std::string>> parts_in(std::string_view text, std::string_view pattern) {
     std::vector<std::string> parts;
     for (size_t place; (place = pattern.find('%')) != std::string_view::npos;) {

@@ -1,3 +1,4 @@
+// The table of drive letters and folders.
 #include "apps/vestra_resave_window/drives_dialog.h"
 
 #include <QDialogButtonBox>

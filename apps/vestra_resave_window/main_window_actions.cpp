@@ -1,4 +1,4 @@
-// Menus and tools of the window, and what they ask for.
+// The menus and tools of the window and their actions.
 #include <QAction>
 #include <QActionGroup>
 #include <QCoreApplication>
@@ -79,7 +79,7 @@ void main_window::fill_language_menu(QMenu& menu) {
         each->setCheckable(true);
         each->setChecked(is_shown);
         languages->addAction(each);
-        // Later, for the menu that this comes from is made anew.
+        // Queued, because the menu that triggers this is recreated.
         const auto change = [this, code] { set_language(code); };
         connect(each, &QAction::triggered, this, change, Qt::QueuedConnection);
     };
@@ -121,13 +121,13 @@ void main_window::choose_drives() {
     const auto has = [](const auto& all, const auto& each) {
         return std::ranges::find(all, each) != all.end();
     };
-    // What the command line or the environment says counts for this time.
+    // Drives of the command line or environment are not stored.
     std::erase_if(kept, [&](const auto& each) { return has(now, each) && !has(stored, each); });
     stored_.set_drives(kept);
     if (dialog.drives() != now) map_anew(dialog.drives());
 }
 
-// The trees are congruent: what a window is built of is the same in every language.
+// Both trees have the same structure, because a window is built in the same way in every language.
 void main_window::copy_choices(const element_view& from, const element_view& to) {
     view_->widgets().send([&] {
         if (from.kind == u"file_input" && !from.text.empty()) toolkit::enter_text(to, from.text);
