@@ -43,10 +43,12 @@ struct ended_verify {
     std::optional<refusal> early; // why nothing was checked; the rest is then empty
     verification found;
     std::vector<problem> problems; // further problems found while loading
-    const char* outcome = "";      // "stands alone", "does not stand alone", "stopped"
+    const char* outcome = "";      // in JSON: "stands alone", "does not stand alone", "stopped"
     std::vector<file> files = {};  // existing files that the project needs, if a report is requested
 };
 ended_verify verify_in(session& host, const verify_request& request);
+// Returns the outcome in words for the user: "self-contained", "not self-contained", "stopped".
+std::string outcome_text(const ended_verify& ended);
 std::string closing_line(const ended_verify& ended);
 
 // check-case: reports paths of a project that differ from the disk in letter case. `report` can be "-".

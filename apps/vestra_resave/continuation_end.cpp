@@ -136,11 +136,11 @@ void continuation::remove_unreferenced(project_context& context, resave_report& 
         for (const continued_disk::row* each : left) {
             const char16_t* keeps = nullptr;
             if (lacks_sources)
-                keeps = u"nothing is removed while a part of the project is missing";
+                keeps = u"no files are removed while part of the project is missing";
             else if (others.need(each->file->path))
                 keeps = u"something else uses it";
             else if (kept.contains(*each->set))
-                keeps = u"its source is gone, so it may be the last copy";
+                keeps = u"its source no longer exists, so it may be the last copy";
             end_unreferenced(*each, keeps, copies, report);
         }
     }

@@ -182,7 +182,7 @@ platform::outcome read_journal(const wide_string& path, earlier_run& found) {
     std::string text;
     if (const platform::outcome read = read_text(path, text); !read) return read;
     if (!text.empty() && !text.starts_with(journal_title)) // an empty journal has only begun
-        return platform::outcome::because(u"it is no journal of a resave");
+        return platform::outcome::because(u"it is not the journal of a resave");
     journal_reader reader(path_head(path), found);
     for (size_t at = 0, end = 0; (end = text.find('\n', at)) != std::string::npos; at = end + 1)
         if (const auto words = words_of(std::string_view(text).substr(at, end - at)); !words.empty())

@@ -236,7 +236,7 @@ std::optional<refusal> read_manifest(const wide_string& project, std::vector<ear
     if (const platform::outcome read = read_text(path, text); !read)
         return refusal{wrong_use, {{own_kind::unreadable, {}, path, {}, read.text()}}};
     auto entries = entries_of(text, project, entries_wanted::made, source);
-    if (!entries) return refused(path, say("is no manifest of this project"));
+    if (!entries) return refused(path, say("is not a manifest of this project"));
     files = std::move(*entries);
     return std::nullopt;
 }
@@ -249,7 +249,7 @@ std::optional<refusal> compare_with_manifest(const wide_string& project,
     if (const platform::outcome read = read_text(path, text); !read)
         return refusal{wrong_use, {{own_kind::unreadable, {}, path, {}, read.text()}}};
     const auto entries = entries_of(text, project, entries_wanted::referred);
-    if (!entries) return refused(path, say("is no manifest of this project"));
+    if (!entries) return refused(path, say("is not a manifest of this project"));
     uint64_t bytes = 0;
     for (const entry& each : *entries) bytes += each.bytes;
     begins(bytes);

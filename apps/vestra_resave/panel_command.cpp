@@ -114,7 +114,7 @@ int drive_panel(const panel_request& request, const common_options& options) {
                      {std::to_string(left)}));
         return not_saved;
     }
-    print(say("closed, nothing left") + '\n');
+    print(say("closed, no objects left") + '\n');
     return end;
 }
 

@@ -196,12 +196,15 @@ constexpr auto device_names = std::to_array<wide_view>(
 
 // Returns why Windows cannot have a file of this name; empty if it can.
 wide_view fault_in_name(const wide_string& name) {
-    if (name.find_first_of(u"<>:\"|?*") != wide_string::npos) return u"it has one of the characters <>:\"|?*";
-    if (std::ranges::any_of(name, [](char16_t c) { return c < u' '; })) return u"it has a control character";
-    if (name.ends_with(u'.') || name.ends_with(u' ')) return u"it ends with a dot or a blank";
+    if (name.find_first_of(u"<>:\"|?*") != wide_string::npos)
+        return u"it contains one of the characters <>:\"|?*";
+    if (std::ranges::any_of(name, [](char16_t c) { return c < u' '; }))
+        return u"it contains a control character";
+    if (name.ends_with(u'.') || name.ends_with(u' ')) return u"it ends with a dot or a space";
     wide_string stem = platform::folded(name.substr(0, name.find(u'.')));
     stem.erase(stem.find_last_not_of(u' ') + 1);
-    return std::ranges::find(device_names, stem) == device_names.end() ? u"" : u"it is the name of a device";
+    return std::ranges::find(device_names, stem) == device_names.end() ? u""
+                                                                       : u"it is a reserved device name";
 }
 
 } // namespace
@@ -219,14 +222,14 @@ std::optional<refusal> refuse_missing_drives(const std::vector<element>& element
         if (is_drive)
             name.front() = static_cast<char>(std::toupper(static_cast<unsigned char>(name.front())));
         std::string line = paths.size() == 1
-                               ? say("%1 does not exist, and 1 file of the project is on it", {name})
-                               : say("%1 does not exist, and %2 files of the project are on it",
+                               ? say("%1 does not exist, but 1 file of the project is on it", {name})
+                               : say("%1 does not exist, but %2 files of the project are on it",
                                      {name, std::to_string(paths.size())});
         if (is_drive) line = say("%1; map it with --drive %2=FOLDER", {line, name.substr(0, 1)});
         early.problems.push_back(refused({}, line).problems.front());
     }
     early.problems.push_back(
-        refused({}, say("with --allow-missing-drives these files are lost")).problems.front());
+        refused({}, say("use --allow-missing-drives to treat these files as lost")).problems.front());
     return early;
 }
 
@@ -249,7 +252,7 @@ std::optional<refusal> refuse_target(const wide_string& folder, const resave_req
          {},
          {},
          as_on_disk(folder),
-         platform::from_utf8(say("%1 are needed, %2 are free", {size_text(needed), size_text(free)}))});
+         platform::from_utf8(say("%1 needed, %2 free", {size_text(needed), size_text(free)}))});
 }
 
 void add_unportable_names(const run_state& run, std::vector<problem>& all) {

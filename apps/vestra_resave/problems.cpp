@@ -40,43 +40,43 @@ constexpr kind_words all_kinds[] = {
     {"type_not_resaved", "layers of this type are not resaved"},
     {"reads_other", "its copy %1 reads a file that is not its own"},
     {"join_kept", "still joined to the original table"},
-    {"selection_not_settled", "elements that others refer to were still being added when the search ended"},
+    {"selection_not_settled", "possibly not all elements that others refer to were added"},
     {"not_erased", "could not be erased"},
     {"renamed", "was renamed to %1"},
-    {"written_over", "was written over a file that existed"},
+    {"written_over", "replaced an existing file"},
     {"exception_caught", "internal error"},
     {own_kind::outside, "is outside the new project's folder"},
     {own_kind::refused, {}},
     {own_kind::not_loaded, "could not be loaded"},
     {own_kind::not_created, "could not be created"},
-    {own_kind::not_entered, "could not be entered"},
+    {own_kind::not_entered, "could not be made the current folder"},
     {own_kind::too_little_space, "too little space"},
     {own_kind::not_writable, "cannot be written to"},
-    {own_kind::name_too_long, "no file of this name can be created"},
-    {own_kind::unportable_name, "has a name that a Windows disk does not take"},
+    {own_kind::name_too_long, "a file with this name cannot be created"},
+    {own_kind::unportable_name, "has a name that Windows does not accept"},
     {own_kind::interrupted, "interrupted"},
     {own_kind::unreferenced, "is no longer referred to"},
-    {own_kind::stale, "is left from an earlier resave and would be read with %1; --prune removes it"},
-    {own_kind::pruned, "was no longer referred to, and has been removed"},
-    {own_kind::changed_since, "was changed since the earlier resave, and stays as it is"},
+    {own_kind::stale, "is left from an earlier resave and would be read with %1; use --prune to remove it"},
+    {own_kind::pruned, "was no longer referred to and has been removed"},
+    {own_kind::changed_since, "was changed since the earlier resave and is left as it is"},
     {own_kind::found, "was found at %1"},
     {own_kind::not_searched, "could not be searched"},
     {own_kind::left_behind, "was left behind"},
     {own_kind::dropped, "is not in the new project"},
-    {own_kind::left_alone, "was not copied, as a resave leaves this kind of element alone"},
+    {own_kind::left_alone, "was not copied, because the files of this kind of element are not resaved"},
     {own_kind::reference_outside, "is outside the project's folder"},
     {own_kind::reference_missing, "does not exist"},
     {own_kind::reference_outside_and_missing, "is outside the project's folder and does not exist"},
     {own_kind::reference_empty, "is empty"},
     {own_kind::unreadable, "could not be read"},
     {own_kind::copy_missing, "its copy %1 does not exist"},
-    {own_kind::copy_size_differs, "its copy %1 has another size"},
-    {own_kind::copy_content_differs, "its copy %1 has another content"},
+    {own_kind::copy_size_differs, "its copy %1 has a different size"},
+    {own_kind::copy_content_differs, "its copy %1 has different content"},
     {own_kind::copy_unreadable, "its copy %1 could not be read"},
     {own_kind::source_unreadable, "could not be read to compare it with %1"},
-    {own_kind::manifest_missing, "is in the manifest and does not exist"},
-    {own_kind::manifest_size_differs, "has another size than in the manifest"},
-    {own_kind::manifest_content_differs, "has another content than in the manifest"},
+    {own_kind::manifest_missing, "is in the manifest but does not exist"},
+    {own_kind::manifest_size_differs, "differs in size from the manifest"},
+    {own_kind::manifest_content_differs, "differs in content from the manifest"},
 };
 
 // Returns why the host could not read or write the file of a fact; empty if unknown.
@@ -146,7 +146,7 @@ std::vector<problem> problems_of(const run_state& run) {
                        {},
                        {},
                        {},
-                       platform::from_utf8(say("too little memory to report"))});
+                       platform::from_utf8(say("too little memory for the report"))});
     return all;
 }
 
@@ -325,14 +325,14 @@ void print(const std::vector<problem>& all) {
         if (is_of_full_disk(each) && count > 1) {
             if (line == 1)
                 complain(
-                    say("%1: %2; %3 files could not be written (all are in --json)",
+                    say("%1: %2; %3 files could not be written (--json lists all)",
                         {printed(each.new_path), say_known(to_utf8(each.reason)), std::to_string(count)}));
             continue;
         }
         const bool is_shortened = !is_notice(each) && count > most;
         if (!is_shortened || line <= shown) complain(line_of(each));
         if (is_shortened && line == shown)
-            complain(say("and %1 more like this (all are in --json)", {std::to_string(count - shown)}));
+            complain(say("and %1 more like this (--json lists all)", {std::to_string(count - shown)}));
     }
 }
 

@@ -66,7 +66,7 @@ std::optional<refusal> refuse_lowered(const wide_string& folder) {
         platform::lower_in_place(lowered);
         if (path_exists(level) && path_exists(lowered) &&
             !platform::current_system().same_file(level, lowered))
-            return refused(level, say("with --lowercase the files would go to another folder that exists: %1",
+            return refused(level, say("with --lowercase the files would go to another existing folder: %1",
                                       {printed(lowered)}));
     }
     return std::nullopt;
@@ -88,7 +88,7 @@ std::optional<refusal> refuse_paths(const wide_string& source, const wide_string
     if (!path_exists(target)) return std::nullopt;
     const auto fault = files::read_project(target, older);
     if (!fault) return std::nullopt;
-    return refused(target, say("exists and is no project file: %1", {say_known(one_line(fault->reason))}));
+    return refused(target, say("exists and is not a project file: %1", {say_known(one_line(fault->reason))}));
 }
 
 // Loads the project and applies the selection.
@@ -98,7 +98,7 @@ std::optional<refusal> prepare(session& host, const resave_request& request, con
     if (auto early = refuse_paths(source, target, request)) return early;
     if (auto early = earlier.find(host)) return early;
     if (path_exists(target) && !request.overwrite && !earlier.may_replace_project())
-        return refused(target, say("exists; with --overwrite it is replaced"));
+        return refused(target, say("already exists; use --overwrite to replace it"));
     if (auto early = host.load(source, true, request.load_log)) return early;
     project_context& context = host.context();
     const std::vector<element> elements = elements_of(context);
@@ -220,7 +220,7 @@ ended_resave resave_in(session& host, const resave_request& request, trial_disk*
         for (problem& each : write_manifest(host.context(), earlier, is_stopped)) {
             if (is_stopped() && each.kind == own_kind::not_created) {
                 each.kind = own_kind::interrupted;
-                each.reason = u"the manifest was stopped before its end";
+                each.reason = u"writing the manifest was interrupted";
             }
             if (each.kind == own_kind::not_created) earlier.keep_journal();
             add(report, each);

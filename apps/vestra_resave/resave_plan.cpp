@@ -82,12 +82,12 @@ resave_plan plan_of(const run_state& run, trial_disk& disk, resave_report& repor
     else
         plan.free_space_failure = found.text();
     if (plan.free_bytes && plan.bytes > free)
-        add(report, {own_kind::too_little_space,
-                     {},
-                     {},
-                     folder,
-                     platform::from_utf8(
-                         say("%1 are needed, %2 are free", {size_text(plan.bytes), size_text(free)}))});
+        add(report,
+            {own_kind::too_little_space,
+             {},
+             {},
+             folder,
+             platform::from_utf8(say("%1 needed, %2 free", {size_text(plan.bytes), size_text(free)}))});
     return plan;
 }
 

@@ -58,7 +58,7 @@ struct summary_count {
     size_t resave_summary::*count;
 };
 constexpr summary_count counts[] = {
-    {"%1 taken over", "taken_over", &resave_summary::taken_over},
+    {"%1 already copied", "taken_over", &resave_summary::taken_over},
     {"%1 unchanged", "unchanged", &resave_summary::unchanged},
     {"%1 replaced", "replaced", &resave_summary::replaced},
     {"%1 no longer referred to", "unreferenced", &resave_summary::unreferenced},
@@ -68,7 +68,7 @@ constexpr summary_count counts[] = {
     {"%1 lost", "lost", &resave_summary::lost},
     {"%1 failed", "failed", &resave_summary::failed},
     {"%1 of an unknown type", "not_resaved", &resave_summary::not_resaved},
-    {"%1 references astray", "astray", &resave_summary::astray},
+    {"%1 broken references", "astray", &resave_summary::astray},
     {"%1 left behind", "left_behind", &resave_summary::left_behind},
     {"%1 dropped", "dropped", &resave_summary::dropped},
     {"%1 left alone", "left_alone", &resave_summary::left_alone},
@@ -219,7 +219,7 @@ void print_problems(const resave_report& report) {
     std::vector<problem> all = report.problems;
     std::erase_if(all, [](const problem& each) { return each.kind == name_of(fact_kind::renamed); });
     print(all);
-    if (report.resumable) complain(say("--resume goes on where this resave ended"));
+    if (report.resumable) complain(say("use --resume to continue this resave"));
 }
 
 std::string closing_line(const resave_report& report, const wide_string& new_project) {

@@ -104,9 +104,9 @@ const element* directory::one_of(const std::string& name, const std::vector<plac
     if (std::ranges::all_of(candidates, [&](const place& other) { return other.found->uuid == first->uuid; }))
         return first;
     complaints.push_back(
-        say("\"%1\" names %2 elements; give the uuid of one", {name, std::to_string(candidates.size())}));
+        say("\"%1\" matches %2 elements; give the uuid of one", {name, std::to_string(candidates.size())}));
     for (const place& candidate : candidates)
-        complaints.push_back(say("\"%1\" can be %2: %3 in %4",
+        complaints.push_back(say("\"%1\" could be %2: %3 in %4",
                                  {name, one_line(candidate.found->uuid), say_known(candidate.found->kind),
                                   one_line(candidate.holders)}));
     return nullptr;
@@ -123,9 +123,9 @@ std::vector<const element*> directory::find(const std::string& name,
     } else {
         found = matching(word);
     }
-    if (found.empty()) complaints.push_back(say("no element is meant by \"%1\"", {name}));
+    if (found.empty()) complaints.push_back(say("no element matches \"%1\"", {name}));
     if (found.empty() || std::ranges::any_of(found, &element::selectable)) return found;
-    complaints.push_back(say("what \"%1\" means cannot be left out, or kept, by itself: %2 \"%3\"",
+    complaints.push_back(say("\"%1\" cannot be left out or kept by itself: %2 \"%3\"",
                              {name, say_known(found.front()->kind), one_line(found.front()->caption)}));
     return {};
 }
@@ -177,7 +177,7 @@ std::vector<std::string> apply(const selection_request& request, const std::vect
                                   [&](const element& each) { return is_any_selected(each, selection); })
             : std::ranges::any_of(wanted,
                                   [&](const element* each) { return is_any_selected(*each, selection); });
-    if (!is_any_left) complaints.push_back(say("nothing is left to be resaved"));
+    if (!is_any_left) complaints.push_back(say("no elements are left to resave"));
     return complaints;
 }
 

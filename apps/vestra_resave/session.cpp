@@ -32,7 +32,7 @@ bool command_questions::add_referenced() {
 
 stop_answer command_questions::on_stop() {
     if (decided_.on_stop) return *decided_.on_stop;
-    const std::string answers = say("yes: erase what was created; no: keep it; cancel: go on");
+    const std::string answers = say("yes: erase created files; no: keep them; cancel: continue");
     switch (person_.yes_no_cancel(load_string(text::erase_created_files) + u"\n" +
                                   platform::from_utf8(answers))) {
     case shell::answer::cancel:
@@ -61,8 +61,9 @@ std::optional<refusal> refuse_share(const std::string& typed) {
     const std::string start = typed.substr(0, 2);
     const bool is_share = start == "\\\\" || start == "/\\" || start == "\\/";
     if (!is_share || !platform::native_path(platform::from_utf8(typed)).empty()) return std::nullopt;
-    return refused(
-        {}, say("%1: network shares are unknown on this system; give a folder where it is mounted", {typed}));
+    return refused({}, say("%1: network shares are not supported on this operating system; give the folder "
+                           "where the share is mounted",
+                           {typed}));
 }
 
 namespace {

@@ -240,7 +240,7 @@ void add_shortfalls(session& host, const source_elements& source, const resave_r
     project_context& context = host.context();
     const wide_string project = context.placement.new_project_path;
     const wide_string reason = request.settings.structure_variant == folder_per_scene
-                                   ? u"the structure folder-per-scene saves scenes alone"
+                                   ? u"the structure folder-per-scene saves only scenes"
                                    : u"";
     add_left_behind(source, project, report);
     std::vector<placed_file> copies;
@@ -278,8 +278,8 @@ void add_shortfalls(session& host, const source_elements& source, const resave_r
                  {},
                  {},
                  {},
-                 is_verified ? u"the verification was stopped before its end"
-                             : u"the check of the new project was stopped before its end"});
+                 is_verified ? u"the verification was interrupted"
+                             : u"the check of the new project was interrupted"});
     report.exit = stopped;
 }
 

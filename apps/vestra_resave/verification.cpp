@@ -85,7 +85,8 @@ private:
     wide_string folder_, place_;
 };
 
-const wide_string depends_on_place = u"it would not be found if the project's folder were on another disk";
+const wide_string depends_on_place =
+    u"it would not be found if the project folder were moved to another disk";
 
 class verifier {
 public:
@@ -172,7 +173,7 @@ private:
         if (!is_outside && exists) return true;
         const char* const one = exists ? own_kind::reference_outside : own_kind::reference_missing;
         add(is_outside && !exists ? own_kind::reference_outside_and_missing : one, who, path,
-            is_linked ? u"a link leads there" : u"");
+            is_linked ? u"a link points there" : u"");
         return false;
     }
 

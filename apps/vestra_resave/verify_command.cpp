@@ -84,10 +84,16 @@ ended_verify verify_in(session& host, const verify_request& request) {
     return ended;
 }
 
+std::string outcome_text(const ended_verify& ended) {
+    if (ended.found.stopped) return say("stopped");
+    return std::string_view(ended.outcome) == "stands alone" ? say("self-contained")
+                                                             : say("not self-contained");
+}
+
 std::string closing_line(const ended_verify& ended) {
     const verification& found = ended.found;
-    return say("%1: %2, %3 references, %4 astray",
-               {say_known(ended.outcome), printed(found.project), std::to_string(found.references),
+    return say("%1: %2, %3 references, %4 broken",
+               {outcome_text(ended), printed(found.project), std::to_string(found.references),
                 std::to_string(found.astray.size())});
 }
 
@@ -119,7 +125,7 @@ int verify_project(const verify_request& request, const common_options& options)
         for (const std::string& line : lines_of(found)) std::cout << line << '\n';
         std::string line = closing_line(ended);
         if (request.manifest)
-            line = say("%1, %2 not as in the manifest", {line, std::to_string(found.differing.size())});
+            line = say("%1, %2 different from the manifest", {line, std::to_string(found.differing.size())});
         std::cout << line << '\n';
     }
     if (found.stopped) return stopped;

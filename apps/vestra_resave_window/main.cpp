@@ -23,9 +23,9 @@ struct command_line {
 };
 
 [[noreturn]] void end_without_display() {
-    std::cerr
-        << "vestra-resave-window: there is no display to show a window on. DISPLAY or WAYLAND_DISPLAY names "
-           "one; without a screen use vestra-resave, or vestra-resave panel.\n";
+    std::cerr << "vestra-resave-window: no display: set DISPLAY or WAYLAND_DISPLAY; without a screen use "
+                 "vestra-resave "
+                 "or vestra-resave panel\n";
     std::_Exit(2);
 }
 
@@ -48,17 +48,17 @@ bool has_display() {
 }
 
 std::optional<int> parse(int argc, char** argv, command_line& line) {
-    CLI::App app("Copies mapping projects with all their files to a new place, in a window.",
+    CLI::App app("Copy mapping projects with all their files to a new place, in a window",
                  "vestra-resave-window");
     command::add_pages(app);
-    app.add_option("PROJECT", line.project, "Project file to open, by its native path or as C:\\...");
-    app.add_option("--drive", line.drives, "Map a drive letter to a folder, as C=/data/c; repeatable")
+    app.add_option("PROJECT", line.project, "Project file to open, as a native path or as C:\\...");
+    app.add_option("--drive", line.drives, "Map a drive letter to a folder, such as C=/data/c (repeatable)")
         ->type_name("X=FOLDER")
         ->allow_extra_args(false);
-    app.add_option("--bundle", line.bundles, "Load this bundle, too; repeatable")
+    app.add_option("--bundle", line.bundles, "Load an additional bundle (repeatable)")
         ->type_name("FILE")
         ->allow_extra_args(false);
-    app.add_option("--language", line.language, "Language of the window, from now on")
+    app.add_option("--language", line.language, "Set the language of the window, now and for later runs")
         ->check(CLI::IsMember({"ru", "en"}));
     std::vector<std::string> arguments = platform::program_arguments(argc, argv);
     try {

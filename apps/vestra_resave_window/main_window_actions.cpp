@@ -58,11 +58,11 @@ void main_window::fill_project_menu(QMenu& menu) {
 void main_window::fill_results_menu(QMenu& menu) {
     QAction* const tries = menu.addAction(said("&Try it", "&Попробовать"), this, [this] { try_it(); });
     tries->setShortcut(Qt::CTRL | Qt::Key_T);
-    tries->setToolTip(said("Shows what Run would do, and writes nothing",
+    tries->setToolTip(said("Show what Run would do, without writing anything",
                            "Показывает, что сделает пересохранение, и ничего не записывает"));
     QAction* const checks = menu.addAction(said("&Check a project…", "Про&верить проект…"), this,
                                            [this] { choose_project_to_check(); });
-    checks->setToolTip(said("Looks whether a project needs anything outside of its folder",
+    checks->setToolTip(said("Check whether a project needs anything outside its folder",
                             "Проверяет, нужно ли проекту что-нибудь вне его папки"));
     menu.addSeparator();
     QAction* const shows =

@@ -113,7 +113,7 @@ void outcome_view::translate() {
     filter_->setAccessibleName(filter_->placeholderText());
     only_problems_->setText(said("Problems only", "Только проблемы"));
     copy_->setText(said("Copy", "Копировать"));
-    copy_->setToolTip(said("Copies the selected rows, or all that are shown",
+    copy_->setToolTip(said("Copy the selected rows, or all visible rows",
                            "Копирует выделенные строки или все, что показаны"));
     open_->setText(said("Open folder", "Открыть папку"));
     table_->setAccessibleName(said("Results", "Результаты"));

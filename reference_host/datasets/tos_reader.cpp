@@ -107,9 +107,9 @@ public:
         const std::string_view word = line.substr(0, blank);
         const std::string_view text = blank == std::string_view::npos ? "" : line.substr(blank + 1);
         const auto* const place = std::ranges::find(words, word);
-        if (place == words.end()) return u"the line begins with none of the words property, member and data";
+        if (place == words.end()) return u"the line does not begin with property, member or data";
         if (text.empty() || text.front() == ' ' || text.back() == ' ')
-            return u"behind the word and one blank stands no text that is free of blanks at both ends";
+            return u"expected one space and then a value without leading or trailing spaces";
         if (!is_utf8(text)) return u"the text is not UTF-8";
         if (place < last_word_) return u"properties come first, then members, then data";
         last_word_ = place;
@@ -135,9 +135,9 @@ private:
         wide_string key = platform::folded(path);
         std::ranges::replace(key, u'/', u'\\');
         if (key.find(u"\\\\") != wide_string::npos || key.back() == u'\\')
-            return u"a piece of the member's path is empty";
+            return u"a part of the member's path is empty";
         while (key.starts_with(u".\\")) key.erase(0, 2);
-        if (!names_.insert(key).second) return u"the member is named twice, or is the file itself";
+        if (!names_.insert(key).second) return u"the member is listed twice or is the file itself";
         content.members.push_back(path);
         return {};
     }
@@ -165,7 +165,8 @@ private:
             if (!is_value(text.substr(begin, end == std::string_view::npos ? end : end - begin)))
                 return u"a value is neither a decimal number nor \"-\"";
         }
-        return count == content.properties.size() ? u"" : u"the record has not one value for each property";
+        return count == content.properties.size() ? u""
+                                                  : u"the record does not have one value for each property";
     }
 
     bool is_begun_ = false;

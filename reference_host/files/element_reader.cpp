@@ -97,9 +97,10 @@ void element_reader::read_group(pugi::xml_node node, layer_group& out, const sce
         }
         layer* member = owner.at(in_.count(item, "layer"));
         if (!member)
-            in_.refuse_value(item, "layer", u"below the " + decimal(owner.count()) + u" layers of the scene");
+            in_.refuse(item, u"layer index " + decimal(in_.count(item, "layer")) +
+                                 u" is out of range: the scene has " + decimal(owner.count()) + u" layers");
         else if (member->is_grouped())
-            in_.refuse_value(item, "layer", u"a layer that stands in no group yet");
+            in_.refuse_value(item, "layer", u"a layer that is in no other group");
         else
             out.add_layer(*member);
     }
@@ -181,7 +182,7 @@ any element_reader::read_any(pugi::xml_node node) {
     }
     if (misplaced("value", has_value) || misplaced("size", is_tuple)) return {};
     if (is_tuple) return any(read_tuple(node));
-    if (node.first_child()) in_.refuse(node.first_child(), u"an item outside of a tuple");
+    if (node.first_child()) in_.refuse(node.first_child(), u"an item outside a tuple");
     if (type == "int") return any(in_.whole(node, "value"));
     if (type == "double") return any(in_.real(node, "value"));
     if (type == "bool") return any(in_.flag(node, "value", false));

@@ -174,7 +174,8 @@ void element_writer::write_any(pugi::xml_node node, const any& in) {
 void element_writer::write_tuple(pugi::xml_node node, const tuple& in) {
     node.append_attribute("size") = static_cast<std::uint32_t>(in.elements.size());
     tuple_elements_ += in.elements.size();
-    if (tuple_elements_ > most_tuple_elements) refuse(u"the tuples have more than 16777216 elements in all");
+    if (tuple_elements_ > most_tuple_elements)
+        refuse(u"the tuples have more than 16777216 elements in total");
     for (std::uint32_t index = 0; index < in.elements.size(); ++index) {
         if (in.elements[index].type() == 0) continue;
         pugi::xml_node item = node.append_child("item");

@@ -99,8 +99,7 @@ std::optional<file_error> save(const wide_string& path, const pugi::xml_document
 
 platform::outcome replace_file(const wide_string& path,
                                const std::function<platform::outcome(platform::file&)>& write) {
-    if (is_no_file(path))
-        return platform::outcome::because(u"is a device, a pipe or a link that leads nowhere");
+    if (is_no_file(path)) return platform::outcome::because(u"is a device, a pipe or a dangling link");
     wide_string fresh;
     std::unique_ptr<platform::file> file;
     platform::outcome result = create_beside(path, fresh, file);

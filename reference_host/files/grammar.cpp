@@ -157,7 +157,7 @@ std::optional<fault> element_fault(pugi::xml_node element, int depth) {
     checklist seen(rules.children);
     for (const pugi::xml_node child : element.children()) {
         if (child.type() != pugi::node_element)
-            return fault{child, u"text inside of element " + tag(element.name())};
+            return fault{child, u"text inside element " + tag(element.name())};
         const verdict found = seen.meet(child.name());
         if (found == verdict::unknown)
             return fault{child, u"unknown element " + tag(child.name()) + u" in " + tag(element.name())};

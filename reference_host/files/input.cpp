@@ -66,7 +66,7 @@ bool input::check_text() {
     const auto control = std::ranges::find_if(bytes_, is_control) - bytes_.begin();
     const std::size_t good = std::min(platform::valid_utf8_length(bytes_), static_cast<std::size_t>(control));
     if (good == bytes_.size()) return true;
-    refuse_line(line_at(good), u"the file is no UTF-8 text");
+    refuse_line(line_at(good), u"the file is not valid UTF-8");
     return false;
 }
 
@@ -87,7 +87,7 @@ bool input::check_root(const char* root_name) {
     const wide_string wanted = u"<" + from_utf8(root_name) + u">";
     for (const pugi::xml_node node : document_.children()) {
         if (node.type() != pugi::node_element || root_) {
-            refuse(node, u"something else than one root element " + wanted);
+            refuse(node, u"expected exactly one root element, " + wanted);
         } else {
             root_ = node;
             if (std::string_view(node.name()) != root_name)
@@ -98,7 +98,7 @@ bool input::check_root(const char* root_name) {
     if (failed()) return false;
     const pugi::xml_attribute version = root_.attribute("version");
     if (version && std::string_view(version.value()) != format_version)
-        refuse(root_, u"the version is " + quoted(version.value()) + u", known is only \"1\"");
+        refuse(root_, u"unsupported version " + quoted(version.value()) + u"; only \"1\" is supported");
     return !failed();
 }
 

@@ -51,14 +51,14 @@ std::optional<load_error> bundle_loader::load(const wide_string& path) {
     auto library = platform::library::open(path, reason);
     if (!library) return load_error{path, reason};
     const auto entry = reinterpret_cast<entry_function>(library->symbol(entry_name));
-    if (!entry) return load_error{path, u"the library is no bundle"};
+    if (!entry) return load_error{path, u"the library is not a bundle"};
     return start(entry, std::make_unique<loaded_bundle>(registry_, path, std::move(library)));
 }
 
 std::optional<load_error> bundle_loader::start(entry_function entry, std::unique_ptr<loaded_bundle> bundle) {
     interface_to<bundle_impl> started;
     entry(&started, bundle.get());
-    if (!started) return load_error{bundle->path(), u"the library hands out no bundle"};
+    if (!started) return load_error{bundle->path(), u"the library returned no bundle"};
     call<&bundle_impl::start>(started, bundle->context());
     bundles_.push_back(std::move(bundle));
     return std::nullopt;

@@ -166,7 +166,7 @@ TEST_P(dry_run_of_sample, without_what_no_rule_carries_nothing_is_left_to_say) {
     EXPECT_EQ(has_own_folders() ? 1 : 0, command("verify --elsewhere 'N:\\out\\new._vp'")) << out;
 }
 
-TEST_P(dry_run_of_sample, updated_with_nothing_changed_and_no_manifest_it_stays_as_it_is) {
+TEST_P(dry_run_of_sample, updated_without_changes_and_manifest_it_stays_as_it_is) {
     const string all = to + "--structure " + GetParam();
     ASSERT_EQ(1, command(all)) << err;
     const size_t copied = json::parse(out).at("summary").at("files");
@@ -180,7 +180,7 @@ INSTANTIATE_TEST_SUITE_P(structures, dry_run_of_sample,
                          testing::Values("by-type", "from-project-folder", "project-tree-else-type",
                                          "from-common-top", "folder-per-scene"));
 
-TEST_F(dry_run, tells_what_stays_behind_and_where_the_space_ends) {
+TEST_F(dry_run, reports_what_is_left_behind_and_too_little_space) {
     for (const wide_string name :
          {u"Roads.shp", u"Roads.shx", u"Roads.dbf", u"roads.SBN", u"roads.TXT", u"Roads.old.shp",
           u"Roads2.shp", u"Roads", u"r.tif", u"r.tfw", u"r.tif.bak", u"R.doc"})

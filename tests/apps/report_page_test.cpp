@@ -181,7 +181,7 @@ TEST_F(report_page, changes_nothing_else_of_a_command) {
     EXPECT_EQ(" new._vp new.html new.manifest.json rtr rtr/r.tif", made());
 }
 
-TEST_F(report_page, replaces_no_file_that_somebody_needs) {
+TEST_F(report_page, replaces_no_file_that_is_needed) {
     for (const wide_view file : {u"r.html", u"s.shp", u"s.shx", u"s.dbf"}) write(src(file), "what is mine");
     builder.scene_2d(u"S").layer("rtr_lr2d", u"R", src(u"r.html")).layer("shp_pnt_lr2d", u"P", src(u"s.shp"));
     builder.save(source);
@@ -190,12 +190,12 @@ TEST_F(report_page, replaces_no_file_that_somebody_needs) {
     const string resave =
         "resave 'C:\\prj\\area._vp' 'N:\\out\\new.html' --structure from-project-folder --report '";
     const std::pair<const char*, const char*> refused[] = {
-        {"C:\\prj\\r.html", "is a file of the project and must not be written over"},
-        {"C:\\prj\\s.x.html", "it would pass for a file of the data set next to it"},
+        {"C:\\prj\\r.html", "is a file of the project and must not be overwritten"},
+        {"C:\\prj\\s.x.html", "it would look like a file of the data set next to it"},
         {"C:\\prj", "is a folder; give the name of a file"},
-        {"C:\\prj\\free.txt", "is no name of a page: it must end in .html"},
-        {"C:\\nowhere\\page.html", "the folder for the page does not exist"},
-        {"N:\\out\\new.html", "the new project has this name, too"}};
+        {"C:\\prj\\free.txt", "is not a valid report name: it must end in .html"},
+        {"C:\\nowhere\\page.html", "the folder for the report does not exist"},
+        {"N:\\out\\new.html", "the new project has the same name"}};
     for (const auto& [path, reason] : refused) {
         EXPECT_EQ(2, command(resave + path + "'")) << path;
         EXPECT_TRUE(is_told(reason)) << err;
@@ -203,7 +203,7 @@ TEST_F(report_page, replaces_no_file_that_somebody_needs) {
     }
     const std::pair<const char*, const char*> failed[] = {
         {"N:\\out\\r.html", "another file has this name"},
-        {"N:\\out\\s.html", "it would pass for a file of the data set next to it"}};
+        {"N:\\out\\s.html", "it would look like a file of the data set next to it"}};
     for (const auto& [path, reason] : failed) {
         clear_output();
         EXPECT_EQ(1, command(resave + path + "' --json")) << path;
@@ -217,7 +217,7 @@ TEST_F(report_page, replaces_no_file_that_somebody_needs) {
     EXPECT_EQ(0U, page(u"C:\\prj\\free.html").find("<!DOCTYPE html>"));
 }
 
-TEST_F(report_page, that_cannot_be_written_is_told_and_leaves_the_older_one) {
+TEST_F(report_page, that_cannot_be_written_is_reported_and_the_older_one_kept) {
     const wide_string path = write(u"N:\\page.html", "an older page");
     const tree_state before = state_of(native("n"));
     for (const char* call : {"open to write", "write", "close", "rename"}) {

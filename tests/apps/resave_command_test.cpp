@@ -34,7 +34,7 @@ protected:
 };
 
 // A path that is not written out in full keeps its place under some structures.
-TEST_F(resave_command, tells_of_a_copy_that_came_to_lie_outside_the_new_folder) {
+TEST_F(resave_command, reports_a_copy_outside_the_new_folder) {
     write(u"D:\\gis\\y.tif");
     builder.scene_2d(u"S").layer("rtr_lr2d", u"Y", u"D:/gis/y.tif").save(source);
     for (const string dry : {" --dry-run", ""}) {
@@ -169,10 +169,10 @@ TEST_F(resave_command, chooses_elements_by_pattern_type_group_and_loss) {
         {"--only '" + shown("C:\\m\\*.tif") + "' --deselect missing", " new._vp rtr rtr/a.tif rtr/b.tif", 0},
         {"--deselect Page", "", 2, "cannot be left out, or kept, by itself: page \"Page\""},
         {"--only type:layout_page", "", 2, "cannot be left out, or kept, by itself: page \"Page\""},
-        {"--only type:none", "", 2, "no element is meant by \"type:none\""},
-        {"--deselect '*.t?f' --deselect group:none", "", 2, "no element is meant by \"group:none\""},
-        {"--only missing --deselect S", "", 2, "nothing is left to be resaved"},
-        {"--only missing --deselect missing", "", 2, "nothing is left to be resaved"},
+        {"--only type:none", "", 2, "no element matches \"type:none\""},
+        {"--deselect '*.t?f' --deselect group:none", "", 2, "no element matches \"group:none\""},
+        {"--only missing --deselect S", "", 2, "no elements are left to resave"},
+        {"--only missing --deselect missing", "", 2, "no elements are left to resave"},
     };
     for (const auto& row : rows) {
         clear_output();
@@ -186,7 +186,7 @@ TEST_F(resave_command, chooses_elements_by_pattern_type_group_and_loss) {
         << out;
 }
 
-TEST_F(resave_command, the_exit_code_tells_how_it_went_and_the_error_output_why) {
+TEST_F(resave_command, the_exit_status_and_the_error_output_report_the_outcome) {
     builder.clear();
     builder.scene_2d(u"S").layer("rtr_lr2d", u"Lost one", u"C:\\gone.tif");
     builder.layer("wfs_pnt_lr2d", u"Springs", u"https://maps.example.org");
@@ -233,13 +233,15 @@ TEST_F(resave_command, the_exit_code_tells_how_it_went_and_the_error_output_why)
         {a + "'N:\\out'", 2, {"N:\\out: is a folder"}},
         {a + "''", 2, {"needs a folder"}},
         {poor.substr(0, poor.size() - to.size()) + " 'C:\\p.tif'", 2, {"C:\\p.tif"}},
-        {a + "'N:\\file'", 2, {"N:\\file: exists and is no project file: "}},
-        {a + "'N:\\file' --overwrite", 2, {"N:\\file: exists and is no project file: "}},
-        {a + "'N:/OLDER._vp'", 2, {"N:\\Older._vp: exists; with --overwrite it is replaced"}},
+        {a + "'N:\\file'", 2, {"N:\\file: exists and is not a project file: "}},
+        {a + "'N:\\file' --overwrite", 2, {"N:\\file: exists and is not a project file: "}},
+        {a + "'N:/OLDER._vp'", 2, {"N:\\Older._vp: already exists; use --overwrite to replace it"}},
         {a + "'N:/new/'", 2, {"needs a folder and a name"}},
         {a + "N:new._vp", 2, {"vestra-resave: N:new._vp: the new project needs a folder"}},
         {a + "'N:\\file\\new._vp'", 3, {"N:\\file: could not be created: "}},
-        {a + "'N:\\out\\" + string(300, 'x') + "' --quiet", 3, {": no file of this name can be created: "}},
+        {a + "'N:\\out\\" + string(300, 'x') + "' --quiet",
+         3,
+         {": a file with this name cannot be created: "}},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.arguments);
@@ -262,7 +264,7 @@ TEST_F(resave_command, the_exit_code_tells_how_it_went_and_the_error_output_why)
 }
 
 // By their names elements come along or not; what they refer to is added if the person agrees.
-TEST_F(resave_command, each_choice_shows_in_what_stands_on_the_disk) {
+TEST_F(resave_command, each_option_shows_in_the_files_on_the_disk) {
     const string sheet = platform::to_utf8(builder.id(u"Sheet")), no = " --add-referenced no";
     string all;
     for (const string& arguments : std::vector<string>{

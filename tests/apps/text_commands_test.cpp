@@ -51,24 +51,24 @@ TEST_F(text_commands, write_what_is_asked_for_or_say_why_not) {
         {"structure 'C:\\prj\\torn._vp' " + text, 1,
          "torn._sn: could not be read: line 1: ", "written with problems: N:\\out\\t.txt\n", " t.txt"},
         {"structure 'C:\\none._vp' " + text, 2, "C:\\none._vp", "", ""},
-        {structure + "'c:/prj/AREA._vp'", 2, "is the project itself and must not be written over", "", ""},
+        {structure + "'c:/prj/AREA._vp'", 2, "is the project itself and must not be overwritten", "", ""},
         {structure + "'C:\\data\\r.tif.qml'", 2, "is a file of the project and must not be written", "", ""},
         {structure + folder, 2, "N:\\out: is a folder", "", ""},
         {structure + "'N:\\none\\t.txt'", 3, "N:\\none\\t.txt: could not be created: ", "", ""},
         {structure + "'N:\\out\\" + string(300, 'x') + "'", 3, ": could not be created: ", "", ""},
         {files + folder, 0, "", two, " A(1)._sn A._sn"},
-        {files + folder + "--if-exists rewrite", 0, "N:\\out\\A._sn: was written over a file that existed",
+        {files + folder + "--if-exists rewrite", 0, "N:\\out\\A._sn: replaced an existing file",
          "N:\\out\\A._sn\nwritten: N:\\out, 1 files\n", " A._sn"},
         {files + folder + "--list", 0, "", "A -> N:\\out\\A._sn\nA -> N:\\out\\A(1)._sn\n", ""},
         {files + "--list", 0, "", "A -> A._sn\nA -> A(1)._sn\n", ""},
         {files + folder + "--if-exists ask", 2, "ask", "", ""},
         {"scenes 'C:\\none._vp' " + folder, 2, "C:\\none._vp", "", ""},
-        {files + "'N:\\none'", 3, "N:\\none: could not be entered: ", "", ""},
-        {files + "'C:\\data\\r.tif'", 3, "C:\\data\\r.tif: could not be entered: ", "", ""},
+        {files + "'N:\\none'", 3, "N:\\none: could not be made the current folder: ", "", ""},
+        {files + "'C:\\data\\r.tif'", 3, "C:\\data\\r.tif: could not be made the current folder: ", "", ""},
         {check + text, 0, "", written, " t.txt"},
         {differs + text + "--quiet", 1, "", "", " t.txt"},
         {"check-case 'C:\\none._vp' " + text, 2, "C:\\none._vp", "", ""},
-        {differs + "'C:\\prj\\case._vp'", 2, "is the project itself and must not be written over", "", ""},
+        {differs + "'C:\\prj\\case._vp'", 2, "is the project itself and must not be overwritten", "", ""},
         {check + folder, 2, "N:\\out: is a folder", "", ""},
     };
     const tree_state before = sources();
@@ -259,7 +259,7 @@ TEST_F(command_run, no_file_of_the_project_is_written_over_under_whatever_name) 
           structure + "C:\\prj\\model\\map_base.tos", structure + "C:\\prj\\maps\\overview._sn",
           check + "C:\\link\\hard.txt", structure + linked + "\\data\\grids\\porosity\\hdr.adf"}) {
         EXPECT_EQ(2, command(refused + "'")) << refused << err;
-        EXPECT_TRUE(is_told("is a file of the project and must not be written over")) << refused << err;
+        EXPECT_TRUE(is_told("is a file of the project and must not be overwritten")) << refused << err;
     }
     EXPECT_EQ(3, command("scenes 'C:\\prj\\area._vp' 'C:\\prj\\maps' --if-exists rewrite"));
     EXPECT_TRUE(is_told("verview._sn: could not be written: it belongs to the source project")) << err;

@@ -132,7 +132,7 @@ TEST_F(update_command, makes_of_an_earlier_copy_what_a_new_run_would_make) {
 }
 
 // One thing wrong at a time: what a person would lose, were it done all the same.
-TEST_F(update_command, replaces_nothing_that_somebody_changed_and_resumes_nothing_else) {
+TEST_F(update_command, replaces_no_changed_file_and_resumes_only_its_own_run) {
     for (size_t number = 0; number < 3; ++number) rasters_.push_back(new_raster(++numbers_));
     for (raster& each : rasters_) write_raster(each);
     save();
@@ -340,7 +340,7 @@ TEST_F(update_command, is_refused_while_another_run_fills_the_folder) {
                                                 platform::disposition::open_existing, journal));
     const tree_state before = state("out");
     EXPECT_EQ(2, command(area)) << err;
-    EXPECT_TRUE(is_told("other.resave-journal: another resave into this folder is at work")) << err;
+    EXPECT_TRUE(is_told("other.resave-journal: another resave into this folder is running")) << err;
     EXPECT_EQ("", difference(before, state("out")));
     journal.reset(); // that broke off, and is nobody's concern here
     EXPECT_EQ(0, command(area)) << err;

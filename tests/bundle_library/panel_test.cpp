@@ -18,7 +18,7 @@ struct opened {
     vestra::project project;
 };
 
-TEST_F(panel, load_current_reads_a_private_copy_that_is_never_written_over_the_hosts_project) {
+TEST_F(panel, load_current_reads_a_copy_and_never_changes_the_host_project) {
     copy_sample();
     const opened in_host(source);
     const tree_state files = state_of(native("c"));
@@ -38,7 +38,7 @@ TEST_F(panel, load_current_reads_a_private_copy_that_is_never_written_over_the_h
     EXPECT_EQ("new: prj/area_last_resave_open_log.txt\n", difference(files, state_of(native("c"))));
 }
 
-TEST_F(panel, a_window_that_goes_takes_the_project_along_and_comes_back_empty_with_its_options) {
+TEST_F(panel, a_closed_window_unloads_the_project_and_keeps_its_options) {
     const size_t before = vestra::living_objects();
     open_on_sample();
     ASSERT_TRUE(enter("prj/field1", output));
@@ -72,7 +72,7 @@ struct linked_in_tool {
         std::in_place, app::id, std::make_unique<ref_service_holder<app, custom_app_service_impl>>()};
 };
 
-TEST_F(panel, whoever_holds_the_content_longer_than_the_tool_has_an_empty_panel_that_still_works) {
+TEST_F(panel, content_held_longer_than_the_tool_is_an_empty_working_panel) {
     copy_sample();
     const size_t before = vestra::living_objects();
     ref<docker_impl> content;
@@ -90,7 +90,7 @@ TEST_F(panel, whoever_holds_the_content_longer_than_the_tool_has_an_empty_panel_
     EXPECT_EQ(before, vestra::living_objects());
 }
 
-TEST_F(panel, a_run_that_breaks_off_closes_the_project_and_says_that_nothing_was_saved) {
+TEST_F(panel, a_failed_run_closes_the_project_and_reports_nothing_saved) {
     struct no_memory : forwarding_system {
         platform::entry_status status_of(const wide_string&) override { throw std::bad_alloc(); }
     };
@@ -112,7 +112,7 @@ TEST_F(panel, a_run_that_breaks_off_closes_the_project_and_says_that_nothing_was
 }
 
 // A collision asks for another name in the middle of the run, where a person still has the window.
-TEST_F(panel, while_a_run_waits_nothing_else_begins_and_a_closed_window_takes_effect_after_it) {
+TEST_F(panel, while_a_run_waits_nothing_begins_and_closing_is_delayed) {
     project_builder built;
     built.scene_2d(u"Area").layer("rtr_lr2d", u"East", write(u"C:\\a\\relief.tif"));
     built.layer("rtr_lr2d", u"West", write(u"C:\\b\\relief.tif")).save(source);

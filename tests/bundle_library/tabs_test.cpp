@@ -17,7 +17,7 @@ protected:
 };
 
 // Against the run itself with the settings that the controls stand for.
-TEST_F(tabs, every_structure_and_option_reaches_the_run_from_the_click_to_the_files) {
+TEST_F(tabs, every_structure_and_option_reaches_the_run_and_its_files) {
     copy_sample();
     open();
     ASSERT_TRUE(enter("prj/field1", output));

@@ -58,7 +58,7 @@ using routine = bool (*)(const wide_string&, const wide_string&, run_state&);
 
 } // namespace
 
-TEST_F(copying, what_stands_in_the_way_is_told_and_costs_no_more_than_it_must) {
+TEST_F(copying, what_is_in_the_way_is_reported_and_only_that_is_lost) {
     const struct {
         routine copy;
         wide_view source, target, present;
@@ -125,7 +125,7 @@ TEST_F(copying, members_of_a_data_set_follow_the_new_name_of_the_main_file) {
     EXPECT_EQ(outcome(copy_data_source_files(src + u"broken.tos", out + u"b.tos", true, context)), "no");
 }
 
-TEST_F(copying, erasing_a_tree_spares_what_its_links_lead_to) {
+TEST_F(copying, erasing_a_tree_keeps_the_targets_of_its_links) {
     disk.write(u"made\\a\\b.shp");
     disk.write(u"kept\\file");
     std::error_code unsupported;

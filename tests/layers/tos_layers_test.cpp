@@ -47,7 +47,7 @@ protected:
 
 } // namespace
 
-TEST_F(tos_layers, files_of_a_complex_model_come_along_and_the_record_names_them_from_the_new_place) {
+TEST_F(tos_layers, files_of_a_complex_model_are_copied_and_referred_to) {
     const wide_string absolute = src(u"b.tos");
     const struct {
         elements before, after;
@@ -121,7 +121,7 @@ TEST_F(tos_layers, renamed_sets_are_read_with_their_own_values) {
     }
 }
 
-TEST_F(tos_layers, layers_that_share_a_model_file_name_one_copy_each_from_its_own_place) {
+TEST_F(tos_layers, layers_that_share_a_model_file_refer_to_one_copy) {
     builder.scene_2d(u"S");
     add_tos({{9, u"sub\\c.tos"}});
     add_tos({{9, u"..\\main.tos"}}, 70, u"sub\\c.tos"); // saved first
@@ -137,7 +137,7 @@ TEST_F(tos_layers, layers_that_share_a_model_file_name_one_copy_each_from_its_ow
     EXPECT_EQ(texts_of(2)[9], out(u"a.tos")); // a marked reference is no folder to start from
 }
 
-TEST_F(tos_layers, with_a_folder_for_each_scene_each_has_the_model_files_it_names) {
+TEST_F(tos_layers, with_a_folder_for_each_scene_each_has_its_model_files) {
     builder.scene_2d(u"S");
     add_tos({{9, u"a.tos"}, {15, u"..\\prj\\main.tos"}});
     builder.scene_2d(u"T");
@@ -154,7 +154,7 @@ TEST_F(tos_layers, with_a_folder_for_each_scene_each_has_the_model_files_it_name
     EXPECT_EQ(texts_of(0)[9] + texts_of(0)[15] + texts_of(1, 1)[9], u"a.tosmain.tossub\\c.tos");
 }
 
-TEST_F(tos_layers, a_model_file_that_is_not_copied_is_told_and_named_in_its_new_place) {
+TEST_F(tos_layers, a_model_file_that_is_not_copied_is_reported) {
     builder.scene_2d(u"S");
     add_tos({{9, u"a.tos"}, {15, u"gone.tos"}});
     write(out(u"tos\\a.tod"), "in the way");

@@ -20,7 +20,7 @@ protected:
     }
 };
 
-TEST_F(loading, a_project_that_cannot_be_read_leaves_nothing_and_is_told_once) {
+TEST_F(loading, a_project_that_cannot_be_read_is_reported_once) {
     project_builder().scene_2d(u"S").save(source);
     const wide_string bad[] = {broken(), u"C:\\prj\\none._vp", u"C:\\prj", u"X:\\area._vp", u""};
     for (const wide_string& path : bad) {
@@ -121,7 +121,7 @@ TEST_F(path_case, the_sample_says_lake_where_the_disk_says_Lake) {
     EXPECT_EQ(expected, check(text::case_differs));
 }
 
-TEST_F(path_case, every_spelling_but_the_disks_own_is_told_and_what_is_no_file_on_a_drive_is_not) {
+TEST_F(path_case, only_spellings_that_differ_from_the_disk_are_reported) {
     const wide_string file = write(c + u"Wells\\P-1.wel"), folder = c + u"Wells\\P-1";
     write(folder + u"\\log.txt");
     const struct {

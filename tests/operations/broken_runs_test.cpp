@@ -29,7 +29,7 @@ protected:
     size_t copies = 0; // that were tried
 };
 
-TEST_F(run_faults, a_copy_that_fails_is_named_in_report_and_log_and_all_others_are_made) {
+TEST_F(run_faults, a_failed_copy_is_in_report_and_log_and_all_others_are_made) {
     run(0);
     ASSERT_EQ(16U, copies);
     EXPECT_TRUE(context->report.problems().empty());
@@ -54,7 +54,7 @@ TEST_F(run_faults, a_copy_that_fails_is_named_in_report_and_log_and_all_others_a
     }
 }
 
-TEST_F(run_faults, a_run_that_breaks_off_leaves_nothing_loaded_and_the_next_one_works) {
+TEST_F(run_faults, a_failed_run_leaves_nothing_loaded_and_the_next_one_works) {
     for (const uint32_t structure : {by_type, folder_per_scene}) { // wells have no part in the latter
         settings.structure_variant = static_cast<project_resave::structure>(structure);
         for (size_t at = 1; !run(at, true).empty(); ++at) {
@@ -72,7 +72,7 @@ TEST_F(run_faults, a_run_that_breaks_off_leaves_nothing_loaded_and_the_next_one_
     EXPECT_TRUE(context->report.saved);
 }
 
-TEST_F(run_faults, a_load_that_breaks_off_is_told_and_leaves_nothing_and_the_next_one_is_whole) {
+TEST_F(run_faults, a_failed_load_is_reported_and_the_next_one_is_complete) {
     project_builder map;
     map.scene_2d(u"M").layer("rtr_lr2d", u"R", u"C:\\data\\r.tif").save_scene(u"C:\\prj\\m._sn");
     project_builder().scene_2d(u"S").layer("vs_scene_layer_meta_id", u"M", u"C:\\prj\\m._sn").save(source);
@@ -135,7 +135,7 @@ protected:
     }
 };
 
-TEST_F(stopping, with_erasure_leaves_the_target_as_it_was_and_without_it_whole_copies_and_no_project) {
+TEST_F(stopping, leaves_the_target_as_it_was_or_whole_copies_and_no_project) {
     settings.save_layer_files = settings.save_scene_files = true;
     for (const answer given : {answer::yes, answer::no}) stop_everywhere(given, SIZE_MAX);
     copy_sample();
@@ -155,7 +155,7 @@ TEST_F(stopping, a_cancelled_stop_changes_nothing) {
     }
 }
 
-TEST_F(stopping, a_new_folder_that_the_run_made_goes_with_all_its_levels_and_read_only_files) {
+TEST_F(stopping, folders_of_the_run_are_erased_with_read_only_files) {
     using std::filesystem::perms;
     output = u"N:\\deep\\er\\new._vp";
     const auto original = platform::native_path(u"C:\\data\\t.dbf");

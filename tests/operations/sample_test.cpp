@@ -43,7 +43,7 @@ protected:
     names kept_as_they_are{u"Old survey", u"Profile lines", u"Monthly report"}; // lost, not moved, no unit
 };
 
-TEST_P(sample, goes_where_the_structure_says_and_stands_alone_once_it_is_moved) {
+TEST_P(sample, follows_the_structure_and_is_self_contained_once_moved) {
     const tree_state before = target();
     load_and_resave();
     EXPECT_EQ((texts{u"Resave processing error:\n\nLayers is not resaving:\nwfs_pnt_lr2d\n\n"
@@ -65,7 +65,7 @@ TEST_P(sample, goes_where_the_structure_says_and_stands_alone_once_it_is_moved) 
 
 // The second run finds the names of the first one taken; a member of a data set that is not named after it is
 // in the way of itself then.
-TEST_P(sample, comes_in_lower_case_without_what_is_left_out_and_beside_what_is_there) {
+TEST_P(sample, is_copied_in_lower_case_without_what_is_left_out) {
     settings.lower_case = true;
     std::string all;
     for (const bool is_second : {false, true}) {

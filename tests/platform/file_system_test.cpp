@@ -110,7 +110,7 @@ TEST_F(file_system, kinds_and_names_are_found_in_any_letter_case) {
     EXPECT_FALSE(files.same_file(folder.path(u"Данные"), folder.path(u"Данные\\Река.SHP")));
 }
 
-TEST_F(file_system, folders_are_made_one_level_at_a_time_listed_before_their_content_and_removed_when_empty) {
+TEST_F(file_system, folders_are_made_level_by_level_and_removed_when_empty) {
     const std::pair<wide_view, bool> made[] = {
         {u"a\\b", false}, {u"a", true}, {u"A", false}, {u"a\\b", true}};
     for (const auto& [name, is_made] : made) EXPECT_EQ(bool(files.create_folder(folder.path(name))), is_made);

@@ -89,7 +89,7 @@ struct fake_terminal final : platform::terminal {
     void forget_interrupt() override { was_interrupted = false; }
 };
 
-TEST(terminal_front_end, progress_makes_way_for_messages_and_nothing_shown_commands_the_terminal) {
+TEST(terminal_front_end, progress_gives_way_to_messages_and_output_is_harmless) {
     fake_terminal terminal;
     terminal_front_end front(terminal, false);
     front.progress_opened(true);

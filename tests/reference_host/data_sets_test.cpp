@@ -40,7 +40,7 @@ TEST(tos_reader, a_numbered_set_has_its_own_members) {
         EXPECT_EQ(expected, names_of(folder.write(wide_string(name), full), folder.path() + u"\\"));
 }
 
-TEST(tos_reader, a_damaged_file_does_not_open_and_tells_line_and_reason) {
+TEST(tos_reader, a_damaged_file_does_not_open_and_has_line_and_reason) {
     const temporary_folder folder;
     const struct {
         std::string bytes;

@@ -38,7 +38,7 @@ protected:
     temporary_folder folder_;
 };
 
-TEST_F(host_files, a_project_of_everything_is_read_moved_and_written_without_a_loss) {
+TEST_F(host_files, a_project_of_everything_is_read_moved_and_written_complete) {
     for (const wide_view name : {u"prj\\", u"new home\\"}) {
         const wide_string home = folder_.path(name);
         folder_.write(wide_string(name) + u"area._vp", everything);
@@ -66,7 +66,7 @@ TEST_F(host_files, a_project_of_everything_is_read_moved_and_written_without_a_l
     }
 }
 
-TEST_F(host_files, scene_and_layer_files_stand_alone) {
+TEST_F(host_files, scene_and_layer_files_are_self_contained) {
     project prj;
     ASSERT_FALSE(read_project(folder_.write(u"area._vp", everything), prj));
     const scene& map = *prj.scenes_2d.at(0);
@@ -131,7 +131,7 @@ TEST_F(host_files, each_is_refused_with_line_and_reason) {
         expected = line.substr(3);
         content.clear();
     }
-    EXPECT_EQ(told("<project version='1'>\n\xFF</project>"), "2: the file is no UTF-8 text");
+    EXPECT_EQ(told("<project version='1'>\n\xFF</project>"), "2: the file is not valid UTF-8");
     EXPECT_EQ(
         told("\xEF\xBB\xBF<?xml version='1.0'?>\r\n<!-- & -->\r\n<project version='1'>\r\n<maps/></project>"),
         "4: unknown element <maps> in <project>");

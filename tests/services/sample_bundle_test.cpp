@@ -46,7 +46,7 @@ protected:
 
 // A folder for each scene has no service asked to save. Where a main file's name is taken, the files keep
 // their own names, and the item is told the numbered one.
-TEST_F(sample_bundle, its_items_go_where_the_structure_wants_them_and_leave_if_unticked_or_lost) {
+TEST_F(sample_bundle, its_items_follow_the_structure_and_leave_if_unticked_or_lost) {
     start(true);
     unticked = {u"Bridge"};
     std::string all;
@@ -83,7 +83,7 @@ protected:
     }
 };
 
-TEST_F(sketches, what_a_sketch_is_drawn_over_comes_with_it_if_the_person_agrees) {
+TEST_F(sketches, what_a_sketch_is_drawn_over_is_added_if_the_user_agrees) {
     unticked = {u"Relief"};
     settings.save_layer_files = true;
     std::vector<std::string> expected{"Plan._lr", "sketches/plan.sketch", "sketches/plan.sketch.legend"};
@@ -111,7 +111,7 @@ TEST_F(sketches, one_that_is_lost_leaves_and_half_a_copy_is_taken_away_again) {
     EXPECT_EQ(texts{u"Area: Lost files Plan\n"}, problems);
 }
 
-TEST_F(sketches, a_bundle_that_goes_between_load_and_run_takes_nothing_but_its_own_part_with_it) {
+TEST_F(sketches, a_bundle_unloaded_before_the_run_loses_only_its_own_part) {
     builder.model.map_legends.make().caption = u"Geology";
     pin({u"Quarry", u"C:\\prj\\field\\quarry.txt"});
     builder.save(source);

@@ -103,7 +103,7 @@ private:
     size_t clean_told_ = 0;
 };
 
-TEST_P(every_fault, leaves_the_source_whole_and_tells_what_is_missing) {
+TEST_P(every_fault, leaves_the_source_whole_and_reports_what_is_missing) {
     size_t tried = 0;
     for (const char* const call : faulty_system::calls) tried += strike_run({call}, true);
     torture::count("faults", tried);
@@ -111,7 +111,7 @@ TEST_P(every_fault, leaves_the_source_whole_and_tells_what_is_missing) {
 
 // A run that is stopped when all is written, and is to erase it; what still stands is told, by itself or by
 // the folder that it is in, or by what is in it.
-TEST_P(every_fault, of_an_erasure_is_told_by_what_still_stands) {
+TEST_P(every_fault, of_an_erasure_reports_what_still_exists) {
     size_t tried = 0;
     script.stop_at_poll = polls_;
     for (const char* const call : {"delete", "remove folder"})
@@ -148,7 +148,7 @@ TEST_P(every_fault, of_a_case_check_leaves_all_as_it_was) {
 }
 
 // It is that of the target.
-TEST_P(every_fault, of_a_full_disk_is_told_wherever_it_begins) {
+TEST_P(every_fault, of_a_full_disk_is_reported_wherever_it_begins) {
     torture::count("full disks", strike_run(faulty_system::disk_full, false, u"N:"));
 }
 
@@ -189,7 +189,7 @@ TEST_F(disturbed_runs, sources_that_vanish_one_by_one_are_each_named) {
             << platform::to_utf8(path);
 }
 
-TEST_F(disturbed_runs, sources_that_grow_or_shrink_meanwhile_are_copied_as_they_were_at_once_or_named) {
+TEST_F(disturbed_runs, sources_that_change_meanwhile_are_copied_whole_or_reported) {
     for (const bool grows : {true, false}) {
         const wide_string path = u"C:\\data\\a\\a.shp";
         const fs::path file = platform::native_path(path);

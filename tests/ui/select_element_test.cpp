@@ -57,7 +57,7 @@ private:
     std::shared_ptr<void> refill_;
 };
 
-TEST_F(select_panel, layers_stand_where_the_user_sees_them_in_the_host) {
+TEST_F(select_panel, layers_are_in_the_order_that_the_host_shows) {
     vestra::shell::settings().invert_layers = true;
     load();
     EXPECT_EQ("  scn2d/list2/1 [x] Sites\n  scn2d/list2/2 [x] Base\n"
@@ -94,7 +94,7 @@ struct listed final : referent<resave_service_impl> {
     std::vector<vestra::uuid> ids;
 };
 
-TEST_F(select_panel, items_of_other_bundles_stand_under_the_headings_these_want) {
+TEST_F(select_panel, items_of_other_bundles_are_under_the_headings_they_ask_for) {
     services.clear();
     const auto id = [&](const wide_string& caption) { return *vestra::uuid::parse(builder.id(caption)); };
     for (auto* each : {new listed(true, {id(u"1"), vestra::uuid(), id(u"2")}), new listed(false, {id(u"3")})})
@@ -107,7 +107,7 @@ TEST_F(select_panel, items_of_other_bundles_stand_under_the_headings_these_want)
     EXPECT_TRUE(is_selected(u"1") && !is_selected(u"2"));
 }
 
-TEST_F(select_panel, the_size_is_told_in_the_unit_that_fits_it) {
+TEST_F(select_panel, the_size_is_shown_in_the_unit_that_fits_it) {
     // Every file has the size that the row wants.
     struct told_sizes final : forwarding_system {
         uint64_t bytes = 0;
@@ -133,7 +133,7 @@ TEST_F(select_panel, the_size_is_told_in_the_unit_that_fits_it) {
     }
 }
 
-TEST_F(select_panel, an_outline_has_its_host_ask_again_after_everything_that_changes_its_rows) {
+TEST_F(select_panel, an_outline_notifies_its_host_of_every_change_of_its_rows) {
     struct counter final : outline_events_impl {
         void reset_rows() override { ++told; }
         void reset_columns() override {}

@@ -150,7 +150,7 @@ TEST_P(window_tour, from_the_first_look_to_what_was_left_at_home) {
         << "these, and the lost one that another layer refers to";
 }
 
-TEST_P(window_tour, what_is_left_ticked_is_copied_and_stands_alone) {
+TEST_P(window_tour, what_is_left_ticked_is_copied_and_self_contained) {
     stored.set_language(GetParam());
     vs::project_resave::project_builder project;
     for (const char16_t* name : {u"relief", u"slopes"})

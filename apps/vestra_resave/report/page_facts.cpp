@@ -94,7 +94,7 @@ std::vector<page_file> files_of(const ended_resave& ended) {
     const resave_report& report = ended.report;
     std::unordered_map<wide_string, sentence> earlier; // fate of earlier copies, by path key
     for (const copied_file& each : report.taken_over)
-        earlier.emplace(path_key(each.target), sentence("taken over"));
+        earlier.emplace(path_key(each.target), sentence("already copied"));
     for (const copied_file& each : report.unchanged)
         earlier.emplace(path_key(each.target), sentence("unchanged"));
     for (const copied_file& each : report.replaced)
@@ -109,12 +109,12 @@ std::vector<page_file> files_of(const ended_resave& ended) {
     for (const resave_plan::file& each : ended.plan ? ended.plan->files : ended.files) {
         const auto row = earlier.find(path_key(each.target));
         sentence state = row == earlier.end() ? "copied" : row->second;
-        if (each.written) state = "written anew";
+        if (each.written) state = "rewritten";
         if (each.renamed) state = "renamed";
         add(each.source, ended.plan ? spellings.apply(each.target) : each.target, each.bytes, state);
     }
     for (const copied_file& each : report.taken_over)
-        add(each.source, each.target, each.bytes, sentence("taken over"));
+        add(each.source, each.target, each.bytes, sentence("already copied"));
     for (const copied_file& each : report.unchanged) add(each.source, each.target, each.bytes, "unchanged");
     for (const problem& each : report.problems)
         for (const auto& [group, state] : uncopied)
@@ -193,7 +193,7 @@ page_facts facts_of(const ended_verify& ended, const verify_request& request) {
     const verification& found = ended.found;
     page_facts facts;
     facts.title = "Verification";
-    facts.outcome = say_known(ended.outcome);
+    facts.outcome = outcome_text(ended);
     for (const auto* all : {&ended.problems, &found.astray, &found.differing})
         facts.problems.insert(facts.problems.end(), all->begin(), all->end());
     facts.tone = found.stopped            ? page_tone::bad
@@ -210,7 +210,7 @@ page_facts facts_of(const ended_verify& ended, const verify_request& request) {
                      {std::to_string(found.astray.size()), say("broken references"), "astray"}};
     if (request.manifest)
         facts.figures.push_back(
-            {std::to_string(found.differing.size()), say("not as in the manifest"), "differing"});
+            {std::to_string(found.differing.size()), say("different from the manifest"), "differing"});
     facts.choices = {{"--elsewhere", request.elsewhere ? "yes" : "no"},
                      {"--manifest", request.manifest ? "yes" : "no"}};
     return facts;

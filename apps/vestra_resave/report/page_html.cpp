@@ -72,23 +72,22 @@ fragments said() {
 }
 
 // The groups of problems, most important first.
-constexpr named_text group_titles[] = {
-    {"failed", "What failed"},
-    {"lost", "Lost files"},
-    {"astray", "Broken references"},
-    {"differing", "Files that are not as in the manifest"},
-    {"dropped", "Elements that are not in the new project"},
-    {"left_behind", "Files left behind"},
-    {"not_resaved", "Layers of an unknown type"},
-    {"left_alone", "Elements whose file is not resaved"},
-    {own_kind::interrupted, "Interrupted"},
-    {own_kind::found, "Lost files that were found"},
-    {own_kind::not_searched, "Folders that could not be searched"},
-    {"renamed", "Renamed copies"},
-    {"written_over", "Files that were written over"},
-    {"pruned", "Files that were removed"},
-    {"unreferenced", "Files that are no longer referred to"},
-    {"changed_since", "Files that somebody changed since the earlier resave"}};
+constexpr named_text group_titles[] = {{"failed", "What failed"},
+                                       {"lost", "Lost files"},
+                                       {"astray", "Broken references"},
+                                       {"differing", "Files that differ from the manifest"},
+                                       {"dropped", "Elements that are not in the new project"},
+                                       {"left_behind", "Files left behind"},
+                                       {"not_resaved", "Layers of an unknown type"},
+                                       {"left_alone", "Elements whose file is not resaved"},
+                                       {own_kind::interrupted, "Interrupted"},
+                                       {own_kind::found, "Lost files that were found"},
+                                       {own_kind::not_searched, "Folders that could not be searched"},
+                                       {"renamed", "Renamed copies"},
+                                       {"written_over", "Overwritten files"},
+                                       {"pruned", "Files that were removed"},
+                                       {"unreferenced", "Files that are no longer referred to"},
+                                       {"changed_since", "Files changed since the earlier resave"}};
 
 std::string html_of(const problem& found) {
     const problem_words words = words_of(found);

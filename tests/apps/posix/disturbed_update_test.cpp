@@ -58,7 +58,7 @@ TEST_F(disturbed_update, takes_nothing_for_whole_that_a_disk_may_have_lost) {
     }
 }
 
-TEST_F(disturbed_update, keeps_what_somebody_changes_while_it_is_at_work) {
+TEST_F(disturbed_update, keeps_files_that_are_changed_while_it_runs) {
     save({u"a", u"b"});
     forwarding_system undisturbed;
     ASSERT_EQ(0, resave_on(undisturbed, run_mode::anew)) << err;

@@ -68,7 +68,7 @@ TEST_F(failure_reasons, standard_output_that_takes_nothing) {
     }
 }
 
-TEST_F(failure_reasons, a_reader_that_goes_away_does_not_end_a_resave) {
+TEST_F(failure_reasons, a_closed_pipe_does_not_end_a_resave) {
     string line = command_line("resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp'", {{}, "nothing", "&1"});
     line.replace(line.find(" > nothing"), string(" > nothing").size(), "");
     run_line(line.substr(string("exec ").size()) + " | true");
@@ -80,9 +80,7 @@ TEST_F(failure_reasons, a_full_disk) {
     if (::mount("tmpfs", out_folder.c_str(), "tmpfs", 0, "size=64k") != 0)
         GTEST_SKIP() << "this user may not mount a file system";
     EXPECT_EQ(3, command("resave 'C:\\prj\\area._vp' 'N:\\out\\deep\\new._vp' --quiet"));
-    EXPECT_EQ(
-        shown("vestra-resave: N:\\out\\deep: too little space: 200.0 KB are needed, 64.0 KB are free\n"),
-        err);
+    EXPECT_EQ(shown("vestra-resave: N:\\out\\deep: too little space: 200.0 KB needed, 64.0 KB free\n"), err);
     EXPECT_EQ("", made());
     expect_reason("copy_failed", target, "No space left on device");
     fs::remove_all(out_folder / "rtr");
@@ -95,10 +93,10 @@ TEST_F(failure_reasons, a_full_disk) {
     builder.save(source);
     for (const string dry : {" --dry-run", ""})
         EXPECT_EQ(3, command("resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp' --quiet" + dry)) << err;
-    EXPECT_TRUE(is_told(": too little space: 10") && is_told(", 64.0 KB are free\n")) << err;
+    EXPECT_TRUE(is_told(": too little space: 10") && is_told(", 64.0 KB free\n")) << err;
     EXPECT_LE(1, command("resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp' --quiet --ignore-space"));
     EXPECT_EQ(1U, times("No space left on device", err)) << err; // not once for each file
-    EXPECT_TRUE(is_told(" files could not be written (all are in --json)\n")) << err;
+    EXPECT_TRUE(is_told(" files could not be written (--json lists all)\n")) << err;
     ::umount(out_folder.c_str());
 }
 
@@ -147,10 +145,10 @@ TEST_F(failure_reasons, drives_that_do_not_exist_are_named_once_before_the_start
         .save(source);
     const string resave = "resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp' --quiet ";
     EXPECT_EQ(2, command(resave));
-    EXPECT_EQ("vestra-resave: \\\\srv\\maps does not exist, and 1 file of the project is on it\n"
-              "vestra-resave: E: does not exist, and 2 files of the project are on it; map it with --drive "
+    EXPECT_EQ("vestra-resave: \\\\srv\\maps does not exist, but 1 file of the project is on it\n"
+              "vestra-resave: E: does not exist, but 2 files of the project are on it; map it with --drive "
               "E=FOLDER\n"
-              "vestra-resave: with --allow-missing-drives these files are lost\n",
+              "vestra-resave: use --allow-missing-drives to treat these files as lost\n",
               err);
     EXPECT_EQ("", made());
     EXPECT_EQ(1, command(resave + "--deselect 1 --deselect 2 --deselect 3")) << err;
@@ -158,14 +156,14 @@ TEST_F(failure_reasons, drives_that_do_not_exist_are_named_once_before_the_start
     EXPECT_EQ(4U, json::parse(out).at("lost_sources").size()) << out;
 }
 
-TEST_F(failure_reasons, of_more_than_twenty_alike_ten_are_told_and_how_many_more) {
+TEST_F(failure_reasons, of_more_than_twenty_alike_ten_are_printed_and_a_count) {
     for (uint32_t index = 0; index < 24; ++index)
         builder.layer("rtr_lr2d", u"Lost", u"C:\\gone\\" + decimal(index) + u".tif");
     builder.save(source);
     EXPECT_EQ(1, command("resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp' --quiet --json"));
     EXPECT_EQ(24U, json::parse(out).at("lost_sources").size());
     EXPECT_EQ(10U, times(": does not exist (\"Lost\" in \"Area\")\n", err)) << err;
-    EXPECT_TRUE(err.ends_with("vestra-resave: and 14 more like this (all are in --json)\n")) << err;
+    EXPECT_TRUE(err.ends_with("vestra-resave: and 14 more like this (--json lists all)\n")) << err;
 }
 
 TEST_F(failure_reasons, names_that_windows_does_not_take) {

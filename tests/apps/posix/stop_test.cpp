@@ -54,7 +54,7 @@ protected:
     }
 };
 
-TEST_F(stopped_command, a_resave_erases_or_keeps_as_told_and_tells_of_the_stop) {
+TEST_F(stopped_command, a_resave_erases_or_keeps_as_asked_and_reports_the_stop) {
     const tree_state before = sources();
     for (const auto& [choice, signal] : {std::pair<string, int>("", SIGTERM),
                                          {"--on-stop keep", SIGINT},
@@ -106,7 +106,7 @@ TEST_F(stopped_command, a_text_is_taken_away) {
 }
 
 // A new project that cannot be written while an older one of its name stands.
-TEST_F(stopped_command, an_older_project_that_stands_is_not_taken_for_the_new_one) {
+TEST_F(stopped_command, an_existing_older_project_is_not_taken_for_the_new_one) {
     builder.clear();
     for (uint32_t index = 0; index < 40; ++index) builder.scene_2d(u"Scene " + decimal(index));
     builder.save(source);

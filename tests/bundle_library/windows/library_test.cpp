@@ -7,7 +7,7 @@ namespace vs::project_resave {
 namespace {
 
 // English is what it speaks in all other tests.
-TEST_F(panel, the_library_speaks_the_base_language_too_and_is_gone_from_the_process_once_unloaded) {
+TEST_F(panel, the_library_has_the_base_language_and_unloads_completely) {
     vestra::shell::settings().language_offset = 0;
     open();
     EXPECT_EQ(u"Пересохранение проекта", at("prj").caption);

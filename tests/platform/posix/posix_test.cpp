@@ -29,7 +29,7 @@ protected:
     system& files = current_system();
 };
 
-TEST_F(posix_files, a_native_path_gets_the_drive_of_the_longest_folder_that_holds_it) {
+TEST_F(posix_files, a_native_path_gets_the_drive_with_the_longest_folder) {
     const std::string root = folder.native().string();
     folder.write(u"data\\gis\\x.shp");
     std::string message;
@@ -89,7 +89,7 @@ TEST_F(posix_files, the_exact_spelling_wins_and_changes_by_others_are_seen) {
     EXPECT_EQ(files.file_size(folder.path(u"BAD\xFFFDname")), 1U);
 }
 
-TEST_F(posix_files, a_folder_made_anew_under_its_name_is_not_taken_for_the_one_before) {
+TEST_F(posix_files, a_recreated_folder_is_not_mistaken_for_the_old_one) {
     const fs::path sub = folder.native() / "sub";
     const wide_string file = folder.write(u"sub\\file.txt", "old");
     EXPECT_EQ(files.file_size(file), 3U);
@@ -192,7 +192,7 @@ TEST_F(posix_files, links_are_followed_but_a_circle_of_them_ends) {
     EXPECT_EQ(names, u"\\self \\to_b \\to_b\\to_a \\to_b\\y.txt \\x.txt ");
 }
 
-TEST_F(posix_files, a_file_that_another_program_holds_is_told_from_one_that_is_lost) {
+TEST_F(posix_files, a_file_that_another_program_holds_is_not_a_lost_one) {
     const wide_string path = folder.write(u"log.txt", "x");
     std::unique_ptr<file> opened;
     {

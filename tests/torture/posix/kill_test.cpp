@@ -166,7 +166,7 @@ protected:
     std::multimap<wide_string, wide_string> whole_; // the copies of a run that nothing disturbs
 };
 
-TEST_F(processes, a_run_killed_anywhere_leaves_the_source_whole_and_the_next_run_succeeds) {
+TEST_F(processes, a_killed_run_leaves_the_source_whole_and_the_next_succeeds) {
     std::mt19937_64 random = torture::seeded("kills");
     const size_t wanted = torture::number_of("TORTURE_KILLS", 5);
     const tree_state before = state_of(native("c"));
@@ -280,7 +280,7 @@ TEST_F(processes, an_update_killed_anywhere_is_finished_by_the_next_one) {
 }
 
 // Those that come while another is at work are refused, and made afterwards.
-TEST_F(processes, twenty_runs_at_once_into_one_folder_make_twenty_whole_projects) {
+TEST_F(processes, twenty_runs_at_once_into_one_folder_make_whole_projects) {
     const tree_state before = state_of(native("c"));
     run_time("by-type");
     for (const char* structure : {"by-type", "from-project-folder", "project-tree-else-type"}) {

@@ -30,7 +30,7 @@ TEST_F(linked_folders, are_copied_once_and_the_run_ends) {
 
 // Where the system does not say that it is one folder, its links are followed as far as it goes, and that is
 // told.
-TEST_F(linked_folders, that_are_not_recognised_are_copied_or_told_and_the_run_ends) {
+TEST_F(linked_folders, that_are_not_recognised_are_copied_or_reported) {
     fs::remove(native("c") / "data" / "a" / "w" / "1" / "above");
     const tree_state before = sources();
     load();
