@@ -1,5 +1,5 @@
-// The page of --report: what a project holds does no harm in it, every problem and file is in it once, and it
-// never takes the place of a file that somebody needs. tests/browser shows it to a browser.
+// The page of --report: texts of a project do no harm in it, it contains every problem and file once, and it
+// never replaces a file that is needed. tests/browser opens it in a browser.
 #include <cstdlib>
 #include <nlohmann/json.hpp>
 
@@ -24,7 +24,7 @@ size_t count_of(const string& part, const string& text) {
     return count;
 }
 
-// The data block of a page, as its script reads it.
+// Returns the data block of a page as its script reads it.
 json data_in(const string& page) {
     const string begin = "id=\"data\">";
     const size_t at = page.find(begin) + begin.size();
@@ -43,7 +43,7 @@ page_facts facts_with(std::vector<problem> problems, std::vector<page_file> file
 
 class report_page : public command_run {
 protected:
-    // The page at this place; empty if there is none.
+    // Returns the page at this path; empty if there is none.
     string page(const wide_string& path) const { return read(path); }
 };
 
@@ -54,7 +54,7 @@ TEST_F(report_page, what_a_project_holds_does_no_harm) {
     const wide_string path = u"C:\\prj\\" + evil + u"\u202Efdp.exe";
     const string html = html_of(facts_with({{"copy_failed", element, path, u"N:\\" + evil, evil}},
                                            {{path, u"N:\\out\\" + evil, 5, "copied", element, "</script>"}}));
-    EXPECT_EQ(2U, count_of("<script", html)); // its data and its own
+    EXPECT_EQ(2U, count_of("<script", html)); // the data and the script
     EXPECT_EQ(2U, count_of("</script", html));
     EXPECT_EQ(0U, count_of("<img", html) + count_of("<!--", html));
     EXPECT_EQ(0U, count_of("\u2028", html.substr(html.find("id=\"data\""))));
@@ -125,7 +125,7 @@ TEST_F(report_page, folders_add_up_to_what_is_in_them) {
     EXPECT_NE(string::npos, tree.html("/out/").find("more folders</li>"));
 }
 
-// With REPORT_PAGE the page is kept there, of 100,000 files, for a browser.
+// If REPORT_PAGE is set, the page with 100,000 files is stored there for a browser.
 TEST_F(report_page, very_many_files_are_each_in_it_once) {
     const char* const kept = std::getenv("REPORT_PAGE");
     const size_t count = kept ? 100000 : 1000;
@@ -169,10 +169,10 @@ TEST_F(report_page, changes_nothing_else_of_a_command) {
     EXPECT_EQ(string::npos, read(u"N:\\out\\new.manifest.json").find("new.html"));
     const json rows = data_in(page(u"N:\\out\\new.html")).at("files");
     EXPECT_EQ(rows.size(), data_in(page(u"N:\\pages\\dry.html")).at("files").size());
-    ASSERT_EQ(3U, rows.size()) << rows; // the raster, the project, and what is lost
+    ASSERT_EQ(3U, rows.size()) << rows; // the raster, the project, and the lost file
     EXPECT_EQ(10, rows.at(0).at(4));
     EXPECT_EQ(-1, rows.at(2).at(2));
-    // Nor does it come into the way of the next run.
+    // It is not in the way of the next run either.
     EXPECT_EQ(1, command(resave + " --update --prune --report 'N:\\out\\new.html'")) << err;
     EXPECT_EQ(json::array(), json::parse(out).at("changed_since"));
     EXPECT_EQ(1, command("verify 'N:\\out\\new._vp' --manifest --report 'N:\\out\\new.html' --language ru"))

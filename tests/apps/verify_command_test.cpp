@@ -1,5 +1,5 @@
-// vestra-resave verify, and resave --verify: whether a project can be moved with all it needs; the command
-// line with a bundle; and the window on a terminal, as docs/panel.md tells it.
+// vestra-resave verify, and resave --verify: whether a project can be moved with everything it needs; the
+// command line with a bundle; and the panel sessions of the documents.
 #include <nlohmann/json.hpp>
 #include <regex>
 #include <sstream>
@@ -15,7 +15,7 @@ using std::string;
 
 using verify_command = command_run;
 
-// A reference in every place that can hold one; most of them lead astray.
+// A reference in every place that can hold one; most of them are broken.
 TEST_F(verify_command, reports_every_broken_reference_and_its_element) {
     std::filesystem::copy(VS_SOURCE_DIR "/tests/apps/astray/c", native("c"),
                           std::filesystem::copy_options::recursive);
@@ -50,7 +50,7 @@ TEST_F(verify_command, ends_with_0_only_for_a_project_that_can_be_moved) {
     EXPECT_EQ(1U, state_of(native("c") / "moved").size());
 }
 
-// What the references do not know is in the manifest; and what is found here need not be found elsewhere.
+// The manifest has files that no reference knows; a file found here need not be found elsewhere.
 TEST_F(verify_command, knows_what_is_changed_and_what_is_bound_to_its_place) {
     write(u"C:\\prj\\r.tfw", "left behind by the rules of no run");
     write(u"C:\\prj\\r.tif.aux.xml", "left behind by those of each");
@@ -81,7 +81,7 @@ TEST_F(verify_command, knows_what_is_changed_and_what_is_bound_to_its_place) {
         EXPECT_EQ(1, command("verify 'N:\\out\\new._vp' --elsewhere"));
         EXPECT_TRUE(is_printed("outside: layer R: N:\\out\\rtr\\r.tif: it would not be found")) << out;
     }
-    // What data sets name themselves.
+    // Files that data sets refer to.
     write(u"C:\\prj\\m.tos", "TOS 1\nproperty X\nmember .tod\n");
     const string picture = "<SourceFilename relativeToVRT=\"1\">";
     write(u"C:\\prj\\v.vrt", "<VRTDataset>" + picture + "../out.tif</SourceFilename>" + picture +
@@ -99,7 +99,7 @@ TEST_F(verify_command, knows_what_is_changed_and_what_is_bound_to_its_place) {
     EXPECT_TRUE(is_told("N:\\out\\new.manifest.json: could not be read: ")) << err;
 }
 
-// The run's own messages go on after the file was copied.
+// The messages of the run appear after the file was copied.
 TEST_F(verify_command, of_a_resave_reports_a_copy_that_differs_from_its_source) {
     const wide_string messages = platform::drive_path(file_of("err").string());
     project_builder().scene_2d(u"S").layer("rtr_lr2d", u"Messages", messages).save(source);
@@ -107,7 +107,7 @@ TEST_F(verify_command, of_a_resave_reports_a_copy_that_differs_from_its_source) 
     EXPECT_TRUE(is_told("its copy N:\\out\\rtr\\err has a different size")) << err;
     const auto told = json::parse(out);
     EXPECT_EQ("copy_size_differs", told.at("differing").at(0).at("kind"));
-    // No layer file, though it has the name of one.
+    // Not a layer file, although it is named like one.
     project_builder().scene_2d(u"S").layer("rtr_lr2d", u"Rocks", write(u"C:\\prj\\Rocks._lr")).save(source);
     EXPECT_EQ(
         1, command("resave 'C:\\prj\\area._vp' 'N:\\out\\b._vp' --structure from-project-folder --verify"));
@@ -162,7 +162,8 @@ protected:
     const std::string project = "'C:\\prj\\area._vp'", no_project = VS_SOURCE_DIR "/samples/area/README.md";
 };
 
-// A page tells its session in blocks of text; that of the docs from the first look at the window on.
+// The sessions of a page are in blocks of text. That of the document begins with the first print of the
+// window.
 TEST_F(panel_session, each_session_of_a_page_is_what_the_program_prints) {
     const auto relief = platform::native_path(u"C:\\prj\\rasters\\relief.tif");
     const bool has_whole_sets = vestra::datasets::open_gdal_source(relief) != nullptr;
@@ -170,7 +171,7 @@ TEST_F(panel_session, each_session_of_a_page_is_what_the_program_prints) {
     const struct {
         const char* page;
         std::string project;
-        int code; // 1 where some of it is refused
+        int code; // 1 if some command is refused
     } rows[] = {{"docs/panel.md", project, 1},
                 {"tests/apps/sessions/marks.md", "", 0},
                 {"tests/apps/sessions/paths.md", "", 1},

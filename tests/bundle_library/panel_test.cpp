@@ -1,4 +1,4 @@
-// The main panel through the library's tables: what is loaded and when, what is refused, and how it ends.
+// The main panel through the library's tables: what is loaded and when, what is refused, and how it closes.
 #include "framework/bundle_entry.h"
 #include "platform/forwarding_system.h"
 #include "reference_host/model/counted.h"
@@ -8,7 +8,7 @@
 namespace vs::project_resave {
 namespace {
 
-// The project that is open in the host, for its own life.
+// A project that is open in the host for the lifetime of the object.
 struct opened {
     explicit opened(wide_view file) {
         project.file = file;
@@ -25,7 +25,7 @@ TEST_F(panel, load_current_reads_a_copy_and_never_changes_the_host_project) {
     open();
     EXPECT_EQ(u"", text("field1")) << "nothing is loaded by itself";
     ASSERT_TRUE(check("prj/check7"));
-    // Loaded even where the path of the new project is the same; but never written over.
+    // Loads even if the path of the new project is the same, but never overwrites it.
     for (const wide_view same : {u"c:\\PRJ\\Area._VP", u"C:/prj/sub/../AREA._vp"}) {
         ASSERT_TRUE(enter("prj/field1", wide_string(same)));
         ASSERT_TRUE(press("button1"));
@@ -55,14 +55,14 @@ TEST_F(panel, a_closed_window_unloads_the_project_and_keeps_its_options) {
     ASSERT_TRUE(enter("field1", source));
     EXPECT_EQ(all_scenes, rows("scn2d/list1"));
 
-    // A project that is loaded when the library goes ends with it, window or not.
+    // A loaded project is closed when the library is unloaded, with or without a window.
     close();
     ASSERT_TRUE(vestra::toolkit::enter_text(*vestra::toolkit::find(view, u"file_input"), source));
     loader.unload_all();
     EXPECT_EQ(before, vestra::living_objects());
 }
 
-// The tool of the copy that is linked in, whose code does not go with it, and whose system a test can break.
+// The tool of the linked-in copy, whose code stays loaded and whose system a test can break.
 struct linked_in_tool {
     using app = project_resave_app;
     linked_in_tool() { registry.add(app::id, pointer_to<service_factory_impl>(*factory), {}); }
@@ -111,7 +111,7 @@ TEST_F(panel, a_failed_run_closes_the_project_and_reports_nothing_saved) {
     close();
 }
 
-// A collision asks for another name in the middle of the run, where a person still has the window.
+// A conflict asks for another name in the middle of the run, while the user still has the window.
 TEST_F(panel, while_a_run_waits_nothing_begins_and_closing_is_delayed) {
     project_builder built;
     built.scene_2d(u"Area").layer("rtr_lr2d", u"East", write(u"C:\\a\\relief.tif"));

@@ -1,4 +1,4 @@
-// Layouts with their images, pages, frames and legends: what is copied, what is rewritten, what stays.
+// Layouts with their images, pages, frames and legends: what is copied, rewritten and kept.
 #include "tests/support/builder_run.h"
 
 namespace vs::project_resave {
@@ -17,7 +17,7 @@ protected:
         write(u"C:\\data\\t.tos", "TOS 1\nmember t.tod\n");
         settings.save_layer_files = settings.write_log = true;
     }
-    // Runs the project as it is built so far, into an empty folder without a log.
+    // Runs the current project into an empty folder without a log.
     void run() {
         clear_output();
         builder_run::run();
@@ -27,7 +27,7 @@ protected:
     std::string log;
 };
 
-// All kinds that a legend knows, and two that it does not.
+// All kinds of layers that a legend knows, and two that it does not.
 const std::vector<sign> all_signs = {
     {"shp_pln_lr2d", u"Road", u"C:\\data\\s.shp"},   {"rtr_lr2d", u"Relief", u"C:\\data\\i.tif"},
     {"tos_2crd_lr2d", u"Depth", u"C:\\data\\t.tos"}, {"tld_lr2d", u"Base", u"C:\\data\\b.tld"},
@@ -104,7 +104,7 @@ TEST_F(layouts, a_legend_keeps_layers_that_are_lost_or_left_out) {
     settings.delete_lost_sources = true;
     std::filesystem::remove_all(native("c") / "data");
     run();
-    // What is lost behind a legend stands under its name, and the image has gone.
+    // A lost file of a legend is listed under the legend's name, and the image is gone.
     EXPECT_EQ("\nSheet: " + old_signs +
                   "\n!Signs: Lost files Base\nLost files Depth\nLost files Relief\nLost files Road\n"
                   "Lost files Image\n",

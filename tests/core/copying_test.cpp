@@ -15,12 +15,12 @@ namespace vs::project_resave {
 
 namespace {
 
-// Files are copied from src to out; the content of each is its own name.
+// Files are copied from src to out; the content of each file is its own name.
 class copying : public testing::Test {
 protected:
     ~copying() override { EXPECT_EQ(vestra::living_objects(), 0u); }
 
-    // Begins anew with these files; "*name" already stands in out.
+    // Starts again with these files; "*name" already exists in out.
     void begin(wide_view names) {
         for (const wide_view folder : {u"src", u"out"}) {
             remove_tree(disk.path(folder));
@@ -34,7 +34,8 @@ protected:
         context.report.current_unit = u"unit";
         context.placement.reset();
     }
-    // "source>target" for each new file in out, then "!" for each recorded failure and "no" for the result.
+    // Returns "source>target" for each new file in out, then "!" for each recorded failure and "no" for a
+    // false result.
     std::string outcome(bool result) const {
         std::string text;
         for (const auto& entry : platform::list_tree(platform::current_system(), out)) {

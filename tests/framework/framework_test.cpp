@@ -1,4 +1,4 @@
-// The border between libraries, and the texts and pictures of this one.
+// The interface between libraries, and the texts and pictures of this one.
 #include <gtest/gtest.h>
 
 #include <stdexcept>
@@ -192,7 +192,7 @@ TEST_F(strings, a_localizer_has_the_last_word_until_it_is_gone) {
         picture.visit_mask(pointer_to<bytes_visitor_impl>(mask));
         EXPECT_EQ((std::vector<int>{1, 2, 0, 255}),
                   (std::vector<int>{colours.rows[0], colours.rows[1], mask.rows[0], mask.rows[1]}));
-        EXPECT_EQ(u"", load_string(501)); // its silence is final
+        EXPECT_EQ(u"", load_string(501)); // no answer is final
         EXPECT_EQ(u"Run", load_string(-101));
     }
     EXPECT_EQ(u"Project saved", load_string(502));

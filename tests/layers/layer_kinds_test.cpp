@@ -47,7 +47,7 @@ const kind_row kinds[] = {
 
 class layer_kinds : public builder_run {
 protected:
-    // The reference of the row's layer while its file lies in this folder.
+    // Returns the reference of the row's layer when its file is in this folder.
     static wide_string reference(const kind_row& row, const wide_string& folder) {
         const bool marked = row.reference.starts_with(u'*');
         if (row.folder.empty()) return wide_string(row.reference);
@@ -55,7 +55,7 @@ protected:
     }
     static wide_string new_reference(const kind_row& row) { return reference(row, out(row.folder) + u"\\"); }
 
-    // Runs a project of one layer of this kind, with its files or without.
+    // Runs a project with one layer of this kind, with or without its files.
     void run(const kind_row& row, const resave_settings& wanted, bool has_files = true) {
         clear();
         settings = wanted;

@@ -1,5 +1,5 @@
-// Map layers, whose scene is resaved inside them, layers that name other elements of the project, and the
-// rounds in which these pull them into the selection.
+// Map layers, whose scene is resaved inside them, layers that refer to other elements of the project, and the
+// rounds that add these to the selection.
 #include "tests/support/builder_run.h"
 
 namespace vs::project_resave {
@@ -106,7 +106,8 @@ TEST_F(layer_references, a_scene_with_some_of_its_layers_counts_as_not_selected)
 
 class rounds : public builder_run {
 protected:
-    // Resaves with this answer to the question of what to add; the number of scenes in the new project.
+    // Resaves with this answer to the question of what to add. Returns the number of scenes in the new
+    // project.
     uint32_t scenes_with(answer given) {
         script.answers = {given, answer::no};
         run();

@@ -1,4 +1,4 @@
-// TOS layers: the files of a complex model, and the style that a save carries over.
+// TOS layers: the files of a complex model, and the style that a save keeps.
 #include "core/data_source.h"
 #include "layers/resave_tos_layers.h"
 #include "reference_host/api/handles.h"
@@ -23,7 +23,7 @@ protected:
         }
     }
 
-    // To the scene that was begun last.
+    // Adds a layer to the scene that was begun last.
     vestra::layer& add_tos(const elements& texts, size_t size = 70, wide_view file = u"main.tos") {
         vestra::layer& layer = builder.layer("tos_grid_lr2d", u"L", src(file)).last();
         vestra::tuple record;
@@ -32,7 +32,7 @@ protected:
         layer.extras.set(record_key).value = record;
         return layer;
     }
-    // Of a layer of the new project.
+    // Returns the texts of a layer of the new project.
     elements texts_of(uint32_t layer, uint32_t scene = 0) const {
         elements result;
         vestra::layer& shown = *copy->scenes_2d.at(scene)->at(layer);
@@ -58,7 +58,7 @@ TEST_F(tos_layers, files_of_a_complex_model_are_copied_and_referred_to) {
          {{9, u"a.tos"}, {15, u"b.tos"}, {44, u"c.tos"}, {39, u"a.tos"}, {1, u"not a file"}},
          u"a b c main",
          u""},
-        // A row without a path does not count: the ones behind it are handled as earlier ones.
+        // An element without a path does not count: the later ones move up.
         {{{44, u"sub\\c.tos"}}, {{9, u"c.tos"}, {15, u""}, {39, u""}, {44, u"sub\\c.tos"}}, u"c main", u""},
         {{{44, u"gone.tos"}},
          {{9, u""}, {15, u""}, {39, u""}, {44, u"gone.tos"}},
@@ -93,7 +93,7 @@ TEST_F(tos_layers, files_of_a_complex_model_are_copied_and_referred_to) {
     }
 }
 
-// The second pair finds the names of the first one taken.
+// The second pair finds the names taken by the first one.
 TEST_F(tos_layers, renamed_sets_are_read_with_their_own_values) {
     texts sources;
     for (const wide_view folder : {u"1\\", u"2\\"}) {

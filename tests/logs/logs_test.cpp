@@ -24,7 +24,7 @@ protected:
     log_file& log = context.log;
 };
 
-// Counts the pauses between two tries in place of sleeping, and lets the file go after so many.
+// Counts the pauses between two attempts instead of sleeping, and releases the file after a number of them.
 struct held_file final : forwarding_system {
     held_file(const wide_string& path, int until) : pauses_until_free(until) {
         forwarding_system::open(path, platform::access::read_write, platform::disposition::open_existing,

@@ -1,4 +1,4 @@
-// Whole runs on small projects: one choice of the user at a time, and what happens at the edges.
+// Whole runs on small projects: one choice of the user at a time, and edge cases.
 #include "tests/support/builder_run.h"
 
 namespace vs::project_resave {
@@ -41,7 +41,7 @@ TEST_F(resaving, a_taken_name_is_numbered_or_asked_for_and_the_old_file_kept) {
     }
 }
 
-// Whatever is taken out as lost is a 3D layer in the log.
+// Kept as users know it: every element removed as lost is a 3D layer in the log.
 TEST_F(resaving, each_option_decides_copies_names_and_log) {
     write(u"C:\\prj\\Maps\\Relief.TIF");
     write(u"C:\\prj\\Maps\\Relief.TFw"); // letters of the source's extension, in the copy too
@@ -67,7 +67,7 @@ TEST_F(resaving, each_option_decides_copies_names_and_log) {
         {{}, {}},
         {{.structure_variant = from_project_folder, .delete_lost_sources = true, .lower_case = true}, {}},
         {{.structure_variant = folder_per_scene}, {}}, // of which nothing else is in the new project
-        // Empty groups leave with an unchecked layer of a 2D scene alone.
+        // Empty groups are removed only with an unchecked layer of a 2D scene.
         {{.delete_lost_sources = true, .write_log = true}, {u"Relief", u"Line", u"T"}},
     };
     string all;
@@ -124,7 +124,7 @@ TEST_F(resaving, the_source_opens_again_only_if_the_user_wants_to_continue) {
     EXPECT_EQ(0, context->sizes.total_kb());
 }
 
-// The project is saved after the second.
+// The project is saved after the second one.
 TEST_F(resaving, joins_come_back_with_their_tables_or_stay_on_the_source) {
     const wide_string joined = write(u"C:\\data\\joined.dbf"), file = write(u"C:\\data\\t.dbf");
     const wide_string placed = write(u"C:\\data\\placed.dbf");
@@ -140,7 +140,7 @@ TEST_F(resaving, joins_come_back_with_their_tables_or_stay_on_the_source) {
     EXPECT_EQ(2, copy->tables.at(1)->joins.at(1).base_field);
 }
 
-// The last dot of a folder counts as that of an extension.
+// The last dot in the name of a folder is treated as that of an extension.
 TEST_F(resaving, of_scenes_with_one_caption_the_last_gets_the_plain_name) {
     for (const wide_string place : {u"1", u"2", u"3"})
         builder.scene_2d(u" A.b ").layer("rtr_lr2d", u"L", write(u"C:\\data\\" + place + u"\\r.tif"));

@@ -1,4 +1,4 @@
-// What a run writes or removes itself never touches a file of the source, however the two meet.
+// Files that a run writes or removes itself are never files of the source, under any name or link.
 #include "operations/run_settings.h"
 #include "platform/forwarding_system.h"
 #include "tests/support/builder_run.h"
@@ -12,19 +12,19 @@ class source_guard_run : public builder_run {
 protected:
     ~source_guard_run() override { EXPECT_EQ("", difference(before_, original())) << "of the source"; }
 
-    // The source is what is there now.
+    // Takes the current files as the source.
     void keep_source() {
         builder.save(source);
         before_ = sources();
     }
-    // The lines of a kind of fact: the path and the new path.
+    // Returns the path and new path of each fact of a kind.
     texts told_of(fact_kind wanted) const {
         texts lines;
         for (const fact& each : context->report.facts())
             if (each.kind == wanted) lines.push_back(each.path + u">" + each.new_path);
         return lines;
     }
-    // Of what was there at first, what is there now.
+    // Returns the current state of the files that existed at first.
     tree_state original() const {
         tree_state now = sources();
         std::erase_if(now, [this](const auto& entry) { return !before_.contains(entry.first); });
@@ -94,7 +94,7 @@ TEST_F(source_guard_run, no_project_or_text_replaces_a_source_under_any_name) {
     }
 }
 
-// Who reads a folder as one data set reads whatever is in it.
+// Programs that read a folder as one data set read everything in it.
 TEST_F(source_guard_run, no_copy_is_placed_in_a_folder_that_is_one_data_set) {
     write(u"C:\\data\\blocks\\inner");
     write(u"C:\\prj\\g\\g.val");
@@ -191,7 +191,7 @@ TEST_F(source_guard_run, a_scene_file_does_not_replace_the_copy_of_a_map_scene) 
     EXPECT_EQ((texts{u">N:\\out\\B._sn"}), told_of(fact_kind::written_over)) << "two of one caption";
 }
 
-// The join is put on again after the scene file was written.
+// The join is restored after the scene file was written.
 TEST_F(source_guard_run, a_table_in_the_scene_of_a_map_layer_keeps_its_joins) {
     for (const char16_t* file : {u"C:\\data\\a.shp", u"C:\\data\\a.dbf", u"C:\\data\\joined.dbf"})
         write(file);

@@ -135,7 +135,7 @@ TEST_F(structure_text, a_resave_without_a_log_appends_to_the_text) {
     EXPECT_EQ(u"    ", context->options.indent_unit);
 }
 
-// Before any resave the files land in the current folder, which is N:\out here.
+// Before any resave the files go to the current folder, which is N:\out here.
 class scene_files : public builder_run {
 protected:
     scene_files() : before_(std::filesystem::current_path()) {

@@ -1,4 +1,4 @@
-// Files and folders, and the letters of their names.
+// Files and folders, and letter case of names.
 #include <gtest/gtest.h>
 
 #include <chrono>
@@ -134,7 +134,7 @@ TEST_F(file_system, each_failing_call_says_why) {
     const auto read = [&](const wide_string& path) {
         return files.open(path, access::read, disposition::open_existing, opened);
     };
-    // Where there is no kind the native code decides; it differs from one system to the other.
+    // An error without a kind is compared by its native code, which differs between systems.
     const std::tuple<const char*, outcome, std::optional<failure>> cases[] = {
         {"read a lost file", read(lost), failure::missing},
         {"read below a file", read(there + u"\\x"), failure::missing},

@@ -1,4 +1,4 @@
-// What every C function of the host promises alike, and its front end on a terminal.
+// What all C functions of the host have in common, and its front end on a terminal.
 #include <limits>
 
 #include <gtest/gtest.h>

@@ -1,5 +1,5 @@
-// The files of the host: what is written by hand comes back, wherever the folder stands by then, and what a
-// person is told of a file that is not as it should be.
+// The files of the host: a project written by hand is read back, also after its folder was moved, and an
+// invalid file has an error with line and reason.
 #include <gtest/gtest.h>
 
 #include <sstream>
@@ -22,7 +22,7 @@ class host_files : public testing::Test {
 protected:
     ~host_files() override { EXPECT_EQ(living_objects(), before_); }
 
-    // What is said after the path and a colon; the project is untouched then.
+    // Returns the error without the path; the project is unchanged then.
     std::string told(const std::string& content) {
         const wide_string path = folder_.write(u"bad._vp", content);
         project prj;
@@ -118,7 +118,7 @@ TEST_F(host_files, a_failed_write_leaves_the_old_file_and_nothing_else) {
     }
 }
 
-// Behind "## " stands what is told of the lines below it.
+// The text after "## " is the error of the lines below it.
 TEST_F(host_files, each_is_refused_with_line_and_reason) {
     std::istringstream rows(committed("tests/reference_host/refused.txt") + "## ");
     std::string content, expected = "1: there is no root element <project>"; // in an empty file
@@ -181,7 +181,7 @@ TEST(references, what_is_stored_reads_back_as_the_same_reference) {
         {u"C:\\prj\\", u"*C:\\prj\\a.tos", u"*a.tos", true},
         {u"C:\\prj\\", u"*a.tos", u"*=a.tos", true},
         {u"C:\\prj\\", u"C:\\prj\\a.tos", u"a.tos", true},
-        // A scene file moves with the data beside it.
+        // A scene file can be moved together with the data next to it.
         {u"C:\\prj\\maps\\", u"C:\\prj\\data\\a.shp", u"..\\data\\a.shp", false, nearness::beside},
         {u"C:\\prj\\maps\\x\\", u"C:\\prj\\a.shp", u"..\\..\\a.shp", false, nearness::beside},
         {u"C:\\prj\\maps\\", u"*C:\\prj\\a.tos", u"*..\\a.tos", true, nearness::beside},

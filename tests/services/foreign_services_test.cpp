@@ -1,4 +1,4 @@
-// Services that a test offers itself: for the order among claims, and to misbehave.
+// Services of the test itself: for the order of claims, and for misbehaviour.
 #include <stdexcept>
 
 #include "framework/border/string_adapter.h"
@@ -11,14 +11,14 @@
 namespace vs::project_resave {
 namespace {
 
-// What the services of the next run do; a bundle's class can only be built with its context.
+// What the services of the next run do; a class of the bundle can only be built with its context.
 struct wishes {
     int32_t priority = -1;
     bool accepts = true;
     wide_string meta_id = u"graph_lr2d";
     uint32_t kinds = 1, references = 0, files = 1, items = 0;
     bool throws = false;
-    // Answers that contradict each other, lead nowhere or are not there.
+    // The answers contradict each other, refer to missing files, or are missing.
     bool nonsense = false, copies = true;
     wide_string also = {}; // named as a copy, whoever made it
     bool swaps = false;    // names its sources as the copies
@@ -86,7 +86,7 @@ protected:
         builder.scene_2d(u"Area").layer("graph_lr2d", u"Drawing", write(u"C:\\prj\\a.dxf"));
         builder.layer("rtr_lr2d", u"Relief", write(u"C:\\prj\\b.tif"));
     }
-    // Where the layers are after a run.
+    // Checks where the layers are after a run.
     void expect_layers(const std::string& drawing, const std::string& relief) const {
         EXPECT_EQ("Area: Drawing=" + drawing + "\\a.dxf Relief=" + relief + "\\b.tif\n", outline());
         EXPECT_TRUE(context->report.saved);

@@ -25,7 +25,7 @@ protected:
         pin({u"Memory"});                            // nor one at all
     }
 
-    // A note on the layer that came last: caption, file, and what belongs to it.
+    // Pins a note to the last layer: caption, file, and companions.
     void pin(texts note) {
         any& notes = builder.model.scenes_2d.at(0)->at(0)->extras.set("sample_notes");
         if (!notes.as_tuple()) notes = any(vestra::tuple());
@@ -33,7 +33,7 @@ protected:
         note.insert(note.begin(), builder.id(note[0]));
         notes.as_tuple()->elements.push_back(tuple_of(note));
     }
-    // A line for each note of the new project: "caption > file".
+    // Returns a line for each note of the new project: "caption > file".
     std::string notes() {
         wide_string all;
         any* kept = copied(0).extras.find("sample_notes");
@@ -44,8 +44,8 @@ protected:
     }
 };
 
-// A folder for each scene has no service asked to save. Where a main file's name is taken, the files keep
-// their own names, and the item is told the numbered one.
+// With a folder for each scene no service is asked to save. If the name of a main file is taken, its files
+// keep their names and the item receives the numbered one.
 TEST_F(sample_bundle, its_items_follow_the_structure_and_leave_if_unticked_or_lost) {
     start(true);
     unticked = {u"Bridge"};

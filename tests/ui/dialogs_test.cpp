@@ -1,4 +1,4 @@
-// What a person is shown: the naming dialog as a host meets it, through its service and the tables of its
+// What the user sees: the naming dialog as a host meets it, through its service and the tables of its
 // elements, and the message at the end of a run.
 #include "framework/resources/strings.h"
 #include "tests/support/host_fixture.h"
@@ -70,7 +70,7 @@ TEST_F(dialogs, only_a_path_that_was_accepted_and_is_free_reaches_the_run) {
     }
 }
 
-// The host never brought a runner, or lets the bundle's service go before it.
+// The host never provided a runner, or unloads the bundle's service first.
 TEST(dialogs_of_a_poor_host, without_a_service_or_a_runner_no_dialog_is_shown_or_accepted) {
     scripted_dialog_runner runner([](const element_view&) { return 1; });
     const auto is_accepted = [] { return show_unique_name_dialog(u"C:\\a.shp", u"C:\\b.shp").accepted; };

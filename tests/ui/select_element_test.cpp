@@ -1,5 +1,5 @@
-// The selection panel, driven as a host drives it: what no session of the whole window shows, which are in
-// tests/apps/sessions.
+// The selection panel, driven as a host drives it: behaviour that the sessions of the whole window in
+// tests/apps/sessions do not show.
 #include "host/toolkit/outline.h"
 #include "platform/forwarding_system.h"
 #include "reference_host/api/handles.h"
@@ -12,7 +12,7 @@ namespace {
 
 using namespace vestra::toolkit;
 
-// Over a project of two scenes, the first in groups.
+// A project of two scenes; the first one has groups.
 class select_panel : public builder_run {
 protected:
     select_panel() {
@@ -25,7 +25,7 @@ protected:
         area.groups->add_layer(*area.at(2));
         builder.scene_2d(u"Plan").layer("a", u"Walls").save(source);
     }
-    // Fills the panel again, after a change to the loaded project that no file could hold.
+    // Fills the panel again after a change to the loaded project that no file could contain.
     void fill() {
         script.events.clear();
         panel.set_project(nullptr);
@@ -36,7 +36,7 @@ protected:
         name_elements(view);
         return view;
     }
-    // The rows of a list.
+    // Returns the rows of a list.
     std::string rows(const std::string& list) {
         const element_view view = look();
         const std::string text = described(*all_named(view, list).at(0));
@@ -79,7 +79,7 @@ TEST_F(select_panel, what_is_in_the_project_twice_is_left_out_in_both_places) {
         << "two rows, of which only one was clicked";
 }
 
-// What another bundle adds.
+// An element that another bundle adds.
 struct listed final : referent<resave_service_impl> {
     listed(bool under_own_heading, std::vector<vestra::uuid> items)
         : with_heading(under_own_heading), ids(std::move(items)) {}
@@ -108,7 +108,7 @@ TEST_F(select_panel, items_of_other_bundles_are_under_the_headings_they_ask_for)
 }
 
 TEST_F(select_panel, the_size_is_shown_in_the_unit_that_fits_it) {
-    // Every file has the size that the row wants.
+    // Reports the size of the current row for every file.
     struct told_sizes final : forwarding_system {
         uint64_t bytes = 0;
         platform::entry_status status_of(const wide_string& path) override {

@@ -32,7 +32,7 @@ namespace {
 namespace platform = vs::project_resave::platform;
 using vs::project_resave::committed;
 
-// The lines of a page's session: what is told, and of these what is typed.
+// The lines of a page's session: the commands and their output.
 struct told_session {
     explicit told_session(const char* page) {
         std::istringstream text(committed(page));
@@ -50,7 +50,7 @@ struct told_session {
     std::vector<std::string> typed;
 };
 
-// Without what passes by on a screen.
+// Returns the output without progress lines.
 std::string lasting(const std::string& told) {
     return std::regex_replace(told, std::regex("( *[0-9]+ % [^\n]*|Project opens, wait)\n"), "");
 }
@@ -130,7 +130,7 @@ TEST_F(window_test, a_dry_run_shows_what_the_run_does_and_what_was_lost) {
     EXPECT_TRUE(results.summary().startsWith("saved with problems: ")) << results.summary().toStdString();
     EXPECT_TRUE(results.isVisible());
 
-    // Every row is about something that is there, and a problem says what it is.
+    // Every row refers to an existing file, and a problem has a reason.
     const qsizetype all = results.table().model()->rowCount();
     QTest::mouseClick(&results.only_problems(), Qt::LeftButton, {},
                       {8, results.only_problems().height() / 2});

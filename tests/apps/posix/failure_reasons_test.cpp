@@ -1,5 +1,5 @@
-// Linux only: file systems of a fixed size, rights of another user, devices and drives that are folders.
-// Why a resave could not copy or write something, as text and as JSON, and what is refused.
+// Linux only: file systems of a fixed size, permissions of another user, devices and drives that are folders.
+// Why a resave could not copy or write a file, as text and as JSON, and what is refused.
 #include <sys/mount.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -22,7 +22,7 @@ protected:
         write(u"C:\\data\\big.tif", string(200'000, 'x'));
         builder.scene_2d(u"Area").layer("rtr_lr2d", u"Relief", u"C:\\data\\big.tif").save(source);
     }
-    // Runs it with JSON and with text; checks the one problem of this kind in both.
+    // Runs it with JSON and with text, and checks the only problem of this kind in both.
     void expect_reason(const string& what, const string& new_path, const string& reason,
                        const string& prefix = {}) {
         const string line =
@@ -56,7 +56,7 @@ TEST_F(failure_reasons, a_taken_name_and_a_folder_that_cannot_be_made) {
     expect_reason("copy_failed", target, "Not a directory (N:\\out\\rtr is in the way)");
 }
 
-// What a program prints is its result, as a file is.
+// Output on standard output is a result, like a file.
 TEST_F(failure_reasons, standard_output_that_takes_nothing) {
     const string list = command_line("list 'C:\\prj\\area._vp' --json", {{}, "/dev/full", file_of("err")});
     const string help = command_line("list --help", {{}, "/dev/full", file_of("err")});
@@ -122,7 +122,7 @@ TEST_F(failure_reasons, a_folder_without_the_right_to_write) {
     fs::permissions(closed, fs::perms::owner_all);
 }
 
-// Of what the host reads and writes, path and reason are told apart.
+// For files that the host reads and writes, path and reason are separate.
 TEST_F(failure_reasons, files_that_the_host_could_not_read_or_write) {
     write(u"C:\\data\\bad.tos", "TOS 1\nproperty X\ndata 1,5\n");
     builder.clear();
@@ -179,7 +179,7 @@ TEST_F(failure_reasons, names_that_windows_does_not_take) {
         told);
 }
 
-// Under the name that stands for it in messages it would be another file.
+// The name shown in messages would be that of another file.
 TEST_F(failure_reasons, a_file_in_a_folder_of_a_well_whose_name_is_not_utf8) {
     for (const wide_string name : {u"w.wel", u"w\\a.txt"}) write(u"C:\\data\\" + name, "x");
     std::ofstream(native("c") / "data/w/b\xFF.txt") << "x";
@@ -194,7 +194,7 @@ TEST_F(failure_reasons, a_file_in_a_folder_of_a_well_whose_name_is_not_utf8) {
     }
 }
 
-// Nothing is written, whatever is asked for.
+// Nothing is written, whatever the request.
 TEST_F(failure_reasons, a_wrong_drive_or_a_place_for_no_file_is_refused) {
     fs::create_directories(native("n") / "out");
     fs::create_directories(native("n") / "Out" / "sub");
@@ -211,11 +211,11 @@ TEST_F(failure_reasons, a_wrong_drive_or_a_place_for_no_file_is_refused) {
         {"Z=/;;E=/none", "list " + area, "VESTRA_DRIVES: not a drive: \"E=/none\""},
         {"Z=/tmp", "list " + area, "VESTRA_DRIVES: drive Z: is the root folder"},
         {"", "resave " + to + "--lowercase",
-         "N:\\Out: with --lowercase the files would go to another folder"},
+         "N:\\Out: with --lowercase the files would go to another existing folder"},
         {"", "resave " + area + "'\\\\server\\x\\new._vp'",
-         "\\\\server\\x\\new._vp: network shares are unknown"},
+         "\\\\server\\x\\new._vp: network shares are not supported"},
         {"", "structure " + area + "'\\\\server\\x\\t.txt'",
-         "\\\\server\\x\\t.txt: network shares are unknown"},
+         "\\\\server\\x\\t.txt: network shares are not supported"},
         {"", "resave " + area + file_of("link").string(), "link: is a device, a pipe or a link"},
         {"", "structure " + area + "/dev/full", "/dev/full: is a device, a pipe or a link"},
         {"", "check-case " + area + file_of("pipe").string(), "pipe: is a device, a pipe or a link"},
@@ -231,7 +231,7 @@ TEST_F(failure_reasons, a_wrong_drive_or_a_place_for_no_file_is_refused) {
     }
 }
 
-// A caption is never more than a caption: what follows a line feed in it is no entry of its own.
+// A caption is never interpreted: text after a line feed in it is not a separate entry.
 TEST_F(failure_reasons, a_caption_that_looks_like_a_line_of_the_report) {
     builder.clear();
     builder.scene_2d(u"Area").layer("rtr_lr2d", u"Old\nCopy error relief.tif", u"C:\\gone.tif").save(source);

@@ -1,4 +1,4 @@
-// Linux only: drives are folders there, and pipes, links and locks are made by means of its own.
+// Linux only: drives are folders there, and pipes, links and locks are created with its own calls.
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/file.h>
@@ -62,7 +62,7 @@ TEST_F(posix_files, a_native_path_gets_the_drive_with_the_longest_folder) {
     for (const wide_view absent : {u"Q:\\x", u"\\\\server\\share\\x", u"//server/share", u""})
         EXPECT_TRUE(native_path(wide_string(absent)).empty());
 
-    // Those of the environment.
+    // The drives of the environment.
     const std::string value = "bad;C=" + root + ";;D=/no/such/folder";
     ::setenv("VESTRA_DRIVES", value.c_str(), 1);
     mapped_volumes().reset();
@@ -111,7 +111,7 @@ TEST_F(posix_files, a_recreated_folder_is_not_mistaken_for_the_old_one) {
     EXPECT_EQ(folder_time(folder.path(u"before")), fs::last_write_time(folder.native() / "before"));
 }
 
-// Counts how often a folder's listing is opened, by whomever, from now on.
+// Counts how often the listing of a folder is opened by anyone.
 class folder_watch {
 public:
     explicit folder_watch(const std::filesystem::path& folder)
@@ -119,7 +119,7 @@ public:
         ::inotify_add_watch(events_.get(), folder.c_str(), IN_OPEN);
     }
 
-    // Since the last call.
+    // Returns the count since the last call.
     int readings() const {
         int count = 0;
         alignas(inotify_event) char events[4096];

@@ -1,5 +1,5 @@
 // Linux only: GDAL, which knows these formats, is not built for Windows.
-// Data sets of the formats that the library of geodata formats knows.
+// Data sets in the formats of the geodata library.
 #include <gtest/gtest.h>
 
 #include "reference_host/datasets/dbf_fields.h"
