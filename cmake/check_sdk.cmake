@@ -1,5 +1,5 @@
-# Run by CTest: installs the published headers into a folder of the build, compiles each alone, and builds the sample
-# bundle as its own project with nothing else.
+# Run by CTest: installs the published headers into a folder of the build, compiles each of them alone, and builds the
+# sample bundle as a separate project with only these headers.
 #
 #     cmake -D BUILD=... -D SOURCE=... -D COMPILER=... -P check_sdk.cmake
 set(prefix ${BUILD}/sdk_check/installed)

@@ -1,4 +1,4 @@
-// What the bundle offers, and the one function by which the host reaches it.
+// The services that the bundle offers, and the function through which the host gets them.
 #include "framework/bundle_entry.h"
 #include "notes_service.h"
 #include "sketch_service.h"
@@ -9,8 +9,8 @@ namespace {
 
 using namespace vs::project_resave;
 
-// Static objects: they stand in the library's list of factories before the host calls it, and end the
-// services when the library goes.
+// Static objects: they are in the library's list of factories before the host calls it, and destroy the
+// services when the library is unloaded.
 service_factory<notes_service>
     notes(u"vestra/resave_project",
           std::make_unique<ref_service_holder<notes_service, resave_service_impl>>());

@@ -11,7 +11,8 @@ namespace fs = std::filesystem;
 
 namespace {
 
-// The folder that stands for a drive where the system has none; the host tells it before it loads a bundle.
+// Returns the folder of a drive on systems without drives; the host sets the variable before it loads a
+// bundle.
 std::string folder_of_drive(char16_t letter) {
     const char* const told = std::getenv("VESTRA_DRIVES"); // "C=/data/c;N=/mnt/n"
     std::string_view rest = told ? told : "";
@@ -24,14 +25,14 @@ std::string folder_of_drive(char16_t letter) {
     return {};
 }
 
-// Compared without letter case, as far as the letters are those of English.
+// Compares without regard to letter case, for English letters only.
 bool same_name(const fs::path& a, const fs::path& b) {
     const std::string first = a.string(), second = b.string();
     const auto folded = [](char c) { return c >= 'A' && c <= 'Z' ? c | 0x20 : c; };
     return std::ranges::equal(first, second, {}, folded, folded);
 }
 
-// The entry of this name in any letter case; the name as it stands if there is none.
+// Returns the entry with this name in any letter case; the name unchanged if there is none.
 fs::path entry_in(const fs::path& folder, const fs::path& name) {
     std::error_code failed;
     if (!fs::exists(folder / name, failed))

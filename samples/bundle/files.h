@@ -9,7 +9,7 @@ using vs::project_resave::wide_string;
 
 bool file_exists(const wide_string& path);
 
-// False, with nothing new on the disk, if the source cannot be read or anything stands at the target.
+// Returns false, and leaves nothing new on the disk, if the source cannot be read or the target exists.
 bool copy_file(const wide_string& source, const wide_string& target);
 
 } // namespace sample

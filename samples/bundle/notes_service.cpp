@@ -20,8 +20,8 @@ void notes_service::set_project(vs_prj* loaded) {
     notes.clear();
 }
 
-// Every walk over the items begins with their count. The layers with the notes may have left the project
-// since the last one, so the notes are read again each time.
+// Every iteration over the items begins with their count. Layers with notes can have been removed from the
+// project since the last one, so the notes are read again each time.
 uint32_t notes_service::item_count() {
     notes.clear();
     vs_scns_2d* scenes = vs_prj_get_scns_2d_ptr(project);
@@ -57,7 +57,7 @@ void notes_service::item_source(uint32_t index, string_visitor visitor) {
     tell(visitor, text_at(row(index), source_place));
 }
 
-// What belongs to a note keeps its place relative to the main file, so one path is all there is to rewrite.
+// Files of a note keep their position relative to the main file, so only one path needs to be rewritten.
 void notes_service::set_item_source(uint32_t index, const char16_t* path) {
     any_assign_wstring(tuple_get_element(row(index), source_place), path);
 }

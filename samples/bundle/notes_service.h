@@ -1,8 +1,8 @@
 // Field notes: pictures and texts that are pinned to the layers of the 2D scenes. Each is an item of the
 // resave with a main file and any number of files and folders that belong to it.
 //
-// A layer keeps its notes under "sample_notes", one row for each: uuid, caption, main file, and then what
-// belongs to it, as paths relative to the folder of the main file. A row without texts is no note.
+// A layer stores its notes under "sample_notes", one row for each: uuid, caption, main file, and then the
+// other files, as paths relative to the folder of the main file. A row without texts is not a note.
 #pragma once
 
 #include <memory>
@@ -41,15 +41,15 @@ private:
         void operator()(vs_uuid* uuid) const { vs_uuid_destroy(uuid); }
     };
     struct note {
-        vs_tuple* row; // the layer's
+        vs_tuple* row; // owned by the layer
         std::unique_ptr<vs_uuid, destroy_uuid> uuid;
     };
 
     void read_notes_of(vs_lr* layer);
-    // Null for an index at or beyond the count, on which nothing is then done.
+    // Returns null for an index at or beyond the count; the caller then does nothing.
     vs_tuple* row(uint32_t index) const { return index < notes.size() ? notes[index].row : nullptr; }
 
-    vs_prj* project = nullptr; // stale from its end to the next load, in which time nothing reads it
+    vs_prj* project = nullptr; // dangling from its end to the next load, but not used in that time
     std::vector<note> notes;
 };
 

@@ -36,7 +36,7 @@ void sketch_service::set_file(vs_entity* entity, uint32_t, const char16_t* new_p
     vs_lr_set_wfilename(vs_lr_safe_downcast(entity), new_path);
 }
 
-// What was copied by the time of a failure stands in the lists, so the resave can take it away again.
+// Copies made before a failure are in the lists, so the resave can remove them.
 bool sketch_service::copy_files(vs_entity*, uint32_t, const char16_t* source, const char16_t* target,
                                 vs_wstrings* sources, vs_wstrings* targets) {
     const auto copy = [&](const wide_string& from, const wide_string& to) {
@@ -53,7 +53,7 @@ bool sketch_service::all_files(vs_entity* entity, vs_wstrings* files) {
     const wide_string drawing = drawing_of(entity);
     if (drawing.empty()) return true;
     vs_wstrings_add(files, drawing.c_str());
-    vs_wstrings_add(files, legend_of(drawing).c_str()); // passed over if it does not exist
+    vs_wstrings_add(files, legend_of(drawing).c_str()); // skipped if it does not exist
     return true;
 }
 

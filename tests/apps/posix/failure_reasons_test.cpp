@@ -216,9 +216,9 @@ TEST_F(failure_reasons, a_wrong_drive_or_a_place_for_no_file_is_refused) {
          "\\\\server\\x\\new._vp: network shares are not supported"},
         {"", "structure " + area + "'\\\\server\\x\\t.txt'",
          "\\\\server\\x\\t.txt: network shares are not supported"},
-        {"", "resave " + area + file_of("link").string(), "link: is a device, a pipe or a link"},
-        {"", "structure " + area + "/dev/full", "/dev/full: is a device, a pipe or a link"},
-        {"", "check-case " + area + file_of("pipe").string(), "pipe: is a device, a pipe or a link"},
+        {"", "resave " + area + file_of("link").string(), "link: is a device, a pipe or a dangling link"},
+        {"", "structure " + area + "/dev/full", "/dev/full: is a device, a pipe or a dangling link"},
+        {"", "check-case " + area + file_of("pipe").string(), "pipe: is a device, a pipe or a dangling link"},
         {"", "resave " + area + "'" + file_of("a\xFF").string() + "/new._vp'",
          "\xEF\xBF\xBD/new._vp: the name is not UTF-8"},
     };
