@@ -1,5 +1,5 @@
-// The parts of a target's `system` that have a source of their own: copying.cpp and open_file.cpp. Included
-// by the sources below posix/ and windows/ only. All functions may be called from any thread.
+// The parts of a target's `system` that have their own source: copying.cpp and open_file.cpp. Included only
+// by the sources in posix/ and windows/. All functions may be called from any thread.
 #pragma once
 
 #include <memory>
@@ -8,11 +8,11 @@
 
 namespace vs::project_resave::platform {
 
-// Does what `system::copy_file` promises.
+// Implements `system::copy_file`, with the same contract.
 outcome copy_regular_file(const wide_string& source, const wide_string& target, bool replace);
-// Does what `system::rename_over` promises.
+// Implements `system::rename_over`, with the same contract.
 outcome rename_file_over(const wide_string& from, const wide_string& to);
-// Does what `system::open` promises.
+// Implements `system::open`, with the same contract.
 outcome open_regular_file(const wide_string& path, access wanted, disposition how,
                           std::unique_ptr<file>& result);
 

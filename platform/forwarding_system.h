@@ -1,4 +1,4 @@
-// A system that hands every call on to another one: the base of wrappers that fail, count or watch calls.
+// A system that forwards every call to another one: the base of wrappers that fail, count or watch calls.
 //
 //     struct no_copies : forwarding_system {
 //         platform::outcome copy_file(const wide_string&, const wide_string&, bool) override {
@@ -6,7 +6,7 @@
 //         }
 //     };
 //     no_copies faults;
-//     platform::system_override in_force(faults);
+//     platform::system_override active(faults);
 #pragma once
 
 #include "platform/system.h"
@@ -15,7 +15,7 @@ namespace vs::project_resave {
 
 class forwarding_system : public platform::system {
 public:
-    // `inner`, by default the system in force, must outlive this object.
+    // `inner`, by default the current system, must outlive this object.
     explicit forwarding_system(platform::system& inner = platform::current_system()) : inner_(inner) {}
 
     platform::entry_status status_of(const wide_string& path) override { return inner_.status_of(path); }

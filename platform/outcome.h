@@ -1,4 +1,4 @@
-// What a call of the operating system answers: success, or the reason why it failed.
+// The result of a call of the operating system: success, or the reason why it failed.
 #pragma once
 
 #include <cstdint>
@@ -7,7 +7,7 @@
 
 namespace vs::project_resave::platform {
 
-// Failures that callers tell apart or report themselves. Each has a native code on every target.
+// Failures that callers distinguish or report themselves. Each has a native code on every target.
 enum class failure { missing, taken, denied, in_use, disk_full, damaged };
 
 // Two words, passed by value; success costs nothing. May be used from any thread.
@@ -17,10 +17,10 @@ public:
     outcome() = default;
     // A failure with its native code on this target.
     outcome(failure kind); // NOLINT(google-explicit-constructor): a call returns the kind itself
-    // A failure with a native code: errno on POSIX, what GetLastError returns on Windows. Code 0 is a
-    // failure, too, of unknown reason.
+    // A failure with a native code: errno on POSIX, the result of GetLastError on Windows. Code 0 is a
+    // failure, too, for an unknown reason.
     static outcome native(uint32_t code) { return {code, code == 0 ? u"unknown reason" : nullptr}; }
-    // The failure of the last native call of this thread; nothing else may be called in between.
+    // The failure of the last native call on this thread. No other call may be made in between.
     static outcome last();
     // Success if `succeeded`, else `last()`.
     static outcome of_call(bool succeeded) { return succeeded ? outcome() : last(); }
@@ -29,19 +29,19 @@ public:
 
     // True on success.
     explicit operator bool() const { return code_ == 0 && reason_ == nullptr; }
-    // The native code; 0 on success and where there is none.
+    // Returns the native code; 0 on success and for a failure without a code.
     uint32_t code() const { return code_; }
-    // True for a failure of this kind, whichever of the native codes for it was given.
+    // True for a failure of this kind, whichever native code it has.
     bool is(failure kind) const;
-    // The reason, in the words of the operating system if they are its own: "No space left on device". One
-    // line without full stop; empty on success.
+    // Returns the reason, in the operating system's words if it has a native code: "No space left on device".
+    // One line without full stop; empty on success.
     wide_string text() const;
 
 private:
     outcome(uint32_t code, const char16_t* reason) : code_(code), reason_(reason) {}
 
     uint32_t code_ = 0;
-    const char16_t* reason_ = nullptr; // takes the place of the operating system's words
+    const char16_t* reason_ = nullptr; // used instead of the operating system's words
 };
 
 } // namespace vs::project_resave::platform

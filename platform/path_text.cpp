@@ -1,3 +1,6 @@
+// Paths are taken apart and put together as text here, once for both targets: the standard library's paths
+// would split them differently on each.
+
 #include "platform/path_text.h"
 
 #include <algorithm>
@@ -14,7 +17,7 @@ wide_view file_name_of(wide_view path) {
     return last == wide_view::npos ? path : path.substr(last + 1);
 }
 
-// Where the extension of a file name begins; its length if it has none.
+// Returns where the extension of a file name begins; its length if it has none.
 size_t extension_start(wide_view file_name) {
     const size_t dot = file_name.rfind(u'.');
     return dot == wide_view::npos || dot == 0 ? file_name.size() : dot;
@@ -40,7 +43,7 @@ void drop_last_character(wide_string& path) {
     if (!path.empty()) path.pop_back();
 }
 
-// True for a path with a drive that normalising would give back as it is; most are.
+// True for a path with a drive that normalising would not change, as for most paths: they need no work.
 bool is_normal(wide_view path) {
     if (path.size() < 4 || path_root(path).empty() || path[2] != u'\\' || path.back() == u'\\') return false;
     for (size_t i = 2; i < path.size(); ++i) {
@@ -72,6 +75,8 @@ wide_string path_extension(wide_view path) {
 }
 
 wide_string path_replace_extension(wide_view path, wide_view extension) {
+    // Kept as users know it: the extension is searched in the whole text, so the dot of a name like ".tif"
+    // counts after a separator.
     const size_t end = path.find_last_of(u".\\/");
     const bool has_extension = end != wide_view::npos && end != 0 && path[end] == u'.';
     wide_string result(path.substr(0, has_extension ? end : path.size()));
@@ -116,10 +121,13 @@ std::vector<wide_string> path_split(wide_view path, wide_view separators, bool s
 }
 
 wide_string path_normalise(wide_view path) {
-    if (is_normal(path)) return wide_string(path);
+    const bool is_folder = path.size() > 3 && path.back() == u'\\'; // "C:\a\"
+    const wide_view bare = is_folder ? path.substr(0, path.size() - 1) : path;
+    if (is_normal(bare)) return wide_string(bare);
     const wide_string root = path_root(path);
     const piece_views pieces = pieces_of(path);
     piece_views kept;
+    // The first piece is the drive, with whatever follows its colon; so "C:name" loses its name.
     for (size_t i = root.empty() ? 0 : 1; i < pieces.size(); ++i) {
         if (pieces[i] == u".") continue;
         if (pieces[i] == u".." && !kept.empty() && kept.back() != u"..")
@@ -131,6 +139,7 @@ wide_string path_normalise(wide_view path) {
     result.reserve(path.size() + 1);
     if (!path.empty() && is_separator(path[0])) {
         result += u'\\';
+        // Two separators at the start are a network path, which one would not be.
         if (path.size() > 1 && is_separator(path[1])) result += u'\\';
     }
     if (!root.empty()) result.append(root).push_back(u'\\');
@@ -157,6 +166,7 @@ wide_string path_relative(wide_view base, wide_view target) {
     if (path_is_relative(folder) || path_is_relative(normal)) return normal;
     const wide_string base_root = path_root(folder);
     const wide_string root = path_root(normal);
+    // Without a drive the target is on the drive of the base.
     if (!root.empty() && !same_piece(base_root, root)) return normal;
 
     const piece_views from = pieces_of(wide_view(folder).substr(base_root.size()));
@@ -179,14 +189,14 @@ bool path_same(wide_view first, wide_view second) {
 
 wide_string path_key(wide_view path) { return platform::folded(path_normalise(path)); }
 
-// Dots and blanks at the end of a piece do not count everywhere, so ".. " leads upwards, too.
+// Dots and blanks at the end of a piece are dropped by some operating systems, so ".. " leads upwards, too.
 wide_string held_below(wide_view name) {
     wide_string result(name);
     size_t depth = 0; // folders below the start
     for (size_t start = 0; start <= result.size();) {
         const size_t end = std::min(result.find_first_of(path_separators, start), result.size());
         const wide_view piece = wide_view(result).substr(start, end - start);
-        // A system may drop dots and blanks at the end of a name, so more than two dots lead upwards too.
+        // For the same reason more than two dots lead upwards.
         const bool leads_up = piece.starts_with(u"..") && piece.find_first_not_of(u". ") == wide_view::npos;
         if (leads_up && depth == 0)
             std::replace(result.begin() + static_cast<ptrdiff_t>(start),

@@ -1,3 +1,6 @@
+// What both targets share of the operating system as an object: the current override, the watch over copies,
+// and the walk over a tree of folders.
+
 #include "platform/system.h"
 
 #include <algorithm>
@@ -16,6 +19,8 @@ std::function<void(uint64_t)>& watch_in_force() {
     return watch;
 }
 
+// Walks a tree of folders in depth. It remembers the folders above the current one, because a link to one of
+// them would make the walk endless.
 class tree_walk {
 public:
     tree_walk(system& files, const wide_string& start) : files_(files) {
@@ -47,7 +52,7 @@ private:
     }
 
     system& files_;
-    std::vector<wide_string> holders_; // the present folder and those above it, up to the drive
+    std::vector<wide_string> holders_; // the current folder and those above it, up to the drive
 };
 
 } // namespace

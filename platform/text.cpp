@@ -1,3 +1,5 @@
+// UTF-8 and UTF-16, converted by hand so that broken text gives the same result on every target.
+
 #include "platform/text.h"
 
 #include <algorithm>
@@ -27,19 +29,21 @@ void append_utf8(std::string& bytes, char32_t c) {
     }
 }
 
+// Returns the length of a character by its first byte; 0 if no character begins with it.
 size_t utf8_length(unsigned char lead) {
     if (lead < 0x80) return 1;
     if (lead < 0xC2 || lead > 0xF4) return 0;
     return lead < 0xE0 ? 2 : lead < 0xF0 ? 3 : 4;
 }
 
-// Takes the character `c` off the front of `bytes`. False if it is broken: what was right of it is taken off,
-// at least one byte.
+// Takes the character `c` from the front of `bytes`. Returns false if it is broken: then its valid first
+// bytes are taken, at least one byte.
 bool take_utf8(std::string_view& bytes, char32_t& c) {
     const auto byte = [&](size_t i) { return static_cast<unsigned char>(bytes[i]); };
     const unsigned char lead = byte(0);
     const size_t length = utf8_length(lead);
-    // The second byte's range shuts out overlong forms, halves of surrogate pairs and what is past U+10FFFF.
+    // The range of the second byte excludes overlong forms, halves of surrogate pairs and everything beyond
+    // U+10FFFF.
     const unsigned char low = lead == 0xE0 ? 0xA0 : lead == 0xF0 ? 0x90 : 0x80;
     const unsigned char high = lead == 0xED ? 0x9F : lead == 0xF4 ? 0x8F : 0xBF;
     c = length > 1 ? lead & (0x7FU >> length) : lead;
@@ -53,7 +57,8 @@ bool take_utf8(std::string_view& bytes, char32_t& c) {
     return taken == length;
 }
 
-// Most text is plain: it is taken over in one go.
+// Returns the length of the ASCII part at the front. Most text is ASCII only, and that part is copied at
+// once.
 size_t plain_length(const auto& text) {
     const auto is_foreign = [](auto c) { return static_cast<char32_t>(c) >= 0x80; };
     return static_cast<size_t>(std::ranges::find_if(text, is_foreign) - text.begin());

@@ -1,4 +1,4 @@
-// The one form of text inside the bundle and in calls between it and its host: UTF-16 on every target.
+// The only form of text inside the bundle and in calls between it and its host: UTF-16 on every target.
 #pragma once
 
 #include <string>

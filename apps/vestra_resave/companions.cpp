@@ -58,23 +58,28 @@ public:
             sources_.try_emplace(path_key(each.new_path), each.old_path);
         }
         for (const fact& each : run.report.facts()) // reported already
-            if (each.kind == fact_kind::copy_failed) sources_.try_emplace(path_key(each.new_path), each.path);
+            if (each.kind == fact_kind::copy_failed) {
+                sources_.try_emplace(path_key(each.new_path), each.path);
+                failed_.insert(path_key(each.new_path));
+            }
     }
 
     // Brings the companions of one copy. Files of the host itself have none.
     void bring_for(const placed_file& copy) {
         if (copy.old_path.empty() || path_extension(copy.old_path).starts_with(u"._")) return;
-        if (!path_exists(copy.new_path)) return;
+        if (failed_.contains(path_key(copy.new_path))) return;
+        copy_ = {copy.new_path, std::nullopt};
         const auto owner = owners_.find(path_key(copy.old_path));
         const current_element current(run_.report, owner == owners_.end() ? element_name() : *owner->second);
         const wide_string head = path_head(copy.old_path), new_head = path_head(copy.new_path);
         const folder_files& files = folders_.files_of(head);
-        if (!files.listed() && unlisted_.insert(path_key(head)).second)
+        if (!files.listed() && copy_.exists() && unlisted_.insert(path_key(head)).second)
             run_.report.add(fact_kind::not_read, head, {}, files.listed().text());
         const wide_string name = path_file_name(copy.old_path), stem = path_stem(copy.old_path);
         // A share that has disconnected shows no files either, which must not be taken for a file without
         // companions.
-        if (!files.find(name) && !path_exists(copy.old_path) && unlisted_.insert(path_key(head)).second)
+        if (!files.find(name) && copy_.exists() && !path_exists(copy.old_path) &&
+            unlisted_.insert(path_key(head)).second)
             run_.report.add(fact_kind::not_read, head, {},
                             platform::outcome(platform::failure::missing).text());
         const wide_string new_name = path_file_name(copy.new_path), new_stem = path_stem(copy.new_path);
@@ -95,6 +100,16 @@ public:
     }
 
 private:
+    // A copy, which is looked for once there is something to bring.
+    struct sought_copy {
+        bool exists() {
+            if (!is_there) is_there = path_exists(path);
+            return *is_there;
+        }
+        wide_string path;
+        std::optional<bool> is_there;
+    };
+
     bool is_placed(const wide_string& path) const { return placed_.find(path); }
 
     // Returns the files in `near` that the file's format lists and no other rule copies. The format is asked
@@ -118,6 +133,7 @@ private:
     }
 
     void bring(const wide_string& source, const wide_string& folder, wide_string name) {
+        if (!copy_.exists()) return;
         if (run_.options.lower_case) platform::lower_in_place(name);
         const wide_string target = folder + name;
         const auto [row, is_new] = sources_.try_emplace(path_key(target), source);
@@ -152,6 +168,8 @@ private:
     std::unordered_map<wide_string, wide_string> sources_;        // by the path key of the target
     std::unordered_map<wide_string, const element_name*> owners_; // by the path key of its file
     listed_folders folders_;
+    sought_copy copy_;                         // the current one
+    std::unordered_set<wide_string> failed_;   // path keys of copies
     std::unordered_set<wide_string> seen_;     // pairs of old and new path without extension
     std::unordered_set<wide_string> unlisted_; // path keys of folders
 };

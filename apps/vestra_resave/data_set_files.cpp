@@ -121,11 +121,14 @@ data_set_files files_of_data_set(const wide_string& path) {
     if (all.is_empty) return all;
     if (!is_folder)
         for (wide_string& partner : partners_of(path)) all.files.push_back({std::move(partner)});
-    const std::string beginning = is_folder ? std::string() : beginning_of(path);
+    std::vector<wide_string> listed;
+    const bool is_read = data_source_files(path, listed);
+    if (!is_read) all.unread = read_error_of(path);
+    // A shape file that could be read needs no second look at its first bytes: they are no text.
+    const bool is_text = !is_folder && !(is_read && has_extension(path, u".shp"));
+    const std::string beginning = is_text ? beginning_of(path) : std::string();
     if (is_virtual(beginning)) add_virtual_sources(path, all.files);
     if (beginning.starts_with("DatasetHeader Begin")) add_ers_data(path, all.files);
-    std::vector<wide_string> listed;
-    if (!data_source_files(path, listed)) all.unread = read_error_of(path);
     for (wide_string& file : listed) all.files.push_back({std::move(file)});
     // Keep one entry per file; the first one has more information.
     std::ranges::stable_sort(all.files, {}, [](const auto& each) { return path_key(each.path); });
@@ -149,19 +152,19 @@ folder_walls::folder_walls(const wide_string& folder)
 }
 
 bool folder_walls::leads_out(const wide_string& path) const {
+    const platform::file_identity found = platform::current_system().identity_of(path);
+    if (!found) return false; // what cannot be reached is missing
     std::error_code unknown;
-    const auto native = platform::native_path(path);
-    const auto type = std::filesystem::symlink_status(native, unknown).type();
-    if (type == std::filesystem::file_type::not_found) return false;
     std::filesystem::path whole;
-    if (type == std::filesystem::file_type::symlink) {
-        whole = std::filesystem::canonical(native, unknown);
+    if (found.is_link) {
+        whole = std::filesystem::canonical(platform::native_path(path), unknown);
     } else {
-        const auto [folder, is_new] = canonical_.try_emplace(native.parent_path());
-        if (is_new) folder->second = std::filesystem::canonical(folder->first, unknown);
-        whole = folder->second / native.filename();
+        const auto [folder, is_new] = canonical_.try_emplace(path_normalise(path_head(path)));
+        if (is_new)
+            folder->second = std::filesystem::canonical(platform::native_path(folder->first), unknown);
+        whole = folder->second / std::filesystem::path(path_file_name(path));
     }
-    if (unknown || home_.empty()) return false; // an unreachable path is reported as missing
+    if (unknown || whole.empty() || home_.empty()) return false;
     if (std::ranges::mismatch(home_, whole).in1 == home_.end()) return false;
     // The path may be spelled in another letter case on a disk that ignores it.
     for (auto level = whole.parent_path(); level != level.parent_path(); level = level.parent_path())

@@ -45,7 +45,7 @@ public:
 
 private:
     std::filesystem::path folder_, home_; // as given; without links, empty if unreachable
-    mutable std::map<std::filesystem::path, std::filesystem::path> canonical_; // of folders already checked
+    mutable std::map<wide_string, std::filesystem::path> canonical_; // of folders already checked
 };
 
 } // namespace vestra::command

@@ -1,40 +1,102 @@
+// Answers requests for the status and identity of files from earlier answers and folder listings.
 #include "apps/vestra_resave/remembered_disk.h"
+
+#include <algorithm>
+
+#include "platform/text.h"
 
 namespace vestra::command {
 
 using namespace vs::project_resave;
+using platform::entry_kind;
 using platform::outcome;
 
 namespace {
 
-// Returns the stored answer for a path; calls `ask` if there is none.
-template <class Table, class Question>
-auto kept_or_new(Table& table, const wide_string& path, const Question& ask) {
-    if (const auto at = table.find(std::u16string_view(path)); at != table.end()) return at->second;
-    const auto answer = ask();
-    table.emplace(path, answer);
-    return answer;
+// Returns the folder of a path with its separator at the end.
+std::u16string_view head_of(std::u16string_view path) {
+    return path.substr(0, path.find_last_of(u"\\/") + 1); // empty for a name alone
+}
+
+size_t key_of(std::u16string_view name) { return std::hash<wide_string>()(platform::folded(name)); }
+
+// True for a name that a disk finds under exactly this name or not at all. Some disks have short names
+// (AREA~1.SHP), ignore dots at the end, fold letters beyond ASCII by their own rules, or find folders that
+// they do not list; the latter have no extension.
+bool is_listed_if_there(std::u16string_view name) {
+    const size_t dot = name.find_last_of(u'.');
+    const bool has_extension = dot != 0 && dot < name.size() - 1 && dot != std::u16string_view::npos;
+    return has_extension && !name.ends_with(u' ') &&
+           std::ranges::all_of(name, [](char16_t c) { return c < 0x80 && c != u'~' && c != u':'; });
 }
 
 } // namespace
 
-remembered_disk::answers& remembered_disk::known() {
-    if (!known_) known_ = std::make_unique<answers>();
-    return *known_;
+remembered_disk::known_folder& remembered_disk::folder_of(std::u16string_view path) {
+    if (!known_) known_ = std::make_unique<knowledge>();
+    auto& folders = known_->folders;
+    if (const auto at = folders.find(path); at != folders.end()) return at->second;
+    return folders.try_emplace(std::pmr::u16string(path, &known_->memory), &known_->memory).first->second;
+}
+
+// Returns the current answer, or an empty one.
+remembered_disk::answer& remembered_disk::answer_for(known_folder& folder, std::u16string_view name) {
+    auto at = folder.answers.find(name);
+    if (at == folder.answers.end())
+        at = folder.answers.try_emplace(std::pmr::u16string(name, &known_->memory)).first;
+    answer& known = at->second;
+    const bool is_file = known.has_status && known.status.kind == entry_kind::file;
+    if (!is_file && known.additions != additions_) known = {};
+    known.additions = additions_;
+    return known;
+}
+
+bool remembered_disk::is_absent(const known_folder& folder, std::u16string_view name) const {
+    return folder.listed_at == additions_ && is_listed_if_there(name) &&
+           !std::ranges::binary_search(folder.names, key_of(name));
+}
+
+// The names in a folder that cannot be listed are unknown, so each of them is requested.
+void remembered_disk::learn_names(known_folder& folder, std::u16string_view path) {
+    if (folder.listed_at == additions_ || path.empty()) return;
+    std::vector<platform::folder_entry> entries;
+    if (!inner().list(wide_string(path), entries)) return;
+    folder.names.clear();
+    folder.names.reserve(entries.size());
+    for (const platform::folder_entry& each : entries) folder.names.push_back(key_of(each.name));
+    std::ranges::sort(folder.names);
+    folder.listed_at = additions_;
 }
 
 platform::entry_status remembered_disk::status_of(const wide_string& path) {
     if (!remembers_) return inner().status_of(path);
-    return kept_or_new(known().statuses, path, [&] { return inner().status_of(path); });
+    const std::u16string_view head = head_of(path), name = std::u16string_view(path).substr(head.size());
+    known_folder& folder = folder_of(head);
+    if (is_absent(folder, name)) return {entry_kind::none, 0, platform::failure::missing};
+    answer& known = answer_for(folder, name);
+    if (known.has_status) return known.status;
+    known.status = inner().status_of(path);
+    known.has_status = true;
+    if (known.status.identity) {
+        known.identity = known.status.identity;
+        known.has_identity = true;
+    }
+    if (known.status.reason.is(platform::failure::missing) && is_listed_if_there(name))
+        learn_names(folder, head);
+    return known.status;
 }
 
 platform::file_identity remembered_disk::identity_of(const wide_string& path) {
     if (!remembers_) return inner().identity_of(path);
-    return kept_or_new(known().identities, path, [&] { return inner().identity_of(path); });
+    const std::u16string_view head = head_of(path), name = std::u16string_view(path).substr(head.size());
+    answer& known = answer_for(folder_of(head), name);
+    if (!known.has_identity) known.identity = inner().identity_of(path);
+    known.has_identity = true;
+    return known.identity;
 }
 
 outcome remembered_disk::copy_file(const wide_string& source, const wide_string& target, bool replace) {
-    forget();
+    replace ? forget() : note_addition();
     return inner().copy_file(source, target, replace);
 }
 
@@ -44,7 +106,7 @@ outcome remembered_disk::delete_file(const wide_string& path) {
 }
 
 outcome remembered_disk::create_folder(const wide_string& path) {
-    forget();
+    note_addition();
     return inner().create_folder(path);
 }
 
@@ -60,8 +122,10 @@ outcome remembered_disk::rename_over(const wide_string& from, const wide_string&
 
 outcome remembered_disk::open(const wide_string& path, platform::access wanted, platform::disposition how,
                               std::unique_ptr<platform::file>& result) {
-    const bool writes = wanted != platform::access::read || how != platform::disposition::open_existing;
-    if (writes) forget();
+    if (how == platform::disposition::create_new)
+        note_addition();
+    else if (wanted != platform::access::read || how != platform::disposition::open_existing)
+        forget();
     return inner().open(path, wanted, how, result);
 }
 

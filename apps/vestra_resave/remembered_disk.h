@@ -1,11 +1,10 @@
-// A disk that caches the status and identity of each file until something is written through it. The commands
-// ask for most files of a project several times before and after the run, and on a share each request is a
-// round trip.
+// A disk that caches the status and identity of files until a write through it can have changed them. The
+// commands ask for most files of a project several times before and after the run, and on a share each
+// request is a round trip.
 //
 //     remembered_disk disk;
 //     const platform::system_override in_force(disk);
 //     ... // load, look, compare: each name is requested once
-//     create_folders(path); // discards the cache
 //     disk.remember(false); // a run takes hours and others work meanwhile, so nothing is cached
 #pragma once
 
@@ -15,6 +14,7 @@
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
 
 #include "platform/forwarding_system.h"
 
@@ -34,10 +34,12 @@ public:
         forget();
     }
 
+    // A name that is missing in the listing of its folder is reported as missing without a request. The
+    // listing is read after the first request for a name that does not exist.
     platform::entry_status status_of(const wide_string& path) override;
     platform::file_identity identity_of(const wide_string& path) override;
 
-    // These write, so they discard the cache.
+    // These write. Operations that only add an entry keep what is known of existing files.
     platform::outcome copy_file(const wide_string& source, const wide_string& target, bool replace) override;
     platform::outcome delete_file(const wide_string& path) override;
     platform::outcome create_folder(const wide_string& path) override;
@@ -51,23 +53,41 @@ private:
         using is_transparent = void;
         size_t operator()(std::u16string_view text) const { return std::hash<std::u16string_view>()(text); }
     };
-    // By the path as given, because the spelling can matter.
-    template <class Answer>
-    using by_path = std::pmr::unordered_map<std::pmr::u16string, Answer, text_hash, std::equal_to<>>;
+    template <class Value>
+    using by_text = std::pmr::unordered_map<std::pmr::u16string, Value, text_hash, std::equal_to<>>;
 
+    struct answer {
+        platform::entry_status status;
+        platform::file_identity identity;
+        bool has_status = false, has_identity = false;
+        size_t additions = 0; // when it was given
+    };
+    // What is known of a folder and its entries, by the path as given, because the spelling can matter.
+    struct known_folder {
+        explicit known_folder(std::pmr::memory_resource* memory) : answers(memory), names(memory) {}
+        by_text<answer> answers;        // by name
+        std::pmr::vector<size_t> names; // hashes of the folded names, in order
+        size_t listed_at = never;       // number of additions when they were read
+    };
     // Allocated from a pool that is freed as a whole: fragments all over the heap would make every later
     // allocation of the run slower.
-    struct answers {
+    struct knowledge {
         std::pmr::monotonic_buffer_resource memory;
-        by_path<platform::entry_status> statuses{&memory};
-        by_path<platform::file_identity> identities{&memory};
+        by_text<known_folder> folders{&memory};
     };
 
-    answers& known();
+    static constexpr size_t never = SIZE_MAX;
+
+    known_folder& folder_of(std::u16string_view path);
+    answer& answer_for(known_folder& folder, std::u16string_view name);
+    bool is_absent(const known_folder& folder, std::u16string_view name) const;
+    void learn_names(known_folder& folder, std::u16string_view path);
     void forget() { known_.reset(); }
+    void note_addition() { ++additions_; }
 
     bool remembers_ = true;
-    std::unique_ptr<answers> known_; // null while the cache is empty
+    size_t additions_ = 0;             // additions of entries through this disk
+    std::unique_ptr<knowledge> known_; // null while nothing is known
 };
 
 } // namespace vestra::command

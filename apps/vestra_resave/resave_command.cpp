@@ -164,6 +164,7 @@ ended_run run(session& host, const resave_request& request, continuation& earlie
     const run_result result =
         bring_companions(context, request.companions, source, source_paths,
                          resave_shown(host, settings, !trial && request.mode == run_mode::anew));
+    asked_once.remember(true);
     std::vector<problem> problems = host.problems();
     // Elements that the user left out are not reported as missing.
     std::erase_if(problems, [&](const problem& each) {
@@ -212,8 +213,9 @@ ended_resave resave_in(session& host, const resave_request& request, trial_disk*
     search.explain(report.problems);
     wide_string target = as_on_disk(host.context().placement.new_project_path);
     const auto is_written = [&] { return report.exit == done || report.exit == problems; };
+    if (request.prune) asked_once.remember(false); // each file is looked at before it is removed
     earlier.end_files(host.context(), report);
-    asked_once.remember(true);
+    if (request.prune) asked_once.remember(true);
     if (is_written() && !trial && (request.manifest || earlier.has_manifest())) {
         const shown_transfer shown(host.screen(), summary_of(report).bytes, summing_caption());
         const auto is_stopped = [&] { return host.interrupted(); };

@@ -60,11 +60,14 @@ public:
     void add_to(resave_report& report, const wide_string& copied) {
         const wide_string head = path_head(copied), stem = path_stem(copied);
         if (!seen_.insert(path_key(head + stem)).second) return;
-        const wide_string reason = platform::from_utf8(say("it is next to %1", {printed(copied)}));
         const folder_files& files = folders_.files_of(head);
         for (const wide_string& name : files.beginning_with(stem))
             if (take(head + name, files.has_twin(name)))
-                add(report, {own_kind::left_behind, {}, head + name, {}, reason});
+                add(report, {own_kind::left_behind,
+                             {},
+                             head + name,
+                             {},
+                             platform::from_utf8(say("it is next to %1", {printed(copied)}))});
     }
 
 private:

@@ -2,6 +2,7 @@
 #include "apps/vestra_resave_window/main_window.h"
 
 #include <QCloseEvent>
+#include <QCoreApplication>
 #include <QDragEnterEvent>
 #include <QMenuBar>
 #include <QMimeData>

@@ -70,6 +70,7 @@ void leave_out(const custom_app_service& tool, const std::vector<wide_string>& u
     const run_record record = record_of(tool);
     if (!record) return;
     std::vector<const char16_t*> texts;
+    texts.reserve(uuids.size());
     for (const wide_string& uuid : uuids) texts.push_back(uuid.c_str());
     call<&run_record_impl::leave_out>(record, texts.data(), static_cast<uint32_t>(texts.size()));
 }

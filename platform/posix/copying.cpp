@@ -1,3 +1,6 @@
+// Copies files so that nobody ever finds an incomplete one: the content is written first, then it gets its
+// name.
+
 #include <fcntl.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -7,6 +10,9 @@
 #include <cerrno>
 #include <cstdint>
 #include <cstdio>
+#include <mutex>
+#include <string>
+#include <string_view>
 #include <utility>
 #include <vector>
 
@@ -22,6 +28,8 @@ folder_names& names() { return mapped_volumes().names(); }
 
 constexpr const char16_t* changed_meanwhile = u"the file changed while it was copied";
 
+// A file opened without a name is given one through its entry in this folder; /proc is missing in some
+// containers.
 constexpr const char* open_files = "/proc/self/fd/";
 
 bool can_name_open_files() {
@@ -29,9 +37,9 @@ bool can_name_open_files() {
     return can;
 }
 
-// A file that did not exist before. It gets its name when it is kept, so that nobody finds half of it there,
-// even if the program is killed; where the file system has no files without a name it has it from the
-// beginning, and the destructor removes it unless it was kept.
+// A file that did not exist before. It gets its name in keep(), so nobody finds an incomplete file there,
+// even if the program is killed. Where the file system does not support files without a name, it has its name
+// from the beginning, and the destructor removes it unless it was kept.
 class new_file {
 public:
     explicit new_file(std::string path) : path_(std::move(path)) {}
@@ -45,9 +53,8 @@ public:
 
     int get() const { return content_.get(); }
 
-    // The caller has just looked the path up, so the names of its folder are current.
+    // The caller has just looked the path up, so the cached names of its folder are current.
     outcome create(mode_t mode) {
-        if (exists_exactly(path_)) return outcome::native(EEXIST); // before all is copied in vain
         if (can_name_open_files()) {
             const std::string folder(folder_of(path_));
             content_ = descriptor(::open(folder.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, mode));
@@ -58,12 +65,14 @@ public:
         if (present_) names().created(path_);
         return created;
     }
+    // Gives the file its name and closes it; from then on the destructor leaves it alone.
     outcome keep() {
         if (const outcome named = name_it(); !named) return named;
         if (!content_.close()) return outcome::last();
         present_ = false;
         return {};
     }
+    // Does the same for a copy whose own name is temporary: it replaces `target` in one step.
     outcome keep_in_place_of(const std::string& target) {
         if (const outcome named = name_it(); !named) return named;
         if (!content_.close()) return outcome::last();
@@ -75,7 +84,7 @@ public:
     }
 
 private:
-    // Fails where something has got the name meanwhile.
+    // Fails if another entry has got the name meanwhile.
     outcome name_it() {
         if (present_) return {};
         const std::string unnamed = open_files + std::to_string(content_.get());
@@ -111,18 +120,21 @@ outcome copy_through_memory(int source, int target, off_t from, off_t end) {
 }
 
 outcome copy_range(int source, int target, off_t from, off_t end) {
-    constexpr off_t piece = 64 << 20; // of which somebody may want to see the progress
+    constexpr off_t piece = 64 << 20; // small enough that the progress of a large file is visible
     off_t to = from;
     while (from < end) {
         const auto wanted = static_cast<size_t>(std::min(piece, end - from));
+        // The kernel copies, and shares blocks if the file system can.
         const ssize_t count = ::copy_file_range(source, &from, target, &to, wanted, 0);
         if (count <= 0)
-            return copy_through_memory(source, target, from, end); // not between these file systems
+            return copy_through_memory(source, target, from, end); // not supported between these file systems
         note_transfer(static_cast<uint64_t>(count));
     }
     return {};
 }
 
+// Copies only the data of a sparse file. Holes count as transferred at once, so the progress reaches the
+// file's size.
 outcome copy_without_holes(int source, int target, off_t size) {
     off_t end = 0;
     while (end < size) {
@@ -131,7 +143,7 @@ outcome copy_without_holes(int source, int target, off_t size) {
             note_transfer(static_cast<uint64_t>(size - end));
             break;
         }
-        if (data < 0 && (errno == EINVAL || errno == EOPNOTSUPP)) // the file system knows of no holes
+        if (data < 0 && (errno == EINVAL || errno == EOPNOTSUPP)) // the file system does not support holes
             return copy_range(source, target, end, size);
         if (data < 0) return outcome::last();
         note_transfer(static_cast<uint64_t>(data - end));
@@ -140,6 +152,7 @@ outcome copy_without_holes(int source, int target, off_t size) {
         if (end <= data) return outcome::because(changed_meanwhile);
         if (const outcome copied = copy_range(source, target, data, end); !copied) return copied;
     }
+    // A hole at the end has no data that would extend the file.
     return outcome::of_call(::ftruncate(target, size) == 0);
 }
 
@@ -151,6 +164,7 @@ outcome copy_content(int source, int target, const struct stat& status) {
     return copy_range(source, target, 0, status.st_size);
 }
 
+// A file that is written while it is copied may mix old and new content; the copy must not count as one.
 outcome check_unchanged(int source, const struct stat& before) {
     struct stat now {};
     if (::fstat(source, &now) != 0) return outcome::last();
@@ -159,17 +173,38 @@ outcome check_unchanged(int source, const struct stat& before) {
     return is_same ? outcome() : outcome::because(changed_meanwhile);
 }
 
-// Some mounted file systems know neither; a copy without them is still a copy.
-void copy_attributes(int target, const struct stat& status, mode_t permissions) {
+// What a folder made of the permissions with which a file was created there. It makes the same of them for
+// the next file, so only the first one is asked.
+class given_permissions {
+public:
+    bool are_kept(int target, const std::string& path, mode_t wanted) {
+        const std::string_view folder = folder_of(path);
+        const std::lock_guard guard(mutex_);
+        if (folder == folder_ && wanted == wanted_) return kept_;
+        struct stat made {};
+        if (::fstat(target, &made) != 0) return false;
+        folder_ = folder;
+        wanted_ = wanted;
+        return kept_ = (made.st_mode & 0777) == wanted;
+    }
+
+private:
+    std::mutex mutex_;
+    std::string folder_;
+    mode_t wanted_ = 0;
+    bool kept_ = false;
+};
+
+// Ignores failures: some mounted file systems support neither, and a copy without attributes is still a copy.
+void copy_attributes(int target, const std::string& path, const struct stat& status, mode_t permissions) {
+    static given_permissions given;
     const timespec times[] = {status.st_atim, status.st_mtim};
-    struct stat made {};
-    const bool has_permissions = ::fstat(target, &made) == 0 && (made.st_mode & 0777) == permissions;
-    const bool kept =
-        (has_permissions || ::fchmod(target, permissions) == 0) && ::futimens(target, times) == 0;
+    const bool kept = (given.are_kept(target, path, permissions) || ::fchmod(target, permissions) == 0) &&
+                      ::futimens(target, times) == 0;
     static_cast<void>(kept);
 }
 
-// Beside the target, so that it can take its place in one step.
+// In the target's folder, so that it can replace the target in one step.
 std::string temporary_name(const std::string& target) {
     static std::atomic<unsigned> count{0};
     const std::string number = std::to_string(::getpid()) + "-" + std::to_string(++count);
@@ -185,8 +220,10 @@ outcome copy_regular_file(const wide_string& source, const wide_string& target_p
     if (result) result = regular_status(in, status);
     if (!result) return result;
 
-    const auto wanted = mapped_volumes().to_create(target_path);
+    bool exists = false;
+    const auto wanted = mapped_volumes().to_create(target_path, exists);
     if (!wanted) return wanted.result;
+    if (exists && !replace) return outcome::native(EEXIST); // before all is copied in vain
     const std::string& target = wanted.path;
     struct stat existing {};
     const bool replaces = replace && ::stat(target.c_str(), &existing) == 0;
@@ -199,13 +236,14 @@ outcome copy_regular_file(const wide_string& source, const wide_string& target_p
     if (result) result = copy_content(in.get(), out.get(), status);
     if (result) result = check_unchanged(in.get(), status);
     if (!result) return result;
-    copy_attributes(out.get(), status, permissions);
+    copy_attributes(out.get(), target, status, permissions);
     return replaces ? out.keep_in_place_of(target) : out.keep();
 }
 
 outcome rename_file_over(const wide_string& from, const wide_string& to) {
     const auto source = mapped_volumes().native(from, true);
-    const auto target = mapped_volumes().to_create(to);
+    bool exists = false;
+    const auto target = mapped_volumes().to_create(to, exists);
     if (!source || !target) return source ? target.result : source.result;
     names().before_change(source.path);
     if (std::rename(source.path.c_str(), target.path.c_str()) != 0) return outcome::last();

@@ -1,4 +1,4 @@
-// Owner of an open file descriptor, and how one is opened.
+// Owns an open file descriptor; the functions below open one.
 #pragma once
 
 #include <sys/stat.h>
@@ -12,7 +12,7 @@
 
 namespace vs::project_resave::platform {
 
-// Returns what a call of the operating system returns, made again for as long as a signal interrupts it.
+// Returns the result of `call`, a system call, which is repeated for as long as a signal interrupts it.
 template <typename Call>
 auto again_if_interrupted(const Call& call) {
     auto answer = call();
@@ -20,14 +20,15 @@ auto again_if_interrupted(const Call& call) {
     return answer;
 }
 
-// What fsync or syncfs returns for a descriptor; success where the file system knows no such call, as some
-// keep folders at once.
+// Returns the result of fsync or syncfs for a descriptor. Counts as success where the file system does not
+// support the call, since some write folders to the disk at once.
 template <typename Flush>
 outcome flushed_by(int opened, const Flush& flush) {
     const int result = again_if_interrupted([&] { return flush(opened); });
     return outcome::of_call(result == 0 || errno == EINVAL);
 }
 
+// Movable owner of a file descriptor, which the destructor closes; -1 if there is none.
 class descriptor {
 public:
     explicit descriptor(int number = -1) : number_(number) {}
@@ -46,9 +47,10 @@ public:
     explicit operator bool() const { return number_ >= 0; }
     int get() const { return number_; }
 
-    // Gives the descriptor up; the caller closes it.
+    // Releases ownership: the caller closes the descriptor.
     int release() { return std::exchange(number_, -1); }
-    // False if the operating system could not keep what was written. A second call does nothing.
+    // Closes it. Returns false if the operating system could not keep what was written. A second call does
+    // nothing.
     bool close() {
         const int number = std::exchange(number_, -1);
         return number < 0 || ::close(number) == 0;
@@ -58,12 +60,12 @@ private:
     int number_;
 };
 
-// Creates a file, or opens one without waiting as a pipe would make us. `flags`, beside O_CREAT, and `mode`
-// as the operating system's open takes them.
+// Creates a file, or opens an existing one, without blocking on a pipe. `flags` (O_CREAT is added) and `mode`
+// are those of the operating system's open.
 outcome create_native(const std::string& path, int flags, unsigned mode, descriptor& opened);
-// Opens without waiting what exists in the spelling asked for, or else in another.
+// Opens an existing file without blocking on a pipe: in the spelling of `path`, or else in another one.
 outcome open_existing(const wide_string& path, int flags, descriptor& opened);
-// The status of what was opened; fails unless it is a regular file.
+// Sets `status` to that of the opened file; fails unless it is a regular file.
 outcome regular_status(const descriptor& opened, struct stat& status);
 
 } // namespace vs::project_resave::platform

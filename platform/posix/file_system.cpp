@@ -1,3 +1,6 @@
+// The operating system's files on POSIX. Paths are turned into native ones by the volumes; names that this
+// process creates or removes are reported to the cache of folder names, which would not notice them in time.
+
 #include <dirent.h>
 #include <fcntl.h>
 #include <sys/stat.h>
@@ -26,11 +29,16 @@ namespace {
 folder_names& names() { return mapped_volumes().names(); }
 
 native_answer existing(const wide_string& path) { return mapped_volumes().native(path, true); }
-native_answer wanted(const wide_string& path) { return mapped_volumes().to_create(path); }
+native_answer wanted(const wide_string& path) {
+    bool exists = false;
+    return mapped_volumes().to_create(path, exists);
+}
 
 int64_t nanoseconds(const auto& time) { return int64_t{time.tv_sec} * 1'000'000'000 + time.tv_nsec; }
 
 folder_entry entry_of(const std::string& folder, const dirent& found) {
+    // Some file systems do not report an entry's kind in the listing. A link's own kind is not enough: its
+    // target decides.
     const std::string path = joined(folder, found.d_name);
     struct stat status {};
     const bool is_known = found.d_type != DT_UNKNOWN;
@@ -42,16 +50,28 @@ folder_entry entry_of(const std::string& folder, const dirent& found) {
     return {from_utf8(found.d_name), is_folder, is_link};
 }
 
+file_identity identity_in(const struct stat& found, bool is_link) {
+    // Every sub-folder adds a name to its parent folder's count, so a folder's count says nothing about links
+    // to it.
+    const bool is_folder = S_ISDIR(found.st_mode);
+    const bool has_names = is_link || (!is_folder && found.st_nlink > 1);
+    return {found.st_dev, found.st_ino, has_names ? 2U : 1U, is_link, is_folder};
+}
+
 class posix_system final : public system {
 public:
     entry_status status_of(const wide_string& path) override {
-        struct stat status {};
-        if (const outcome found = mapped_volumes().status(path, status); !found)
-            return {entry_kind::none, 0, found};
-        if (S_ISDIR(status.st_mode)) return {entry_kind::folder};
-        if (S_ISREG(status.st_mode))
-            return {entry_kind::file, uint64_t(status.st_size), {}, nanoseconds(status.st_mtim)};
-        return {entry_kind::none, 0, outcome::because(u"not a regular file")};
+        struct stat found {};
+        held_folders::link_state link{};
+        if (const outcome result = mapped_volumes().status(path, found, link); !result)
+            return {entry_kind::none, 0, result};
+        entry_status status{entry_kind::none, 0, outcome::because(u"not a regular file")};
+        if (S_ISDIR(found.st_mode)) status = {entry_kind::folder};
+        if (S_ISREG(found.st_mode))
+            status = {entry_kind::file, uint64_t(found.st_size), {}, nanoseconds(found.st_mtim)};
+        if (link != held_folders::link_state::unknown)
+            status.identity = identity_in(found, link == held_folders::link_state::yes);
+        return status;
     }
 
     outcome copy_file(const wide_string& source, const wide_string& target, bool replace) override {
@@ -92,6 +112,7 @@ public:
         const std::unique_ptr<DIR, int (*)(DIR*)> folder(::opendir(native.path.c_str()), ::closedir);
         if (!folder) return outcome::last();
         for (;;) {
+            // readdir reports the end of the folder and a failure alike; only errno distinguishes them.
             errno = 0;
             const dirent* const found = ::readdir(folder.get());
             if (found == nullptr) break;
@@ -121,15 +142,18 @@ public:
     }
 
     file_identity identity_of(const wide_string& path) override {
-        const native_answer native = mapped_volumes().native(path, false);
+        using link_state = held_folders::link_state;
         struct stat found {};
-        if (!native || ::lstat(native.path.c_str(), &found) != 0) return {};
-        const bool is_link = S_ISLNK(found.st_mode);
-        if (is_link && ::stat(native.path.c_str(), &found) != 0) return {0, 0, 2U, true};
-        // A folder is named by its sub-folders, too.
-        const bool is_folder = S_ISDIR(found.st_mode);
-        const bool has_names = is_link || (!is_folder && found.st_nlink > 1);
-        return {found.st_dev, found.st_ino, has_names ? 2U : 1U, is_link, is_folder};
+        link_state link{};
+        const outcome result = mapped_volumes().status(path, found, link);
+        if (!result) return {0, 0, link == link_state::yes ? 2U : 0U, link == link_state::yes};
+        if (link == link_state::unknown) { // a folder that is held open
+            struct stat itself {};
+            const native_answer native = mapped_volumes().native(path, false);
+            link = ::lstat(native.path.c_str(), &itself) == 0 && S_ISLNK(itself.st_mode) ? link_state::yes
+                                                                                         : link_state::no;
+        }
+        return identity_in(found, link == link_state::yes);
     }
 
     outcome rename_over(const wide_string& from, const wide_string& to) override {

@@ -1,3 +1,6 @@
+// A cache of folder listings, keyed by folded name, so that a look-up without letter case does not read the
+// folder each time.
+
 #include "platform/posix/folder_names.h"
 
 #include <dirent.h>
@@ -37,6 +40,7 @@ std::optional<std::string> folder_names::find(const std::string& folder, std::st
     if (!is_folder) return std::nullopt;
     const std::string* best = nullptr;
     const auto [first, last] = names->by_folded.equal_range(key_of(name));
+    // The hash only narrows the search, and another program may have removed the entry: both are checked.
     for (auto entry = first; entry != last; ++entry) {
         const std::string& spelling = entry->second;
         if (!is_same_name(spelling, name) || !exists_exactly(joined(folder, spelling))) continue;
@@ -50,7 +54,8 @@ folder_names::folder_times folder_names::times_of(const struct stat& status) {
     return {nanoseconds(status.st_mtim), nanoseconds(status.st_ctim)};
 }
 
-// The names as they stand now, read again if need be; null if `folder` is no readable folder.
+// Returns the current names, after reading them again if necessary; null if `folder` is not a readable
+// folder.
 folder_names::content* folder_names::current(const std::string& folder) {
     struct stat status {};
     if (!held_.folder_status(folder, status)) return nullptr;
@@ -62,6 +67,7 @@ folder_names::content* folder_names::current(const std::string& folder) {
 bool folder_names::read(const std::string& folder, const struct stat& status, content& names) {
     names.by_folded.clear();
     names.settled = false;
+    // Taken before reading, so that a change during the reading counts as recent.
     timespec now{};
     ::clock_gettime(CLOCK_REALTIME_COARSE, &now);
     descriptor opened;
@@ -69,11 +75,11 @@ bool folder_names::read(const std::string& folder, const struct stat& status, co
     const bool is_same = held_.open(joined(folder, "."), O_RDONLY | O_DIRECTORY, opened) &&
                          ::fstat(opened.get(), &itself) == 0 && itself.st_dev == status.st_dev &&
                          itself.st_ino == status.st_ino;
-    if (!is_same) return false; // somebody else put another in its place just now
+    if (!is_same) return false; // another program has just put a different folder in its place
     const std::unique_ptr<DIR, int (*)(DIR*)> listing(::fdopendir(opened.get()), ::closedir);
     if (!listing) return false;
     opened.release(); // the listing closes it
-    errno = 0;        // the end of the listing leaves it as it is
+    errno = 0;        // readdir does not reset it at the end of the listing
     while (const dirent* const entry = ::readdir(listing.get())) {
         const std::string_view name = entry->d_name;
         if (name != "." && name != "..") names.by_folded.emplace(key_of(name), name);
@@ -81,8 +87,9 @@ bool folder_names::read(const std::string& folder, const struct stat& status, co
     }
     if (errno != 0) return false;
     names.seen = times_of(status);
-    // Names read just after somebody else's change are read again until that change is old enough. After
-    // one's own changes they are taken as they are: else a folder in steady use would be read at each look.
+    // Names read shortly after another program's change are read again until that change is old enough to be
+    // told from a later one by its time. After this process's own changes they are accepted as they are;
+    // otherwise a folder that is being filled would be read at each look-up.
     names.settled = names.seen == names.own_change || nanoseconds(now) - names.seen.changed > settling_time;
     return true;
 }
@@ -99,6 +106,8 @@ void folder_names::before_change(const std::string& path) {
     const std::lock_guard guard(mutex_);
     folder_times now;
     content* const names = kept(std::string(folder_of(path)), now);
+    // Another program changed the folder since it was read: the times after our own change must not hide
+    // that.
     if (names != nullptr && names->seen != now) names->settled = false;
 }
 

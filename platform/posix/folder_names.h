@@ -1,8 +1,9 @@
 // Look-up of names without letter case in file systems that know only exact names.
 //
-// The folded names of a folder are kept, and checked against the folder's times at each use. As those times
-// are too coarse to show two changes in quick succession, the layer reports what it creates and removes
-// itself; so a folder that is being filled is not read again for each name that it lacks.
+// The folded names of a folder are cached, and the cache is checked against the folder's times at each use.
+// Those times are too coarse to show two changes in quick succession, so the layer itself reports what it
+// creates and removes. This also means that a folder that is being filled is not read again for each missing
+// name.
 #pragma once
 
 #include <sys/stat.h>
@@ -24,22 +25,22 @@ namespace vs::project_resave::platform {
 // Paths are native, absolute and without separator at the end. May be used from any thread.
 class folder_names {
 public:
-    // Asks `folders`, which outlives it.
+    // `folders` must outlive this object.
     explicit folder_names(held_folders& folders) : held_(folders) {}
 
     // Returns the spelling that `folder` has for `name`: the exact one if it exists, else the first in byte
     // order; nothing if there is none. Sets `is_folder` to whether the folder could be read under exactly
-    // this path. Costs the same for any number of entries, once the folder has been read.
+    // this path. Once the folder has been read, the cost does not depend on the number of entries.
     std::optional<std::string> find(const std::string& folder, std::string_view name, bool& is_folder);
 
-    // Must be called around a change that this process makes in the folder of `path`: the first before it,
-    // unless `find` was called just now; then one of the others if the change was made. Without them the
-    // folder is read again.
+    // Must be called around a change that this process makes in the folder of `path`: before_change() first,
+    // unless `find` was called just before; then created() or removed(), if the change was made. Without
+    // these calls the folder is read again.
     void before_change(const std::string& path);
     void created(const std::string& path);
     void removed(const std::string& path);
 
-    // Forgets all folders.
+    // Clears the cache.
     void clear();
 
 private:
@@ -49,10 +50,11 @@ private:
         bool operator==(const folder_times&) const = default;
     };
     struct content {
-        std::unordered_multimap<size_t, std::string> by_folded; ///< the hash of the folded name is enough
-        folder_times seen;                                      ///< the times for which the names hold
-        folder_times own_change; ///< the times after the last change by this process
-        bool settled = false;    ///< false: a change may have come too soon after the last one to show
+        std::unordered_multimap<size_t, std::string> by_folded; // key: hash of the folded name
+        folder_times seen;                                      // the folder's times when the names were read
+        folder_times own_change; // the folder's times after the last change by this process
+        bool settled = false;    // false if another change may have come too soon after the last one to be
+                                 // visible in the times
     };
     using identity = std::pair<dev_t, ino_t>;
     static folder_times times_of(const struct stat& status);

@@ -1,3 +1,6 @@
+// Keeps the folders that are in use open, because walking a long path for each of their entries is what
+// dominates the cost of looking at thousands of files.
+
 #include "platform/posix/held_folders.h"
 
 #include <fcntl.h>
@@ -15,20 +18,21 @@ namespace {
 
 constexpr int64_t holding_time = 5'000'000; // nanoseconds
 
+// The coarse clock is read without a system call, and its resolution of a few milliseconds is enough.
 int64_t now() {
     timespec clock{};
     ::clock_gettime(CLOCK_MONOTONIC_COARSE, &clock);
     return int64_t{clock.tv_sec} * 1'000'000'000 + clock.tv_nsec;
 }
 
-// Not removed meanwhile.
+// True if the folder was not removed since it was opened; sets `found` to its status.
 bool is_there(const descriptor& folder, struct stat& found) {
     return ::fstat(folder.get(), &found) == 0 && found.st_nlink > 0;
 }
 
 } // namespace
 
-// Null unless `folder` is a folder.
+// Returns the open folder; null unless `folder` is a folder.
 held_folders::held_folder* held_folders::follow(std::string_view folder) {
     held_folder* held = std::ranges::find(held_, folder, &held_folder::path);
     if (held != held_.end() && now() - held->since < holding_time) return held;
@@ -41,8 +45,8 @@ held_folders::held_folder* held_folders::follow(std::string_view folder) {
     return held;
 }
 
-// What `call` answers for a name in a folder held open, or for a whole path where it cannot be held, or was
-// taken away by the server of its disk.
+// Returns the result of `call` for a name in a folder held open, or for the whole path if the folder cannot
+// be held or a network server has dropped the open folder.
 template <class Call>
 int held_folders::reach(const std::string& path, const Call& call) {
     held_folder* const folder = path == "/" ? nullptr : follow(folder_of(path));
@@ -63,14 +67,19 @@ outcome held_folders::open(const std::string& path, int flags, descriptor& opene
     return result;
 }
 
-outcome held_folders::status(const std::string& path, struct stat& found) {
+outcome held_folders::status(const std::string& path, struct stat& found, link_state& link) {
     const std::lock_guard guard(mutex_);
+    link = link_state::unknown;
     const auto itself = std::ranges::find(held_, path, &held_folder::path);
     const bool is_held = itself != held_.end() && now() - itself->since < holding_time;
     if (is_held && is_there(itself->handle, found)) return {};
-    return outcome::of_call(reach(path, [&found](int folder, const char* name) {
-                                return ::fstatat(folder, name, &found, 0);
-                            }) == 0);
+    const auto look = [&](int follow) {
+        return reach(path,
+                     [&](int folder, const char* name) { return ::fstatat(folder, name, &found, follow); });
+    };
+    if (look(AT_SYMLINK_NOFOLLOW) != 0) return outcome::last();
+    link = S_ISLNK(found.st_mode) ? link_state::yes : link_state::no;
+    return outcome::of_call(link == link_state::no || look(0) == 0);
 }
 
 bool held_folders::folder_status(const std::string& folder, struct stat& found) {
@@ -78,6 +87,7 @@ bool held_folders::folder_status(const std::string& folder, struct stat& found) 
     held_folder* held = follow(folder);
     if (held != nullptr && is_there(held->handle, found)) return true;
     if (held == nullptr) return false;
+    // The folder was removed, and perhaps created again under the same path: follow the path once more.
     *held = {};
     held = follow(folder);
     return held != nullptr && ::fstat(held->handle.get(), &found) == 0;

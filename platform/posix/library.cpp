@@ -26,7 +26,7 @@ std::unique_ptr<library> library::open(const wide_string& path, wide_string& rea
         reason = u"no such file";
         return nullptr;
     }
-    // A library that opens files by itself begins with the drives of this process.
+    // A library that opens files itself takes over the drives of this process.
     ::setenv("VESTRA_DRIVES", mapped_volumes().assignments().c_str(), 1);
     void* const handle = ::dlopen(native.c_str(), RTLD_NOW | RTLD_LOCAL);
     if (handle == nullptr) {

@@ -1,3 +1,5 @@
+// Opens regular files only. A pipe or a device in the place of a file would block the program or have no end.
+
 #include <fcntl.h>
 #include <sys/file.h>
 #include <sys/stat.h>
@@ -59,13 +61,13 @@ private:
     descriptor content_;
 };
 
-// Makes a file of `opened` if that is a regular one: shared by readers, alone for a writer, and empty if
-// `empties`. The lock is advisory: it holds against processes that use it too.
+// Sets `result` to a file made of `opened` if that is a regular file: shared between readers, exclusive for a
+// writer, and emptied if `empties`. The lock is advisory: it only affects processes that use it too.
 outcome lock_regular_file(descriptor opened, bool writes, bool empties, std::unique_ptr<file>& result) {
     struct stat status {};
     if (const outcome regular = regular_status(opened, status); !regular) return regular;
 
-    // Where locks are unknown the file is used without.
+    // A file system without locks still lets the file be used.
     const int lock = (writes ? LOCK_EX : LOCK_SH) | LOCK_NB;
     if (::flock(opened.get(), lock) != 0 && errno == EWOULDBLOCK) return failure::in_use;
     if (empties && ::ftruncate(opened.get(), 0) != 0) return outcome::last();
@@ -90,7 +92,8 @@ outcome open_existing(const wide_string& path, int flags, descriptor& opened) {
     if (result.code() != ENOENT) return result;
     const auto listed = mapped_volumes().as_listed(asked.path);
     if (!listed) return result;
-    // Opened under the name that stands for it, a file would be copied to that name.
+    // U+FFFD stands for bytes that are not UTF-8. If the file were opened under that name, its copy would get
+    // the name too.
     constexpr char16_t stand_in = 0xFFFD;
     if (path.find(stand_in) != wide_string::npos && valid_utf8_length(*listed) < listed->size())
         return outcome::because(u"the name is not UTF-8");
@@ -112,7 +115,8 @@ outcome open_regular_file(const wide_string& path, access wanted, disposition ho
         const outcome found = open_existing(path, writes ? O_RDWR : O_RDONLY, opened);
         return found ? lock_regular_file(std::move(opened), writes, false, result) : found;
     }
-    const auto native = mapped_volumes().to_create(path);
+    bool exists = false;
+    const auto native = mapped_volumes().to_create(path, exists);
     if (!native) return native.result;
     const outcome created =
         create_native(native.path, O_RDWR | (how == disposition::create_new ? O_EXCL : 0), 0666, opened);

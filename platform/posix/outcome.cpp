@@ -11,7 +11,7 @@ namespace vs::project_resave::platform {
 
 namespace {
 
-// The first code of a kind stands for it.
+// The first code of each kind is the one used to construct a failure of that kind.
 constexpr std::pair<failure, int> codes[] = {
     {failure::missing, ENOENT},     {failure::missing, ENOTDIR},  {failure::taken, EEXIST},
     {failure::denied, EACCES},      {failure::denied, EPERM},     {failure::denied, EROFS},
@@ -21,7 +21,8 @@ constexpr std::pair<failure, int> codes[] = {
 
 } // namespace
 
-// The operating system's words for a lock that another process holds would mislead.
+// For a lock that another process holds, the operating system's words (resource temporarily unavailable)
+// would be misleading.
 outcome::outcome(failure kind)
     : outcome(static_cast<uint32_t>(std::ranges::find(codes, kind, &std::pair<failure, int>::first)->second),
               kind == failure::in_use ? u"another program has the file open" : nullptr) {}

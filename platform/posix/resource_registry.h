@@ -1,6 +1,6 @@
-// Where the resources of a library come from on POSIX, whose libraries have no resource section: compiled
-// tables and files held in memory are registered, usually by a static initialiser of the library.
-// May be called from any thread.
+// The source of a library's resources on POSIX, where libraries have no resource section: compiled tables and
+// files held in memory are registered, usually by a static initialiser of the library. May be called from any
+// thread.
 #pragma once
 
 #include <cstdint>
@@ -11,18 +11,20 @@
 
 namespace vs::project_resave::platform {
 
+// One text and its number. The text is not owned.
 struct text_row {
     uint32_t id;
     wide_view text;
 };
 
+// Bitmaps are always opaque; icons have a mask. The two are numbered separately.
 enum class image_kind { bitmap, icon };
 
 // Makes the module "vsk_basic" present and returns it; called by the host. A second call changes nothing.
 module_handle register_host_basic_module();
 
-// The function by which a program that is the host passes the rows of "vsk_basic" to the libraries it loads;
-// the rows are valid as long as the process.
+// A program that is the host exports this function to pass the rows of "vsk_basic" to the libraries it loads;
+// the rows are valid for the life of the process.
 struct text_row_list {
     const text_row* first;
     size_t count;

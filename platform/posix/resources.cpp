@@ -1,3 +1,6 @@
+// Resources of libraries on POSIX: the rows and images that static initialisers registered. Every library has
+// its own copy of this registry, as each contains the platform layer.
+
 #include "platform/resources.h"
 
 #define STB_IMAGE_IMPLEMENTATION
@@ -50,6 +53,7 @@ bool decode(std::span<const unsigned char> bmp, bool is_opaque, image& result) {
     decoded.width = static_cast<uint32_t>(width);
     decoded.height = static_cast<uint32_t>(height);
     const size_t count = size_t{decoded.width} * decoded.height;
+    // The decoder returns red, green, blue; images are stored as a Windows bitmap is.
     decoded.colour.reserve(count * 3);
     decoded.mask.reserve(count);
     for (const stbi_uc* pixel = pixels.get(); decoded.mask.size() < count; pixel += channels) {
@@ -83,7 +87,7 @@ module_handle host_basic_module() {
         const std::lock_guard guard(registered().mutex);
         if (registered().host_basic_is_present) return {&registered().host_basic};
     }
-    // This copy of the platform layer stands in a library: the rows were registered with the program's.
+    // This copy of the platform layer is in a library, but the rows were registered in the program's copy.
     const auto rows_of_host = reinterpret_cast<host_text_rows>(::dlsym(RTLD_DEFAULT, host_text_rows_name));
     if (rows_of_host == nullptr) return {};
     const module_handle module = register_host_basic_module();

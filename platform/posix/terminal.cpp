@@ -1,3 +1,6 @@
+// The terminal on POSIX. The signal handler only sets flags, which the program polls at places where it can
+// stop.
+
 #include "platform/terminal.h"
 
 #include <fcntl.h>
@@ -15,7 +18,7 @@ namespace {
 constexpr std::array stop_signals{SIGINT, SIGTERM, SIGHUP};
 
 volatile std::sig_atomic_t interrupt_seen = 0;
-volatile std::sig_atomic_t interrupts = 0; // since a line was read
+volatile std::sig_atomic_t interrupts = 0; // 1 after a Ctrl-C, until a line was read
 volatile std::sig_atomic_t waits_for_line = 0;
 volatile std::sig_atomic_t end_requested = 0;
 volatile std::sig_atomic_t last_signal = SIGINT;
@@ -23,8 +26,9 @@ std::array<struct sigaction, stop_signals.size()> actions_before{};
 
 void note_signal(int signal) {
     last_signal = signal;
+    // The program did not react to the first Ctrl-C, for example because a disk does not answer.
     if (signal == SIGINT && interrupts != 0 && waits_for_line == 0) {
-        [[maybe_unused]] const ssize_t count = ::write(STDERR_FILENO, "\n", 1); // behind a progress bar
+        [[maybe_unused]] const ssize_t count = ::write(STDERR_FILENO, "\n", 1); // ends a progress bar
         ::_exit(128 + SIGINT);
     }
     if (signal == SIGINT) interrupts = 1;
@@ -56,7 +60,7 @@ void prepare_standard_streams() {
     std::signal(SIGXFSZ, SIG_IGN);
     for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {
         if (::fcntl(stream, F_GETFD) != -1) continue;
-        // The lowest free number is the one of the stream. Opened the wrong way round, so that using it
+        // The lowest free number is the stream's own. It is opened in the wrong direction, so that using it
         // fails.
         [[maybe_unused]] const int held = ::open("/dev/null", stream == STDIN_FILENO ? O_WRONLY : O_RDONLY);
     }
@@ -70,10 +74,10 @@ process_terminal::process_terminal() {
     interrupt_seen = 0;
     interrupts = 0;
     struct sigaction action {};
-    action.sa_handler = &note_signal; // without SA_RESTART, so that it ends the wait for a line
+    action.sa_handler = &note_signal; // without SA_RESTART, so that a signal ends the wait for a line
     for (size_t i = 0; i < stop_signals.size(); ++i) {
         ::sigaction(stop_signals[i], &action, &actions_before[i]);
-        const bool was_ignored = actions_before[i].sa_handler == SIG_IGN; // by `nohup`, for one
+        const bool was_ignored = actions_before[i].sa_handler == SIG_IGN; // for example by `nohup`
         if (was_ignored && stop_signals[i] != SIGINT)
             ::sigaction(stop_signals[i], &actions_before[i], nullptr);
     }
@@ -97,7 +101,7 @@ void process_terminal::write(std::string_view text) {
     while (!text.empty()) {
         const ssize_t count = ::write(STDERR_FILENO, text.data(), text.size());
         if (count < 0 && errno == EINTR) continue;
-        if (count <= 0) return; // nobody reads
+        if (count <= 0) return; // there is no reader any more
         text.remove_prefix(static_cast<size_t>(count));
     }
 }

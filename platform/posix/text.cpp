@@ -1,3 +1,6 @@
+// Letter case and code pages from the C library, independent of the user's locale: the same two names must be
+// equal on every machine.
+
 #include "platform/text.h"
 
 #include <iconv.h>
@@ -25,6 +28,7 @@ case_table make_lower_table() {
     for (size_t c = 0; c < lower.size(); ++c) {
         const wint_t wide = static_cast<wint_t>(c);
         const wint_t small = locale != nullptr ? ::towlower_l(wide, locale) : ::towlower(wide);
+        // Characters above U+FFFF are surrogate pairs here and stay as they are.
         lower[c] = static_cast<char16_t>(small < lower.size() ? small : wide);
     }
     if (locale != nullptr) ::freelocale(locale);
@@ -36,16 +40,16 @@ const case_table& lower_table() {
     return table;
 }
 
-// A code page of one byte to a character.
+// A code page with one byte per character.
 struct byte_page {
-    std::array<char16_t, 256> wide{};         // the character of each byte
-    std::unordered_map<char16_t, char> bytes; // the byte of each character that the page has
+    std::array<char16_t, 256> wide{};         // the character for each byte
+    std::unordered_map<char16_t, char> bytes; // the byte for each character in the page
 };
 
 std::optional<byte_page> make_page(unsigned code_page) {
     const std::string name = code_page == 20127 ? "US-ASCII" : "CP" + std::to_string(code_page);
     const iconv_t converter = ::iconv_open("UTF-16LE", name.c_str());
-    if (converter == reinterpret_cast<iconv_t>(-1)) return std::nullopt; // NOLINT: how iconv tells failure
+    if (converter == reinterpret_cast<iconv_t>(-1)) return std::nullopt; // NOLINT: how iconv reports failure
     byte_page page;
     for (unsigned value = 0; value < page.wide.size(); ++value) {
         char byte = static_cast<char>(value);
@@ -55,7 +59,10 @@ std::optional<byte_page> make_page(unsigned code_page) {
         size_t in_left = 1;
         size_t out_left = out.size();
         const bool converted = ::iconv(converter, &in_at, &in_left, &out_at, &out_left) != size_t(-1);
-        ::iconv(converter, nullptr, nullptr, &out_at, &out_left); // a page may hold back a base letter
+        ::iconv(converter, nullptr, nullptr, &out_at,
+                &out_left); // flushes a letter held back
+        // Windows maps unassigned bytes of this range to the control characters of the same number; so does
+        // this.
         const bool is_control = value >= 0x80 && value < 0xA0 && code_page != 20127;
         const char16_t unassigned = is_control ? static_cast<char16_t>(value) : unknown_character;
         page.wide[value] = converted ? static_cast<char16_t>(out[0] | (out[1] << 8)) : unassigned;
@@ -65,7 +72,8 @@ std::optional<byte_page> make_page(unsigned code_page) {
     return page;
 }
 
-// Pages 1250 to 1258, 866 and 20127; null for any other one. Lives until the process ends.
+// Returns the page for 1250 to 1258, 866 and 20127; null for any other number. It lives until the process
+// ends.
 const byte_page* find_byte_page(unsigned code_page) {
     const bool is_known = (code_page >= 1250 && code_page <= 1258) || code_page == 866 || code_page == 20127;
     if (!is_known) return nullptr;

@@ -1,3 +1,6 @@
+// Drive letters on POSIX, where there are none: a table maps each letter to a folder, and names are looked up
+// without letter case as they are on the bundle's first target.
+
 #include "platform/posix/volumes.h"
 
 #include <sys/stat.h>
@@ -26,7 +29,8 @@ bool is_letter(char c) { return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z')
 size_t drive_index(char16_t letter) { return static_cast<size_t>((letter | 0x20) - 'a'); }
 
 constexpr const char16_t* not_a_drive = u"expected a letter, \"=\" and an existing folder";
-// Calls `visit` with each entry of the variable until it returns false; returns whether it never did.
+// Calls `visit` with each entry of the variable until it returns false. Returns false in that case, else
+// true.
 bool for_each_assignment(const std::function<bool(std::string_view)>& visit) {
     const char* const variable = std::getenv("VESTRA_DRIVES");
     std::string_view rest = variable != nullptr ? variable : "";
@@ -119,23 +123,23 @@ std::optional<std::string> volumes::as_listed(const std::string& asked) {
     return exists ? std::optional(std::move(found)) : std::nullopt;
 }
 
-outcome volumes::status(const wide_string& drive_path, struct stat& found) {
+outcome volumes::status(const wide_string& drive_path, struct stat& found, held_folders::link_state& link) {
     const auto asked = as_asked(drive_path);
     if (!asked) return asked.result;
-    const outcome result = held_.status(asked.path, found);
+    const outcome result = held_.status(asked.path, found, link);
     if (result) return result;
     const auto listed = as_listed(asked.path);
-    return listed ? held_.status(*listed, found) : result;
+    return listed ? held_.status(*listed, found, link) : result;
 }
 
-native_answer volumes::to_create(const wide_string& drive_path) {
+native_answer volumes::to_create(const wide_string& drive_path, bool& exists) {
+    exists = false;
     native_answer asked = as_asked(drive_path);
     if (!asked) return asked;
-    bool exists = false;
     return {spelled_by_listing(asked.path, exists), {}};
 }
 
-// The path in the spelling of the entries that exist, as far as they do.
+// Returns the path in the spelling of the entries that exist, as far as they do.
 std::string volumes::spelled(const std::string& native, outcome& exists) {
     exists = native == "/" ? outcome() : outcome::of_call(exists_exactly(native));
     if (exists) return native;
@@ -150,6 +154,7 @@ std::string volumes::spelled_by_listing(const std::string& native, bool& exists)
     const std::string_view name = name_of(native);
     bool is_folder = false;
     auto entry = names_.find(folder, name, is_folder);
+    // Maybe only the folder's own spelling differs: it is looked up in the same way, from the top down.
     if (!is_folder && folder != "/") {
         outcome folder_exists;
         folder = spelled(folder, folder_exists);
@@ -187,6 +192,7 @@ volumes& mapped_volumes() {
     return own;
 }
 
+// For the user: replacing Z: would make every path outside the other drives unreachable.
 bool add_drive(std::string_view assignment, std::string& message) {
     const std::string text(assignment);
     const bool is_root_drive =
@@ -228,7 +234,8 @@ outcome set_current_folder(const wide_string& folder) {
 std::filesystem::file_time_type folder_time(const wide_string& folder) {
     using namespace std::chrono;
     struct stat status {};
-    if (!mapped_volumes().status(folder, status)) return std::filesystem::file_time_type::min();
+    held_folders::link_state link{};
+    if (!mapped_volumes().status(folder, status, link)) return std::filesystem::file_time_type::min();
     const nanoseconds since_epoch = seconds(status.st_mtim.tv_sec) + nanoseconds(status.st_mtim.tv_nsec);
     return file_clock::from_sys(sys_time<nanoseconds>(since_epoch));
 }
@@ -237,6 +244,7 @@ std::filesystem::path native_path(const wide_string& path) {
     return mapped_volumes().native(path, false).path;
 }
 
+// Converting twice replaces bytes that are not UTF-8.
 std::string native_text(const wide_string& path) {
     return to_utf8(from_utf8(mapped_volumes().native(path, false).path));
 }

@@ -1,3 +1,6 @@
+// Copies files on Windows. CopyFileEx keeps attributes and reports progress, but it may leave an incomplete
+// file and does not notice that the source changed.
+
 #include <algorithm>
 #include <atomic>
 #include <iterator>
@@ -12,7 +15,7 @@ namespace vs::project_resave::platform {
 
 namespace {
 
-// Beside the target, so that it can take its place in one step.
+// In the target's folder, so that it can replace the target in one step.
 wide_string temporary_name(const wide_string& target) {
     static std::atomic<unsigned> count{0};
     const std::wstring number = std::to_wstring(GetCurrentProcessId()) + L"-" + std::to_wstring(++count);
@@ -30,6 +33,7 @@ bool is_unchanged(const file_state& before, const file_state& now) {
            CompareFileTime(&before.ftLastWriteTime, &now.ftLastWriteTime) == 0;
 }
 
+// True if the copy failed before it created the target, so that whatever exists there must not be removed.
 bool made_nothing(const outcome& copied) {
     constexpr DWORD before_it_began[] = {ERROR_FILE_EXISTS,   ERROR_ALREADY_EXISTS, ERROR_SHARING_VIOLATION,
                                          ERROR_ACCESS_DENIED, ERROR_FILE_NOT_FOUND, ERROR_PATH_NOT_FOUND};
@@ -42,13 +46,14 @@ void remove(const wide_string& path) {
 
 DWORD CALLBACK note_progress(LARGE_INTEGER, LARGE_INTEGER moved, LARGE_INTEGER, LARGE_INTEGER, DWORD, DWORD,
                              HANDLE, HANDLE, void* noted) {
+    // Windows reports the total so far, the watch takes the difference.
     uint64_t& before = *static_cast<uint64_t*>(noted);
     const auto now = static_cast<uint64_t>(moved.QuadPart);
     note_transfer(now - std::exchange(before, now));
     return PROGRESS_CONTINUE;
 }
 
-// A copy that broke off can be left behind, and others may write into the source meanwhile.
+// Removes the target of a failed copy, and fails if another program wrote to the source meanwhile.
 outcome copy_whole(const wide_string& from, const wide_string& to) {
     file_state before{};
     if (const outcome found = state_of(from, before); !found) return found;
@@ -56,7 +61,7 @@ outcome copy_whole(const wide_string& from, const wide_string& to) {
     uint64_t noted = 0;
     outcome copied = outcome_at(to, CopyFileExW(wide(from.c_str()), wide(to.c_str()), &note_progress, &noted,
                                                 nullptr, COPY_FILE_FAIL_IF_EXISTS) != FALSE);
-    if (made_nothing(copied)) return copied; // what stands there now somebody else has made
+    if (made_nothing(copied)) return copied; // what exists there now was made by another program
     if (copied) {
         file_state now{};
         copied = state_of(from, now);
@@ -67,7 +72,7 @@ outcome copy_whole(const wide_string& from, const wide_string& to) {
     return copied;
 }
 
-// Both are paths of the operating system.
+// Both paths are in the operating system's form.
 outcome replace(const wide_string& from, const wide_string& to) {
     return in_spite_of_read_only(to, [&] {
         return MoveFileExW(wide(from.c_str()), wide(to.c_str()), MOVEFILE_REPLACE_EXISTING) != FALSE;

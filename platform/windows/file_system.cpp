@@ -1,3 +1,6 @@
+// The operating system's files on Windows. Every call gets its path through `system_path`, which lifts the
+// old limit of 260 characters.
+
 #include <algorithm>
 
 #include "platform/file_parts.h"
@@ -21,11 +24,12 @@ outcome attributes_of(const wide_string& path, WIN32_FILE_ATTRIBUTE_DATA& data) 
 outcome information_of(const wide_string& path, BY_HANDLE_FILE_INFORMATION& information) {
     constexpr DWORD share = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
     const file_handle opened(CreateFileW(wide(system_path(path).c_str()), 0, share, nullptr, OPEN_EXISTING,
-                                         FILE_FLAG_BACKUP_SEMANTICS, nullptr)); // the flag admits folders
+                                         FILE_FLAG_BACKUP_SEMANTICS,
+                                         nullptr)); // the flag allows folders, too
     return outcome::of_call(opened && GetFileInformationByHandle(opened.get(), &information) != FALSE);
 }
 
-// Windows counts in steps of 100 nanoseconds since 1601.
+// Windows counts time in steps of 100 nanoseconds since 1601.
 int64_t nanoseconds(const FILETIME& time) {
     constexpr int64_t from_1601_to_1970 = 116'444'736'000'000'000;
     return (static_cast<int64_t>((uint64_t{time.dwHighDateTime} << 32) | time.dwLowDateTime) -
@@ -51,6 +55,7 @@ public:
     entry_status status_of(const wide_string& path) override {
         WIN32_FILE_ATTRIBUTE_DATA data{};
         if (const outcome found = attributes_of(path, data); !found) return {entry_kind::none, 0, found};
+        // The attributes of a link describe the link; those of its target need an open handle.
         if ((data.dwFileAttributes & FILE_ATTRIBUTE_REPARSE_POINT) == 0) return status_in(data);
         BY_HANDLE_FILE_INFORMATION followed{};
         const outcome found = information_of(path, followed);
@@ -69,7 +74,8 @@ public:
         const DWORD attributes = GetFileAttributesW(wide(native.c_str()));
         if (attributes == INVALID_FILE_ATTRIBUTES) return outcome_at(native, false);
         if ((attributes & link_to_folder) == link_to_folder) return remove_folder(path);
-        // Other systems delete what is read-only, too; so do copies of such files go that a stop erases.
+        // Other operating systems delete read-only files, too. This way copies of such files are removed when
+        // a run is interrupted.
         return in_spite_of_read_only(native, [&] { return DeleteFileW(wide(native.c_str())) != FALSE; });
     }
 
@@ -90,7 +96,7 @@ public:
         const wide_string pattern = system_path(path_with_separator(path) + u"*");
         WIN32_FIND_DATAW found{};
         const HANDLE search = FindFirstFileW(wide(pattern.c_str()), &found);
-        if (search == INVALID_HANDLE_VALUE) { // an empty drive has no entry at all
+        if (search == INVALID_HANDLE_VALUE) { // an empty drive has no entries at all, not even "."
             const outcome refused = outcome::last();
             return refused.code() == ERROR_FILE_NOT_FOUND ? outcome() : refused;
         }
@@ -113,6 +119,7 @@ public:
             spelling = name;
             return true;
         }
+        // The search call treats some of these characters as wildcards.
         if (folder.empty() || name.empty()) return false;
         if (name.find_first_of(u"\\/:*?<>\"") != wide_string::npos) return false;
         const wide_string path = system_path(path_with_separator(folder) + name);
@@ -120,7 +127,7 @@ public:
         const HANDLE search = FindFirstFileW(wide(path.c_str()), &found);
         if (search == INVALID_HANDLE_VALUE) return false;
         FindClose(search);
-        // A short name of the old form (PROGRA~1) leads to an entry too, but is not its name.
+        // A short name of the old form (PROGRA~1) also finds an entry, but is not its name.
         if (compare_no_case(text16(found.cFileName), name) != 0) return false;
         spelling = text16(found.cFileName);
         return true;
@@ -157,7 +164,7 @@ public:
         return {};
     }
 
-    // Names are kept by the file system's own log.
+    // The file system's own journal preserves names.
     outcome flush(const wide_string& path) override {
         if (kind_of(path) == entry_kind::folder) return {};
         constexpr DWORD share = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
@@ -171,7 +178,7 @@ public:
 
 } // namespace
 
-// To the minute, as the two clocks do not tick together.
+// Rounded to the minute, because the two clocks drift apart.
 std::string boot_identity() {
     FILETIME now{};
     GetSystemTimeAsFileTime(&now);

@@ -1,3 +1,5 @@
+// Opens files on Windows with the sharing that `system::open` promises.
+
 #include <algorithm>
 #include <array>
 
@@ -8,6 +10,7 @@ namespace vs::project_resave::platform {
 
 namespace {
 
+// One call takes a length of 32 bits.
 constexpr size_t largest_piece = 0x40000000;
 
 class open_file final : public file {
@@ -66,7 +69,7 @@ outcome open_regular_file(const wide_string& path, access wanted, disposition ho
     const DWORD rights = GENERIC_READ | (writes ? GENERIC_WRITE : 0);
     constexpr std::array<DWORD, 3> creations{OPEN_EXISTING, CREATE_ALWAYS, CREATE_NEW};
     const DWORD creation = creations.at(static_cast<size_t>(how));
-    // A reader lets others go on writing: else it could not read what they have open.
+    // A reader lets others continue to write; otherwise it could not open what they have open.
     const DWORD shared = writes ? FILE_SHARE_READ : FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
     const wide_string native = system_path(path);
     const HANDLE opened =

@@ -11,7 +11,7 @@ namespace vs::project_resave::platform {
 
 namespace {
 
-// The first code of a kind stands for it.
+// The first code of each kind is the one used to construct a failure of that kind.
 constexpr std::pair<failure, DWORD> codes[] = {
     {failure::missing, ERROR_FILE_NOT_FOUND},     {failure::missing, ERROR_PATH_NOT_FOUND},
     {failure::taken, ERROR_FILE_EXISTS},          {failure::taken, ERROR_ALREADY_EXISTS},
@@ -21,7 +21,7 @@ constexpr std::pair<failure, DWORD> codes[] = {
 };
 
 wide_string system_words(uint32_t code) {
-    // Without the line breaks that the longer ones have.
+    // The flag removes the line breaks that longer texts have.
     constexpr DWORD flags =
         FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS | FORMAT_MESSAGE_MAX_WIDTH_MASK;
     wchar_t words[512];

@@ -1,3 +1,5 @@
+// Resources of libraries on Windows, decoded into the form that POSIX uses.
+
 #include "platform/resources.h"
 
 #include <algorithm>
@@ -64,7 +66,7 @@ icon_owner open_icon(module_handle module, uint32_t id) {
     return {};
 }
 
-// An icon without colours keeps them in the lower half of its mask.
+// An icon without colours stores them in the lower half of its mask.
 plane take_lower_half(plane& mask) {
     plane lower{mask.width, mask.height / 2, {}};
     mask.height -= lower.height;
@@ -74,7 +76,7 @@ plane take_lower_half(plane& mask) {
     return lower;
 }
 
-// Of a larger one the system's calls would take the lower half.
+// The operating system's calls would use the lower 16 bits of a larger number and find another resource.
 bool is_resource_id(uint32_t id) { return id <= 0xFFFF; }
 
 } // namespace
@@ -93,7 +95,7 @@ module_handle host_basic_module() { return {GetModuleHandleW(L"vsk_basic.dll")};
 bool find_text_row(module_handle module, uint32_t id, wide_view& row) {
     if (!module || !is_resource_id(id)) return false;
     const wchar_t* text = nullptr;
-    // With no room for a copy the call hands out a pointer to the row itself.
+    // With a buffer of size 0 the call returns a pointer to the row itself.
     const int length = LoadStringW(instance_of(module), id, reinterpret_cast<LPWSTR>(&text), 0);
     if (length <= 0 || text == nullptr) return false;
     row = wide_view(text16(text), static_cast<size_t>(length));
@@ -128,6 +130,7 @@ bool load_icon_image(module_handle module, uint32_t id, image& result) {
         return false;
     if (colour.width != mask.width || colour.height != mask.height) return false;
 
+    // In an icon's mask, black is opaque.
     std::vector<uint8_t> opacity(size_t{mask.width} * mask.height);
     for (size_t i = 0; i < opacity.size(); ++i) opacity[i] = mask.pixels[i * 3] == 0 ? 255 : 0;
     result = {colour.width, colour.height, std::move(colour.pixels), std::move(opacity)};

@@ -1,7 +1,9 @@
+// The terminal on Windows: a console takes and gives UTF-16, while a file or a pipe carries UTF-8.
+
 #include "platform/terminal.h"
 
 #include <windows.h>
-// Needs the one above.
+// Must follow windows.h.
 #include <shellapi.h>
 
 #include <atomic>
@@ -14,14 +16,15 @@ namespace vs::project_resave::platform {
 
 namespace {
 
-// The system calls the handler on a thread of its own.
+// The operating system calls the handler on a separate thread.
 std::atomic<bool> interrupt_seen{false}, was_interrupted{false}, waits_for_line{false};
 
 UINT code_page_before = 0;
 
 BOOL WINAPI note_interrupt(DWORD kind) {
     if (kind != CTRL_C_EVENT) return FALSE;
-    if (was_interrupted.exchange(true) && !waits_for_line) return FALSE; // the system ends the program
+    if (was_interrupted.exchange(true) && !waits_for_line)
+        return FALSE; // the operating system ends the program
     interrupt_seen = true;
     return TRUE;
 }
@@ -31,20 +34,21 @@ bool is_console(DWORD stream) {
     return ::GetConsoleMode(::GetStdHandle(stream), &mode) != 0;
 }
 
-// In a file or a pipe the bytes go out as they are.
+// To a file or a pipe the bytes are written unchanged.
 void write_bytes(std::string_view text) {
     DWORD written = 0;
     ::WriteFile(::GetStdHandle(STD_ERROR_HANDLE), text.data(), static_cast<DWORD>(text.size()), &written,
                 nullptr);
 }
 
-// One character after the other through `read`, as far as the end of the line.
+// Reads one character at a time through `read`, up to the end of the line.
 template <class character, class read_call>
 line_result take_line(read_call read, std::basic_string<character>& line) {
     for (;;) {
         character next = 0;
         DWORD count = 0;
         const BOOL done = read(::GetStdHandle(STD_INPUT_HANDLE), &next, 1, &count, nullptr);
+        // Ctrl-C ends the wait for a line with this error, sometimes before the handler has run.
         if (interrupt_seen || (done == 0 && ::GetLastError() == ERROR_OPERATION_ABORTED))
             return line_result::interrupted;
         const bool ended = done == 0 || count == 0;
@@ -65,7 +69,7 @@ std::vector<std::string> program_arguments(int, char**) {
     return arguments;
 }
 
-void prepare_standard_streams() {} // a failed write never ends the program here
+void prepare_standard_streams() {} // on Windows a failed write never ends the program
 
 bool termination_requested() { return false; }
 
@@ -74,7 +78,7 @@ int stop_status() { return 130; }
 process_terminal::process_terminal() {
     interrupt_seen = was_interrupted = false;
     code_page_before = ::GetConsoleOutputCP();
-    ::SetConsoleOutputCP(CP_UTF8); // for the program's results, which it writes itself
+    ::SetConsoleOutputCP(CP_UTF8); // for the results that the program writes to the standard output itself
     ::SetConsoleCtrlHandler(&note_interrupt, TRUE);
     const HANDLE screen = ::GetStdHandle(STD_ERROR_HANDLE);
     DWORD mode = 0;
@@ -108,7 +112,7 @@ void process_terminal::write(std::string_view text) {
                     nullptr);
 }
 
-// A file or a pipe gives the bytes of UTF-8, a keyboard gives wide characters.
+// A file or a pipe delivers UTF-8 bytes, a keyboard UTF-16.
 line_result process_terminal::read_line(std::string& line) {
     line.clear();
     waits_for_line = true;

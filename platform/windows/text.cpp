@@ -9,7 +9,7 @@ namespace vs::project_resave::platform {
 
 namespace {
 
-constexpr size_t largest_piece = INT_MAX / 4; // so that no length of a conversion leaves an int
+constexpr size_t largest_piece = INT_MAX / 4; // keeps every length of a conversion within an int
 
 } // namespace
 
@@ -32,6 +32,7 @@ wide_string folded(wide_view text) {
 
 std::string to_bytes(wide_view text, unsigned code_page) {
     if (code_page == code_page_utf8) return to_utf8(text);
+    // The calls take an empty text as an error.
     if (text.empty() || text.size() > largest_piece) return {};
     const int length = static_cast<int>(text.size());
     const wchar_t* const source = wide(text.data());

@@ -1,3 +1,5 @@
+// Paths on Windows: they need no mapping, only the prefix that lifts the limit on their length.
+
 #include "platform/volumes.h"
 
 #include <chrono>
@@ -16,7 +18,7 @@ wide_string full_path(const wide_string& path) {
 }
 
 wide_string system_path(const wide_string& path) {
-    constexpr size_t limit = 240; // folders have less room than the 260 of files
+    constexpr size_t limit = 240; // folders are limited to 248 characters, files to 260
     if (path.find(u'\0') != wide_string::npos) return {};
     if (path.starts_with(u"\\\\?\\")) return path;
     if (path.find(u':', 2) != wide_string::npos) return {}; // a stream within a file, which no listing shows
@@ -37,6 +39,7 @@ bool check_drive_variable(std::string&) { return true; }
 wide_string drive_path(std::string_view argument) {
     wide_string path = from_utf8(argument);
     const bool names_a_drive = path.size() > 1 && path[1] == u':';
+    // A typed path with slashes is not in the bundle's form yet, even with a drive.
     const bool has_foreign_separators = path.find(u'/') != wide_string::npos;
     return names_a_drive && !has_foreign_separators ? path : full_path(path);
 }
@@ -45,7 +48,7 @@ outcome set_current_folder(const wide_string& folder) {
     return outcome::of_call(SetCurrentDirectoryW(wide(folder.c_str())) != FALSE);
 }
 
-// The standard library asks for the time of files only.
+// The standard library cannot read a folder's time here.
 std::filesystem::file_time_type folder_time(const wide_string& folder) {
     using ticks = std::chrono::duration<int64_t, std::ratio<1, 10'000'000>>;
     constexpr std::chrono::seconds from_1601_to_1970(11'644'473'600);

@@ -3,9 +3,11 @@
 
 #include <algorithm>
 #include <array>
+#include <cstdint>
 #include <cstring>
 #include <filesystem>
 #include <unordered_map>
+#include <unordered_set>
 
 #include "platform/path_text.h"
 #include "platform/system.h"
@@ -18,13 +20,28 @@ using namespace vs::project_resave;
 
 namespace {
 
-bool is_shape_file(const wide_string& path) {
+bool has_shape_mark(const wide_string& path) {
     std::unique_ptr<platform::file> file;
     const auto opened = platform::current_system().open(path, platform::access::read,
                                                         platform::disposition::open_existing, file);
     std::array<unsigned char, 4> first{};
     constexpr std::array<unsigned char, 4> mark{0x00, 0x00, 0x27, 0x0a};
     return opened && file->read_whole(first.data(), first.size()) && first == mark;
+}
+
+// A file is opened once to learn what it is, as long as its size and time stay the same. Its path, size and
+// time are kept as one number: two of them that are equal by chance are not to be expected.
+bool is_shape_file(const wide_string& path) {
+    static std::unordered_set<std::uint64_t> known;
+    const platform::entry_status now = platform::current_system().status_of(path);
+    if (now.kind != platform::entry_kind::file) return false;
+    std::uint64_t number = std::hash<wide_string>()(path);
+    for (const std::uint64_t part : {now.bytes, static_cast<std::uint64_t>(now.modified)})
+        number = (number ^ part) * 0x9E3779B97F4A7C15U ^ (number >> 29);
+    if (known.contains(number)) return true;
+    const bool is_shape = has_shape_mark(path);
+    if (is_shape) known.insert(number);
+    return is_shape;
 }
 
 std::vector<platform::folder_entry> entries_of(const wide_string& folder) {

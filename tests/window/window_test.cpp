@@ -135,7 +135,7 @@ TEST_F(window_test, a_dry_run_shows_what_the_run_does_and_what_was_lost) {
     QTest::mouseClick(&results.only_problems(), Qt::LeftButton, {},
                       {8, results.only_problems().height() / 2});
     const QStringList lost = column(results, state_column);
-    EXPECT_TRUE(0 < lost.size() && lost.size() < all);
+    EXPECT_TRUE(!lost.isEmpty() && lost.size() < all);
     EXPECT_TRUE(lost.contains("does not exist") && lost.contains("layers of this type are not resaved"));
     EXPECT_TRUE(column(results, name_column).contains("Old survey — Overview"));
     QTest::keyClicks(&results.filter(), "survey exist");

@@ -1,3 +1,6 @@
+// Saves the layouts of a project. A layout owns few files itself: frames show scenes of the project, so the
+// references of frames must be complete, and legends have their own units.
+
 #include "containers/resave_layouts.h"
 
 #include <string_view>
@@ -37,6 +40,7 @@ void Tvs_resave_scn_layout::build() {
     const uint32_t count = vs_scn_2d_get_layer_count(layout_);
     children.resize(size_t{count} + 1);
     for (uint32_t index = 0; index < count; ++index) {
+        // Files of layers without a unit are protected, too.
         vs_lr* const layer = vs_scn_2d_get_layer_ptr(layout_, index);
         context->guard.add(host_string(&vs_lr_get_wfilename, layer));
         place(index, make_unit(layer));
@@ -46,8 +50,7 @@ void Tvs_resave_scn_layout::build() {
     if (page) place(count, std::make_unique<Tvs_resave_layout_page>(page, *context));
 }
 
-// What has no file and shows nothing of the project has no unit, and neither has a kind that is not known
-// here.
+// A layer without a file that shows nothing of the project has no unit, nor has a layer of an unknown kind.
 std::unique_ptr<Tvs_resave_unit> Tvs_resave_scn_layout::make_unit(vs_lr* layer) {
     if (auto claimed = make_claimed_unit(*context, vs_lr_safe_upcast(layer))) return claimed;
     const std::string_view type = narrow_or_empty(vs_lr2d_get_lr_type(layer));
@@ -58,6 +61,7 @@ std::unique_ptr<Tvs_resave_unit> Tvs_resave_scn_layout::make_unit(vs_lr* layer) 
 }
 
 std::unique_ptr<Tvs_resave_unit> Tvs_resave_scn_layout::make_legend(vs_lr* layer) {
+    // A plain legend has no plug-in scene, and so no files.
     const interface_pointer* plugin = vs_layout_lr2d_get_plugin_interface(layer);
     if (!plugin) return nullptr;
     const auto legend = cast_to<layout_legend_layer_impl>(identity_pointer{*plugin});
@@ -95,6 +99,7 @@ bool Tvs_resave_scene_frame::correct_selection() {
     vs_entities* container = vs_scn_safe_upcast(scene);
     bool changed = false;
     const uint32_t count = vs_entities_get_count(container);
+    // The layers first, then the scene itself: the user is asked only if one of them is left out.
     for (uint32_t index = 0; index < count; ++index)
         if (select_shown(vs_entities_get_entity(container, index))) changed = true;
     if (select_shown(vs_entities_safe_upcast(container))) changed = true;
@@ -111,6 +116,7 @@ bool Tvs_resave_scene_frame::select_shown(vs_entity* shown) {
 
 bool Tvs_resave_layout_page::do_save() {
     const wide_string path = host_string(&vs_lr_get_wfilename, layer);
+    // Kept as users know it: the reference changes although the page's file is not copied.
     vs_lr_set_wfilename(layer, context->placement.folder_for(path).c_str());
     return true;
 }

@@ -1,13 +1,15 @@
-// Layouts: pages for printing, 2D scenes whose layers are frames, images, texts and legends.
+// Layouts: printable pages, which are 2D scenes whose layers are frames, images, texts and legends. Main
+// thread only.
 #pragma once
 
 #include "core/resave_list.h"
 
 namespace vs::project_resave {
 
+// The collection of all layouts, a root of the tree.
 class Tvs_resave_scns_layout final : public Tvs_resave_list {
 public:
-    // The collection is the project's.
+    // The collection belongs to the project.
     Tvs_resave_scns_layout(vs_scns_2d* handle, run_state& run) : Tvs_resave_list(run), layouts_(handle) {}
 
     void build() override;
@@ -21,31 +23,36 @@ private:
     vs_scns_2d* const layouts_;
 };
 
-// Has one place more than the layout has layers: the last is for the page, and empty without one.
+// One layout. Its list has one more child than the layout has layers: the last one is the page, or null if
+// there is no page.
 class Tvs_resave_scn_layout final : public Tvs_resave_list {
 public:
+    // The layout belongs to the project.
     Tvs_resave_scn_layout(vs_scn_2d* handle, run_state& run) : Tvs_resave_list(run), layout_(handle) {}
 
     void build() override;
-    // Texts, plain legends and the like have no unit, but a line.
+    // Writes the caption of a layer without a unit, such as a text or a plain legend.
     void on_missing_child(uint32_t index) override;
     vs_entities* container() override;
     wide_string heading() override;
+    // True if the options ask for the layers of layouts.
     bool has_structure_content() override;
     void remove_child(uint32_t index) override;
 
 private:
+    // Returns the unit of a layer; null for a layer without one.
     std::unique_ptr<Tvs_resave_unit> make_unit(vs_lr* layer);
+    // Returns the unit of a legend's scene; null if the legend has none.
     std::unique_ptr<Tvs_resave_unit> make_legend(vs_lr* layer);
 
     vs_scn_2d* const layout_;
 };
 
-// Parts of a layout that own no file: the frame that shows a scene, and the page. They make no step of
+// Parts of a layout without their own file: the frame that shows a scene, and the page. They make no step of
 // progress.
 class Tvs_resave_layout_part : public Tvs_resave_unit {
 public:
-    // The layer is the layout's.
+    // The layer belongs to the layout.
     Tvs_resave_layout_part(vs_lr* handle, run_state& run) : Tvs_resave_unit(run), layer(handle) {}
 
     bool write_scene_file() override { return true; }
@@ -62,26 +69,29 @@ protected:
     vs_lr* const layer;
 };
 
+// A frame of a layout, which shows a scene of the project.
 class Tvs_resave_scene_frame final : public Tvs_resave_layout_part {
 public:
     using Tvs_resave_layout_part::Tvs_resave_layout_part;
 
     bool write_structure() override;
-    // A frame must not show a scene that the new project lacks: brings the scene and what is in it into the
-    // selection, if the user agrees.
+    // Adds the scene that the frame shows, and the scene's layers, to the selection if the user agrees, so
+    // that no frame shows a scene that the new project lacks. Returns false if the selection changed.
     bool correct_selection() override;
     bool do_save() override { return true; }
 
 private:
+    // Selects one element; returns true if that changed the selection.
     bool select_shown(vs_entity* shown);
 };
 
+// The page layer of a layout.
 class Tvs_resave_layout_page final : public Tvs_resave_layout_part {
 public:
     using Tvs_resave_layout_part::Tvs_resave_layout_part;
 
     bool write_structure() override { return true; }
-    // Only the text of the reference changes; nothing is copied.
+    // Changes only the text of the reference; copies nothing.
     bool do_save() override;
 };
 

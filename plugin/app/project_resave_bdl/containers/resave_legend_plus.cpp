@@ -15,6 +15,7 @@
 namespace vs::project_resave {
 
 wide_string legend_folder_for(const wide_string& first, const wide_string&) {
+    // Kept as users know it: no caption becomes part of the folder, since only an empty one is joined.
     wide_string folder = load_string(text::legend_plus_folder);
     if (first.empty()) folder = path_join(folder, first);
     return folder;
@@ -42,6 +43,7 @@ std::unique_ptr<Tvs_resave_unit> Tvs_resave_legend_plus::make_unit(vs_lr* layer)
         type == "tos_2crd_lr2d")
         return make(std::in_place_type<Tvs_resave_tos_legend_plus>);
     if (type == "tld_lr2d") return make(std::in_place_type<Tvs_resave_tld_legend_plus>);
+    // A layer of another type has no unit here; its file is protected, and it is reported as not resaved.
     const wide_string file = host_string(&vs_lr_get_wfilename, layer);
     context->guard.add(file);
     context->report.add_unprocessed_type(element_name_of(vs_lr_safe_upcast(layer), heading()), text, file);

@@ -1,3 +1,6 @@
+// Saves scenes: the layers first, by the list's own walk, then the scene's file. While a scene is saved, the
+// placement knows its folder and the top folder of its files.
+
 #include "containers/resave_scenes.h"
 
 #include "core/layer_group_writer.h"
@@ -18,7 +21,7 @@ namespace vs::project_resave {
 
 namespace {
 
-// Each try puts its number behind the stem that the last one made: a, a(1), a(1)(2).
+// Kept as users know it: each attempt appends its number to the last name: a, a(1), a(1)(2).
 wide_string next_scene_file_name(wide_string candidate) {
     for (uint32_t number = 1; is_name_taken(candidate); ++number)
         add_to_stem(candidate, u"(" + decimal(number) + u")");
@@ -28,12 +31,15 @@ wide_string next_scene_file_name(wide_string candidate) {
 } // namespace
 
 void Tvs_resave_scene::collect_common_directory(common_directory& common) {
+    // In the run's common directory a scene's files count with all others; its own is needed only with a
+    // folder for each scene.
     Tvs_resave_list::collect_common_directory(common);
     scene_directory.clear();
     Tvs_resave_list::collect_common_directory(scene_directory);
 }
 
-// The caption without blanks around it, below that of the element the scene hangs under, if there is one.
+// Returns the caption without surrounding blanks; if the scene has a parent element, in a folder with the
+// parent's caption.
 wide_string Tvs_resave_scene::folder_name() {
     const wide_string own = trim(caption(), white_space);
     vs_entity* scene = entity();
@@ -74,6 +80,7 @@ bool Tvs_resave_scene_2d::is_child_selected(uint32_t index) {
 
 void Tvs_resave_scene_2d::after_children() {
     if (!scene_) return;
+    // A group that was empty in the source stays, unless a layer was left out of this scene.
     if (had_unselected_layer_) {
         if (vs_lr_group* groups = vs_scn_2d_get_lr_group_ptr(scene_)) vs_lr_group_erase_empty_group(groups);
     }
@@ -84,10 +91,11 @@ void Tvs_resave_scene_2d::after_children() {
 }
 
 bool Tvs_resave_scene_2d::write_scene_file() {
-    // The base is the new project's own path, taken as a folder; without a run before it is empty.
+    // Kept as users know it: the path of the new project is used as a folder. Before the first run it is
+    // empty.
     wide_string path = caption_file_path(context->placement.new_project_path, heading(), scene_2d_extension);
     if (is_name_taken(path)) {
-        const bool is_file = path_exists(path); // else a pipe, or a link that leads nowhere
+        const bool is_file = path_exists(path); // else a pipe or a broken link
         if (!is_file || context->options.scene_file_on_exists == on_existing_file::new_name)
             path = next_scene_file_name(path);
         else if (context->guard.protects(path))
@@ -100,7 +108,7 @@ bool Tvs_resave_scene_2d::write_scene_file() {
     return true;
 }
 
-// The other scenes are still written.
+// Returns true, so that the other scenes are still written.
 bool Tvs_resave_scene_2d::refuse(const wide_string& path) {
     const current_element scene(context->report, element_name_of(entity(), {}));
     context->report.add(fact_kind::not_written, {}, path, source_guard::reason);

@@ -1,4 +1,5 @@
-// Units of scenes and of the collections of scenes: the first two roots of the tree.
+// Units of scenes and of the collections of scenes, which are the first two roots of the tree. Main thread
+// only.
 #pragma once
 
 #include "core/resave_list.h"
@@ -6,69 +7,78 @@
 
 namespace vs::project_resave {
 
-// What units of 2D and 3D scenes do alike: while a scene is saved its files may go into a folder of its own.
+// The common part of 2D and 3D scenes: while a scene is saved, its files can go to a folder for this scene.
 class Tvs_resave_scene : public Tvs_resave_list {
 public:
     using Tvs_resave_list::Tvs_resave_list;
 
-    // The layers count twice: for the run, and for the scene alone.
+    // Adds the layers' files to the run's common directory and to the scene's own.
     void collect_common_directory(common_directory& common) override;
+    // Begins the scene in the placement.
     void before_save() override;
+    // Ends it.
     void after_save(bool ok) override;
+    // True if the options ask for the names of layers.
     bool has_structure_content() override;
 
-    // True if joins of tables of this scene have been taken off since it was begun.
+    // True if joins of this scene's tables were removed since its save began.
     bool lacks_joins() const;
 
 protected:
+    // Remembers how many joins are removed now, for lacks_joins().
     void note_joins();
 
+    // The common directory of this scene's files alone.
     common_directory scene_directory;
 
 private:
+    // Returns the wanted name of the scene's folder, relative to the new project's.
     wide_string folder_name();
 
-    size_t joins_before_ = 0; // how many were off when the scene was begun
+    size_t joins_before_ = 0; // number of removed joins when the save of this scene began
 };
 
 // A 2D scene of the project, or one read from the scene file of a map layer.
 class Tvs_resave_scene_2d : public Tvs_resave_scene {
 public:
-    // The scene is the project's, or the map layer's.
+    // The scene belongs to the project or to the map layer.
     Tvs_resave_scene_2d(vs_scn_2d* handle, run_state& run) : Tvs_resave_scene(run), scene_(handle) {}
 
-    // Writes the whole scene to "caption._sn" below the new project's path, whatever is selected in it.
+    // Writes the whole scene, including unselected layers, to "caption._sn" in the new project's path.
     bool write_scene_file() override;
     void build() override;
-    // Cleans up groups that an unselected layer left empty, and writes the scene's file if the options say
-    // so.
+    // Removes the groups that are empty because a layer was left out, and writes the scene's file if the
+    // options ask for it.
     void after_children() override;
     vs_entities* container() override;
+    // Also records that a layer was left out.
     bool is_child_selected(uint32_t index) override;
     wide_string heading() override;
     void remove_child(uint32_t index) override;
     vs_lr_group* layer_group() override;
 
 private:
+    // Reports that the path belongs to the source. Always returns true.
     bool refuse(const wide_string& path);
 
     vs_scn_2d* const scene_;
-    bool had_unselected_layer_ = false; // stays set for the life of the unit
+    bool had_unselected_layer_ = false; // never reset
 };
 
-// A scene that a map layer shows is saved where the map layer is: it has no folder and no file of its own.
+// A scene that a map layer shows. It is saved as a part of the map layer, without a folder or a file of its
+// own.
 class Tvs_resave_scene_2d_map final : public Tvs_resave_scene_2d {
 public:
     using Tvs_resave_scene_2d::Tvs_resave_scene_2d;
 
-    // NOLINTBEGIN(bugprone-parent-virtual-call): past the scene's own, which would enter a scene
+    // NOLINTBEGIN(bugprone-parent-virtual-call): skips the version of the scene, which would begin a scene
     void before_save() override {
         Tvs_resave_unit::before_save();
         note_joins();
     }
     void after_save(bool ok) override { Tvs_resave_unit::after_save(ok); }
     void after_children() override {}
-    // Once: nothing goes into a folder of this scene alone.
+    // Counts the files once, since this scene has no folder.
     void collect_common_directory(common_directory& common) override {
         Tvs_resave_list::collect_common_directory(common);
     }
@@ -78,11 +88,11 @@ public:
 // A 3D scene of the project.
 class Tvs_resave_scene_3d final : public Tvs_resave_scene {
 public:
-    // The scene is the project's.
+    // The scene belongs to the project.
     Tvs_resave_scene_3d(vs_scn_3d* handle, run_state& run) : Tvs_resave_scene(run), scene_(handle) {}
 
     void build() override;
-    // Writes the scene's file if the options say so.
+    // Writes the scene's file if the options ask for it.
     void after_children() override;
     vs_entities* container() override;
     wide_string heading() override;
@@ -93,13 +103,13 @@ private:
     vs_scn_3d* const scene_;
 };
 
-// The collections never leave a place empty.
+// The collections of all 2D and of all 3D scenes. Every member has a unit.
 class Tvs_resave_scenes_2d final : public Tvs_resave_list {
 public:
-    // The collection is the project's.
+    // The collection belongs to the project.
     Tvs_resave_scenes_2d(vs_scns_2d* handle, run_state& run) : Tvs_resave_list(run), scenes_(handle) {}
 
-    // Writes the file of each selected scene until the user stops the run.
+    // Writes the file of each selected scene, until the user stops the run.
     bool write_scene_file() override;
     void build() override;
     void before_children() override;
@@ -114,6 +124,7 @@ private:
 
 class Tvs_resave_scenes_3d final : public Tvs_resave_list {
 public:
+    // The collection belongs to the project.
     Tvs_resave_scenes_3d(vs_scns_3d* handle, run_state& run) : Tvs_resave_list(run), scenes_(handle) {}
 
     void build() override;

@@ -1,3 +1,6 @@
+// Units of tables and of well sheets: collections of well sheets and correlation sheets, each of which is a
+// 2D scene that a plug-in makes from a file; DBF tables, which may have other tables joined to them; and OAT
+// tables. Main thread only.
 #pragma once
 
 #include "core/resave_file.h"
@@ -6,10 +9,10 @@
 
 namespace vs::project_resave {
 
-// Collections of well sheets and correlation sheets: 2D scenes that a plug-in makes from a file each.
+// One sheet, whose file is copied like that of a well.
 class Tvs_resave_well_data final : public Tvs_resave_well {
 public:
-    // The sheet is the project's.
+    // The sheet belongs to the project.
     Tvs_resave_well_data(vs_scn_2d* handle, run_state& run) : Tvs_resave_well(run), sheet_(handle) {}
 
     vs_entity* entity() override;
@@ -21,12 +24,13 @@ private:
     vs_scn_2d* const sheet_;
 };
 
+// A collection of sheets, a root of the tree.
 class Tvs_resave_wells_data final : public Tvs_resave_list {
 public:
-    // The collection is the project's; null stands for an empty one.
+    // The collection belongs to the project; null counts as an empty one.
     Tvs_resave_wells_data(vs_scns_2d* handle, run_state& run) : Tvs_resave_list(run), sheets_(handle) {}
 
-    // A sheet that an entity factory knows gets that factory's unit.
+    // A sheet that an entity factory claims gets that factory's unit.
     void build() override;
     void before_children() override;
     vs_entities* container() override;
@@ -38,14 +42,15 @@ private:
     vs_scns_2d* const sheets_;
 };
 
-// DBF tables, which may have further tables joined to them, and OAT tables.
+// One DBF table.
 class Tvs_resave_attr final : public Tvs_resave_file {
 public:
+    // The table belongs to the project.
     Tvs_resave_attr(vs_attr_data* handle, run_state& run) : Tvs_resave_file(run), table_(handle) {}
 
-    // Its fields stand below its line in any case.
+    // Always writes the fields below the line of the table.
     bool write_structure() override;
-    // The table's own path and those of the joined tables, whether they exist or not.
+    // Adds the path of the table and those of the joined tables, whether they exist or not.
     void collect_common_directory(common_directory& common) override;
     vs_entity* entity() override;
     wide_string source_path() override;
@@ -58,10 +63,13 @@ private:
     vs_attr_data* const table_;
 };
 
+// One OAT table, whose file is a TOS file.
 class Tvs_resave_tos_table final : public Tvs_resave_file {
 public:
+    // The table belongs to the project.
     Tvs_resave_tos_table(vs_tos_data* handle, run_state& run) : Tvs_resave_file(run), table_(handle) {}
 
+    // Writes the properties below the line of the table if the options ask for columns.
     bool write_structure() override;
     vs_entity* entity() override;
     wide_string source_path() override;
@@ -73,14 +81,17 @@ private:
     vs_tos_data* const table_;
 };
 
+// The collection of all DBF tables, the last root of the tree.
 class Tvs_resave_attrs_data final : public Tvs_resave_list {
 public:
+    // The collection belongs to the project.
     Tvs_resave_attrs_data(vs_attrs_data* handle, run_state& run) : Tvs_resave_list(run), tables_(handle) {}
 
     void build() override;
     void before_children() override;
     vs_entities* container() override;
     wide_string heading() override;
+    // True if the options ask for the names of tables.
     bool has_structure_content() override;
     void remove_child(uint32_t index) override;
 
@@ -88,14 +99,17 @@ private:
     vs_attrs_data* const tables_;
 };
 
+// The collection of all OAT tables, a root of the tree.
 class Tvs_resave_toss_data final : public Tvs_resave_list {
 public:
+    // The collection belongs to the project.
     Tvs_resave_toss_data(vs_toss_data* handle, run_state& run) : Tvs_resave_list(run), tables_(handle) {}
 
     void build() override;
     void before_children() override;
     vs_entities* container() override;
     wide_string heading() override;
+    // True if the options ask for the names of tables.
     bool has_structure_content() override;
     void remove_child(uint32_t index) override;
 

@@ -1,3 +1,6 @@
+// Copies the families of files. A family is copied as far as possible: a failed companion is recorded and the
+// next one is tried, since most data can be used without it.
+
 #include "core/copying.h"
 
 #include <algorithm>
@@ -24,6 +27,8 @@ bool copy_if_there(const wide_string& source, const wide_string& target, run_sta
     return !path_exists(source) || copy_one(source, target, run);
 }
 
+// Kept as users know it: unlike for projection files, nothing checks whether the file was copied before.
+// If it was, the second copy fails and is reported.
 void copy_code_page_file(const wide_string& source, const wide_string& target, run_state& run) {
     copy_if_there(path_replace_extension(source, u".cpg"), path_replace_extension(target, u".cpg"), run);
 }
@@ -32,7 +37,7 @@ void copy_overview_file(const wide_string& source, const wide_string& target, ru
     copy_if_there(source + u".ovr", target + u".ovr", run);
 }
 
-// The world file and its sibling, as far as they exist, up to the first that fails.
+// Copies the existing ones of the world file and its sibling, up to the first failure.
 void copy_world_files(const wide_string& source, const wide_string& target, run_state& run) {
     const wide_string extension = world_extension(source);
     for (const char16_t last : {u'w', u'r'}) {
@@ -41,13 +46,14 @@ void copy_world_files(const wide_string& source, const wide_string& target, run_
     }
 }
 
-// What a database has not yet taken over from its write-ahead or rollback log.
+// Copies the logs that hold changes which the database file does not contain yet.
 void copy_database_logs(const wide_string& source, const wide_string& target, run_state& run) {
     for (const wide_view log : {u"-wal", u"-journal"})
         if (const wide_string from = source + wide_string(log); !run.placement.is_placed(from))
             copy_if_there(from, target + wide_string(log), run);
 }
 
+// Replaces every occurrence, since the name of a member may repeat the stem.
 wide_string replaced(wide_string text, const wide_string& from, const wide_string& to) {
     if (from.empty()) return text;
     for (size_t at = text.find(from); at != wide_string::npos; at = text.find(from, at + to.size()))
@@ -55,8 +61,9 @@ wide_string replaced(wide_string text, const wide_string& from, const wide_strin
     return text;
 }
 
-// The name of a member beside its renamed main file. Only a TOS file names its members itself: those of its
-// own stem by their extension, which follows the new stem; any other keeps the name by which it is called.
+// Returns the name of a member next to its renamed main file. Only a TOS file stores the names of its
+// members: those with its own stem by their extension only, so they follow the new stem. Any other member
+// keeps its name.
 wide_string member_name(const wide_string& name, const wide_string& from, const wide_string& to,
                         bool of_tos) {
     if (!of_tos) return replaced(path_stem(name), from, to) + path_extension(name);
@@ -64,21 +71,22 @@ wide_string member_name(const wide_string& name, const wide_string& from, const 
     return is_of_stem ? to + name.substr(from.size()) : name;
 }
 
-// A file that names others in its text still names the old ones under its new name. What it reads then may be
-// there, and be of another set.
+// A renamed file that stores the names of other files still stores the old names. The files of these names
+// may exist and belong to another data set.
 void report_foreign_members(const wide_string& source, const std::vector<wide_string>& own,
                             const wide_string& target, run_state& run) {
     std::vector<wide_string> members;
     if (!data_source_files(target, members)) return;
     for (const wide_string& member : members) {
         const wide_string* const from = run.placement.made.source_of(member);
+        // What the run copied from this data set is its own, even under a new name.
         const bool is_own = from && (*from == source || std::ranges::find(own, *from) != own.end());
         if (!is_own && path_exists(member)) run.report.add(fact_kind::reads_other, source, target, member);
     }
 }
 
-// A member can have its place in a folder below that of the main file, which no one has made yet. Nothing is
-// made outside the new project's folder.
+// A member's place can be in a folder below that of the main file, which does not exist yet. Nothing is
+// created outside the new project's folder.
 void make_folder_of(const wide_string& path, run_state& run) {
     if (!path_key(path).starts_with(path_key(run.placement.new_folder) + u'\\')) return;
     std::vector<wide_string> levels;
@@ -86,7 +94,7 @@ void make_folder_of(const wide_string& path, run_state& run) {
     for (const wide_string& level : levels) run.placement.made.add_folder(level);
 }
 
-// Copies a member to the place at which its file looks for it, where it was copied to another one before.
+// Copies a member that was already copied elsewhere to the place where its main file looks for it.
 void copy_again(const wide_string& source, const wide_string& target, run_state& run) {
     const wide_string* const there = run.placement.made.source_of(target);
     if (there && *there == source) return;
@@ -99,7 +107,7 @@ void copy_again(const wide_string& source, const wide_string& target, run_state&
 } // namespace
 
 void record_copy_failure(run_state& run, const failed_copy& failed, const wide_string& shown) {
-    // Where the folder could not be created, that is the reason why the file could not be.
+    // If the folder could not be created, that is the reason why the file could not be copied.
     const platform::outcome folder = run.placement.folder_failure(failed.new_path);
     const bool lacks_folder = !folder && !path_exists(path_head(failed.new_path));
     const wide_string& path = shown.empty() ? failed.path : shown;
@@ -145,6 +153,8 @@ bool copy_table_and_joins(vs_attr_data* attr_data, const wide_string& source, co
 
 bool copy_shape_family(const wide_string& source, const wide_string& target, vs_attr_data* attr_data,
                        run_state& run) {
+    // Kept as users know it: a missing ".shx" counts as a failed copy, although the layer is saved without
+    // it.
     copy_one(source, target, run);
     copy_one(path_replace_extension(source, u".shx"), path_replace_extension(target, u".shx"), run);
     if (attr_data)
@@ -196,7 +206,9 @@ bool copy_data_source_files(const wide_string& source, const wide_string& target
         wide_string place = path_join(target_folder, path_relative(source_folder, member));
         if (source_stem != target_stem)
             place = path_head(place) + member_name(path_file_name(place), source_stem, target_stem, of_tos);
+        // A TOS file stores the names of its members, so their letter case must stay.
         if (run.options.lower_case && !of_tos) platform::lower_in_place(place);
+        // The main file itself is one of the members and was usually copied just before.
         const wide_string placed = run.placement.lookup_placed(member);
         const bool is_again = !placed.empty() && of_tos && !path_same(placed, place);
         if (!placed.empty() && !is_again) continue;
@@ -248,11 +260,13 @@ std::optional<failed_copy> copy_folder(const wide_string& source, const wide_str
                                        bool allow_existing_target, bool overwrite_files, run_state& run) {
     const wide_string from = path_with_separator(source);
     const wide_string to = path_with_separator(target);
+    // Two data sets must not be mixed in one folder.
     if (!allow_existing_target && path_exists(target))
         return failed_copy{source, target, platform::failure::taken};
     std::vector<platform::unread_folder> unread;
     const auto entries = platform::list_tree(platform::current_system(), from, &unread);
     const auto place_of = [&](const wide_string& path) { return to + path_relative(from, path); };
+    // If the folder itself cannot be listed, there is nothing to copy.
     if (!unread.empty() && unread.front().path == from)
         return failed_copy{source, target, unread.front().reason};
     made_files& made = run.placement.made;
@@ -268,6 +282,7 @@ std::optional<failed_copy> copy_folder(const wide_string& source, const wide_str
         const wide_string place = place_of(entry.path);
         platform::outcome done = create(entry.is_folder ? place : path_head(place));
         if (done && !entry.is_folder) {
+            // Even with `overwrite_files`, neither a file of the source nor a copy of this run is replaced.
             const bool replaces = overwrite_files && !run.guard.protects(place) && !made.is_copy(place);
             done = copy_file(entry.path, place, replaces);
             if (done) made.add_copy(entry.path, place);

@@ -1,3 +1,5 @@
+// Opens data sets through the host, and keeps the joins of tables that a run has removed.
+
 #include "core/data_source.h"
 
 #include <algorithm>
@@ -19,7 +21,8 @@ namespace {
 ref<stat_source_impl> open_source(const wide_string& source, vs_data* data) {
     interface_pointer opened;
     vs_datasource_open(&opened, source.c_str(), data);
-    // Held by itself too, so that an object which is no such source is closed again.
+    // A second ref holds the object itself, so that it is closed even if it does not have the expected
+    // interface.
     const ref<interface_impl> object(identity_pointer{opened});
     return ref<stat_source_impl>(cast_to<stat_source_impl>(object.get()));
 }
@@ -79,10 +82,12 @@ void put_back(const pending_join& join, run_state& run) {
     const current_element owner(run.report, join.owner);
     if (!path_exists(join.other_source))
         return record_lost_source(run, join.other_source, load_string(text::join_file));
+    // The table may have been copied by its own unit meanwhile.
     wide_string path = run.placement.lookup_placed(join.other_source);
     if (path.empty()) {
         path = run.placement.new_path(join.other_source);
         if (path.empty()) return record_no_place(run, join.other_source, join.other_source);
+        // Kept as users know it: tables that are joined to this one are not copied.
         copy_table(join.other_source, path, run);
     }
     const host_owned<vs_attr_data, &vs_attr_data_destroy> other(vs_attr_data_create());
@@ -122,6 +127,7 @@ void note_kept_joins(vs_attr_data* attr_data, run_state& run) {
 void put_joins_back(run_state& run) {
     const type_folder_scope tables(run.placement, load_string(text::dbf_folder));
     for (const pending_join& join : run.joins.pending) put_back(join, run);
+    // After the joins, because these files describe them.
     for (const auto& [key, file] : run.joins.unfinished)
         if (!file.write()) run.report.add(fact_kind::not_written, file.source, file.path);
     run.joins.clear();

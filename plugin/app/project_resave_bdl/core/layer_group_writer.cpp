@@ -1,3 +1,5 @@
+// Writes the layers of a scene into the structure text, in the order of the scene's groups.
+
 #include "core/layer_group_writer.h"
 
 #include "framework/border/string_adapter.h"
@@ -32,6 +34,7 @@ element_name element_name_of(vs_entity* entity, const wide_string& list) {
 layer_group_writer::layer_group_writer(run_state& run,
                                        const std::vector<std::unique_ptr<Tvs_resave_unit>>& units)
     : context_(run) {
+    // Looked up once for each unit, since a scene can have thousands of layers.
     for (const auto& unit : units)
         if (unit) unit_of_.try_emplace(uuid_to_text(unit->uuid()), unit.get());
 }
@@ -40,6 +43,7 @@ void layer_group_writer::write(vs_lr_group* group) {
     const uint32_t count = vs_lr_group_get_count_child(group);
     for (uint32_t place = 0; place < count; ++place) {
         if (context_.progress.is_stopped()) return;
+        // The text has the order that the user sees.
         const uint32_t index = vs_options_get_invert_layers() ? count - 1 - place : place;
         vs_lr_group* node = vs_lr_group_get_child_by_index(group, index);
         if (vs_lr_group_is_group(node))
@@ -57,6 +61,7 @@ void layer_group_writer::write_layer(vs_lr* layer) {
 }
 
 void layer_group_writer::write_subgroup(vs_lr_group* group) {
+    // A group whose layers are all left out has no line, and neither have its subgroups.
     if (!has_selected_layer(group)) return;
     context_.log.write_indented(host_string(&vs_lr_group_get_wcaption, group));
     context_.log.indent();
@@ -64,8 +69,8 @@ void layer_group_writer::write_subgroup(vs_lr_group* group) {
     context_.log.unindent();
 }
 
-// Goes by the selection alone: a layer that nothing resaves counts too, and so does one in any order of
-// display.
+// Decides by the selection alone: a layer that nothing resaves counts too. The result does not depend on the
+// order of display.
 bool layer_group_writer::has_selected_layer(vs_lr_group* group) {
     if (const auto known = holds_selected_.find(group); known != holds_selected_.end()) return known->second;
     bool found = false;

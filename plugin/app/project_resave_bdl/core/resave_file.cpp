@@ -1,3 +1,6 @@
+// The save of one file, in the same order for all kinds of units: look it up, place it, copy its family,
+// refer to the copy.
+
 #include "core/resave_file.h"
 
 #include <stdexcept>
@@ -30,7 +33,7 @@ bool Tvs_resave_file::do_save() {
     const wide_string source = source_path();
     if (source.empty()) {
         skip_progress();
-        return true; // an element without a file is no failure
+        return true; // an element without a file is not a failure
     }
     if (!path_exists(source)) {
         record_lost_source(*context, source, caption());
@@ -42,6 +45,7 @@ bool Tvs_resave_file::do_save() {
         target = place_and_copy(source);
     else
         note_kept_joins(attr_data(), *context);
+    // Kept as users know it: the element refers to the new path even if the copy failed.
     set_new_path(target);
     skip_progress();
     after_file_saved();
@@ -50,14 +54,16 @@ bool Tvs_resave_file::do_save() {
 
 wide_string Tvs_resave_file::place_and_copy(const wide_string& source) {
     path_placement& placement = context->placement;
+    // Not every structure uses the type folder, but every file has one while it is placed.
     const type_folder_scope type(placement, default_folder());
     wide_string target = placement.new_path(source);
     if (target.empty()) {
+        // Kept as users know it: the log shows the new path, which is empty here, and not the source.
         record_no_place(*context, source, target);
     } else {
         try {
             copy_files(source, target);
-        } catch (const std::out_of_range&) { // from such an extension no name of a world file can be formed
+        } catch (const std::out_of_range&) { // such an extension gives no name for a world file
             copy_projection_file(source, target, *context);
         }
     }
@@ -66,12 +72,13 @@ wide_string Tvs_resave_file::place_and_copy(const wide_string& source) {
 
 bool Tvs_resave_file::write_structure() {
     skip_progress();
+    // For a kind of unit that does not write its own line.
     context->log.write_indented(text::unrecorded_files);
     return false;
 }
 
 bool Tvs_resave_file::check_path_case(bool* found) {
-    std::vector<found_file> files; // asked for again: the source may have changed since the build
+    std::vector<found_file> files; // listed again, since the source may have changed since the build
     collect_source_files(files);
     for (const auto& [path, status] : files) {
         wide_string spelling;

@@ -1,3 +1,5 @@
+// Walks the members of a container in every operation.
+
 #include "core/resave_list.h"
 
 #include "core/layer_group_writer.h"
@@ -17,6 +19,7 @@ void Tvs_resave_list::place(uint32_t index, std::unique_ptr<Tvs_resave_unit> uni
     if (children[index]) children[index]->build_once();
 }
 
+// Whatever the register does not know stays in the project: only what the user has left out is removed.
 bool Tvs_resave_list::is_child_selected(uint32_t index) {
     const auto& child = children[index];
     vs_entity* member = child ? child->entity() : nullptr;
@@ -27,11 +30,12 @@ bool Tvs_resave_list::do_save() {
     const wide_string list = caption();
     context->report.current_unit = list;
     before_children();
-    // Backwards: taking out a member must not move what is still to come.
+    // Backwards, so that removing a member does not move those that are still to be saved.
     for (auto index = static_cast<uint32_t>(children.size()); index-- > 0;) {
         if (context->progress.is_stopped()) break;
         if (children[index]) save_child(index, list);
     }
+    // Also after a stop, so that a scene whose layers are saved in part still gets its file.
     after_children();
     return true;
 }
@@ -43,13 +47,14 @@ void Tvs_resave_list::save_child(uint32_t index, const wide_string& list) {
         remove_child(index);
         return;
     }
+    // Named before the save: a member that is removed has no name any more.
     const current_element saved(context->report, child.name_in(list));
     child.before_save();
     const bool ok = child.do_save();
     child.after_save(ok);
     if (ok || !context->options.delete_lost_sources) return;
     remove_child(index);
-    context->log.layer_3d_removed(); // the same words for every kind of list
+    context->log.layer_3d_removed(); // Kept as users know it: the same words for every kind of list
 }
 
 bool Tvs_resave_list::write_structure() {
@@ -91,6 +96,7 @@ bool Tvs_resave_list::check_path_case(bool* found) {
     return true;
 }
 
+// Counts members that are left out, too: each of them makes its steps by skip_progress().
 uint32_t Tvs_resave_list::count_units(uint32_t& total) {
     uint32_t own = 0;
     for (const auto& child : children)
@@ -123,6 +129,7 @@ void Tvs_resave_list::set_selected(bool on) {
 }
 
 uint32_t Tvs_resave_list::selection_state() {
+    // Mixed also if the container itself is left out and one of its members is not.
     const uint32_t own = vs_bool_to_3state(context->selection.is_selected(entity_uuid_text(entity())));
     for (const auto& child : children)
         if (child && child->selection_state() != own) return vs_state_mixed;

@@ -1,3 +1,5 @@
+// What all units do alike: building once, the frame of a save, and their lines in the structure text.
+
 #include "core/resave_unit.h"
 
 #include <utility>
@@ -17,6 +19,7 @@ namespace vs::project_resave {
 wide_string with_path(run_state& run, wide_string caption, const wide_string& path) {
     const resave_options& options = run.options;
     if (!options.write_file_paths) return caption;
+    // Without an indent the separator would be empty, and caption and path would run together.
     caption += options.indent_unit.empty() ? options.separator_fallback : options.indent_unit;
     return caption + path;
 }
@@ -36,14 +39,14 @@ void write_attr_fields(run_state& run, vs_attr_data* table) {
 void write_tos_properties(run_state& run, const wide_string& path) {
     const host_owned<vs_tos4_file, &vs_tos4_file_close> file(
         vs_tos4_file_open_w(path.c_str(), vs_open_for_reading));
-    const uint32_t count = vs_tos4_get_prop_count(file.get()); // 0 where the file did not open
+    const uint32_t count = vs_tos4_get_prop_count(file.get()); // 0 if the file did not open
     for (uint32_t index = 0; index < count; ++index)
         run.log.write_indented(host_string(&vs_tos4_get_prop_caption_w, file.get(), index));
 }
 
 void Tvs_resave_unit::build_once() {
     if (built) return;
-    built = true; // first, so that a unit reached during its own build is not built again
+    built = true; // set first, so that a unit reached during its own build is not built again
     before_build();
     build();
     after_build();
@@ -80,10 +83,11 @@ void Tvs_resave_unit::after_build() {
     if (uuid_pushed) context->sizes.pop_parent();
     vs_entity* own = entity();
     if (!own) return;
+    // Shows an error box for an element without a uuid, which nothing can refer to.
     wide_string key = entity_uuid_text(own);
     if (key.empty()) return;
     const auto [row, is_new] = context->units.enter(std::move(key));
-    if (is_new) context->units[row] = this; // the first of a uuid stays
+    if (is_new) context->units[row] = this; // the first unit with a uuid stays
 }
 
 void Tvs_resave_unit::before_save() { context->log.write(load_string(text::begin_prefix) + caption()); }
@@ -97,6 +101,7 @@ std::unique_ptr<Tvs_resave_unit> make_claimed_unit(run_state& run, vs_entity* en
 bool select_referenced(run_state& run, const wide_string& uuid) {
     Tvs_resave_unit** const found = run.units.find(uuid);
     if (found == nullptr || (*found)->selection_state() == vs_state_true) return false;
+    // Asked only here, so that a project without such references never shows the question.
     if (!run.options.ask_add_referenced()) return false;
     (*found)->set_selected(true);
     return true;

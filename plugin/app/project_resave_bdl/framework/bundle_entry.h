@@ -9,21 +9,21 @@
 #include "framework/factories.h"
 #include "platform/export.h"
 
-// Fills `out` with the bundle's table and `instance`, which is the host's own and comes back untouched.
-// Called by name, once for each load of the library.
+// Sets `out` to the bundle's table and `instance`, which belongs to the host and is returned unchanged.
+// Called by name, once each time the library is loaded.
 extern "C" VS_BUNDLE_EXPORT void vs_bundle_interface_to_custom_pointer(vs_interface_pointer* out,
                                                                        void* instance);
 
 namespace vs::project_resave {
 
-// Who implements: the bundle, once for each load of the library. Who calls: the host, which keeps `instance`.
-// Entries 2 to 5 are the host's and do nothing here.
+// Who implements: the bundle, once each time the library is loaded. Who calls: the host, which keeps
+// `instance`. Entries 2 to 5 are reserved for the host and do nothing here.
 class bundle_impl : public interface_of<bundle_impl> {
 public:
     static constexpr const char* name = "vs_bundle_interface_1";
     static constexpr bool rooted_in_identity = true;
-    // Registers every factory of this library at the context, in the order of their construction. The context
-    // is the host's and valid until the library is unloaded; null registers nothing.
+    // Registers every factory of this library with the context, in the order of their construction. The
+    // context belongs to the host and is valid until the library is unloaded; null registers nothing.
     virtual void start(bundle_context context) = 0;
     virtual void reserved_2() {}
     virtual void reserved_3() {}
@@ -41,7 +41,8 @@ namespace bundle_table {
 
 using border::entry;
 
-// The bundle object answers to no name, not even its own. `instance` is the host's and never looked into.
+// Kept as users know it: the bundle object answers to no name, not even its own. `instance` belongs to the
+// host and is never accessed.
 inline void find_nothing(const void*, void*, const char*, const void** table, void** instance) noexcept {
     *table = nullptr;
     *instance = nullptr;
@@ -62,7 +63,7 @@ static_assert(std::is_same_v<decltype(&start), decltype(border::operation<&bundl
 template <auto Reserved>
 void do_nothing(const void*, void*) noexcept {}
 
-// No object is behind the instance, so the entries are functions of their own, in the order of the list.
+// There is no provider object, so the entries are separate functions, in the order of the list.
 template <auto... Reserved>
 const void* build(operation_list<&bundle_impl::start, Reserved...>) {
     static const entry table[] = {reinterpret_cast<entry>(&identity), reinterpret_cast<entry>(&start),
@@ -72,7 +73,7 @@ const void* build(operation_list<&bundle_impl::start, Reserved...>) {
 
 } // namespace bundle_table
 
-// The body of the exported function.
+// Implements the exported function.
 inline void hand_out_bundle(vs_interface_pointer* out, void* instance) {
     *out = {bundle_table::build(bundle_impl::operations{}), instance};
 }

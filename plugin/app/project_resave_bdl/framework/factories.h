@@ -1,4 +1,5 @@
-// The bundle's service factories: static objects that list themselves before the entry is ever called.
+// The bundle's service factories: static objects that add themselves to a list before the host calls the
+// entry function. Main thread only.
 #pragma once
 
 #include <memory>
@@ -11,6 +12,7 @@
 
 namespace vs::project_resave {
 
+// A factory with the id under which it is registered.
 class basic_service_factory_impl : public service_factory_impl {
 public:
     explicit basic_service_factory_impl(wide_string factory_id) : id(std::move(factory_id)) {}
@@ -18,16 +20,17 @@ public:
     basic_service_factory_impl& operator=(const basic_service_factory_impl&) = delete;
     virtual ~basic_service_factory_impl() = default;
 
-    const wide_string id; // may be empty
+    const wide_string id; // empty: found under every id
 };
 
-// All factories of this library in the order of their construction. Exists before any of them.
+// Returns all factories of this library in the order of their construction. The list exists before the first
+// of them.
 inline std::vector<basic_service_factory_impl*>& factory_registry() {
     static std::vector<basic_service_factory_impl*> factories;
     return factories;
 }
 
-// Lists itself for as long as it lives.
+// A factory of a service; it is on the list for its whole lifetime.
 class custom_service_factory_impl : public basic_service_factory_impl {
 public:
     explicit custom_service_factory_impl(wide_string factory_id)
@@ -37,7 +40,7 @@ public:
     ~custom_service_factory_impl() override { std::erase(factory_registry(), this); }
 };
 
-// The same for a factory that offers nothing but wants the context, as a client of other services.
+// The same for a factory that offers no service but needs the context, as a client of other services.
 class custom_client_factory_impl : public basic_service_factory_impl {
 public:
     explicit custom_client_factory_impl(wide_string factory_id)
@@ -47,22 +50,25 @@ public:
     ~custom_client_factory_impl() override { std::erase(factory_registry(), this); }
 };
 
-// Starts, keeps and hands out one service of a factory.
+// Starts and keeps one service of a factory.
 template <class T>
 class service_holder_base {
 public:
     virtual ~service_holder_base() = default;
-    // Builds the service unless it runs.
+    // Creates the service unless it is running.
     virtual void start(const bundle_context& context) = 0;
+    // Destroys the service if it is running; all refs to it become null.
     virtual void stop() = 0;
+    // True from start() until the service is destroyed.
     virtual bool running() const = 0;
+    // Returns the identity of the service; null if it is not running.
     virtual identity_pointer service() const = 0;
 };
 
-// T is the service's class, a referent of the interface Impl built with the context.
+// T is the service's class, a referent of the interface Impl, constructed with the context.
 //
-// The end of the holder is the end of the service, whoever else holds it: it comes when the library goes, and
-// the service's code with it. All that refer to the service are told.
+// The holder destroys the service when it is destroyed, even if others hold refs: this happens when the
+// library is unloaded, and the service's code is unloaded with it. All referrers are notified.
 template <class T, class Impl>
 class ref_service_holder final : public service_holder_base<T> {
 public:
@@ -82,10 +88,11 @@ public:
     }
 
 private:
-    ref<Impl> held_; // null again once the service has ended
+    ref<Impl> held_; // null again once the service was destroyed
     T* object_ = nullptr;
 };
 
+// The factory of a service of class T. `create` starts all its holders and returns the first one's service.
 template <class T>
 class service_factory final : public custom_service_factory_impl {
 public:

@@ -1,3 +1,6 @@
+// The bundle's connection to the host's localizer, and the exported entry function. Texts and pictures can be
+// asked for before the host has a localizer, so it is looked for more than once.
+
 #include "framework/local_factory.h"
 
 #include "framework/bundle_entry.h"
@@ -8,11 +11,11 @@ namespace vs::project_resave {
 
 namespace {
 
-local_factory_impl* of_library = nullptr; // the one static factory, while it lives
+local_factory_impl* of_library = nullptr; // the only static factory, while it exists
 
 } // namespace
 
-// No localizer of an earlier client stays in force.
+// Removes the localizer of an earlier client, which may be gone.
 local_factory_impl::local_factory_impl() : custom_client_factory_impl(u"") {
     set_current_localizer({});
     of_library = this;
@@ -30,7 +33,7 @@ void local_factory_impl::leave() {
 
 void local_factory_impl::query(const char* asked, const void** table, void** instance) {
     polymorphic::query(asked, table, instance);
-    custom_client_factory_impl::query(asked, table, instance); // the names differ, so at most one fills
+    custom_client_factory_impl::query(asked, table, instance); // at most one of the two answers
 }
 
 identity_pointer local_factory_impl::create(bundle_context) {
@@ -50,7 +53,7 @@ void look_for_localizer() {
 
 void local_factory_impl::visit(localizer_service found) {
     if (found == service_.get()) return;
-    leave(); // only one is kept, and a client that nobody disconnects would be called after its end
+    leave(); // else the earlier service would call a destroyed client
     service_.assign(found);
     call<&localizer_service_impl::connect>(found, pointer_to<localizer_client_impl>(*this));
 }

@@ -1,4 +1,4 @@
-// The tables of framework/ as they were published.
+// A copy of the published tables of framework/; see framework/border/pinned.h.
 #include "framework/border/pinned.h"
 #include "framework/border/referent.h"
 #include "framework/border/visitors.h"
@@ -6,15 +6,15 @@
 
 namespace vs::project_resave::pinned {
 
-// "vs_identity_interface_0", the table of one entry by which every object is asked for its interfaces, and
-// entry 0 of all other tables, which leads to it.
+// "vs_identity_interface_0", the table with one entry through which every object is asked for its interfaces,
+// and entry 0 of all other tables, which returns it.
 static_assert(std::is_same_v<decltype(border::identity_table),
                              void (*const[1])(const void* table, void* instance, const char* name,
                                               const void** found_table, void** found_instance)>);
 static_assert(std::is_same_v<border::identity_of_entry,
                              void (*)(interface_pointer* out, const void* table, void* instance)>);
 
-// One slot to a line.
+// One slot per line.
 // clang-format off
 
 template struct rooted_table<referrer_impl, "vs_referrer_interface_1",

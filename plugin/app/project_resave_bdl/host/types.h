@@ -3,25 +3,26 @@
 // Implemented by the host, called by bundles. Rules that hold for every function:
 //
 // - Thread: the host's main thread, which runs its user interface. Nothing here is safe on another one.
-// - A handle is opaque: only the host looks inside. A null handle is allowed everywhere: sizes, counts and
-//   other numbers are then 0, flags false, getters and casts null, texts empty, changes have no effect, and
-//   destroy and close functions ignore it.
-// - Ownership: what a create, init or open function returns is the caller's, who passes it to the matching
-//   destroy or close function. Any other handle belongs to the object it was asked of and ends with it.
-// - Wide text is UTF-16 and ends with a zero. An argument is borrowed for the call, and null counts as empty.
+// - A handle is opaque: only the host looks inside. A null handle is allowed everywhere: then sizes, counts
+//   and other numbers are 0, flags are false, getters and casts return null, texts are empty, changes have no
+//   effect, and destroy and close functions ignore it.
+// - Ownership: the result of a create, init or open function belongs to the caller, who passes it to the
+//   matching destroy or close function. Any other handle belongs to the object that returned it and becomes
+//   invalid with it.
+// - Wide text is UTF-16 and zero-terminated. An argument is borrowed for the call, and null counts as empty.
 //   A result goes to the adapter that is the last argument, by one call of its `assign` function before the
-//   function returns; without an adapter it is dropped.
-// - Narrow text ends with a zero and is in the operating system's code page.
+//   function returns; without an adapter it is discarded.
+// - Narrow text is zero-terminated and in the operating system's code page.
 // - Indexes count from 0. An index at or beyond the count gives null, 0 or the empty text, and removes
 //   nothing. Removing a member moves the later ones down by one.
-// - No exception leaves a function: one that fails returns what it returns for a null handle.
+// - No exception leaves a function: a function that fails returns the same as for a null handle.
 #pragma once
 
 #include <cstddef>
 #include <cstdint>
 #include <type_traits>
 
-// The pair by which the host and its bundles reach each other's objects; null when either word is null.
+// The pair by which the host and its bundles refer to each other's objects; null if either word is null.
 struct vs_interface_pointer {
     const void* table = nullptr;
     void* instance = nullptr;
@@ -32,11 +33,11 @@ static_assert(sizeof(vs_interface_pointer) == 2 * sizeof(void*));
 static_assert(alignof(vs_interface_pointer) == alignof(void*));
 static_assert(offsetof(vs_interface_pointer, table) == 0);
 static_assert(offsetof(vs_interface_pointer, instance) == sizeof(void*));
-// It is passed by value as two words only as long as it copies like plain data.
+// Only a type that copies like plain data is passed by value as two words.
 static_assert(std::is_standard_layout_v<vs_interface_pointer>);
 static_assert(std::is_trivially_copyable_v<vs_interface_pointer>);
 
-// A 2D and a 3D scene are both scenes; the tags below let their handles convert to vs_scn by themselves.
+// A 2D and a 3D scene are both scenes; the tags below let their handles convert to vs_scn implicitly.
 struct vs_scn {};
 struct vs_scn_2d : vs_scn {};
 struct vs_scn_3d : vs_scn {};
@@ -72,10 +73,10 @@ struct vs_xml_save_prj;
 struct vs_xml_save_2d;
 struct vs_xml_save_3d;
 
-// The host's three-state values: whether an element is checked, selected or valid. Note that true is 0.
+// The host's three-state values, for whether an element is checked, selected or valid. Note that true is 0.
 enum vs_three_state : uint32_t { vs_state_true = 0, vs_state_false = 1, vs_state_mixed = 2 };
 
-// How a file is opened; reading is the only mode in use.
+// How a file is opened; only reading is used.
 enum vs_open_mode : int32_t { vs_open_for_reading = 1 };
 
 // A layer's table of extra values. Keys are narrow texts; keys and values belong to the layer.
@@ -88,8 +89,8 @@ struct vs_table_extra {
     const vs_table_extra_row* rows;
 };
 
-// The two functions of a string adapter, called with the `context` it was created with: `assign` copies the
-// text, which is borrowed for the call and counts as empty if null; `text` returns the string's present text.
-// No exception must leave them.
+// The two functions of a string adapter, called with the `context` it was created with. `assign` copies the
+// text, which is borrowed for the call and counts as empty if null; `text` returns the string's current text.
+// Neither may throw.
 using vs_string_assign = void (*)(void* context, const char16_t* text);
 using vs_string_text = const char16_t* (*)(void* context);

@@ -6,8 +6,8 @@
 
 extern "C" {
 
-// Opens the file; `mode` is vs_open_for_reading. The result is the caller's. Null if the file cannot be read,
-// breaks a rule of the format, or for another mode.
+// Opens the file; `mode` is vs_open_for_reading. The caller owns the result. Null if the file cannot be read
+// or is malformed, or for another mode.
 vs_tos4_file* vs_tos4_file_open_w(const char16_t* path, int32_t mode);
 // Closes the file, which frees the handle. Do not pass null: a host need not accept it here.
 void vs_tos4_file_close(vs_tos4_file* file);

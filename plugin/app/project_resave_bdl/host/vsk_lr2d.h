@@ -11,8 +11,8 @@ extern "C" {
 vs_lr* vs_lr2d_safe_downcast(vs_lr* layer);
 // Returns the layer's type as narrow text, never null; valid as long as the layer.
 const char* vs_lr2d_get_lr_type(vs_lr* layer);
-// Passes the caption, which the user reads.
+// Passes the caption, as shown to the user.
 void vs_lr2d_get_wcaption(vs_lr* layer, vs_string_adp* out);
-// Passes the layer's file reference exactly as the layer holds it.
+// Passes the layer's file reference exactly as the layer stores it.
 void vs_lr2d_get_wfilename(vs_lr* layer, vs_string_adp* out);
 }

@@ -11,7 +11,7 @@ extern "C" {
 vs_lr* vs_lr3d_safe_downcast(vs_lr* layer);
 // Returns the layer's type as narrow text, never null; valid as long as the layer.
 const char* vs_lr3d_get_lr_type(vs_lr* layer);
-// Passes the caption, which the user reads.
+// Passes the caption, as shown to the user.
 void vs_lr3d_get_wcaption(vs_lr* layer, vs_string_adp* out);
 // Returns the DBF table of a 3D shape layer, which belongs to the layer; null if it has none, and for a 2D
 // layer.

@@ -19,14 +19,14 @@ void vs_scns_3d_del(vs_scns_3d* scenes, uint32_t index);
 
 // Returns the scene as a container of entities, its layers.
 vs_entities* vs_scn_3d_safe_upcast(vs_scn_3d* scene);
-// Returns the 3D scene that the entity is; null if it is something else.
+// Returns the entity as a 3D scene; null if it is not one.
 vs_scn_3d* vs_scn_3d_safe_downcast(vs_entity* entity);
-// Passes the caption, which the user reads.
+// Passes the caption, as shown to the user.
 void vs_scn_3d_get_wcaption(vs_scn_3d* scene, vs_string_adp* out);
 // Returns the number of layers.
 uint32_t vs_scn_3d_get_layer_count(vs_scn_3d* scene);
 // Returns a layer, which belongs to the scene; null at and beyond the count.
 vs_lr* vs_scn_3d_get_layer_ptr(vs_scn_3d* scene, uint32_t index);
-// Destroys the layer and removes it from the groups; a group that is empty then stays.
+// Destroys the layer and removes it from the groups; a group that becomes empty stays.
 void vs_scn_3d_del_lr3d(vs_scn_3d* scene, uint32_t index);
 }

@@ -18,7 +18,7 @@ void vs_toss_data_del(vs_toss_data* tables, uint32_t index);
 
 // Returns the same table as one of either kind; vs_table_data_safe_upcast makes an entity of that.
 vs_table_data* vs_tos_data_safe_upcast(vs_tos_data* table);
-// Passes the caption, which the user reads.
+// Passes the caption, as shown to the user.
 void vs_tos_data_get_wcaption(vs_tos_data* table, vs_string_adp* out);
 // Passes the path of the table's file.
 void vs_tos_data_get_wfilename(vs_tos_data* table, vs_string_adp* out);

@@ -1,3 +1,5 @@
+// The tables of layer types. Types are compared exactly; an unknown type is reported, not guessed.
+
 #include "layers/layer_factory.h"
 
 #include <span>
@@ -32,11 +34,13 @@ unit_pointer make(run_state& context, vs_lr* layer) {
 
 template <class Unit>
 unit_pointer make_well(run_state& context, vs_lr* layer) {
+    // With a folder for each scene, wells are not resaved.
     if (context.options.structure_variant == folder_per_scene) return nullptr;
     return make<Unit>(context, layer);
 }
 
-// A reference that holds a uuid links to a scene of the project; any other is the path of a scene file.
+// A reference that contains a uuid is a link to a scene of the project; any other is the path of a scene
+// file.
 unit_pointer make_map_3d(run_state& context, vs_lr* layer) {
     const wide_string text = trim(host_string(&vs_lr_get_wfilename, layer), u"*");
     const host_owned<vs_uuid, &vs_uuid_destroy> uuid(vs_uuid_create());
@@ -91,10 +95,13 @@ unit_pointer make_layer_unit(run_state& context, vs_lr* layer, const wide_string
     vs_entity* const entity = vs_lr_safe_upcast(layer);
     const wide_string file = host_string(&vs_lr_get_wfilename, layer);
     context.guard.add(file);
+    // A bundle may support a layer type better than the tables do.
     if (unit_pointer unit = make_claimed_unit(context, entity)) return unit;
     if (!type) type = "";
     for (const layer_row& row : rows)
         if (row.type == type) return row.make(context, layer);
+    // The layer keeps its reference, so the new project depends on the old data. The final message lists each
+    // type once, the log once for each layer.
     context.report.add_unprocessed_type(element_name_of(entity, list), type, file);
     context.log.add_unprocessed_type(type);
     return nullptr;

@@ -1,3 +1,5 @@
+// Has the host write the files of single scenes and layers, in places where nothing of value is overwritten.
+
 #include "layers/layer_files.h"
 
 #include <functional>
@@ -19,21 +21,22 @@ namespace {
 using writer_2d = host_owned<vs_xml_save_2d, &vs_xml_save_2d_destroy>;
 using writer_3d = host_owned<vs_xml_save_3d, &vs_xml_save_3d_destroy>;
 
-// `write` has the host write to a path. What the run has copied, and what belongs to the source, is never
-// written over: the file gets the next free name.
+// `write` makes the host write to a path. Copies made by the run and files of the source are never
+// overwritten: the file gets the next free name instead.
 void make_file(const wide_string& source, const wide_string& wanted, bool lacks_joins, run_state& run,
                const std::function<bool(const wide_string&)>& write) {
     path_placement& placement = run.placement;
     wide_string path = wanted;
     const bool existed = path_exists(path);
     const bool kept = placement.made.is_copy(path) || run.guard.protects(path) ||
-                      (!existed && is_name_taken(path)); // a pipe, or a link that leads nowhere
+                      (!existed && is_name_taken(path)); // a pipe or a broken link
     if (kept) {
         path = placement.next_free_name(path, true);
         run.log.file_renamed(wanted, path);
         run.report.add(fact_kind::renamed, wanted, path);
     }
     const bool written = write(path);
+    // Kept as users know it: the file counts as placed even if the host could not write it.
     placement.register_placed(source, path);
     if (!written) return run.report.add(fact_kind::not_written, source, path);
     if (source.empty())
@@ -41,11 +44,11 @@ void make_file(const wide_string& source, const wide_string& wanted, bool lacks_
     else // the scene of a map layer
         placement.made.add_copy(source, path);
     if (existed && !kept) run.report.add(fact_kind::written_over, source, path);
-    run.joins.unfinished.erase(path_key(path)); // whoever wrote last has the file
+    run.joins.unfinished.erase(path_key(path)); // the last writer of a path owns it
     if (lacks_joins) run.joins.unfinished[path_key(path)] = {source, path, [=] { return write(path); }};
 }
 
-// The answer of the host's writers has a low byte of 0 on failure.
+// The low byte of the result of the host's writers is 0 on failure.
 template <class Writer, auto Create, auto Save, class Element>
 auto file_writer(Element* element) {
     return [element](const wide_string& path) {
@@ -59,7 +62,8 @@ auto file_writer(Element* element) {
 wide_string caption_file_path(wide_view folder, wide_view caption, wide_view extension) {
     wide_string path(folder);
     if (!path.empty() && !is_separator(path.back())) path += u'\\';
-    // Apart: without a folder a caption like "a:b" would pass for a name on a drive.
+    // Folder and name are checked separately: without a folder, a caption like "a:b" would count as a name on
+    // a drive.
     const wide_string name = trim(wide_string(caption).append(extension), path_separators);
     return path + valid_name(held_below(name));
 }

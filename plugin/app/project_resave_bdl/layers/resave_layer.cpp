@@ -1,3 +1,5 @@
+// What all layers do alike, the record of a complex model, and vector layers.
+
 #include "layers/resave_layer.h"
 
 #include <string_view>
@@ -38,6 +40,7 @@ bool Tvs_resave_layer::copy_files(const wide_string&, const wide_string&) {
 
 namespace {
 
+// The key and size of the record, as other programs write it.
 constexpr char record_key[] = "BumpsSettings";
 constexpr uint32_t element_count = 70;
 
@@ -61,11 +64,13 @@ complex_model_record::complex_model_record(vs_lr* layer) {
     if (!value) return;
     if (any_get_type(value) != tuple_type) any_assign_tuple(value, tuple_init());
     elements_ = any_get_tuple(value);
+    // Writing an element of a shorter tuple would fail.
     if (tuple_get_size(elements_) != element_count) tuple_resize(elements_, element_count);
 }
 
 wide_string complex_model_record::text(uint32_t element) {
     vs_any* value = tuple_get_element(elements_, element);
+    // Reading repairs the record: an element of another type becomes an empty text.
     if (any_get_type(value) != wide_string_type) any_assign_wstring(value, u"");
     return host_string(&any_get_wstring, value);
 }
@@ -83,6 +88,8 @@ Tvs_resave_vector_lr2d::kind Tvs_resave_vector_lr2d::kind_of(const wide_string& 
 Tvs_resave_vector_lr2d::Tvs_resave_vector_lr2d(vs_lr* handle, run_state& run)
     : Tvs_resave_layer(handle, run), source_kind_(kind_of(host_string(&vs_lr2d_get_wfilename, handle))) {}
 
+// Kept as users know it: the kind is that of the reference when the tree was built, even if the disk or the
+// reference has changed since.
 void Tvs_resave_vector_lr2d::collect_common_directory(common_directory& common) {
     if (source_kind_ != source_link) Tvs_resave_layer::collect_common_directory(common);
 }

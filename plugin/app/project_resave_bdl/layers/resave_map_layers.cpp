@@ -1,3 +1,6 @@
+// Saves map layers. The scene behind the layer is loaded when the tree is built, so that its layers can be
+// selected and counted like any others.
+
 #include "layers/resave_map_layers.h"
 
 #include "containers/resave_scenes.h"
@@ -17,7 +20,8 @@ namespace vs::project_resave {
 
 namespace {
 
-// While a scene file is being loaded, a map layer on it further down would load it again for ever.
+// While a scene file is being loaded, a map layer further down that shows the same file would load it again,
+// endlessly.
 struct loading_mark {
     loading_mark(std::unordered_set<wide_string>& scenes, wide_string path)
         : loading(scenes), key(std::move(path)), first(loading.insert(key).second) {}
@@ -44,7 +48,7 @@ void Tvs_resave_map_lr::build() {
     const host_owned<vs_xml_save_2d, &vs_xml_save_2d_destroy> reader(vs_xml_save_2d_create());
     map_scene_.reset(vs_scn_2d_create());
     const loading_mark mark(context->loading_scenes, path_key(reference));
-    if (!mark.first) return; // counts as one that cannot be loaded
+    if (!mark.first) return; // treated like a scene that cannot be loaded
     if ((vs_xml_data_load_scn2d_w(reader.get(), reference.c_str(), map_scene_.get()) & 0xFF) == 0) return;
     map_unit_ = std::make_unique<Tvs_resave_scene_2d_map>(map_scene_.get(), *context);
     map_unit_->build_once();
@@ -75,7 +79,7 @@ bool Tvs_resave_map_lr::do_save() {
         context->report.add(fact_kind::not_read, source);
         return false;
     }
-    map_unit_->save(); // before the look-up, so that the scene refers to the new places in any case
+    map_unit_->save(); // before the look-up, so that the scene always refers to the new places
     wide_string target = context->placement.lookup_placed(source);
     if (target.empty()) target = place_and_copy(source);
     set_new_path(target);

@@ -1,5 +1,5 @@
-// Map layers: behind the reference stands a scene file, whose scene is loaded, resaved with all its own
-// layers, and written to a new scene file.
+// Map layers: the reference is a scene file, whose scene is loaded, resaved with all its layers, and written
+// to a new scene file. Main thread only.
 #pragma once
 
 #include <memory>
@@ -12,31 +12,38 @@ namespace vs::project_resave {
 
 class Tvs_resave_scene_2d_map;
 
+// The common part of 2D and 3D map layers.
 class Tvs_resave_map_lr : public Tvs_resave_layer {
 public:
+    // The layer belongs to the scene.
     Tvs_resave_map_lr(vs_lr* handle, run_state& run);
     ~Tvs_resave_map_lr() override;
 
-    // The scene's own text follows at the same depth. No step of progress for the layer itself.
+    // Writes the layer's line; the scene's own text follows at the same depth. Makes no step of progress for
+    // the layer itself.
     bool write_structure() override;
-    // The steps of the scene's layers. The layer's own is not counted, though a save makes it.
+    // Counts the steps of the scene's layers. Kept as users know it: the layer's own step is made by a save
+    // but not counted.
     uint32_t count_units(uint32_t& total) override;
     void collect_common_directory(common_directory& common) override;
-    // Saves the scene's layers, then writes the scene file unless the run did so before. False also for a
-    // scene that could not be loaded, which only the log tells.
+    // Saves the scene's layers, then writes the scene file unless the run has already done so. Also returns
+    // false for a scene that could not be loaded, which is recorded as not read.
     bool do_save() override;
+    // Loads the scene file and builds its unit. A file that cannot be loaded leaves the layer without one.
     void build() override;
-    // None: the scene file goes straight into the new folder.
+    // Kept as users know it: there is no folder for this type, so the scene file goes directly into the new
+    // folder.
     wide_string default_folder() override { return wide_string(); }
-    // Writes the scene as its layers were saved.
+    // Writes the scene with its saved layers.
     bool copy_files(const wide_string& source, const wide_string& target) override;
 
 private:
-    // The scene is none of the project's. Members go from the last to the first: scene, unit.
-    std::unique_ptr<Tvs_resave_scene_2d_map> map_unit_; // null if the scene did not load
+    // The scene is not part of the project. Declared in this order, the unit is destroyed after the scene.
+    std::unique_ptr<Tvs_resave_scene_2d_map> map_unit_; // null if the scene could not be loaded
     host_owned<vs_scn_2d, &vs_scn_2d_destroy> map_scene_;
 };
 
+// A map layer in a 2D scene that also writes a layer file.
 class Tvs_resave_map_lr2d : public Tvs_resave_map_lr {
 public:
     using Tvs_resave_map_lr::Tvs_resave_map_lr;
@@ -44,6 +51,7 @@ public:
     void after_file_saved() override;
 };
 
+// A map layer in a 3D scene.
 class Tvs_resave_map_lr3d : public Tvs_resave_map_lr {
 public:
     using Tvs_resave_map_lr::Tvs_resave_map_lr;

@@ -1,3 +1,5 @@
+// Saves rasters, tiles and grids: layers whose data is a picture or a grid with a few companions.
+
 #include "layers/resave_raster_layers.h"
 
 #include "core/copying.h"
@@ -20,6 +22,7 @@ constexpr char16_t cutline_mark = u'*';
 
 wide_string Tvs_resave_grid::default_folder() {
     const wide_string extension = path_extension(host_string(&vs_lr_get_wfilename, layer));
+    // Kept as users know it: only these spellings count, so ".SGY" goes to the folder for grids.
     const bool seismic = extension == u".sgy" || extension == u".segy" || extension == u".sec";
     return load_string(seismic ? text::seismic_folder : text::grid_folder);
 }
@@ -30,7 +33,7 @@ bool Tvs_resave_grid::copy_files(const wide_string& source, const wide_string& t
         return copy_data_set(source, target, *context);
     case platform::entry_kind::folder:
         return copy_data_folder(source, target, *context);
-    case platform::entry_kind::none: // it was there a moment ago
+    case platform::entry_kind::none: // it existed a moment ago
         record_copy_failure(*context, {source, target, platform::failure::missing});
         break;
     }
@@ -43,6 +46,7 @@ wide_string Tvs_resave_grid_cutline::source_path() {
 }
 
 void Tvs_resave_grid_cutline::set_new_path(const wide_string& path) {
+    // Kept as users know it: after a save the mark is always there, even if the reference had none.
     Tvs_resave_tos_lr2d::set_new_path(path.starts_with(cutline_mark) ? path : cutline_mark + path);
 }
 

@@ -1,4 +1,4 @@
-// Layers over pictures and grids.
+// Layers of pictures and grids. Main thread only.
 #pragma once
 
 #include "layers/resave_layer.h"
@@ -6,39 +6,40 @@
 
 namespace vs::project_resave {
 
-// Layers of grids and of seismic data, and layers on a grid cut along a line.
-// Serves 2D grids and 3D seismic data alike: a file with its data set, or a folder. Writes no layer file.
+// A layer of 2D grids or of 3D seismic data: a file with its data set, or a folder. Writes no layer file.
 class Tvs_resave_grid : public Tvs_resave_layer {
 public:
     using Tvs_resave_layer::Tvs_resave_layer;
 
-    // By the extension alone, in small letters: seismic data or grid, whatever the layer is.
+    // Decides only by the extension, in lower case: seismic data or a grid, whatever the layer's type is.
     wide_string default_folder() override;
-    // False where the source has vanished, which is entered as a copy that failed.
+    // Returns false if the source no longer exists, which is recorded as a failed copy.
     bool copy_files(const wide_string& source, const wide_string& target) override;
 };
 
-// A TOS grid whose reference may be marked by a "*" in front; after a save it always is.
+// A TOS grid whose reference may begin with a "*"; after a save it always does.
 class Tvs_resave_grid_cutline : public Tvs_resave_tos_lr2d {
 public:
     using Tvs_resave_tos_lr2d::Tvs_resave_tos_lr2d;
 
-    // Without the mark.
+    // Returns the reference without the mark.
     wide_string source_path() override;
+    // Adds the mark.
     void set_new_path(const wide_string& path) override;
 };
 
-// Raster, tile and map service layers: one file with a few companions, or none at all.
+// A raster: one file with a few companions.
 class Tvs_resave_rtr_lr : public Tvs_resave_layer {
 public:
     using Tvs_resave_layer::Tvs_resave_layer;
 
     wide_string default_folder() override;
-    // With overviews, world files and projection. Throws std::out_of_range, before the projection, for a
-    // main file from whose extension no world file's can be made.
+    // Also copies overviews, world files and the projection. Throws std::out_of_range, before copying the
+    // projection, if the extension gives no name for a world file.
     bool copy_files(const wide_string& source, const wide_string& target) override;
 };
 
+// A raster in a 2D scene, which also writes a layer file.
 class Tvs_resave_rtr_lr2d : public Tvs_resave_rtr_lr {
 public:
     using Tvs_resave_rtr_lr::Tvs_resave_rtr_lr;
@@ -46,16 +47,18 @@ public:
     void after_file_saved() override;
 };
 
+// A tile layer: one file and its projection.
 class Tvs_resave_tld_lr : public Tvs_resave_layer {
 public:
     using Tvs_resave_layer::Tvs_resave_layer;
 
-    // The main file, untested, and its projection.
+    // Sets `out` to the main file, without checking that it exists, and its projection.
     void collect_source_files(std::vector<found_file>& out) override;
     wide_string default_folder() override;
     bool copy_files(const wide_string& source, const wide_string& target) override;
 };
 
+// A tile layer in a 2D scene, which also writes a layer file.
 class Tvs_resave_tld_lr2d : public Tvs_resave_tld_lr {
 public:
     using Tvs_resave_tld_lr::Tvs_resave_tld_lr;
@@ -63,12 +66,12 @@ public:
     void after_file_saved() override;
 };
 
-// Layer of a map service: it has no file, and its reference is kept.
+// A layer of a map service: it has no file, and its reference does not change.
 class Tvs_resave_wms_lr : public Tvs_resave_layer {
 public:
     using Tvs_resave_layer::Tvs_resave_layer;
 
-    // Makes no step of progress, although the unit counts as one.
+    // Kept as users know it: makes no step of progress, although the unit counts as one.
     bool do_save() override { return true; }
 };
 

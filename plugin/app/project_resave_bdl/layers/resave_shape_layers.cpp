@@ -1,3 +1,5 @@
+// Saves shape layers, and layers that only refer to other elements of the project.
+
 #include "layers/resave_shape_layers.h"
 
 #include "core/copying.h"
@@ -19,6 +21,7 @@
 namespace vs::project_resave {
 
 bool Tvs_resave_map_link_lr::correct_selection() {
+    // The reference is the uuid of a scene between marks.
     return !select_referenced(*context, trim(host_string(&vs_lr_get_wfilename, layer), u"*"));
 }
 
@@ -32,6 +35,7 @@ bool Tvs_resave_prf_lines_lr2d::correct_selection() {
     if (!source.open(host_string(&vs_lr_get_wsource, layer), vs_lr_get_data_ptr(layer))) return true;
     const int32_t field = source.find_field(u"UUID");
     if (field < 0) return true;
+    // The user is asked at the first element that is left out.
     bool unchanged = true;
     for (bool more = source.first(); more; more = source.next())
         if (select_referenced(*context, source.text(field))) unchanged = false;
@@ -44,6 +48,7 @@ bool Tvs_resave_prf_lines_lr2d::do_save() {
 }
 
 bool Tvs_resave_prf_compound_lr2d::correct_selection() {
+    // The members are known only to the plug-in, which draws the layer.
     const interface_pointer* plugin = vs_lr2d_get_plugin_interface(layer);
     if (!plugin) return true;
     const profil_cmpnd_lr2d profile = cast_to<profil_cmpnd_lr2d_impl>(identity_pointer{*plugin});
@@ -76,6 +81,7 @@ bool Tvs_resave_shp_lr::write_structure() {
     context->log.write_indented(text::shape_columns_heading);
     write_attr_fields(*context, attr_data());
     context->log.unindent();
+    // Kept as users know it: the result is false if columns were written; nothing uses it.
     return false;
 }
 
@@ -83,6 +89,7 @@ bool Tvs_resave_shp_lr::write_dbf_columns() { return context->options.write_tabl
 
 void Tvs_resave_shp_lr::collect_source_files(std::vector<found_file>& out) {
     out.clear();
+    // A shape file that cannot be opened still counts as the layer's file.
     if (!append_existing_files(host_string(&vs_lr_get_wfilename, layer), out))
         out.emplace_back(source_path());
     append_joined_tables(vs_attr_data_safe_downcast(vs_lr_get_data_ptr(layer)), out);

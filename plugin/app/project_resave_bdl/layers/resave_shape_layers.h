@@ -1,12 +1,13 @@
-// Layers over shape files and links.
+// Layers of shape files, and layers that only refer to other elements. Main thread only.
 #pragma once
 
 #include "layers/resave_layer.h"
 
 namespace vs::project_resave {
 
-// Layers that have nothing to copy but name other elements of the project: with them those come into the
-// selection. Their references are kept as they are.
+// Layers without files that name other elements of the project, which are added to the selection with them.
+// Their references do not change.
+//
 // A 3D layer that shows a 2D scene of the project; its reference is the scene's uuid between "*".
 class Tvs_resave_map_link_lr : public Tvs_resave_layer {
 public:
@@ -16,7 +17,7 @@ public:
     bool do_save() override;
 };
 
-// The lines of profiles: each record of its table may name an element.
+// The lines of profiles: each record of the layer's table may name an element by its uuid.
 class Tvs_resave_prf_lines_lr2d : public Tvs_resave_layer {
 public:
     using Tvs_resave_layer::Tvs_resave_layer;
@@ -25,13 +26,13 @@ public:
     bool do_save() override;
 };
 
-// A profile put together by a plug-in, which tells the members.
+// A profile composed by a plug-in, which returns the members.
 class Tvs_resave_prf_compound_lr2d : public Tvs_resave_layer {
 public:
     using Tvs_resave_layer::Tvs_resave_layer;
 
     bool correct_selection() override;
-    // Makes no step of progress, although the unit counts as one.
+    // Kept as users know it: makes no step of progress, although the unit counts as one.
     bool do_save() override { return true; }
 };
 
@@ -40,16 +41,19 @@ class Tvs_resave_shp_lr : public Tvs_resave_layer {
 public:
     using Tvs_resave_layer::Tvs_resave_layer;
 
-    // Under the layer's line its fields, if columns are wanted; the answer is false then.
+    // Writes the fields below the layer's line if columns are requested; returns false in that case.
     bool write_structure() override;
-    // The data set's files or, where the host cannot open it, the main file untested; then the joined tables.
+    // Sets `out` to the files of the data set, or to the main file alone if the host cannot open it; then
+    // appends the joined tables.
     void collect_source_files(std::vector<found_file>& out) override;
     wide_string default_folder() override;
     bool copy_files(const wide_string& source, const wide_string& target) override;
 
+    // True if the options ask for the columns of tables.
     virtual bool write_dbf_columns();
 };
 
+// A shape layer in a 2D scene, which also writes a layer file.
 class Tvs_resave_shp_lr2d : public Tvs_resave_shp_lr {
 public:
     using Tvs_resave_shp_lr::Tvs_resave_shp_lr;
@@ -58,6 +62,7 @@ public:
     vs_attr_data* attr_data() override;
 };
 
+// A shape layer in a 3D scene, which also writes a layer file.
 class Tvs_resave_shp_lr3d : public Tvs_resave_shp_lr {
 public:
     using Tvs_resave_shp_lr::Tvs_resave_shp_lr;

@@ -1,3 +1,6 @@
+// Saves TOS layers with the files of complex models, which the host does not list: their paths are in the
+// layer's record.
+
 #include "layers/resave_tos_layers.h"
 
 #include <algorithm>
@@ -22,17 +25,18 @@ namespace {
 
 // The files that a complex model refers to, in the order of the rows.
 struct model_element {
-    uint32_t element; // of the record
+    uint32_t element; // its index in the record
     text::row lost_text;
 };
 constexpr model_element model_elements[] = {
     {9, text::complex_model_structural_map},
     {15, text::complex_model_depth_cube},
+    // Kept as users know it: this row comes before the next one, although its number is higher.
     {44, text::complex_model_time_cube},
     {39, text::complex_model_isochrone_map},
 };
 
-// Only layers of this kind lose their style over a save.
+// Only layers of this kind lose their style when they are saved.
 bool keeps_style(vs_lr* layer) {
     const char* type = vs_lr_get_lr_type(layer);
     return type && std::string_view(type) == "tos_grid_lr1d";
@@ -83,11 +87,13 @@ void Tvs_resave_tos_lr::read_model_files() {
 
 void Tvs_resave_tos_lr::collect_source_files(std::vector<found_file>& out) {
     out.clear();
+    // Kept as users know it: without the main file not even the files of the model are listed.
     if (!append_existing_files(source_path(), out)) return;
     for (const model_file& file : model_files_) {
         if (file.old_path.empty() || std::ranges::find(out, file.old_path, &found_file::path) != out.end())
             continue;
-        if (!append_existing_files(file.old_path, out)) return; // the rows behind it are not looked at
+        // Kept as users know it: the files of later rows are not listed.
+        if (!append_existing_files(file.old_path, out)) return;
     }
 }
 
@@ -103,8 +109,8 @@ bool Tvs_resave_tos_lr::copy_files(const wide_string& source, const wide_string&
 }
 
 void Tvs_resave_tos_lr::after_file_saved() {
-    // Counts the rows that name a file, not the rows: behind an empty row a file is handled under the element
-    // of an earlier one. That is how it must stay.
+    // Kept as users know it: this counts the rows that name a file. After an empty row, a file is therefore
+    // handled as the element of an earlier row.
     size_t counted = 0;
     for (model_file& file : model_files_) {
         if (file.old_path.empty()) continue;
@@ -114,11 +120,11 @@ void Tvs_resave_tos_lr::after_file_saved() {
     }
 }
 
-// The path to be written into the record; empty for a file that is lost or finds no place.
+// Returns the path to write into the record; empty if the file is lost or has no place.
 wide_string Tvs_resave_tos_lr::place_model_file(const wide_string& source, text::row lost_text) {
     if (!path_exists(source)) {
         record_lost_source(*context, source, caption() + u". " + load_string(lost_text));
-        skip_progress(); // a step that nobody counted
+        skip_progress(); // Kept as users know it: a step that was not counted
         return wide_string();
     }
     path_placement& placement = context->placement;
@@ -132,7 +138,8 @@ wide_string Tvs_resave_tos_lr::place_model_file(const wide_string& source, text:
             copy_tos_files(source, target, *context);
     }
     if (target.empty()) return target;
-    // The reference as the layer holds it: a marked one is no folder to start from, and the path stays whole.
+    // The reference is used as the layer stores it: if it has a mark it is not a folder to start from, so the
+    // path stays absolute.
     return path_relative(host_string(&vs_lr_get_wfilename, layer), target);
 }
 

@@ -21,6 +21,7 @@ void Tvs_resave_well::collect_source_files(std::vector<found_file>& out) {
     out.clear();
     const wide_string source = source_path();
     append_if_exists(source, out);
+    // The folder counts with all its content.
     append_if_exists(path_replace_extension(source, u""), out);
 }
 
@@ -33,6 +34,7 @@ bool Tvs_resave_well::copy_files(const wide_string& source, const wide_string& t
 vs_entity* Tvs_resave_well_lr::entity() { return layer ? vs_lr_safe_upcast(layer) : nullptr; }
 
 bool Tvs_resave_well_lr::do_save() {
+    // A unit that was built before the user chose a folder for each scene can still get here.
     if (context->options.structure_variant != folder_per_scene) return Tvs_resave_well::do_save();
     skip_progress();
     return true;

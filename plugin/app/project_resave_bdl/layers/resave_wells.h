@@ -1,33 +1,35 @@
-// Wells: a file whose data may lie in a folder of the same stem beside it.
+// Wells: a file whose data may be in a folder with the same stem next to it. Main thread only.
 #pragma once
 
 #include "core/resave_file.h"
 
 namespace vs::project_resave {
 
-// Base of all units of wells, whether a layer shows them or a collection holds them.
+// Base of all units of wells, in a layer or in a collection.
 class Tvs_resave_well : public Tvs_resave_file {
 public:
     using Tvs_resave_file::Tvs_resave_file;
 
-    // Makes no step of progress.
+    // Writes the caption; makes no step of progress.
     bool write_structure() override;
-    // The file and the folder, as far as they exist.
+    // Sets `out` to the file and the folder, if they exist.
     void collect_source_files(std::vector<found_file>& out) override;
     wide_string default_folder() override;
     bool copy_files(const wide_string& source, const wide_string& target) override;
 
+    // Returns the caption for the structure text.
     virtual wide_string well_caption() = 0;
 };
 
+// A well in a scene.
 class Tvs_resave_well_lr : public Tvs_resave_well {
 public:
-    // The layer is the scene's.
+    // The layer belongs to the scene.
     Tvs_resave_well_lr(vs_lr* handle, run_state& run) : Tvs_resave_well(run), layer(handle) {}
 
     vs_entity* entity() override;
-    // With a folder for each scene nothing is saved: the layer keeps naming the old file, which therefore
-    // does not count in the common directory either.
+    // With a folder for each scene nothing is saved: the layer still refers to the old file, which therefore
+    // is not included in the common directory.
     bool do_save() override;
     void collect_common_directory(common_directory& common) override;
     wide_string source_path() override;
@@ -38,6 +40,7 @@ protected:
     vs_lr* const layer;
 };
 
+// A well in a 2D scene, which also writes a layer file.
 class Tvs_resave_well_lr2d : public Tvs_resave_well_lr {
 public:
     using Tvs_resave_well_lr::Tvs_resave_well_lr;
@@ -45,6 +48,7 @@ public:
     void after_file_saved() override;
 };
 
+// A well in a 3D scene, which also writes a layer file.
 class Tvs_resave_well_lr3d : public Tvs_resave_well_lr {
 public:
     using Tvs_resave_well_lr::Tvs_resave_well_lr;

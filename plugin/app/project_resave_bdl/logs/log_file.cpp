@@ -1,3 +1,6 @@
+// Writers of the resave log and of the load log. Every line is flushed to its file at once, so that the log
+// is complete up to the moment at which a run or the program ends.
+
 #include "logs/log_file.h"
 
 #include "framework/border/encoding.h"
@@ -7,6 +10,7 @@
 
 namespace vs::project_resave {
 
+// Kept as users know it: the result is true even if the file could not be created; failure() has the reason.
 bool log_file::open(const wide_string& name, bool enable) {
     if (!enable) return false;
     file_name_ = name;
@@ -16,13 +20,14 @@ bool log_file::open(const wide_string& name, bool enable) {
     return true;
 }
 
-// Nothing is open between two lines, and lines may still follow.
+// Nothing to do: no file stays open between two lines, and more lines may follow.
 void log_file::close() {}
 
 bool log_file::write(int32_t row) { return write(load_string(row)); }
 
 bool log_file::write(const char* text) { return write(host_text(text)); }
 
+// Kept as users know it: the result is always false.
 bool log_file::write(const wide_string& text) {
     if (file_name_.empty()) return false;
     const platform::outcome written = append_text(file_name_, text, true);
@@ -83,6 +88,7 @@ uint32_t log_file::unindent() {
     return depth;
 }
 
+// Indented by whole units, which the user chooses: blanks, a tab or nothing.
 bool log_file::write_at(const wide_string& text, uint32_t at_depth) {
     wide_string line;
     for (uint32_t i = 0; i < at_depth; ++i) line += *indent_unit_;
@@ -99,6 +105,7 @@ void log_file::add_unprocessed_type(const char* text) {
     unprocessed_types_.push_back(host_text(text) + load_string(text::end_of_block));
 }
 
+// Kept as users know it: a type is listed once for each layer, unlike in the final message.
 void log_file::dump_unprocessed_types() {
     if (unprocessed_types_.empty()) return;
     write(text::unprocessed_types);
@@ -111,7 +118,8 @@ void log_file::write_block(std::initializer_list<wide_string> lines) {
 }
 
 void open_log_file::set_open_log_path(const wide_string& project_path, bool enable) {
-    // The suffix first: once the extension is off, a dot in the project's name would begin one.
+    // The suffix comes first: without the extension, a dot in the project's name would count as the start of
+    // one.
     path = path_replace_extension(path_add_to_stem(project_path, u"_last_resave_open_log"), u".txt");
     enabled = enable;
 }

@@ -1,3 +1,6 @@
+// Writes text files without a buffer: a line is in the file when the call returns, even if the program is
+// killed later.
+
 #include "logs/txt_file.h"
 
 #include <algorithm>
@@ -23,6 +26,7 @@ platform::outcome file_stream::open(const wide_string& path, wide_view mode) {
     const auto wanted = writes ? platform::access::read_write : platform::access::read;
     const auto how = creates ? platform::disposition::create_always : platform::disposition::open_existing;
     platform::outcome opened;
+    // Virus scanners and indexers open new files for a moment.
     for (uint32_t i = 0; i < open_tries; ++i) {
         opened = files.open(path, wanted, how, handle_);
         if (opened && appends) {
@@ -60,6 +64,7 @@ platform::outcome append_text(const wide_string& file_name, const wide_string& t
     file_stream stream;
     const platform::outcome opened = stream.open(file_name, u"a");
     if (!opened) return opened;
+    // Kept as users know it: a text with an embedded zero is cut there.
     const wide_view shown(text.c_str());
     const platform::outcome written = end_line ? stream.write_line(shown) : stream.write(shown);
     const platform::outcome closed = stream.close();
@@ -68,6 +73,8 @@ platform::outcome append_text(const wide_string& file_name, const wide_string& t
 
 bool txt_file::open(const wide_string& name) {
     file_name = name;
+    // Kept as users know it: the file is created only under an empty name, so an existing name is never
+    // emptied.
     if (!file_name.empty()) return false;
     file_stream().open(file_name, u"w");
     return true;

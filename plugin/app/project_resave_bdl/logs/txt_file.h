@@ -10,17 +10,19 @@
 
 namespace vs::project_resave {
 
-// Low-level writer of text files.
-// Writes through to the file, without a buffer.
+// Writes a text file directly, without a buffer.
 class file_stream {
 public:
-    // "r" reads, "w" creates or empties, "a" appends to a file that exists; "+" asks for both directions. A
-    // file that somebody else holds is tried again for about 20 ms. Closes what was open.
+    // Opens a file: "r" reads, "w" creates or empties it, "a" appends to an existing file, "+" allows reading
+    // and writing. If another program has the file open, retries for about 20 ms. Closes the previous file
+    // first.
     platform::outcome open(const wide_string& path, wide_view mode);
-    // Fails if not all of it went out, and always while nothing is open.
+    // Writes the text. Fails unless all of it was written, and always while no file is open.
     platform::outcome write(wide_view text);
-    // The text and a line end.
+    // Writes the text and a line end.
     platform::outcome write_line(wide_view text);
+    // Closes the file; fails if the operating system could not keep what was written. Does nothing without a
+    // file.
     platform::outcome close();
 
 private:
@@ -30,21 +32,21 @@ private:
     wide_string line_end_ = u"\r\n";
 };
 
-// Opens a file that exists, appends the text up to its first zero character, and closes the file: when it
-// returns, the text is in the file or, on failure, is lost in whole or in part.
+// Opens an existing file, appends the text up to its first zero character, and closes the file. On success
+// the text is in the file; on failure a part of it may be.
 platform::outcome append_text(const wide_string& file_name, const wide_string& text, bool end_line);
 
-// Plain text file that is open only while it is written to.
-// Kept for other bundles; nothing here calls it.
+// A plain text file that is open only while it is written to. Kept for other bundles; nothing here calls it.
 class txt_file {
 public:
     virtual ~txt_file() = default;
 
-    // Takes the name. The file is only created under an empty name, and only then is the result true; under
-    // any other one writing reaches a file that exists.
+    // Sets the name. Returns true, and creates the file, only for an empty name. With any other name, write()
+    // appends to an existing file.
     virtual bool open(const wide_string& name);
+    // Clears the name.
     virtual void close();
-    // The text of this number, a narrow text of the host, a wide text. Always true.
+    // Write the text with this number, a narrow text of the host, a wide text. Always return true.
     virtual bool write(int32_t row, bool end_line);
     virtual bool write(const char* text, bool end_line);
     virtual bool write(const wide_string& text, bool end_line);
@@ -52,19 +54,18 @@ public:
     wide_string file_name;
 };
 
-// Text file of indented lines.
-// Kept for other bundles; nothing here calls it.
+// A text file of indented lines. Kept for other bundles; nothing here calls it.
 class project_struct_writer : public txt_file {
 public:
     void indent();
-    // Stops at the left edge.
+    // Decreases the depth, but not below 0.
     void unindent();
-    // The text of this number at the present depth.
+    // Write the text with this number at the current depth, or a text at `at_depth`.
     void write_line(int32_t row);
     void write_line(const wide_string& text, uint32_t at_depth);
 
     uint32_t depth = 0;
-    uint32_t indent_width = 4; // blanks for each level
+    uint32_t indent_width = 4; // blanks per level
 };
 
 } // namespace vs::project_resave

@@ -1,3 +1,5 @@
+// Loading: the host reads the project into a private copy, and the tree of units is built from it.
+
 #include "operations/project_context.h"
 
 #include <algorithm>
@@ -25,7 +27,7 @@ namespace {
 using wait_window = host_owned<vs_wait, &vs_wait_destroy>;
 using project_xml = host_owned<vs_xml_save_prj, &vs_xml_save_prj_destroy>;
 
-// Plug-in collections whose members are sheets made from a file.
+// Plug-in collections whose members are sheets that are made from a file.
 constexpr std::string_view well_collections[] = {"plugin_scn_2d_well_planshet_collection3",
                                                  "c_scn2d_correlation_collection2"};
 
@@ -56,7 +58,7 @@ void project_context::record(const char* where, const char* what) noexcept {
         const wide_string place = host_text(where), reason = host_text(what);
         report.add_exception(place, reason);
         log.write(u"Exception in " + place + u": " + reason);
-    } catch (const std::exception&) { // there is no memory left even for that
+    } catch (const std::exception&) { // not enough memory even for that
         report.incomplete = true;
     }
 }
@@ -82,8 +84,7 @@ void project_context::close_project() {
 }
 
 bool project_context::load_project(const wide_string& wanted, bool show_wait, bool write_open_log) {
-    const wide_string path{wanted.data(),
-                           wanted.size()}; // that text may be one of ours, which the load resets
+    const wide_string path{wanted.data(), wanted.size()}; // `wanted` may be a member that the load resets
     const wait_window wait(show_wait ? vs_wait_wcreate(load_string(text::project_opens).c_str()) : nullptr);
     selection.clear();
     sizes.clear();
@@ -91,6 +92,7 @@ bool project_context::load_project(const wide_string& wanted, bool show_wait, bo
     report.restart({});
     release_project();
     clear_tree();
+    // A private copy: the project that is open in the host is never changed.
     project = vs_prj_create();
     const project_xml reader(vs_xml_save_prj_create());
     bool loaded = false;
@@ -99,12 +101,14 @@ bool project_context::load_project(const wide_string& wanted, bool show_wait, bo
         if (loaded) build_tree(path);
     } catch (...) { // out of memory
         record_caught("load");
+        // The depth belongs to the log and would indent the next load.
         while (open_log.unindent() > 0) {
         }
         loaded = false;
     }
-    if (!loaded) { // nothing stays half loaded
-        // Beside an older log, which may belong to the source: what that is was not learned.
+    if (!loaded) { // no half-loaded project remains
+        // The load log got a name next to an older file's, which may belong to the source: that was not yet
+        // known.
         if (open_log.enabled && open_log.path != log_wanted_) guard.remove_file(open_log.path);
         progress.questions->show_error(text::failed_to_load_project);
         release_project();
@@ -129,6 +133,7 @@ bool project_context::read_project(vs_xml_save_prj* reader, const wide_string& p
 void project_context::build_tree(const wide_string& path) {
     placement.set_source(path);
     guard.clear();
+    // The project file itself counts in the size of the selection.
     sizes.add_file(path);
     add_root(std::make_unique<Tvs_resave_scenes_2d>(vs_prj_get_scns_2d_ptr(project), *this));
     add_root(std::make_unique<Tvs_resave_scenes_3d>(vs_prj_get_scns_3d_ptr(project), *this));
@@ -139,13 +144,14 @@ void project_context::build_tree(const wide_string& path) {
         vs_scns_2d* collection = vs_prj_get_plugin_scns_2d_ptr(project, index);
         for (uint32_t sheet = 0; sheet < vs_scns_2d_get_size(collection); ++sheet)
             guard.add(host_string(&vs_scn_2d_get_source, vs_scns_2d_get(collection, sheet)));
+        // Other collections have no unit, but their files are protected, too.
         if (is_well_collection(collection))
             add_root(std::make_unique<Tvs_resave_wells_data>(collection, *this));
     }
     if (services)
         for (const ref<resave_service_impl>& service : *services)
             add_root(std::make_unique<resave_plugin_list>(*this, project, service));
-    // Last of all: every unit before may still refer to a table.
+    // The tables come last: all units before them may still refer to a table.
     add_root(std::make_unique<Tvs_resave_attrs_data>(vs_prj_get_attrs_data_ptr(project), *this));
     count_units();
     settle_open_log();
@@ -155,13 +161,13 @@ void project_context::build_tree(const wide_string& path) {
     log.close();
 }
 
-// What has the name of the log may belong to the source, which is known only now. So the log was written
-// beside it, and takes the name if it may.
+// A file with the log's name may belong to the source, which is known only now. Therefore the log was written
+// under another name, and is renamed to its own if that is allowed.
 void project_context::settle_open_log() {
     if (!open_log.enabled) return;
-    const bool is_no_file = is_name_taken(log_wanted_) && !path_exists(log_wanted_); // a pipe stays one
+    const bool is_no_file = is_name_taken(log_wanted_) && !path_exists(log_wanted_); // a pipe stays
     if (is_no_file || guard.protects(log_wanted_)) {
-        if (open_log.path == log_wanted_) { // a source that was lost would be found again, as a log
+        if (open_log.path == log_wanted_) { // else a lost source file would be found again, as a log
             const wide_string free = placement.next_free_name(log_wanted_);
             if (!platform::current_system().rename_over(log_wanted_, free)) return;
             open_log.path = free;
@@ -174,7 +180,7 @@ void project_context::settle_open_log() {
     report.add(fact_kind::written_over, {}, log_wanted_);
 }
 
-// Each root is built before the next one is made.
+// Each root is built before the next one is created.
 void project_context::add_root(std::unique_ptr<Tvs_resave_unit> root) {
     tree.push_back(std::move(root));
     tree.back()->build_once();

@@ -1,4 +1,4 @@
-// The resave of a loaded project, from the settings to the question of reopening the source.
+// The resave of a loaded project, from applying the settings to asking whether to reopen the source.
 #include "operations/project_context.h"
 
 #include <algorithm>
@@ -23,7 +23,7 @@ namespace {
 using wait_window = host_owned<vs_wait, &vs_wait_destroy>;
 using project_xml = host_owned<vs_xml_save_prj, &vs_xml_save_prj_destroy>;
 
-// The round after which a selection that still changes is taken as it is.
+// The round after which a selection that still changes is accepted as it is.
 constexpr uint32_t last_round = 12;
 
 bool is_scene_collection(vs_entity* entity) {
@@ -39,6 +39,7 @@ run_result project_context::resave_project(const resave_settings& settings) {
         return {};
     }
     renew_guard();
+    // Checked before anything is written: a new project over the source would destroy it.
     if (guard.protects(*settings.output_path)) {
         progress.questions->show_error(text::same_project_name);
         return {};
@@ -47,11 +48,12 @@ run_result project_context::resave_project(const resave_settings& settings) {
         begin_run(settings);
         correct_selection();
         find_common_directory();
+        // The log is one of the placed files, without a source, even if it is not written.
         placement.register_placed(wide_string(), placement.log_path);
         log.dump_unprocessed_types();
         log.write(text::log_project_loaded);
         if (!progress.is_stopped()) save_tree();
-        put_joins_back(*this); // after a stop, too
+        put_joins_back(*this); // also after a stop
         if (!progress.is_stopped()) save_project();
         log.close();
         release_project();
@@ -76,7 +78,8 @@ run_result project_context::result_of(bool written) {
     return result;
 }
 
-// The log of an earlier run goes on receiving lines, unless it belongs to what is loaded now.
+// Kept as users know it: the log of an earlier run gets further lines. But it is closed for good if its file
+// belongs to the project that is loaded now.
 void project_context::renew_guard() {
     guard.renew();
     if (guard.protects(log.path())) log.forget();
@@ -93,7 +96,7 @@ void project_context::begin_run(const resave_settings& settings) {
     progress.show();
 }
 
-// An older log is written over, but no file of the source is: then the log gets the next free name.
+// Overwrites an older log, but never a file of the source: in that case the log gets the next free name.
 void project_context::open_log_of_run() {
     wide_string& path = placement.log_path;
     const bool existed = path_exists(path);
@@ -101,6 +104,7 @@ void project_context::open_log_of_run() {
     if (guard.protects(path) || (!existed && is_name_taken(path)))
         path = placement.next_free_name(path, true);
     log.open(path, true);
+    // In an outcome, true is success: without the file there is nothing to record.
     if (!log.failure()) return;
     placement.made.add_written(path);
     if (path != wanted)
@@ -109,8 +113,8 @@ void project_context::open_log_of_run() {
         report.add(fact_kind::written_over, {}, path);
 }
 
-// Rounds in which each unit may add what it refers to, until none adds anything. The last round marks the
-// report even if it was clean.
+// Runs rounds in which each unit may add what it refers to, until no unit adds anything.
+// Kept as users know it: the last round marks the report even if nothing changed in it.
 void project_context::correct_selection() {
     log.write(text::correction_begin);
     for (uint32_t round = 1; round <= last_round; ++round) {
@@ -129,6 +133,8 @@ void project_context::correct_selection() {
 
 void project_context::find_common_directory() {
     log.write(text::common_folder_begin);
+    // It only affects the structure from the common top folder: a scene's own common folder never includes
+    // it.
     if (options.consider_project_file) placement.common.add_path(placement.source_project_path);
     for (const auto& root : tree) {
         if (progress.is_stopped()) break;
@@ -137,8 +143,8 @@ void project_context::find_common_directory() {
     log.write(text::common_folder_end);
 }
 
-// With a folder for each scene the new project holds its scenes alone: every other container is emptied, and
-// roots that are no container are passed over.
+// With a folder for each scene, the new project contains only its scenes: every other container is emptied,
+// and roots without a container are skipped.
 void project_context::save_tree() {
     for (const auto& root : tree) {
         const current_element saved(report, root->name_in({}));
@@ -157,7 +163,8 @@ void project_context::save_project() {
     const project_xml writer(vs_xml_save_prj_create());
     const bool existed = path_exists(path);
     const bool written = (vs_xml_data_save_prj_w(writer.get(), path.c_str(), project) & 0xFF) != 0;
-    // What exists on the disk decides, not what the writer says; but an older project is not a new one.
+    // What exists on the disk decides, not the writer's result. But an older project that was not replaced is
+    // not the new one.
     const bool saved = path_exists(path) && (written || !existed);
     if (saved) {
         placement.register_placed(placement.source_project_path, path);
@@ -173,14 +180,14 @@ void project_context::note_project_saved(bool ok) {
     report.saved = ok;
 }
 
-// The project is gone: until the reload or the clearing nothing may touch a unit.
+// The host's project has been released: no unit may be used before the reload or the clearing.
 void project_context::end_run() {
     if (progress.is_stopped()) on_stopped();
     progress.finish();
     if (log.path() == placement.log_path && !log.failure())
         report.add(fact_kind::not_written, {}, log.path(), log.failure().text());
     progress.questions->show_report(report);
-    options.structure_variant = by_type; // a tree that is built anew has all its units
+    options.structure_variant = by_type; // so that a rebuilt tree has all its units
     if (progress.questions->reopen_source()) {
         load_project(placement.source_project_path, true, false);
         return;
@@ -196,7 +203,7 @@ void project_context::forget_project() {
 }
 
 // A run that broke off never leaves its half-changed project loaded. If it broke off after the save, the new
-// project exists, and the user is told so.
+// project exists, and the report says so.
 void project_context::end_broken_run() {
     progress.finish();
     options.structure_variant = by_type;
@@ -218,7 +225,7 @@ void project_context::on_stopped() {
     erase_made_files();
 }
 
-// What was not made by the run stays, and so do the folders that hold it.
+// Keeps whatever the run did not create, and the folders that contain it.
 void project_context::erase_made_files() {
     const auto keep = [this](const made_file& file, const platform::outcome& why) {
         report.add(fact_kind::not_erased, file.source, file.path, why.text());
@@ -229,11 +236,11 @@ void project_context::erase_made_files() {
     }
     std::vector<wide_string> folders = placement.created_folders;
     folders.insert(folders.end(), placement.made.folders().begin(), placement.made.folders().end());
-    // Each folder after those in it.
+    // Each folder comes after the folders in it.
     std::ranges::stable_sort(folders, std::ranges::greater(), [](const wide_string& path) {
         return path_split(path, path_separators, true).size();
     });
-    wide_string reported; // a folder that stays; those above it stay for its sake
+    wide_string reported; // a folder that could not be removed; those above it are not reported
     for (const wide_string& folder : folders) {
         const platform::outcome removed = guard.remove_folder(folder);
         if (removed || !path_exists(folder) || reported.starts_with(path_with_separator(folder))) continue;
@@ -244,7 +251,7 @@ void project_context::erase_made_files() {
 
 bool project_context::stop_and_reload() {
     on_stopped();
-    options.structure_variant = by_type; // a tree that is built anew has all its units
+    options.structure_variant = by_type; // so that a rebuilt tree has all its units
     return load_project(placement.source_project_path, false, false);
 }
 

@@ -1,3 +1,7 @@
+// The runs that write a text file: the structure of a loaded project, with one line for each unit, indented
+// by depth; and the paths whose letter case differs from the spelling on the disk. Also the run that writes
+// scene files.
+
 #include "framework/border/host_owned.h"
 #include "framework/resources/strings.h"
 #include "host/vsk_msgs.h"
@@ -7,9 +11,6 @@
 #include "platform/path_text.h"
 
 namespace vs::project_resave {
-
-// The runs that write a text file: the structure of a loaded project, a line for each unit, indented by
-// depth; and each path whose letter case differs from the spelling on the disk.
 
 namespace {
 
@@ -42,13 +43,14 @@ run_result project_context::save_structure(const structure_settings& settings) {
         log.unindent();
         log.write_indented(text::end_of_project);
     });
-    // Kept as users know it: a text that could not be written counts as saved here; the report says more.
+    // Kept as users know it: the message appears even if the text could not be written; the report says more.
     if (result.end == run_end::done) progress.questions->show_message(text::structure_saved);
     return result;
 }
 
 run_result project_context::write_text(const wide_string& path, const std::function<void()>& lines) {
     renew_guard();
+    // The user may have chosen a file of the source as the text file.
     if (guard.protects(path)) {
         progress.questions->show_error(text::source_file_kept, path);
         return {};
@@ -62,7 +64,7 @@ run_result project_context::write_text(const wide_string& path, const std::funct
     if (log.failure()) placement.made.add_written(path);
     try {
         lines();
-    } catch (...) { // the next text begins at the left
+    } catch (...) { // the next text must begin at depth 0
         while (log.unindent() > 0) {
         }
         return broke_off("text");
@@ -79,7 +81,7 @@ run_result project_context::write_text(const wide_string& path, const std::funct
     return result_of(!report.stopped && log.failure());
 }
 
-// Out of memory, as a rule. No window stays, and no half-read project.
+// Usually out of memory. Closes the window and a half-read project.
 run_result project_context::broke_off(const char* run) {
     record_caught(run);
     log.close();
@@ -106,8 +108,7 @@ run_result project_context::check_path_case(const wide_string& report_path) {
     return result;
 }
 
-// Each selected 2D scene of a loaded project to a file of its own.
-
+// Writes each selected 2D scene of a loaded project to its own file.
 run_result project_context::create_scene_files(const scene_file_settings& settings) {
     if (!project) {
         progress.questions->show_error(text::project_loaded_incorrectly);
@@ -117,7 +118,7 @@ run_result project_context::create_scene_files(const scene_file_settings& settin
     report.restart(facts_of_tree_);
     options.reset();
     options.scene_file_on_exists = settings.on_exists;
-    progress.clear_stop(); // of an earlier run: this one has no window in which it could be stopped
+    progress.clear_stop(); // of an earlier run; this one has no window with a stop button
     placement.made.clear();
     renew_guard();
     try {
@@ -125,6 +126,7 @@ run_result project_context::create_scene_files(const scene_file_settings& settin
     } catch (...) {
         return broke_off("scene files");
     }
+    // Kept as users know it: the message appears even if a scene could not be written; the report says more.
     progress.questions->show_message(text::scene_files_saved);
     return result_of(!report.has(fact_kind::not_written));
 }

@@ -1,3 +1,5 @@
+// Collects the services by which bundles take part in a resave, and chooses who makes the unit of an element.
+
 #include "services/entity_factory.h"
 
 #include <algorithm>
@@ -33,6 +35,7 @@ class resave_entity_service_visitor final
 public:
     explicit resave_entity_service_visitor(resave_entity_services& target) : services_(target) {}
     void visit(resave_entity_service service) override {
+        // A service registered under two ids is found twice.
         const auto is_it = [&](const auto& held) { return held.get() == service; };
         if (std::ranges::none_of(services_, is_it)) services_.emplace_back(service);
     }
@@ -99,6 +102,7 @@ void entity_factory::insert(const std::string& meta_id, std::unique_ptr<factory_
     by_meta_id_[meta_id].emplace(priority, std::move(factory));
 }
 
+// Only when the first element is looked at: by then all bundles have been started.
 void entity_factory::build_table() {
     insert("grid_cutline_lr2d", std::make_unique<factory_grid_cutline_lr2d>());
     insert("graph_lr2d", std::make_unique<factory_graphics_layer>());
@@ -118,6 +122,7 @@ std::unique_ptr<Tvs_resave_unit> entity_factory::make(run_state& context, vs_ent
     const char* meta_id = vs_entity_get_meta_id(entity);
     const auto row = by_meta_id_.find(meta_id ? meta_id : "");
     if (row == by_meta_id_.end()) return nullptr;
+    // In order of priority, then of insertion.
     for (const auto& [priority, factory] : row->second)
         if (factory->accepts(entity)) return factory->make(context, entity);
     return nullptr;

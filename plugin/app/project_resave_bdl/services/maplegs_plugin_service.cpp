@@ -15,6 +15,7 @@ bool resave_graphics_layer::copy_files(const wide_string& source, const wide_str
 }
 
 void maplegs_plugin_service::set_project(vs_prj* project) {
+    // The collection lives as long as the project, so it need not be asked for again.
     legends_ = project ? vs_prj_get_maplegs_ptr(project) : nullptr;
 }
 

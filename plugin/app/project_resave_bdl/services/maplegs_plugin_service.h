@@ -1,9 +1,9 @@
-// The project's map legends as a resave service of the bundle's own: a list under a heading, from which the
-// user can leave out legends. A legend has no file; one that is not selected is removed from the new project.
+// The project's map legends as a resave service of this bundle: a list under a heading, from which the user
+// can leave out legends. A legend has no file; one that is not selected is removed from the new project.
 //
-// Who implements: this bundle, under no id, so it is found with the services of all other bundles. Who calls:
-// the resave, as services/resave_service.h says. Operations that are not overridden keep their defaults. Main
-// thread only.
+// Who implements: this bundle, under no id, so that it is found with the services of all other bundles. Who
+// calls: the resave, as services/resave_service.h says. Operations that are not overridden keep their
+// defaults. Main thread only.
 #pragma once
 
 #include "framework/border/ref.h"
@@ -22,9 +22,10 @@ public:
     bool copy_files(const wide_string& source, const wide_string& target) override;
 };
 
+// The service of the map legends.
 class maplegs_plugin_service final : public referent<resave_service_impl> {
 public:
-    // Without a project there are no items.
+    // There are no items before set_project.
     explicit maplegs_plugin_service(const bundle_context&) {}
 
     void set_project(vs_prj* project) override;
@@ -33,16 +34,17 @@ public:
     bool shows_in_selection() override { return true; }
     bool has_own_heading() override { return true; }
     void tree_caption(string_visitor visitor) override;
-    // Returns the legend's own uuid, valid as long as the legend; null past the last and without a project.
+    // Returns the legend's own uuid, valid as long as the legend; null past the last one and without a
+    // project.
     vs_uuid* item_uuid(uint32_t index) override;
-    // Passes the title of the legend; the empty text past the last.
+    // Passes the title of the legend; the empty text past the last one.
     void item_caption(uint32_t index, string_visitor visitor) override;
     uint32_t item_count() override;
-    // Destroys the legend in the private copy; nothing happens past the last.
+    // Destroys the legend in the private copy; does nothing past the last one.
     void remove_item(uint32_t index) override;
 
 private:
-    vs_maplegs* legends_ = nullptr; // the project's; invalid from its end to the next set_project
+    vs_maplegs* legends_ = nullptr; // owned by the project; invalid between its end and the next set_project
 };
 
 } // namespace vs::project_resave

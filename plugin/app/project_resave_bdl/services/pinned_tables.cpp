@@ -1,11 +1,11 @@
-// The tables of services/ as they were published.
+// A copy of the published tables of services/; see framework/border/pinned.h.
 #include "framework/border/pinned.h"
 #include "services/resave_entity_service.h"
 #include "services/resave_service.h"
 
 namespace vs::project_resave::pinned {
 
-// One slot to a line.
+// One slot per line.
 // clang-format off
 
 template struct table<resave_service_impl, "vs_resave_service_interface_5",

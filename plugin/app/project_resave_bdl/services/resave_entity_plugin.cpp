@@ -1,3 +1,6 @@
+// Saves an element through its bundle's service. What the service reports is checked: it may count wrongly,
+// name files of others, or leave a failed copy behind.
+
 #include "services/resave_entity_plugin.h"
 
 #include <string_view>
@@ -79,6 +82,7 @@ void resave_entity_plugin::collect_source_files(std::vector<found_file>& out) {
     }
     for (const file_row& row : files_)
         if (!append_existing_files(row.source, out)) return;
+    // A path that does not open ends the list, as for the bundle's own layers.
 }
 
 bool resave_entity_plugin::write_structure() {
@@ -102,12 +106,13 @@ bool resave_entity_plugin::do_save() {
     for (uint32_t index = 0; index < files_.size(); ++index)
         if (save_row(index)) ++found;
     skip_progress();
+    // An element with several files counts as lost only if all of them are.
     if (!files_.empty() && found == 0) return false;
     save_own_file();
     return true;
 }
 
-// True if the row's file was found, wherever it came to stand.
+// Returns true if the file of the row was found, even if it was not copied.
 bool resave_entity_plugin::save_row(uint32_t index) {
     const wide_string& source = files_[index].source;
     if (source.empty()) return false;
@@ -131,14 +136,16 @@ wide_string resave_entity_plugin::place_and_copy_row(uint32_t index) {
     return target;
 }
 
-// An empty target names nothing, so there is nothing to enter and nothing to remove.
+// An empty target names no file, so there is nothing to record or to remove.
 void resave_entity_plugin::copy_row(uint32_t index, const wide_string& target) {
     const wide_string& source = files_[index].source;
     const wide_string_list from, to;
+    // Recorded before the copy, to recognise what the service creates.
     context->placement.made.note_folder(path_head(target));
     const bool copied = call<&resave_entity_service_impl::copy_files>(
         service_.get(), entity_, index, source.c_str(), target.c_str(), from, to);
     std::vector<wide_string> sources = from.texts(), targets = to.texts();
+    // A service may return lists of different lengths.
     sources.resize(targets.size());
     for (size_t row = 0; row < targets.size(); ++row) {
         if (targets[row].empty()) continue;
@@ -150,7 +157,7 @@ void resave_entity_plugin::copy_row(uint32_t index, const wide_string& target) {
     if (!copied) record_copy_failure(*context, {source, target, refused_by_service});
 }
 
-// What the bundle copied, as far as it exists. A stop erases what was not there before.
+// Records what the service copied, if it exists. After a stop, what did not exist before is removed.
 void resave_entity_plugin::enter_copy(const wide_string& source, const wide_string& target) {
     context->placement.register_placed(source, target);
     made_files& made = context->placement.made;
@@ -166,7 +173,8 @@ void resave_entity_plugin::enter_copy(const wide_string& source, const wide_stri
             made.add_copy(path_join(source, path_relative(to, entry.path)), entry.path);
 }
 
-// A bundle may name anything. Only what came up below the new project's folder while it copied is its own.
+// A service may name any path. Only what appeared below the new project's folder during the copy was made by
+// it.
 void resave_entity_plugin::clean_up(const wide_string& target) {
     if (!path_exists(target)) return;
     const path_placement& placement = context->placement;
@@ -182,7 +190,7 @@ void resave_entity_plugin::clean_up(const wide_string& target) {
         context->report.add(fact_kind::not_erased, {}, target, removed.text());
 }
 
-// Beside the new project, also where each scene has a folder of its own.
+// Returns a path next to the new project, even if each scene has its own folder.
 wide_string resave_entity_plugin::own_file(wide_view extension) {
     return caption_file_path(path_head(context->placement.new_project_path), caption(), extension);
 }

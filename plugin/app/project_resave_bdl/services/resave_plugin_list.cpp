@@ -1,3 +1,6 @@
+// Walks the items of a service. Every call can fail to answer, since the bundle of the service may be
+// unloaded.
+
 #include "services/resave_plugin_list.h"
 
 #include "core/copying.h"
@@ -46,6 +49,7 @@ uint32_t resave_plugin_list::count_units(uint32_t& total) {
     return own;
 }
 
+// Kept as users know it: items that are left out count, too.
 void resave_plugin_list::collect_common_directory(common_directory& common) {
     const uint32_t count = item_count();
     for (uint32_t index = 0; index < count; ++index)
@@ -71,6 +75,7 @@ void resave_plugin_list::set_selected(bool on) {
 
 uint32_t resave_plugin_list::selection_state() {
     const uint32_t count = item_count();
+    // Nothing that could be left out.
     if (count == 0) return vs_state_true;
     const bool first = is_item_selected(0);
     for (uint32_t index = 1; index < count; ++index)
@@ -85,7 +90,7 @@ bool resave_plugin_list::do_save() {
     context->progress.set_caption(text_from<&resave_service_impl::progress_caption>(service_.get()));
     const std::optional<uint32_t> count = count_from<&resave_service_impl::item_count>(service_.get());
     if (!count) record_copy_failure(*context, {{}, {}, impossible_count}, caption());
-    // Backwards: taking out an item must not move what is still to come.
+    // Backwards, so that removing an item does not move those that are still to be saved.
     for (uint32_t index = count.value_or(0); index-- > 0;) {
         if (context->progress.is_stopped()) break;
         const current_element item(context->report, item_name(index));
@@ -110,6 +115,7 @@ bool resave_plugin_list::save_item(uint32_t index) {
     }
     wide_string target = context->placement.lookup_placed(source);
     if (target.empty()) target = place_and_copy(index, source);
+    // Kept as users know it: also if the copy failed, and with an empty path if there is no place.
     call<&resave_service_impl::set_item_source>(service_.get(), index, target.c_str());
     return true;
 }
@@ -125,11 +131,12 @@ wide_string resave_plugin_list::place_and_copy(uint32_t index, const wide_string
     return target;
 }
 
-// Each file keeps its place relative to the item's source, also where the source itself got another name.
+// Each file keeps its place relative to the item's source, even if the source itself got another name.
 void resave_plugin_list::copy_item_files(uint32_t index, const wide_string& source,
                                          const wide_string& target) {
     const wide_string source_head = path_head(source), target_head = path_head(target);
     for (const wide_string& file : files_of(service_.get(), index)) {
+        // Another element may have brought the file already.
         if (context->placement.is_placed(file)) continue;
         wide_string copy = path_join(target_head, path_relative(source_head, file));
         if (context->options.lower_case) platform::lower_in_place(copy);

@@ -1,5 +1,5 @@
-// Calls to services of other bundles, with their results in the bundle's own types: counts that can be
-// trusted, texts, and lists of texts. A null service has no items and no texts. Main thread only.
+// Calls to services of other bundles, with their results in the bundle's own types: checked counts, texts,
+// and lists of texts. A null service has no items and no texts. Main thread only.
 #pragma once
 
 #include <optional>
@@ -12,13 +12,13 @@
 namespace vs::project_resave {
 
 inline constexpr uint32_t largest_count = 1'000'000;
-// Returned as the reason of a failure where a service has a count above that.
+// The reason of a failure if a service returns a count above that.
 inline const platform::outcome impossible_count =
     platform::outcome::because(u"the bundle that owns the element gave an impossible count");
 
-// Returns how many items, files, references or kinds a service has. `Question` is the operation that returns
-// it. Nothing above largest_count, which is a fault of the service: a walk over so many would seem to hang. 0
-// for a null service.
+// Returns the number of items, files, references or kinds of a service; 0 for a null service. `Question` is
+// the operation that returns it. Returns nothing for a count above largest_count, which is an error of the
+// service: walking over that many would seem to hang.
 template <auto Question, class Impl, class... Args>
 std::optional<uint32_t> count_from(const interface_to<Impl>& service, Args... args) {
     const uint32_t count = call<Question>(service, args...);
@@ -42,7 +42,7 @@ public:
     ~wide_string_list() { vs_wstrings_destroy(handle_); }
     wide_string_list(const wide_string_list&) = delete;
     wide_string_list& operator=(const wide_string_list&) = delete;
-    // Converts to the handle, borrowed for a call; null if the host could not make the list.
+    // Converts to the handle, borrowed for a call; null if the host could not create the list.
     operator vs_wstrings*() const { return handle_; }
 
     // Returns copies of the texts, in their order.

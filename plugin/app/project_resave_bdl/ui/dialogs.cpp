@@ -1,3 +1,6 @@
+// The dialogs' elements, and how they are shown: the dialog is built, handed to the host's runner, and read
+// after the user has closed it.
+
 #include "ui/dialogs.h"
 
 #include "framework/resources/strings.h"
@@ -36,11 +39,13 @@ unique_name_dialog::unique_name_dialog(const wide_string& source_path, const wid
     set_spare_row(3);
 }
 
+// Checked again, since the untouched proposal exists and a file may have been created meanwhile.
 wide_string unique_name_dialog::free_path() const {
     return path_exists(path_.text()) ? wide_string() : path_.text();
 }
 
 bool unique_name_dialog::take(const wide_string& entered) {
+    // Kept as users know it: refusing empties the field instead of keeping what the user typed.
     if (!path_exists(entered)) return true;
     project_resave::show_error(text::file_name_exists);
     path_.set_text({});

@@ -1,4 +1,4 @@
-// The two dialogs of the tool.
+// The two dialogs of the tool. Main thread only.
 #pragma once
 
 #include "framework/resources/text_rows.h"
@@ -19,10 +19,11 @@ public:
     };
     static constexpr int32_t title = text::warning_title;
 
+    // `message` is shown in a field that scrolls.
     explicit extended_message_dialog(const wide_string& message);
 
     toolkit::label heading;
-    toolkit::button_box buttons; // one OK, which closes
+    toolkit::button_box buttons; // only OK, which closes the dialog
     toolkit::multiline_output text;
     toolkit::grid_layout content;
 };
@@ -31,10 +32,11 @@ public:
 
 namespace vs::dialog {
 
-// Asks for another path when a copied file would overwrite an existing one.
+// Asks for another path if a copied file would overwrite an existing one.
 
 namespace toolkit = project_resave::toolkit;
 
+// The explanation, the source, and a field with the proposed path.
 class unique_name_dialog final : public toolkit::groupbox {
 public:
     struct id {
@@ -42,16 +44,16 @@ public:
     };
     static constexpr int32_t title = project_resave::text::name_conflict;
 
-    // The proposal is put in without a test, for it exists.
+    // The proposal is set without a check, since it exists.
     unique_name_dialog(const project_resave::wide_string& source_path,
                        const project_resave::wide_string& proposed_path);
 
-    // The path to take after acceptance: empty if the text in the field exists, as the untouched proposal
-    // does.
+    // Returns the accepted path; empty if the text in the field exists, as the unchanged proposal does.
     project_resave::wide_string free_path() const;
 
 private:
-    // The path the user entered; one that exists is refused with a message, and empties the field.
+    // Called with the path that the user entered. Refuses an existing path with a message and empties the
+    // field.
     bool take(const project_resave::wide_string& entered);
 
     toolkit::label explanation_;
@@ -64,20 +66,20 @@ private:
 
 namespace vs::project_resave {
 
-// The next two are the dialogs as the rest of the bundle calls them. Each blocks until the user has closed
-// it. Where the host has no runner for it, nothing is shown, and it counts as cancelled.
+// How the rest of the bundle shows these dialogs. Each call blocks until the user has closed the dialog. If
+// the host has no runner for it, nothing is shown and it counts as cancelled.
 
-// Asks for a new path for a copy of `source`; `proposed` exists. An accepted path is as typed, not
-// normalised, and did not exist when the dialog closed; it is empty if the user gave none.
+// Asks for a new path for a copy of `source`, since `proposed` exists. An accepted path is as typed, not
+// normalised, and did not exist when the dialog was closed; it is empty if the user entered none.
 unique_name_answer show_unique_name_dialog(const wide_string& source, const wide_string& proposed);
 
-// Shows the text, whole, in a field that scrolls.
+// Shows the whole text in a field that scrolls.
 void show_extended_message_dialog(const wide_string& text);
 
-// The factories of the bundle's modal dialogs have an empty id. Their statics are defined in
-// project_resave_app.cpp with those of the other services, for their order counts.
+// The factories of the bundle's modal dialogs have an empty id. Their static objects are defined in
+// project_resave_app.cpp together with the other services, since their order matters.
 
-// The dialog without content of its own, which every bundle offers.
+// The dialog without its own content, which every bundle offers.
 struct plain_dialog_id {
     static constexpr const char16_t* name = u"";
 };

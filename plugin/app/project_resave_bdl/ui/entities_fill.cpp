@@ -1,3 +1,5 @@
+// Fills the selection from the loaded project, in the order in which the host shows its elements.
+
 #include "ui/entities_fill.h"
 
 #include "core/layer_group_writer.h"
@@ -20,7 +22,7 @@ void add_layer(vs_lr* layer, const wide_string& caption, select_tree_node& node)
                   std::string(narrow_or_empty(vs_lr_get_lr_type(layer))));
 }
 
-// In the order in which the user sees the layers.
+// In the order in which the user sees the layers: the host can show them in reverse.
 void fill_group(vs_lr_group* group, select_tree_node& node) {
     const uint32_t count = vs_lr_group_get_count_child(group);
     for (uint32_t place = 0; place < count; ++place) {
@@ -33,6 +35,7 @@ void fill_group(vs_lr_group* group, select_tree_node& node) {
     }
 }
 
+// Kept as users know it: without groups the order is never reversed.
 void fill_layers(vs_scn* scene, select_tree_node& node) {
     const uint32_t count = vs_scn_get_count(scene);
     for (uint32_t index = 0; index < count; ++index) {
@@ -58,6 +61,7 @@ void fill_scene(vs_scn* scene, select_2part_model& model) {
         fill_group(group, layers);
     else
         fill_layers(scene, layers);
+    // A scene with an invalid layer is shown as invalid, too.
     if (select_tree_leaf* row = model.root(top_part)->find_leaf(uuid))
         row->set_valid(!has_invalid_layer(scene));
 }
@@ -101,6 +105,7 @@ void fill_scenes_3d(vs_prj* project, select_2part_model& model) {
 void fill_flat(vs_entities* collection, select_tree_node& root, event& changed) {
     const bool was_empty = root.is_empty();
     root.clear_children();
+    // Before the new rows: an error box for one of them lets the host redraw, and the old rows are destroyed.
     if (!was_empty) changed.fire();
     const uint32_t count = vs_entities_get_count(collection);
     for (uint32_t index = 0; index < count; ++index) {

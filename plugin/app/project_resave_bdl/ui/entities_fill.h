@@ -1,5 +1,5 @@
-// Reads what can be ticked out of a loaded project. An element that has no uuid, or is not there, shows the
-// error box "Error select" and gets no row.
+// Reads the elements that the user can select from a loaded project. An element without a uuid, or a null
+// element, shows the error box "Error select" and gets no row. Main thread only.
 #pragma once
 
 #include "host/types.h"
@@ -8,17 +8,17 @@
 
 namespace vs::project_resave::detail {
 
-// A leaf for each scene, and below each the tree of its layers, as the scene groups them; the first scene is
-// current. A scene of which a layer is invalid is marked invalid. Trees of other scenes stay.
+// Add a leaf for each scene and, for each scene, the tree of its layers in the scene's groups; the first
+// scene becomes the current one. A scene with an invalid layer is marked invalid. Trees of other scenes stay.
 void fill_scenes_2d(vs_prj* project, select_2part_model& model);
 void fill_scenes_3d(vs_prj* project, select_2part_model& model);
 
-// A leaf for each member, in place of what was there. Whoever showed that is told, since the error box lets
-// the host look at its windows.
+// Replaces the content of `root` by a leaf for each member. Fires `changed` after clearing it, since an error
+// box lets the host redraw its windows.
 void fill_flat(vs_entities* collection, select_tree_node& root, event& changed);
 
-// The items of each service that shows in the selection, below its heading if it has one; in place of what
-// was there. An item without a uuid has no row, and nobody is told. No services: null.
+// Replaces the content of `root` by the items of each service that shows itself in the selection, below its
+// heading if it has one. An item without a uuid has no row. Fires nothing. `services` may be null.
 void fill_services(const resave_services* services, select_tree_node& root);
 
 } // namespace vs::project_resave::detail

@@ -1,3 +1,5 @@
+// Passes the actions of the user on a view to the trees that the view shows.
+
 #include "ui/entities_model.h"
 
 #include <algorithm>
@@ -76,10 +78,11 @@ void entities_model::fill(vs_prj* project) {
     for (uint32_t index = 0; index < collections; ++index) {
         vs_entities* sheets = vs_scns_2d_safe_upcast(vs_prj_get_plugin_scns_2d_ptr(project, index));
         const auto meta_id = narrow_or_empty(vs_entity_get_meta_id(vs_entities_safe_upcast(sheets)));
-        // Of two collections of one kind the later stands alone.
+        // Of two collections of the same kind only the later one is shown.
         if (meta_id == "plugin_scn_2d_well_planshet_collection3") fill_view(views::wells, sheets);
         if (meta_id == "c_scn2d_correlation_collection2") fill_view(views::correlations, sheets);
     }
+    // Plug-in collections of other kinds have no view.
     fill_services(context_.services, flat_of(views::others)->root);
 }
 

@@ -1,4 +1,5 @@
-// The one model behind the selection panel: everything of the loaded project that can be ticked, by views.
+// The model of the selection panel: everything in the loaded project that can be selected, by views. Main
+// thread only.
 #pragma once
 
 #include <array>
@@ -13,10 +14,10 @@ namespace vs::project_resave {
 
 class project_context;
 
-// What one outline or one tool bar stands for.
+// What one outline or tool bar shows.
 namespace views {
 enum view : uint32_t {
-    everything = 0, // has no rows of its own
+    everything = 0, // all views together; has no rows
     layers_2d = 1,  // of the current scene
     scenes_2d = 2,
     layers_3d = 3,
@@ -32,63 +33,71 @@ enum view : uint32_t {
 
 namespace detail {
 
-// A number above the last view does nothing anywhere, and gives null, false or empty.
+// For a number above the last view, operations do nothing and return null, false or an empty text.
+// Every view keeps its check marks, whether it is shown or not.
 class entities_model {
 public:
-    // The context gives the register and the services.
+    // The context has the register and the services; it must outlive this object.
     explicit entities_model(project_context& owner);
 
-    // Fills all trees, everything ticked, and shows the first scene of each kind; null clears them. A
-    // project's trees come on top of the scenes that are there, so whoever opens another clears first. An
-    // element without a uuid shows an error box and has no row. `view_enabled` stays as it is.
+    // Fills all trees, with everything checked, and shows the first scene of each kind; null clears them.
+    // Trees of scenes are added to the existing ones, so clear them before opening another project. An
+    // element without a uuid shows an error box and has no row. `view_enabled` does not change.
     void set_project(vs_prj* project);
 
-    // The tools; each ends with `fire_changed`.
+    // The tools of a view. Each ends with `fire_changed`.
     void set_all(uint32_t view, bool on);
     void invert(uint32_t view);
-    // Layers as they are visible in their scene, everything else ticked.
+    // Checks the layers that are visible in their scene, and everything else.
     void reset(uint32_t view);
-    // Unticks rows by their uuids, in all views; the layers of a scene only if they are among them.
+    // Unchecks rows by their uuids, in all views. The layers of a scene are unchecked only if they are listed
+    // too.
     void untick(const std::unordered_set<wide_string>& uuids);
-    // What follows the tick of a row of this view, which is there already.
+    // Updates the other rows after a row of this view was checked or unchecked.
     void on_item_checked(uint32_t view, select_tree_item& item, bool on, bool only_highlighted);
-    // The user went to this row; matters in lists of scenes only.
+    // The user moved to this row; has an effect only in lists of scenes.
     void set_current_item(uint32_t view, const select_tree_item* item);
 
-    // Null for everything, and for layers while no scene is current.
+    // Return the tree and the event of a view; null for `everything`, and no tree for layers while there is
+    // no current scene.
     select_tree_node* root(uint32_t view);
     event* changed_event(uint32_t view);
-    // Of views of layers; else null.
+    // Returns the icons of a view of layers; null for other views.
     layer_icons* icons(uint32_t view);
-    // By the number of a scenes view or the one below it (0 to 3), or of another view less one (4 to 9).
+    // `tab_index`: 0-3 for the scene views (either of a pair), 4-9 for view - 1.
     bool is_view_empty(uint32_t tab_index);
-    // Has whoever shows the view ask again; `everything` has them all.
+    // Makes the elements that show the view ask again; `everything` means all views.
     void fire_changed(uint32_t view);
 
-    // Whether the outline and the tools of a view are in use; its ticks stay in force if not. `everything` is
-    // enabled while any is, and sets all. Setting fires nothing.
+    // Whether the outline and the tools of a view can be used; the check marks of a disabled view still
+    // count. `everything` is enabled if any view is, and setting it sets all. Setting fires no event.
     bool view_enabled(uint32_t view) const;
     void set_view_enabled(uint32_t view, bool on);
 
 private:
     static constexpr uint32_t view_count = 10;
+    // A view with one tree: tables, layouts, sheets and items of services.
     struct flat_view {
         flat_view(selection_register& told, text::row caption);
         select_tree_node root;
         event changed;
     };
 
-    // The model of a view of scenes or layers, and which of its parts the view is; null for any other.
+    // A view of scenes or layers: its model and its part of the model. The model is null for other views.
     struct place {
         select_2part_model_bottom_icon* model = nullptr;
         uint32_t part = 0;
     };
+    // Returns where the view's trees are.
     place place_of(uint32_t view);
-    // Null for every other view.
+    // Returns null for a view of scenes or layers.
     flat_view* flat_of(uint32_t view);
+    // How set_all, invert and reset change one part of a model, and one tree.
     using part_change = std::function<void(select_2part_model& scenes, uint32_t part)>;
     using tree_change = std::function<void(select_tree_node& tree)>;
+    // Applies the matching function to each tree of the view, then fires its events.
     void change(uint32_t view, const part_change& change_part, const tree_change& change_tree);
+    // Reads all trees from the project.
     void fill(vs_prj* project);
     void clear();
 

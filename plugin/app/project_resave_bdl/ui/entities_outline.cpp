@@ -1,3 +1,6 @@
+// Answers the host's questions about the rows of a view from the model. Row pointers are the model's own
+// items, so they are valid until the model is filled again.
+
 #include "ui/entities_outline.h"
 
 #include "framework/resources/text_rows.h"
@@ -28,6 +31,7 @@ void entities_name_collumn::text(outline_row* row, string_visitor visitor) {
 
 void click_mark(entities_model& model, uint32_t view, select_tree_item* item, bool on) {
     if (!item) {
+        // Only a host that passes a null row gets here.
         vs_show_werror(u" error_select_1");
         return;
     }
@@ -54,6 +58,7 @@ void entities_select_collumn::header_image(masked_bitmap_visitor visitor) {
 void entities_select_collumn::click_header() {
     select_tree_node* const root = model.root(view);
     if (!root) return;
+    // Kept as users know it: a mixed view counts as checked, so the click unchecks it.
     const bool on = vs_3state_to_bool(vs_3state_invert(root->check_state()));
     root->set_checked(on);
     model.on_item_checked(view, *root, on, false);
@@ -87,6 +92,7 @@ void entities_outline::set_highlighted(outline_row* row, bool on) {
     if (row) item_of(row)->set_highlighted(on);
 }
 
+// The host highlights the rows that it shows; rows below a collapsed one are highlighted here.
 void entities_outline::highlight_added(outline_row* row, outline_row* second) {
     if (row && !second) item_of(row)->set_highlighted_deep(true);
 }

@@ -1,4 +1,4 @@
-// The rows and columns of the tree of elements.
+// The tree of elements: its rows, columns and tools. Main thread only.
 #pragma once
 
 #include "framework/border/polymorphic.h"
@@ -10,13 +10,16 @@
 
 namespace vs::project_resave::detail {
 
-// The columns of the selection's outlines: names, and check marks.
+// The columns of the selection's outlines: names and check marks. Rows of an outline are items of the tree.
 
+// Conversions between the host's opaque rows and the items that they are; null stays null.
 inline select_tree_item* item_of(outline_row* row) { return reinterpret_cast<select_tree_item*>(row); }
 inline outline_row* row_of(select_tree_item* item) { return reinterpret_cast<outline_row*>(item); }
 
+// The column with the names.
 class entities_name_collumn final : public outline_column_impl {
 public:
+    // The model must outlive the column.
     entities_name_collumn(entities_model& model, uint32_t view) : model_(model), view_(view) {}
 
     void id(string_visitor visitor) override;
@@ -31,13 +34,15 @@ private:
     const uint32_t view_;
 };
 
-// A click on the mark of a row. On a highlighted row it acts on all that is highlighted in the view.
+// Handles a click on the mark of a row. On a highlighted row it applies to all highlighted rows of the view.
+// A null row shows an error box.
 void click_mark(entities_model& model, uint32_t view, select_tree_item* item, bool on);
 
-// Own: outline_checks_impl, with whatever the column speaks beside it.
+// The column with the check marks. Own: outline_checks_impl, together with any other interface of the column.
 template <class Own>
 class entities_marks : public Own {
 public:
+    // The model must outlive the column.
     entities_marks(entities_model& owner, uint32_t shown) : model(owner), view(shown) {}
 
     bool mixed(outline_row* row) override { return row && item_of(row)->check_state() == vs_state_mixed; }
@@ -51,12 +56,14 @@ protected:
     const uint32_t view;
 };
 
+// The column without pictures, which outlines use.
 class entities_check final : public entities_marks<outline_checks_impl> {
 public:
     using entities_marks::entities_marks;
 };
 
-// The same with pictures, and a click on the header that turns the whole view over; what is mixed goes off.
+// The same with pictures and a header. A click on the header checks everything in the view, or unchecks it if
+// anything is checked.
 class entities_select_collumn final
     : public entities_marks<polymorphic<outline_checks_impl, polymorphic<outline_bool_column_impl>>> {
 public:
@@ -67,11 +74,11 @@ public:
     void click_header() override;
 };
 
-// One view of the selection as a tree of rows, with its tools above it.
-// Asks the model for every answer. When the view changes, so does the outline.
+// One view of the selection as a tree of rows. It asks the model for every answer, and refreshes itself when
+// the view changes.
 class entities_outline final : public toolkit::outline {
 public:
-    // The model must outlive the outline. A view with rows.
+    // The model must outlive the outline. `view` must be one with rows.
     entities_outline(entities_model& model, uint32_t view);
 
     bool enabled() override { return model_.view_enabled(view_); }
@@ -82,6 +89,7 @@ public:
     void set_expanded(outline_row* row, bool on) override;
     bool highlighted(outline_row* row) override { return row && item_of(row)->highlighted(); }
     void set_highlighted(outline_row* row, bool on) override;
+    // With `second`, does nothing: the host has set the rows between the two itself.
     void highlight_added(outline_row* row, outline_row* second) override;
     void current_changed(outline_row* row) override { model_.set_current_item(view_, item_of(row)); }
     uint32_t image_count() override;
@@ -91,7 +99,7 @@ public:
     outline_checks checks() override { return pointer_to<outline_checks_impl>(checks_); }
 
 private:
-    // The row, or the root for null.
+    // Returns the row's item, or the root for null.
     select_tree_item* parent_item(outline_row* parent);
 
     entities_model& model_;
@@ -101,16 +109,17 @@ private:
     std::shared_ptr<void> connection_;
 };
 
-// A tool of the selection; its picture, caption and hint have one number.
+// A tool of the selection; picture, caption and hint have the same number.
 using common_tool = toolkit::tool;
 
-// The tools that a view has. They are enabled as the view is, but for those on everything, which always are.
+// The tools of a view. They are enabled if the view is; the tools for everything always are.
 class entities_toolbar final : public toolkit::toolbar {
 public:
     // The model must outlive the tool bar.
     entities_toolbar(entities_model& model, uint32_t view);
 
 private:
+    // Enables or disables all tools together.
     void enable_tools(bool on);
 
     common_tool select_;

@@ -1,3 +1,6 @@
+// Composes the final message of a resave from the facts of its report. A long one is shown in a dialog, since
+// a box would not fit on the screen.
+
 #include "ui/host_questions.h"
 
 #include <algorithm>
@@ -11,22 +14,23 @@ namespace vs::project_resave {
 
 namespace {
 
-// Answers of the host's box of three buttons.
+// Answers of the host's box with three buttons.
 enum box_answer : int32_t { answer_cancel = 2, answer_no = 7 };
 
-constexpr size_t most_lines_of_a_box = 25; // a longer text goes into a dialog that scrolls
+constexpr size_t most_lines_of_a_box = 25; // a longer text is shown in a dialog that scrolls
 
-// A line feed at the very end begins no further line.
+// Returns the number of lines; a line feed at the very end does not begin another one.
 size_t line_count(const wide_string& text) {
     const auto feeds = static_cast<size_t>(std::count(text.begin(), text.end(), u'\n'));
     return feeds + (!text.empty() && text.back() != u'\n' ? 1 : 0);
 }
 
-// Empty if nothing went wrong.
+// Returns the text of the message; empty if there was no problem.
 wide_string composed(const run_report& report) {
     wide_string text;
     const std::set<wide_string> types = report.unprocessed_types();
     const std::vector<run_report::problem> problems = report.problems();
+    // The order is fixed: references, types that nothing resaves, then the problems of each list.
     if (report.depth_exceeded()) text += load_string(text::references_not_settled) + u"\n\n";
     if (!types.empty()) {
         text += load_string(text::unprocessed_layers) + u"\n";
@@ -45,12 +49,13 @@ wide_string composed(const run_report& report) {
 bool host_questions::add_referenced() { return ask_yes_no(text::add_referenced_elements); }
 
 stop_answer host_questions::on_stop() {
+    // Kept as users know it: a box closed without an answer removes the created files.
     switch (vs_yesnocancel_wmessage(load_string(text::erase_created_files).c_str())) {
     case answer_cancel:
         return stop_answer::go_on;
     case answer_no:
         return stop_answer::keep_created;
-    default: // yes, and the box closed by the system's button
+    default: // yes, or the operating system closed the box
         return stop_answer::erase_created;
     }
 }
@@ -69,6 +74,7 @@ void host_questions::show_error(int32_t text, const wide_string& path) {
 }
 
 void host_questions::show_report(const run_report& report) {
+    // The first rule that applies decides: a stopped run does not report its problems.
     if (report.stopped) return show_message(text::interrupted_by_user);
     if (!report.saved) return show_error(text::project_not_saved);
     const wide_string text = composed(report);

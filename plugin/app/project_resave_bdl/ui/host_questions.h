@@ -1,4 +1,5 @@
-// The answers of a person at the host: what runs ask and show goes to the host's boxes and the dialogs.
+// Implements the questions of runs for a person at the host, with the host's boxes and the bundle's dialogs.
+// Main thread only.
 #pragma once
 
 #include "operations/run/run_questions.h"

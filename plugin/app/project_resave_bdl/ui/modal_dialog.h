@@ -1,6 +1,6 @@
-// The bundle's modal dialogs. Each is one family of the classes below, told apart by a tag type whose `name`
-// is the dialog's identity. The host has the factory make the service and installs its runner; from then on
-// code of the bundle reaches the runner through the service's slot, without a look-up.
+// The bundle's modal dialogs. Each dialog is an instance of the templates below, with a tag type whose `name`
+// identifies the dialog. The host makes the factory create the service and installs its runner; from then on
+// the bundle's code reaches the runner through the service's slot, without a look-up. Main thread only.
 #pragma once
 
 #include "framework/factories.h"
@@ -10,7 +10,7 @@
 
 namespace vs::project_resave {
 
-// Holds the connection to the host's dialog runner.
+// Keeps the connection to the host's dialog runner.
 template <class Tag>
 class modal_dialog final : public modal_dialog_impl {
 public:
@@ -19,12 +19,15 @@ public:
     }
     void set_runner(dialog_runner runner) override { runner_.assign(runner); }
 
+    // Shows the docker and blocks until the user closes it. Returns 0 if it was cancelled or there is no
+    // runner.
     int32_t run(docker content) const { return call<&dialog_runner_impl::run>(runner_.get(), content); }
 
 private:
     weak_ref<dialog_runner_impl> runner_;
 };
 
+// The service of one dialog.
 template <class Tag>
 class modal_dialog_service final : public referent<modal_dialog_service_impl> {
 public:
@@ -34,12 +37,13 @@ public:
     }
     modal_dialog_pointer dialog() override { return pointer_to<modal_dialog_impl>(own_dialog); }
 
+    // The dialog that the host is given.
     modal_dialog<Tag> own_dialog;
-    // The service that was made last, as long as it lives.
+    // The service created last; null after its destruction.
     static inline modal_dialog_service* slot = nullptr;
 };
 
-// Makes the service when it is first wanted, and keeps it.
+// Creates the service when it is first needed, and keeps it.
 template <class Tag>
 class modal_dialog_service_factory final : public custom_service_factory_impl {
 public:
@@ -53,7 +57,7 @@ private:
     ref<modal_dialog_service_impl> service_;
 };
 
-// What the host's window shows of a dialog: its element, under the dialog's title.
+// The content of a dialog window: the dialog's element, with the dialog's title.
 class dialog_docker final : public toolkit::docker_base {
 public:
     // `box` may be null; both must outlive the docker.

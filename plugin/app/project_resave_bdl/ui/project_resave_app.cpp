@@ -1,3 +1,5 @@
+// The tool's service, and the static objects by which the host finds all services of the bundle.
+
 #include "ui/project_resave_app.h"
 
 #include <unordered_set>
@@ -15,11 +17,12 @@ project_resave_app::docker::docker(const resave_services* found)
 
 void project_resave_app::docker::query(const char* asked, const void** table, void** instance) {
     docker_base::query(asked, table, instance);
-    obj::query(asked, table, instance); // the names differ, so at most one fills
+    obj::query(asked, table, instance); // at most one of the two answers
 }
 
 void project_resave_app::docker::set_parent(identity_pointer window) {
     if (window)
+        // The window was opened again before a running operation has ended.
         panel.keep_project();
     else
         panel.close_project();
@@ -27,6 +30,7 @@ void project_resave_app::docker::set_parent(identity_pointer window) {
 }
 
 project_resave_app::project_resave_app(const bundle_context&)
+    // Texts of the panel are looked up while it is built, so the localizer must be connected before.
     : content_((look_for_localizer(), *new docker(&services_))),
       content_held_(pointer_to<docker_impl>(content_)),
       buttons_({{load_string(text::host_run), toolkit::run_code},
@@ -36,6 +40,7 @@ project_resave_app::project_resave_app(const bundle_context&)
 }
 
 project_resave_app::~project_resave_app() {
+    // The host may still hold the docker: its panel must not use the services, which are destroyed next.
     const weak_ref<docker_impl> left(content_held_.get());
     content_held_.reset();
     if (left) content_.panel.leave_services();
@@ -56,12 +61,12 @@ void project_resave_app::leave_out(const char16_t* const* uuids, uint32_t count)
     content_.panel.leave_out(wanted);
 }
 
-// All that the bundle offers to the host: its static factories, in the order in which they are announced.
+// All services of the bundle: their static factories, in the order in which they are registered.
 
 namespace {
 
-// Made before the factories, and so there until the last of them has ended: a panel that is still open when
-// the library goes shows words to its end.
+// Constructed before the factories, so destroyed after them: a panel that is still open when the library is
+// unloaded needs texts until its end.
 [[maybe_unused]] const localizer place_of_localizer = current_localizer();
 [[maybe_unused]] const platform::module_handle place_of_texts = platform::own_module();
 

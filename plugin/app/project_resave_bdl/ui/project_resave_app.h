@@ -1,3 +1,4 @@
+// The tool's service, which the host finds under the tool's id. Main thread only.
 #pragma once
 
 #include "framework/factories.h"
@@ -8,14 +9,15 @@
 
 namespace vs::project_resave {
 
-// The tool as the host sees it: a service that hands over a window's content and its buttons.
+// The tool as the host sees it: a service that passes the content and the buttons of a window.
 class project_resave_app final
     : public referent<polymorphic<custom_app_service_impl, polymorphic<run_record_impl>>> {
 public:
     static constexpr const char16_t* id = u"vestra/app/project_resave_app";
 
+    // Collects the services of all bundles and builds the panel.
     explicit project_resave_app(const bundle_context& context);
-    // Whoever still holds the window's content keeps it, without a project and without services.
+    // If others still hold the window's content, it stays usable without a project and without services.
     ~project_resave_app() override;
 
     void hand_over_main_element(main_element_visitor visitor) override;
@@ -31,7 +33,7 @@ public:
     }
 
 private:
-    // What stands in the window. A referent of its own, for the host may hold it longer than this service.
+    // The content of the window. It is a separate referent, as the host may hold it longer than this service.
     class docker final : public toolkit::docker_base, public obj {
     public:
         explicit docker(const resave_services* found);
@@ -40,13 +42,14 @@ private:
         void identity(interface_pointer& out) override { docker_base::identity(out); }
         void description(string_visitor visitor) override { title(visitor); }
         element main_element() override { return panel.main_element(); }
-        // The window that goes takes the loaded project with it.
+        // Null closes the loaded project, since the window is about to close.
         void set_parent(identity_pointer window) override;
 
+        // The main panel, which is the content.
         settings_element panel;
     };
 
-    resave_services services_; // stays where it is: the panel's context knows its place
+    resave_services services_; // must not move: the panel's context points to it
     docker& content_;
     ref<docker_impl> content_held_;
     toolkit::button_box buttons_;

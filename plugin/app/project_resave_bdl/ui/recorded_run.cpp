@@ -1,3 +1,5 @@
+// Keeps the facts of a run for hosts that show more than the final message.
+
 #include "ui/recorded_run.h"
 
 #include <utility>
@@ -31,6 +33,7 @@ void recorded_run::pass_to(const run_record_visitor& visitor) const {
 recorded_run planned_run(const run_state& run, const resave_settings& settings) {
     recorded_run plan;
     plan.source = run.placement.source_project_path;
+    // The record outlives the panel's text, so it keeps a copy and not the pointer.
     if (settings.output_path) plan.target = *settings.output_path;
     plan.settings = settings;
     plan.settings.output_path = nullptr;
@@ -39,7 +42,7 @@ recorded_run planned_run(const run_state& run, const resave_settings& settings) 
     return plan;
 }
 
-// Memory that is short costs the record and never the message.
+// If memory runs out, the record is lost, but the message is still shown.
 void recording_questions::show_report(const run_report& report) {
     try {
         last = {};

@@ -1,4 +1,4 @@
-// What a run was to do and what became of it, kept for the host after the run's own record is gone.
+// The plan and the result of a run, kept for the host after the run's own state is gone. Main thread only.
 #pragma once
 
 #include <vector>
@@ -14,9 +14,10 @@ namespace vs::project_resave {
 
 struct run_state;
 
+// Everything that is passed to a run_record_visitor.
 struct recorded_run {
     wide_string source, target;
-    resave_settings settings; // all but the path
+    resave_settings settings; // except the path
     double kilobytes = 0;
     std::vector<wide_string> left_out;
     std::vector<placed_file> placed;
@@ -24,19 +25,21 @@ struct recorded_run {
     std::vector<fact> facts;
     recorded_end end = recorded_end::none;
 
+    // Passes everything to the visitor, in the order that run_record.h describes.
     void pass_to(const run_record_visitor& visitor) const;
 };
 
-// What of it is known before a run.
+// Returns the part of the record that is known before a run.
 recorded_run planned_run(const run_state& run, const resave_settings& settings);
 
-// The host's answers, and a record of each resave that is reported to the user.
+// Asks through the host's boxes, and keeps a record of each resave that is reported to the user.
 class recording_questions final : public host_questions {
 public:
     void show_report(const run_report& report) override;
 
-    // What the next reports are about; not owned, null for nothing.
+    // The state that the next report is about; not owned, may be null.
     const run_state* run = nullptr;
+    // The record of the last resave, and the number of resaves.
     recorded_run last;
     uint32_t count = 0;
 };

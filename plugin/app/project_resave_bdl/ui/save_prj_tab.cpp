@@ -1,3 +1,5 @@
+// The controls of the tab that resaves, and the settings that they stand for.
+
 #include "ui/save_prj_tab.h"
 
 #include "framework/resources/strings.h"
@@ -29,8 +31,10 @@ save_prj_tab::save_prj_tab(const wide_string& source_path, wide_string& new_path
     path_.set_validator([this](const wide_string& entered) { return take_path(entered); });
     variant_buttons_[by_type].set_checked(true);
     indent_.set_visible(false);
+    // It only matters for the structure from the common top folder.
     use_project_file_.set_enabled(false);
     for (toolkit::radiobutton& button : variant_buttons_)
+        // Called for the button that is unchecked and for the one that is checked.
         button.set_on_changed([this, &button] {
             if (&button == &variant_buttons_[from_common_top])
                 use_project_file_.set_enabled(button.is_checked());
@@ -60,6 +64,7 @@ void save_prj_tab::lay_out() {
 }
 
 bool save_prj_tab::take_path(const wide_string& entered) {
+    // Only one spelling is compared here; the panel compares again when the run starts.
     if (!source_path_.empty() && platform::compare_no_case(source_path_, entered) == 0) {
         warn_same_name();
         return false;
@@ -73,11 +78,12 @@ void save_prj_tab::get_settings(resave_settings& settings) const {
     settings.rename_on_conflict = rename_.checked();
     settings.structure_variant = structure_variant();
     settings.delete_lost_sources = delete_lost_.checked();
+    // Kept as users know it: there is no control for this, and no run reads it.
     settings.only_selected = true;
     settings.write_log = resave_log_.checked();
     settings.save_scene_files = scene_files_.checked();
     settings.save_layer_files = layer_files_.checked();
-    settings.consider_project_file = use_project_file_.checked(); // be it enabled or not
+    settings.consider_project_file = use_project_file_.checked(); // even if the box is disabled
     settings.lower_case = lower_case_.checked();
 }
 

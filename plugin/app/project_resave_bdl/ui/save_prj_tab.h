@@ -1,4 +1,4 @@
-// The tab that resaves the project: where to, and how.
+// The tab that resaves the project: the new path and the options. Main thread only.
 #pragma once
 
 #include <array>
@@ -13,32 +13,37 @@
 
 namespace vs::project_resave {
 
-// Tells the user that a project cannot be resaved under its own name.
+// Warns the user that a project cannot be resaved under its own name.
 void warn_same_name();
 
 class save_prj_tab final : public toolkit::docker_base {
 public:
-    // The texts are the panel's: of the project that is loaded, and of the path the user gave in this tab.
+    // Both texts belong to the panel: the path of the loaded project, and the new path that the user enters
+    // in this tab.
     save_prj_tab(const wide_string& source_path, wide_string& new_path);
 
     element main_element() override { return content_; }
 
-    // `output_path` points to the panel's text.
+    // Fills in the settings; `output_path` points to the panel's text.
     void get_settings(resave_settings& settings) const;
-    // Leaves alone the path, the lower case, and the log of a load. A structure that there is not counts as
-    // `by_type`.
+    // Sets the controls, except for the path, the lower case and the log of a load. An unknown structure
+    // counts as `by_type`.
     void apply_settings(const resave_settings& settings);
+    // Returns the structure whose button is checked.
     structure structure_variant() const;
-    // Called after each change of a radio button: twice when the user presses one, for another goes off.
+    // Called after each change of a radio button: twice when the user presses one, since another is
+    // unchecked.
     void set_on_structure_variant_changed(std::function<void()> handler) { changed_ = std::move(handler); }
-    // Whether a load writes its log.
+    // True if a load is to write its log.
     bool open_log_checked() const { return load_log_.checked(); }
 
 private:
-    // One for each structure, by its value.
+    // One button for each structure, by its value.
     using variant_buttons = std::array<toolkit::radiobutton, 5>;
 
+    // Validates a new path: returns false, after a warning, for the path of the source.
     bool take_path(const wide_string& entered);
+    // Places all controls.
     void lay_out();
 
     const wide_string& source_path_;
@@ -48,7 +53,7 @@ private:
     toolkit::file_input path_;
     toolkit::radio_group variants_;
     variant_buttons variant_buttons_;
-    toolkit::label indent_; // never visible: takes the width in front of the check box behind it
+    toolkit::label indent_; // never visible: keeps space before the next check box
     toolkit::checkbox use_project_file_;
     toolkit::groupbox_span structure_box_;
     toolkit::checkbox rename_;

@@ -1,3 +1,6 @@
+// Keeps scenes and their layers consistent: selecting a scene selects its layers, and a selected layer needs
+// its scene.
+
 #include "ui/select_2part_model.h"
 
 #include <algorithm>
@@ -50,6 +53,8 @@ void select_2part_model::change_all(uint32_t part, const std::function<void(sele
     change(*own);
     if (part == top_part)
         for (const auto& [uuid, tree] : bottoms_) change(*tree);
+    // Kept as users know it: this also runs after an inversion, which can check a scene again that was just
+    // unchecked.
     sync_top();
     bottom_changed_.fire();
     top_changed_.fire();
@@ -69,9 +74,11 @@ void select_2part_model::on_item_checked(uint32_t part, select_tree_item& item, 
     bottom_changed_.fire();
 }
 
+// Kept as users know it: only one way, so unchecking the last layer leaves its scene checked.
 void select_2part_model::sync_top() {
     for (const auto& [uuid, tree] : bottoms_) {
         if (tree->check_state() == vs_state_false) continue;
+        // A layer is only saved together with its scene.
         if (select_tree_leaf* scene = top_root_.find_leaf(uuid)) scene->set_checked(true);
     }
 }
@@ -87,6 +94,7 @@ void select_2part_model::set_current(const wide_string& uuid) {
 
 select_tree_node* select_2part_model::root(uint32_t part) {
     if (part == top_part) return &top_root_;
+    // The current scene may have been removed since it was chosen.
     const auto shown = part == bottom_part ? bottoms_.find(current_) : bottoms_.end();
     return shown == bottoms_.end() ? nullptr : shown->second.get();
 }

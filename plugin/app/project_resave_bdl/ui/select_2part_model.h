@@ -1,3 +1,4 @@
+// Pictures of layer types, and the model of scenes with their layers. Main thread only.
 #pragma once
 
 #include <functional>
@@ -13,66 +14,71 @@ namespace vs::project_resave::detail {
 // The pictures of the layer types of one kind of scene, for the rows of layers.
 class layer_icons {
 public:
-    // `kind` is the id of the services that know the types: "vestra/scene/2d" or "vestra/scene/3d".
+    // `kind` is the id of the services that define the types: "vestra/scene/2d" or "vestra/scene/3d".
     explicit layer_icons(wide_string kind) : scene_kind_(std::move(kind)) {}
 
-    // Each asks the host for the list when it is first wanted, and never again.
+    // Each of these asks the host for the list on first use, and never again.
     uint32_t count() { return static_cast<uint32_t>(list().size()); }
-    // Place of the type, or -1.
+    // Returns the index of the type; -1 if it is unknown.
     int32_t index_of(std::string_view layer_type);
-    // Null outside of the list.
+    // Returns the picture; null outside the list.
     masked_bitmap_impl* at(int32_t index);
 
 private:
+    // Returns the list, which is loaded on first use.
     std::vector<layer_type_bitmap>& list();
 
     const wide_string scene_kind_;
-    bool is_loaded_ = false; // a list that came back empty counts
+    bool is_loaded_ = false; // true even if the list was empty
     std::vector<layer_type_bitmap> types_;
 };
 
-// A list of scenes and, below it, the layers of the one that is current: what can be ticked of the scenes of
-// one kind.
-// The two parts of such a model. Operations that take a part ignore any other number.
+// The two parts of the model below. Operations with a part ignore any other number.
 enum model_part : uint32_t {
     top_part = 0,    // a leaf for each scene
     bottom_part = 1, // the tree of layers of the current scene
 };
 
+// A list of scenes and the layers of the current scene: everything that can be selected in the scenes of one
+// kind.
 class select_2part_model {
 public:
     using trees = std::unordered_map<wide_string, std::unique_ptr<select_tree_node>>;
 
+    // `told` is the register that check marks change; it must outlive the model.
     select_2part_model(selection_register& told, text::row caption);
 
-    // The tools. On the top part they take in all layers of all scenes. Where there is no current scene those
-    // of the bottom part do nothing, and nothing is fired.
+    // The tools. For the top part they include all layers of all scenes. For the bottom part they do nothing,
+    // and fire nothing, while there is no current scene.
     void set_all(uint32_t part, bool on);
     void invert(uint32_t part);
     void reset(uint32_t part);
-    // Carries a tick, which is there already, over to the other part: from scenes down to all their layers,
-    // from layers up to a scene that now has one ticked. `item` is the row, or the root for all highlighted.
+    // Applies a changed check mark to the other part: from scenes down to all their layers, or from layers up
+    // to a scene that now has a checked layer. `item` is the row, or the root for all highlighted rows.
     void on_item_checked(uint32_t part, select_tree_item& item, bool on, bool only_highlighted);
-    // Shows the layers of this scene; null and the bottom part change nothing.
+    // Shows the layers of this scene; ignores null and rows of the bottom part.
     void set_current_item(uint32_t part, const select_tree_item* item);
+    // Makes this scene the current one and fires the bottom event; an unknown uuid shows no layers.
     void set_current(const wide_string& uuid);
-    // Ticks each scene that has a layer ticked. One way only: the last layer unticked leaves its scene on.
+    // Checks each scene with a checked layer. Never unchecks one: unchecking the last layer leaves its scene
+    // checked.
     void sync_top();
 
-    // Null for the bottom part while no scene is current.
+    // Returns the tree of a part; null for the bottom part while there is no current scene.
     select_tree_node* root(uint32_t part);
+    // Fires the event of a part.
     void fire_changed(uint32_t part);
-    // Null for any other part.
+    // Returns the event of a part; null for an unknown part.
     event* changed_event(uint32_t part);
-    // The trees of layers of all scenes.
+    // Returns the trees of layers of all scenes.
     const trees& bottoms() const { return bottoms_; }
-    // Makes the tree of a scene; one of the same uuid is destroyed.
+    // Creates the tree of a scene, replacing an earlier one with the same uuid.
     select_tree_node& add_bottom(const wide_string& uuid, const wide_string& caption);
-    // Rows asked for before are void; nothing is fired.
+    // Removes all rows, which become invalid; fires nothing.
     void clear();
 
 private:
-    // Does so to each tree of the part, top first.
+    // Applies `change` to each tree of the part, the top one first.
     void change_all(uint32_t part, const std::function<void(select_tree_node&)>& change);
 
     selection_register& selection_;
@@ -83,6 +89,7 @@ private:
     event bottom_changed_;
 };
 
+// The same with pictures for the rows of layers.
 class select_2part_model_bottom_icon final : public select_2part_model {
 public:
     select_2part_model_bottom_icon(selection_register& told, text::row caption, wide_string scene_kind)

@@ -1,3 +1,5 @@
+// The selection panel: pages for each kind of element, and the size of what is selected.
+
 #include "ui/select_element.h"
 
 #include <charconv>
@@ -24,7 +26,7 @@ using detail::table_tab;
 
 namespace {
 
-// As printf's "%.15lg", in any locale.
+// Returns the text that printf's "%.15lg" gives, independent of the locale.
 wide_string number_text(double number) {
     char digits[32];
     const auto end =
@@ -55,7 +57,7 @@ void select_element::add_pages() {
         const char16_t* id;
         text::row title;
         uint32_t view;
-        uint32_t layers_view; // 0: the page has one part
+        uint32_t layers_view; // 0 for a page with one part
     };
     constexpr page_row rows[] = {
         {u"project_resave_select_tab_scn2d", text::scenes_2d_page, views::scenes_2d, views::layers_2d},

@@ -1,3 +1,4 @@
+// The pages of the selection panel, and the panel itself. Main thread only.
 #pragma once
 
 #include <array>
@@ -10,19 +11,20 @@
 
 namespace vs::project_resave::detail {
 
-// The pages of the selection panel.
+// One page of the selection.
 class select_page : public toolkit::docker_base {
 public:
     virtual ~select_page() = default;
-    // Shows the rows that there are now.
+    // Shows the current rows.
     virtual void refresh() = 0;
 
 protected:
     using docker_base::docker_base;
 };
 
-// The tools of a view above its outline, which takes the height that is left.
+// The tools of a view above its outline, which gets the remaining height.
 struct entities_pane {
+    // The model must outlive the pane.
     entities_pane(entities_model& model, uint32_t view);
 
     entities_toolbar tools;
@@ -30,6 +32,7 @@ struct entities_pane {
     toolkit::grid_layout layout{2, 1};
 };
 
+// A page with one view.
 class table_tab final : public select_page {
 public:
     table_tab(entities_model& model, uint32_t view, wide_string title)
@@ -42,7 +45,7 @@ private:
     entities_pane pane_;
 };
 
-// Scenes above, the layers of the current one below.
+// A page with the scenes above and the layers of the current scene below.
 class scene_tab final : public select_page {
 public:
     scene_tab(entities_model& model, uint32_t top_view, uint32_t bottom_view, wide_string title)
@@ -64,27 +67,29 @@ private:
 
 namespace vs::project_resave {
 
-// The right side of the main panel: what of the loaded project is to be resaved, in pages by kind, the tools
-// for all of it, and how much data it comes to.
+// The right side of the main panel: which elements of the loaded project take part, on a page for each kind,
+// with tools for all of them and the total size.
 class select_element final : public toolkit::docker_base {
 public:
-    // The context must outlive the element; its size register tells the element of each change, and no one
-    // else.
+    // The context must outlive the element. The element becomes the only observer of the context's size
+    // register.
     explicit select_element(project_context& owner);
+    // Disconnects from the size register.
     ~select_element();
 
-    // Shows the elements of the project, everything ticked, and disables the pages that have none; null
-    // empties and enables them all. Whoever shows another project shows null first.
+    // Shows the elements of the project, with everything checked, and disables the pages without elements;
+    // null empties and enables all pages. Pass null before another project.
     void set_project(vs_prj* project);
-    // Shows what the size register has come to. The figure counts all that is selected, whatever the active
-    // operation would write.
+    // Shows the current size of the size register. It counts everything selected, whatever the active
+    // operation writes.
     void update_size_label();
 
     element main_element() override { return outer_; }
 
-    detail::entities_model model; // outlives whatever shows it
+    detail::entities_model model; // outlives the elements that show it
 
 private:
+    // Creates the pages in the order of the tabs.
     void add_pages();
 
     size_register& sizes_;

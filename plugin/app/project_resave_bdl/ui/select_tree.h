@@ -1,8 +1,8 @@
-// What the user can tick, as a tree: nodes with a heading, and leaves that each stand for one element of the
-// project. A leaf is the only place where a tick meets the register of what is selected.
+// The elements that the user can select, as a tree: nodes with a heading, and leaves that each represent one
+// element of the project. Only leaves change the selection register. Main thread only.
 //
-// A parent owns its children and outlives them. What a node sums up of all that is below it is computed when
-// it is asked for and kept until something there changes, so that asking every row costs the rows once.
+// A parent owns its children and outlives them. A node's summary of everything below it is computed on demand
+// and kept until something below changes, so asking every row is linear.
 #pragma once
 
 #include <memory>
@@ -13,6 +13,7 @@
 
 namespace vs::project_resave::detail {
 
+// A row with rows below it. Its check mark is the summary of its leaves.
 class select_tree_node final : public select_tree_item {
 public:
     select_tree_node(selection_register& told, wide_string own_caption, select_tree_node* above = nullptr)
@@ -32,13 +33,15 @@ public:
     bool contains_leaf() const override { return summed().contains_leaf; }
     void collect_leaves(std::vector<select_tree_leaf*>& found, bool only_highlighted) override;
 
+    // Destroys all children. Fires nothing.
     void clear_children();
-    // Append a child and answer it.
+    // Append a child and return it.
     select_tree_node& add_node(const wide_string& caption);
-    // Adds nothing for an empty uuid, and answers null.
+    // Adds nothing and returns null for an empty uuid.
     select_tree_leaf* add_leaf(const wide_string& uuid, const wide_string& caption, bool valid,
                                bool default_checked, const std::string& layer_type);
-    // The first match, depth first; null if there is none. Costs the nodes, not the leaves.
+    // Returns the first match, depth first; null if there is none. The cost depends on the number of nodes,
+    // not of leaves.
     select_tree_leaf* find_leaf(const wide_string& uuid) const;
 
 private:
@@ -48,19 +51,21 @@ private:
         bool valid = true;
         uint32_t check_state = vs_state_false;
     };
+    // Returns the cached summary, computing it if necessary.
     const summary& summed() const;
-    // Also of the nodes above: one that has none is under none that has.
+    // Also clears the summaries of the nodes above. If a node has no summary, those above it have none
+    // either.
     void forget_summary() const;
 
     bool expanded_ = true;
     std::vector<std::unique_ptr<select_tree_item>> children_;
-    // The nodes and the leaves among them with their places; of equal leaves the first.
+    // The positions of the nodes, and of the leaves among them; for equal uuids the first leaf.
     std::vector<std::pair<size_t, select_tree_node*>> nodes_;
     std::unordered_map<wide_view, std::pair<size_t, select_tree_leaf*>> leaves_;
     mutable std::optional<summary> summary_;
 };
 
-// Ticked when it is made.
+// A row for one element; checked when it is created.
 class select_tree_leaf final : public select_tree_item {
 public:
     select_tree_leaf(selection_register& told, select_tree_node* above, const wide_string& own_uuid,
@@ -69,6 +74,7 @@ public:
         : select_tree_item(told, above, own_caption, own_uuid, own_layer_type), valid_(is_valid),
           default_checked_(checked_by_default) {}
 
+    // Marks the row as valid or invalid; the rows above change with it.
     void set_valid(bool on);
     bool valid() const override { return valid_; }
     void set_checked(bool on) override;

@@ -1,3 +1,6 @@
+// Connects the parts of the main panel: the source field loads, the run button starts the operation of the
+// active tab, and the selection follows the loaded project.
+
 #include "ui/settings_element.h"
 
 #include <optional>
@@ -29,6 +32,7 @@ settings_element::settings_element(const resave_services* services)
       prj_tab_(source_path_, new_path_), left_column_(2, 1), selection_(context_), main_layout_(1, 2) {
     questions_.run = &context_;
     source_field_.set_validator([this](const wide_string& text) { return load_from_field(text); });
+    // A project that was never saved has no path to load.
     load_button_.set_enabled(!path_is_relative(host_project_path_));
     tabs_.add(u"project_resave_tab_save_prj", load_string(text::resave_tab), prj_tab_);
     tabs_.add(u"project_resave_tab_save_struct", load_string(text::structure_tab), struct_tab_);
@@ -51,6 +55,7 @@ recorded_run settings_element::planned() const {
 }
 
 void settings_element::leave_out(const std::unordered_set<wide_string>& uuids) {
+    // A run reads the selection while it goes on.
     if (!running_) selection_.model.untick(uuids);
 }
 
@@ -72,6 +77,7 @@ void settings_element::reset_to_defaults() {
 }
 
 void settings_element::work(int32_t failure, const std::function<void()>& operation) {
+    // A message box of the running operation lets the user press other buttons.
     if (running_) return;
     running_ = true;
     bool is_whole = true;
@@ -82,6 +88,7 @@ void settings_element::work(int32_t failure, const std::function<void()>& operat
         is_whole = false;
     }
     running_ = false;
+    // An operation that broke off may have left the project changed in part.
     if (!is_whole || close_after_work_) context_.close_project();
     close_after_work_ = false;
     if (!is_whole) show_error(failure);
@@ -103,6 +110,7 @@ bool settings_element::load_from_field(const wide_string& text) {
 void settings_element::load_current() {
     work(text::failed_to_load_project, [this] {
         source_field_.set_text(host_project_path_);
+        // Loaded again from its file: changes that are not saved in the host are not seen.
         if (context_.load_project(host_project_path_, true, prj_tab_.open_log_checked()))
             source_path_ = host_project_path_;
     });
@@ -114,7 +122,7 @@ void settings_element::on_project_changed() {
         source_field_.set_text({});
         source_path_ = source_field_.text();
     }
-    // Nothing of the project before may show while the new one is read in.
+    // Elements of the previous project must not be visible while the new one is read.
     selection_.set_project(nullptr);
     if (project) selection_.set_project(project);
 }
@@ -135,6 +143,7 @@ void settings_element::enable_only(std::initializer_list<uint32_t> views) {
 }
 
 bool settings_element::run_active_tab() {
+    // Kept as users know it: the window stays open after a run.
     work(text::project_not_saved, [this] { run_tab(tabs_.active()); });
     return false;
 }
@@ -145,6 +154,7 @@ void settings_element::run_tab(uint32_t index) {
     } else if (index == structure_page) {
         structure_settings settings;
         struct_tab_.get_settings(settings);
+        // Kept as users know it: without a path the button does nothing and shows no message.
         if (*settings.output_path) context_.save_structure(settings);
     } else if (index == scene_files_page) {
         scene_file_settings settings;
@@ -159,7 +169,7 @@ void settings_element::resave() {
     resave_settings settings;
     prj_tab_.get_settings(settings);
     if (settings.output_path->empty()) return;
-    // The field's own test knows one spelling of the source only, and not what was loaded after it.
+    // The field's validator knows only one spelling of the source, and not a project loaded later.
     if (context_.project_handle() && path_same(*settings.output_path, context_.placement.source_project_path))
         return warn_same_name();
     std::optional<platform::transfer_watch> watch;
@@ -171,6 +181,7 @@ void settings_element::resave() {
 
 void settings_element::close_project() {
     if (running_)
+        // The operation still uses the project.
         close_after_work_ = true;
     else
         context_.close_project();

@@ -1,3 +1,5 @@
+// The controls of the tabs that write text and scene files, and their settings.
+
 #include "ui/text_tabs.h"
 
 #include "framework/resources/strings.h"
@@ -51,12 +53,13 @@ save_struct_tab::save_struct_tab()
       legend_columns_(load_string(text::write_legend_columns)),
       file_paths_(load_string(text::write_file_paths)), indent_(load_string(text::indent_unit), indents()),
       options_box_(8, 1, load_string(text::structure_options)), content_(3, 1) {
+    // A tab is the default indent.
     indent_.set_current(tab_row);
     connect();
     lay_out();
 }
 
-// What makes no sense without another comes and goes with it.
+// An option that requires another one is checked and unchecked together with it.
 void save_struct_tab::connect() {
     table_columns_.set_on_changed([this] {
         if (!table_columns_.checked()) return;
@@ -102,6 +105,7 @@ void save_struct_tab::get_settings(structure_settings& settings) const {
     settings.write_legend_columns = legend_columns_.checked();
     settings.write_file_paths = file_paths_.checked();
     settings.indent_text = indent_.value();
+    // The rows of the list are whole units already.
     settings.indent_repeat = 1;
 }
 

@@ -1,4 +1,4 @@
-// The tabs that write scene files and the structure as text.
+// The tabs that write scene files and the structure as text. Main thread only.
 #pragma once
 
 #include "framework/resources/strings.h"
@@ -11,8 +11,8 @@
 
 namespace vs::project_resave {
 
-// The tab that checks the letter case of paths. It has no place in the window: the panel keeps it for the day
-// it gets one.
+// The tab that checks the letter case of paths. It is not part of the window; the panel keeps it for later
+// use.
 class checked_path_register_tab final : public toolkit::docker_base {
 public:
     checked_path_register_tab()
@@ -24,6 +24,7 @@ public:
 
     element main_element() override { return content_; }
 
+    // Returns the path that the user entered.
     const wide_string& get_path() const { return path_.text(); }
 
 private:
@@ -39,10 +40,10 @@ public:
 
     element main_element() override { return content_; }
 
-    // `folder` points to the tab's text.
+    // Fills in the settings; `folder` points to the tab's text.
     void get_settings(scene_file_settings& settings) const;
-    // 0: a scene file that exists stays, and the new one gets another name; 1: it is rewritten. Nothing for
-    // any other.
+    // 0: keep an existing scene file and give the new one another name; 1: overwrite it. Other numbers are
+    // ignored.
     void select_radio(uint32_t index);
 
 private:
@@ -64,12 +65,13 @@ public:
 
     element main_element() override { return content_; }
 
-    // `output_path` points to the tab's text.
+    // Fills in the settings; `output_path` points to the tab's text.
     void get_settings(structure_settings& settings) const;
-    // Sets the check boxes, which act on each other as they do for the user; nothing else.
+    // Sets the check boxes, which affect each other as they do for the user, and nothing else.
     void apply_settings(const structure_settings& settings);
 
 private:
+    // Makes the check boxes change each other.
     void connect();
     void lay_out();
 

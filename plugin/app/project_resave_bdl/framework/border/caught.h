@@ -1,5 +1,5 @@
-// Where exceptions are recorded that must not cross the border to the host. Header only, so each library has
-// its own current record. Main thread only.
+// Records exceptions that must not cross the border to the host. Header only, so each library has its own
+// current record. Main thread only.
 #pragma once
 
 #include <cstdio>
@@ -8,26 +8,26 @@
 namespace vs::project_resave {
 
 // Who implements: the object that reports on the work of the library. Who calls: record_caught. Each library
-// has at most one that is current.
+// has at most one current record.
 class exception_record {
 public:
-    // Keeps what was caught. `where` names the operation or interface, `what` describes the exception; both
-    // are narrow texts, borrowed for the call.
+    // Keeps a caught exception. `where` names the operation or interface, `what` describes the exception;
+    // both are narrow texts, borrowed for the call. Must not throw.
     virtual void record(const char* where, const char* what) noexcept = 0;
 
 protected:
     ~exception_record() = default;
 };
 
-// Returns the current record, to read and to set; null if there is none. Whoever sets it resets it before the
-// record ends.
+// Returns the current record, for reading and setting; null if there is none. Code that sets it must reset it
+// before the record is destroyed.
 inline exception_record*& current_exception_record() {
     static exception_record* current = nullptr;
     return current;
 }
 
-// Passes the exception that is being handled to the current record. Without a record, as before a panel is
-// open, it goes to standard error. To be called in a handler only.
+// Passes the exception that is being handled to the current record. Without a record, for example before a
+// panel is open, prints it to standard error. Must be called inside a catch handler.
 inline void record_caught(const char* where) noexcept {
     const auto keep = [&](const char* what) {
         if (exception_record* const to = current_exception_record())

@@ -1,5 +1,5 @@
-// The table of encodings by number, and the conversions between wide and narrow text over it. Texts are
-// converted in memory; no state is kept.
+// The table of encodings by number, and conversions between wide and narrow text that use it. Texts are
+// converted in memory; no state is kept. May be called from any thread.
 #pragma once
 
 #include <cstdint>
@@ -10,28 +10,31 @@
 
 namespace vs::project_resave {
 
-constexpr uint32_t utf8_row = 0;    // files are written in it
-constexpr uint32_t system_row = 18; // narrow texts of the host are in it
+constexpr uint32_t utf8_row = 0;    // encoding of the files that the bundle writes
+constexpr uint32_t system_row = 18; // encoding of the host's narrow texts
 
+// One encoding of the table.
 struct encoding_row {
     const char* name;
-    uint32_t code_page; // 0: no fixed page; only the row "SYSTEM" converts then, in the system's active one
+    // Code page of the conversion. With 0, only the row "SYSTEM" converts, in the operating system's active
+    // page.
+    uint32_t code_page;
 };
 
 constexpr uint32_t encoding_count = 19;
-// Returns a row of the table; that of "SYSTEM" at and beyond the count.
+// Returns a row of the table; the row "SYSTEM" for a number at or beyond the count.
 const encoding_row& encoding(uint32_t row);
 
-// Return the text converted; empty for a row that does not convert and for a text that cannot be converted.
+// Return the converted text; empty for a row that does not convert and for a text that cannot be converted.
 std::string to_narrow(wide_view text, uint32_t row);
 wide_string to_wide(std::string_view bytes, uint32_t row);
 // Returns a narrow text of the host as wide text; null counts as empty.
 wide_string host_text(const char* text);
-// Returns a narrow text as it is; null counts as empty.
+// Returns a narrow text unchanged; null counts as empty.
 inline std::string_view narrow_or_empty(const char* text) { return text ? text : ""; }
 
-// Keeps the last text that it receives, converted through a row of the encoding table, in a string of the
-// caller, which must outlive it.
+// A visitor that stores the last text it receives in a string of the caller, converted through a row of the
+// encoding table. The string must outlive the visitor.
 class stdstring_visitor final : public string_visitor_impl {
 public:
     explicit stdstring_visitor(std::string& target, uint32_t encoding = system_row)

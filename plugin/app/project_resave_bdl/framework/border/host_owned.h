@@ -1,5 +1,5 @@
-// Ownership of a host object that the bundle created: a unique_ptr that calls the host's destroy or close
-// function.
+// Ownership of a host object that the bundle created: a unique_ptr whose deleter is the host's destroy or
+// close function.
 //
 //     using owned_uuid = host_owned<vs_uuid, &vs_uuid_destroy>;
 //     const owned_uuid uuid(vs_uuid_create());
@@ -18,7 +18,7 @@ struct destroyed_by {
     }
 };
 
-// Destroys the object on every way out; null is not passed to the host.
+// Destroys the object on every path; null is not passed to the host.
 template <class Object, auto Destroy>
 using host_owned = std::unique_ptr<Object, destroyed_by<Destroy>>;
 

@@ -1,16 +1,16 @@
-// Interfaces across the border between a library and its host or another library: a pair of pointers, of
-// which the first leads to a constant table of plain functions.
+// Interfaces across the border between a library and its host or another library: a pair of pointers, the
+// first of which points to a constant table of plain functions.
 //
 // An interface is declared once, as its provider class: derive from interface_of<X>, give it a name, virtual
-// operations and the list of them in table order. Table, entries, client calls and casts come from that.
-// Entry 0 of a table returns the identity interface. Entry 1 returns the base interface, except where
-// `rooted_in_identity` says that the operations follow at once. The provider is called through the table;
-// code that holds a pair uses call, cast_to and identity_of.
+// operations and the list of them in table order. The table, its entries, the calls of clients and the casts
+// are generated from that. Entry 0 of a table returns the identity interface. Entry 1 returns the base
+// interface, unless `rooted_in_identity` says that the operations begin in entry 1. The provider is called
+// through the table; code that has a pair uses call, cast_to and identity_of.
 //
 // Rules for every operation: it runs on the host's main thread. A pair is borrowed for the call; to keep it,
-// take a ref (ref.h), and if the object is no referent, its owner must say how long it lives. No exception
-// leaves an entry: one that is caught there is recorded (caught.h) and the result is zero. A call through a
-// null pair does nothing and returns zero.
+// take a ref (ref.h). If the object is not a referent, its owner must say how long it lives. No exception
+// leaves an entry: it is recorded there (caught.h) and the result is zero. A call through a null pair does
+// nothing and returns zero.
 #pragma once
 
 #include <cstddef>
@@ -36,10 +36,10 @@ static_assert(alignof(identity_pointer) == alignof(interface_pointer));
 static_assert(std::is_standard_layout_v<identity_pointer>);
 static_assert(std::is_trivially_copyable_v<identity_pointer>);
 
-// Root of every provider class. The first two virtual operations of each are these, in this order.
+// Root of every provider class. These two are the first virtual operations of each, in this order.
 class interface_impl {
 public:
-    // Sets both outputs if the object implements the interface of exactly this name; otherwise leaves them
+    // Sets both outputs if the object implements the interface with exactly this name; otherwise leaves them
     // unchanged.
     virtual void query(const char* asked, const void** table, void** instance) = 0;
     // Sets `out` to the object's identity, the same for all its interfaces.
@@ -57,10 +57,11 @@ namespace border {
 
 using entry = void (*)();
 
+// True for a result that is an interface pointer.
 template <class Result>
 constexpr bool is_pair = std::is_base_of_v<interface_pointer, Result>;
 
-// One entry for one operation: its plain function, and the call of it through a pair.
+// One entry for one operation: its plain function, and how to call it through a pair.
 template <auto Operation, class Signature = decltype(Operation)>
 struct operation;
 
@@ -68,6 +69,7 @@ template <auto Operation, class Impl, class Result, class... Args>
 struct operation<Operation, Result (Impl::*)(Args...)> {
     using provider = Impl;
 
+    // Calls the provider. An exception is recorded and the result is zero.
     static Result run(void* instance, Args... args) noexcept {
         try {
             return (static_cast<Impl*>(instance)->*Operation)(std::forward<Args>(args)...);
@@ -79,7 +81,7 @@ struct operation<Operation, Result (Impl::*)(Args...)> {
     static Result plain(const void*, void* instance, Args... args) noexcept {
         return run(instance, std::forward<Args>(args)...);
     }
-    // A result that is an interface pointer goes through a hidden output.
+    // An interface pointer as result is returned through a hidden output parameter.
     static void with_output(interface_pointer* out, const void*, void* instance, Args... args) noexcept {
         if constexpr (is_pair<Result>) *out = run(instance, std::forward<Args>(args)...);
     }
@@ -90,6 +92,7 @@ struct operation<Operation, Result (Impl::*)(Args...)> {
         else
             return &plain;
     }
+    // Calls the function in entry `index` of the pair's table; returns zero for a null pair.
     static Result call(const interface_pointer& target, size_t index, Args... args) {
         if (!target) return Result();
         const auto run_there =
@@ -104,6 +107,7 @@ struct operation<Operation, Result (Impl::*)(Args...)> {
     }
 };
 
+// Returns the position of an operation in a list; the largest value if it is not in the list.
 template <auto Operation, auto... Operations>
 constexpr size_t place_of(operation_list<Operations...>) {
     size_t place = 0;
@@ -114,17 +118,19 @@ constexpr size_t place_of(operation_list<Operations...>) {
     return found ? place : ~size_t{0};
 }
 
-// The entry in which the operations begin.
+// The entry of the first operation.
 template <class Impl>
 constexpr size_t first_operation = Impl::rooted_in_identity ? 1 : 2;
 
+// The function in entry 0, and in entry 1 of an interface whose base is the identity interface.
 template <class Impl>
 void identity_entry(interface_pointer* out, const void*, void* instance) noexcept {
     static_cast<Impl*>(instance)->identity(*out);
 }
 
-// The tables are not const: one source may be compiled to fill its table at the start of the library, in
-// memory that is read-only then, and another to fill it on first use, and the linker keeps one of either.
+// The tables are not const. The same table is compiled in several sources, and a compiler may initialise it
+// statically, in read-only memory, in one of them and on first use in another; the linker keeps only one of
+// them.
 template <class Impl, auto... Operations>
 const void* build_table(operation_list<Operations...>) {
     if constexpr (Impl::rooted_in_identity) {
@@ -132,7 +138,7 @@ const void* build_table(operation_list<Operations...>) {
                                 reinterpret_cast<entry>(operation<Operations>::function())...};
         return table;
     } else {
-        // The base of every such interface here is the identity interface.
+        // Here the base of every such interface is the identity interface.
         static entry table[] = {reinterpret_cast<entry>(&identity_entry<Impl>),
                                 reinterpret_cast<entry>(&identity_entry<Impl>),
                                 reinterpret_cast<entry>(operation<Operations>::function())...};
@@ -142,14 +148,15 @@ const void* build_table(operation_list<Operations...>) {
 
 } // namespace border
 
-// Returns the one table of an interface in this library, built on first use, valid until the library goes.
+// Returns the only table of an interface in this library; it is built on first use and valid until the
+// library is unloaded.
 template <class Impl>
 const void* table_of() {
     static const void* table = border::build_table<Impl>(typename Impl::operations{});
     return table;
 }
 
-// Base of a provider class; Impl is the declaring class itself. Its `query` knows the one name of Impl.
+// Base of a provider class; Impl is the declaring class itself. `query` answers only to the name of Impl.
 template <class Impl>
 class interface_of : public interface_impl {
 public:
@@ -167,10 +174,12 @@ protected:
 
 namespace border {
 
+// The types of the functions in entry 0 of the identity interface and of all other interfaces.
 using query_entry = void (*)(const void* table, void* instance, const char* name, const void** found_table,
                              void** found_instance);
 using identity_of_entry = void (*)(interface_pointer* out, const void* table, void* instance);
 
+// The only function of the identity table: sets the outputs to the interface named `name`, or to null.
 inline void answer_query(const void*, void* instance, const char* name, const void** table,
                          void** found) noexcept {
     *table = nullptr;
@@ -188,7 +197,7 @@ inline constexpr query_entry identity_table[] = {&answer_query};
 
 } // namespace border
 
-// Return the pair by which a provider is passed to others, valid as long as the provider.
+// Return the pair for passing a provider to others; valid as long as the provider.
 template <class Impl>
 interface_to<Impl> pointer_to(Impl& provider) {
     return {{table_of<Impl>(), &provider}};

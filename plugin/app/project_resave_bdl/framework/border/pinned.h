@@ -1,13 +1,13 @@
-// Published tables, written down a second time: what hosts and other bundles were compiled against.
+// A second, hand-written copy of the published tables that hosts and other bundles were compiled against.
 //
-// Each folder with interfaces has a source pinned_tables.cpp, with one list for each of them:
+// Each folder with interfaces has a source pinned_tables.cpp, with one list for each interface:
 //
 //     template struct table<button_impl, "vs_button_interface_1",
 //         slot<void(to<string_visitor_impl>), &button_impl::caption>,
 //         slot<void(), &button_impl::click>>;
 //
-// It compiles only while the interface declares this name and exactly these operations, in this order and
-// with these types. A list is written by hand and never changes: CONTRIBUTING.md says how to add one.
+// It compiles only if the interface has this name and exactly these operations, in this order and with these
+// types. A list is written by hand and never changes: CONTRIBUTING.md says how to add one.
 #pragma once
 
 #include <algorithm>
@@ -19,25 +19,26 @@
 
 namespace vs::project_resave::pinned {
 
-// A pair of pointers, by the class of its interface: another name for the pair may come to mean a newer one.
+// A pair of pointers, by the class of its interface. Lists do not use the usual alias, which may come to mean
+// a newer version.
 template <class Impl>
 using to = interface_to<Impl>;
 
-// A literal as a template argument.
+// A string literal as a template argument.
 template <size_t Size>
 struct interface_name {
     consteval interface_name(const char (&literal)[Size]) { std::copy_n(literal, Size, text); }
     char text[Size];
 };
 
-// One operation, and the signature with which it was published.
+// One operation, with the signature that was published.
 template <class Signature, auto Operation>
 struct slot;
 
 template <class Result, class... Args, auto Operation>
 struct slot<Result(Args...), Operation> {
     using provider = typename border::operation<Operation>::provider;
-    // The function in the table. A pair is returned through a hidden output.
+    // The type of the function in the table. A pair is returned through a hidden output parameter.
     using function = std::conditional_t<std::is_base_of_v<interface_pointer, Result>,
                                         void (*)(interface_pointer*, const void*, void*, Args...) noexcept,
                                         Result (*)(const void*, void*, Args...) noexcept>;
@@ -61,15 +62,15 @@ struct table_from {
                   "a pointer to the interface is not two plain words");
 };
 
-// Entry 1 is the base; the slots begin in entry 2.
+// A table whose entry 1 is the base; the slots begin in entry 2.
 template <class Impl, interface_name Name, class... Slots>
 struct table : table_from<2, Impl, Name, Slots...> {};
 
-// The slots begin in entry 1.
+// A table whose slots begin in entry 1.
 template <class Impl, interface_name Name, class... Slots>
 struct rooted_table : table_from<1, Impl, Name, Slots...> {};
 
-// True if an enumerator has the type and the value with which it was published.
+// True if an enumerator has the published type and value.
 template <auto Enumerator, auto Value>
 constexpr bool number = std::is_same_v<std::underlying_type_t<decltype(Enumerator)>,
                                        decltype(Value)>&& static_cast<decltype(Value)>(Enumerator) == Value;

@@ -1,15 +1,16 @@
 // Smart interface pointers: ref<I> keeps the object alive; weak_ref<I> does not, and becomes null when the
-// object ends.
+// object is destroyed.
 //
-// The object lists each ref by its address, so copies and moves register their own. An object that is no
-// referent is held as a plain pointer: its owner sees to its life. Main thread only.
+// The object keeps a list of the addresses of its refs, so each copy and each moved-to ref registers itself.
+// An object that is not a referent is held like a plain pointer, and its owner must keep it alive. Main
+// thread only.
 #pragma once
 
 #include "framework/border/referent.h"
 
 namespace vs::project_resave {
 
-// Finds the referent of an object: null if the object is none.
+// Returns the referent of an object; null if the object is not one.
 template <class Impl>
 struct ref_traits {
     static referent_pointer referent_of(const interface_to<Impl>& object) {
@@ -17,7 +18,7 @@ struct ref_traits {
     }
 };
 
-// A ref made without an object is null, and so is one of a null pair.
+// A smart pointer to an object. A ref made without an object, or of a null pair, is null.
 template <class Impl, bool Weak = false, class Traits = ref_traits<Impl>>
 class ref final : public referrer_impl {
 public:
@@ -40,28 +41,29 @@ public:
     }
     ~ref() { reset(); }
 
-    // Holds the new object, null to hold nothing. Joins it before it leaves the old one, so that assigning
-    // what it holds is safe.
+    // Makes the ref hold the new object, or nothing for null. It registers with the new object before it
+    // leaves the old one, so assigning the object that it already holds is safe.
     void assign(const interface_to<Impl>& object) {
         const interface_to<Impl> old = held_;
         take(object);
         leave(old);
     }
-    // Holds nothing; the object ends if no other ref keeps it alive.
+    // Makes the ref hold nothing; the object is destroyed if no other ref keeps it alive.
     void reset() {
         const interface_to<Impl> old = held_;
         held_ = {};
         leave(old);
     }
-    // Returns the object, borrowed for as long as this ref holds it; null if it holds nothing.
+    // Returns the object, borrowed for as long as this ref holds it; null if it holds none.
     const interface_to<Impl>& get() const { return held_; }
     explicit operator bool() const { return static_cast<bool>(held_); }
 
-    // Called by the object when it ends.
+    // Called by the object when it is destroyed.
     void on_referent_closed() override { held_ = {}; }
     bool keeps_alive() override { return !Weak; }
 
 private:
+    // Register with an object, and remove the registration; an object that is not a referent is ignored.
     void take(const interface_to<Impl>& object) {
         held_ = object;
         call<&referent_impl::add_referrer>(Traits::referent_of(object), pointer_to<referrer_impl>(*this));
@@ -73,20 +75,21 @@ private:
     interface_to<Impl> held_;
 };
 
-// Refers to an object that others keep alive. When the last ref goes, the object ends and notifies each
-// weak_ref, so get() never returns a pointer to an ended referent. An object that is not a referent notifies
-// nobody: reset the weak_ref before it ends. Resetting the weak_ref of a referent without any ref ends it.
+// Refers to an object that others keep alive. When the last ref is gone, the object is destroyed and notifies
+// each weak_ref, so get() never returns a pointer to a destroyed referent. An object that is not a referent
+// notifies nobody: reset the weak_ref before the object is destroyed. Resetting the weak_ref of a referent
+// without any ref destroys it.
 template <class Impl, class Traits = ref_traits<Impl>>
 using weak_ref = ref<Impl, true, Traits>;
 
-// An object that is a referent: by itself, or with the life of the referent that it wraps.
+// An object that is a referent: either itself, or by wrapping another referent whose lifetime it shares.
 class obj : public objbase {
 public:
     obj() = default;
     explicit obj(const referent_pointer& wrapped_referent) : wrapped_(wrapped_referent) {}
     // Returns the wrapped referent, otherwise this object.
     referent_pointer self() override { return wrapped_ ? wrapped_.get() : pointer_to<referent_impl>(*this); }
-    // Whoever refers to this object refers to the one whose life counts.
+    // Code that refers to this object refers to the referent that determines its lifetime.
     void query(const char* asked, const void** table, void** instance) override {
         if (std::strcmp(asked, referent_impl::name) != 0) return;
         const referent_pointer living = self();
@@ -99,7 +102,7 @@ private:
 };
 
 // A provider and a referent in one object: class x : public referent<x_impl>. `I` may also be a polymorphic
-// chain. Make it with new and take a ref at once.
+// chain. Create it with new and take a ref at once.
 template <class I>
 class referent : public I, public obj {
 public:
@@ -111,7 +114,7 @@ public:
     void identity(interface_pointer& out) override { I::identity(out); }
 };
 
-// Name of the same for a class that adds operations of its own.
+// The same under the name used by classes that add operations.
 template <class I>
 using referentbase = referent<I>;
 

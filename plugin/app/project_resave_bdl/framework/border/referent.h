@@ -1,7 +1,7 @@
-// Counted lives: a referent knows who refers to it and ends when no referrer that keeps it alive is left.
-// Code uses ref.h; these are the tables below it.
+// Reference counting: a referent knows its referrers and is destroyed when no referrer that keeps it alive is
+// left. Code uses ref.h; these are the tables below it.
 //
-// A fresh referent has no referrer: its creator takes a ref at once or deletes it. Counts are not atomic;
+// A new referent has no referrer: its creator must take a ref at once or delete it. Counts are not atomic;
 // main thread only.
 #pragma once
 
@@ -13,14 +13,14 @@
 
 namespace vs::project_resave {
 
-// Who implements: a party that holds a reference. Who calls: the referent.
+// Who implements: an object that holds a reference. Who calls: the referent.
 class referrer_impl : public interface_of<referrer_impl> {
 public:
     static constexpr const char* name = "vs_referrer_interface_1";
     static constexpr bool rooted_in_identity = true;
-    // The object is ending: forget the pointer and do not call remove_referrer.
+    // The object is being destroyed: clear the pointer and do not call remove_referrer.
     virtual void on_referent_closed() = 0;
-    // True if the object must not end while this referrer is on its list; false for a weak one.
+    // True if the object must live while this referrer is on its list; false for a weak referrer.
     virtual bool keeps_alive() = 0;
     using operations = operation_list<&referrer_impl::on_referent_closed, &referrer_impl::keeps_alive>;
 
@@ -29,16 +29,16 @@ protected:
 };
 using referrer_pointer = interface_to<referrer_impl>;
 
-// Who implements: an object whose life is counted. Who calls: code that refers to it.
+// Who implements: an object with a reference count. Who calls: code that refers to it.
 class referent_impl : public interface_of<referent_impl> {
 public:
     static constexpr const char* name = "vs_referent_interface_1";
     static constexpr bool rooted_in_identity = true;
-    // Appends the referrer, which must stay valid until it is removed or the object ends. Returns the number
-    // of referrers after that.
+    // Appends the referrer, which must stay valid until it is removed or the object is destroyed. Returns the
+    // number of referrers after that.
     virtual uint32_t add_referrer(referrer_pointer referrer) = 0;
-    // Removes the first equal referrer, if there is one; then the object ends if no referrer that is left
-    // keeps it alive. A null referrer on the list counts as one that does.
+    // Removes the first equal referrer, if there is one. Then the object is destroyed unless a remaining
+    // referrer keeps it alive. A null referrer on the list counts as one that does.
     virtual void remove_referrer(referrer_pointer referrer) = 0;
     using operations = operation_list<&referent_impl::add_referrer, &referent_impl::remove_referrer>;
 
@@ -47,7 +47,7 @@ protected:
 };
 using referent_pointer = interface_to<referent_impl>;
 
-// Base of referents made with new: the list of referrers and the end of the object.
+// Base of referents made with new: keeps the list of referrers and destroys the object.
 class objbase : public referent_impl {
 public:
     objbase() = default;
@@ -56,16 +56,16 @@ public:
 
     uint32_t add_referrer(referrer_pointer referrer) override;
     void remove_referrer(referrer_pointer referrer) override;
-    // Returns the referent whose life counts for this object.
+    // Returns the referent that determines this object's lifetime.
     virtual referent_pointer self() = 0;
-    // The same as an output. Kept for other bundles; nothing here calls it.
+    // Does the same with an output parameter. Kept for other bundles; nothing here calls it.
     virtual void as_referent(referent_pointer& out);
-    // Calls on_referent_closed() of each referrer that is left.
+    // Calls on_referent_closed() of each remaining referrer.
     virtual ~objbase();
 
 private:
     std::list<referrer_pointer> referrers_;
-    bool closing_ = false; // no removal destroys the object a second time
+    bool closing_ = false; // set while the object is being destroyed, so that no removal destroys it again
 };
 
 inline uint32_t objbase::add_referrer(referrer_pointer referrer) {

@@ -1,5 +1,5 @@
 // Adapters for host functions that assign a text to the caller's string. Code calls host_string; the adapters
-// live on the stack, for one call of the host. Main thread only.
+// live on the stack for one call of the host. Main thread only.
 #pragma once
 
 #include <utility>
@@ -10,28 +10,28 @@
 
 namespace vs::project_resave {
 
-// Holds the host's adapter for the life of one call.
+// Holds the host's adapter for the duration of one call.
 class Tvs_string_adapter_base {
 public:
     Tvs_string_adapter_base() : handle_(vs_string_adp_create(&assign_text, &text_of, this)) {}
     Tvs_string_adapter_base(const Tvs_string_adapter_base&) = delete;
     Tvs_string_adapter_base& operator=(const Tvs_string_adapter_base&) = delete;
-    // The host passes a text, borrowed for the call; null counts as empty.
+    // Called by the host with a text, borrowed for the call; null counts as empty.
     virtual void assign(const char16_t* text) = 0;
-    // The host reads the string; the result is valid until the string changes.
+    // Called by the host to read the string; the result is valid until the string changes.
     virtual const char16_t* text() = 0;
-    // Converts to the handle, the last argument of a host function; null if the host could not make it.
+    // Converts to the handle, the last argument of a host function; null if the host could not create it.
     operator vs_string_adp*() const { return handle_; }
 
 protected:
     ~Tvs_string_adapter_base() { vs_string_adp_destroy(handle_); }
 
 private:
-    // Called by the host: nothing may leave but by return.
+    // Called by the host, so no exception may leave.
     static void assign_text(void* adapter, const char16_t* text) noexcept {
         try {
             static_cast<Tvs_string_adapter_base*>(adapter)->assign(text);
-        } catch (...) { // out of memory: the string stays as it was
+        } catch (...) { // out of memory: the string stays unchanged
             record_caught("string adapter");
         }
     }
@@ -47,7 +47,7 @@ private:
     vs_string_adp* handle_;
 };
 
-// Assigns to a string of the caller, which must outlive the adapter.
+// Assigns the text to a string of the caller, which must outlive the adapter.
 class Tvs_std_wstring_adapter final : public Tvs_string_adapter_base {
 public:
     explicit Tvs_std_wstring_adapter(wide_string& target) : string_(&target) {}
@@ -58,8 +58,8 @@ private:
     wide_string* string_;
 };
 
-// Calls a host function whose last argument is an adapter, and returns the text that it assigned; empty if it
-// assigned none.
+// Calls a host function whose last argument is an adapter, and returns the text that the function assigned;
+// empty if it assigned none.
 template <class Function, class... Args>
 wide_string host_string(Function function, Args... args) {
     wide_string text;

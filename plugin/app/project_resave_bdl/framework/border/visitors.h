@@ -1,8 +1,8 @@
-// Visitors: how a value of variable length comes back over the border.
+// Visitors: how a result of variable length is returned across the border.
 //
 // Who implements: the caller of an operation, with an object on its stack. Who calls: the other side, before
 // the operation returns and never later: once for a single value, once for each element of a list, not at all
-// if there is nothing. What a visitor receives is borrowed for that call. Main thread only.
+// if there is no value. What a visitor receives is borrowed for that call. Main thread only.
 #pragma once
 
 #include <cstdint>
@@ -18,7 +18,7 @@ namespace vs::project_resave {
 class string_visitor_impl : public interface_of<string_visitor_impl> {
 public:
     static constexpr const char* name = "vs_string_visitor_interface_0";
-    // Receives wide text that ends with a zero; a null pointer counts as the empty text.
+    // Receives zero-terminated wide text; a null pointer counts as the empty text.
     virtual void visit(const char16_t* text) = 0;
     using operations = operation_list<&string_visitor_impl::visit>;
 
@@ -27,7 +27,7 @@ protected:
 };
 using string_visitor = interface_to<string_visitor_impl>;
 
-// Passes a text to a visitor; of a text with a zero in it the part before. A null visitor receives nothing.
+// Passes a text to a visitor, up to the first embedded zero. A null visitor is ignored.
 inline void tell(const string_visitor& visitor, const wide_string& text) {
     call<&string_visitor_impl::visit>(visitor, text.c_str());
 }
@@ -35,8 +35,8 @@ inline void tell(const string_visitor& visitor, const wide_string& text) {
 // Returns a copy of the text; empty for null.
 inline wide_string text_or_empty(const char16_t* text) { return text ? wide_string(text) : wide_string(); }
 
-// Keeps the last text that it receives in a string of the caller, which must outlive it and is unchanged if
-// nothing is received.
+// Stores the last text that it receives in a string of the caller, which must outlive it. The string is
+// unchanged if no text is received.
 class stdwstring_visitor final : public string_visitor_impl {
 public:
     explicit stdwstring_visitor(wide_string& target) : text_(target) {}
@@ -47,7 +47,7 @@ private:
     wide_string& text_;
 };
 
-// Appends each text to a list of the caller.
+// Appends each text to a list of the caller, which must outlive it.
 class stdwstring_list_visitor final : public string_visitor_impl {
 public:
     explicit stdwstring_list_visitor(std::vector<wide_string>& target) : texts_(target) {}
@@ -58,7 +58,8 @@ private:
     std::vector<wide_string>& texts_;
 };
 
-// Inserts each text into a set of the caller. Kept for other bundles; nothing here calls it.
+// Inserts each text into a set of the caller, which must outlive it. Kept for other bundles; nothing here
+// calls it.
 class stdwstring_set_visitor final : public string_visitor_impl {
 public:
     explicit stdwstring_set_visitor(std::set<wide_string>& target) : texts_(target) {}
@@ -73,7 +74,7 @@ private:
 class bytes_visitor_impl : public interface_of<bytes_visitor_impl> {
 public:
     static constexpr const char* name = "vs_bytes_visitor_interface_0";
-    // Receives one byte for each pixel. `row` is the row to be read first, `stride` the step to the next one
+    // Receives one byte for each pixel. `row` is the first row to read, `stride` the distance to the next row
     // in bytes, which can be negative; sizes are in pixels.
     virtual void visit(const uint8_t* row, int32_t stride, uint32_t width, uint32_t height) = 0;
     using operations = operation_list<&bytes_visitor_impl::visit>;

@@ -1,3 +1,5 @@
+// Collects the pictures of layer types from all services that define them.
+
 #include "framework/resources/layer_type_loader.h"
 
 #include <algorithm>
@@ -16,7 +18,7 @@ namespace vs::project_resave {
 
 namespace {
 
-// Collects services ordered by their pointer, so that one seen under two ids counts once.
+// Keyed by the service's pointer, so that a service found under two ids counts once.
 class layer_type_serivce final
     : public polymorphic<layer_type_service_visitor_impl, polymorphic<service_visitor_impl>> {
 public:

@@ -1,4 +1,4 @@
-// Pictures of layer types, as the services of the scene kinds know them.
+// The pictures of layer types, as the services of the scene kinds define them. Main thread only.
 #pragma once
 
 #include <string>
@@ -8,6 +8,7 @@
 
 namespace vs::project_resave {
 
+// A layer type and its picture, which is empty if the service has none.
 struct layer_type_bitmap {
     std::string layer_type;
     resource::masked_bitmap bitmap;
@@ -15,12 +16,13 @@ struct layer_type_bitmap {
 
 class layer_type_loader {
 public:
-    // Asks the services registered under each id, such as "vestra/scene/2d". The first row of a type wins.
+    // Returns the types of the services registered under each id, such as "vestra/scene/2d". If a type occurs
+    // several times, the first one is used.
     static std::vector<layer_type_bitmap> load(const std::vector<wide_string>& ids);
 };
 
-// Place of the layer's type in the list, or -1; also -1 for a null layer.
-// Kept for other bundles; nothing here calls it.
+// Returns the index of the layer's type in the list; -1 if it is not there, and for a null layer. Kept for
+// other bundles; nothing here calls it.
 int32_t layer_type_index(const std::vector<layer_type_bitmap>& types, vs_lr* layer);
 
 } // namespace vs::project_resave

@@ -1,3 +1,6 @@
+// Decodes pictures and passes them across the border. Rows are stored from the bottom up and passed from the
+// top down with a negative stride, which receivers must handle.
+
 #include "framework/resources/resource_bitmap.h"
 
 #include <algorithm>
@@ -11,7 +14,7 @@ namespace {
 
 constexpr size_t colour_bytes = 3;
 
-// Copies a plane, given row by row from the one it is told first, into a top-down buffer without padding.
+// Copies a plane, received row by row starting with the first one, into a top-down buffer without padding.
 template <class Visitor, size_t Bytes>
 class plane_reader final : public Visitor {
 public:
@@ -25,7 +28,7 @@ private:
     std::vector<uint8_t>& target_;
 };
 
-// Takes over the picture that the localizer hands out.
+// Copies the picture that the localizer passes.
 class picture_taker final : public masked_bitmap_visitor_impl {
 public:
     explicit picture_taker(platform::image& target) : picture_(target) {}
@@ -52,6 +55,7 @@ platform::image find_picture(const string_key& key, loader load) {
         call<&localizer_impl::bitmap>(found, key.module.value, key.id,
                                       pointer_to<masked_bitmap_visitor_impl>(taker));
         const size_t pixels = size_t{picture.width} * picture.height;
+        // A localizer of another library may pass planes of other sizes than it reported.
         if (picture.colour.size() != colour_bytes * pixels || picture.mask.size() != pixels) picture = {};
     } else if (!load(key.module, key.id + vs_res_get_lng(), picture)) {
         load(key.module, key.id, picture);
@@ -66,7 +70,7 @@ void reverse_rows(std::vector<uint8_t>& plane, size_t row_bytes, uint32_t height
                          plane.begin() + static_cast<ptrdiff_t>(--lower * row_bytes));
 }
 
-// The pointer stands at the last row in memory, which is the top one, and the stride leads back.
+// The pointer is at the last row in memory, which is the top one, and the stride leads backwards.
 template <class Impl>
 void hand_over(const std::vector<uint8_t>& plane, size_t row_bytes, uint32_t width, uint32_t height,
                const interface_to<Impl>& visitor) {

@@ -1,4 +1,5 @@
-// Pictures of the bundle's resources, decoded, in the form in which they cross the border.
+// Pictures from the bundle's resources, decoded, in the form in which they cross the border. Main thread
+// only.
 #pragma once
 
 #include "framework/resources/strings.h"
@@ -7,10 +8,11 @@
 
 namespace vs::project_resave::resource {
 
-// Owns one decoded picture; one that was not found has width 0 and calls no visitor.
+// Owns one decoded picture. A picture that was not found has width 0 and calls no visitor.
 class masked_bitmap final : public masked_bitmap_impl {
 public:
     masked_bitmap() = default;
+    // Takes a decoded picture, with its rows from the top down.
     explicit masked_bitmap(platform::image decoded);
 
     uint32_t width() override { return picture_.width; }
@@ -19,25 +21,25 @@ public:
     void visit_mask(bytes_visitor visitor) override;
 
 private:
-    platform::image picture_; // bottom-up, unlike what was decoded
+    platform::image picture_; // rows from the bottom up
 };
 
 } // namespace vs::project_resave::resource
 
 namespace vs::project_resave {
 
-// A colour of a picture's background, as red, green, blue.
+// The background colour of a picture, which becomes transparent.
 struct mask_colour {
     uint8_t red, green, blue;
 };
 
-// The picture in the present language, else in the base one; through the localizer if there is one, like
-// texts. A whole bitmap is opaque; with a mask colour the pixels of that colour are transparent.
-// Kept for other bundles; nothing here calls it.
+// Return the picture in the current language, else in the base language; or from the localizer if there is
+// one, like texts. The picture is opaque; with a mask colour, the pixels of that colour are transparent.
+// `load_bitmap` is kept for other bundles; nothing here calls it.
 resource::masked_bitmap load_bitmap(const string_key& key);
 resource::masked_bitmap load_bitmap_with_mask(const string_key& key, const mask_colour& transparent);
-// An icon, or failing that a cursor, with its own mask.
-// Kept for other bundles; nothing here calls it.
+// Returns an icon with its mask, or a cursor if there is no such icon. Kept for other bundles; nothing here
+// calls it.
 resource::masked_bitmap load_icon(const string_key& key);
 
 } // namespace vs::project_resave

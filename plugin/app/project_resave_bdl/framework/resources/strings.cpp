@@ -1,3 +1,5 @@
+// Looks up texts by number, in the host's current language or else in the base language.
+
 #include "framework/resources/strings.h"
 
 #include "framework/border/ref.h"
@@ -13,7 +15,7 @@ weak_ref<localizer_impl>& localizer_in_force() {
     return found;
 }
 
-// A row need not end in a zero, and may hold one that is not part of its text.
+// A row need not end in a zero, and may have an embedded zero, which ends its text.
 void tell_row(const string_visitor& visitor, wide_view row) {
     if (row.back() == 0)
         call<&string_visitor_impl::visit>(visitor, row.data());

@@ -1,5 +1,5 @@
-// Names of the texts that the bundle shows or logs: one for each row in texts/, with the row's number as its
-// value.
+// Names of the texts that the bundle shows or logs: one for each row in texts/. Its value is the row's
+// number.
 #pragma once
 
 #include <cstdint>
@@ -12,7 +12,7 @@ namespace vs::project_resave::text {
 // NOLINTEND(bugprone-macro-parentheses)
 
 enum row : int32_t {
-    // Rows of the host's library, which are asked for by their negative number.
+    // Rows of the host's library, looked up by their negative number.
     host_run = -101,
     host_close = -102,
 

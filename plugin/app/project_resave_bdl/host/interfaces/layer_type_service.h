@@ -1,8 +1,8 @@
-// Services registered under "vestra/scene/2d" and "vestra/scene/3d": which layer types there are, with their
-// pictures. The selection shows next to a layer the picture of its type.
+// Services registered under "vestra/scene/2d" and "vestra/scene/3d": the layer types that exist, with their
+// pictures. The selection tree shows the picture of a layer's type next to the layer.
 //
-// Who implements: a bundle that brings layer types, as a referent that ends with its library. Who calls: any
-// bundle that shows layers; it asks for all types in one go and keeps copies. Main thread only.
+// Who implements: a bundle that defines layer types, as a referent that lives until its library is unloaded.
+// Who calls: any bundle that shows layers; it asks for all types at once and keeps copies. Main thread only.
 #pragma once
 
 #include "framework/border/interface.h"
@@ -14,11 +14,11 @@ public:
     static constexpr const char* name = "vs_layer_type_service_interface_1";
     // Returns the number of types; indexes run from 0.
     virtual uint32_t type_count() = 0;
-    // Returns a layer type as narrow text, compared with letter case; valid as long as the service. A null
-    // type is passed over; of several rows with one type the first counts.
+    // Returns a layer type as narrow text, compared with letter case; valid as long as the service. Callers
+    // skip a null type; if several rows have the same type, the first counts.
     virtual const char* type_name(uint32_t index) = 0;
-    // Returns a new picture of the type, all of it opaque, for the caller to destroy by vs_dib_destroy. Null
-    // if there is no picture.
+    // Returns a new picture of the type, opaque throughout; the caller destroys it by vs_dib_destroy. Null if
+    // there is no picture.
     virtual vs_dib* picture(uint32_t index) = 0;
     using operations = operation_list<&layer_type_service_impl::type_count,
                                       &layer_type_service_impl::type_name, &layer_type_service_impl::picture>;

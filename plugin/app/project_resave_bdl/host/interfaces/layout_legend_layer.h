@@ -1,7 +1,7 @@
 // The plug-in of a legend in a layout. Its identity is what vs_layout_lr2d_get_plugin_interface points to.
 //
-// Who implements: the plug-in that draws the legend. Who calls: the resave. It belongs to the layer, ends
-// with it, and is no referent: do not keep it. Main thread only.
+// Who implements: the plug-in that draws the legend. Who calls: the resave. The object belongs to the layer
+// and is destroyed with it. It is not a referent, so do not keep it. Main thread only.
 #pragma once
 
 #include "framework/border/interface.h"

@@ -1,9 +1,9 @@
 // The host's own look-up of texts and pictures, offered as the service "vestra/localizer". While a bundle is
-// connected to it, the bundle asks the localizer instead of its own resources, and the answer is final: what
-// the localizer does not have stays empty.
+// connected, it asks the localizer instead of its own resources. The answer is final: what the localizer does
+// not have stays empty.
 //
-// Order of calls: the bundle finds the service, connects a client, is given the localizer, uses it, and
-// disconnects before the client ends. Main thread only.
+// Order of calls: the bundle finds the service, connects a client, receives the localizer, uses it, and
+// disconnects before the client is destroyed. Main thread only.
 #pragma once
 
 #include "host/interfaces/masked_bitmap.h"
@@ -27,13 +27,13 @@ protected:
 };
 using localizer = interface_to<localizer_impl>;
 
-// Who implements: a bundle that uses the localizer. Who calls: the service. The client is no referent: the
-// bundle disconnects it before it ends.
+// Who implements: a bundle that uses the localizer. Who calls: the service. The client is not a referent: the
+// bundle disconnects it before destroying it.
 class localizer_client_impl : public interface_of<localizer_client_impl> {
 public:
     static constexpr const char* name = "vs_localizer_client_interface_0";
-    // Called during connect, and again whenever the localizer changes; null when it ends. The bundle keeps no
-    // ref that would hold it alive.
+    // Called during connect, and again whenever the localizer changes, with null when it is destroyed. The
+    // bundle keeps no ref, which would keep the localizer alive.
     virtual void set_localizer(localizer current) = 0;
     using operations = operation_list<&localizer_client_impl::set_localizer>;
 
@@ -48,7 +48,7 @@ public:
     static constexpr const char* name = "vs_localizer_service_interface_1";
     // Adds a client and calls its set_localizer at once.
     virtual void connect(localizer_client client) = 0;
-    // Removes a connected client, which is not called any more.
+    // Removes a connected client, which is not called after that.
     virtual void disconnect(localizer_client client) = 0;
     using operations = operation_list<&localizer_service_impl::connect, &localizer_service_impl::disconnect>;
 

@@ -1,7 +1,7 @@
 // A picture with a mask, as it is passed between libraries, and the visitor that receives one.
 //
-// Who implements: code that has a picture. Who calls: code that receives it, and only during the call in
-// which it does: pixels are copied, the picture is not kept. Main thread only.
+// Who implements: code that has a picture. Who calls: code that receives one, and only during the call in
+// which it receives it: it copies the pixels and does not keep the picture. Main thread only.
 #pragma once
 
 #include "framework/border/visitors.h"
@@ -11,15 +11,15 @@ namespace vs::project_resave {
 class masked_bitmap_impl : public interface_of<masked_bitmap_impl> {
 public:
     static constexpr const char* name = "vs_masked_bitmap_interface_0";
-    // Returns the pixels in a row; 0 for a picture that was not found.
+    // Returns the width in pixels; 0 for a picture that was not found.
     virtual uint32_t width() = 0;
-    // Returns the number of rows; 0 for a picture that was not found.
+    // Returns the height in rows; 0 for a picture that was not found.
     virtual uint32_t height() = 0;
     // Passes the colours, in one call: three bytes for each pixel, blue, green, red. Does not call the
     // visitor if the picture is empty.
     virtual void visit_pixels(thrice_interleaved_bytes_visitor visitor) = 0;
-    // Passes the mask in the same way: one byte for each pixel, 0 transparent, 255 opaque. The row that is
-    // passed first is the top one; the stride leads to the next and may be negative.
+    // Passes the mask in the same way: one byte for each pixel, 0 transparent, 255 opaque. The row passed
+    // first is the top one. The stride, in bytes, leads to the next row and may be negative.
     virtual void visit_mask(bytes_visitor visitor) = 0;
     using operations = operation_list<&masked_bitmap_impl::width, &masked_bitmap_impl::height,
                                       &masked_bitmap_impl::visit_pixels, &masked_bitmap_impl::visit_mask>;

@@ -1,4 +1,4 @@
-// The tables of host/interfaces/ as they were published.
+// A copy of the published tables of host/interfaces/; see framework/border/pinned.h.
 #include "framework/border/pinned.h"
 #include "host/interfaces/layer_type_service.h"
 #include "host/interfaces/layout_legend_layer.h"
@@ -11,7 +11,7 @@
 
 namespace vs::project_resave::pinned {
 
-// One slot to a line.
+// One slot per line.
 // clang-format off
 
 template struct table<layer_type_service_impl, "vs_layer_type_service_interface_1",

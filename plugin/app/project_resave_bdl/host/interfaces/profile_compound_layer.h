@@ -1,14 +1,15 @@
 // The plug-in of a compound profile layer. Its identity is what vs_lr2d_get_plugin_interface points to.
 //
-// Who implements: the plug-in that draws the layer. Who calls: the resave, which needs the members and
-// nothing else. It belongs to the layer, ends with it, and is no referent: do not keep it. Main thread only.
+// Who implements: the plug-in that draws the layer. Who calls: the resave, which needs only the members. The
+// object belongs to the layer and is destroyed with it. It is not a referent, so do not keep it. Main thread
+// only.
 #pragma once
 
 #include "framework/border/visitors.h"
 
 namespace vs::project_resave {
 
-// The reserved entries hold the place of the plug-in's own operations: never call them.
+// The reserved entries are the plug-in's own operations: never call them.
 class profil_cmpnd_lr2d_impl : public interface_of<profil_cmpnd_lr2d_impl> {
 public:
     static constexpr const char* name = "vs_profil_cmpnd_lr2d_interface_3";

@@ -1,4 +1,4 @@
-// What every visitor implements that looks for services in the host's registry.
+// The interface of every visitor that looks for services in the host's registry.
 //
 // Who implements: code that looks for services, for one call of vs_service_registry_with_services. Who calls:
 // the registry, during that call and never later. Main thread only.
@@ -12,7 +12,7 @@
 
 namespace vs::project_resave {
 
-// Without operations: it marks an object as a visitor of services.
+// Has no operations: it only marks an object as a visitor of services.
 class service_visitor_impl : public interface_of<service_visitor_impl> {
 public:
     static constexpr const char* name = "vs_service_visitor_interface_0";

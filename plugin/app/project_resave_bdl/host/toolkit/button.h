@@ -1,4 +1,4 @@
-// A button inside of a window.
+// A button inside a window.
 //
 // Who implements: the bundle. Who calls: the host. The object is an element too: host/toolkit/element.h says
 // how long it lives and how it reports a change. Main thread only.
@@ -16,8 +16,8 @@ public:
     virtual void caption(string_visitor visitor) = 0;
     // Passes a sentence for a hint; empty for no hint. It never changes.
     virtual void hint(string_visitor visitor) = 0;
-    // The user pressed the button. Does the work of the button before it returns, which can take long and
-    // show message boxes and dialogs.
+    // The user pressed the button. Does the button's work before it returns, which can take long and show
+    // message boxes and dialogs.
     virtual void click() = 0;
     using operations = operation_list<&button_impl::caption, &button_impl::hint, &button_impl::click>;
 

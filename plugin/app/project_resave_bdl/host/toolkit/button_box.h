@@ -1,4 +1,4 @@
-// The row of buttons that runs and closes a window.
+// The row of buttons that starts the work of a window and closes it.
 //
 // Who implements: the bundle. Who calls: the host. The object is an element too: host/toolkit/element.h says
 // how long it lives and how it reports a change. Main thread only.
@@ -21,9 +21,9 @@ public:
     // Returns the button's code: 1, 2 and 32 do the work of the window, 4, 8 and 64 only close it. 0 for an
     // index past the last.
     virtual int32_t entry_code(uint32_t index) = 0;
-    // The user pressed the button with this code. Returns true if the host is to close the window. A code
-    // that no button has does nothing and returns false. A button that does work finishes it before it
-    // returns, which can take long and show message boxes and dialogs.
+    // The user pressed the button with this code. Returns true if the host must close the window. An unknown
+    // code does nothing and returns false. A button that does work finishes it before it returns, which can
+    // take long and show message boxes and dialogs.
     virtual bool click(int32_t code) = 0;
     using operations = operation_list<&button_box_impl::entry_count, &button_box_impl::entry_text,
                                       &button_box_impl::entry_code, &button_box_impl::click>;

@@ -10,7 +10,7 @@
 
 namespace vs::project_resave {
 
-// The toolkit's own numbers, which are not those of vs_three_state.
+// The toolkit's own numbers, different from those of vs_three_state.
 enum class checkbox_state : uint32_t { unchecked = 0, checked = 2 };
 
 class checkbox_impl : public interface_of<checkbox_impl> {
@@ -21,8 +21,8 @@ public:
     virtual void caption(string_visitor visitor) = 0;
     // Returns the current state; it can change without the user.
     virtual checkbox_state state() = 0;
-    // The user set the box to this state; any number but `checked` unchecks it. The current state changes
-    // nothing. Other elements may change too and report that to their observers.
+    // The user set the box to this state; any number except `checked` unchecks it. Setting the current state
+    // changes nothing. Other elements may change too and report that to their observers.
     virtual void state_entered(checkbox_state state) = 0;
     using operations =
         operation_list<&checkbox_impl::caption, &checkbox_impl::state, &checkbox_impl::state_entered>;

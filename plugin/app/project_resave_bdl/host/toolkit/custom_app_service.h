@@ -2,8 +2,8 @@
 // "vestra/app/project_resave_app", and opens it in a window.
 //
 // Order of calls: to open the tool, the host calls hand_over_main_element, takes a ref to the docker and
-// passes its window to the docker's set_parent. To close it, the host passes null to set_parent and drops the
-// ref. The elements keep their state for the next time. Main thread only.
+// passes its window to the docker's set_parent. To close it, the host passes null to set_parent and releases
+// the ref. The elements keep their state until the tool is opened again. Main thread only.
 #pragma once
 
 #include "host/toolkit/docker.h"
@@ -14,8 +14,8 @@ namespace vs::project_resave {
 class main_element_visitor_impl : public interface_of<main_element_visitor_impl> {
 public:
     static constexpr const char* name = "vs_main_element_visitor_interface_1";
-    // Receives what the window shows, a referent, and the name under which the host keeps the window's size
-    // and place. Both are borrowed for the call: the host takes a ref to `content`.
+    // Receives what the window shows, a referent, and the name under which the host stores the window's size
+    // and position. Both are borrowed for the call: the host takes a ref to `content`.
     virtual void visit(const char16_t* window_name, docker content) = 0;
     using operations = operation_list<&main_element_visitor_impl::visit>;
 

@@ -1,5 +1,5 @@
-// The content of a window, a dialog or a page: a title, one main element, and the buttons of the window. As
-// an element it can also be a child of another one.
+// The content of a window, a dialog or a page: a title, one main element, and the window's buttons. As an
+// element it can also be a child of another element.
 //
 // Who implements: the bundle. Who calls: the host. The object is an element too: host/toolkit/element.h says
 // how long it lives and how it reports a change. Main thread only.
@@ -19,12 +19,12 @@ public:
     virtual void description(string_visitor visitor) = 0;
     // Returns the element that fills the docker, valid as long as the docker.
     virtual element main_element() = 0;
-    // Returns the button box of a window or dialog, valid as long as the docker. Null if the host is to add
-    // its own OK and cancel.
+    // Returns the button box of a window or dialog, valid as long as the docker. Null if the host must add
+    // its own OK and cancel buttons.
     virtual element buttons() = 0;
     // Sets the window that shows the docker, which keeps a ref to it; null before the window closes. What the
-    // docker shows can end then, such as a loaded project. Need not be called for the docker of a dialog or
-    // of a page.
+    // docker shows, such as a loaded project, may be destroyed then. Need not be called for the docker of a
+    // dialog or of a page.
     virtual void set_parent(identity_pointer window) = 0;
     using operations =
         operation_list<&docker_impl::title, &docker_impl::description, &docker_impl::main_element,

@@ -1,4 +1,4 @@
-// A label with a drop-down list, of which at most one row is current and shown.
+// A label with a drop-down list. At most one row is current, and it is the one shown.
 //
 // Who implements: the bundle. Who calls: the host. The object is an element too: host/toolkit/element.h says
 // how long it lives and how it reports a change. Main thread only.
@@ -23,8 +23,8 @@ public:
     virtual void row_text(uint32_t index, string_visitor visitor) = 0;
     // Returns the current row; `no_row` if there is none.
     virtual uint32_t current_row() = 0;
-    // The user chose this row, which becomes the current one; after `no_row` no row is current. Another index
-    // past the last changes nothing.
+    // The user chose this row, which becomes the current one; with `no_row`, no row is current. Any other
+    // index past the last changes nothing.
     virtual void row_chosen(uint32_t index) = 0;
     using operations =
         operation_list<&dropdownex_impl::label, &dropdownex_impl::row_count, &dropdownex_impl::row_text,

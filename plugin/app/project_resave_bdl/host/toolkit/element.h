@@ -1,4 +1,4 @@
-// What every element of a window implements, whatever it is, and how it reports that it has changed.
+// The interface that every element of a window implements, and how an element reports that it has changed.
 //
 // The host never knows an element's class. It gets a pair of pointers, asks for the kind, casts the element
 // to the interfaces that it can draw (framework/border/interface.h), asks these for everything they have, and
@@ -17,13 +17,13 @@ class element_impl;
 using element = interface_to<element_impl>;
 
 // Who implements: the host. Who calls: the element. It must outlive the connection or be a referent: an
-// element keeps no ref that would hold it alive.
+// element keeps no ref, which would keep the observer alive.
 class element_observer_impl : public interface_of<element_observer_impl> {
 public:
     static constexpr const char* name = "vs_element_observer_interface_1";
-    // Something that `which` returns has changed: ask it again. Called after the change, and not if a value
-    // was set to what it was. May come during an event that the host sends, to this element or to another
-    // one.
+    // A value that `which` returns has changed, so the host must ask for it again. Called after the change,
+    // and not if a value was set to what it already was. May be called during an event that the host sends to
+    // this element or to another one.
     virtual void on_changed(element which) = 0;
     using operations = operation_list<&element_observer_impl::on_changed>;
 
@@ -36,13 +36,13 @@ using element_observer = interface_to<element_observer_impl>;
 class element_impl : public interface_of<element_impl> {
 public:
     static constexpr const char* name = "vs_element_interface_1";
-    // Passes what the element is, the `element_kind` of its interface; never changes.
+    // Passes the kind of the element, which is the `element_kind` of its interface; never changes.
     virtual void kind(string_visitor visitor) = 0;
-    // False if the element is to be drawn as disabled. The host sends it no events then.
+    // False if the element must be drawn as disabled; then the host sends it no events.
     virtual bool enabled() = 0;
-    // False if the element is not to be drawn. It keeps its place in its layout.
+    // False if the element must not be drawn. It keeps its place in its layout.
     virtual bool visible() = 0;
-    // Connects the element's one observer, in place of an earlier one; null ends the connection.
+    // Connects the element's only observer, replacing an earlier one; null ends the connection.
     virtual void set_observer(element_observer observer) = 0;
     using operations = operation_list<&element_impl::kind, &element_impl::enabled, &element_impl::visible,
                                       &element_impl::set_observer>;

@@ -21,13 +21,13 @@ public:
     virtual file_input_mode mode() = 0;
     // Passes the filter of the host's dialog as "words|pattern"; empty for all files.
     virtual void filter(string_visitor visitor) = 0;
-    // Passes the words on the button; empty for the host's own words.
+    // Passes the caption of the button; empty for the host's own caption.
     virtual void button_caption(string_visitor visitor) = 0;
     // Passes the text in the field: a path, or the empty text.
     virtual void text(string_visitor visitor) = 0;
-    // The user typed or chose this text; an empty one counts too, and null counts as empty. Returns false if
-    // the bundle refuses it: the host then shows again what `text` passes, which the refusal may have
-    // changed. Can take long, as when it loads a project, and show message boxes.
+    // The user typed or chose this text. An empty text counts too, and null counts as empty. Returns false if
+    // the bundle refuses it; then the host shows again what `text` passes, which may have changed. Can take
+    // long, for example when it loads a project, and can show message boxes.
     virtual bool text_entered(const char16_t* entered) = 0;
     using operations =
         operation_list<&file_input_impl::mode, &file_input_impl::filter, &file_input_impl::button_caption,

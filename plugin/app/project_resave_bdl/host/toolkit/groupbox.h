@@ -1,4 +1,4 @@
-// A frame with a caption. The element also implements grid_layout, which has what is inside the frame.
+// A frame with a caption. The element also implements grid_layout, which describes the content of the frame.
 //
 // Who implements: the bundle. Who calls: the host. The object is an element too: host/toolkit/element.h says
 // how long it lives and how it reports a change. Main thread only.
@@ -12,7 +12,7 @@ class groupbox_impl : public interface_of<groupbox_impl> {
 public:
     static constexpr const char* name = "vs_groupbox_interface_1";
     static constexpr const char16_t* element_kind = u"groupbox";
-    // Passes the words on the frame; empty for a frame without words. They never change.
+    // Passes the caption of the frame; empty for a frame without caption. It never changes.
     virtual void caption(string_visitor visitor) = 0;
     using operations = operation_list<&groupbox_impl::caption>;
 

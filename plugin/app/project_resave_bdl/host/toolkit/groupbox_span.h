@@ -1,5 +1,5 @@
-// A frame with a caption, around a grid with cells over several columns. The element also implements
-// groupbox, grid_layout and grid_span_layout, which have all of it; this interface only marks the kind.
+// A frame with a caption around a grid with cells that span columns. The element also implements groupbox,
+// grid_layout and grid_span_layout, which have all the operations; this interface only marks the kind.
 //
 // Who implements: the bundle. Who calls: the host. The object is an element too: host/toolkit/element.h says
 // how long it lives and how it reports a change. Main thread only.

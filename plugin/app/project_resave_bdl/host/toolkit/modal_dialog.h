@@ -1,8 +1,8 @@
 // Modal dialogs of a bundle: the service by which the host finds each, and the runner that shows them.
 //
-// Order of calls: once the bundles are loaded, the host looks for the services under "vestra/modal_dialog",
-// installs its runner in the dialog of each, and removes it by null before the runner ends. In between the
-// bundle calls the runner whenever it needs a dialog. Main thread only.
+// Order of calls: once the bundles are loaded, the host looks for the services under "vestra/modal_dialog"
+// and installs its runner in each dialog. It removes the runner, by passing null, before destroying it. In
+// between, the bundle calls the runner whenever it needs a dialog. Main thread only.
 #pragma once
 
 #include <cstdint>
@@ -12,12 +12,12 @@
 namespace vs::project_resave {
 
 // Who implements: the host. Who calls: the bundle. It must outlive the connection or be a referent: a dialog
-// keeps no ref that would hold it alive.
+// keeps no ref, which would keep the runner alive.
 class dialog_runner_impl : public interface_of<dialog_runner_impl> {
 public:
     static constexpr const char* name = "vs_dialog_runner_interface_1";
-    // Shows the docker in a modal window until the user closes it. Returns 0 if the user cancelled it or it
-    // could not be shown, any other number if it was accepted. The docker is borrowed for the call.
+    // Shows the docker in a modal window until the user closes it. Returns 0 if the user cancelled or the
+    // window could not be shown, any other number if the user accepted. The docker is borrowed for the call.
     virtual int32_t run(docker content) = 0;
     using operations = operation_list<&dialog_runner_impl::run>;
 
@@ -30,10 +30,10 @@ using dialog_runner = interface_to<dialog_runner_impl>;
 class modal_dialog_impl : public interface_of<modal_dialog_impl> {
 public:
     static constexpr const char* name = "vs_modal_dialog_interface_1";
-    // Passes the name of the dialog, the same in every session and language, under which the host keeps its
-    // size and place; may be empty.
+    // Passes the name of the dialog, the same in every session and language, under which the host stores its
+    // size and position; may be empty.
     virtual void identity_text(string_visitor visitor) = 0;
-    // Installs the runner in place of an earlier one; null removes it. A dialog without a runner is not shown
+    // Installs the runner, replacing an earlier one; null removes it. A dialog without a runner is not shown
     // and counts as cancelled.
     virtual void set_runner(dialog_runner runner) = 0;
     using operations = operation_list<&modal_dialog_impl::identity_text, &modal_dialog_impl::set_runner>;

@@ -1,4 +1,4 @@
-// The tables of host/toolkit/ as they were published.
+// A copy of the published tables of host/toolkit/; see framework/border/pinned.h.
 #include "framework/border/pinned.h"
 #include "host/toolkit/button.h"
 #include "host/toolkit/button_box.h"
@@ -28,7 +28,7 @@
 
 namespace vs::project_resave::pinned {
 
-// One slot to a line.
+// One slot per line.
 // clang-format off
 
 template struct table<button_impl, "vs_button_interface_1",

@@ -1,5 +1,5 @@
-// One of several buttons of which at most one is checked. The bundle keeps the group; the host draws each
-// button as it is and unchecks none by itself.
+// One of several buttons of which at most one is checked. The bundle keeps the group consistent; the host
+// draws each button as it is and never unchecks one itself.
 //
 // Who implements: the bundle. Who calls: the host. The object is an element too: host/toolkit/element.h says
 // how long it lives and how it reports a change. Main thread only.
@@ -18,7 +18,7 @@ public:
     // True if this button is the checked one of its group.
     virtual bool checked() = 0;
     // The user pressed the button: it becomes the checked one of its group, and each button that changes
-    // reports it. A button that is checked already changes nothing.
+    // reports it. Pressing the checked button changes nothing.
     virtual void pressed() = 0;
     using operations =
         operation_list<&radiobutton_impl::caption, &radiobutton_impl::checked, &radiobutton_impl::pressed>;

@@ -13,14 +13,14 @@ class tool_impl : public interface_of<tool_impl> {
 public:
     static constexpr const char* name = "vs_tool_interface_1";
     static constexpr const char16_t* element_kind = u"tool";
-    // Passes the name of what the tool does, the same in every session and language; tools of several tool
-    // bars that do the same have the same name.
+    // Passes the name of the tool's function, the same in every session and language. Tools with the same
+    // function in several tool bars have the same name.
     virtual void id(string_visitor visitor) = 0;
-    // Passes the words for the tool; does not call the visitor if they are missing.
+    // Passes the caption of the tool; does not call the visitor if it is missing.
     virtual void caption(string_visitor visitor) = 0;
     // Passes a sentence for a hint, in the same way.
     virtual void hint(string_visitor visitor) = 0;
-    // Passes the picture, in one call; one of width 0 if there is none.
+    // Passes the picture, in one call; a picture of width 0 if there is none.
     virtual void image(masked_bitmap_visitor visitor) = 0;
     // The user pressed the tool. Other elements may change and report that to their observers.
     virtual void click() = 0;

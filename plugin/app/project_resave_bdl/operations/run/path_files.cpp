@@ -1,3 +1,5 @@
+// File look-ups and path rules of a run that several units share.
+
 #include "operations/run/path_files.h"
 
 #include <algorithm>
@@ -33,7 +35,7 @@ static platform::outcome create_levels(const wide_string& path, std::vector<wide
         level.append(piece).push_back(u'\\');
         if (path_exists(level)) continue;
         const platform::outcome created = files.create_folder(level);
-        if (!created && !path_exists(level)) return created; // another process may make it meanwhile
+        if (!created && !path_exists(level)) return created; // another process may have created it meanwhile
         if (created && made) made->push_back(level);
     }
     return path_exists(level) ? platform::outcome() : platform::failure::missing;
@@ -42,8 +44,8 @@ static platform::outcome create_levels(const wide_string& path, std::vector<wide
 platform::outcome create_folders(const wide_string& path, std::vector<wide_string>* made) {
     constexpr int most_tries = 8;
     platform::outcome created = create_levels(path, made);
-    // Another process that failed takes back the folders that it made, and these, while empty, may be levels
-    // of this path.
+    // Another process whose run failed removes the folders that it created. Some may be levels of this path,
+    // if they are still empty.
     for (int tries = 1; created.is(platform::failure::missing) && tries < most_tries; ++tries)
         created = create_levels(path, made);
     return created;
@@ -80,6 +82,7 @@ bool has_own_folder(const wide_string& path) {
 
 wide_string world_extension(const wide_string& path) {
     const wide_string extension = path_extension(path);
+    // A shorter extension has no third letter; callers check this first.
     if (extension.size() < 3) throw std::out_of_range("the extension is too short for a world file");
     wide_string result = extension.substr(0, 2);
     if (extension.size() > 3) result += extension[3];

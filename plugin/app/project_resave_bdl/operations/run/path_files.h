@@ -1,6 +1,6 @@
-// What a run asks of the disk besides copying and removing, and the names of companions, on paths in Windows
-// form. All of it goes
-// through platform::current_system(); nothing throws for a bad path.
+// What a run needs from the disk besides copying and removing, and the names of companion files, for paths in
+// Windows form. Everything goes through platform::current_system(); no function throws for a bad path. Main
+// thread only.
 #pragma once
 
 #include <vector>
@@ -9,14 +9,13 @@
 
 namespace vs::project_resave {
 
-// True for a file and for a folder.
+// True for an existing file or folder.
 bool path_exists(const wide_string& path);
-// True also for what is neither, such as a pipe or a link that leads nowhere: a file cannot be created there,
-// or would come to lie elsewhere.
+// True also for an entry that is neither, such as a pipe or a broken link: a file cannot be created there, or
+// would be created somewhere else.
 bool is_name_taken(const wide_string& path);
 
-// A file or folder that belongs to an element. The status is that of the moment when it was looked for, none
-// if that was not done.
+// A file or folder that belongs to an element, with its status when it was looked up; `none` if it was not.
 struct found_file {
     found_file(const wide_string& place, platform::entry_status found = {}) : path(place), status(found) {}
 
@@ -24,37 +23,38 @@ struct found_file {
     platform::entry_status status;
 };
 
-// Appends what stands there; false if nothing does.
+// Appends what exists at the path; returns false if nothing does.
 bool append_if_exists(const wide_string& path, std::vector<found_file>& out);
 
-// Puts into `result` the absolute path with each component as the listing of its folder spells it; the drive
-// stays as it is, and so does a component that no entry matches. False, with an empty result, for a path that
-// is empty, relative or on a share, and for one that does not exist.
+// Sets `result` to the absolute path with each component in the spelling that the listing of its folder has.
+// The drive is unchanged, and so is a component without an entry. Returns false, with an empty result, for a
+// path that is empty, relative, on a network share or does not exist.
 bool true_case_path(const wide_string& path, wide_string& result);
 
-// Creates what is missing of a folder path. Succeeds if all levels exist as folders afterwards; levels made
-// before a failure stay; each that this call made is appended to `made`. The drive, or server and share, must
-// exist.
+// Creates the missing levels of a folder path. Succeeds if all levels are folders afterwards. Levels created
+// before a failure stay; each level that this call created is appended to `made`. The drive, or server and
+// share, must exist.
 platform::outcome create_folders(const wide_string& path, std::vector<wide_string>* made = nullptr);
 
-// `path` if nothing stands there, else the first of stem_1, stem_2, ... at which nothing does. The last dot
-// begins an extension in the name of a folder too.
+// Returns `path` if nothing exists there, else the first free one of stem_1, stem_2, ... The last dot begins
+// an extension in the name of a folder, too.
 wide_string unique_path(const wide_string& path);
 
-// Names beside C:\a\b.tif: b_tif.pj4, b.cpg, b.tif.ovr, world file b.tfw and its sibling b.tfr, b.shx, b.dbf.
+// Names next to C:\a\b.tif: b_tif.pj4, b.cpg, b.tif.ovr, world file b.tfw and its sibling b.tfr, b.shx,
+// b.dbf.
 //
-// The extension of a grid, which is a file in a folder of its own name with all that is in it.
+// The extension of a grid, which is a file in a folder with the same name; the whole folder belongs to it.
 inline constexpr wide_view own_folder_extension = u".pgrid";
-// True for such a file in such a folder.
+// True for a grid in a folder with its name.
 bool has_own_folder(const wide_string& path);
 
-// Path of the projection file that belongs to a main file, whether it exists or not.
+// Returns the path of the projection file that belongs to a main file; it need not exist.
 wide_string projection_file_name(const wide_string& path);
-// Dot, first and third letter of the main file's extension; a "w" or an "r" completes it. Throws
-// std::out_of_range for an extension of fewer than two letters.
+// Returns a dot and the first and third letter of the main file's extension; a "w" or an "r" completes it.
+// Throws std::out_of_range for an extension of fewer than two letters.
 wide_string world_extension(const wide_string& path);
-// The names of what belongs to the file: what a copy of it can take along, and what a reader of its format
-// would take for a part of it. Whether they exist or not.
+// Returns the paths of the files that belong to the file: those that a copy of it can take along, and those
+// that a reader of its format would take for a part of it. They need not exist.
 std::vector<wide_string> companion_files(const wide_string& path);
 
 } // namespace vs::project_resave

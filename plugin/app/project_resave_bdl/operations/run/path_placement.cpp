@@ -1,3 +1,5 @@
+// Rules for the new place of a file under each structure of folders, and for names that are already taken.
+
 #include "operations/run/path_placement.h"
 
 #include "framework/resources/strings.h"
@@ -14,8 +16,6 @@
 namespace vs::project_resave {
 
 namespace {
-
-// A grid of this format lives in a folder of its own, named as the file.
 
 bool leads_upwards(wide_view relative) {
     return relative.size() >= 3 && relative.starts_with(u"..") && is_separator(relative[2]);
@@ -39,6 +39,8 @@ wide_string without_drive(const wide_string& path) {
     return result;
 }
 
+// The common folder is passed as the base, which counts as a file: so the name of the common folder itself
+// becomes a part of the new path.
 wide_string place_under_common(common_directory& files, const wide_string& base, const wide_string& source) {
     if (!files.computed) files.compute();
     if (source.empty()) return {};
@@ -52,7 +54,7 @@ wide_string numbered_name(const wide_string& path, uint32_t number) {
     return path_join(path_head(path), path_stem(path) + suffix + path_extension(path));
 }
 
-// The folder is numbered, and the grid is named after it.
+// The folder is numbered, and the grid gets the folder's name.
 wide_string numbered_grid(const wide_string& path, uint32_t number) {
     wide_string folder = path_head(path);
     if (!folder.empty()) folder.pop_back();
@@ -103,7 +105,8 @@ void path_placement::register_placed(const wide_string& old_path, const wide_str
     if (options->structure_variant == folder_per_scene) scene_placed.add(old_path, new_path);
 }
 
-// The new project and its log are written last, and a companion of the source is one also before it exists.
+// The new project and its log are written last, so their names are taken from the beginning. The name of a
+// companion of a source file is taken even if that does not exist.
 bool path_placement::is_taken(const wide_string& path) const {
     return path_exists(path) || path_same(path, new_project_path) || path_same(path, log_path) ||
            (guard && guard->claims_family(path));
@@ -111,7 +114,11 @@ bool path_placement::is_taken(const wide_string& path) const {
 
 wide_string path_placement::new_path(const wide_string& source) {
     wide_string result = place(source);
+    // Lowers the whole path, including the part that the user entered. This comes before the look at the
+    // disk, so that names are compared as they will be.
     if (options->lower_case) platform::lower_in_place(result);
+    // A resumed run keeps the place of an earlier run. Whatever the reason for another place is, it is
+    // reported.
     const wide_string wanted = result;
     if (progress) result = progress->questions->kept_place(source, result);
     result = beside_data_sets(result);
@@ -127,7 +134,8 @@ wide_string path_placement::new_path(const wide_string& source) {
     const wide_string folder = path_head(result);
     if (has_own_folder(result)) made.add_data_set(folder);
     if (!path_exists(folder)) {
-        std::vector<wide_string> levels; // of a drive or a share none is ever ours to create
+        std::vector<wide_string> levels; // the drive or share is never ours to create
+        // The reason is kept for the copy, which fails next and is reported.
         if (const platform::outcome failed = create_folders(folder, &levels); !failed)
             folder_failures_.insert_or_assign(path_key(folder), failed);
         created_folders.insert(created_folders.end(), levels.rbegin(), levels.rend());
@@ -174,7 +182,7 @@ wide_string path_placement::place(const wide_string& source) {
 
 wide_string path_placement::place_from_project_folder(const wide_string& source) const {
     wide_string relative = path_relative(source_folder, source);
-    // Unchanged: it lies on another drive, and loses "X:\".
+    // If the text is unchanged, the file is on another drive: remove "X:\".
     relative = relative == source ? relative.erase(0, 3) : strip_parents(relative);
     return path_join(new_folder, relative);
 }
@@ -196,14 +204,14 @@ wide_string path_placement::place_in_scene_folder(const wide_string& source) {
     return place_under_common(scene_common ? *scene_common : common, base, source);
 }
 
-// A folder that is one data set, of the source or copied in this run, takes no other file: whoever reads the
-// set would read that, too. What would come to lie in it gets a folder with a number beside it.
+// A folder that is one data set, of the source or copied in this run, takes no other file: a reader of the
+// data set would read that file, too. A file that would be placed in it goes to a numbered folder next to it.
 wide_string path_placement::beside_data_sets(const wide_string& path) {
     const bool own_folder = path_extension(path) == own_folder_extension;
     const wide_string first = own_folder ? path_head(path_normalise(path_head(path))) : path_head(path);
     const auto [home, is_new] = homes_.try_emplace(path_key(first));
     if (is_new) {
-        wide_string set; // the topmost one
+        wide_string set; // the topmost data set above the file
         for (wide_string level = path_normalise(first); path_with_separator(level).size() > new_folder.size();
              level = path_normalise(path_head(level)))
             if (made.is_data_set(level) || (guard && path_exists(level) && guard->is_inside(level)))
@@ -226,7 +234,10 @@ wide_string path_placement::numbered_folder(const wide_string& path) {
 
 wide_string path_placement::resolve_conflict(const wide_string& path, const wide_string& source) {
     if (!options->rename_on_conflict) {
+        // Without an answer the next free name is used.
         const unique_name_answer answer = progress->questions->new_name(source, path);
+        // Kept as users know it: a path from the dialog is used as typed, even outside the new project's
+        // folder.
         if (answer.accepted && !answer.path.empty()) return answer.path;
     }
     return next_free_name(path);
@@ -241,14 +252,16 @@ wide_string path_placement::next_free_name(const wide_string& path, bool is_writ
     const auto numbered = own_folder ? &numbered_grid : &numbered_name;
     if (!taken(path)) return path;
 
-    // All numbers below the last one were found taken when that was given. It may be free itself again, if
-    // the copy to it failed.
+    // Numbers below the last one used are known to be taken. The last one may be free again if its copy
+    // failed.
     uint32_t& number = last_numbers_.try_emplace(path, 1).first->second;
     wide_string candidate = numbered(path, number);
     while (taken(candidate)) candidate = numbered(path, ++number);
     return candidate;
 }
 
+// Each scene has its own register of placed files, because files that scenes share are copied for each of
+// them.
 void path_placement::set_scene(common_directory* scene, const wide_string& name) {
     scene_common = scene;
     scene_folder = name;
@@ -258,7 +271,7 @@ void path_placement::set_scene(common_directory* scene, const wide_string& name)
             return path_relative(folder, unique_path(wanted));
         };
         scene_folder = way_to(path_join(folder, name));
-        // No caption leads out of the new project, and none by the number that it gets.
+        // Neither a caption nor the number added to it may lead out of the new project.
         if (leads_outside(scene_folder))
             scene_folder = way_to(folder + trim(valid_name(held_below(name)), path_separators));
     }

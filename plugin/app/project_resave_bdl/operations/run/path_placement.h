@@ -1,6 +1,6 @@
-// Where does a source file go? Finds the new place of each file of a run under one of five folder structures,
-// makes its folder, and remembers what became of each file: one met twice is copied once, and a stopped run
-// can erase what it made. One lives in project_context. User-interface thread only.
+// Decides where each source file goes. Finds the new place of each file of a run under one of five folder
+// structures, creates its folder, and records the result: a file that occurs twice is copied once, and a
+// stopped run can remove what it created. project_context has the only one. Main thread only.
 #pragma once
 
 #include <cstdint>
@@ -25,87 +25,98 @@ inline constexpr wide_view no_type_folder = u"files";
 
 class path_placement {
 public:
-    // All of them must outlive this object.
-    // `source` may be null.
+    // All pointers must outlive this object. Only `source` may be null.
     path_placement(run_progress* run, log_file* conflicts, run_report* facts, const resave_options* choices,
                    source_guard* source = nullptr)
         : progress(run), log(conflicts), report(facts), options(choices), guard(source) {}
     path_placement(const path_placement&) = delete;
     path_placement& operator=(const path_placement&) = delete;
 
+    // The parts of the run that this object uses; not owned.
     run_progress* progress;
-    log_file* log; // every conflict goes here and into the report
+    log_file* log; // receives every conflict, as does the report
     run_report* report;
     const resave_options* options;
     source_guard* guard;
     placed_files placed;                      // everything placed in this run
-    std::vector<wide_string> created_folders; // deepest first within each call of `new_path`
-    made_files made;                          // what a stop erases, beside those folders
+    std::vector<wide_string> created_folders; // deepest first for each call of `new_path`
+    made_files made;                          // what a stop removes, besides those folders
+    // The paths of the run.
     wide_string source_project_path;
-    wide_string source_folder; // with its trailing separator, as `new_folder`
+    wide_string source_folder; // with a separator at the end, as `new_folder`
     wide_string new_project_path;
     wide_string new_folder;
     wide_string type_folder = wide_string(no_type_folder); // see type_folder_scope
     wide_string log_path;
     common_directory common;                  // of all selected files of the run
-    common_directory* scene_common = nullptr; // of the scene in work; the scene's unit owns it
-    wide_string scene_folder;                 // of the scene in work, relative to `new_folder`
-    placed_files scene_placed;                // for the scene in work; used only with a folder per scene
+    common_directory* scene_common = nullptr; // of the current scene; owned by its unit
+    wide_string scene_folder;                 // of the current scene, relative to `new_folder`
+    placed_files scene_placed;                // for the current scene; used only with a folder per scene
 
-    // Forgets the files, folders, common directory and scene of a run. The paths, the type folder and
+    // Clears the files, folders, common directory and scene of a run. The paths, the type folder and
     // `scene_placed` stay.
     void reset();
-    // After `reset`, takes the project that was loaded.
+    // Calls `reset` and sets the loaded project.
     void set_source(const wide_string& path);
-    // After `reset`, takes the new project of the run.
+    // Calls `reset` and sets the new project of the run.
     void set_output(const wide_string& path);
 
-    // The new path of a file placed before, for this scene if each scene has its folder; empty if none was.
+    // Returns the new path of a file placed before (in this scene, with a folder for each scene); empty if it
+    // was not placed.
     wide_string lookup_placed(const wide_string& source) const;
     bool is_placed(const wide_string& source) const;
+    // Records a file's new path. An empty old path is a file without a source.
     void register_placed(const wide_string& old_path, const wide_string& new_path);
 
-    // The new path of `source`, under a name that is free on the disk, its folder created. It may ask the
-    // user for the name. Empty if there is no place for it. A folder that cannot be created shows when
-    // copying fails; `folder_failure` has the reason.
+    // Returns the new path of `source`, under a name that is free on the disk, and creates its folder. May
+    // ask the user for the name. Empty if the structure has no place for the file. A folder that could not be
+    // created is not reported here: copying into it fails, and `folder_failure` has the reason.
     wide_string new_path(const wide_string& source);
-    // Why the folder of a path that `new_path` returned could not be created; success if it could.
+    // Returns why the folder of a path that `new_path` returned could not be created; success if it could.
     platform::outcome folder_failure(const wide_string& path) const;
-    // `path`, or the first of its numbered names at which nothing exists and which neither the source nor the
-    // run itself has a claim to.
-    // With `is_written` for a file that the run writes itself, which a link could lead into the source.
+    // Returns `path`, or the first of its numbered names where nothing exists and that neither the source nor
+    // the run itself needs. Set `is_written` for a file that the run writes itself: then names of links,
+    // which could lead into the source, are not free either.
     wide_string next_free_name(const wide_string& path, bool is_written = false);
-    // The place of a layout page: only text, nothing is looked up or created.
+    // Returns the new reference of a layout page; only computes the text.
     wide_string folder_for(const wide_string& source);
 
-    // Begins a scene; a scene folder of this name that exists gets a number. An empty `name` means that the
-    // scene has no folder.
+    // Begins a scene. If a folder with this name exists, the scene's folder gets a number. An empty `name`
+    // means that the scene has no folder.
     void set_scene(common_directory* scene, const wide_string& name);
+    // Ends the scene.
     void clear_scene();
-    // Folder of the scene in work if each scene has its own, else of the new project; with its separator.
+    // Returns the folder of the current scene if each scene has a folder, else that of the new project; with
+    // a separator at the end.
     wide_string current_output_folder() const;
 
 private:
+    // Returns the register for look-ups: the scene's with a folder for each scene, else the run's.
     const placed_files& register_in_force() const;
+    // True if no copy may get this path.
     bool is_taken(const wide_string& path) const;
+    // Returns the place under the structure of the run; empty for an unknown structure. It may be taken.
     wide_string place(const wide_string& source);
     wide_string place_from_project_folder(const wide_string& source) const;
     wide_string place_inside_or_by_type(const wide_string& source) const;
     wide_string in_type_folder(const wide_string& source) const;
     wide_string place_in_scene_folder(const wide_string& source);
+    // Returns the path, moved to a numbered folder if it would be inside a data set.
     wide_string beside_data_sets(const wide_string& path);
+    // Returns the first free numbered name of a folder.
     static wide_string numbered_folder(const wide_string& path);
+    // Returns another path for a copy whose place is taken, from the user or by number.
     wide_string resolve_conflict(const wide_string& path, const wide_string& source);
 
-    // The last number given to a path in this run, so that many files of one name stay cheap.
+    // The last number given to a path in this run, so that many files with the same name stay cheap.
     std::unordered_map<wide_string, uint32_t> last_numbers_;
     std::unordered_map<wide_string, wide_string>
-        homes_; // instead of those of these path_keys; empty for none
-    std::unordered_map<wide_string, wide_string> set_homes_; // the same of data sets, one for all of each
+        homes_; // path keys of folders, and what replaces them; empty if nothing does
+    std::unordered_map<wide_string, wide_string> set_homes_;             // the same for data sets
     std::unordered_map<wide_string, platform::outcome> folder_failures_; // by path_key of the folder
 };
 
-// Names the folder for files of a type while one of them is being placed.
+// Sets the type folder while one file is being placed.
 class type_folder_scope {
 public:
     type_folder_scope(path_placement& placement, const wide_string& name) : placement_(placement) {

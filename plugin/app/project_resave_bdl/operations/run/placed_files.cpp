@@ -1,3 +1,5 @@
+// The files that a run has placed, and the top folder that all its files share.
+
 #include "operations/run/placed_files.h"
 
 #include <algorithm>
@@ -11,7 +13,7 @@ namespace {
 
 size_t hash_of(const wide_string& path) { return std::hash<wide_string>()(path_key(path)); }
 
-// Two files of one folder may differ in nothing but the letter case of their names.
+// Two files in one folder may differ only in the letter case of their names.
 bool is_one_file(const wide_string& first, const wide_string& second) {
     if (first == second) return true;
     if (!path_same(first, second)) return false;
@@ -48,6 +50,7 @@ void common_directory::add_path(const wide_string& path) {
     const wide_string drive = path_root(path);
     if (drive.empty()) return;
     std::vector<wide_string> folder = path_split(path, path_separators, false);
+    // The last piece is the file name.
     if (folder.size() > 1) folder.pop_back();
     auto& [shared, counted, common] = drives[drive];
     if (counted++ == 0)
@@ -61,6 +64,8 @@ void common_directory::compute() {
     computed = true;
     for (auto& [name, drive] : drives) drive.common.clear();
     for (auto& [name, drive] : drives) {
+        // Kept as users know it: a drive whose paths share nothing ends the computation, also for the other
+        // drives.
         if (drive.counted == 0) continue;
         if (drive.shared.empty()) return;
         for (const wide_string& piece : drive.shared) drive.common = path_join(drive.common, piece);

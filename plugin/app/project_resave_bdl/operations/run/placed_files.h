@@ -1,3 +1,4 @@
+// The files of a run that have been placed, and the folder that all files share. Main thread only.
 #pragma once
 
 #include <cstdint>
@@ -10,19 +11,20 @@
 
 namespace vs::project_resave {
 
-// The files of a run that have their place.
+// A file and the place of its copy.
 struct placed_file {
-    wide_string old_path; // empty for a file that was made and has no source
+    wide_string old_path; // empty for a file without a source
     wide_string new_path;
 };
 
-// Files in the order in which they were placed. A look-up answers as a scan from the oldest entry would, at a
-// cost that does not grow with their number. Paths that differ in letter case alone name one file only if the
-// system says so.
+// Files in the order in which they were placed. A look-up returns what a scan from the oldest entry would, in
+// constant time. Paths that differ only in letter case are the same file only if the operating system says
+// so.
 class placed_files {
 public:
+    // Appends a file. A file may be added again; look-ups return the oldest entry.
     void add(const wide_string& old_path, const wide_string& new_path);
-    // The oldest entry for this source; null if there is none. Valid until the next `add` or `clear`.
+    // Returns the oldest entry for this source; null if there is none. Valid until the next `add` or `clear`.
     const placed_file* find(const wide_string& source) const;
     void clear();
 
@@ -40,26 +42,27 @@ private:
     row_index oldest_; // by the hash of path_key of the old path
 };
 
-// The folder, for each drive, in which all files of a set lie.
+// The folder on one drive that contains all files of a set.
 struct drive_paths {
-    // What the folders of the files counted begin with, as pieces, of which the first is the drive; pieces
-    // are compared with their letter case.
+    // What the folders of all counted files begin with, as pieces; the first piece is the drive. Pieces are
+    // compared with their letter case.
     std::vector<wide_string> shared;
     size_t counted = 0; // files
     wide_string common; // "C:\data\maps", without a separator at the end
 };
 
+// Finds the top folder that all files share, for each drive.
 class common_directory {
 public:
-    // By drive as it is spelled in the paths, so "c:" and "C:" are two.
+    // Keyed by drive in the spelling of the paths, so "c:" and "C:" are two drives.
     std::unordered_map<wide_string, drive_paths> drives;
-    // False while `common` of the drives is behind `shared`.
+    // False while `common` of the drives is out of date.
     bool computed = false;
 
-    // Counts the folder of a file. A path without a drive takes no part.
+    // Counts the folder of a file. A path without a drive is ignored.
     void add_path(const wide_string& path);
-    // Puts together `common` of every drive. One drive whose paths have nothing in common, not even the drive
-    // ("C:name"), leaves the drives not reached by then without one.
+    // Computes `common` of every drive. A drive whose paths have nothing in common, not even the drive
+    // ("C:name"), ends the computation; the drives after it have no common folder.
     void compute();
     void clear() { *this = {}; }
 };

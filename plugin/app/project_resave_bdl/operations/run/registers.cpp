@@ -1,3 +1,6 @@
+// Counts the size of the selection while the user checks and unchecks elements, without looking at the disk
+// again.
+
 #include "operations/run/registers.h"
 
 #include <algorithm>
@@ -12,7 +15,7 @@ namespace {
 
 constexpr double kb_per_byte = 0.0009765625;
 
-// Of a folder the files below it, at all depths.
+// Returns a file's size; for a folder, the size of all files below it.
 double kilobytes(const found_file& file) {
     platform::system& system = platform::current_system();
     const bool is_known = file.status.kind != platform::entry_kind::none;
@@ -36,10 +39,12 @@ void size_register::pop_parent() { parents_.pop_back(); }
 
 void size_register::recount(size_entry& entry) {
     const bool needed = entry.fulfilled != 0;
+    // Adds or subtracts only on a change, so that a path needed twice counts once.
     if (needed != entry.counted) total_kb_ += needed ? entry.size_kb : -entry.size_kb;
     entry.counted = needed;
 }
 
+// A unit that occurs twice in the stack counts once.
 void size_register::link_parents(uint32_t chain_index) {
     for (size_t place = 0; place < parents_.size(); ++place)
         if (std::find(parents_.begin(), parents_.begin() + static_cast<ptrdiff_t>(place), parents_[place]) ==
@@ -92,10 +97,12 @@ void size_register::set_uuid_selected(const wide_string& uuid, bool selected) {
         link.selected = selected;
         chain& way = chains_[link.chain];
         size_entry& entry = entries_[way.entry];
+        // A chain is needed again when its last left-out uuid is selected.
         if (selected && --way.left_out == 0) ++entry.fulfilled;
         if (!selected && way.left_out++ == 0) --entry.fulfilled;
         recount(entry);
     }
+    // Such a path becomes known, with size 0.
     if (row->bare_paths)
         for (const wide_string& path : *row->bare_paths) entries_.enter(path);
     if (on_changed_) on_changed_();

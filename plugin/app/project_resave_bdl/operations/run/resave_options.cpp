@@ -6,6 +6,7 @@
 namespace vs::project_resave {
 
 void resave_options::reset() {
+    // Everything else returns to its default, even the answer of the user.
     resave_options fresh(progress);
     fresh.separator_fallback = separator_fallback;
     *this = fresh;
@@ -24,6 +25,7 @@ void resave_options::assign(const resave_settings& settings) {
 bool resave_options::ask_add_referenced() {
     if (add_referenced == add_referenced_answer::not_asked) {
         const bool shown = progress->window != nullptr;
+        // The box must not be hidden by the progress window.
         progress->set_hidden(true);
         const bool wanted = progress->questions->add_referenced();
         add_referenced = wanted ? add_referenced_answer::yes : add_referenced_answer::no;

@@ -1,3 +1,5 @@
+// The progress window of a run, and the events by which the panel follows it.
+
 #include "operations/run/run_progress.h"
 
 #include "framework/resources/strings.h"
@@ -12,6 +14,7 @@ std::shared_ptr<void> event::connect(std::function<void()> observer) {
     return kept;
 }
 
+// A copy of the list, as an observer may connect or disconnect others; each is locked while it runs.
 void event::fire() {
     std::erase_if(observers_, [](const auto& observer) { return observer.expired(); });
     const auto snapshot = observers_;
@@ -56,6 +59,7 @@ void run_progress::show() {
 }
 
 void run_progress::advance(uint32_t weight) {
+    // Kept as users know it: the count stays below the total, so the last steps of a run may not be visible.
     if (uint64_t{current} + weight < total) current += weight;
     show();
 }
@@ -69,6 +73,7 @@ void run_progress::finish() {
 bool run_progress::is_stopped() {
     if (stopped) return true;
     if (!window || !vs_progress_get_stopped(window)) return false;
+    // The question may run the host's event loop, and so close the window.
     const stop_answer answer = questions->on_stop();
     if (answer == stop_answer::go_on) {
         if (window) vs_progress_reset(window);

@@ -1,3 +1,5 @@
+// Collects what happened in a run as facts, and groups them for the final message.
+
 #include "operations/run/run_report.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// How a run over the tree ended.
+// The result of a run over the tree.
 #pragma once
 
 #include <vector>
@@ -8,21 +8,22 @@
 namespace vs::project_resave {
 
 enum class run_end {
-    refused,   // nothing is loaded, so nothing was done
+    refused,   // no project is loaded, so nothing was done
     stopped,   // by the user
-    broke_off, // by an exception, which is a fact of the report
+    broke_off, // by an exception, which is a fact in the report
     done,
 };
 
+// Returned by each run.
 struct run_result {
     run_end end = run_end::refused;
-    // Whether what the run makes exists in whole: the new project, the text, all scene files.
+    // True if the run's output is complete: the new project, the text, all scene files.
     bool written = false;
-    // Why not, in the operating system's words or those of an exception; empty where they say nothing. The
-    // facts of the report say more.
+    // Why it is not, in the operating system's words or an exception's; may be empty. The facts in the report
+    // say more.
     wide_string failure;
-    // What the run made itself: the new project, the text, scene and layer files, the log. Copies are in the
-    // placement.
+    // The files that the run wrote itself: the new project, the text, scene and layer files, the log. Copies
+    // are in the placement.
     std::vector<wide_string> files;
 
     // False only if the run was refused.

@@ -1,3 +1,6 @@
+// Protects the source. The same file can be reached by another spelling, a link or another drive letter, so
+// both names and identities of files are compared. They are read only when first needed.
+
 #include "operations/run/source_guard.h"
 
 #include <algorithm>
@@ -55,7 +58,7 @@ void source_guard::learn_identities() {
 
 void source_guard::learn_identity(const wide_string& path) {
     const platform::file_identity identity = files().identity_of(path);
-    if (!identity) return; // a file that is lost keeps its name
+    if (!identity) return; // a lost file is protected by its name
     identities_.insert(identity);
     const wide_string folder = path_normalise(path_head(path));
     if (has_own_folder(path))
@@ -79,6 +82,7 @@ bool source_guard::is_inside(const wide_string& path) {
 
 bool source_guard::is_in_known_folder(const wide_string& path) {
     if (inner_folders_.empty()) return false;
+    // Walks up, so that a path in a folder that does not exist yet is found as well.
     for (wide_string level = path_normalise(path_head(path)); level.size() > path_fixed_length(level);
          level = path_normalise(path_head(level)))
         if (inner_folders_.contains(path_key(level)) ||
@@ -114,7 +118,7 @@ bool source_guard::is_named(const wide_string& folder_key, const wide_string& na
     return keys_.contains(key) || companions_in(folder_key).contains(key);
 }
 
-// Symbolic links show in the listing of their folder, others only when each companion is looked at.
+// Symbolic links are visible in their folder's listing; for hard links each companion must be examined.
 void source_guard::learn_links() {
     linked_companions_.clear();
     for (const auto& [folder, paths] : by_folder_)
@@ -147,6 +151,7 @@ bool source_guard::protects(const wide_string& path) {
     if (keys_.contains(path_key(path))) return true;
     const wide_string folder = path_head(path), name = path_file_name(path);
     if (is_named(path_key(folder), name)) return true;
+    // From here on the disk is read: a path that is protected by its name costs nothing.
     learn_identities();
     if (is_in_known_folder(path)) return true;
     const platform::file_identity identity = files().identity_of(path);
@@ -154,7 +159,7 @@ bool source_guard::protects(const wide_string& path) {
     const platform::file_identity place = files().identity_of(folder);
     for (auto row = folders_.lower_bound(place); place && row != folders_.end() && row->first == place; ++row)
         if (is_named(row->second, name)) return true;
-    if (!identity) return identity.names > 0; // it may lead to a file of the source that is lost
+    if (!identity) return identity.names > 0; // may lead to a lost file of the source
     return is_linked_companion(identity);
 }
 
@@ -181,7 +186,7 @@ platform::outcome source_guard::remove_tree(const wide_string& path) {
     const auto entries = platform::entries_or_none(files(), path);
     for (auto entry = entries.rbegin(); entry != entries.rend(); ++entry) {
         const wide_string inner = path_with_separator(path) + entry->name;
-        // A link that cannot be removed is not entered either.
+        // A link that cannot be removed must not be entered either.
         const platform::outcome removed = entry->is_link ? remove_alone(inner) : remove_tree(inner);
         if (!removed && first) first = removed;
     }

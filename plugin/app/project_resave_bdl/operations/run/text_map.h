@@ -1,5 +1,5 @@
-// Look-up by key in lists that only grow: the place of a row, and values under texts. A row costs eight bytes
-// beside itself, and a look-up does not grow with the list.
+// Look-up by key in lists that only grow: the position of a row, and values by text. A row costs eight bytes
+// in addition to its own size, and a look-up takes constant time. One thread at a time.
 #pragma once
 
 #include <cstddef>
@@ -13,13 +13,13 @@
 
 namespace vs::project_resave {
 
-// The rows and their keys stay with the caller, who tells the hash of a key and whether a row has it. Rows
-// cannot be taken out alone.
+// An index of rows. The caller keeps the rows and their keys, and passes the hash of a key and a predicate
+// that compares keys. Single rows cannot be removed.
 class row_index {
 public:
     static constexpr uint32_t none = UINT32_MAX;
 
-    // The row entered first of those under this hash for which `has_key(row)` holds; `none` if there is none.
+    // Returns the first row added under this hash for which `has_key(row)` is true; `none` if there is none.
     template <class predicate>
     uint32_t find(size_t hash, predicate has_key) const {
         if (slots_.empty()) return none;
@@ -28,11 +28,12 @@ public:
         return none;
     }
 
-    // Beforehand, so that the next `add` cannot fail.
+    // Reserves memory, so that the next `add` cannot fail.
     void make_room() {
         if (4 * (size_ + 1) > 3 * slots_.size()) grow();
     }
 
+    // Adds a row under a hash, also if the hash is already used.
     void add(size_t hash, uint32_t row) {
         make_room();
         put({short_hash(hash), row});
@@ -60,7 +61,7 @@ private:
         slots_[at] = fresh;
     }
 
-    // From the first slot behind an empty one on, so that rows of one hash keep their order.
+    // Starts with the first slot after an empty one, so that rows with the same hash keep their order.
     void grow() {
         std::vector<slot> old(slots_.empty() ? 16 : 2 * slots_.size());
         old.swap(slots_);
@@ -72,12 +73,12 @@ private:
         }
     }
 
-    std::vector<slot> slots_; // a power of two of them, at most three quarters taken
+    std::vector<slot> slots_; // a power of two of them, at most three quarters used
     size_t size_ = 0;
 };
 
-// Values under texts, numbered in the order they were entered. Rows stay in their place until `clear`. Texts
-// are compared as they are spelled.
+// Values by text, numbered in the order in which they were entered. Rows do not move until `clear`. Texts are
+// compared exactly.
 template <class value>
 class text_map {
 public:
@@ -86,7 +87,7 @@ public:
         value content;
     };
 
-    // The number of the row of this text, made if there is none; and whether it was.
+    // Returns the number of the text's row, which is created if necessary, and whether it was.
     std::pair<uint32_t, bool> enter(wide_string text) {
         const size_t hash = std::hash<wide_string>()(text);
         const uint32_t known = number_of(text, hash);
@@ -98,13 +99,14 @@ public:
         return {number, true};
     }
 
-    // Null if the text was not entered.
+    // Return the value of a text; null if the text was not entered.
     const value* find(const wide_string& text) const {
         const uint32_t number = number_of(text, std::hash<wide_string>()(text));
         return number != row_index::none ? &rows_[number].content : nullptr;
     }
     value* find(const wide_string& text) { return const_cast<value*>(std::as_const(*this).find(text)); }
 
+    // Returns the value of a row; the number must come from `enter`.
     value& operator[](uint32_t number) { return rows_[number].content; }
     const std::deque<row>& rows() const { return rows_; }
 

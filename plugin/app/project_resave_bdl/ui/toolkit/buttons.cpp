@@ -1,3 +1,5 @@
+// The clicks of buttons: what a button box does for each code, and the groups of radio buttons.
+
 #include "ui/toolkit/buttons.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// What the user presses: buttons, check boxes, radio buttons and tools.
+// Elements that the user presses: buttons, check boxes, radio buttons and tools. Main thread only.
 #pragma once
 
 #include <functional>
@@ -14,9 +14,10 @@
 
 namespace vs::project_resave::toolkit {
 
-// Button inside of a window.
+// A button inside a window.
 class button final : public element_base<polymorphic<button_impl>> {
 public:
+    // `handler` is called for each click.
     button(wide_string caption, wide_string hint, std::function<void()> handler)
         : element_base(button_impl::element_kind), caption_(std::move(caption)), hint_(std::move(hint)),
           handler_(std::move(handler)) {}
@@ -31,16 +32,17 @@ private:
     const std::function<void()> handler_;
 };
 
-// What a click on a button does, by the button's code.
+// The code of a button, which determines the effect of a click.
 enum button_code : int32_t { ok_code = 1, run_code = 2, close_code = 8 };
 
+// The row of buttons of a window.
 class button_box final : public element_base<polymorphic<button_box_impl>> {
 public:
     struct entry {
         wide_string text;
         int32_t code;
     };
-    // `run` is the handler of the buttons that do the work, and answers whether the window closes.
+    // `run` handles the buttons that do work, and returns true if the window must close.
     button_box(std::vector<entry> entries, std::function<bool()> run);
 
     uint32_t entry_count() override { return static_cast<uint32_t>(entries_.size()); }
@@ -55,25 +57,27 @@ private:
 
 class radiobutton;
 
-// Knows the buttons of a group, which all end before it.
+// The buttons of a group, all of which must be destroyed before it.
 class radio_group {
 public:
+    // Adds a button; the constructor of radiobutton does this.
     void add(radiobutton& button) { buttons_.push_back(&button); }
-    // Leaves no other button checked.
+    // Unchecks all other buttons.
     void uncheck_others(const radiobutton& checked_one);
 
 private:
     std::vector<radiobutton*> buttons_;
 };
 
+// One of a group of buttons of which at most one is checked.
 class radiobutton final : public element_base<polymorphic<radiobutton_impl>> {
 public:
     radiobutton(radio_group& group, wide_string caption);
 
-    // Called after each change of this button, be it the user's or one by code; of a button that is checked
-    // after the others of the group were unchecked.
+    // Called after each change of this button, by the user or by code. When a button is checked, it is called
+    // after the other buttons of the group were unchecked.
     void set_on_changed(std::function<void()> handler) { changed_ = std::move(handler); }
-    // Checking it unchecks the one of its group that is checked.
+    // Checking a button unchecks the checked one of its group.
     void set_checked(bool on);
     bool is_checked() const { return checked_; }
 
@@ -88,13 +92,13 @@ private:
     std::function<void()> changed_;
 };
 
-// Box that is checked or not.
+// A box that is checked or not.
 class checkbox final : public element_base<polymorphic<checkbox_impl>> {
 public:
     explicit checkbox(wide_string caption, bool is_checked = false)
         : element_base(checkbox_impl::element_kind), caption_(std::move(caption)), checked_(is_checked) {}
 
-    // Called after each change, be it the user's or one by code.
+    // Called after each change, by the user or by code.
     void set_on_changed(std::function<void()> handler) { changed_ = std::move(handler); }
     void set_checked(bool on) {
         if (on == checked_) return;
@@ -113,13 +117,14 @@ private:
     std::function<void()> changed_;
 };
 
-// Tells the bundle's picture of this number, transparent where it is magenta; one of width 0 if there is
-// none.
+// Passes the bundle's picture with this number, transparent where it is magenta; a picture of width 0 if
+// there is none.
 void tell_picture(const masked_bitmap_visitor& visitor, uint32_t number);
 
+// A button of a tool bar.
 class tool : public element_base<polymorphic<tool_impl>> {
 public:
-    // Picture, caption and hint have one number.
+    // Picture, caption and hint have the same number.
     tool(wide_string id, uint32_t number, std::function<void()> action)
         : element_base(tool_impl::element_kind), id_(std::move(id)), number_(number),
           action_(std::move(action)) {}
@@ -136,12 +141,12 @@ private:
     const std::function<void()> action_;
 };
 
-// Row of tools.
+// A row of tools.
 class toolbar : public element_base<polymorphic<toolbar_impl>> {
 public:
     toolbar() : element_base(toolbar_impl::element_kind) {}
 
-    // Puts a tool, which must outlive the tool bar, behind the others.
+    // Appends a tool, which must outlive the tool bar.
     void add(const element& tool) { tools_.push_back(tool); }
 
     uint32_t tool_count() override { return static_cast<uint32_t>(tools_.size()); }

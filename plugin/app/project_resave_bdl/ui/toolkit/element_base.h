@@ -1,3 +1,4 @@
+// The base of all elements that the bundle shows, and of the content of windows and pages. Main thread only.
 #pragma once
 
 #include "framework/border/ref.h"
@@ -6,19 +7,21 @@
 
 namespace vs::project_resave::toolkit {
 
-// Base of the bundle's elements. An element holds its state and answers the host; whoever changes it calls
-// the setters, and the host's observer is told of what really changed.
+// Base of the bundle's elements. An element holds its state and answers the host. Code that changes it calls
+// the setters, and the host's observer is notified of actual changes only.
 //
 // An element is a member of its owner. Layouts and dockers hold only pairs of the elements inside them, so
-// these must be members of the same owner or of one that lives longer.
-// Own: the element's own interfaces, as a polymorphic chain.
+// these must be members of the same owner or of one that lives longer. Own: the element's interfaces, as a
+// polymorphic chain.
 template <class Own>
 class element_base : public polymorphic<element_impl, Own> {
 public:
     element_base(const element_base&) = delete;
     element_base& operator=(const element_base&) = delete;
+    // Converts to the pair that is passed to hosts and layouts; valid as long as the element.
     operator element() { return pointer_to<element_impl>(*this); }
 
+    // Change a state that the host draws.
     void set_enabled(bool on) { assign(enabled_, on); }
     void set_visible(bool on) { assign(visible_, on); }
 
@@ -28,10 +31,11 @@ public:
     void set_observer(element_observer observer) override { observer_.assign(observer); }
 
 protected:
+    // `own_kind` must be a literal, such as `button_impl::element_kind`.
     explicit element_base(const char16_t* own_kind) : kind_(own_kind) {}
     ~element_base() = default;
 
-    // Tells the observer only if the value differs.
+    // Notifies the observer, but only if the value differs.
     template <class Value>
     void assign(Value& state, const Value& value) {
         if (state == value) return;
@@ -46,10 +50,11 @@ private:
     weak_ref<element_observer_impl> observer_;
 };
 
-// Content of a window, a dialog or a page.
-// A derived class owns the main element and hands it over with `main_element`.
+// The content of a window, a dialog or a page. A derived class owns the main element and returns it in
+// `main_element`.
 class docker_base : public element_base<polymorphic<docker_impl>> {
 public:
+    // Converts to the pair that is passed to hosts; valid as long as the docker.
     operator docker() { return pointer_to<docker_impl>(*this); }
 
     void title(string_visitor visitor) override { tell(visitor, title_); }

@@ -17,6 +17,7 @@ void outline::refresh() {
     call<&outline_events_impl::reset_rows>(events_.get());
     call<&outline_events_impl::reset_columns>(events_.get());
     call<&outline_events_impl::reset_images>(events_.get());
+    // A host without outline_events is notified as well.
     assign(refreshes_, refreshes_ + 1);
 }
 

@@ -1,4 +1,4 @@
-// What shows or takes a value: figures, drop-down lists, paths, rows.
+// Elements that show or take a value: figures, drop-down lists, paths, rows. Main thread only.
 #pragma once
 
 #include <functional>
@@ -15,6 +15,7 @@ namespace vs::project_resave::toolkit {
 // A figure with a caption and a unit.
 class label_ex final : public element_base<polymorphic<label_ex_impl>> {
 public:
+    // The caption never changes.
     label_ex(wide_string caption, wide_string value, wide_string unit)
         : element_base(label_ex_impl::element_kind), caption_(std::move(caption)), value_(std::move(value)),
           unit_(std::move(unit)) {}
@@ -32,9 +33,10 @@ private:
     wide_string unit_;
 };
 
-// List that drops down, with a label, and a value of the bundle's own behind each row.
+// A drop-down list with a label. Each row also has a value for the bundle.
 class dropdownex final : public element_base<polymorphic<dropdownex_impl>> {
 public:
+    // What the user reads, and what the bundle gets.
     struct row {
         wide_string text;
         wide_string value;
@@ -43,11 +45,11 @@ public:
     dropdownex(wide_string label, std::vector<row> rows)
         : element_base(dropdownex_impl::element_kind), label_(std::move(label)), rows_(std::move(rows)) {}
 
-    // `index` as for `row_chosen`.
+    // `index` is as in `row_chosen`.
     void set_current(uint32_t index) {
         if (index < rows_.size() || index == no_row) assign(current_, index);
     }
-    // Of the current row; empty without one.
+    // Returns the value of the current row; empty if there is none.
     wide_string value() const { return current_ < rows_.size() ? rows_[current_].value : wide_string(); }
 
     void label(string_visitor visitor) override { tell(visitor, label_); }
@@ -64,17 +66,19 @@ private:
     uint32_t current_ = no_row;
 };
 
-// Field for a path. The owner's validator sees each text the user enters, never one set by code.
+// A field for a path. The owner's validator checks each text that the user enters, but not a text set by
+// code.
 class file_input final : public element_base<polymorphic<file_input_impl>> {
 public:
-    // Answers whether the entered text is taken; it may set another text before it refuses. The text in the
-    // field is still the old one.
+    // Returns true if the entered text is accepted. It may set another text before it refuses one. While it
+    // runs, the field still has the old text.
     using validator = std::function<bool(const wide_string& entered)>;
 
     explicit file_input(file_input_mode mode, wide_string filter = {}, wide_string button_caption = {});
 
-    // Without a validator everything is taken.
+    // Without a validator every text is accepted.
     void set_validator(validator decides) { validator_ = std::move(decides); }
+    // Sets the text without asking the validator.
     void set_text(const wide_string& text) { assign(text_, text); }
     const wide_string& text() const { return text_; }
 
@@ -92,10 +96,10 @@ private:
     validator validator_;
 };
 
-// Base of outlines: the connection to the host. A derived class answers for the rows and the columns.
+// Base of outlines: the connection to the host. A derived class provides rows and columns.
 class outline : public element_base<polymorphic<outline_impl>> {
 public:
-    // Has the host ask for everything again. Rows it was given before are void.
+    // Makes the host ask for everything again. Rows passed before become invalid.
     void refresh();
 
     void set_events(outline_events events) override { events_.assign(events); }
@@ -106,7 +110,7 @@ protected:
 
 private:
     weak_ref<outline_events_impl> events_;
-    uint32_t refreshes_ = 0; // a new number is a change that the observer is told of
+    uint32_t refreshes_ = 0; // a new number is a change that the observer is notified of
 };
 
 } // namespace vs::project_resave::toolkit

@@ -1,4 +1,4 @@
-// The layouts: which element is where.
+// The layouts, which place elements. Main thread only.
 #pragma once
 
 #include <functional>
@@ -17,13 +17,14 @@
 
 namespace vs::project_resave::toolkit {
 
-// Layout in rows and columns: base of the plain grid and of the group box, a grid in a frame with a caption.
-// Own: the grid's interface and whatever the element speaks beside it, as a polymorphic chain.
+// Base of layouts in rows and columns: the plain grid and the group box, which is a grid in a frame with a
+// caption. Own: the grid's interface and any other interface of the element, as a polymorphic chain.
 template <class Own>
 class grid_base : public element_base<Own> {
 public:
-    // Puts a child, which must outlive the layout, into a cell inside of the grid, counted from 0.
+    // Puts a child, which must outlive the layout, into a cell of the grid, counted from 0.
     void place(uint32_t row, uint32_t column, const element& child) { cells_.at(cell(row, column)) = child; }
+    // Sets the row that gets the remaining height.
     void set_spare_row(uint32_t row) { spare_row_ = row; }
 
     uint32_t rows() override { return rows_; }
@@ -39,6 +40,7 @@ protected:
     ~grid_base() = default;
 
 private:
+    // Returns the index of a cell; for row `rows_`, the number of cells.
     size_t cell(uint32_t row, uint32_t column) const { return size_t{row} * columns_ + column; }
 
     const uint32_t rows_;
@@ -47,11 +49,13 @@ private:
     std::vector<element> cells_;
 };
 
+// A plain grid.
 class grid_layout final : public grid_base<polymorphic<grid_layout_impl>> {
 public:
     grid_layout(uint32_t rows, uint32_t columns) : grid_base(grid_layout_impl::element_kind, rows, columns) {}
 };
 
+// A grid in a frame with a caption.
 class groupbox : public grid_base<polymorphic<grid_layout_impl, polymorphic<groupbox_impl>>> {
 public:
     groupbox(uint32_t rows, uint32_t columns, wide_string caption = {})
@@ -63,13 +67,12 @@ private:
     const wide_string caption_;
 };
 
-// Grid in which a cell may reach over several columns: base of the plain one and of one in a frame with a
-// caption.
-// Own: the interfaces of the element, as a polymorphic chain.
+// Base of grids in which a cell can span several columns: the plain one and the one in a frame with a
+// caption. Own: the interfaces of the element, as a polymorphic chain.
 template <class Own>
 class grid_span_base : public grid_base<Own> {
 public:
-    // As `place`, in a cell that reaches over as many columns, all of them inside of the grid.
+    // Like `place`, in a cell that spans `columns_taken` columns, all inside the grid.
     void place_over(uint32_t row, uint32_t column, uint32_t columns_taken, const element& child) {
         this->place(row, column, child);
         for (uint32_t i = 0; i < columns_taken; ++i) spans_[{row, column + i}] = i == 0 ? columns_taken : 0;
@@ -86,9 +89,11 @@ protected:
     ~grid_span_base() = default;
 
 private:
-    std::map<std::pair<uint32_t, uint32_t>, uint32_t> spans_; // of cells that take more than one, or none
+    std::map<std::pair<uint32_t, uint32_t>, uint32_t>
+        spans_; // of the cells that span several columns, or none
 };
 
+// A plain grid with spans.
 class grid_span_layout final
     : public grid_span_base<polymorphic<grid_layout_impl, polymorphic<grid_span_layout_impl>>> {
 public:
@@ -96,6 +101,7 @@ public:
         : grid_span_base(grid_span_layout_impl::element_kind, rows, columns) {}
 };
 
+// A grid with spans in a frame with a caption.
 class groupbox_span final
     : public grid_span_base<polymorphic<
           grid_layout_impl,
@@ -128,7 +134,7 @@ private:
 // Elements side by side.
 class stack_layout final : public element_base<polymorphic<stack_layout_impl>> {
 public:
-    // All must outlive the layout.
+    // All of them must outlive the layout.
     explicit stack_layout(std::vector<element> children)
         : element_base(stack_layout_impl::element_kind), children_(std::move(children)) {}
 
@@ -139,16 +145,17 @@ private:
     const std::vector<element> children_;
 };
 
-// Pages behind tabs.
+// Pages with tabs.
 class tab_layout final : public element_base<polymorphic<tab_layout_impl>> {
 public:
     tab_layout() : element_base(tab_layout_impl::element_kind) {}
 
-    // Puts a page behind the others; its content must outlive the layout. The first one is shown at first.
+    // Appends a page, whose content must outlive the layout. The first page is shown initially.
     void add(wide_string id, wide_string title, const docker& content);
-    // For an index inside.
+    // Enables or disables a page; throws std::out_of_range for an index past the last.
     void set_enabled(uint32_t index, bool on) { assign(pages_.at(index).enabled, on); }
     using element_base::set_enabled;
+    // Returns the index of the page that is shown.
     uint32_t active() const { return active_; }
     // Called after the user has chosen another page.
     void set_on_page_changed(std::function<void()> handler) { page_changed_ = std::move(handler); }

@@ -1,4 +1,4 @@
-// Elements that show a text: label, output, multi-line output.
+// Elements that show a text: label, output, multi-line output. Main thread only.
 #pragma once
 
 #include "host/toolkit/label.h"
@@ -8,7 +8,7 @@
 
 namespace vs::project_resave::toolkit {
 
-// Impl declares the operation that tells the text.
+// Base of these elements. Impl declares the operation that passes the text.
 template <class Impl>
 class text_element : public element_base<polymorphic<Impl>> {
 public:
@@ -23,19 +23,22 @@ private:
     wide_string text_;
 };
 
+// A line of text next to another element.
 class label final : public text_element<label_impl> {
 public:
     using text_element::text_element;
 };
 
+// A line of text that the user can copy.
 class output final : public text_element<output_impl> {
 public:
     using text_element::text_element;
 };
 
+// Several lines of text that the user can scroll and copy.
 class multiline_output final : public text_element<multiline_output_impl> {
 public:
-    // Size hints in average characters and lines.
+    // Size hints in average characters and in lines.
     multiline_output(uint32_t width_hint, uint32_t height_hint) : width_(width_hint), height_(height_hint) {}
 
     uint32_t width() override { return width_; }

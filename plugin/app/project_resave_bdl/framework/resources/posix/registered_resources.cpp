@@ -1,4 +1,4 @@
-// The bundle's texts and pictures as the resources of a library that has no resource section.
+// Registers the bundle's texts and pictures, since a library has no resource section on POSIX.
 #include <array>
 
 #include "bundle_images.inc"
@@ -22,7 +22,7 @@ constexpr platform::text_row rows[] = {
 #undef VS_TEXT
 #undef VS_TEXT_BASE_ONLY
 
-// Done when the library loads, before anything can be looked up.
+// Runs when the library is loaded, before any look-up.
 const bool registered = [] {
     platform::register_text_rows(platform::own_module(), rows);
     for (const auto& [id, bytes] : bundle_images) platform::register_image(platform::own_module(), id, bytes);

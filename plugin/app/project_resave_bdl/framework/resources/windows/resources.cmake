@@ -7,7 +7,7 @@ foreach(image IN LISTS images)
     get_filename_component(id ${image} NAME_WE)
     string(APPEND content "${id} BITMAP \"${image}\"\n")
 endforeach()
-string(APPEND content "\n2 24 \"${CMAKE_CURRENT_LIST_DIR}/bundle.manifest\"\n") # 24: a manifest, 2: of a library
+string(APPEND content "\n2 24 \"${CMAKE_CURRENT_LIST_DIR}/bundle.manifest\"\n") # type 24: manifest; id 2: of a library
 file(CONFIGURE OUTPUT ${generated}/bundle.rc CONTENT "${content}" @ONLY)
 set_source_files_properties(${generated}/bundle.rc PROPERTIES
     OBJECT_DEPENDS "${generated}/bundle_texts.rc;${images};${CMAKE_CURRENT_LIST_DIR}/bundle.manifest"
