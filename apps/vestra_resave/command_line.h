@@ -9,6 +9,7 @@
 
 namespace vestra::command {
 
+// The parsed command line: the common options, and one request for each command.
 struct command_line {
     common_options options;
     std::string project; // of `list` and `check-case`; other commands have their own

@@ -29,6 +29,7 @@ using commands = std::vector<const CLI::App*>;
 // Returns the positional arguments or the options that the help of `app` shows, in its order.
 options shown_options(const CLI::App& app, bool positional);
 
+// Returns the commands of `app` in the order of its help.
 commands commands_of(const CLI::App& app);
 
 // Returns the names of an option as typed, such as "-h, --help"; empty for a positional argument.

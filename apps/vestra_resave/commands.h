@@ -23,6 +23,7 @@ struct list_request {
     bool missing = false;            // only elements whose file is missing, and their parents
     std::vector<std::string> search; // folders to search for missing files
 };
+// Lists the elements of the project as a tree, as text or JSON.
 int list_project(const list_request& request, const common_options& options);
 
 // verify: checks whether a project is self-contained.
@@ -32,8 +33,9 @@ struct verify_request {
     bool manifest = false;  // compare the files with the manifest
     std::string report;     // path of the HTML report; empty for none
 };
+// Loads and checks the project and prints the findings.
 int verify_project(const verify_request& request, const common_options& options);
-// As above without printing anything.
+// The result of a verification.
 struct ended_verify {
     struct file {
         wide_string path;
@@ -46,6 +48,7 @@ struct ended_verify {
     const char* outcome = "";      // in JSON: "stands alone", "does not stand alone", "stopped"
     std::vector<file> files = {};  // existing files that the project needs, if a report is requested
 };
+// Verifies like `verify_project`, but prints nothing and writes no report.
 ended_verify verify_in(session& host, const verify_request& request);
 // Returns the outcome in words for the user: "self-contained", "not self-contained", "stopped".
 std::string outcome_text(const ended_verify& ended);

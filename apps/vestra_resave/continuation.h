@@ -28,6 +28,7 @@ enum class run_mode { anew, resume, update };
 // One object per resave. It must outlive everything that uses the disk.
 class continuation {
 public:
+    // `source` and `target` are the project files; `request` must outlive this object.
     continuation(const resave_request& request, wide_string source, wide_string target);
     ~continuation();
 

@@ -12,6 +12,7 @@ namespace vestra::command {
 
 using vs::project_resave::wide_string;
 
+// The files of a data set, as far as they are known.
 struct data_set_files {
     struct needed {
         wide_string path;      // of a file that may be missing
@@ -35,6 +36,7 @@ std::vector<data_set_files::needed> virtual_sources(const wide_string& path);
 // Checks whether paths inside a folder stay there when links are followed.
 class folder_walls {
 public:
+    // `folder` is a drive path; links in it are resolved once.
     explicit folder_walls(const wide_string& folder);
 
     // True if the path, or a link on its way, points outside the folder. False if it cannot be reached.

@@ -42,6 +42,7 @@ enum class made_state {
     referred, // only known because an earlier project refers to it
 };
 
+// A file or folder that an earlier run made, as last recorded.
 struct earlier_file {
     wide_string path;
     made_state state = made_state::copied;
@@ -57,6 +58,7 @@ struct earlier_file {
 // True for a file that may be incomplete and has a temporary name.
 bool is_only_begun(const earlier_file& file);
 
+// The content of a journal.
 struct earlier_run {
     std::string request; // the content of `run`; empty if the journal ends before it
     std::vector<earlier_file> files;

@@ -18,6 +18,7 @@ namespace vestra::command {
 using vs::project_resave::wide_string;
 using vs::project_resave::wide_view;
 
+// One node of the element tree.
 struct element {
     std::string kind; // "collection", "scene", "group", "layer", "table", "joined table", ...
     wide_string type; // layer type or meta identifier; empty for groups and joined tables

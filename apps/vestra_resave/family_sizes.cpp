@@ -1,3 +1,4 @@
+// Computes sizes once for each file and folder, however many elements use them.
 #include "apps/vestra_resave/family_sizes.h"
 
 #include "apps/vestra_resave/companions.h"

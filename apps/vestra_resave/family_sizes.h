@@ -16,6 +16,7 @@ class size_register;
 
 namespace vestra::command {
 
+// Computes the sizes of elements and their totals.
 class family_sizes {
 public:
     // `known` has the files registered for the elements of the loaded project; it must outlive this object.

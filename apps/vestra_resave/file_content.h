@@ -19,6 +19,7 @@ public:
     sha256(const sha256&) = delete;
     sha256& operator=(const sha256&) = delete;
 
+    // Adds `length` bytes to the digest.
     void add(const void* bytes, size_t length);
     // Returns the digest as 64 lower-case hexadecimal digits, or an empty text if it could not be computed.
     // Call it once, at the end.
@@ -29,8 +30,10 @@ private:
     std::unique_ptr<state> state_;
 };
 
+// Returns the bytes as lower-case hexadecimal digits.
 std::string hexadecimal(const unsigned char* bytes, size_t length);
 
+// The size of a file and its SHA-256 as hexadecimal digits.
 struct file_digest {
     uint64_t bytes = 0;
     std::string sha256;

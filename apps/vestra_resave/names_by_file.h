@@ -10,9 +10,11 @@ namespace vestra::command {
 
 class source_elements;
 
+// Maps files to the names of their elements; later lookups ignore letter case of paths.
 class names_by_file {
 public:
     names_by_file() = default;
+    // Adds all elements of the source project that have a file.
     explicit names_by_file(const source_elements& source);
 
     // If two elements have the same file, the first one added is used.

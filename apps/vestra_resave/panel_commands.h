@@ -9,6 +9,7 @@
 
 namespace vestra::command {
 
+// The commands and the state of one session with an open window.
 class panel_commands {
 public:
     // `print` is called with complete lines in UTF-8. The window must outlive this object.

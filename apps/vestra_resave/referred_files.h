@@ -28,6 +28,7 @@ std::vector<earlier_file> referred_files(vs::project_resave::project_context& co
 class source_neighbours {
 public:
     explicit source_neighbours(const vs::project_resave::project_context& context) : context_(context) {}
+    // True if the file at `path` may belong to a source.
     bool contain(const wide_string& path);
 
 private:
@@ -45,6 +46,7 @@ class other_users {
 public:
     other_users(vs::project_resave::project_context& context, const wide_string& project,
                 const std::vector<wide_string>& going);
+    // True if the file at `path` is needed by anything but the project.
     bool need(const wide_string& path);
 
 private:

@@ -14,6 +14,7 @@ namespace vestra::command {
 class session;
 struct resave_request;
 
+// What a dry run would write.
 struct resave_plan {
     struct file {
         wide_string source; // empty if it has none: a scene or layer file, a log

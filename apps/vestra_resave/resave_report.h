@@ -26,6 +26,7 @@ struct copied_file {
     uint64_t bytes = 0;
 };
 
+// The result of a run: exit status, outcome, files and problems.
 struct resave_report {
     int exit = done;
     std::string outcome;             // "saved", "saved with problems", "not saved", "stopped"
@@ -48,6 +49,7 @@ struct resave_summary {
     size_t renamed = 0;
     size_t lost = 0, failed = 0, not_resaved = 0, astray = 0, left_behind = 0, dropped = 0, left_alone = 0;
 };
+// Counts the files and problems of a report.
 resave_summary summary_of(const resave_report& report);
 // A count that is not zero: its key in JSON, its number, and its text in the closing line.
 struct summary_part {
@@ -56,6 +58,7 @@ struct summary_part {
     std::string text;  // "3 left alone"
     std::string label; // the same without the number
 };
+// Returns the counts that are not zero, in the order of the closing line.
 std::vector<summary_part> parts_of(const resave_summary& summary);
 // Returns the key of the count that includes a problem; null for a stop and for notices that are not counted.
 const char* counted_as(const problem& found);
@@ -65,6 +68,7 @@ resave_report report_of(const vs::project_resave::run_state& run,
                         const vs::project_resave::run_result& result, std::vector<problem> problems);
 // Adds a problem found after the run; unless it is a notice, it turns "saved" into "saved with problems".
 void add(resave_report& report, problem found);
+// Returns the report in the form that --json prints.
 nlohmann::ordered_json json_of(const resave_report& report);
 // Prints each problem, and each notice except renamed copies, as a line on standard error.
 void print_problems(const resave_report& report);

@@ -16,6 +16,7 @@ namespace vestra::command {
 // The elements of the source project, collected before the run changes them.
 class source_elements {
 public:
+    // One element with its name, its file and the range of its descendants.
     struct row {
         vs::project_resave::element_name name;
         std::string kind;

@@ -15,6 +15,7 @@ class project_context;
 
 namespace vestra::command {
 
+// The findings of a verification.
 struct verification {
     wide_string project;
     size_t references = 0; // number of references checked
@@ -25,6 +26,7 @@ struct verification {
     bool stopped = false;           // before the end
 };
 
+// How a verification is done.
 struct verify_settings {
     bool elsewhere = false; // as if the project folder, and nothing else, were moved to another disk
     // If set, called once for each data set inside the project folder, with the first element that refers to

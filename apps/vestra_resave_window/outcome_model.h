@@ -11,6 +11,7 @@
 
 namespace vestra::window {
 
+// The table model of a result.
 class outcome_model final : public QAbstractTableModel {
 public:
     enum column { element_column, source_column, target_column, size_column, state_column, reason_column };
@@ -21,6 +22,7 @@ public:
 
     using QAbstractTableModel::QAbstractTableModel;
 
+    // Replaces all rows.
     void put(std::vector<outcome_row> rows);
     // Updates the column headings after the language has changed.
     void translate();

@@ -11,6 +11,7 @@
 
 namespace vestra::window {
 
+// One file or problem of a result.
 struct outcome_row {
     QString element;        // with its list
     QString source, target; // in the form of the operating system
@@ -19,6 +20,7 @@ struct outcome_row {
     bool is_problem = false;
 };
 
+// A result as the window shows it.
 struct run_outcome {
     QString title;   // the kind of run
     QString summary; // one line

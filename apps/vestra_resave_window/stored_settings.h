@@ -26,8 +26,10 @@ public:
 
     // Native paths, most recent first.
     QStringList recent() const;
+    // Moves the project to the front of the list, and drops the oldest one if there are too many.
     void add_recent(const QString& project);
 
+    // Return and set other values by name, such as the geometry of the window.
     QByteArray value(const QString& name) const { return kept_.value(name).toByteArray(); }
     void set_value(const QString& name, const QByteArray& value) { kept_.setValue(name, value); }
 

@@ -14,6 +14,7 @@ namespace vestra::window {
 
 using vs::project_resave::wide_string;
 
+// Settings and facts of a run, copied from the tool.
 struct tool_record {
     wide_string source, target;
     double kilobytes = 0;

@@ -37,10 +37,12 @@ Handle* create(Arguments&&... arguments) noexcept {
         return to_handle<Handle>(object.release());
     });
 }
+// Destroys the object; does nothing for a null handle.
 template <class Handle>
 void destroy(Handle* handle) noexcept {
     const std::unique_ptr<model_type<Handle>> ending(to_model(handle));
 }
+// Copies `source` to `target`; does nothing if either is null.
 template <class Handle>
 void assign(Handle* target, const Handle* source) noexcept {
     if (source) on(target, [&](auto& object) { object = *to_model(source); });

@@ -52,6 +52,7 @@ wait_window* model_of(vs_wait*);
 xml_session* model_of(vs_xml_save_prj*);
 xml_session* model_of(vs_xml_save_2d*);
 xml_session* model_of(vs_xml_save_3d*);
+// The class behind a handle type.
 
 template <class Handle>
 using model_type =

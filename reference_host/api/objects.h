@@ -11,6 +11,7 @@
 
 namespace vestra::api {
 
+// A text of the bundle, set and read through two functions of the caller.
 struct string_adapter : counted {
     vs_string_assign assign;
     vs_string_text text;
@@ -37,6 +38,7 @@ struct field_list : counted {
     std::vector<field> fields;
 };
 
+// The property captions of a TOS file.
 struct open_tos_file : counted {
     std::vector<wide_string> properties;
 };

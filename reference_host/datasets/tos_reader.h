@@ -9,6 +9,7 @@
 
 namespace vestra::datasets {
 
+// The content of a TOS file, without its records.
 struct tos_file {
     std::vector<wide_string> properties; // captions of the columns
     std::vector<wide_string> members;    // relative to the file's folder; the stem is filled in

@@ -16,6 +16,7 @@ public:
     // `folder` is the folder of the file, the base of its relative references.
     element_reader(input& source, wide_string folder) : in_(source), folder_(std::move(folder)) {}
 
+    // Each reads one root element into an object; errors are reported through the input.
     void read_project(pugi::xml_node node, project& out);
     void read_scene(pugi::xml_node node, scene& out);
     std::unique_ptr<layer> read_layer(pugi::xml_node node, dimension kind);

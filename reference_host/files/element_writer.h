@@ -20,12 +20,14 @@ public:
     // stored relative.
     element_writer(wide_string folder, nearness near) : folder_(std::move(folder)), near_(near) {}
 
+    // Each writes one object into its root element.
     void write_project(pugi::xml_node node, const project& in);
     void write_scene(pugi::xml_node node, const scene& in);
     void write_layer(pugi::xml_node node, const layer& in);
     // Call once, after all other functions: a parent is written only if it is in the same file.
     void write_parents();
 
+    // Returns the reason if the result could not be read back; nothing otherwise.
     const std::optional<wide_string>& refused() const { return refused_; }
 
 private:

@@ -15,6 +15,7 @@ inline constexpr int deepest_element = 64; // the root has depth 1
 // Limit for all tuples of a file together, because a few bytes can request a tuple of any size.
 inline constexpr std::uint32_t most_tuple_elements = 1U << 24;
 
+// A violation of the grammar and the element that contains it.
 struct fault {
     pugi::xml_node at;
     wide_string reason;

@@ -27,10 +27,13 @@ public:
     input(const input&) = delete;
     input& operator=(const input&) = delete;
 
+    // Returns the root element; valid only if `failed` returns false.
     pugi::xml_node root() const { return root_; }
     const std::optional<file_error>& error() const { return error_; }
     bool failed() const { return error_.has_value(); }
+    // Records an error at this element, unless there is one already.
     void refuse(pugi::xml_node at, wide_string reason);
+    // Returns the line, from 1, in which the element begins.
     std::size_t line_of(pugi::xml_node node) const;
 
     // Values of attributes; a missing attribute gives `absent`.

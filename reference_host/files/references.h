@@ -40,6 +40,7 @@ struct held_reference {
 // Called once for each reference that is not empty, in the order of the project.
 using reference_visitor = std::function<void(const held_reference&)>;
 
+// Calls `visitor` for each reference of the object; changes nothing.
 void visit_references(const project& all, const reference_visitor& visitor);
 void visit_references(const layer& one, const reference_visitor& visitor);
 // `kind` is what the project uses the scene as, such as a layout, a sheet or a legend.

@@ -29,6 +29,7 @@ public:
     explicit any(payload initial) : value(std::move(initial)) {}
 
     std::uint32_t type() const { return static_cast<std::uint32_t>(value.index()); }
+    // Return the value if it has this type; null otherwise.
     tuple* as_tuple() { return std::get_if<tuple>(&value); }
     const wide_string* as_text() const { return std::get_if<wide_string>(&value); }
     friend bool operator==(const any&, const any&) = default;

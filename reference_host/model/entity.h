@@ -20,6 +20,7 @@ class entity_link {
 public:
     entity_link() = default;
     entity_link(entity* target);
+    // Returns null if the entity was destroyed or none was set.
     entity* get() const { return anchor_ ? *anchor_ : nullptr; }
     explicit operator bool() const { return get() != nullptr; }
 

@@ -20,6 +20,7 @@ public:
     virtual void clear() = 0;
 };
 
+// A container of T, which owns its members through pointers, so their addresses stay valid.
 template <class T>
 class owned_list : public entity_list {
 public:
@@ -51,6 +52,7 @@ public:
         members_[index].reset();
         first_gap_ = index;
     }
+    // Returns the members in order, without null pointers.
     const std::vector<std::unique_ptr<T>>& members() const {
         close_gaps();
         return members_;

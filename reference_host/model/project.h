@@ -36,6 +36,7 @@ public:
     std::unique_ptr<layer> page;         // of a layout; not among the layers
 };
 
+// A container of scenes of one kind.
 class scene_collection : public owned_list<scene> {
 public:
     scene_collection(dimension scenes_kind, std::string meta_identifier)

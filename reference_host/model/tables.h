@@ -36,6 +36,7 @@ public:
     wide_string file;
 };
 
+// A join with another table by the index of a field in each of them.
 struct table_join {
     wide_string other_source; // path of the joined table
     std::int32_t base_field = 0;

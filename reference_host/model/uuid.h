@@ -20,6 +20,7 @@ public:
     // Returns a new random uuid.
     static uuid random();
 
+    // True unless all digits are zero.
     bool has_value() const { return bytes_ != std::array<uint8_t, 16>{}; }
     // Returns the digits in lower case without braces; empty if it has no value.
     wide_string text() const;

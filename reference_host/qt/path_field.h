@@ -28,6 +28,7 @@ protected:
 // Shows paths in the project's form and also accepts those of the operating system.
 class path_field final : public widget_for<vs::project_resave::file_input_impl, QWidget> {
 public:
+    // Creates the line and the button inside a widget of `parent`.
     path_field(element_widgets& all, const element& live, QWidget* parent);
 
     void commit() override;

@@ -15,6 +15,7 @@ namespace vestra::qt {
 // request a stop. Not modal: the window below can still be moved and closed.
 class progress_window final : public QWidget {
 public:
+    // Calls `stops` when the user requests a stop.
     progress_window(QWidget* above, bool stoppable, std::function<void()> stops);
 
     void set_caption(const QString& text);

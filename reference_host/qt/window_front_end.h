@@ -77,6 +77,7 @@ private:
 // Reports the bytes that a tool copies to a front end for the lifetime of this object.
 class watched_transfer final : private vs::project_resave::transfer_observer_impl {
 public:
+    // `expected` is the number of bytes of the whole run.
     watched_transfer(const vs::project_resave::run_record& tool, window_front_end& shows,
                      std::uint64_t expected);
     ~watched_transfer();

@@ -15,6 +15,7 @@ namespace vestra::shell {
 // services.
 class service_registry {
 public:
+    // Makes this the current registry.
     service_registry();
     ~service_registry();
     service_registry(const service_registry&) = delete;

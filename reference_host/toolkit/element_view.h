@@ -16,6 +16,7 @@
 
 namespace vestra::toolkit {
 
+// One button of a button box: its text and the code that it sends.
 struct button_view {
     wide_string text;
     std::int32_t code;

@@ -1,3 +1,5 @@
+// Implements the flat list of items: reads the notes from the layers' extra values and writes their new paths
+// back.
 #include "notes_service.h"
 
 #include "host/vsk_prj.h"

@@ -1,3 +1,4 @@
+// Implements the claim on sketch layers: their references, their files, and how these are copied.
 #include "sketch_service.h"
 
 #include "files.h"

@@ -38,6 +38,7 @@ struct folder_node {
     std::map<std::string, size_t> inside = {}; // indexes of nodes by name; for the root also by absolute path
 };
 
+// A tree of folders with the number, size and problems of the files below each.
 class folder_tree {
 public:
     // Counts a file of this folder, which ends with a separator, in the folder and all its parents.

@@ -18,6 +18,7 @@ struct sized_group {
     bool is_rest = false; // several groups combined
 };
 
+// Everything on a page that depends on the list of files.
 struct page_data {
     std::string json; // see page.js; not escaped yet
     std::string before_root, after_root;
@@ -26,6 +27,7 @@ struct page_data {
     std::vector<sized_group> types, folders;
 };
 
+// Computes the data of a page.
 page_data data_of(const page_facts& facts);
 
 // Returns the largest groups as bars with their sizes in SVG, and the others as one bar. `attribute`

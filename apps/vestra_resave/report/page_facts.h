@@ -22,6 +22,7 @@ struct page_file {
     std::string note = {};                         // why it is a problem; empty if it is none
 };
 
+// One number of the summary with its label.
 struct page_figure {
     std::string value, label;
     std::string group = {}; // of the problems that it counts; empty if it counts something else
@@ -29,6 +30,7 @@ struct page_figure {
 
 enum class page_tone { good, warning, bad };
 
+// Everything that a page shows.
 struct page_facts {
     sentence title; // what was done
     std::string outcome;
@@ -40,6 +42,7 @@ struct page_facts {
     std::vector<std::pair<std::string, std::string>> choices; // options with their values
 };
 
+// Collects the content of a page from the result of a resave or a verification.
 page_facts facts_of(const ended_resave& ended, const resave_request& request);
 page_facts facts_of(const ended_verify& ended, const verify_request& request);
 
