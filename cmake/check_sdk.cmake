@@ -1,5 +1,5 @@
-# Run by CTest: installs the published headers into a folder of the build, compiles each of them alone, and builds the
-# sample bundle as a separate project with only these headers.
+# Run by CTest: installs the kit into a folder of the build and compiles each of its headers alone. tools/package_test
+# builds the sample bundle with the kit of the packages.
 #
 #     cmake -D BUILD=... -D SOURCE=... -D COMPILER=... -P check_sdk.cmake
 set(prefix ${BUILD}/sdk_check/installed)
@@ -19,7 +19,3 @@ foreach(header IN LISTS headers)
     run(${COMPILER} -std=c++20 -fsyntax-only -Wall -Wextra -Werror -I${prefix}/include/project_resave -include ${header}
         -x c++ /dev/null)
 endforeach()
-
-run(${CMAKE_COMMAND} -S ${SOURCE}/samples/bundle -B ${BUILD}/sdk_check/sample -G Ninja
-    -D CMAKE_PREFIX_PATH=${prefix} -D CMAKE_CXX_COMPILER=${COMPILER})
-run(${CMAKE_COMMAND} --build ${BUILD}/sdk_check/sample)

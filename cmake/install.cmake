@@ -3,7 +3,7 @@
 function(install_documents folder)
     install(FILES README.md CHANGELOG.md DESTINATION ${folder} COMPONENT application)
     install(DIRECTORY docs DESTINATION ${folder} COMPONENT application)
-    install(DIRECTORY samples/area DESTINATION ${folder}/samples COMPONENT application)
+    install(DIRECTORY samples/area samples/bundle DESTINATION ${folder}/samples COMPONENT application)
 endfunction()
 
 # The licences of the libraries that are linked into the programs: a name and the file.

@@ -1,12 +1,13 @@
-# The headers that other bundles are built against, as the target project_resave::sdk.
+# The kit that other bundles are built with, as the target project_resave::sdk: the published headers and, for Windows,
+# the import libraries of the host.
 include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
 set(platform_headers export.h wide_string.h)
 file(GLOB sdk_headers CONFIGURE_DEPENDS ${bundle_root}/host/*.h)
 foreach(header
-        framework/bundle_entry.h framework/factories.h framework/border/caught.h framework/border/interface.h
-        framework/border/polymorphic.h framework/border/ref.h framework/border/referent.h
+        framework/bundle_entry.h framework/factories.h framework/border/caught.h framework/border/host_owned.h
+        framework/border/interface.h framework/border/polymorphic.h framework/border/ref.h framework/border/referent.h
         framework/border/string_adapter.h framework/border/visitors.h
         host/interfaces/service_factory.h
         services/resave_entity_service.h services/resave_service.h)
@@ -31,6 +32,17 @@ string(APPEND exports $<INSTALL_INTERFACE:$<INSTALL_PREFIX>/${package_folder}/bu
 target_compile_options(project_resave_sdk INTERFACE $<$<CXX_COMPILER_ID:GNU,Clang>:-fvisibility=hidden>)
 target_link_options(project_resave_sdk INTERFACE $<$<PLATFORM_ID:Linux>:LINKER:--version-script=${exports}>)
 
+if(WIN32)
+    # Elsewhere a library finds the host's functions in the program that loads it; here it names the library of each. It
+    # brings the compiler's own libraries along, for the host has none of them.
+    foreach(library IN LISTS host_libraries)
+        target_link_libraries(project_resave_sdk INTERFACE $<BUILD_INTERFACE:${library}>
+            $<INSTALL_INTERFACE:$<INSTALL_PREFIX>/${CMAKE_INSTALL_LIBDIR}/${CMAKE_IMPORT_LIBRARY_PREFIX}${library}${CMAKE_IMPORT_LIBRARY_SUFFIX}>)
+        install(FILES $<TARGET_LINKER_FILE:${library}> DESTINATION ${CMAKE_INSTALL_LIBDIR} COMPONENT sdk)
+    endforeach()
+    target_link_options(project_resave_sdk INTERFACE $<$<CXX_COMPILER_ID:GNU,Clang>:-static>)
+endif()
+
 install(TARGETS project_resave_sdk EXPORT project_resave_targets COMPONENT sdk
     FILE_SET HEADERS DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/project_resave
     FILE_SET platform_headers DESTINATION ${CMAKE_INSTALL_INCLUDEDIR}/project_resave)
@@ -43,9 +55,6 @@ install(FILES ${PROJECT_BINARY_DIR}/project_resaveConfigVersion.cmake ${CMAKE_CU
 
 add_subdirectory(samples/bundle)
 set_target_properties(sample_bundle PROPERTIES LIBRARY_OUTPUT_DIRECTORY ${CMAKE_RUNTIME_OUTPUT_DIRECTORY})
-if(WIN32)
-    target_link_libraries(sample_bundle PRIVATE ${host_libraries})
-endif()
 
 if(NOT WIN32)
     enable_testing()

@@ -45,13 +45,19 @@ void drop_last_character(wide_string& path) {
 
 // True for a path with a drive that normalising would not change, as for most paths: they need no work.
 bool is_normal(wide_view path) {
-    if (path.size() < 4 || path_root(path).empty() || path[2] != u'\\' || path.back() == u'\\') return false;
-    for (size_t i = 2; i < path.size(); ++i) {
-        if (path[i] == u'/') return false;
-        const bool begins_piece = path[i - 1] == u'\\';
-        if (begins_piece && (path[i] == u'\\' || path[i] == u'.')) return false;
+    const auto is_letter = [](char16_t c) { return (c | 0x20) >= u'a' && (c | 0x20) <= u'z'; };
+    if (path.size() < 4 || !is_letter(path[0]) || path[1] != u':' || path[2] != u'\\') return false;
+    char16_t before = u':';
+    for (const char16_t c : path.substr(2)) {
+        if (c == u'/' || (before == u'\\' && (c == u'\\' || c == u'.'))) return false;
+        before = c;
     }
-    return true;
+    return before != u'\\';
+}
+
+// Returns "C:\a" for "C:\a\", as the folder of a path is given.
+wide_view without_last_separator(wide_view path) {
+    return path.size() > 3 && path.back() == u'\\' ? path.substr(0, path.size() - 1) : path;
 }
 
 bool same_piece(wide_view a, wide_view b) { return platform::compare_no_case(a, b) == 0; }
@@ -121,9 +127,7 @@ std::vector<wide_string> path_split(wide_view path, wide_view separators, bool s
 }
 
 wide_string path_normalise(wide_view path) {
-    const bool is_folder = path.size() > 3 && path.back() == u'\\'; // "C:\a\"
-    const wide_view bare = is_folder ? path.substr(0, path.size() - 1) : path;
-    if (is_normal(bare)) return wide_string(bare);
+    if (const wide_view bare = without_last_separator(path); is_normal(bare)) return wide_string(bare);
     const wide_string root = path_root(path);
     const piece_views pieces = pieces_of(path);
     piece_views kept;
@@ -184,10 +188,15 @@ wide_string path_resolve(wide_view base, wide_view path) {
 }
 
 bool path_same(wide_view first, wide_view second) {
+    const wide_view a = without_last_separator(first), b = without_last_separator(second);
+    if (is_normal(a) && is_normal(b)) return same_piece(a, b);
     return same_piece(path_normalise(first), path_normalise(second));
 }
 
-wide_string path_key(wide_view path) { return platform::folded(path_normalise(path)); }
+wide_string path_key(wide_view path) {
+    const wide_view bare = without_last_separator(path);
+    return platform::folded(is_normal(bare) ? bare : wide_view(path_normalise(path)));
+}
 
 // Dots and blanks at the end of a piece are dropped by some operating systems, so ".. " leads upwards, too.
 wide_string held_below(wide_view name) {

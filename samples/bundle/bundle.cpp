@@ -9,8 +9,8 @@ namespace {
 
 using namespace vs::project_resave;
 
-// Static objects: they are in the library's list of factories before the host calls it, and destroy the
-// services when the library is unloaded.
+// Static objects: they are in the library's list of factories before the host calls it, and end the services
+// when the library is unloaded.
 service_factory<notes_service>
     notes(u"vestra/resave_project",
           std::make_unique<ref_service_holder<notes_service, resave_service_impl>>());

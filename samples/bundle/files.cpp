@@ -8,14 +8,15 @@
 namespace sample {
 
 namespace fs = std::filesystem;
+using vs::project_resave::wide_view;
 
 namespace {
 
-// Returns the folder of a drive on systems without drives; the host sets the variable before it loads a
-// bundle.
+// Returns the folder that is a drive where the operating system has no drives. The host sets the variable
+// before it loads a bundle.
 std::string folder_of_drive(char16_t letter) {
-    const char* const told = std::getenv("VESTRA_DRIVES"); // "C=/data/c;N=/mnt/n"
-    std::string_view rest = told ? told : "";
+    const char* const drives = std::getenv("VESTRA_DRIVES"); // "C=/data/c;N=/mnt/n"
+    std::string_view rest = drives ? drives : "";
     while (!rest.empty()) {
         const size_t end = std::min(rest.find(';'), rest.size());
         const bool is_it = end > 2 && (rest[0] | 0x20) == (letter | 0x20) && rest[1] == '=';
@@ -32,7 +33,7 @@ bool same_name(const fs::path& a, const fs::path& b) {
     return std::ranges::equal(first, second, {}, folded, folded);
 }
 
-// Returns the entry with this name in any letter case; the name unchanged if there is none.
+// Returns the entry of this name in any letter case; the name as it is if there is none.
 fs::path entry_in(const fs::path& folder, const fs::path& name) {
     std::error_code failed;
     if (!fs::exists(folder / name, failed))
@@ -50,6 +51,19 @@ fs::path native(wide_string path) {
     return result;
 }
 
+bool is_separator(char16_t c) { return c == u'\\' || c == u'/'; }
+
+bool is_whole(wide_view path) { return path.starts_with(u"\\\\") || (path.size() > 2 && path[1] == u':'); }
+
+// Returns the length of the folders that both paths begin with; 0 if these are not on one drive or server.
+size_t common_folders(const wide_string& a, const wide_string& b) {
+    const auto folded = [](char16_t c) { return c >= u'A' && c <= u'Z' ? char16_t(c | 0x20) : c; };
+    size_t common = 0;
+    for (size_t i = 0; i < std::min(a.size(), b.size()) && folded(a[i]) == folded(b[i]); ++i)
+        if (is_separator(a[i])) common = i + 1;
+    return common > 2 ? common : 0; // two are those that all shares begin with
+}
+
 } // namespace
 
 bool file_exists(const wide_string& path) {
@@ -60,6 +74,26 @@ bool file_exists(const wide_string& path) {
 bool copy_file(const wide_string& source, const wide_string& target) {
     std::error_code failed;
     return fs::copy_file(native(source), native(target), failed);
+}
+
+wide_string folder_of(const wide_string& path) { return path.substr(0, path.find_last_of(u"\\/") + 1); }
+
+wide_string relative_path(const wide_string& path, const wide_string& other) {
+    const size_t common = common_folders(path, other);
+    if (common == 0) return path;
+    wide_string result;
+    for (auto level = std::ranges::count_if(other.substr(common), is_separator); level > 0; --level)
+        result += u"..\\";
+    return result + path.substr(common);
+}
+
+wide_string whole_path(const wide_string& stored, const wide_string& other) {
+    if (stored.empty() || is_whole(stored)) return stored;
+    wide_string folder = folder_of(other);
+    size_t rest = 0;
+    for (; stored.compare(rest, 3, u"..\\") == 0 && !folder.empty(); rest += 3)
+        folder = folder_of(folder.substr(0, folder.size() - 1));
+    return folder + stored.substr(rest);
 }
 
 } // namespace sample

@@ -2,6 +2,9 @@
 // back.
 #include "notes_service.h"
 
+#include "files.h"
+#include "framework/border/string_adapter.h"
+#include "host/vsk_lr.h"
 #include "host/vsk_prj.h"
 #include "host/vsk_scn_2d.h"
 #include "layer_rows.h"
@@ -13,13 +16,15 @@ namespace {
 constexpr char notes_key[] = "sample_notes";
 enum place : uint32_t { uuid_place, caption_place, source_place, first_member_place };
 
-wide_string folder_of(const wide_string& path) { return path.substr(0, path.find_last_of(u"\\/") + 1); }
-
 } // namespace
 
+// In the copy of the project the paths are whole until the notes are saved: by then the layers, to which they
+// are relative, have new files.
 void notes_service::set_project(vs_prj* loaded) {
     project = loaded;
-    notes.clear();
+    const uint32_t count = item_count();
+    for (uint32_t index = 0; index < count; ++index)
+        any_assign_wstring(tuple_get_element(row(index), source_place), main_file(index).c_str());
 }
 
 // Every iteration over the items begins with their count. Layers with notes can have been removed from the
@@ -41,6 +46,7 @@ void notes_service::read_notes_of(vs_lr* layer) {
         vs_tuple* row = any_get_tuple(tuple_get_element(rows, index));
         if (tuple_get_size(row) <= source_place) continue;
         note& read = notes.emplace_back();
+        read.layer = layer;
         read.row = row;
         read.uuid.reset(vs_uuid_create());
         vs_uuid_from_string(read.uuid.get(), text_at(row, uuid_place).c_str());
@@ -55,17 +61,24 @@ void notes_service::item_caption(uint32_t index, string_visitor visitor) {
     tell(visitor, text_at(row(index), caption_place));
 }
 
-void notes_service::item_source(uint32_t index, string_visitor visitor) {
-    tell(visitor, text_at(row(index), source_place));
+wide_string notes_service::file_of_layer(uint32_t index) const {
+    return index < notes.size() ? host_string(&vs_lr_get_wfilename, notes[index].layer) : wide_string();
 }
 
-// Files of a note keep their position relative to the main file, so only one path needs to be rewritten.
+wide_string notes_service::main_file(uint32_t index) const {
+    return whole_path(text_at(row(index), source_place), file_of_layer(index));
+}
+
+void notes_service::item_source(uint32_t index, string_visitor visitor) { tell(visitor, main_file(index)); }
+
+// What belongs to a note keeps its place relative to the main file, so one path is all there is to rewrite.
 void notes_service::set_item_source(uint32_t index, const char16_t* path) {
-    any_assign_wstring(tuple_get_element(row(index), source_place), path);
+    const wide_string stored = relative_path(path, file_of_layer(index));
+    any_assign_wstring(tuple_get_element(row(index), source_place), stored.c_str());
 }
 
 void notes_service::item_files(uint32_t index, vs_wstrings* files) {
-    const wide_string source = text_at(row(index), source_place);
+    const wide_string source = main_file(index);
     if (source.empty()) return;
     vs_wstrings_add(files, source.c_str());
     for (uint32_t member = first_member_place; member < tuple_get_size(row(index)); ++member)

@@ -1,13 +1,16 @@
 // Field notes: pictures and texts that are pinned to the layers of the 2D scenes. Each is an item of the
 // resave with a main file and any number of files and folders that belong to it.
 //
-// A layer stores its notes under "sample_notes", one row for each: uuid, caption, main file, and then the
-// other files, as paths relative to the folder of the main file. A row without texts is not a note.
+// A layer keeps its notes under "sample_notes", one row for each: uuid, caption, main file, and then what
+// belongs to it, as paths relative to the folder of the main file. A row without texts is no note.
+//
+// The main file is stored relative to the layer's own file, if both are on one drive. The host never changes
+// the texts of a layer, but it does find the layer's file when a project has been moved, and so the notes.
 #pragma once
 
-#include <memory>
 #include <vector>
 
+#include "framework/border/host_owned.h"
 #include "framework/border/ref.h"
 #include "host/interfaces/service_factory.h"
 #include "host/vsk_basic.h"
@@ -37,17 +40,18 @@ public:
     void remove_item(uint32_t index) override;
 
 private:
-    struct destroy_uuid {
-        void operator()(vs_uuid* uuid) const { vs_uuid_destroy(uuid); }
-    };
     struct note {
-        vs_tuple* row; // owned by the layer
-        std::unique_ptr<vs_uuid, destroy_uuid> uuid;
+        vs_lr* layer;
+        vs_tuple* row; // the layer's
+        host_owned<vs_uuid, &vs_uuid_destroy> uuid;
     };
 
     void read_notes_of(vs_lr* layer);
-    // Returns null for an index at or beyond the count; the caller then does nothing.
+    // Returns null for an index at or beyond the count; the host's functions ignore it.
     vs_tuple* row(uint32_t index) const { return index < notes.size() ? notes[index].row : nullptr; }
+    wide_string file_of_layer(uint32_t index) const;
+    // Returns the whole path of the main file; empty if the note has none.
+    wide_string main_file(uint32_t index) const;
 
     vs_prj* project = nullptr; // dangling from its end to the next load, but not used in that time
     std::vector<note> notes;

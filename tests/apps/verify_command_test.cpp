@@ -135,12 +135,15 @@ TEST_F(bundle_option, items_of_a_bundle_are_listed_left_out_copied_and_verified)
     ASSERT_EQ(0, command("resave --files --verify --deselect bridge " + project + target + bundle)) << err;
     EXPECT_TRUE(is_printed("quarry.txt") && is_printed("plan.sketch.legend")) << out;
     EXPECT_FALSE(is_printed("bridge.txt")) << out;
-    std::filesystem::remove(native("n") / "copy/notes/quarry.txt");
-    EXPECT_EQ(1, command("verify " + target + bundle));
+    std::filesystem::rename(native("n") / "copy", native("n") / "moved");
+    const std::string moved = "verify 'N:\\moved\\survey._vp'";
+    EXPECT_EQ(0, command(moved + bundle)) << out;
+    std::filesystem::remove(native("n") / "moved/notes/quarry.txt");
+    EXPECT_EQ(1, command(moved + bundle));
     EXPECT_TRUE(is_printed("missing: item Quarry: ")) << out;
-    EXPECT_EQ(0, command("verify " + target)) << out;
-    std::filesystem::remove(native("n") / "copy/sketches/plan.sketch");
-    EXPECT_EQ(1, command("verify " + target + bundle));
+    EXPECT_EQ(0, command(moved)) << out;
+    std::filesystem::remove(native("n") / "moved/sketches/plan.sketch");
+    EXPECT_EQ(1, command(moved + bundle));
     EXPECT_TRUE(is_printed("missing: file ")) << out;
 }
 

@@ -21,8 +21,9 @@ protected:
         pin({u"Quarry, east", u"C:\\prj\\field\\QUARRY.txt"});
         pin({u"Quarry", u"C:\\prj\\field\\quarry.txt", u"quarry.csv", u"pics"});
         pin({u"Bridge", u"C:\\prj\\field\\bridge.txt"});
-        pin({u"Well", u"C:\\prj\\field\\well.txt"}); // there is no such file
-        pin({u"Memory"});                            // nor one at all
+        pin({u"Well", u"C:\\prj\\field\\well.txt"});                 // there is no such file
+        pin({u"Memory"});                                            // nor one at all
+        pin({u"Map", u"C:\\prj\\relief.tif", u"field\\bridge.txt"}); // copied for the layer, and alone
     }
 
     // Pins a note to the last layer: caption, file, and companions.
@@ -44,9 +45,9 @@ protected:
     }
 };
 
-// With a folder for each scene no service is asked to save. If the name of a main file is taken, its files
-// keep their names and the item receives the numbered one.
-TEST_F(sample_bundle, its_items_follow_the_structure_and_leave_if_unticked_or_lost) {
+// With a folder for each scene no service is saved. Where a main file's name is taken, the files keep their
+// own names, and the item gets the numbered one.
+TEST_F(sample_bundle, its_items_go_where_the_structure_wants_them_and_leave_if_unticked_or_lost) {
     start(true);
     unticked = {u"Bridge"};
     std::string all;

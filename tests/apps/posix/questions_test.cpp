@@ -1,0 +1,98 @@
+// Linux only: the command runs in the process of the test, on a disk that counts what it is asked.
+#include "apps/vestra_resave/commands.h"
+#include "platform/forwarding_system.h"
+#include "tests/apps/command_run.h"
+
+namespace vs::project_resave {
+namespace {
+
+using namespace vestra::command;
+
+class counting_disk final : public forwarding_system {
+public:
+    size_t statuses = 0; // of files and folders, with their identities
+    size_t opens = 0;    // a copy opens its source and its target
+    size_t bytes = 0;    // read through files that were opened
+
+    platform::entry_status status_of(const wide_string& path) override {
+        ++statuses;
+        if (getenv("SHOW")) fprintf(stderr, "status %s\n", platform::to_utf8(path).c_str());
+        return forwarding_system::status_of(path);
+    }
+    platform::file_identity identity_of(const wide_string& path) override {
+        ++statuses;
+        if (getenv("SHOW")) fprintf(stderr, "identity %s\n", platform::to_utf8(path).c_str());
+        return forwarding_system::identity_of(path);
+    }
+    platform::outcome copy_file(const wide_string& from, const wide_string& to, bool replace) override {
+        opens += 2;
+        return forwarding_system::copy_file(from, to, replace);
+    }
+    platform::outcome open(const wide_string& path, platform::access wanted, platform::disposition how,
+                           std::unique_ptr<platform::file>& result) override {
+        ++opens;
+        if (getenv("SHOW")) fprintf(stderr, "open %s\n", platform::to_utf8(path).c_str());
+        return forwarding_system::open(path, wanted, how, result);
+    }
+};
+
+// What one more layer of three files costs a command.
+struct cost {
+    size_t statuses, opens;
+    bool operator==(const cost&) const = default;
+};
+void PrintTo(const cost& one, std::ostream* out) {
+    *out << one.statuses << " statuses and " << one.opens << " opens a layer";
+}
+
+class questions : public command_run {
+protected:
+    // The command on a project of so many layers.
+    cost whole_cost(size_t layers, run_mode mode, bool has_manifest) {
+        const wide_string folder = platform::from_utf8(std::to_string(layers));
+        const std::string shape("\0\0\x27\x0a shape", 10);
+        builder.clear();
+        builder.scene_2d(u"Area");
+        for (size_t i = 0; i < layers; ++i) {
+            const wide_string name = u"C:\\gis\\" + folder + u"\\a" + platform::from_utf8(std::to_string(i));
+            builder.layer("shp_pln_lr2d", u"Layer", write(name + u".shp", shape));
+            write(name + u".shx", shape);
+            write(name + u".dbf", shape);
+        }
+        builder.save(source);
+        resave_request request;
+        request.project = "C:\\prj\\area._vp";
+        request.new_project = "N:\\" + platform::to_utf8(folder) + "\\new._vp";
+        request.manifest = has_manifest;
+        if (mode != run_mode::anew) resave(request);
+        request.mode = mode;
+        counting_disk disk;
+        const platform::system_override in_force(disk);
+        resave(request);
+        return {disk.statuses, disk.opens};
+    }
+    cost cost_of_a_layer(run_mode mode, bool has_manifest) {
+        constexpr size_t few = 4, more = 20;
+        const cost first = whole_cost(few, mode, has_manifest), second = whole_cost(more, mode, has_manifest);
+        const cost all{second.statuses - first.statuses, second.opens - first.opens};
+        EXPECT_EQ(0U, all.statuses % (more - few) + all.opens % (more - few)) << "layers cost differently";
+        return {all.statuses / (more - few), all.opens / (more - few)};
+    }
+
+private:
+    static void resave(const resave_request& request) {
+        testing::internal::CaptureStdout();
+        if (!getenv("SHOW")) testing::internal::CaptureStderr();
+        EXPECT_EQ(0, vestra::command::resave(request, {})) << (getenv("SHOW")?"":testing::internal::GetCapturedStderr());
+        testing::internal::GetCapturedStdout();
+    }
+};
+
+TEST_F(questions, put_to_the_disk_for_a_layer_are_so_many) {
+    EXPECT_EQ((cost{0, 0}), cost_of_a_layer(run_mode::anew, false));
+    EXPECT_EQ((cost{0, 0}), cost_of_a_layer(run_mode::anew, true));
+    EXPECT_EQ((cost{0, 0}), cost_of_a_layer(run_mode::update, true));
+}
+
+} // namespace
+} // namespace vs::project_resave
