@@ -1,19 +1,19 @@
 # make              installs missing packages, builds into build/
 # make test         builds with the sanitizers into build-sanitize/ and runs every test
-# make window-test  goes through the window on a screen of its own, with the build of make test
-# make screenshots  keeps what the window and the pages show in docs/images
-# make browser-test opens the pages of --report in a browser, with the build of make test
-# make many-test    resaves 200 projects at once by the commands of docs/many.md, some of them killed and resumed
+# make window-test  runs a tour through the window on a virtual screen, using the build of make test
+# make screenshots  saves pictures of the window and the pages in docs/images
+# make browser-test opens the pages of --report in a browser, using the build of make test
+# make many-test    resaves 200 projects at once with the commands of docs/many.md; some are killed and resumed
 # make windows      builds the Windows library, its host and the command line into build-windows/bin/
 # make windows-test runs every test of that build under Wine
-# make install      builds and installs below PREFIX (default /usr/local), in DESTDIR if that is set
+# make install      builds and installs into PREFIX (default /usr/local), below DESTDIR if that is set
 # make package      build/dist: a Debian package and a tarball; build-windows/dist: a zip for Windows
-# make package-test unpacks these packages and runs what is in them
-# make demo         lists the sample project and resaves it under each structure into build/demo/
-# make bench        measures load and resave beside cp -a
+# make package-test unpacks these packages and runs their programs
+# make demo         lists the sample project and resaves it in each structure into build/demo/
+# make bench        compares load and resave with cp -a
 # make torture      faults at every call, kills, arbitrary bytes: prints what was tried, fails if anything was lost
-# make check        order of folders, contracts of published headers, formatting, and clang-tidy over what changed
-#                   (BASE=commit: since then; ALL=1: all)
+# make check        order of folders, contracts of published headers, formatting, and clang-tidy for changed files
+#                   (BASE=commit: changed since then; ALL=1: all files)
 # make format       formats all sources
 # make clean        removes the build folders
 

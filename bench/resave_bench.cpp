@@ -49,7 +49,7 @@ long peak_kib() {
     return usage.ru_maxrss;
 }
 
-// Resident now, not at the peak.
+// Current resident memory, not the peak.
 long resident_kib() {
     std::ifstream status("/proc/self/statm");
     long total = 0, resident = 0;
@@ -62,7 +62,7 @@ wide_string number(size_t value) {
     return {digits.begin(), digits.end()};
 }
 
-// One grey pixel, as the smallest file that a raster library takes.
+// Writes one grey pixel, the smallest file that a raster library accepts.
 std::string smallest_raster() {
     std::string bytes("II*\0\x08\0\0\0", 8);
     const auto number = [&](unsigned value, int length) {
@@ -81,7 +81,7 @@ std::string smallest_raster() {
     return bytes;
 }
 
-// A table of one column without records.
+// Writes a table of one column without records.
 std::string smallest_table() {
     std::string bytes("\x03\x7a\x01\x01\0\0\0\0\x41\0\x02\0", 12);
     bytes.resize(32);
@@ -95,7 +95,7 @@ std::string smallest_table() {
 struct family {
     const char* layer_type; // null for a table
     std::string main_extension, main_content, companion;
-    size_t folder_size; // elements in a folder, as people keep them
+    size_t folder_size; // elements per folder, as in real projects
 };
 
 family family_of(const std::string& kind) {
@@ -110,7 +110,7 @@ auto& identify(auto& element, const wide_string& kind, size_t index) {
     return element;
 }
 
-// A hundred layers to a scene.
+// A hundred layers per scene.
 int generate(const std::filesystem::path& folder, const std::string& kind, size_t count, size_t bytes) {
     const family files = family_of(kind);
     const bool is_away = kind == "away";
@@ -166,7 +166,7 @@ int copy_in_a_loop(const std::filesystem::path& folder, const std::filesystem::p
     return 0;
 }
 
-// Notes when the first file is copied and when the project is begun to be written.
+// Records when the first file is copied and when writing the project begins.
 class phase_clock : public forwarding_system {
 public:
     platform::outcome copy_file(const wide_string& source, const wide_string& target, bool replace) override {
@@ -197,7 +197,7 @@ int load(const wide_string& path, int times) {
     return vestra::living_objects() == 0 ? 0 : 1;
 }
 
-// What the run does between the rounds and the first copy, done by itself.
+// Runs separately what the run does between the rounds and the first copy.
 double seconds_for_common_directory(const project_context& context) {
     const auto start = clock_type::now();
     common_directory common;

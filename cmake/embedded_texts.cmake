@@ -1,5 +1,5 @@
-# Makes a source of text files: add_embedded_texts(OUTPUT NAMESPACE HEADER NAME=FILE...) defines each NAME, which
-# HEADER declares as a string_view, as what its FILE holds.
+# Generates a source from text files: add_embedded_texts(OUTPUT NAMESPACE HEADER NAME=FILE...) defines each NAME,
+# which HEADER declares as a string_view, as the content of FILE.
 if(CMAKE_SCRIPT_MODE_FILE)
     set(source "#include \"${HEADER}\"\n\nnamespace ${NAMESPACE} {\n\n")
     foreach(text IN LISTS TEXTS)

@@ -1,4 +1,4 @@
-# Windows of 64 bits, built on another system. The programs need nothing but Windows and the libraries built here.
+# 64-bit Windows, cross-compiled. The programs need only Windows and the libraries built here.
 set(CMAKE_SYSTEM_NAME Windows)
 set(CMAKE_SYSTEM_PROCESSOR x86_64)
 set(CMAKE_CXX_COMPILER x86_64-w64-mingw32-g++-posix)

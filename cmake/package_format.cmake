@@ -1,4 +1,4 @@
-# Read by CPack for each format in turn.
+# Read by CPack once for each format.
 if(CPACK_GENERATOR STREQUAL DEB)
     list(APPEND CPACK_COMPONENTS_ALL debian)
 else()

@@ -45,7 +45,8 @@ copy is self-contained. The source is only read.
 The package has the command vestra-resave, the window vestra-resave-window
 and the bundle of the tool.")
 
-# Debian's own list of changes; what changed in the program is in CHANGELOG.md, whose first heading has the date.
+# The changelog of the Debian package. The changes of the program are in CHANGELOG.md, whose first heading has the
+# date.
 file(STRINGS CHANGELOG.md heading LIMIT_COUNT 1 REGEX "^## ")
 if(NOT heading MATCHES "^## ${PROJECT_VERSION} \\(([0-9-]+)\\)$")
     message(FATAL_ERROR "CHANGELOG.md begins with \"${heading}\", and the version is ${PROJECT_VERSION}")

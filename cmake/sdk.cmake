@@ -25,8 +25,8 @@ target_include_directories(project_resave_sdk INTERFACE $<INSTALL_INTERFACE:${CM
 target_compile_features(project_resave_sdk INTERFACE cxx_std_20)
 set(package_folder ${CMAKE_INSTALL_LIBDIR}/cmake/project_resave)
 
-# A bundle exports one function. All else is its own, so that it shares no table with another library and leaves the
-# memory when the host unloads it.
+# A bundle exports one function. Everything else is hidden, so that it shares no table with another library and is
+# removed from memory when the host unloads it.
 set(exports $<BUILD_INTERFACE:${CMAKE_CURRENT_LIST_DIR}/bundle_exports.map>)
 string(APPEND exports $<INSTALL_INTERFACE:$<INSTALL_PREFIX>/${package_folder}/bundle_exports.map>)
 target_compile_options(project_resave_sdk INTERFACE $<$<CXX_COMPILER_ID:GNU,Clang>:-fvisibility=hidden>)

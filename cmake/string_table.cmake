@@ -1,5 +1,5 @@
-# Writes the rows of one list of texts as a string table for the resource compiler: `list` is "bundle" or "host".
-# The little program that does it runs on the machine that builds.
+# Writes the rows of one list of texts as a string table for the resource compiler: `list` is "bundle" or "host". The
+# generator runs on the build machine.
 find_program(VS_BUILD_CXX NAMES g++ c++ REQUIRED CMAKE_FIND_ROOT_PATH_BOTH)
 set(string_table_writer ${PROJECT_BINARY_DIR}/string_table_writer)
 

@@ -1,13 +1,13 @@
-# The libraries of Windows: the bundle, and its host as it finds it there.
+# The libraries for Windows: the bundle, and the host's libraries that it uses.
 #
-# The host's libraries bear the names of docs/host_contract.md and offer what it lists under each. They hold no code:
-# all of it stands in reference_host.dll, to which they forward.
+# The host's libraries have the names in docs/host_contract.md and export the functions that it lists under each. They
+# contain no code, but forward to reference_host.dll.
 include(cmake/string_table.cmake)
 set(contract ${PROJECT_SOURCE_DIR}/docs/host_contract.md)
 set(definitions ${PROJECT_BINARY_DIR}/definitions)
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${contract})
 
-# One definition file for each library of the contract; their names go into host_libraries.
+# One definition file for each library of the contract; host_libraries gets their names.
 file(STRINGS ${contract} lines REGEX "^(## |\\| `)" ENCODING UTF-8)
 set(host_libraries "")
 foreach(line IN LISTS lines)
@@ -40,8 +40,8 @@ add_library(vsk_project_resave_bdl SHARED ${bundle_objects} ${platform_objects} 
 set_target_properties(vsk_project_resave_bdl PROPERTIES PREFIX "" LINKER_LANGUAGE CXX)
 target_link_libraries(vsk_project_resave_bdl PRIVATE ${host_libraries} ${system_libraries})
 
-# The host brings the platform layer along, and what else it needs of the bundle's objects. It exports all that is its
-# own, but nothing that it takes from libraries.
+# The host contains the platform layer and the objects of the bundle that it needs. It exports its own symbols, but
+# none that it takes from libraries.
 add_library(bundle_support STATIC ${bundle_objects})
 add_library(reference_host_library SHARED
     $<TARGET_OBJECTS:reference_host> ${platform_objects})
@@ -49,9 +49,9 @@ set_target_properties(reference_host_library PROPERTIES PREFIX "" OUTPUT_NAME re
 target_link_options(reference_host_library PRIVATE -Wl,--export-all-symbols -Wl,--exclude-libs,ALL)
 target_link_libraries(reference_host_library PRIVATE bundle_support pugixml::pugixml ${system_libraries})
 
-# Gives a program the bundle's code and, as libraries, the host: its functions from the libraries of their names.
-# What stands for the operating system is the host's, so that a replacement of it is seen on both sides; resources
-# are the program's own.
+# Links the bundle's code into a program, and the host as libraries with the names of the contract. The platform layer
+# is that of the host, so that a replacement of the system object is visible on both sides; resources are those of the
+# program.
 function(link_bundle_and_host program)
     target_sources(${program} PRIVATE
         ${bundle_objects} $<FILTER:${platform_objects},INCLUDE,/windows/resources>)

@@ -1,5 +1,5 @@
 // Writes a string table for the resource compiler: string_table_writer LIST FILE, where LIST is "bundle" or
-// "host". Characters stand as numbers, since resource compilers differ in how they read a file's letters.
+// "host". Characters are written as numbers, because resource compilers differ in the encoding they expect.
 #include <cstdint>
 #include <fstream>
 #include <iomanip>
@@ -30,7 +30,7 @@ constexpr text_row host_rows[] = {
 #undef VS_TEXT_BASE_ONLY
 
 void write(std::ofstream& out, std::span<const text_row> rows) {
-    // Of no language to the system: a row's language is in its number.
+    // Language-neutral for the operating system: a row's language is in its number.
     out << "LANGUAGE 0, 0\nSTRINGTABLE\nBEGIN\n" << std::hex << std::setfill('0');
     for (const text_row& row : rows) {
         out << "    " << std::dec << row.id << std::hex << " L\"";

@@ -1,3 +1,4 @@
+// Declares the options of every command and converts the parsed words into requests.
 #include "apps/vestra_resave/command_line.h"
 
 #include <CLI/CLI.hpp>
@@ -16,7 +17,7 @@ using vs::project_resave::structure_settings;
 
 namespace {
 
-// The words whose meaning is known when all of the line is.
+// Words whose meaning depends on the rest of the command line.
 struct words {
     std::string structure = "by-type", conflict = "rename", companions = "known", referenced, on_stop;
     bool without_project_file = false, dry_run = false, resume = false, update = false;
@@ -42,23 +43,28 @@ const std::map<std::string, on_existing_file> ways_if_scene_file_exists{
 
 CLI::Option* add_project(CLI::App* command, std::string& project) {
     const auto is_given = [](const std::string& text) { return std::string(text.empty() ? "is empty" : ""); };
-    return command->add_option("PROJECT", project, "Project file, by its native path or as C:\\...")
+    return command->add_option("PROJECT", project, "Project file, as a native path or as C:\\...")
         ->check(is_given);
 }
 
 CLI::App* add_command(CLI::App& app, const char* name, const char* what, common_options& options) {
     CLI::App* command = app.add_subcommand(name, what);
-    command->add_option("--drive", options.drives, "Map a drive letter to a folder, as C=/data/c; repeatable")
+    command
+        ->add_option("--drive", options.drives,
+                     "Map a drive letter to a folder, such as C=/data/c (repeatable)")
         ->type_name("X=FOLDER")
         ->allow_extra_args(false);
     command
         ->add_option("--bundle", options.bundles,
-                     "Load this bundle, so that what it keeps in the project takes part; repeatable")
+                     "Load a bundle, so that its data in the project is included (repeatable)")
         ->type_name("FILE")
         ->allow_extra_args(false);
-    command->add_option("--language", options.language, "Language of texts and of folders by type")
+    command
+        ->add_option(
+            "--language", options.language,
+            "Set the language of messages, texts and folders by type (default: that of the environment)")
         ->check(CLI::IsMember({"ru", "en"}));
-    command->add_flag("--quiet", options.quiet, "No progress and no messages; errors only");
+    command->add_flag("--quiet", options.quiet, "Print errors only, no progress and no messages");
     return command;
 }
 
@@ -74,23 +80,23 @@ void add_search(CLI::App* command, std::vector<std::string>& folders) {
     command
         ->add_option(
             "--search", folders,
-            "Look for missing files below this folder, by name; use what is clearly found; repeatable")
+            "Search this folder for missing files by name, and use those found for certain (repeatable)")
         ->type_name("FOLDER")
         ->allow_extra_args(false);
 }
 
 void add_report(CLI::App* command, std::string& page) {
     command
-        ->add_option("--report", page,
-                     "Write a page about the result, to be opened in a browser: problems, folders, all files")
+        ->add_option("--report", page, "Write an HTML report about the result: problems, folders, all files")
         ->type_name("FILE.html")
         ->check([](const std::string& text) { return std::string(text.empty() ? "is empty" : ""); });
 }
 
 void add_list(CLI::App& app, command_line& line) {
-    CLI::App* command = add_command(app, "list", "Show what is in a project and which of its files are there",
-                                    line.options, line.project);
-    command->add_flag("--missing", line.list.missing, "Only elements whose file does not exist");
+    CLI::App* command =
+        add_command(app, "list", "List the elements of a project and which of their files exist",
+                    line.options, line.project);
+    command->add_flag("--missing", line.list.missing, "List only elements whose file does not exist");
     add_search(command, line.list.search);
     command->callback([&line] {
         line.list.project = line.project;
@@ -99,12 +105,12 @@ void add_list(CLI::App& app, command_line& line) {
 }
 
 void add_verify(CLI::App& app, command_line& line) {
-    CLI::App* command =
-        add_command(app, "verify", "Look whether all that a project refers to is there, below its own folder",
-                    line.options, line.verify.project);
+    CLI::App* command = add_command(
+        app, "verify", "Check that every file the project refers to exists inside the project folder",
+        line.options, line.verify.project);
     command->add_flag(
         "--elsewhere", line.verify.elsewhere,
-        "Answer as if the project folder were on another disk: references bound to this place count");
+        "Check as if the project folder were moved to another disk; report references that would break");
     command->add_flag("--manifest", line.verify.manifest,
                       "Compare every file with the manifest that resave wrote next to the project");
     add_report(command, line.verify.report);
@@ -116,34 +122,38 @@ void add_verify(CLI::App& app, command_line& line) {
 
 void add_resave_choices(CLI::App& command, resave_request& request, words& words) {
     resave_settings& settings = request.settings;
-    command.add_option("--structure", words.structure, "Folder structure of the copy")
+    command.add_option("--structure", words.structure, "Set the folder structure of the copy")
         ->check(CLI::IsMember(structures))
         ->capture_default_str();
-    command.add_option("--on-conflict", words.conflict, "When a name is taken")
+    command.add_option("--on-conflict", words.conflict, "What to do when a file name is taken")
         ->check(CLI::IsMember({"rename", "ask"}))
         ->capture_default_str();
     command
         .add_option("--companions", words.companions,
-                    "Copy side files that the rules leave behind: known kinds, all of the same stem, or none")
+                    "Also copy companion files: those of known kinds, all with the same stem, or none")
         ->check(CLI::IsMember(companion_choices))
         ->capture_default_str();
     command.add_flag("--delete-lost", settings.delete_lost_sources,
                      "Leave out elements whose source is lost");
-    command.add_flag("--scene-files", settings.save_scene_files, "Write scene files (._sn, ._sc), too");
-    command.add_flag("--layer-files", settings.save_layer_files, "Write layer files (._lr, ._lrd), too");
-    command.add_flag("--log", settings.write_log, "Write a log beside the new project");
-    command.add_flag("--load-log", request.load_log,
-                     "Write the last step of the load beside the source project");
+    command.add_flag("--scene-files", settings.save_scene_files, "Also write scene files (._sn, ._sc)");
+    command.add_flag("--layer-files", settings.save_layer_files, "Also write layer files (._lr, ._lrd)");
+    command.add_flag("--log", settings.write_log, "Write a log next to the new project");
+    command.add_flag("--load-log", request.load_log, "Write a load log next to the source project");
     command.add_flag("--without-project-file", words.without_project_file,
-                     "The source project does not count in the common top folder");
-    command.add_flag("--lowercase", settings.lower_case, "Lower-case paths and file names");
-    command.add_option("--add-referenced", words.referenced, "Add what selected elements refer to")
+                     "Ignore the source project file when finding the common top folder");
+    command.add_flag("--lowercase", settings.lower_case, "Convert paths and file names to lower case");
+    command
+        .add_option("--add-referenced", words.referenced,
+                    "Add elements that selected elements refer to (default: ask on a terminal, otherwise no)")
         ->check(CLI::IsMember({"yes", "no", "ask"}));
-    command.add_option("--on-stop", words.on_stop, "What was created, after a stop (Ctrl-C)")
+    command
+        .add_option("--on-stop", words.on_stop,
+                    "What to do with files already created when interrupted by Ctrl-C (default: ask on a "
+                    "terminal, otherwise keep)")
         ->check(CLI::IsMember({"erase", "keep", "ask"}));
 }
 
-// An unset word and "ask" leave the question to the person.
+// Returns nothing for an unset word and for "ask", which leave the question to the user.
 template <class Answer>
 std::optional<Answer> decided(const std::string& word, const std::string& first, Answer meaning,
                               Answer other) {
@@ -153,15 +163,14 @@ std::optional<Answer> decided(const std::string& word, const std::string& first,
 
 constexpr const char* about_structures =
     "Structures:\n"
-    "  by-type                 a folder for each kind of data; no folder of the source is kept\n"
-    "  from-project-folder     the tree below the project's folder; other files under their path\n"
-    "  project-tree-else-type  the tree below the project's folder; other files by type\n"
-    "  from-common-top         the whole tree, from the folder that all files of a drive share\n"
+    "  by-type                 a folder for each kind of data; source folders are not kept\n"
+    "  from-project-folder     the tree below the project folder; other files under their path\n"
+    "  project-tree-else-type  the tree below the project folder; other files by type\n"
+    "  from-common-top         the whole tree below the folder that all files of a drive share\n"
     "  folder-per-scene        a folder for each scene, with its own copies; tables, layouts, well and\n"
-    "                          correlation sheets are dropped, and the files of wells stay where they "
-    "are\n\n";
+    "                          correlation sheets are dropped, and files of wells are not copied\n\n";
 
-// What the places and the content of the copies depend on, as a person has chosen it.
+// Returns the user's options that determine the paths and contents of the copies.
 std::vector<std::pair<std::string, std::string>> choices_of(const resave_request& request,
                                                             const words& words) {
     const auto yes_or_no = [](bool is_set) { return std::string(is_set ? "yes" : "no"); };
@@ -190,42 +199,43 @@ std::vector<std::pair<std::string, std::string>> choices_of(const resave_request
 void add_resave(CLI::App& app, command_line& line, words& words) {
     resave_request& request = line.resave;
     CLI::App* command =
-        add_command(app, "resave", "Copy a project with all its files, and rewrite its references",
+        add_command(app, "resave", "Copy a project with all its files and rewrite its references",
                     line.options, request.project);
-    command->add_option("NEW_PROJECT", request.new_project, "Project file to be written")->required();
+    command->add_option("NEW_PROJECT", request.new_project, "New project file to write")->required();
     add_resave_choices(*command, request, words);
     command
-        ->add_option(
-            "--deselect", request.selection.deselect,
-            "Leave out this element, by uuid or caption, or all that fit *.tif, type:TYPE, group:NAME "
-            "or missing; repeatable")
+        ->add_option("--deselect", request.selection.deselect,
+                     "Leave out an element by uuid or caption, or all that match *.tif, type:TYPE, "
+                     "group:NAME or missing (repeatable)")
         ->allow_extra_args(false);
     command
         ->add_option("--only", request.selection.only,
-                     "Keep nothing but this element, or what fits, named in the same way; repeatable")
+                     "Keep only this element, or all that match, named in the same way (repeatable)")
         ->allow_extra_args(false);
     add_search(command, request.search);
-    command->add_flag("--overwrite", request.overwrite, "Replace the project if NEW_PROJECT exists");
+    command->add_flag("--overwrite", request.overwrite, "Replace an existing project at NEW_PROJECT");
     command->add_flag("--allow-missing-drives", request.allow_missing_drives,
-                      "Start although files are on drives that do not exist; they count as lost");
-    command->add_flag("--ignore-space", request.ignore_space,
-                      "Start although the files seem to need more space than is free, as sparse files do");
-    command->add_flag("--files", request.list_files, "Print what went where");
-    CLI::Option* resumes =
-        command->add_flag("--resume", words.resume,
-                          "Go on with a resave to NEW_PROJECT that broke off; the options must be the same");
+                      "Start even if files are on drives that do not exist, and treat them as lost");
+    command->add_flag(
+        "--ignore-space", request.ignore_space,
+        "Start even if there seems to be too little free space (sparse files need less than their size)");
+    command->add_flag("--files", request.list_files, "Print each file with its old and new path");
+    CLI::Option* resumes = command->add_flag(
+        "--resume", words.resume,
+        "Continue an interrupted resave to NEW_PROJECT; the other options must be the same");
     CLI::Option* updates =
         command->add_flag("--update", words.update,
-                          "Bring an earlier copy up to date: copy what is new or changed, keep the rest");
+                          "Bring an earlier copy up to date: copy new and changed files, keep the rest");
     updates->excludes(resumes);
-    command->add_flag("--prune", request.prune, "With --update: remove what nothing refers to any more");
+    command->add_flag("--prune", request.prune,
+                      "With --update: remove files that nothing refers to any more");
     CLI::Option* verifies =
         command->add_flag("--verify", request.verify, "Compare each copy with its source, byte by byte");
-    CLI::Option* lists =
-        command->add_flag("--manifest", request.manifest,
-                          "Write NAME.manifest.json next to the new project: size and SHA-256 of each file");
+    CLI::Option* lists = command->add_flag(
+        "--manifest", request.manifest,
+        "Write NAME.manifest.json next to the new project, with the size and SHA-256 of each file");
     add_report(command, request.report);
-    command->add_flag("--dry-run", words.dry_run, "Print what would go where, and write nothing")
+    command->add_flag("--dry-run", words.dry_run, "Print what would be copied, and write nothing")
         ->excludes(verifies)
         ->excludes(lists);
     command->footer(std::string(about_structures) +
@@ -253,20 +263,24 @@ void add_resave(CLI::App& app, command_line& line, words& words) {
 void add_structure(CLI::App& app, command_line& line, words& words) {
     structure_request& request = line.structure;
     structure_settings& settings = request.settings;
-    CLI::App* command = add_command(app, "structure", "Write what is in a project to a text file",
+    CLI::App* command = add_command(app, "structure", "Write the structure of a project to a text file",
                                     line.options, request.project);
     command
         ->add_option("TEXT_FILE", request.text_file,
-                     "Text file to be written, in place of one that exists; - for the standard output")
+                     "Text file to write (replaced if it exists), or - for standard output")
         ->required();
-    command->add_flag("--layers", settings.write_layer_names, "Layers of scenes, in their groups");
-    command->add_flag("--tables", settings.write_table_names, "Tables; DBF tables with their fields");
-    command->add_flag("--columns", settings.write_table_columns, "Fields of shape layers and TOS files");
-    command->add_flag("--layouts", settings.write_layout_layers, "What is on each layout");
-    command->add_flag("--legends", settings.write_legend_content, "What is in the legends of layouts");
-    command->add_flag("--legend-columns", settings.write_legend_columns, "Fields of shapes in legends");
-    command->add_flag("--paths", settings.write_file_paths, "Behind each caption the path of its file");
-    command->add_option("--indent", words.indent, "What a level of depth is indented by")
+    command->add_flag("--layers", settings.write_layer_names,
+                      "Include the layers of scenes, in their groups");
+    command->add_flag("--tables", settings.write_table_names, "Include tables, DBF tables with their fields");
+    command->add_flag("--columns", settings.write_table_columns,
+                      "Include the fields of shape layers and TOS files");
+    command->add_flag("--layouts", settings.write_layout_layers, "Include the content of layouts");
+    command->add_flag("--legends", settings.write_legend_content,
+                      "Include the content of legends in layouts");
+    command->add_flag("--legend-columns", settings.write_legend_columns,
+                      "Include the fields of shape layers in legends");
+    command->add_flag("--paths", settings.write_file_paths, "Print the path of its file after each caption");
+    command->add_option("--indent", words.indent, "Set the indentation of each level")
         ->check(CLI::IsMember(indents))
         ->capture_default_str();
     command->footer(
@@ -280,12 +294,13 @@ void add_structure(CLI::App& app, command_line& line, words& words) {
 
 void add_scenes(CLI::App& app, command_line& line, words& words) {
     scenes_request& request = line.scenes;
-    CLI::App* command = add_command(app, "scenes", "Write each 2D scene of a project to a file of its own",
+    CLI::App* command = add_command(app, "scenes", "Write each 2D scene of a project to a separate file",
                                     line.options, request.project);
     command->add_option("FOLDER", request.folder,
-                        "Folder that exists, for the scene files; optional with --list");
+                        "Existing folder for the scene files (optional with --list)");
     command->add_flag("--list", request.lists, "Print what would be written, and write nothing");
-    command->add_option("--if-exists", words.if_exists, "When there is a scene file of the name")
+    command
+        ->add_option("--if-exists", words.if_exists, "What to do if a file with the name of a scene exists")
         ->check(CLI::IsMember(ways_if_scene_file_exists))
         ->capture_default_str();
     command->footer(
@@ -299,16 +314,16 @@ void add_scenes(CLI::App& app, command_line& line, words& words) {
 }
 
 void add_check_case(CLI::App& app, command_line& line) {
-    CLI::App* command =
-        add_command(app, "check-case", "Find the paths that differ from the disk's in letter case",
-                    line.options, line.project);
+    CLI::App* command = add_command(app, "check-case", "Find paths that differ from the disk in letter case",
+                                    line.options, line.project);
     command
         ->add_option("REPORT", line.report,
-                     "Text file to be written, in place of one that exists; - for the standard output")
+                     "Text file to write (replaced if it exists), or - for standard output")
         ->required();
-    command->footer("Exit status: 0 all well, 1 differences found or something could not be read, 2 usage "
-                    "error or project "
-                    "cannot be loaded, 3 not written, 130 interrupted");
+    command->footer(
+        "Exit status: 0 no differences, 1 differences found or something could not be read, 2 usage "
+        "error or project "
+        "cannot be loaded, 3 not written, 130 interrupted");
     command->callback(
         [&line] { line.run = [&line] { return check_case(line.project, line.report, line.options); }; });
 }
@@ -318,14 +333,14 @@ void add_panel(CLI::App& app, command_line& line) {
         add_command(app, "panel", "Open the bundle's window and drive it with commands from standard input",
                     line.options);
     add_project(command, line.panel.project);
-    command->add_option("--open", line.panel.open_project, "Project that is open in the host meanwhile")
+    command->add_option("--open", line.panel.open_project, "Project to keep open in the host")
         ->type_name("PROJECT");
-    command->footer("Ends with 0 done, 1 a command was refused, 2 wrong use or project not loadable, 3 the "
-                    "window left something behind.");
+    command->footer("Exit status: 0 done, 1 a command was refused, 2 usage error or project cannot be "
+                    "loaded, 3 objects left after the window was closed");
     command->callback([&line] { line.run = [&line] { return drive_panel(line.panel, line.options); }; });
 }
 
-// Returns what is wrong. Without a command the first word is to blame, if there is one that is no option.
+// Returns the error text. If no command was recognised, reports the first word that is not an option.
 std::string failure_text(const CLI::App& app, const CLI::Error& error) {
     const std::vector<std::string> words = app.remaining();
     if (words.empty() || words.front().starts_with("-") || !app.get_subcommands().empty())
@@ -336,12 +351,12 @@ std::string failure_text(const CLI::App& app, const CLI::Error& error) {
 } // namespace
 
 std::optional<int> parse(int argc, char** argv, command_line& line) {
-    CLI::App app("Copies mapping projects with all their files to a new place.", "vestra-resave");
+    CLI::App app("Copy mapping projects with all their files to a new place", "vestra-resave");
     app.require_subcommand(1);
     add_pages(app);
-    app.footer("COMMAND --help shows the options of a command.\n\n"
+    app.footer("Run COMMAND --help for the options of a command.\n\n"
                "Environment:\n"
-               "  VESTRA_DRIVES  further drives and their folders, as \"C=/data/c;N=/mnt/n\"");
+               "  VESTRA_DRIVES  additional drives and their folders, such as \"C=/data/c;N=/mnt/n\"");
     words words;
     add_list(app, line);
     add_resave(app, line, words);
@@ -353,11 +368,11 @@ std::optional<int> parse(int argc, char** argv, command_line& line) {
     std::vector<std::string> arguments = vs::project_resave::platform::program_arguments(argc, argv);
     const bool wants_json = std::ranges::count(arguments, "--json") != 0;
     try {
-        std::ranges::reverse(arguments); // taken from the end
+        std::ranges::reverse(arguments); // the parser takes them from the end
         app.parse(std::move(arguments));
     } catch (const CLI::ParseError& error) {
         if (error.get_exit_code() == 0) return app.exit(error);
-        line.options.json = wants_json; // which may stand after the word that is wrong
+        line.options.json = wants_json; // --json can come after the wrong word
         end_with(refused({}, failure_text(app, error)), line.options);
         std::cerr << "Run with --help for more information.\n";
         return wrong_use;

@@ -1,4 +1,4 @@
-// What the program understands: its commands with their options, and what was asked of it.
+// Parses the command line: the commands with their options, and the resulting request.
 #pragma once
 
 #include <functional>
@@ -9,9 +9,10 @@
 
 namespace vestra::command {
 
+// The parsed command line: the common options, and one request for each command.
 struct command_line {
     common_options options;
-    std::string project; // of `list` and `check-case`; the other commands have their own
+    std::string project; // of `list` and `check-case`; other commands have their own
     std::string report;  // of `check-case`
     list_request list;
     resave_request resave;
@@ -19,11 +20,11 @@ struct command_line {
     structure_request structure;
     scenes_request scenes;
     panel_request panel;
-    std::function<int()> run; // the command asked for, with the exit code as answer; reads this object
+    std::function<int()> run; // runs the requested command and returns the exit status; refers to this object
 };
 
-// Fills `line`. Where there is nothing to run, because help was asked for or the use is wrong, the person has
-// been told and the exit code is answered.
+// Fills `line`. Returns an exit status if there is nothing to run, because help was requested or the usage is
+// wrong; the text has been printed then.
 std::optional<int> parse(int argc, char** argv, command_line& line);
 
 } // namespace vestra::command

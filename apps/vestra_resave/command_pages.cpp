@@ -1,4 +1,5 @@
-// Walks the commands and options of a program as its help does.
+// Lists the commands and options of a program in the order of its help, for the manual page and the
+// completion.
 #include "apps/vestra_resave/command_pages.h"
 
 #include <CLI/CLI.hpp>
@@ -49,7 +50,7 @@ std::string value_name(const CLI::Option& option) {
 void add_pages(CLI::App& app) {
     app.set_version_flag("--version", app.get_name() + " " VS_VERSION);
     const auto add = [&app](const char* flag, std::string (*page)(const CLI::App&)) {
-        // The library prints the text of this "error" and ends with 0, as it does for --version.
+        // The library prints the text of this "error" and exits with status 0, as it does for --version.
         app.add_flag_callback(flag, [&app, page] { throw CLI::CallForVersion(page(app), 0); })->group("");
     };
     add("--man-page", &man_page);
@@ -58,7 +59,7 @@ void add_pages(CLI::App& app) {
 
 namespace {
 
-// Returns what may be completed where a value is expected: the words themselves, or a kind in angle brackets.
+// Returns the possible completions of a value: the accepted words, or the kind of value in angle brackets.
 std::string completed_by(const CLI::Option& option) {
     if (std::string words = accepted_words(option, " "); !words.empty()) return words;
     const std::string name = option.get_positional() ? option.get_name() : value_name(option);
@@ -68,8 +69,8 @@ std::string completed_by(const CLI::Option& option) {
     return option.get_positional() ? "<file>" : "<text>";
 }
 
-// Writes the rows of a command, whose key begins with its name: the options under "--", each positional under
-// its number, and each option that takes a value under its names.
+// Prints the rows of a command. A key is the command name followed by "--" for its options, by the number of
+// a positional argument, or by the names of an option that takes a value.
 void print_rows(std::ostream& out, const CLI::App& app, const std::string& command) {
     const auto row = [&](const std::string& key, const std::string& value) {
         out << "    '" << command << ' ' << key << "') echo '" << value << "' ;;\n";
@@ -89,7 +90,8 @@ void print_rows(std::ostream& out, const CLI::App& app, const std::string& comma
     if (!below.empty()) row("1", below);
 }
 
-// What is the same for every program: FUNCTION is replaced by a name of its own, PROGRAM by the program's.
+// The part of the script that is the same for every program. FUNCTION is replaced by a function name, PROGRAM
+// by the name of the program.
 constexpr const char* completion_script = R"(
 FUNCTION()
 {

@@ -1,3 +1,4 @@
+// Finds the companions of a file by name and format, and copies those of a finished run.
 #include "apps/vestra_resave/companions.h"
 
 #include <algorithm>
@@ -28,10 +29,10 @@ constexpr wide_view known_endings[] = {u"aih", u"ain", u"atx",     u"aux", u"aux
                                        u"fbx", u"gfs", u"hdr",     u"imd", u"ixs",     u"lyr", u"msk", u"mxs",
                                        u"ovr", u"prj", u"qix",     u"qml", u"qpj",     u"rpb", u"rrd", u"sbn",
                                        u"sbx", u"sld", u"shp.xml", u"stx", u"vat.dbf", u"wld", u"xsd"};
-// Indexes of one field, whose name is in front.
+// Indexes of one field; the name of the field comes before the ending.
 constexpr wide_view field_indexes[] = {u".atx", u".ixs", u".mxs"};
 
-// Of a table, or its code page, what has the stem belongs to the shape file.
+// Files with the stem of a table or of its code page belong to the shape file.
 bool is_table(const wide_string& path) {
     const wide_string extension = folded(path_extension(path));
     return extension == u".dbf" || extension == u".cpg";
@@ -56,14 +57,14 @@ public:
             placed_.add(each.old_path, each.new_path);
             sources_.try_emplace(path_key(each.new_path), each.old_path);
         }
-        for (const fact& each : run.report.facts()) // those are reported already
+        for (const fact& each : run.report.facts()) // reported already
             if (each.kind == fact_kind::copy_failed) {
                 sources_.try_emplace(path_key(each.new_path), each.path);
                 failed_.insert(path_key(each.new_path));
             }
     }
 
-    // Of one copy. A file of the host itself has no companions.
+    // Brings the companions of one copy. Files of the host itself have none.
     void bring_for(const placed_file& copy) {
         if (copy.old_path.empty() || path_extension(copy.old_path).starts_with(u"._")) return;
         if (failed_.contains(path_key(copy.new_path))) return;
@@ -75,7 +76,8 @@ public:
         if (!files.listed() && copy_.exists() && unlisted_.insert(path_key(head)).second)
             run_.report.add(fact_kind::not_read, head, {}, files.listed().text());
         const wide_string name = path_file_name(copy.old_path), stem = path_stem(copy.old_path);
-        // A share that went away has no files either: that is not the same as having no companions.
+        // A share that has disconnected shows no files either, which must not be taken for a file without
+        // companions.
         if (!files.find(name) && copy_.exists() && !path_exists(copy.old_path) &&
             unlisted_.insert(path_key(head)).second)
             run_.report.add(fact_kind::not_read, head, {},
@@ -93,7 +95,7 @@ public:
                 bring_behind(each.name, each.begins);
         if (!has_stem) return;
         std::vector<wide_string> near = files.belonging_to(name, stem);
-        if (const wide_string* const bare = files.find(stem)) near.push_back(*bare); // as ERS headers have it
+        if (const wide_string* const bare = files.find(stem)) near.push_back(*bare); // as for ERS headers
         for (const wide_string& each : listed_by_format(copy.old_path, near)) bring_behind(each, stem.size());
     }
 
@@ -110,8 +112,8 @@ private:
 
     bool is_placed(const wide_string& path) const { return placed_.find(path); }
 
-    // Those of `near` that the format of the file counts among its files, and nothing else brings. The format
-    // is asked only if there are any files left.
+    // Returns the files in `near` that the file's format lists and no other rule copies. The format is asked
+    // only if there are such files.
     std::vector<wide_string> listed_by_format(const wide_string& source,
                                               const std::vector<wide_string>& near) const {
         const wide_string head = path_head(source);
@@ -138,7 +140,8 @@ private:
         if (!is_new && is_same_source(row->second, source)) return;
         if (path_exists(target)) {
             if (is_same_content(source, target))
-                run_.placement.register_placed(source, target); // not made by the run, so no stop erases it
+                // Not made by this run, so a stop does not erase it.
+                run_.placement.register_placed(source, target);
             else
                 refuse(source, target, platform::failure::taken);
         } else if (run_.guard.claims_family(target)) {
@@ -161,13 +164,13 @@ private:
 
     run_state& run_;
     const companion_choice which_;
-    placed_files placed_;                                         // by the run
+    placed_files placed_;                                         // the files placed by the run
     std::unordered_map<wide_string, wide_string> sources_;        // by the path key of the target
-    std::unordered_map<wide_string, const element_name*> owners_; // by the path key of their file
+    std::unordered_map<wide_string, const element_name*> owners_; // by the path key of its file
     listed_folders folders_;
     sought_copy copy_;                         // the current one
     std::unordered_set<wide_string> failed_;   // path keys of copies
-    std::unordered_set<wide_string> seen_;     // pairs of old and new place without extension
+    std::unordered_set<wide_string> seen_;     // pairs of old and new path without extension
     std::unordered_set<wide_string> unlisted_; // path keys of folders
 };
 
@@ -177,7 +180,7 @@ bool is_known_companion(wide_view rest) {
     const wide_string text = folded(wide_string(rest));
     if (std::ranges::find(known_endings, text) != std::end(known_endings)) return true;
     if (std::ranges::any_of(field_indexes, [&](wide_view each) { return text.ends_with(each); })) return true;
-    // A companion can have companions.
+    // A companion can have companions itself.
     const size_t dot = text.find(u'.');
     return dot != wide_string::npos &&
            std::ranges::find(known_endings, text.substr(0, dot)) != std::end(known_endings) &&
@@ -201,7 +204,7 @@ std::vector<companion_name> companions_of(const folder_files& files, const wide_
             found.push_back({each, beginning.size(), is_known});
         }
     };
-    // A file that has the whole name of another one in front can be its description.
+    // A file whose name begins with the full name of another file can describe it.
     add_behind(name, true);
     if (is_table(path)) return found;
     for (const wide_string& ending : world_endings(path_extension(path)))
@@ -218,7 +221,7 @@ std::vector<wide_string> family_of(const wide_string& path, const folder_files& 
     };
     for (const companion_name& each : companions_of(files, path, true))
         if (each.is_known) add(each.name);
-    // And those that the bundle copies by name.
+    // Also those that the bundle copies by name.
     std::vector<wide_string> others = partners_of(path);
     others.push_back(projection_file_name(path));
     for (const wide_view log : {u"-wal", u"-journal"}) others.push_back(path + wide_string(log));
@@ -238,7 +241,7 @@ run_result bring_companions(project_context& run, companion_choice which, const 
     for (const wide_string& path : source_paths) run.guard.add(path);
     if (which == companion_choice::none || result.end != run_end::done || !result.written) return result;
     companion_run all(run, which, elements);
-    const size_t count = run.placement.placed.size(); // those that come along have none of their own
+    const size_t count = run.placement.placed.size(); // companions have none themselves
     run.progress.start(static_cast<uint32_t>(count));
     run.progress.set_caption(platform::from_utf8(say("Copying companions")));
     run.progress.show();

@@ -1,3 +1,4 @@
+// Finds out what an earlier run left at the target and whether a resave can continue from it.
 #include "apps/vestra_resave/continuation.h"
 
 #include <algorithm>
@@ -36,30 +37,32 @@ std::optional<refusal> continuation::find(session& host) {
         text_of_request(request_, source_, target_, shell::settings().language_offset == 0 ? "ru" : "en");
     has_journal_ = platform::current_system().kind_of(journal_path(target_)) == entry_kind::file;
     if (platform::current_system().identity_of(journal_path(target_)).is_link)
-        return refused(journal_path(target_), say("is a link; the journal of the resave would go elsewhere"));
+        return refused(journal_path(target_),
+                       say("is a link; the journal of the resave would be written elsewhere"));
     if (has_journal_)
         if (auto early = refuse_at_work(journal_path(target_))) return early;
     if (request_.mode == run_mode::resume) return find_to_resume(host);
     if (request_.mode == run_mode::update) return find_to_update(host);
-    if (!has_journal_) { // a manifest that stays would be of what is replaced
+    if (!has_journal_) { // a remaining manifest describes the project being replaced
         has_manifest_ = path_exists(target_) && has_own_manifest();
         return std::nullopt;
     }
-    return refused(journal_path(target_), say("an earlier resave broke off: --resume goes on with it, "
-                                              "--update brings the copy up to date"));
+    return refused(journal_path(target_), say("an earlier resave was interrupted: use --resume to continue "
+                                              "it, or --update to bring the copy up to date"));
 }
 
-// Nothing may start where another run is at work: its journal is open.
+// Refuses to start while another run is active, which keeps its journal open.
 std::optional<refusal> continuation::refuse_at_work(const wide_string& journal) const {
     std::unique_ptr<platform::file> file;
     const platform::outcome opened = platform::current_system().open(
         journal, platform::access::read_write, platform::disposition::open_existing, file);
     if (!opened.is(platform::failure::in_use)) return std::nullopt;
-    return refused(journal, say("another resave into this folder is at work"));
+    return refused(journal, say("another resave into this folder is running"));
 }
 
-// A run of another project would take the names that this one has just found free. The own journal is open:
-// of two runs that start in one instant at least one sees the other.
+// Refuses to start while a run of another project is active in the folder, because it would take names that
+// this run found free. This run's own journal is open already, so of two runs that start at the same moment
+// at least one sees the other.
 std::optional<refusal> continuation::refuse_others_at_work() const {
     const wide_string own = journal_path(target_), folder = path_head(target_);
     for (const auto& each : platform::entries_or_none(platform::current_system(), folder)) {
@@ -73,7 +76,7 @@ std::optional<refusal> continuation::refuse_others_at_work() const {
 std::optional<refusal> continuation::find_to_resume(session& host) {
     const wide_string path = journal_path(target_);
     if (!has_journal_)
-        return refused(path, say("there is no such journal: no resave into this folder broke off"));
+        return refused(path, say("there is no such journal: no resave into this folder was interrupted"));
     earlier_run earlier;
     if (const platform::outcome read = read_journal(path, earlier); !read)
         return refused(path, one_line(read.text()));
@@ -81,7 +84,7 @@ std::optional<refusal> continuation::find_to_resume(session& host) {
     if (is_recorded_) {
         if (!is_request(earlier.request)) return refused(path, say("the journal cannot be read"));
         if (const std::string differs = difference_of(earlier.request, asked_); !differs.empty())
-            return refused(path, say("the resave that broke off cannot be resumed: %1", {differs}));
+            return refused(path, say("the interrupted resave cannot be resumed: %1", {differs}));
         if (is_update(earlier.request)) mode_ = run_mode::update;
     } else if (!earlier.files.empty()) {
         return refused(path, say("the journal cannot be read"));
@@ -107,7 +110,7 @@ bool continuation::has_own_manifest() const {
 
 std::optional<refusal> continuation::refuse_changed_project() const {
     if (may_replace_project_ || request_.overwrite) return std::nullopt;
-    return refused(target_, say("was changed since the earlier resave; with --overwrite it is replaced"));
+    return refused(target_, say("was changed since the earlier resave; use --overwrite to replace it"));
 }
 
 std::optional<refusal> continuation::find_to_update(session& host) {
@@ -124,27 +127,26 @@ std::optional<refusal> continuation::find_to_update(session& host) {
         return refused(journal_path(target_), say("the journal cannot be read"));
     if (!earlier.request.empty())
         if (const std::string other = other_project_in(earlier.request, asked_); !other.empty())
-            return refused(journal_path(target_), say("it is of another project: %1", {other}));
+            return refused(journal_path(target_), say("it belongs to another project: %1", {other}));
     may_replace_project_ =
         !path_exists(target_) || is_as_recorded(earlier_copy_) || is_as_recorded(earlier.files);
     if (has_manifest_ || has_journal_) {
         if (auto early = refuse_changed_project()) return early;
     } else if (!may_replace_project_ && !request_.overwrite) {
-        return refused(
-            target_,
-            say("has no manifest, so what it was made from is unknown; with --overwrite it is replaced"));
+        return refused(target_,
+                       say("has no manifest, so its source is unknown; use --overwrite to replace it"));
     } else if (request_.prune && path_exists(target_)) {
-        return refused(manifest_path(target_), say("there is no manifest, without which nothing is removed"));
+        return refused(manifest_path(target_), say("there is no manifest; without one no files are removed"));
     }
     if (auto early = find_earlier_copy(host)) return early;
     add_files(std::move(earlier.files));
     return std::nullopt;
 }
 
-// Without a manifest what the earlier project refers to is its copy.
+// Without a manifest, the files that the earlier project refers to are its copy.
 std::optional<refusal> continuation::find_earlier_copy(session& host) {
     if (!has_manifest_ && path_exists(target_)) {
-        // What is lost there is not looked for.
+        // Do not search for files that the earlier project lost.
         const auto project_read = std::exchange(shell::settings().project_read, nullptr);
         const auto scene_read = std::exchange(shell::settings().scene_read, nullptr);
         auto early = host.load(target_, false, false);
@@ -158,8 +160,8 @@ std::optional<refusal> continuation::find_earlier_copy(session& host) {
     return std::nullopt;
 }
 
-// True if the project is as the earlier run wrote it; or as it was before, if nobody knows whether that was
-// done.
+// True if the project file is as the earlier run wrote it, or as it was before if it is unknown whether the
+// earlier run wrote it.
 bool continuation::is_as_recorded(const std::vector<earlier_file>& files) const {
     const platform::entry_status now = platform::current_system().status_of(target_);
     return std::ranges::any_of(files, [&](const earlier_file& each) {
@@ -174,8 +176,8 @@ bool continuation::is_as_recorded(const std::vector<earlier_file>& files) const 
     });
 }
 
-// With the folders that they are in. What is not below the new project's folder is none of our business,
-// whatever a journal or a manifest says.
+// Adds the files and their folders. Paths outside the new project's folder are ignored, whatever a journal or
+// manifest says.
 void continuation::add_files(std::vector<earlier_file> files) {
     const wide_string top = path_key(path_head(target_));
     const wide_string below = path_with_separator(top);
@@ -224,7 +226,7 @@ std::optional<refusal> continuation::begin_journal() {
     if (begun) return refuse_others_at_work();
     is_journal_ended_ = true;
     if (begun.is(platform::failure::in_use) || begun.is(platform::failure::taken))
-        return refused(journal_path(target_), say("another resave into this folder is at work"));
+        return refused(journal_path(target_), say("another resave into this folder is running"));
     return refusal{not_saved, {{own_kind::not_created, {}, {}, journal_path(target_), begun.text()}}};
 }
 

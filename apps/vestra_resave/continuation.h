@@ -1,6 +1,5 @@
-// How a resave goes on where an earlier one ended: `--resume` after one that broke off, `--update` over a
-// copy that is whole. The bundle knows nothing of it: it works on a disk that hides what the earlier run
-// made.
+// How a resave continues an earlier one: `--resume` after an interrupted run, `--update` of a complete copy.
+// The bundle does not know about it; it works on a disk that hides the files of the earlier run.
 #pragma once
 
 #include <memory>
@@ -26,48 +25,49 @@ struct resave_request;
 
 enum class run_mode { anew, resume, update };
 
-// One for each resave. It must outlive everything that uses the disk.
+// One object per resave. It must outlive everything that uses the disk.
 class continuation {
 public:
+    // `source` and `target` are the project files; `request` must outlive this object.
     continuation(const resave_request& request, wide_string source, wide_string target);
     ~continuation();
 
-    // Finds out what the earlier run made. To be called before the source is loaded, as an earlier project
-    // may have to be. Returns why there is nothing to go on from, or why nothing may start here.
+    // Finds out what the earlier run made. Call it before loading the source, because it may have to load the
+    // earlier project. Returns why the run cannot continue or must not start.
     std::optional<refusal> find(session& host);
-    // True if the project that exists at the target is the earlier run's, and may be replaced.
+    // True if the existing project at the target is the earlier run's and can be replaced.
     bool may_replace_project() const { return may_replace_project_; }
 
-    // Puts the disk in force; of a dry run it lies below the trial disk. The source is loaded.
+    // Installs the disk; in a dry run it is below the trial disk. The source must be loaded.
     void put_in_force(vs::project_resave::project_context& context, const source_elements& source,
                       trial_disk* trial);
-    // Begins the journal, if this is no dry run. The target's folder exists.
+    // Begins the journal, except in a dry run. The target's folder must exist.
     std::optional<refusal> begin_journal();
 
-    // Null for a run that begins anew.
+    // Returns null if the run does not continue an earlier one.
     continued_disk* disk() { return disk_.get(); }
-    // True if the earlier run wrote a manifest, which this one keeps up to date.
+    // True if the earlier run wrote a manifest, which this run updates.
     bool has_manifest() const { return has_manifest_; }
-    // What earlier runs have made and is still there, though this one neither made nor kept it. For after
-    // `end_files`.
+    // Returns existing files of earlier runs that this run neither made nor kept. Call it after `end_files`.
     std::vector<earlier_file> left();
-    // What they have made and somebody has changed since, as it was.
+    // Returns files of earlier runs that were changed since, with the values recorded then.
     std::vector<earlier_file> changed();
-    // Has the journal stay, as the manifest lacks what it knows.
+    // Keeps the journal, because the manifest lacks information that is in it.
     void keep_journal() { is_broken_off_ = true; }
 
-    // Enters into the report what became of the earlier files, and removes those that are to go. To be called
-    // while the context is that of the run.
+    // Adds to the report what became of the earlier files, and removes those that are to be removed. Call it
+    // while the context is still that of the run.
     void end_files(vs::project_resave::project_context& context, resave_report& report);
-    // Has the disk keep the new project, and ends the journal: it stays if the run can be resumed.
+    // Tells the disk to keep the new project and ends the journal, which is kept if the run can be resumed.
     void end_journal(resave_report& report);
-    // Ends the journal of a run of which nothing is left; one that was there before stays.
+    // Ends the journal of a run that left nothing. A journal that existed before is kept.
     void abandon();
 
 private:
     std::vector<const continued_disk::row*> unreferenced();
     std::vector<earlier_file> files_that_are(std::initializer_list<continued_disk::fate> wanted);
-    // A resumed run leaves nothing that the one before it began and that is not part of it.
+    // True in a resumed run, which leaves no files that the previous run began and that are not part of the
+    // result.
     bool removes_unreferenced() const;
     std::optional<refusal> find_to_resume(session& host);
     std::optional<refusal> find_to_update(session& host);
@@ -87,17 +87,17 @@ private:
 
     const resave_request& request_;
     const wide_string source_, target_;
-    run_mode mode_; // of the journal that is resumed, once it is read
+    run_mode mode_; // the journal's mode once it is read
     bool may_replace_project_ = false, has_manifest_ = false, has_journal_ = false, is_recorded_ = false,
          is_journal_ended_ = false;
-    std::string asked_;                              // the request as the journal has it
-    std::vector<earlier_file> earlier_copy_, files_; // as the manifest has it; all
+    std::string asked_;                              // the request as recorded in the journal
+    std::vector<earlier_file> earlier_copy_, files_; // those in the manifest; all
     trial_disk* trial_ = nullptr;
     std::unique_ptr<journal_disk> journal_;
     std::optional<platform::system_override> journal_in_force_;
     std::unique_ptr<continued_disk> disk_;
     std::optional<platform::system_override> disk_in_force_;
-    bool is_broken_off_ = false; // though it was saved
+    bool is_broken_off_ = false; // even though the project was saved
     std::vector<continued_disk::row> rows_;
 };
 

@@ -1,4 +1,4 @@
-// How a continued run ends: what becomes of files that nothing refers to any more, and of the journal.
+// The end of a continued run: handles files that nothing refers to any more, and ends the journal.
 #include "apps/vestra_resave/continuation.h"
 
 #include <algorithm>
@@ -22,7 +22,7 @@ using fate = continued_disk::fate;
 
 namespace {
 
-// True if a disk was full or a share was lost while the run was at work: the same run can succeed later.
+// True if a disk was full or a share was lost during the run, so that the same run can succeed later.
 bool may_succeed_later(const project_context& context, const resave_report& report) {
     using platform::failure;
     std::unordered_set<wide_string> lost; // path keys
@@ -34,12 +34,12 @@ bool may_succeed_later(const project_context& context, const resave_report& repo
         if (!path_exists(each.path)) lost.insert(path_key(each.path));
     }
     if (lost.empty()) return false;
-    // What the source had when it was loaded.
+    // Sources that existed when the project was loaded.
     return std::ranges::any_of(context.sizes.known_paths(),
                                [&](const wide_string& path) { return lost.contains(path_key(path)); });
 }
 
-// True for what leaves the run without a source, or without knowing which sources there are.
+// True for a problem that leaves the run without a source, or without knowing all sources.
 bool is_loss(const problem& found) {
     const std::string_view kinds[] = {name_of(fact_kind::source_lost),
                                       name_of(fact_kind::type_not_resaved),
@@ -52,7 +52,8 @@ bool is_loss(const problem& found) {
     return std::ranges::find(kinds, found.kind) != std::end(kinds);
 }
 
-// True if a scene file of the trial, which has references of its own, is as the one that exists.
+// True if a scene file written in the trial equals the existing one. Scene files have references of their
+// own.
 bool is_written_alike(const wide_string& path, platform::system& real) {
     if (!path_extension(path).starts_with(u"._")) return false;
     std::string planned, existing;
@@ -61,7 +62,7 @@ bool is_written_alike(const wide_string& path, platform::system& real) {
     return read_text(path, existing) && planned == existing;
 }
 
-// The sets of which a file, other than a companion of a copy, has lost its source.
+// Returns the sets in which a file, other than a companion of a copy, has lost its source.
 std::unordered_set<wide_string> last_copies(const std::vector<const continued_disk::row*>& left,
                                             const placed_copies& copies) {
     std::unordered_set<wide_string> sets;
@@ -103,7 +104,7 @@ std::vector<earlier_file> continuation::left() { return files_that_are({fate::hi
 
 std::vector<earlier_file> continuation::changed() { return files_that_are({fate::changed}); }
 
-// Which copies are older ones.
+// Sorts the copies of the report into new ones and those of earlier runs.
 void continuation::classify(resave_report& report) {
     for (const copied_file& copy : report.copies) {
         auto what = trial_ ? disk_->fate_of_copy(copy.source, copy.target) : disk_->fate_of(copy.target);
@@ -119,12 +120,13 @@ void continuation::classify(resave_report& report) {
 bool continuation::removes_unreferenced() const { return mode_ == run_mode::resume || request_.prune; }
 
 void continuation::remove_unreferenced(project_context& context, resave_report& report) {
-    // Where a source is lost, its copies are the last ones.
+    // If a source is lost, its copies are the last ones and must be kept.
     const bool lacks_sources = std::ranges::any_of(report.problems, &is_loss);
     std::vector<const continued_disk::row*> left = unreferenced();
-    std::ranges::reverse(left); // a folder after what is in it
+    std::ranges::reverse(left); // a folder after its contents
     if (!left.empty()) {
-        const platform::system_override in_force(disk_->below()); // this one hides what is to go
+        // The current disk hides the files to be removed.
+        const platform::system_override in_force(disk_->below());
         std::vector<wide_string> paths;
         paths.reserve(left.size());
         for (const continued_disk::row* each : left) paths.push_back(each->file->path);
@@ -134,11 +136,11 @@ void continuation::remove_unreferenced(project_context& context, resave_report& 
         for (const continued_disk::row* each : left) {
             const char16_t* keeps = nullptr;
             if (lacks_sources)
-                keeps = u"nothing is removed while a part of the project is missing";
+                keeps = u"no files are removed while part of the project is missing";
             else if (others.need(each->file->path))
                 keeps = u"something else uses it";
             else if (kept.contains(*each->set))
-                keeps = u"its source is gone, so it may be the last copy";
+                keeps = u"its source no longer exists, so it may be the last copy";
             end_unreferenced(*each, keeps, copies, report);
         }
     }
@@ -149,7 +151,7 @@ void continuation::remove_unreferenced(project_context& context, resave_report& 
             add(report, of_row(own_kind::changed_since, each));
 }
 
-// Removes one, or says that it is there. Of folders nothing is said.
+// Removes one file or folder, or reports that it is left. Folders are not reported.
 void continuation::end_unreferenced(const continued_disk::row& left, const char16_t* keeps,
                                     const placed_copies& copies, resave_report& report) {
     const bool is_folder = left.file->state == made_state::folder;
@@ -180,9 +182,9 @@ void continuation::flush(resave_report& report) {
     if (!note(target_, disk.flush(target_))) report.exit = not_saved, report.outcome = "not saved";
     if (path_exists(manifest_path(target_))) {
         note(manifest_path(target_), disk.flush(manifest_path(target_)));
-        disk.flush_volume(folder); // a later update takes what the manifest names for whole
+        disk.flush_volume(folder); // a later update relies on the files in the manifest being complete
     }
-    // What was lost is copied anew by the next run, to which the journal tells it.
+    // The next run reads from the journal what was lost and copies it again.
     if (journal_ && !note(folder, journal_->kept())) is_broken_off_ = true;
     note(folder, disk.flush(folder));
 }
@@ -207,7 +209,7 @@ void continuation::end_journal(resave_report& report) {
 }
 
 void continuation::abandon() {
-    // An update that was erased may have replaced files, of which the manifest does not know.
+    // An update whose files were erased can have replaced files that are not in the manifest.
     const bool is_needed = has_journal_ || (disk_ && journal_ && journal_->has_made());
     if (journal_ && !is_journal_ended_) close_journal(!is_needed);
 }

@@ -1,4 +1,4 @@
-// What the calls of a continued disk do; what it knows of the earlier copies is in continued_disk.cpp.
+// The file operations of a continued disk. continued_disk.cpp has its knowledge of the earlier copies.
 #include <utility>
 
 #include "apps/vestra_resave/continued_disk.h"
@@ -44,7 +44,7 @@ outcome continued_disk::copy_file(const wide_string& source, const wide_string& 
     if (!is_still(*found)) return outcome::because(changed_reason);
     const outcome copied = inner().copy_file(source, found->file.path, true);
     found->what = copied ? fate::replaced : fate::failed;
-    if (!copied && journal_) journal_->add_kept(found->file.path, source, found->now); // for the next try
+    if (!copied && journal_) journal_->add_kept(found->file.path, source, found->now); // for the next run
     return copied;
 }
 
@@ -70,7 +70,7 @@ outcome continued_disk::remove_folder(const wide_string& path) {
         return inner().remove_folder(path);
     std::vector<platform::folder_entry> entries;
     if (const outcome listed = list(path, entries); !listed) return listed;
-    if (!entries.empty()) return inner().remove_folder(path); // which fails, with the reason
+    if (!entries.empty()) return inner().remove_folder(path); // fails, with the reason
     found->what = fate::hidden;
     return {};
 }
@@ -122,7 +122,7 @@ outcome continued_disk::open(const wide_string& path, platform::access wanted, p
     if (!found) return inner().open(path, wanted, how, result);
     if (how == platform::disposition::open_existing) return platform::failure::missing;
     if (found->file.state == made_state::folder) return inner().open(path, wanted, how, result);
-    if (inner().identity_of(path).names > 1) // the other name keeps what it leads to
+    if (inner().identity_of(path).names > 1) // the file stays under its other name
         if (const outcome removed = inner().delete_file(path); !removed) return removed;
     const outcome opened = inner().open(path, wanted, platform::disposition::create_always, result);
     if (opened) found->what = fate::replaced;

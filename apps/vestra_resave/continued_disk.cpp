@@ -1,3 +1,4 @@
+// What a continued disk knows of the earlier run's files, and whether each of them can be kept.
 #include "apps/vestra_resave/continued_disk.h"
 
 #include <algorithm>
@@ -17,20 +18,21 @@ namespace {
 
 wide_string folder_key_of(const wide_string& key) { return path_key(path_head(key)); }
 
-// As exact as the least exact of the usual disks; on one that keeps whole seconds a copy counts as changed.
+// Uses the precision of the least exact common file system; one with whole seconds makes a copy count as
+// changed.
 bool is_same_time(int64_t a, int64_t b) { return std::abs(a - b) < 100; }
 
 bool is_same(const platform::entry_status& a, const platform::entry_status& b) {
     return a.kind == b.kind && a.bytes == b.bytes && is_same_time(a.modified, b.modified);
 }
 
-// Of a copy that is to take the place of another file.
+// True for the temporary name of a copy that is to replace another file.
 bool is_name_of_copy(const wide_string& path) {
     const wide_string name = path_file_name(path);
     return name.starts_with(copy_name_begin) && name.ends_with(copy_name_end);
 }
 
-// The stem without the number that a taken name gets.
+// Returns the stem without the number that is appended when a name is taken.
 wide_string plain_stem(wide_string stem) {
     const size_t open = stem.rfind(u"_(");
     if (open != wide_string::npos && stem.ends_with(u')') &&
@@ -39,10 +41,10 @@ wide_string plain_stem(wide_string stem) {
     return stem;
 }
 
-// The key of the set that the files in the copy of a folder are: no file has such a name.
+// Returns the key of the set formed by the files in a copied folder. No file has such a name.
 wide_string folder_set(const wide_string& key) { return key + u'\\'; }
 
-// True if both names are one but for a number, at the end or before the extension.
+// True if the names differ only in a number, at the end or before the extension.
 bool is_numbered(const wide_string& name, const wide_string& other) {
     return plain_stem(name) == plain_stem(other) ||
            (path_extension(name) == path_extension(other) &&
@@ -51,8 +53,8 @@ bool is_numbered(const wide_string& name, const wide_string& other) {
 
 } // namespace
 
-// A data set is known by the shortest beginning of the name, up to a dot, that is the stem of any file: so
-// "a.vat.dbf" goes with "a.tif", and "1.2.prj" with "1.2.tif".
+// The name of a data set is the shortest part of the file name before a dot that is the stem of any file:
+// "a.vat.dbf" belongs to "a.tif", and "1.2.prj" to "1.2.tif".
 wide_string continued_disk::set_of(const wide_string& key) const {
     const wide_string name = path_file_name(key), head = path_head(key);
     for (size_t dot = name.find(u'.'); dot != wide_string::npos; dot = name.find(u'.', dot + 1))
@@ -75,7 +77,7 @@ continued_disk::continued_disk(platform::system& below, journal_disk* journal,
     }
     for (auto& [key, each] : entries_) {
         if (!each.file.source.empty()) by_source_[path_key(each.file.source)].push_back(&each);
-        for (const earlier_file& older : each.older) // which of them holds shows when the file is looked at
+        for (const earlier_file& older : each.older) // checking the file shows which of them it is
             if (!older.source.empty()) by_source_[path_key(older.source)].push_back(&each);
         if (each.file.state == made_state::folder)
             each.set = folder_set(key);
@@ -104,7 +106,7 @@ void continued_disk::keep_together(const std::vector<wide_string>& sources) {
         do {
             from = path_normalise(path_head(from)), to = path_normalise(path_head(to));
         } while (!folders.contains(from) && from.size() > path_fixed_length(from));
-        // A file of the folder can also have been copied by itself.
+        // A file of the folder can also have been copied separately.
         if (folders.contains(from) && is_numbered(path_file_name(to), path_file_name(from)))
             each.set = folder_set(to);
     }
@@ -150,14 +152,14 @@ continued_disk::entry* continued_disk::find(const wide_string& path) {
     return at == entries_.end() ? nullptr : &at->second;
 }
 
-// True if the path is that of another file, whose name differs in letter case alone.
+// True if the path belongs to a different file, whose name differs only in letter case.
 bool continued_disk::is_another(const wide_string& path, const entry& found) {
     if (path == found.file.path || path_file_name(path) == path_file_name(found.file.path)) return false;
     const platform::file_identity asked = inner().identity_of(path);
     return asked && asked != inner().identity_of(found.file.path);
 }
 
-// The entry at a path that does not show; null for one that does.
+// Returns the entry of a hidden path; null if the path is visible.
 continued_disk::entry* continued_disk::hidden(const wide_string& path) {
     entry* const found = find(path);
     if (is_over_ || !found || found->what != fate::hidden || is_another(path, *found)) return nullptr;
@@ -165,13 +167,13 @@ continued_disk::entry* continued_disk::hidden(const wide_string& path) {
     if (const auto at = sets_.find(found->set); at != sets_.end()) {
         check_set(found->set, at->second);
         if (at->second.is_changed && found->what == fate::hidden)
-            found->what = fate::changed; // the folder with its files
+            found->what = fate::changed; // the folder as well as its files
     }
     return found->what == fate::hidden ? found : nullptr;
 }
 
-// A set of which somebody changed one file is left alone as a whole; so is one that is to change and beside
-// which somebody put files: they may have been made from it, or need it.
+// If the user changed one file of a set, the whole set is left alone. A set that is to be replaced is also
+// left alone if the user added files to it, because they may be derived from it or need it.
 void continued_disk::check_set(const wide_string& key, file_set& set) {
     if (std::exchange(set.is_checked, true)) return;
     for (entry* each : set.made) check(*each);
@@ -187,7 +189,7 @@ void continued_disk::check_set(const wide_string& key, file_set& set) {
         if (is_changed && each->what == fate::hidden) each->what = fate::changed;
 }
 
-// As the folder was when it was asked first.
+// Uses the state of the folder when it was first read.
 bool continued_disk::has_strangers(const wide_string& set_key, const file_set& set) {
     const auto made =
         std::ranges::count_if(set.made, [](const entry* each) { return each->what != fate::missing; });
@@ -226,8 +228,8 @@ void continued_disk::check(entry& asked) {
     }
 }
 
-// What lies behind a link is not the earlier run's. A second name elsewhere does not matter: the file is
-// replaced by a new one, and removed under this name alone.
+// Files behind a link do not belong to the earlier run. Another hard link elsewhere does not matter, because
+// the file is replaced by a new one and removed only under this name.
 bool continued_disk::is_own(const earlier_file& file) {
     const platform::file_identity found = inner().identity_of(file.path);
     entry* const folder = find(path_normalise(path_head(file.path)));
@@ -240,23 +242,23 @@ bool continued_disk::is_as_made(const earlier_file& file, const platform::entry_
     if (now.kind != entry_kind::file) return false;
     if (file.state == made_state::writing) return true;
     if (file.state == made_state::begun && is_name_of_copy(file.path))
-        return true; // nobody else has such names
+        return true; // only runs use such names
     if (file.modified != 0 && now.bytes == file.bytes && is_same_time(now.modified, file.modified))
         return true;
-    // What is as its source is no loss.
+    // Nothing is lost if the file equals its source.
     if (!file.source.empty() && is_same(now, inner().status_of(file.source))) return true;
     if (!file.source.empty() && (file.state == made_state::begun || !file.is_safe))
         return is_beginning_of(inner(), file.path, file.source);
     if (file.state == made_state::referred) return is_like_source_.contains({now.bytes, now.modified});
     if (file.sha256.empty() || now.bytes != file.bytes) return false;
-    const platform::system_override in_force(inner()); // this one does not show the file
+    const platform::system_override in_force(inner()); // the current disk hides the file
     file_digest digest;
     return read_digest(
                file.path, [] { return false; }, digest) &&
            digest.sha256 == file.sha256;
 }
 
-// Whether the copy of `source` need not be made again.
+// True if the copy of `source` need not be made again.
 bool continued_disk::is_unchanged(const entry& copy, const wide_string& source) {
     const earlier_file& file = copy.file;
     if (file.is_lost) return false;
@@ -269,14 +271,15 @@ bool continued_disk::is_unchanged(const entry& copy, const wide_string& source) 
     return file.is_safe || is_same_text(inner(), source, file.path);
 }
 
-// Asked right before a file is replaced or removed: since the first look somebody may have worked with it.
+// Checked right before a file is replaced or removed, because someone may have changed it since it was first
+// checked.
 bool continued_disk::is_still(entry& found) {
     if (is_same(inner().status_of(found.file.path), found.now)) return true;
     found.what = fate::changed;
     return false;
 }
 
-// True for a file of the earlier run that somebody has changed, and nobody said that it may go.
+// True for a file of the earlier run that the user has changed and that was not released by `let_go`.
 bool continued_disk::is_kept_from_writing(const wide_string& path) const {
     return fate_of(path) == fate::changed && !may_go(path);
 }

@@ -1,4 +1,4 @@
-// Copies beside their sources.
+// Compares copies with their sources byte by byte.
 #include <cstring>
 #include <vector>
 
@@ -21,7 +21,7 @@ platform::outcome open_to_read(const wide_string& path, std::unique_ptr<platform
                                            file);
 }
 
-// Why a copy is not as its source; no kind if it is, and after a stop.
+// Why a copy differs from its source; no kind if it does not, and after a stop.
 struct difference {
     const char* kind = nullptr;
     platform::outcome reason;

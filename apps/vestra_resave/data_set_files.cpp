@@ -1,3 +1,4 @@
+// Finds the files that a data set needs: by its format, by its own references, and by name.
 #include "apps/vestra_resave/data_set_files.h"
 
 #include <algorithm>
@@ -18,7 +19,7 @@ using platform::entry_kind;
 
 namespace {
 
-// Files without which the main one cannot be read, by extension. A format lists only those that exist.
+// Files without which the main file cannot be read, by extension. A format lists them only if they exist.
 struct partner {
     wide_view extension, needed;
 };
@@ -29,12 +30,12 @@ bool has_extension(const wide_string& path, wide_view extension) {
     return platform::compare_no_case(path_extension(path), extension) == 0;
 }
 
-// Of a virtual data set: the texts of these elements are its sources.
+// True for the elements of a virtual data set whose texts are its sources.
 bool is_source_element(std::string_view name) {
     return name == "SourceFilename" || name == "SourceDataset" || name == "SrcDataSource";
 }
 
-// No path but a connection, or something in memory or in an archive.
+// True for a connection, or a source in memory or in an archive, instead of a path.
 bool is_no_path(std::string_view text) {
     return text.empty() || text.starts_with("/vsi") || text.starts_with('<') ||
            text.find("://") != std::string_view::npos || text.find(':', 2) != std::string_view::npos;
@@ -46,7 +47,7 @@ bool is_relative(const pugi::xml_node& source, std::string_view text) {
     return !text.starts_with('/') && !text.starts_with('\\') && text.find(':') == std::string_view::npos;
 }
 
-// The first bytes of a file; empty if it cannot be read.
+// Returns the first bytes of a file; empty if it cannot be read.
 std::string beginning_of(const wide_string& path) {
     std::string first(1024, '\0');
     size_t count = 0;
@@ -64,7 +65,8 @@ bool is_virtual(std::string_view beginning) {
            beginning.find("<OGRVRTDataSource") != std::string_view::npos;
 }
 
-// The data file of an ERS header: next to it, and without its extension unless it says otherwise.
+// Adds the data file of an ERS header: next to it, and named like it without the extension unless the header
+// gives a name.
 void add_ers_data(const wide_string& path, std::vector<data_set_files::needed>& files) {
     std::string text;
     if (!read_text(path, text)) return;
@@ -128,7 +130,7 @@ data_set_files files_of_data_set(const wide_string& path) {
     if (is_virtual(beginning)) add_virtual_sources(path, all.files);
     if (beginning.starts_with("DatasetHeader Begin")) add_ers_data(path, all.files);
     for (wide_string& file : listed) all.files.push_back({std::move(file)});
-    // One file under one name: what comes first knows more of it.
+    // Keep one entry per file; the first one has more information.
     std::ranges::stable_sort(all.files, {}, [](const auto& each) { return path_key(each.path); });
     const auto is_same = [](const auto& one, const auto& other) { return path_same(one.path, other.path); };
     all.files.erase(std::unique(all.files.begin(), all.files.end(), is_same), all.files.end());
@@ -164,14 +166,14 @@ bool folder_walls::leads_out(const wide_string& path) const {
     }
     if (unknown || whole.empty() || home_.empty()) return false;
     if (std::ranges::mismatch(home_, whole).in1 == home_.end()) return false;
-    // It may be spelled in other letters, where these do not count.
+    // The path may be spelled in another letter case on a disk that ignores it.
     for (auto level = whole.parent_path(); level != level.parent_path(); level = level.parent_path())
         if (std::filesystem::equivalent(level, home_, unknown)) return false;
     return true;
 }
 
 bool folder_walls::is_bound(const wide_string& path) const {
-    constexpr int most_links = 40; // more of them form a ring
+    constexpr int most_links = 40; // more links than this form a cycle
     std::error_code unknown;
     std::filesystem::path rest = platform::native_path(path).lexically_normal().lexically_relative(folder_);
     std::filesystem::path way;

@@ -1,5 +1,5 @@
-// What a data set needs besides its main file: members, the files that its format lists, the files that it
-// names itself.
+// The files that a data set needs besides its main file: members, files listed by its format, and files that
+// it refers to.
 #pragma once
 
 #include <filesystem>
@@ -12,40 +12,42 @@ namespace vestra::command {
 
 using vs::project_resave::wide_string;
 
+// The files of a data set, as far as they are known.
 struct data_set_files {
     struct needed {
         wide_string path;      // of a file that may be missing
-        bool is_whole = false; // the data set names it by its whole path
+        bool is_whole = false; // the data set refers to it by an absolute path
     };
-    std::vector<needed> files; // the main file is not among them
-    bool is_empty = false;     // a file without a byte, or a folder without a file
-    wide_string unread;        // why the main file could not be read, though it exists; else empty
+    std::vector<needed> files; // without the main file
+    bool is_empty = false;     // a file of 0 bytes, or a folder without files
+    wide_string unread;        // why the existing main file could not be read; otherwise empty
 };
 
-// Looks at the data set whose main file, or folder, exists at `path`. A host must be running.
+// Examines the data set whose main file or folder exists at `path`. A host must be running.
 data_set_files files_of_data_set(const wide_string& path);
 
-// Returns the files without which the one at `path` cannot be read, from its name alone; they may be missing.
+// Returns the files without which the one at `path` cannot be read, by its name alone; they may be missing.
 std::vector<wide_string> partners_of(const wide_string& path);
 
-// The files that a virtual data set names, whether they exist or not; none for any other file. It is known by
-// its first bytes, whatever its extension.
+// Returns the files that a virtual data set refers to, existing or not; empty for any other file. A virtual
+// data set is recognised by its first bytes, whatever its extension.
 std::vector<data_set_files::needed> virtual_sources(const wide_string& path);
 
-// Whether paths below a folder stay in it when links are followed.
+// Checks whether paths inside a folder stay there when links are followed.
 class folder_walls {
 public:
+    // `folder` is a drive path; links in it are resolved once.
     explicit folder_walls(const wide_string& folder);
 
-    // True if the path, or a link on its way, leads out of the folder. False for what cannot be reached.
+    // True if the path, or a link on its way, points outside the folder. False if it cannot be reached.
     bool leads_out(const wide_string& path) const;
-    // True if a link on its way names its target by a whole path, or climbs out of the folder: it would lead
-    // elsewhere if the folder were moved. For a path below the folder.
+    // For a path in the folder: true if a link on its way has an absolute target or climbs out of the folder,
+    // so that it would break if the folder were moved.
     bool is_bound(const wide_string& path) const;
 
 private:
-    std::filesystem::path folder_, home_; // as given; without links, empty if it cannot be reached
-    mutable std::map<wide_string, std::filesystem::path> canonical_; // of folders that were asked for
+    std::filesystem::path folder_, home_; // as given; without links, empty if unreachable
+    mutable std::map<wide_string, std::filesystem::path> canonical_; // of folders already checked
 };
 
 } // namespace vestra::command

@@ -1,3 +1,4 @@
+// Reads and writes the journal of a run, which records every file that the run makes.
 #include "apps/vestra_resave/earlier_files.h"
 
 #include <charconv>
@@ -35,7 +36,7 @@ bool read_number(std::string_view word, number& value) {
     return read.ec == std::errc() && read.ptr == end;
 }
 
-// The words of a line, but for the last, which says that it is whole.
+// Returns the words of a line without the last one, which marks the line as complete.
 std::vector<std::string_view> words_of(std::string_view line) {
     std::vector<std::string_view> words;
     for (size_t at = 0; at <= line.size();) {
@@ -50,7 +51,7 @@ std::vector<std::string_view> words_of(std::string_view line) {
     return words;
 }
 
-// Takes a journal line by line.
+// Processes a journal line by line.
 class journal_reader {
 public:
     journal_reader(wide_string folder, earlier_run& found) : folder_(std::move(folder)), found_(found) {}
@@ -61,7 +62,7 @@ public:
         if (kind == "run" && has_path) {
             found_.request = words[1];
         } else if (kind == "boot" && has_path) {
-            is_losing_ = false; // of the run before
+            is_losing_ = false; // refers to the run before
             is_same_boot_ = !words[1].empty() && words[1] == platform::boot_identity();
         } else if (kind == "folder" && has_path) {
             row(words[1], made_state::folder);
@@ -70,7 +71,7 @@ public:
             files_[row(copying_, made_state::begun)].source = source_;
         } else if (kind == "replace" && words.size() == 5) {
             keep_older(words[1]);
-            // Whichever of both names the copy has, it is this one.
+            // The copy can have either name; it is this file.
             if (const auto fresh = rows_.find(path_key(path_of(copying_, folder_))); fresh != rows_.end())
                 finish(files_[fresh->second], made_state::begun, words);
             earlier_file& file = files_[row(words[1], made_state::begun)];
@@ -104,7 +105,7 @@ public:
     }
 
 private:
-    // Until the next record nobody knows whether the change was made.
+    // Keeps the older record too, because until the next record it is unknown whether the change was made.
     void keep_older(std::string_view word) {
         const auto older = rows_.find(path_key(path_of(word, folder_)));
         if (older != rows_.end() && files_[older->second].modified != 0)
@@ -136,16 +137,16 @@ private:
     std::vector<earlier_file> files_;
     std::vector<bool> is_gone_;
     std::unordered_map<wide_string, size_t> rows_; // by path key
-    std::string_view copying_;                     // the word of the copy begun last
+    std::string_view copying_;                     // path word of the last copy begun
     wide_string source_;
     bool is_same_boot_ = false, is_losing_ = false;
-    size_t safe_ = 0;           // so many of the files are
-    std::vector<size_t> again_; // those before that were made a second time
+    size_t safe_ = 0;           // number of files known to be safe
+    std::vector<size_t> again_; // earlier ones that were made again since
 };
 
 } // namespace
 
-// Perhaps half a file, under a name that none is to keep.
+// True for a file that may be incomplete and has a temporary name.
 bool is_only_begun(const earlier_file& file) {
     wide_string name = path_file_name(file.path);
     while (!name.empty() && name.back() >= u'0' && name.back() <= u'9') name.pop_back();
@@ -153,7 +154,7 @@ bool is_only_begun(const earlier_file& file) {
 }
 
 wide_string journal_path(const wide_string& project) {
-    constexpr size_t most_characters = 60; // of a name that may have four bytes for each
+    constexpr size_t most_characters = 60; // of a name, with up to four bytes each
     return path_head(project) + path_stem(project).substr(0, most_characters) + wide_string(journal_name_end);
 }
 
@@ -180,8 +181,8 @@ std::string journal_word(const wide_string& path, const wide_string& folder) {
 platform::outcome read_journal(const wide_string& path, earlier_run& found) {
     std::string text;
     if (const platform::outcome read = read_text(path, text); !read) return read;
-    if (!text.empty() && !text.starts_with(journal_title)) // an empty one has only begun
-        return platform::outcome::because(u"it is no journal of a resave");
+    if (!text.empty() && !text.starts_with(journal_title)) // an empty journal has only begun
+        return platform::outcome::because(u"it is not the journal of a resave");
     journal_reader reader(path_head(path), found);
     for (size_t at = 0, end = 0; (end = text.find('\n', at)) != std::string::npos; at = end + 1)
         if (const auto words = words_of(std::string_view(text).substr(at, end - at)); !words.empty())

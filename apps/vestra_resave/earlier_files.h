@@ -1,10 +1,10 @@
-// What an earlier run made in the folder of the new project, as its journal or its manifest has it, and the
-// form of the journal.
+// The files that an earlier run made in the folder of the new project, from its journal or its manifest, and
+// the format of the journal.
 //
-// The journal is a text file next to the new project, while a run is at work and after one that broke off.
-// Each line is a record: words separated by tabs, a ";" at its end, without which it is ignored. In paths,
-// which are relative to the journal's folder where they are below it, "%", tab and line ends are %25, %09,
-// %0A, %0D.
+// The journal is a text file next to the new project. It exists while a run is active and after an
+// interrupted one. Each line is a record of words separated by tabs, ending with ";"; a line without it is
+// ignored. Paths below the journal's folder are relative to it. In paths "%", tab and line ends are written
+// as %25, %09, %0A, %0D.
 //
 //     resave-journal 1
 //     run JSON           the project, its SHA-256 and the options, as one object
@@ -35,45 +35,47 @@ namespace platform = vs::project_resave::platform;
 
 enum class made_state {
     folder,
-    begun,    // a copy, perhaps half of one
-    copied,   // a whole copy
-    writing,  // a file of the run's own, perhaps half of one
-    written,  // the same, whole
-    referred, // an earlier project refers to it, and nothing else is known
+    begun,    // a copy, possibly incomplete
+    copied,   // a complete copy
+    writing,  // a file written by the run itself, possibly incomplete
+    written,  // the same, complete
+    referred, // only known because an earlier project refers to it
 };
 
+// A file or folder that an earlier run made, as last recorded.
 struct earlier_file {
     wide_string path;
     made_state state = made_state::copied;
-    wide_string source = {}; // of a copy; empty where it is unknown
+    wide_string source = {}; // of a copy; empty if unknown
     uint64_t bytes = 0;
-    int64_t modified = 0;      // nanoseconds since 1970, as entry_status has it; 0 where it is unknown
-    std::string sha256 = {};   // empty where it is unknown
-    bool is_safe = true;       // whole, even if the computer was switched off meanwhile
-    wide_string data_set = {}; // the folder that is one, which it is in; empty where that is unknown
-    bool is_lost = false;      // a disk that failed may not have it, though it can be read for a while
+    int64_t modified = 0;      // nanoseconds since 1970, as in entry_status; 0 if unknown
+    std::string sha256 = {};   // empty if unknown
+    bool is_safe = true;       // complete even if the computer lost power since
+    wide_string data_set = {}; // the folder data set that it belongs to; empty if unknown
+    bool is_lost = false;      // a failed disk may not have stored it, though it can still be read
 };
 
-// Perhaps half a file, under a name that none is to keep.
+// True for a file that may be incomplete and has a temporary name.
 bool is_only_begun(const earlier_file& file);
 
+// The content of a journal.
 struct earlier_run {
-    std::string request; // what `run` holds; empty for a journal that ends before it
+    std::string request; // the content of `run`; empty if the journal ends before it
     std::vector<earlier_file> files;
 };
 
-// NAME.resave-journal for NAME._vp; of a long name the beginning.
+// Returns NAME.resave-journal for NAME._vp; long names are shortened.
 inline constexpr vs::project_resave::wide_view journal_name_end = u".resave-journal";
 wide_string journal_path(const wide_string& project);
 inline constexpr std::string_view journal_title = "resave-journal\t1\t;\n";
 
-// Words as one record.
+// Returns the words as one record.
 std::string journal_record(const std::vector<std::string>& words);
-// A path as a word.
+// Returns the path as a word.
 std::string journal_word(const wide_string& path, const wide_string& folder);
 
-// Reads a journal; fails if the file cannot be read, or is none. Each file is there as the last record of it
-// has it; before it, of one that was to be replaced, as it was until then.
+// Reads a journal. Fails if the file cannot be read or is not a journal. `found` has each file as in its last
+// record, preceded, for a file that was to be replaced, by its state before.
 platform::outcome read_journal(const wide_string& path, earlier_run& found);
 
 } // namespace vestra::command

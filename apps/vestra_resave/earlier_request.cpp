@@ -1,3 +1,4 @@
+// Converts a request to JSON for the journal, and compares two of them.
 #include "apps/vestra_resave/earlier_request.h"
 
 #include <nlohmann/json.hpp>
@@ -16,7 +17,7 @@ using nlohmann::ordered_json;
 
 namespace {
 
-// The text under a key; empty if there is none.
+// Returns the text for a key; empty if there is none.
 std::string text_in(const ordered_json& all, const char* key) {
     const auto found = all.is_object() ? all.find(key) : all.end();
     return found != all.end() && found->is_string() ? found->get<std::string>() : std::string();
@@ -61,9 +62,9 @@ std::string difference_of(const std::string& before_text, const std::string& now
     const ordered_json before = ordered_json::parse(before_text, nullptr, false);
     const ordered_json now = ordered_json::parse(now_text, nullptr, false);
     if (const std::string other = other_project_in(before_text, now_text); !other.empty())
-        return say("it is of another project: %1", {other});
+        return say("it belongs to another project: %1", {other});
     if (text_in(before, "sha256") != text_in(now, "sha256"))
-        return say("the project has changed since; --update brings the copy up to date");
+        return say("the project has changed since; use --update to bring the copy up to date");
     const ordered_json none = ordered_json::object();
     const ordered_json was = before.contains("options") ? before["options"] : none;
     for (const auto& [option, value] : now["options"].items())

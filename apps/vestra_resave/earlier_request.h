@@ -1,5 +1,4 @@
-// What a resave was asked for, as its journal keeps it: one that broke off is resumed by the same request
-// only.
+// A resave request as its journal stores it. An interrupted run can only be resumed by the same request.
 #pragma once
 
 #include <string>
@@ -11,21 +10,22 @@ namespace vestra::command {
 using vs::project_resave::wide_string;
 struct resave_request;
 
-// The request as one line of JSON, as far as the result depends on it: the project with the SHA-256 of its
-// content, the name of the new project, whether it is an update, the options. `language` is that of the
-// texts in the new project, "en" or "ru".
+// Returns the parts of the request that determine the result as one line of JSON: the project with the
+// SHA-256 of its content, the name of the new project, whether it is an update, and the options. `language`
+// is that of texts in the new project, "en" or "ru".
 std::string text_of_request(const resave_request& request, const wide_string& source,
                             const wide_string& target, const std::string& language);
 
-// Whether such a text can be read.
+// True if the text can be parsed as a request.
 bool is_request(const std::string& text);
-// Whether it is of an update.
+// True if the request is an update.
 bool is_update(const std::string& text);
 
-// The project of which the request is; another one than that of `now`, else empty.
+// Returns the project of the request `before` if it differs from that of `now`; otherwise empty.
 std::string other_project_in(const std::string& before, const std::string& now);
 
-// Says what differs in the request `now` from the one `before`; empty if nothing does. Both can be read.
+// Returns a text that describes how the request `now` differs from `before`; empty if they are equal. Both
+// must be parseable.
 std::string difference_of(const std::string& before, const std::string& now);
 
 } // namespace vestra::command

@@ -1,3 +1,4 @@
+// Reads the element tree of the loaded project through the host's C functions.
 #include "apps/vestra_resave/elements.h"
 
 #include <algorithm>
@@ -80,7 +81,7 @@ void add_nodes(element& parent, vs_lr_group* group, std::unordered_set<vs_lr*>& 
     }
 }
 
-// Layers in the order of the groups, then those that are in none.
+// Lists layers in the order of the groups, then those in no group.
 element scene_element(std::string kind, vs_scn* scene) {
     element shown = described(std::move(kind), vs_entities_safe_upcast(vs_scn_safe_upcast(scene)));
     std::unordered_set<vs_lr*> grouped;
@@ -102,7 +103,7 @@ element flat_scenes(const std::string& kind, vs_scns_2d* scenes) {
         if (vs_lr* page = vs_scn_layout_get_page_lr2d(scene)) {
             member.children.push_back(layer_element(page));
             member.children.back().kind = "page";
-            member.children.back().selectable = false; // it goes with its layout
+            member.children.back().selectable = false; // it belongs to its layout
         }
     }
     return shown;
@@ -141,8 +142,8 @@ element tos_tables(vs_toss_data* all) {
     return shown;
 }
 
-// What has no unit takes no part in a resave, so nothing can leave it out. A layer that no one resaves has
-// none either, and can be left out of what the run reports.
+// An element without a unit takes no part in a resave, so it cannot be left out. The exception are layers of
+// types that nothing resaves, which can be left out of the report.
 void keep_without_unit(std::vector<element>& elements, project_context& context) {
     for (element& each : elements) {
         if (each.kind != "layer" && !context.units.find(each.uuid)) each.selectable = false;

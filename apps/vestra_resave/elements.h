@@ -1,4 +1,4 @@
-// The elements of a loaded project, as a person or a program is shown them.
+// The elements of a loaded project in the form shown to users and programs.
 #pragma once
 
 #include <cstdint>
@@ -18,33 +18,35 @@ namespace vestra::command {
 using vs::project_resave::wide_string;
 using vs::project_resave::wide_view;
 
+// One node of the element tree.
 struct element {
     std::string kind; // "collection", "scene", "group", "layer", "table", "joined table", ...
-    wide_string type; // layer type or meta identifier; empty for a group and a joined table
+    wide_string type; // layer type or meta identifier; empty for groups and joined tables
     wide_string caption;
-    wide_string uuid;            // empty for what has none
-    wide_string file;            // the reference, as the element holds it
-    std::optional<bool> exists;  // nothing for a reference that is no path
-    uint64_t bytes = 0;          // of all its files; only where somebody set it
+    wide_string uuid;            // empty if it has none
+    wide_string file;            // the reference as stored in the element
+    std::optional<bool> exists;  // no value if the reference is not a path
+    uint64_t bytes = 0;          // of all its files; only if it was computed
     bool selectable = false;     // can be left out of a resave
-    vs_entity* entity = nullptr; // of the project, which owns it; null for what is no entity
+    vs_entity* entity = nullptr; // owned by the project; null if it is not an entity
     std::vector<element> children;
 };
 
-// All collections of the loaded project with what is in them, in the order of the project, and then the items
-// that the services of the bundles keep in it.
+// Returns all collections of the loaded project with their contents, in the order of the project, followed by
+// the items that services of bundles store in it.
 std::vector<element> elements_of(vs::project_resave::project_context& context);
-// Those items alone, under their headings.
+// Returns only those items, under their headings.
 std::vector<element> kept_by_services(vs::project_resave::project_context& context);
-// The files that services tell of elements of the project.
+// Returns the files that services report for elements of the project.
 std::vector<element> files_of_services(vs::project_resave::project_context& context);
 
-// Enters the reference with what stands there.
+// Sets the reference and whether it exists.
 void refer_to(element& shown, wide_string reference);
-// The path that a reference holds, without a mark in front; nothing for one to a service or an element.
+// Returns the path in a reference without its leading mark; nothing for a reference to a service or an
+// element.
 std::optional<wide_string> path_in(wide_view reference);
 
-// Bytes of a file, or of all files in a folder.
+// Returns the bytes of a file, or of all files in a folder.
 uint64_t bytes_of(const wide_string& path);
 
 } // namespace vestra::command

@@ -1,3 +1,4 @@
+// Computes sizes once for each file and folder, however many elements use them.
 #include "apps/vestra_resave/family_sizes.h"
 
 #include "apps/vestra_resave/companions.h"
@@ -25,7 +26,8 @@ uint64_t family_sizes::add_family(const wide_string& path, path_keys& counted) {
     uint64_t sum = add(path, counted);
     if (!files_.contains(key)) return sum; // a folder has no companions
     const folder_files& files = beside_.files_of(head);
-    // What came along with another file shares all but what has its whole name.
+    // Files that came with another file have all their companions counted already, except those with their
+    // full name.
     if (!is_new && files.beginning_with(path_file_name(path)).empty()) return sum;
     const auto [family, is_first] = families_.try_emplace(path_key(head) + path_file_name(path));
     if (is_first) family->second = family_of(path, files);

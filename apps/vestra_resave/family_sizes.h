@@ -1,5 +1,5 @@
-// How large elements are with all their files: what the host names as their data sets, and what belongs to
-// these by its name.
+// The size of elements with all their files: the data sets that the host reports, and the files that belong
+// to them by name.
 #pragma once
 
 #include <cstdint>
@@ -16,29 +16,30 @@ class size_register;
 
 namespace vestra::command {
 
+// Computes the sizes of elements and their totals.
 class family_sizes {
 public:
-    // `known` has the files that the loaded project entered for its elements; it must outlive this object.
+    // `known` has the files registered for the elements of the loaded project; it must outlive this object.
     explicit family_sizes(const vs::project_resave::size_register& known) : known_(known) {}
 
-    // Sets the bytes of an element whose file exists, and of what is in it. Each folder is listed once.
+    // Sets the bytes of an element whose file exists, and of its children. Each folder is listed once.
     void set_bytes(element& shown);
 
-    // Of all those elements together; a file that several of them need counts once.
+    // Return the totals of all elements so far; a file used by several elements counts once.
     size_t files() const { return files_.size(); }
     uint64_t bytes() const { return bytes_; }
 
 private:
     using path_keys = std::unordered_set<wide_string>;
 
-    // Both return the bytes of those files that are not among `counted` yet, to which they are added.
+    // Both return the bytes of the files that are not in `counted` yet, and add them to it.
     uint64_t add(const wide_string& path, path_keys& counted);
     uint64_t add_family(const wide_string& path, path_keys& counted);
 
     const vs::project_resave::size_register& known_;
     listed_folders beside_;
     std::unordered_map<wide_string, uint64_t> files_;                    // by path key
-    std::unordered_map<wide_string, std::vector<wide_string>> folders_;  // the files in each, at all depths
+    std::unordered_map<wide_string, std::vector<wide_string>> folders_;  // the files in each, at any depth
     std::unordered_map<wide_string, std::vector<wide_string>> families_; // by folder key and spelled name
     uint64_t bytes_ = 0;
 };

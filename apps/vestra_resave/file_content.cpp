@@ -1,3 +1,4 @@
+// Reads files for digests, texts and comparisons.
 #include "apps/vestra_resave/file_content.h"
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// What a file holds: its text, and the digest by which one file is known to be as another.
+// The content of files: texts, SHA-256 digests and comparisons.
 #pragma once
 
 #include <cstdint>
@@ -11,7 +11,7 @@
 
 namespace vestra::command {
 
-// SHA-256 of bytes that come piece by piece; the operating system or its library computes it.
+// SHA-256 of data that is added piece by piece, computed by the operating system or its library.
 class sha256 {
 public:
     sha256();
@@ -19,9 +19,10 @@ public:
     sha256(const sha256&) = delete;
     sha256& operator=(const sha256&) = delete;
 
+    // Adds `length` bytes to the digest.
     void add(const void* bytes, size_t length);
-    // Returns the digest as 64 small hexadecimal digits; called once, last. Empty if it could not be
-    // computed.
+    // Returns the digest as 64 lower-case hexadecimal digits, or an empty text if it could not be computed.
+    // Call it once, at the end.
     std::string text();
 
 private:
@@ -29,23 +30,25 @@ private:
     std::unique_ptr<state> state_;
 };
 
+// Returns the bytes as lower-case hexadecimal digits.
 std::string hexadecimal(const unsigned char* bytes, size_t length);
 
+// The size of a file and its SHA-256 as hexadecimal digits.
 struct file_digest {
     uint64_t bytes = 0;
     std::string sha256;
 };
-// Reads a file to its end, or until `is_stopped` returns true, which is asked now and then: then `digest` is
-// of no use.
+// Reads a file to its end, or until `is_stopped`, which is called repeatedly, returns true; `digest` is not
+// valid then.
 vs::project_resave::platform::outcome read_digest(const vs::project_resave::wide_string& path,
                                                   const std::function<bool()>& is_stopped,
                                                   file_digest& digest);
-// Sets `text` to all that a file of at most 256 MiB holds.
+// Sets `text` to the content of a file of at most 256 MiB.
 vs::project_resave::platform::outcome read_text(const vs::project_resave::wide_string& path,
                                                 std::string& text);
 
-// True if the file at `path` holds what the one at `source` begins with, and then nothing but zeros, as a
-// copy does that broke off. False for what cannot be read.
+// True if the file at `path` consists of the beginning of the file at `source` followed only by zeros, as an
+// interrupted copy does. False if either cannot be read.
 bool is_beginning_of(vs::project_resave::platform::system& disk, const vs::project_resave::wide_string& path,
                      const vs::project_resave::wide_string& source);
 // True if both files have the same bytes.

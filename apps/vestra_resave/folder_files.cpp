@@ -1,3 +1,4 @@
+// Looks up the files of a folder by their name or the beginning of it.
 #include "apps/vestra_resave/folder_files.h"
 
 #include <algorithm>

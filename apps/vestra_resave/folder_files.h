@@ -1,4 +1,4 @@
-// Which files are in the folders of sources, for whoever looks what lies next to one.
+// The files in the folders of sources, for finding files next to another one.
 #pragma once
 
 #include <unordered_map>
@@ -11,23 +11,23 @@ namespace vestra::command {
 
 using vs::project_resave::wide_string;
 
-// The names of the files of one folder, as it was listed. Looked up in any letter case.
+// The names of the files in one folder when it was listed. Look-ups ignore letter case.
 class folder_files {
 public:
-    // Lists the folder of the real disk, also in a dry run. Empty for one that cannot be read.
+    // Lists the folder on the real disk, even in a dry run. Empty if it cannot be read.
     explicit folder_files(const wide_string& folder);
 
-    // Why the folder could not be listed; success for one that does not exist.
+    // Returns why the folder could not be listed; success if it does not exist.
     const vs::project_resave::platform::outcome& listed() const { return listed_; }
-    // Those that begin with this text and a dot.
+    // Returns the names that begin with this text and a dot.
     const std::vector<wide_string>& beginning_with(const wide_string& text) const;
-    // Those of them that belong to the file of this name, whose name or stem the text is. Of names that
-    // differ in letter case alone the one that begins exactly so; where the file itself has such a twin, no
-    // others.
+    // Returns those of them that belong to the file `name`, where `text` is its name or stem. Of names that
+    // differ only in letter case, returns the one that begins exactly with the text; if the file itself has
+    // such a twin, no others.
     std::vector<wide_string> belonging_to(const wide_string& name, const wide_string& text) const;
-    // The spelling of a name, the very one if there is a choice; null if there is no such file.
+    // Returns the spelling of a name on the disk, preferring the exact one; null if there is no such file.
     const wide_string* find(const wide_string& name) const;
-    // True if the names of several files differ from this one in letter case alone, or not at all.
+    // True if several files have this name when letter case is ignored.
     bool has_twin(const wide_string& name) const;
 
 private:
@@ -36,7 +36,7 @@ private:
     vs::project_resave::platform::outcome listed_;
 };
 
-// Lists each folder once. What it returns is valid as long as this object.
+// Lists each folder once. Results are valid as long as this object.
 class listed_folders {
 public:
     const folder_files& files_of(const wide_string& folder);

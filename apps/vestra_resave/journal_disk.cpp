@@ -1,3 +1,4 @@
+// Writes journal records before and after each change that a run makes.
 #include "apps/vestra_resave/journal_disk.h"
 
 #include <utility>
@@ -12,7 +13,7 @@ using platform::outcome;
 
 namespace {
 
-// A computer that is switched off costs at most what was copied since.
+// Limits what is lost if the computer loses power: at most what was copied since the last flush.
 constexpr uint64_t most_unsafe_bytes = uint64_t{1} << 30;
 constexpr std::chrono::seconds most_unsafe_time{20};
 
@@ -21,7 +22,8 @@ constexpr std::chrono::seconds most_unsafe_time{20};
 journal_disk::journal_disk(platform::system& below, const wide_string& project)
     : forwarding_system(below), path_(journal_path(project)), folder_(path_head(project)),
       safe_at_(std::chrono::steady_clock::now()) {
-    next_name_ = static_cast<uint64_t>(safe_at_.time_since_epoch().count()); // others work in these folders
+    // Other runs can be active in these folders.
+    next_name_ = static_cast<uint64_t>(safe_at_.time_since_epoch().count());
 }
 
 journal_disk::~journal_disk() {
@@ -31,14 +33,15 @@ journal_disk::~journal_disk() {
 outcome journal_disk::begin(const std::string& request, bool goes_on) {
     const auto how = goes_on ? platform::disposition::open_existing : platform::disposition::create_new;
     outcome result = inner().open(path_, platform::access::read_write, how, file_);
-    if (result && goes_on && file_->size() < journal_title.size()) { // it broke off before anything was made
+    // It was interrupted before anything was made.
+    if (result && goes_on && file_->size() < journal_title.size()) {
         file_.reset();
         result =
             inner().open(path_, platform::access::read_write, platform::disposition::create_always, file_);
     }
     if (result) result = file_->seek_end();
     if (!result) return result;
-    // What was being written when the run broke off ends here.
+    // A line that was interrupted ends here.
     pending_ = file_->size() == 0 ? std::string(journal_title) : "\n";
     pending_ += journal_record({"boot", platform::boot_identity()});
     if (!request.empty()) pending_ += journal_record({"run", request});
@@ -72,7 +75,8 @@ outcome journal_disk::enter(const std::vector<std::string>& words) {
     return write();
 }
 
-// A line that was cut off ends before the next try, so that nothing is taken for its rest.
+// After a failed write the next attempt starts a new line, so that nothing is read as the rest of the cut
+// one.
 outcome journal_disk::write() {
     if (pending_.empty()) return {};
     const outcome written = file_->write(pending_.data(), pending_.size());
@@ -101,7 +105,8 @@ outcome journal_disk::flush_volume(const wide_string& folder) {
     return kept_ ? flushed : kept_;
 }
 
-// That the copy is whole is written with the next change: until then it counts as one that may be half.
+// The record that the copy is complete is written with the next change; until then it counts as possibly
+// incomplete.
 outcome journal_disk::copy_file(const wide_string& source, const wide_string& target, bool replace) {
     if (!file_) return forwarding_system::copy_file(source, target, replace);
     if (replace && inner().kind_of(target) == platform::entry_kind::file &&
@@ -119,7 +124,7 @@ outcome journal_disk::copy_file(const wide_string& source, const wide_string& ta
     return {};
 }
 
-// The copy has a name of its own first, which the journal knows: so the next run finds it if this one is
+// The copy first gets a temporary name that is in the journal, so that the next run finds it if this one is
 // killed before the older file is replaced.
 outcome journal_disk::copy_in_place_of(const wide_string& source, const wide_string& target) {
     outcome result = platform::failure::taken;
@@ -161,7 +166,7 @@ outcome journal_disk::rename_over(const wide_string& from, const wide_string& to
     if (!renamed || !file_) return renamed;
     has_made_ = true;
     pending_ += journal_record({"gone", word(from)});
-    write(); // what somebody does to it from now on is no longer ours
+    write(); // later changes to it are no longer the run's
     return {};
 }
 
@@ -180,7 +185,7 @@ outcome journal_disk::remove_folder(const wide_string& path) {
 outcome journal_disk::open(const wide_string& path, platform::access wanted, platform::disposition how,
                            std::unique_ptr<platform::file>& result) {
     const bool is_taken =
-        how == platform::disposition::create_new && // by somebody else, as the call will say
+        how == platform::disposition::create_new && // by someone else, as the call will report
         inner().kind_of(path) != platform::entry_kind::none;
     const bool creates = how != platform::disposition::open_existing && !is_taken;
     if (creates)

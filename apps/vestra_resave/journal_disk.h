@@ -1,5 +1,5 @@
-// A disk that keeps the journal of a run: each change is entered before it is made, and again once it is
-// whole.
+// A disk that keeps the journal of a run: each change is recorded before it is made and again when it is
+// complete.
 #pragma once
 
 #include <chrono>
@@ -12,29 +12,30 @@
 
 namespace vestra::command {
 
-// A copy that is to take the place of an older file has such a name until then.
+// The temporary name of a copy that is to replace an older file.
 inline constexpr vs::project_resave::wide_view copy_name_begin = u".copy-", copy_name_end = u".tmp";
 
 class journal_disk final : public vs::project_resave::forwarding_system {
 public:
-    // `below` outlives this object. The journal is kept in the folder of `project`.
+    // `below` must outlive this object. The journal is in the folder of `project`.
     journal_disk(platform::system& below, const wide_string& project);
     ~journal_disk() override;
 
-    // Creates the journal, or opens it to go on; `request` is entered as what was asked for. Fails with
-    // `in_use` while another run is at work, and with `taken` if it is to be created and exists.
+    // Creates the journal, or opens an existing one if `goes_on`, and records `request`. Fails with `in_use`
+    // if another run is active, and with `taken` if a journal that is to be created exists.
     platform::outcome begin(const std::string& request, bool goes_on);
-    // Enters a copy that an earlier run made and this one leaves as it is.
+    // Records a copy of an earlier run that this run keeps.
     void add_kept(const wide_string& path, const wide_string& source, const platform::entry_status& status);
-    // Ends the journal: it is removed, or stays and is flushed.
+    // Ends the journal: removes it, or keeps and flushes it.
     platform::outcome end(bool removes);
-    // The first failure to bring what was copied to the disk: the system reports such a loss once, and no
-    // later success makes up for it. Success where the system does not let us ask.
+    // Returns the first failure to flush copied data to the disk. The operating system reports such a loss
+    // only once, and a later success does not make up for it. Returns success if the operating system cannot
+    // be asked.
     const platform::outcome& kept() const { return kept_; }
-    // True if anything was copied, created or written since it began.
+    // True if anything was copied, created or written since `begin`.
     bool has_made() const { return has_made_; }
 
-    // These fail, and change nothing, if the journal cannot be written.
+    // These operations fail without changing anything if the journal cannot be written.
     platform::outcome copy_file(const wide_string& source, const wide_string& target, bool replace) override;
     platform::outcome create_folder(const wide_string& path) override;
     platform::outcome rename_over(const wide_string& from, const wide_string& to) override;
@@ -53,12 +54,12 @@ private:
     void make_safe();
 
     const wide_string path_, folder_;
-    std::unique_ptr<platform::file> file_; // null while no journal is kept
-    std::string pending_;                  // entered, but not yet written
+    std::unique_ptr<platform::file> file_; // null if no journal is kept
+    std::string pending_;                  // recorded but not written yet
     bool has_made_ = false;
     platform::outcome kept_;
-    uint64_t next_name_ = 0;    // of a copy that is to take the place of an older file
-    uint64_t unsafe_bytes_ = 0; // copied since the disk was last known to have everything
+    uint64_t next_name_ = 0;    // of the next temporary name
+    uint64_t unsafe_bytes_ = 0; // copied since the last flush
     std::chrono::steady_clock::time_point safe_at_;
 };
 

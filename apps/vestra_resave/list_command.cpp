@@ -1,3 +1,4 @@
+// The command `list`: prints the element tree as text or JSON.
 #include "apps/vestra_resave/commands.h"
 
 #include <iostream>
@@ -53,7 +54,7 @@ void print(const element& shown, size_t depth) {
     for (const element& child : shown.children) print(child, depth + 1);
 }
 
-// How many elements are listed, and how many of their files are missing, each once.
+// Counts the listed elements and their missing files, each file once.
 struct summary {
     size_t elements = 0, missing = 0;
     std::unordered_set<wide_string> known; // path keys
@@ -65,7 +66,7 @@ struct summary {
     }
 };
 
-// Leaves what has no file, or holds nothing, that is missing. True if anything is left.
+// Removes elements that are not missing a file and contain none that are. True if any are left.
 bool keep_missing(std::vector<element>& elements) {
     std::erase_if(elements,
                   [](element& each) { return !keep_missing(each.children) && each.exists != false; });

@@ -1,3 +1,4 @@
+// Searches folders for the missing files of a project and decides which candidate is the right one.
 #include "apps/vestra_resave/lost_files.h"
 
 #include <algorithm>
@@ -31,7 +32,7 @@ bool is_stopped() {
 
 wide_string family_key(const wide_string& path) { return path_key(path_head(path) + path_stem(path)); }
 
-// How many folders above both paths have the same names, from below, before the first that differs.
+// Returns how many parent folders of both paths have equal names, counted upwards until the first difference.
 size_t agreement_of(const wide_string& one, const wide_string& other) {
     const auto names = [](const wide_string& path) {
         return path_split(folded(path_head(path)), path_separators, true);
@@ -55,7 +56,8 @@ wide_string reason_for(const std::vector<wide_string>& candidates) {
     return platform::from_utf8(say("it may be %1", {all}));
 }
 
-// What was found from the root folder can be on a drive of its own, as the project names it.
+// A path found from the root folder may be on a mapped drive; returns the form with that drive, as the
+// project uses it.
 wide_string on_own_drive(const wide_string& path) {
     const std::u8string native = platform::native_path(path).u8string();
     if (!native.starts_with(u8'/')) return path;
@@ -72,7 +74,8 @@ void visit(const scene& one, const files::reference_visitor& visitor) {
 } // namespace
 
 void file_index::add(const wide_string& root) {
-    std::vector<wide_string> waiting{root}, linked; // links last, so that a file is known by its own path
+    // Links are followed last, so that files get their direct path.
+    std::vector<wide_string> waiting{root}, linked;
     for (size_t next = 0; next < waiting.size() && !is_stopped(); ++next) {
         list(wide_string(waiting[next]), waiting, linked);
         if (next + 1 == waiting.size())
@@ -96,8 +99,8 @@ void file_index::list(const wide_string& path, std::vector<wide_string>& inner,
     folders_.push_back(folder);
 }
 
-// What is found under the folder's name, too, is what agrees best; so many files of one name in folders of
-// their own cost no more than others.
+// Matches in a folder with the same name come first, because they agree best. The limit keeps many files of
+// one name in different folders cheap.
 std::vector<wide_string> file_index::like(const wide_string& path) const {
     constexpr size_t limit = 100;
     const wide_string whole = path_normalise(path), name = path_file_name(whole);
@@ -122,7 +125,7 @@ std::optional<refusal> lost_file_search::begin(const std::vector<std::string>& f
     is_active_ = true;
     const auto look_through = [this](auto& model) {
         find_in(model, false);
-        find_in(model, true); // which are looked for next to what was found
+        find_in(model, true); // searched for next to the files found
     };
     shell::settings().project_read = look_through;
     shell::settings().scene_read = look_through;
@@ -174,7 +177,7 @@ void lost_file_search::decide(std::vector<lost_file>& all) {
         each.candidates = candidates_for(each.about.path);
         choose(each, families[each.family]);
     }
-    // Of those that would be found in one file, the one that agrees best with it.
+    // If several lost files would get the same file, only the one whose path agrees best gets it.
     std::unordered_map<wide_string, std::vector<lost_file*>> by_choice;
     for (lost_file& each : all)
         if (!each.choice.empty()) by_choice[path_key(each.choice)].push_back(&each);
@@ -216,7 +219,7 @@ void lost_file_search::choose(lost_file& lost, lost_family& family) {
     if (best.size() == 1 || (!best.empty() && hold_same_data(best))) lost.choice = best.front();
 }
 
-// A member of a family goes where another one was found.
+// Lost members of a family move to the folder where another member was found.
 void lost_file_search::take_found(std::vector<lost_file>& all) {
     for (const lost_file& each : all)
         if (!each.choice.empty()) moved_.try_emplace(each.family, path_head(each.choice));
@@ -239,7 +242,7 @@ void lost_file_search::take_found(std::vector<lost_file>& all) {
     }
 }
 
-// With the files that belong to them. Each is looked at, and read, once.
+// Compares the files together with their companions. Each file is read at most once.
 bool lost_file_search::hold_same_data(const std::vector<wide_string>& all) {
     const auto files_of = [&](const wide_string& path) {
         std::vector<wide_string> names = family_of(path, folders_.files_of(path_head(path)));
@@ -249,7 +252,7 @@ bool lost_file_search::hold_same_data(const std::vector<wide_string>& all) {
     };
     platform::system& disk = platform::current_system();
     const std::vector<wide_string> first = files_of(all.front());
-    std::vector<uint64_t> sizes; // of the first; what differs in size is not read
+    std::vector<uint64_t> sizes; // of the first; files of another size are not read
     for (const wide_string& name : first) {
         const platform::entry_status status = disk.status_of(path_head(all.front()) + name);
         if (status.kind != platform::entry_kind::file) return false;
@@ -263,7 +266,7 @@ bool lost_file_search::hold_same_data(const std::vector<wide_string>& all) {
             if (disk.file_size(path_head(path) + names.back()[index]) != sizes[index]) return false;
     }
     for (size_t index = 0; index < first.size(); ++index) {
-        std::string known; // of the first
+        std::string known; // digest of the first
         for (size_t each = 0; each < all.size(); ++each) {
             file_digest digest;
             if (!read_digest(path_head(all[each]) + names[each][index], is_stopped, digest)) return false;

@@ -1,5 +1,5 @@
-// Missing files of a project, looked for by name below folders that a person names. What is found is used by
-// the project as it is loaded; its file on the disk stays as it is.
+// Missing files of a project, searched by name in folders that the user gives. The loaded project uses the
+// files found; the project file on the disk is not changed.
 #pragma once
 
 #include <optional>
@@ -15,15 +15,16 @@
 
 namespace vestra::command {
 
-// The files and folders below some folders, by name in any letter case. Each folder is listed once, though
-// links lead to it as well.
+// An index of the files and folders below given folders by name, ignoring letter case. Each folder is listed
+// once, even if links lead to it.
 class file_index {
 public:
-    // Ends early once the host is to stop reading.
+    // Stops early if the host is to stop reading.
     void add(const wide_string& folder);
-    // Returns the first hundred that have the name of the path and, if there are such, of its folder.
+    // Returns at most a hundred paths with the same name; only those in a folder of the same name if there
+    // are any.
     std::vector<wide_string> like(const wide_string& path) const;
-    // What could not be listed.
+    // Returns the folders that could not be listed.
     const std::vector<vs::project_resave::platform::unread_folder>& unread() const { return unread_; }
 
 private:
@@ -34,15 +35,17 @@ private:
     void list(const wide_string& folder, std::vector<wide_string>& inner, std::vector<wide_string>& linked);
 
     std::vector<wide_string> folders_;
-    std::unordered_map<wide_string, std::vector<entry>> by_name_; // folded, and with that of the folder
+    // By folded name, and by folder name and file name.
+    std::unordered_map<wide_string, std::vector<entry>> by_name_;
     std::set<vs::project_resave::platform::file_identity> seen_;
     std::vector<vs::project_resave::platform::unread_folder> unread_;
 };
 
-// A file is found if one of its name is clearly the one. The project must not refer to that one already, and
-// what the project misses of the same folder and stem must be next to it. Of several the one counts whose
-// folders have the names of the lost path's farthest up; if that is no single one, all that do so must hold
-// the same bytes. Two lost files are never found in one. One at a time.
+// Decides which file replaces a lost one. A candidate must have the same name, the project must not refer to
+// it already, and the other lost files of the same folder and stem must be next to it. Of several candidates,
+// the one whose parent folders agree with the lost path over most levels is used; if several agree equally,
+// they must have identical content. Two lost files never get the same candidate. Only one search can be
+// active at a time.
 class lost_file_search {
 public:
     lost_file_search() = default;
@@ -50,32 +53,33 @@ public:
     lost_file_search(const lost_file_search&) = delete;
     lost_file_search& operator=(const lost_file_search&) = delete;
 
-    // Has the host use what is found below these folders from now on. The disk is walked when the first file
-    // is missed. Returns why a folder cannot be searched.
+    // Makes the host use files found below these folders from now on. The disk is searched when the first
+    // file is missing. Returns why a folder cannot be searched.
     std::optional<refusal> begin(const std::vector<std::string>& folders);
-    // What is read after this is left as it is.
+    // Files read after this are left as they are.
     void end();
 
-    // What was found, and what could not be searched: notices.
+    // Returns notices about what was found and what could not be searched.
     std::vector<problem> notices() const;
-    // The lost files that may be one of several, as problems of their own.
+    // Returns the lost files with several possible candidates, as separate problems.
     std::vector<problem> undecided() const { return undecided_; }
-    // Gives each lost source that may be one of several files the reason and the candidates.
+    // Adds the reason and the candidates to each lost source with several possible candidates.
     void explain(std::vector<problem>& all) const;
 
 private:
     struct lost_file {
-        problem about;                       // its path is the lost one
+        problem about;                       // `path` is the lost one
         wide_string family;                  // key of the path without extension
         std::vector<wide_string> candidates; // files and folders of its name, complete or not
-        wide_string choice = {};             // empty if none of them is clearly the one
-        size_t agreement = 0; // how many folders above it have the names of those above the lost path
+        wide_string choice = {};             // empty if there is no clear candidate
+        size_t agreement = 0;                // number of parent folders that agree with the lost path
     };
 
-    // What is lost of one folder and stem.
+    // All lost files of one folder and stem.
     struct lost_family {
         std::vector<wide_string> names;
-        std::unordered_map<wide_string, bool> is_complete_in; // all of it, by the key of the folder
+        // True if the folder has all of them; by folder key.
+        std::unordered_map<wide_string, bool> is_complete_in;
     };
 
     template <class Model>
@@ -90,8 +94,9 @@ private:
     bool is_active_ = false, is_walked_ = false;
     file_index index_;
     listed_folders folders_;
-    std::unordered_set<wide_string> used_;                 // path keys of what the project refers to and has
-    std::unordered_map<wide_string, wide_string> decided_; // new path, or empty, by the key of the lost one
+    // Path keys of existing files that the project refers to.
+    std::unordered_set<wide_string> used_;
+    std::unordered_map<wide_string, wide_string> decided_; // new path, or empty; by the key of the lost path
     std::unordered_map<wide_string, wide_string> moved_;   // new folder, by the family
     std::vector<problem> found_, undecided_;
 };

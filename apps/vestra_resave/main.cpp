@@ -1,3 +1,4 @@
+// The entry point: parses the command line, runs the command and checks that all output was written.
 #include <cerrno>
 #include <cstdio>
 #include <exception>
@@ -16,7 +17,7 @@ namespace {
 using namespace vestra::command;
 namespace platform = vs::project_resave::platform;
 
-// Takes what goes to std::cout during its own life, and remembers why something of it could not be written.
+// Receives the output of std::cout and remembers why any of it could not be written.
 class standard_output final : public std::streambuf {
 public:
     standard_output() : before_(std::cout.rdbuf(this)) {}
@@ -24,7 +25,7 @@ public:
     standard_output(const standard_output&) = delete;
     standard_output& operator=(const standard_output&) = delete;
 
-    // Writes what is left. Returns 0 or, if something is lost, the error number of the first failure.
+    // Writes the remaining output. Returns 0, or the error number of the first failure if output was lost.
     int finish() {
         sync();
         return error_;
@@ -55,7 +56,7 @@ private:
 
 int run(int argc, char** argv) {
     command_line line;
-    speak({}); // until the words are read
+    speak({}); // the language until the options are parsed
     try {
         if (const auto end = parse(argc, argv, line)) return *end;
         if (const auto reason = apply(line.options)) return end_with(refused({}, *reason), line.options);
@@ -63,7 +64,7 @@ int run(int argc, char** argv) {
     } catch (const bundle_not_loaded& failure) {
         return end_with({wrong_use, {{own_kind::not_loaded, {}, failure.path, {}, failure.reason}}},
                         line.options);
-    } catch (const std::exception& failure) { // out of memory, above all
+    } catch (const std::exception& failure) { // mainly out of memory
         const auto what = platform::from_utf8(failure.what());
         return end_with(
             {not_saved, {{name_of(vs::project_resave::fact_kind::exception_caught), {}, {}, {}, what}}},

@@ -1,3 +1,4 @@
+// Reads, writes and compares manifests.
 #include "apps/vestra_resave/manifest.h"
 
 #include <algorithm>
@@ -26,7 +27,7 @@ namespace {
 
 using entry = earlier_file;
 
-// False if one of them is no entry.
+// Returns false if an item is not a valid entry.
 bool add_entries(const ordered_json& list, const wide_string& folder, bool all, std::vector<entry>& entries) {
     for (const ordered_json& each : list) {
         const auto value = [&](const char* key) { return each.value(key, ordered_json()); };
@@ -47,11 +48,12 @@ bool add_entries(const ordered_json& list, const wide_string& folder, bool all, 
 }
 
 enum class entries_wanted {
-    referred, // what the new project needs
-    made      // what its resaves have made, also if nothing refers to it any more
+    referred, // files that the new project needs
+    made      // files made by its resaves, even if nothing refers to them any more
 };
 
-// Nothing if it is no manifest of this project. `source` becomes the project that was resaved.
+// Returns nothing if the text is not a manifest of this project. Sets `source` to the project that was
+// resaved.
 std::optional<std::vector<entry>> entries_of(const std::string& text, const wide_string& project,
                                              entries_wanted wanted, wide_string* source = nullptr) {
     const auto manifest = ordered_json::parse(text, nullptr, false);
@@ -71,7 +73,7 @@ std::optional<std::vector<entry>> entries_of(const std::string& text, const wide
     return entries;
 }
 
-// The scene file of a map has a source, but the run writes it anew.
+// The scene file of a map has a source, but the run writes it instead of copying.
 bool is_scene_file(const wide_string& path) {
     std::unique_ptr<platform::file> file;
     std::array<char, 128> first{};
@@ -82,13 +84,13 @@ bool is_scene_file(const wide_string& path) {
            std::string_view(first.data(), count).find("<scene_file") != std::string_view::npos;
 }
 
-// Collects the entries of a saved project.
+// Collects the manifest entries of a saved project.
 class manifest_writer {
 public:
     manifest_writer(const run_state& run, continuation& earlier, const std::function<bool()>& is_stopped)
         : folder_(run.placement.new_folder), below_(path_key(folder_) + u'\\'), earlier_(earlier.disk()),
           is_stopped_(is_stopped) {
-        seen_.insert(path_key(run.placement.log_path)); // lines may still be added to it
+        seen_.insert(path_key(run.placement.log_path)); // more lines can still be appended to it
     }
 
     void add_all(const path_placement& placement) {
@@ -101,10 +103,10 @@ public:
                 add(each.old_path, each.new_path, made_.contains(path_key(each.new_path)));
     }
 
-    // What earlier runs have made and is still as it was, though the new project does not need it.
+    // Adds unchanged files of earlier runs that the new project does not need.
     void add_left(const std::vector<earlier_file>& left) {
         if (left.empty()) return;
-        const platform::system_override in_force(earlier_->below()); // this one does not show them
+        const platform::system_override in_force(earlier_->below()); // the current disk hides these files
         for (entry file : left) {
             if (is_stopped_() || !seen_.insert(path_key(file.path)).second) continue;
             if (file.sha256.empty()) {
@@ -117,7 +119,7 @@ public:
         }
     }
 
-    // What they have made and somebody has changed: it is known as it was, so that nobody writes over it.
+    // Adds changed files of earlier runs with their recorded state, so that no later run overwrites them.
     void add_changed(const std::vector<earlier_file>& changed) {
         for (const entry& file : changed)
             if (seen_.insert(path_key(file.path)).second) changed_.push_back(json_of(file));
@@ -145,7 +147,7 @@ private:
             return;
         const platform::entry_status status = platform::current_system().status_of(path);
         if (status.kind == entry_kind::folder) return add_folder(source, path, is_made);
-        if (status.kind == entry_kind::none) return; // a copy that failed is a problem already
+        if (status.kind == entry_kind::none) return; // a failed copy is reported already
         entry made{.path = path, .source = source, .bytes = status.bytes, .modified = status.modified};
         const earlier_file* const kept = earlier_ ? earlier_->kept_file(path) : nullptr;
         if (kept && !kept->sha256.empty()) {
@@ -159,7 +161,7 @@ private:
             made.bytes = digest.bytes, made.sha256 = digest.sha256;
         }
         files_.push_back(json_of(made));
-        if (!kept && !is_made) files_.back()["existed"] = true; // somebody else made it
+        if (!kept && !is_made) files_.back()["existed"] = true; // made by someone else
     }
 
     ordered_json json_of(const entry& file) const {
@@ -178,14 +180,14 @@ private:
     }
 
     const wide_string folder_, below_;
-    continued_disk* const earlier_; // may be null
+    continued_disk* const earlier_; // can be null
     const std::function<bool()>& is_stopped_;
     std::unordered_set<wide_string> seen_, made_; // path keys
     ordered_json files_ = ordered_json::array(), left_ = ordered_json::array(),
                  changed_ = ordered_json::array();
 };
 
-// True if another file has the name, which is not to be lost.
+// True if the name is taken by another file, which must not be replaced.
 bool is_in_the_way(run_state& run, const wide_string& path) {
     if (run.guard.protects(path) || run.placement.made.is_copy(path)) return true;
     std::string text;
@@ -234,7 +236,7 @@ std::optional<refusal> read_manifest(const wide_string& project, std::vector<ear
     if (const platform::outcome read = read_text(path, text); !read)
         return refusal{wrong_use, {{own_kind::unreadable, {}, path, {}, read.text()}}};
     auto entries = entries_of(text, project, entries_wanted::made, source);
-    if (!entries) return refused(path, say("is no manifest of this project"));
+    if (!entries) return refused(path, say("is not a manifest of this project"));
     files = std::move(*entries);
     return std::nullopt;
 }
@@ -247,7 +249,7 @@ std::optional<refusal> compare_with_manifest(const wide_string& project,
     if (const platform::outcome read = read_text(path, text); !read)
         return refusal{wrong_use, {{own_kind::unreadable, {}, path, {}, read.text()}}};
     const auto entries = entries_of(text, project, entries_wanted::referred);
-    if (!entries) return refused(path, say("is no manifest of this project"));
+    if (!entries) return refused(path, say("is not a manifest of this project"));
     uint64_t bytes = 0;
     for (const entry& each : *entries) bytes += each.bytes;
     begins(bytes);

@@ -1,5 +1,5 @@
-// NAME.manifest.json beside a saved project: each of its files with the size and the SHA-256 of the bytes
-// that it is to hold. So a copy can be checked long after its source is gone.
+// NAME.manifest.json next to a saved project lists each of its files with the expected size and SHA-256, so
+// that a copy can be checked after its source is gone.
 #pragma once
 
 #include <functional>
@@ -14,24 +14,24 @@ struct verification;
 struct earlier_file;
 class continuation;
 
-// The path of the manifest that belongs to a project file.
+// Returns the path of the manifest of a project file.
 wide_string manifest_path(const wide_string& project);
 
-// Writes the manifest of a project that the run has just saved; one that exists is replaced, any other file
-// of the name is not. A copied file is entered as its source is now, read once more; what the run wrote
-// itself as it was written, and the log not at all; what was there before is marked. What an earlier run left
-// and nothing refers to is named apart. Returns what could not be read or written; after a stop nothing is
-// written.
+// Writes the manifest of the project that the run has just saved. An existing manifest is replaced, another
+// file with this name is not. A copied file is recorded with the digest of its source, which is read again; a
+// file written by the run with its own digest; the log is left out. Files that existed before are marked, and
+// files of earlier runs that nothing refers to are listed separately. Returns what could not be read or
+// written. Writes nothing after a stop.
 std::vector<problem> write_manifest(vs::project_resave::run_state& run, continuation& earlier,
                                     const std::function<bool()>& is_stopped);
-// Sets `files` to what resaves of a project have made, by its manifest, and `source`, unless it is null, to
-// the project that was resaved; both stay empty if there is none. Returns why one that exists is of no use.
+// Sets `files` to the files that resaves of the project made, as its manifest lists them, and `source`, if
+// not null, to the project that was resaved. Both stay empty if there is no manifest. Returns why an existing
+// manifest cannot be used.
 std::optional<refusal> read_manifest(const wide_string& project, std::vector<earlier_file>& files,
                                      wide_string* source = nullptr);
 
-// Adds to what was found each file of the manifest that is missing or no longer as it was entered. Returns
-// why there is nothing to compare with, if the manifest could not be read.
-// `begins` is called before the first file is read, with the number of bytes of all.
+// Adds each file of the manifest that is missing or has changed to `found`. Returns an error if the manifest
+// cannot be read. `begins` is called with the total number of bytes before the first file is read.
 std::optional<refusal> compare_with_manifest(const wide_string& project,
                                              const std::function<void(uint64_t bytes)>& begins,
                                              const std::function<bool()>& is_stopped, verification& found);

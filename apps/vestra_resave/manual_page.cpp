@@ -1,4 +1,4 @@
-// Writes what a program's help says as a manual page.
+// Generates the manual page from the options of a program.
 #include <CLI/CLI.hpp>
 #include <algorithm>
 #include <cctype>
@@ -12,7 +12,7 @@ namespace vestra::command {
 
 namespace {
 
-// Returns the options that all of several commands have, by name and description.
+// Returns the options that all of the commands have, by name and description.
 std::map<std::string, const CLI::Option*> common_options_of(const commands& all) {
     std::map<std::string, std::pair<std::size_t, const CLI::Option*>> counts;
     for (const CLI::App* command : all)
@@ -26,8 +26,8 @@ std::map<std::string, const CLI::Option*> common_options_of(const commands& all)
     return common;
 }
 
-// Returns text so that the formatter prints it as it is: it gives a meaning to "\", to "-", and to "." and
-// "'" at the beginning of a line.
+// Escapes text for the formatter, which gives a meaning to "\", to "-", and to "." and "'" at the beginning
+// of a line.
 std::string escaped(const std::string& text) {
     std::string result;
     bool begins_line = true;
@@ -49,7 +49,8 @@ std::string in_upper_case(std::string text) {
     return text;
 }
 
-// Returns a sentence about an option that its description leaves to the help's other columns.
+// Returns sentences with the accepted words, the default and the excluded options, which the help shows in
+// other columns.
 std::string conditions_of(const CLI::Option& option) {
     std::string text;
     if (const std::string words = accepted_words(option, ", "); !words.empty())
@@ -81,7 +82,7 @@ void print_synopsis(std::ostream& out, const CLI::App& app, const std::string& n
     out << '\n';
 }
 
-// Prints the text below a help. A paragraph with indented lines is a table and keeps its lines.
+// Prints the text after the options. A paragraph with indented lines is a table and keeps its line breaks.
 void print_footer(std::ostream& out, const std::string& text) {
     for (std::size_t at = 0; at < text.size();) {
         const std::size_t end = std::min(text.find("\n\n", at), text.size());

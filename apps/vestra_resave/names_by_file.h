@@ -1,4 +1,4 @@
-// Which element a file belongs to, for a person who looks at a list of files.
+// Finds the element that a file belongs to, for lists of files.
 #pragma once
 
 #include <unordered_map>
@@ -10,15 +10,17 @@ namespace vestra::command {
 
 class source_elements;
 
+// Maps files to the names of their elements; later lookups ignore letter case of paths.
 class names_by_file {
 public:
     names_by_file() = default;
+    // Adds all elements of the source project that have a file.
     explicit names_by_file(const source_elements& source);
 
-    // Of two elements with one file, the first one added counts.
+    // If two elements have the same file, the first one added is used.
     void add(const wide_string& file, const vs::project_resave::element_name& name);
-    // Returns the element of the file, of a file with its stem in the same folder, as the files of a data set
-    // have, or of a folder that it is in; null if there is none.
+    // Returns the element of the file, of a file with the same stem in its folder (a file of the same data
+    // set), or of a folder that contains it; null if there is none.
     const vs::project_resave::element_name* find(const wide_string& file) const;
 
 private:

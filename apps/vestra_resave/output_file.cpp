@@ -1,3 +1,4 @@
+// Checks output paths, so that no file of a project is overwritten.
 #include "apps/vestra_resave/output_file.h"
 
 #include "apps/vestra_resave/referred_files.h"
@@ -19,7 +20,7 @@ std::optional<refusal> protect_project_files(const std::vector<wide_string>& pat
     for (const wide_string& path : paths)
         if (context.guard.protects(path))
             early.problems.push_back(
-                refused(path, say("is a file of the project and must not be written over")).problems.front());
+                refused(path, say("is a file of the project and must not be overwritten")).problems.front());
     return early.problems.empty() ? std::nullopt : std::optional(std::move(early));
 }
 
@@ -38,24 +39,23 @@ std::optional<refusal> refuse_output(const std::string& typed) {
     const wide_string path = platform::drive_path(typed);
     platform::system& disk = platform::current_system();
     const platform::entry_kind kind = disk.kind_of(path);
-    constexpr char16_t stand_in = 0xFFFD; // for bytes that are not UTF-8
+    constexpr char16_t stand_in = 0xFFFD; // replaces bytes that are not UTF-8
     if (kind == platform::entry_kind::none && path.find(stand_in) != wide_string::npos)
         return refused(path, say("the name is not UTF-8; give another one"));
     if (kind == platform::entry_kind::folder)
         return refused(path, say("is a folder; give the name of a file"));
     wide_string name;
     if (kind == platform::entry_kind::none && disk.true_name(path_head(path), path_file_name(path), name))
-        return refused(path,
-                       say("is a device, a pipe or a link that leads nowhere; give the name of a file"));
+        return refused(path, say("is a device, a pipe or a dangling link; give the name of a file"));
     return std::nullopt;
 }
 
 std::optional<refusal> refuse_project_file(const wide_string& path, project_context& context) {
     if (is_same_file(path, context.placement.source_project_path))
-        return refused(path, say("is the project itself and must not be written over"));
+        return refused(path, say("is the project itself and must not be overwritten"));
     if (auto early = protect_project_files({path}, context)) return early;
     if (source_neighbours(context).contain(path))
-        return refused(path, say("is a file of the project and must not be written over"));
+        return refused(path, say("is a file of the project and must not be overwritten"));
     return std::nullopt;
 }
 

@@ -1,3 +1,4 @@
+// The command `panel`: opens the bundle's window and drives it with commands from standard input.
 #include "apps/vestra_resave/commands.h"
 
 #include <iostream>
@@ -25,7 +26,8 @@ constexpr const char16_t* tool_library = u"vsk_project_resave_bdl";
 
 void print(const std::string& lines) { std::cout << lines << std::flush; }
 
-// Asks at all times: where nobody types, the lines of a script are the answers, and are written out.
+// Always asks questions: if the input is not a terminal, the lines of the script are the answers and are
+// printed.
 class panel_terminal final : public platform::terminal {
 public:
     bool shows() override { return process_.shows(); }
@@ -44,10 +46,10 @@ private:
     platform::process_terminal process_;
 };
 
-// The project that is open in the host beside the window.
+// The project that is open in the host while the window is used.
 class open_project {
 public:
-    // Returns why it could not be read.
+    // Returns why the project could not be read.
     std::optional<refusal> read(const std::string& path) {
         const wide_string file = platform::drive_path(path);
         if (const auto error = files::read_project(file, project_))
@@ -61,7 +63,7 @@ private:
     vestra::project project_;
 };
 
-// Opens the tool of a bundle that was named, else of the one that was installed with this program.
+// Opens the tool of a bundle given by --bundle, otherwise of the bundle installed with this program.
 std::unique_ptr<toolkit::app_window> open_window(terminal_host& host) {
     host.load_bundles();
     host.connect();
@@ -112,7 +114,7 @@ int drive_panel(const panel_request& request, const common_options& options) {
                      {std::to_string(left)}));
         return not_saved;
     }
-    print(say("closed, nothing left") + '\n');
+    print(say("closed, no objects left") + '\n');
     return end;
 }
 

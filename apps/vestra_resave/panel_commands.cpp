@@ -1,3 +1,4 @@
+// The commands of `panel`: finds elements by name and sends them events.
 #include "apps/vestra_resave/panel_commands.h"
 
 #include <algorithm>
@@ -22,14 +23,14 @@ struct panel_commands::verb {
 
 const panel_commands::verb panel_commands::verbs[] = {
     {"show", "[ELEMENT]", "print the window, or a part of it", &panel_commands::show_part},
-    {"set", "ELEMENT TEXT", "fill a field, or choose a row of a list that drops down", &panel_commands::set},
+    {"set", "ELEMENT TEXT", "fill a field or choose a row of a drop-down list", &panel_commands::set},
     {"check", "ELEMENT [on|off]", "check a box, a radio button or a row", &panel_commands::check},
     {"press", "ELEMENT", "press a button, a tool, or the window's button of this number",
      &panel_commands::press},
-    {"tab", "NAME", "turn to a page", &panel_commands::tab},
+    {"tab", "NAME", "switch to a page", &panel_commands::tab},
     {"highlight", "ROW [on|off]", "go to a row and highlight it", &panel_commands::highlight},
     {"run", {}, "press the window's first button", &panel_commands::run},
-    {"help", {}, "print this", &panel_commands::help},
+    {"help", {}, "print this help", &panel_commands::help},
     {"quit", {}, "close the window", &panel_commands::quit}};
 
 namespace {
@@ -47,7 +48,7 @@ std::string names_of(const element_view& view, bool (*is_meant)(const element_vi
     return names;
 }
 
-// Whether a user could reach the element: nothing around it is disabled or out of sight.
+// True if a user could reach the element: every element around it is enabled and visible.
 bool is_within_reach(const element_view& around, const element_view& wanted) {
     if (!around.enabled || !around.visible) return false;
     if (&around == &wanted) return true;
@@ -89,13 +90,13 @@ void panel_commands::obey(std::string_view line) {
     if (known != std::end(verbs)) return (this->*known->act)(rest);
     std::string words;
     for (const verb& each : verbs) words += std::string(" ") + each.word;
-    refuse(say("no command \"%1\"; there are:%2", {word, words}));
+    refuse(say("unknown command \"%1\"; commands:%2", {word, words}));
 }
 
 void panel_commands::help(const std::string&) {
     for (const verb& each : verbs) {
         std::string line = std::string("  ") + each.word + ' ' + say(each.arguments);
-        // In columns of characters, of which some are two bytes.
+        // Pads by characters, because some of them are two bytes.
         const std::size_t length = platform::from_utf8(line).size();
         line.append(length < 25 ? 26 - length : 1, ' ');
         print_(line + say(each.what) + '\n');
@@ -113,11 +114,11 @@ const element_view* panel_commands::wanted(const std::string& name, bool (*is_me
     auto found = all_named(view_, name);
     std::erase_if(found, [&](const element_view* each) { return !is_meant(*each); });
     if (found.empty()) {
-        refuse(say("no such element: \"%1\"; there are:%2", {name, names_of(view_, is_meant)}));
+        refuse(say("no such element: \"%1\"; elements:%2", {name, names_of(view_, is_meant)}));
     } else if (found.size() > 1) {
         std::string names;
         for (const element_view* each : found) names += ' ' + each->name;
-        refuse(say("the name is ambiguous: \"%1\"; there are:%2", {name, names}));
+        refuse(say("the name is ambiguous: \"%1\"; elements:%2", {name, names}));
     } else if (is_meant != &is_any && !is_within_reach(view_, *found.front())) {
         refuse(say("%1 is disabled", {found.front()->name}));
     } else {
@@ -149,7 +150,7 @@ void panel_commands::set(const std::string& words) {
             row != rows.end() && window_.choose(*element, static_cast<std::uint32_t>(row - rows.begin()));
     }
     const std::string refusal = element->choices.empty() ? say("%1 rejected this value", {element->name})
-                                                         : say("%1 rejected this value; there are: %2",
+                                                         : say("%1 rejected this value; accepted: %2",
                                                                {element->name, choices_of(*element)});
     print_changes(before);
     if (!is_taken) refuse(refusal);
@@ -177,7 +178,7 @@ void panel_commands::check(const std::string& words) {
     if (!box) return;
     if (has_rows(*box)) return refuse(say("a row is expected, such as %1/1", {box->name}));
     if (!window_.set_check(*box, on))
-        return refuse(say("%1 goes off when another radio button goes on", {box->name}));
+        return refuse(say("%1 cannot be switched off; select another radio button instead", {box->name}));
     print_changes(before);
 }
 
@@ -220,8 +221,7 @@ void panel_commands::highlight(const std::string& words) {
     const bool on = take_switch(path);
     const element_view* outline = nullptr;
     const row_view* row = find_row(view_, unquoted(path), outline);
-    if (!row)
-        return refuse(say("no such row: \"%1\"; rows are below:%2", {path, names_of(view_, &has_rows)}));
+    if (!row) return refuse(say("no such row: \"%1\"; rows are in:%2", {path, names_of(view_, &has_rows)}));
     if (!is_within_reach(view_, *outline)) return refuse(say("%1 is disabled", {outline->name}));
     const std::string before = described(view_);
     window_.highlight_row(*outline, *row, on);

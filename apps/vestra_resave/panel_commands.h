@@ -1,4 +1,4 @@
-// What a person or a script says to a window that stands open, a line at a time.
+// Executes text commands on an open window, one line at a time.
 #pragma once
 
 #include <functional>
@@ -9,22 +9,23 @@
 
 namespace vestra::command {
 
+// The commands and the state of one session with an open window.
 class panel_commands {
 public:
-    // `print` gets whole lines, in UTF-8. The window must outlive this.
+    // `print` is called with complete lines in UTF-8. The window must outlive this object.
     panel_commands(toolkit::shown_window& window, std::function<void(const std::string& lines)> print);
 
-    // Does what the line says, and prints the lines of the window that are new by it; or what is wrong with
-    // the line, and what there is instead.
+    // Executes a command and prints the lines of the window that it changed. Prints an error for an invalid
+    // command, with the possible names.
     void obey(std::string_view line);
-    // Prints all of the window.
+    // Prints the whole window.
     void show();
-    // Enters the path into the window's first field, as its user would. False if it was not taken.
+    // Enters the path into the first field of the window, as a user would. Returns false if it was rejected.
     bool set_first_field(const std::string& path);
 
-    // The window is to be closed.
+    // True after `quit` or once the window is to be closed.
     bool is_over() const { return is_over_; }
-    // A line was not understood, or could not be done.
+    // True if any command was invalid or failed.
     bool was_refused() const { return was_refused_; }
 
 private:
@@ -43,8 +44,8 @@ private:
 
     void look();
     void refuse(const std::string& reason);
-    // The one of this name, or of this caption and kind; or a refusal that names those for which `is_meant`
-    // holds.
+    // Returns the element with this name, or with this caption and a suitable kind. Otherwise prints an error
+    // that lists the names of the elements for which `is_meant` returns true, and returns null.
     const toolkit::element_view* wanted(const std::string& name,
                                         bool (*is_meant)(const toolkit::element_view& view));
     void press_window_button(std::int32_t code);
@@ -52,7 +53,7 @@ private:
 
     toolkit::shown_window& window_;
     const std::function<void(const std::string&)> print_;
-    toolkit::element_view view_; // as it is after the last event
+    toolkit::element_view view_; // after the last event
     bool is_over_ = false;
     bool was_refused_ = false;
 };

@@ -1,18 +1,18 @@
-// The words of a line that a person says to a window, and what has changed in its answer.
+// Parses command lines of `panel`, and compares two printed windows.
 #pragma once
 
 #include <string>
 
 namespace vestra::command {
 
-// Takes the first word off the line, and the blanks behind it; quotes hold words together.
+// Removes the first word and the spaces after it from the line. Quotes keep words together.
 std::string take_word(std::string& line);
-// Without the quotes around all of it.
+// Returns the text without enclosing quotes.
 std::string unquoted(const std::string& words);
-// Takes a last word "on" or "off" off; on without either.
+// Removes a last word "on" or "off". Returns true for "on" and if there is neither.
 bool take_switch(std::string& words);
 
-// The lines of a description that were not there before, each two blanks in.
+// Returns the lines of `now` that are not in `before`, each indented by two spaces.
 std::string new_lines(const std::string& before, const std::string& now);
 
 } // namespace vestra::command

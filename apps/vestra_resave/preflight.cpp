@@ -1,3 +1,4 @@
+// The checks before a resave: missing drives, target folder, free space, length of names.
 #include "apps/vestra_resave/preflight.h"
 
 #include <algorithm>
@@ -30,7 +31,7 @@ using namespace vs::project_resave;
 
 namespace {
 
-// Collects the paths that nothing is found at, by the drive or share that is not there.
+// Collects the missing paths by the drive or share that does not exist.
 class absent_drives {
 public:
     explicit absent_drives(const selection_register& selection) : selection_(selection) {}
@@ -44,7 +45,7 @@ public:
         }
     }
 
-    // The references of what is selected, those of the scenes that its maps show among them.
+    // Adds the references of selected elements, including those of scenes that maps show.
     void add(const project& all) {
         files::visit_references(all, [&](const files::held_reference& held) {
             if (left_out_.contains(held.holder->id.text())) return;
@@ -61,7 +62,7 @@ public:
         }
     }
 
-    // Path keys, by the key of the drive or share.
+    // Path keys by the key of the drive or share.
     const std::map<wide_string, std::set<wide_string>>& missing() const { return missing_; }
 
 private:
@@ -84,26 +85,27 @@ private:
 
     const selection_register& selection_;
     std::unordered_set<wide_string> left_out_; // uuids
-    std::map<wide_string, bool> known_;        // whether the drive or share is there
+    std::map<wide_string, bool> known_;        // true if the drive or share exists
     std::map<wide_string, std::set<wide_string>> missing_;
-    std::deque<wide_string> scenes_; // still to be read
+    std::deque<wide_string> scenes_; // scene files still to be read
     std::unordered_set<wide_string> seen_scenes_;
 };
 
-// A name of this length, which nobody has. Names are limited in their bytes, here as in most file systems.
+// Returns an unused file name of this length. Most file systems limit names in bytes, and so does this.
 wide_string probe_name(size_t bytes) {
     constexpr wide_view stem = u".vestra-resave-probe-";
     return wide_string(stem) + wide_string(bytes > stem.size() ? bytes - stem.size() : 0, u'x');
 }
 
-// Creates and removes a file of this name.
+// Creates and removes a file with this name.
 platform::outcome try_name(const wide_string& folder, const wide_string& name) {
     const wide_string path = path_join(folder, name);
     std::unique_ptr<platform::file> file;
     platform::outcome created = platform::current_system().open(path, platform::access::read_write,
                                                                 platform::disposition::create_new, file);
     if (created.is(platform::failure::taken)) {
-        const platform::entry_status left = platform::current_system().status_of(path); // by a killed run
+        // Left by a killed run.
+        const platform::entry_status left = platform::current_system().status_of(path);
         if (left.kind == platform::entry_kind::file && left.bytes == 0)
             platform::current_system().delete_file(path);
         return {};
@@ -116,9 +118,9 @@ platform::outcome try_name(const wide_string& folder, const wide_string& name) {
     return removed;
 }
 
-// What one set of files and its companions take on the disk, each file once. A disk gives whole blocks, and
-// few have smaller ones than counted here. Where copies of an earlier run are counted as free by their bytes,
-// blocks are not counted: so the need is never more than there will be.
+// The space that a set of files and its companions need, each file counted once. Sizes are rounded up to
+// whole blocks of a size that few file systems go below. If copies of an earlier run count as free space,
+// blocks are not used, so that the result is never more than what is needed.
 class needed_space {
 public:
     needed_space(companion_choice which, bool in_blocks) : which_(which), in_blocks_(in_blocks) {}
@@ -131,7 +133,7 @@ public:
         std::unordered_set<wide_string> stems, companions;
         for (const auto& each : files) {
             auto& known = seen[path_key(each.path)];
-            // Names that differ in letter case alone can be two files.
+            // Names that differ only in letter case can be two files.
             if (std::ranges::any_of(known, [&](const wide_string& other) {
                     return platform::current_system().same_file(each.path, other);
                 }))
@@ -169,7 +171,8 @@ private:
     listed_folders folders_;
 };
 
-// With a folder for each scene, what several scenes have is copied for each of them, and nothing else is.
+// With a folder for each scene, files shared by several scenes are copied for each of them; no other files
+// are.
 needed_space space_for(const resave_request& request, const project_context& context,
                        const source_elements& source) {
     needed_space all(request.companions, request.mode == run_mode::anew);
@@ -186,19 +189,22 @@ needed_space space_for(const resave_request& request, const project_context& con
 
 std::optional<refusal> not_saved_for(problem found) { return refusal{not_saved, {std::move(found)}}; }
 
-// Names of devices, whatever their extension.
+// Device names, which Windows reserves with any extension.
 constexpr auto device_names = std::to_array<wide_view>(
     {u"con",  u"prn",  u"aux",  u"nul",  u"com1", u"com2", u"com3", u"com4", u"com5", u"com6", u"com7",
      u"com8", u"com9", u"lpt1", u"lpt2", u"lpt3", u"lpt4", u"lpt5", u"lpt6", u"lpt7", u"lpt8", u"lpt9"});
 
-// Why a Windows disk would not take the name; empty if it would.
+// Returns why Windows cannot have a file of this name; empty if it can.
 wide_view fault_in_name(const wide_string& name) {
-    if (name.find_first_of(u"<>:\"|?*") != wide_string::npos) return u"it has one of the characters <>:\"|?*";
-    if (std::ranges::any_of(name, [](char16_t c) { return c < u' '; })) return u"it has a control character";
-    if (name.ends_with(u'.') || name.ends_with(u' ')) return u"it ends with a dot or a blank";
+    if (name.find_first_of(u"<>:\"|?*") != wide_string::npos)
+        return u"it contains one of the characters <>:\"|?*";
+    if (std::ranges::any_of(name, [](char16_t c) { return c < u' '; }))
+        return u"it contains a control character";
+    if (name.ends_with(u'.') || name.ends_with(u' ')) return u"it ends with a dot or a space";
     wide_string stem = platform::folded(name.substr(0, name.find(u'.')));
     stem.erase(stem.find_last_not_of(u' ') + 1);
-    return std::ranges::find(device_names, stem) == device_names.end() ? u"" : u"it is the name of a device";
+    return std::ranges::find(device_names, stem) == device_names.end() ? u""
+                                                                       : u"it is a reserved device name";
 }
 
 } // namespace
@@ -216,14 +222,14 @@ std::optional<refusal> refuse_missing_drives(const std::vector<element>& element
         if (is_drive)
             name.front() = static_cast<char>(std::toupper(static_cast<unsigned char>(name.front())));
         std::string line = paths.size() == 1
-                               ? say("%1 does not exist, and 1 file of the project is on it", {name})
-                               : say("%1 does not exist, and %2 files of the project are on it",
+                               ? say("%1 does not exist, but 1 file of the project is on it", {name})
+                               : say("%1 does not exist, but %2 files of the project are on it",
                                      {name, std::to_string(paths.size())});
         if (is_drive) line = say("%1; map it with --drive %2=FOLDER", {line, name.substr(0, 1)});
         early.problems.push_back(refused({}, line).problems.front());
     }
     early.problems.push_back(
-        refused({}, say("with --allow-missing-drives these files are lost")).problems.front());
+        refused({}, say("use --allow-missing-drives to treat these files as lost")).problems.front());
     return early;
 }
 
@@ -246,11 +252,11 @@ std::optional<refusal> refuse_target(const wide_string& folder, const resave_req
          {},
          {},
          as_on_disk(folder),
-         platform::from_utf8(say("%1 are needed, %2 are free", {size_text(needed), size_text(free)}))});
+         platform::from_utf8(say("%1 needed, %2 free", {size_text(needed), size_text(free)}))});
 }
 
 void add_unportable_names(const run_state& run, std::vector<problem>& all) {
-    std::map<wide_string, problem> found; // by the new path
+    std::map<wide_string, problem> found; // by new path
     for (const placed_file& each : run.placement.placed) {
         if (each.old_path.empty()) continue;
         for (wide_string path = path_normalise(each.new_path); path.size() > run.placement.new_folder.size();

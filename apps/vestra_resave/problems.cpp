@@ -1,3 +1,4 @@
+// Collects problems from a run and from the host, and prints them as text or JSON.
 #include "apps/vestra_resave/problems.h"
 
 #include <algorithm>
@@ -26,10 +27,10 @@ namespace {
 
 struct kind_words {
     const char* name;
-    // What failed, as it follows the path; "%1" stands for the new path.
+    // What failed, printed after the path; "%1" is the new path.
     sentence text;
 };
-// First those of facts, in the order of fact_kind.
+// The kinds of facts come first, in the order of fact_kind.
 constexpr kind_words all_kinds[] = {
     {"source_lost", "does not exist"},
     {"copy_failed", "could not be copied to %1"},
@@ -39,46 +40,46 @@ constexpr kind_words all_kinds[] = {
     {"type_not_resaved", "layers of this type are not resaved"},
     {"reads_other", "its copy %1 reads a file that is not its own"},
     {"join_kept", "still joined to the original table"},
-    {"selection_not_settled", "elements that others refer to were still being added when the search ended"},
+    {"selection_not_settled", "possibly not all elements that others refer to were added"},
     {"not_erased", "could not be erased"},
     {"renamed", "was renamed to %1"},
-    {"written_over", "was written over a file that existed"},
+    {"written_over", "replaced an existing file"},
     {"exception_caught", "internal error"},
     {own_kind::outside, "is outside the new project's folder"},
     {own_kind::refused, {}},
     {own_kind::not_loaded, "could not be loaded"},
     {own_kind::not_created, "could not be created"},
-    {own_kind::not_entered, "could not be entered"},
+    {own_kind::not_entered, "could not be made the current folder"},
     {own_kind::too_little_space, "too little space"},
     {own_kind::not_writable, "cannot be written to"},
-    {own_kind::name_too_long, "no file of this name can be created"},
-    {own_kind::unportable_name, "has a name that a Windows disk does not take"},
+    {own_kind::name_too_long, "a file with this name cannot be created"},
+    {own_kind::unportable_name, "has a name that Windows does not accept"},
     {own_kind::interrupted, "interrupted"},
     {own_kind::unreferenced, "is no longer referred to"},
-    {own_kind::stale, "is left from an earlier resave and would be read with %1; --prune removes it"},
-    {own_kind::pruned, "was no longer referred to, and has been removed"},
-    {own_kind::changed_since, "was changed since the earlier resave, and stays as it is"},
+    {own_kind::stale, "is left from an earlier resave and would be read with %1; use --prune to remove it"},
+    {own_kind::pruned, "was no longer referred to and has been removed"},
+    {own_kind::changed_since, "was changed since the earlier resave and is left as it is"},
     {own_kind::found, "was found at %1"},
     {own_kind::not_searched, "could not be searched"},
     {own_kind::left_behind, "was left behind"},
     {own_kind::dropped, "is not in the new project"},
-    {own_kind::left_alone, "was not copied, as a resave leaves this kind of element alone"},
+    {own_kind::left_alone, "was not copied, because the files of this kind of element are not resaved"},
     {own_kind::reference_outside, "is outside the project's folder"},
     {own_kind::reference_missing, "does not exist"},
     {own_kind::reference_outside_and_missing, "is outside the project's folder and does not exist"},
     {own_kind::reference_empty, "is empty"},
     {own_kind::unreadable, "could not be read"},
     {own_kind::copy_missing, "its copy %1 does not exist"},
-    {own_kind::copy_size_differs, "its copy %1 has another size"},
-    {own_kind::copy_content_differs, "its copy %1 has another content"},
+    {own_kind::copy_size_differs, "its copy %1 has a different size"},
+    {own_kind::copy_content_differs, "its copy %1 has different content"},
     {own_kind::copy_unreadable, "its copy %1 could not be read"},
     {own_kind::source_unreadable, "could not be read to compare it with %1"},
-    {own_kind::manifest_missing, "is in the manifest and does not exist"},
-    {own_kind::manifest_size_differs, "has another size than in the manifest"},
-    {own_kind::manifest_content_differs, "has another content than in the manifest"},
+    {own_kind::manifest_missing, "is in the manifest but does not exist"},
+    {own_kind::manifest_size_differs, "differs in size from the manifest"},
+    {own_kind::manifest_content_differs, "differs in content from the manifest"},
 };
 
-// Why the host could not read or write the file of a fact; empty if it is not known.
+// Returns why the host could not read or write the file of a fact; empty if unknown.
 wide_string reason_of_host(const fact& fact) {
     const files::file_error* refused = nullptr;
     if (fact.kind == fact_kind::not_read) return read_error_of(fact.path);
@@ -86,7 +87,7 @@ wide_string reason_of_host(const fact& fact) {
     return refused ? refused->why() : wide_string();
 }
 
-// The file that is where a folder of this path would go; empty if there is none.
+// Returns the file that exists where a folder of this path would be created; empty if there is none.
 wide_string file_in_the_way(const wide_string& path) {
     platform::system& disk = platform::current_system();
     for (wide_string folder = path_head(path); !folder.empty();) {
@@ -131,7 +132,8 @@ problem problem_of(const fact& fact) {
 
 std::vector<problem> problems_of(const run_state& run) {
     std::vector<problem> all;
-    std::unordered_set<wide_string> known; // one file of one element is tried twice where two rules name it
+    // One file of an element can be tried twice, if two rules apply to it.
+    std::unordered_set<wide_string> known;
     for (const fact& each : run.report.facts()) {
         problem found = problem_of(each);
         if (each.kind == fact_kind::copy_failed) found.reason = reason_of(found.reason, found.new_path);
@@ -144,7 +146,7 @@ std::vector<problem> problems_of(const run_state& run) {
                        {},
                        {},
                        {},
-                       platform::from_utf8(say("too little memory to report"))});
+                       platform::from_utf8(say("too little memory for the report"))});
     return all;
 }
 
@@ -159,7 +161,7 @@ void add_misplaced(const run_state& run, std::vector<problem>& all) {
     const path_placement& placement = run.placement;
     const wide_string below = path_key(placement.new_folder) + u'\\';
     for (const placed_file& file : placement.placed) {
-        if (file.new_path == placement.log_path) continue; // entered whether it is written or not
+        if (file.new_path == placement.log_path) continue; // registered whether it was written or not
         const wide_string key = path_key(file.new_path);
         if (!known.contains(key) && !path_exists(file.new_path))
             all.push_back({name_of(fact_kind::not_written), {}, file.old_path, file.new_path, {}});
@@ -188,7 +190,7 @@ bool is_notice(const problem& found) {
 }
 
 wide_string as_on_disk(const wide_string& path) {
-    if (path.find_last_of(path_separators) == wide_string::npos) return path; // as "N:name"
+    if (path.find_last_of(path_separators) == wide_string::npos) return path; // such as "N:name"
     wide_string whole = path_normalise(path), spelled;
     const wide_string head = path_head(whole);
     if (true_case_path(whole, spelled)) return spelled;
@@ -258,7 +260,7 @@ ordered_json json_of_found(const std::vector<problem>& all) {
 
 namespace {
 
-// The element that a problem is about, with what it is in and the file that has the reference.
+// Returns the element of a problem with the list that contains it and the file with the reference.
 std::string holder_of(const problem& found) {
     const std::string caption = one_line(found.element.caption), list = one_line(found.element.list);
     std::string holder;
@@ -267,7 +269,7 @@ std::string holder_of(const problem& found) {
     else if (!caption.empty())
         holder = '"' + caption + '"';
     if (found.file.empty()) return holder;
-    if (found.file == found.path) return {}; // the file stands for the element
+    if (found.file == found.path) return {}; // the file is reported instead of an element
     return say("%1 %2 in %3", {say_known(found.holder), holder, printed(found.file)});
 }
 
@@ -275,7 +277,7 @@ std::string holder_of(const problem& found) {
 
 std::string what_of(const problem& found) {
     const auto* const row = std::ranges::find(all_kinds, found.kind, &kind_words::name);
-    // What the system does not show may well be there.
+    // A file that cannot be reached may well exist.
     if (found.kind == name_of(fact_kind::source_lost) && !found.reason.empty() && found.candidates.empty())
         return say("cannot be reached");
     return say(row->text, {printed(found.new_path)});
@@ -290,7 +292,7 @@ problem_words words_of(const problem& found) {
 
 std::string line_of(const problem& found) {
     const problem_words words = words_of(found);
-    // What has no file is named by its element.
+    // A problem without a file is named by its element.
     std::string line = words.about.empty() ? words.element : words.about;
     for (const std::string& part : {words.what, words.reason})
         if (!part.empty()) line += (line.empty() ? "" : ": ") + part;
@@ -303,8 +305,8 @@ bool is_of_full_disk(const problem& found) {
     return found.reason == platform::outcome(platform::failure::disk_full).text();
 }
 
-// What a person takes for the same thing once more. What was left behind has the file next to it for a
-// reason.
+// Returns what makes two problems the same to a user. Files left behind are listed because of the file next
+// to them, so their reasons are ignored.
 wide_string likeness_of(const problem& found) {
     if (is_of_full_disk(found)) return found.reason;
     const wide_string kind = platform::from_utf8(found.kind);
@@ -323,14 +325,14 @@ void print(const std::vector<problem>& all) {
         if (is_of_full_disk(each) && count > 1) {
             if (line == 1)
                 complain(
-                    say("%1: %2; %3 files could not be written (all are in --json)",
+                    say("%1: %2; %3 files could not be written (--json lists all)",
                         {printed(each.new_path), say_known(to_utf8(each.reason)), std::to_string(count)}));
             continue;
         }
         const bool is_shortened = !is_notice(each) && count > most;
         if (!is_shortened || line <= shown) complain(line_of(each));
         if (is_shortened && line == shown)
-            complain(say("and %1 more like this (all are in --json)", {std::to_string(count - shown)}));
+            complain(say("and %1 more like this (--json lists all)", {std::to_string(count - shown)}));
     }
 }
 

@@ -1,3 +1,4 @@
+// Decides which files in an earlier project's folder belong to it, and which of them others still need.
 #include "apps/vestra_resave/referred_files.h"
 
 #include <algorithm>
@@ -30,7 +31,7 @@ public:
     void add_all(project_context& context) {
         for (const wide_string& path : context.sizes.known_paths())
             if (!path_same(path, context.placement.source_project_path)) add_data_set(path);
-        add_elements(elements_of(context)); // joined tables are known to the elements alone
+        add_elements(elements_of(context)); // joined tables appear only in the elements
     }
 
     std::vector<earlier_file> files;
@@ -66,12 +67,12 @@ private:
     }
 
     const wide_string below_;
-    const int64_t saved_;                  // when the project was
+    const int64_t saved_;                  // when the project was saved
     std::unordered_set<wide_string> seen_; // path keys
     listed_folders folders_;
 };
 
-// False for a text that names another encoding than the one its names are read in.
+// False if the text declares an encoding other than the one its names are read in.
 bool is_utf8_by_name(const std::string& text) {
     std::string head = text.substr(0, text.find("?>"));
     std::ranges::transform(head, head.begin(),
@@ -80,7 +81,7 @@ bool is_utf8_by_name(const std::string& text) {
            head.find("utf-8") != std::string::npos;
 }
 
-// The name that all files of a data set begin with.
+// Returns the part of the name that all files of a data set share.
 wide_string first_name(const wide_string& path) {
     const wide_string name = path_file_name(path);
     return name.substr(0, name.find(u'.'));
@@ -127,13 +128,13 @@ other_users::other_users(project_context& context, const wide_string& project,
             add_names_in(each.path);
 }
 
-// Whatever the file says, in any of its texts: a name that is taken for one costs nothing.
+// Reads every text of the file, whatever its meaning: taking a text for a name does no harm.
 void other_users::add_names_in(const wide_string& path) {
     std::string text;
     pugi::xml_document document;
     const bool is_read =
         read_text(path, text) && is_utf8_by_name(text) && document.load_buffer(text.data(), text.size());
-    if (!is_read) has_unread_ = true; // it may name anything
+    if (!is_read) has_unread_ = true; // it may refer to any file
     struct : pugi::xml_tree_walker {
         bool for_each(pugi::xml_node& node) override {
             take(node.value());

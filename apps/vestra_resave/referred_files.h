@@ -1,4 +1,4 @@
-// Which files of an earlier project are its own, where no manifest tells, and which of them others need.
+// Files of an earlier project without a manifest: which belong to it, and which of them are needed by others.
 #pragma once
 
 #include <set>
@@ -16,18 +16,19 @@ class project_context;
 
 namespace vestra::command {
 
-// The files in the folder of `project`, which is loaded, that it refers to, with what lies next to them as
-// their companions. Nothing is known of them but that; of scene files, that they were saved with the project
-// if they are not younger.
+// Returns the files in the folder of `project`, which is loaded, that it refers to, and their companions.
+// Nothing else is known of them, except that scene files that are not newer than the project were saved with
+// it.
 std::vector<earlier_file> referred_files(vs::project_resave::project_context& context,
                                          const wide_string& project);
 
-// The files beside those of the loaded project that may belong to them: they begin, under some name, with the
-// stem of a source file, or a virtual source reads them. The guard knows only the names of usual companions;
-// this asks the disk and the formats. As the disk was when it was asked first.
+// Files next to those of the loaded project that may belong to them: their name begins with the stem of a
+// source file, or a virtual source reads them. The guard only knows the names of common companions, while
+// this class asks the disk and the formats. Uses the state of the disk at the first call.
 class source_neighbours {
 public:
     explicit source_neighbours(const vs::project_resave::project_context& context) : context_(context) {}
+    // True if the file at `path` may belong to a source.
     bool contain(const wide_string& path);
 
 private:
@@ -38,13 +39,14 @@ private:
     std::set<platform::file_identity> identities_;
 };
 
-// Who needs a file that the project at `project` refers to no more: the loaded project, or another project or
-// scene in the folder, of which only names are compared; those among `going` do not count. The disk in force
-// must show the files.
+// Finds out whether a file that the project at `project` no longer refers to is needed by the loaded project,
+// or by another project or scene in the folder, of which only names are compared. Those in `going` do not
+// count. The current disk must show the files.
 class other_users {
 public:
     other_users(vs::project_resave::project_context& context, const wide_string& project,
                 const std::vector<wide_string>& going);
+    // True if the file at `path` is needed by anything but the project.
     bool need(const wide_string& path);
 
 private:
@@ -57,12 +59,12 @@ private:
     bool has_unread_ = false;
 };
 
-// The copies of a run, for the question which file beside them is read with one of them.
+// The copies of a run, to find out which other file next to them is read with one of them.
 class placed_copies {
 public:
     explicit placed_copies(const vs::project_resave::placed_files& placed);
-    // The copy with which programs would read the file at `path`, as its index or its projection; null if
-    // there is none.
+    // Returns the copy that programs would read together with the file at `path`, as its index or projection;
+    // null if there is none.
     const wide_string* read_with(const wide_string& path) const;
 
 private:

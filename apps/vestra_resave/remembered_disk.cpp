@@ -1,3 +1,4 @@
+// Answers requests for the status and identity of files from earlier answers and folder listings.
 #include "apps/vestra_resave/remembered_disk.h"
 
 #include <algorithm>
@@ -12,16 +13,16 @@ using platform::outcome;
 
 namespace {
 
-// With its separator at the end.
+// Returns the folder of a path with its separator at the end.
 std::u16string_view head_of(std::u16string_view path) {
-    return path.substr(0, path.find_last_of(u"\\/") + 1); // nothing for a name alone
+    return path.substr(0, path.find_last_of(u"\\/") + 1); // empty for a name alone
 }
 
 size_t key_of(std::u16string_view name) { return std::hash<wide_string>()(platform::folded(name)); }
 
-// True for a name that a disk finds under this name or not at all. Some disks have short names (AREA~1.SHP),
-// ignore dots at the end, fold letters beyond ASCII by rules of their own, or find folders that they do not
-// list; those have no extension.
+// True for a name that a disk finds under exactly this name or not at all. Some disks have short names
+// (AREA~1.SHP), ignore dots at the end, fold letters beyond ASCII by their own rules, or find folders that
+// they do not list; the latter have no extension.
 bool is_listed_if_there(std::u16string_view name) {
     const size_t dot = name.find_last_of(u'.');
     const bool has_extension = dot != 0 && dot < name.size() - 1 && dot != std::u16string_view::npos;
@@ -38,7 +39,7 @@ remembered_disk::known_folder& remembered_disk::folder_of(std::u16string_view pa
     return folders.try_emplace(std::pmr::u16string(path, &known_->memory), &known_->memory).first->second;
 }
 
-// The answer that holds now, or an empty one.
+// Returns the current answer, or an empty one.
 remembered_disk::answer& remembered_disk::answer_for(known_folder& folder, std::u16string_view name) {
     auto at = folder.answers.find(name);
     if (at == folder.answers.end())
@@ -55,7 +56,7 @@ bool remembered_disk::is_absent(const known_folder& folder, std::u16string_view 
            !std::ranges::binary_search(folder.names, key_of(name));
 }
 
-// A folder that cannot be listed has names that nobody knows, so each is asked for.
+// The names in a folder that cannot be listed are unknown, so each of them is requested.
 void remembered_disk::learn_names(known_folder& folder, std::u16string_view path) {
     if (folder.listed_at == additions_ || path.empty()) return;
     std::vector<platform::folder_entry> entries;

@@ -1,11 +1,11 @@
-// A disk that is asked once: what it answered on a file or folder it answers again, until something is
-// written through it. The commands ask for most files of a project several times before the run and after it,
-// and on a share each question is a round trip.
+// A disk that caches the status and identity of files until a write through it can have changed them. The
+// commands ask for most files of a project several times before and after the run, and on a share each
+// request is a round trip.
 //
 //     remembered_disk disk;
 //     const platform::system_override in_force(disk);
-//     ... // load, look, compare: each name is asked for once
-//     disk.remember(false); // a run looks anew each time: it may take hours, and others work meanwhile
+//     ... // load, look, compare: each name is requested once
+//     disk.remember(false); // a run takes hours and others work meanwhile, so nothing is cached
 #pragma once
 
 #include <functional>
@@ -23,23 +23,23 @@ namespace vestra::command {
 using vs::project_resave::wide_string;
 namespace platform = vs::project_resave::platform;
 
-// For one thread. What other programs do to a file between two writes does not show.
+// For use in one thread. Changes by other programs between two writes are not noticed.
 class remembered_disk final : public vs::project_resave::forwarding_system {
 public:
     using forwarding_system::forwarding_system;
 
-    // Whether answers are kept, as they are at first. Those that are known are forgotten.
+    // Switches the cache on or off and discards its content. Initially it is on.
     void remember(bool on) {
         remembers_ = on;
         forget();
     }
 
-    // A name that the listing of its folder lacks is missing, without a question. The listing is read once
-    // the first such name was asked for.
+    // A name that is missing in the listing of its folder is reported as missing without a request. The
+    // listing is read after the first request for a name that does not exist.
     platform::entry_status status_of(const wide_string& path) override;
     platform::file_identity identity_of(const wide_string& path) override;
 
-    // These write. What only adds an entry leaves what is known of existing files.
+    // These write. Operations that only add an entry keep what is known of existing files.
     platform::outcome copy_file(const wide_string& source, const wide_string& target, bool replace) override;
     platform::outcome delete_file(const wide_string& path) override;
     platform::outcome create_folder(const wide_string& path) override;
@@ -62,16 +62,15 @@ private:
         bool has_status = false, has_identity = false;
         size_t additions = 0; // when it was given
     };
-    // What is known of a folder and of what is in it, by the text that was asked for: the spelling can
-    // matter.
+    // What is known of a folder and its entries, by the path as given, because the spelling can matter.
     struct known_folder {
         explicit known_folder(std::pmr::memory_resource* memory) : answers(memory), names(memory) {}
         by_text<answer> answers;        // by name
         std::pmr::vector<size_t> names; // hashes of the folded names, in order
-        size_t listed_at = never;       // the number of additions when they were read
+        size_t listed_at = never;       // number of additions when they were read
     };
-    // In memory of their own, which is given back as a whole: holes left all over the heap would make each
-    // later allocation of the run slower.
+    // Allocated from a pool that is freed as a whole: fragments all over the heap would make every later
+    // allocation of the run slower.
     struct knowledge {
         std::pmr::monotonic_buffer_resource memory;
         by_text<known_folder> folders{&memory};
@@ -87,8 +86,8 @@ private:
     void note_addition() { ++additions_; }
 
     bool remembers_ = true;
-    size_t additions_ = 0;             // of entries, through this disk
-    std::unique_ptr<knowledge> known_; // null as long as nothing is known
+    size_t additions_ = 0;             // additions of entries through this disk
+    std::unique_ptr<knowledge> known_; // null while nothing is known
 };
 
 } // namespace vestra::command

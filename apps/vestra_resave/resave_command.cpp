@@ -1,3 +1,4 @@
+// The command `resave`: checks, load, run, companions, manifest, verification and output.
 #include "apps/vestra_resave/commands.h"
 
 #include <algorithm>
@@ -34,7 +35,7 @@ using namespace vs::project_resave;
 
 namespace {
 
-// The levels of the new project's folder that were missing, deepest first.
+// Returns the missing folders of the new project's path, deepest first.
 std::vector<wide_string> missing_levels(wide_string folder) {
     std::vector<wide_string> missing;
     while (!folder.empty() && !path_exists(folder)) {
@@ -46,7 +47,7 @@ std::vector<wide_string> missing_levels(wide_string folder) {
     return missing;
 }
 
-// Removes those of the levels that exist; returns a problem for each that could not be removed.
+// Removes those of the folders that exist. Returns a problem for each that could not be removed.
 std::vector<problem> take_back(const std::vector<wide_string>& levels) {
     std::vector<problem> kept;
     for (const wide_string& level : levels)
@@ -56,8 +57,8 @@ std::vector<problem> take_back(const std::vector<wide_string>& levels) {
     return kept;
 }
 
-// Refuses a folder whose path in lower case leads to another one that exists: the files would go there, and
-// only the project where it was to go.
+// Refuses a path that, in lower case, is a different existing folder: the copies would go there, and only the
+// project file to the requested path.
 std::optional<refusal> refuse_lowered(const wide_string& folder) {
     for (wide_string level = path_normalise(folder); level.size() > path_fixed_length(level);
          level = path_normalise(path_head(level))) {
@@ -65,13 +66,13 @@ std::optional<refusal> refuse_lowered(const wide_string& folder) {
         platform::lower_in_place(lowered);
         if (path_exists(level) && path_exists(lowered) &&
             !platform::current_system().same_file(level, lowered))
-            return refused(level, say("with --lowercase the files would go to another folder that exists: %1",
+            return refused(level, say("with --lowercase the files would go to another existing folder: %1",
                                       {printed(lowered)}));
     }
     return std::nullopt;
 }
 
-// Returns what is wrong with the paths, before anything is read.
+// Checks the paths before anything is read.
 std::optional<refusal> refuse_paths(const wide_string& source, const wide_string& target,
                                     const resave_request& request) {
     const std::string& typed = request.new_project;
@@ -87,17 +88,17 @@ std::optional<refusal> refuse_paths(const wide_string& source, const wide_string
     if (!path_exists(target)) return std::nullopt;
     const auto fault = files::read_project(target, older);
     if (!fault) return std::nullopt;
-    return refused(target, say("exists and is no project file: %1", {say_known(one_line(fault->reason))}));
+    return refused(target, say("exists and is not a project file: %1", {say_known(one_line(fault->reason))}));
 }
 
-// Loads the project and leaves out what is not wanted.
+// Loads the project and applies the selection.
 std::optional<refusal> prepare(session& host, const resave_request& request, continuation& earlier,
                                const wide_string& target, bool is_trial) {
     const wide_string source = platform::drive_path(request.project);
     if (auto early = refuse_paths(source, target, request)) return early;
     if (auto early = earlier.find(host)) return early;
     if (path_exists(target) && !request.overwrite && !earlier.may_replace_project())
-        return refused(target, say("exists; with --overwrite it is replaced"));
+        return refused(target, say("already exists; use --overwrite to replace it"));
     if (auto early = host.load(source, true, request.load_log)) return early;
     project_context& context = host.context();
     const std::vector<element> elements = elements_of(context);
@@ -113,15 +114,15 @@ std::optional<refusal> prepare(session& host, const resave_request& request, con
     return protect_project_files({target}, context);
 }
 
-// Why there was no run, or what became of it.
+// The result of a run, or why there was none.
 struct ended_run {
     std::optional<refusal> early;
     resave_report report;
     std::optional<source_elements> source;      // if there was a run
-    std::vector<wide_string> made_folders = {}; // levels of the new project's folder, deepest first
+    std::vector<wide_string> made_folders = {}; // of the new project's path, deepest first
 };
 
-// Many bytes are shown by themselves, few by the elements they belong to. A trial copies nothing.
+// Shows progress by bytes if there are many, otherwise by elements. A trial copies nothing.
 run_result resave_shown(session& host, const resave_settings& settings, bool copies) {
     constexpr uint64_t many = uint64_t{16} << 20;
     project_context& context = host.context();
@@ -165,7 +166,7 @@ ended_run run(session& host, const resave_request& request, continuation& earlie
                          resave_shown(host, settings, !trial && request.mode == run_mode::anew));
     asked_once.remember(true);
     std::vector<problem> problems = host.problems();
-    // What is left out on purpose is missed by nobody.
+    // Elements that the user left out are not reported as missing.
     std::erase_if(problems, [&](const problem& each) {
         return each.kind == name_of(fact_kind::type_not_resaved) && source.is_left_out(each.element.uuid);
     });
@@ -177,7 +178,7 @@ ended_run run(session& host, const resave_request& request, continuation& earlie
     return {std::nullopt, report_of(context, result, std::move(problems)), std::move(source), missing};
 }
 
-// What a bundle copies by itself is seen neither by the disk of a trial nor by that of a continued run.
+// A bundle that copies files itself bypasses the disk of a trial or of a continued run.
 bool has_copying_bundle() {
     resave_entity_services copying;
     collect_resave_entity_services(copying);
@@ -194,7 +195,7 @@ std::optional<refusal> refuse_trial() {
 ended_resave resave_in(session& host, const resave_request& request, trial_disk* trial) {
     remembered_disk asked_once;
     std::optional<platform::system_override> in_force;
-    if (!trial) in_force.emplace(asked_once); // what a trial hides and shows changes without a write
+    if (!trial) in_force.emplace(asked_once); // a trial hides and shows files without writing
     if (request.mode != run_mode::anew && has_copying_bundle()) {
         refusal early =
             refused({}, say("--update and --resume cannot be combined with a --bundle that copies its "
@@ -221,7 +222,7 @@ ended_resave resave_in(session& host, const resave_request& request, trial_disk*
         for (problem& each : write_manifest(host.context(), earlier, is_stopped)) {
             if (is_stopped() && each.kind == own_kind::not_created) {
                 each.kind = own_kind::interrupted;
-                each.reason = u"the manifest was stopped before its end";
+                each.reason = u"writing the manifest was interrupted";
             }
             if (each.kind == own_kind::not_created) earlier.keep_journal();
             add(report, each);
@@ -235,7 +236,7 @@ ended_resave resave_in(session& host, const resave_request& request, trial_disk*
     if (is_written()) add_shortfalls(host, *ended.source, request, report);
     std::ranges::move(search.notices(), std::back_inserter(report.problems));
     earlier.end_journal(report);
-    if (!is_written()) take_back(ended.made_folders); // those that are empty
+    if (!is_written()) take_back(ended.made_folders); // only empty ones
     ended_resave all{std::nullopt, std::move(report), std::move(plan), std::move(target), std::move(files)};
     if (!request.report.empty()) all.names = names_by_file(*ended.source);
     return all;
@@ -243,14 +244,14 @@ ended_resave resave_in(session& host, const resave_request& request, trial_disk*
 
 namespace {
 
-// The run with all that is said of it.
+// Runs the resave and prints everything about it.
 int resave(session& host, const resave_request& request, const common_options& options, trial_disk* trial) {
     ended_resave ended = resave_in(host, request, trial);
     if (ended.early) return end_with(*ended.early, options);
     auto& [early, report, plan, target, files, names] = ended;
     if (!request.report.empty()) {
         const page_facts facts = facts_of(ended, request);
-        // The page is real, even if the run is not.
+        // The page is written to the real disk even in a trial.
         const platform::system_override real(trial ? platform::operating_system()
                                                    : platform::current_system());
         for (const problem& each : write_page(request.report, facts)) add(report, each);

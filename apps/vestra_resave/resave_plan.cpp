@@ -1,3 +1,4 @@
+// The plan of a dry run, printed as text or JSON.
 #include "apps/vestra_resave/resave_plan.h"
 
 #include <iostream>
@@ -24,7 +25,7 @@ bool is_same_name(const wide_string& a, const wide_string& b) {
     return folded(path_file_name(a)) == folded(path_file_name(b));
 }
 
-// Tells of each target what it comes from and whether a conflict gave it another name.
+// Finds out what each target is copied from and whether it was renamed because of a conflict.
 class origins {
 public:
     explicit origins(const path_placement& placement) : new_project_(placement.new_project_path) {
@@ -81,12 +82,12 @@ resave_plan plan_of(const run_state& run, trial_disk& disk, resave_report& repor
     else
         plan.free_space_failure = found.text();
     if (plan.free_bytes && plan.bytes > free)
-        add(report, {own_kind::too_little_space,
-                     {},
-                     {},
-                     folder,
-                     platform::from_utf8(
-                         say("%1 are needed, %2 are free", {size_text(plan.bytes), size_text(free)}))});
+        add(report,
+            {own_kind::too_little_space,
+             {},
+             {},
+             folder,
+             platform::from_utf8(say("%1 needed, %2 free", {size_text(plan.bytes), size_text(free)}))});
     return plan;
 }
 
@@ -95,7 +96,7 @@ std::vector<resave_plan::file> made_files_of(const run_state& run) {
     const origins from(run.placement);
     for (const made_file& each : run.placement.made.files()) {
         const platform::entry_status found = platform::current_system().status_of(each.path);
-        if (found.kind == platform::entry_kind::file) // after a stop it may have been erased
+        if (found.kind == platform::entry_kind::file) // it may have been erased after a stop
             files.push_back(from.file(each.source, each.path, found.bytes));
     }
     return files;

@@ -1,4 +1,4 @@
-// What a resave would do, from a run that was tried out.
+// The plan of a resave, taken from a dry run.
 #pragma once
 
 #include <optional>
@@ -14,42 +14,43 @@ namespace vestra::command {
 class session;
 struct resave_request;
 
+// What a dry run would write.
 struct resave_plan {
     struct file {
-        wide_string source; // empty for one that has none: a scene or layer file, a log
+        wide_string source; // empty if it has none: a scene or layer file, a log
         wide_string target;
         uint64_t bytes = 0;
-        bool renamed = false; // it, or a folder it is copied in, as its own name is taken
-        bool written = false; // by the host, anew; else it is a copy
+        bool renamed = false; // it or its folder was renamed, because the name was taken
+        bool written = false; // written by the host; otherwise a copy
     };
     std::vector<file> files;
     uint64_t bytes = 0;                 // of all files
-    std::optional<uint64_t> free_bytes; // where they go; nothing if that is unknown
+    std::optional<uint64_t> free_bytes; // at the target; no value if unknown
     wide_string free_space_failure;     // why it is unknown
 };
 
-// While the disk is in force. What the run left in the context is read. Too little space is added to the
-// problems of the run.
+// Call it while the trial disk is installed. Reads what the run left in the context. Adds a problem if there
+// is too little space.
 resave_plan plan_of(const vs::project_resave::run_state& run, trial_disk& disk, resave_report& report);
 
-// The files that a run has made and that exist, in the same form.
+// Returns the files that a run made and that exist, in the same form.
 std::vector<resave_plan::file> made_files_of(const vs::project_resave::run_state& run);
 
-// A resave with all that is known of it.
+// The complete result of a resave.
 struct ended_resave {
-    std::optional<refusal> early; // why there was no run; the rest is empty then
+    std::optional<refusal> early; // why there was no run; the rest is then empty
     resave_report report;
-    std::optional<resave_plan> plan;           // of one that was tried out
+    std::optional<resave_plan> plan;           // of a dry run
     wide_string target;                        // the new project
-    std::vector<resave_plan::file> files = {}; // of a real one, if a page of it is wanted
+    std::vector<resave_plan::file> files = {}; // of a real run, if a report is requested
     names_by_file names = {};                  // of the source, likewise
 };
-// Returns why nothing can be tried out: a bundle copies files by itself.
+// Returns why a dry run is impossible: a bundle copies files itself.
 std::optional<refusal> refuse_trial();
-// Resaves as the command does, and says nothing; on a trial disk, which is in force, if there is one.
+// Resaves like the command without printing anything. `trial` is the installed trial disk, or null.
 ended_resave resave_in(session& host, const resave_request& request, trial_disk* trial);
 
-// The plan with the report of the run that was tried out.
+// Returns or prints the plan with the report of the dry run.
 nlohmann::ordered_json json_of(const resave_plan& plan, const resave_report& report);
 void print_text(const resave_plan& plan, const resave_report& report, const wide_string& new_project);
 

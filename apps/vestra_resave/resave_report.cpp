@@ -1,3 +1,4 @@
+// The report of a resave: outcome, counts, closing line, and their forms in JSON and text.
 #include "apps/vestra_resave/resave_report.h"
 
 #include <algorithm>
@@ -34,7 +35,7 @@ using nlohmann::ordered_json;
 
 namespace {
 
-// After a stop what was made may have been erased again.
+// Files may have been erased after a stop.
 void add_existing(const wide_string& source, const wide_string& target, std::vector<copied_file>& files) {
     const platform::entry_status found = platform::current_system().status_of(target);
     if (found.kind == platform::entry_kind::none) return;
@@ -57,7 +58,7 @@ struct summary_count {
     size_t resave_summary::*count;
 };
 constexpr summary_count counts[] = {
-    {"%1 taken over", "taken_over", &resave_summary::taken_over},
+    {"%1 already copied", "taken_over", &resave_summary::taken_over},
     {"%1 unchanged", "unchanged", &resave_summary::unchanged},
     {"%1 replaced", "replaced", &resave_summary::replaced},
     {"%1 no longer referred to", "unreferenced", &resave_summary::unreferenced},
@@ -67,14 +68,14 @@ constexpr summary_count counts[] = {
     {"%1 lost", "lost", &resave_summary::lost},
     {"%1 failed", "failed", &resave_summary::failed},
     {"%1 of an unknown type", "not_resaved", &resave_summary::not_resaved},
-    {"%1 references astray", "astray", &resave_summary::astray},
+    {"%1 broken references", "astray", &resave_summary::astray},
     {"%1 left behind", "left_behind", &resave_summary::left_behind},
     {"%1 dropped", "dropped", &resave_summary::dropped},
     {"%1 left alone", "left_alone", &resave_summary::left_alone},
 };
 
-// Where a problem is counted, whatever is nothing else has failed; null for a notice that nobody counts, and
-// for a stop.
+// Returns the count for a problem; a problem of any other kind counts as failed. Returns null for a stop and
+// for notices that are not counted.
 size_t resave_summary::*count_of(const problem& found) {
     const std::pair<const char*, size_t resave_summary::*> rows[] = {
         {name_of(fact_kind::renamed), &resave_summary::renamed},
@@ -140,7 +141,7 @@ resave_report report_of(const run_state& run, const run_result& result, std::vec
     for (const made_file& made : run.placement.made.files())
         if (!made.source.empty()) add_existing(made.source, made.path, report.copies);
     const wide_string& project = run.placement.new_project_path;
-    // The run asks only whether a project of that name exists, which can be an older one.
+    // The run only checks whether a project with this name exists, which can be an older one.
     const bool saved = result.written && !failed.contains(path_key(project));
     if (result.end == run_end::stopped) {
         report.exit = stopped, report.outcome = "stopped";
@@ -218,7 +219,7 @@ void print_problems(const resave_report& report) {
     std::vector<problem> all = report.problems;
     std::erase_if(all, [](const problem& each) { return each.kind == name_of(fact_kind::renamed); });
     print(all);
-    if (report.resumable) complain(say("--resume goes on where this resave ended"));
+    if (report.resumable) complain(say("use --resume to continue this resave"));
 }
 
 std::string closing_line(const resave_report& report, const wide_string& new_project) {

@@ -14,33 +14,33 @@
 
 namespace vestra::command {
 
-// Figures and names as a person reads them.
-// "0 B", "512 B", "1.5 KB", "12.3 MB", in steps of 1024.
+// Returns "0 B", "512 B", "1.5 KB", "12.3 MB", in steps of 1024.
 std::string size_text(uint64_t bytes);
 
 using shell::one_line;
 
-// What a finished resave did, for a person or a program.
+// The result of a finished resave.
 struct copied_file {
     wide_string source;
     wide_string target;
     uint64_t bytes = 0;
 };
 
+// The result of a run: exit status, outcome, files and problems.
 struct resave_report {
     int exit = done;
     std::string outcome;             // "saved", "saved with problems", "not saved", "stopped"
-    std::vector<copied_file> files;  // a folder that was copied whole is one of them
-    std::vector<copied_file> copies; // each single file, those in folders too
-    // Copies that an earlier run made: whole ones of a run that is resumed, and with an update those that are
-    // as their source; then those in whose place a new one is.
+    std::vector<copied_file> files;  // a folder that was copied as a whole is one entry
+    std::vector<copied_file> copies; // every single file, including those in folders
+    // Copies of an earlier run: complete ones in a resumed run, copies equal to their source in an update,
+    // and those that were replaced by new copies.
     std::vector<copied_file> taken_over, unchanged, replaced;
-    bool resumable = false;        // the journal stays, and --resume goes on from it
-    std::vector<problem> problems; // notices among them; none but notices exactly if it is saved
-    verification found;            // what the new project was found to lack; empty if it was not looked at
+    bool resumable = false;        // the journal was kept, so --resume can continue
+    std::vector<problem> problems; // includes notices; only notices if the outcome is "saved"
+    verification found;            // what the new project lacks; empty if it was not checked
 };
 
-// The closing summary. Every problem but a stop counts once, in one of the last seven.
+// The counts of the closing line. Every problem except a stop is in exactly one of the last seven.
 struct resave_summary {
     size_t files = 0; // copied
     uint64_t bytes = 0;
@@ -49,29 +49,32 @@ struct resave_summary {
     size_t renamed = 0;
     size_t lost = 0, failed = 0, not_resaved = 0, astray = 0, left_behind = 0, dropped = 0, left_alone = 0;
 };
+// Counts the files and problems of a report.
 resave_summary summary_of(const resave_report& report);
-// A count of the summary that is not zero: its key in JSON, its number, and the text of the closing line.
+// A count that is not zero: its key in JSON, its number, and its text in the closing line.
 struct summary_part {
     const char* name;
     size_t count;
     std::string text;  // "3 left alone"
     std::string label; // the same without the number
 };
+// Returns the counts that are not zero, in the order of the closing line.
 std::vector<summary_part> parts_of(const resave_summary& summary);
-// The key of the count in which a problem is; null for a notice that is not counted, and for a stop.
+// Returns the key of the count that includes a problem; null for a stop and for notices that are not counted.
 const char* counted_as(const problem& found);
 
-// Reads what the run left in the context. `problems` are those that the session knows.
+// Reads what the run left in the context. `problems` are those known to the session.
 resave_report report_of(const vs::project_resave::run_state& run,
                         const vs::project_resave::run_result& result, std::vector<problem> problems);
-// Adds what came up after the run: a project that was saved is saved with problems then, but for notices.
+// Adds a problem found after the run; unless it is a notice, it turns "saved" into "saved with problems".
 void add(resave_report& report, problem found);
+// Returns the report in the form that --json prints.
 nlohmann::ordered_json json_of(const resave_report& report);
-// Each problem, and each notice but renamed copies, a line on the error output.
+// Prints each problem, and each notice except renamed copies, as a line on standard error.
 void print_problems(const resave_report& report);
-// The last line of a resave: outcome, new project, and the summary without what is zero.
+// Returns the last line of a resave: outcome, new project, and all counts that are not zero.
 std::string closing_line(const resave_report& report, const wide_string& new_project);
-// If wanted each file and each copy that got another name, then the closing line.
+// Prints each file if `list_files`, each renamed copy, and the closing line.
 void print_text(const resave_report& report, const wide_string& new_project, bool list_files);
 
 } // namespace vestra::command

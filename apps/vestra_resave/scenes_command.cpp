@@ -1,3 +1,4 @@
+// The command `scenes`: saves the 2D scenes of a project as files, or lists them.
 #include "apps/vestra_resave/commands.h"
 
 #include <iostream>
@@ -36,11 +37,11 @@ struct scenes_report {
     int exit = done;
     std::string outcome;
     wide_string project, folder;
-    std::vector<scene_row> scenes; // those whose files were written
-    std::vector<problem> problems; // notices among them
+    std::vector<scene_row> scenes; // scenes whose files were written
+    std::vector<problem> problems; // includes notices
 };
 
-// In the order in which their files are made. What must not be written over has no file.
+// In the order in which the files are written. A scene whose file must not be overwritten has no file.
 std::vector<scene_row> scenes_of(project_context& context, const std::vector<problem>& all) {
     std::unordered_set<wide_string> refused;
     for (const problem& each : all)
@@ -58,7 +59,8 @@ std::vector<scene_row> scenes_of(project_context& context, const std::vector<pro
     return rows;
 }
 
-// Of two scenes with one file the later one has it. `folder` comes before each path that is a name.
+// If two scenes have the same file, it belongs to the later one. `folder` is prepended to paths that are only
+// a name.
 void add_scenes(session& host, const wide_string& folder, scenes_report& report) {
     const std::unordered_set<wide_string> failed = unwritten_keys(report.problems);
     const auto& placed = host.context().placement.placed;
@@ -106,25 +108,25 @@ int finish(const scenes_report& report, bool lists, const common_options& option
     return report.exit;
 }
 
-// The run works in the current folder, so its paths are names.
+// The run writes to the current folder, so its paths are only names.
 run_result write_files(project_context& context, const scenes_request& request, const wide_string& folder) {
     scene_file_settings settings = request.settings;
     settings.folder = folder.c_str();
     return context.create_scene_files(settings);
 }
 
-// The same on a disk in memory, which has no current folder. Without a folder it is a new one, and the paths
-// are names.
+// As above on a disk in memory, which has no current folder. Without a target folder a new one is simulated
+// and the paths are only names.
 run_result list_files(project_context& context, const scenes_request& request, const wide_string& folder,
                       scenes_report& report, session& host) {
     trial_disk memory;
     const platform::system_override in_force(memory);
     wide_string place = folder;
     if (folder.empty()) {
-        place = path_head(report.project) + u"\uFFFE"; // which no folder has for a name
+        place = path_head(report.project) + u"\uFFFE"; // not used by any folder
         memory.create_folder(place);
     }
-    context.placement.new_project_path = place; // the scenes take it for their folder
+    context.placement.new_project_path = place; // the target folder of the scenes
     run_result result = write_files(context, request, place);
     report.problems = host.reading_problems();
     add_scenes(host, place, report);
@@ -144,7 +146,7 @@ int write_scenes(const scenes_request& request, const common_options& options) {
     report.project = context.placement.source_project_path;
     const wide_string folder = as_on_disk(platform::drive_path(request.folder));
     report.folder = folder;
-    // The run writes into the current folder: nothing was resaved before it.
+    // The run writes to the current folder, because no resave has set another one.
     if (!folder.empty())
         if (const platform::outcome entered = platform::set_current_folder(folder); !entered)
             return end_with({not_saved, {{own_kind::not_entered, {}, folder, {}, entered.text()}}}, options);

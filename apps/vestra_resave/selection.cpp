@@ -1,3 +1,4 @@
+// Resolves the names of --only and --deselect to elements and applies them to the selection.
 #include "apps/vestra_resave/selection.h"
 
 #include <algorithm>
@@ -19,10 +20,10 @@ namespace {
 
 struct place {
     const element* found;
-    wide_string holders; // captions of what it is in
+    wide_string holders; // captions of its parents
 };
 
-// True if the text is as the pattern says, in which "*" stands for any characters and "?" for one.
+// True if the text matches the pattern, in which "*" stands for any characters and "?" for one.
 bool fits(wide_view text, wide_view pattern) {
     size_t at = 0, in = 0, star = wide_view::npos, behind = 0;
     while (at < text.size()) {
@@ -41,13 +42,14 @@ bool fits(wide_view text, wide_view pattern) {
     return pattern.find_first_not_of(u'*', in) == wide_view::npos;
 }
 
-// All elements of the project, and those among them that a person means by a name.
+// All elements of the project, for finding those that a name on the command line means.
 class directory {
 public:
     explicit directory(const std::vector<element>& elements) {
         for (const element& each : elements) enter(each, {}, {});
     }
-    // What the name means; nothing, with a line for the person, if that is no element or not a certain one.
+    // Returns the elements that the name means. If it fits none, or several, returns nothing and adds a
+    // message.
     std::vector<const element*> find(const std::string& name, std::vector<std::string>& complaints) const;
 
 private:
@@ -75,7 +77,7 @@ void directory::enter(const element& each, const wide_string& holders, const wid
         enter(child, below, each.kind == "group" ? folded(each.caption) : group);
 }
 
-// What a word with a meaning of its own stands for.
+// Returns the elements that a keyword such as "type:" selects.
 std::vector<const element*> directory::matching(const wide_string& word) const {
     const auto listed_in = [&](const auto& rows, wide_view prefix) {
         const auto row = rows.find(word.substr(prefix.size()));
@@ -102,9 +104,9 @@ const element* directory::one_of(const std::string& name, const std::vector<plac
     if (std::ranges::all_of(candidates, [&](const place& other) { return other.found->uuid == first->uuid; }))
         return first;
     complaints.push_back(
-        say("\"%1\" names %2 elements; give the uuid of one", {name, std::to_string(candidates.size())}));
+        say("\"%1\" matches %2 elements; give the uuid of one", {name, std::to_string(candidates.size())}));
     for (const place& candidate : candidates)
-        complaints.push_back(say("\"%1\" can be %2: %3 in %4",
+        complaints.push_back(say("\"%1\" could be %2: %3 in %4",
                                  {name, one_line(candidate.found->uuid), say_known(candidate.found->kind),
                                   one_line(candidate.holders)}));
     return nullptr;
@@ -121,9 +123,9 @@ std::vector<const element*> directory::find(const std::string& name,
     } else {
         found = matching(word);
     }
-    if (found.empty()) complaints.push_back(say("no element is meant by \"%1\"", {name}));
+    if (found.empty()) complaints.push_back(say("no element matches \"%1\"", {name}));
     if (found.empty() || std::ranges::any_of(found, &element::selectable)) return found;
-    complaints.push_back(say("what \"%1\" means cannot be left out, or kept, by itself: %2 \"%3\"",
+    complaints.push_back(say("\"%1\" cannot be left out or kept by itself: %2 \"%3\"",
                              {name, say_known(found.front()->kind), one_line(found.front()->caption)}));
     return {};
 }
@@ -133,7 +135,7 @@ void leave_out(const element& each, selection_register& selection) {
     for (const element& child : each.children) leave_out(child, selection);
 }
 
-// True if the element or anything below it is wanted.
+// True if the element or any of its descendants is wanted.
 bool keep_only(const element& each, const std::unordered_set<const element*>& wanted,
                selection_register& selection) {
     if (wanted.contains(&each)) return true;
@@ -144,7 +146,7 @@ bool keep_only(const element& each, const std::unordered_set<const element*>& wa
     return holds_wanted;
 }
 
-// True if the element, or anything below it, can be left out and is not.
+// True if the element or any of its descendants can be left out and is not.
 bool is_any_selected(const element& each, const selection_register& selection) {
     return (each.selectable && selection.is_selected(each.uuid)) ||
            std::ranges::any_of(each.children,
@@ -175,7 +177,7 @@ std::vector<std::string> apply(const selection_request& request, const std::vect
                                   [&](const element& each) { return is_any_selected(each, selection); })
             : std::ranges::any_of(wanted,
                                   [&](const element* each) { return is_any_selected(*each, selection); });
-    if (!is_any_left) complaints.push_back(say("nothing is left to be resaved"));
+    if (!is_any_left) complaints.push_back(say("no elements are left to resave"));
     return complaints;
 }
 

@@ -1,4 +1,4 @@
-// Which elements a person names on the command line, and what that means for the selection.
+// Element names on the command line and their effect on the selection.
 #pragma once
 
 #include <string>
@@ -9,20 +9,19 @@
 
 namespace vestra::command {
 
-// Each name is the uuid or the caption of one element, or else means all elements that fit: "type:" with a
-// layer type, "group:" with the caption of a group, "missing" for a file that does not exist, or a path or
-// file name in which "*" and "?" stand for any characters and for one. Letter case does not count.
+// Each name is the uuid or caption of one element, or selects all matching elements: "type:" with a layer
+// type, "group:" with the caption of a group, "missing" for elements whose file does not exist, or a path or
+// file name with the wildcards "*" and "?". Letter case is ignored.
 struct selection_request {
-    std::vector<wide_string> left_out =
-        {}; // uuids beside these names; one that no element has is passed over
+    std::vector<wide_string> left_out = {}; // uuids in addition to the names; unknown ones are ignored
     std::vector<std::string> deselect;
     std::vector<std::string> only;
 };
 
-// Leaves out what is not wanted: each element named by `deselect` with all below it; and if `only` names any,
-// everything but those, what is below them and what they are in. Returns a line for each name that fits
-// nothing, more than one element, or nothing that can be left out; and one if nothing is left. Nothing is
-// changed for a wrong name.
+// Applies the request: leaves out each element named by `deselect` with its descendants, and if `only` has
+// names, everything except those, their descendants and their parents. Returns a message for each name that
+// matches nothing, is ambiguous, or matches nothing that can be left out, and one if nothing is left. Changes
+// nothing if a name is wrong.
 std::vector<std::string> apply(const selection_request& request, const std::vector<element>& elements,
                                vs::project_resave::selection_register& selection);
 

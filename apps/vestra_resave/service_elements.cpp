@@ -1,4 +1,4 @@
-// What other bundles keep in a project, and the files that they tell of its elements.
+// Elements that other bundles store in a project, and the files that they report for elements.
 #include <utility>
 
 #include "apps/vestra_resave/elements.h"
@@ -35,7 +35,7 @@ element service_item(const resave_service& service, uint32_t index, bool selecta
     return shown;
 }
 
-// What other bundles keep in the project, under the heading that their service wants.
+// Adds what a bundle stores in the project, under the heading of its service.
 void add_service(std::vector<element>& all, const resave_service& service) {
     const bool selectable = call<&resave_service_impl::shows_in_selection>(service);
     element heading;

@@ -1,3 +1,4 @@
+// Starts the host for one command, loads a project and answers the questions of runs.
 #include "apps/vestra_resave/session.h"
 
 #include <algorithm>
@@ -31,7 +32,7 @@ bool command_questions::add_referenced() {
 
 stop_answer command_questions::on_stop() {
     if (decided_.on_stop) return *decided_.on_stop;
-    const std::string answers = say("yes: erase what was created; no: keep it; cancel: go on");
+    const std::string answers = say("yes: erase created files; no: keep them; cancel: continue");
     switch (person_.yes_no_cancel(load_string(text::erase_created_files) + u"\n" +
                                   platform::from_utf8(answers))) {
     case shell::answer::cancel:
@@ -55,18 +56,19 @@ void command_questions::place_found() {
     if (earlier) earlier->end_placing();
 }
 
-// "//a" is a usual spelling of "/a" where there are no shares.
+// "//a" is a common spelling of "/a" on systems without shares.
 std::optional<refusal> refuse_share(const std::string& typed) {
     const std::string start = typed.substr(0, 2);
     const bool is_share = start == "\\\\" || start == "/\\" || start == "\\/";
     if (!is_share || !platform::native_path(platform::from_utf8(typed)).empty()) return std::nullopt;
-    return refused(
-        {}, say("%1: network shares are unknown on this system; give a folder where it is mounted", {typed}));
+    return refused({}, say("%1: network shares are not supported on this operating system; give the folder "
+                           "where the share is mounted",
+                           {typed}));
 }
 
 namespace {
 
-// Has the load ask whether it is to stop, and shows which part of the project's elements it has opened.
+// Lets the load poll for a stop, and shows the share of elements that have been opened.
 class load_progress {
 public:
     load_progress(shell::front_end& screen, bool shows, std::function<bool()> is_stopped)
@@ -137,7 +139,7 @@ std::optional<refusal> session::load(const std::string& project) {
 
 std::optional<refusal> session::load(const wide_string& path, bool show_wait, bool write_open_log) {
     shell::settings().refused_reads.clear();
-    context_->report.restart({}); // what an earlier run reported has been read
+    context_->report.restart({}); // the reports of earlier runs have been read
     const bool is_loaded = [&] {
         const bool shows_steps = own_ && show_wait && own_->terminal.shows();
         const load_progress shown(screen(), shows_steps, [this] { return interrupted(); });

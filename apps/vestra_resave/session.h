@@ -13,14 +13,14 @@ namespace vestra::command {
 
 class continued_disk;
 
-// Answers given beforehand; nothing means that the person is asked.
+// Answers given by options; no value means that the user is asked.
 struct decided_answers {
     std::optional<bool> add_referenced = std::nullopt;
     std::optional<vs::project_resave::stop_answer> on_stop = std::nullopt;
 };
 
-// What a run asks, answered by the options of the command or by a person at the terminal. The command prints
-// the outcome itself, from the facts of the run, so nothing is shown here.
+// Answers the questions of a run by the options of the command or by asking the user. Nothing is shown here,
+// because the command prints the outcome from the facts of the run.
 class command_questions final : public vs::project_resave::run_questions {
 public:
     // `person` must outlive this object.
@@ -33,13 +33,13 @@ public:
                                                     const std::u16string& proposed) override;
     wide_string kept_place(const wide_string& source, const wide_string& wanted) override;
     void place_found() override;
-    // The process ends with the run.
+    // The process ends after the run.
     bool reopen_source() override { return false; }
     void show_report(const vs::project_resave::run_report&) override {}
     void show_message(int32_t) override {}
     void show_error(int32_t, const wide_string&) override {}
 
-    // What an earlier run made keeps its place; null for nothing. It must outlive the run.
+    // Keeps the paths of copies of an earlier run; can be null. Must outlive the run.
     continued_disk* earlier = nullptr;
 
 private:
@@ -55,27 +55,27 @@ class project_context;
 
 namespace vestra::command {
 
-// Returns why a path that was typed is not used: it is on a share, and the operating system knows none.
+// Returns an error if the path typed is on a share and the operating system has no shares.
 std::optional<refusal> refuse_share(const std::string& typed);
 
-// One run of a command on a project: the host with the bundle in it, and the context on which the bundle
-// works. Starts the host in its constructor and takes it down in its destructor. One at a time.
+// One run of a command on a project: a running host with the bundle, and the bundle's context. The
+// constructor starts the host, the destructor stops it. Only one session can exist at a time.
 class session {
 public:
-    // Loads the bundles of the options beside the one that is linked in.
+    // Also loads the bundles given by the options.
     session(const common_options& options, const decided_answers& answers);
-    // Beside a host with a person before its front end, which outlives this: with a registry of its own, for
-    // services know one project at a time. Only the bundle that is linked in takes part.
+    // For use inside another running host, whose front end must outlive this object. Has its own registry,
+    // because services know one project at a time. Only the linked-in bundle is used.
     session(shell::front_end& person, const decided_answers& answers);
     ~session();
 
-    // Loads a project, by its native or its drive path. Returns why the command ends here: the project could
-    // not be loaded, or the program is to end.
+    // Loads a project by its native or drive path. Returns an error if the project could not be loaded or the
+    // program is to end.
     std::optional<refusal> load(const std::string& project);
     std::optional<refusal> load(const wide_string& path, bool show_wait, bool write_open_log);
-    // What the load found, and then what the last run reported; what both did is there once.
+    // Returns the problems of the load followed by those of the last run, without duplicates.
     std::vector<problem> problems() const;
-    // The same without layer types that nothing resaves, which concern a resave alone, but with the scene
+    // As above without layer types that nothing resaves, which only concern a resave, and with the scene
     // files of maps that could not be read.
     std::vector<problem> reading_problems() const;
 
@@ -83,7 +83,7 @@ public:
     // See command_questions.
     void keep_places(continued_disk* earlier) { questions_.earlier = earlier; }
     shell::front_end& screen() { return screen_; }
-    // Whether Ctrl-C came since the last run ended, or the person at another host wants to stop.
+    // True if Ctrl-C was pressed since the last run ended, or if the user of the other host requested a stop.
     bool interrupted() { return own_ ? own_->terminal.interrupted() : screen_.stop_requested(); }
 
 private:
@@ -100,7 +100,7 @@ private:
         shell::bundle_loader bundles{registry};
     };
 
-    const std::unique_ptr<own_host> own_; // one of the two
+    const std::unique_ptr<own_host> own_; // exactly one of the two exists
     const std::unique_ptr<guest_host> guest_;
     shell::front_end& screen_;
     command_questions questions_;

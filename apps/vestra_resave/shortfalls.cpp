@@ -1,3 +1,4 @@
+// Compares the source project with the new one and reports what is missing or wrong although no step failed.
 #include "apps/vestra_resave/shortfalls.h"
 
 #include <algorithm>
@@ -30,7 +31,7 @@ void source_elements::add(const element& each, const wide_string& list, bool is_
         by_uuid_.emplace(each.uuid, index);
         if (is_each_out) left_out_.insert(each.uuid);
     }
-    // A group is no list: what is in it belongs to the scene.
+    // A group is not a list: its members belong to the scene.
     const wide_string& list_inside = each.kind == "group" ? list : each.caption;
     for (const element& member : each.children) add(member, list_inside, is_each_out, selection);
     rows_[index].end = rows_.size();
@@ -43,10 +44,10 @@ const source_elements::row* source_elements::find(const wide_string& uuid) const
 
 namespace {
 
-// Finds the files that have the name of a copied one, in the same folder. Each folder is listed once.
+// Finds files with the name of a copied one in the same folder. Each folder is listed once.
 class neighbourhood {
 public:
-    // A file of an element is accounted for as such.
+    // Files of elements are accounted for by their elements.
     neighbourhood(const source_elements& source, const resave_report& report) {
         for (const source_elements::row& each : source.rows()) take(each.file);
         for (const auto* files : {&report.copies, &report.files})
@@ -70,7 +71,8 @@ public:
     }
 
 private:
-    // True for the first time. A name that differs from another one in letter case alone is its own file.
+    // Returns true at the first call for a path. If `has_twin`, names that differ only in letter case are
+    // different files.
     bool take(const wide_string& path, bool has_twin = false) {
         const bool is_new = taken_.insert(path_key(path)).second;
         const bool is_new_spelling = spelled_.insert(path_key(path_head(path)) + path_file_name(path)).second;
@@ -78,7 +80,8 @@ private:
     }
 
     listed_folders folders_;
-    // Of what is copied, or was to be, or is reported: path keys, and those with the name as it is spelled.
+    // Files that were copied, should have been copied, or are reported: path keys, and those with exact
+    // names.
     std::unordered_set<wide_string> taken_, spelled_;
     std::unordered_set<wide_string> seen_; // path keys of folder and stem
 };
@@ -92,13 +95,13 @@ void add_left_behind(const source_elements& source, const wide_string& new_proje
 
 wide_string key_of(const wide_string& uuid, const wide_string& path) { return uuid + u'\n' + path_key(path); }
 
-// Sorts what the walk over the new project found: what another problem reports is passed over, and so is the
-// second place in which one element holds one reference.
+// Filters the findings of the check of the new project: skips what another problem reports already and a
+// second occurrence of the same reference in one element.
 class astray_sorter {
 public:
     astray_sorter(const source_elements& source, resave_report& report) : source_(source), report_(report) {
         for (const problem& each : report.problems) {
-            // What was not written is missed by every element, and by the walk itself.
+            // A file that was not written is missed by every element that uses it.
             if (each.kind == name_of(fact_kind::not_written)) known_.insert(key_of({}, each.new_path));
             for (const wide_string& path : {each.path, each.new_path})
                 if (!path.empty()) known_.insert(key_of(each.element.uuid, path));
@@ -122,7 +125,7 @@ public:
     }
 
 private:
-    // The element whose file exists and was not copied, though the element came along.
+    // Returns the element if its file exists but was not copied although the element was.
     const source_elements::row* left_alone(const problem& found) const {
         const source_elements::row* const row = source_.find(found.element.uuid);
         if (!row || row->file.empty() || found.kind == own_kind::unreadable) return nullptr;
@@ -135,8 +138,8 @@ private:
     std::unordered_set<wide_string> copied_; // path keys
 };
 
-// Finds copies that read a file which is not the copy of what their source reads: one that another data set
-// brought under the same name, or that was there before.
+// Finds copies that read a different file than their source does: one that another data set brought under the
+// same name, or that existed before.
 class foreign_files {
 public:
     foreign_files(const path_placement& placement, resave_report& report) : report_(report) {
@@ -179,14 +182,14 @@ private:
         return row == sources_.end() ? nullptr : &row->second;
     }
 
-    // A file with the same stem in the same folder is read by the source as well.
+    // A file with the same stem in the same folder is also read by the source.
     static bool is_next_to(const wide_string& source, const wide_string& other) {
         const wide_string family = path_key(path_head(source) + path_stem(source)) + u'.';
         return path_key(other).starts_with(family) && path_same(path_head(source), path_head(other));
     }
 
-    // The path keys of what the data set names itself or its format knows. Where no format does, files of its
-    // stem pass for members, which nothing reads.
+    // Returns the path keys of the files that the data set refers to or that its format lists. If no format
+    // knows it, files with its stem would be listed as members, but nothing reads them.
     static std::unordered_set<wide_string> files_read_by(const wide_string& path) {
         std::unordered_set<wide_string> keys;
         for (const auto& each : virtual_sources(path)) keys.insert(path_key(each.path));
@@ -208,8 +211,8 @@ void add_uuids(const std::vector<element>& elements, std::unordered_set<wide_str
     }
 }
 
-// Adds each element that the new project does not have, but not what is in it. Those that were left out, or
-// removed as their source is lost, are missed by nobody.
+// Adds each element that is missing in the new project, without its children. Elements that were left out, or
+// removed because their source is lost, are not reported.
 void add_dropped(const source_elements& source, project_context& context, const wide_string& reason,
                  resave_report& report) {
     std::unordered_set<wide_string> excused{wide_string()};
@@ -225,11 +228,11 @@ void add_dropped(const source_elements& source, project_context& context, const 
     }
 }
 
-// The problems of loading the new project, but for those of the source that it still has.
+// Adds problems of loading the new project, except those that are already reported for the source.
 void add_load_problems(const std::vector<problem>& all, resave_report& report) {
     std::unordered_set<wide_string> known;
     for (const problem& each : report.problems) known.insert(key_of(each));
-    for (const problem& each : all) // what cannot be read the walk finds, too
+    for (const problem& each : all) // the check of the references finds these too
         if (each.kind != own_kind::unreadable && !known.contains(key_of(each))) add(report, each);
 }
 
@@ -240,7 +243,7 @@ void add_shortfalls(session& host, const source_elements& source, const resave_r
     project_context& context = host.context();
     const wide_string project = context.placement.new_project_path;
     const wide_string reason = request.settings.structure_variant == folder_per_scene
-                                   ? u"the structure folder-per-scene saves scenes alone"
+                                   ? u"the structure folder-per-scene saves only scenes"
                                    : u"";
     add_left_behind(source, project, report);
     std::vector<placed_file> copies;
@@ -278,8 +281,8 @@ void add_shortfalls(session& host, const source_elements& source, const resave_r
                  {},
                  {},
                  {},
-                 is_verified ? u"the verification was stopped before its end"
-                             : u"the check of the new project was stopped before its end"});
+                 is_verified ? u"the verification was interrupted"
+                             : u"the check of the new project was interrupted"});
     report.exit = stopped;
 }
 

@@ -1,6 +1,5 @@
-// What a finished resave leaves wanting though nothing failed: files that stayed behind, elements that the
-// new project does not have, elements that no rule copies, references that still lead out of it or to
-// nothing.
+// Shortfalls of a finished resave although nothing failed: files that stayed behind, elements missing in the
+// new project, elements that no rule copies, and broken references.
 #pragma once
 
 #include <unordered_map>
@@ -14,23 +13,24 @@
 
 namespace vestra::command {
 
-// The elements of the source project, gathered before the run changes them.
+// The elements of the source project, collected before the run changes them.
 class source_elements {
 public:
+    // One element with its name, its file and the range of its descendants.
     struct row {
         vs::project_resave::element_name name;
         std::string kind;
-        wide_string file; // its path; empty without one, or if it does not exist
-        size_t end = 0;   // the row after the last one of what is in it
+        wide_string file; // empty if it has none or if it does not exist
+        size_t end = 0;   // index after the last descendant
     };
 
     explicit source_elements(vs::project_resave::project_context& context);
 
-    // In the order of the project, each before what is in it.
+    // Returns the elements in the order of the project, parents before children.
     const std::vector<row>& rows() const { return rows_; }
-    // Null for a uuid that no element has.
+    // Returns null if no element has the uuid.
     const row* find(const wide_string& uuid) const;
-    // True for what the user left out, alone or with what it is in.
+    // True for an element that the user left out, itself or with a parent.
     bool is_left_out(const wide_string& uuid) const { return left_out_.contains(uuid); }
 
 private:
@@ -42,8 +42,8 @@ private:
     std::unordered_set<wide_string> left_out_; // uuids
 };
 
-// Adds to the report what the run that has just ended leaves wanting and, if the request asks for it, copies
-// that are not as their sources. Loads the new project, so that what the run left in the session is gone.
+// Adds the shortfalls of the run that has just ended to the report and, if requested, copies that differ from
+// their sources. Loads the new project, which discards the run's state in the session.
 void add_shortfalls(session& host, const source_elements& source, const resave_request& request,
                     resave_report& report);
 

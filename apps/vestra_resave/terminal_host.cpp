@@ -1,3 +1,4 @@
+// Sets up the host for a command: language, drives, front end, bundles and dialogs.
 #include "apps/vestra_resave/terminal_host.h"
 
 #include <cctype>

@@ -1,4 +1,4 @@
-// The host of this program: its services and bundles, and a person at a terminal.
+// The host of this program: its services, bundles and terminal.
 #pragma once
 
 #include <optional>
@@ -16,37 +16,37 @@ namespace vestra::command {
 using vs::project_resave::wide_string;
 using vs::project_resave::wide_view;
 
-// What all commands share.
+// Options of all commands.
 struct common_options {
     std::vector<std::string> drives;  // "C=/folder"
-    std::vector<std::string> bundles; // libraries, by their native or their drive paths
-    std::string language;             // "ru", "en", or empty for the one of the environment
+    std::vector<std::string> bundles; // libraries, as native or drive paths
+    std::string language;             // "ru", "en", or empty for the language of the environment
     bool quiet = false;
     bool json = false;
 };
 
 enum exit_code : int { done = 0, problems = 1, wrong_use = 2, not_saved = 3, stopped = 130 };
 
-// What a host throws that cannot begin: which bundle could not be loaded, and why.
+// Thrown if the host cannot start, because a bundle could not be loaded.
 struct bundle_not_loaded {
     wide_string path;
     wide_string reason;
 };
 
-// One at a time. Its end takes all bundles out.
+// Only one object can exist at a time. The destructor unloads all bundles.
 class terminal_host {
 public:
     // The terminal must outlive the host.
     terminal_host(vs::project_resave::platform::terminal& terminal, const common_options& options);
     ~terminal_host();
 
-    // The bundle that is linked in, those of the options, and one more, by its drive path.
+    // Start the linked-in bundle, load those of the options, or load one by its drive path.
     void start_own_bundle();
     void load_bundles();
     void load(const wide_string& path);
-    // To be called when bundles were added.
+    // Connects dialogs; call it after bundles were added.
     void connect();
-    // The person at the terminal.
+    // Returns the front end of the terminal.
     shell::terminal_front_end& front_end() { return front_end_; }
 
 private:
@@ -59,8 +59,8 @@ private:
     std::optional<toolkit::dialog_connections> dialogs_;
 };
 
-// Shows how far the copying or reading of so many bytes has come, as long as it exists; in a window of its
-// own if there is a caption, else in the one that is open.
+// Shows the progress of copying or reading `total` bytes until the destructor. Opens its own window if there
+// is a caption, otherwise uses the open one.
 class shown_transfer {
 public:
     shown_transfer(shell::front_end& screen, uint64_t total, wide_view caption = {});
@@ -73,16 +73,16 @@ private:
     const bool has_window_;
     vs::project_resave::platform::transfer_watch watch_;
 };
-// Captions of such windows.
+// Captions for such windows.
 wide_view comparing_caption();
 wide_view summing_caption();
 
-// Sets the language, "ru" or "en", or that of the environment if it is empty.
+// Sets the language: "ru" or "en", or that of the environment if empty.
 void speak(const std::string& language);
-// Maps the drives and sets the language; the answer is what is wrong with them, or nothing.
+// Maps the drives and sets the language. Returns an error if a drive is wrong.
 std::optional<std::string> apply(const common_options& options);
 
-// One line on the error output, with the program's name in front.
+// Prints one line with the program name on standard error.
 void complain(const std::string& reason);
 
 } // namespace vestra::command

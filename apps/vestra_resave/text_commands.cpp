@@ -1,3 +1,4 @@
+// The commands `structure` and `check-case`, which write text files.
 #include <algorithm>
 #include <functional>
 #include <iostream>
@@ -25,20 +26,20 @@ namespace {
 
 constexpr const char* standard_output = "-";
 
-// What became of a text that a command writes.
+// The result of writing a text.
 struct written_text {
     int exit = done;
     const char* outcome = "written";
     wide_string project;
-    wide_string path; // empty for the standard output
-    std::string text; // what was written, if it is wanted
+    wide_string path; // empty for standard output
+    std::string text; // the text, if requested
     std::vector<problem> problems;
 
     bool is_whole() const { return exit == done || exit == command::problems; }
     void end(int code, const char* how) { exit = code, outcome = how; }
 };
 
-// Why there was no run, or what became of it.
+// The result of a run, or why there was none.
 struct ended_text {
     std::optional<refusal> early;
     written_text written;
@@ -62,11 +63,11 @@ void judge(const run_result& result, const wide_string& path, bool wants_text, w
     }
 }
 
-// Has `write` write the text file at its path. A text for the standard output goes to a disk in memory, so
-// that there is no file to be removed, and what is printed is whole.
+// Calls `write` with the path of the text file. A text for standard output goes to a disk in memory, so that
+// no temporary file is needed and only a complete text is printed.
 ended_text write_text(const std::string& project, const std::string& text_file, const common_options& options,
                       bool wants_text, const text_writer& write) {
-    session host(options, {.on_stop = stop_answer::erase_created}); // a text is never kept
+    session host(options, {.on_stop = stop_answer::erase_created}); // an incomplete text is never kept
     if (auto early = host.load(project)) return {std::move(early), {}};
     project_context& context = host.context();
     written_text made;
@@ -77,7 +78,7 @@ ended_text write_text(const std::string& project, const std::string& text_file, 
     wide_string path;
     if (is_printed) {
         in_force.emplace(memory);
-        path = path_head(made.project) + u"\uFFFE.txt"; // which no file has for a name
+        path = path_head(made.project) + u"\uFFFE.txt"; // not used by any file
     } else {
         if (auto early = refuse_output(text_file)) return {std::move(early), {}};
         path = made.path = platform::drive_path(text_file);
@@ -89,7 +90,7 @@ ended_text write_text(const std::string& project, const std::string& text_file, 
     return {std::nullopt, std::move(made)};
 }
 
-// Prints what became of it. `text` is what is printed instead of a file.
+// Prints the result. `text` is printed in place of a file.
 int finish(const written_text& made, const common_options& options, const std::string& text,
            const ordered_json& further) {
     print(made.problems);
@@ -111,12 +112,12 @@ int finish(const written_text& made, const common_options& options, const std::s
     return made.exit;
 }
 
-// A path as the project stores it, and as the disk spells it.
+// A path as stored in the project and as spelled on the disk.
 struct case_difference {
     wide_string stored, spelled;
 };
 
-// The report has three lines for each difference, of which the last one is empty.
+// The report has three lines for each difference; the third one is empty.
 std::vector<case_difference> differences_in(const std::string& report) {
     std::vector<case_difference> all;
     for (size_t at = 0; at < report.size();) {
@@ -129,7 +130,7 @@ std::vector<case_difference> differences_in(const std::string& report) {
     return all;
 }
 
-// The standard output has the line ends of the operating system.
+// Standard output has the line ends of the operating system.
 std::string with_plain_ends(const std::string& text) {
     std::string plain;
     for (size_t at = 0; at < text.size(); ++at)
@@ -163,7 +164,7 @@ int check_case(const std::string& project, const std::string& report, const comm
     ordered_json all = ordered_json::array();
     std::string lines;
     for (const auto& [stored, spelled] : differences_in(ended.written.text)) {
-        // The operating system finds both under the same name, so only the second one has its form.
+        // The operating system finds both under the same name, so only the second one is printed in its form.
         lines += one_line(stored) + '\n' + printed(spelled) + "\n\n";
         all.push_back({{"stored", platform::to_utf8(stored)},
                        {"path", platform::to_utf8(spelled)},

@@ -1,3 +1,4 @@
+// The file operations of a trial disk: reads go to the real disk, changes stay in memory.
 #include "apps/vestra_resave/trial_disk.h"
 
 #include <algorithm>
@@ -57,11 +58,11 @@ uint64_t trial_disk::bytes_of(const entry& file) const {
     return file.text ? file.text->size() : real_->file_size(file.source);
 }
 
-// Where a file is in the way, the real disk says what it says of a file that is taken for a folder.
+// If a file is in the way, the error is that of the real disk for using a file as a folder.
 outcome trial_disk::has_folder(const wide_string& path) {
     wide_string folder = folder_of(path);
     if (kind_of(folder) == entry_kind::folder) return {};
-    std::vector<platform::folder_entry> none; // only the reason is wanted
+    std::vector<platform::folder_entry> none; // not used; only the reason is needed
     for (; folder.size() > path_fixed_length(folder); folder = folder_of(folder)) {
         if (kind_of(folder) == entry_kind::none) continue;
         const entry* found = known(folder);
@@ -75,7 +76,7 @@ outcome trial_disk::has_folder(const wide_string& path) {
     return opened ? failure::missing : opened;
 }
 
-// Also where nothing can be opened but the name is taken, by a broken link for one.
+// Also detects a name that is taken although it cannot be opened, such as a broken link.
 outcome trial_disk::is_free(const wide_string& path) {
     const entry* found = known(path);
     wide_string spelling;
@@ -94,7 +95,7 @@ outcome trial_disk::is_readable(const wide_string& path) {
 
 void trial_disk::put(entry made) {
     const wide_string key = path_key(made.path);
-    const auto old = entries_.find(key); // what is replaced keeps its spelling
+    const auto old = entries_.find(key); // an entry that is replaced keeps its spelling
     if (old != entries_.end() && old->second.kind == entry_kind::file) made.path = old->second.path;
     made.number = ++made_;
     inside_[key_of_folder(key)].insert(key);
@@ -192,7 +193,7 @@ bool trial_disk::true_name(const wide_string& folder, const wide_string& name, w
     return true;
 }
 
-// What is kept in memory has no identity on the disk.
+// Files in memory have no identity on the disk.
 platform::file_identity trial_disk::identity_of(const wide_string& path) {
     return known(path) ? platform::file_identity() : real_->identity_of(path);
 }

@@ -1,8 +1,8 @@
-// A disk on which a run can be tried out: it shows what stands on the real one, and keeps in memory what is
-// made, written and removed. So what the run would do is learnt from the run itself, and nothing is changed.
+// A disk for dry runs: it shows the content of the real disk and keeps everything that is created, written
+// and removed in memory. The run itself then shows what it would do, and nothing is changed.
 //
-// What only the attempt can show is not foreseen: a disk that gets full, a folder that may not be written to,
-// a name that the disk does not take.
+// Errors that only a real attempt shows are not predicted: a full disk, a read-only folder, a name that the
+// file system rejects.
 #pragma once
 
 #include <string>
@@ -21,22 +21,20 @@ class trial_disk final : public platform::system {
 public:
     struct made_file {
         wide_string path;
-        wide_string source; // what it is a copy of; empty for one that was written
+        wide_string source; // what it was copied from; empty if it was written
         uint64_t bytes = 0;
     };
-    // The files made so far that have not been removed since, in their order; one that was replaced counts
-    // as made.
+    // Returns the files made so far that were not removed, in order; replaced ones are included.
     std::vector<made_file> made_files() const;
-    // True for one of them.
+    // True if the path is one of them.
     bool has_made(const wide_string& path) const;
 
-    // The disk that is shown; nothing must have been made on this one when it gets another. That one outlives
-    // it.
+    // `below` returns the disk that is shown. `put_above` sets another one, which must outlive this object;
+    // nothing must have been made on this one yet.
     platform::system& below() { return *real_; }
     void put_above(platform::system& below) { real_ = &below; }
 
-    // A file that stands on the real disk can be replaced and removed, but neither renamed nor changed
-    // within.
+    // Files of the real disk can be replaced and removed, but not renamed or modified in place.
     platform::entry_status status_of(const wide_string& path) override;
     platform::outcome copy_file(const wide_string& source, const wide_string& target, bool replace) override;
     platform::outcome delete_file(const wide_string& path) override;
@@ -52,16 +50,16 @@ public:
     void pause_1ms() override { real_->pause_1ms(); }
     platform::outcome flush(const wide_string&) override { return {}; }
     platform::outcome flush_volume(const wide_string&) override { return {}; }
-    // On the real disk; of a folder that is not there yet on the volume where it would be.
+    // Asks the real disk; for a folder that does not exist yet, the volume on which it would be.
     platform::outcome free_space(const wide_string& folder, uint64_t& bytes) override;
 
 private:
     struct entry {
-        platform::entry_kind kind = platform::entry_kind::none; // none: something real that was removed
+        platform::entry_kind kind = platform::entry_kind::none; // none: a real entry that was removed
         wide_string path;
         wide_string source = {};
-        std::shared_ptr<std::string> text = nullptr; // of a file that was written
-        size_t number = 0;                           // in the order of making
+        std::shared_ptr<std::string> text = nullptr; // content of a file that was written
+        size_t number = 0;                           // in the order of creation
     };
 
     const entry* known(const wide_string& path) const;

@@ -1,3 +1,4 @@
+// Checks the references and data sets of a project, its manifest and its copies.
 #include "apps/vestra_resave/verification.h"
 
 #include <algorithm>
@@ -41,7 +42,7 @@ const file_kind* kind_of(const wide_string& path) {
     return found == std::end(file_kinds) ? nullptr : found;
 }
 
-// What could not be read is what holds the references, so it stands for the element, too.
+// The file that could not be read holds the references, so it is reported in place of an element.
 problem unreadable(const char* what, const wide_string& path, const wide_string& reason) {
     return {own_kind::unreadable, {{}, path_file_name(path), {}}, path, {}, reason, what, path};
 }
@@ -51,11 +52,11 @@ wide_string reason_of(const files::file_error& fault) {
                            : u"line " + decimal(static_cast<uint32_t>(fault.line)) + u": " + fault.reason;
 }
 
-// A folder as it would be on another disk: under names that no folder has here, at the same depth. What is
-// still found below it when references are read from there does not depend on the place.
+// The project folder as it would be on another disk: at the same depth, under names that no folder has here.
+// A reference that still resolves into it does not depend on the project's location.
 class other_place {
 public:
-    // For a folder that ends with its separator; with no `moved` the place is the folder itself.
+    // `folder` ends with a separator. If `moved` is false, the place is the folder itself.
     other_place(const wide_string& folder, bool moved) : folder_(folder), place_(folder) {
         if (!moved) return;
         const size_t fixed = path_fixed_length(folder);
@@ -66,12 +67,12 @@ public:
     }
 
     const wide_string& folder() const { return place_; }
-    // The folder there of one that is below the folder here.
+    // Returns the moved path of a folder inside the project folder.
     wide_string there(const wide_string& below) const {
         const wide_string way = path_relative(folder_, below);
         return way.empty() ? place_ : path_with_separator(place_ + way);
     }
-    // The path here of one that was read there.
+    // Returns the actual path for a moved one.
     wide_string here(const wide_string& path) const {
         if (path.starts_with(place_)) return folder_ + path.substr(place_.size());
         wide_string text = path;
@@ -80,11 +81,12 @@ public:
     }
 
 private:
-    static constexpr char16_t mark = u'\uFFFE'; // in no name
+    static constexpr char16_t mark = u'\uFFFE'; // not in any name
     wide_string folder_, place_;
 };
 
-const wide_string depends_on_place = u"it would not be found if the project's folder were on another disk";
+const wide_string depends_on_place =
+    u"it would not be found if the project folder were moved to another disk";
 
 class verifier {
 public:
@@ -112,7 +114,7 @@ private:
         element_name element;
     };
 
-    // After a stop what is left is passed over.
+    // After a stop the rest is skipped.
     bool is_at_end() { return found_.stopped = found_.stopped || is_stopped_(); }
 
     void visit(const element& each, const wide_string& list = {}) {
@@ -124,7 +126,7 @@ private:
         if (seen_.insert(path_key(path)).second) files_.push_back(path);
     }
 
-    // A file that a map layer shows may have any name; it is one of a 2D scene.
+    // A file that a map layer shows can have any name; it is a 2D scene.
     void visit_file(const wide_string& path) {
         file_ = path;
         const file_kind* known = kind_of(path);
@@ -153,7 +155,7 @@ private:
               stays_below, held.is_scene);
     }
 
-    // With `stays_below` the path is not bound to the place where the project is now.
+    // `stays_below`: the path does not depend on the project's location.
     void check(const holder& who, const std::optional<wide_string>& path, bool stays_below, bool is_scene) {
         if (!path || is_at_end()) return;
         ++found_.references;
@@ -164,18 +166,18 @@ private:
         if (!is_scene && !kind_of(*path)) check_data_set(who, *path);
     }
 
-    // True if the file exists below the project's folder; else it is reported.
+    // Returns true if the file exists inside the project folder; otherwise reports it.
     bool report(const holder& who, const wide_string& path, bool exists) {
         const bool is_linked = exists && is_below(path) && walls_.leads_out(path);
         const bool is_outside = !is_below(path) || is_linked;
         if (!is_outside && exists) return true;
         const char* const one = exists ? own_kind::reference_outside : own_kind::reference_missing;
         add(is_outside && !exists ? own_kind::reference_outside_and_missing : one, who, path,
-            is_linked ? u"a link leads there" : u"");
+            is_linked ? u"a link points there" : u"");
         return false;
     }
 
-    // Each once, though several elements may show it.
+    // Each data set is checked once, even if several elements show it.
     void check_data_set(const holder& who, const wide_string& path) {
         if (!data_sets_.insert(path_key(path)).second) return;
         const data_set_files needs = files_of_data_set(path);
@@ -204,9 +206,9 @@ private:
         return platform::current_system().kind_of(path) != platform::entry_kind::none;
     }
 
-    wide_string file_; // in work
+    wide_string file_; // the file being checked
     const wide_string home_, below_;
-    const folder_walls walls_; // of the home
+    const folder_walls walls_; // of home_
     const other_place place_;
     const wide_string below_place_;
     const verify_settings& settings_;
@@ -214,7 +216,7 @@ private:
     verification& found_;
     const files::reference_visitor visitor_ = [this](const held_reference& held) { check(held); };
     std::deque<wide_string> files_;                    // scene and layer files still to be read
-    std::unordered_set<wide_string> seen_, data_sets_; // path keys: of all of them, of those looked at
+    std::unordered_set<wide_string> seen_, data_sets_; // path keys: all of them; those checked
 };
 
 } // namespace
@@ -238,7 +240,7 @@ std::vector<wide_string> files_beside(const project_context& context, verificati
 
 namespace {
 
-// "reference_outside_and_missing" is "outside and missing".
+// Returns "outside and missing" for "reference_outside_and_missing".
 std::string word_of(std::string kind) {
     constexpr std::string_view start = "reference_";
     if (kind.starts_with(start)) kind.erase(0, start.size());

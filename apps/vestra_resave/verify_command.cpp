@@ -1,3 +1,4 @@
+// The command `verify`: loads a project, checks it and prints the findings.
 #include "apps/vestra_resave/commands.h"
 
 #include <algorithm>
@@ -25,7 +26,7 @@ using namespace vs::project_resave;
 
 namespace {
 
-// What the load found and the verification did not find, too.
+// Returns the problems of the load that the verification did not also find.
 std::vector<problem> further(const std::vector<problem>& of_load, const verification& found) {
     std::vector<problem> all;
     for (const problem& each : of_load)
@@ -36,10 +37,10 @@ std::vector<problem> further(const std::vector<problem>& of_load, const verifica
     return all;
 }
 
-// Adds the files of the manifest, and to those that are there already what they were copied from.
+// Adds the files of the manifest, and adds the sources to those already listed.
 void add_manifest(const wide_string& project, std::vector<ended_verify::file>& files) {
     std::vector<earlier_file> entries;
-    if (read_manifest(project, entries)) return; // which was reported when the files were compared
+    if (read_manifest(project, entries)) return; // reported when the files were compared
     std::unordered_map<wide_string, size_t> rows;
     for (size_t index = 0; index < files.size(); ++index) rows.emplace(path_key(files[index].path), index);
     for (earlier_file& each : entries) {
@@ -83,10 +84,16 @@ ended_verify verify_in(session& host, const verify_request& request) {
     return ended;
 }
 
+std::string outcome_text(const ended_verify& ended) {
+    if (ended.found.stopped) return say("stopped");
+    return std::string_view(ended.outcome) == "stands alone" ? say("self-contained")
+                                                             : say("not self-contained");
+}
+
 std::string closing_line(const ended_verify& ended) {
     const verification& found = ended.found;
-    return say("%1: %2, %3 references, %4 astray",
-               {say_known(ended.outcome), printed(found.project), std::to_string(found.references),
+    return say("%1: %2, %3 references, %4 broken",
+               {outcome_text(ended), printed(found.project), std::to_string(found.references),
                 std::to_string(found.astray.size())});
 }
 
@@ -118,7 +125,7 @@ int verify_project(const verify_request& request, const common_options& options)
         for (const std::string& line : lines_of(found)) std::cout << line << '\n';
         std::string line = closing_line(ended);
         if (request.manifest)
-            line = say("%1, %2 not as in the manifest", {line, std::to_string(found.differing.size())});
+            line = say("%1, %2 different from the manifest", {line, std::to_string(found.differing.size())});
         std::cout << line << '\n';
     }
     if (found.stopped) return stopped;

@@ -10,7 +10,7 @@ namespace vestra::command {
 
 namespace {
 
-// What others say: the host, its readers, and the operating system where it speaks English.
+// Texts of the host, its readers, and the operating system in English.
 constexpr text_row words_of_others[] = {
     {"line %1: %2", "строка %1: %2"},
     {"VESTRA_DRIVES: %1", "VESTRA_DRIVES: %1"},
@@ -22,13 +22,13 @@ constexpr text_row words_of_others[] = {
      "диски здесь назначает система, добавить их нельзя: \"%1\""},
     {"expected a letter, \"=\" and an existing folder", "нужны буква, \"=\" и существующая папка"},
     {"no folder is assigned to the drive", "диску не назначена папка"},
-    {"network paths are unknown on this system", "сетевые пути в этой системе неизвестны"},
+    {"network paths are not supported on this operating system", "сетевые пути в этой системе неизвестны"},
     {"the path is empty", "путь пуст"},
     {"there is no such file", "такого файла нет"},
     {"is a folder", "это папка"},
     {"a folder is in the way", "мешает папка"},
     {"not a regular file", "это не обычный файл"},
-    {"is a device, a pipe or a link that leads nowhere", "это устройство, канал или ссылка в никуда"},
+    {"is a device, a pipe or a dangling link", "это устройство, канал или ссылка в никуда"},
     {"the name is not UTF-8", "имя не в UTF-8"},
     {"another program has the file open", "файл открыт другой программой"},
     {"the file changed while it was copied", "файл изменился во время копирования"},
@@ -38,7 +38,7 @@ constexpr text_row words_of_others[] = {
     {"the file is larger than 256 MiB", "файл больше 256 МиБ"},
     {"the file would be larger than 256 MiB", "файл был бы больше 256 МиБ"},
     {"it is larger than 256 MiB", "он больше 256 МиБ"},
-    {"the file is no UTF-8 text", "файл не является текстом UTF-8"},
+    {"the file is not valid UTF-8", "файл не является текстом UTF-8"},
     {"the file is not a DBF table", "файл не является таблицей DBF"},
     {"there is no root element %1", "нет корневого элемента %1"},
     {"unknown element %1 in %2", "неизвестный элемент %1 в %2"},
@@ -52,14 +52,14 @@ constexpr text_row words_of_others[] = {
     {"a dry run cannot rename a file of the real disk", "пробный запуск не переименовывает настоящие файлы"},
     {"a dry run cannot change a file of the real disk", "пробный запуск не меняет настоящие файлы"},
     {"the bundle is loaded already", "модуль уже загружен"},
-    {"the library is no bundle", "библиотека не является модулем"},
-    {"the library hands out no bundle", "библиотека не выдает модуль"},
+    {"the library is not a bundle", "библиотека не является модулем"},
+    {"the library returned no bundle", "библиотека не выдает модуль"},
     {"no such file", "такого файла нет"},
     {"it is outside the new project's folder", "он вне папки нового проекта"},
     {"it was there before the bundle copied", "он существовал до копирования модулем"},
     {"the bundle that owns the element gave an impossible count",
      "модуль, которому принадлежит элемент, назвал невозможное число"},
-    {"the name of a device or a stream, or no path at all", "имя устройства или потока либо вовсе не путь"},
+    {"the name of a device or a stream, or not a path", "имя устройства или потока либо вовсе не путь"},
     {"the path has a zero character", "в пути есть нулевой символ"},
     {"the current folder is gone", "текущая папка исчезла"},
     {"two elements have the uuid %1", "у двух элементов один uuid: %1"},
@@ -67,27 +67,30 @@ constexpr text_row words_of_others[] = {
     {"attribute %1 of element %2 is %3, not %4", "атрибут %1 элемента %2: %3, а нужно: %4"},
     {"element %1 has the unknown attribute %2", "у элемента %1 неизвестный атрибут %2"},
     {"bad XML: %1", "неправильный XML: %1"},
-    {"something else than one root element %1", "есть что-то, кроме корневого элемента %1"},
+    {"expected exactly one root element, %1", "нужен ровно один корневой элемент, %1"},
     {"the root element is %1, not %2", "корневой элемент %1, а не %2"},
-    {"the version is %1, known is only %2", "версия %1, а известна только %2"},
+    {"unsupported version %1; only %2 is supported", "версия %1 не поддерживается, только %2"},
+    {"layer index %1 is out of range: the scene has %2 layers",
+     "номер слоя %1 вне допустимых: слоев в сцене: %2"},
     {"element %1 lacks an element %2", "в элементе %1 нет элемента %2"},
     {"elements are nested more than 64 deep", "элементы вложены глубже 64 уровней"},
-    {"text inside of element %1", "текст внутри элемента %1"},
+    {"text inside element %1", "текст внутри элемента %1"},
     {"a second element %1 in %2", "второй элемент %1 в %2"},
-    {"the tuples have more than 16777216 elements in all", "в кортежах больше 16777216 элементов"},
-    {"an item outside of a tuple", "элемент кортежа вне кортежа"},
+    {"the tuples have more than 16777216 elements in total", "в кортежах больше 16777216 элементов"},
+    {"an item outside a tuple", "элемент кортежа вне кортежа"},
     {"the first line is not \"TOS 1\"", "первая строка не \"TOS 1\""},
-    {"the line begins with none of the words property, member and data",
+    {"the line does not begin with property, member or data",
      "строка не начинается ни с одного из слов property, member, data"},
-    {"behind the word and one blank stands no text that is free of blanks at both ends",
+    {"expected one space and then a value without leading or trailing spaces",
      "после слова и одного пробела нет текста без пробелов по краям"},
     {"the text is not UTF-8", "текст не в UTF-8"},
     {"properties come first, then members, then data", "сначала идут property, затем member, затем data"},
     {"the path of the member is not relative", "путь файла member не относительный"},
-    {"a piece of the member's path is empty", "часть пути файла member пуста"},
-    {"the member is named twice, or is the file itself", "файл member назван дважды или это сам файл"},
+    {"a part of the member's path is empty", "часть пути файла member пуста"},
+    {"the member is listed twice or is the file itself", "файл member назван дважды или это сам файл"},
     {"a value is neither a decimal number nor \"-\"", "значение не десятичное число и не \"-\""},
-    {"the record has not one value for each property", "в записи не по одному значению на каждое property"},
+    {"the record does not have one value for each property",
+     "в записи не по одному значению на каждое property"},
     {"unknown reason", "причина неизвестна"},
     {"No such file or directory", "нет такого файла или папки"},
     {"Permission denied", "доступ запрещен"},
@@ -121,8 +124,8 @@ std::string filled(std::string_view text, const std::vector<std::string>& parts)
     return all;
 }
 
-// Returns what stands in the places of a pattern, which are in ascending order; nothing if the text is
-// another one.
+// Returns the parts of `text` at the placeholders of the pattern, which are in ascending order; nothing if
+// the text does not match.
 std::optional<std::vector<std::string>> parts_in(std::string_view text, std::string_view pattern) {
     std::vector<std::string> parts;
     for (size_t place; (place = pattern.find('%')) != std::string_view::npos;) {

@@ -1,5 +1,5 @@
-// What the command says in its own words, in the language of the host's settings. JSON keys and the names of
-// problems are not said: they stay English.
+// The texts of the command in the language of the host's settings. JSON keys and names of problem kinds are
+// not translated.
 #pragma once
 
 #include <initializer_list>
@@ -9,7 +9,7 @@
 
 namespace vestra::command {
 
-// "%1" to "%9" stand for what differs from one use to the next. No text depends on a number's plural form.
+// "%1" to "%9" are placeholders. No text depends on the plural form of a number.
 struct text_row {
     std::string_view english, russian;
 };
@@ -17,10 +17,10 @@ inline constexpr text_row all_texts[] = {
 #include "apps/vestra_resave/words_table.inc"
 };
 
-// One of these texts, by its English form. Another one does not compile.
+// One of these texts, chosen by its English form; any other text does not compile.
 class sentence {
 public:
-    constexpr sentence() = default; // says nothing
+    constexpr sentence() = default; // empty text
     // NOLINTNEXTLINE(google-explicit-constructor): a text stands for itself
     consteval sentence(const char* english) : row_(std::begin(all_texts)) {
         while (row_->english != english) ++row_;
@@ -31,10 +31,10 @@ private:
     const text_row* row_ = nullptr;
 };
 
-// Returns the text with the parts in their places.
+// Returns the text with the parts inserted.
 std::string say(sentence text, std::initializer_list<std::string> parts = {});
-// Returns the text with this English form in the current language. Words of others, such as the operating
-// system's reasons, are translated if they are known, and else returned as they are.
+// Returns the text with this English form in the current language. Texts of others, such as the operating
+// system's reasons, are translated if known and otherwise returned unchanged.
 std::string say_known(const std::string& english);
 
 } // namespace vestra::command

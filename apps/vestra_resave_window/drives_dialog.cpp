@@ -1,3 +1,4 @@
+// The table of drive letters and folders.
 #include "apps/vestra_resave_window/drives_dialog.h"
 
 #include <QDialogButtonBox>
@@ -19,8 +20,8 @@ using qt::said;
 drives_dialog::drives_dialog(const std::vector<stored_settings::drive>& drives, QWidget* parent)
     : QDialog(parent), table_(new QTableWidget(0, 2, this)) {
     setWindowTitle(said("Drive letters", "Буквы дисков"));
-    auto* const words = new QLabel(said("Projects name their files as C:\\data\\roads.shp. "
-                                        "Here a folder of this computer becomes a drive.",
+    auto* const words = new QLabel(said("Projects refer to their files by paths such as C:\\data\\roads.shp. "
+                                        "Map a drive letter to a folder of this computer here.",
                                         "Проекты называют свои файлы как C:\\data\\roads.shp. "
                                         "Здесь папка этого компьютера становится диском."),
                                    this);

@@ -1,4 +1,4 @@
-// The page on which drive letters get their folders.
+// The dialog that maps drive letters to folders.
 #pragma once
 
 #include <QDialog>
@@ -13,9 +13,9 @@ class drives_dialog final : public QDialog {
 public:
     drives_dialog(const std::vector<stored_settings::drive>& drives, QWidget* parent);
 
-    // As they stand in the table, without empty rows.
+    // Returns the rows of the table without empty ones.
     std::vector<stored_settings::drive> drives() const;
-    // Says what is wrong and stays if a row lacks its letter or its folder.
+    // Shows an error and stays open if a row has no letter or no folder.
     void accept() override;
 
 private:

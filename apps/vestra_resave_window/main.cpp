@@ -1,3 +1,4 @@
+// The entry point of the window: parses the options, maps the drives and starts Qt.
 #include <CLI/CLI.hpp>
 #include <QApplication>
 #include <cstdlib>
@@ -22,13 +23,13 @@ struct command_line {
 };
 
 [[noreturn]] void end_without_display() {
-    std::cerr
-        << "vestra-resave-window: there is no display to show a window on. DISPLAY or WAYLAND_DISPLAY names "
-           "one; without a screen use vestra-resave, or vestra-resave panel.\n";
+    std::cerr << "vestra-resave-window: no display: set DISPLAY or WAYLAND_DISPLAY; without a screen use "
+                 "vestra-resave "
+                 "or vestra-resave panel\n";
     std::_Exit(2);
 }
 
-// Qt ends the program by a signal where it finds no display.
+// Qt aborts the program if it finds no display.
 void on_message(QtMsgType type, const QMessageLogContext&, const QString& text) {
     if (type == QtFatalMsg) {
         if (!QCoreApplication::instance() || QCoreApplication::startingUp()) end_without_display();
@@ -47,21 +48,21 @@ bool has_display() {
 }
 
 std::optional<int> parse(int argc, char** argv, command_line& line) {
-    CLI::App app("Copies mapping projects with all their files to a new place, in a window.",
+    CLI::App app("Copy mapping projects with all their files to a new place, in a window",
                  "vestra-resave-window");
     command::add_pages(app);
-    app.add_option("PROJECT", line.project, "Project file to open, by its native path or as C:\\...");
-    app.add_option("--drive", line.drives, "Map a drive letter to a folder, as C=/data/c; repeatable")
+    app.add_option("PROJECT", line.project, "Project file to open, as a native path or as C:\\...");
+    app.add_option("--drive", line.drives, "Map a drive letter to a folder, such as C=/data/c (repeatable)")
         ->type_name("X=FOLDER")
         ->allow_extra_args(false);
-    app.add_option("--bundle", line.bundles, "Load this bundle, too; repeatable")
+    app.add_option("--bundle", line.bundles, "Load an additional bundle (repeatable)")
         ->type_name("FILE")
         ->allow_extra_args(false);
-    app.add_option("--language", line.language, "Language of the window, from now on")
+    app.add_option("--language", line.language, "Set the language of the window, now and for later runs")
         ->check(CLI::IsMember({"ru", "en"}));
     std::vector<std::string> arguments = platform::program_arguments(argc, argv);
     try {
-        std::ranges::reverse(arguments); // taken from the end
+        std::ranges::reverse(arguments); // the parser takes them from the end
         app.parse(std::move(arguments));
     } catch (const CLI::ParseError& error) {
         return error.get_exit_code() == 0 ? app.exit(error) : (app.exit(error), 2);
@@ -69,10 +70,10 @@ std::optional<int> parse(int argc, char** argv, command_line& line) {
     return std::nullopt;
 }
 
-// Those that are remembered, and over them those of the command line. Returns what is wrong with the latter.
+// Maps the stored drives and then those of the command line. Returns an error for a wrong one of the latter.
 std::optional<std::string> map_all_drives(const window::stored_settings& stored,
                                           const std::vector<std::string>& drives) {
-    window::map_drives(stored.drives()); // a folder that is gone is no reason to stop
+    window::map_drives(stored.drives()); // a stored folder that no longer exists is ignored
     std::string reason;
     for (const std::string& each : drives)
         if (!platform::add_drive(each, reason)) return command::say_known(reason);
@@ -108,9 +109,9 @@ int main(int argc, char** argv) {
     if (const auto end = parse(argc, argv, line)) return *end;
     if (!has_display()) end_without_display();
     qInstallMessageHandler(&on_message);
-    int qt_argc = 1; // the arguments are the program's own
+    int qt_argc = 1; // the arguments are not for Qt
     const QApplication application(qt_argc, argv);
-    QGuiApplication::setDesktopFileName("vestra-resave-window"); // by which a desktop finds name and icon
+    QGuiApplication::setDesktopFileName("vestra-resave-window"); // the desktop finds the name and icon by it
     QGuiApplication::setWindowIcon(QIcon::fromTheme("vestra-resave-window"));
     const int end = show_window(line);
     if (const std::size_t left = living_objects()) {

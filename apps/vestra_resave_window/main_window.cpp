@@ -1,3 +1,4 @@
+// The main window: opens the tool, runs it, and shows the results.
 #include "apps/vestra_resave_window/main_window.h"
 
 #include <QCloseEvent>
@@ -31,10 +32,10 @@ namespace {
 constexpr const char16_t* tool_id = u"vestra/app/project_resave_app";
 constexpr const char16_t* tool_library = u"vsk_project_resave_bdl";
 
-// So many are shown by themselves, fewer by the elements they belong to.
+// From this size on, progress is shown by bytes instead of elements.
 constexpr std::uint64_t many_bytes = std::uint64_t{16} << 20;
 
-// The one project among what is dragged; empty for anything else.
+// Returns the path of a single dragged project; empty for anything else.
 QString project_in(const QMimeData& dragged) {
     const QList<QUrl> files = dragged.urls();
     if (files.size() != 1 || !files.front().isLocalFile()) return {};
@@ -42,7 +43,7 @@ QString project_in(const QMimeData& dragged) {
     return path.endsWith(QStringLiteral("._vp"), Qt::CaseInsensitive) ? path : QString();
 }
 
-// After a move the other program would remove the file.
+// Accepts the drop as a copy, because after a move the other program would remove the file.
 bool take_as_copy(QDropEvent& event) {
     const Qt::DropAction taken = event.possibleActions() & Qt::CopyAction ? Qt::CopyAction : Qt::LinkAction;
     if (!(event.possibleActions() & taken)) return false;
@@ -55,7 +56,7 @@ QString native(const wide_string& path) { return QString::fromStdString(platform
 
 } // namespace
 
-// Services, bundles and dialogs, from a language to the next.
+// Services, bundles and dialogs, which are recreated when the language changes.
 struct main_window::host {
     explicit host(QWidget& window) : dialogs(window) { layer_types.add_to(registry); }
     ~host() {
@@ -88,7 +89,7 @@ main_window::main_window(stored_settings& stored, std::vector<wide_string> bundl
     front_end_.words_of_reason = [](wide_view reason) {
         return QString::fromStdString(command::say_known(platform::to_utf8(reason)));
     };
-    closer_.setSingleShot(true); // the event that closes the window has to end first
+    closer_.setSingleShot(true); // runs after the event that closes the window
     connect(&closer_, &QTimer::timeout, this, [this] { close(); });
     setAcceptDrops(true);
     shell::settings().language_offset = stored_.language() == "ru" ? 0 : 50000;
@@ -105,7 +106,7 @@ void main_window::start() {
     for (const wide_string& each : bundles_) host_->load(each);
     host_->connect();
     tool_ = std::make_unique<toolkit::app_window>(tool_id);
-    if (!tool_->is_open()) { // none of these offers it
+    if (!tool_->is_open()) { // no bundle offers the tool
         tool_.reset();
         host_->load(platform::installed_library(tool_library));
         host_->connect();
@@ -160,14 +161,15 @@ void main_window::run(const std::function<void()>& press) {
         work([&] { show_results(outcome_of_run(*record, front_end_)); });
 }
 
-// The first tab of the tool is the one that writes a project.
+// The first tab of the tool is the one that resaves.
 bool main_window::resaves() const {
     const toolkit::element_view shown = tool_->look();
     const toolkit::element_view* const tabs = toolkit::find(shown, u"tab_layout");
     return !tabs || tabs->current == 0;
 }
 
-// The tool replaces what is there, as its users know it; a typed path was confirmed by no file dialog.
+// Kept as users know it: the tool replaces an existing project. A typed path was confirmed by no file dialog,
+// so the window asks.
 bool main_window::may_replace(const wide_string& target) {
     return front_end_.confirms(
         entered(said("This project exists already. Replace it?", "Такой проект уже есть. Заменить его?") +
@@ -214,7 +216,7 @@ void main_window::bring_up_results() {
 
 void main_window::set_language(const QString& language) {
     stored_.set_language(language);
-    results_->forget(); // they are in the other language
+    results_->forget(); // their texts are in the old language
     open_anew([&] { shell::settings().language_offset = language == "ru" ? 0 : 50000; });
 }
 
@@ -229,7 +231,7 @@ void main_window::map_anew(const std::vector<stored_settings::drive>& drives) {
     if (!wrong.isEmpty()) front_end_.error(entered(wrong.join(u'\n')));
 }
 
-// The library takes words and drives as it finds them when it is loaded.
+// The library reads language and drives when it is loaded.
 void main_window::open_anew(const std::function<void()>& change) try {
     const toolkit::element_view before = tool_->look();
     const std::optional<tool_record> settings = settings_of(tool_->service());
@@ -239,7 +241,7 @@ void main_window::open_anew(const std::function<void()>& change) try {
     translate();
     copy_choices(before, tool_->look());
     if (settings) view_->widgets().send([&] { leave_out(tool_->service(), settings->left_out); });
-} catch (const no_tool& failure) { // its library was taken away meanwhile
+} catch (const no_tool& failure) { // its library was removed in the meantime
     front_end_.error(platform::from_utf8(failure.reason));
     QCoreApplication::exit(2);
 }
@@ -263,7 +265,7 @@ void main_window::dragMoveEvent(QDragMoveEvent* event) {
 void main_window::dropEvent(QDropEvent* event) {
     const QString project = project_in(*event->mimeData());
     if (is_at_work() || project.isEmpty() || !take_as_copy(*event)) return;
-    // Later: boxes would hold up the program that the file comes from.
+    // Queued, because message boxes would block the program that the file was dragged from.
     QTimer::singleShot(0, this, [this, project] {
         if (!is_at_work()) open_project(platform::drive_path(project.toStdString()));
     });

@@ -1,4 +1,4 @@
-// The window of the tool: its panel, what came of its runs, and what a desktop program has beside that.
+// The main window: the tool's panel, the results of runs, and the usual parts of a desktop program.
 #pragma once
 
 #include <QMainWindow>
@@ -20,28 +20,28 @@ namespace vestra::window {
 class outcome_view;
 struct run_outcome;
 
-// What a window cannot begin without: the tool of the bundle. Says why it is not there.
+// Thrown if the tool of the bundle is not available; `reason` says why.
 struct no_tool {
     std::string reason;
 };
 
-// Starts the host with the bundles and opens the tool; takes all of it down at its end. One at a time.
+// Starts the host with the bundles and opens the tool; the destructor stops everything. Only one can exist.
 class main_window final : public QMainWindow {
 public:
-    // The bundles are libraries by their drive paths. The tool is that of one of them, or else of the library
-    // beside the program. Throws no_tool.
+    // `bundles` are drive paths of libraries. Opens the tool of one of them, otherwise that of the library
+    // next to the program. Throws no_tool.
     main_window(stored_settings& stored, std::vector<wide_string> bundles);
     ~main_window() override;
 
-    // Loads a project by way of the tool's first field. False if it was not taken; the person was told why.
+    // Loads a project through the tool's first field. Returns false if it was rejected; the user has seen the
+    // reason.
     bool open_project(const wide_string& project);
-    // Both open the tool anew, on the same project, with the same choices and ticks. The language is "ru" or
-    // "en".
+    // Both reopen the tool with the same project, choices and check marks. The language is "ru" or "en".
     void set_language(const QString& language);
     void set_drives(const std::vector<stored_settings::drive>& drives);
-    // Shows what a run would do, which is done on no disk.
+    // Shows what a run would do, without writing anything.
     void try_it();
-    // Shows whether a project needs anything outside of its folder.
+    // Shows whether a project needs anything outside its folder.
     void check(const wide_string& project);
 
     qt::tool_view& tool() { return *view_; }
@@ -49,9 +49,9 @@ public:
     outcome_view& results() { return *results_; }
 
 protected:
-    // While something is under way the window closes after it has been stopped.
+    // If an operation is running, stops it and then closes the window.
     void closeEvent(QCloseEvent* event) override;
-    // The file of one project is taken.
+    // Accepts one project file.
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dragMoveEvent(QDragMoveEvent* event) override;
     void dropEvent(QDropEvent* event) override;
@@ -66,23 +66,23 @@ private:
     bool resaves() const;
     bool may_replace(const wide_string& target);
     void map_anew(const std::vector<stored_settings::drive>& drives);
-    // Work of the window's own, which nothing gets into the way of.
+    // Runs an operation of the window that blocks all others.
     void work(const std::function<void()>& operation);
     void end_of_work();
     void show_results(run_outcome outcome);
     void bring_up_results();
-    // Makes menus and tools in the language that is in force now.
+    // Creates menus and tools in the current language.
     void translate();
     void choose_project();
     void choose_project_to_check();
     void choose_drives();
-    // Enters what stood in the window before it was opened anew.
+    // Restores the state of the window from before it was reopened.
     void copy_choices(const toolkit::element_view& from, const toolkit::element_view& to);
     void fill_project_menu(QMenu& menu);
     void fill_results_menu(QMenu& menu);
     void fill_language_menu(QMenu& menu);
     void fill_recent(QMenu& menu);
-    // Takes no other event while a run or a load shows how far it is.
+    // Blocks other events while a run or load shows its progress.
     void set_busy(bool on);
     bool is_at_work() const;
 
@@ -93,10 +93,10 @@ private:
     std::unique_ptr<host> host_;
     std::unique_ptr<toolkit::app_window> tool_;
     qt::tool_view* view_ = nullptr;   // the central widget
-    outcome_view* results_ = nullptr; // a window of its own above this one
+    outcome_view* results_ = nullptr; // a separate window above this one
     QToolBar* tools_ = nullptr;
     QTimer closer_;
-    QTranslator words_of_qt_; // of dialogs and menus that are Qt's own
+    QTranslator words_of_qt_; // for Qt's own dialogs and menus
     bool works_ = false, closes_ = false;
 };
 

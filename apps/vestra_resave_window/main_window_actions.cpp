@@ -1,4 +1,4 @@
-// Menus and tools of the window, and what they ask for.
+// The menus and tools of the window and their actions.
 #include <QAction>
 #include <QActionGroup>
 #include <QCoreApplication>
@@ -58,11 +58,11 @@ void main_window::fill_project_menu(QMenu& menu) {
 void main_window::fill_results_menu(QMenu& menu) {
     QAction* const tries = menu.addAction(said("&Try it", "&Попробовать"), this, [this] { try_it(); });
     tries->setShortcut(Qt::CTRL | Qt::Key_T);
-    tries->setToolTip(said("Shows what Run would do, and writes nothing",
+    tries->setToolTip(said("Show what Run would do, without writing anything",
                            "Показывает, что сделает пересохранение, и ничего не записывает"));
     QAction* const checks = menu.addAction(said("&Check a project…", "Про&верить проект…"), this,
                                            [this] { choose_project_to_check(); });
-    checks->setToolTip(said("Looks whether a project needs anything outside of its folder",
+    checks->setToolTip(said("Check whether a project needs anything outside its folder",
                             "Проверяет, нужно ли проекту что-нибудь вне его папки"));
     menu.addSeparator();
     QAction* const shows =
@@ -79,7 +79,7 @@ void main_window::fill_language_menu(QMenu& menu) {
         each->setCheckable(true);
         each->setChecked(is_shown);
         languages->addAction(each);
-        // Later, for the menu that this comes from is made anew.
+        // Queued, because the menu that triggers this is recreated.
         const auto change = [this, code] { set_language(code); };
         connect(each, &QAction::triggered, this, change, Qt::QueuedConnection);
     };
@@ -121,13 +121,13 @@ void main_window::choose_drives() {
     const auto has = [](const auto& all, const auto& each) {
         return std::ranges::find(all, each) != all.end();
     };
-    // What the command line or the environment says counts for this time.
+    // Drives of the command line or environment are not stored.
     std::erase_if(kept, [&](const auto& each) { return has(now, each) && !has(stored, each); });
     stored_.set_drives(kept);
     if (dialog.drives() != now) map_anew(dialog.drives());
 }
 
-// The trees are congruent: what a window is built of is the same in every language.
+// Both trees have the same structure, because a window is built in the same way in every language.
 void main_window::copy_choices(const element_view& from, const element_view& to) {
     view_->widgets().send([&] {
         if (from.kind == u"file_input" && !from.text.empty()) toolkit::enter_text(to, from.text);

@@ -1,3 +1,4 @@
+// The result table: texts, sorting and filtering.
 #include "apps/vestra_resave_window/outcome_model.h"
 
 #include <QApplication>
@@ -47,13 +48,13 @@ QString text(const outcome_row& row, int column) {
     }
 }
 
-// Without what separates columns and rows.
+// Replaces the characters that separate columns and rows.
 QString on_one_line(QString text) {
     for (const char16_t each : {u'\t', u'\n', u'\r'}) text.replace(each, u' ');
     return text;
 }
 
-// As it is, on one line: a tool tip takes what looks like tags for tags.
+// Escapes text for a tool tip, which would interpret tags.
 QString tool_tip(const QString& text) {
     return text.isEmpty() ? text : "<p style='white-space:pre'>" + text.toHtmlEscaped() + "</p>";
 }
@@ -126,7 +127,7 @@ void shown_outcome::set_only_problems(bool on) {
     invalidateFilter();
 }
 
-// Asks the rows themselves: an index and a variant for each cell make a long table slow to filter.
+// Uses the rows directly: an index and a variant for each cell would make filtering a long table slow.
 bool shown_outcome::filterAcceptsRow(int row, const QModelIndex&) const {
     const outcome_row& asked = static_cast<const outcome_model*>(sourceModel())->row(row);
     if (only_problems_ && !asked.is_problem) return false;

@@ -1,4 +1,4 @@
-// The rows of an outcome as a table, and which of them are shown.
+// The rows of a result as a table model, and a filter for it.
 #pragma once
 
 #include <QAbstractTableModel>
@@ -11,18 +11,20 @@
 
 namespace vestra::window {
 
+// The table model of a result.
 class outcome_model final : public QAbstractTableModel {
 public:
     enum column { element_column, source_column, target_column, size_column, state_column, reason_column };
     static constexpr int columns = reason_column + 1;
-    static constexpr int problem_role = Qt::UserRole; // whether it is one
+    static constexpr int problem_role = Qt::UserRole; // true if the row is a problem
     static constexpr int sort_role = Qt::UserRole + 1;
-    static constexpr int path_role = Qt::UserRole + 2; // the text of a column as it is
+    static constexpr int path_role = Qt::UserRole + 2; // the full text of a column
 
     using QAbstractTableModel::QAbstractTableModel;
 
+    // Replaces all rows.
     void put(std::vector<outcome_row> rows);
-    // Says its heads anew, after the language has changed.
+    // Updates the column headings after the language has changed.
     void translate();
 
     const outcome_row& row(int index) const { return rows_.at(static_cast<std::size_t>(index)); }
@@ -37,8 +39,8 @@ private:
     std::vector<outcome_row> rows_;
 };
 
-// Rows that have each word in some column and, if wanted, problems alone. Sorted as people of the language
-// do, numbers by their value.
+// Shows rows that contain each word in some column and, if requested, only problems. Texts are sorted by the
+// rules of the language, numbers by value.
 class shown_outcome final : public QSortFilterProxyModel {
 public:
     explicit shown_outcome(QObject* parent);

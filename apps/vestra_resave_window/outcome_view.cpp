@@ -1,3 +1,4 @@
+// The result window: table, filter, summary and buttons.
 #include "apps/vestra_resave_window/outcome_view.h"
 
 #include <QCheckBox>
@@ -30,14 +31,14 @@ using qt::said;
 
 namespace {
 
-// The nearest folder above a file that exists, or is asked for to be.
+// Returns the nearest existing parent folder of a path.
 QString folder_above(const QString& path) {
     QString folder = QFileInfo(path).absolutePath();
     while (!QFileInfo::exists(folder) && !QDir(folder).isRoot()) folder = QFileInfo(folder).absolutePath();
     return folder;
 }
 
-// A path is known by its ends.
+// Paths are elided in the middle, because both ends are informative.
 class path_delegate final : public QStyledItemDelegate {
 public:
     using QStyledItemDelegate::QStyledItemDelegate;
@@ -76,7 +77,8 @@ outcome_view::outcome_view(QWidget* parent)
     shown_->setSortRole(outcome_model::sort_role);
     table_->setModel(shown_);
     table_->setSortingEnabled(true);
-    table_->horizontalHeader()->setSortIndicatorClearable(true); // a third click: as the run had them
+    // A third click restores the order of the run.
+    table_->horizontalHeader()->setSortIndicatorClearable(true);
     table_->setSelectionBehavior(QAbstractItemView::SelectRows);
     table_->setTabKeyNavigation(false);
     table_->verticalHeader()->hide();
@@ -111,7 +113,7 @@ void outcome_view::translate() {
     filter_->setAccessibleName(filter_->placeholderText());
     only_problems_->setText(said("Problems only", "Только проблемы"));
     copy_->setText(said("Copy", "Копировать"));
-    copy_->setToolTip(said("Copies the selected rows, or all that are shown",
+    copy_->setToolTip(said("Copy the selected rows, or all visible rows",
                            "Копирует выделенные строки или все, что показаны"));
     open_->setText(said("Open folder", "Открыть папку"));
     table_->setAccessibleName(said("Results", "Результаты"));
@@ -127,13 +129,13 @@ void outcome_view::show_outcome(run_outcome outcome) {
     setWindowTitle(outcome.title);
     summary_->setText(outcome.summary);
     rows_->put(std::move(outcome.rows));
-    filter_->clear(); // what was looked for among other rows
+    filter_->clear(); // the filter was for other rows
     only_problems_->setChecked(false);
     table_->sortByColumn(-1, Qt::AscendingOrder);
     open_->setEnabled(false);
     show_count();
     constexpr int widths[outcome_model::columns] = {190, 230, 230, 75, 200, 150};
-    int spare = 0; // of columns that are empty
+    int spare = 0; // width of empty columns
     for (int column = 0; column < outcome_model::columns; ++column) {
         const bool is_filled = rows_->fills(column);
         table_->setColumnHidden(column, !is_filled);
@@ -168,7 +170,7 @@ QString outcome_view::lines() const {
     return all;
 }
 
-// Of the new place; of the source where there is none yet.
+// Opens the folder of the new file, or of the source if there is none yet.
 void outcome_view::open_folder() {
     const int row = table_->currentIndex().row();
     const auto path_in = [&](int column) {

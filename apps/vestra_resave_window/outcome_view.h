@@ -1,4 +1,4 @@
-// The window over what came of a run: a table that can be sorted, filtered and copied, and a line of summary.
+// The window for the result of a run: a table that can be sorted, filtered and copied, and a summary line.
 #pragma once
 
 #include <QWidget>
@@ -22,12 +22,13 @@ public:
     ~outcome_view() override;
 
     void show_outcome(run_outcome outcome);
-    // Is empty again, and not shown.
+    // Clears and hides the window.
     void forget();
-    // Says its own words anew, after the language has changed.
+    // Updates its texts after the language has changed.
     void translate();
 
-    // The selected rows, or all that are shown, as lines with tabs between the columns; the head comes first.
+    // Returns the selected rows, or all visible ones, as lines with tabs between columns, after a heading
+    // line.
     QString lines() const;
     QTableView& table() { return *table_; }
     QLineEdit& filter() { return *filter_; }
@@ -42,7 +43,7 @@ private:
     outcome_model* const rows_;
     shown_outcome* const shown_;
     QLabel* const summary_;
-    QLabel* const count_; // of the rows that are shown
+    QLabel* const count_; // number of visible rows
     QLineEdit* const filter_;
     QCheckBox* const only_problems_;
     QPushButton* const copy_;

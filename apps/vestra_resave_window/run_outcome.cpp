@@ -1,3 +1,4 @@
+// Converts the record of a run, a dry run or a verification to rows.
 #include "apps/vestra_resave_window/run_outcome.h"
 
 #include <algorithm>
@@ -23,7 +24,7 @@ using qt::shown;
 namespace {
 
 QString text(const std::string& utf8) { return QString::fromStdString(utf8); }
-// With the line breaks that a name may have: what is shown goes without them, what is opened does not.
+// Returns the native path. It is shown without line breaks that a name may contain, and opened with them.
 QString native(const wide_string& path) {
     const bool is_plain = std::ranges::none_of(path, [](char16_t each) { return each < u' '; });
     return path.empty() ? QString() : text(is_plain ? printed(path) : native_form(path));
@@ -45,7 +46,7 @@ outcome_row row_of(const problem& found, const names_by_file& names) {
     if (row.element.isEmpty()) row.element = name_shown(names, found.path);
     row.source = native(found.path);
     row.target = native(found.new_path);
-    problem named = found; // the folder has a column of its own
+    problem named = found; // the path has its own column
     named.new_path = path_file_name(found.new_path);
     row.state = text(what_of(named));
     row.reason = text(say_known(platform::to_utf8(found.reason)));
@@ -80,7 +81,7 @@ run_outcome refused_outcome(const QString& title, const refusal& early) {
     return outcome;
 }
 
-// The run as the tool has recorded it, put into a context that has loaded its source.
+// Restores the recorded run in a context that has loaded its source.
 run_result enter(const tool_record& record, project_context& context) {
     for (const wide_string& uuid : record.left_out) context.selection.set_selected(uuid, false);
     context.placement.reset();
@@ -110,7 +111,7 @@ run_outcome outcome_of_run(const tool_record& record, shell::front_end& person) 
     const source_elements source(guest.context());
     const names_by_file names(source);
     resave_report report = report_of(guest.context(), result, record.problems);
-    // What is left out on purpose is missed by nobody.
+    // Elements that the user left out are not reported as missing.
     std::erase_if(report.problems, [&](const problem& each) {
         return each.kind == name_of(fact_kind::type_not_resaved) && source.is_left_out(each.element.uuid);
     });
@@ -119,7 +120,7 @@ run_outcome outcome_of_run(const tool_record& record, shell::front_end& person) 
     run_outcome outcome{title, text(closing_line(report, as_on_disk(record.target))), {}};
     add_problems(report.problems, names, outcome);
     for (const tool_record::file& each : record.made)
-        if (path_exists(each.target)) // after a stop it may have been erased
+        if (path_exists(each.target)) // it may have been erased after a stop
             outcome.rows.push_back(
                 row_of(each.source, each.target, bytes_of(each.target), state_of(each.source), names));
     return outcome;
@@ -135,7 +136,7 @@ run_outcome tried_out(const tool_record& settings, shell::front_end& person) {
     const names_by_file names{source_elements(guest.context())};
     resave_request request = request_of(settings);
     request.settings.rename_on_conflict =
-        true; // where a run would ask for a name, the next free one is shown
+        true; // a name that a run would ask for is shown as the next free one
     const ended_resave ended = resave_in(guest, request, &disk);
     if (ended.early) return refused_outcome(title, *ended.early);
     run_outcome outcome{title, text(say("would be %1", {closing_line(ended.report, ended.target)})), {}};

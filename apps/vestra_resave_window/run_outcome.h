@@ -1,4 +1,4 @@
-// What came of a run, a run that was tried out, or a look at a project, as rows for a person.
+// The result of a run, a dry run or a verification as rows of a table.
 #pragma once
 
 #include <QString>
@@ -11,25 +11,28 @@
 
 namespace vestra::window {
 
+// One file or problem of a result.
 struct outcome_row {
-    QString element;        // with what it is in
-    QString source, target; // as the operating system names them
+    QString element;        // with its list
+    QString source, target; // in the form of the operating system
     std::optional<quint64> bytes;
     QString state, reason;
     bool is_problem = false;
 };
 
+// A result as the window shows it.
 struct run_outcome {
-    QString title;   // which kind of run it was
+    QString title;   // the kind of run
     QString summary; // one line
     std::vector<outcome_row> rows;
 };
 
-// What the tool's last run came to, with what it leaves wanting: both projects are read once more for that.
+// Returns the result of the tool's last run including its shortfalls, for which both projects are loaded
+// again.
 run_outcome outcome_of_run(const tool_record& record, shell::front_end& person);
-// What a run would come to with these settings. Nothing is written; what a run asks is asked.
+// Returns what a run with these settings would do. Writes nothing; questions of the run are asked.
 run_outcome tried_out(const tool_record& settings, shell::front_end& person);
-// Whether a project needs nothing outside of its folder.
+// Returns whether a project needs anything outside its folder.
 run_outcome looked_at(const wide_string& project, shell::front_end& person);
 
 } // namespace vestra::window

@@ -1,3 +1,4 @@
+// Reads and writes the user's settings, and maps the stored drives.
 #include "apps/vestra_resave_window/stored_settings.h"
 
 #include <QLocale>
@@ -12,7 +13,7 @@ namespace platform = vs::project_resave::platform;
 
 namespace {
 
-// As the program was started: loading a library changes the variable.
+// The value at the start of the program, because loading a library changes the variable.
 const QByteArray of_environment = qgetenv("VESTRA_DRIVES");
 
 } // namespace

@@ -1,4 +1,4 @@
-// What the window remembers from one time to the next: language, drives, recent projects, its place.
+// Settings that the window stores: language, drives, recent projects, window position.
 #pragma once
 
 #include <QByteArray>
@@ -10,24 +10,26 @@
 
 namespace vestra::window {
 
-// Kept in the user's own settings; written at once.
+// Stored in the user's settings; written at once.
 class stored_settings {
 public:
     static constexpr int most_recent = 8; // projects
 
-    // "ru" or "en"; at first that of the system.
+    // "ru" or "en"; initially that of the operating system.
     QString language() const;
     void set_language(const QString& language);
 
-    // "C" and its folder.
+    // A letter such as "C", and its folder.
     using drive = std::pair<QString, QString>;
     std::vector<drive> drives() const;
     void set_drives(const std::vector<drive>& drives);
 
-    // Native paths, the last one first.
+    // Native paths, most recent first.
     QStringList recent() const;
+    // Moves the project to the front of the list, and drops the oldest one if there are too many.
     void add_recent(const QString& project);
 
+    // Return and set other values by name, such as the geometry of the window.
     QByteArray value(const QString& name) const { return kept_.value(name).toByteArray(); }
     void set_value(const QString& name, const QByteArray& value) { kept_.setValue(name, value); }
 
@@ -35,10 +37,10 @@ private:
     QSettings kept_{QStringLiteral("vestra"), QStringLiteral("resave-window")};
 };
 
-// Makes these folders the drives of the process, beside those of the environment; a wrong one is passed over.
-// Returns what is wrong with them, a line each.
+// Maps these folders as drives of the process, in addition to those of the environment; wrong ones are
+// skipped. Returns an error line for each of them.
 QStringList map_drives(const std::vector<stored_settings::drive>& drives);
-// What is mapped now, but for the root folder.
+// Returns the current mapping without the root folder.
 std::vector<stored_settings::drive> mapped_drives();
 
 } // namespace vestra::window

@@ -1,3 +1,4 @@
+// Reads the settings and the last run of the tool through its tables.
 #include "apps/vestra_resave_window/tool_record.h"
 
 #include "platform/text.h"
@@ -40,7 +41,7 @@ public:
     tool_record record;
 
 private:
-    fact fact_; // whose element comes next
+    fact fact_; // its element is passed next
 };
 
 template <auto Pass>

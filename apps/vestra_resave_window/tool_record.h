@@ -1,4 +1,4 @@
-// What a tool tells of its settings and of its last run, read over its tables.
+// The settings and the last run that a tool reports, read through its tables.
 #pragma once
 
 #include <map>
@@ -14,6 +14,7 @@ namespace vestra::window {
 
 using vs::project_resave::wide_string;
 
+// Settings and facts of a run, copied from the tool.
 struct tool_record {
     wide_string source, target;
     double kilobytes = 0;
@@ -22,23 +23,23 @@ struct tool_record {
     struct file {
         wide_string source, target;
     };
-    std::vector<file> placed;               // a folder that is copied whole is one of them
-    std::vector<file> made;                 // single files; those without a source the run wrote itself
-    std::vector<command::problem> problems; // and notices
+    std::vector<file> placed;               // a folder that was copied as a whole is one entry
+    std::vector<file> made;                 // single files; those without a source were written by the run
+    std::vector<command::problem> problems; // includes notices
     vs::project_resave::recorded_end end = vs::project_resave::recorded_end::none;
 };
 
-// Both return nothing for a tool that tells nothing.
+// Both return nothing if the tool has no run record.
 std::optional<tool_record> settings_of(const vs::project_resave::custom_app_service& tool);
 std::optional<tool_record> last_run_of(const vs::project_resave::custom_app_service& tool);
-// Unticks elements by their uuids; such a tool keeps all ticks.
+// Deselects elements by their uuids. Does nothing if the tool has no run record.
 void leave_out(const vs::project_resave::custom_app_service& tool, const std::vector<wide_string>& uuids);
-// Null for such a tool.
+// Returns null if the tool has no run record.
 vs::project_resave::run_record record_of(const vs::project_resave::custom_app_service& tool);
-// How many runs have ended; 0 for such a tool.
+// Returns the number of finished runs; 0 if the tool has no run record.
 std::uint32_t runs_of(const vs::project_resave::custom_app_service& tool);
 
-// The resave with the same settings and the same selection. Like the tool it replaces what is at its target.
+// Returns a resave request with the same settings and selection. Like the tool, it replaces the target.
 command::resave_request request_of(const tool_record& record);
 
 } // namespace vestra::window

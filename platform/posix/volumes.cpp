@@ -89,7 +89,7 @@ native_answer volumes::as_asked(const wide_string& drive_path) const {
     const wide_view path = drive_path;
     const bool is_network_path = path.size() > 1 && is_separator(path[0]) && is_separator(path[1]);
     if (path.empty()) return refused(u"the path is empty");
-    if (is_network_path) return refused(u"network paths are unknown on this system");
+    if (is_network_path) return refused(u"network paths are not supported on this operating system");
     if (path.find(u'\0') != wide_view::npos) return refused(u"the path has a zero character");
 
     const std::lock_guard guard(mutex_);

@@ -27,7 +27,7 @@ wide_string full_path(const wide_string& path);
 // own reason.
 inline outcome outcome_at(const wide_string& path, bool succeeded) {
     if (!succeeded && path.empty())
-        return outcome::because(u"the name of a device or a stream, or no path at all");
+        return outcome::because(u"the name of a device or a stream, or not a path");
     return outcome::of_call(succeeded);
 }
 

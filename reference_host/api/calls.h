@@ -1,4 +1,4 @@
-// The bodies of the C functions: each answers zero for a null handle, and nothing thrown leaves it.
+// Helpers for the bodies of the C functions: a null handle gives zero, and no exception leaves a C function.
 #pragma once
 
 #include <memory>
@@ -10,7 +10,7 @@
 
 namespace vestra::api {
 
-// What `function` answers, or zero when it throws.
+// Returns what `function` returns, or zero if it throws.
 template <class Function>
 auto guarded(Function function) noexcept -> decltype(function()) {
     try {
@@ -21,7 +21,7 @@ auto guarded(Function function) noexcept -> decltype(function()) {
     }
 }
 
-// What `function` answers for the object, or zero for a null handle and when it throws.
+// Returns what `function` returns for the object, or zero for a null handle or if it throws.
 template <class Handle, class Function>
 auto on(Handle* handle, Function function) noexcept -> decltype(function(*to_model(handle))) {
     using result = decltype(function(*to_model(handle)));
@@ -29,7 +29,7 @@ auto on(Handle* handle, Function function) noexcept -> decltype(function(*to_mod
     return guarded([&]() -> result { return function(*to_model(handle)); });
 }
 
-// An object that the caller owns from now on; null if it cannot be made.
+// Creates an object that the caller owns. Returns null if it cannot be created.
 template <class Handle, class... Arguments>
 Handle* create(Arguments&&... arguments) noexcept {
     return guarded([&] {
@@ -37,16 +37,18 @@ Handle* create(Arguments&&... arguments) noexcept {
         return to_handle<Handle>(object.release());
     });
 }
+// Destroys the object; does nothing for a null handle.
 template <class Handle>
 void destroy(Handle* handle) noexcept {
     const std::unique_ptr<model_type<Handle>> ending(to_model(handle));
 }
+// Copies `source` to `target`; does nothing if either is null.
 template <class Handle>
 void assign(Handle* target, const Handle* source) noexcept {
     if (source) on(target, [&](auto& object) { object = *to_model(source); });
 }
 
-// Containers. A member at or beyond the count is null, and removing it does nothing.
+// Containers. Returns null for an index at or beyond the count; removing such an index does nothing.
 template <class Container>
 std::uint32_t count_of(Container* container) noexcept {
     return on(container, [](auto& list) { return list.count(); });
@@ -60,20 +62,20 @@ void remove_member(Container* container, std::uint32_t index) noexcept {
     on(container, [&](auto& list) { list.remove(index); });
 }
 
-// Text arguments of the C functions; null counts as empty.
+// Text arguments of the C functions; a null pointer is treated as an empty text.
 inline wide_view text_of(const char16_t* text) { return text ? wide_view(text) : wide_view(); }
 inline std::string_view text_of(const char* text) {
     return text ? std::string_view(text) : std::string_view();
 }
 
-// Assigns a text to the caller's string.
+// Assigns the text to the caller's string.
 void tell(vs_string_adp* out, const wide_string& text) noexcept;
-// The same; null counts as empty.
+// As above; null is treated as empty.
 inline void tell(vs_string_adp* out, const wide_string* text) noexcept {
     static const wide_string nothing;
     tell(out, text ? *text : nothing);
 }
-// The same with a text of an object.
+// As above, with a text member of an object; a null handle gives the empty text.
 template <class Handle, class Owner>
 void tell(vs_string_adp* out, Handle* handle, wide_string Owner::*text) noexcept {
     tell(out, handle ? &(to_model(handle)->*text) : nullptr);

@@ -1,5 +1,5 @@
-// The bodies of the C functions that read and write files: the outcome as a number, the reason of a failure
-// in the settings.
+// Helpers for the C functions that read and write files: they return success as a number and keep the reason
+// of a failure in the settings.
 #pragma once
 
 #include <cstdint>
@@ -14,8 +14,9 @@
 
 namespace vestra::api {
 
-// Hands the object to a reader or writer of files, and passes the reason of a failure on. 1 on success; 0 for
-// a null handle and on failure. What is thrown on the way is a failure with its own words.
+// Passes the object to a reader or writer of files. Returns 1 on success and 0 for a null handle or on
+// failure; the reason of a failure goes to `refused`. An exception counts as a failure with the exception's
+// message.
 template <class Session, class Handle, class Model, class Refused>
 std::uint32_t with_file(const Session* session, const char16_t* path, Handle* object,
                         std::optional<files::file_error> (*function)(const wide_string&, Model&),
@@ -35,7 +36,7 @@ std::uint32_t with_file(const Session* session, const char16_t* path, Handle* ob
     });
 }
 
-// With a reader.
+// As above, with a reader.
 template <class Session, class Handle, class Model>
 std::uint32_t from_file(const Session* session, const char16_t* path, Handle* object,
                         std::optional<files::file_error> (*reader)(const wide_string&, Model&)) noexcept {
@@ -46,7 +47,7 @@ std::uint32_t from_file(const Session* session, const char16_t* path, Handle* ob
     });
 }
 
-// With a writer.
+// As above, with a writer.
 template <class Session, class Handle, class Model>
 std::uint32_t to_file(const Session* session, const char16_t* path, Handle* object,
                       std::optional<files::file_error> (*writer)(const wide_string&, Model&)) noexcept {

@@ -18,8 +18,9 @@ class progress_window;
 class wait_window;
 struct xml_session;
 
-// The class behind each handle; declared for the types alone. What an object is as an entity is another
-// handle: entity classes derive singly, so the address stays the same.
+// Maps each handle type to its class; the functions are declared only for their types. The vs_entity handle
+// of an object is a different handle type, but the same address, because entity classes use single
+// inheritance.
 project* model_of(vs_prj*);
 entity* model_of(vs_entity*);
 entity_list* model_of(vs_entities*);
@@ -51,6 +52,7 @@ wait_window* model_of(vs_wait*);
 xml_session* model_of(vs_xml_save_prj*);
 xml_session* model_of(vs_xml_save_2d*);
 xml_session* model_of(vs_xml_save_3d*);
+// The class behind a handle type.
 
 template <class Handle>
 using model_type =

@@ -1,4 +1,4 @@
-// What the C functions make of a layer on first demand and keep for as long as it lives.
+// Objects that the C functions create for a layer on first use and keep until the layer is destroyed.
 #pragma once
 
 #include <vector>
@@ -9,18 +9,18 @@
 
 namespace vestra::api {
 
-// The objects behind the plug-in interfaces of a layer answer from the layer as it is when they are asked.
+// The interfaces implemented here read the layer at each call, so they always show its current state.
 class layer_attachment final {
 public:
     explicit layer_attachment(layer& owner);
     layer_attachment(const layer_attachment&) = delete;
     layer_attachment& operator=(const layer_attachment&) = delete;
 
-    // Addresses of identity interfaces, the same at each call.
+    // Return addresses of identity interfaces; each call returns the same address.
     const vs_interface_pointer* compound_profile() const { return &profile_identity_; }
     const vs_interface_pointer* layout_legend() const { return &legend_identity_; }
 
-    // Returns the layer's extra values as the record that bundles read; the next call overwrites it.
+    // Returns the layer's extra values as the record that bundles read. The next call overwrites it.
     const vs_table_extra* extras(extra_table& values);
 
 private:
@@ -50,7 +50,7 @@ private:
     vs_table_extra table_{};
 };
 
-// The attachment of a layer, made if there is none.
+// Returns the attachment of a layer; creates it on first use.
 layer_attachment& attachment_of(layer& owner);
 
 } // namespace vestra::api

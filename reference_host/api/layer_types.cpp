@@ -1,3 +1,4 @@
+// The built-in layer types with their pictures, which are drawn pixel by pixel.
 #include "reference_host/api/layer_types.h"
 
 #include <array>

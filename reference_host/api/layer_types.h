@@ -1,5 +1,5 @@
-// The layer types that this host knows by itself, with a picture for each: what shows next to a layer in the
-// selection. In a full host the bundles that bring the types do this.
+// The layer types built into this host, each with the picture that is shown next to a layer in the selection.
+// In a full host these come from the bundles that implement the types.
 #pragma once
 
 #include <memory>
@@ -8,7 +8,7 @@
 
 namespace vestra::api {
 
-// Main thread only; outlives the registries that it is added to.
+// Main thread only. Must outlive the registries that it is added to.
 class layer_types {
 public:
     layer_types();
@@ -16,7 +16,7 @@ public:
     layer_types(const layer_types&) = delete;
     layer_types& operator=(const layer_types&) = delete;
 
-    // Offers the types of both kinds of scenes.
+    // Registers the types for both kinds of scenes.
     void add_to(shell::service_registry& registry);
 
 private:

@@ -1,4 +1,4 @@
-// The host objects that are no part of a project: whoever creates one through the C functions owns it.
+// Host objects that do not belong to a project: the caller that creates one through the C functions owns it.
 #pragma once
 
 #include <cstdint>
@@ -11,6 +11,7 @@
 
 namespace vestra::api {
 
+// A text of the bundle, set and read through two functions of the caller.
 struct string_adapter : counted {
     vs_string_assign assign;
     vs_string_text text;
@@ -21,14 +22,14 @@ struct wide_string_list : counted {
     std::vector<wide_string> texts;
 };
 
-// Rows from the top, three bytes to a pixel, without gaps.
+// Rows from top to bottom, three bytes for each pixel, without padding.
 struct picture : counted {
     std::uint32_t width;
     std::uint32_t height;
     std::vector<std::uint8_t> bits;
 };
 
-// The fields of a DBF table, those of the tables joined to it behind its own.
+// The fields of a DBF table, followed by those of the tables joined to it.
 struct field_list : counted {
     struct field {
         std::string name;
@@ -37,11 +38,12 @@ struct field_list : counted {
     std::vector<field> fields;
 };
 
+// The property captions of a TOS file.
 struct open_tos_file : counted {
     std::vector<wide_string> properties;
 };
 
-// Shown by the front end for as long as the object lives.
+// The front end shows the window as long as the object exists.
 class progress_window : counted {
 public:
     explicit progress_window(bool stoppable) { shell::current_front_end().progress_opened(stoppable); }
@@ -58,7 +60,7 @@ public:
     wait_window& operator=(const wait_window&) = delete;
 };
 
-// Reader and writer of files. It keeps nothing between two calls.
+// A reader and writer of files. It keeps no state between calls.
 struct xml_session : counted {};
 
 } // namespace vestra::api

@@ -11,7 +11,7 @@ using vestra::attr_data;
 
 namespace {
 
-// Null if there is no such join.
+// Returns null if there is no join with this index.
 const vestra::table_join* join_at(vs_attr_data* table, int32_t index) {
     return on(table, [&](auto& model) -> const vestra::table_join* {
         const auto place = static_cast<std::size_t>(index);
@@ -19,7 +19,7 @@ const vestra::table_join* join_at(vs_attr_data* table, int32_t index) {
     });
 }
 
-// Null if there is no such field.
+// Returns null if there is no field with this index.
 const field_list::field* field_at(vs_attr_files* files, int32_t index) {
     return on(files, [&](auto& list) -> const field_list::field* {
         const auto place = static_cast<std::size_t>(index);
@@ -27,7 +27,7 @@ const field_list::field* field_at(vs_attr_files* files, int32_t index) {
     });
 }
 
-// False if the file cannot be read as a table.
+// Returns false if the file cannot be read as a table.
 bool append_fields(field_list& list, const vestra::wide_string& path, bool is_joined) {
     vestra::files::file_error error;
     auto names = vestra::datasets::dbf_field_names(path, &error);
@@ -116,7 +116,8 @@ vs_attr_files* vs_attr_files_open(vs_attr_data* table, int32_t mode, int32_t, in
     return on(table, [](auto& model) -> vs_attr_files* {
         field_list list;
         if (!append_fields(list, model.file, false)) return nullptr;
-        // A joined table that cannot be read has no fields to show; the table itself still has its own.
+        // A joined table that cannot be read adds no fields; the fields of the table itself are still
+        // returned.
         for (const vestra::table_join& join : model.joins) append_fields(list, join.other_source, true);
         return create<vs_attr_files>(std::move(list));
     });

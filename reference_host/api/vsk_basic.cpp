@@ -1,3 +1,5 @@
+// The C functions of vsk_basic: text adapters, lists of texts, uuids, dynamic values and the register of
+// services.
 #include "host/vsk_basic.h"
 
 #include <cmath>

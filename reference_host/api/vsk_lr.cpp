@@ -11,7 +11,8 @@ using namespace vestra::api;
 
 namespace {
 
-// The table of a shape file is the one beside it, wherever the layer looks for the file.
+// The attribute table of a shape file is the one next to it, so it follows when the layer refers to another
+// file.
 void refer_to(vestra::layer& layer, vestra::wide_view file) {
     using vestra::table_beside, vs::project_resave::platform::compare_no_case;
     if (layer.data && !file.empty() && compare_no_case(layer.data->file, table_beside(layer.file)) == 0)

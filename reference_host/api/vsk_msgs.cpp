@@ -1,3 +1,5 @@
+// The C functions of vsk_msgs. They pass every message, question and progress update to the current front
+// end.
 #include "host/vsk_msgs.h"
 
 #include "reference_host/api/calls.h"
@@ -59,7 +61,7 @@ bool vs_yesno_wmessage(const char16_t* text) {
 }
 
 int32_t vs_yesnocancel_wmessage(const char16_t* text) {
-    auto given = vestra::shell::answer::cancel; // of a question that could not be asked
+    auto given = vestra::shell::answer::cancel; // if the question could not be asked
     guarded([&] { given = current_front_end().yes_no_cancel(text_of(text)); });
     return static_cast<int32_t>(given);
 }

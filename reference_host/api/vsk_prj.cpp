@@ -1,3 +1,4 @@
+// The C functions of the open project, its containers and its style managers.
 #include "host/vsk_prj.h"
 #include "host/vsk_entity.h"
 #include "host/vsk_styles.h"

@@ -1,3 +1,4 @@
+// The C functions of scenes and their collections: 2D, 3D and layouts.
 #include "host/vsk_layout.h"
 #include "host/vsk_scn_2d.h"
 #include "host/vsk_scn_3d.h"

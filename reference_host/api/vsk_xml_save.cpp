@@ -1,3 +1,4 @@
+// The C functions that read and write files of projects, scenes and layers.
 #include "host/vsk_lr2d.h"
 #include "host/vsk_lr3d.h"
 #include "host/vsk_xml_save_2d.h"
@@ -14,7 +15,8 @@ namespace {
 const auto& reader_of(const vestra::project&) { return vestra::shell::settings().project_read; }
 const auto& reader_of(const vestra::scene&) { return vestra::shell::settings().scene_read; }
 
-// References come out as the file means them, or as whoever reads along changes them.
+// References are returned as resolved from the file. A callback in the settings can change them before the
+// bundle sees them.
 template <class Model,
           std::optional<file_error> (*Reader)(const vestra::wide_string&, Model&, vestra::wide_view)>
 std::optional<file_error> read_at_its_place(const vestra::wide_string& path, Model& out) {

@@ -1,3 +1,4 @@
+// Reads the header of a DBF file and the code page in the ".cpg" file next to it.
 #include "reference_host/datasets/dbf_fields.h"
 
 #include <algorithm>
@@ -17,11 +18,11 @@ using namespace vs::project_resave;
 
 namespace {
 
-constexpr std::size_t row_size = 32; // of the file's own header and of each field behind it
+constexpr std::size_t row_size = 32; // of the file header and of each field descriptor after it
 constexpr std::size_t name_size = 11;
 constexpr char end_of_fields = '\r';
 
-// Sets `bytes` to the first ones of a file: fewer than `count` if it is shorter, or cannot be read.
+// Sets `bytes` to the first `count` bytes of a file; to fewer if the file is shorter or cannot be read.
 platform::outcome read_start(const wide_string& path, std::size_t count, std::string& bytes) {
     bytes.clear();
     std::unique_ptr<platform::file> file;
@@ -39,7 +40,7 @@ std::size_t byte_at(std::string_view bytes, std::size_t place) {
     return static_cast<unsigned char>(bytes[place]);
 }
 
-// "UTF-8", "1251", "CP866", "ANSI 1251": the digits tell.
+// Returns the code page from the digits in a name such as "UTF-8", "1251", "CP866" or "ANSI 1251".
 unsigned named_code_page(std::string_view name) {
     const auto* const digits =
         std::ranges::find_if(name, [](unsigned char c) { return std::isdigit(c) != 0; });
@@ -67,7 +68,7 @@ unsigned code_page_of(const wide_string& path, std::size_t mark) {
 
 std::string in_system_code_page(std::string_view name, unsigned code_page) {
     const wide_string wide = platform::from_bytes(name, code_page);
-    if (wide.empty()) return std::string(name); // of a code page that is not known
+    if (wide.empty()) return std::string(name); // the code page is unknown
     return platform::to_bytes(wide, platform::code_page_active);
 }
 

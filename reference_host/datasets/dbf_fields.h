@@ -1,4 +1,4 @@
-// The field names of a DBF table, read from its header alone.
+// Reads the field names of a DBF table from the header of its file.
 #pragma once
 
 #include <optional>
@@ -10,10 +10,10 @@
 
 namespace vestra::datasets {
 
-// The names in the order of the fields, in the system's code page. The file's own code page is told by the
-// ".cpg" file beside it, else by the mark in its header. Nothing if the file of the drive path cannot be read
-// or is no DBF table; `error` then tells why, if it is asked. Needs no library of geodata formats, so it
-// answers on every target.
+// Returns the names in the order of the fields, in the current code page of the operating system. The code
+// page of the file comes from the ".cpg" file next to it, otherwise from its header. Returns nothing if the
+// file at the drive path cannot be read or is not a DBF table; `error`, if given, then receives the reason.
+// Works on every target, because it does not use the geodata library.
 std::optional<std::vector<std::string>> dbf_field_names(const wide_string& path,
                                                         files::file_error* error = nullptr);
 

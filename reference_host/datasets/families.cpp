@@ -1,3 +1,4 @@
+// Finds the files of a data set by their names, with a cache of the sorted names of each folder.
 #include "reference_host/datasets/families.h"
 
 #include <algorithm>
@@ -47,19 +48,19 @@ std::vector<platform::folder_entry> entries_of(const wide_string& folder) {
     return platform::entries_or_none(platform::current_system(), folder);
 }
 
-// The file name up to its last dot, which may be its first character.
+// Returns the file name up to its last dot, which may be its first character.
 wide_string stem_of(const wide_string& path) { return path_file_name(path_replace_extension(path, {})); }
 
 bool is_same_name(wide_view a, wide_view b) { return platform::compare_no_case(a, b) == 0; }
 
-// The names of the files of one folder, in order without letter case, so that those of a family are side by
-// side. They are read through the current system, unlike the cache of spellings below it in platform/posix.
+// The file names of one folder, sorted without regard to letter case, so that the files of a family are
+// neighbours. They are read through the current system, unlike the spelling cache of platform/posix.
 class sorted_names {
 public:
     explicit sorted_names(const wide_string& folder) { read(folder); }
 
-    // True as long as the folder has not changed since it was read. A change that came too soon after the
-    // last one need not show in the folder's time, so that one must be old enough.
+    // True as long as the folder has not changed since it was read. Two changes in quick succession can leave
+    // the same time on the folder, so its last change must be older than one step of that clock.
     bool is_current(std::filesystem::file_time_type folder_time) const {
         return folder_time == changed_ && changed_ + platform::folder_time_step < read_at_;
     }
@@ -75,7 +76,7 @@ public:
 
     std::size_t count() const { return names_.size(); }
 
-    // Those that are equal to `beginning` or go on with a dot.
+    // Returns the names that equal `beginning` or continue it with a dot.
     std::vector<wide_string> beginning_with(const wide_string& beginning) const {
         auto next = std::ranges::lower_bound(names_, beginning, is_before);
         std::vector<wide_string> found;

@@ -1,3 +1,4 @@
+// Opens data sets with GDAL, read-only, and asks it for their files and records.
 #include "reference_host/datasets/gdal_source.h"
 
 #include <cpl_conv.h>
@@ -30,7 +31,8 @@ struct feature_closer {
 };
 using feature_handle = std::unique_ptr<void, feature_closer>;
 
-// Appends what a program that broke off left next to a database: without it the last changes would be lost.
+// Appends the logs that an interrupted program left next to a database; without them its last changes would
+// be lost.
 void append_logs(const std::string& file, std::vector<std::filesystem::path>& paths) {
     for (const char* suffix : {"-wal", "-journal"}) {
         std::error_code unreachable;
@@ -85,12 +87,12 @@ public:
 
 private:
     data_set_handle data_set_;
-    OGRLayerH layer_; // of the data set; null if it has no records
+    OGRLayerH layer_; // owned by the data set; null if it has no records
     feature_handle record_;
 };
 
-// The driver to be asked before all others, of which there are more than two hundred; null where none is
-// likely.
+// Returns the driver to try first, because there are more than two hundred; null if the extension suggests
+// none.
 const char* likely_driver(const std::filesystem::path& file) {
     std::string extension = file.extension().string();
     std::ranges::transform(extension, extension.begin(), [](unsigned char c) { return std::tolower(c); });
@@ -101,7 +103,7 @@ const char* likely_driver(const std::filesystem::path& file) {
 void register_drivers() {
     [[maybe_unused]] static const bool done = [] {
         GDALAllRegister();
-        // Temporary files would otherwise go to the current folder, which may be that of the project.
+        // Temporary files would otherwise go to the current folder, which may be the project folder.
         std::error_code unknown;
         const std::string folder = std::filesystem::temp_directory_path(unknown).string();
         if (!unknown) CPLSetConfigOption("CPL_TMPDIR", folder.c_str());

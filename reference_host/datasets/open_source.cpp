@@ -1,3 +1,4 @@
+// Opens a data set: tries the host's own formats first, then file names, then the geodata library.
 #include "reference_host/datasets/open_source.h"
 
 #include <algorithm>
@@ -19,10 +20,10 @@ using namespace vs::project_resave;
 
 namespace {
 
-// Where the records of a data set come from.
+// The source of a data set's records.
 struct record_source {
     std::unique_ptr<gdal_source> opened;
-    wide_string unopened; // a path, opened when a record is first asked for
+    wide_string unopened; // a path; opened when the first record is requested
 };
 
 class open_data_set final : public referent<stat_source_impl>, counted {
@@ -58,7 +59,7 @@ identity_pointer make(file_list files, record_source records = {}) {
     return identity_of(*fresh);
 }
 
-// Between native paths and the folder that was asked for.
+// Converts native paths of the library to paths in the requested folder.
 class asked_place {
 public:
     asked_place(const wide_string& path, std::filesystem::path native, bool is_folder)
@@ -106,7 +107,7 @@ identity_pointer open_tos(const wide_string& path, files::file_error* error) {
     return make(std::move(files));
 }
 
-// The library names the folder itself for some formats, and the files in the order of its disk.
+// For some formats the library lists the folder itself; the files come in the order of the disk.
 identity_pointer open_folder(const wide_string& path) {
     const auto native = platform::native_path(path);
     auto known = open_gdal_source(native);
@@ -136,7 +137,7 @@ identity_pointer open_file(const wide_string& path, files::file_error* error) {
 
 identity_pointer open_source(wide_view source, const table_data* data, files::file_error* error) {
     const wide_string path = source.empty() && data ? data->file : wide_string(source);
-    if (has_extension(path, {u".shp"})) // most are, and their mark tells that they exist
+    if (has_extension(path, {u".shp"})) // most shape files exist, and reading their first bytes proves it
         if (auto files = shape_family(path)) return make(std::move(*files), {nullptr, path});
     const platform::entry_status status = platform::current_system().status_of(path);
     if (status.kind == platform::entry_kind::file) return open_file(path, error);

@@ -1,4 +1,4 @@
-// Data sets as bundles see them: which files make one, and the records of those that have some.
+// Data sets as bundles see them: the files of a data set, and its records if it has any.
 #pragma once
 
 #include "host/interfaces/stat_source.h"
@@ -7,14 +7,15 @@
 
 namespace vestra::datasets {
 
-// Opens the data set of a source text, a drive path of a file or folder; where that is empty, the file of the
-// table `data`, which may be null. Answers the identity of a fresh referent that speaks stat_source, of which
-// the caller takes a ref at once; null if the main file does not exist or nothing can open it: `error`, if it
-// is asked, then tells why it could not be read, and stays as it was if there is no such file.
+// Opens the data set at `source`, a drive path of a file or folder; if `source` is empty, at the file of the
+// table `data`, which may be null. Returns the identity of a new referent that implements stat_source; the
+// caller must take a ref to it at once. Returns null if the main file does not exist or no format opens it.
+// `error`, if given, receives the reason if the file could not be read and is left unchanged if there is no
+// such file.
 //
-// Asked first are the host's own formats: TOS files (a damaged one does not open), grids, seismic files. Then
-// come shape files by their names, what the library of geodata formats knows, folders too, and for any other
-// file the files of the same stem. The main file is told as asked, the others in the folder as asked.
+// Formats are tried in this order: the host's own (TOS files, where a damaged one is an error, grids, seismic
+// files), shape files by their names, everything the geodata library knows including folders, and last all
+// files with the same stem. The main file is listed as requested, the others in the requested folder.
 vs::project_resave::identity_pointer open_source(wide_view source, const table_data* data = nullptr,
                                                  files::file_error* error = nullptr);
 

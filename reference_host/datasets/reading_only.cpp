@@ -1,5 +1,5 @@
-// GDAL opens nearly all files through a handler of its own for the local disk. SQLite has a layer below it as
-// well, and some drivers of GDAL use that one directly. Both are replaced by ones that refuse to write.
+// GDAL opens nearly all files through its own handler for the local disk. SQLite has its own layer below
+// that, which some GDAL drivers use directly. Both are replaced here by read-only ones.
 #include "reference_host/datasets/reading_only.h"
 
 #include <cpl_error.h>
@@ -56,8 +56,8 @@ sqlite3_vfs* system_vfs() {
     return own;
 }
 
-// Without the operations on shared memory, which create a file. A database in the mode that needs one can
-// then be opened as unchangeable only, and GDAL does that.
+// Removes the shared-memory operations, because they create a file. A database in a mode that needs them can
+// then only be opened as immutable, which GDAL does.
 const sqlite3_io_methods* without_shared_memory(const sqlite3_io_methods* known) {
     static std::map<const sqlite3_io_methods*, sqlite3_io_methods> all;
     sqlite3_io_methods& methods = all.try_emplace(known, *known).first->second;
@@ -82,7 +82,7 @@ int is_accessible(sqlite3_vfs*, const char* name, int flags, int* result) {
     const std::string_view path = name;
     if (!path.ends_with("-wal") && !path.ends_with("-journal"))
         return system_vfs()->xAccess(system_vfs(), name, flags, result);
-    *result = 0; // else it would be merged into the database
+    *result = 0; // otherwise the log would be merged into the database
     return SQLITE_OK;
 }
 
@@ -104,7 +104,7 @@ VSIFilesystemHandler& system_handler() {
     return own;
 }
 
-int depth = 0; // of objects that live
+int depth = 0; // number of living reading_only objects
 
 } // namespace
 

@@ -1,14 +1,12 @@
-// Keeps the library of geodata formats from changing anything on the disk: to open a data set is only to read
-// it.
+// Keeps the geodata library from writing to the disk, so that opening a data set only reads it.
 #pragma once
 
 namespace vestra::datasets {
 
-// As long as an object lives, GDAL, and SQLite below it, can read files but not create, write, rename or
-// remove any; a driver that insists fails. What they say about failures is not printed. Logs next to a
-// database
-// (-wal, -journal) are left unread, so it is read as of the last time that they were merged into it. The
-// objects nest. User-interface thread only.
+// While an object of this class exists, GDAL and SQLite can read files but not create, write, rename or
+// remove them; a driver that insists on writing fails. Their error messages are suppressed. Logs next to a
+// database (-wal, -journal) are not read, so its content is that of the last merge. Objects can be nested.
+// User-interface thread only.
 class reading_only {
 public:
     reading_only();

@@ -1,3 +1,4 @@
+// A strict parser of TOS files, which reads line by line.
 #include "reference_host/datasets/tos_reader.h"
 
 #include <algorithm>
@@ -17,7 +18,7 @@ using namespace vs::project_resave;
 
 namespace {
 
-// The lines of a file without their ends, LF or CR LF.
+// Returns the lines of a file without their line ends, LF or CR LF.
 class line_reader {
 public:
     explicit line_reader(platform::file& file) : file_(file) {}
@@ -34,10 +35,10 @@ public:
             if (line.ends_with('\r')) line.pop_back();
             return true;
         }
-        return result_ && !line.empty(); // the last line may lack its end
+        return result_ && !line.empty(); // the last line may have no line end
     }
 
-    // Fails once the file could not be read.
+    // Fails if the file could not be read.
     platform::outcome result() const { return result_; }
 
 private:
@@ -66,7 +67,7 @@ void skip_sign(std::string_view text, std::size_t& place) {
 }
 
 bool is_value(std::string_view text) {
-    if (text == "-") return true; // the record has none
+    if (text == "-") return true; // the record has no value
     std::size_t place = 0;
     skip_sign(text, place);
     std::size_t digits = skip_digits(text, place);
@@ -81,7 +82,7 @@ bool is_value(std::string_view text) {
 
 bool is_utf8(std::string_view bytes) { return platform::valid_utf8_length(bytes) == bytes.size(); }
 
-// The stem without a number that a name gets where another has it: "model" for "model_(1)".
+// Returns the stem without the number that is appended when a name is taken: "model" for "model_(1)".
 wide_string without_number(const wide_string& stem) {
     const std::size_t open = stem.rfind(u"_(");
     if (open == wide_string::npos || open == 0 || !stem.ends_with(u')')) return stem;
@@ -90,7 +91,7 @@ wide_string without_number(const wide_string& stem) {
     return is_number ? stem.substr(0, open) : stem;
 }
 
-// Takes the lines in their order. Each function answers the rule that the line breaks, or the empty text.
+// Takes the lines in order. Each function returns the rule that the line breaks, or an empty text.
 class parser {
 public:
     explicit parser(const wide_string& path) : head_(path_head(path)), stem_(path_stem(path)) {
@@ -106,9 +107,9 @@ public:
         const std::string_view word = line.substr(0, blank);
         const std::string_view text = blank == std::string_view::npos ? "" : line.substr(blank + 1);
         const auto* const place = std::ranges::find(words, word);
-        if (place == words.end()) return u"the line begins with none of the words property, member and data";
+        if (place == words.end()) return u"the line does not begin with property, member or data";
         if (text.empty() || text.front() == ' ' || text.back() == ' ')
-            return u"behind the word and one blank stands no text that is free of blanks at both ends";
+            return u"expected one space and then a value without leading or trailing spaces";
         if (!is_utf8(text)) return u"the text is not UTF-8";
         if (place < last_word_) return u"properties come first, then members, then data";
         last_word_ = place;
@@ -134,15 +135,16 @@ private:
         wide_string key = platform::folded(path);
         std::ranges::replace(key, u'/', u'\\');
         if (key.find(u"\\\\") != wide_string::npos || key.back() == u'\\')
-            return u"a piece of the member's path is empty";
+            return u"a part of the member's path is empty";
         while (key.starts_with(u".\\")) key.erase(0, 2);
-        if (!names_.insert(key).second) return u"the member is named twice, or is the file itself";
+        if (!names_.insert(key).second) return u"the member is listed twice or is the file itself";
         content.members.push_back(path);
         return {};
     }
 
-    // A name that is an extension alone follows the stem of the file, so a renamed set names its own members.
-    // One with the stem in full does so where the file got a number and such a member lies beside it.
+    // A member name that is only an extension is appended to the stem of the file, so a renamed set refers to
+    // its own members. A member with the full stem is also recognised if the file got a number and a member
+    // with that number is next to it.
     wide_string written_out(wide_string path) const {
         if (path.find_first_of(path_separators) != wide_string::npos || path == u"." || path == u"..")
             return path;
@@ -163,7 +165,8 @@ private:
             if (!is_value(text.substr(begin, end == std::string_view::npos ? end : end - begin)))
                 return u"a value is neither a decimal number nor \"-\"";
         }
-        return count == content.properties.size() ? u"" : u"the record has not one value for each property";
+        return count == content.properties.size() ? u""
+                                                  : u"the record does not have one value for each property";
     }
 
     bool is_begun_ = false;

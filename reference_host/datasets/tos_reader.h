@@ -1,4 +1,4 @@
-// Reader of TOS files (docs/tos_format.md). Strict: a file that breaks a rule of the format is not read.
+// Reader of TOS files (docs/tos_format.md). Strict: a file that breaks a rule of the format is rejected.
 #pragma once
 
 #include <optional>
@@ -9,13 +9,14 @@
 
 namespace vestra::datasets {
 
+// The content of a TOS file, without its records.
 struct tos_file {
     std::vector<wide_string> properties; // captions of the columns
-    std::vector<wide_string> members;    // relative to the file's folder; those of its stem written out
+    std::vector<wide_string> members;    // relative to the file's folder; the stem is filled in
 };
 
-// Reads the file of a drive path to its end; members are not opened and need not exist. Nothing if it cannot
-// be read or breaks a rule; `error` then tells why, if it is asked.
+// Reads the whole file at a drive path. Members are not opened and need not exist. Returns nothing if the
+// file cannot be read or breaks a rule; `error`, if given, then receives the reason.
 std::optional<tos_file> read_tos(const wide_string& path, files::file_error* error = nullptr);
 
 } // namespace vestra::datasets

@@ -1,3 +1,4 @@
+// Reads the values of the elements of a project, scene or layer file into model objects.
 #include "reference_host/files/element_reader.h"
 
 #include <string_view>
@@ -58,7 +59,7 @@ void element_reader::enter_uuid(pugi::xml_node node, entity& object) {
                          decimal(in_.line_of(found->second.node)));
 }
 
-// A container without an element is empty and has the uuid that the project gave it.
+// A container without an element is empty and keeps the uuid that the project's constructor gave it.
 pugi::xml_node element_reader::read_container(pugi::xml_node node, const char* name, entity& out) {
     const pugi::xml_node container = node.child(name);
     if (container)
@@ -96,9 +97,10 @@ void element_reader::read_group(pugi::xml_node node, layer_group& out, const sce
         }
         layer* member = owner.at(in_.count(item, "layer"));
         if (!member)
-            in_.refuse_value(item, "layer", u"below the " + decimal(owner.count()) + u" layers of the scene");
+            in_.refuse(item, u"layer index " + decimal(in_.count(item, "layer")) +
+                                 u" is out of range: the scene has " + decimal(owner.count()) + u" layers");
         else if (member->is_grouped())
-            in_.refuse_value(item, "layer", u"a layer that stands in no group yet");
+            in_.refuse_value(item, "layer", u"a layer that is in no other group");
         else
             out.add_layer(*member);
     }
@@ -180,7 +182,7 @@ any element_reader::read_any(pugi::xml_node node) {
     }
     if (misplaced("value", has_value) || misplaced("size", is_tuple)) return {};
     if (is_tuple) return any(read_tuple(node));
-    if (node.first_child()) in_.refuse(node.first_child(), u"an item outside of a tuple");
+    if (node.first_child()) in_.refuse(node.first_child(), u"an item outside a tuple");
     if (type == "int") return any(in_.whole(node, "value"));
     if (type == "double") return any(in_.real(node, "value"));
     if (type == "bool") return any(in_.flag(node, "value", false));

@@ -1,5 +1,5 @@
-// Builds model objects from the elements of one file. The elements are those of the grammar; here their
-// values are read, uuids are kept apart and references between elements are resolved.
+// Builds model objects from the elements of one file. The grammar has been checked before; this class reads
+// the values, rejects duplicate uuids and resolves references between elements.
 #pragma once
 
 #include <memory>
@@ -13,13 +13,14 @@ namespace vestra::files {
 
 class element_reader {
 public:
-    // `folder` is that of the file: the base of its relative references.
+    // `folder` is the folder of the file, the base of its relative references.
     element_reader(input& source, wide_string folder) : in_(source), folder_(std::move(folder)) {}
 
+    // Each reads one root element into an object; errors are reported through the input.
     void read_project(pugi::xml_node node, project& out);
     void read_scene(pugi::xml_node node, scene& out);
     std::unique_ptr<layer> read_layer(pugi::xml_node node, dimension kind);
-    // Once, behind all others: parents and frames may name what stands further down.
+    // Call once, after all other functions: parents and frames may refer to elements later in the file.
     void resolve_links();
 
 private:

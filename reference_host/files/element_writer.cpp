@@ -1,3 +1,4 @@
+// Writes model objects as the elements of a project, scene or layer file.
 #include "reference_host/files/element_writer.h"
 
 #include <charconv>
@@ -28,7 +29,7 @@ void set_real(pugi::xml_node node, const char* name, double value) {
 } // namespace
 
 void element_writer::write_project(pugi::xml_node node, const project& in) {
-    const project fresh; // tells the meta identifiers that need not be written
+    const project fresh; // has the default meta identifiers, which are not written
     pugi::xml_node folders = write_container(node, "folders", in.folders, fresh.folders.meta_id);
     for (const auto& folder : in.folders.members())
         write_entity(folders.append_child("folder"), *folder, folder_meta_id);
@@ -45,7 +46,7 @@ void element_writer::write_project(pugi::xml_node node, const project& in) {
         write_table(tos_tables.append_child("tos_table"), *table, tos_data().meta_id);
     write_scenes(write_container(node, "layouts", in.layouts, fresh.layouts.meta_id), in.layouts);
     for (const auto& scenes : in.plugin_scenes) {
-        // Without a default the meta identifier is always written, as it must be here.
+        // Passing no default writes the meta identifier always; here it is required.
         write_scenes(write_container(node, "plugin_scenes", *scenes, {}), *scenes);
     }
     pugi::xml_node legends = write_container(node, "map_legends", in.map_legends, fresh.map_legends.meta_id);
@@ -173,7 +174,8 @@ void element_writer::write_any(pugi::xml_node node, const any& in) {
 void element_writer::write_tuple(pugi::xml_node node, const tuple& in) {
     node.append_attribute("size") = static_cast<std::uint32_t>(in.elements.size());
     tuple_elements_ += in.elements.size();
-    if (tuple_elements_ > most_tuple_elements) refuse(u"the tuples have more than 16777216 elements in all");
+    if (tuple_elements_ > most_tuple_elements)
+        refuse(u"the tuples have more than 16777216 elements in total");
     for (std::uint32_t index = 0; index < in.elements.size(); ++index) {
         if (in.elements[index].type() == 0) continue;
         pugi::xml_node item = node.append_child("item");

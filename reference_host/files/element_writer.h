@@ -1,5 +1,5 @@
-// Puts model objects into the elements of one file, as element_reader reads them. What equals the default
-// of an attribute is left out. The first reason why the file could not be read again is kept.
+// Writes model objects as the elements of one file, in the form that element_reader reads. Attributes equal
+// to their default are omitted. The first reason why the file could not be read back is kept in `refused`.
 #pragma once
 
 #include <optional>
@@ -16,15 +16,18 @@ namespace vestra::files {
 
 class element_writer {
 public:
-    // `folder` is that of the file: the base of its relative references, which are those `near` it.
+    // `folder` is the folder of the file and the base of its relative references; `near` says which ones are
+    // stored relative.
     element_writer(wide_string folder, nearness near) : folder_(std::move(folder)), near_(near) {}
 
+    // Each writes one object into its root element.
     void write_project(pugi::xml_node node, const project& in);
     void write_scene(pugi::xml_node node, const scene& in);
     void write_layer(pugi::xml_node node, const layer& in);
-    // Once, behind all others: parents are named only where they are in the file themselves.
+    // Call once, after all other functions: a parent is written only if it is in the same file.
     void write_parents();
 
+    // Returns the reason if the result could not be read back; nothing otherwise.
     const std::optional<wide_string>& refused() const { return refused_; }
 
 private:

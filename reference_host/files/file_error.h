@@ -1,4 +1,4 @@
-// Why a file of the host could not be read or written.
+// The reason why a file of the host could not be read or written.
 #pragma once
 
 #include <cstddef>
@@ -9,14 +9,15 @@
 
 namespace vestra::files {
 
+// An error with the file, its line and the reason.
 struct file_error {
     wide_string file;
-    std::size_t line = 0; // from 1; 0 when the fault is not in a line
-    wide_string reason;   // in the operating system's words if they are its own
+    std::size_t line = 0; // from 1; 0 if the fault does not belong to a line
+    wide_string reason;   // the operating system's text if the error came from it
 
-    // One line for the user, like: C:\prj\area._vp:12: element <layer> lacks attribute "uuid"
+    // Returns one line for the user, like: C:\prj\area._vp:12: element <layer> lacks attribute "uuid"
     wide_string text() const { return file + (line ? u":" + number() : u"") + u": " + reason; }
-    // The same without the file, like: line 12: element <layer> lacks attribute "uuid"
+    // Returns the same without the file, like: line 12: element <layer> lacks attribute "uuid"
     wide_string why() const { return (line ? u"line " + number() + u": " : u"") + reason; }
 
 private:

@@ -1,3 +1,4 @@
+// Reads and writes whole files. A file is written under a temporary name and then renamed over the old one.
 #include "reference_host/files/files.h"
 
 #include <string_view>
@@ -35,7 +36,7 @@ pugi::xml_node start(pugi::xml_document& document, const char* root_name) {
     return root;
 }
 
-// The folder that relative references are measured from; a bare name stands in the current one.
+// Returns the folder that relative references start from. A bare file name is in the current folder.
 wide_string folder_of_file(const wide_string& path, wide_view folder = {}) {
     if (!folder.empty()) return wide_string(folder);
     const wide_string head = path_head(path);
@@ -59,7 +60,7 @@ private:
     platform::outcome result_;
 };
 
-// Creates a file that nobody else has, under the first free name beside the path.
+// Creates a new file under the first free name next to the path.
 platform::outcome create_beside(const wide_string& path, wide_string& fresh,
                                 std::unique_ptr<platform::file>& file) {
     platform::outcome opened = platform::failure::taken;
@@ -71,7 +72,7 @@ platform::outcome create_beside(const wide_string& path, wide_string& fresh,
     return opened;
 }
 
-// A device, a pipe or a link that leads nowhere has a name, but is no file.
+// True if the name exists but is not a file: a device, a pipe or a dangling link.
 bool is_no_file(const wide_string& path) {
     platform::system& disk = platform::current_system();
     wide_string name;
@@ -79,7 +80,7 @@ bool is_no_file(const wide_string& path) {
            disk.true_name(folder_of_file(path), path_file_name(path), name);
 }
 
-// Finishes the document that the writer filled and puts it on the disk.
+// Completes the document and writes it to the disk.
 std::optional<file_error> save(const wide_string& path, const pugi::xml_document& document,
                                element_writer& writer) {
     writer.write_parents();
@@ -98,8 +99,7 @@ std::optional<file_error> save(const wide_string& path, const pugi::xml_document
 
 platform::outcome replace_file(const wide_string& path,
                                const std::function<platform::outcome(platform::file&)>& write) {
-    if (is_no_file(path))
-        return platform::outcome::because(u"is a device, a pipe or a link that leads nowhere");
+    if (is_no_file(path)) return platform::outcome::because(u"is a device, a pipe or a dangling link");
     wide_string fresh;
     std::unique_ptr<platform::file> file;
     platform::outcome result = create_beside(path, fresh, file);

@@ -1,3 +1,4 @@
+// The table of all elements with their attributes and children, and the check of a document against it.
 #include "reference_host/files/grammar.h"
 
 #include <cstdint>
@@ -14,8 +15,8 @@ namespace {
 
 struct element_text {
     const char* name;
-    const char* attributes; // "!" behind a name: it must be there
-    const char* children;   // "!" behind a name: one must be there; "+": any number; else at most one
+    const char* attributes; // "!" after a name: required
+    const char* children;   // "!" after a name: exactly one; "+": any number; otherwise at most one
 };
 
 constexpr const char* container = "uuid caption valid meta parent";
@@ -105,7 +106,7 @@ wide_string quoted(std::string_view name) {
     return u"\"" + vs::project_resave::platform::from_utf8(name) + u"\"";
 }
 
-// Ticks off what is met of a list of rules.
+// Records which names of a list of rules have occurred.
 class checklist {
 public:
     explicit checklist(const std::vector<rule>& rules) : rules_(rules) {}
@@ -156,7 +157,7 @@ std::optional<fault> element_fault(pugi::xml_node element, int depth) {
     checklist seen(rules.children);
     for (const pugi::xml_node child : element.children()) {
         if (child.type() != pugi::node_element)
-            return fault{child, u"text inside of element " + tag(element.name())};
+            return fault{child, u"text inside element " + tag(element.name())};
         const verdict found = seen.meet(child.name());
         if (found == verdict::unknown)
             return fault{child, u"unknown element " + tag(child.name()) + u" in " + tag(element.name())};

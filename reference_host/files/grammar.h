@@ -1,5 +1,5 @@
-// What may stand in the files of the host: every element with its attributes and children, as one table in
-// grammar.cpp. Names are used once, so an element looks the same wherever it stands.
+// The grammar of the host's files: every element with its attributes and children, as one table in
+// grammar.cpp. Each name is used once, so an element has the same form wherever it occurs.
 #pragma once
 
 #include <cstdint>
@@ -11,17 +11,18 @@
 
 namespace vestra::files {
 
-inline constexpr int deepest_element = 64; // the root is 1
-// Of all tuples in a file: a few bytes can ask for a tuple of any size.
+inline constexpr int deepest_element = 64; // the root has depth 1
+// Limit for all tuples of a file together, because a few bytes can request a tuple of any size.
 inline constexpr std::uint32_t most_tuple_elements = 1U << 24;
 
+// A violation of the grammar and the element that contains it.
 struct fault {
     pugi::xml_node at;
     wide_string reason;
 };
 
-// The first fault below a root element of a known name, in the order of the file: an unknown, missing or
-// doubled attribute or element, text between the elements, too deep nesting. Values are not looked at.
+// Returns the first fault below a root element with a known name, in file order: an unknown, missing or
+// duplicate attribute or element, text between elements, or too deep nesting. Values are not checked.
 std::optional<fault> first_fault(pugi::xml_node root);
 
 } // namespace vestra::files

@@ -1,3 +1,4 @@
+// Reads an XML file of the host into memory and converts the values of its attributes.
 #include "reference_host/files/input.h"
 
 #include <algorithm>
@@ -15,7 +16,7 @@ namespace {
 using namespace vs::project_resave;
 using platform::from_utf8;
 
-// A text of the file inside of a message, which stays one line of fair length.
+// Returns a text of the file in quotes for a message: on one line, and shortened.
 wide_string quoted(std::string_view value) {
     wide_string text = from_utf8(value.substr(0, 240));
     if (text.size() > 60) text = text.substr(0, 60) + u"...";
@@ -65,12 +66,13 @@ bool input::check_text() {
     const auto control = std::ranges::find_if(bytes_, is_control) - bytes_.begin();
     const std::size_t good = std::min(platform::valid_utf8_length(bytes_), static_cast<std::size_t>(control));
     if (good == bytes_.size()) return true;
-    refuse_line(line_at(good), u"the file is no UTF-8 text");
+    refuse_line(line_at(good), u"the file is not valid UTF-8");
     return false;
 }
 
 bool input::parse() {
-    // References are left to text_of_xml, which is strict with them; text around the root must show up.
+    // Entities are left to text_of_xml, which is strict about them. Text around the root element is kept so
+    // that it is found.
     constexpr unsigned options =
         (pugi::parse_default & ~pugi::parse_escapes) | pugi::parse_fragment | pugi::parse_trim_pcdata;
     const pugi::xml_parse_result result =
@@ -85,7 +87,7 @@ bool input::check_root(const char* root_name) {
     const wide_string wanted = u"<" + from_utf8(root_name) + u">";
     for (const pugi::xml_node node : document_.children()) {
         if (node.type() != pugi::node_element || root_) {
-            refuse(node, u"something else than one root element " + wanted);
+            refuse(node, u"expected exactly one root element, " + wanted);
         } else {
             root_ = node;
             if (std::string_view(node.name()) != root_name)
@@ -96,7 +98,7 @@ bool input::check_root(const char* root_name) {
     if (failed()) return false;
     const pugi::xml_attribute version = root_.attribute("version");
     if (version && std::string_view(version.value()) != format_version)
-        refuse(root_, u"the version is " + quoted(version.value()) + u", known is only \"1\"");
+        refuse(root_, u"unsupported version " + quoted(version.value()) + u"; only \"1\" is supported");
     return !failed();
 }
 

@@ -1,3 +1,4 @@
+// Converts references between their stored and absolute forms, and visits all references of a project.
 #include "reference_host/files/references.h"
 
 #include <algorithm>
@@ -50,7 +51,7 @@ wide_string joined(wide_view folder, wide_view relative) {
     return path;
 }
 
-// Relative to the nearest folder above that holds it too; empty if there is none.
+// Returns the reference relative to the nearest common parent folder; empty if there is none.
 wide_string climbing_reference(wide_view folder, wide_view reference) {
     const std::size_t root = path_fixed_length(folder);
     wide_string up = u"..\\";
@@ -58,7 +59,7 @@ wide_string climbing_reference(wide_view folder, wide_view reference) {
         above = folder_above(above);
         if (above.size() <= root || !is_below(above, reference)) continue;
         const wide_view rest = reference.substr(above.size());
-        // Only what reads back as the same path.
+        // Only if it resolves to the same path again.
         return joined(folder, up + wide_string(rest)) == above + wide_string(rest) ? up + wide_string(rest)
                                                                                    : wide_string();
     }
@@ -72,7 +73,7 @@ wide_string stored_reference(wide_view folder, wide_view reference, bool behind_
         return u"*" + stored_reference(folder, reference.substr(1), false, near);
     if (is_below(folder, reference)) {
         const wide_view rest = reference.substr(folder.size());
-        // Only what reads back as the same path; "sub\..\..\x" for one is not below the folder at all.
+        // Only if it resolves to the same path again; "sub\..\..\x", for example, is not below the folder.
         if (looks_relative(rest) && joined(folder, rest) == wide_string(folder) + wide_string(rest))
             return wide_string(rest);
     } else if (near == nearness::beside && !looks_relative(reference)) {
@@ -92,11 +93,12 @@ wide_string resolved_reference(wide_view folder, wide_view stored, bool behind_s
 
 namespace {
 
-// Of a layer on a complex model: elements of a record among its extra values are files, relative to its own.
+// Layers on a complex model: some elements of this record in their extra values are files, relative to the
+// layer's file.
 constexpr std::string_view model_record = "BumpsSettings";
 constexpr std::size_t model_files[] = {9, 15, 39, 44};
 
-// Unless the reference is a uuid: then it names a scene of the project.
+// Unless the reference is a uuid, which names a scene of the project.
 bool shows_scene_file(const layer& shown) {
     return shown.type == "map_lr3d" || shown.type == "vs_scene_layer_meta_id";
 }
@@ -134,7 +136,7 @@ public:
     }
 
 private:
-    // Names the list of what is visited during its own life.
+    // Sets the current list to `list` for the lifetime of the object.
     class in_list {
     public:
         in_list(walk& all, const entity& list) : all_(all), before_(std::exchange(all.list_, list.caption)) {}
@@ -147,7 +149,7 @@ private:
         wide_view before_;
     };
 
-    // True if the reference is another one now.
+    // Passes the reference to the caller's function. Returns true if it changed the reference.
     bool tell(std::string_view kind, const entity& holder, wide_string& text, bool is_scene = false) const {
         if (text.empty()) return false;
         wide_string changed = change_({kind, &holder, list_, text, is_scene});
@@ -161,7 +163,7 @@ private:
         for (const auto& member : scenes.members()) visit(*member, kind);
     }
 
-    // Of a table that stands behind a layer, that layer is the owner.
+    // For the table of a layer, `owner` is the layer.
     void visit(attr_data& table, std::string_view kind, const entity& owner) {
         tell(kind, owner, table.file);
         for (table_join& join : table.joins) tell("joined table", owner, join.other_source);
@@ -184,10 +186,10 @@ private:
     }
 
     const reference_change& change_;
-    wide_view list_; // caption of the list in work
+    wide_view list_; // caption of the current list
 };
 
-// The walk that changes nothing, so that it is the same for what must not change.
+// Visits without changing anything, so it also works on const objects.
 template <class Model, class... Kind>
 void only_visit(const Model& model, const reference_visitor& visitor, Kind... kind) {
     const reference_change keep = [&](const held_reference& held) {

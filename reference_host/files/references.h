@@ -8,51 +8,54 @@
 
 namespace vestra::files {
 
-// How a reference to a data file stands in a file of the host. What lies near the folder of that file is
-// stored relative to the folder, so that both can be moved together; all else is stored as it is. Pure text,
-// no disk. A folder here ends with its separator; "\" and "/" are both separators.
-// What is near: with `below`, what lies below the folder; with `beside`, also what has a folder in common
-// with it, a drive or a share alone being none. A project stands above its data, a scene file may stand
-// anywhere.
+// How a reference to a data file is stored in a file of the host. A path near the folder of that file is
+// stored relative to it, so that both can be moved together; any other path is stored as it is. These
+// functions work on text only and do not access the disk. A folder here ends with its separator; "\" and "/"
+// are both separators.
+//
+// With `below`, only paths below the folder are near; with `beside`, also paths that share a folder with it,
+// not counting a drive or share alone. Project files use `below`, because a project is above its data; a
+// scene file can be anywhere.
 enum class nearness { below, beside };
 
-// The stored form. Folders are compared without letter case. A reference that is no whole path, and so would
-// be taken for a relative one, is stored behind a "=". With `behind_star`, a leading "*" is kept and what
-// follows it is the reference; otherwise a text that begins with "*" is stored as it is.
+// Returns the stored form. Folders are compared without regard to letter case. A reference that is not a full
+// path and would look like a relative one is stored after a "=". With `behind_star`, a leading "*" is kept
+// and the reference is the text after it; otherwise a text beginning with "*" is stored as it is.
 wide_string stored_reference(wide_view folder, wide_view reference, bool behind_star = false,
                              nearness near = nearness::below);
 
-// The inverse. A stored text is relative if it is not empty, has no ":" and begins with none of \ / * and =;
-// it may begin with ".." or hold "." and "..", which are resolved.
+// The inverse. A stored text is relative if it is not empty, contains no ":" and does not begin with \ / * or
+// =. It may begin with ".." or contain "." and "..", which are resolved.
 wide_string resolved_reference(wide_view folder, wide_view stored, bool behind_star = false);
 
-// All places where a project, a scene or a layer refers to something outside of its own file.
+// Every reference of a project, a scene or a layer to something outside its own file.
 struct held_reference {
     std::string_view kind; // of the element: "scene", "layer", "table", "joined table", "model file", ...
     const entity* holder;  // the element that holds it; never null
-    wide_view list; // caption of the scene or collection that holds the element; empty if there is none
-    wide_view text; // as the element holds it; that of a model file is made whole
-    bool is_scene = false; // if it is a path, a file of a 2D scene stands there, with references of its own
+    wide_view list;        // caption of the scene or collection that holds the element; may be empty
+    wide_view text;        // as the element holds it; made absolute for a model file
+    bool is_scene = false; // if `text` is a path, it is a 2D scene file, which has references of its own
 };
 
-// Told in the order of the project, during the call; what is empty is passed over.
+// Called once for each reference that is not empty, in the order of the project.
 using reference_visitor = std::function<void(const held_reference&)>;
 
+// Calls `visitor` for each reference of the object; changes nothing.
 void visit_references(const project& all, const reference_visitor& visitor);
 void visit_references(const layer& one, const reference_visitor& visitor);
-// The kind is what the scene counts as, be it a layout, a sheet or a legend.
+// `kind` is what the project uses the scene as, such as a layout, a sheet or a legend.
 void visit_references(const scene& one, std::string_view kind, const reference_visitor& visitor);
 
-// Gives a shape layer that has no table the file next to its own, if that is on the disk. Every layer that is
-// read has its table so.
+// Gives a shape layer without a table the .dbf file next to its own, if that exists on the disk. The reader
+// does this for every layer.
 void take_table_beside(layer& shown);
 
-// Returns what is to take the place of a reference, or an empty text to leave it.
+// Returns the new reference, or an empty text to keep the old one.
 using reference_change = std::function<wide_string(const held_reference&)>;
 
-// Visits the same places in the same order. A model file is looked at from the place that its layer refers to
-// by then, and takes the new reference as it is. A layer whose file changes takes the table beside the new
-// one, unless it has a table.
+// Visits the same references in the same order. A model file is resolved against the layer's new file and set
+// to the new reference as it is. A layer whose file changes takes the table next to the new file, unless it
+// has a table already.
 void change_references(project& all, const reference_change& change);
 void change_references(scene& one, const reference_change& change);
 

@@ -1,3 +1,4 @@
+// Escapes and unescapes texts for XML attributes, so that every UTF-16 text survives.
 #include "reference_host/files/xml_text.h"
 
 #include <algorithm>
@@ -19,7 +20,7 @@ bool xml_holds(char16_t c) {
     return c < 0xFFFE;
 }
 
-// The number between begin and the closing sign, and the length of all of it; none if it is not one.
+// Returns the number up to the closing character and the length of both; nothing if it is not a number.
 std::optional<std::pair<std::uint32_t, std::size_t>> number_until(wide_view text, char16_t close, int base) {
     const std::size_t end = text.substr(0, 12).find(close);
     if (end == wide_view::npos) return std::nullopt;
@@ -52,7 +53,8 @@ bool is_xml_character(std::uint32_t code) {
     return xml_holds(unit) && !is_high_half(unit) && !is_low_half(unit);
 }
 
-// Replaces the reference at the front of `text`, which begins with "&"; its length, or 0 if it is unknown.
+// Decodes the entity at the front of `text`, which begins with "&". Returns its length, or 0 if it is
+// unknown.
 std::size_t append_reference(wide_string& out, wide_view text) {
     static constexpr std::pair<wide_view, char16_t> names[] = {
         {u"&amp;", u'&'}, {u"&lt;", u'<'}, {u"&gt;", u'>'}, {u"&quot;", u'"'}, {u"&apos;", u'\''}};

@@ -1,4 +1,4 @@
-// The host's dynamic value, and the table of extra values that a layer carries under narrow keys.
+// The host's dynamic value, and the table of extra values that a layer stores under narrow keys.
 #pragma once
 
 #include <cstdint>
@@ -19,8 +19,8 @@ struct tuple : counted {
     friend bool operator==(const tuple& a, const tuple& b);
 };
 
-// One value and the code of its type; copies are deep. The code is the place of the type in `payload`:
-// 0 empty, 1 tuple, 2 int32, 3 double, 4 bool, 5 narrow text, 6 wide text.
+// A value together with its type code; copies are deep. The code is the index of the type in `payload`: 0
+// empty, 1 tuple, 2 int32, 3 double, 4 bool, 5 narrow text, 6 wide text.
 class any {
 public:
     using payload = std::variant<std::monostate, tuple, std::int32_t, double, bool, std::string, wide_string>;
@@ -29,6 +29,7 @@ public:
     explicit any(payload initial) : value(std::move(initial)) {}
 
     std::uint32_t type() const { return static_cast<std::uint32_t>(value.index()); }
+    // Return the value if it has this type; null otherwise.
     tuple* as_tuple() { return std::get_if<tuple>(&value); }
     const wide_string* as_text() const { return std::get_if<wide_string>(&value); }
     friend bool operator==(const any&, const any&) = default;
@@ -44,18 +45,18 @@ struct extra {
     friend bool operator==(const extra&, const extra&) = default;
 };
 
-// Rows in the order they were entered, each key once. A layer has a handful, so a look-up walks them.
+// Rows in the order of insertion, with unique keys. A layer has only a few, so a look-up is a linear search.
 class extra_table {
 public:
     const std::vector<extra>& rows() const { return rows_; }
     std::vector<extra>& rows() { return rows_; }
-    // Null if the key is not there. Compared whole and case-sensitively.
+    // Returns null if the key is missing. Keys are compared as a whole and case-sensitively.
     any* find(std::string_view key) {
         for (extra& row : rows_)
             if (row.key == key) return &row.value;
         return nullptr;
     }
-    // The value under the key, made empty if it was not there. Addresses of other values may change.
+    // Returns the value of the key; adds an empty one if it is missing, which can move the other values.
     any& set(std::string_view key) {
         any* found = find(key);
         return found ? *found : rows_.emplace_back(extra{std::string(key), {}}).value;

@@ -2,7 +2,7 @@
 
 namespace vestra {
 
-// One number for all libraries of the process, so it stands in one of them.
+// Defined here, so that all libraries of the process share one count.
 std::size_t counted::living = 0;
 
 std::size_t living_objects() { return counted::living; }

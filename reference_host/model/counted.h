@@ -1,4 +1,4 @@
-// Text and the count of living objects.
+// The text type of the model, and the count of living objects.
 #pragma once
 
 #include <cstddef>
@@ -7,11 +7,12 @@
 
 namespace vestra {
 
-// The text of the model is the text of the C functions: UTF-16.
+// The model uses the same text type as the C functions: UTF-16.
 using vs::project_resave::wide_string;
 using vs::project_resave::wide_view;
 
-// Base of everything a handle can point to. Copies and moved-from objects count, for they live too.
+// Base of every class that a handle can point to. Copies and moved-from objects are counted too, because they
+// are alive.
 class counted {
 public:
     counted() noexcept { ++living; }
@@ -24,7 +25,7 @@ private:
     friend std::size_t living_objects();
 };
 
-// Zero when every host object was destroyed. Asked on the user-interface thread, as all of the host.
+// Returns zero once every host object is destroyed. User-interface thread only, as everything in the host.
 std::size_t living_objects();
 
 } // namespace vestra

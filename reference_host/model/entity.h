@@ -1,4 +1,4 @@
-// What every element of a project has: identity, caption, meta identifier, parent, validity.
+// The common part of all elements of a project: identity, caption, meta identifier, parent, validity.
 #pragma once
 
 #include <cstdint>
@@ -15,11 +15,12 @@ enum class three_state : uint32_t { yes = 0, no = 1, mixed = 2 };
 
 class entity;
 
-// A pointer to an entity that another owns; it turns null when the entity is destroyed.
+// A non-owning pointer to an entity; it becomes null when the entity is destroyed.
 class entity_link {
 public:
     entity_link() = default;
     entity_link(entity* target);
+    // Returns null if the entity was destroyed or none was set.
     entity* get() const { return anchor_ ? *anchor_ : nullptr; }
     explicit operator bool() const { return get() != nullptr; }
 
@@ -27,9 +28,9 @@ private:
     std::shared_ptr<entity*> anchor_;
 };
 
-// Base of all that has a uuid. Classes derive from it singly and first, so a handle to a derived object and
-// one to its entity are the same address. An entity is never copied. Assigning by move takes over all that
-// the other is, links to it included; links to what stood here before turn null.
+// Base of every class with a uuid. Derived classes use single inheritance with entity as their first base, so
+// a handle to the object and one to its entity have the same address. Entities cannot be copied. Move
+// assignment also takes over the links to `other`; links to the previous content become null.
 class entity : public counted {
 public:
     explicit entity(std::string meta_identifier) : meta_id(std::move(meta_identifier)) {}
@@ -48,7 +49,7 @@ private:
     friend class entity_link;
     void cut_links() noexcept;
 
-    std::shared_ptr<entity*> anchor_; // made for the first link, shared by all links to this entity
+    std::shared_ptr<entity*> anchor_; // created for the first link, shared by all links to this entity
 };
 
 } // namespace vestra

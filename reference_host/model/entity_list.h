@@ -1,4 +1,4 @@
-// Containers of entities. A container is an entity itself and owns what is in it.
+// Containers of entities. A container is an entity itself and owns its members.
 #pragma once
 
 #include <utility>
@@ -14,12 +14,13 @@ public:
     entity_list& operator=(entity_list&&) noexcept = default;
 
     virtual std::uint32_t count() const = 0;
-    // Null at and beyond the count.
+    // Returns null for an index at or beyond the count.
     virtual entity* at(std::uint32_t index) const = 0;
-    // Destroys all that is in the container.
+    // Destroys all members.
     virtual void clear() = 0;
 };
 
+// A container of T, which owns its members through pointers, so their addresses stay valid.
 template <class T>
 class owned_list : public entity_list {
 public:
@@ -39,18 +40,19 @@ public:
         close_gaps();
         return *members_.emplace_back(std::move(member));
     }
-    // Makes the member in place, from the arguments of its constructor.
+    // Creates a member in place from the arguments of its constructor.
     template <class... Arguments>
     T& make(Arguments&&... arguments) {
         return add(std::make_unique<T>(std::forward<Arguments>(arguments)...));
     }
-    // Destroys the member; those behind it move down. An index at or beyond the count is ignored.
+    // Destroys the member; later members move down by one. An index at or beyond the count is ignored.
     void remove(std::uint32_t index) {
         if (index >= first_gap_) close_gaps();
         if (index >= members_.size()) return;
         members_[index].reset();
         first_gap_ = index;
     }
+    // Returns the members in order, without null pointers.
     const std::vector<std::unique_ptr<T>>& members() const {
         close_gaps();
         return members_;
@@ -59,7 +61,8 @@ public:
 private:
     static constexpr std::size_t none = ~std::size_t{0};
 
-    // Members move up only when somebody looks: removing n of them from the last to the first stays linear.
+    // Gaps are closed only on the next access, so that removing n members from the last to the first stays
+    // linear.
     void close_gaps() const {
         if (first_gap_ == none) return;
         std::erase(members_, nullptr);

@@ -1,3 +1,4 @@
+// The links between layers and the tree of layer groups, and frames of layouts.
 #include "reference_host/model/layer.h"
 
 #include <algorithm>

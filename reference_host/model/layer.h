@@ -13,7 +13,8 @@
 
 namespace vestra {
 
-// The tree of layer groups of a scene. A node is a group, or it stands for one layer that the scene owns.
+// A node in the tree of layer groups of a scene: either a group or a leaf for one layer, which the scene
+// owns.
 class layer;
 
 class layer_group : public counted {
@@ -24,17 +25,17 @@ public:
     layer_group& operator=(const layer_group&) = delete;
 
     layer_group& add_group(wide_string group_caption);
-    // A layer stands in the tree at most once: it leaves the place it had. The node goes when the layer is
-    // destroyed; the groups above it stay, also when they are empty then.
+    // Adds a leaf for the layer. A layer is in the tree at most once, so it leaves its previous place. The
+    // leaf is removed when the layer is destroyed; groups stay, even if they become empty.
     void add_layer(layer& member);
 
     bool is_group() const { return !is_leaf_; }
-    // Null for a group.
+    // Returns null for a group.
     layer* member() const { return member_; }
     std::uint32_t count() const;
-    // Null at and beyond the count.
+    // Returns null for an index at or beyond the count.
     layer_group* at(std::uint32_t index) const;
-    // Removes all groups below this one that hold no layer at any depth.
+    // Removes all groups below this one that contain no layer at any depth.
     void erase_empty_groups();
 
     wide_string caption;
@@ -48,7 +49,8 @@ private:
     layer_group* parent_ = nullptr;
     layer* member_ = nullptr;
     bool is_leaf_ = false;
-    // Leaves whose layer went are dropped together, on the next look: removing n layers stays linear.
+    // Leaves of destroyed layers are dropped together on the next access, so that removing n layers stays
+    // linear.
     mutable bool has_dead_ = false;
     mutable std::vector<std::unique_ptr<layer_group>> children_;
 };
@@ -59,17 +61,17 @@ class scene;
 // Returns the path of the attribute table that belongs to a shape file: next to it, under its stem.
 wide_string table_beside(wide_view shape_file);
 
-// Its reference may be a path behind a "*".
+// Meta identifier of a layer whose reference may be "*" followed by a path.
 inline constexpr const char* cutline_meta_id = "grid_cutline_lr2d";
 
 enum class dimension : std::uint8_t { flat, solid };
 
-// What a frame of a layout shows. The uuid stays when the scene is gone.
+// The scene that a frame of a layout shows. The uuid is kept when the scene is destroyed.
 class frame_scene {
 public:
     explicit frame_scene(const uuid& scene_id) : id(scene_id) {}
     explicit frame_scene(scene& shown);
-    // Null when no such scene is in the project, or no longer.
+    // Returns null if the project has no such scene, or no longer has it.
     scene* get() const;
     void bind(scene& shown);
 
@@ -79,16 +81,16 @@ private:
     entity_link target_; // always a scene
 };
 
-// A layer of a scene. What a kind of layer does not have stays empty or null.
+// A layer of a scene. Members that do not apply to its type stay empty or null.
 class layer : public entity {
 public:
-    // The meta identifier of a layer is its type, unless it is set otherwise.
+    // The meta identifier of a layer is its type, unless another one is set.
     layer(dimension layer_kind, std::string layer_type);
     ~layer() override;
-    // Whether it stands in its scene's tree of groups.
+    // True if the layer is in its scene's tree of groups.
     bool is_grouped() const { return node_ != nullptr; }
 
-    // True if it shows a shape file, whatever its shapes are.
+    // True if the layer shows a shape file, with any type of shapes.
     bool is_shape() const { return type.starts_with("shp_"); }
 
     const dimension kind;
@@ -101,17 +103,17 @@ public:
     std::unique_ptr<style_manager> style;
     std::unique_ptr<style_manager_list> styles;
 
-    // What the plug-in of a layer answers from; a layer without the value has no such plug-in.
+    // Data behind the plug-in interfaces of a layer; a layer without the value does not have that interface.
     std::optional<std::vector<wide_string>> members; // of a compound profile: uuid texts
     std::unique_ptr<scene> legend;                   // of a layout's legend: the small scene it shows
     std::optional<frame_scene> frame;                // of a layout's frame
 
-    // What the C functions keep for as long as the layer lives: the objects behind its plug-in interface.
+    // Objects that the C functions keep until the layer is destroyed: those behind its plug-in interfaces.
     std::shared_ptr<void> attached;
 
 private:
     friend class layer_group;
-    layer_group* node_ = nullptr; // where the layer stands in its scene's tree of groups
+    layer_group* node_ = nullptr; // the leaf of the layer in its scene's tree of groups
 };
 
 } // namespace vestra

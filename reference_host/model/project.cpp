@@ -5,7 +5,8 @@
 namespace vestra {
 
 scene& scene::operator=(scene&& other) noexcept {
-    owned_list::operator=(static_cast<owned_list&&>(other)); // the fields below are still there
+    // Moves only the base, so the members below are still valid.
+    owned_list::operator=(static_cast<owned_list&&>(other));
     source = std::move(other.source);
     groups = std::move(other.groups);
     page = std::move(other.page);

@@ -16,26 +16,27 @@ inline constexpr const char* scene_3d_meta_id = "Scene3DMetaID";
 inline constexpr const char* well_sheets_meta_id = "plugin_scn_2d_well_planshet_collection3";
 inline constexpr const char* correlations_meta_id = "c_scn2d_correlation_collection2";
 
-// The members are the scene's layers in the order of its own list, which is not the order of its groups.
-// Removing a layer takes it out of the groups too.
+// The members are the scene's layers in the order of its own list, which differs from the order of its
+// groups. Removing a layer also removes it from the groups.
 class scene : public owned_list<layer> {
 public:
     explicit scene(dimension scene_kind)
         : owned_list(scene_kind == dimension::flat ? scene_2d_meta_id : scene_3d_meta_id), kind(scene_kind) {}
-    // Both are of one kind.
+    // Both must have the same kind.
     scene& operator=(scene&& other) noexcept;
 
-    // A layer of the scene's kind, with the type as its meta identifier.
+    // Creates a layer of the scene's kind, with the type as its meta identifier.
     layer& make_layer(std::string type) { return make(kind, std::move(type)); }
-    // The root group, made if there is none.
+    // Returns the root group; creates it if there is none.
     layer_group& make_groups();
 
     const dimension kind;
     wide_string source;                  // of a well sheet or correlation: the file it is made from
-    std::unique_ptr<layer_group> groups; // root, or null
+    std::unique_ptr<layer_group> groups; // the root; may be null
     std::unique_ptr<layer> page;         // of a layout; not among the layers
 };
 
+// A container of scenes of one kind.
 class scene_collection : public owned_list<scene> {
 public:
     scene_collection(dimension scenes_kind, std::string meta_identifier)
@@ -47,25 +48,25 @@ public:
     const dimension kind;
 };
 
-// A project: all its containers, each an entity with a uuid.
+// A project with all its containers, each an entity with a uuid.
 
 inline constexpr const char* folder_meta_id = "FolderMetaID";
 using folder_list = owned_list<entity>;
 
 class project : public counted {
 public:
-    // Empty containers, each under its fixed uuid and caption.
+    // Creates empty containers with their fixed uuids and captions.
     project();
     ~project();
     project(const project&) = delete;
     project& operator=(const project&) = delete;
     project& operator=(project&&) noexcept = default;
 
-    // A further collection of 2D scenes that a plug-in keeps: well sheets, correlations, any other.
+    // Adds a collection of 2D scenes that belongs to a plug-in: well sheets, correlations or others.
     scene_collection& add_plugin_scenes(std::string meta_identifier);
 
     wide_string file;    // the file it was read from
-    folder_list folders; // entities that are nothing but the parents of others
+    folder_list folders; // entities that only serve as parents of others
     scene_collection scenes_2d;
     scene_collection scenes_3d;
     attr_data_list tables;

@@ -9,7 +9,7 @@
 
 namespace vestra {
 
-// How a layer is drawn. The host keeps it as a tree of named values under a type; assigning copies the tree.
+// The style of a layer: a tree of named values under a type. Assigning copies the tree.
 struct style_value {
     wide_string name;
     wide_string text;
@@ -29,13 +29,14 @@ struct style_manager_list : counted {
     std::vector<style_manager> managers;
 };
 
-// DBF tables with the tables joined to them, TOS tables, map legends, and the containers of these.
+// DBF tables with their joins, TOS tables, map legends, and their containers.
 class table_data : public entity {
 public:
     using entity::entity;
     wide_string file;
 };
 
+// A join with another table by the index of a field in each of them.
 struct table_join {
     wide_string other_source; // path of the joined table
     std::int32_t base_field = 0;
@@ -46,7 +47,7 @@ struct table_join {
 class attr_data : public table_data {
 public:
     attr_data() : table_data("AttrDataMetaID") {}
-    // Only the path of the other table is kept.
+    // Keeps only the path of the other table.
     void join(const table_data& other, std::int32_t base_field, std::int32_t other_field) {
         joins.push_back({other.file, base_field, other_field});
     }
@@ -60,7 +61,7 @@ public:
     tos_data() : table_data("TosDataMetaID") {}
 };
 
-// The caption is the legend's title.
+// The caption is the title of the legend.
 class map_legend : public entity {
 public:
     map_legend() : entity("MapLegendMetaID") {}

@@ -1,3 +1,4 @@
+// Parsing, printing and random generation of uuids.
 #include "reference_host/model/uuid.h"
 
 #include <cstring>

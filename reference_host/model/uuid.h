@@ -1,4 +1,4 @@
-// Identity of an entity: sixteen bytes, or no value.
+// The identity of an entity: sixteen bytes, or no value.
 #pragma once
 
 #include <array>
@@ -14,14 +14,15 @@ class uuid : public counted {
 public:
     uuid() = default;
 
-    // "8-4-4-4-12" hexadecimal digits of any letter case, in braces or not; nothing else is a uuid, least of
-    // all a path. All digits zero is the uuid without a value.
+    // Parses "8-4-4-4-12" hexadecimal digits of any letter case, with or without braces. Returns nothing for
+    // any other text, such as a path. All digits zero is the uuid without a value.
     static std::optional<uuid> parse(wide_view text);
-    // A new one that differs from all others.
+    // Returns a new random uuid.
     static uuid random();
 
+    // True unless all digits are zero.
     bool has_value() const { return bytes_ != std::array<uint8_t, 16>{}; }
-    // Lower case, without braces; empty without a value.
+    // Returns the digits in lower case without braces; empty if it has no value.
     wide_string text() const;
     std::size_t hash() const;
     friend bool operator==(const uuid& a, const uuid& b) { return a.bytes_ == b.bytes_; }

@@ -1,4 +1,5 @@
-// What is pressed: buttons, tools, boxes with a mark, and the row of buttons below a window.
+// Widgets for elements that are pressed: buttons, tools, check boxes, radio buttons, and the button row of a
+// window.
 #include <QCheckBox>
 #include <QHBoxLayout>
 #include <QPushButton>
@@ -77,7 +78,7 @@ private:
     }
 };
 
-// The bundle keeps the group, so no button goes off by itself.
+// The bundle manages the group, so the widget must not switch any button off.
 class radio_widget final : public widget_for<radiobutton_impl, QRadioButton> {
 public:
     radio_widget(element_widgets& all, const element& live, QWidget* parent)
@@ -153,7 +154,7 @@ private:
         all_.commit();
         bool closes = false;
         const auto click = [&] { send([&] { closes = ask<&button_box_impl::click>(code); }); };
-        element_widgets& all = all_; // the window can go with the event
+        element_widgets& all = all_; // the event can destroy the window and this widget
         all.around_button(code, click);
         if (closes && all.on_close) all.on_close(code);
     }

@@ -1,4 +1,4 @@
-// Which widget shows an element of which kind.
+// Maps kinds of elements to widgets.
 #pragma once
 
 #include "reference_host/qt/element_widgets.h"
@@ -6,7 +6,7 @@
 
 namespace vestra::qt {
 
-// One interface of an element, shown in a widget of the class Widget.
+// Base of a widget of class Widget that shows one interface of an element.
 template <class Impl, class Widget>
 class widget_for : public element_widget {
 protected:
@@ -38,16 +38,17 @@ std::unique_ptr<element_widget> make_widget(element_widgets& all, const element&
     return std::make_unique<Made>(all, live, parent);
 }
 
-// Makes the widget of an element, without its state. One of an unknown kind has an empty widget.
+// Creates the widget of an element, without its state. An unknown kind gets an empty widget.
 std::unique_ptr<element_widget> widget_of(element_widgets& all, const element& live, QWidget* parent);
 
-// The kinds of each source: texts and fields, buttons, layouts, and outlines.
+// The kinds of each source file: texts and fields, buttons, layouts, outlines.
 const std::vector<kind_of_widget>& field_kinds();
 const std::vector<kind_of_widget>& button_kinds();
 const std::vector<kind_of_widget>& layout_kinds();
 const std::vector<kind_of_widget>& outline_kinds();
 
-// Words on a button or a tab, where "&" would mark a key, in lines of a readable length; and back again.
+// `on_button` prepares words for a button or a tab: escapes "&", which would mark a key, and wraps long
+// lines. `off_button` is the inverse.
 QString on_button(const QString& words);
 QString off_button(QString words);
 

@@ -1,3 +1,4 @@
+// Creates the widgets of a window, keeps them in step with their elements and sends the user's events.
 #include "reference_host/qt/element_widgets.h"
 
 #include <algorithm>
@@ -22,7 +23,7 @@ QString said(const char* english, const char* russian) {
 element_widget::element_widget(element_widgets& all, const element& live, QWidget* widget)
     : all_(all), live_(live), widget_(widget), kind_(toolkit::told<&element_impl::kind>(live)) {
     QSizePolicy policy = widget->sizePolicy();
-    policy.setRetainSizeWhenHidden(true); // an element that is not shown keeps its place
+    policy.setRetainSizeWhenHidden(true); // a hidden element keeps its place
     widget->setSizePolicy(policy);
     call<&element_impl::set_observer>(live_, pointer_to<element_observer_impl>(*this));
 }
@@ -49,7 +50,7 @@ element_view element_widget::look() const {
     element_view view;
     view.live = live_;
     view.kind = kind_;
-    view.enabled = !widget_->testAttribute(Qt::WA_ForceDisabled); // by itself, whatever is around it
+    view.enabled = !widget_->testAttribute(Qt::WA_ForceDisabled); // not counting its parents
     view.visible = !widget_->isHidden();
     for (const element_widget* each : inside_) view.children.push_back(each->look());
     read(view);
@@ -80,7 +81,7 @@ element_widgets::~element_widgets() {
 
 element_widget* element_widgets::make(const element& live, QWidget* parent) {
     if (!live) return nullptr;
-    ++depth_; // what is inside is made meanwhile
+    ++depth_; // making it also makes the widgets inside it
     std::unique_ptr<element_widget> made = widget_of(*this, live, parent);
     element_widget* const widget = made.get();
     widgets_.push_back(std::move(made));

@@ -1,7 +1,7 @@
-// The widgets of a bundle's elements: each asks its element through the interface tables, shows what that
-// answers, asks again when it is told of a change, and sends the user's events back.
+// The widgets of a bundle's elements. Each reads its element through the interface tables, shows the values,
+// reads them again after a change, and sends the user's events back.
 //
-// The elements stay the bundle's and must outlive their widgets. User-interface thread only.
+// The elements belong to the bundle and must outlive their widgets. User-interface thread only.
 #pragma once
 
 #include <QPointer>
@@ -20,27 +20,27 @@ using vs::project_resave::element;
 
 QString shown(wide_view text);
 wide_string entered(const QString& text);
-// Words of the host itself, in the language of its settings.
+// Returns a text of the host itself in the language of its settings.
 QString said(const char* english, const char* russian);
 
 class element_widgets;
 
-// One element with its widget. The base shows what all elements have: whether it is enabled and visible.
+// One element with its widget. The base class shows the common state: enabled and visible.
 class element_widget : public vs::project_resave::element_observer_impl {
 public:
-    // The widget is its parent's, and can go before this object.
+    // The widget is owned by its parent widget and can be destroyed before this object.
     element_widget(element_widgets& all, const element& live, QWidget* widget);
-    // Ends the connection to the element.
+    // Disconnects from the element.
     virtual ~element_widget();
     element_widget(const element_widget&) = delete;
     element_widget& operator=(const element_widget&) = delete;
 
     void on_changed(element which) override;
-    // Asks the element for all that can change.
+    // Reads all values of the element that can change.
     void refresh();
-    // What a person sees in the widget, and in those inside of it.
+    // Returns what the widget and those inside it show.
     toolkit::element_view look() const;
-    // Sends what the user has typed and not confirmed yet.
+    // Sends text that the user has typed but not confirmed.
     virtual void commit() {}
 
     QWidget* widget() const { return widget_; }
@@ -48,15 +48,16 @@ public:
     const std::vector<element_widget*>& inside() const { return inside_; }
     bool is_enabled() const { return is_enabled_; }
     bool is_visible() const { return is_visible_; }
-    // A page is enabled and shown by its tab: the layout is told of changes and does so.
+    // The tab of a page shows whether the page is enabled and visible, so the layout is notified of changes
+    // instead.
     void leave_state_to(element_widget& layout) { keeper_ = &layout; }
 
 protected:
     virtual void show() {}
     virtual void read(toolkit::element_view&) const {}
-    // Makes the widget of an element inside of this one; null for a null element.
+    // Creates the widget of an element inside this one; returns null for a null element.
     element_widget* add(const element& child, QWidget* parent = nullptr);
-    // Sends an event of the user, unless what is shown just now comes from the element.
+    // Sends an event of the user. Does nothing while values of the element are being shown.
     void send(const std::function<void()>& event);
 
     element_widgets& all_;
@@ -70,35 +71,36 @@ private:
     bool is_enabled_ = true, is_visible_ = true, is_showing_ = false;
 };
 
-// All widgets of one window or dialog.
+// All widgets of a window or dialog.
 class element_widgets {
 public:
     element_widgets();
-    // Takes the widgets away, then the connections.
+    // Destroys the widgets, then their connections to the elements.
     ~element_widgets();
     element_widgets(const element_widgets&) = delete;
     element_widgets& operator=(const element_widgets&) = delete;
 
-    // Makes the widget of an element with all that is in it. Null for a null element.
+    // Creates the widget of an element and all inside it. Returns null for a null element.
     element_widget* make(const element& live, QWidget* parent);
-    // The one of this element, at any depth; null if there is none.
+    // Returns the widget of this element at any depth; null if there is none.
     element_widget* find(const element& live) const;
 
-    // The widget is refreshed with the next `settle`, which comes by itself before anything is painted.
+    // Marks a widget for the next `settle`, which runs by itself before the next repaint.
     void note_change(element_widget& changed);
     void settle();
-    // Runs an event of the user and settles what has changed; does nothing while the widgets go.
+    // Runs an event of the user, then shows what has changed. Does nothing during destruction.
     void send(const std::function<void()>& event);
-    // True while one is under way.
+    // Returns true while an event is running.
     bool is_at_work() const { return at_work_ > 0; }
-    // Sends what the user has typed and not confirmed yet, in all fields.
+    // Sends text that the user has typed but not confirmed, in all fields.
     void commit();
 
-    // Called when the last event under way has ended; may be empty.
+    // Called when the last running event has ended; may be empty.
     std::function<void()> on_idle;
-    // Called with a button's code after the bundle has said that the window is to close; may be empty.
+    // Called with the code of a button after the bundle agreed to close the window; may be empty.
     std::function<void(std::int32_t code)> on_close;
-    // Runs the press of a window's button, by its code; whoever owns the window may do more around it.
+    // Runs `press` for a button with this code; the owner of the window can replace it to do more before or
+    // after.
     std::function<void(std::int32_t code, const std::function<void()>& press)> around_button =
         [](std::int32_t, const std::function<void()>& press) { press(); };
 
@@ -106,7 +108,7 @@ private:
     std::vector<std::unique_ptr<element_widget>> widgets_;
     std::vector<element_widget*> changed_;
     std::vector<QPointer<QWidget>> roots_;
-    unsigned depth_ = 0; // of the element that is being made
+    unsigned depth_ = 0; // nesting depth of `make`
     QTimer later_;
     unsigned at_work_ = 0;
     bool is_closing_ = false;

@@ -1,4 +1,4 @@
-// Texts, figures, and fields that take a value.
+// Widgets for texts, numbers, and fields that take a value.
 #include <QComboBox>
 #include <QHBoxLayout>
 #include <QLabel>
@@ -26,7 +26,7 @@ public:
         : widget_for(all, live, new QLabel(parent)) {
         own_->setTextFormat(Qt::PlainText);
         own_->setWordWrap(true);
-        // An empty one that is not shown moves in what stands behind it.
+        // An empty hidden label would let the next element move to its place.
         if (text_of<&label_impl::text>().isEmpty()) own_->setMinimumWidth(20);
     }
 
@@ -35,7 +35,7 @@ private:
     void read(element_view& view) const override { view.text = entered(own_->text()); }
 };
 
-// A line that can be selected and copied.
+// A line of text that can be selected and copied.
 class output_widget final : public widget_for<output_impl, QLabel> {
 public:
     output_widget(element_widgets& all, const element& live, QWidget* parent)

@@ -1,4 +1,4 @@
-// Where elements stand: grids, frames, divided and stacked layouts, pages, tool bars, dockers.
+// Widgets that arrange other elements: grids, frames, split and stacked layouts, pages, tool bars, dockers.
 #include <QAbstractScrollArea>
 #include <QGridLayout>
 #include <QGroupBox>
@@ -27,7 +27,7 @@ using toolkit::element_view;
 
 namespace {
 
-// Of a field below or behind a label, for those who do not see them.
+// Sets the accessible name of a field to the label before it, for screen readers.
 void name_after(const QWidget* before, QWidget* field) {
     const auto* const label = qobject_cast<const QLabel*>(before);
     QWidget* const takes_keys = field->focusProxy() ? field->focusProxy() : field;
@@ -66,7 +66,7 @@ public:
     }
 
 private:
-    // What the rows leave goes to the spare one, to those that can use it, or else below all of them.
+    // Gives the remaining height to the spare row, to rows that can use it, or else below all rows.
     void stretch(QGridLayout& grid, int rows, int columns) {
         const uint32_t spare = this->template ask<&grid_layout_impl::spare_row>();
         if (spare < static_cast<uint32_t>(rows))
@@ -166,7 +166,7 @@ public:
         own_->setUsesScrollButtons(true);
         QObject::connect(own_, &QTabWidget::currentChanged, [this](int index) {
             send([&] { ask<&tab_layout_impl::page_chosen>(static_cast<uint32_t>(index)); });
-            if (index >= 0) refresh(); // the choice can be refused
+            if (index >= 0) refresh(); // the element can reject the choice
         });
     }
 
@@ -178,7 +178,7 @@ private:
             own_->setTabEnabled(index, on && call<&element_impl::enabled>(page.live()));
             own_->setTabVisible(index, call<&element_impl::visible>(page.live()));
         }
-        // A page that is shown stays so even where it cannot be chosen any more; the widget would turn it.
+        // A page stays current even after its tab is disabled; the widget would switch to another one.
         own_->setCurrentIndex(static_cast<int>(ask<&tab_layout_impl::active_page>()));
     }
     void read(element_view& view) const override {

@@ -1,3 +1,4 @@
+// The item model of an outline, which reads rows from the element on demand.
 #include "reference_host/qt/outline_model.h"
 
 #include <QBrush>

@@ -1,5 +1,5 @@
-// The rows of an outline as a model that asks the element for each answer. It keeps which rows there are, as
-// far as anybody has looked, and nothing of what stands in them.
+// The rows of an outline as an item model that reads the element for every value. It stores only which rows
+// exist, as far as they were requested, and no content.
 #pragma once
 
 #include <QAbstractItemModel>
@@ -18,11 +18,12 @@ class outline_model final : public QAbstractItemModel, private vs::project_resav
 public:
     static constexpr int image_role = Qt::UserRole; // the index of the row's picture
 
-    // `changed` is called when the element makes its host ask again: `settle` is due then.
+    // `changed` is called when the element asks its host to update; call `settle` then.
     outline_model(const vs::project_resave::element& live, std::function<void()> changed);
     ~outline_model() override;
 
-    // Asks for the rows again. The same rows in another state keep their indexes; other rows are a reset.
+    // Reads the rows again. If they are the same rows, their indexes stay valid; otherwise the model is
+    // reset.
     void settle();
 
     QModelIndex index(int row, int column, const QModelIndex& parent) const override;
@@ -38,17 +39,17 @@ public:
     const vs::project_resave::interface_to<vs::project_resave::outline_impl>& outline() const {
         return outline_;
     }
-    // Null for no index, and while rows have changed that nobody has asked for again.
+    // Returns null for an invalid index, and if the rows have changed since they were read.
     vs::project_resave::outline_row* row_at(const QModelIndex& index) const;
-    // Calls `visit` with each row that has been looked at, parents before children.
+    // Calls `visit` for each row that was requested so far, parents before children.
     void each_known(const std::function<void(const QModelIndex& index)>& visit) const;
-    // The width to begin with, in average characters.
+    // Returns the initial width in average characters.
     int width() const;
-    // The user clicked the header; false if it does nothing.
+    // The user clicked the header; returns false if the header does nothing.
     bool click_header();
 
 private:
-    // A row with those below it, of which null ones were not looked at.
+    // A row with the rows below it; null pointers are rows that were not requested yet.
     struct node {
         vs::project_resave::outline_row* row = nullptr; // null for the root
         node* above = nullptr;
@@ -63,7 +64,7 @@ private:
 
     node& node_at(const QModelIndex& index) const;
     void count(node& of) const;
-    // True if the rows known below are those that the element has now.
+    // Returns true if the known rows below `known` are still those of the element.
     bool is_same(const node& known) const;
     void visit_below(const node& of, const std::function<void(const QModelIndex&)>& visit) const;
     QIcon icon(vs::project_resave::outline_row* row) const;
@@ -73,7 +74,7 @@ private:
     const vs::project_resave::outline_checks checks_;
     const std::function<void()> changed_;
     const std::unique_ptr<node> root_;
-    mutable std::map<int, QIcon> icons_; // by their index
+    mutable std::map<int, QIcon> icons_; // by index
     bool is_stale_ = false;
 };
 

@@ -1,3 +1,4 @@
+// The tree view of an outline: selection, expansion and clicks on check marks.
 #include "reference_host/qt/outline_tree.h"
 
 #include <QHeaderView>
@@ -18,7 +19,8 @@ using toolkit::row_view;
 
 namespace {
 
-// In one order, and neighbours as one range: equal for the same rows, however they were selected.
+// Returns the ranges sorted and with neighbours joined, so that the result is equal for the same rows in any
+// order of selection.
 std::vector<std::pair<QModelIndex, QModelIndex>> ranges_of(const QItemSelection& rows) {
     std::vector<std::pair<QModelIndex, QModelIndex>> ranges;
     for (const QItemSelectionRange& each : rows) {
@@ -41,10 +43,10 @@ std::vector<std::pair<QModelIndex, QModelIndex>> ranges_of(const QItemSelection&
 outline_tree::outline_tree(outline_model& model, std::function<void(const std::function<void()>&)> sends,
                            QWidget* parent)
     : QTreeView(parent), rows_(model), sends_(std::move(sends)) {
-    is_taking_ = true; // nobody is there to be told yet
+    is_taking_ = true; // there is no one to notify yet
     setModel(&model);
     is_taking_ = false;
-    setUniformRowHeights(true); // else every row of a long list would be measured
+    setUniformRowHeights(true); // otherwise every row of a long list is measured
     setSelectionMode(ExtendedSelection);
     setAllColumnsShowFocus(true);
     header()->setSectionsClickable(true);
@@ -66,7 +68,7 @@ void outline_tree::take_flags() {
     is_taking_ = false;
 }
 
-// Neighbours become one range: a range for each row would make the selection slow.
+// Joins neighbouring rows into one range, because one range per row would make the selection slow.
 void outline_tree::take_below(const QModelIndex& parent, QItemSelection& highlighted) {
     const int count = rows_.rowCount(parent);
     QModelIndex first, last;
@@ -119,7 +121,7 @@ void outline_tree::mouseReleaseEvent(QMouseEvent* event) {
     sends_([&] { rows_.setData(pressed, was_on ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole); });
 }
 
-// A quick second click on a mark is a click.
+// A fast second click on a mark counts as a click.
 void outline_tree::mouseDoubleClickEvent(QMouseEvent* event) {
     if (is_on_mark(event->pos()))
         mousePressEvent(event);
@@ -170,7 +172,7 @@ private:
         own_->setColumnWidth(0, own_->fontMetrics().averageCharWidth() * rows_->width());
     }
 
-    // The view is in the middle of its own work, so what changes by an event is shown right after it.
+    // The view is in the middle of its own update, so changes caused by the event are shown right after it.
     void tell(const std::function<void()>& event) {
         event();
         all_.note_change(*this);
@@ -205,7 +207,7 @@ private:
         return rows;
     }
 
-    const std::unique_ptr<outline_model> rows_; // outlives the view, which goes with its parent
+    const std::unique_ptr<outline_model> rows_; // outlives the view, which its parent destroys
 };
 
 } // namespace

@@ -1,4 +1,4 @@
-// The view of an outline: a tree with check marks, in which the highlighted rows are the selected ones.
+// The view of an outline: a tree with check marks; highlighted rows are the selected ones.
 #pragma once
 
 #include <QTreeView>
@@ -13,13 +13,13 @@ public:
     outline_tree(outline_model& model, std::function<void(const std::function<void()>&)> sends,
                  QWidget* parent);
 
-    // Shows which rows are expanded and highlighted, as the element answers.
+    // Applies the expanded and highlighted state of the rows as reported by the element.
     void take_flags();
-    // The place of a row's mark; empty for a row that is not in sight.
+    // Returns the rectangle of a row's mark; empty if the row is not visible.
     QRect mark_rect(const QModelIndex& index) const;
 
 protected:
-    // A click on a mark neither highlights the row nor goes to it.
+    // A click on a mark neither highlights the row nor makes it current.
     void mousePressEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
     void mouseDoubleClickEvent(QMouseEvent* event) override;
@@ -33,8 +33,8 @@ private:
 
     outline_model& rows_;
     const std::function<void(const std::function<void()>&)> sends_;
-    QPersistentModelIndex pressed_; // the row whose mark the button went down on
-    bool is_taking_ = false;        // what is selected and expanded now comes from the element
+    QPersistentModelIndex pressed_; // the row on whose mark the button was pressed
+    bool is_taking_ = false;        // true while the element's state is being applied
 };
 
 } // namespace vestra::qt

@@ -1,3 +1,4 @@
+// A path field with its button and file dialog.
 #include "reference_host/qt/path_field.h"
 
 #include <QFileInfo>
@@ -16,12 +17,12 @@ using namespace vs::project_resave;
 
 namespace {
 
-const QString own_words = QStringLiteral("…"); // where the bundle has none for the button
+const QString own_words = QStringLiteral("…"); // used if the bundle has no text for the button
 
 } // namespace
 
 path_line::path_line(QWidget* parent) : QLineEdit(parent) {
-    setAcceptDrops(false); // the window takes files
+    setAcceptDrops(false); // the window accepts dropped files
 }
 
 void path_line::focusOutEvent(QFocusEvent* event) {
@@ -61,7 +62,8 @@ void path_field::commit() {
 }
 
 void path_field::enter(const wide_string& text) {
-    if (std::exchange(is_entering_, true)) return; // boxes take the focus away, and so end the editing again
+    // Message boxes take the focus away, which would finish the editing again.
+    if (std::exchange(is_entering_, true)) return;
     send([&] { ask<&file_input_impl::text_entered>(text.c_str()); });
     is_entering_ = false;
     refresh();
@@ -96,7 +98,7 @@ void path_field::browse() {
 void path_field::show() {
     const QString text = text_of<&file_input_impl::text>();
     if (line_->text() == text) return;
-    line_->selectAll(); // so that what was typed and not taken can be brought back by "undo"
+    line_->selectAll(); // so that a rejected text can be restored with "undo"
     line_->insert(text);
 }
 

@@ -1,4 +1,4 @@
-// A field for a path with the button of the host's dialog behind it.
+// A field for a path, followed by a button that opens the host's dialog.
 #pragma once
 
 #include <QFileDialog>
@@ -11,40 +11,41 @@
 
 namespace vestra::qt {
 
-// A line that is typed in until the keyboard goes to another part of the same window: a look at another
-// program or a menu ends nothing.
+// A line edit that finishes editing when the focus moves to another part of the same window. Switching to
+// another program or opening a menu does not finish it.
 class path_line final : public QLineEdit {
 public:
     explicit path_line(QWidget* parent);
-    // Called when the typing has ended.
+    // Called when the editing has finished.
     std::function<void()> on_left;
 
 protected:
     void focusOutEvent(QFocusEvent* event) override;
-    // Enter is the field's, and presses no button of a dialog.
+    // Enter finishes the editing and does not press a button of the dialog.
     void keyPressEvent(QKeyEvent* event) override;
 };
 
-// Shows the paths of projects and takes those of the operating system, too.
+// Shows paths in the project's form and also accepts those of the operating system.
 class path_field final : public widget_for<vs::project_resave::file_input_impl, QWidget> {
 public:
+    // Creates the line and the button inside a widget of `parent`.
     path_field(element_widgets& all, const element& live, QWidget* parent);
 
     void commit() override;
-    // The dialog as the button opens it.
+    // Creates the dialog that the button opens.
     std::unique_ptr<QFileDialog> make_dialog() const;
 
 private:
     void show() override;
     void read(toolkit::element_view& view) const override;
     void browse();
-    // Sends the text; what the element then passes is shown.
+    // Sends the text and shows the text that the element reports afterwards.
     void enter(const wide_string& text);
 
     path_line* const line_;
     QPushButton* const button_;
     const vs::project_resave::file_input_mode mode_;
-    const QString filter_; // "words|pattern"
+    const QString filter_; // "text|pattern"
     bool is_entering_ = false;
 };
 

@@ -1,3 +1,4 @@
+// Converts bitmaps with a mask into icons.
 #include "reference_host/qt/pictures.h"
 
 #include <QImage>
@@ -9,7 +10,7 @@ using namespace vs::project_resave;
 
 namespace {
 
-constexpr int densest = 4; // pixels of a screen for one of the picture, in each direction
+constexpr int densest = 4; // highest screen density, in screen pixels for one picture pixel
 
 int sized(uint32_t size) { return static_cast<int>(std::min<uint32_t>(size, 4096)); }
 

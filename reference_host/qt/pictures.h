@@ -1,4 +1,4 @@
-// The pictures of a bundle as icons.
+// Converts the pictures of a bundle into icons.
 #pragma once
 
 #include <QIcon>
@@ -8,8 +8,8 @@
 
 namespace vestra::qt {
 
-// Returns the picture that `tells` passes to the visitor, in its own size and, pixel by pixel, in the sizes
-// that screens of a higher density show it in. Null for a picture of width 0 and for none.
+// Returns the picture that `tells` passes to its visitor, in its own size and enlarged pixel by pixel for
+// screens with a higher density. Returns a null icon for a picture of width 0 or if no picture is passed.
 QIcon icon_told(const std::function<void(vs::project_resave::masked_bitmap_visitor visitor)>& tells);
 
 } // namespace vestra::qt

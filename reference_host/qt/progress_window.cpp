@@ -1,3 +1,4 @@
+// The progress window with its bar, caption, amount and stop button.
 #include "reference_host/qt/progress_window.h"
 
 #include <QCloseEvent>
@@ -54,7 +55,7 @@ void progress_window::stop() {
 }
 
 void progress_window::closeEvent(QCloseEvent* event) {
-    event->ignore(); // whoever opened it closes it
+    event->ignore(); // the code that opened the window closes it
     stop();
 }
 

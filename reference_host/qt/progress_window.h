@@ -1,4 +1,4 @@
-// The window that shows how far something has come.
+// The window that shows the progress of an operation.
 #pragma once
 
 #include <QWidget>
@@ -11,17 +11,18 @@ class QPushButton;
 
 namespace vestra::qt {
 
-// What is being done, how far it has come, and a button that stops it, which Escape and the window's own
-// button are, too. Not modal: the window below it can still be moved and closed.
+// Shows what is being done, a progress bar and a stop button; Escape and the close button of the window also
+// request a stop. Not modal: the window below can still be moved and closed.
 class progress_window final : public QWidget {
 public:
+    // Calls `stops` when the user requests a stop.
     progress_window(QWidget* above, bool stoppable, std::function<void()> stops);
 
     void set_caption(const QString& text);
-    // Shows a percentage; nothing: how long it takes is unknown.
+    // Shows a percentage; without a value, a bar of unknown length.
     void set_percent(std::optional<int> percent);
     void set_amount(const QString& text);
-    // The wish to stop is known, until it is forgotten.
+    // Shows that a stop was requested, until it is reset.
     void set_stopping(bool on);
 
 protected:
@@ -39,7 +40,7 @@ private:
     QPushButton* const stop_;
 };
 
-// Shows a window in the middle of the one below it, where no window manager puts it there.
+// Shows a window centred over another one, for systems without a window manager.
 void show_above(QWidget& shown_window, const QWidget& below);
 
 } // namespace vestra::qt

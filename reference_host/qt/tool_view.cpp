@@ -1,3 +1,4 @@
+// The widgets of an open tool, and modal windows for dialogs.
 #include "reference_host/qt/tool_view.h"
 
 #include <QDialog>
@@ -32,7 +33,7 @@ toolkit::element_view tool_view::look() const {
 
 namespace {
 
-// The host's own buttons, for a dialog that has none.
+// Adds buttons of the host to a dialog that has none.
 QDialogButtonBox* own_buttons(QDialog& dialog, element_widgets& widgets) {
     auto* const box = new QDialogButtonBox(&dialog);
     QPushButton* const ok = box->addButton(QDialogButtonBox::Ok);

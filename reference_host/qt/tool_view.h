@@ -1,4 +1,4 @@
-// The window of a tool as widgets: its content with the button box below it, and the dialogs of its bundle.
+// The window of a tool as widgets: its content with the button box below, and the dialogs of its bundle.
 #pragma once
 
 #include <QWidget>
@@ -9,13 +9,13 @@
 
 namespace vestra::qt {
 
-// The content of an open tool. It must go before the tool does.
+// The content of an open tool. Destroy it before the tool.
 class tool_view final : public QWidget, public toolkit::shown_window {
 public:
     explicit tool_view(const toolkit::app_window& tool);
     ~tool_view() override;
 
-    // What stands in the widgets, in the form in which the walker tells what the elements answer.
+    // Returns what the widgets show, in the same form in which the walker returns the elements.
     toolkit::element_view look() const override;
     element_widgets& widgets() { return *widgets_; }
 

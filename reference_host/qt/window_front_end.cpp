@@ -1,3 +1,4 @@
+// Message boxes, progress and wait windows on a screen; handles events while the host works.
 #include "reference_host/qt/window_front_end.h"
 
 #include <QAbstractButton>
@@ -17,7 +18,7 @@ using shell::answer;
 
 namespace {
 
-constexpr int between_pumps = 15; // milliseconds; each file asks whether to stop
+constexpr int between_pumps = 15; // milliseconds; the host polls for a stop at each file
 constexpr int least_width = 360;  // of a box, in pixels
 
 class wait_window final : public QWidget {
@@ -25,7 +26,7 @@ public:
     using QWidget::QWidget;
 
 protected:
-    void closeEvent(QCloseEvent* event) override { event->ignore(); } // whoever opened it closes it
+    void closeEvent(QCloseEvent* event) override { event->ignore(); } // closed by the code that opened it
 };
 
 } // namespace
@@ -40,7 +41,8 @@ QMessageBox::StandardButton window_front_end::ask(QMessageBox::Icon icon, wide_v
                                                   QMessageBox::StandardButton chosen_by_enter) {
     QWidget* above = QApplication::activeModalWidget(); // a dialog that asks for a name
     if (!above) above = progress_ ? static_cast<QWidget*>(progress_.get()) : &window_;
-    // A text of its own for the reason would be squeezed, and shown with what looks like tags taken out.
+    // The box's own field for details would be narrow and would interpret tags, so the reason is appended to
+    // the text.
     const QString whole = reason.isEmpty() ? shown(text) : shown(text) + "\n\n" + reason;
     QMessageBox box(icon, title, whole, buttons, above->isVisible() ? above : nullptr);
     box.setTextFormat(Qt::PlainText);
@@ -80,7 +82,7 @@ bool window_front_end::confirms(wide_view text) {
 
 answer window_front_end::yes_no_cancel(wide_view text) {
     const auto buttons = QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
-    // Whether to erase: no key that is pressed too early does so.
+    // The question is whether to erase files, so a key pressed too early must not confirm it.
     switch (ask(QMessageBox::Question, text, buttons, {}, QMessageBox::Cancel)) {
     case QMessageBox::Yes:
         return answer::yes;
@@ -102,7 +104,7 @@ void window_front_end::end_work() {
     if (--busy_depth_ > 0) return;
     if (busy_) busy_(false);
     if (was_active_) window_.activateWindow();
-    if (had_keys_) had_keys_->setFocus(); // a widget that was disabled meanwhile has lost it
+    if (had_keys_) had_keys_->setFocus(); // a widget loses the focus when it is disabled
 }
 
 void window_front_end::pump(bool at_once) {
@@ -142,7 +144,7 @@ void window_front_end::progress_indeterminate(bool on) {
 
 void window_front_end::progress_closed() {
     progress_.reset();
-    is_stopped_ = false; // what comes next was not stopped
+    is_stopped_ = false; // the stop must not affect the next operation
     end_work();
 }
 

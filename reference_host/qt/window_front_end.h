@@ -15,11 +15,11 @@
 
 namespace vestra::qt {
 
-// While something is shown here that takes time, `busy` has been called with true, and events of the screen
-// are handled whenever the host is told or asked something.
+// While a window of a long operation is shown, `busy` has been called with true, and screen events are
+// handled at every call.
 class window_front_end final : public shell::front_end {
 public:
-    // Boxes stand above the window, which must outlive this object.
+    // Boxes are shown above the window, which must outlive this object.
     explicit window_front_end(QWidget& window, std::function<void(bool on)> busy = {});
     ~window_front_end() override;
 
@@ -27,9 +27,9 @@ public:
     void warning(wide_view text) override;
     void message(wide_view text) override;
     bool yes_no(wide_view text) override;
-    // Asks before something is lost: Enter and Escape say no.
+    // Asks before something is lost: Enter and Escape answer no.
     bool confirms(wide_view text);
-    // The box closed by the window's own button is a cancel.
+    // Closing the box by the window's own button cancels.
     shell::answer yes_no_cancel(wide_view text) override;
 
     void progress_opened(bool stoppable) override;
@@ -42,16 +42,16 @@ public:
     void wait_opened(wide_view text) override;
     void wait_closed() override;
 
-    // The next run moves about so many bytes; 0: nothing is known of it, and the steps are shown.
+    // The next run moves this number of bytes; 0: unknown, so steps are shown.
     void expect_bytes(std::uint64_t total) override;
     void bytes_moved(std::uint64_t bytes) override;
-    // The user wants the run to end, as by the stop button.
+    // Requests a stop, as the stop button does.
     void request_stop();
-    // Called when the user wanted to stop and then does not; may be empty.
+    // Called if the user requested a stop and then decides to continue; may be empty.
     std::function<void()> on_go_on;
     // The titles of boxes.
     QString title;
-    // Says the reason of a failure in the user's language.
+    // Returns the reason of a failure in the user's language.
     std::function<QString(wide_view reason)> words_of_reason;
 
 private:
@@ -68,15 +68,16 @@ private:
     std::vector<std::unique_ptr<QWidget>> waits_;
     shell::transfer_progress transfer_;
     QElapsedTimer pumped_;
-    QPointer<QWidget> had_keys_; // before it was busy
+    QPointer<QWidget> had_keys_; // focused before it was busy
     bool was_active_ = false;
     unsigned busy_depth_ = 0;
     bool is_stopped_ = false, is_pumping_ = false;
 };
 
-// Feeds a front end with the bytes that a tool copies, as long as it lives.
+// Reports the bytes that a tool copies to a front end for the lifetime of this object.
 class watched_transfer final : private vs::project_resave::transfer_observer_impl {
 public:
+    // `expected` is the number of bytes of the whole run.
     watched_transfer(const vs::project_resave::run_record& tool, window_front_end& shows,
                      std::uint64_t expected);
     ~watched_transfer();

@@ -11,12 +11,12 @@ namespace vestra::shell {
 
 using namespace vs::project_resave;
 
-// One bundle with the context that it knows the host by.
+// One bundle, with the context object that identifies it to the host.
 class bundle_loader::loaded_bundle final : public bundle_context_impl {
 public:
     loaded_bundle(service_registry& registry, wide_string path, std::unique_ptr<platform::library> library)
         : registry_(registry), path_(std::move(path)), library_(std::move(library)) {}
-    ~loaded_bundle() { registry_.remove(context()); } // before the library goes
+    ~loaded_bundle() { registry_.remove(context()); } // before the library is unloaded
     loaded_bundle(const loaded_bundle&) = delete;
     loaded_bundle& operator=(const loaded_bundle&) = delete;
 
@@ -51,14 +51,14 @@ std::optional<load_error> bundle_loader::load(const wide_string& path) {
     auto library = platform::library::open(path, reason);
     if (!library) return load_error{path, reason};
     const auto entry = reinterpret_cast<entry_function>(library->symbol(entry_name));
-    if (!entry) return load_error{path, u"the library is no bundle"};
+    if (!entry) return load_error{path, u"the library is not a bundle"};
     return start(entry, std::make_unique<loaded_bundle>(registry_, path, std::move(library)));
 }
 
 std::optional<load_error> bundle_loader::start(entry_function entry, std::unique_ptr<loaded_bundle> bundle) {
     interface_to<bundle_impl> started;
     entry(&started, bundle.get());
-    if (!started) return load_error{bundle->path(), u"the library hands out no bundle"};
+    if (!started) return load_error{bundle->path(), u"the library returned no bundle"};
     call<&bundle_impl::start>(started, bundle->context());
     bundles_.push_back(std::move(bundle));
     return std::nullopt;

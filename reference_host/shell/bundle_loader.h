@@ -1,4 +1,4 @@
-// Loads bundles and lets them go again. User-interface thread only.
+// Loads and unloads bundles. User-interface thread only.
 #pragma once
 
 #include <memory>
@@ -12,31 +12,31 @@ namespace vestra::shell {
 
 // Why a bundle was not loaded.
 struct load_error {
-    wide_string path; // empty for one that is linked in
+    wide_string path; // empty for a bundle that is linked in
     wide_string reason;
 };
 
 class bundle_loader {
 public:
-    // What a bundle exports under the name of `entry_name`.
+    // The function that a bundle exports as `entry_name`.
     using entry_function = void (*)(vs_interface_pointer* out, void* instance);
     static constexpr const char* entry_name = "vs_bundle_interface_to_custom_pointer";
 
     // The registry must outlive the loader.
     explicit bundle_loader(service_registry& registry);
-    // Unloads all.
+    // Unloads all bundles.
     ~bundle_loader();
     bundle_loader(const bundle_loader&) = delete;
     bundle_loader& operator=(const bundle_loader&) = delete;
 
-    // Starts the bundle of this entry, or of the library at a drive path: it registers its factories. After
-    // the last one `start_clients` of the registry is due. On failure nothing is registered. A library that
-    // is loaded already is refused.
+    // Start the bundle with this entry function, or the one in the library at a drive path; the bundle
+    // registers its factories. Call `start_clients` of the registry after the last one. On failure nothing is
+    // registered. A library that is already loaded is rejected.
     std::optional<load_error> start(entry_function entry);
     std::optional<load_error> load(const wide_string& path);
 
-    // Releases the registry's services, then takes the bundles out, the last one first: its factories are
-    // forgotten before its library goes.
+    // Releases the registry's services and unloads the bundles in reverse order. The factories of a bundle
+    // are removed before its library is unloaded.
     void unload_all();
 
 private:

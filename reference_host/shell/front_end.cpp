@@ -1,3 +1,4 @@
+// The host settings, the stack of front ends and the default one, which shows nothing.
 #include "reference_host/shell/front_end.h"
 
 #include <utility>

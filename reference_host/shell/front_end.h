@@ -1,4 +1,4 @@
-// The settings of the running host, and the front end that it shows things with.
+// The settings of the running host, and the interface through which it shows messages and progress.
 #pragma once
 
 #include <cstdint>
@@ -16,88 +16,89 @@ class scene;
 
 namespace vestra::shell {
 
-// Why files could not be read or written. The C functions return only that they failed, so a program that
-// uses them looks the reason up here. Paths are compared by their path_key.
+// Keeps why files could not be read or written. The C functions only return that they failed; a program can
+// look the reason up here. Paths are compared by their path_key.
 class file_refusals {
 public:
-    // Takes the place of an earlier refusal of the same file.
+    // Replaces an earlier refusal of the same file.
     void add(files::file_error refusal);
-    // The last refusal of this path; null if there is none.
+    // Returns the last refusal of this path; null if there is none.
     const files::file_error* find(const wide_string& path) const;
     void clear() { by_key_.clear(); }
-    // All of them, in no order, by the path_key of their files.
+    // Returns all refusals by the path_key of their files, in no order.
     const std::unordered_map<wide_string, files::file_error>& all() const { return by_key_; }
 
 private:
     std::unordered_map<wide_string, files::file_error> by_key_;
 };
 
-// What the running host keeps beside any project. User-interface thread only.
+// The state of the running host apart from any project. User-interface thread only.
 struct host_settings {
-    std::uint32_t language_offset = 0;       // in the string tables: 0 base language, 50000 English
-    bool invert_layers = false;              // people see the layers of a group in the reverse of their order
-    vestra::project* open_project = nullptr; // not owned; null when none is open
+    std::uint32_t language_offset = 0;       // into the string tables: 0 base language, 50000 English
+    bool invert_layers = false;              // the selection shows the layers of a group in reverse order
+    vestra::project* open_project = nullptr; // not owned; null if none is open
 
-    // True while what is read is not wanted any more: data sets are then answered as if they could not be
-    // opened. Empty if they always are.
+    // Returns true once reading is to stop: opening a data set then fails. May be empty.
     std::function<bool()> stops_reading;
 
-    // Called with what a bundle has just read from a file, before it sees it; may change it. May be empty.
+    // Called with a project or scene that was read from a file, before the bundle gets it; may change it. May
+    // be empty.
     std::function<void(vestra::project&)> project_read;
     std::function<void(vestra::scene&)> scene_read;
 
-    // Why the last project or scene file that was asked for was refused; nothing if it was read.
+    // Why the last project or scene file could not be read; nothing if it was read.
     std::optional<files::file_error> read_error;
-    // All since somebody emptied them. Read are projects, scenes, data sets, DBF and TOS tables. Written are
-    // projects, scenes and layers: what was there before is there still.
+    // Refusals since the last `clear`. Reads are those of projects, scenes, data sets, DBF and TOS tables.
+    // Writes are those of projects, scenes and layers, where the previous file is left intact.
     file_refusals refused_reads;
     file_refusals refused_writes;
 };
 
-// The one record of this process; whoever changes it may copy it before and put it back.
+// Returns the settings of this process. A caller that changes them may save a copy and restore it.
 host_settings& settings();
 
-// The answers of a box with yes, no and cancel, as vs_yesnocancel_wmessage returns them; closed: by the
-// operating system, unanswered.
+// The answers to a box with yes, no and cancel, as vs_yesnocancel_wmessage returns them. `closed` means that
+// the operating system closed the box without an answer.
 enum class answer : std::int32_t { closed = 0, cancel = 2, yes = 6, no = 7 };
 
-// What the host shows to a person and asks of them. The C functions of vsk_msgs go to the front end in
-// force: a terminal, a script of answers, a window. User-interface thread only.
+// Shows messages and questions to the user. The functions of vsk_msgs go to the current front end: a
+// terminal, a script of answers, or a window. User-interface thread only.
 class front_end {
 public:
     virtual ~front_end() = default;
 
-    // Message boxes. Each returns when the person has seen or answered it.
+    // Message boxes. Each function returns when the user has seen or answered it.
     virtual void error(wide_view text) = 0;
     virtual void warning(wide_view text) = 0;
     virtual void message(wide_view text) = 0;
     virtual bool yes_no(wide_view text) = 0;
     virtual answer yes_no_cancel(wide_view text) = 0;
 
-    // The progress window. Between opened and closed there may come any number of the others, in any order.
+    // The progress window. Between opened and closed, the other calls can come in any number and order.
     virtual void progress_opened(bool stoppable) = 0;
     virtual void progress_shown(std::uint32_t current, std::uint32_t total) = 0;
     virtual void progress_caption(wide_view text) = 0;
     virtual void progress_indeterminate(bool on) = 0;
     virtual void progress_closed() = 0;
-    // True from the person's wish to stop until the reset.
+    // Returns true after the user requested a stop, until the reset.
     virtual bool stop_requested() = 0;
     virtual void stop_reset() = 0;
 
-    // A window that says what is being waited for.
+    // A window with the text of what is being waited for.
     virtual void wait_opened(wide_view text) = 0;
     virtual void wait_closed() = 0;
 
-    // The next progress is about so many bytes, of which `bytes_moved` tells; 0: only its steps are known.
+    // The next progress covers this number of bytes, reported by `bytes_moved`; 0: only steps are known.
     virtual void expect_bytes(std::uint64_t) {}
     virtual void bytes_moved(std::uint64_t) {}
 };
 
-// The innermost override. Without one, a front end that shows nothing, never stops, and answers every
-// question with no.
+// Returns the innermost override. Without one, returns a front end that shows nothing, never stops, and
+// answers every question with no.
 front_end& current_front_end();
 
-// Puts `replacement` in force for its own life; it outlives the override. Overrides nest.
+// Makes `replacement` the current front end until the destructor; it must outlive this object. Overrides can
+// be nested.
 class front_end_override {
 public:
     explicit front_end_override(front_end& replacement);

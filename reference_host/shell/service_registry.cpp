@@ -1,3 +1,4 @@
+// The registry of services: creates services on first request and passes them to visitors of their kind.
 #include "reference_host/shell/service_registry.h"
 
 #include <algorithm>
@@ -14,7 +15,7 @@ namespace {
 
 service_registry* registry_in_force = nullptr;
 
-// A kind of service: the name of its interface, and that of the visitors that want it.
+// A kind of service: the name of its interface and the name of the interface of its visitors.
 struct service_kind {
     service_kind(const std::string& subject, const std::string& version)
         : service("vs_" + subject + "_interface_" + version),
@@ -34,7 +35,7 @@ const std::array<service_kind, 6>& known_kinds() {
     return kinds;
 }
 
-// Every visitor has one operation, behind identity and base, which is told the service.
+// Every visitor interface has one operation after those of identity and base; it receives the service.
 void tell_visitor(const interface_pointer& visitor, const interface_pointer& service) {
     using visit_entry = void (*)(const void* table, void* instance, interface_pointer service);
     constexpr std::size_t first_operation = 2;
@@ -98,7 +99,7 @@ void service_registry::release_services_of(const bundle_context* context) {
 void service_registry::remove(const bundle_context& context) {
     release_services_of(&context);
     for (const auto& row : offers_)
-        if (row->context == context) row->asked = true; // a visit under way must not ask it any more
+        if (row->context == context) row->asked = true; // so that a visit in progress does not use it
     std::erase_if(offers_, [&](const auto& row) { return row->context == context; });
 }
 

@@ -1,4 +1,4 @@
-// The host's registry of services: what bundles offer, built when it is first wanted, found by kind.
+// The host's registry of services: bundles offer factories, which create services on first request.
 // User-interface thread only.
 #pragma once
 
@@ -11,30 +11,32 @@
 
 namespace vestra::shell {
 
-// While it lives it is the one that `visit_services` asks; registries nest. Its end releases all services.
+// `visit_services` uses the innermost living registry; registries can be nested. The destructor releases all
+// services.
 class service_registry {
 public:
+    // Makes this the current registry.
     service_registry();
     ~service_registry();
     service_registry(const service_registry&) = delete;
     service_registry& operator=(const service_registry&) = delete;
 
-    // Takes a factory in under an id, which may be empty. It stays the bundle's, is asked at most once for
-    // its service, with `context`, and must live until `remove`.
+    // Registers a factory under an id, which may be empty. The bundle keeps the ownership, and the factory
+    // must stay valid until `remove`. It is asked for its service at most once, with `context`.
     void add(wide_view id, const vs::project_resave::service_factory_pointer& factory,
              const vs::project_resave::bundle_context& context);
 
-    // To be called once all bundles have registered: asks the factories without an id that were not asked
-    // yet. Those that have no service, but are clients of others, get their context by this alone.
+    // Call after all bundles have registered: asks the remaining factories without an id for their service.
+    // Bundles that have no service but use those of others get their context this way.
     void start_clients();
 
-    // Tells the visitor, in the order of registration, of each service whose factory has exactly this id or
-    // none, and whose visitor interface the visitor speaks. The factories concerned are asked for their
-    // services first; one that is just being asked, further up, is passed over.
+    // Passes each matching service to the visitor, in the order of registration: those whose factory has
+    // exactly this id or no id, and whose visitor interface the visitor implements. Services are created on
+    // first use; a factory that is being asked further up the call stack is skipped.
     void visit_services(wide_view id, const vs::project_resave::identity_pointer& visitor);
 
-    // Releases the services in the reverse of the order in which they were made: all, or those of a bundle,
-    // whose factories are then forgotten. Whoever else holds one of them keeps it.
+    // Releases services in the reverse order of their creation: all of them, or those of one bundle, whose
+    // factories are removed too. Other holders of a service keep their references.
     void release_services();
     void remove(const vs::project_resave::bundle_context& context);
 
@@ -50,12 +52,12 @@ private:
     void ask(const std::shared_ptr<offer>& wanted);
     void release_services_of(const vs::project_resave::bundle_context* context);
 
-    std::vector<std::shared_ptr<offer>> offers_; // shared with a visit under way
-    std::vector<std::shared_ptr<offer>> made_;   // those that have a service, in the order of the making
+    std::vector<std::shared_ptr<offer>> offers_; // shared with visits in progress
+    std::vector<std::shared_ptr<offer>> made_;   // offers that have a service, in the order of creation
     service_registry* const previous_;
 };
 
-// Asks the registry in force; nothing is found where there is none.
+// Visits the services of the current registry; does nothing if there is none.
 void visit_services(wide_view id, const vs::project_resave::identity_pointer& visitor);
 
 } // namespace vestra::shell

@@ -1,3 +1,4 @@
+// Messages, questions and progress on a terminal.
 #include "reference_host/shell/terminal_front_end.h"
 
 #include <algorithm>
@@ -17,7 +18,7 @@ bool is_english() { return settings().language_offset != 0; }
 
 struct reply {
     answer meaning;
-    std::array<wide_view, 4> words; // in both languages, whichever is shown
+    std::array<wide_view, 4> words; // in both languages, independent of the current one
 };
 constexpr std::array<reply, 3> replies{{{answer::yes, {u"y", u"yes", u"д", u"да"}},
                                         {answer::no, {u"n", u"no", u"н", u"нет"}},
@@ -38,14 +39,14 @@ std::optional<answer> meaning_of(const std::string& line, bool with_cancel) {
     return std::nullopt;
 }
 
-// The first characters of a line, as many as the screen has columns for.
+// Returns the first characters of a line, at most as many as the screen has columns.
 std::string fitting(const std::string& line, unsigned columns) {
     wide_string text = platform::from_utf8(line);
     if (text.size() > columns) text.resize(columns);
     return platform::to_utf8(text);
 }
 
-// Such a character moves the cursor, or begins an order to the terminal.
+// Such a character moves the cursor or starts a terminal command.
 bool is_control(char16_t c) { return c < u' ' || (c >= 0x7f && c < 0xa0); }
 
 std::string in_columns(unsigned percent) {
@@ -118,7 +119,7 @@ answer terminal_front_end::yes_no_cancel(wide_view text) { return ask(text, true
 answer terminal_front_end::ask(wide_view question, bool with_cancel) {
     if (!terminal_.asks()) return answer::no;
 
-    terminal_.forget_interrupt(); // the click that led here is known; the next one is an answer
+    terminal_.forget_interrupt(); // the Ctrl-C before this question was handled; the next one is an answer
     print(question);
     for (;;) {
         terminal_.write(platform::to_utf8(prompt(with_cancel)));
@@ -129,8 +130,8 @@ answer terminal_front_end::ask(wide_view question, bool with_cancel) {
             continue;
         }
         terminal_.write("\n");
-        // Ctrl-C stops. Where that is not the question, it is left for whoever polls next. Nobody who has
-        // gone wants to go on, either.
+        // Ctrl-C at a question without "cancel" stays pending, so the next poll for a stop sees it. The end
+        // of the input counts as no.
         if (with_cancel && result == platform::line_result::interrupted) terminal_.forget_interrupt();
         return answer::no;
     }
@@ -173,7 +174,7 @@ void terminal_front_end::show_progress() {
     const bool is_watched = terminal_.shows();
     const bool counts_bytes = transfer_.is_running();
     if (counts_bytes) percent_ = transfer_.percent();
-    // Lines that stay are written for each tenth, so that a long run does not fill a file with them.
+    // Lines in a log are printed only for every tenth percent, so that a long run does not fill a file.
     const unsigned percent = is_watched ? percent_ : percent_ / 10 * 10;
     std::string line = is_indeterminate_ ? caption_ : in_columns(percent) + " % " + caption_;
     const std::string amount = counts_bytes && !is_indeterminate_ ? "  " + transfer_.text() : "";
@@ -191,7 +192,7 @@ void terminal_front_end::show_progress() {
 void terminal_front_end::erase_bar() {
     if (is_bar_on_screen_) terminal_.write("\r\x1b[K");
     is_bar_on_screen_ = false;
-    shown_.clear(); // so that the next step shows the bar again
+    shown_.clear(); // so that the next step prints the bar again
 }
 
 void terminal_front_end::progress_closed() {
@@ -201,7 +202,7 @@ void terminal_front_end::progress_closed() {
 
 bool terminal_front_end::stop_requested() {
     if (is_open_ && is_stoppable_ && terminal_.interrupted()) {
-        terminal_.forget_interrupt(); // so that it does not stop what comes after this window, too
+        terminal_.forget_interrupt(); // so that it does not stop a later operation as well
         is_stopped_ = true;
     }
     return is_stopped_;

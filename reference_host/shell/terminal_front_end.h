@@ -1,5 +1,6 @@
-// The host on a terminal: messages as text, progress as a bar, Ctrl-C as the stop button, questions with an
-// answer to be typed. Where nobody watches, progress comes in plain lines and questions are not asked.
+// The host on a terminal: messages as text, progress as a bar, Ctrl-C as the stop button, questions with
+// typed answers. If the output is not a terminal, progress is printed as plain lines and no questions are
+// asked.
 #pragma once
 
 #include <string>
@@ -11,29 +12,30 @@
 
 namespace vestra::shell {
 
-// The text in UTF-8 for a screen: a name in it could hold signs that steer the terminal.
+// Returns the text in UTF-8 without characters that control the terminal, which names of files could contain.
 std::string printable(wide_view text);
-// The same on one line, with "\n" for a line feed and "\x1b" for what else is no character to be read.
+// As above on one line, with "\n" for a line feed and "\x1b" for other unprintable characters.
 std::string one_line(wide_view text);
 
-// In the language of the host's settings. Everything goes to the terminal, which outlives the front end.
+// Uses the language of the host's settings. All output goes to the terminal, which must outlive the front
+// end.
 class terminal_front_end final : public front_end {
 public:
-    // `quiet`: progress, messages and warnings stay away; errors and questions do not.
+    // `quiet` suppresses progress, messages and warnings, but not errors and questions.
     terminal_front_end(vs::project_resave::platform::terminal& terminal, bool quiet,
                        transfer_progress::clock clock = &transfer_progress::steady_clock);
 
-    // From now on the progress is that of so many bytes, whatever window shows it; 0 ends this.
+    // Progress shows this number of bytes from now on, in whichever window; 0 ends this.
     void expect_bytes(std::uint64_t total) override;
     void bytes_moved(std::uint64_t bytes) override;
 
-    // With the host's own reason where a file could not be read since the last one.
+    // Also prints the host's reason if a file could not be read since the last error.
     void error(wide_view text) override;
     void warning(wide_view text) override;
     void message(wide_view text) override;
-    // A question to nobody, without a terminal, is answered with no.
+    // Returns no if there is no terminal to ask at.
     bool yes_no(wide_view text) override;
-    // Ctrl-C at the question is cancel.
+    // Ctrl-C answers no.
     answer yes_no_cancel(wide_view text) override;
 
     void progress_opened(bool stoppable) override;
@@ -62,7 +64,7 @@ private:
     unsigned percent_ = 0;
     transfer_progress transfer_;
     std::string caption_;
-    std::string shown_; // the bar that was written last, or the line but for the bytes
+    std::string shown_; // the last bar written, or its line without the bytes
     bool is_bar_on_screen_ = false;
 };
 

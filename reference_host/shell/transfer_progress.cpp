@@ -1,3 +1,4 @@
+// Measures the pace of copying and prints amounts and the remaining time in the user's language.
 #include "reference_host/shell/transfer_progress.h"
 
 #include <algorithm>
@@ -16,7 +17,7 @@ using std::chrono::seconds;
 
 namespace {
 
-constexpr milliseconds first_estimate = 3s; // before it the pace says little
+constexpr milliseconds first_estimate = 3s; // the pace is not reliable earlier
 constexpr milliseconds between_measurements = 500ms;
 constexpr milliseconds between_looks = 100ms;
 
@@ -31,7 +32,7 @@ constexpr words russian{
 
 const words& current_words() { return settings().language_offset != 0 ? english : russian; }
 
-// Both in the unit of the larger one.
+// Prints both numbers in the unit of the larger one.
 std::string amounts(uint64_t done, uint64_t total) {
     const words& in = current_words();
     size_t unit = 0;
@@ -45,7 +46,7 @@ std::string amounts(uint64_t done, uint64_t total) {
     return text.data();
 }
 
-// Coarse, so that it does not change at every look.
+// Rounded, so that it does not change at every update.
 std::string estimate(seconds left) {
     const words& in = current_words();
     const auto count = left.count();
@@ -83,7 +84,7 @@ void transfer_progress::measure() {
     const milliseconds now = now_(), since = now - measured_at_;
     if (since < between_measurements) return;
     const double pace = static_cast<double>(done_ - measured_) / static_cast<double>(since.count());
-    // The longer the time, the more it counts.
+    // A longer interval gets a larger weight.
     const double kept = pace_ > 0 ? std::exp(-static_cast<double>(since.count()) / 5000) : 0;
     pace_ = kept * pace_ + (1 - kept) * pace;
     measured_ = done_;
@@ -106,7 +107,7 @@ unsigned transfer_progress::percent() const {
 std::optional<seconds> transfer_progress::time_left() const {
     if (measured_at_ - begun_ < first_estimate || pace_ <= 0 || done_ >= total_) return std::nullopt;
     const double left = static_cast<double>(total_ - done_) / pace_ / 1000;
-    if (left > 100 * 3600.0) return std::nullopt; // it stands still
+    if (left > 100 * 3600.0) return std::nullopt; // stalled
     return seconds(static_cast<int64_t>(std::ceil(left)));
 }
 

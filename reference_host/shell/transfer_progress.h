@@ -1,4 +1,4 @@
-// How far a run over many bytes has come, and how long it may still take.
+// Progress of a run by its bytes, with an estimate of the remaining time.
 #pragma once
 
 #include <chrono>
@@ -9,25 +9,25 @@
 
 namespace vestra::shell {
 
-// In the language of the host's settings.
+// Uses the language of the host's settings.
 class transfer_progress {
 public:
-    // Returns the time since some moment in the past; it never goes back.
+    // Returns the time since a fixed moment in the past; it is monotonic.
     using clock = std::function<std::chrono::milliseconds()>;
     static std::chrono::milliseconds steady_clock();
 
     explicit transfer_progress(clock now = &steady_clock) : now_(std::move(now)) {}
 
-    // With a total of 0 it ends.
+    // Starts to count towards `total`; 0 ends counting.
     void begin(uint64_t total);
     void add(uint64_t bytes);
     bool is_running() const { return total_ != 0; }
-    // True once in a while, when it is time to show what has changed.
+    // Returns true if enough time has passed to update the display.
     bool is_due();
 
-    // At most 100: what comes after the total belongs to files that nobody counted.
+    // At most 100: the total does not include files that were not counted in advance.
     unsigned percent() const;
-    // "1.2 of 3.0 GB", and behind two blanks, once the pace is known, "about 2 min left".
+    // Returns "1.2 of 3.0 GB", followed by two spaces and "about 2 min left" once the pace is known.
     std::string text() const;
 
 private:
@@ -35,9 +35,9 @@ private:
     std::optional<std::chrono::seconds> time_left() const;
 
     clock now_;
-    uint64_t total_ = 0, done_ = 0, measured_ = 0; // bytes; measured are those done at the last measurement
+    uint64_t total_ = 0, done_ = 0, measured_ = 0; // bytes; measured_: done_ at the last measurement
     std::chrono::milliseconds begun_{}, measured_at_{}, shown_at_{};
-    double pace_ = 0; // bytes in a millisecond, of late more than of old
+    double pace_ = 0; // bytes per millisecond, a moving average
 };
 
 } // namespace vestra::shell

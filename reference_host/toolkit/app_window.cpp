@@ -1,3 +1,4 @@
+// Opens a tool of a bundle without a screen.
 #include "reference_host/toolkit/app_window.h"
 
 #include "host/interfaces/service_visitor.h"
@@ -30,7 +31,7 @@ public:
     ref<docker_impl> held;
 };
 
-// What the content is told to stand in.
+// The window object that the content is opened in.
 class frame final : public obj, private counted {};
 
 } // namespace

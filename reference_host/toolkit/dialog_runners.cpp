@@ -1,3 +1,4 @@
+// Connects dialogs of bundles to a runner, and runs them by typed answers on a terminal.
 #include "reference_host/toolkit/dialog_runners.h"
 
 #include "platform/path_text.h"
@@ -47,7 +48,7 @@ const char* prompt(bool takes_path) {
     return takes_path ? "Enter: OK, либо новый путь, либо \"отмена\": " : "Enter: OK, либо \"отмена\": ";
 }
 
-// What stands in the dialog, without the elements that it stands in.
+// Appends the texts of the visible elements of a dialog, without its buttons.
 void add_words(std::string& out, const element_view& view) {
     if (!view.visible || view.kind == u"button_box") return;
     if (!view.caption.empty()) out += shell::printable(view.caption) + '\n';
@@ -72,7 +73,7 @@ std::int32_t terminal_dialog_runner::run(docker content) {
     for (;;) {
         const element_view dialog = look_at(root);
         if (quiet_ && !find(dialog, u"file_input")) return accepted;
-        // A progress bar may stand on the line.
+        // The current line may hold a progress bar.
         terminal_.write("\n" + words_of(dialog));
         if (!terminal_.asks()) return cancelled;
         terminal_.write(prompt(find(dialog, u"file_input") != nullptr));

@@ -1,4 +1,4 @@
-// Who runs a dialog: a script, or a person at a terminal.
+// Runners for modal dialogs: a script, or a user at a terminal.
 #pragma once
 
 #include <functional>
@@ -15,15 +15,14 @@
 
 namespace vestra::toolkit {
 
-// Lets the modal dialogs of all bundles reach one of the host's dialog runners, for the connection's own
-// life.
+// Connects the modal dialogs of all bundles to a dialog runner for the lifetime of this object.
 class dialog_connections final
     : private vs::project_resave::polymorphic<
           vs::project_resave::modal_dialog_service_visitor_impl,
           vs::project_resave::polymorphic<vs::project_resave::service_visitor_impl>> {
 public:
-    // Connects every modal dialog that the registry in force finds, so to be made when the bundles are
-    // loaded. The runner must outlive the connections; the dialogs need not.
+    // Connects every modal dialog that the current registry finds, so create it after the bundles are loaded.
+    // The runner must outlive this object; the dialogs need not.
     explicit dialog_connections(vs::project_resave::dialog_runner_impl& runner);
     ~dialog_connections();
     dialog_connections(const dialog_connections&) = delete;
@@ -36,11 +35,11 @@ private:
     std::vector<vs::project_resave::weak_ref<vs::project_resave::modal_dialog_service_impl>> services_;
 };
 
-// A dialog runner that does what a function says: for tests and for programs without a person.
+// A dialog runner that calls a function: for tests and for programs without a user.
 class scripted_dialog_runner final : public vs::project_resave::dialog_runner_impl {
 public:
-    // Gets the walked dialog, may send events through it, and answers what the user closed it with; 0 is
-    // cancel. The view is good for the call.
+    // Gets the elements of the dialog, may send events to them, and returns the code that the user closed it
+    // with; 0 is cancel. The view is valid during the call.
     using script = std::function<std::int32_t(const element_view& dialog)>;
 
     explicit scripted_dialog_runner(script plays) : script_(std::move(plays)) {}
@@ -53,21 +52,22 @@ private:
     const script script_;
 };
 
-// Shows dialogs on a terminal.
-// Writes out what the dialog says, line by line, with paths as the operating system names them, and reads
-// what to do with it, line by line: an empty line accepts it (presses its first button), "cancel", Ctrl-C and
-// the end of the input cancel it, anything else is the new path in its field, as a person types paths, and
-// writes the dialog out again. Where nobody can be asked a dialog is written out and counts as cancelled.
+// Shows dialogs on a terminal. Prints the texts of the dialog, with paths in the form of the operating
+// system, and reads commands line by line. An empty line accepts the dialog (presses its first button).
+// "cancel", Ctrl-C and the end of the input cancel it. Any other line is entered as the path in its field,
+// and the dialog is printed again. Without a terminal to ask at, the dialog is printed and counts as
+// cancelled.
 class terminal_dialog_runner final : public vs::project_resave::dialog_runner_impl {
 public:
-    // The terminal must outlive the runner. A quiet one lets dialogs that only tell something pass unseen.
+    // The terminal must outlive the runner. If `quiet`, dialogs without a field are accepted without printing
+    // them.
     explicit terminal_dialog_runner(vs::project_resave::platform::terminal& terminal, bool quiet = false)
         : terminal_(terminal), quiet_(quiet) {}
 
     std::int32_t run(vs::project_resave::docker content) override;
 
 private:
-    // What the line closes the dialog with; nothing if it stays open.
+    // Returns the code that closes the dialog after this line; nothing if it stays open.
     static std::optional<std::int32_t> obey(const element_view& dialog, const std::string& line);
 
     vs::project_resave::platform::terminal& terminal_;

@@ -1,3 +1,4 @@
+// Prints a window as text, and gives its elements the names that commands use.
 #include "reference_host/toolkit/element_description.h"
 
 #include <algorithm>
@@ -15,7 +16,7 @@ using vs::project_resave::platform::from_utf8;
 
 namespace {
 
-// Words for the kinds that take an event.
+// Name stems of the kinds that take events.
 const std::map<wide_string, std::string> stems{
     {u"file_input", "field"}, {u"button", "button"},     {u"checkbox", "check"}, {u"radiobutton", "radio"},
     {u"outline", "list"},     {u"dropdownex", "choice"}, {u"tool", "tool"}};
@@ -52,16 +53,16 @@ const std::map<std::string_view, const char*> russian_words{{"docker", "пане
                                                             {"highlighted", "выделено"},
                                                             {"collapsed", "свернуто"}};
 
-// Up to the last underscore that all ids have in common.
+// Returns the length of the common start of all ids up to its last underscore.
 std::size_t common_start(const std::vector<element_view>& pages) {
     if (pages.empty()) return 0;
     wide_view common = pages.front().id;
     for (const element_view& page : pages)
         while (!wide_view(page.id).starts_with(common)) common.remove_suffix(1);
-    return common.rfind(u'_') + 1; // nothing if there is none
+    return common.rfind(u'_') + 1; // 0 if there is none
 }
 
-// One page with what it holds, but for the pages inside of it.
+// Names the elements of one page, without those of pages inside it.
 class naming {
 public:
     explicit naming(std::string page) : page_(std::move(page)) {}

@@ -1,4 +1,4 @@
-// A window as text, and the short names by which a person or a script speaks of what is in it.
+// A window as text, and short names for its elements for use in commands and scripts.
 #pragma once
 
 #include <string_view>
@@ -7,30 +7,31 @@
 
 namespace vestra::toolkit {
 
-// Gives a name to each element that takes an event. A page bears its id without what all ids of its layout
-// begin with. Anything else bears a word for its kind and its number among those of the same page, in the
-// order of the walk, behind the page's name: "field1", "prj/check3". A name is the same as long as the window
-// is built the same.
+// Gives a name to each element that takes an event. The name of a page is its id without the start that all
+// ids of its layout share. Any other name is the name of the page, a word for the kind, and a number among
+// that kind on the page in the order of the walk: "field1", "prj/check3". Names are stable as long as the
+// window is built in the same way.
 void name_elements(element_view& root);
 
-// The element of this name, or, where no name fits, those that have a name and whose caption it is, in any
-// letter case.
+// Returns the element with this name. If there is none, returns all named elements with this caption,
+// compared without regard to letter case.
 std::vector<const element_view*> all_named(const element_view& root, const std::string& name);
 
-// The row of "NAME/ROW/ROW...", where a ROW is the number that the description shows or, where no row has it,
-// a text. `outline` is the element it stands in. Null if there is none.
+// Returns the row of "NAME/ROW/ROW...", where ROW is a row number as printed or, if no row has that number, a
+// row text. `outline` is set to the element that contains it. Returns null if there is no such row.
 const row_view* find_row(const element_view& root, const std::string& path, const element_view*& outline);
 
-// What the host calls a kind of element, or what it says in brackets, in the language in force. English is
-// what the interfaces are named in, and how it is asked for.
+// Returns the host's word for a kind of element or for a note in brackets, in the current language. `english`
+// is the kind's name in the interfaces.
 std::string host_word(std::string_view english);
 
-// The rows of a dropdown: "None | Tab".
+// Returns the rows of a dropdown as "None
+// Tab".
 std::string choices_of(const element_view& dropdown);
 
-// One line for each element, indented by depth, led by its name if it has one, with the lines of a long text
-// and the rows of an outline below it; in UTF-8, without signs that steer a terminal. What is not visible is
-// left out.
+// Prints one line for each visible element, indented by depth and beginning with its name if it has one,
+// followed by the lines of a long text and the rows of an outline. The result is UTF-8 without terminal
+// control characters.
 std::string described(const element_view& root);
 
 } // namespace vestra::toolkit

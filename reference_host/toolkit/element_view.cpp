@@ -1,3 +1,4 @@
+// Walks the elements of a window through the interface tables, and sends them the events of a user.
 #include "reference_host/toolkit/element_view.h"
 
 #include "host/toolkit/button.h"
@@ -22,7 +23,7 @@ using namespace vs::project_resave;
 
 namespace {
 
-// Each of these adds what one interface has to say, and nothing if the element does not speak it.
+// Each function adds the values of one interface; it does nothing if the element does not implement it.
 
 void add_text(element_view& view) {
     if (const auto label = cast_to<label_impl>(view.live))

@@ -1,7 +1,7 @@
-// What a bundle's elements answer, walked and written down: the host's way to a window without a window.
+// A snapshot of the elements of a bundle: lets programs read and use a window without a screen.
 //
-// The walk asks only through the interface tables. What a view holds is what was answered when it was asked;
-// after an event it is walked anew. The elements themselves stay the bundle's and must outlive the view.
+// The elements are read only through the interface tables. A view is not updated; read it again after an
+// event. The elements belong to the bundle and must outlive the view.
 #pragma once
 
 #include <cstdint>
@@ -16,46 +16,48 @@
 
 namespace vestra::toolkit {
 
+// One button of a button box: its text and the code that it sends.
 struct button_view {
     wide_string text;
     std::int32_t code;
 };
 
-// What a kind of element does not have stays empty.
+// Members that a kind of element does not have stay empty or null.
 struct element_view {
     static constexpr std::uint32_t none = UINT32_MAX;
 
     vs::project_resave::element live;
     wide_string kind;
-    wide_string id;   // of a page and of a tool: the same in every language
+    wide_string id;   // of pages and tools: the same in every language
     std::string name; // short, for commands; see `name_elements`
     bool enabled = true;
     bool visible = true;
-    wide_string caption; // of what has words of its own beside its content
-    wide_string text;    // the content of a field; a figure with its unit; a hint
+    wide_string caption; // of an element that has a label in addition to its content
+    wide_string text;    // content of a field; number with its unit; hint of a tool
     std::optional<vs::project_resave::file_input_mode> mode; // of a field
     wide_string filter;                                      // of a field
     mark check = mark::none;
     std::vector<button_view> buttons;   // of a button box
     std::vector<wide_string> choices;   // of a dropdown
-    std::uint32_t current = none;       // the choice, or the page, that is shown
+    std::uint32_t current = none;       // index of the current choice or page
     std::vector<row_view> rows;         // of an outline
-    std::vector<element_view> children; // cells row by row; of a docker the main element, then its button box
+    std::vector<element_view> children; // cells row by row; docker: main element, button box
 };
 
+// Reads the element and everything inside it.
 element_view look_at(const vs::project_resave::element& root);
 
-// The first of this kind, parents before children; null if there is none.
+// Returns the first element of this kind, parents before children; null if there is none.
 const element_view* find(const element_view& root, wide_view kind);
 
-// The user's events; false where the element has no such thing or is not enabled, and for what the bundle
-// answers. `enter_text`: whether the text was taken. `press`: whether the window closes.
+// Events of the user. They return false if the element does not support the event, is disabled, or if the
+// bundle rejects it. `enter_text` returns true if the text was accepted, `press` if the window closes.
 bool enter_text(const element_view& field, const wide_string& text);
 bool press(const element_view& box, std::int32_t code);
 bool click(const element_view& button);
-// A radio button can only be put on.
+// A radio button can only be switched on.
 bool set_check(const element_view& box, bool on);
-// A row of a dropdown, or a page.
+// Selects a row of a dropdown or a page.
 bool choose(const element_view& list, std::uint32_t index);
 
 } // namespace vestra::toolkit

@@ -1,3 +1,4 @@
+// Reads the rows of outlines and the tools of tool bars, and sends them the events of a user.
 #include "reference_host/toolkit/outline_view.h"
 
 #include "host/toolkit/tool.h"
@@ -12,7 +13,7 @@ using namespace vs::project_resave;
 
 namespace {
 
-// The tables of one outline.
+// The interface tables of one outline.
 struct outline_tables {
     interface_to<outline_impl> outline;
     outline_column names;

@@ -1,5 +1,4 @@
-// Outlines, tool bars and tools as the walker sees them: what they add to an element's view, and the user's
-// events on them.
+// The part of an element view for outlines, tool bars and tools, and the events of a user on them.
 #pragma once
 
 #include <cstdint>
@@ -15,31 +14,30 @@ struct element_view;
 
 enum class mark { none, off, on, mixed };
 
-// One row of an outline with what stands below it, whether that is expanded or not.
+// A row of an outline with the rows below it, whether expanded or not.
 struct row_view {
     wide_string text;
     mark check = mark::none;
     bool valid = true;
     bool highlighted = false;
     bool expanded = true;
-    std::int32_t image = -1;                              // index of its picture; -1 without one
-    vs::project_resave::outline_row* reference = nullptr; // for events; good until the outline changes
+    std::int32_t image = -1;                              // index of its picture; -1 if none
+    vs::project_resave::outline_row* reference = nullptr; // for events; valid until the outline changes
     std::vector<row_view> rows;
 };
 
-// Each adds to the view what one interface has to say, and nothing if the element does not speak it.
+// Each adds the values of one interface; it does nothing if the element does not implement it.
 void add_outline(element_view& view); // caption, rows
 void add_toolbar(element_view& view); // its tools, as children
 void add_tool(element_view& view);    // id, caption, text (the hint)
 
-// One line for each row, indented by depth, led by its number below its parent, behind `path` and the
-// parent's
-// ("list1/1", "list1/1/2"), with its mark: "[x]", "[ ]", or "[-]" for mixed; in UTF-8.
+// Prints one line for each row, indented by depth: the path of its parent, its number below the parent
+// ("list1/1", "list1/1/2"), and its mark: "[x]", "[ ]", or "[-]" for mixed. The result is UTF-8.
 void describe_rows(std::string& out, const std::vector<row_view>& rows, const std::string& indent,
                    const std::string& path = {});
 
-// The user's events; false where there is no such thing or the element is not enabled. A highlighted row is
-// the current one, too.
+// Events of the user. They return false if the outline does not support the event or is disabled.
+// Highlighting a row also makes it the current one.
 bool check_row(const element_view& outline, const row_view& row, bool on);
 bool highlight_row(const element_view& outline, const row_view& row, bool on);
 bool click_tool(const element_view& tool);

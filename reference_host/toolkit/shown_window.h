@@ -1,17 +1,17 @@
-// A window that stands open, for whoever looks at it and does in it what its user would.
+// An open window that a program can read and use as its user would.
 #pragma once
 
 #include "reference_host/toolkit/element_view.h"
 
 namespace vestra::toolkit {
 
-// Elements and rows are those of the last look. The events answer as those of element_view.h and
-// outline_view.h, to which they go unless a window has a way of its own, such as a mouse.
+// Elements and rows are those of the last `look`. The events return what those of element_view.h and
+// outline_view.h do. A window overrides them to send events in another way, such as by mouse.
 class shown_window {
 public:
     virtual ~shown_window() = default;
 
-    // The content with its names, and behind its children the tool's button box.
+    // Returns the content with names; the tool's button box follows its children.
     virtual element_view look() const = 0;
 
     virtual bool enter_text(const element_view& field, const wide_string& text) {

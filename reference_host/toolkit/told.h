@@ -1,4 +1,4 @@
-// Reads the texts that elements tell a visitor.
+// Reads texts that elements pass to a visitor.
 #pragma once
 
 #include "framework/border/visitors.h"
@@ -6,7 +6,8 @@
 
 namespace vestra::toolkit {
 
-// The text that an operation tells; empty if it tells none, or if the object does not speak that interface.
+// Returns the text that an operation passes to its visitor; empty if it passes none or if the object does not
+// implement the interface.
 template <auto Operation, class Impl, class... Args>
 wide_string told(const vs::project_resave::interface_to<Impl>& target, Args... args) {
     wide_string text;

@@ -1,4 +1,4 @@
-// What the bundle offers, and the one function by which the host reaches it.
+// The services that the bundle offers, and the function through which the host gets them.
 #include "framework/bundle_entry.h"
 #include "notes_service.h"
 #include "sketch_service.h"

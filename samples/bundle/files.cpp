@@ -26,7 +26,7 @@ std::string folder_of_drive(char16_t letter) {
     return {};
 }
 
-// Compared without letter case, as far as the letters are those of English.
+// Compares without regard to letter case, for English letters only.
 bool same_name(const fs::path& a, const fs::path& b) {
     const std::string first = a.string(), second = b.string();
     const auto folded = [](char c) { return c >= 'A' && c <= 'Z' ? c | 0x20 : c; };

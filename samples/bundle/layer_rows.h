@@ -1,5 +1,5 @@
-// Where the bundle keeps its data: as extra values of the project's layers, so that the host reads and writes
-// it with the project. A value is a tuple of rows; a row is a text, or a tuple of texts.
+// Storage of the bundle's data: extra values of the project's layers, so that the host reads and writes them
+// with the project. A value is a tuple of rows; a row is a text, or a tuple of texts.
 #pragma once
 
 #include "host/types.h"

@@ -1,3 +1,5 @@
+// Implements the flat list of items: reads the notes from the layers' extra values and writes their new paths
+// back.
 #include "notes_service.h"
 
 #include "files.h"
@@ -25,8 +27,8 @@ void notes_service::set_project(vs_prj* loaded) {
         any_assign_wstring(tuple_get_element(row(index), source_place), main_file(index).c_str());
 }
 
-// Every walk over the items begins with their count. The layers with the notes may have left the project
-// since the last one, so the notes are read again each time.
+// Every iteration over the items begins with their count. Layers with notes can have been removed from the
+// project since the last one, so the notes are read again each time.
 uint32_t notes_service::item_count() {
     notes.clear();
     vs_scns_2d* scenes = vs_prj_get_scns_2d_ptr(project);

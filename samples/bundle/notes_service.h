@@ -53,7 +53,7 @@ private:
     // Returns the whole path of the main file; empty if the note has none.
     wide_string main_file(uint32_t index) const;
 
-    vs_prj* project = nullptr; // stale from its end to the next load, in which time nothing reads it
+    vs_prj* project = nullptr; // dangling from its end to the next load, but not used in that time
     std::vector<note> notes;
 };
 

@@ -1,3 +1,4 @@
+// Implements the claim on sketch layers: their references, their files, and how these are copied.
 #include "sketch_service.h"
 
 #include "files.h"
@@ -53,7 +54,7 @@ bool sketch_service::all_files(vs_entity* entity, vs_wstrings* files) {
     const wide_string drawing = drawing_of(entity);
     if (drawing.empty()) return true;
     vs_wstrings_add(files, drawing.c_str());
-    vs_wstrings_add(files, legend_of(drawing).c_str()); // passed over if it does not exist
+    vs_wstrings_add(files, legend_of(drawing).c_str()); // skipped if it does not exist
     return true;
 }
 

@@ -1,4 +1,4 @@
-// The command line as a process of its own, on the drives of the test.
+// Runs the command line as a separate process on the drives of the test.
 #pragma once
 
 #include "tests/support/builder_run.h"
@@ -8,9 +8,9 @@ namespace vs::project_resave {
 
 class command_run : public builder_run {
 protected:
-    // Runs the command; its exit code. What it printed is in `out` and `err`.
+    // Runs the command and returns its exit status. Its output is in `out` and `err`.
     int command(const std::string& arguments) { return run(line_of(arguments)); }
-    // The line that does so, which may be put behind others.
+    // Returns the shell line of the command, which can be appended to others.
     std::string line_of(const std::string& arguments) const {
         return command_line(arguments, {{}, file_of("out"), file_of("err")});
     }
@@ -20,7 +20,7 @@ protected:
         err = text("err");
         return code;
     }
-    // The same with lines to be read; all that it printed is in `out`.
+    // As above with lines for its input; all its output is in `out`.
     int session(const std::string& arguments, const std::string& lines) {
         streams_.write(u"in", lines);
         const int code = run_line(command_line(arguments, {file_of("in"), file_of("out"), {}}));
@@ -29,7 +29,7 @@ protected:
     }
     bool is_told(const std::string& text) const { return err.find(shown(text)) != std::string::npos; }
     bool is_printed(const std::string& text) const { return out.find(shown(text)) != std::string::npos; }
-    // The text with its drive paths as the command prints them: as the operating system names them.
+    // Returns the text with its drive paths as the command prints them: in the form of the operating system.
     static std::string shown(const std::string& text) {
         std::string all;
         bool is_native = false; // a path that has no "\" here
@@ -47,7 +47,7 @@ protected:
         }
         return all;
     }
-    // Files and folders of the new folder, each behind a blank, in order.
+    // Returns the files and folders of the new folder, each after a space, in order.
     std::string made() const {
         std::string names;
         for (const auto& [path, state] : state_of(native("n") / "out")) names += " " + path;
@@ -60,9 +60,9 @@ protected:
         return all;
     }
 
-    // Beside the drives.
+    // Next to the drives.
     std::filesystem::path file_of(const char* stream) const { return streams_.native() / stream; }
-    // What went to it, its lines ended in one way on each system.
+    // Returns the content of a stream with the same line ends on every system.
     std::string text(const char* stream) const {
         std::ifstream file(file_of(stream));
         return {std::istreambuf_iterator<char>(file), {}};

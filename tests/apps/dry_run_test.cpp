@@ -1,4 +1,4 @@
-// vestra-resave resave --dry-run: what it says is what the run does, and nothing is written.
+// vestra-resave resave --dry-run: it prints what the run does, and writes nothing.
 #include <nlohmann/json.hpp>
 #include <sstream>
 
@@ -14,8 +14,8 @@ using std::string;
 
 class dry_run : public command_run {
 protected:
-    // The files that are new or were written since, each with its size. Letter case does not count: a folder
-    // keeps the spelling in which it was made first.
+    // Returns the files that were created or written since, each with its size. Letter case is ignored,
+    // because a folder keeps the spelling in which it was created first.
     std::set<string> written_since(const tree_state& before) const {
         std::set<string> written;
         for (const auto& [path, state] : all_drives()) {
@@ -60,7 +60,7 @@ protected:
             bytes_of_run += file.at("bytes").get<uint64_t>();
         }
         EXPECT_EQ(bytes, plan.at("bytes"));
-        EXPECT_EQ(bytes_copied, bytes_of_run); // it names what has a source alone
+        EXPECT_EQ(bytes_copied, bytes_of_run); // it lists only files that have a source
         EXPECT_TRUE(run.at("differing").empty()) << run.at("differing");
         EXPECT_EQ("saved with problems", run.at("outcome"));
         ASSERT_TRUE(run.at("lost_sources").size() == 1 && run.at("types_not_resaved").size() == 1) << run;
@@ -71,7 +71,7 @@ protected:
         EXPECT_EQ(run.at("summary"), plan.at("summary"));
     }
     bool has_own_folders() const { return GetParam() == string("folder-per-scene"); }
-    // Kind and caption of each problem, but for files that stayed behind.
+    // Returns kind and caption of each problem, except for files left behind.
     static std::multiset<string> told_by(const json& run) {
         std::multiset<string> told;
         for (const auto& each : run.at("problems"))
@@ -89,7 +89,7 @@ const std::multiset<string> dropped_with_own_folders{
     "dropped Sheet A3",       "dropped Sheet without page", "dropped Sheet of P-101",
     "dropped Sheet of P-102", "dropped North to south"};
 
-// Into an empty place, onto files in the way, and over the remains of the run before; in plain and in full.
+// Into an empty folder, onto taken names, and over the result of an earlier run; without and with options.
 TEST_P(dry_run_of_sample, says_file_by_file_what_the_run_does) {
     const string plain = string("--structure ") + GetParam();
     const string full = plain + " --lowercase --scene-files --layer-files --log --load-log";
@@ -115,7 +115,8 @@ TEST_P(dry_run_of_sample, says_file_by_file_what_the_run_does) {
             for (const auto& file : plan.at("files"))
                 if (file.at("renamed"))
                     renamed.insert(platform::to_utf8(path_file_name(wide(file.at("source")))));
-            // Two files of one name meet in a folder by type; a scene's folder is numbered as a whole.
+            // Two files with the same name meet in a folder by type; a folder for a scene gets a number as a
+            // whole.
             EXPECT_EQ(state == "empty" ? GetParam() == string("by-type") : !has_own_folders(),
                       renamed.contains("roads.shp"));
             std::multiset<string> known{"source_lost Old survey", "type_not_resaved Springs",
@@ -140,7 +141,7 @@ TEST_P(dry_run_of_sample, without_what_no_rule_carries_nothing_is_left_to_say) {
         if (line.find("Monthly report") == string::npos && line.find("<page ") == string::npos)
             kept += line + '\n';
     write(source, kept);
-    // The lost source was moved, and so were all others outside of the project's folder.
+    // The lost source was moved, together with all others outside the project folder.
     for (const wide_string end : {u"shp", u"shx", u"dbf"})
         write(u"N:\\moved\\deep\\Old_Survey." + end, read(u"C:\\prj\\maps\\roads." + end));
     fs::rename(native("d") / "gis", native("n") / "moved/gis");
@@ -154,7 +155,7 @@ TEST_P(dry_run_of_sample, without_what_no_rule_carries_nothing_is_left_to_say) {
                   told_by(json::parse(out)));
         EXPECT_EQ(34U, json::parse(out).at("found").size()) << out;
         EXPECT_EQ(has_own_folders(), is_told("\"Sheet A3\" in \"Layouts\": is not in the new project: the "
-                                             "structure folder-per-scene saves scenes alone"));
+                                             "structure folder-per-scene saves only scenes"));
     }
     EXPECT_EQ("", difference(before, sources()));
     const size_t copied = json::parse(out).at("summary").at("files");
@@ -166,7 +167,7 @@ TEST_P(dry_run_of_sample, without_what_no_rule_carries_nothing_is_left_to_say) {
     EXPECT_EQ(has_own_folders() ? 1 : 0, command("verify --elsewhere 'N:\\out\\new._vp'")) << out;
 }
 
-TEST_P(dry_run_of_sample, updated_with_nothing_changed_and_no_manifest_it_stays_as_it_is) {
+TEST_P(dry_run_of_sample, updated_without_changes_and_manifest_it_stays_as_it_is) {
     const string all = to + "--structure " + GetParam();
     ASSERT_EQ(1, command(all)) << err;
     const size_t copied = json::parse(out).at("summary").at("files");
@@ -180,7 +181,7 @@ INSTANTIATE_TEST_SUITE_P(structures, dry_run_of_sample,
                          testing::Values("by-type", "from-project-folder", "project-tree-else-type",
                                          "from-common-top", "folder-per-scene"));
 
-TEST_F(dry_run, tells_what_stays_behind_and_where_the_space_ends) {
+TEST_F(dry_run, reports_what_is_left_behind_and_too_little_space) {
     for (const wide_string name :
          {u"Roads.shp", u"Roads.shx", u"Roads.dbf", u"roads.SBN", u"roads.TXT", u"Roads.old.shp",
           u"Roads2.shp", u"Roads", u"r.tif", u"r.tfw", u"r.tif.bak", u"R.doc"})
@@ -210,9 +211,9 @@ TEST_F(dry_run, tells_what_stays_behind_and_where_the_space_ends) {
     remove_tree(u"N:\\out");
 
     const uintmax_t free = fs::space(native("n")).available;
-    for (const char* name : {"r.tif", "Roads.dbf"}) // neither of which is more than the disk could hold
+    for (const char* name : {"r.tif", "Roads.dbf"}) // neither needs more than the disk can hold
         fs::resize_file(native("c") / "prj/data" / name, free / 2 + 0x20000000);
-    for (const char* word : {"--dry-run", ""}) { // ends as the run does
+    for (const char* word : {"--dry-run", ""}) { // same exit status as the run
         EXPECT_EQ(3, command(to + word)) << err;
         EXPECT_TRUE(is_told("vestra-resave: N:\\out: too little space: ")) << err;
         EXPECT_EQ("", made());

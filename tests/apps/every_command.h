@@ -1,5 +1,5 @@
-// Runs everything that a person can start on one project, and holds that every file of its source stays as it
-// was: its name, its bytes and its time.
+// Runs everything that a user can start on one project, and checks that no source file changes its name,
+// bytes or time.
 #pragma once
 
 #include "tests/apps/command_run.h"
@@ -8,7 +8,7 @@ namespace vs::project_resave {
 
 class every_command : public command_run {
 protected:
-    // The new project comes to lie beside the old one, in `inside`, a folder among its data, and elsewhere.
+    // The new project is written next to the old one, into `inside`, a folder among its data, and elsewhere.
     void run_all(const wide_string& inside) {
         before_ = all_drives();
         for (const wide_string& folder : {wide_string(u"C:\\prj\\"), inside, wide_string(u"N:\\out\\")}) {
@@ -21,7 +21,7 @@ protected:
         }
     }
 
-    // As `arguments` behind the name of the program.
+    // Runs the program with `arguments`.
     void expect_source_kept_by(const std::string& arguments) {
         const int code = command(arguments);
         EXPECT_TRUE(code == 0 || code == 1 || (code == 3 && is_told("belongs to the source project")))
@@ -60,7 +60,7 @@ private:
         expect_source_kept("panel " + place_);
     }
 
-    // Stopped at this poll, 0 for never; a stop erases all that the run made.
+    // Stops at this poll; 0 for never. A stop erases everything that the run made.
     void resave_here(const wide_string& folder, structure folders, size_t poll) {
         output = folder + u"here._vp";
         settings = {};
@@ -77,7 +77,7 @@ private:
         expect_source_kept(what);
     }
 
-    // What is new is taken away.
+    // Removes the new files.
     void expect_source_kept(const std::string& what) {
         std::istringstream lines(difference(before_, all_drives()));
         for (std::string line; std::getline(lines, line);) {

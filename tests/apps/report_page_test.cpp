@@ -1,5 +1,5 @@
-// The page of --report: what a project holds does no harm in it, every problem and file is in it once, and it
-// never takes the place of a file that somebody needs. tests/browser shows it to a browser.
+// The page of --report: texts of a project do no harm in it, it contains every problem and file once, and it
+// never replaces a file that is needed. tests/browser opens it in a browser.
 #include <cstdlib>
 #include <nlohmann/json.hpp>
 
@@ -24,7 +24,7 @@ size_t count_of(const string& part, const string& text) {
     return count;
 }
 
-// The data block of a page, as its script reads it.
+// Returns the data block of a page as its script reads it.
 json data_in(const string& page) {
     const string begin = "id=\"data\">";
     const size_t at = page.find(begin) + begin.size();
@@ -43,7 +43,7 @@ page_facts facts_with(std::vector<problem> problems, std::vector<page_file> file
 
 class report_page : public command_run {
 protected:
-    // The page at this place; empty if there is none.
+    // Returns the page at this path; empty if there is none.
     string page(const wide_string& path) const { return read(path); }
 };
 
@@ -54,7 +54,7 @@ TEST_F(report_page, what_a_project_holds_does_no_harm) {
     const wide_string path = u"C:\\prj\\" + evil + u"\u202Efdp.exe";
     const string html = html_of(facts_with({{"copy_failed", element, path, u"N:\\" + evil, evil}},
                                            {{path, u"N:\\out\\" + evil, 5, "copied", element, "</script>"}}));
-    EXPECT_EQ(2U, count_of("<script", html)); // its data and its own
+    EXPECT_EQ(2U, count_of("<script", html)); // the data and the script
     EXPECT_EQ(2U, count_of("</script", html));
     EXPECT_EQ(0U, count_of("<img", html) + count_of("<!--", html));
     EXPECT_EQ(0U, count_of("\u2028", html.substr(html.find("id=\"data\""))));
@@ -125,7 +125,7 @@ TEST_F(report_page, folders_add_up_to_what_is_in_them) {
     EXPECT_NE(string::npos, tree.html("/out/").find("more folders</li>"));
 }
 
-// With REPORT_PAGE the page is kept there, of 100,000 files, for a browser.
+// If REPORT_PAGE is set, the page with 100,000 files is stored there for a browser.
 TEST_F(report_page, very_many_files_are_each_in_it_once) {
     const char* const kept = std::getenv("REPORT_PAGE");
     const size_t count = kept ? 100000 : 1000;
@@ -169,10 +169,10 @@ TEST_F(report_page, changes_nothing_else_of_a_command) {
     EXPECT_EQ(string::npos, read(u"N:\\out\\new.manifest.json").find("new.html"));
     const json rows = data_in(page(u"N:\\out\\new.html")).at("files");
     EXPECT_EQ(rows.size(), data_in(page(u"N:\\pages\\dry.html")).at("files").size());
-    ASSERT_EQ(3U, rows.size()) << rows; // the raster, the project, and what is lost
+    ASSERT_EQ(3U, rows.size()) << rows; // the raster, the project, and the lost file
     EXPECT_EQ(10, rows.at(0).at(4));
     EXPECT_EQ(-1, rows.at(2).at(2));
-    // Nor does it come into the way of the next run.
+    // It is not in the way of the next run either.
     EXPECT_EQ(1, command(resave + " --update --prune --report 'N:\\out\\new.html'")) << err;
     EXPECT_EQ(json::array(), json::parse(out).at("changed_since"));
     EXPECT_EQ(1, command("verify 'N:\\out\\new._vp' --manifest --report 'N:\\out\\new.html' --language ru"))
@@ -181,7 +181,7 @@ TEST_F(report_page, changes_nothing_else_of_a_command) {
     EXPECT_EQ(" new._vp new.html new.manifest.json rtr rtr/r.tif", made());
 }
 
-TEST_F(report_page, replaces_no_file_that_somebody_needs) {
+TEST_F(report_page, replaces_no_file_that_is_needed) {
     for (const wide_view file : {u"r.html", u"s.shp", u"s.shx", u"s.dbf"}) write(src(file), "what is mine");
     builder.scene_2d(u"S").layer("rtr_lr2d", u"R", src(u"r.html")).layer("shp_pnt_lr2d", u"P", src(u"s.shp"));
     builder.save(source);
@@ -190,12 +190,12 @@ TEST_F(report_page, replaces_no_file_that_somebody_needs) {
     const string resave =
         "resave 'C:\\prj\\area._vp' 'N:\\out\\new.html' --structure from-project-folder --report '";
     const std::pair<const char*, const char*> refused[] = {
-        {"C:\\prj\\r.html", "is a file of the project and must not be written over"},
-        {"C:\\prj\\s.x.html", "it would pass for a file of the data set next to it"},
+        {"C:\\prj\\r.html", "is a file of the project and must not be overwritten"},
+        {"C:\\prj\\s.x.html", "it would look like a file of the data set next to it"},
         {"C:\\prj", "is a folder; give the name of a file"},
-        {"C:\\prj\\free.txt", "is no name of a page: it must end in .html"},
-        {"C:\\nowhere\\page.html", "the folder for the page does not exist"},
-        {"N:\\out\\new.html", "the new project has this name, too"}};
+        {"C:\\prj\\free.txt", "is not a valid report name: it must end in .html"},
+        {"C:\\nowhere\\page.html", "the folder for the report does not exist"},
+        {"N:\\out\\new.html", "the new project has the same name"}};
     for (const auto& [path, reason] : refused) {
         EXPECT_EQ(2, command(resave + path + "'")) << path;
         EXPECT_TRUE(is_told(reason)) << err;
@@ -203,7 +203,7 @@ TEST_F(report_page, replaces_no_file_that_somebody_needs) {
     }
     const std::pair<const char*, const char*> failed[] = {
         {"N:\\out\\r.html", "another file has this name"},
-        {"N:\\out\\s.html", "it would pass for a file of the data set next to it"}};
+        {"N:\\out\\s.html", "it would look like a file of the data set next to it"}};
     for (const auto& [path, reason] : failed) {
         clear_output();
         EXPECT_EQ(1, command(resave + path + "' --json")) << path;
@@ -217,7 +217,7 @@ TEST_F(report_page, replaces_no_file_that_somebody_needs) {
     EXPECT_EQ(0U, page(u"C:\\prj\\free.html").find("<!DOCTYPE html>"));
 }
 
-TEST_F(report_page, that_cannot_be_written_is_told_and_leaves_the_older_one) {
+TEST_F(report_page, that_cannot_be_written_is_reported_and_the_older_one_kept) {
     const wide_string path = write(u"N:\\page.html", "an older page");
     const tree_state before = state_of(native("n"));
     for (const char* call : {"open to write", "write", "close", "rename"}) {

@@ -1,4 +1,4 @@
-// vestra-resave resave: what a person asks for, is told and finds on the disk.
+// vestra-resave resave: requests, output, and the files on the disk.
 #include <nlohmann/json.hpp>
 
 #include "tests/apps/command_run.h"
@@ -25,7 +25,7 @@ protected:
         builder.layer("rtr_lr2d", u"relief", u"C:\\prj\\data\\r.tif").table(u"T", u"C:\\prj\\data\\t.dbf");
         builder.layout(u"Sheet").frame(u"Frame", u"Other").save(source);
     }
-    // Into a new folder that is empty.
+    // Resaves into a new empty folder.
     int anew(const string& arguments) {
         remove_tree(u"N:\\out");
         fs::create_directories(native("n") / "out");
@@ -33,8 +33,8 @@ protected:
     }
 };
 
-// A path that is not written out in full keeps its place under some structures.
-TEST_F(resave_command, tells_of_a_copy_that_came_to_lie_outside_the_new_folder) {
+// A path that is not absolute keeps its place under some structures.
+TEST_F(resave_command, reports_a_copy_outside_the_new_folder) {
     write(u"D:\\gis\\y.tif");
     builder.scene_2d(u"S").layer("rtr_lr2d", u"Y", u"D:/gis/y.tif").save(source);
     for (const string dry : {" --dry-run", ""}) {
@@ -43,13 +43,13 @@ TEST_F(resave_command, tells_of_a_copy_that_came_to_lie_outside_the_new_folder) 
     }
 }
 
-// One file in another folder, with what is beside it, and what is where the copies go.
+// One file in another folder with the files next to it, and the files at the target.
 TEST_F(resave_command, brings_companions_under_the_new_stem_and_over_no_file) {
     const struct {
         const char* options;
         std::vector<wide_string> before; // besides D:\gis\A.tif
-        std::vector<wide_string> after;  // that hold what the file of the same ending beside it does
-        const char* told;                // with exit code 1; null with 0
+        std::vector<wide_string> after;  // with the content of the file of the same extension next to it
+        const char* told;                // with exit status 1; null with 0
     } rows[] = {
         {"",
          {u"D:\\gis\\A.Tfw", u"D:\\gis\\A.TIFW", u"D:\\gis\\A.tif.ovr.aux.xml", u"N:\\out\\rtr\\A.tif"},
@@ -85,7 +85,7 @@ TEST_F(resave_command, brings_companions_under_the_new_stem_and_over_no_file) {
         EXPECT_TRUE(!row.after.empty() || !path_exists(u"N:\\out\\rtr\\A.prj") || row.told) << made();
         EXPECT_EQ("", difference(before, sources()));
     }
-    // Next to a file of the source it would count as that file's.
+    // Next to a file of the source, it would count as a companion of that file.
     builder.layer("vector_lr2d", u"B", write(u"C:\\prj\\rtr\\A.shp")).save(source);
     write(u"D:\\gis\\A.prj");
     write(u"C:\\prj\\rtr\\A.shx");
@@ -93,14 +93,14 @@ TEST_F(resave_command, brings_companions_under_the_new_stem_and_over_no_file) {
     EXPECT_TRUE(path_exists(u"C:\\prj\\rtr\\A_(1).prj") && !path_exists(u"C:\\prj\\rtr\\A.prj"));
 }
 
-// The project misses a raster, the same in the scene of a map, and has a shape file of its own. Of one that
-// is lost it does not name the table.
+// The project lacks a raster, and so does the scene of a map, and it has a shape file of its own. For a lost
+// shape file it does not refer to the table.
 TEST_F(resave_command, finds_a_lost_file_only_where_it_is_clearly_the_one) {
     const wide_string lost = u"C:\\old\\maps\\A.tif", shape = u"C:\\old\\S.shp";
     const struct {
-        std::vector<std::pair<wide_string, const char*>> files; // below N:\s, with what they hold
+        std::vector<std::pair<wide_string, const char*>> files; // below N:\s, with their content
         const char* found;                                      // in the order of their names; "" if none is
-        size_t candidates = 0;                                  // one is a file that the project has
+        size_t candidates = 0;                                  // one of them is a file that the project has
     } rows[] = {
         {{{u"x\\a.TIF", "1"}, {u"x\\a.tif.ovr", "2"}}, "x\\a.TIF", 1},
         {{{u"x\\a.tif", "1"}, {u"y\\MAPS\\a.tif", "2"}}, "y\\MAPS\\a.tif", 1},
@@ -167,12 +167,12 @@ TEST_F(resave_command, chooses_elements_by_pattern_type_group_and_loss) {
          0},
         {"--only a", " new._vp rtr rtr/a.tif", 0},
         {"--only '" + shown("C:\\m\\*.tif") + "' --deselect missing", " new._vp rtr rtr/a.tif rtr/b.tif", 0},
-        {"--deselect Page", "", 2, "cannot be left out, or kept, by itself: page \"Page\""},
-        {"--only type:layout_page", "", 2, "cannot be left out, or kept, by itself: page \"Page\""},
-        {"--only type:none", "", 2, "no element is meant by \"type:none\""},
-        {"--deselect '*.t?f' --deselect group:none", "", 2, "no element is meant by \"group:none\""},
-        {"--only missing --deselect S", "", 2, "nothing is left to be resaved"},
-        {"--only missing --deselect missing", "", 2, "nothing is left to be resaved"},
+        {"--deselect Page", "", 2, "cannot be left out or kept by itself: page \"Page\""},
+        {"--only type:layout_page", "", 2, "cannot be left out or kept by itself: page \"Page\""},
+        {"--only type:none", "", 2, "no element matches \"type:none\""},
+        {"--deselect '*.t?f' --deselect group:none", "", 2, "no element matches \"group:none\""},
+        {"--only missing --deselect S", "", 2, "no elements are left to resave"},
+        {"--only missing --deselect missing", "", 2, "no elements are left to resave"},
     };
     for (const auto& row : rows) {
         clear_output();
@@ -186,13 +186,13 @@ TEST_F(resave_command, chooses_elements_by_pattern_type_group_and_loss) {
         << out;
 }
 
-TEST_F(resave_command, the_exit_code_tells_how_it_went_and_the_error_output_why) {
+TEST_F(resave_command, the_exit_status_and_the_error_output_report_the_outcome) {
     builder.clear();
     builder.scene_2d(u"S").layer("rtr_lr2d", u"Lost one", u"C:\\gone.tif");
     builder.layer("wfs_pnt_lr2d", u"Springs", u"https://maps.example.org");
     builder.layer("rtr_lr2d", u"P", write(u"C:\\p.tif")).save(u"C:\\prj\\poor._vp");
     write(u"C:\\p.tfw");
-    builder.clear(); // what has no place in the host's own message
+    builder.clear(); // things that do not fit into the host's own message
     builder.scene_2d(u"").layer("rtr_lr2d", u"Nameless", u"C:\\gone.tif").scene_2d(u"S");
     builder.layer("vs_scene_layer_meta_id", u"Map", write(u"C:\\prj\\broken._sn", "x"));
     for (const wide_view caption : {u"One", u"Two"})
@@ -233,24 +233,26 @@ TEST_F(resave_command, the_exit_code_tells_how_it_went_and_the_error_output_why)
         {a + "'N:\\out'", 2, {"N:\\out: is a folder"}},
         {a + "''", 2, {"needs a folder"}},
         {poor.substr(0, poor.size() - to.size()) + " 'C:\\p.tif'", 2, {"C:\\p.tif"}},
-        {a + "'N:\\file'", 2, {"N:\\file: exists and is no project file: "}},
-        {a + "'N:\\file' --overwrite", 2, {"N:\\file: exists and is no project file: "}},
-        {a + "'N:/OLDER._vp'", 2, {"N:\\Older._vp: exists; with --overwrite it is replaced"}},
+        {a + "'N:\\file'", 2, {"N:\\file: exists and is not a project file: "}},
+        {a + "'N:\\file' --overwrite", 2, {"N:\\file: exists and is not a project file: "}},
+        {a + "'N:/OLDER._vp'", 2, {"N:\\Older._vp: already exists; use --overwrite to replace it"}},
         {a + "'N:/new/'", 2, {"needs a folder and a name"}},
         {a + "N:new._vp", 2, {"vestra-resave: N:new._vp: the new project needs a folder"}},
         {a + "'N:\\file\\new._vp'", 3, {"N:\\file: could not be created: "}},
-        {a + "'N:\\out\\" + string(300, 'x') + "' --quiet", 3, {": no file of this name can be created: "}},
+        {a + "'N:\\out\\" + string(300, 'x') + "' --quiet",
+         3,
+         {": a file with this name cannot be created: "}},
     };
     for (const auto& row : rows) {
         SCOPED_TRACE(row.arguments);
         remove_tree(u"N:\\out");
-        write(u"N:\\out\\rtr\\p.tfw", "older"); // which no copy replaces
+        write(u"N:\\out\\rtr\\p.tfw", "older"); // no copy replaces it
         const tree_state before = all_drives();
         const int planned = command(row.arguments + " --dry-run --json");
-        const json plan = json::parse(out); // for wrong words, too
+        const json plan = json::parse(out); // also for usage errors
         EXPECT_EQ(plan.at("outcome") == "would be saved", plan.at("problems").empty()) << out;
         EXPECT_TRUE(planned == row.code || row.arguments.size() > 300)
-            << err; // the disk alone knows its limit
+            << err; // only the disk knows its limit
         EXPECT_FALSE(is_told("Project saved")) << err;
         EXPECT_EQ("", difference(before, all_drives()));
         EXPECT_EQ(row.code, command(row.arguments)) << err;
@@ -261,8 +263,8 @@ TEST_F(resave_command, the_exit_code_tells_how_it_went_and_the_error_output_why)
     }
 }
 
-// By their names elements come along or not; what they refer to is added if the person agrees.
-TEST_F(resave_command, each_choice_shows_in_what_stands_on_the_disk) {
+// Elements are kept or left out by name; elements that they refer to are added if the user agrees.
+TEST_F(resave_command, each_option_shows_in_the_files_on_the_disk) {
     const string sheet = platform::to_utf8(builder.id(u"Sheet")), no = " --add-referenced no";
     string all;
     for (const string& arguments : std::vector<string>{
@@ -271,8 +273,8 @@ TEST_F(resave_command, each_choice_shows_in_what_stands_on_the_disk) {
              "--lowercase", "--scene-files --layer-files", "--layer-files", "--log",
              "--deselect roads --deselect " + sheet, "--deselect area --deselect t" + no, "--only Roads",
              "--only other --only T", "--only Area --deselect Roads", "--deselect Other --add-referenced yes",
-             "--deselect Other" + no, "--deselect Other --add-referenced ask"}) { // nobody to be asked
-        // With a folder for each scene the table and the layout are missed.
+             "--deselect Other" + no, "--deselect Other --add-referenced ask"}) { // there is no one to ask
+        // With a folder for each scene the table and the layout are missing.
         EXPECT_EQ(arguments.ends_with("per-scene") ? 1 : 0, anew(area + arguments)) << err;
         all += arguments + ":" + made() + "\n" + outline();
     }
@@ -282,14 +284,15 @@ TEST_F(resave_command, each_choice_shows_in_what_stands_on_the_disk) {
     const std::pair<string, std::vector<string>> refused[] = {
         {"--deselect T --deselect nobody", {"\"nobody\""}},
         {"--only T --deselect RELIEF",
-         {"\"RELIEF\" names 2 elements", "\"RELIEF\" can be " + platform::to_utf8(builder.id(u"Relief")) + at,
-          "\"RELIEF\" can be " + platform::to_utf8(builder.id(u"relief")) + at}}};
+         {"\"RELIEF\" matches 2 elements",
+          "\"RELIEF\" could be " + platform::to_utf8(builder.id(u"Relief")) + at,
+          "\"RELIEF\" could be " + platform::to_utf8(builder.id(u"relief")) + at}}};
     for (const auto& [arguments, candidates] : refused) {
         EXPECT_EQ(2, anew(area + arguments)) << arguments << err;
         EXPECT_EQ("", made());
         for (const string& text : candidates) EXPECT_TRUE(is_told(text)) << text << "\n" << err;
     }
-    // The folder of the new project is made, and has the log from its first line on.
+    // The folder of the new project is created and contains the log from its first line on.
     EXPECT_EQ(0, anew("resave 'C:\\prj\\area._vp' 'N:\\out\\a\\b\\new._vp' --log --load-log")) << err;
     EXPECT_TRUE(read(u"N:\\out\\a\\b\\new_log.txt").starts_with("Begin correction select\r\n"));
     EXPECT_TRUE(path_exists(u"C:\\prj\\area_last_resave_open_log.txt"));

@@ -1,5 +1,4 @@
-// vestra-resave structure, scenes and check-case: exit codes, what is refused, and what stands there
-// afterwards.
+// vestra-resave structure, scenes and check-case: exit status, refusals, and the files written.
 #include <nlohmann/json.hpp>
 #include <regex>
 
@@ -36,7 +35,7 @@ TEST_F(text_commands, write_what_is_asked_for_or_say_why_not) {
     const struct {
         string arguments;
         int code;
-        string err, out, made; // `err` somewhere in what was told
+        string err, out, made; // `err` is part of the output
         string text = {};      // the beginning of the file
     } rows[] = {
         {structure + text, 0, "", written, " t.txt", head + "\tScenes 2D:\r\n\t\tA\r\n\t\tA\r\n"},
@@ -51,24 +50,25 @@ TEST_F(text_commands, write_what_is_asked_for_or_say_why_not) {
         {"structure 'C:\\prj\\torn._vp' " + text, 1,
          "torn._sn: could not be read: line 1: ", "written with problems: N:\\out\\t.txt\n", " t.txt"},
         {"structure 'C:\\none._vp' " + text, 2, "C:\\none._vp", "", ""},
-        {structure + "'c:/prj/AREA._vp'", 2, "is the project itself and must not be written over", "", ""},
-        {structure + "'C:\\data\\r.tif.qml'", 2, "is a file of the project and must not be written", "", ""},
+        {structure + "'c:/prj/AREA._vp'", 2, "is the project itself and must not be overwritten", "", ""},
+        {structure + "'C:\\data\\r.tif.qml'", 2, "is a file of the project and must not be overwritten", "",
+         ""},
         {structure + folder, 2, "N:\\out: is a folder", "", ""},
         {structure + "'N:\\none\\t.txt'", 3, "N:\\none\\t.txt: could not be created: ", "", ""},
         {structure + "'N:\\out\\" + string(300, 'x') + "'", 3, ": could not be created: ", "", ""},
         {files + folder, 0, "", two, " A(1)._sn A._sn"},
-        {files + folder + "--if-exists rewrite", 0, "N:\\out\\A._sn: was written over a file that existed",
+        {files + folder + "--if-exists rewrite", 0, "N:\\out\\A._sn: replaced an existing file",
          "N:\\out\\A._sn\nwritten: N:\\out, 1 files\n", " A._sn"},
         {files + folder + "--list", 0, "", "A -> N:\\out\\A._sn\nA -> N:\\out\\A(1)._sn\n", ""},
         {files + "--list", 0, "", "A -> A._sn\nA -> A(1)._sn\n", ""},
         {files + folder + "--if-exists ask", 2, "ask", "", ""},
         {"scenes 'C:\\none._vp' " + folder, 2, "C:\\none._vp", "", ""},
-        {files + "'N:\\none'", 3, "N:\\none: could not be entered: ", "", ""},
-        {files + "'C:\\data\\r.tif'", 3, "C:\\data\\r.tif: could not be entered: ", "", ""},
+        {files + "'N:\\none'", 3, "N:\\none: could not be made the current folder: ", "", ""},
+        {files + "'C:\\data\\r.tif'", 3, "C:\\data\\r.tif: could not be made the current folder: ", "", ""},
         {check + text, 0, "", written, " t.txt"},
         {differs + text + "--quiet", 1, "", "", " t.txt"},
         {"check-case 'C:\\none._vp' " + text, 2, "C:\\none._vp", "", ""},
-        {differs + "'C:\\prj\\case._vp'", 2, "is the project itself and must not be written over", "", ""},
+        {differs + "'C:\\prj\\case._vp'", 2, "is the project itself and must not be overwritten", "", ""},
         {check + folder, 2, "N:\\out: is a folder", "", ""},
     };
     const tree_state before = sources();
@@ -99,7 +99,7 @@ TEST_F(text_commands, print_the_same_to_the_standard_output_whole_or_not_at_all)
     EXPECT_EQ("", difference(before, all_drives()));
 }
 
-// Adds each path of the object that has not the operating system's form beside it.
+// Adds each path of the object that has no native form next to it.
 void find_lonely_paths(const json& all, std::set<string>& lonely) {
     for (const auto& [key, value] : all.items()) {
         if (value.is_structured()) find_lonely_paths(value, lonely);
@@ -151,7 +151,7 @@ TEST_F(text_commands, every_command_says_in_one_form_what_is_wrong_and_where) {
         }
         if (name.starts_with("panel")) continue;
         EXPECT_GE(1, command(name + "'C:\\prj\\poor._vp'" + options)) << err;
-        const bool is_finding = name == "verify "; // what it finds is its result
+        const bool is_finding = name == "verify "; // its findings are its result
         EXPECT_EQ(is_finding || json::parse(out).at("problems").empty(), err.empty()) << err;
         EXPECT_TRUE(err.empty() || err.starts_with("vestra-resave: " + shown("C:\\"))) << err;
         find_lonely_paths(json::parse(out), lonely);
@@ -163,8 +163,8 @@ TEST_F(text_commands, every_command_says_in_one_form_what_is_wrong_and_where) {
     EXPECT_NE(string::npos, committed("CMakeLists.txt").find(version)) << out;
 }
 
-// The first word of Latin letters, but for paths, options, what the test's project holds, and what has one
-// name in all languages.
+// Returns the first word of Latin letters, ignoring paths, options, texts of the test project, and names that
+// are the same in all languages.
 string english_in(const string& text) {
     static const std::regex names(
         "[A-Z]:\\\\\\S*|/"
@@ -219,7 +219,7 @@ TEST_F(text_commands, speak_russian_throughout_if_asked_to) {
     EXPECT_EQ(0, session("panel" + project + "--language ru", "show scn2d\n"));
     for (const char* part : {"docker", "outline", "(invalid)", "(shown)", "(disabled)"})
         EXPECT_EQ(string::npos, out.find(part)) << out;
-    // Its folders by type are, too.
+    // Its folders by type are in that language too.
     EXPECT_EQ(1, command(resave + "--overwrite --language ru --deselect Точки")) << err;
     for (const string language : {"ru", "en"}) {
         remove_tree(u"N:\\out");
@@ -231,14 +231,14 @@ TEST_F(text_commands, speak_russian_throughout_if_asked_to) {
     }
 }
 
-// What a person would lose if a text, a report or a scene file went over a file of the project.
+// What a user would lose if a text, a report or a scene file replaced a file of the project.
 TEST_F(command_run, no_file_of_the_project_is_written_over_under_whatever_name) {
     copy_sample();
     namespace fs = std::filesystem;
     fs::create_directories(native("c") / "link");
     fs::create_hard_link(native("c") / "prj/rasters/relief.tif", native("c") / "link/hard.txt");
     fs::create_hard_link(native("c") / "prj/area._vp", native("c") / "link/hard._vp");
-    std::error_code no_links; // by name, which not every system offers
+    std::error_code no_links; // by name, which not every system supports
     fs::create_symlink(native("c") / "prj/area._vp", native("c") / "link/soft._vp", no_links);
     fs::create_directory_symlink(native("c"), native("n") / "link", no_links);
     const string linked = no_links ? "C:" : "N:\\link", soft = no_links ? "hard._vp'" : "soft._vp'";
@@ -259,7 +259,7 @@ TEST_F(command_run, no_file_of_the_project_is_written_over_under_whatever_name) 
           structure + "C:\\prj\\model\\map_base.tos", structure + "C:\\prj\\maps\\overview._sn",
           check + "C:\\link\\hard.txt", structure + linked + "\\data\\grids\\porosity\\hdr.adf"}) {
         EXPECT_EQ(2, command(refused + "'")) << refused << err;
-        EXPECT_TRUE(is_told("is a file of the project and must not be written over")) << refused << err;
+        EXPECT_TRUE(is_told("is a file of the project and must not be overwritten")) << refused << err;
     }
     EXPECT_EQ(3, command("scenes 'C:\\prj\\area._vp' 'C:\\prj\\maps' --if-exists rewrite"));
     EXPECT_TRUE(is_told("verview._sn: could not be written: it belongs to the source project")) << err;

@@ -1,4 +1,4 @@
-// resave --update, --resume and --prune: a copy that is brought up to date is what a new one would be.
+// resave --update, --resume and --prune: an updated copy equals a new one.
 #include <nlohmann/json.hpp>
 #include <random>
 
@@ -20,7 +20,7 @@ protected:
         size_t version;
     };
 
-    // Folders, few names: most copies get a number.
+    // Uses few names, so that most copies get a number.
     raster new_raster(size_t number) {
         const wide_string folder = u"C:\\data\\" + decimal(static_cast<uint32_t>(random_() % 3)) + u"\\";
         const wide_string name = u"r" + decimal(static_cast<uint32_t>(random_() % 2)) + u"_" +
@@ -39,7 +39,7 @@ protected:
         for (const raster& each : rasters_) builder.layer("rtr_lr2d", each.caption, each.path);
         builder.save(source);
     }
-    // One of what happens to a project between two resaves.
+    // Makes one of the changes that happen to a project between two resaves.
     void edit() {
         const size_t chosen = random_() % rasters_.size();
         raster& each = rasters_[chosen];
@@ -63,7 +63,7 @@ protected:
             return write_raster(each);
         }
     }
-    // By the caption of the element that refers to it: what the file holds that the project in `folder` has.
+    // Returns the content of the files that the project in `folder` refers to, by the caption of the element.
     std::multimap<wide_string, string> contents_in(const wide_string& folder) {
         vestra::project project;
         read_back(folder + u"new._vp", project);
@@ -115,7 +115,7 @@ TEST_F(update_command, makes_of_an_earlier_copy_what_a_new_run_would_make) {
             EXPECT_EQ(wanted, bytes_of(state("out")));
             EXPECT_EQ("the user's own", read(own));
             EXPECT_EQ("", difference(originals, sources()));
-            for (const json& each : result["unchanged"]) { // named so, and untouched
+            for (const json& each : result["unchanged"]) { // reported as unchanged and not written
                 const string path = each["target"].get<string>().substr(string("N:\\out\\").size());
                 string name = path;
                 std::ranges::replace(name, '\\', '/');
@@ -124,15 +124,15 @@ TEST_F(update_command, makes_of_an_earlier_copy_what_a_new_run_would_make) {
             }
         }
         EXPECT_EQ(0, command("verify 'N:\\out\\new._vp'")) << out;
-        // With nothing to do nothing is written, not even the project and the manifest.
+        // If there is nothing to do, nothing is written, not even the project and the manifest.
         const tree_state before = state("out");
         EXPECT_EQ(0, command(area + "--update --structure " + structure)) << err;
         EXPECT_EQ("", difference(before, state("out")));
     }
 }
 
-// One thing wrong at a time: what a person would lose, were it done all the same.
-TEST_F(update_command, replaces_nothing_that_somebody_changed_and_resumes_nothing_else) {
+// One fault at a time: what a user would lose if the run continued anyway.
+TEST_F(update_command, replaces_no_changed_file_and_resumes_only_its_own_run) {
     for (size_t number = 0; number < 3; ++number) rasters_.push_back(new_raster(++numbers_));
     for (raster& each : rasters_) write_raster(each);
     save();
@@ -175,7 +175,7 @@ TEST_F(update_command, replaces_nothing_that_somebody_changed_and_resumes_nothin
     EXPECT_EQ("what the user made of it", read(copies[0].path));
     EXPECT_EQ(0, command("verify 'N:\\out\\new._vp'")) << out;
 
-    // Without a manifest nobody knows what an existing project was made from.
+    // Without a manifest it is unknown what an existing project was made from.
     const string other = "resave 'C:\\prj\\area._vp' 'N:\\other\\new._vp' ";
     ASSERT_EQ(0, command(other)) << err;
     const tree_state plain = state("other");
@@ -184,7 +184,7 @@ TEST_F(update_command, replaces_nothing_that_somebody_changed_and_resumes_nothin
     EXPECT_EQ(0, command(other + "--update --overwrite")) << err;
     EXPECT_EQ("", difference(plain, state("other")));
 
-    // What belongs to a source that is lost is kept.
+    // Files whose source is lost are kept.
     const wide_string lost = rasters_[2].path;
     const string content = read(lost);
     remove_tree(lost);
@@ -195,7 +195,7 @@ TEST_F(update_command, replaces_nothing_that_somebody_changed_and_resumes_nothin
             << path;
     write(lost, content);
 
-    // A manifest that names what no resave has made.
+    // A manifest that lists files that no resave made.
     const wide_string victim = write(u"N:\\victim.tif", "of somebody else"),
                       manifest = u"N:\\out\\new.manifest.json";
     json all = json::parse(read(manifest));
@@ -207,7 +207,7 @@ TEST_F(update_command, replaces_nothing_that_somebody_changed_and_resumes_nothin
     EXPECT_EQ(0, command(area + "--update --prune")) << err;
     EXPECT_EQ("of somebody else", read(victim));
 
-    // The project itself.
+    // The project itself was changed.
     write(output, read(output) + "\n");
     before = all_drives();
     EXPECT_EQ(2, command(area + "--update")) << err;
@@ -216,8 +216,8 @@ TEST_F(update_command, replaces_nothing_that_somebody_changed_and_resumes_nothin
     EXPECT_EQ(0, command(area + "--update --overwrite")) << err;
 }
 
-// What lies in the folder of a copy and is not the copy's own: one thing after another, each of which a
-// resave made it lose, or made a false picture of.
+// Files in the folder of a copy that do not belong to it: each of these was once removed or misread by a
+// resave.
 TEST_F(update_command, leaves_alone_what_others_have_in_its_folder) {
     const wide_string first = u"C:\\prj\\data\\a.tif", second = u"C:\\prj\\data\\b.tif",
                       folder = u"N:\\out\\data\\";
@@ -232,17 +232,17 @@ TEST_F(update_command, leaves_alone_what_others_have_in_its_folder) {
     const auto copies = [&] {
         tree_state all = state("out");
         all.erase("new._vp");
-        all.erase("new.manifest.json"); // it holds times
+        all.erase("new.manifest.json"); // it contains times
         return all;
     };
     const auto is_kept = [&](const wide_string& path, const string& content) {
         return path_exists(path) && read(path) == content;
     };
 
-    // A companion of the same bytes that was there before the first copy.
+    // A companion with the same bytes that existed before the first copy.
     const wide_string world = u"C:\\prj\\data\\a.tfw", world_there = folder + u"a.tfw";
     const wide_string style = u"C:\\prj\\data\\a.qml", style_there = write(folder + u"a.qml", "style");
-    begin("--quiet --dry-run"); // for the source alone
+    begin("--quiet --dry-run"); // only for the source
     write(style, "style");
     EXPECT_EQ(0, command(area + "--structure from-project-folder --manifest")) << err;
     write(style, "another style");
@@ -254,7 +254,7 @@ TEST_F(update_command, leaves_alone_what_others_have_in_its_folder) {
     EXPECT_FALSE(path_exists(folder + u"a.tif"));
     EXPECT_TRUE(is_kept(style_there, "style"));
 
-    // Another project in the folder, with a file of its own beside, and one that names a copy.
+    // Another project in the folder with a file of its own next to it, and one that refers to a copy.
     remove_tree(u"N:\\out");
     begin();
     const wide_string beside = write(folder + u"a.shp", "of another project");
@@ -273,7 +273,7 @@ TEST_F(update_command, leaves_alone_what_others_have_in_its_folder) {
     EXPECT_EQ(0, command(update + "--prune")) << err;
     EXPECT_TRUE(path_exists(folder + u"b.tif"));
 
-    // A companion of the copy that its source has no more.
+    // A companion of the copy that its source no longer has.
     remove_tree(u"N:\\out");
     begin();
     write_raster(rasters_[0]);
@@ -283,7 +283,7 @@ TEST_F(update_command, leaves_alone_what_others_have_in_its_folder) {
     EXPECT_EQ(0, command(update + "--prune")) << err;
     EXPECT_FALSE(path_exists(world_there));
 
-    // A set beside a folder of its name.
+    // A data set next to a folder with its name.
     remove_tree(u"N:\\out");
     begin("--quiet --dry-run");
     rasters_.push_back({u"Inner", u"C:\\prj\\data\\a\\c.tif", 0});
@@ -296,7 +296,7 @@ TEST_F(update_command, leaves_alone_what_others_have_in_its_folder) {
     EXPECT_EQ(2U, json::parse(out).at("changed_since").size()) << out;
     EXPECT_TRUE(is_kept(index, "of the user"));
 
-    // A disk that is away for one update, and another project of the same name.
+    // A disk that is missing during one update, and another project with the same name.
     remove_tree(u"N:\\out");
     begin();
     const tree_state whole = copies();
@@ -311,7 +311,7 @@ TEST_F(update_command, leaves_alone_what_others_have_in_its_folder) {
     EXPECT_TRUE(is_told("is a copy of another project: ")) << err;
     EXPECT_EQ("", difference(whole, copies()));
 
-    // A backup that shares its files, and a plain run over the copy.
+    // A backup that shares its files by hard links, and a plain run over the copy.
     std::filesystem::create_directories(native("n") / "backup");
     for (const char* name : {"a.tif", "a.tfw"})
         std::filesystem::create_hard_link(native("n") / "out/data" / name, native("n") / "backup" / name);
@@ -323,7 +323,7 @@ TEST_F(update_command, leaves_alone_what_others_have_in_its_folder) {
     EXPECT_EQ(0, command(area + "--overwrite")) << err;
     EXPECT_EQ(0, command("verify 'N:\\out\\new._vp' --manifest")) << out << err;
 
-    // Scene files that somebody changed.
+    // Scene files that the user changed.
     remove_tree(u"N:\\out");
     begin("--manifest --scene-files --quiet");
     const wide_string scene = write(u"N:\\out\\Area._sn", "of the user");
@@ -340,9 +340,9 @@ TEST_F(update_command, is_refused_while_another_run_fills_the_folder) {
                                                 platform::disposition::open_existing, journal));
     const tree_state before = state("out");
     EXPECT_EQ(2, command(area)) << err;
-    EXPECT_TRUE(is_told("other.resave-journal: another resave into this folder is at work")) << err;
+    EXPECT_TRUE(is_told("other.resave-journal: another resave into this folder is running")) << err;
     EXPECT_EQ("", difference(before, state("out")));
-    journal.reset(); // that broke off, and is nobody's concern here
+    journal.reset(); // the interrupted run does not matter here
     EXPECT_EQ(0, command(area)) << err;
 }
 

@@ -1,5 +1,5 @@
-// vestra-resave verify, and resave --verify: whether a project can be moved with all it needs; the command
-// line with a bundle; and the window on a terminal, as docs/panel.md tells it.
+// vestra-resave verify, and resave --verify: whether a project can be moved with everything it needs; the
+// command line with a bundle; and the panel sessions of the documents.
 #include <nlohmann/json.hpp>
 #include <regex>
 #include <sstream>
@@ -15,8 +15,8 @@ using std::string;
 
 using verify_command = command_run;
 
-// A reference in every place that can hold one; most of them lead astray.
-TEST_F(verify_command, names_every_reference_that_leads_astray_and_what_holds_it) {
+// A reference in every place that can hold one; most of them are broken.
+TEST_F(verify_command, reports_every_broken_reference_and_its_element) {
     std::filesystem::copy(VS_SOURCE_DIR "/tests/apps/astray/c", native("c"),
                           std::filesystem::copy_options::recursive);
     EXPECT_EQ(1, command("verify 'C:\\prj\\area._vp'")) << err;
@@ -39,7 +39,7 @@ TEST_F(verify_command, ends_with_0_only_for_a_project_that_can_be_moved) {
     project_builder().scene_2d(u"S").layer("rtr_lr2d", u"R", write(u"C:\\prj\\r.tif")).save(source);
     const tree_state before = state_of(native("c"));
     EXPECT_EQ(0, command("verify 'C:\\prj\\area._vp'"));
-    EXPECT_EQ(shown("stands alone: C:\\prj\\area._vp, 1 references, 0 astray\n"), out);
+    EXPECT_EQ(shown("self-contained: C:\\prj\\area._vp, 1 references, 0 broken\n"), out);
     std::filesystem::rename(native("c") / "prj", native("c") / "moved");
     EXPECT_EQ(0, command("verify 'C:\\moved\\area._vp' --json"));
     std::filesystem::remove(native("c") / "moved/r.tif");
@@ -50,7 +50,7 @@ TEST_F(verify_command, ends_with_0_only_for_a_project_that_can_be_moved) {
     EXPECT_EQ(1U, state_of(native("c") / "moved").size());
 }
 
-// What the references do not know is in the manifest; and what is found here need not be found elsewhere.
+// The manifest has files that no reference knows; a file found here need not be found elsewhere.
 TEST_F(verify_command, knows_what_is_changed_and_what_is_bound_to_its_place) {
     write(u"C:\\prj\\r.tfw", "left behind by the rules of no run");
     write(u"C:\\prj\\r.tif.aux.xml", "left behind by those of each");
@@ -62,9 +62,9 @@ TEST_F(verify_command, knows_what_is_changed_and_what_is_bound_to_its_place) {
         const char16_t* file;
         const char* text; // null to remove it
         const char* told;
-    } rows[] = {{u"N:\\out\\rtr\\r.tfw", nullptr, "is in the manifest and does not exist"},
-                {u"N:\\out\\rtr\\r.tfw", "LEFT behind by the rules of no run", "has another content than in"},
-                {u"N:\\out\\rtr\\r.tif.aux.xml", "", "has another size than in the manifest"},
+    } rows[] = {{u"N:\\out\\rtr\\r.tfw", nullptr, "is in the manifest but does not exist"},
+                {u"N:\\out\\rtr\\r.tfw", "LEFT behind by the rules of no run", "differs in content from"},
+                {u"N:\\out\\rtr\\r.tif.aux.xml", "", "differs in size from the manifest"},
                 {u"N:\\out\\rtr\\r.tif", "", "empty: layer R: N:\\out\\rtr\\r.tif"}};
     for (const auto& [file, text, told] : rows) {
         const string before = read(file);
@@ -81,7 +81,7 @@ TEST_F(verify_command, knows_what_is_changed_and_what_is_bound_to_its_place) {
         EXPECT_EQ(1, command("verify 'N:\\out\\new._vp' --elsewhere"));
         EXPECT_TRUE(is_printed("outside: layer R: N:\\out\\rtr\\r.tif: it would not be found")) << out;
     }
-    // What data sets name themselves.
+    // Files that data sets refer to.
     write(u"C:\\prj\\m.tos", "TOS 1\nproperty X\nmember .tod\n");
     const string picture = "<SourceFilename relativeToVRT=\"1\">";
     write(u"C:\\prj\\v.vrt", "<VRTDataset>" + picture + "../out.tif</SourceFilename>" + picture +
@@ -99,15 +99,15 @@ TEST_F(verify_command, knows_what_is_changed_and_what_is_bound_to_its_place) {
     EXPECT_TRUE(is_told("N:\\out\\new.manifest.json: could not be read: ")) << err;
 }
 
-// The run's own messages go on after the file was copied.
-TEST_F(verify_command, of_a_resave_tells_of_a_copy_that_is_not_as_its_source) {
+// The messages of the run appear after the file was copied.
+TEST_F(verify_command, of_a_resave_reports_a_copy_that_differs_from_its_source) {
     const wide_string messages = platform::drive_path(file_of("err").string());
     project_builder().scene_2d(u"S").layer("rtr_lr2d", u"Messages", messages).save(source);
     EXPECT_EQ(1, command("resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp' --verify --json"));
-    EXPECT_TRUE(is_told("its copy N:\\out\\rtr\\err has another size")) << err;
+    EXPECT_TRUE(is_told("its copy N:\\out\\rtr\\err has a different size")) << err;
     const auto told = json::parse(out);
     EXPECT_EQ("copy_size_differs", told.at("differing").at(0).at("kind"));
-    // No layer file, though it has the name of one.
+    // Not a layer file, although it is named like one.
     project_builder().scene_2d(u"S").layer("rtr_lr2d", u"Rocks", write(u"C:\\prj\\Rocks._lr")).save(source);
     EXPECT_EQ(
         1, command("resave 'C:\\prj\\area._vp' 'N:\\out\\b._vp' --structure from-project-folder --verify"));
@@ -126,7 +126,7 @@ protected:
     const std::string bundle = " --bundle '" VS_SAMPLE_BUNDLE "'";
 };
 
-TEST_F(bundle_option, items_of_a_bundle_are_listed_left_out_by_name_copied_and_verified) {
+TEST_F(bundle_option, items_of_a_bundle_are_listed_left_out_copied_and_verified) {
     ASSERT_EQ(0, command("list " + project + bundle)) << err;
     EXPECT_TRUE(is_printed("Field notes\n    Quarry  [field_notes]")) << out;
     ASSERT_EQ(0, command("list " + project)) << err;
@@ -165,15 +165,16 @@ protected:
     const std::string project = "'C:\\prj\\area._vp'", no_project = VS_SOURCE_DIR "/samples/area/README.md";
 };
 
-// A page tells its session in blocks of text; that of the docs from the first look at the window on.
-TEST_F(panel_session, each_session_that_a_page_tells_is_what_the_program_answers) {
+// The sessions of a page are in blocks of text. That of the document begins with the first print of the
+// window.
+TEST_F(panel_session, each_session_of_a_page_is_what_the_program_prints) {
     const auto relief = platform::native_path(u"C:\\prj\\rasters\\relief.tif");
     const bool has_whole_sets = vestra::datasets::open_gdal_source(relief) != nullptr;
     std::filesystem::copy(VS_SOURCE_DIR "/tests/apps/sessions/maps", native("c") / "maps");
     const struct {
         const char* page;
         std::string project;
-        int code; // 1 where some of it is refused
+        int code; // 1 if some command is refused
     } rows[] = {{"docs/panel.md", project, 1},
                 {"tests/apps/sessions/marks.md", "", 0},
                 {"tests/apps/sessions/paths.md", "", 1},
@@ -200,7 +201,7 @@ TEST_F(panel_session, each_session_that_a_page_tells_is_what_the_program_answers
     EXPECT_NE("", read(u"N:\\area.txt"));
 }
 
-TEST_F(panel_session, what_is_open_in_the_host_is_loaded_by_its_button_and_what_cannot_begin_ends_with_2) {
+TEST_F(panel_session, the_open_project_is_loaded_and_a_failed_start_exits_with_2) {
     EXPECT_EQ(0, panel("--open " + project, "press \"Load current\"")) << out;
     EXPECT_NE(std::string::npos, out.find("  field1: file_input \"Select project\" (source project: "
                                           "Vestra project file (*._vp)|*._vp) C:\\prj\\area._vp\n"));

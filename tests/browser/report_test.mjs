@@ -73,7 +73,7 @@ const tests = {
     async "a resave is shown with its problems and all its files"(browser) {
         const page = await open(browser, "copy/area.html", {colorScheme: "light"});
         assert.equal(await page.textContent("h1"), "area._vp");
-        assert.equal(await page.locator("#problems .found").count(), 6); // a renamed copy among them
+        assert.equal(await page.locator("#problems .found").count(), 6); // includes a renamed copy
         assert.match(await page.textContent("#group-lost"), /old_survey\.shp.*does not exist.*"Old survey" in "Overview"/s);
         assert.equal(await page.locator("#sizes svg.bars").count(), 2);
         const total = await found(page);
@@ -144,7 +144,7 @@ const tests = {
             colours.push(await state(page, "getComputedStyle(document.body).backgroundColor"));
             assert.equal(await page.getAttribute("html", "lang"), "ru");
             assert.doesNotMatch((await page.locator("h2, h3, th, label").allTextContents()).join(), /[A-Za-z]{2}/);
-            await checkAccess(page); // the contrast of all text, too
+            await checkAccess(page); // includes the contrast of all text
             await close(page);
         }
         assert.notEqual(colours[0], colours[1]);
@@ -168,7 +168,7 @@ const tests = {
         await page.focus("#scroller");
         await page.keyboard.press("ArrowDown");
         assert.ok((await page.textContent("#details")).includes("<img src=x"));
-        // Even if it came into the page, the policy would not let it run.
+        // Even if it were in the page, the policy would prevent it from running.
         const faults = page.faults.length;
         await state(page, "document.body.append(document.createRange().createContextualFragment('<script>window.wasRun=1</' + 'script>'))");
         assert.equal(await state(page, "window.wasRun"), undefined);
@@ -245,7 +245,7 @@ async function takePictures(browser) {
 let failures = 0;
 try {
     makePages();
-    const asRoot = process.getuid?.() === 0 ? ["--no-sandbox"] : []; // which Chromium refuses to a root
+    const asRoot = process.getuid?.() === 0 ? ["--no-sandbox"] : []; // Chromium refuses to run as root otherwise
     const browser = await chromium.launch({executablePath: process.env.CHROMIUM ?? "/usr/bin/chromium", args: asRoot});
     for (const [name, test] of Object.entries(tests)) {
         try {

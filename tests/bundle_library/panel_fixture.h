@@ -1,6 +1,6 @@
-// The bundle's window as a host has it: the library loaded by its name, the tool found in the registry, and
-// nothing but its tables between the test and the panel. The project_context of the base is that of the copy
-// linked in, which a test may hold the library's work against.
+// The bundle's window as a host opens it: the library is loaded by its name, the tool is found in the
+// registry, and the test uses only its tables. The project_context of the base class belongs to the linked-in
+// copy, which a test can compare with the library.
 #pragma once
 
 #include "platform/library.h"
@@ -34,7 +34,7 @@ protected:
         ASSERT_TRUE(window->is_open());
     }
     void close() { window.reset(); }
-    // Opens the window on a project, by way of the source field.
+    // Opens the window with a project, through the source field.
     void open_on(const wide_string& path) {
         open();
         ASSERT_TRUE(enter("field1", path));
@@ -44,7 +44,7 @@ protected:
         open_on(source);
     }
 
-    // The element of this name as it is now; good until the next look.
+    // Returns the element with this name in its current state; valid until the next look.
     const element_view& at(const std::string& name) {
         view = window->look();
         const auto found = vestra::toolkit::all_named(view, name);
@@ -60,29 +60,29 @@ protected:
     }
     bool check(const std::string& name, bool on = true) { return vestra::toolkit::set_check(at(name), on); }
     bool press(const std::string& button) { return vestra::toolkit::click(at(button)); }
-    // Turns to the page of the structure (1), or of scene files (2).
+    // Switches to the page of the structure (1) or of scene files (2).
     void turn_to(uint32_t page) {
         view = window->look();
         ASSERT_TRUE(vestra::toolkit::choose(*vestra::toolkit::find(view, u"tab_layout"), page));
     }
-    // A button below the window; whether the window is to close.
+    // Presses a button below the window. Returns true if the window is to close.
     bool press_below(int32_t code) {
         view = window->look();
         return vestra::toolkit::press(*vestra::toolkit::find(view, u"button_box"), code);
     }
-    // Starts the operation; what the front end was told before is forgotten.
+    // Starts the operation; discards what the front end recorded before.
     void run() {
         script.events.clear();
         EXPECT_FALSE(press_below(2)) << "the window stays";
     }
 
-    // Of an outline, without those below others.
+    // Returns the rows of an outline, without those below other rows.
     texts rows(const std::string& outline) {
         texts all;
         for (const row_view& each : at(outline).rows) all.push_back(each.text);
         return all;
     }
-    // A row by its numbers and captions: "scn2d/list1/2".
+    // Checks a row by its numbers and captions: "scn2d/list1/2".
     bool check_row(const std::string& path, bool on) {
         view = window->look();
         const element_view* outline = nullptr;
@@ -93,9 +93,9 @@ protected:
     const texts all_scenes{u"Overview", u"Geology", u"Section 1", u"Empty scene"}; // of the sample
     const wide_string same_name = u"You can't resave a project with the same name.";
 
-    // Answers for a person before a dialog of the library: what to close it with, 0 for cancel.
+    // Answers a dialog of the library with the code that closes it; 0 for cancel.
     std::function<int32_t(const element_view&)> on_panel_dialog;
-    vestra::shell::service_registry registry; // in force instead of the base's
+    vestra::shell::service_registry registry; // the current one, in place of the base class's
     vestra::shell::bundle_loader loader{registry};
     vestra::toolkit::scripted_dialog_runner runner;
     std::optional<vestra::toolkit::dialog_connections> connections;

@@ -1,4 +1,4 @@
-// The main panel through the library's tables: what is loaded and when, what is refused, and how it ends.
+// The main panel through the library's tables: what is loaded and when, what is refused, and how it closes.
 #include "framework/bundle_entry.h"
 #include "platform/forwarding_system.h"
 #include "reference_host/model/counted.h"
@@ -8,7 +8,7 @@
 namespace vs::project_resave {
 namespace {
 
-// The project that is open in the host, for its own life.
+// A project that is open in the host for the lifetime of the object.
 struct opened {
     explicit opened(wide_view file) {
         project.file = file;
@@ -18,14 +18,14 @@ struct opened {
     vestra::project project;
 };
 
-TEST_F(panel, load_current_reads_a_private_copy_that_is_never_written_over_the_hosts_project) {
+TEST_F(panel, load_current_reads_a_copy_and_never_changes_the_host_project) {
     copy_sample();
     const opened in_host(source);
     const tree_state files = state_of(native("c"));
     open();
     EXPECT_EQ(u"", text("field1")) << "nothing is loaded by itself";
     ASSERT_TRUE(check("prj/check7"));
-    // Loaded even where the path of the new project is the same; but never written over.
+    // Loads even if the path of the new project is the same, but never overwrites it.
     for (const wide_view same : {u"c:\\PRJ\\Area._VP", u"C:/prj/sub/../AREA._vp"}) {
         ASSERT_TRUE(enter("prj/field1", wide_string(same)));
         ASSERT_TRUE(press("button1"));
@@ -38,7 +38,7 @@ TEST_F(panel, load_current_reads_a_private_copy_that_is_never_written_over_the_h
     EXPECT_EQ("new: prj/area_last_resave_open_log.txt\n", difference(files, state_of(native("c"))));
 }
 
-TEST_F(panel, a_window_that_goes_takes_the_project_along_and_comes_back_empty_with_its_options) {
+TEST_F(panel, a_closed_window_unloads_the_project_and_keeps_its_options) {
     const size_t before = vestra::living_objects();
     open_on_sample();
     ASSERT_TRUE(enter("prj/field1", output));
@@ -55,14 +55,14 @@ TEST_F(panel, a_window_that_goes_takes_the_project_along_and_comes_back_empty_wi
     ASSERT_TRUE(enter("field1", source));
     EXPECT_EQ(all_scenes, rows("scn2d/list1"));
 
-    // A project that is loaded when the library goes ends with it, window or not.
+    // A loaded project is closed when the library is unloaded, with or without a window.
     close();
     ASSERT_TRUE(vestra::toolkit::enter_text(*vestra::toolkit::find(view, u"file_input"), source));
     loader.unload_all();
     EXPECT_EQ(before, vestra::living_objects());
 }
 
-// The tool of the copy that is linked in, whose code does not go with it, and whose system a test can break.
+// The tool of the linked-in copy, whose code stays loaded and whose system a test can break.
 struct linked_in_tool {
     using app = project_resave_app;
     linked_in_tool() { registry.add(app::id, pointer_to<service_factory_impl>(*factory), {}); }
@@ -72,7 +72,7 @@ struct linked_in_tool {
         std::in_place, app::id, std::make_unique<ref_service_holder<app, custom_app_service_impl>>()};
 };
 
-TEST_F(panel, whoever_holds_the_content_longer_than_the_tool_has_an_empty_panel_that_still_works) {
+TEST_F(panel, content_held_longer_than_the_tool_is_an_empty_working_panel) {
     copy_sample();
     const size_t before = vestra::living_objects();
     ref<docker_impl> content;
@@ -90,7 +90,7 @@ TEST_F(panel, whoever_holds_the_content_longer_than_the_tool_has_an_empty_panel_
     EXPECT_EQ(before, vestra::living_objects());
 }
 
-TEST_F(panel, a_run_that_breaks_off_closes_the_project_and_says_that_nothing_was_saved) {
+TEST_F(panel, a_failed_run_closes_the_project_and_reports_nothing_saved) {
     struct no_memory : forwarding_system {
         platform::entry_status status_of(const wide_string&) override { throw std::bad_alloc(); }
     };
@@ -111,8 +111,8 @@ TEST_F(panel, a_run_that_breaks_off_closes_the_project_and_says_that_nothing_was
     close();
 }
 
-// A collision asks for another name in the middle of the run, where a person still has the window.
-TEST_F(panel, while_a_run_waits_nothing_else_begins_and_a_closed_window_takes_effect_after_it) {
+// A conflict asks for another name in the middle of the run, while the user still has the window.
+TEST_F(panel, while_a_run_waits_nothing_begins_and_closing_is_delayed) {
     project_builder built;
     built.scene_2d(u"Area").layer("rtr_lr2d", u"East", write(u"C:\\a\\relief.tif"));
     built.layer("rtr_lr2d", u"West", write(u"C:\\b\\relief.tif")).save(source);

@@ -7,7 +7,7 @@ namespace {
 
 class tabs : public panel {
 protected:
-    // Bytes of all files of the new folder, by path.
+    // Returns the bytes of all files of the new folder, by path.
     std::map<std::string, std::string> written() const {
         std::map<std::string, std::string> all;
         for (const auto& [path, state] : state_of(native("n") / "out"))
@@ -16,8 +16,8 @@ protected:
     }
 };
 
-// Against the run itself with the settings that the controls stand for.
-TEST_F(tabs, every_structure_and_option_reaches_the_run_from_the_click_to_the_files) {
+// Compares with the run itself, using the settings that the controls represent.
+TEST_F(tabs, every_structure_and_option_reaches_the_run_and_its_files) {
     copy_sample();
     open();
     ASSERT_TRUE(enter("prj/field1", output));
@@ -80,7 +80,7 @@ TEST_F(tabs, the_structure_is_written_as_the_boxes_and_the_list_say) {
     }
 }
 
-// Nothing was resaved yet: the files go where the program stands.
+// Nothing was resaved yet, so the files go to the current folder.
 TEST_F(tabs, checked_scenes_get_files_of_new_names_or_the_old_ones) {
     open_on_sample();
     ASSERT_TRUE(check_row("scn2d/list1/Overview", false));

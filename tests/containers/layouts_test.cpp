@@ -1,4 +1,4 @@
-// Layouts with their images, pages, frames and legends: what is copied, what is rewritten, what stays.
+// Layouts with their images, pages, frames and legends: what is copied, rewritten and kept.
 #include "tests/support/builder_run.h"
 
 namespace vs::project_resave {
@@ -17,7 +17,7 @@ protected:
         write(u"C:\\data\\t.tos", "TOS 1\nmember t.tod\n");
         settings.save_layer_files = settings.write_log = true;
     }
-    // Runs the project as it is built so far, into an empty folder without a log.
+    // Runs the current project into an empty folder without a log.
     void run() {
         clear_output();
         builder_run::run();
@@ -27,7 +27,7 @@ protected:
     std::string log;
 };
 
-// All kinds that a legend knows, and two that it does not.
+// All kinds of layers that a legend knows, and two that it does not.
 const std::vector<sign> all_signs = {
     {"shp_pln_lr2d", u"Road", u"C:\\data\\s.shp"},   {"rtr_lr2d", u"Relief", u"C:\\data\\i.tif"},
     {"tos_2crd_lr2d", u"Depth", u"C:\\data\\t.tos"}, {"tld_lr2d", u"Base", u"C:\\data\\b.tld"},
@@ -39,7 +39,7 @@ const std::string old_signs =
 
 } // namespace
 
-TEST_F(layouts, a_page_is_told_a_place_by_each_structure_and_nothing_is_copied_for_it) {
+TEST_F(layouts, each_structure_places_a_page_but_copies_nothing_for_it) {
     const std::tuple<uint32_t, wide_view, wide_view> rows[] = {
         {by_type, u"C:\\prj\\img\\p.fmt", u"N:\\out\\files"}, // without its name
         {from_project_folder, u"C:\\prj\\img\\P.fmt", u"N:\\out\\img\\P.fmt"},
@@ -65,7 +65,7 @@ TEST_F(layouts, a_page_is_told_a_place_by_each_structure_and_nothing_is_copied_f
     }
 }
 
-TEST_F(layouts, an_image_brings_its_companions_and_what_has_no_file_stays_without_a_word) {
+TEST_F(layouts, an_image_brings_its_companions_and_no_file_is_no_problem) {
     builder.layout(u"Sheet").layer("layout_image", u"Image", u"C:\\data\\i.tif");
     builder.layer("layout_text", u"Text", u"C:\\data\\b.tld").frame(u"Frame", u"gone").layout(u"Other");
     builder.layer("layout_ole_object", u"Object").layer("layout_legend", u"Plain legend");
@@ -80,7 +80,7 @@ TEST_F(layouts, an_image_brings_its_companions_and_what_has_no_file_stays_withou
     EXPECT_TRUE(context->report.unprocessed_types().empty());
 }
 
-TEST_F(layouts, all_legends_share_one_folder_and_only_their_shapes_have_layer_files) {
+TEST_F(layouts, legends_share_one_folder_and_only_shapes_have_layer_files) {
     builder.layout(u"Sheet").legend(u"Signs", all_signs);
     builder.legend(u"Signs", {{"shp_pgn_lr2d", u"Road again", u"C:\\data\\s.shp"},
                               {"rtr_lr2d", u"Other relief", u"D:\\data\\i.tif"}});
@@ -104,7 +104,7 @@ TEST_F(layouts, a_legend_keeps_layers_that_are_lost_or_left_out) {
     settings.delete_lost_sources = true;
     std::filesystem::remove_all(native("c") / "data");
     run();
-    // What is lost behind a legend stands under its name, and the image has gone.
+    // A lost file of a legend is listed under the legend's name, and the image is gone.
     EXPECT_EQ("\nSheet: " + old_signs +
                   "\n!Signs: Lost files Base\nLost files Depth\nLost files Relief\nLost files Road\n"
                   "Lost files Image\n",

@@ -15,12 +15,12 @@ namespace vs::project_resave {
 
 namespace {
 
-// Files are copied from src to out; the content of each is its own name.
+// Files are copied from src to out; the content of each file is its own name.
 class copying : public testing::Test {
 protected:
     ~copying() override { EXPECT_EQ(vestra::living_objects(), 0u); }
 
-    // Begins anew with these files; "*name" already stands in out.
+    // Starts again with these files; "*name" already exists in out.
     void begin(wide_view names) {
         for (const wide_view folder : {u"src", u"out"}) {
             remove_tree(disk.path(folder));
@@ -34,7 +34,8 @@ protected:
         context.report.current_unit = u"unit";
         context.placement.reset();
     }
-    // "source>target" for each new file in out, then "!" for each recorded failure and "no" for the result.
+    // Returns "source>target" for each new file in out, then "!" for each recorded failure and "no" for a
+    // false result.
     std::string outcome(bool result) const {
         std::string text;
         for (const auto& entry : platform::list_tree(platform::current_system(), out)) {
@@ -58,7 +59,7 @@ using routine = bool (*)(const wide_string&, const wide_string&, run_state&);
 
 } // namespace
 
-TEST_F(copying, what_stands_in_the_way_is_told_and_costs_no_more_than_it_must) {
+TEST_F(copying, what_is_in_the_way_is_reported_and_only_that_is_lost) {
     const struct {
         routine copy;
         wide_view source, target, present;
@@ -125,7 +126,7 @@ TEST_F(copying, members_of_a_data_set_follow_the_new_name_of_the_main_file) {
     EXPECT_EQ(outcome(copy_data_source_files(src + u"broken.tos", out + u"b.tos", true, context)), "no");
 }
 
-TEST_F(copying, erasing_a_tree_spares_what_its_links_lead_to) {
+TEST_F(copying, erasing_a_tree_keeps_the_targets_of_its_links) {
     disk.write(u"made\\a\\b.shp");
     disk.write(u"kept\\file");
     std::error_code unsupported;

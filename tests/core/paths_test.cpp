@@ -1,4 +1,4 @@
-// Paths as texts, and where each file goes.
+// Paths as texts, and the places of copies.
 #include <gtest/gtest.h>
 
 #include <random>
@@ -67,7 +67,7 @@ TEST(paths, the_way_from_a_file_to_another) {
     });
 }
 
-// The run must not place a file twice because it is spelled another way, nor take two files for one.
+// The run must not place a file twice because of its spelling, nor take two files for one.
 TEST(placed_files, answer_as_a_scan_from_the_oldest_entry) {
     std::mt19937 random(7);
     const auto pick = [&](const std::vector<wide_string>& from) { return from[random() % from.size()]; };
@@ -106,7 +106,7 @@ struct run {
         placement.set_output(output);
         placement.type_folder = u"shp";
     }
-    // `expected` is below N:\out unless it has a drive.
+    // `expected` is relative to N:\out unless it has a drive.
     void expect_placed(wide_view source, wide_view expected) {
         EXPECT_EQ(platform::to_utf8(placement.new_path(wide_string(source))),
                   platform::to_utf8(path_join(u"N:\\out", expected)))
@@ -155,7 +155,7 @@ TEST(path_placement, a_common_top_folder_is_kept_under_the_new_project) {
           {u"E:\\q\\r\\s.shp", u"q\\r\\s.shp"},
           {u"\\\\server\\share\\file", u"server\\share\\file"}}},
         {{roads, grid}, {{roads, u"prj\\maps\\roads.shp"}, {grid, u"prj\\grids\\m.pgrid"}}},
-        // Letter case counts among what was collected, and so does that of the drive.
+        // Letter case matters among the collected paths, also that of the drive.
         {{u"C:\\x\\Data\\a.shp", u"C:\\x\\data\\b.shp"}, {{u"C:\\x\\Data\\a.shp", u"x\\Data\\a.shp"}}},
         {{u"C:\\x\\y\\a.shp"}, {{u"c:\\x\\y\\a.shp", u"x\\y\\a.shp"}}},
     };
@@ -177,20 +177,20 @@ TEST(path_placement, a_name_that_is_taken_gets_the_next_number) {
         << "as no copy stands there";
     disk.write(u"out\\shp\\ROADS_(1).shp");
     EXPECT_EQ(run.placement.new_path(u"C:\\c\\roads.shp"), shp + u"roads_(2).shp");
-    // The folder of such a grid is numbered, and the file named after it, wherever the folder stands.
+    // The folder of such a grid gets a number, and the file is named after it, wherever the folder is.
     disk.write(u"out\\shp\\m.v2\\m.v2.pgrid");
     EXPECT_EQ(run.placement.new_path(u"D:\\m.v2.pgrid"), shp + u"m_(1)\\m_(1).pgrid");
     disk.write(u"out\\grids\\m.pgrid");
     disk.write(u"out\\grids_(1)\\x");
     run.options.structure_variant = from_project_folder;
     EXPECT_EQ(run.placement.new_path(grid), disk.path(u"out\\grids_(2)\\grids_(2).pgrid"));
-    // A path of another drive that is not in normal form leads to the source itself.
+    // A path of another drive that is not in normal form resolves to the source itself.
     disk.write(u"b.shp");
     run.placement.set_source(u"Q:\\prj\\area._vp");
     EXPECT_EQ(run.placement.new_path(disk.path(u"a\\..\\b.shp")), disk.path(u"b_(1).shp"));
 }
 
-// As a run beside this one does that made the folder above, failed and takes it back.
+// Simulates a parallel run that made the folder above, failed and removes it.
 struct taking_back final : forwarding_system {
     using forwarding_system::forwarding_system;
     platform::outcome create_folder(const wide_string& path) override {
@@ -210,7 +210,7 @@ TEST(create_folders, survives_a_run_that_takes_its_empty_ones_back) {
     EXPECT_TRUE(path_exists(disk.path(u"tree\\a")));
 }
 
-// What is listed here is erased after a stop.
+// These folders are erased after a stop.
 TEST(path_placement, created_folders_never_reach_above_a_drive_or_a_share) {
     struct any_drive : forwarding_system {
         platform::entry_status status_of(const wide_string& path) override {

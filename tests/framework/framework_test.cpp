@@ -1,4 +1,4 @@
-// The border between libraries, and the texts and pictures of this one.
+// The interface between libraries, and the texts and pictures of this one.
 #include <gtest/gtest.h>
 
 #include <stdexcept>
@@ -54,7 +54,7 @@ public:
 
 lamp lamp_of(desk_lamp& object) { return pointer_to<lamp_impl>(object); }
 
-TEST(interface, a_call_reaches_the_object_and_a_null_pair_or_an_exception_gives_zero) {
+TEST(interface, a_call_reaches_the_object_and_null_or_exception_gives_zero) {
     desk_lamp object;
     const lamp pair = lamp_of(object);
     EXPECT_EQ(30, call<&lamp_impl::brightness>(pair, 3));
@@ -69,7 +69,7 @@ TEST(interface, a_call_reaches_the_object_and_a_null_pair_or_an_exception_gives_
     }
 }
 
-TEST(interface, one_object_answers_each_of_its_names_exactly_and_has_one_identity) {
+TEST(interface, one_object_answers_each_of_its_names_and_has_one_identity) {
     desk_lamp object;
     const lamp pair = lamp_of(object);
     const auto other = cast_to<switch_impl>(pair);
@@ -81,7 +81,7 @@ TEST(interface, one_object_answers_each_of_its_names_exactly_and_has_one_identit
     EXPECT_FALSE(query_name(identity, "vs_lamp_interface_4"));
 }
 
-TEST(ref, the_last_strong_one_ends_the_object_once_and_the_weak_ones_learn_of_it) {
+TEST(ref, the_last_strong_one_ends_the_object_once_weak_ones_notice) {
     auto* object = new desk_lamp;
     const lamp pair = lamp_of(*object);
     weak_ref<lamp_impl> weak(pair);
@@ -109,7 +109,7 @@ protected:
 
 constexpr uint32_t russian = 0, english = 50000;
 
-TEST_F(strings, each_text_comes_in_the_hosts_language_and_falls_back_to_the_base) {
+TEST_F(strings, each_text_is_in_the_host_language_or_else_in_the_base) {
     const struct {
         uint32_t language;
         int32_t id;
@@ -192,7 +192,7 @@ TEST_F(strings, a_localizer_has_the_last_word_until_it_is_gone) {
         picture.visit_mask(pointer_to<bytes_visitor_impl>(mask));
         EXPECT_EQ((std::vector<int>{1, 2, 0, 255}),
                   (std::vector<int>{colours.rows[0], colours.rows[1], mask.rows[0], mask.rows[1]}));
-        EXPECT_EQ(u"", load_string(501)); // its silence is final
+        EXPECT_EQ(u"", load_string(501)); // no answer is final
         EXPECT_EQ(u"Run", load_string(-101));
     }
     EXPECT_EQ(u"Project saved", load_string(502));

@@ -1,4 +1,4 @@
-// What the programs of the fuzzer share.
+// Helpers of all fuzz programs.
 #pragma once
 
 #include <cstdint>
@@ -12,7 +12,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
 
 namespace vs::project_resave {
 
-// Ends the program, with the law that was broken.
+// Aborts the program with the name of the violated law.
 inline void hold(bool law, const char* name) {
     if (law) return;
     std::fprintf(stderr, "does not hold: %s\n", name);
@@ -23,8 +23,8 @@ inline std::string_view bytes_of(const std::uint8_t* bytes, std::size_t size) {
     return {reinterpret_cast<const char*>(bytes), size};
 }
 
-// Each byte below 128 is itself, each other one a letter whose case is not that of ASCII, or a lone
-// surrogate.
+// Maps each byte below 128 to itself, and every other one to a letter with letter case outside ASCII, or to a
+// lone surrogate.
 inline wide_string wide_of(std::string_view bytes) {
     static constexpr wide_view others =
         u"\u0416\u0436\u0130\u0131\u00DF\u01C4\u03A3\u03C3\u03C2\xD801\xDC01\u2126\u212A";

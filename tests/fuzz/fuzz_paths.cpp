@@ -1,4 +1,5 @@
-// The laws of paths as texts: two paths, divided by a line feed; the second is a part of one, too.
+// Laws of paths as texts: the input is two paths separated by a line feed; the second one is also used as
+// part of one.
 #include "platform/path_text.h"
 #include "tests/fuzz/fuzz_input.h"
 
@@ -15,7 +16,7 @@ bool goes_above_its_top(const wide_string& path) {
 // A share without a name has no normal form.
 bool is_normal(const wide_string& path) { return path == u"\\" || path_normalise(path) == path; }
 
-// None of its pieces leads above its start, be it with dots or blanks at the end.
+// True if none of its parts climbs above its start, even with trailing dots or spaces.
 bool is_held(const wide_string& name) {
     size_t depth = 0;
     for (const wide_string& piece : path_split(name, path_separators, true)) {
@@ -33,7 +34,8 @@ void of_one(const wide_string& path) {
     const wide_string head = path_head(path), stem = path_stem(path), extension = path_extension(path);
     hold(head + path_file_name(path) == path, "head and file name make the path");
     hold(stem + extension == path_file_name(path), "stem and extension make the name");
-    const bool is_named = path.find(u':', 2) == wide_string::npos; // in front it would be taken for a drive
+    // At the front it would be taken for a drive.
+    const bool is_named = path.find(u':', 2) == wide_string::npos;
     hold(!is_named || is_normal(path_normalise(path)), "normal is normal");
     hold(!is_named || is_normal(path_resolve(u"C:\\x", path)), "resolved is normal");
     hold(valid_path(valid_path(path)) == valid_path(path), "valid is valid");
@@ -56,7 +58,7 @@ void of_one(const wide_string& path) {
     hold(length == path.size() + 1, "pieces and separators make the path");
 }
 
-// `part` is put into a path: behind the stem, or as an extension.
+// `part` is inserted into a path: after the stem, or as an extension.
 void of_part(const wide_string& path, const wide_string& part) {
     if (part.find_first_of(path_separators) != wide_string::npos) return;
     hold(path_add_to_stem(path, part) == path_head(path) + path_stem(path) + part + path_extension(path),
@@ -74,7 +76,8 @@ void of_two(const wide_string& a, const wide_string& b) {
     hold(path_is_relative(b) || path_join(a, b) == b, "joined with a whole path");
     const wide_string base = u"C:\\" + a, target = u"C:\\p\\" + b;
     if (goes_above_its_top(base) || goes_above_its_top(target)) return;
-    if (b.find(u':') != wide_string::npos) return; // in no name, and alone it would be taken for a drive
+    // Not valid in a name, and alone it would be taken for a drive.
+    if (b.find(u':') != wide_string::npos) return;
     const wide_string way = path_relative(base, target);
     hold(way.empty() || path_same(path_resolve(base, way), target), "the way leads there");
 }

@@ -1,5 +1,5 @@
-// Where files go, against a plain scan: two bytes that choose, then a source on each line, placed and copied
-// in its turn, and looked up again.
+// Placement compared with a plain scan. The input is two bytes for options, then one source on each line,
+// which is placed, copied and looked up again.
 #include <deque>
 #include <set>
 
@@ -14,7 +14,7 @@
 #include "platform/path_text.h"
 #include "tests/fuzz/fuzz_input.h"
 
-// What a placement calls besides the disk; nobody is there to be asked.
+// Stubs of what a placement calls besides the disk; there is no one to ask.
 namespace vs::project_resave {
 wide_string load_string(int32_t) { return u"_log.txt"; }
 } // namespace vs::project_resave
@@ -25,7 +25,7 @@ using namespace vs::project_resave;
 
 namespace {
 
-// Of drives with nothing on them but what a run makes.
+// Drives that only contain what a run makes.
 class empty_disk final : public forwarding_system {
 public:
     platform::entry_status status_of(const wide_string& path) override {
@@ -50,7 +50,7 @@ public:
     bool same_file(const wide_string& a, const wide_string& b) override { return path_same(a, b); }
 
 private:
-    // "C:name", which has no normal form of its own, lies in the drive's root.
+    // "C:name", which has no normal form of its own, is in the root of the drive.
     static wide_string key_of(const wide_string& path) {
         const wide_string drive = path_root(path);
         return path_key(drive.empty() ? path : drive + u'\\' + path.substr(2));
@@ -59,7 +59,7 @@ private:
     std::set<wide_string> files_, folders_;
 };
 
-// As a disk would find it without knowing the folder that somebody is in; no name on it holds a colon.
+// True if a disk finds it without a current folder. Names with a colon do not exist on it.
 bool is_written_out(const wide_string& path) {
     if (path_root(path).empty() || path.size() < 4 || path_normalise(path) != path) return false;
     return path.find(u"..") == wide_string::npos && path.find(u':', 2) == wide_string::npos;
@@ -69,7 +69,7 @@ struct run {
     run(unsigned char structure, unsigned char choices) {
         options.structure_variant = static_cast<project_resave::structure>(structure % 5);
         options.lower_case = (choices & 1) != 0;
-        options.rename_on_conflict = true; // nobody is there to be asked
+        options.rename_on_conflict = true; // there is no one to ask
         placement.set_source(u"C:\\prj\\area._vp");
         placement.set_output(u"N:\\out\\new._vp");
         if ((choices & 4) != 0) placement.common.add_path(placement.source_project_path);

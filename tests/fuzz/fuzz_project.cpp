@@ -1,4 +1,4 @@
-// The reader of projects: no bytes harm it, and what it reads it can write and read again.
+// The reader of projects: no input harms it, and what it reads can be written and read again.
 #include "reference_host/files/files.h"
 #include "tests/fuzz/fuzz_input.h"
 #include "tests/reference_host/memory_files.h"

@@ -1,4 +1,4 @@
-// The readers of scene and layer files, of both kinds.
+// The readers of scene and layer files of both kinds.
 #include "reference_host/files/files.h"
 #include "tests/fuzz/fuzz_input.h"
 #include "tests/reference_host/memory_files.h"

@@ -1,4 +1,4 @@
-// The reader of TOS files: no bytes harm it, and what it refuses has a line and a reason.
+// The reader of TOS files: no input harms it, and every error has a line and a reason.
 #include "platform/path_text.h"
 #include "reference_host/datasets/tos_reader.h"
 #include "tests/fuzz/fuzz_input.h"
@@ -19,7 +19,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* bytes, std::size_t siz
     for (const wide_string& member : read->members) {
         hold(!member.empty() && member.find(u':') == wide_string::npos && !is_separator(member.front()),
              "a member is relative");
-        // One that climbs is a member, too: its copy lies as far above that of the file.
+        // A member can climb above the folder: its copy climbs as far above that of the file.
         const bool climbs = member.find(u"..") != wide_string::npos;
         const wide_string way = path_relative(path, path_resolve(path, member));
         hold(climbs || path_same(path_resolve(u"N:\\out\\a.tos", way), u"N:\\out\\" + member),

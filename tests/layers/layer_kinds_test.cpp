@@ -47,7 +47,7 @@ const kind_row kinds[] = {
 
 class layer_kinds : public builder_run {
 protected:
-    // The reference of the row's layer while its file lies in this folder.
+    // Returns the reference of the row's layer when its file is in this folder.
     static wide_string reference(const kind_row& row, const wide_string& folder) {
         const bool marked = row.reference.starts_with(u'*');
         if (row.folder.empty()) return wide_string(row.reference);
@@ -55,7 +55,7 @@ protected:
     }
     static wide_string new_reference(const kind_row& row) { return reference(row, out(row.folder) + u"\\"); }
 
-    // Runs a project of one layer of this kind, with its files or without.
+    // Runs a project with one layer of this kind, with or without its files.
     void run(const kind_row& row, const resave_settings& wanted, bool has_files = true) {
         clear();
         settings = wanted;
@@ -75,7 +75,7 @@ protected:
 
 } // namespace
 
-TEST_F(layer_kinds, files_land_in_the_folder_of_their_type_and_the_layer_names_them_there) {
+TEST_F(layer_kinds, files_go_to_the_folder_of_their_type_and_layers_refer_there) {
     for (const kind_row& row : kinds) {
         run(row, {.save_layer_files = true});
         std::vector<std::string> expected;
@@ -91,7 +91,7 @@ TEST_F(layer_kinds, files_land_in_the_folder_of_their_type_and_the_layer_names_t
     }
 }
 
-TEST_F(layer_kinds, a_lost_source_is_reported_and_the_layer_stays_unless_it_is_to_go) {
+TEST_F(layer_kinds, a_lost_source_is_reported_and_its_layer_stays_by_default) {
     for (const kind_row& row : kinds) {
         for (const bool removes : {false, true}) {
             run(row, {.delete_lost_sources = removes, .save_layer_files = true}, false);
@@ -103,7 +103,7 @@ TEST_F(layer_kinds, a_lost_source_is_reported_and_the_layer_stays_unless_it_is_t
     }
 }
 
-TEST_F(layer_kinds, after_a_failed_copy_the_user_is_told_and_the_layer_names_the_new_place) {
+TEST_F(layer_kinds, a_failed_copy_is_reported_and_the_layer_has_the_new_path) {
     faulty_system faults({"copy"}, 1, SIZE_MAX);
     const platform::system_override in_force(faults);
     for (const kind_row& row : kinds) {
@@ -115,7 +115,7 @@ TEST_F(layer_kinds, after_a_failed_copy_the_user_is_told_and_the_layer_names_the
     }
 }
 
-TEST_F(layer_kinds, a_type_that_nothing_resaves_is_told_once_and_its_layer_keeps_its_old_reference) {
+TEST_F(layer_kinds, an_unknown_type_is_reported_once_and_its_layer_unchanged) {
     builder.scene_2d(u"S");
     for (const char* type : {"wfs_pnt_lr2d", "wfs_pnt_lr2d", "RTR_LR2D", "segy_lr3d"})
         builder.layer(type, u"L", write(src(u"a.tif")));

@@ -1,5 +1,5 @@
-// Map layers, whose scene is resaved inside them, layers that name other elements of the project, and the
-// rounds in which these pull them into the selection.
+// Map layers, whose scene is resaved inside them, layers that refer to other elements of the project, and the
+// rounds that add these to the selection.
 #include "tests/support/builder_run.h"
 
 namespace vs::project_resave {
@@ -35,7 +35,7 @@ TEST_F(map_layers, with_a_folder_for_each_scene_each_has_the_map_with_its_files)
     EXPECT_EQ("M: R=T\\prj\\a.tif\n", scene_outline(out(u"T\\prj\\m._sn")));
 }
 
-TEST_F(map_layers, one_that_is_lost_or_does_not_load_is_lost_for_the_scene_but_ends_nothing) {
+TEST_F(map_layers, one_that_is_lost_or_does_not_load_does_not_end_the_run) {
     write(src(u"bad._sn"), "<scene");
     builder.scene_2d(u"S").layer(map_2d, u"L", src(u"gone._sn")).layer(map_2d, u"L", src(u"bad._sn"));
     builder.layer(map_2d, u"L", map).layer(map_2d, u"L");
@@ -50,7 +50,7 @@ TEST_F(map_layers, one_that_is_lost_or_does_not_load_is_lost_for_the_scene_but_e
     }
 }
 
-TEST_F(map_layers, what_is_lost_behind_one_is_told_under_the_scene_inside) {
+TEST_F(map_layers, what_its_scene_lost_is_reported_under_that_scene) {
     project_builder().scene_2d(u"inside").layer("rtr_lr2d", u"inner", src(u"gone.tif")).save_scene(map);
     builder.scene_2d(u"S").layer(map_2d, u"L", map);
     builder.layer("rtr_lr2d", u"behind", src(u"gone.tif")); // saved from the last to the first
@@ -58,7 +58,7 @@ TEST_F(map_layers, what_is_lost_behind_one_is_told_under_the_scene_inside) {
     EXPECT_EQ((texts{u"S: Lost files behind\n", u"inside: Lost files inner\n"}), problems);
 }
 
-TEST_F(map_layers, a_scene_file_that_leads_back_to_itself_ends_there) {
+TEST_F(map_layers, a_scene_file_that_refers_to_itself_ends_there) {
     for (const auto& [name, inner] : {std::pair(u"x._sn", u"Y._SN"), std::pair(u"y._sn", u"x._sn")}) {
         builder.scene_2d(name).layer(map_2d, u"L", src(inner)).layer("rtr_lr2d", u"R", src(u"a.tif"));
         builder.save_scene(src(name));
@@ -106,7 +106,8 @@ TEST_F(layer_references, a_scene_with_some_of_its_layers_counts_as_not_selected)
 
 class rounds : public builder_run {
 protected:
-    // Resaves with this answer to the question of what to add; the number of scenes in the new project.
+    // Resaves with this answer to the question of what to add. Returns the number of scenes in the new
+    // project.
     uint32_t scenes_with(answer given) {
         script.answers = {given, answer::no};
         run();
@@ -114,7 +115,7 @@ protected:
     }
 };
 
-TEST_F(rounds, follow_a_chain_of_references_as_far_as_twelve_rounds_go_if_the_user_wants_so) {
+TEST_F(rounds, follow_references_for_twelve_rounds_if_the_user_agrees) {
     const struct {
         uint32_t length;
         answer given;

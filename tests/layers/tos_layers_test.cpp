@@ -1,4 +1,4 @@
-// TOS layers: the files of a complex model, and the style that a save carries over.
+// TOS layers: the files of a complex model, and the style that a save keeps.
 #include "core/data_source.h"
 #include "layers/resave_tos_layers.h"
 #include "reference_host/api/handles.h"
@@ -23,7 +23,7 @@ protected:
         }
     }
 
-    // To the scene that was begun last.
+    // Adds a layer to the scene that was begun last.
     vestra::layer& add_tos(const elements& texts, size_t size = 70, wide_view file = u"main.tos") {
         vestra::layer& layer = builder.layer("tos_grid_lr2d", u"L", src(file)).last();
         vestra::tuple record;
@@ -32,7 +32,7 @@ protected:
         layer.extras.set(record_key).value = record;
         return layer;
     }
-    // Of a layer of the new project.
+    // Returns the texts of a layer of the new project.
     elements texts_of(uint32_t layer, uint32_t scene = 0) const {
         elements result;
         vestra::layer& shown = *copy->scenes_2d.at(scene)->at(layer);
@@ -47,7 +47,7 @@ protected:
 
 } // namespace
 
-TEST_F(tos_layers, files_of_a_complex_model_come_along_and_the_record_names_them_from_the_new_place) {
+TEST_F(tos_layers, files_of_a_complex_model_are_copied_and_referred_to) {
     const wide_string absolute = src(u"b.tos");
     const struct {
         elements before, after;
@@ -58,7 +58,7 @@ TEST_F(tos_layers, files_of_a_complex_model_come_along_and_the_record_names_them
          {{9, u"a.tos"}, {15, u"b.tos"}, {44, u"c.tos"}, {39, u"a.tos"}, {1, u"not a file"}},
          u"a b c main",
          u""},
-        // A row without a path does not count: the ones behind it are handled as earlier ones.
+        // An element without a path does not count: the later ones move up.
         {{{44, u"sub\\c.tos"}}, {{9, u"c.tos"}, {15, u""}, {39, u""}, {44, u"sub\\c.tos"}}, u"c main", u""},
         {{{44, u"gone.tos"}},
          {{9, u""}, {15, u""}, {39, u""}, {44, u"gone.tos"}},
@@ -93,7 +93,7 @@ TEST_F(tos_layers, files_of_a_complex_model_come_along_and_the_record_names_them
     }
 }
 
-// The second pair finds the names of the first one taken.
+// The second pair finds the names taken by the first one.
 TEST_F(tos_layers, renamed_sets_are_read_with_their_own_values) {
     texts sources;
     for (const wide_view folder : {u"1\\", u"2\\"}) {
@@ -121,7 +121,7 @@ TEST_F(tos_layers, renamed_sets_are_read_with_their_own_values) {
     }
 }
 
-TEST_F(tos_layers, layers_that_share_a_model_file_name_one_copy_each_from_its_own_place) {
+TEST_F(tos_layers, layers_that_share_a_model_file_refer_to_one_copy) {
     builder.scene_2d(u"S");
     add_tos({{9, u"sub\\c.tos"}});
     add_tos({{9, u"..\\main.tos"}}, 70, u"sub\\c.tos"); // saved first
@@ -137,7 +137,7 @@ TEST_F(tos_layers, layers_that_share_a_model_file_name_one_copy_each_from_its_ow
     EXPECT_EQ(texts_of(2)[9], out(u"a.tos")); // a marked reference is no folder to start from
 }
 
-TEST_F(tos_layers, with_a_folder_for_each_scene_each_has_the_model_files_it_names) {
+TEST_F(tos_layers, with_a_folder_for_each_scene_each_has_its_model_files) {
     builder.scene_2d(u"S");
     add_tos({{9, u"a.tos"}, {15, u"..\\prj\\main.tos"}});
     builder.scene_2d(u"T");
@@ -154,7 +154,7 @@ TEST_F(tos_layers, with_a_folder_for_each_scene_each_has_the_model_files_it_name
     EXPECT_EQ(texts_of(0)[9] + texts_of(0)[15] + texts_of(1, 1)[9], u"a.tosmain.tossub\\c.tos");
 }
 
-TEST_F(tos_layers, a_model_file_that_is_not_copied_is_told_and_named_in_its_new_place) {
+TEST_F(tos_layers, a_model_file_that_is_not_copied_is_reported) {
     builder.scene_2d(u"S");
     add_tos({{9, u"a.tos"}, {15, u"gone.tos"}});
     write(out(u"tos\\a.tod"), "in the way");

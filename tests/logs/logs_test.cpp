@@ -24,7 +24,7 @@ protected:
     log_file& log = context.log;
 };
 
-// Counts the pauses between two tries in place of sleeping, and lets the file go after so many.
+// Counts the pauses between two attempts instead of sleeping, and releases the file after a number of them.
 struct held_file final : forwarding_system {
     held_file(const wide_string& path, int until) : pauses_until_free(until) {
         forwarding_system::open(path, platform::access::read_write, platform::disposition::open_existing,
@@ -71,7 +71,7 @@ TEST_F(logs, the_load_log_holds_the_last_step_indented_by_its_depth) {
     EXPECT_EQ(disk.read(u"a.b_last_resave_open_log.txt"), "    layer - Begin\r\n");
 }
 
-TEST_F(logs, a_log_that_is_off_or_has_no_folder_writes_nothing_and_one_left_open_goes_on) {
+TEST_F(logs, a_log_that_is_off_writes_nothing_and_an_open_one_continues) {
     EXPECT_FALSE(log.open(disk.path(u"a.txt"), false));
     log.write(u"lost");
     EXPECT_TRUE(log.open(disk.path(u"none\\a.txt"), true));
@@ -89,7 +89,7 @@ TEST_F(logs, a_log_that_is_off_or_has_no_folder_writes_nothing_and_one_left_open
     EXPECT_EQ(disk.read(u"b.txt"), "first\r\nsecond\r\n");
 }
 
-TEST_F(logs, a_line_waits_for_a_file_that_another_program_holds_but_not_for_ever) {
+TEST_F(logs, a_line_waits_for_a_locked_file_but_not_for_ever) {
     const wide_string path = disk.path(u"log.txt");
     log.open(path, true);
     for (const int until : {3, 1000}) {

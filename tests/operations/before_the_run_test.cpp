@@ -1,4 +1,4 @@
-// Loading a project, and the check of letter case, whose cost is measured by bench/run.
+// Loading a project, and the check of letter case, whose cost bench/run measures.
 #include "tests/support/builder_run.h"
 
 namespace vs::project_resave {
@@ -20,7 +20,7 @@ protected:
     }
 };
 
-TEST_F(loading, a_project_that_cannot_be_read_leaves_nothing_and_is_told_once) {
+TEST_F(loading, a_project_that_cannot_be_read_is_reported_once) {
     project_builder().scene_2d(u"S").save(source);
     const wide_string bad[] = {broken(), u"C:\\prj\\none._vp", u"C:\\prj", u"X:\\area._vp", u""};
     for (const wide_string& path : bad) {
@@ -79,7 +79,7 @@ TEST_F(loading, the_load_log_holds_the_last_step_alone) {
     EXPECT_EQ("Begin load project from xml\r\n", read(u"C:\\prj\\broken_last_resave_open_log.txt"));
 }
 
-// A map saved from the project has its own copies of the layers.
+// A map that was saved from the project has its own copies of the layers.
 TEST_F(loading, of_two_elements_with_one_uuid_the_first_is_found) {
     project_builder project;
     project.scene_2d(u"S").layer("rtr_lr2d", u"First", u"C:\\data\\a.tif");
@@ -94,7 +94,7 @@ constexpr const char* well = "plugin_lr_2d_well_hole_2d_3"; // its file, and a f
 
 class path_case : public host_fixture {
 protected:
-    // The report, after checking what the user was told.
+    // Returns the report after checking what the user was shown.
     std::string check(int32_t told) {
         script.events.clear();
         const tree_state before = sources();
@@ -104,7 +104,7 @@ protected:
         EXPECT_EQ("", difference(before, sources()));
         return path_exists(report) ? read(report) : "no report";
     }
-    // Three lines of the report.
+    // Returns three lines of the report.
     static std::string block(const wide_string& stored, const wide_string& spelled) {
         return platform::to_utf8(stored) + "\r\n" + platform::to_utf8(spelled) + "\r\n\r\n";
     }
@@ -121,7 +121,7 @@ TEST_F(path_case, the_sample_says_lake_where_the_disk_says_Lake) {
     EXPECT_EQ(expected, check(text::case_differs));
 }
 
-TEST_F(path_case, every_spelling_but_the_disks_own_is_told_and_what_is_no_file_on_a_drive_is_not) {
+TEST_F(path_case, only_spellings_that_differ_from_the_disk_are_reported) {
     const wide_string file = write(c + u"Wells\\P-1.wel"), folder = c + u"Wells\\P-1";
     write(folder + u"\\log.txt");
     const struct {

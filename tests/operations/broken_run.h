@@ -1,4 +1,4 @@
-// Runs that a stop or a fault breaks off.
+// Runs that a stop or a fault interrupts.
 #pragma once
 
 #include <sstream>
@@ -9,7 +9,7 @@ namespace vs::project_resave {
 
 class broken_run : public builder_run {
 protected:
-    // Fills `builder` with a file of each family that is copied in a way of its own. Each holds its name.
+    // Fills `builder` with one file of each family that is copied in a special way. Each contains its name.
     void make_small_project() {
         for (const wide_string name :
              {u"a.shp", u"a.shx", u"a.dbf", u"a.cpg", u"a_shp.pj4", u"r.tif", u"r.tif.ovr", u"r.tfw",
@@ -22,14 +22,14 @@ protected:
         builder.layer("tos_surf_lr3d", u"P", u"C:\\data\\p.tos").table(u"T", u"C:\\data\\t.dbf");
         builder.join(u"C:\\data\\joined.dbf");
     }
-    // Whatever comes of it, the source is as it was.
+    // Whatever the result, the source is unchanged.
     void resave() {
         const tree_state before = sources();
         host_fixture::resave();
         EXPECT_EQ("", difference(before, sources()));
     }
-    // One run of what is loaded, with the stop button pressed at this poll, 0 for never, and this answer to
-    // the question of erasure.
+    // Runs once with the loaded project, with the stop button pressed at this poll, 0 for never, and this
+    // answer to the question whether to erase.
     void stop_at(size_t poll, answer given) {
         load();
         script.stop_at_poll = poll;
@@ -47,7 +47,7 @@ protected:
         EXPECT_EQ(0U, script.open_windows);
         EXPECT_EQ(1U, changes);
     }
-    // What the user is told of a run that was stopped.
+    // Checks what the user is shown after a stopped run.
     void expect_told_as_stopped() const {
         EXPECT_EQ((events{{kind::yes_no_cancel, load_string(text::erase_created_files)},
                           {kind::wait, load_string(text::wait_for_end)},
@@ -55,7 +55,7 @@ protected:
                           {kind::yes_no, load_string(text::reopen_source_project)}}),
                   told());
     }
-    // Each copy is its source, what was there before is as it was, and nothing else stands there.
+    // Checks that each copy equals its source, that older files are unchanged, and that there are no others.
     void expect_whole_copies(const tree_state& before) const {
         std::set<wide_string> known; // letter case aside: a folder may have been there in another one
         for (const auto& [old_path, new_path] : context->placement.placed) {

@@ -1,5 +1,4 @@
-// A fault of the system at every place of a run where it can strike, and a stop at every point at which a run
-// asks for one.
+// A fault of the operating system at every place of a run where it can occur, and a stop at every poll.
 #include "tests/operations/broken_run.h"
 #include "tests/support/faulty_system.h"
 
@@ -13,8 +12,8 @@ protected:
         builder.save(source);
         settings.write_log = true;
     }
-    // A run into an empty folder of which this copy, told by its number, fails or breaks off; its source, and
-    // empty if there was none.
+    // Runs into an empty folder while the copy with this number fails or throws. Returns its source, or an
+    // empty text if there was none.
     wide_string run(size_t fault_at, bool breaks_off = false) {
         remove_tree(u"N:\\out");
         write(u"N:\\out\\new_log.txt");
@@ -29,7 +28,7 @@ protected:
     size_t copies = 0; // that were tried
 };
 
-TEST_F(run_faults, a_copy_that_fails_is_named_in_report_and_log_and_all_others_are_made) {
+TEST_F(run_faults, a_failed_copy_is_in_report_and_log_and_all_others_are_made) {
     run(0);
     ASSERT_EQ(16U, copies);
     EXPECT_TRUE(context->report.problems().empty());
@@ -41,7 +40,7 @@ TEST_F(run_faults, a_copy_that_fails_is_named_in_report_and_log_and_all_others_a
         const bool takes_one_along = failed == u"C:\\data\\r.tfw" || failed == u"C:\\data\\w.wel";
         EXPECT_EQ(takes_one_along ? 15U : 16U, copies);
         ASSERT_EQ(1U, context->report.problems().size());
-        // Of a well's folder the report names the well, and the log the folder.
+        // For a folder of a well, the report names the well and the log names the folder.
         const bool is_in_folder = failed == u"C:\\data\\w\\logs\\1.las";
         const wide_string reported = is_in_folder ? u"w.wel" : path_file_name(failed);
         const wide_string logged = is_in_folder ? u"C:\\data\\w" : failed;
@@ -54,7 +53,7 @@ TEST_F(run_faults, a_copy_that_fails_is_named_in_report_and_log_and_all_others_a
     }
 }
 
-TEST_F(run_faults, a_run_that_breaks_off_leaves_nothing_loaded_and_the_next_one_works) {
+TEST_F(run_faults, a_failed_run_leaves_nothing_loaded_and_the_next_one_works) {
     for (const uint32_t structure : {by_type, folder_per_scene}) { // wells have no part in the latter
         settings.structure_variant = static_cast<project_resave::structure>(structure);
         for (size_t at = 1; !run(at, true).empty(); ++at) {
@@ -72,7 +71,7 @@ TEST_F(run_faults, a_run_that_breaks_off_leaves_nothing_loaded_and_the_next_one_
     EXPECT_TRUE(context->report.saved);
 }
 
-TEST_F(run_faults, a_load_that_breaks_off_is_told_and_leaves_nothing_and_the_next_one_is_whole) {
+TEST_F(run_faults, a_failed_load_is_reported_and_the_next_one_is_complete) {
     project_builder map;
     map.scene_2d(u"M").layer("rtr_lr2d", u"R", u"C:\\data\\r.tif").save_scene(u"C:\\prj\\m._sn");
     project_builder().scene_2d(u"S").layer("vs_scene_layer_meta_id", u"M", u"C:\\prj\\m._sn").save(source);
@@ -101,7 +100,7 @@ protected:
         make_small_project();
         builder.scene_2d(u"Area 2").layer("shp_pln_lr2d", u"A again", u"C:\\data\\a.shp").save(source);
     }
-    // What stands in the new folder before the run: some names are taken, some folders are there.
+    // What is in the new folder before the run: some names are taken, some folders exist.
     tree_state older() const {
         remove_tree(u"N:\\out");
         for (const wide_string name : {u"shp\\a.shp", u"data\\a.shp", u"Area 1\\data\\x", u"rtr\\other.tif",
@@ -109,7 +108,7 @@ protected:
             write(u"N:\\out\\" + name, "older");
         return target();
     }
-    // Under each structure, run after run is stopped at a later one of so many places, or at each poll.
+    // Under each structure, stops each run at a later one of `places` places, or at each poll.
     void stop_everywhere(answer given, size_t places) {
         for (uint32_t structure = by_type; structure <= folder_per_scene; ++structure) {
             settings.structure_variant = static_cast<project_resave::structure>(structure);
@@ -128,14 +127,14 @@ protected:
                     continue;
                 }
                 expect_whole_copies(before);
-                // The last poll comes when the project is written already.
+                // At the last poll the project has been written.
                 EXPECT_EQ(poll == polls, path_exists(output));
             }
         }
     }
 };
 
-TEST_F(stopping, with_erasure_leaves_the_target_as_it_was_and_without_it_whole_copies_and_no_project) {
+TEST_F(stopping, leaves_the_target_as_it_was_or_whole_copies_and_no_project) {
     settings.save_layer_files = settings.save_scene_files = true;
     for (const answer given : {answer::yes, answer::no}) stop_everywhere(given, SIZE_MAX);
     copy_sample();
@@ -155,7 +154,7 @@ TEST_F(stopping, a_cancelled_stop_changes_nothing) {
     }
 }
 
-TEST_F(stopping, a_new_folder_that_the_run_made_goes_with_all_its_levels_and_read_only_files) {
+TEST_F(stopping, folders_of_the_run_are_erased_with_read_only_files) {
     using std::filesystem::perms;
     output = u"N:\\deep\\er\\new._vp";
     const auto original = platform::native_path(u"C:\\data\\t.dbf");

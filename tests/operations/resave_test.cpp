@@ -1,4 +1,4 @@
-// Whole runs on small projects: one choice of the user at a time, and what happens at the edges.
+// Whole runs on small projects: one choice of the user at a time, and edge cases.
 #include "tests/support/builder_run.h"
 
 namespace vs::project_resave {
@@ -13,7 +13,7 @@ protected:
     }
 };
 
-TEST_F(resaving, a_taken_name_is_numbered_or_asked_for_and_what_stood_there_stays) {
+TEST_F(resaving, a_taken_name_is_numbered_or_asked_for_and_the_old_file_kept) {
     const struct {
         bool renames, accepts;
         string becomes;
@@ -41,8 +41,8 @@ TEST_F(resaving, a_taken_name_is_numbered_or_asked_for_and_what_stood_there_stay
     }
 }
 
-// Whatever is taken out as lost is a 3D layer in the log.
-TEST_F(resaving, each_choice_decides_what_comes_along_under_which_name_and_what_the_log_tells) {
+// Kept as users know it: every element removed as lost is a 3D layer in the log.
+TEST_F(resaving, each_option_decides_copies_names_and_log) {
     write(u"C:\\prj\\Maps\\Relief.TIF");
     write(u"C:\\prj\\Maps\\Relief.TFw"); // letters of the source's extension, in the copy too
     write(u"C:\\prj\\Maps\\Relief_TIF.pj4");
@@ -67,7 +67,7 @@ TEST_F(resaving, each_choice_decides_what_comes_along_under_which_name_and_what_
         {{}, {}},
         {{.structure_variant = from_project_folder, .delete_lost_sources = true, .lower_case = true}, {}},
         {{.structure_variant = folder_per_scene}, {}}, // of which nothing else is in the new project
-        // Empty groups leave with an unchecked layer of a 2D scene alone.
+        // Empty groups are removed only with an unchecked layer of a 2D scene.
         {{.delete_lost_sources = true, .write_log = true}, {u"Relief", u"Line", u"T"}},
     };
     string all;
@@ -104,7 +104,7 @@ TEST_F(resaving, scene_and_layer_files_refer_to_the_copies_beside_them) {
     }
 }
 
-TEST_F(resaving, the_source_opens_again_if_the_user_wants_to_go_on_and_nothing_does_else) {
+TEST_F(resaving, the_source_opens_again_only_if_the_user_wants_to_continue) {
     builder.scene_2d(u"S").layer("plugin_lr_2d_well_hole_2d_3", u"Well", write(u"C:\\data\\w.wel"));
     builder.save(source);
     settings.structure_variant = folder_per_scene;
@@ -124,8 +124,8 @@ TEST_F(resaving, the_source_opens_again_if_the_user_wants_to_go_on_and_nothing_d
     EXPECT_EQ(0, context->sizes.total_kb());
 }
 
-// The project is saved after the second.
-TEST_F(resaving, joins_come_back_where_their_tables_are_and_of_two_on_one_file_the_first_joins_the_source) {
+// The project is saved after the second one.
+TEST_F(resaving, joins_come_back_with_their_tables_or_stay_on_the_source) {
     const wide_string joined = write(u"C:\\data\\joined.dbf"), file = write(u"C:\\data\\t.dbf");
     const wide_string placed = write(u"C:\\data\\placed.dbf");
     write(u"C:\\data\\joined.cpg");
@@ -140,8 +140,8 @@ TEST_F(resaving, joins_come_back_where_their_tables_are_and_of_two_on_one_file_t
     EXPECT_EQ(2, copy->tables.at(1)->joins.at(1).base_field);
 }
 
-// The last dot of a folder counts as that of an extension.
-TEST_F(resaving, of_scenes_with_one_caption_the_last_gets_the_plain_folder_and_of_files_the_plain_name) {
+// The last dot in the name of a folder is treated as that of an extension.
+TEST_F(resaving, of_scenes_with_one_caption_the_last_gets_the_plain_name) {
     for (const wide_string place : {u"1", u"2", u"3"})
         builder.scene_2d(u" A.b ").layer("rtr_lr2d", u"L", write(u"C:\\data\\" + place + u"\\r.tif"));
     builder.save(source);

@@ -1,4 +1,4 @@
-// The sample project under each folder structure: what lands where, and that the copy stands alone.
+// The sample project under each folder structure: which file goes where, and that the copy is self-contained.
 #include "tests/operations/broken_run.h"
 #include "tests/support/references_of.h"
 
@@ -21,7 +21,7 @@ protected:
     void move(const char* drive, const char* from, const char* to) const {
         std::filesystem::rename(native(drive) / from, native(drive) / to);
     }
-    // Captions of what the new project in `folder` has that refers to something outside, or to nothing.
+    // Returns the captions of elements of the new project in `folder` with a broken reference.
     static names astray(const wide_string& folder) {
         vestra::project project;
         read_back(folder + u"new._vp", project);
@@ -34,7 +34,7 @@ protected:
         return owners;
     }
 
-    // What came of a run but for its files.
+    // Returns the result of a run without its files.
     std::string told_of_run() const {
         const std::string all = outcome();
         return all.substr(all.find('\n'));
@@ -43,7 +43,7 @@ protected:
     names kept_as_they_are{u"Old survey", u"Profile lines", u"Monthly report"}; // lost, not moved, no unit
 };
 
-TEST_P(sample, goes_where_the_structure_says_and_stands_alone_once_it_is_moved) {
+TEST_P(sample, follows_the_structure_and_is_self_contained_once_moved) {
     const tree_state before = target();
     load_and_resave();
     EXPECT_EQ((texts{u"Resave processing error:\n\nLayers is not resaving:\nwfs_pnt_lr2d\n\n"
@@ -63,9 +63,9 @@ TEST_P(sample, goes_where_the_structure_says_and_stands_alone_once_it_is_moved) 
     EXPECT_EQ(kept_as_they_are, astray(u"N:\\moved\\"));
 }
 
-// The second run finds the names of the first one taken; a member of a data set that is not named after it is
-// in the way of itself then.
-TEST_P(sample, comes_in_lower_case_without_what_is_left_out_and_beside_what_is_there) {
+// The second run finds the names taken by the first one. A member of a data set that is not named after it is
+// then in the way of its own copy.
+TEST_P(sample, is_copied_in_lower_case_without_what_is_left_out) {
     settings.lower_case = true;
     std::string all;
     for (const bool is_second : {false, true}) {
@@ -86,7 +86,7 @@ TEST_P(sample, comes_in_lower_case_without_what_is_left_out_and_beside_what_is_t
               all);
 }
 
-// With files that are lost, cannot be copied, cannot be read or are in the way.
+// With files that are lost, cannot be copied, cannot be read, or whose targets are taken.
 TEST_P(sample, logs_and_reports_failures_in_the_committed_words) {
     settings.write_log = settings.save_scene_files = settings.save_layer_files = true;
     settings.delete_lost_sources = true;

@@ -1,4 +1,4 @@
-// What a run writes or removes itself never touches a file of the source, however the two meet.
+// Files that a run writes or removes itself are never files of the source, under any name or link.
 #include "operations/run_settings.h"
 #include "platform/forwarding_system.h"
 #include "tests/support/builder_run.h"
@@ -12,19 +12,19 @@ class source_guard_run : public builder_run {
 protected:
     ~source_guard_run() override { EXPECT_EQ("", difference(before_, original())) << "of the source"; }
 
-    // The source is what is there now.
+    // Takes the current files as the source.
     void keep_source() {
         builder.save(source);
         before_ = sources();
     }
-    // The lines of a kind of fact: the path and the new path.
+    // Returns the path and new path of each fact of a kind.
     texts told_of(fact_kind wanted) const {
         texts lines;
         for (const fact& each : context->report.facts())
             if (each.kind == wanted) lines.push_back(each.path + u">" + each.new_path);
         return lines;
     }
-    // Of what was there at first, what is there now.
+    // Returns the current state of the files that existed at first.
     tree_state original() const {
         tree_state now = sources();
         std::erase_if(now, [this](const auto& entry) { return !before_.contains(entry.first); });
@@ -38,7 +38,7 @@ private:
     tree_state before_;
 };
 
-TEST_F(source_guard_run, scene_layer_and_log_files_take_the_next_free_name_beside_a_source) {
+TEST_F(source_guard_run, written_files_take_the_next_free_name_next_to_a_source) {
     output = u"C:\\prj\\new._vp";
     settings.save_layer_files = settings.save_scene_files = settings.write_log = true;
     const auto file = [](const wide_string& name) { return write(u"C:\\prj\\" + name, "precious"); };
@@ -62,7 +62,7 @@ TEST_F(source_guard_run, scene_layer_and_log_files_take_the_next_free_name_besid
     keep_source();
 }
 
-TEST_F(source_guard_run, no_new_project_and_no_text_replaces_a_file_of_the_source_under_any_name) {
+TEST_F(source_guard_run, no_project_or_text_replaces_a_source_under_any_name) {
     write(u"C:\\data\\a.shp");
     write(u"C:\\data\\a.dbf");
     write(u"C:\\data\\joined.dbf");
@@ -94,8 +94,8 @@ TEST_F(source_guard_run, no_new_project_and_no_text_replaces_a_file_of_the_sourc
     }
 }
 
-// Who reads a folder as one data set reads whatever is in it.
-TEST_F(source_guard_run, no_copy_goes_into_a_folder_that_is_one_data_set) {
+// Programs that read a folder as one data set read everything in it.
+TEST_F(source_guard_run, no_copy_is_placed_in_a_folder_that_is_one_data_set) {
     write(u"C:\\data\\blocks\\inner");
     write(u"C:\\prj\\g\\g.val");
     builder.scene_2d(u"S"); // the last layer is copied first
@@ -133,7 +133,7 @@ TEST_F(source_guard_run, the_log_of_a_load_does_not_pass_for_a_lost_source) {
     }
 }
 
-TEST_F(source_guard_run, a_scene_file_that_would_replace_a_source_is_refused_and_the_others_are_written) {
+TEST_F(source_guard_run, only_scene_files_that_would_replace_a_source_are_refused) {
     write(u"C:\\maps\\Maps._sn");
     builder.scene_2d(u"Maps").save_scene(u"C:\\maps\\Maps._sn");
     builder.layer(map_2d, u"map", u"C:\\maps\\Maps._sn").scene_2d(u"\\..\\..\\Out").scene_2d(u"a\\..\\In");
@@ -151,7 +151,7 @@ TEST_F(source_guard_run, a_scene_file_that_would_replace_a_source_is_refused_and
     EXPECT_FALSE(path_exists(u"C:\\Out._sn"));
 }
 
-TEST_F(source_guard_run, a_stop_erases_what_the_run_made_and_names_the_folder_that_holds_more) {
+TEST_F(source_guard_run, a_stop_erases_what_the_run_made_and_reports_other_content) {
     write(u"C:\\data\\a.shp");
     builder.scene_2d(u"S").layer("shp_pln_lr2d", u"A", u"C:\\data\\a.shp");
     keep_source();
@@ -191,7 +191,7 @@ TEST_F(source_guard_run, a_scene_file_does_not_replace_the_copy_of_a_map_scene) 
     EXPECT_EQ((texts{u">N:\\out\\B._sn"}), told_of(fact_kind::written_over)) << "two of one caption";
 }
 
-// The join is put on again after the scene file was written.
+// The join is restored after the scene file was written.
 TEST_F(source_guard_run, a_table_in_the_scene_of_a_map_layer_keeps_its_joins) {
     for (const char16_t* file : {u"C:\\data\\a.shp", u"C:\\data\\a.dbf", u"C:\\data\\joined.dbf"})
         write(file);

@@ -23,7 +23,7 @@ protected:
     structure_settings wanted;
 };
 
-TEST_F(structure_text, of_the_sample_is_the_committed_file_byte_for_byte_and_changes_nothing) {
+TEST_F(structure_text, of_the_sample_equals_the_committed_file_and_changes_nothing) {
     using all = structure_settings;
     bool all::*const flags[] = {&all::write_layer_names,    &all::write_table_names,
                                 &all::write_table_columns,  &all::write_layout_layers,
@@ -86,7 +86,7 @@ TEST_F(structure_text, groups_are_shown_as_the_user_sees_them_with_what_is_selec
     EXPECT_EQ(committed("tests/operations/expected/structure_groups.txt"), all);
 }
 
-TEST_F(structure_text, a_text_that_cannot_be_written_is_told_as_if_it_were) {
+TEST_F(structure_text, a_text_that_cannot_be_written_is_reported_as_written) {
     builder.scene_2d(u"S").save(source);
     load();
     write(n + u"out\\folder\\kept");
@@ -102,7 +102,7 @@ TEST_F(structure_text, a_text_that_cannot_be_written_is_told_as_if_it_were) {
     EXPECT_TRUE(path_exists(n + u"out\\folder\\kept")) << "a stop takes away what the run made";
 }
 
-TEST_F(structure_text, a_stop_takes_the_file_away_whatever_is_answered_and_the_next_text_is_whole) {
+TEST_F(structure_text, a_stop_removes_the_file_and_the_next_text_is_complete) {
     builder.scene_2d(u"S").layer("rtr_lr2d", u"L").scene_2d(u"S").save(source);
     load();
     wanted.write_layer_names = true;
@@ -125,7 +125,7 @@ TEST_F(structure_text, a_stop_takes_the_file_away_whatever_is_answered_and_the_n
     }
 }
 
-TEST_F(structure_text, a_resave_without_a_log_writes_on_behind_the_text) {
+TEST_F(structure_text, a_resave_without_a_log_appends_to_the_text) {
     builder.scene_2d(u"S").save(source);
     load();
     wanted.indent_text = u"\t";
@@ -135,7 +135,7 @@ TEST_F(structure_text, a_resave_without_a_log_writes_on_behind_the_text) {
     EXPECT_EQ(u"    ", context->options.indent_unit);
 }
 
-// Before any resave the files land in the current folder, which is N:\out here.
+// Before any resave the files go to the current folder, which is N:\out here.
 class scene_files : public builder_run {
 protected:
     scene_files() : before_(std::filesystem::current_path()) {
@@ -156,7 +156,7 @@ private:
     const std::filesystem::path before_;
 };
 
-TEST_F(scene_files, have_names_that_a_disk_takes_and_move_with_the_data_beside_them) {
+TEST_F(scene_files, have_valid_names_and_can_be_moved_with_their_data) {
     for (const wide_view name : {u"1", u"2"})
         builder.scene_2d(u"A").layer("rtr_lr2d", u"L", out(name) + u".tif");
     for (const wide_view name : {u"A", u"a:b?", u"1.5 <\"x\"|*>", u".sn"}) builder.scene_2d(name);

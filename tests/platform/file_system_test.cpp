@@ -1,4 +1,4 @@
-// Files and folders, and the letters of their names.
+// Files and folders, and letter case of names.
 #include <gtest/gtest.h>
 
 #include <chrono>
@@ -110,7 +110,7 @@ TEST_F(file_system, kinds_and_names_are_found_in_any_letter_case) {
     EXPECT_FALSE(files.same_file(folder.path(u"Данные"), folder.path(u"Данные\\Река.SHP")));
 }
 
-TEST_F(file_system, folders_are_made_one_level_at_a_time_listed_before_their_content_and_removed_when_empty) {
+TEST_F(file_system, folders_are_made_level_by_level_and_removed_when_empty) {
     const std::pair<wide_view, bool> made[] = {
         {u"a\\b", false}, {u"a", true}, {u"A", false}, {u"a\\b", true}};
     for (const auto& [name, is_made] : made) EXPECT_EQ(bool(files.create_folder(folder.path(name))), is_made);
@@ -134,7 +134,7 @@ TEST_F(file_system, each_failing_call_says_why) {
     const auto read = [&](const wide_string& path) {
         return files.open(path, access::read, disposition::open_existing, opened);
     };
-    // Where there is no kind the native code decides; it differs from one system to the other.
+    // An error without a kind is compared by its native code, which differs between systems.
     const std::tuple<const char*, outcome, std::optional<failure>> cases[] = {
         {"read a lost file", read(lost), failure::missing},
         {"read below a file", read(there + u"\\x"), failure::missing},

@@ -1,4 +1,4 @@
-// What every C function of the host promises alike, and its front end on a terminal.
+// What all C functions of the host have in common, and its front end on a terminal.
 #include <limits>
 
 #include <gtest/gtest.h>
@@ -89,7 +89,7 @@ struct fake_terminal final : platform::terminal {
     void forget_interrupt() override { was_interrupted = false; }
 };
 
-TEST(terminal_front_end, progress_makes_way_for_messages_and_nothing_shown_commands_the_terminal) {
+TEST(terminal_front_end, progress_gives_way_to_messages_and_output_is_harmless) {
     fake_terminal terminal;
     terminal_front_end front(terminal, false);
     front.progress_opened(true);

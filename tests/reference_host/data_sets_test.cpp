@@ -40,7 +40,7 @@ TEST(tos_reader, a_numbered_set_has_its_own_members) {
         EXPECT_EQ(expected, names_of(folder.write(wide_string(name), full), folder.path() + u"\\"));
 }
 
-TEST(tos_reader, a_damaged_file_does_not_open_and_tells_line_and_reason) {
+TEST(tos_reader, a_damaged_file_does_not_open_and_has_line_and_reason) {
     const temporary_folder folder;
     const struct {
         std::string bytes;
@@ -66,7 +66,7 @@ TEST(tos_reader, a_damaged_file_does_not_open_and_tells_line_and_reason) {
         EXPECT_FALSE(error.reason.empty());
         EXPECT_EQ("-", names_of(path, folder.path() + u"\\"));
     }
-    // The end of the file and an error are not the same.
+    // The end of the file must be distinguished from an error.
     const wide_string good = folder.write(u"good.tos", "TOS 1\n");
     faulty_system faults({"read"}, 1, SIZE_MAX);
     const platform::system_override in_force(faults);

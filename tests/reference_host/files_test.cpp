@@ -1,5 +1,5 @@
-// The files of the host: what is written by hand comes back, wherever the folder stands by then, and what a
-// person is told of a file that is not as it should be.
+// The files of the host: a project written by hand is read back, also after its folder was moved, and an
+// invalid file has an error with line and reason.
 #include <gtest/gtest.h>
 
 #include <sstream>
@@ -22,7 +22,7 @@ class host_files : public testing::Test {
 protected:
     ~host_files() override { EXPECT_EQ(living_objects(), before_); }
 
-    // What is said after the path and a colon; the project is untouched then.
+    // Returns the error without the path; the project is unchanged then.
     std::string told(const std::string& content) {
         const wide_string path = folder_.write(u"bad._vp", content);
         project prj;
@@ -38,7 +38,7 @@ protected:
     temporary_folder folder_;
 };
 
-TEST_F(host_files, a_project_of_everything_is_read_moved_and_written_without_a_loss) {
+TEST_F(host_files, a_project_of_everything_is_read_moved_and_written_complete) {
     for (const wide_view name : {u"prj\\", u"new home\\"}) {
         const wide_string home = folder_.path(name);
         folder_.write(wide_string(name) + u"area._vp", everything);
@@ -66,7 +66,7 @@ TEST_F(host_files, a_project_of_everything_is_read_moved_and_written_without_a_l
     }
 }
 
-TEST_F(host_files, scene_and_layer_files_stand_alone) {
+TEST_F(host_files, scene_and_layer_files_are_self_contained) {
     project prj;
     ASSERT_FALSE(read_project(folder_.write(u"area._vp", everything), prj));
     const scene& map = *prj.scenes_2d.at(0);
@@ -118,7 +118,7 @@ TEST_F(host_files, a_failed_write_leaves_the_old_file_and_nothing_else) {
     }
 }
 
-// Behind "## " stands what is told of the lines below it.
+// The text after "## " is the error of the lines below it.
 TEST_F(host_files, each_is_refused_with_line_and_reason) {
     std::istringstream rows(committed("tests/reference_host/refused.txt") + "## ");
     std::string content, expected = "1: there is no root element <project>"; // in an empty file
@@ -131,7 +131,7 @@ TEST_F(host_files, each_is_refused_with_line_and_reason) {
         expected = line.substr(3);
         content.clear();
     }
-    EXPECT_EQ(told("<project version='1'>\n\xFF</project>"), "2: the file is no UTF-8 text");
+    EXPECT_EQ(told("<project version='1'>\n\xFF</project>"), "2: the file is not valid UTF-8");
     EXPECT_EQ(
         told("\xEF\xBB\xBF<?xml version='1.0'?>\r\n<!-- & -->\r\n<project version='1'>\r\n<maps/></project>"),
         "4: unknown element <maps> in <project>");
@@ -181,7 +181,7 @@ TEST(references, what_is_stored_reads_back_as_the_same_reference) {
         {u"C:\\prj\\", u"*C:\\prj\\a.tos", u"*a.tos", true},
         {u"C:\\prj\\", u"*a.tos", u"*=a.tos", true},
         {u"C:\\prj\\", u"C:\\prj\\a.tos", u"a.tos", true},
-        // A scene file moves with the data beside it.
+        // A scene file can be moved together with the data next to it.
         {u"C:\\prj\\maps\\", u"C:\\prj\\data\\a.shp", u"..\\data\\a.shp", false, nearness::beside},
         {u"C:\\prj\\maps\\x\\", u"C:\\prj\\a.shp", u"..\\..\\a.shp", false, nearness::beside},
         {u"C:\\prj\\maps\\", u"*C:\\prj\\a.tos", u"*..\\a.tos", true, nearness::beside},

@@ -1,4 +1,4 @@
-// Files in memory under any path, in place of the disk, for readers that are fed millions of times.
+// Files in memory under any path in place of the disk, for readers that are called millions of times.
 #pragma once
 
 #include <algorithm>

@@ -1,4 +1,4 @@
-// Data sets as a bundle would open them, for the tests of what makes one.
+// Data sets as a bundle opens them, for tests of their files.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -28,7 +28,7 @@ inline std::vector<wide_string> sample_files(const std::string& extension) {
     return paths;
 }
 
-// The names of a data set's files without their folder, each behind a blank; "-" if it does not open.
+// Returns the names of a data set's files without their folder, each after a space; "-" if it does not open.
 inline std::string names_of(const wide_string& path, const wide_string& folder) {
     const ref<stat_source_impl> source(cast_to<stat_source_impl>(open_source(path, nullptr)));
     if (!source) return "-";
@@ -41,7 +41,7 @@ inline std::string names_of(const wide_string& path, const wide_string& folder) 
     return names;
 }
 
-// A sample opens with these files, named as it was asked for.
+// Checks that a sample opens with these files under the requested name.
 inline void expect_family(const char* folder, const char* name, const std::string& files) {
     const wide_string head = sample(folder) + u"\\";
     EXPECT_EQ(files, names_of(head + platform::from_utf8(name), head)) << name;

@@ -1,4 +1,4 @@
-// Services that a test offers itself: for the order among claims, and to misbehave.
+// Services of the test itself: for the order of claims, and for misbehaviour.
 #include <stdexcept>
 
 #include "framework/border/string_adapter.h"
@@ -11,14 +11,14 @@
 namespace vs::project_resave {
 namespace {
 
-// What the services of the next run do; a bundle's class can only be built with its context.
+// What the services of the next run do; a class of the bundle can only be built with its context.
 struct wishes {
     int32_t priority = -1;
     bool accepts = true;
     wide_string meta_id = u"graph_lr2d";
     uint32_t kinds = 1, references = 0, files = 1, items = 0;
     bool throws = false;
-    // Answers that contradict each other, lead nowhere or are not there.
+    // The answers contradict each other, refer to missing files, or are missing.
     bool nonsense = false, copies = true;
     wide_string also = {}; // named as a copy, whoever made it
     bool swaps = false;    // names its sources as the copies
@@ -86,14 +86,14 @@ protected:
         builder.scene_2d(u"Area").layer("graph_lr2d", u"Drawing", write(u"C:\\prj\\a.dxf"));
         builder.layer("rtr_lr2d", u"Relief", write(u"C:\\prj\\b.tif"));
     }
-    // Where the layers are after a run.
+    // Checks where the layers are after a run.
     void expect_layers(const std::string& drawing, const std::string& relief) const {
         EXPECT_EQ("Area: Drawing=" + drawing + "\\a.dxf Relief=" + relief + "\\b.tif\n", outline());
         EXPECT_TRUE(context->report.saved);
     }
 };
 
-TEST_F(foreign_services, the_claim_with_the_lowest_priority_wins_and_among_equals_that_of_the_resave_itself) {
+TEST_F(foreign_services, the_claim_with_the_lowest_priority_wins_then_the_resave) {
     offer<entity_service, resave_entity_service_impl>();
     const struct {
         int32_t priority;
@@ -112,7 +112,7 @@ TEST_F(foreign_services, the_claim_with_the_lowest_priority_wins_and_among_equal
     }
 }
 
-TEST_F(foreign_services, a_claim_is_heard_in_scenes_sheets_and_layouts_but_never_in_a_legend) {
+TEST_F(foreign_services, a_claim_counts_in_scenes_sheets_and_layouts_not_in_legends) {
     offer<entity_service, resave_entity_service_impl>();
     builder.clear();
     builder.scene_2d(u"Flat").layer("rtr_lr2d", u"A", write(u"C:\\prj\\1.tif")).scene_3d(u"Solid");
@@ -151,7 +151,7 @@ public:
     static inline texts rows, told;
 };
 
-TEST_F(foreign_services, each_file_of_an_element_is_told_its_place_and_one_that_is_found_keeps_it) {
+TEST_F(foreign_services, each_file_of_an_element_gets_a_place_and_keeps_one_found) {
     offer<row_service, resave_entity_service_impl>();
     settings.delete_lost_sources = true;
     const wide_string found = u"C:\\prj\\a.dxf", lost = u"C:\\prj\\gone.dxf", place = u"N:\\out\\claimed";
@@ -173,7 +173,7 @@ TEST_F(foreign_services, each_file_of_an_element_is_told_its_place_and_one_that_
     }
 }
 
-TEST_F(foreign_services, an_element_has_its_own_file_beside_the_new_project_under_every_structure) {
+TEST_F(foreign_services, an_element_has_its_file_near_the_project_in_each_structure) {
     offer<entity_service, resave_entity_service_impl>();
     write(u"C:\\prj\\w.wsh");
     builder.model.scenes_2d.at(0)->remove(1);
@@ -219,7 +219,7 @@ private:
     int counts_ = 0;
 };
 
-TEST_F(foreign_services, one_that_throws_or_answers_nonsense_loses_its_own_part_and_nothing_else) {
+TEST_F(foreign_services, one_that_throws_or_returns_nonsense_loses_only_its_own_part) {
     constexpr uint32_t all = ~0U;
     const texts lost_drawing{u"Area: Copy error Drawing\n"}, lost_file{u"Area: Copy error a.dxf\n"};
     const struct {

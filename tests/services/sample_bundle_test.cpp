@@ -26,7 +26,7 @@ protected:
         pin({u"Map", u"C:\\prj\\relief.tif", u"field\\bridge.txt"}); // copied for the layer, and alone
     }
 
-    // A note on the layer that came last: caption, file, and what belongs to it.
+    // Pins a note to the last layer: caption, file, and companions.
     void pin(texts note) {
         any& notes = builder.model.scenes_2d.at(0)->at(0)->extras.set("sample_notes");
         if (!notes.as_tuple()) notes = any(vestra::tuple());
@@ -34,7 +34,7 @@ protected:
         note.insert(note.begin(), builder.id(note[0]));
         notes.as_tuple()->elements.push_back(tuple_of(note));
     }
-    // A line for each note of the new project: "caption > file".
+    // Returns a line for each note of the new project: "caption > file".
     std::string notes() {
         wide_string all;
         any* kept = copied(0).extras.find("sample_notes");
@@ -84,7 +84,7 @@ protected:
     }
 };
 
-TEST_F(sketches, what_a_sketch_is_drawn_over_comes_with_it_if_the_person_agrees) {
+TEST_F(sketches, what_a_sketch_is_drawn_over_is_added_if_the_user_agrees) {
     unticked = {u"Relief"};
     settings.save_layer_files = true;
     std::vector<std::string> expected{"Plan._lr", "sketches/plan.sketch", "sketches/plan.sketch.legend"};
@@ -112,7 +112,7 @@ TEST_F(sketches, one_that_is_lost_leaves_and_half_a_copy_is_taken_away_again) {
     EXPECT_EQ(texts{u"Area: Lost files Plan\n"}, problems);
 }
 
-TEST_F(sketches, a_bundle_that_goes_between_load_and_run_takes_nothing_but_its_own_part_with_it) {
+TEST_F(sketches, a_bundle_unloaded_before_the_run_loses_only_its_own_part) {
     builder.model.map_legends.make().caption = u"Geology";
     pin({u"Quarry", u"C:\\prj\\field\\quarry.txt"});
     builder.save(source);

@@ -1,5 +1,5 @@
-// Whole runs with services of other bundles: those of the sample bundle, loaded from its file, and those that
-// a test offers itself.
+// Whole runs with services of other bundles: those of the sample bundle, loaded from its file, and those of
+// the test itself.
 #pragma once
 
 #include "framework/bundle_entry.h"
@@ -16,13 +16,13 @@ protected:
         loader.unload_all();
     }
 
-    // Offers a service for the rest of the test; before `start`.
+    // Offers a service for the rest of the test. Call it before `start`.
     template <class T, class Impl>
     void offer() {
         factories.push_back(std::make_unique<service_factory<T>>(
             u"vestra/resave_project", std::make_unique<ref_service_holder<T, Impl>>()));
     }
-    // Begins again with the bundles that take part in this test.
+    // Starts again with the bundles of this test.
     void start(bool with_sample) {
         context.reset();
         services.clear();
@@ -37,7 +37,7 @@ protected:
     }
     static wide_string sample_path() { return platform::drive_path(VS_SAMPLE_BUNDLE); }
 
-    // Runs with what is offered by now, into an empty folder.
+    // Runs with the current offers into an empty folder.
     void run_anew() {
         clear_output();
         sample_loader.unload_all();

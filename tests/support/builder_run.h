@@ -1,4 +1,4 @@
-// Whole runs of a project that a test builds, of which some elements may be left out.
+// Whole runs of a project that the test builds; some elements can be left out.
 #pragma once
 
 #include "framework/resources/strings.h"
@@ -11,7 +11,7 @@ using texts = std::vector<wide_string>;
 
 class builder_run : public host_fixture {
 protected:
-    // Loads the builder's project as it is by now, resaves it and reads what came of it.
+    // Loads the builder's current project, resaves it and reads the result.
     void run() {
         builder.save(source);
         load();
@@ -28,30 +28,30 @@ protected:
         read_back(output, *copy);
     }
 
-    // How often the user was asked whether to add what is referred to.
+    // Returns how often the user was asked whether to add referenced elements.
     size_t questions() const {
         return static_cast<size_t>(std::ranges::count(script.texts(front::kind::yes_no),
                                                       load_string(text::add_referenced_elements)));
     }
 
-    // An empty project without any data, and nothing in the new folder.
+    // Starts again with an empty project, no data and an empty new folder.
     void clear() {
         std::filesystem::remove_all(native("c") / "prj");
         std::filesystem::create_directories(native("c") / "prj");
         clear_run();
     }
-    // The same, but for the data.
+    // As above, but keeps the data.
     void clear_run() {
         clear_output();
         builder.clear();
         unticked.clear();
         settings = {};
     }
-    // A path in the folder of the project, and in the new folder.
+    // Return a path in the folder of the project and in the new folder.
     static wide_string src(wide_view name) { return u"C:\\prj\\" + wide_string(name); }
     static wide_string out(wide_view name) { return u"N:\\out\\" + wide_string(name); }
 
-    // A 2D scene that is left out of the selection.
+    // Adds a 2D scene that is left out of the selection.
     project_builder& left_out(const wide_string& caption) {
         unticked.push_back(caption);
         return builder.scene_2d(caption);

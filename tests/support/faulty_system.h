@@ -1,5 +1,5 @@
-// A system in which calls of one kind fail, chosen by their numbers, as the real one fails them: with nothing
-// changed and a reason. The paths of those that failed are kept.
+// A system on which selected calls of some kinds fail like real ones: nothing is changed, and there is a
+// reason. The paths of failed calls are recorded.
 //
 //     faulty_system faults({"copy"}, 3);                                // the third copy
 //     faulty_system faults(faulty_system::disk_full, 3, SIZE_MAX, n);   // all from there on that go to N:
@@ -22,21 +22,21 @@ namespace vs::project_resave {
 
 class faulty_system final : public forwarding_system {
 public:
-    // By the names below, and "delete", "remove folder", "name" and "same file".
+    // The names below, and "delete", "remove folder", "name" and "same file".
     using kinds = std::set<std::string_view>;
-    // Those that a run makes from its load to its end, if nothing is to be erased.
+    // The calls that a run makes from its load to its end if nothing is to be erased.
     static constexpr const char* calls[] = {"copy",          "create folder", "list",  "open to read",
                                             "open to write", "read",          "write", "rename",
                                             "kind",          "size",          "close"};
     static inline const kinds disk_full{"copy", "create folder", "open to write", "write"};
 
-    // Fails those numbered `first` to `last`, from 1, of all calls of these kinds on paths that begin with
-    // `below`.
+    // Fails the calls with numbers `first` to `last`, counted from 1, among all calls of these kinds on paths
+    // that begin with `below`.
     explicit faulty_system(kinds failing, size_t first = 0, size_t last = 0, wide_string below = {})
         : failing_(std::move(failing)), first_(first), last_(std::max(first, last)),
           below_(std::move(below)) {}
 
-    // By path_key: no call that writes, replaces or removes may reach these. Of all such systems.
+    // Path keys that no call may write, replace or remove, for all such systems.
     static inline std::set<wide_string> kept;
 
     bool breaks_off = false;         // the calls do not fail but throw
@@ -100,7 +100,7 @@ private:
             count = 0;
             return faults_.fails("read", path_) ? failure::damaged : inner_->read(buffer, length, count);
         }
-        // Half of it is written.
+        // Writes half of the bytes.
         platform::outcome write(const void* bytes, size_t length) override {
             if (!faults_.fails("write", path_)) return inner_->write(bytes, length);
             inner_->write(bytes, length / 2);

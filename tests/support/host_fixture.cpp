@@ -1,3 +1,4 @@
+// Starts the host for a test, runs resaves, and describes projects and folders as text.
 #include "tests/support/host_fixture.h"
 
 #include <cctype>

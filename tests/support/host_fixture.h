@@ -1,6 +1,6 @@
-// The host with the bundle in it, for tests of whole runs: empty drives, a front end that answers from a
-// script, dialogs that a function plays, and one project_context. At the end of each test nothing of the host
-// is left: no window, no object.
+// The host with the bundle for tests of whole runs: empty drives, a front end that answers from a script,
+// dialogs answered by a function, and one project_context. Each test ends by checking that no object and no
+// window of the host is left.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -34,22 +34,22 @@ protected:
     host_fixture();
     ~host_fixture() override;
 
-    // Puts the sample project with its data on C: and D:.
+    // Copies the sample project with its data to C: and D:.
     void copy_sample();
 
-    // Writes a file with the folders it needs, past the bundle's own file calls; answers its path.
+    // Writes a file and its folders, bypassing the bundle's file calls. Returns its path.
     static wide_string write(const wide_string& path, std::string_view bytes = "data");
-    // Its bytes; empty for a folder and for what is not there.
+    // Returns the bytes of a file; empty for a folder and for a missing file.
     static std::string read(const wide_string& path);
 
     void load() { ASSERT_TRUE(context->load_project(source, false, false)); }
-    // Resaves what is loaded; what the front end was told before is forgotten.
+    // Resaves the loaded project; discards what the front end recorded before.
     void resave();
     void load_and_resave() {
         load();
         resave();
     }
-    // Files of the new folder, in order, with "/", but for the new project.
+    // Returns the sorted files of the new folder with "/", without the new project.
     std::vector<std::string> files() const;
     // A line for each scene with what is in it, for each sheet and for each table:
     //
@@ -58,26 +58,26 @@ protected:
     //
     // `folder` is left out of all paths.
     static std::string outline_of(const vestra::project& project, wide_view folder);
-    // That of the new project, and of a file of a 2D scene, without the new project's folder.
+    // Returns the outline of the new project, or of a 2D scene file, without the new project's folder.
     std::string outline() const;
     std::string scene_outline(const wide_string& path) const;
-    // What came of a run: a line of the files, each with a blank behind it, the outline, and the problems, a
-    // line each behind "!".
+    // Returns the result of a run: a line of the files, each followed by a space, the outline, and a line
+    // after "!" for each problem.
     std::string outcome() const;
-    // What C: and D: hold.
+    // Returns the content of C: and D:.
     tree_state sources() const;
-    // What the front end was told and asked, without the captions of the progress.
+    // Returns what the front end showed and asked, without the captions of the progress.
     std::vector<front::event> told() const;
     std::vector<wide_string> errors() const { return script.texts(front::kind::error); }
-    // How often a text occurs in another.
+    // Returns how often a text occurs in another.
     static size_t times(const std::string& text, const std::string& in) {
         size_t count = 0;
         for (size_t at = 0; (at = in.find(text, at)) != std::string::npos; at += text.size()) ++count;
         return count;
     }
-    // The native root of a drive: "c", "d" or "n".
+    // Returns the native root of a drive: "c", "d" or "n".
     std::filesystem::path native(std::string_view drive) const;
-    // Empties the folder of the output.
+    // Empties the output folder.
     void clear_output() const;
     // Reads a written project.
     static void read_back(const wide_string& path, vestra::project& into);
@@ -87,7 +87,7 @@ protected:
     wide_string output = u"N:\\out\\new._vp";
     resave_settings settings;
     front script;
-    // Answers for a person before a dialog: what to close it with, 0 for cancel.
+    // Answers a dialog with the code that closes it; 0 for cancel.
     std::function<int32_t(const dialog_view&)> on_dialog;
     std::vector<wide_string> dialogs; // captions of those shown
 
@@ -105,7 +105,7 @@ protected:
     host_questions asked;
     resave_services services;
     std::optional<project_context> context;
-    std::size_t changes = 0; // of the loaded project, as its observers are told
+    std::size_t changes = 0; // change notifications of the loaded project
 
 private:
     std::shared_ptr<void> observer_;

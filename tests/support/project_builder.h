@@ -19,11 +19,11 @@ namespace vs::project_resave {
 
 class project_builder {
 public:
-    // Each begins a scene, into which the layers go that follow.
+    // Each begins a scene, to which the following layers are added.
     project_builder& scene_2d(wide_view caption) { return begin(model.scenes_2d.make_scene(), caption); }
     project_builder& scene_3d(wide_view caption) { return begin(model.scenes_3d.make_scene(), caption); }
     project_builder& layout(wide_view caption) { return begin(model.layouts.make_scene(), caption); }
-    // A collection of sheets that a plug-in keeps, with one sheet.
+    // A collection of sheets that a plug-in stores, with one sheet.
     project_builder& sheet(const char* meta_id, wide_view caption, wide_view source) {
         vestra::scene_collection& sheets = model.add_plugin_scenes(meta_id);
         sheets.id = vestra::uuid::random();
@@ -31,7 +31,7 @@ public:
         made.source = source;
         return begin(made, caption);
     }
-    // A layer on a shape file has the table beside it.
+    // A layer with a shape file has the table next to it.
     project_builder& layer(const char* type, wide_view caption, wide_view file = {}) {
         vestra::layer& made = scene_->make_layer(type);
         identify(made, caption);
@@ -44,7 +44,7 @@ public:
         }
         return *this;
     }
-    // A layer that refers to other elements, by their captions; they may come later.
+    // A layer that refers to other elements by their captions; they can be added later.
     project_builder& compound(wide_view caption, const std::vector<wide_string>& members) {
         layer("prf_compound_lr2d", caption);
         for (const wide_string& member : members) last().members.emplace().push_back(id(member));
@@ -55,14 +55,14 @@ public:
         last().frame.emplace(*vestra::uuid::parse(id(shown)));
         return *this;
     }
-    // The page of the layout; it is not among the layers.
+    // The page of the layout, which is not among the layers.
     project_builder& page(wide_view caption, wide_view file) {
         scene_->page = std::make_unique<vestra::layer>(vestra::dimension::flat, "layout_page");
         identify(*scene_->page, caption);
         scene_->page->file = file;
         return *this;
     }
-    // A legend of the layout with its signs. The layer and the scene in it have this caption.
+    // A legend of the layout with its signs. Its layer and the scene in it have this caption.
     struct sign {
         const char* type;
         wide_view caption, file;
@@ -83,13 +83,14 @@ public:
         table_->file = file;
         return *this;
     }
-    // To the table, or the table of the layer, that came last, by the field of the join's number.
+    // Joins to the table, or the table of the layer, that was added last, by the field with the number of the
+    // join.
     project_builder& join(const wide_string& other) {
         table_->joins.push_back({other, static_cast<int32_t>(table_->joins.size()), 0});
         return *this;
     }
 
-    // The uuid text of the first element of this caption, be it there yet or not.
+    // Returns the uuid of the first element with this caption, which can be added later.
     wide_string id(const wide_string& caption) {
         return ids_.try_emplace(caption, vestra::uuid::random()).first->second.text();
     }
@@ -97,9 +98,9 @@ public:
         const auto error = vestra::files::write_project(path, model);
         EXPECT_FALSE(error) << platform::to_utf8(error->text());
     }
-    // The scene alone, as a scene file.
+    // Saves only the scene as a scene file.
     void save_scene(const wide_string& path) { EXPECT_FALSE(vestra::files::write_scene(path, *scene_)); }
-    // Begins anew; who has a caption again has its uuid again.
+    // Starts again; an element with the same caption gets the same uuid.
     void clear() {
         for (auto* scenes : {&model.scenes_2d, &model.scenes_3d, &model.layouts}) scenes->clear();
         model.tables.clear();

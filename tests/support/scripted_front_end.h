@@ -21,13 +21,13 @@ public:
     using event = std::pair<kind, wide_string>;
 
     std::vector<event> events;    // everything shown or asked, in order
-    std::deque<answer> answers;   // to the next questions; no when there are none left
+    std::deque<answer> answers;   // to the next questions; no when the list is empty
     std::size_t stop_at_poll = 0; // the stop button is pressed at this poll, counted from 1; 0: never
     std::size_t polls = 0;
     std::size_t open_windows = 0;
     std::uint32_t current = 0, total = 0; // of the progress shown last
 
-    // The texts of one kind, in order.
+    // Returns the texts of one kind, in order.
     std::vector<wide_string> texts(kind what) const {
         std::vector<wide_string> found;
         for (const auto& [shown, text] : events)

@@ -1,5 +1,5 @@
-// A folder of its own for a test, removed with all its content at the end. Names are given in Windows form,
-// below the folder, and looked up as the bundle looks them up.
+// A temporary folder for a test, removed with its content at the end. Names are given in Windows form
+// relative to the folder, and looked up in the same way as by the bundle.
 #pragma once
 
 #include <algorithm>
@@ -17,7 +17,7 @@
 
 namespace vs::project_resave {
 
-// The bytes of a file; empty if there is none.
+// Returns the bytes of a file; empty if there is none.
 inline std::string bytes_of(const std::filesystem::path& file) {
     std::ifstream opened(file, std::ios::binary);
     std::ostringstream bytes;
@@ -25,7 +25,7 @@ inline std::string bytes_of(const std::filesystem::path& file) {
     return std::move(bytes).str();
 }
 
-// Those of a file of the source tree.
+// Returns the bytes of a file of the source tree.
 inline std::string committed(const std::string& name) { return bytes_of(VS_SOURCE_DIR "/" + name); }
 
 class temporary_folder {
@@ -45,11 +45,11 @@ public:
 
     const std::filesystem::path& native() const { return native_; }
 
-    // The drive path of the folder, or of a name in it.
+    // Returns the drive path of the folder, or of a name in it.
     wide_string path() const { return platform::drive_path(native_.string()); }
     wide_string path(wide_view name) const { return path() + u"\\" + wide_string(name); }
 
-    // Writes a file, with the folders it needs, past the bundle's own file calls; its drive path.
+    // Writes a file and its folders, bypassing the bundle's file calls. Returns its drive path.
     wide_string write(wide_view name, std::string_view bytes = {}) const {
         std::u16string below(name);
         std::ranges::replace(below, u'\\', u'/');
@@ -59,14 +59,14 @@ public:
         return path(name);
     }
 
-    // The bytes of a file; empty if there is none.
+    // Returns the bytes of a file; empty if there is none.
     std::string read(wide_view name) const { return bytes_of(platform::native_path(path(name))); }
 
 private:
     std::filesystem::path native_;
 };
 
-// Takes away a file, or a folder with all it holds, read-only files too.
+// Removes a file, or a folder with its content, including read-only files.
 inline void remove_tree(const wide_string& path) {
     namespace fs = std::filesystem;
     const fs::path root = platform::native_path(path);

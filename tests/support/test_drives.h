@@ -1,8 +1,8 @@
-// The drives C:, D: and N: for a test, without any file of its own on them at first; one at a time.
+// The drives C:, D: and N: for a test, initially empty. Only one object can exist at a time.
 //
-// On Linux they are folders of a temporary one, and drives of the process while this lives. On Windows they
-// are the system's own, on disks that were made for tests (see tools/run_under_wine); what the test left
-// there is removed.
+// On Linux they are folders inside a temporary one, mapped as drives of the process. On Windows they are real
+// drives, on disks created for tests (see tools/run_under_wine); the files of the test are removed at the
+// end.
 #pragma once
 
 #include <filesystem>
@@ -16,10 +16,10 @@ public:
     test_drives();
     ~test_drives();
 
-    // The native path of a drive's root.
+    // Returns the native path of a drive's root.
     std::filesystem::path root(char letter) const;
 
-    // True for what the system has in the root of its own disk.
+    // True for an entry that the operating system has in the root of its own disk.
     static bool is_of_the_system(const std::filesystem::path& entry);
 
 private:

@@ -1,4 +1,4 @@
-// What a folder holds at one moment, to be compared with another moment.
+// The content of a folder at one moment, for comparing it with another moment.
 #pragma once
 
 #include <filesystem>
@@ -13,11 +13,11 @@ struct entry_state {
     bool is_folder = false;
 };
 
-// All entries below a native folder, by their path below it with "/"; empty if there is no such folder.
+// All entries below a native folder by their relative path with "/"; empty if there is no such folder.
 using tree_state = std::map<std::string, entry_state>;
 tree_state state_of(const std::filesystem::path& folder);
 
-// A line for each entry that is new, gone, changed in its bytes or touched in its time; empty if none is.
+// Returns a line for each entry that was added, removed or changed in bytes or time; empty if there is none.
 std::string difference(const tree_state& before, const tree_state& after);
 
 } // namespace vs::project_resave

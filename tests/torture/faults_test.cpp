@@ -1,6 +1,6 @@
 // The n-th call of each kind fails, for every n, from the load to the end of a run; the disk is full from the
-// n-th call on; and sources change meanwhile. Whatever fails, the source is as it was, and what is missing is
-// told.
+// n-th call on; and sources change in the meantime. In every case the source is unchanged, and what is
+// missing is reported.
 #include <atomic>
 #include <thread>
 
@@ -10,10 +10,10 @@
 namespace vs::project_resave {
 namespace {
 
-// What these fail to see is not there for anybody.
+// A file for which these fail does not exist for any code.
 const faulty_system::kinds unseen{"kind", "list", "open to read", "read"};
 
-// The sample, else the generated one, and the structure.
+// True for the sample, false for the generated project; and the structure.
 using area = std::pair<bool, uint32_t>;
 
 class every_fault : public torture::runs, public testing::WithParamInterface<area> {
@@ -39,8 +39,8 @@ protected:
 
     void TearDown() override { faulty_system::kept.clear(); }
 
-    // Does it undisturbed, and with the n-th such call failing, or all from there on, for numbers spread over
-    // all that are made, as many as are wanted.
+    // Runs it undisturbed, and then with the n-th such call failing, or all calls from it on, for as many
+    // numbers as requested, spread over all calls.
     size_t strike(const faulty_system::kinds& kinds, bool once, wide_view below,
                   const std::function<void(faulty_system&)>& action) const {
         faulty_system counting(kinds, 0, 0, wide_string(below));
@@ -70,7 +70,7 @@ protected:
                       errors());
             EXPECT_TRUE(saved || read(u"N:\\out\\new_log.txt").find("Project saved") == std::string::npos);
             if (saved) expect_all_there_or_told(unseen.contains(*kinds.begin()));
-            // What lies in a folder is told by the file that the folder goes with.
+            // For a file in a folder, the file that the folder belongs to is reported.
             EXPECT_TRUE(*kinds.begin() != "copy" || !once || is_told(path_file_name(first)) ||
                         told_text().size() > clean_told_ || !saved);
             const bool is_lost = std::string_view(*kinds.begin()).ends_with("write");
@@ -81,8 +81,8 @@ protected:
                     << path;
         });
     }
-    // A companion that cannot be seen counts as absent. What a map shows that could not be read, or seen,
-    // stays where it was; the map is told, by its file or its caption.
+    // A companion that cannot be seen counts as missing. Files of a map's scene that could not be read or
+    // seen stay where they were; the map is reported by its file or caption.
     void expect_all_there_or_told(bool is_unseen) const {
         expect_there_or_told([this](const wide_string& path, const wide_string&) {
             const bool is_map_told = is_told(u"._sn\n") || is_told(u"Overview map");
@@ -103,15 +103,15 @@ private:
     size_t clean_told_ = 0;
 };
 
-TEST_P(every_fault, leaves_the_source_whole_and_tells_what_is_missing) {
+TEST_P(every_fault, leaves_the_source_whole_and_reports_what_is_missing) {
     size_t tried = 0;
     for (const char* const call : faulty_system::calls) tried += strike_run({call}, true);
     torture::count("faults", tried);
 }
 
-// A run that is stopped when all is written, and is to erase it; what still stands is told, by itself or by
-// the folder that it is in, or by what is in it.
-TEST_P(every_fault, of_an_erasure_is_told_by_what_still_stands) {
+// A run is stopped when everything is written, and erases it. A file that still exists is reported by its own
+// path, that of its folder, or that of a file in it.
+TEST_P(every_fault, of_an_erasure_reports_what_still_exists) {
     size_t tried = 0;
     script.stop_at_poll = polls_;
     for (const char* const call : {"delete", "remove folder"})
@@ -134,7 +134,7 @@ TEST_P(every_fault, of_an_erasure_is_told_by_what_still_stands) {
     torture::count("faults of an erasure", tried);
 }
 
-// A name that cannot be asked for counts as spelled right.
+// A name that cannot be looked up counts as spelled correctly.
 TEST_P(every_fault, of_a_case_check_leaves_all_as_it_was) {
     const wide_string text = u"N:\\out\\case.txt";
     strike({"name"}, true, {}, [&](faulty_system& faults) {
@@ -147,8 +147,8 @@ TEST_P(every_fault, of_a_case_check_leaves_all_as_it_was) {
     });
 }
 
-// It is that of the target.
-TEST_P(every_fault, of_a_full_disk_is_told_wherever_it_begins) {
+// The disk is that of the target.
+TEST_P(every_fault, of_a_full_disk_is_reported_wherever_it_begins) {
     torture::count("full disks", strike_run(faulty_system::disk_full, false, u"N:"));
 }
 
@@ -164,7 +164,7 @@ protected:
     disturbed_runs() { torture::write_generated_area(source, 100, write); }
 };
 
-// Takes the source of every third copy away right before it is made.
+// Removes the source of every third copy right before it is made.
 struct thief final : forwarding_system {
     platform::outcome copy_file(const wide_string& from, const wide_string& to, bool replace) override {
         if (++count % 3 == 0) {
@@ -189,7 +189,7 @@ TEST_F(disturbed_runs, sources_that_vanish_one_by_one_are_each_named) {
             << platform::to_utf8(path);
 }
 
-TEST_F(disturbed_runs, sources_that_grow_or_shrink_meanwhile_are_copied_as_they_were_at_once_or_named) {
+TEST_F(disturbed_runs, sources_that_change_meanwhile_are_copied_whole_or_reported) {
     for (const bool grows : {true, false}) {
         const wide_string path = u"C:\\data\\a\\a.shp";
         const fs::path file = platform::native_path(path);

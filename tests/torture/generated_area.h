@@ -1,4 +1,4 @@
-// A project with families of files that share names and companions, over three folders of C:.
+// A project with families of files that share names and companions, in three folders of C:.
 #pragma once
 
 #include "tests/support/builder_run.h"
@@ -7,7 +7,7 @@
 
 namespace vs::project_resave::torture {
 
-// `bytes`: of each shape, raster and table, about.
+// `bytes` is the approximate size of each shape, raster and table.
 inline void write_generated_area(const wide_string& project, size_t bytes,
                                  const std::function<void(const wide_string&, std::string_view)>& write) {
     project_builder made;
@@ -31,10 +31,10 @@ inline void write_generated_area(const wide_string& project, size_t bytes,
     made.save(project);
 }
 
-// Runs into an empty folder, again and again.
+// Runs into an empty folder repeatedly.
 class runs : public host_fixture {
 protected:
-    // What a run opened and made in the host is closed and gone.
+    // Checks that everything that a run opened and created in the host is closed and destroyed.
     void expect_nothing_left() const {
         EXPECT_EQ(0U, script.open_windows);
         EXPECT_EQ(0U, vestra::living_objects());
@@ -46,7 +46,7 @@ protected:
         clear_output();
         vestra::shell::settings().refused_writes.clear();
     }
-    // All that a run tells, or the command after it.
+    // Returns everything that a run, or the command after it, reports.
     wide_string told_text() const {
         wide_string all;
         for (const fact& each : context->report.facts()) {
@@ -60,7 +60,7 @@ protected:
         return all;
     }
     bool is_told(wide_view what) const { return told_text().find(what) != wide_string::npos; }
-    // What the new project refers to and is not there, or not below it, with the caption of its owner.
+    // Returns the broken references of the new project by path, with the caption of their element.
     std::map<wide_string, wide_string> astray() const {
         vestra::project project;
         read_back(output, project);
@@ -70,8 +70,8 @@ protected:
                 found.emplace(each.path, each.owner);
         return found;
     }
-    // Into an empty folder, from the load to the end, on these files; false if it was not loaded. Each
-    // file that the run counts as copied is as its source.
+    // Loads and runs into an empty folder on `files`. Returns false if the project was not loaded. Checks
+    // that each file that the run counts as copied equals its source.
     bool run(platform::system& files = platform::current_system()) {
         clear();
         script.events.clear();
@@ -86,7 +86,8 @@ protected:
         }
         return loaded;
     }
-    // What the new project refers to is there, or told by its name or that of its owner, or `excused`.
+    // Checks that every reference of the new project exists, is reported by its name or that of its element,
+    // or is `excused`.
     void expect_there_or_told(
         const std::function<bool(const wide_string& path, const wide_string& owner)>& excused) const {
         for (const auto& [path, owner] : astray())
@@ -94,20 +95,20 @@ protected:
                         names_original(told_text(), path))
                 << "refers to " << platform::to_utf8(path) << " of " << platform::to_utf8(owner);
     }
-    // The keys of all sources, or all copies, of a run.
+    // Returns the keys of all sources, or of all copies, of a run.
     std::set<wide_string> placed(wide_string placed_file::*path) const {
         std::set<wide_string> keys;
         for (const placed_file& file : context->placement.placed) keys.insert(path_key(file.*path));
         return keys;
     }
-    // Whether `told` names the file of which this is the copy; a file under a new name has its number last.
+    // True if `told` contains the original name of this copy; a new name has its number last.
     static bool names_original(const wide_string& told, wide_string path) {
         path = path_file_name(path);
         const size_t number = path.find(u"_(");
         if (number != wide_string::npos) path.erase(number, path.find(u')') + 1 - number);
         return told.find(path) != wide_string::npos;
     }
-    // By its own name, by that of a file of its stem, or of the folder it lies in.
+    // True if it contains its own name, that of a file with its stem, or that of its folder.
     static bool names_family(const wide_string& told, const wide_string& path) {
         const wide_string all = platform::folded(told), stem = platform::folded(path_stem(path));
         const wide_string folder = path_head(platform::folded(path));
@@ -117,7 +118,7 @@ protected:
         return false;
     }
 
-    // After a run, as libraries of the host keep files of their own open from then on.
+    // Counted after a run, because libraries of the host then keep some files open.
     open_descriptors before_run = descriptors();
 };
 

@@ -1,5 +1,5 @@
-// Captions, references and uuids of every shape through a whole run: it ends in order, or the project is
-// refused; what is written outside the new project's folder is on record, and what is missing is told.
+// Captions, references and uuids of every shape in a whole run: it ends normally, or the project is rejected.
+// Files outside the new project's folder are recorded, and what is missing is reported.
 #include <sstream>
 
 #include "tests/torture/generated_area.h"
@@ -32,8 +32,8 @@ std::string quoted(const std::string& text) {
     return result;
 }
 
-// An element of each kind that owns files; `caption` (#) is in all of them, each has its own uuid (%), the
-// scene that one ($), and `file` (~) stands in front of an extension.
+// An element of each kind that owns files. `caption` (#) is in all of them, each has its own uuid (%), the
+// scene has that one ($), and `file` (~) is before an extension.
 std::string project_text(const std::string& caption, const std::string& file, const std::string& uuid) {
     static constexpr std::string_view pattern = R"(
 <project version="1"><scenes2d><scene uuid="$"#><layers>
@@ -72,7 +72,7 @@ constexpr const char* extensions[] = {".shp",    ".shx",  ".dbf",  "j.dbf",   ".
                                       "w/1.las", "g.tos", "v.gml", "d.tld",   "3.tos", ".sgy", "t.dbf",
                                       "o.tos",   ".png",  "l.tif", "d.pgrid", ".fmt",  "s.wel"};
 
-// Written out in full, as a file list of the system would have it.
+// True if the path is absolute, as in a file list of the operating system.
 bool is_written_out(const wide_string& path) {
     return path.size() > 3 && !path_root(path).empty() && path_normalise(path) == path &&
            path.find(u"\\..") == wide_string::npos;
@@ -80,7 +80,7 @@ bool is_written_out(const wide_string& path) {
 
 class odd_texts_run : public torture::runs, public testing::WithParamInterface<uint32_t> {
 protected:
-    // Makes a file that a project at C:\prj refers to by this text, if the disk of C: or D: can hold its
+    // Creates a file that a project at C:\prj refers to by this text, if the disk of C: or D: allows its
     // name.
     void make_file(const std::string& text, const std::string& bytes) {
         const wide_string path = path_resolve(source, platform::from_utf8(text));
@@ -125,15 +125,15 @@ protected:
         clear();
         EXPECT_EQ("", difference(before, everything()));
     }
-    // The page of a layout is no file, and wells have no part in a folder for each scene.
+    // The page of a layout has no file to copy, and wells are not part of a folder for each scene.
     void expect_all_there_or_told() const {
         expect_there_or_told([&](const wide_string& path, const wide_string& owner) {
             return owner == u"Page" || (GetParam() == folder_per_scene && path.ends_with(u"w.wel")) ||
                    (path_exists(path) && placed(&placed_file::new_path).contains(path_key(path)));
         });
     }
-    // What has its place outside is on record, from which the command tells of it, and came there by a text
-    // that is not written out in full, or as a member that climbs.
+    // Files outside the folder must be recorded, so that the command reports them, and result from a path
+    // that is not absolute or from a member that climbs.
     void erase_outside() {
         const wide_string below = platform::folded(u"N:\\out\\");
         for (const placed_file& file : context->placement.placed) {
@@ -145,7 +145,7 @@ protected:
         }
         for (const wide_string& folder : context->placement.created_folders) remove_tree(folder);
     }
-    // The drives, and what lies beside them.
+    // The drives and everything next to them.
     tree_state everything() const {
         tree_state all = sources();
         all.merge(state_of(native("c").parent_path()));

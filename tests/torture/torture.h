@@ -1,8 +1,8 @@
-// How much of the long tests is run, and what they counted.
+// How much of the long tests is run, and their counts.
 //
-//     TORTURE_FAULTS=N   so many faults of each kind and case, spread over the run; "all": each of them
-//     TORTURE_KILLS=N    so many kills
-//     TORTURE_SEED=N     of what is random; it is printed
+//     TORTURE_FAULTS=N   number of faults of each kind and case, spread over the run; "all" for every one
+//     TORTURE_KILLS=N    number of kills
+//     TORTURE_SEED=N     seed of the random numbers, which is printed
 #pragma once
 
 #include <cstdint>
@@ -20,7 +20,7 @@ inline size_t number_of(const char* variable, size_t otherwise) {
     return std::string_view(value) == "all" ? SIZE_MAX : std::strtoull(value, nullptr, 10);
 }
 
-// From one number of `all` to the next, so that about as many are met as are wanted.
+// Returns the step from one number of `all` to the next, so that about the requested number is used.
 inline size_t stride(size_t all) {
     const size_t wanted = number_of("TORTURE_FAULTS", 2);
     return wanted >= all ? 1 : (all + wanted - 1) / wanted;
@@ -32,14 +32,14 @@ inline std::mt19937_64 seeded(const char* what) {
     return std::mt19937_64(seed);
 }
 
-// Of this process, where the system shows them: files that are open, and folders that are only held, of which
-// a disk holds four at most, so that their names can be looked up.
+// Open files of this process, where the system shows them, and folders that are only held open, of which a
+// disk holds at most four to look up their names.
 struct open_descriptors {
     size_t files = 0, folders = 0;
 };
 open_descriptors descriptors();
 
-// A line that tools/torture adds up.
+// Prints a line that tools/torture adds up.
 inline void count(const char* what, size_t number) { std::printf("torture: %s %zu\n", what, number); }
 
 } // namespace vs::project_resave::torture

@@ -1,4 +1,4 @@
-// What a person is shown: the naming dialog as a host meets it, through its service and the tables of its
+// What the user sees: the naming dialog as a host meets it, through its service and the tables of its
 // elements, and the message at the end of a run.
 #include "framework/resources/strings.h"
 #include "tests/support/host_fixture.h"
@@ -20,7 +20,7 @@ protected:
 
 const wide_string name_exists = u"File with such name already exists. Please set new file name.";
 
-TEST_F(dialogs, the_naming_dialog_shows_what_collides_and_empties_its_field_of_a_name_that_exists) {
+TEST_F(dialogs, the_naming_dialog_shows_the_conflict_and_clears_a_taken_name) {
     struct counter final : element_observer_impl {
         void on_changed(element) override { ++count; }
         int count = 0;
@@ -70,8 +70,8 @@ TEST_F(dialogs, only_a_path_that_was_accepted_and_is_free_reaches_the_run) {
     }
 }
 
-// The host never brought a runner, or lets the bundle's service go before it.
-TEST(dialogs_of_a_poor_host, without_a_service_or_a_runner_nothing_is_shown_and_nothing_accepted) {
+// The host never provided a runner, or unloads the bundle's service first.
+TEST(dialogs_of_a_poor_host, without_a_service_or_a_runner_no_dialog_is_shown_or_accepted) {
     scripted_dialog_runner runner([](const element_view&) { return 1; });
     const auto is_accepted = [] { return show_unique_name_dialog(u"C:\\a.shp", u"C:\\b.shp").accepted; };
     EXPECT_FALSE(is_accepted());
@@ -88,7 +88,7 @@ TEST(dialogs_of_a_poor_host, without_a_service_or_a_runner_nothing_is_shown_and_
 
 using final_message = host_fixture;
 
-TEST_F(final_message, the_worst_comes_first_and_everything_that_went_wrong_is_named_under_its_list) {
+TEST_F(final_message, the_worst_comes_first_and_every_problem_is_in_its_list) {
     run_report plain, full, one;
     plain.saved = full.saved = one.saved = true;
     for (run_report* report : {&full, &one}) report->add(fact_kind::selection_not_settled, {});

@@ -1,5 +1,5 @@
-// The selection panel, driven as a host drives it: what no session of the whole window shows, which are in
-// tests/apps/sessions.
+// The selection panel, driven as a host drives it: behaviour that the sessions of the whole window in
+// tests/apps/sessions do not show.
 #include "host/toolkit/outline.h"
 #include "platform/forwarding_system.h"
 #include "reference_host/api/handles.h"
@@ -12,7 +12,7 @@ namespace {
 
 using namespace vestra::toolkit;
 
-// Over a project of two scenes, the first in groups.
+// A project of two scenes; the first one has groups.
 class select_panel : public builder_run {
 protected:
     select_panel() {
@@ -25,7 +25,7 @@ protected:
         area.groups->add_layer(*area.at(2));
         builder.scene_2d(u"Plan").layer("a", u"Walls").save(source);
     }
-    // Fills the panel again, after a change to the loaded project that no file could hold.
+    // Fills the panel again after a change to the loaded project that no file could contain.
     void fill() {
         script.events.clear();
         panel.set_project(nullptr);
@@ -36,7 +36,7 @@ protected:
         name_elements(view);
         return view;
     }
-    // The rows of a list.
+    // Returns the rows of a list.
     std::string rows(const std::string& list) {
         const element_view view = look();
         const std::string text = described(*all_named(view, list).at(0));
@@ -57,7 +57,7 @@ private:
     std::shared_ptr<void> refill_;
 };
 
-TEST_F(select_panel, layers_stand_where_the_user_sees_them_in_the_host) {
+TEST_F(select_panel, layers_are_in_the_order_that_the_host_shows) {
     vestra::shell::settings().invert_layers = true;
     load();
     EXPECT_EQ("  scn2d/list2/1 [x] Sites\n  scn2d/list2/2 [x] Base\n"
@@ -79,7 +79,7 @@ TEST_F(select_panel, what_is_in_the_project_twice_is_left_out_in_both_places) {
         << "two rows, of which only one was clicked";
 }
 
-// What another bundle adds.
+// An element that another bundle adds.
 struct listed final : referent<resave_service_impl> {
     listed(bool under_own_heading, std::vector<vestra::uuid> items)
         : with_heading(under_own_heading), ids(std::move(items)) {}
@@ -94,7 +94,7 @@ struct listed final : referent<resave_service_impl> {
     std::vector<vestra::uuid> ids;
 };
 
-TEST_F(select_panel, items_of_other_bundles_stand_under_the_headings_these_want) {
+TEST_F(select_panel, items_of_other_bundles_are_under_the_headings_they_ask_for) {
     services.clear();
     const auto id = [&](const wide_string& caption) { return *vestra::uuid::parse(builder.id(caption)); };
     for (auto* each : {new listed(true, {id(u"1"), vestra::uuid(), id(u"2")}), new listed(false, {id(u"3")})})
@@ -107,8 +107,8 @@ TEST_F(select_panel, items_of_other_bundles_stand_under_the_headings_these_want)
     EXPECT_TRUE(is_selected(u"1") && !is_selected(u"2"));
 }
 
-TEST_F(select_panel, the_size_is_told_in_the_unit_that_fits_it) {
-    // Every file has the size that the row wants.
+TEST_F(select_panel, the_size_is_shown_in_the_unit_that_fits_it) {
+    // Reports the size of the current row for every file.
     struct told_sizes final : forwarding_system {
         uint64_t bytes = 0;
         platform::entry_status status_of(const wide_string& path) override {
@@ -133,7 +133,7 @@ TEST_F(select_panel, the_size_is_told_in_the_unit_that_fits_it) {
     }
 }
 
-TEST_F(select_panel, an_outline_has_its_host_ask_again_after_everything_that_changes_its_rows) {
+TEST_F(select_panel, an_outline_notifies_its_host_of_every_change_of_its_rows) {
     struct counter final : outline_events_impl {
         void reset_rows() override { ++told; }
         void reset_columns() override {}

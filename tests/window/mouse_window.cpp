@@ -17,7 +17,7 @@ using toolkit::row_view;
 
 namespace {
 
-// On a page that is not shown there is nothing to click at.
+// An element on a hidden page cannot be clicked.
 void click_at(QWidget& widget, const QPoint& point, Qt::KeyboardModifiers keys = Qt::NoModifier) {
     QTest::mouseClick(&widget, Qt::LeftButton, keys, point);
 }
@@ -93,7 +93,7 @@ bool mouse_window::check_row(const element_view& outline, const row_view& row, b
     const QModelIndex index = index_of(rows, row);
     const Qt::CheckState wanted = on ? Qt::Checked : Qt::Unchecked;
     tree.scrollTo(index);
-    // A click turns a mark over, so one that is as wanted is told without it.
+    // A click toggles a mark, so one that is right already is sent without a click.
     const bool turns = (row.check == mark::on) != on;
     if (tree.isVisible() && turns)
         click_at(*tree.viewport(), tree.mark_rect(index).center());

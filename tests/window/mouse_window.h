@@ -1,5 +1,5 @@
-// A tool's window as a person has it: events go to its widgets, by mouse and key where the widget is in
-// sight, and what is looked at is read back from them.
+// A tool's window as a user has it: events are sent to visible widgets by mouse and key, and the state is
+// read back from the widgets.
 #pragma once
 
 #include "reference_host/qt/tool_view.h"
@@ -20,7 +20,7 @@ public:
     bool highlight_row(const toolkit::element_view& outline, const toolkit::row_view& row, bool on) override;
     bool click_tool(const toolkit::element_view& tool) override { return click(tool); }
 
-    // The widget, or the first one inside it, of a class; null if there is none.
+    // Returns the widget, or the first one inside it, of a class; null if there is none.
     template <class Widget>
     Widget* widget(const toolkit::element_view& view) const {
         const element_widget* const found = shown_.widgets().find(view.live);

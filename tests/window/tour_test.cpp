@@ -1,5 +1,5 @@
-// A tour through the window, from the first look to the copy. Where the variable
-// WINDOW_IMAGES names a folder, what the screen shows at each step is kept there.
+// A tour through the window, from opening it to the finished copy. If WINDOW_IMAGES names a folder, pictures
+// of each step are saved there.
 #include <QApplication>
 #include <QColor>
 #include <QImage>
@@ -24,7 +24,7 @@
 namespace vestra::window {
 namespace {
 
-// The same in 256 colours: those that are seen most, with a preference for the bright ones.
+// Returns the picture in 256 colours: the most frequent ones, preferring bright ones.
 QImage small(const QImage& seen) {
     std::map<QRgb, int> counts;
     for (int y = 0; y < seen.height(); ++y)
@@ -41,7 +41,7 @@ QImage small(const QImage& seen) {
 
 class window_tour : public window_test, public testing::WithParamInterface<const char*> {
 protected:
-    // Looks at the window with what stands above it; nothing may be blank.
+    // Takes a picture of the window and those above it; none may be blank.
     void look(const std::string& name) {
         QTest::qWait(50); // until the screen has been painted
         QWidget& top = window->results().isVisible() ? static_cast<QWidget&>(window->results()) : *window;
@@ -60,7 +60,7 @@ protected:
         const std::string file = std::string(folder) + "/" + name + "-" + GetParam() + ".png";
         small(seen).save(QString::fromStdString(file), "PNG", 0);
     }
-    // No window manager frames what stands above the window.
+    // Draws frames around the windows above the main one, because there is no window manager.
     static void draw_frames(QImage& seen, const QWidget& below) {
         QPainter pen(&seen);
         pen.setPen(QPen(Qt::darkGray, 2));
@@ -68,12 +68,12 @@ protected:
             if (each != &below && each->isVisible() && each->windowType() == Qt::Dialog)
                 pen.drawRect(each->frameGeometry().translated(-below.frameGeometry().topLeft()));
     }
-    // Turns to a page, by a click on its tab.
+    // Switches to a page by a click on its tab.
     void turn_to(const std::string& page) {
         looked();
         turn_to(view(), page);
     }
-    // Whether the command finds that a project stands alone.
+    // True if the command finds the project self-contained.
     bool verifies(const std::string& project) const {
         const auto drive = [this](char letter) {
             return std::string(" --drive ") + letter + "=" + drives.root(letter).string();
@@ -150,7 +150,7 @@ TEST_P(window_tour, from_the_first_look_to_what_was_left_at_home) {
         << "these, and the lost one that another layer refers to";
 }
 
-TEST_P(window_tour, what_is_left_ticked_is_copied_and_stands_alone) {
+TEST_P(window_tour, what_is_left_ticked_is_copied_and_self_contained) {
     stored.set_language(GetParam());
     vs::project_resave::project_builder project;
     for (const char16_t* name : {u"relief", u"slopes"})

@@ -12,7 +12,7 @@
 #include "reference_host/shell/front_end.h"
 #include "reference_host/toolkit/element_description.h"
 
-// What these libraries keep to the end of the program is no leak of ours.
+// Memory that these libraries keep until the program exits is not a leak of this program.
 extern "C" const char* __lsan_default_suppressions(); // NOLINT(bugprone-reserved-identifier): the sanitizer's
 const char* __lsan_default_suppressions() {           // NOLINT(bugprone-reserved-identifier)
     return "leak:libfontconfig\nleak:libQt6\nleak:libGL\nleak:libdbus\n";

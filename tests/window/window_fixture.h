@@ -1,5 +1,5 @@
-// The program's window on the sample project, on a screen that nobody sees, with a person who answers its
-// boxes. At the end of each test nothing of the host is left.
+// The program's window with the sample project on an invisible screen, with a simulated user who answers its
+// boxes. Each test ends by checking that no host object is left.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -18,7 +18,7 @@ namespace vestra::window {
 
 using toolkit::element_view;
 
-// The first line in which two texts differ, from either; empty if they are equal.
+// Returns the first line in which two texts differ, from either; empty if they are equal.
 std::string first_difference(const std::string& wanted, const std::string& found);
 
 class window_test : public testing::Test {
@@ -26,32 +26,32 @@ protected:
     window_test();
     ~window_test() override;
 
-    // Puts the sample project on C: and D:.
+    // Copies the sample project to C: and D:.
     void copy_sample();
-    // Writes a file with the folders it needs.
+    // Writes a file and its folders.
     void write(const wide_string& path) const;
     void open();
     void open_on_sample();
     void close();
     qt::mouse_window mouse() { return qt::mouse_window(window->tool()); }
 
-    // The element of this name as it is now; good until the next look.
+    // Returns the element with this name in its current state; valid until the next look.
     const element_view& at(const std::string& name);
-    // Clicks at the mark of a row: "scn2d/list1/2".
+    // Clicks the mark of a row: "scn2d/list1/2".
     void check_row(const std::string& path, bool on);
     void enter(const std::string& name, const wide_string& text);
     void run() { mouse().press(*toolkit::find(looked(), u"button_box"), 2); }
-    // Reads the widgets; the second tells what was read last.
+    // `looked` reads the widgets; the other returns what was read last.
     const element_view& looked();
     const element_view& view() const { return view_; }
-    // What stands in the widgets, against what the elements answer.
+    // Compares the content of the widgets with that of the elements.
     void expect_equal_to_walker(const std::string& after);
 
-    // Answers a question, or anything that is to be closed with OK, by the button that is clicked.
+    // Answers a question, or a box with OK, by the button to click.
     std::function<QMessageBox::StandardButton(const QMessageBox& box)> on_box;
-    // Answers any other window that waits for it.
+    // Answers any other window that waits for an answer.
     std::function<void(QDialog& dialog)> on_dialog;
-    // Called again and again while events are handled.
+    // Called repeatedly while events are handled.
     std::function<void()> on_idle;
     std::vector<QString> boxes; // texts of those that were answered
 

@@ -32,7 +32,7 @@ namespace {
 namespace platform = vs::project_resave::platform;
 using vs::project_resave::committed;
 
-// The lines of a page's session: what is told, and of these what is typed.
+// The lines of a page's session: the commands and their output.
 struct told_session {
     explicit told_session(const char* page) {
         std::istringstream text(committed(page));
@@ -50,12 +50,12 @@ struct told_session {
     std::vector<std::string> typed;
 };
 
-// Without what passes by on a screen.
+// Returns the output without progress lines.
 std::string lasting(const std::string& told) {
     return std::regex_replace(told, std::regex("( *[0-9]+ % [^\n]*|Project opens, wait)\n"), "");
 }
 
-TEST_F(window_test, each_session_of_a_page_goes_the_same_way_by_mouse_as_on_the_terminal) {
+TEST_F(window_test, each_session_of_a_page_is_the_same_by_mouse) {
     copy_sample();
     std::filesystem::copy(VS_SOURCE_DIR "/tests/apps/sessions/maps", drives.root('C') / "maps");
     for (const char* page : {"docs/panel.md", "tests/apps/sessions/marks.md", "tests/apps/sessions/paths.md",
@@ -87,7 +87,7 @@ TEST_F(window_test, each_session_of_a_page_goes_the_same_way_by_mouse_as_on_the_
             }
         }
         close();
-        out += "closed, nothing left\n";
+        out += "closed, no objects left\n";
         EXPECT_EQ("", first_difference(lasting(session.told), lasting(out))) << page;
     }
 }
@@ -101,7 +101,7 @@ QStringList column(outcome_view& results, int column) {
     return all;
 }
 
-TEST_F(window_test, what_is_tried_out_is_what_the_run_does_and_is_shown_with_what_was_lost) {
+TEST_F(window_test, a_dry_run_shows_what_the_run_does_and_what_was_lost) {
     open_on_sample();
     check_row("scn2d/list1/Geology", false);
     enter("prj/field1", u"N:\\out\\new._vp");
@@ -130,7 +130,7 @@ TEST_F(window_test, what_is_tried_out_is_what_the_run_does_and_is_shown_with_wha
     EXPECT_TRUE(results.summary().startsWith("saved with problems: ")) << results.summary().toStdString();
     EXPECT_TRUE(results.isVisible());
 
-    // Every row is about something that is there, and a problem says what it is.
+    // Every row refers to an existing file, and a problem has a reason.
     const qsizetype all = results.table().model()->rowCount();
     QTest::mouseClick(&results.only_problems(), Qt::LeftButton, {},
                       {8, results.only_problems().height() / 2});
@@ -151,7 +151,7 @@ TEST_F(window_test, what_is_tried_out_is_what_the_run_does_and_is_shown_with_wha
     EXPECT_TRUE(results.summary().contains("references")) << results.summary().toStdString();
 }
 
-TEST_F(window_test, a_stopped_run_asks_what_becomes_of_its_files_and_a_closed_window_stops_it) {
+TEST_F(window_test, a_stopped_run_asks_about_its_files_and_closing_stops_it) {
     for (const bool closes : {false, true}) {
         open_on_sample();
         enter("prj/field1", u"N:\\out\\new._vp");
@@ -211,7 +211,7 @@ TEST_F(window_test, what_a_stopped_run_left_is_listed_and_the_next_try_is_whole)
     close();
 }
 
-TEST_F(window_test, a_colliding_name_is_asked_for_and_a_long_report_scrolls_each_in_a_window_of_its_own) {
+TEST_F(window_test, a_taken_name_is_asked_for_and_a_long_report_scrolls) {
     vs::project_resave::project_builder project;
     for (const char16_t* folder : {u"C:\\a", u"C:\\b"}) write(folder + wide_string(u"\\relief.tif"));
     project.scene_2d(u"Area").layer("rtr_lr2d", u"East", u"C:\\a\\relief.tif");
@@ -242,7 +242,7 @@ TEST_F(window_test, a_colliding_name_is_asked_for_and_a_long_report_scrolls_each
     EXPECT_TRUE(std::filesystem::exists(drives.root('N') / "out/rtr/west.tif"));
 }
 
-TEST_F(window_test, keys_alone_reach_every_widget_and_tick_rows_and_each_says_what_it_is) {
+TEST_F(window_test, keys_reach_every_widget_and_each_has_an_accessible_name) {
     open_on_sample();
     check_row("scn2d/list1/1", true);
     auto& tree = *mouse().widget<qt::outline_tree>(at("scn2d/list1"));
@@ -269,7 +269,7 @@ TEST_F(window_test, keys_alone_reach_every_widget_and_tick_rows_and_each_says_wh
     }
 }
 
-TEST_F(window_test, the_picture_of_a_tool_is_masked_and_the_same_pixel_by_pixel_on_a_dense_screen) {
+TEST_F(window_test, a_tool_picture_is_masked_and_sharp_on_a_dense_screen) {
     open();
     const QIcon icon = mouse().widget<QToolButton>(at("scn2d/tool4"))->icon();
     const QSize size = icon.availableSizes().front();
@@ -308,7 +308,7 @@ TEST_F(window_test, a_project_that_is_dropped_on_the_window_is_opened) {
     EXPECT_FALSE(wrong.isAccepted()) << "the project that is open stays";
 }
 
-TEST_F(window_test, language_drives_and_recent_projects_stay_and_change_while_the_window_stands) {
+TEST_F(window_test, language_drives_and_recent_projects_are_stored) {
     open_on_sample();
     enter("prj/field1", u"N:\\out\\new._vp");
     mouse().set_check(at("prj/radio3"), true);
@@ -329,7 +329,7 @@ TEST_F(window_test, language_drives_and_recent_projects_stay_and_change_while_th
               stored.recent());
 }
 
-TEST_F(window_test, a_hundred_thousand_layers_are_shown_and_ticked_as_fast_as_the_elements_answer) {
+TEST_F(window_test, a_hundred_thousand_layers_are_shown_without_delay) {
     vs::project_resave::project_builder project;
     project.scene_2d(u"Large");
     for (int layer = 0; layer < 100000; ++layer) project.layer("a", u"Layer");

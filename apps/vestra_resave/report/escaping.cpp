@@ -4,7 +4,7 @@ namespace vestra::command {
 
 namespace {
 
-// The length of the character at this place that a page must not have; 0 if it may have it.
+// Returns the length of a character that must not be in a page; 0 if the character is allowed.
 size_t unwanted_at(std::string_view text, size_t at) {
     const auto byte = static_cast<unsigned char>(text[at]);
     if (byte == 0x7F || (byte < ' ' && byte != '\n' && byte != '\t')) return 1;

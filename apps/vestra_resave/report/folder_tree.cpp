@@ -1,3 +1,4 @@
+// Sums up files by folder and prints the folders as nested HTML lists.
 #include "apps/vestra_resave/report/folder_tree.h"
 
 #include <algorithm>
@@ -17,9 +18,9 @@ namespace {
 
 constexpr std::string_view separators = "\\/";
 constexpr size_t most_shown = 2000; // folders of one tree
-constexpr size_t deepest = 60;      // what is deeper counts in the folder at this depth
+constexpr size_t deepest = 60;      // deeper files count in their parent at this depth
 
-// Names that have a "\" where "/" separates are rare, and are split like the others.
+// A "\" in a name on a system that separates with "/" is rare; such a name is split too.
 size_t end_of_piece(const std::string& path, size_t from) {
     const size_t end = path.find_first_of(separators, from);
     return end == std::string::npos ? path.size() : end + 1;
@@ -70,7 +71,7 @@ void folder_tree::add(const std::string& folder, uint64_t bytes, bool is_problem
         node.problems += is_problem ? 1 : 0;
         if (from >= folder.size() || depth == deepest) return;
         size_t end = end_of_piece(folder, from);
-        if (from == 0) // the beginning of a whole path: "/", or the two of a share
+        if (from == 0) // the start of an absolute path: "/", or the two separators of a share
             while (end < folder.size() && folder.find_first_not_of(separators) >= end)
                 end = end_of_piece(folder, end);
         const std::string path = folder.substr(0, end);
@@ -78,7 +79,7 @@ void folder_tree::add(const std::string& folder, uint64_t bytes, bool is_problem
         if (is_new) {
             const std::string name = folder.substr(from, end - from);
             node.inside.emplace(name, nodes_.size());
-            nodes_.push_back({name, path}); // `node` is gone
+            nodes_.push_back({name, path}); // `node` is invalid after this
         }
         number = row->second;
         from = end;

@@ -1,4 +1,4 @@
-// The folders of a page's files, before or after: as a list that files point into, and as a tree with sums.
+// The folders of a page's files, before or after: a list that file rows refer to, and a tree with sums.
 #pragma once
 
 #include <map>
@@ -13,39 +13,41 @@ namespace vestra::command {
 
 using vs::project_resave::wide_string;
 
-// The folders of files, each once, in the order in which they are met first.
+// The distinct folders of files, in the order of their first occurrence.
 class folder_list {
 public:
-    // Enters the folder of a file and returns its number.
+    // Adds the folder of a file and returns its index.
     size_t add(const wide_string& file);
-    // What all folders of the list are in; with its separator. Empty if they have nothing in common.
+    // Returns the common parent of all folders with its separator; empty if there is none.
     std::string common_root() const;
-    // The folders as the operating system names them, with a separator at the end, without `root` in front.
+    // Returns the folders in the form of the operating system with a separator at the end, without the
+    // leading `root`.
     std::vector<std::string> below(const std::string& root) const;
 
 private:
-    std::unordered_map<wide_string, size_t> numbers_; // by the folder as it is spelled
+    std::unordered_map<wide_string, size_t> numbers_; // by the folder as spelled
     std::vector<std::string> names_;
 };
 
-// A folder with what is in it and below it.
+// A folder with the sums of everything below it.
 struct folder_node {
-    std::string name; // the last piece of its path
+    std::string name; // the last part of its path
     std::string path; // as in the list; empty for the root
     size_t files = 0, problems = 0;
     uint64_t bytes = 0;
-    std::map<std::string, size_t> inside = {}; // numbers of nodes, by name; below the root also by whole path
+    std::map<std::string, size_t> inside = {}; // indexes of nodes by name; for the root also by absolute path
 };
 
+// A tree of folders with the number, size and problems of the files below each.
 class folder_tree {
 public:
-    // Counts a file of this folder, which has a separator at the end, in each folder that it is in.
+    // Counts a file of this folder, which ends with a separator, in the folder and all its parents.
     void add(const std::string& folder, uint64_t bytes, bool is_problem);
-    // The root is the first; each folder comes after the one that it is in.
+    // The root comes first; each folder comes after its parent.
     const std::vector<folder_node>& nodes() const { return nodes_; }
 
-    // As nested lists of HTML: the folder `root`, and then what is outside of it. Of very many folders those
-    // closest to the root are written, and how many there are more.
+    // Returns nested HTML lists: the folder `root`, followed by folders outside it. If there are too many,
+    // those closest to the root are listed with the number of the others.
     std::string html(const std::string& root) const;
 
 private:

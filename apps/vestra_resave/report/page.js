@@ -1,6 +1,6 @@
 "use strict";
-// Shows the files of the page's data block in a table that draws only the rows in sight, so that 100,000 of
-// them can be searched and sorted at once. Everything goes into the page as text, never as HTML.
+// Shows the files of the page's data block in a table that draws only the visible rows, so that 100,000 of
+// them can be searched and sorted quickly. All data is inserted as text, never as HTML.
 (() => {
 const data = JSON.parse(document.getElementById("data").textContent);
 const at = id => document.getElementById(id);
@@ -8,7 +8,7 @@ const [BEFORE, NAME, AFTER, NEW_NAME, BYTES, TYPE, STATE, ELEMENT, NOTE] = [0, 1
 const files = data.files;
 const texts = data.texts;
 
-// A number of these lists, or -1 for nothing.
+// An index into these lists, or -1 for none.
 const listed = (list, number) => number < 0 ? "" : list[number];
 const oldFolder = file => listed(data.before.folders, file[BEFORE]);
 const newFolder = file => listed(data.after.folders, file[AFTER]);
@@ -38,7 +38,7 @@ const columns = {
     element: file => listed(data.elements, file[ELEMENT]),
 };
 
-// The order of all files by one column, from the smallest; made when it is needed first.
+// The ascending order of all files by one column, computed on first use.
 const orders = {};
 function orderBy(column) {
     if (orders[column]) return orders[column];
@@ -59,8 +59,8 @@ function searchableTexts() {
 
 const wanted = {words: [], state: -1, type: -1, folder: null};
 const sorting = {column: "", isDown: false};
-let view = []; // the numbers of the files that are shown, in order
-let current = -1; // the row in view that the details are of
+let view = []; // indexes of the visible files, in order
+let current = -1; // the row in view whose details are shown
 
 function isInFolder(file) {
     const {side, path, isExact} = wanted.folder;
@@ -135,7 +135,7 @@ const rowHeight = () => parseFloat(getComputedStyle(at("table")).getPropertyValu
 function draw() {
     const scroller = at("scroller"), height = rowHeight(), more = 8;
     const first = Math.max(0, Math.floor(scroller.scrollTop / height) - more);
-    const room = parseFloat(getComputedStyle(scroller).maxHeight); // before there are rows it is not filled
+    const room = parseFloat(getComputedStyle(scroller).maxHeight); // the table has no rows yet
     const last = Math.min(view.length, Math.ceil((scroller.scrollTop + room) / height) + more);
     const rows = [space(first)];
     for (let index = first; index < last; ++index) rows.push(rowOf(index));
@@ -192,7 +192,7 @@ const steps = {
     Escape: () => { current = -1; draw(); showDetails(); },
 };
 
-// --- what is wanted
+// --- filters
 
 function showChips() {
     const chips = [];
@@ -212,7 +212,7 @@ function showChips() {
     at("chips").replaceChildren(...chips);
 }
 
-// In the other tree, the folders in which files of the chosen folder are.
+// Marks the folders in the other tree that contain files of the chosen folder.
 function markFolders() {
     const chosen = wanted.folder;
     const related = new Set();

@@ -1,3 +1,4 @@
+// Converts the facts of a page to JSON for its script and to SVG bars.
 #include "apps/vestra_resave/report/page_data.h"
 
 #include <algorithm>
@@ -17,10 +18,10 @@ using nlohmann::ordered_json;
 
 namespace {
 
-// Texts, each once, by their number.
+// A list of distinct texts, which are referred to by index.
 class numbered_texts {
 public:
-    // -1 for an empty text.
+    // Returns -1 for an empty text.
     int64_t add(const std::string& text) {
         if (text.empty()) return -1;
         const auto [row, is_new] = numbers_.try_emplace(text, texts_.size());
@@ -56,7 +57,7 @@ void put_largest_first(std::vector<sized_group>& groups) {
     std::ranges::stable_sort(groups, std::ranges::greater(), &sized_group::bytes);
 }
 
-// The texts that the script writes.
+// The texts that the script shows.
 ordered_json texts_of_script() {
     static constexpr struct {
         const char* key;
@@ -78,7 +79,7 @@ ordered_json units() {
     return all;
 }
 
-// Fills the lists into which the rows of the script's table point.
+// Fills the lists that the rows of the table refer to.
 class data_writer {
 public:
     explicit data_writer(const page_facts& facts) : facts_(facts) {
@@ -156,7 +157,7 @@ private:
     ordered_json rows_ = ordered_json::array();
 };
 
-// The end of a path tells more than its beginning.
+// The end of a path is more informative than its beginning.
 std::string shortened(const std::string& text, size_t most) {
     const wide_string wide = platform::from_utf8(text);
     return wide.size() <= most ? text : "…" + platform::to_utf8(wide.substr(wide.size() - most + 1));
@@ -170,7 +171,7 @@ std::string percent(uint64_t part, uint64_t whole) {
     return text.data();
 }
 
-// The largest ones, and all others as one more.
+// Returns the largest groups and combines the others into one.
 std::vector<sized_group> largest_of(const std::vector<sized_group>& groups) {
     constexpr size_t most = 10;
     if (groups.size() <= most) return groups;

@@ -1,4 +1,4 @@
-// The files of a page, as its script reads them and as its pictures and folders sum them up.
+// The files of a page: rows for its script, sums for its pictures and folder trees.
 #pragma once
 
 #include <string>
@@ -9,27 +9,29 @@
 
 namespace vestra::command {
 
-// A kind of files or a folder, with what it comes to.
+// The sums of a type of files or of a folder.
 struct sized_group {
     std::string name;
     uint64_t bytes = 0;
     size_t files = 0;
-    size_t number = 0;    // of a type, as the script has it
-    bool is_rest = false; // several that are shown as one
+    size_t number = 0;    // index of a type in the script's list
+    bool is_rest = false; // several groups combined
 };
 
+// Everything on a page that depends on the list of files.
 struct page_data {
     std::string json; // see page.js; not escaped yet
     std::string before_root, after_root;
     folder_tree before, after;
-    // Of the files that are in the new project, largest first.
+    // Files in the new project, largest first.
     std::vector<sized_group> types, folders;
 };
 
+// Computes the data of a page.
 page_data data_of(const page_facts& facts);
 
-// The largest of these as bars with their sizes, and the others as one, in SVG. `attribute` marks what a bar
-// stands for: "data-type" with the number, or "data-folder" with the name.
+// Returns the largest groups as bars with their sizes in SVG, and the others as one bar. `attribute`
+// identifies a bar: "data-type" with the index or "data-folder" with the name.
 std::string bars_of(const std::vector<sized_group>& groups, const std::string& attribute);
 
 } // namespace vestra::command

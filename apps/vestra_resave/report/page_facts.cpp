@@ -1,3 +1,4 @@
+// Collects the files, figures and problems that a page shows.
 #include "apps/vestra_resave/report/page_facts.h"
 
 #include <algorithm>
@@ -26,7 +27,7 @@ std::string note_of(const problem& found) {
     return words.what + (words.reason.empty() ? "" : ": " + words.reason);
 }
 
-// Puts each file into the list once, with the problem that is known of it.
+// Adds each file to the list once, with its problem if there is one.
 class file_list {
 public:
     explicit file_list(const std::vector<problem>& problems) {
@@ -47,7 +48,8 @@ public:
         files.push_back(std::move(file));
     }
 
-    // A file that a problem is about, unless it is there already; no link to a service and no folder.
+    // Adds the file of a problem unless it is in the list already. References to services and folders are
+    // skipped.
     void add(const problem& found, sentence state, wide_string page_file::*place) {
         if (native_form(found.path).empty() || !known_.insert(path_key(found.path)).second) return;
         if (platform::current_system().kind_of(found.path) == platform::entry_kind::folder) return;
@@ -63,7 +65,7 @@ private:
     std::unordered_set<wide_string> known_, targets_;          // path keys
 };
 
-// Folders as a disk that ignores letter case has them: the first spelling stays.
+// Merges folders that differ only in letter case: the first spelling is used.
 class folder_spellings {
 public:
     wide_string apply(const wide_string& path) { return folder(path_head(path)) + path_file_name(path); }
@@ -81,7 +83,7 @@ private:
     std::unordered_map<wide_string, wide_string> spelled_; // by path key
 };
 
-// Files that stayed where they were.
+// Files that were not copied.
 constexpr struct {
     std::string_view group;
     sentence state;
@@ -90,9 +92,9 @@ constexpr struct {
 
 std::vector<page_file> files_of(const ended_resave& ended) {
     const resave_report& report = ended.report;
-    std::unordered_map<wide_string, sentence> earlier; // what became of copies of an earlier run, by path key
+    std::unordered_map<wide_string, sentence> earlier; // fate of earlier copies, by path key
     for (const copied_file& each : report.taken_over)
-        earlier.emplace(path_key(each.target), sentence("taken over"));
+        earlier.emplace(path_key(each.target), sentence("already copied"));
     for (const copied_file& each : report.unchanged)
         earlier.emplace(path_key(each.target), sentence("unchanged"));
     for (const copied_file& each : report.replaced)
@@ -103,16 +105,16 @@ std::vector<page_file> files_of(const ended_resave& ended) {
         const element_name* const name = ended.names.find(source);
         list.add({source, target, bytes, state, name ? *name : element_name()});
     };
-    folder_spellings spellings; // of folders that a trial has not made
+    folder_spellings spellings; // of folders that do not exist, because a trial did not create them
     for (const resave_plan::file& each : ended.plan ? ended.plan->files : ended.files) {
         const auto row = earlier.find(path_key(each.target));
         sentence state = row == earlier.end() ? "copied" : row->second;
-        if (each.written) state = "written anew";
+        if (each.written) state = "rewritten";
         if (each.renamed) state = "renamed";
         add(each.source, ended.plan ? spellings.apply(each.target) : each.target, each.bytes, state);
     }
     for (const copied_file& each : report.taken_over)
-        add(each.source, each.target, each.bytes, sentence("taken over"));
+        add(each.source, each.target, each.bytes, sentence("already copied"));
     for (const copied_file& each : report.unchanged) add(each.source, each.target, each.bytes, "unchanged");
     for (const problem& each : report.problems)
         for (const auto& [group, state] : uncopied)
@@ -192,7 +194,7 @@ page_facts facts_of(const ended_verify& ended, const verify_request& request) {
     const verification& found = ended.found;
     page_facts facts;
     facts.title = "Verification";
-    facts.outcome = say_known(ended.outcome);
+    facts.outcome = outcome_text(ended);
     for (const auto* all : {&ended.problems, &found.astray, &found.differing})
         facts.problems.insert(facts.problems.end(), all->begin(), all->end());
     facts.tone = found.stopped            ? page_tone::bad
@@ -209,7 +211,7 @@ page_facts facts_of(const ended_verify& ended, const verify_request& request) {
                      {std::to_string(found.astray.size()), say("broken references"), "astray"}};
     if (request.manifest)
         facts.figures.push_back(
-            {std::to_string(found.differing.size()), say("not as in the manifest"), "differing"});
+            {std::to_string(found.differing.size()), say("different from the manifest"), "differing"});
     facts.choices = {{"--elsewhere", request.elsewhere ? "yes" : "no"},
                      {"--manifest", request.manifest ? "yes" : "no"}};
     return facts;

@@ -1,4 +1,4 @@
-// What the page about a resave or a verification shows, taken from what the command found out.
+// The content of a page about a resave or a verification, collected from the command's results.
 #pragma once
 
 #include <optional>
@@ -12,38 +12,41 @@
 
 namespace vestra::command {
 
-// A file with what became of it.
+// A file and what became of it.
 struct page_file {
-    wide_string source;            // empty for one that was not copied from anything
-    wide_string target;            // empty for one that is not in the new project
-    std::optional<uint64_t> bytes; // nothing where it is unknown
+    wide_string source;            // empty if it was not copied from another file
+    wide_string target;            // empty if it is not in the new project
+    std::optional<uint64_t> bytes; // no value if unknown
     sentence state;
-    vs::project_resave::element_name element = {}; // all empty where it belongs to none
+    vs::project_resave::element_name element = {}; // all empty if it belongs to no element
     std::string note = {};                         // why it is a problem; empty if it is none
 };
 
+// One number of the summary with its label.
 struct page_figure {
     std::string value, label;
-    std::string group = {}; // of the problems that it counts, if it counts problems
+    std::string group = {}; // of the problems that it counts; empty if it counts something else
 };
 
 enum class page_tone { good, warning, bad };
 
+// Everything that a page shows.
 struct page_facts {
     sentence title; // what was done
     std::string outcome;
     page_tone tone = page_tone::good;
-    wide_string project, new_project; // the latter is empty for a verification
+    wide_string project, new_project; // new_project is empty for a verification
     std::vector<page_figure> figures;
-    std::vector<problem> problems;                            // notices among them
+    std::vector<problem> problems;                            // includes notices
     std::vector<page_file> files;                             // each once
     std::vector<std::pair<std::string, std::string>> choices; // options with their values
 };
 
+// Collects the content of a page from the result of a resave or a verification.
 page_facts facts_of(const ended_resave& ended, const resave_request& request);
 page_facts facts_of(const ended_verify& ended, const verify_request& request);
 
-// The group in which a problem is shown: the key of its count in the summary, or of its kind.
+// Returns the group that shows a problem: the key of its count in the summary, or of its kind.
 std::string group_of(const problem& found);
 
 } // namespace vestra::command

@@ -1,3 +1,4 @@
+// Writes the page, after checking that it does not replace or pose as a file of the project.
 #include "apps/vestra_resave/report/page_file.h"
 
 #include <algorithm>
@@ -38,13 +39,14 @@ bool is_in_the_way(const wide_string& path, const page_facts& facts) {
                                [&](const problem& each) { return is_it(each.path) || is_it(each.new_path); });
 }
 
-// True if the page has the name of the file up to a dot, so that it would pass for a file of its data set.
+// True if the page has the same name as the file up to a dot, so that it would look like a part of its data
+// set.
 bool is_named_as(const wide_string& path, const wide_string& file) {
     return path_key(path_file_name(path)).starts_with(path_key(path_stem(file)) + u'.') &&
            share_folder(path, file);
 }
 
-constexpr sentence passes_for_data = "it would pass for a file of the data set next to it";
+constexpr sentence passes_for_data = "it would look like a file of the data set next to it";
 
 problem not_created(const wide_string& path, const wide_string& reason) {
     return {own_kind::not_created, {}, {}, path, reason};
@@ -58,12 +60,13 @@ std::optional<refusal> refuse_page(const std::string& typed, project_context& co
     const wide_string path = platform::drive_path(typed), folder = path_head(path);
     const wide_string extension = platform::folded(path_extension(path));
     if (extension != u".html" && extension != u".htm")
-        return refused(path, say("is no name of a page: it must end in %1", {".html"}));
+        return refused(path, say("is not a valid report name: it must end in %1", {".html"}));
     const bool is_made =
         !new_project.empty() && path_key(path_head(new_project)).starts_with(path_key(folder));
-    if (!is_made && !path_exists(folder)) return refused(path, say("the folder for the page does not exist"));
+    if (!is_made && !path_exists(folder))
+        return refused(path, say("the folder for the report does not exist"));
     if (!new_project.empty() && is_same_file(path, new_project))
-        return refused(path, say("the new project has this name, too"));
+        return refused(path, say("the new project has the same name"));
     if (auto early = refuse_project_file(path, context)) return early;
     for (const wide_string& each : context.sizes.known_paths())
         if (!path_same(each, context.placement.source_project_path) && is_named_as(path, each))

@@ -1,4 +1,4 @@
-// Where the page about a result is written.
+// Checks the path of the HTML report and writes it.
 #pragma once
 
 #include <string>
@@ -14,14 +14,14 @@ namespace vestra::command {
 
 struct page_facts;
 
-// Returns why no page may be written at the path that was typed: it has another extension than .html, its
-// folder does not exist, it is a file of the loaded project, or `refuse_output` says so. The folder of
-// `new_project`, which is empty where no project is made, need not exist yet.
+// Returns why no page can be written to the path `typed`: its extension is not .html, its folder does not
+// exist, it is a file of the loaded project, or `refuse_output` refuses it. The folder of `new_project`,
+// which can be empty, need not exist yet.
 std::optional<refusal> refuse_page(const std::string& typed, vs::project_resave::project_context& context,
                                    const wide_string& new_project);
 
-// Writes the page in one step; an older file of the name is replaced, but none of the files that the page
-// lists, nor one that would pass for a part of a data set among them. Returns what went wrong.
+// Writes the page in one step. Replaces an older page, but none of the files that the page lists and no file
+// that would look like a part of a data set among them. Returns the errors.
 std::vector<problem> write_page(const std::string& typed, const page_facts& facts);
 
 } // namespace vestra::command

@@ -1,3 +1,4 @@
+// Fills the HTML template with texts, figures, problems, folder trees and data.
 #include "apps/vestra_resave/report/page_html.h"
 
 #include <algorithm>
@@ -19,10 +20,10 @@ using namespace vs::project_resave;
 
 namespace {
 
-// In a group more problems than this are folded up.
+// A group with more problems is shown collapsed.
 constexpr size_t most_open = 25;
 
-using fragments = std::map<std::string, std::string, std::less<>>; // HTML, by its name in the template
+using fragments = std::map<std::string, std::string, std::less<>>; // HTML by its name in the template
 
 std::string filled(std::string_view text, const fragments& parts) {
     std::string page;
@@ -40,7 +41,7 @@ struct named_text {
     sentence text;
 };
 
-// The texts of the template.
+// Returns the texts of the template.
 fragments said() {
     static constexpr named_text rows[] = {
         {"skip", "Go to the table of all files"},
@@ -70,24 +71,23 @@ fragments said() {
     return parts;
 }
 
-// The groups of problems, in the order in which a person wants to know of them.
-constexpr named_text group_titles[] = {
-    {"failed", "What failed"},
-    {"lost", "Lost files"},
-    {"astray", "Broken references"},
-    {"differing", "Files that are not as in the manifest"},
-    {"dropped", "Elements that are not in the new project"},
-    {"left_behind", "Files left behind"},
-    {"not_resaved", "Layers of an unknown type"},
-    {"left_alone", "Elements whose file is not resaved"},
-    {own_kind::interrupted, "Interrupted"},
-    {own_kind::found, "Lost files that were found"},
-    {own_kind::not_searched, "Folders that could not be searched"},
-    {"renamed", "Renamed copies"},
-    {"written_over", "Files that were written over"},
-    {"pruned", "Files that were removed"},
-    {"unreferenced", "Files that are no longer referred to"},
-    {"changed_since", "Files that somebody changed since the earlier resave"}};
+// The groups of problems, most important first.
+constexpr named_text group_titles[] = {{"failed", "What failed"},
+                                       {"lost", "Lost files"},
+                                       {"astray", "Broken references"},
+                                       {"differing", "Files that differ from the manifest"},
+                                       {"dropped", "Elements that are not in the new project"},
+                                       {"left_behind", "Files left behind"},
+                                       {"not_resaved", "Layers of an unknown type"},
+                                       {"left_alone", "Elements whose file is not resaved"},
+                                       {own_kind::interrupted, "Interrupted"},
+                                       {own_kind::found, "Lost files that were found"},
+                                       {own_kind::not_searched, "Folders that could not be searched"},
+                                       {"renamed", "Renamed copies"},
+                                       {"written_over", "Overwritten files"},
+                                       {"pruned", "Files that were removed"},
+                                       {"unreferenced", "Files that are no longer referred to"},
+                                       {"changed_since", "Files changed since the earlier resave"}};
 
 std::string html_of(const problem& found) {
     const problem_words words = words_of(found);
@@ -123,7 +123,7 @@ std::string html_of(const named_text& title, const problem_group& group) {
     return "<div class=\"group\"" + id + "<h3>" + head + "</h3>\n" + list_of(group) + "</div>\n";
 }
 
-// Problems in groups, and then notices, folded up.
+// Returns problems in groups, followed by notices, which are collapsed.
 std::string html_of(const std::vector<problem>& problems) {
     std::map<std::string, problem_group, std::less<>> groups;
     for (const problem& each : problems) groups[group_of(each)].push_back(&each);
@@ -191,7 +191,7 @@ std::string charts_of(const page_data& data) {
            panel("By folder: size, number of files", bars_of(data.folders, "data-folder"), "\"");
 }
 
-// What a page's policy calls a script by, so that no other one runs.
+// Returns the hash of the script for the page's policy, so that no other script runs.
 std::string script_hash() {
     sha256 digest;
     digest.add(page_script.data(), page_script.size());

@@ -1,4 +1,4 @@
-// The page itself, as HTML that needs nothing but itself: no network, no other file.
+// The page as self-contained HTML: it uses no network and no other file.
 #pragma once
 
 #include <string>
@@ -7,7 +7,7 @@ namespace vestra::command {
 
 struct page_facts;
 
-// Summary and problems can be read without scripts; the table of all files needs them.
+// Returns the page. Summary and problems work without scripts; the table of all files needs them.
 std::string html_of(const page_facts& facts);
 
 } // namespace vestra::command

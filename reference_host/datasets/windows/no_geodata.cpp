@@ -1,5 +1,5 @@
-// The library of geodata formats is not there on this target: what makes a data set is told by the host's own
-// formats and by the names of files.
+// The geodata library is not available on this target, so data sets are recognised by the host's own formats
+// and by file names.
 #include "reference_host/datasets/gdal_source.h"
 
 namespace vestra::datasets {

@@ -1,4 +1,4 @@
-// The host library's own texts, where libraries have no resource section.
+// Registers the host library's own texts on targets whose libraries have no resource section.
 #include <iterator>
 
 #include "platform/posix/resource_registry.h"
@@ -20,7 +20,7 @@ constexpr platform::text_row rows[] = {
 };
 #undef VS_TEXT
 
-// With the copy of the bundle that is linked in; a loaded one asks by name.
+// For the copy of the bundle that is linked in; a loaded bundle looks the texts up by name.
 const bool registered = [] {
     platform::register_text_rows(platform::register_host_basic_module(), rows);
     return true;

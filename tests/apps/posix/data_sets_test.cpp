@@ -1,5 +1,5 @@
-// Linux only: GDAL, which makes and reads these formats, is not built for Windows.
-// To look at data sets is only to read them: names, bytes and times are the same after every command.
+// Linux only: GDAL, which creates and reads these formats, is not built for Windows.
+// Reading data sets must not change them: names, bytes and times are the same after every command.
 #include <gdal.h>
 #include <gdal_alg.h>
 #include <ogr_api.h>
@@ -26,7 +26,7 @@ data_set open_set(const fs::path& file) {
     return data_set(GDALOpenEx(file.c_str(), GDAL_OF_READONLY, nullptr, nullptr, nullptr));
 }
 
-// What a person sees of a data set: where it is, its pixels, its records.
+// Returns what a user sees of a data set: its position, its pixels, its records.
 string shown_by(const fs::path& file) {
     const data_set opened = open_set(file);
     if (!opened) return "not opened";
@@ -105,7 +105,7 @@ protected:
             {"ENVI", "e.envi"}, {"EHdr", "h.bil"}, {"VRT", "v.vrt"},     {"HFA", "i.img"},
             {"netCDF", "n.nc"}, {"RST", "i.rst"}};
         for (const auto& [driver, name] : rasters) make_raster(driver, add(name, "rtr_lr2d"));
-        fs::remove(folder / "g.xsd"); // its reader would like to write down what it found out
+        fs::remove(folder / "g.xsd"); // its reader would write down what it found
         leave_with_log("GPKG", "left.gpkg");
         leave_with_log("SQLite", "left.sqlite");
         add_companions();
@@ -118,7 +118,7 @@ protected:
         builder.table(u"t", u"C:\\sets\\joined.dbf").save(source);
     }
 
-    // The native path of a new file, which a layer shows.
+    // Returns the native path of a new file that a layer shows.
     string add(const string& name, const char* type) {
         const wide_string wide = platform::from_utf8(name);
         builder.layer(type, wide, u"C:\\sets\\" + wide);
@@ -137,8 +137,8 @@ protected:
         EXPECT_EQ(CE_None,
                   GDALBuildOverviews(raster.get(), "NEAREST", 1, &level, 0, nullptr, nullptr, nullptr));
     }
-    // A database as a program leaves it that ends before its log is merged: the second row is in the log
-    // alone.
+    // Leaves a database as a program does that is killed before its log is merged: the second row is only in
+    // the log.
     void leave_with_log(const char* driver, const string& name) {
         const string live = (streams.native() / name).string();
         const data_set open = make_table(driver, live);
@@ -159,7 +159,7 @@ TEST_F(data_sets, are_as_they_were_after_every_command) {
     run_all(u"C:\\sets\\");
 }
 
-// As a user without the right to write them.
+// Runs as a user without write permission.
 TEST_F(data_sets, can_be_copied_by_who_may_only_read_them) {
     for (fs::path above = native("n"); above != fs::temp_directory_path(); above = above.parent_path())
         fs::permissions(above, fs::perms::group_all | fs::perms::others_all, fs::perm_options::add);
@@ -180,7 +180,7 @@ TEST_F(data_sets, can_be_copied_by_who_may_only_read_them) {
 
 class moved_data_sets : public data_sets {
 protected:
-    // Resaves onto a file of the name of one, moves the copy and takes the source away.
+    // Resaves to a target with the name of a source, moves the copy and removes the source.
     void SetUp() override {
         write(u"N:\\out\\rtr\\a.asc", "older");
         for (const auto& entry : fs::directory_iterator(folder))

@@ -14,7 +14,7 @@ using namespace vestra::command;
 
 class disturbed_update : public command_run {
 protected:
-    // A project of rasters by their names, each with a world file, and with a new content each time.
+    // Saves a project of rasters with these names, each with a world file and new content each time.
     void save(const std::vector<wide_string>& names) {
         builder.clear();
         builder.scene_2d(u"Area");
@@ -26,7 +26,7 @@ protected:
         }
         builder.save(source);
     }
-    // The command in this process, on a disk of the test.
+    // Runs the command in this process on a disk of the test.
     int resave_on(platform::system& disk, run_mode mode) {
         resave_request request;
         request.project = "C:\\prj\\area._vp";
@@ -58,7 +58,7 @@ TEST_F(disturbed_update, takes_nothing_for_whole_that_a_disk_may_have_lost) {
     }
 }
 
-TEST_F(disturbed_update, keeps_what_somebody_changes_while_it_is_at_work) {
+TEST_F(disturbed_update, keeps_files_that_are_changed_while_it_runs) {
     save({u"a", u"b"});
     forwarding_system undisturbed;
     ASSERT_EQ(0, resave_on(undisturbed, run_mode::anew)) << err;

@@ -1,5 +1,5 @@
-// Linux only: file systems of a fixed size, rights of another user, devices and drives that are folders.
-// Why a resave could not copy or write something, as text and as JSON, and what is refused.
+// Linux only: file systems of a fixed size, permissions of another user, devices and drives that are folders.
+// Why a resave could not copy or write a file, as text and as JSON, and what is refused.
 #include <sys/mount.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -22,7 +22,7 @@ protected:
         write(u"C:\\data\\big.tif", string(200'000, 'x'));
         builder.scene_2d(u"Area").layer("rtr_lr2d", u"Relief", u"C:\\data\\big.tif").save(source);
     }
-    // Runs it with JSON and with text; checks the one problem of this kind in both.
+    // Runs it with JSON and with text, and checks the only problem of this kind in both.
     void expect_reason(const string& what, const string& new_path, const string& reason,
                        const string& prefix = {}) {
         const string line =
@@ -56,7 +56,7 @@ TEST_F(failure_reasons, a_taken_name_and_a_folder_that_cannot_be_made) {
     expect_reason("copy_failed", target, "Not a directory (N:\\out\\rtr is in the way)");
 }
 
-// What a program prints is its result, as a file is.
+// Output on standard output is a result, like a file.
 TEST_F(failure_reasons, standard_output_that_takes_nothing) {
     const string list = command_line("list 'C:\\prj\\area._vp' --json", {{}, "/dev/full", file_of("err")});
     const string help = command_line("list --help", {{}, "/dev/full", file_of("err")});
@@ -68,7 +68,7 @@ TEST_F(failure_reasons, standard_output_that_takes_nothing) {
     }
 }
 
-TEST_F(failure_reasons, a_reader_that_goes_away_does_not_end_a_resave) {
+TEST_F(failure_reasons, a_closed_pipe_does_not_end_a_resave) {
     string line = command_line("resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp'", {{}, "nothing", "&1"});
     line.replace(line.find(" > nothing"), string(" > nothing").size(), "");
     run_line(line.substr(string("exec ").size()) + " | true");
@@ -80,9 +80,7 @@ TEST_F(failure_reasons, a_full_disk) {
     if (::mount("tmpfs", out_folder.c_str(), "tmpfs", 0, "size=64k") != 0)
         GTEST_SKIP() << "this user may not mount a file system";
     EXPECT_EQ(3, command("resave 'C:\\prj\\area._vp' 'N:\\out\\deep\\new._vp' --quiet"));
-    EXPECT_EQ(
-        shown("vestra-resave: N:\\out\\deep: too little space: 200.0 KB are needed, 64.0 KB are free\n"),
-        err);
+    EXPECT_EQ(shown("vestra-resave: N:\\out\\deep: too little space: 200.0 KB needed, 64.0 KB free\n"), err);
     EXPECT_EQ("", made());
     expect_reason("copy_failed", target, "No space left on device");
     fs::remove_all(out_folder / "rtr");
@@ -95,10 +93,10 @@ TEST_F(failure_reasons, a_full_disk) {
     builder.save(source);
     for (const string dry : {" --dry-run", ""})
         EXPECT_EQ(3, command("resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp' --quiet" + dry)) << err;
-    EXPECT_TRUE(is_told(": too little space: 10") && is_told(", 64.0 KB are free\n")) << err;
+    EXPECT_TRUE(is_told(": too little space: 10") && is_told(", 64.0 KB free\n")) << err;
     EXPECT_LE(1, command("resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp' --quiet --ignore-space"));
     EXPECT_EQ(1U, times("No space left on device", err)) << err; // not once for each file
-    EXPECT_TRUE(is_told(" files could not be written (all are in --json)\n")) << err;
+    EXPECT_TRUE(is_told(" files could not be written (--json lists all)\n")) << err;
     ::umount(out_folder.c_str());
 }
 
@@ -124,7 +122,7 @@ TEST_F(failure_reasons, a_folder_without_the_right_to_write) {
     fs::permissions(closed, fs::perms::owner_all);
 }
 
-// Of what the host reads and writes, path and reason are told apart.
+// For files that the host reads and writes, path and reason are separate.
 TEST_F(failure_reasons, files_that_the_host_could_not_read_or_write) {
     write(u"C:\\data\\bad.tos", "TOS 1\nproperty X\ndata 1,5\n");
     builder.clear();
@@ -147,10 +145,10 @@ TEST_F(failure_reasons, drives_that_do_not_exist_are_named_once_before_the_start
         .save(source);
     const string resave = "resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp' --quiet ";
     EXPECT_EQ(2, command(resave));
-    EXPECT_EQ("vestra-resave: \\\\srv\\maps does not exist, and 1 file of the project is on it\n"
-              "vestra-resave: E: does not exist, and 2 files of the project are on it; map it with --drive "
+    EXPECT_EQ("vestra-resave: \\\\srv\\maps does not exist, but 1 file of the project is on it\n"
+              "vestra-resave: E: does not exist, but 2 files of the project are on it; map it with --drive "
               "E=FOLDER\n"
-              "vestra-resave: with --allow-missing-drives these files are lost\n",
+              "vestra-resave: use --allow-missing-drives to treat these files as lost\n",
               err);
     EXPECT_EQ("", made());
     EXPECT_EQ(1, command(resave + "--deselect 1 --deselect 2 --deselect 3")) << err;
@@ -158,14 +156,14 @@ TEST_F(failure_reasons, drives_that_do_not_exist_are_named_once_before_the_start
     EXPECT_EQ(4U, json::parse(out).at("lost_sources").size()) << out;
 }
 
-TEST_F(failure_reasons, of_more_than_twenty_alike_ten_are_told_and_how_many_more) {
+TEST_F(failure_reasons, of_more_than_twenty_alike_ten_are_printed_and_a_count) {
     for (uint32_t index = 0; index < 24; ++index)
         builder.layer("rtr_lr2d", u"Lost", u"C:\\gone\\" + decimal(index) + u".tif");
     builder.save(source);
     EXPECT_EQ(1, command("resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp' --quiet --json"));
     EXPECT_EQ(24U, json::parse(out).at("lost_sources").size());
     EXPECT_EQ(10U, times(": does not exist (\"Lost\" in \"Area\")\n", err)) << err;
-    EXPECT_TRUE(err.ends_with("vestra-resave: and 14 more like this (all are in --json)\n")) << err;
+    EXPECT_TRUE(err.ends_with("vestra-resave: and 14 more like this (--json lists all)\n")) << err;
 }
 
 TEST_F(failure_reasons, names_that_windows_does_not_take) {
@@ -181,7 +179,7 @@ TEST_F(failure_reasons, names_that_windows_does_not_take) {
         told);
 }
 
-// Under the name that stands for it in messages it would be another file.
+// The name shown in messages would be that of another file.
 TEST_F(failure_reasons, a_file_in_a_folder_of_a_well_whose_name_is_not_utf8) {
     for (const wide_string name : {u"w.wel", u"w\\a.txt"}) write(u"C:\\data\\" + name, "x");
     std::ofstream(native("c") / "data/w/b\xFF.txt") << "x";
@@ -208,7 +206,7 @@ TEST_F(failure_reasons, a_page_is_kept_out_of_a_data_set_behind_a_link) {
     }
 }
 
-// Nothing is written, whatever is asked for.
+// Nothing is written, whatever the request.
 TEST_F(failure_reasons, a_wrong_drive_or_a_place_for_no_file_is_refused) {
     fs::create_directories(native("n") / "out");
     fs::create_directories(native("n") / "Out" / "sub");
@@ -225,14 +223,14 @@ TEST_F(failure_reasons, a_wrong_drive_or_a_place_for_no_file_is_refused) {
         {"Z=/;;E=/none", "list " + area, "VESTRA_DRIVES: not a drive: \"E=/none\""},
         {"Z=/tmp", "list " + area, "VESTRA_DRIVES: drive Z: is the root folder"},
         {"", "resave " + to + "--lowercase",
-         "N:\\Out: with --lowercase the files would go to another folder"},
+         "N:\\Out: with --lowercase the files would go to another existing folder"},
         {"", "resave " + area + "'\\\\server\\x\\new._vp'",
-         "\\\\server\\x\\new._vp: network shares are unknown"},
+         "\\\\server\\x\\new._vp: network shares are not supported"},
         {"", "structure " + area + "'\\\\server\\x\\t.txt'",
-         "\\\\server\\x\\t.txt: network shares are unknown"},
-        {"", "resave " + area + file_of("link").string(), "link: is a device, a pipe or a link"},
-        {"", "structure " + area + "/dev/full", "/dev/full: is a device, a pipe or a link"},
-        {"", "check-case " + area + file_of("pipe").string(), "pipe: is a device, a pipe or a link"},
+         "\\\\server\\x\\t.txt: network shares are not supported"},
+        {"", "resave " + area + file_of("link").string(), "link: is a device, a pipe or a dangling link"},
+        {"", "structure " + area + "/dev/full", "/dev/full: is a device, a pipe or a dangling link"},
+        {"", "check-case " + area + file_of("pipe").string(), "pipe: is a device, a pipe or a dangling link"},
         {"", "resave " + area + "'" + file_of("a\xFF").string() + "/new._vp'",
          "\xEF\xBF\xBD/new._vp: the name is not UTF-8"},
     };
@@ -245,7 +243,7 @@ TEST_F(failure_reasons, a_wrong_drive_or_a_place_for_no_file_is_refused) {
     }
 }
 
-// A caption is never more than a caption: what follows a line feed in it is no entry of its own.
+// A caption is never interpreted: text after a line feed in it is not a separate entry.
 TEST_F(failure_reasons, a_caption_that_looks_like_a_line_of_the_report) {
     builder.clear();
     builder.scene_2d(u"Area").layer("rtr_lr2d", u"Old\nCopy error relief.tif", u"C:\\gone.tif").save(source);

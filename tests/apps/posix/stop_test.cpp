@@ -1,5 +1,5 @@
-// Linux only: the command is stopped by a signal, or its files are limited by its shell.
-// What a stop takes away, keeps and tells.
+// Linux only: the command is stopped by a signal, or its shell limits the size of files.
+// What a stop erases, keeps and reports.
 #include <fcntl.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -22,8 +22,8 @@ protected:
             builder.layer("rtr_lr2d", u"R", write(u"C:\\data\\" + decimal(index) + u".tif"));
         builder.save(source);
     }
-    // Runs it, with a signal, that of Ctrl-C unless told otherwise, once this text is on the error output;
-    // the exit code. The pipe holds one line at a time, so the command is two lines ahead at most.
+    // Runs it and sends a signal, by default that of Ctrl-C, once this text is on the error output; returns
+    // the exit status. The pipe holds one line at a time, so the command is at most two lines ahead.
     int interrupted(const string& arguments, const string& at, int signal = SIGINT) {
         int ends[2];
         EXPECT_EQ(0, ::pipe2(ends, O_DIRECT | O_CLOEXEC));
@@ -54,7 +54,7 @@ protected:
     }
 };
 
-TEST_F(stopped_command, a_resave_erases_or_keeps_as_told_and_tells_of_the_stop) {
+TEST_F(stopped_command, a_resave_erases_or_keeps_as_asked_and_reports_the_stop) {
     const tree_state before = sources();
     for (const auto& [choice, signal] : {std::pair<string, int>("", SIGTERM),
                                          {"--on-stop keep", SIGINT},
@@ -79,7 +79,7 @@ TEST_F(stopped_command, a_resave_erases_or_keeps_as_told_and_tells_of_the_stop) 
     EXPECT_EQ("", difference(before, sources()));
 }
 
-// The project is saved by then.
+// The project has been saved by then.
 TEST_F(stopped_command, companions_are_erased_or_kept_with_all_other_copies) {
     for (uint32_t index = 0; index < 40; ++index) write(u"C:\\data\\" + decimal(index) + u".tif.msk", "mask");
     const tree_state before = sources();
@@ -105,8 +105,8 @@ TEST_F(stopped_command, a_text_is_taken_away) {
     }
 }
 
-// A new project that cannot be written while an older one of its name stands.
-TEST_F(stopped_command, an_older_project_that_stands_is_not_taken_for_the_new_one) {
+// The new project cannot be written while an older one with its name exists.
+TEST_F(stopped_command, an_existing_older_project_is_not_taken_for_the_new_one) {
     builder.clear();
     for (uint32_t index = 0; index < 40; ++index) builder.scene_2d(u"Scene " + decimal(index));
     builder.save(source);

@@ -1,5 +1,5 @@
-// Linux only: a pseudo-terminal, as a person has one.
-// Ctrl-C at each moment of a resave, and what a person answers then.
+// Linux only: a pseudo-terminal, as a user has one.
+// Ctrl-C at each moment of a resave, and the user's answers.
 #include <poll.h>
 #include <pty.h>
 #include <sys/wait.h>
@@ -24,14 +24,14 @@ protected:
     struct turn {
         const char *shown, *typed;
     };
-    // Runs it; the exit code. What the screen showed is in `out`. As long as nobody reads, the command waits
-    // for the screen, so it is never far ahead.
+    // Runs it and returns the exit status. The content of the screen is in `out`. The command waits for the
+    // screen to be read, so it is never far ahead.
     int talk(const string& arguments, const std::vector<turn>& turns) {
         int screen = -1;
         const string line = command_line(arguments, {"/dev/tty", "/dev/null", "/dev/tty"});
         const pid_t child = ::forkpty(&screen, nullptr, nullptr, nullptr);
         if (child == 0) {
-            ::alarm(60); // if it waits for what nobody types
+            ::alarm(60); // if it waits for input that never comes
             ::execl("/bin/sh", "sh", "-c", line.c_str(), nullptr);
             ::_exit(127);
         }
@@ -64,7 +64,7 @@ TEST_F(on_a_terminal, ctrl_c_asks_and_another_one_is_an_answer) {
         bool is_kept;
         string options = {};
     } rows[] = {
-        {{{"5 % Saving", ctrl_c}, {"go on\r\n[yes/no/cancel] ", "yes\n"}}, false},
+        {{{"5 % Saving", ctrl_c}, {"continue\r\n[yes/no/cancel] ", "yes\n"}}, false},
         {{{"5 % Saving", ctrl_c}, {"[yes/no/cancel] ", "what?\n"}, {"[yes/no/cancel] ", "no\n"}}, true},
         {{{"5 % Saving", ctrl_c}, {"[yes/no/cancel] ", ctrl_c}}, true},
         {{{"5 % Saving", ctrl_c}, {"[yes/no/cancel] ", "\x04"}}, true}, // Ctrl-D
@@ -79,7 +79,7 @@ TEST_F(on_a_terminal, ctrl_c_asks_and_another_one_is_an_answer) {
         clear_output();
         const tree_state before = sources();
         EXPECT_EQ(130, talk("resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp'", row.turns)) << out;
-        EXPECT_EQ(string::npos, out.find(" failed")) << out; // a stop is no failure
+        EXPECT_EQ(string::npos, out.find(" failed")) << out; // a stop is not a failure
         EXPECT_EQ(row.is_kept, !made().empty()) << out << made();
         EXPECT_FALSE(path_exists(output));
         EXPECT_EQ("", difference(before, sources()));

@@ -1,4 +1,4 @@
-// The library among those of the process.
+// The library as one of the process.
 #include <windows.h>
 
 #include "tests/bundle_library/panel_fixture.h"
@@ -6,8 +6,8 @@
 namespace vs::project_resave {
 namespace {
 
-// English is what it speaks in all other tests.
-TEST_F(panel, the_library_speaks_the_base_language_too_and_is_gone_from_the_process_once_unloaded) {
+// All other tests use English.
+TEST_F(panel, the_library_has_the_base_language_and_unloads_completely) {
     vestra::shell::settings().language_offset = 0;
     open();
     EXPECT_EQ(u"Пересохранение проекта", at("prj").caption);

@@ -1,4 +1,4 @@
-// The rows of windows/own_rows.rc, where programs have no resource section.
+// The rows of windows/own_rows.rc for targets whose programs have no resource section.
 #include "platform/posix/resource_registry.h"
 
 namespace vs::project_resave {

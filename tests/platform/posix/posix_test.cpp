@@ -1,4 +1,4 @@
-// Linux only: drives are folders there, and pipes, links and locks are made by means of its own.
+// Linux only: drives are folders there, and pipes, links and locks are created with its own calls.
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/file.h>
@@ -29,7 +29,7 @@ protected:
     system& files = current_system();
 };
 
-TEST_F(posix_files, a_native_path_gets_the_drive_of_the_longest_folder_that_holds_it) {
+TEST_F(posix_files, a_native_path_gets_the_drive_with_the_longest_folder) {
     const std::string root = folder.native().string();
     folder.write(u"data\\gis\\x.shp");
     std::string message;
@@ -62,7 +62,7 @@ TEST_F(posix_files, a_native_path_gets_the_drive_of_the_longest_folder_that_hold
     for (const wide_view absent : {u"Q:\\x", u"\\\\server\\share\\x", u"//server/share", u""})
         EXPECT_TRUE(native_path(wide_string(absent)).empty());
 
-    // Those of the environment.
+    // The drives of the environment.
     const std::string value = "bad;C=" + root + ";;D=/no/such/folder";
     ::setenv("VESTRA_DRIVES", value.c_str(), 1);
     mapped_volumes().reset();
@@ -89,7 +89,7 @@ TEST_F(posix_files, the_exact_spelling_wins_and_changes_by_others_are_seen) {
     EXPECT_EQ(files.file_size(folder.path(u"BAD\xFFFDname")), 1U);
 }
 
-TEST_F(posix_files, a_folder_made_anew_under_its_name_is_not_taken_for_the_one_before) {
+TEST_F(posix_files, a_recreated_folder_is_not_mistaken_for_the_old_one) {
     const fs::path sub = folder.native() / "sub";
     const wide_string file = folder.write(u"sub\\file.txt", "old");
     EXPECT_EQ(files.file_size(file), 3U);
@@ -111,7 +111,7 @@ TEST_F(posix_files, a_folder_made_anew_under_its_name_is_not_taken_for_the_one_b
     EXPECT_EQ(folder_time(folder.path(u"before")), fs::last_write_time(folder.native() / "before"));
 }
 
-// Counts how often a folder's listing is opened, by whomever, from now on.
+// Counts how often the listing of a folder is opened by anyone.
 class folder_watch {
 public:
     explicit folder_watch(const std::filesystem::path& folder)
@@ -119,7 +119,7 @@ public:
         ::inotify_add_watch(events_.get(), folder.c_str(), IN_OPEN);
     }
 
-    // Since the last call.
+    // Returns the count since the last call.
     int readings() const {
         int count = 0;
         alignas(inotify_event) char events[4096];
@@ -192,7 +192,7 @@ TEST_F(posix_files, links_are_followed_but_a_circle_of_them_ends) {
     EXPECT_EQ(names, u"\\self \\to_b \\to_b\\to_a \\to_b\\y.txt \\x.txt ");
 }
 
-TEST_F(posix_files, a_file_that_another_program_holds_is_told_from_one_that_is_lost) {
+TEST_F(posix_files, a_file_that_another_program_holds_is_not_a_lost_one) {
     const wide_string path = folder.write(u"log.txt", "x");
     std::unique_ptr<file> opened;
     {

@@ -1,4 +1,4 @@
-// What this system does and no other: names and files that are peculiar to it.
+// Behaviour of Windows alone: special names and files.
 #include <windows.h>
 
 #include <gtest/gtest.h>
@@ -12,8 +12,8 @@
 namespace vs::project_resave::platform {
 namespace {
 
-// Each name by itself and below a folder.
-TEST(windows, names_of_devices_and_of_streams_are_no_files_and_nothing_is_copied_onto_them) {
+// Each name alone and inside a folder.
+TEST(windows, devices_and_streams_are_not_files_and_never_copy_targets) {
     const temporary_folder folder;
     const wide_string source = folder.write(u"x.txt", "text");
     system& files = current_system();
@@ -34,7 +34,7 @@ TEST(windows, names_of_devices_and_of_streams_are_no_files_and_nothing_is_copied
     EXPECT_EQ(folder.read(u"x.txt"), "text");
 }
 
-// The prefix lifts the limit of 260 characters, and is for whole paths without "/" and "..".
+// The prefix lifts the limit of 260 characters and requires absolute paths without "/" and "..".
 TEST(windows, long_paths_are_made_whole_and_get_the_prefix_that_calls_need) {
     const test_drives disks;
     EXPECT_TRUE(SetCurrentDirectoryW(L"N:\\"));
@@ -56,7 +56,7 @@ TEST(windows, long_paths_are_made_whole_and_get_the_prefix_that_calls_need) {
     EXPECT_TRUE(SetCurrentDirectoryW(L"C:\\"));
 }
 
-TEST(windows, a_locked_file_is_told_from_a_lost_one_and_stays_where_it_is) {
+TEST(windows, a_locked_file_is_not_a_lost_one_and_is_not_moved) {
     const temporary_folder folder;
     const wide_string path = folder.write(u"log.txt", "x");
     const wide_string other = folder.write(u"other.txt", "y");

@@ -1,5 +1,5 @@
 // Linux only: GDAL, which knows these formats, is not built for Windows.
-// Data sets of the formats that the library of geodata formats knows.
+// Data sets in the formats of the geodata library.
 #include <gtest/gtest.h>
 
 #include "reference_host/datasets/dbf_fields.h"
@@ -11,7 +11,7 @@
 namespace vestra::datasets {
 namespace {
 
-TEST(geodata, each_sample_opens_with_all_its_files_told_as_asked) {
+TEST(geodata, each_sample_opens_with_all_its_files_as_requested) {
     expect_family("c/prj/rasters", "RELIEF.tif", " RELIEF.tif relief.tif.ovr");
     expect_family("d/gis/photo", "detail.jpg", " detail.jpg detail.jgw");
     expect_family("d/gis/vector", "pipes.tab", " pipes.tab pipes.map pipes.dat pipes.id");
@@ -22,7 +22,7 @@ TEST(geodata, each_sample_opens_with_all_its_files_told_as_asked) {
     expect_family("c/prj", "rasters", "-");
 }
 
-TEST(geodata, companions_are_found_in_a_folder_too_large_to_be_read_for_each_file) {
+TEST(geodata, companions_are_found_in_a_very_large_folder) {
     const temporary_folder folder;
     for (int i = 0; i <= 1000; ++i) folder.write(platform::from_utf8("file." + std::to_string(i)));
     const std::filesystem::path relief = VS_SOURCE_DIR "/samples/area/c/prj/rasters/relief.tif";
@@ -32,7 +32,7 @@ TEST(geodata, companions_are_found_in_a_folder_too_large_to_be_read_for_each_fil
     EXPECT_EQ(" relief.TIF Relief.tif.ovr", names_of(head + u"relief.TIF", head));
 }
 
-TEST(geodata, shape_files_and_their_fields_are_named_as_their_library_names_them) {
+TEST(geodata, shape_files_have_the_files_and_fields_of_their_library) {
     const auto shapes = sample_files(".shp"), tables = sample_files(".dbf");
     ASSERT_LT(5u, shapes.size());
     for (const wide_string& shape : shapes) {

@@ -7,7 +7,7 @@
 
 namespace vs::project_resave {
 
-// The drives are the system's.
+// Drives need not be mapped, because they exist.
 std::string command_line(const std::string& arguments, const command_streams& streams) {
     const std::string program = std::filesystem::path(VS_COMMAND).make_preferred().string();
     std::string line = "set LC_ALL=C&& '" + program + "' " + arguments;

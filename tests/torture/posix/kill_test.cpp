@@ -19,7 +19,7 @@ class processes : public torture::runs {
 protected:
     processes() { torture::write_generated_area(source, 300'000, write); }
 
-    // A resave into N:\out; what it prints goes into a file in N:\told.
+    // Starts a resave into N:\out; its output goes to a file in N:\told.
     pid_t start(const std::string& project, const std::string& structure,
                 const std::string& more = {}) const {
         fs::create_directories(native("n") / "told");
@@ -35,7 +35,7 @@ protected:
         ::_exit(127);
     }
     bool has_journal() const { return fs::exists(native("n") / "out" / "new.resave-journal"); }
-    // Names and bytes of what is in the new folder.
+    // Returns names and bytes in the new folder.
     std::map<std::string, std::string> result() const {
         std::map<std::string, std::string> all;
         for (const auto& [path, state] : state_of(native("n") / "out"))
@@ -55,7 +55,7 @@ protected:
         return WIFEXITED(status) ? WEXITSTATUS(status) : -WTERMSIG(status);
     }
 
-    // When the run has begun its log, or has ended.
+    // Waits until the run has begun its log or has ended.
     clock_type::time_point first_file(pid_t child) const {
         siginfo_t state{};
         while (log_time() == log_before_ && state.si_pid == 0)
@@ -66,7 +66,7 @@ protected:
         std::error_code absent;
         return fs::last_write_time(native("n") / "out" / "new_log.txt", absent);
     }
-    // An empty folder, or one with the project and all files of an earlier run.
+    // Prepares an empty folder, or one with the project and all files of an earlier run.
     void prepare(bool has_older) {
         clear();
         const fs::path out = native("n") / "out";
@@ -79,7 +79,7 @@ protected:
         EXPECT_EQ(0, ended(start("new._vp", "by-type", more)));
         fs::rename(native("n") / "out", native("n") / "older");
     }
-    // All but what a run writes anew under the name that it had.
+    // Checks all files except those that a run writes again under the same name.
     void expect_older_stays() const {
         const tree_state now = state_of(native("n") / "out");
         for (const auto& [path, state] : older_) {
@@ -88,8 +88,8 @@ protected:
             EXPECT_TRUE(found != now.end() && found->second.bytes == state.bytes) << path;
         }
     }
-    // The new project, with all that it refers to, or the older one to the last byte; nothing only where
-    // nothing was. Answers whether it is the new one.
+    // Checks that the project is the new one with everything it refers to, or the older one byte for byte, or
+    // missing only if there was none. Returns true if it is the new one.
     bool has_new_project() const {
         const auto older = older_.find("new._vp");
         const bool is_older = older != older_.end() && read(output) == older->second.bytes;
@@ -97,7 +97,7 @@ protected:
         expect_references("new._vp");
         return true;
     }
-    // Of a whole run, from its first file on.
+    // Returns the time of a whole run, from its first file on.
     clock_type::duration run_time(const std::string& structure) {
         prepare(false);
         const pid_t child = start("new._vp", structure);
@@ -109,7 +109,7 @@ protected:
         return taken;
     }
 
-    // The copies that the run tells of, by their sources; each is as its source.
+    // Returns the copies that the run reports, by source; checks that each equals its source.
     std::multimap<wide_string, wide_string> copies_of(const std::string& project) const {
         std::multimap<wide_string, wide_string> copies;
         std::ifstream told(told_of(project));
@@ -135,8 +135,8 @@ protected:
                 << platform::to_utf8(each.path);
         return all;
     }
-    // The project refers to copies that its own run made, and it made one of each source; what is missing the
-    // run has told.
+    // Checks that the project refers to copies of its own run, one of each source, and that what is missing
+    // was reported.
     void expect_whole(const std::string& project, const wide_string& told = {}) const {
         std::set<wide_string> own;
         const auto copies = copies_of(project);
@@ -148,7 +148,7 @@ protected:
             EXPECT_TRUE(copies.contains(from) || names_family(told, from))
                 << "not copied and nothing told: " << platform::to_utf8(from);
     }
-    // Copies that broke off in the middle, by the names of all files of the source.
+    // Returns the number of incomplete copies, found by the names of all source files.
     size_t half_files() const {
         std::map<std::string, std::set<std::string>> contents;
         for (const auto& [path, state] : state_of(native("c")))
@@ -166,7 +166,7 @@ protected:
     std::multimap<wide_string, wide_string> whole_; // the copies of a run that nothing disturbs
 };
 
-TEST_F(processes, a_run_killed_anywhere_leaves_the_source_whole_and_the_next_run_succeeds) {
+TEST_F(processes, a_killed_run_leaves_the_source_whole_and_the_next_succeeds) {
     std::mt19937_64 random = torture::seeded("kills");
     const size_t wanted = torture::number_of("TORTURE_KILLS", 5);
     const tree_state before = state_of(native("c"));
@@ -243,7 +243,7 @@ TEST_F(processes, a_killed_run_resumes_to_what_one_whole_run_makes) {
     for (const auto& [what, number] : met) torture::count(what.c_str(), number);
 }
 
-// What is as it was stays, what changed is the old file or the new one, and the next update makes the rest.
+// Unchanged files stay, a changed file is the old or the new one, and the next update makes the rest.
 TEST_F(processes, an_update_killed_anywhere_is_finished_by_the_next_one) {
     std::mt19937_64 random = torture::seeded("killed updates");
     const size_t wanted = torture::number_of("TORTURE_KILLS", 5);
@@ -279,8 +279,8 @@ TEST_F(processes, an_update_killed_anywhere_is_finished_by_the_next_one) {
     torture::count("kills of an update", killed);
 }
 
-// Those that come while another is at work are refused, and made afterwards.
-TEST_F(processes, twenty_runs_at_once_into_one_folder_make_twenty_whole_projects) {
+// Runs that start while another one is active are refused, and repeated afterwards.
+TEST_F(processes, twenty_runs_at_once_into_one_folder_make_whole_projects) {
     const tree_state before = state_of(native("c"));
     run_time("by-type");
     for (const char* structure : {"by-type", "from-project-folder", "project-tree-else-type"}) {

@@ -1,4 +1,4 @@
-// Linux only: folders that lead to themselves, by links that anybody may make there.
+// Linux only: folders that contain themselves through links, which any user can create there.
 #include "operations/run/path_files.h"
 #include "tests/support/faulty_system.h"
 #include "tests/torture/generated_area.h"
@@ -28,9 +28,9 @@ TEST_F(linked_folders, are_copied_once_and_the_run_ends) {
     EXPECT_EQ("", difference(before, sources()));
 }
 
-// Where the system does not say that it is one folder, its links are followed as far as it goes, and that is
-// told.
-TEST_F(linked_folders, that_are_not_recognised_are_copied_or_told_and_the_run_ends) {
+// If the operating system does not show that it is one folder, its links are followed until they fail, which
+// is reported.
+TEST_F(linked_folders, that_are_not_recognised_are_copied_or_reported) {
     fs::remove(native("c") / "data" / "a" / "w" / "1" / "above");
     const tree_state before = sources();
     load();
