@@ -44,14 +44,15 @@ public:
     // Passes the item's text for the selection and the report.
     virtual void item_caption(uint32_t, string_visitor) {}
     // Appends all files of the item to the list, including its source; a folder stands for its whole content.
-    // The resave copies them, each to the same place relative to the new path of the source. No folder is made
-    // there for a file: such a file is reported as not copied, like a missing one, so list its folder instead.
-    // A file that was already copied for another element is skipped. If that is the source, no file of the
-    // item is copied; so items with the same source are copied once, with the files of the last of them.
+    // The resave copies them, each to the same place relative to the new path of the source. No folder is
+    // made there for a file: such a file is reported as not copied, like a missing one, so list its folder
+    // instead. A file that was already copied for another element is skipped. If that is the source, no file
+    // of the item is copied; so items with the same source are copied once, with the files of the last of
+    // them.
     //
     // Kept as users know it: if the name of the source is taken, its new path has a number, but the file
-    // itself keeps its name, is not copied, and is reported. To avoid that, use a default_folder that no other
-    // element has, and different names for main files within a project.
+    // itself keeps its name, is not copied, and is reported. To avoid that, use a default_folder that no
+    // other element has, and different names for main files within a project.
     virtual void item_files(uint32_t, vs_wstrings*) {}
     // Passes the name of the folder for the service's files, for structures with a folder for each type. It
     // can have several levels; empty means the folder of the new project.
