@@ -17,6 +17,8 @@
 
 namespace vestra::command {
 
+class archive_view;
+
 // list: what is in a project, and which of its files exist.
 struct list_request {
     std::string project;
@@ -46,7 +48,8 @@ struct ended_verify {
     const char* outcome = "";      // "stands alone", "does not stand alone", "stopped"
     std::vector<file> files = {};  // those the project needs and has, if a page is wanted
 };
-ended_verify verify_in(session& host, const verify_request& request);
+// The project can be in `archive`, whose disk is in force then.
+ended_verify verify_in(session& host, const verify_request& request, const archive_view* archive = nullptr);
 std::string closing_line(const ended_verify& ended);
 
 // check-case: which paths of a project differ from the disk's in letter case. `report` may be "-", too.

@@ -13,6 +13,7 @@ namespace vestra::command {
 
 class session;
 struct resave_request;
+class packed_archive;
 
 struct resave_plan {
     struct file {
@@ -46,8 +47,10 @@ struct ended_resave {
 };
 // Returns why nothing can be tried out: a bundle copies files by itself.
 std::optional<refusal> refuse_trial();
-// Resaves as the command does, and says nothing; on a trial disk, which is in force, if there is one.
-ended_resave resave_in(session& host, const resave_request& request, trial_disk* trial);
+// Resaves as the command does, and says nothing; on a trial disk, or into an archive, if there is one: its
+// disk is in force.
+ended_resave resave_in(session& host, const resave_request& request, trial_disk* trial,
+                       packed_archive* archive = nullptr);
 
 // The plan with the report of the run that was tried out.
 nlohmann::ordered_json json_of(const resave_plan& plan, const resave_report& report);
