@@ -63,9 +63,9 @@ std::optional<refusal> refuse_archive(const archive_place& place, const resave_r
     if (request.mode != run_mode::anew)
         return refused(archive, say("--update and --resume cannot be combined with an archive"));
     if (request.verify)
-        return refused(archive,
-                       say("--verify cannot be combined with an archive; the command verify compares "
-                           "an archive with its manifest"));
+        return refused(
+            archive,
+            say("--verify cannot be combined with an archive; compare it with its manifest afterwards"));
     if (auto early = refuse_output(platform::to_utf8(archive))) return early;
     if (platform::current_system().identity_of(archive).is_link)
         return refused(archive, say("is a link; give the name of a file"));
