@@ -1,8 +1,9 @@
 // A disk on which one archive is a folder that can be read, but not written: `verify` and `list` work on it
 // as on a folder, and nothing is unpacked to the disk. Anything outside the archive is on the disk below.
 //
-// The archive is read once from end to end. The beginnings of its files stay in memory, and files of the
-// project's own kinds as a whole; who reads more of another one reads the archive again up to there.
+// The archive is read once from end to end (archive_pass.cpp). The beginnings of its files stay in memory,
+// and files of the project's own kinds as a whole; who reads more of another one reads the archive again up
+// to there.
 //
 // An entry that could be written to another place than below a folder is not shown, but reported: one with an
 // absolute name or "..", a link, a device, a second one of a name. A size that the archive cannot hold is
@@ -42,7 +43,7 @@ public:
     platform::outcome list(const wide_string& path, std::vector<platform::folder_entry>& entries) override;
     bool true_name(const wide_string& folder, const wide_string& name, wide_string& spelling) override;
     platform::file_identity identity_of(const wide_string& path) override;
-    bool same_file(const wide_string& a, const wide_string& b) override { return system::same_file(a, b); }
+    bool same_file(const wide_string& a, const wide_string& b) override;
     platform::outcome open(const wide_string& path, platform::access wanted, platform::disposition how,
                            std::unique_ptr<platform::file>& result) override;
     // These fail for what is in the archive.

@@ -15,7 +15,6 @@
 namespace vestra::command {
 
 using namespace vs::project_resave;
-using platform::entry_kind;
 using platform::outcome;
 
 namespace {
