@@ -60,7 +60,8 @@ public:
 
     ~written_archive() override {
         const names_in_utf8 scope;
-        if (!is_finished_) ::archive_write_fail(all_.get()); // nothing more is written
+        is_dropped_ = !is_finished_; // the library still ends the archive, but nothing more is written
+        ::archive_write_close(all_.get());
     }
 
     outcome add(const packed_entry& entry) override {
@@ -95,11 +96,12 @@ public:
     }
 
 private:
-    // Called by the library with what is to be written.
+    // Called by the library with what is to be written. It learns of no failure: after one it would not give
+    // back its memory.
     static la_ssize_t take(struct archive*, void* self, const void* bytes, size_t length) {
         written_archive& own = *static_cast<written_archive*>(self);
-        if (own.failed_) own.failed_ = own.to_.write(bytes, length);
-        return own.failed_ ? static_cast<la_ssize_t>(length) : -1;
+        if (own.failed_ && !own.is_dropped_) own.failed_ = own.to_.write(bytes, length);
+        return static_cast<la_ssize_t>(length);
     }
 
     // A warning is a name or a time that the archive would not have: it counts as a failure, too.
@@ -112,7 +114,7 @@ private:
 
     platform::file& to_;
     outcome failed_; // success as long as nothing failed
-    bool is_finished_ = false;
+    bool is_finished_ = false, is_dropped_ = false;
     const std::unique_ptr<struct archive, freed> all_;
 };
 
