@@ -41,6 +41,9 @@ using vs::project_resave::on_existing_file;
 const std::map<std::string, on_existing_file> ways_if_scene_file_exists{
     {"rewrite", on_existing_file::rewrite}, {"new-name", on_existing_file::new_name}};
 
+constexpr const char* about_readable_project =
+    "Project file, by its native path or as C:\\..., or an archive with one: copy.zip, copy.tar.zst";
+
 CLI::Option* add_project(CLI::App* command, std::string& project) {
     const auto is_given = [](const std::string& text) { return std::string(text.empty() ? "is empty" : ""); };
     return command->add_option("PROJECT", project, "Project file, as a native path or as C:\\...")
@@ -96,6 +99,7 @@ void add_list(CLI::App& app, command_line& line) {
     CLI::App* command =
         add_command(app, "list", "List the elements of a project and which of their files exist",
                     line.options, line.project);
+    command->get_option("PROJECT")->description(about_readable_project);
     command->add_flag("--missing", line.list.missing, "List only elements whose file does not exist");
     add_search(command, line.list.search);
     command->callback([&line] {
@@ -108,6 +112,7 @@ void add_verify(CLI::App& app, command_line& line) {
     CLI::App* command = add_command(
         app, "verify", "Check that every file the project refers to exists inside the project folder",
         line.options, line.verify.project);
+    command->get_option("PROJECT")->description(about_readable_project);
     command->add_flag(
         "--elsewhere", line.verify.elsewhere,
         "Check as if the project folder were moved to another disk; report references that would break");
@@ -201,7 +206,11 @@ void add_resave(CLI::App& app, command_line& line, words& words) {
     CLI::App* command =
         add_command(app, "resave", "Copy a project with all its files and rewrite its references",
                     line.options, request.project);
-    command->add_option("NEW_PROJECT", request.new_project, "New project file to write")->required();
+    command
+        ->add_option("NEW_PROJECT", request.new_project,
+                     "New project file to write; copy.zip or copy.tar.zst writes an archive with the project, "
+                     "copy.zip/NAME._vp one with this name in it")
+        ->required();
     add_resave_choices(*command, request, words);
     command
         ->add_option("--deselect", request.selection.deselect,

@@ -17,6 +17,8 @@
 
 namespace vestra::command {
 
+class archive_view;
+
 // list: prints the elements of a project and which of their files exist.
 struct list_request {
     std::string project;
@@ -48,8 +50,9 @@ struct ended_verify {
     const char* outcome = "";      // in JSON: "stands alone", "does not stand alone", "stopped"
     std::vector<file> files = {};  // existing files that the project needs, if a report is requested
 };
-// Verifies like `verify_project`, but prints nothing and writes no report.
-ended_verify verify_in(session& host, const verify_request& request);
+// Verifies like `verify_project`, but prints nothing and writes no report. The project can be in `archive`,
+// whose disk is the current system then.
+ended_verify verify_in(session& host, const verify_request& request, const archive_view* archive = nullptr);
 // Returns the outcome in words for the user: "self-contained", "not self-contained", "stopped".
 std::string outcome_text(const ended_verify& ended);
 std::string closing_line(const ended_verify& ended);

@@ -5,6 +5,7 @@
 #include <nlohmann/json.hpp>
 #include <unordered_set>
 
+#include "apps/vestra_resave/archive/archive_view.h"
 #include "apps/vestra_resave/elements.h"
 #include "apps/vestra_resave/family_sizes.h"
 #include "apps/vestra_resave/lost_files.h"
@@ -76,15 +77,18 @@ bool keep_missing(std::vector<element>& elements) {
 } // namespace
 
 int list_project(const list_request& request, const common_options& options) {
-    const std::string& project = request.project;
+    std::string project = request.project;
+    session host(options, {});
+    read_archive_scope archive;
+    if (const auto early = archive.begin(host, project, false)) return end_with(*early, options);
     remembered_disk asked_once;
     const platform::system_override in_force(asked_once);
-    session host(options, {});
     lost_file_search search;
     if (const auto early = search.begin(request.search)) return end_with(*early, options);
     if (const auto early = host.load(project)) return end_with(*early, options);
     std::vector<problem> found = host.reading_problems();
     std::ranges::move(search.undecided(), std::back_inserter(found));
+    if (archive.view()) std::ranges::copy(archive.view()->problems(), std::back_inserter(found));
     const std::vector<problem> notices = search.notices();
     print(found);
     print(notices);

@@ -87,9 +87,10 @@ bool is_scene_file(const wide_string& path) {
 // Collects the manifest entries of a saved project.
 class manifest_writer {
 public:
-    manifest_writer(const run_state& run, continuation& earlier, const std::function<bool()>& is_stopped)
+    manifest_writer(const run_state& run, continuation& earlier, const std::function<bool()>& is_stopped,
+                    const std::unordered_map<wide_string, earlier_file>* known)
         : folder_(run.placement.new_folder), below_(path_key(folder_) + u'\\'), earlier_(earlier.disk()),
-          is_stopped_(is_stopped) {
+          is_stopped_(is_stopped), known_(known) {
         seen_.insert(path_key(run.placement.log_path)); // more lines can still be appended to it
     }
 
@@ -154,14 +155,26 @@ private:
             made = *kept;
         } else {
             if (source.empty() || is_scene_file(path)) made.source.clear();
-            file_digest digest;
-            const platform::outcome read =
-                read_digest(made.source.empty() ? path : source, is_stopped_, digest);
-            if (!read) return unread.push_back({own_kind::source_unreadable, {}, source, path, read.text()});
-            made.bytes = digest.bytes, made.sha256 = digest.sha256;
+            if (const platform::outcome read = sum_up(made); !read)
+                return unread.push_back({own_kind::source_unreadable, {}, source, path, read.text()});
         }
         files_.push_back(json_of(made));
         if (!kept && !is_made) files_.back()["existed"] = true; // made by someone else
+    }
+
+    platform::outcome sum_up(entry& made) const {
+        if (known_) {
+            if (const auto row = known_->find(path_key(made.path)); row != known_->end()) {
+                made.bytes = row->second.bytes, made.sha256 = row->second.sha256;
+                made.modified = row->second.modified;
+                return {};
+            }
+        }
+        file_digest digest;
+        const platform::outcome read =
+            read_digest(made.source.empty() ? made.path : made.source, is_stopped_, digest);
+        made.bytes = digest.bytes, made.sha256 = digest.sha256;
+        return read;
     }
 
     ordered_json json_of(const entry& file) const {
@@ -182,7 +195,8 @@ private:
     const wide_string folder_, below_;
     continued_disk* const earlier_; // can be null
     const std::function<bool()>& is_stopped_;
-    std::unordered_set<wide_string> seen_, made_; // path keys
+    const std::unordered_map<wide_string, earlier_file>* const known_; // may be null
+    std::unordered_set<wide_string> seen_, made_;                      // path keys
     ordered_json files_ = ordered_json::array(), left_ = ordered_json::array(),
                  changed_ = ordered_json::array();
 };
@@ -195,13 +209,12 @@ bool is_in_the_way(run_state& run, const wide_string& path) {
                                  !entries_of(text, run.placement.new_project_path, entries_wanted::referred));
 }
 
-const char* difference_of(const entry& wanted, const std::function<bool()>& is_stopped,
-                          platform::outcome& reason) {
+const char* difference_of(const entry& wanted, const digest_reader& read, platform::outcome& reason) {
     const platform::entry_status status = platform::current_system().status_of(wanted.path);
     if (status.kind != entry_kind::file) return own_kind::manifest_missing;
     if (status.bytes != wanted.bytes) return own_kind::manifest_size_differs;
     file_digest digest;
-    reason = read_digest(wanted.path, is_stopped, digest);
+    reason = read(wanted.path, digest);
     if (!reason) return own_kind::unreadable;
     return digest.sha256 == wanted.sha256 ? nullptr : own_kind::manifest_content_differs;
 }
@@ -213,12 +226,13 @@ wide_string manifest_path(const wide_string& project) {
 }
 
 std::vector<problem> write_manifest(run_state& run, continuation& earlier,
-                                    const std::function<bool()>& is_stopped) {
+                                    const std::function<bool()>& is_stopped,
+                                    const std::unordered_map<wide_string, earlier_file>* known) {
     const wide_string& project = run.placement.new_project_path;
     const wide_string path = manifest_path(project);
     if (is_in_the_way(run, path))
         return {{own_kind::not_created, {}, {}, path, u"another file has this name"}};
-    manifest_writer writer(run, earlier, is_stopped);
+    manifest_writer writer(run, earlier, is_stopped, known);
     writer.add_all(run.placement);
     writer.add_left(earlier.left());
     writer.add_changed(earlier.changed());
@@ -243,6 +257,7 @@ std::optional<refusal> read_manifest(const wide_string& project, std::vector<ear
 
 std::optional<refusal> compare_with_manifest(const wide_string& project,
                                              const std::function<void(uint64_t bytes)>& begins,
+                                             const digest_reader& read_file,
                                              const std::function<bool()>& is_stopped, verification& found) {
     const wide_string path = manifest_path(project);
     std::string text;
@@ -256,7 +271,7 @@ std::optional<refusal> compare_with_manifest(const wide_string& project,
     for (const entry& each : *entries) {
         if (found.stopped = found.stopped || is_stopped(); found.stopped) break;
         platform::outcome reason;
-        const char* const kind = difference_of(each, is_stopped, reason);
+        const char* const kind = difference_of(each, read_file, reason);
         if (kind && !is_stopped()) found.differing.push_back({kind, {}, each.path, {}, reason.text()});
     }
     return std::nullopt;

@@ -74,6 +74,7 @@ constexpr kind_words all_kinds[] = {
     {own_kind::copy_content_differs, "its copy %1 has different content"},
     {own_kind::copy_unreadable, "its copy %1 could not be read"},
     {own_kind::source_unreadable, "could not be read to compare it with %1"},
+    {own_kind::archive_entry, "was not read from the archive"},
     {own_kind::manifest_missing, "is in the manifest but does not exist"},
     {own_kind::manifest_size_differs, "differs in size from the manifest"},
     {own_kind::manifest_content_differs, "differs in content from the manifest"},

@@ -50,6 +50,7 @@ inline constexpr const char* copy_size_differs = "copy_size_differs";
 inline constexpr const char* copy_content_differs = "copy_content_differs";
 inline constexpr const char* copy_unreadable = "copy_unreadable";
 inline constexpr const char* source_unreadable = "source_unreadable";
+inline constexpr const char* archive_entry = "archive_entry"; // one that is not read from its archive
 inline constexpr const char* manifest_missing = "manifest_missing";
 inline constexpr const char* manifest_size_differs = "manifest_size_differs";
 inline constexpr const char* manifest_content_differs = "manifest_content_differs";

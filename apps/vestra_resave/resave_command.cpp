@@ -6,6 +6,7 @@
 #include <iterator>
 #include <nlohmann/json.hpp>
 
+#include "apps/vestra_resave/archive/packed_archive.h"
 #include "apps/vestra_resave/companions.h"
 #include "apps/vestra_resave/lost_files.h"
 #include "apps/vestra_resave/manifest.h"
@@ -93,7 +94,7 @@ std::optional<refusal> refuse_paths(const wide_string& source, const wide_string
 
 // Loads the project and applies the selection.
 std::optional<refusal> prepare(session& host, const resave_request& request, continuation& earlier,
-                               const wide_string& target, bool is_trial) {
+                               const wide_string& target, bool is_trial, const packed_archive* archive) {
     const wide_string source = platform::drive_path(request.project);
     if (auto early = refuse_paths(source, target, request)) return early;
     if (auto early = earlier.find(host)) return early;
@@ -107,11 +108,11 @@ std::optional<refusal> prepare(session& host, const resave_request& request, con
         early.problems.push_back(refused({}, line).problems.front());
     if (!early.problems.empty()) return early;
     if (!request.report.empty())
-        if (auto no_page = refuse_page(request.report, context, is_trial ? wide_string() : target))
+        if (auto no_page = refuse_page(request.report, context, is_trial || archive ? wide_string() : target))
             return no_page;
     if (!request.allow_missing_drives)
         if (auto missing = refuse_missing_drives(elements, context)) return missing;
-    return protect_project_files({target}, context);
+    return protect_project_files({archive ? archive->path() : target}, context);
 }
 
 // The result of a run, or why there was none.
@@ -132,9 +133,9 @@ run_result resave_shown(session& host, const resave_settings& settings, bool cop
 }
 
 ended_run run(session& host, const resave_request& request, continuation& earlier, trial_disk* trial,
-              remembered_disk& asked_once) {
+              remembered_disk& asked_once, packed_archive* archive) {
     const wide_string target = platform::drive_path(request.new_project);
-    if (auto early = prepare(host, request, earlier, target, trial != nullptr))
+    if (auto early = prepare(host, request, earlier, target, trial != nullptr, archive))
         return {std::move(early), {}, {}};
     project_context& context = host.context();
     source_elements source(context);
@@ -147,9 +148,9 @@ ended_run run(session& host, const resave_request& request, continuation& earlie
         std::ranges::move(take_back(missing), std::back_inserter(early.problems));
         return {std::move(early), {}, {}};
     }
-    earlier.put_in_force(context, source, trial);
+    if (!archive) earlier.put_in_force(context, source, trial); // what breaks off leaves no archive
     auto early = refuse_target(folder, request, context, source);
-    if (!early) early = earlier.begin_journal();
+    if (!early) early = archive ? archive->begin() : earlier.begin_journal();
     if (early) {
         earlier.abandon();
         std::ranges::move(take_back(missing), std::back_inserter(early->problems));
@@ -163,7 +164,7 @@ ended_run run(session& host, const resave_request& request, continuation& earlie
     const std::vector<wide_string> source_paths = context.sizes.known_paths();
     const run_result result =
         bring_companions(context, request.companions, source, source_paths,
-                         resave_shown(host, settings, !trial && request.mode == run_mode::anew));
+                         resave_shown(host, settings, !trial && !archive && request.mode == run_mode::anew));
     asked_once.remember(true);
     std::vector<problem> problems = host.problems();
     // Elements that the user left out are not reported as missing.
@@ -192,7 +193,8 @@ std::optional<refusal> refuse_trial() {
     return refused({}, say("--dry-run cannot be combined with a --bundle that copies its own files"));
 }
 
-ended_resave resave_in(session& host, const resave_request& request, trial_disk* trial) {
+ended_resave resave_in(session& host, const resave_request& request, trial_disk* trial,
+                       packed_archive* archive) {
     remembered_disk asked_once;
     std::optional<platform::system_override> in_force;
     if (!trial) in_force.emplace(asked_once); // a trial hides and shows files without writing
@@ -202,11 +204,17 @@ ended_resave resave_in(session& host, const resave_request& request, trial_disk*
                             "own files; resave into a new folder"));
         return {std::move(early), {}, {}, {}};
     }
+    if (archive && has_copying_bundle())
+        return {refused(archive->path(), say("a --bundle that copies its own files cannot write them into an "
+                                             "archive; resave into a folder")),
+                {},
+                {},
+                {}};
     lost_file_search search;
     if (auto early = search.begin(request.search)) return {std::move(early), {}, {}, {}};
     continuation earlier(request, platform::drive_path(request.project),
                          platform::drive_path(request.new_project));
-    ended_run ended = run(host, request, earlier, trial, asked_once);
+    ended_run ended = run(host, request, earlier, trial, asked_once, archive);
     if (ended.early) return {std::move(ended.early), {}, {}, {}};
     resave_report& report = ended.report;
     search.end();
@@ -216,7 +224,7 @@ ended_resave resave_in(session& host, const resave_request& request, trial_disk*
     if (request.prune) asked_once.remember(false); // each file is looked at before it is removed
     earlier.end_files(host.context(), report);
     if (request.prune) asked_once.remember(true);
-    if (is_written() && !trial && (request.manifest || earlier.has_manifest())) {
+    if (is_written() && !trial && !archive && (request.manifest || earlier.has_manifest())) {
         const shown_transfer shown(host.screen(), summary_of(report).bytes, summing_caption());
         const auto is_stopped = [&] { return host.interrupted(); };
         for (problem& each : write_manifest(host.context(), earlier, is_stopped)) {
@@ -229,12 +237,18 @@ ended_resave resave_in(session& host, const resave_request& request, trial_disk*
         }
         if (is_stopped()) report.exit = stopped;
     }
+    if (archive && is_written()) {
+        archive->write(host, earlier, report);
+        asked_once.remember(true); // the archive made its manifest by itself
+    }
     std::optional<resave_plan> plan;
     std::vector<resave_plan::file> files;
     if (trial) plan = plan_of(host.context(), *trial, report);
     if (!trial && !request.report.empty()) files = made_files_of(host.context());
     if (is_written()) add_shortfalls(host, *ended.source, request, report);
     std::ranges::move(search.notices(), std::back_inserter(report.problems));
+    if (archive && is_written()) archive->put_in_place(report);
+    if (archive && !is_written()) archive->discard();
     earlier.end_journal(report);
     if (!is_written()) take_back(ended.made_folders); // only empty ones
     ended_resave all{std::nullopt, std::move(report), std::move(plan), std::move(target), std::move(files)};
@@ -245,8 +259,9 @@ ended_resave resave_in(session& host, const resave_request& request, trial_disk*
 namespace {
 
 // Runs the resave and prints everything about it.
-int resave(session& host, const resave_request& request, const common_options& options, trial_disk* trial) {
-    ended_resave ended = resave_in(host, request, trial);
+int resave(session& host, const resave_request& request, const common_options& options, trial_disk* trial,
+           packed_archive* archive = nullptr) {
+    ended_resave ended = resave_in(host, request, trial, archive);
     if (ended.early) return end_with(*ended.early, options);
     auto& [early, report, plan, target, files, names] = ended;
     if (!request.report.empty()) {
@@ -266,15 +281,44 @@ int resave(session& host, const resave_request& request, const common_options& o
     return report.exit;
 }
 
-} // namespace
-
-int resave(const resave_request& request, const common_options& options) {
-    session host(options, request.answers);
-    return resave(host, request, options, nullptr);
+// The archive that is asked for, with the project in it: that has its source's name unless another is given.
+std::optional<archive_place> archive_of(const resave_request& request) {
+    std::optional<archive_place> place = archive_in(request.new_project);
+    if (place && place->inside.empty()) place->inside = path_file_name(platform::drive_path(request.project));
+    return place;
 }
 
-int plan_resave(const resave_request& request, const common_options& options) {
+// The request as the run sees it, for which the archive is a folder. Nobody is asked what to keep after a
+// stop.
+resave_request request_into(const archive_place& place, resave_request request) {
+    request.new_project = platform::to_utf8(place.project());
+    request.answers.on_stop = stop_answer::keep_created;
+    return request;
+}
+
+} // namespace
+
+int resave(const resave_request& asked, const common_options& options) {
+    const std::optional<archive_place> place = archive_of(asked);
+    if (!place) {
+        session host(options, asked.answers);
+        return resave(host, asked, options, nullptr);
+    }
+    const resave_request request = request_into(*place, asked);
+    if (const auto early = refuse_archive(*place, request)) return end_with(*early, options);
+    packed_archive archive(*place);
+    const platform::system_override in_force(archive.disk());
+    session host(options, request.answers);
+    return resave(host, request, options, nullptr, &archive);
+}
+
+int plan_resave(const resave_request& asked, const common_options& options) {
+    const std::optional<archive_place> place = archive_of(asked);
+    const resave_request request = place ? request_into(*place, asked) : asked;
+    if (place)
+        if (const auto early = refuse_archive(*place, request)) return end_with(*early, options);
     trial_disk disk;
+    if (place) disk.delete_file(place->archive); // a folder takes its place
     const platform::system_override in_force(disk);
     session host(options, request.answers);
     if (const auto early = refuse_trial()) return end_with(*early, options);

@@ -13,6 +13,7 @@ namespace vestra::command {
 
 class session;
 struct resave_request;
+class packed_archive;
 
 // What a dry run would write.
 struct resave_plan {
@@ -47,8 +48,10 @@ struct ended_resave {
 };
 // Returns why a dry run is impossible: a bundle copies files itself.
 std::optional<refusal> refuse_trial();
-// Resaves like the command without printing anything. `trial` is the installed trial disk, or null.
-ended_resave resave_in(session& host, const resave_request& request, trial_disk* trial);
+// Resaves like the command without printing anything. `trial` and `archive` are null, or the trial disk or
+// archive to resave into, whose disk is the current system.
+ended_resave resave_in(session& host, const resave_request& request, trial_disk* trial,
+                       packed_archive* archive = nullptr);
 
 // Returns or prints the plan with the report of the dry run.
 nlohmann::ordered_json json_of(const resave_plan& plan, const resave_report& report);

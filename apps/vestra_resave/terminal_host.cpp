@@ -53,6 +53,14 @@ wide_view summing_caption() {
     return shell::settings().language_offset == 0 ? u"Контрольные суммы" : u"Computing checksums";
 }
 
+wide_view packing_caption() {
+    return shell::settings().language_offset == 0 ? u"Запись архива" : u"Writing the archive";
+}
+
+wide_view reading_caption() {
+    return shell::settings().language_offset == 0 ? u"Чтение архива" : u"Reading the archive";
+}
+
 void speak(const std::string& language) {
     shell::settings().language_offset = is_russian(language) ? 0 : 50000;
 }

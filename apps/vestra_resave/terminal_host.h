@@ -76,6 +76,8 @@ private:
 // Captions for such windows.
 wide_view comparing_caption();
 wide_view summing_caption();
+wide_view packing_caption();
+wide_view reading_caption();
 
 // Sets the language: "ru" or "en", or that of the environment if empty.
 void speak(const std::string& language);

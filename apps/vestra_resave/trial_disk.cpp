@@ -129,6 +129,7 @@ platform::entry_status trial_disk::status_of(const wide_string& path) {
     const entry* found = known(path);
     if (!found) return real_->status_of(path);
     if (found->kind == entry_kind::none) return {entry_kind::none, 0, failure::missing};
+    if (found->kind == entry_kind::file && !found->text) return real_->status_of(found->source);
     return {found->kind, found->kind == entry_kind::file ? bytes_of(*found) : 0};
 }
 
@@ -174,7 +175,7 @@ outcome trial_disk::list(const wide_string& path, std::vector<platform::folder_e
     const outcome listed = real_->list(path, entries);
     const auto changed = inside_.find(path_key(path));
     if (changed == inside_.end()) return listed;
-    if (!listed && real_->kind_of(path) != entry_kind::none) return listed;
+    if (!listed && real_->kind_of(path) == entry_kind::folder) return listed;
     std::erase_if(entries, [&](const platform::folder_entry& each) {
         return changed->second.contains(path_key(path_join(path, each.name)));
     });

@@ -6,7 +6,9 @@
 #include <nlohmann/json.hpp>
 #include <unordered_map>
 
+#include "apps/vestra_resave/archive/archive_view.h"
 #include "apps/vestra_resave/earlier_files.h"
+#include "apps/vestra_resave/file_content.h"
 #include "apps/vestra_resave/manifest.h"
 #include "apps/vestra_resave/remembered_disk.h"
 #include "apps/vestra_resave/report/page_facts.h"
@@ -19,6 +21,7 @@
 #include "operations/run/path_files.h"
 #include "platform/path_text.h"
 #include "platform/text.h"
+#include "platform/volumes.h"
 
 namespace vestra::command {
 
@@ -52,7 +55,7 @@ void add_manifest(const wide_string& project, std::vector<ended_verify::file>& f
 
 } // namespace
 
-ended_verify verify_in(session& host, const verify_request& request) {
+ended_verify verify_in(session& host, const verify_request& request, const archive_view* archive) {
     remembered_disk asked_once;
     const platform::system_override in_force(asked_once);
     ended_verify ended;
@@ -63,9 +66,14 @@ ended_verify verify_in(session& host, const verify_request& request) {
     verification& found = ended.found;
     if (request.manifest) {
         std::optional<shown_transfer> shown;
-        const auto begins = [&](uint64_t bytes) { shown.emplace(host.screen(), bytes, summing_caption()); };
+        const auto begins = [&](uint64_t bytes) {
+            if (!archive) shown.emplace(host.screen(), bytes, summing_caption());
+        };
+        const auto read = [&](const wide_string& path, file_digest& digest) {
+            return archive ? archive->digest_of(path, digest) : read_digest(path, is_stopped, digest);
+        };
         const wide_string& project = host.context().placement.source_project_path;
-        if ((ended.early = compare_with_manifest(project, begins, is_stopped, found))) return ended;
+        if ((ended.early = compare_with_manifest(project, begins, read, is_stopped, found))) return ended;
     }
     verify_settings settings{request.elsewhere};
     if (!request.report.empty()) {
@@ -78,6 +86,8 @@ ended_verify verify_in(session& host, const verify_request& request) {
     verify(host.context(), files_beside(host.context(), found), settings, is_stopped, found);
     if (!request.report.empty() && request.manifest) add_manifest(found.project, ended.files);
     ended.problems = further(host.reading_problems(), found);
+    if (archive)
+        ended.problems.insert(ended.problems.end(), archive->problems().begin(), archive->problems().end());
     if (found.stopped) ended.problems.push_back({own_kind::interrupted, {}, {}, {}});
     const bool is_whole = ended.problems.empty() && found.astray.empty() && found.differing.empty();
     ended.outcome = found.stopped ? "stopped" : is_whole ? "stands alone" : "does not stand alone";
@@ -97,9 +107,13 @@ std::string closing_line(const ended_verify& ended) {
                 std::to_string(found.astray.size())});
 }
 
-int verify_project(const verify_request& request, const common_options& options) {
+int verify_project(const verify_request& asked, const common_options& options) {
     session host(options, {});
-    ended_verify ended = verify_in(host, request);
+    verify_request request = asked;
+    read_archive_scope archive;
+    if (const auto early = archive.begin(host, request.project, true)) return end_with(*early, options);
+    if (archive.view()) request.manifest |= path_exists(manifest_path(platform::drive_path(request.project)));
+    ended_verify ended = verify_in(host, request, archive.view());
     if (ended.early) return end_with(*ended.early, options);
     bool has_page = true;
     if (!request.report.empty())

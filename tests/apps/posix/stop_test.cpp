@@ -117,5 +117,27 @@ TEST_F(stopped_command, an_existing_older_project_is_not_taken_for_the_new_one) 
     EXPECT_EQ("", difference(before, all_drives()));
 }
 
+// What was killed leaves one file, which the next one replaces.
+TEST_F(stopped_command, an_archive_stays_as_it_was_until_a_new_one_is_whole) {
+    string noise; // that no format makes shorter
+    for (uint32_t bits = 1; noise.size() < 2'000'000; bits = bits * 1664525 + 1013904223)
+        noise += static_cast<char>(bits >> 24U);
+    for (uint32_t index = 0; index < 10; ++index) write(u"C:\\data\\" + decimal(index) + u".tif", noise);
+    for (const string name : {"a.zip", "a.tar.zst"}) {
+        const string line = "resave 'C:\\prj\\area._vp' 'N:\\out\\" + name + "' --on-stop keep";
+        EXPECT_EQ(130, interrupted(line, "Writing the archive")) << err;
+        EXPECT_EQ("", made());
+        ASSERT_EQ(0, command(line)) << err;
+        const tree_state before = all_drives();
+        EXPECT_EQ(130, interrupted(line + " --overwrite", "Writing the archive")) << err;
+        EXPECT_EQ("", difference(before, all_drives()));
+        interrupted(line + " --overwrite", "Writing the archive", SIGKILL);
+        EXPECT_EQ("new: n:/out/" + name + ".vestra-part\n", difference(before, all_drives()));
+        EXPECT_EQ(0, command(line + " --overwrite --quiet")) << err;
+        EXPECT_EQ(" " + name, made());
+        remove_tree(u"N:\\out\\" + platform::from_utf8(name));
+    }
+}
+
 } // namespace
 } // namespace vs::project_resave

@@ -1,0 +1,44 @@
+// A disk on which one archive is a folder that a run writes into. What is made in it is kept in memory, a
+// copy as the path of its source, until `packed_archive` writes all of it in one go; so a file that is
+// written twice, renamed or removed is in the archive as it is at the end, or not at all. Anything outside
+// the archive is on the disk below.
+#pragma once
+
+#include "apps/vestra_resave/trial_disk.h"
+#include "platform/forwarding_system.h"
+
+namespace vestra::command {
+
+class archive_disk final : public vs::project_resave::forwarding_system {
+public:
+    // `archive` is the path of the archive. A file of that name is not shown.
+    explicit archive_disk(const wide_string& archive);
+
+    platform::entry_status status_of(const wide_string& path) override;
+    platform::outcome copy_file(const wide_string& source, const wide_string& target, bool replace) override;
+    platform::outcome delete_file(const wide_string& path) override;
+    platform::outcome create_folder(const wide_string& path) override;
+    platform::outcome remove_folder(const wide_string& path) override;
+    platform::outcome list(const wide_string& path, std::vector<platform::folder_entry>& entries) override;
+    bool true_name(const wide_string& folder, const wide_string& name, wide_string& spelling) override;
+    platform::file_identity identity_of(const wide_string& path) override;
+    bool same_file(const wide_string& a, const wide_string& b) override;
+    platform::outcome rename_over(const wide_string& from, const wide_string& to) override;
+    platform::outcome open(const wide_string& path, platform::access wanted, platform::disposition how,
+                           std::unique_ptr<platform::file>& result) override;
+    // Of the disk that the archive is on.
+    platform::outcome free_space(const wide_string& folder, uint64_t& bytes) override;
+    platform::outcome flush(const wide_string& path) override;
+    platform::outcome flush_volume(const wide_string& folder) override;
+
+private:
+    bool is_inside(const wide_string& path) const;
+    platform::system& disk_of(const wide_string& path) {
+        return is_inside(path) ? static_cast<platform::system&>(made_) : inner();
+    }
+
+    const wide_string archive_key_;
+    trial_disk made_;
+};
+
+} // namespace vestra::command

@@ -1,0 +1,230 @@
+// Linux only: archives are unpacked and made by other programs, and the disk is limited by a shell.
+// vestra-resave into an archive, and what reads one: the same tree as in a folder, all of it or nothing.
+#include <nlohmann/json.hpp>
+#include <regex>
+
+#include "tests/apps/command_run.h"
+
+namespace vs::project_resave {
+namespace {
+
+namespace fs = std::filesystem;
+
+using nlohmann::json;
+using std::string;
+
+class archive : public command_run {
+protected:
+    archive() { fs::create_directories(native("n") / "sent"); }
+
+    // Runs another program; its output.
+    string other(const string& line) {
+        EXPECT_EQ(0, run_line("LC_ALL=C.UTF-8 " + line + " >" + file_of("other").string() + " 2>&1"))
+            << line << text("other");
+        return text("other");
+    }
+    // Runs lines of Python in N:\.
+    string python(const string& lines) {
+        std::ofstream(file_of("lines")) << lines;
+        return other("sh -c 'cd " + native("n").string() + " && python3 " + file_of("lines").string() + "'");
+    }
+    string sent() const {
+        string names;
+        for (const auto& [path, state] : state_of(native("n") / "sent")) names += path + " ";
+        return names;
+    }
+    // Names and bytes below a folder of N:, without the times in the manifest.
+    std::map<string, string> tree(const string& folder) const {
+        std::map<string, string> all;
+        for (const auto& [path, state] : state_of(native("n") / folder)) {
+            const bool is_manifest = path.ends_with(".manifest.json");
+            all[path] = is_manifest ? std::regex_replace(state.bytes, std::regex("\"modified\": \\d+"), "")
+                                    : state.bytes;
+        }
+        return all;
+    }
+    // What the command said about a copy, wherever that is, in small letters: a folder has those of its disk.
+    string told_of(const string& place) const {
+        const string folder = (native("n") / place).string();
+        string told = std::regex_replace(out + err, std::regex(folder + "|N:\\\\\\\\" + place), "COPY");
+        std::ranges::transform(told, told.begin(), [](unsigned char letter) { return std::tolower(letter); });
+        // The files of a data set are known by their names alone there, and these are not always all.
+        return std::regex_replace(told, std::regex("  [0-9.]+ [km]?b\\n|, \\d+ files, [0-9.]+ [km]?b"), "\n");
+    }
+
+    const string to = "resave 'C:\\prj\\area._vp' ";
+};
+
+TEST_F(archive, holds_the_tree_that_a_folder_would) {
+    copy_sample();
+    const tree_state before = sources();
+    int number = 0;
+    for (const string& options :
+         {string("--scene-files --layer-files"), string("--structure folder-per-scene"),
+          string("--structure from-common-top --lowercase --deselect missing"),
+          string("--structure from-project-folder --companions all"),
+          string("--structure project-tree-else-type --delete-lost")}) {
+        SCOPED_TRACE(options);
+        const string name = "x" + std::to_string(++number);
+        const string file = name + (number % 2 == 0 ? ".zip" : ".tar.zst");
+        const string more = " --quiet --json " + options;
+        EXPECT_EQ(1, command(to + "'N:\\" + name + "\\area._vp' --manifest" + more)) << err;
+        const json plain = json::parse(out);
+        EXPECT_EQ(1, command(to + "'N:\\sent\\" + file + "'" + more)) << err;
+        EXPECT_NE(string::npos, sent().find(file));
+        other("bsdtar -xf " + (native("n") / "sent" / file).string() + " -C " +
+              (fs::create_directory(native("n") / ("un" + name)), (native("n") / ("un" + name)).string()));
+        EXPECT_EQ(tree(name), tree("un" + name));
+        const json packed = json::parse(out);
+        EXPECT_EQ(plain.at("summary"), packed.at("summary"));
+        EXPECT_EQ(plain.at("problems").size(), packed.at("problems").size());
+        if (number > 2) continue; // one of each kind
+        for (const string verb : {"verify ", "list "}) {
+            const int as_folder = command(verb + "'N:\\un" + name + "\\area._vp'" +
+                                          (verb == "verify " ? " --manifest --quiet" : " --quiet"));
+            const string told = told_of("un" + name);
+            EXPECT_EQ(as_folder, command(verb + "'N:\\sent\\" + file + "' --quiet")) << err;
+            EXPECT_EQ(told, told_of("sent/" + file));
+        }
+    }
+    EXPECT_EQ("", difference(before, sources()));
+}
+
+TEST_F(archive, opens_elsewhere_with_the_names_and_times_it_had) {
+    const wide_string from = write(u"C:\\data\\Скважины №1.tif", "вода");
+    const std::chrono::sys_seconds day = std::chrono::sys_days(std::chrono::year(1998) / 2 / 3);
+    fs::last_write_time(platform::native_path(from), std::chrono::file_clock::from_sys(day));
+    builder.scene_2d(u"S").layer("rtr_lr2d", u"R", from).save(source);
+    ASSERT_EQ(0, command(to + "'N:\\sent\\Пакет.ZIP\\sub\\new._vp' --quiet --log")) << err;
+    EXPECT_EQ("['sub/', 'sub/new._vp', 'sub/new.manifest.json', 'sub/new_log.txt', 'sub/rtr/', "
+              "'sub/rtr/Скважины №1.tif'] None (1998, 2, 3) вода 2048 0o100644\n",
+              python("import zipfile\n"
+                     "z = zipfile.ZipFile('sent/Пакет.ZIP')\n"
+                     "i = z.getinfo('sub/rtr/Скважины №1.tif')\n"
+                     "print(sorted(z.namelist()), z.testzip(), i.date_time[:3], z.read(i).decode(),\n"
+                     "      i.flag_bits & 2048, oct(i.external_attr >> 16))\n"));
+    EXPECT_EQ(0, command("verify 'N:\\sent\\пакет.zip\\sub\\new._vp'")) << out << err;
+    EXPECT_TRUE(out.ends_with("1 references, 0 astray, 0 not as in the manifest\n")) << out;
+    EXPECT_EQ(0, command("list 'N:\\sent\\Пакет.ZIP'")) << err;
+    EXPECT_EQ("Пакет.ZIP ", sent());
+}
+
+TEST_F(archive, is_not_begun_where_it_makes_no_sense) {
+    builder.scene_2d(u"S").layer("rtr_lr2d", u"R", write(u"C:\\data\\r.tif")).save(source);
+    write(u"N:\\sent\\text.zip", "no archive");
+    ASSERT_EQ(0, command(to + "'N:\\sent\\a.zip'")) << err;
+    const tree_state before = all_drives();
+    for (const auto& [words, reason] : std::map<string, string>{
+             {"'N:\\sent\\a.zip' --update", "--update and --resume cannot be combined with an archive"},
+             {"'N:\\sent\\b.zip' --resume", "--update and --resume cannot be combined with an archive"},
+             {"'N:\\sent\\a.zip\\other._vp'", "N:\\sent\\a.zip: exists; with --overwrite it is replaced"},
+             {"'N:\\sent\\text.zip' --overwrite", "N:\\sent\\text.zip: exists and is no archive"}}) {
+        for (const char* dry : {"", " --dry-run"}) {
+            EXPECT_EQ(2, command(to + words + dry)) << words << err;
+            EXPECT_TRUE(is_told(reason)) << err;
+        }
+    }
+    EXPECT_EQ(2, command(to + "'N:\\sent\\b.zip' --verify"));
+    EXPECT_TRUE(is_told("--verify cannot be combined with an archive")) << err;
+    EXPECT_EQ(0, command(to + "'N:\\sent\\a.zip' --overwrite --dry-run")) << err;
+    EXPECT_TRUE(is_printed("N:\\sent\\a.zip\\rtr\\r.tif")) << out;
+    EXPECT_EQ("", difference(before, all_drives()));
+    EXPECT_EQ(0, command(to + "'N:\\sent\\a.zip' --overwrite --load-log")) << err;
+    EXPECT_NE("", read(u"C:\\prj\\area_last_resave_open_log.txt"));
+}
+
+TEST_F(archive, is_there_as_a_whole_or_not_at_all) {
+    string noise; // that no format makes shorter
+    for (uint32_t bits = 1; noise.size() < 400'000; bits = bits * 1664525 + 1013904223)
+        noise += static_cast<char>(bits >> 24U);
+    builder.scene_2d(u"S").layer("rtr_lr2d", u"R", write(u"C:\\data\\r.tif", noise)).save(source);
+    const string limit = "sh -c 'ulimit -f 100; exec \"$@\"' sh ";
+    for (const string name : {"a.zip", "a.tar.zst"}) {
+        const string line = line_of(to + "'N:\\sent\\deep\\" + name + "' --quiet");
+        EXPECT_EQ(3, run("exec " + limit + line.substr(string("exec").size())));
+        EXPECT_EQ(
+            shown("vestra-resave: N:\\sent\\deep\\" + name + ": could not be created: File too large\n"),
+            err);
+        EXPECT_EQ("", sent());
+    }
+}
+
+// Each of them made by hand, as somebody would who wants to do harm.
+TEST_F(archive, of_hostile_entries_is_read_without_harm) {
+    builder.scene_2d(u"S").layer("rtr_lr2d", u"R", u"C:\\prj\\r.tif").save(source);
+    fs::copy_file(native("c") / "prj/area._vp", native("n") / "area._vp");
+    python(R"(
+import io, struct, tarfile, zipfile
+project = open('area._vp', 'rb').read()
+def zipped(name, *more):
+    with zipfile.ZipFile('sent/' + name, 'w') as z:
+        for path, data in (('area._vp', project), *more):
+            z.writestr(path, data)
+zipped('up.zip', ('../up.tif', 'x'))
+zipped('down.zip', ('a/../../up.tif', 'x'))
+zipped('back.zip', ('..\\up.tif', 'x'))
+zipped('root.zip', ('/tmp/up.tif', 'x'))
+zipped('drive.zip', ('C:\\up.tif', 'x'))
+zipped('twice.zip', ('r.tif', 'x'), ('R.TIF', 'y'))
+zipped('both.zip', ('r', 'x'), ('r/r.tif', 'y'))
+zipped('long.zip', ('a/' * 3000 + 'r.tif', 'x'))
+zipped('two.zip', ('other._vp', project))
+link = zipfile.ZipInfo('r.tif')
+link.create_system, link.external_attr = 3, 0o120777 << 16
+zipped('link.zip', (link, '/etc/passwd'))
+def patched(name, change):
+    data = bytearray(open('sent/whole.zip', 'rb').read())
+    open('sent/' + name, 'wb').write(change(data))
+zipped('whole.zip', ('r.tif', b'tif' * 50000))
+whole = len(open('sent/whole.zip', 'rb').read())
+patched('cut.zip', lambda d: d[:whole // 2])
+patched('bytes.zip', lambda d: d[:whole // 2] + b'other' + d[whole // 2 + 5:])
+def huge(d):
+    for at in (d.find(b'PK\3\4', 4) + 22, d.rfind(b'PK\1\2') + 24):
+        d[at:at + 4] = struct.pack('<I', 0xfffffff0)
+    return d
+patched('huge.zip', huge)
+def tarred(name, entries):
+    with tarfile.open('sent/' + name + '.tar', 'w') as t:
+        for info, data in entries:
+            info.size = len(data)
+            t.addfile(info, io.BytesIO(data))
+own = tarfile.TarInfo('area._vp')
+hard, device = tarfile.TarInfo('r.tif'), tarfile.TarInfo('r.tif')
+hard.type, hard.linkname, device.type = tarfile.LNKTYPE, '/etc/passwd', tarfile.CHRTYPE
+tarred('hard', ((own, project), (hard, b'')))
+tarred('device', ((own, project), (device, b'')))
+big = tarfile.TarInfo('r.tif')
+big.size = 1 << 50
+open('sent/bomb.tar', 'wb').write(open('sent/hard.tar', 'rb').read()[:512 * (1 + -(-len(project) // 512))]
+                                  + big.tobuf(tarfile.GNU_FORMAT) + bytes(20 * 512))
+)");
+    other("zstd -q --rm " + (native("n") / "sent").string() + "/*.tar");
+    const tree_state before = all_drives();
+    for (const auto& [name, reason] :
+         std::map<string, string>{{"up.zip", "out of the archive"},
+                                  {"down.zip", "out of the archive"},
+                                  {"back.zip", "out of the archive"},
+                                  {"root.zip", "absolute path"},
+                                  {"drive.zip", "absolute path"},
+                                  {"twice.zip", "is there twice"},
+                                  {"both.zip", "folder is a file"},
+                                  {"long.zip", "too long"},
+                                  {"two.zip", "does not hold exactly one project"},
+                                  {"link.zip", "a link or a device"},
+                                  {"cut.zip", "could not be loaded"},
+                                  {"bytes.zip", "damaged in the archive"},
+                                  {"huge.zip", "damaged in the archive"},
+                                  {"hard.tar.zst", "a link or a device"},
+                                  {"device.tar.zst", "a link or a device"}}) {
+        const bool is_refused = name == "cut.zip" || name == "two.zip";
+        EXPECT_EQ(is_refused ? 2 : 1, command("verify 'N:\\sent\\" + name + "' --quiet")) << name << out;
+        EXPECT_TRUE(is_told(reason)) << name << err;
+        EXPECT_LE(0, command("list 'N:\\sent\\" + name + "' --json")) << name;
+    }
+    EXPECT_LE(1, command("verify 'N:\\sent\\bomb.tar.zst'")) << out;
+    EXPECT_EQ("", difference(before, all_drives()));
+}
+
+} // namespace
+} // namespace vs::project_resave
