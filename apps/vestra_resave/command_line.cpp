@@ -207,9 +207,10 @@ void add_resave(CLI::App& app, command_line& line, words& words) {
         add_command(app, "resave", "Copy a project with all its files and rewrite its references",
                     line.options, request.project);
     command
-        ->add_option("NEW_PROJECT", request.new_project,
-                     "New project file to write; copy.zip or copy.tar.zst writes an archive with the project, "
-                     "copy.zip/NAME._vp one with this name in it")
+        ->add_option(
+            "NEW_PROJECT", request.new_project,
+            "New project file to write; copy.zip or copy.tar.zst writes an archive with the project, "
+            "copy.zip/NAME._vp one with this name in it")
         ->required();
     add_resave_choices(*command, request, words);
     command
