@@ -70,8 +70,8 @@ std::optional<refusal> refuse_archive(const archive_place& place, const resave_r
     if (platform::current_system().identity_of(archive).is_link)
         return refused(archive, say("is a link; give the name of a file"));
     if (platform::current_system().kind_of(archive) == entry_kind::none) return std::nullopt;
-    if (!request.overwrite) return refused(archive, say("exists; with --overwrite it is replaced"));
-    if (!is_archive(archive)) return refused(archive, say("exists and is no archive"));
+    if (!request.overwrite) return refused(archive, say("already exists; use --overwrite to replace it"));
+    if (!is_archive(archive)) return refused(archive, say("exists and is not an archive"));
     return std::nullopt;
 }
 
