@@ -162,9 +162,10 @@ bool folder_walls::leads_out(const wide_string& path) const {
         const auto [folder, is_new] = canonical_.try_emplace(path_normalise(path_head(path)));
         if (is_new)
             folder->second = std::filesystem::canonical(platform::native_path(folder->first), unknown);
+        if (folder->second.empty()) return false; // not of this disk, as in an archive
         whole = folder->second / std::filesystem::path(path_file_name(path));
     }
-    if (unknown || whole.empty() || home_.empty()) return false;
+    if (unknown || home_.empty()) return false;
     if (std::ranges::mismatch(home_, whole).in1 == home_.end()) return false;
     // The path may be spelled in another letter case on a disk that ignores it.
     for (auto level = whole.parent_path(); level != level.parent_path(); level = level.parent_path())

@@ -201,7 +201,7 @@ TEST_F(failure_reasons, a_page_is_kept_out_of_a_data_set_behind_a_link) {
         fs::create_directory_symlink(folder, native("n") / "page");
         EXPECT_EQ(code, command("resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp' --quiet --report "
                                 "'N:\\page\\big.html'"));
-        EXPECT_TRUE(is_told("it would pass for a file of the data set next to it")) << err;
+        EXPECT_TRUE(is_told("it would look like a file of the data set next to it")) << err;
         EXPECT_FALSE(fs::exists(folder / "big.html"));
     }
 }
