@@ -117,7 +117,8 @@ TEST_F(archive, is_not_begun_where_it_makes_no_sense) {
     for (const auto& [words, reason] : std::map<string, string>{
              {"'N:\\sent\\a.zip' --update", "--update and --resume cannot be combined with an archive"},
              {"'N:\\sent\\b.zip' --resume", "--update and --resume cannot be combined with an archive"},
-             {"'N:\\sent\\a.zip\\other._vp'", "N:\\sent\\a.zip: already exists; use --overwrite to replace it"},
+             {"'N:\\sent\\a.zip\\other._vp'",
+              "N:\\sent\\a.zip: already exists; use --overwrite to replace it"},
              {"'N:\\sent\\text.zip' --overwrite", "N:\\sent\\text.zip: exists and is not an archive"}}) {
         for (const char* dry : {"", " --dry-run"}) {
             EXPECT_EQ(2, command(to + words + dry)) << words << err;
