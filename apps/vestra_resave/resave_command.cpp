@@ -148,7 +148,7 @@ ended_run run(session& host, const resave_request& request, continuation& earlie
         std::ranges::move(take_back(missing), std::back_inserter(early.problems));
         return {std::move(early), {}, {}};
     }
-    if (!archive) earlier.put_in_force(context, source, trial); // what breaks off leaves no archive
+    if (!archive) earlier.put_in_force(context, source, trial); // an interrupted run leaves no archive
     auto early = refuse_target(folder, request, context, source);
     if (!early) early = archive ? archive->begin() : earlier.begin_journal();
     if (early) {
@@ -221,7 +221,7 @@ ended_resave resave_in(session& host, const resave_request& request, trial_disk*
     search.explain(report.problems);
     wide_string target = as_on_disk(host.context().placement.new_project_path);
     const auto is_written = [&] { return report.exit == done || report.exit == problems; };
-    if (request.prune) asked_once.remember(false); // each file is looked at before it is removed
+    if (request.prune) asked_once.remember(false); // each file is checked again before it is removed
     earlier.end_files(host.context(), report);
     if (request.prune) asked_once.remember(true);
     if (is_written() && !trial && !archive && (request.manifest || earlier.has_manifest())) {
