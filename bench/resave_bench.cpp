@@ -1,17 +1,18 @@
-// Measures the bundle in the reference host, one thing in each process, so that peak memory belongs to it.
+// Measures the bundle in the reference host, one thing in each process, so that the peak memory is known for
+// each.
 //
-//     resave-bench generate FOLDER KIND COUNT BYTES    FOLDER/prj/area._vp with so many elements of two files
+//     resave-bench generate FOLDER KIND COUNT BYTES    FOLDER/prj/area._vp with COUNT elements of two files
 //                                                   each: "shape" or "raster" layers, or "table"; "away" are
-//                                                   shape layers on a drive that is not there
-//     resave-bench copy FOLDER NEW_FOLDER              a straight loop over the files, for comparison
-//     resave-bench load PROJECT TIMES               loads it again and again
-//     resave-bench xml PROJECT                      reads it as the host does, and nothing else
+//                                                   shape layers on a drive that does not exist
+//     resave-bench copy FOLDER NEW_FOLDER              copies the files in a plain loop, for comparison
+//     resave-bench load PROJECT TIMES               loads it TIMES times
+//     resave-bench xml PROJECT                      only reads it, as the host does
 //     resave-bench resave PROJECT NEW_PROJECT
-//     resave-bench structure PROJECT TEXT_FILE      with all that it can hold
+//     resave-bench structure PROJECT TEXT_FILE      with all options
 //     resave-bench check-case PROJECT REPORT
 //
-// All but the first two print one line of figures: name=value, seconds and KiB. Those of the last two leave
-// the load out.
+// All except the first two print one line of figures: name=value, in seconds and KiB. The figures of the last
+// two do not include the load.
 #include <fcntl.h>
 #include <sys/resource.h>
 #include <sys/stat.h>

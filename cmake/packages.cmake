@@ -1,4 +1,4 @@
-# The packages that `make package` makes of the component `application`: for Debian, and with the component `sdk` as a
+# The packages that `make package` creates from the component `application`: for Debian, and with the component `sdk` as a
 # tarball or as a zip for Windows. Programs are stripped.
 set(CPACK_PACKAGE_NAME vestra-resave)
 set(CPACK_PACKAGE_VERSION ${PROJECT_VERSION})
@@ -12,7 +12,7 @@ set(CPACK_COMPONENTS_GROUPING ALL_COMPONENTS_IN_ONE)
 set(CPACK_STRIP_FILES ON)
 set(CPACK_INSTALL_DEFAULT_DIRECTORY_PERMISSIONS
     OWNER_READ OWNER_WRITE OWNER_EXECUTE GROUP_READ GROUP_EXECUTE WORLD_READ WORLD_EXECUTE)
-set(CPACK_ARCHIVE_COMPONENT_INSTALL ON) # so that the components are those of the list
+set(CPACK_ARCHIVE_COMPONENT_INSTALL ON) # otherwise the list of components is ignored
 set(CPACK_PROJECT_CONFIG_FILE ${CMAKE_CURRENT_LIST_DIR}/package_format.cmake)
 
 if(WIN32)

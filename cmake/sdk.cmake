@@ -33,8 +33,8 @@ target_compile_options(project_resave_sdk INTERFACE $<$<CXX_COMPILER_ID:GNU,Clan
 target_link_options(project_resave_sdk INTERFACE $<$<PLATFORM_ID:Linux>:LINKER:--version-script=${exports}>)
 
 if(WIN32)
-    # Elsewhere a library finds the host's functions in the program that loads it; here it names the library of each. It
-    # brings the compiler's own libraries along, for the host has none of them.
+    # On Linux a bundle finds the host's functions in the program that loads it; on Windows it is linked with the host's
+    # libraries. It contains the compiler's own libraries, because the host does not provide them.
     foreach(library IN LISTS host_libraries)
         target_link_libraries(project_resave_sdk INTERFACE $<BUILD_INTERFACE:${library}>
             $<INSTALL_INTERFACE:$<INSTALL_PREFIX>/${CMAKE_INSTALL_LIBDIR}/${CMAKE_IMPORT_LIBRARY_PREFIX}${library}${CMAKE_IMPORT_LIBRARY_SUFFIX}>)

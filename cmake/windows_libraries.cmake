@@ -7,7 +7,7 @@ set(contract ${PROJECT_SOURCE_DIR}/docs/host_contract.md)
 set(definitions ${PROJECT_BINARY_DIR}/definitions)
 set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${contract})
 
-# One definition file for each library of the contract; host_libraries gets their names.
+# Generates a definition file for each library in docs/host_contract.md; host_libraries gets their names.
 file(STRINGS ${contract} lines REGEX "^(## |\\| `)" ENCODING UTF-8)
 set(host_libraries "")
 foreach(line IN LISTS lines)
@@ -41,7 +41,7 @@ set_target_properties(vsk_project_resave_bdl PROPERTIES PREFIX "" LINKER_LANGUAG
 target_link_libraries(vsk_project_resave_bdl PRIVATE ${host_libraries} ${system_libraries})
 
 # The host contains the platform layer and the objects of the bundle that it needs. It exports its own symbols, but
-# none that it takes from libraries.
+# not those of libraries.
 add_library(bundle_support STATIC ${bundle_objects})
 add_library(reference_host_library SHARED
     $<TARGET_OBJECTS:reference_host> ${platform_objects})
@@ -49,7 +49,7 @@ set_target_properties(reference_host_library PROPERTIES PREFIX "" OUTPUT_NAME re
 target_link_options(reference_host_library PRIVATE -Wl,--export-all-symbols -Wl,--exclude-libs,ALL)
 target_link_libraries(reference_host_library PRIVATE bundle_support pugixml::pugixml ${system_libraries})
 
-# Links the bundle's code into a program, and the host as libraries with the names of the contract. The platform layer
+# Links the bundle's code into a program, and the host as libraries with the names in docs/host_contract.md. The platform layer
 # is that of the host, so that a replacement of the system object is visible on both sides; resources are those of the
 # program.
 function(link_bundle_and_host program)

@@ -1,5 +1,5 @@
 # Dependencies for Windows that the Linux build finds as installed packages: built from sources, or headers that work
-# on any system. tools/install_windows_packages provides them. GDAL is not among them.
+# on any operating system. tools/install_windows_packages provides them. GDAL is not among them.
 set(VS_PUGIXML_SOURCE "${PROJECT_BINARY_DIR}/packages/pugixml" CACHE PATH "Source of pugixml")
 set(VS_GOOGLETEST_SOURCE "/usr/src/googletest" CACHE PATH "Source of GoogleTest")
 
@@ -19,7 +19,7 @@ add_package(gtest_main
 target_include_directories(gtest_main PRIVATE ${VS_GOOGLETEST_SOURCE}/googletest)
 add_library(GTest::gtest_main ALIAS gtest_main)
 
-# The folder of the system's own headers must not be visible, so these two get a separate folder.
+# The folder with the headers of the build machine must not be visible, so these two get a separate folder.
 set(header_packages ${PROJECT_BINARY_DIR}/packages/include)
 file(MAKE_DIRECTORY ${header_packages})
 foreach(package CLI nlohmann)

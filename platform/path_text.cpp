@@ -143,7 +143,7 @@ wide_string path_normalise(wide_view path) {
     result.reserve(path.size() + 1);
     if (!path.empty() && is_separator(path[0])) {
         result += u'\\';
-        // Two separators at the start are a network path, which one would not be.
+        // A network path begins with two separators, which must not become one.
         if (path.size() > 1 && is_separator(path[1])) result += u'\\';
     }
     if (!root.empty()) result.append(root).push_back(u'\\');

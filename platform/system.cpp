@@ -1,5 +1,5 @@
-// What both targets share of the operating system as an object: the current override, the watch over copies,
-// and the walk over a tree of folders.
+// The parts of the operating system's object that both targets share: the current override, the progress of
+// copies, and the walk over a tree of folders.
 
 #include "platform/system.h"
 

@@ -15,7 +15,7 @@ struct text_row {
     std::u16string_view text;
 };
 
-// NOLINTBEGIN(bugprone-macro-parentheses): a list of rows is no expression
+// NOLINTBEGIN(bugprone-macro-parentheses): a list of rows is not an expression
 #define VS_TEXT(id, name, base, translated) text_row{id, base}, text_row{id + english, translated},
 #define VS_TEXT_BASE_ONLY(id, name, base) text_row{id, base},
 // NOLINTEND(bugprone-macro-parentheses)

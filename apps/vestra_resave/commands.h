@@ -50,8 +50,8 @@ struct ended_verify {
     const char* outcome = "";      // in JSON: "stands alone", "does not stand alone", "stopped"
     std::vector<file> files = {};  // existing files that the project needs, if a report is requested
 };
-// Verifies like `verify_project`, but prints nothing and writes no report. The project can be in `archive`,
-// whose disk is the current system then.
+// Verifies like `verify_project`, but prints nothing and writes no report. If the project is in an archive,
+// `archive` must be the current disk.
 ended_verify verify_in(session& host, const verify_request& request, const archive_view* archive = nullptr);
 // Returns the outcome in words for the user: "self-contained", "not self-contained", "stopped".
 std::string outcome_text(const ended_verify& ended);

@@ -64,7 +64,7 @@ public:
             }
     }
 
-    // Brings the companions of one copy. Files of the host itself have none.
+    // Copies the companions of one copied file. Project, scene and layer files have none.
     void bring_for(const placed_file& copy) {
         if (copy.old_path.empty() || path_extension(copy.old_path).starts_with(u"._")) return;
         if (failed_.contains(path_key(copy.new_path))) return;
@@ -100,7 +100,7 @@ public:
     }
 
 private:
-    // A copy, which is looked for once there is something to bring.
+    // A copy. Its existence is checked only when a companion is found.
     struct sought_copy {
         bool exists() {
             if (!is_there) is_there = path_exists(path);

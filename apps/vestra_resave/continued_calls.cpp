@@ -1,4 +1,4 @@
-// The file operations of a continued disk. continued_disk.cpp has its knowledge of the earlier copies.
+// The file operations of a continued disk. continued_disk.cpp decides what happens to the earlier copies.
 #include <utility>
 
 #include "apps/vestra_resave/continued_disk.h"

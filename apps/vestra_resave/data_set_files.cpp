@@ -124,7 +124,7 @@ data_set_files files_of_data_set(const wide_string& path) {
     std::vector<wide_string> listed;
     const bool is_read = data_source_files(path, listed);
     if (!is_read) all.unread = read_error_of(path);
-    // A shape file that could be read needs no second look at its first bytes: they are no text.
+    // A shape file that could be read is binary, so its first bytes need not be examined.
     const bool is_text = !is_folder && !(is_read && has_extension(path, u".shp"));
     const std::string beginning = is_text ? beginning_of(path) : std::string();
     if (is_virtual(beginning)) add_virtual_sources(path, all.files);
@@ -162,7 +162,7 @@ bool folder_walls::leads_out(const wide_string& path) const {
         const auto [folder, is_new] = canonical_.try_emplace(path_normalise(path_head(path)));
         if (is_new)
             folder->second = std::filesystem::canonical(platform::native_path(folder->first), unknown);
-        if (folder->second.empty()) return false; // not of this disk, as in an archive
+        if (folder->second.empty()) return false; // not on the disk, for example in an archive
         whole = folder->second / std::filesystem::path(path_file_name(path));
     }
     if (unknown || home_.empty()) return false;

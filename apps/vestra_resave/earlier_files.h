@@ -8,15 +8,15 @@
 //
 //     resave-journal 1
 //     run JSON           the project, its SHA-256 and the options, as one object
-//     boot TEXT          a run begins or goes on; changes when the computer starts anew
+//     boot TEXT          a run begins or continues; TEXT changes when the computer restarts
 //     folder PATH        was created
-//     copy PATH SOURCE   begins
-//     replace PATH SOURCE BYTES TIME  the whole copy made last takes the place of an older file
-//     done BYTES TIME    the copy begun last is whole; TIME in nanoseconds since 1970
+//     copy PATH SOURCE   a copy begins
+//     replace PATH SOURCE BYTES TIME  the last complete copy replaces an older file
+//     done BYTES TIME    the last copy begun is complete; TIME in nanoseconds since 1970
 //     write PATH         a file that the run writes itself begins
 //     written PATH BYTES TIME
-//     gone PATH          was removed, or got another name
-//     safe               the disk has all of the above, even if the computer is switched off now
+//     gone PATH          was removed or renamed
+//     safe               all of the above is flushed to the disk and survives a loss of power
 #pragma once
 
 #include <cstdint>

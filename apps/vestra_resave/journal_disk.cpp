@@ -184,9 +184,8 @@ outcome journal_disk::remove_folder(const wide_string& path) {
 
 outcome journal_disk::open(const wide_string& path, platform::access wanted, platform::disposition how,
                            std::unique_ptr<platform::file>& result) {
-    const bool is_taken =
-        how == platform::disposition::create_new && // by someone else, as the call will report
-        inner().kind_of(path) != platform::entry_kind::none;
+    const bool is_taken = how == platform::disposition::create_new && // then the call fails
+                          inner().kind_of(path) != platform::entry_kind::none;
     const bool creates = how != platform::disposition::open_existing && !is_taken;
     if (creates)
         if (const outcome entered = enter({"write", word(path)}); !entered) return entered;

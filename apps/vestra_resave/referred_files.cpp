@@ -128,7 +128,7 @@ other_users::other_users(project_context& context, const wide_string& project,
             add_names_in(each.path);
 }
 
-// Reads every text of the file, whatever its meaning: taking a text for a name does no harm.
+// Treats every text of the file as a possible name, because a wrong one does no harm.
 void other_users::add_names_in(const wide_string& path) {
     std::string text;
     pugi::xml_document document;

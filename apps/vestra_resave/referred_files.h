@@ -40,8 +40,8 @@ private:
 };
 
 // Finds out whether a file that the project at `project` no longer refers to is needed by the loaded project,
-// or by another project or scene in the folder, of which only names are compared. Those in `going` do not
-// count. The current disk must show the files.
+// or by another project or scene in the folder. For the latter only names are compared. Projects and scenes
+// in `going` are ignored. The current disk must show the files.
 class other_users {
 public:
     other_users(vs::project_resave::project_context& context, const wide_string& project,

@@ -148,7 +148,7 @@ ended_run run(session& host, const resave_request& request, continuation& earlie
         std::ranges::move(take_back(missing), std::back_inserter(early.problems));
         return {std::move(early), {}, {}};
     }
-    if (!archive) earlier.put_in_force(context, source, trial); // what breaks off leaves no archive
+    if (!archive) earlier.put_in_force(context, source, trial); // an interrupted run leaves no archive
     auto early = refuse_target(folder, request, context, source);
     if (!early) early = archive ? archive->begin() : earlier.begin_journal();
     if (early) {
@@ -221,7 +221,7 @@ ended_resave resave_in(session& host, const resave_request& request, trial_disk*
     search.explain(report.problems);
     wide_string target = as_on_disk(host.context().placement.new_project_path);
     const auto is_written = [&] { return report.exit == done || report.exit == problems; };
-    if (request.prune) asked_once.remember(false); // each file is looked at before it is removed
+    if (request.prune) asked_once.remember(false); // each file is checked again before it is removed
     earlier.end_files(host.context(), report);
     if (request.prune) asked_once.remember(true);
     if (is_written() && !trial && !archive && (request.manifest || earlier.has_manifest())) {
@@ -239,7 +239,7 @@ ended_resave resave_in(session& host, const resave_request& request, trial_disk*
     }
     if (archive && is_written()) {
         archive->write(host, earlier, report);
-        asked_once.remember(true); // the archive made its manifest by itself
+        asked_once.remember(true); // the archive already has its manifest
     }
     std::optional<resave_plan> plan;
     std::vector<resave_plan::file> files;
@@ -281,15 +281,15 @@ int resave(session& host, const resave_request& request, const common_options& o
     return report.exit;
 }
 
-// The archive that is asked for, with the project in it: that has its source's name unless another is given.
+// Returns the requested archive; the project in it has the name of its source unless another is given.
 std::optional<archive_place> archive_of(const resave_request& request) {
     std::optional<archive_place> place = archive_in(request.new_project);
     if (place && place->inside.empty()) place->inside = path_file_name(platform::drive_path(request.project));
     return place;
 }
 
-// The request as the run sees it, for which the archive is a folder. Nobody is asked what to keep after a
-// stop.
+// Returns the request for the run, which sees the archive as a folder. After a stop the user is not asked
+// what to keep.
 resave_request request_into(const archive_place& place, resave_request request) {
     request.new_project = platform::to_utf8(place.project());
     request.answers.on_stop = stop_answer::keep_created;
@@ -318,7 +318,7 @@ int plan_resave(const resave_request& asked, const common_options& options) {
     if (place)
         if (const auto early = refuse_archive(*place, request)) return end_with(*early, options);
     trial_disk disk;
-    if (place) disk.delete_file(place->archive); // a folder takes its place
+    if (place) disk.delete_file(place->archive); // the run creates a folder instead
     const platform::system_override in_force(disk);
     session host(options, request.answers);
     if (const auto early = refuse_trial()) return end_with(*early, options);

@@ -48,8 +48,8 @@ struct ended_resave {
 };
 // Returns why a dry run is impossible: a bundle copies files itself.
 std::optional<refusal> refuse_trial();
-// Resaves like the command without printing anything. `trial` and `archive` are null, or the trial disk or
-// archive to resave into, whose disk is the current system.
+// Resaves like the command without printing anything. `trial` and `archive` can be null; otherwise they are
+// the trial disk or the archive to resave into, and the disk of this one must be the current disk.
 ended_resave resave_in(session& host, const resave_request& request, trial_disk* trial,
                        packed_archive* archive = nullptr);
 

@@ -168,8 +168,8 @@ bool main_window::resaves() const {
     return !tabs || tabs->current == 0;
 }
 
-// Kept as users know it: the tool replaces an existing project. A typed path was confirmed by no file dialog,
-// so the window asks.
+// Kept as users know it: the tool replaces an existing project. No file dialog has asked about a path that
+// was typed, so the window asks.
 bool main_window::may_replace(const wide_string& target) {
     return front_end_.confirms(
         entered(said("This project exists already. Replace it?", "Такой проект уже есть. Заменить его?") +

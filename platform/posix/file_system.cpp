@@ -51,8 +51,8 @@ folder_entry entry_of(const std::string& folder, const dirent& found) {
 }
 
 file_identity identity_in(const struct stat& found, bool is_link) {
-    // Every sub-folder adds a name to its parent folder's count, so a folder's count says nothing about links
-    // to it.
+    // Every sub-folder adds a name to its parent folder's count, so the count of a folder does not
+    // show whether there are links to it.
     const bool is_folder = S_ISDIR(found.st_mode);
     const bool has_names = is_link || (!is_folder && found.st_nlink > 1);
     return {found.st_dev, found.st_ino, has_names ? 2U : 1U, is_link, is_folder};

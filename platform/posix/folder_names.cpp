@@ -106,8 +106,8 @@ void folder_names::before_change(const std::string& path) {
     const std::lock_guard guard(mutex_);
     folder_times now;
     content* const names = kept(std::string(folder_of(path)), now);
-    // Another program changed the folder since it was read: the times after our own change must not hide
-    // that.
+    // Another program changed the folder since it was read: the times recorded after this process's own
+    // change must not hide that.
     if (names != nullptr && names->seen != now) names->settled = false;
 }
 

@@ -1,5 +1,5 @@
-// Keeps the folders that are in use open, because walking a long path for each of their entries is what
-// dominates the cost of looking at thousands of files.
+// Keeps the folders that are in use open. Otherwise the operating system would follow the whole path again
+// for each of their entries, which is most of the cost of examining thousands of files.
 
 #include "platform/posix/held_folders.h"
 

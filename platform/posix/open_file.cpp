@@ -67,7 +67,7 @@ outcome lock_regular_file(descriptor opened, bool writes, bool empties, std::uni
     struct stat status {};
     if (const outcome regular = regular_status(opened, status); !regular) return regular;
 
-    // A file system without locks still lets the file be used.
+    // On a file system without locks the file is used without one.
     const int lock = (writes ? LOCK_EX : LOCK_SH) | LOCK_NB;
     if (::flock(opened.get(), lock) != 0 && errno == EWOULDBLOCK) return failure::in_use;
     if (empties && ::ftruncate(opened.get(), 0) != 0) return outcome::last();

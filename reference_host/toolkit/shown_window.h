@@ -5,8 +5,9 @@
 
 namespace vestra::toolkit {
 
-// Elements and rows are those of the last `look`. The events return what those of element_view.h and
-// outline_view.h do. A window overrides them to send events in another way, such as by mouse.
+// Elements and rows are those of the last `look`. Each event returns the same as the function with its name
+// in element_view.h or outline_view.h. A window overrides them to send events in another way, such as by
+// mouse.
 class shown_window {
 public:
     virtual ~shown_window() = default;

@@ -12,8 +12,8 @@ using vs::project_resave::wide_view;
 
 namespace {
 
-// Returns the folder that is a drive where the operating system has no drives. The host sets the variable
-// before it loads a bundle.
+// Returns the folder that a drive is mapped to, on operating systems without drives. The host sets the
+// variable before it loads a bundle.
 std::string folder_of_drive(char16_t letter) {
     const char* const drives = std::getenv("VESTRA_DRIVES"); // "C=/data/c;N=/mnt/n"
     std::string_view rest = drives ? drives : "";
@@ -33,7 +33,7 @@ bool same_name(const fs::path& a, const fs::path& b) {
     return std::ranges::equal(first, second, {}, folded, folded);
 }
 
-// Returns the entry of this name in any letter case; the name as it is if there is none.
+// Returns the entry with this name in any letter case; the unchanged name if there is none.
 fs::path entry_in(const fs::path& folder, const fs::path& name) {
     std::error_code failed;
     if (!fs::exists(folder / name, failed))
@@ -61,7 +61,7 @@ size_t common_folders(const wide_string& a, const wide_string& b) {
     size_t common = 0;
     for (size_t i = 0; i < std::min(a.size(), b.size()) && folded(a[i]) == folded(b[i]); ++i)
         if (is_separator(a[i])) common = i + 1;
-    return common > 2 ? common : 0; // two are those that all shares begin with
+    return common > 2 ? common : 0; // all paths of shares begin with two separators
 }
 
 } // namespace

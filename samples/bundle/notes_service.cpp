@@ -18,8 +18,8 @@ enum place : uint32_t { uuid_place, caption_place, source_place, first_member_pl
 
 } // namespace
 
-// In the copy of the project the paths are whole until the notes are saved: by then the layers, to which they
-// are relative, have new files.
+// Makes the paths in the copy of the project absolute until the notes are saved, because the files of the
+// layers, to which they are relative, change before that.
 void notes_service::set_project(vs_prj* loaded) {
     project = loaded;
     const uint32_t count = item_count();
@@ -71,7 +71,7 @@ wide_string notes_service::main_file(uint32_t index) const {
 
 void notes_service::item_source(uint32_t index, string_visitor visitor) { tell(visitor, main_file(index)); }
 
-// What belongs to a note keeps its place relative to the main file, so one path is all there is to rewrite.
+// The other files of a note keep their place relative to the main file, so only one path is rewritten.
 void notes_service::set_item_source(uint32_t index, const char16_t* path) {
     const wide_string stored = relative_path(path, file_of_layer(index));
     any_assign_wstring(tuple_get_element(row(index), source_place), stored.c_str());

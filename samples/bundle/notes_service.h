@@ -1,11 +1,12 @@
 // Field notes: pictures and texts that are pinned to the layers of the 2D scenes. Each is an item of the
 // resave with a main file and any number of files and folders that belong to it.
 //
-// A layer keeps its notes under "sample_notes", one row for each: uuid, caption, main file, and then what
-// belongs to it, as paths relative to the folder of the main file. A row without texts is no note.
+// A layer stores its notes under "sample_notes", one row for each: uuid, caption, main file, and then the
+// paths of the other files and folders, relative to the folder of the main file. A row without texts is
+// ignored.
 //
 // The main file is stored relative to the layer's own file, if both are on one drive. The host never changes
-// the texts of a layer, but it does find the layer's file when a project has been moved, and so the notes.
+// the texts of a layer, but it updates the path of the layer's file, so the notes are found after a move.
 #pragma once
 
 #include <vector>
@@ -42,7 +43,7 @@ public:
 private:
     struct note {
         vs_lr* layer;
-        vs_tuple* row; // the layer's
+        vs_tuple* row; // owned by the layer
         host_owned<vs_uuid, &vs_uuid_destroy> uuid;
     };
 
@@ -50,10 +51,10 @@ private:
     // Returns null for an index at or beyond the count; the host's functions ignore it.
     vs_tuple* row(uint32_t index) const { return index < notes.size() ? notes[index].row : nullptr; }
     wide_string file_of_layer(uint32_t index) const;
-    // Returns the whole path of the main file; empty if the note has none.
+    // Returns the absolute path of the main file; empty if the note has none.
     wide_string main_file(uint32_t index) const;
 
-    vs_prj* project = nullptr; // dangling from its end to the next load, but not used in that time
+    vs_prj* project = nullptr; // invalid after the project ends, but not used until the next load
     std::vector<note> notes;
 };
 

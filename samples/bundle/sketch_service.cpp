@@ -37,7 +37,7 @@ void sketch_service::set_file(vs_entity* entity, uint32_t, const char16_t* new_p
     vs_lr_set_wfilename(vs_lr_safe_downcast(entity), new_path);
 }
 
-// What was copied before a failure is in the lists, so the resave can remove it again.
+// After a failure the lists have the files copied so far, so that the resave can remove them.
 bool sketch_service::copy_files(vs_entity*, uint32_t, const char16_t* source, const char16_t* target,
                                 vs_wstrings* sources, vs_wstrings* targets) {
     const auto copy = [&](const wide_string& from, const wide_string& to) {

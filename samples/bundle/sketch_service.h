@@ -1,6 +1,6 @@
-// Sketches: layers of a kind that this bundle brings. A sketch is a drawing in a file. What its signs mean is
-// in a legend, the file of the same name with ".legend" appended, which not every sketch has. It is drawn
-// over other layers, whose uuids it keeps under "sample_sketch", one text for each.
+// Sketches: layers of a kind that only this bundle knows. A sketch is a drawing in a file. It can have a
+// legend that explains its signs, in the file with the same name and ".legend" appended. It is drawn over
+// other layers, whose uuids it stores under "sample_sketch", one text for each.
 #pragma once
 
 #include "framework/border/ref.h"

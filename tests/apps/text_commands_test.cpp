@@ -104,7 +104,7 @@ void find_lonely_paths(const json& all, std::set<string>& lonely) {
     for (const auto& [key, value] : all.items()) {
         if (value.is_structured()) find_lonely_paths(value, lonely);
         const bool is_path = value.is_string() && value.get<string>().substr(0, 12).find(":\\") == 1;
-        const bool is_native = key.find("native_") != string::npos; // on Windows of the same form
+        const bool is_native = key.find("native_") != string::npos; // on Windows both forms are the same
         if (!is_path || is_native || key == "stored" || key == "text" || key == "caption") continue;
         const string native = (key == "new_path" ? "new_native_path" : "native_" + key);
         if (all.value(native, "") != platform::native_text(platform::from_utf8(value.get<string>())))
@@ -238,7 +238,7 @@ TEST_F(command_run, no_file_of_the_project_is_written_over_under_whatever_name) 
     fs::create_directories(native("c") / "link");
     fs::create_hard_link(native("c") / "prj/rasters/relief.tif", native("c") / "link/hard.txt");
     fs::create_hard_link(native("c") / "prj/area._vp", native("c") / "link/hard._vp");
-    std::error_code no_links; // by name, which not every system supports
+    std::error_code no_links; // not every operating system supports symbolic links
     fs::create_symlink(native("c") / "prj/area._vp", native("c") / "link/soft._vp", no_links);
     fs::create_directory_symlink(native("c"), native("n") / "link", no_links);
     const string linked = no_links ? "C:" : "N:\\link", soft = no_links ? "hard._vp'" : "soft._vp'";

@@ -50,7 +50,8 @@ TEST_F(verify_command, ends_with_0_only_for_a_project_that_can_be_moved) {
     EXPECT_EQ(1U, state_of(native("c") / "moved").size());
 }
 
-// The manifest has files that no reference knows; a file found here need not be found elsewhere.
+// The manifest also has files that nothing refers to. A file that exists at the current path can be missing
+// after a move.
 TEST_F(verify_command, knows_what_is_changed_and_what_is_bound_to_its_place) {
     write(u"C:\\prj\\r.tfw", "left behind by the rules of no run");
     write(u"C:\\prj\\r.tif.aux.xml", "left behind by those of each");
@@ -147,7 +148,7 @@ TEST_F(bundle_option, items_of_a_bundle_are_listed_left_out_copied_and_verified)
     EXPECT_TRUE(is_printed("missing: file ")) << out;
 }
 
-// Its own copies would be real.
+// A dry run cannot simulate copies that a bundle makes itself.
 TEST_F(bundle_option, a_bundle_that_copies_by_itself_has_no_dry_run) {
     EXPECT_EQ(2, command("resave --dry-run " + project + target + bundle));
     EXPECT_TRUE(is_told("copies its own files")) << err;
@@ -165,7 +166,7 @@ protected:
     const std::string project = "'C:\\prj\\area._vp'", no_project = VS_SOURCE_DIR "/samples/area/README.md";
 };
 
-// The sessions of a page are in blocks of text. That of the document begins with the first print of the
+// Each session of a page is in a block of text. The one in docs/panel.md begins with the first print of the
 // window.
 TEST_F(panel_session, each_session_of_a_page_is_what_the_program_prints) {
     const auto relief = platform::native_path(u"C:\\prj\\rasters\\relief.tif");

@@ -2,7 +2,7 @@
 //
 //     node report_test.mjs VESTRA_RESAVE TEST_APPS [PICTURES]
 //
-// In the folder PICTURES, if it is given, pictures of the sample's page are kept. CHROMIUM names another browser program.
+// Pictures of the sample's page are saved in the folder PICTURES, if it is given. CHROMIUM names another browser program.
 import assert from "node:assert/strict";
 import {execFileSync, spawnSync} from "node:child_process";
 import {cpSync, mkdtempSync, readFileSync, rmSync, writeFileSync} from "node:fs";
@@ -40,7 +40,7 @@ function makePages() {
         {env: {...process.env, REPORT_PAGE: join(work, "many.html")}});
 }
 
-// Opens a page of which nothing may be wrong: no error, no message, nothing from elsewhere.
+// Opens a page. Errors, console messages and requests to other places are recorded, and close() fails if there are any.
 async function open(browser, name, options = {}) {
     const context = await browser.newContext({viewport: {width: 1320, height: 1000}, ...options});
     context.setDefaultTimeout(10000);
@@ -220,7 +220,7 @@ const tests = {
     },
 };
 
-// One of the upper part, and one of the folders and the table; the test's folder is named as a person's would be.
+// Takes pictures of the upper part and of the folders and the table, with the path of the test's folder replaced.
 async function takePictures(browser) {
     const file = join(work, "copy/area.html");
     writeFileSync(file, readFileSync(file, "utf8").replaceAll(work, "/data"));

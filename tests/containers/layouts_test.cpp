@@ -41,9 +41,9 @@ const std::string old_signs =
 
 TEST_F(layouts, each_structure_places_a_page_but_copies_nothing_for_it) {
     const std::tuple<uint32_t, wide_view, wide_view> rows[] = {
-        {by_type, u"C:\\prj\\img\\p.fmt", u"N:\\out\\files"}, // without its name
+        {by_type, u"C:\\prj\\img\\p.fmt", u"N:\\out\\files"}, // without the file name
         {from_project_folder, u"C:\\prj\\img\\P.fmt", u"N:\\out\\img\\P.fmt"},
-        {from_project_folder, u"D:\\img\\p.fmt", u"\\img\\p.fmt"}, // required as it is
+        {from_project_folder, u"D:\\img\\p.fmt", u"\\img\\p.fmt"}, // Kept as users know it: without a drive
         {project_tree_else_type, u"C:\\prj\\img\\p.fmt", u"N:\\out\\img\\p.fmt"},
         {project_tree_else_type, u"D:\\img\\p.fmt", u"N:\\out\\files\\p.fmt"},
         {from_common_top, u"C:\\prj\\p.fmt", u"N:\\out\\prj\\p.fmt"},
@@ -54,7 +54,7 @@ TEST_F(layouts, each_structure_places_a_page_but_copies_nothing_for_it) {
             SCOPED_TRACE(testing::Message() << structure << ' ' << platform::to_utf8(page));
             if (exists && !page.empty()) write(wide_string(page));
             settings.structure_variant = static_cast<project_resave::structure>(structure);
-            settings.lower_case = true; // does not reach it
+            settings.lower_case = true; // has no effect on a page
             builder.model.layouts.clear();
             builder.layout(u"Sheet").layer("layout_image", u"I", u"C:\\data\\i.tif").page(u"P", page);
             run();

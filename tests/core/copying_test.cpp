@@ -104,7 +104,7 @@ TEST_F(copying, members_of_a_data_set_follow_the_new_name_of_the_main_file) {
     } rows[] = {
         {u"m.tos", u"z.tos", u"m.tod x.bin", false, true, "x.bin>x.bin m.tod>z.tod "},
         {u"m.tos", u"m_(1).tos", u"m.tos.idx comment.txt", false, true,
-         "comment.txt>comment.txt m.tos.idx>m_(1).tos.idx "}, // the file calls the comment by its name
+         "comment.txt>comment.txt m.tos.idx>m_(1).tos.idx "}, // referred to by its full name
         {u"m.tos", u"m_(1).tos", u"comment.txt", false, false, "comment.txt>com_(1)m_(1)ent.txt "},
         {u"Map.tos", u"map.tos", u"Map.TOD Map_A.TOD", true, true, "Map_A.TOD>Map_A.TOD Map.TOD>map.TOD "},
         {u"Map.tos", u"map.tos", u"Map_A.TOD", true, false, "Map_A.TOD>map_a.tod "},

@@ -192,7 +192,8 @@ TEST_F(strings, a_localizer_has_the_last_word_until_it_is_gone) {
         picture.visit_mask(pointer_to<bytes_visitor_impl>(mask));
         EXPECT_EQ((std::vector<int>{1, 2, 0, 255}),
                   (std::vector<int>{colours.rows[0], colours.rows[1], mask.rows[0], mask.rows[1]}));
-        EXPECT_EQ(u"", load_string(501)); // no answer is final
+        EXPECT_EQ(u"",
+                  load_string(501)); // final, although empty: the localizer is not replaced by the resources
         EXPECT_EQ(u"Run", load_string(-101));
     }
     EXPECT_EQ(u"Project saved", load_string(502));

@@ -8,7 +8,7 @@ namespace {
 
 struct kind_row {
     const char* type;
-    wide_view files; // of the project, parted by blanks, as all lists here
+    wide_view files; // of the project, separated by spaces, like all lists here
     wide_view reference;
     wide_view folder; // of the type; empty if the layer has no file that could be lost
     wide_view copied;
@@ -119,7 +119,7 @@ TEST_F(layer_kinds, an_unknown_type_is_reported_once_and_its_layer_unchanged) {
     builder.scene_2d(u"S");
     for (const char* type : {"wfs_pnt_lr2d", "wfs_pnt_lr2d", "RTR_LR2D", "segy_lr3d"})
         builder.layer(type, u"L", write(src(u"a.tif")));
-    unticked = {u"L"}; // not even one that is left out goes
+    unticked = {u"L"}; // a deselected layer is not removed either
     builder_run::run();
     EXPECT_EQ((std::set<wide_string>{u"RTR_LR2D", u"segy_lr3d", u"wfs_pnt_lr2d"}),
               context->report.unprocessed_types());

@@ -133,7 +133,7 @@ TEST_F(rounds, follow_references_for_twelve_rounds_if_the_user_agrees) {
             if (index > 0) builder.compound(u"C" + caption, {unticked.back()});
             unticked.push_back(caption);
         }
-        unticked.pop_back(); // the last alone is selected
+        unticked.pop_back(); // only the last one is selected
         EXPECT_EQ(row.saved, scenes_with(row.given));
         EXPECT_EQ(row.length > 1 ? 1U : 0U, questions());
         EXPECT_EQ(row.exceeded, context->report.depth_exceeded());
@@ -150,9 +150,9 @@ TEST_F(rounds, a_frame_brings_the_scene_it_shows_with_its_layers) {
         size_t asked, files;
     } rows[] = {{{u"Shown"}, answer::no, 0, 1, 0},
                 {{u"Shown"}, answer::yes, 1, 1, 1},
-                {{u"R"}, answer::no, 1, 1, 0}, // the frame looks at each layer by itself
+                {{u"R"}, answer::no, 1, 1, 0}, // the frame checks each layer separately
                 {{u"R"}, answer::yes, 1, 1, 1},
-                {{u"Shown", u"Sheet"}, answer::yes, 0, 0, 0}}; // what is not selected pulls nothing
+                {{u"Shown", u"Sheet"}, answer::yes, 0, 0, 0}}; // a deselected layout adds nothing
     for (const auto& row : rows) {
         remove_tree(u"N:\\out\\rtr");
         unticked = row.left_out;

@@ -78,7 +78,7 @@ TEST_F(tos_layers, files_of_a_complex_model_are_copied_and_referred_to) {
         for (const size_t size : {size_t{70}, size_t{45}, size_t{90}}) {
             SCOPED_TRACE(testing::Message() << testing::PrintToString(row.before) << ' ' << size);
             clear_run();
-            settings.delete_lost_sources = true; // a lost model file does not cost the layer
+            settings.delete_lost_sources = true; // the layer stays even if a model file is lost
             builder.scene_2d(u"S");
             add_tos(row.before, size);
             run();
@@ -134,14 +134,14 @@ TEST_F(tos_layers, layers_that_share_a_model_file_refer_to_one_copy) {
               outcome());
     EXPECT_EQ(texts_of(0)[9], u"sub\\c.tos");
     EXPECT_EQ(texts_of(1)[9], u"..\\main.tos");
-    EXPECT_EQ(texts_of(2)[9], out(u"a.tos")); // a marked reference is no folder to start from
+    EXPECT_EQ(texts_of(2)[9], out(u"a.tos")); // paths are not relative to a reference with a mark
 }
 
 TEST_F(tos_layers, with_a_folder_for_each_scene_each_has_its_model_files) {
     builder.scene_2d(u"S");
     add_tos({{9, u"a.tos"}, {15, u"..\\prj\\main.tos"}});
     builder.scene_2d(u"T");
-    add_tos({{44, u"a.tos"}}, 70, u"sub\\c.tos"); // which is in no folder of the model file
+    add_tos({{44, u"a.tos"}}, 70, u"sub\\c.tos"); // is not in the folder of the model file
     add_tos({{9, u"sub\\c.tos"}});
     settings.structure_variant = folder_per_scene;
     run();
@@ -179,7 +179,7 @@ TEST_F(tos_layers, the_style_of_a_one_dimensional_grid_alone_survives_a_save) {
         EXPECT_EQ(layer.style->values[0].text, expected);
         EXPECT_EQ(layer.styles->managers[0].values[0].text, expected);
         unit.before_save();
-        layer.style.reset(); // the copies go with the unit, or with a save that finds no style
+        layer.style.reset(); // the copies end with the unit, or with a save that finds no style
         unit.after_save(true);
         unit.before_save();
     }

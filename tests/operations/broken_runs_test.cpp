@@ -25,7 +25,7 @@ protected:
         copies = faults.count;
         return faults.failed.empty() ? wide_string() : faults.failed[0];
     }
-    size_t copies = 0; // that were tried
+    size_t copies = 0; // attempted so far
 };
 
 TEST_F(run_faults, a_failed_copy_is_in_report_and_log_and_all_others_are_made) {
@@ -54,7 +54,7 @@ TEST_F(run_faults, a_failed_copy_is_in_report_and_log_and_all_others_are_made) {
 }
 
 TEST_F(run_faults, a_failed_run_leaves_nothing_loaded_and_the_next_one_works) {
-    for (const uint32_t structure : {by_type, folder_per_scene}) { // wells have no part in the latter
+    for (const uint32_t structure : {by_type, folder_per_scene}) { // the latter has no wells
         settings.structure_variant = static_cast<project_resave::structure>(structure);
         for (size_t at = 1; !run(at, true).empty(); ++at) {
             SCOPED_TRACE(at);
@@ -166,7 +166,7 @@ TEST_F(stopping, folders_of_the_run_are_erased_with_read_only_files) {
     load();
     const tree_state before = target();
     script.stop_at_poll = script.polls - 1;         // the last before the project is written
-    script.answers = {answer::closed, answer::yes}; // a box closed by the system's button erases
+    script.answers = {answer::closed, answer::yes}; // a box closed by its title bar means erase
     resave();
     EXPECT_EQ("", difference(before, target()));
     EXPECT_TRUE(context->project && !context->tree.empty()) << "the source opens again";

@@ -13,9 +13,10 @@ protected:
         copy_sample();
         settings.structure_variant = static_cast<project_resave::structure>(GetParam());
         if (GetParam() == folder_per_scene)
-            kept_as_they_are.insert({u"Well P-101", u"Profile of P-102", u"Section 1"}); // wells stay out
+            kept_as_they_are.insert(
+                {u"Well P-101", u"Profile of P-102", u"Section 1"}); // wells are not copied
         else
-            kept_as_they_are.insert(u"Page A3"); // its new place is told, not filled
+            kept_as_they_are.insert(u"Page A3"); // it gets a new path, but is not copied
     }
 
     void move(const char* drive, const char* from, const char* to) const {
@@ -63,8 +64,8 @@ TEST_P(sample, follows_the_structure_and_is_self_contained_once_moved) {
     EXPECT_EQ(kept_as_they_are, astray(u"N:\\moved\\"));
 }
 
-// The second run finds the names taken by the first one. A member of a data set that is not named after it is
-// then in the way of its own copy.
+// In the second run the names are taken by the first one. So a member whose name does not begin with that of
+// its data set is blocked by its own earlier copy.
 TEST_P(sample, is_copied_in_lower_case_without_what_is_left_out) {
     settings.lower_case = true;
     std::string all;

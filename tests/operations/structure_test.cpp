@@ -49,7 +49,8 @@ TEST_F(structure_text, of_the_sample_equals_the_committed_file_and_changes_nothi
         EXPECT_EQ(texts{load_string(text::structure_saved)}, script.texts(kind::message));
     }
     EXPECT_EQ("", difference(before, sources()));
-    EXPECT_EQ(1U, context->report.unprocessed_types().count(u"wfs_pnt_lr2d")); // still to be told by a resave
+    EXPECT_EQ(1U,
+              context->report.unprocessed_types().count(u"wfs_pnt_lr2d")); // a later resave still reports it
 }
 
 TEST_F(structure_text, groups_are_shown_as_the_user_sees_them_with_what_is_selected) {
@@ -68,7 +69,7 @@ TEST_F(structure_text, groups_are_shown_as_the_user_sees_them_with_what_is_selec
     wanted.indent_text = u" ";
     const struct {
         texts deselected;
-        uint32_t steps; // of four, the last never shown: none for a layer that its group leaves out
+        uint32_t steps; // of four, the last is never shown; layers of a deselected group have none
         bool inverted = false;
     } rows[] = {{{}, 3},
                 {{}, 3, true},
@@ -165,7 +166,7 @@ TEST_F(scene_files, have_valid_names_and_can_be_moved_with_their_data) {
     std::vector<std::string> names{".sn._sn",  "1.5 __x____._sn", "A(1)(2)._sn",
                                    "A(1)._sn", "A._sn",           "a_b_._sn"};
     EXPECT_EQ(names, write_files(1)) << "the last name with a further number";
-    std::filesystem::current_path(native("n")); // Windows moves no folder that is the current one
+    std::filesystem::current_path(native("n")); // Windows cannot rename the current folder
     std::filesystem::rename(native("n") / "out", native("n") / "moved");
     EXPECT_EQ("A: L=N:\\moved\\1.tif\n", scene_outline(n + u"moved\\A._sn"));
     EXPECT_EQ("A: L=N:\\moved\\2.tif\n", scene_outline(n + u"moved\\A(1)._sn"));
@@ -177,7 +178,7 @@ TEST_F(scene_files, rewriting_takes_the_old_file_first_so_a_failure_leaves_none)
     load();
     const struct {
         faulty_system::kinds failing;
-        uint32_t on_exists; // 0: rewrite; 2, which has no meaning, writes over it
+        uint32_t on_exists; // 0: rewrite; 2 is undefined and overwrites the file
         std::string begins;
     } rows[] = {{{}, 0, "<"},
                 {{}, 2, "<"},
@@ -210,7 +211,8 @@ TEST_F(scene_files, after_a_resave_their_folder_is_the_path_of_the_new_project) 
     builder.scene_2d(u"A").save(source);
     load_and_resave();
     load();
-    EXPECT_EQ(std::vector<std::string>{}, write_files(0)); // it is a file: nothing can be written there
+    EXPECT_EQ(std::vector<std::string>{},
+              write_files(0)); // the path is that of a file, so nothing can be written there
     EXPECT_EQ(output + u"\\A._sn", std::prev(context->placement.placed.end())->new_path);
 }
 

@@ -20,8 +20,8 @@ struct wishes {
     bool throws = false;
     // The answers contradict each other, refer to missing files, or are missing.
     bool nonsense = false, copies = true;
-    wide_string also = {}; // named as a copy, whoever made it
-    bool swaps = false;    // names its sources as the copies
+    wide_string also = {}; // listed as a copy, even if the service did not make it
+    bool swaps = false;    // lists its sources as the copies
 } wish;
 
 void throw_if_wished() {

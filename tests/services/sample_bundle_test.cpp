@@ -22,8 +22,8 @@ protected:
         pin({u"Quarry", u"C:\\prj\\field\\quarry.txt", u"quarry.csv", u"pics"});
         pin({u"Bridge", u"C:\\prj\\field\\bridge.txt"});
         pin({u"Well", u"C:\\prj\\field\\well.txt"});                 // there is no such file
-        pin({u"Memory"});                                            // nor one at all
-        pin({u"Map", u"C:\\prj\\relief.tif", u"field\\bridge.txt"}); // copied for the layer, and alone
+        pin({u"Memory"});                                            // without a file
+        pin({u"Map", u"C:\\prj\\relief.tif", u"field\\bridge.txt"}); // only the layer's file is copied
     }
 
     // Pins a note to the last layer: caption, file, and companions.
@@ -45,8 +45,8 @@ protected:
     }
 };
 
-// With a folder for each scene no service is saved. Where a main file's name is taken, the files keep their
-// own names, and the item gets the numbered one.
+// With a folder for each scene no service is saved. If the name of a main file is taken, the files keep their
+// names, but the item gets a path with a number.
 TEST_F(sample_bundle, its_items_go_where_the_structure_wants_them_and_leave_if_unticked_or_lost) {
     start(true);
     unticked = {u"Bridge"};
@@ -123,7 +123,7 @@ TEST_F(sketches, a_bundle_unloaded_before_the_run_loses_only_its_own_part) {
     EXPECT_EQ("Quarry > C:\\prj\\field\\quarry.txt\n", notes());
     EXPECT_EQ(std::vector<std::string>{"rtr/relief.tif"}, files());
     EXPECT_EQ(1U, copy->map_legends.count());
-    load_sample(); // comes too late for this context, and does no harm
+    load_sample(); // too late for this context, and without effect
     run();
     EXPECT_EQ((std::set<wide_string>{u"sample_sketch_lr2d"}), context->report.unprocessed_types());
 }

@@ -49,7 +49,7 @@ protected:
 
 private:
     std::vector<std::unique_ptr<basic_service_factory_impl>> factories;
-    vestra::shell::service_registry registry; // in force instead of the fixture's
+    vestra::shell::service_registry registry; // replaces that of the fixture
 
 protected:
     vestra::shell::bundle_loader loader{registry}, sample_loader{registry};

@@ -83,7 +83,7 @@ protected:
     static void read_back(const wide_string& path, vestra::project& into);
 
     const wide_string c = u"C:\\", n = u"N:\\";
-    const wide_string source = u"C:\\prj\\area._vp"; // its folder stands, and that of the output
+    const wide_string source = u"C:\\prj\\area._vp"; // its folder and the output folder exist
     wide_string output = u"N:\\out\\new._vp";
     resave_settings settings;
     front script;

@@ -1,4 +1,4 @@
-// A front end that answers from a list and records what it is told, for tests.
+// A front end that answers from a list and records what it is asked to show, for tests.
 //
 //     shell::scripted_front_end script;
 //     script.answers = {shell::answer::cancel, shell::answer::yes};

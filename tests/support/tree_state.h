@@ -9,7 +9,7 @@ namespace vs::project_resave {
 
 struct entry_state {
     std::string bytes;                       // of a file
-    std::filesystem::file_time_type written; // of a file; that of a folder says nothing here
+    std::filesystem::file_time_type written; // of a file; unspecified for a folder
     bool is_folder = false;
 };
 

@@ -32,8 +32,8 @@ inline std::mt19937_64 seeded(const char* what) {
     return std::mt19937_64(seed);
 }
 
-// Open files of this process, where the system shows them, and folders that are only held open, of which a
-// disk holds at most four to look up their names.
+// Open files of this process, if the operating system lists them, and folders that are only held open, of
+// which a disk holds at most four to look up their names.
 struct open_descriptors {
     size_t files = 0, folders = 0;
 };

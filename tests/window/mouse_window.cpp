@@ -93,7 +93,7 @@ bool mouse_window::check_row(const element_view& outline, const row_view& row, b
     const QModelIndex index = index_of(rows, row);
     const Qt::CheckState wanted = on ? Qt::Checked : Qt::Unchecked;
     tree.scrollTo(index);
-    // A click toggles a mark, so one that is right already is sent without a click.
+    // A click toggles a mark, so a mark that already has the value is set without a click.
     const bool turns = (row.check == mark::on) != on;
     if (tree.isVisible() && turns)
         click_at(*tree.viewport(), tree.mark_rect(index).center());

@@ -49,7 +49,7 @@ protected:
         QImage seen = QGuiApplication::primaryScreen()
                           ->grabWindow(0, place.x(), place.y(), place.width(), place.height())
                           .toImage();
-        if (seen.isNull()) seen = top.grab().toImage(); // a screen nobody sees has no whole
+        if (seen.isNull()) seen = top.grab().toImage(); // the invisible screen cannot be grabbed as a whole
         std::set<QRgb> colours;
         for (int y = 0; y < seen.height(); y += 3)
             for (int x = 0; x < seen.width(); x += 3) colours.insert(seen.pixel(x, y));

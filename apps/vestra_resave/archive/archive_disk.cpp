@@ -8,7 +8,7 @@ using namespace vs::project_resave;
 using platform::outcome;
 
 archive_disk::archive_disk(const wide_string& archive) : archive_key_(path_key(archive)) {
-    made_.delete_file(archive); // it fails where there is none
+    made_.delete_file(archive); // fails if there is no such file
 }
 
 bool archive_disk::is_inside(const wide_string& path) const {

@@ -1,7 +1,7 @@
-// A disk on which one archive is a folder that a run writes into. What is made in it is kept in memory, a
-// copy as the path of its source, until `packed_archive` writes all of it in one go; so a file that is
-// written twice, renamed or removed is in the archive as it is at the end, or not at all. Anything outside
-// the archive is on the disk below.
+// A disk that shows one archive as a folder, into which a run writes. Files created there are kept in memory,
+// copies only as the path of their source, until `packed_archive` writes all of them at once. So the archive
+// contains only the final state of files that were written twice, renamed or removed. Everything outside the
+// archive is on the disk below.
 #pragma once
 
 #include "apps/vestra_resave/trial_disk.h"
@@ -11,7 +11,7 @@ namespace vestra::command {
 
 class archive_disk final : public vs::project_resave::forwarding_system {
 public:
-    // `archive` is the path of the archive. A file of that name is not shown.
+    // `archive` is the path of the archive. An existing file with that path is hidden.
     explicit archive_disk(const wide_string& archive);
 
     platform::entry_status status_of(const wide_string& path) override;
@@ -26,7 +26,7 @@ public:
     platform::outcome rename_over(const wide_string& from, const wide_string& to) override;
     platform::outcome open(const wide_string& path, platform::access wanted, platform::disposition how,
                            std::unique_ptr<platform::file>& result) override;
-    // Of the disk that the archive is on.
+    // Returns the free space of the disk that contains the archive.
     platform::outcome free_space(const wide_string& folder, uint64_t& bytes) override;
     platform::outcome flush(const wide_string& path) override;
     platform::outcome flush_volume(const wide_string& folder) override;

@@ -1,4 +1,4 @@
-// How an archive becomes a disk: one pass over its entries, of which none is trusted.
+// Reads all entries of an archive in one pass and checks each of them, because an archive can be malicious.
 #include <algorithm>
 
 #include "apps/vestra_resave/archive/archive_view.h"
@@ -15,8 +15,8 @@ namespace {
 constexpr size_t piece = 256 * 1024;
 constexpr const char16_t* is_damaged = u"it is damaged in the archive";
 
-// What commands read of a file: of one of the project's own kinds all, of a table the names of its fields, of
-// any other the mark by which its kind is known.
+// The bytes that commands read of a file: all of a project, scene or layer file and of other text files
+// that they need, the field names of a table, and the signature of any other file.
 constexpr size_t mark_bytes = 1024, table_bytes = 16 * 1024;
 constexpr size_t most_of_one = size_t{64} << 20;
 constexpr uint64_t most_of_all = uint64_t{512} << 20;
@@ -29,13 +29,13 @@ size_t bytes_to_hold(const wide_string& path) {
     return extension == u".dbf" ? table_bytes : mark_bytes;
 }
 
-// More than any of the formats makes of a byte, however often it repeats.
+// No format expands one byte of the archive to more bytes than this.
 constexpr uint64_t most_bytes_of_one = 40'000;
 
-// No disk has longer paths; and none of so many folders is worth the memory.
+// No disk has longer paths. The limit also bounds the memory for the folders of a path.
 constexpr size_t longest_name = 4096;
 
-// Why an entry of this name is not below the archive; null if it is.
+// Returns why an entry cannot have this name; null if the name is valid.
 const char16_t* fault_in(const std::string& name) {
     if (name.empty() || platform::to_utf8(platform::from_utf8(name)) != name) return u"its name is not UTF-8";
     if (name.size() > longest_name) return u"its name is too long";
@@ -109,7 +109,7 @@ bool archive_view::read_content(archive_reader& from, entry& into, bool sums,
     return !sums || done == into.status.bytes || is_stopped();
 }
 
-// Null if something has the name.
+// Adds an entry. Returns null if the name is taken.
 archive_view::entry* archive_view::add(const wide_string& path, entry_kind kind) {
     const wide_string key = path_key(path);
     const auto [row, is_new] = entries_.try_emplace(key);
@@ -122,7 +122,7 @@ archive_view::entry* archive_view::add(const wide_string& path, entry_kind kind)
     return &row->second;
 }
 
-// Adds a folder with those that it is in. False if one of them is a file.
+// Adds a folder and its parents. Returns false if one of them is a file.
 bool archive_view::add_folders(const wide_string& path) {
     if (const entry* known = find(path)) return known->status.kind == entry_kind::folder;
     return add_folders(path_normalise(path_head(path))) && add(path, entry_kind::folder) != nullptr;

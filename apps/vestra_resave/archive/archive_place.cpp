@@ -29,7 +29,8 @@ std::optional<archive_format> format_of(const wide_string& name) {
     return std::nullopt;
 }
 
-// True for a file that begins as an archive does; a zip without entries begins as another one ends.
+// True if the file begins with the signature of a zip or of zstd. A zip without entries begins with the
+// signature of the record that ends other zips.
 bool is_archive(const wide_string& path) {
     std::unique_ptr<platform::file> file;
     std::array<char, 4> first{};

@@ -21,7 +21,8 @@ constexpr const char16_t* is_read_only = u"an archive is only read";
 
 } // namespace
 
-// A file as the archive has it. What is not held is read from the archive, again from the beginning.
+// A file in the archive. Bytes that are not in memory are read by going through the archive again from its
+// beginning.
 class archive_view::entry_file final : public platform::file {
 public:
     entry_file(const archive_view& all, const entry& one) : all_(all), one_(one) {}
@@ -77,7 +78,7 @@ private:
     const archive_view& all_;
     const entry& one_;
     uint64_t position_ = 0, reader_at_ = 0;
-    std::unique_ptr<archive_reader> reader_; // null as long as what is held was enough
+    std::unique_ptr<archive_reader> reader_; // null until bytes are read that are not in memory
 };
 
 archive_view::archive_view(const wide_string& archive)
@@ -155,7 +156,7 @@ bool archive_view::true_name(const wide_string& folder, const wide_string& name,
     return true;
 }
 
-// A volume that no disk has.
+// Uses a volume number that no disk has.
 platform::file_identity archive_view::identity_of(const wide_string& path) {
     if (!is_inside(path)) return inner().identity_of(path);
     const entry* const found = find(path);

@@ -1,13 +1,13 @@
-// A disk on which one archive is a folder that can be read, but not written: `verify` and `list` work on it
-// as on a folder, and nothing is unpacked to the disk. Anything outside the archive is on the disk below.
+// A disk that shows one archive as a read-only folder. `verify` and `list` work on it as on any folder, and
+// nothing is unpacked to the disk. Everything outside the archive is on the disk below.
 //
-// The archive is read once from end to end (archive_pass.cpp). The beginnings of its files stay in memory,
-// and files of the project's own kinds as a whole; who reads more of another one reads the archive again up
-// to there.
+// The archive is read once from beginning to end (archive_pass.cpp). The beginning of each file stays in
+// memory; files that commands read completely, such as projects and scenes, stay as a whole. Reading more of
+// another file reads the archive again up to that position.
 //
-// An entry that could be written to another place than below a folder is not shown, but reported: one with an
-// absolute name or "..", a link, a device, a second one of a name. A size that the archive cannot hold is
-// reported as damage. So no archive, whoever made it, makes this program write or hold more than its limits.
+// An unsafe entry is hidden and reported: one with an absolute name or "..", a link, a device, or a second
+// entry with the same name. A size that the archive cannot hold is reported as damage. So even a malicious
+// archive cannot make this program write files or keep more than its limits in memory.
 #pragma once
 
 #include <functional>
@@ -26,15 +26,16 @@ namespace vestra::command {
 
 class archive_view final : public vs::project_resave::forwarding_system {
 public:
-    // Reads the archive; `is_stopped` ends that early, with what was found by then. With `sums` every byte is
-    // read, and each file's SHA-256 is known. Null, with `reason` set, if it is no archive or is damaged.
+    // Reads the archive. If `is_stopped` returns true, the view has only the entries read so far. With `sums`
+    // every byte is read, and the SHA-256 of each file is computed. Returns null and sets `reason` if the
+    // file is not an archive or is damaged.
     static std::unique_ptr<archive_view> open(const wide_string& archive, bool sums,
                                               const std::function<bool()>& is_stopped, wide_string& reason);
 
-    // Sets `inside` to the only project file in the topmost folder or, if that has none, in the archive.
-    // Returns false if there is none, or several.
+    // Sets `inside` to the only project file in the topmost folder or, if that has none, in the whole
+    // archive. Returns false if there is no project file or more than one.
     bool find_project(wide_string& inside) const;
-    // The entries that are not shown, and the files that are damaged.
+    // Returns the hidden entries and the damaged files.
     const std::vector<problem>& problems() const { return problems_; }
     // Sets the digest of a file, as read_digest does; only if the archive was opened with sums.
     platform::outcome digest_of(const wide_string& path, file_digest& digest) const;
@@ -46,7 +47,7 @@ public:
     bool same_file(const wide_string& a, const wide_string& b) override;
     platform::outcome open(const wide_string& path, platform::access wanted, platform::disposition how,
                            std::unique_ptr<platform::file>& result) override;
-    // These fail for what is in the archive.
+    // These fail for paths in the archive.
     platform::outcome copy_file(const wide_string& source, const wide_string& target, bool replace) override;
     platform::outcome delete_file(const wide_string& path) override;
     platform::outcome create_folder(const wide_string& path) override;
@@ -57,9 +58,9 @@ private:
     struct entry {
         wide_string path;
         platform::entry_status status;
-        uint64_t identity = 0; // no other has it
+        uint64_t identity = 0; // unique in the archive
         uint64_t number = 0;   // of the file's entry in the archive, counted from 1
-        std::string beginning; // as much as is held
+        std::string beginning; // the bytes kept in memory
         std::string sha256;
         bool is_damaged = false;
     };
@@ -83,13 +84,13 @@ private:
     std::vector<problem> problems_;
 };
 
-// The archive that a command reads instead of a folder, in force as long as it exists.
+// Makes a command read an archive as a folder, as long as this object exists.
 class read_archive_scope {
 public:
-    // Opens the archive if `typed` leads into one that exists, and sets it to the project's path. Returns why
-    // the command ends here.
+    // If `typed` is the path of an existing archive or of a file in one, opens the archive and sets `typed`
+    // to the path of the project. Returns the reason if the command cannot continue.
     std::optional<refusal> begin(session& host, std::string& typed, bool sums);
-    // Null if there is none.
+    // Returns null if no archive is open.
     archive_view* view() { return view_.get(); }
 
 private:

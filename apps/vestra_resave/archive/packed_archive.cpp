@@ -24,7 +24,7 @@ constexpr const char16_t* changed_meanwhile = u"the file changed while it was co
 
 } // namespace
 
-// Why there is no archive; nothing if all went well. With a path it is that file which could not be read.
+// Why the archive was not written; false if it was. `unread` is the file that could not be read, if any.
 struct packed_archive::failure {
     bool stopped = false;
     outcome why = {};
@@ -37,7 +37,8 @@ packed_archive::packed_archive(archive_place place)
     : place_(std::move(place)), part_(place_.archive + u".vestra-part"), real_(platform::current_system()),
       disk_(place_.archive) {}
 
-// It is removed before it is closed, and with that no longer locked: another resave may begin then.
+// Removes the file before closing it. Closing releases the lock, after which another resave could have
+// created a file with the same name.
 void packed_archive::discard() {
     writer_.reset();
     if (file_) real_.delete_file(part_);
@@ -51,7 +52,7 @@ outcome packed_archive::create() {
 std::optional<refusal> packed_archive::begin() {
     outcome created = create();
     if (created.is(platform::failure::taken) && !real_.identity_of(part_).is_link) {
-        std::unique_ptr<platform::file> left; // by a run that was killed, or still at work
+        std::unique_ptr<platform::file> left; // of a run that was killed or is still active
         created = real_.open(part_, platform::access::read_write, platform::disposition::open_existing, left);
         if (created.is(platform::failure::in_use))
             return refused(place_.archive, say("another resave is writing this archive"));
@@ -166,7 +167,7 @@ void packed_archive::write(session& host, continuation& earlier, resave_report& 
     enter(failed, report);
 }
 
-// The archive is on the disk before its name is.
+// Flushes the content first, so that the final name never belongs to an incomplete archive.
 void packed_archive::put_in_place(resave_report& report) {
     outcome result = file_->flush();
     if (result) result = real_.rename_over(part_, place_.archive);

@@ -1,6 +1,6 @@
-// The archive that a resave writes: all of it or nothing. It is written under a temporary name next to its
-// place, "copy.zip.vestra-part", brought to the disk, and only then takes its name, in one step. A program
-// that is killed leaves at most that file, which the next resave of the archive replaces.
+// The archive that a resave writes, either completely or not at all. It is written to a temporary file next
+// to it, "copy.zip.vestra-part", flushed to the disk, and then renamed in one step. A killed program leaves
+// at most the temporary file, which the next resave into this archive replaces.
 #pragma once
 
 #include <memory>
@@ -16,23 +16,24 @@ namespace vestra::command {
 
 class packed_archive {
 public:
-    // `place` names the project, too.
+    // `place` must include the path of the project.
     explicit packed_archive(archive_place place);
     ~packed_archive() { discard(); }
     packed_archive(const packed_archive&) = delete;
     packed_archive& operator=(const packed_archive&) = delete;
 
-    // The disk on which the run works, to be put in force for it.
+    // Returns the disk for the run, which the caller makes the current one.
     archive_disk& disk() { return disk_; }
     const wide_string& path() const { return place_.archive; }
 
-    // Creates the temporary file; the folder exists. Returns why it could not be, or that another resave is
-    // writing it.
+    // Creates the temporary file, whose folder must exist. Returns the reason if that fails, for example
+    // because another resave is writing it.
     std::optional<refusal> begin();
-    // Writes what the run made and its manifest, each source read once, while the context is that of the
-    // run; then gives the archive its name. A failure or a stop is entered into the report, which is of a run
-    // that did not save then.
+    // Writes the files of the run and its manifest, and reads each source once. Call it while the context is
+    // still that of the run. After a failure or a stop the report is that of a run that did not save.
     void write(session& host, continuation& earlier, resave_report& report);
+    // Flushes the archive and gives it its final name, replacing an existing file. A failure is entered into
+    // the report.
     void put_in_place(resave_report& report);
     // Removes the temporary file, if there is one.
     void discard();
@@ -51,10 +52,10 @@ private:
     const wide_string part_; // the temporary file
     platform::system& real_;
     archive_disk disk_;
-    std::unique_ptr<platform::file> file_; // null where there is no temporary file
+    std::unique_ptr<platform::file> file_; // null if there is no temporary file
     std::unique_ptr<archive_writer> writer_;
     std::unordered_map<wide_string, earlier_file> packed_; // by path key
-    int64_t written_at_ = 0;                               // of what has no time of its own
+    int64_t written_at_ = 0;                               // for entries without a time
 };
 
 } // namespace vestra::command

@@ -320,7 +320,7 @@ at("rows").addEventListener("click", event => {
     if (row) choose(Number(row.dataset.index));
 });
 addEventListener("resize", draw);
-let unfolded = []; // for paper, but for groups that a browser is not able to print
+let unfolded = []; // opened for printing, except groups that are too large for a browser to print
 const isPrintable = folded => folded.querySelectorAll(".found").length <= 5000;
 addEventListener("beforeprint", () => {
     unfolded = [...document.querySelectorAll("details:not([open])")].filter(isPrintable);

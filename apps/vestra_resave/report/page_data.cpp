@@ -166,7 +166,7 @@ std::string shortened(const std::string& text, size_t most) {
 std::string percent(uint64_t part, uint64_t whole) {
     std::array<char, 16> text{};
     const double share = whole == 0 ? 0 : 100 * static_cast<double>(part) / static_cast<double>(whole);
-    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): a number with one decimal, in any locale of ours
+    // NOLINTNEXTLINE(cppcoreguidelines-pro-type-vararg): a number with one decimal
     std::snprintf(text.data(), text.size(), "%.1f%%", std::max(share, 0.4));
     return text.data();
 }

@@ -1,5 +1,6 @@
-// Linux only: archives are unpacked and made by other programs, and the disk is limited by a shell.
-// vestra-resave into an archive, and what reads one: the same tree as in a folder, all of it or nothing.
+// Linux only: other programs unpack and create archives, and a shell limits the size of files.
+// Resaves into an archive, and the commands that read one. An archive has the same tree as a folder, and it
+// is written either completely or not at all.
 #include <nlohmann/json.hpp>
 #include <regex>
 
@@ -17,7 +18,7 @@ class archive : public command_run {
 protected:
     archive() { fs::create_directories(native("n") / "sent"); }
 
-    // Runs another program; its output.
+    // Runs another program and returns its output.
     string other(const string& line) {
         EXPECT_EQ(0, run_line("LC_ALL=C.UTF-8 " + line + " >" + file_of("other").string() + " 2>&1"))
             << line << text("other");
@@ -33,7 +34,7 @@ protected:
         for (const auto& [path, state] : state_of(native("n") / "sent")) names += path + " ";
         return names;
     }
-    // Names and bytes below a folder of N:, without the times in the manifest.
+    // Returns names and bytes below a folder of N:, without the times in the manifest.
     std::map<string, string> tree(const string& folder) const {
         std::map<string, string> all;
         for (const auto& [path, state] : state_of(native("n") / folder)) {
@@ -43,12 +44,13 @@ protected:
         }
         return all;
     }
-    // What the command said about a copy, wherever that is, in small letters: a folder has those of its disk.
+    // Returns the output of the command about a copy, without its path and in lower case, because a folder
+    // has the letter case of its disk.
     string told_of(const string& place) const {
         const string folder = (native("n") / place).string();
         string told = std::regex_replace(out + err, std::regex(folder + "|N:\\\\\\\\" + place), "COPY");
         std::ranges::transform(told, told.begin(), [](unsigned char letter) { return std::tolower(letter); });
-        // The files of a data set are known by their names alone there, and these are not always all.
+        // Without sizes: in an archive the files of a data set are found only by their names.
         return std::regex_replace(told, std::regex("  [0-9.]+ [km]?b\\n|, \\d+ files, [0-9.]+ [km]?b"), "\n");
     }
 
@@ -135,7 +137,7 @@ TEST_F(archive, is_not_begun_where_it_makes_no_sense) {
 }
 
 TEST_F(archive, is_there_as_a_whole_or_not_at_all) {
-    string noise; // that no format makes shorter
+    string noise; // that cannot be compressed
     for (uint32_t bits = 1; noise.size() < 400'000; bits = bits * 1664525 + 1013904223)
         noise += static_cast<char>(bits >> 24U);
     builder.scene_2d(u"S").layer("rtr_lr2d", u"R", write(u"C:\\data\\r.tif", noise)).save(source);
@@ -150,7 +152,7 @@ TEST_F(archive, is_there_as_a_whole_or_not_at_all) {
     }
 }
 
-// Each of them made by hand, as somebody would who wants to do harm.
+// Each archive is one that an attacker could create.
 TEST_F(archive, of_hostile_entries_is_read_without_harm) {
     builder.scene_2d(u"S").layer("rtr_lr2d", u"R", u"C:\\prj\\r.tif").save(source);
     fs::copy_file(native("c") / "prj/area._vp", native("n") / "area._vp");

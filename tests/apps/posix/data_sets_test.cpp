@@ -105,7 +105,7 @@ protected:
             {"ENVI", "e.envi"}, {"EHdr", "h.bil"}, {"VRT", "v.vrt"},     {"HFA", "i.img"},
             {"netCDF", "n.nc"}, {"RST", "i.rst"}};
         for (const auto& [driver, name] : rasters) make_raster(driver, add(name, "rtr_lr2d"));
-        fs::remove(folder / "g.xsd"); // its reader would write down what it found
+        fs::remove(folder / "g.xsd"); // without it GDAL would write a .gfs file
         leave_with_log("GPKG", "left.gpkg");
         leave_with_log("SQLite", "left.sqlite");
         add_companions();
@@ -282,7 +282,7 @@ TEST_F(data_sets, that_differ_in_letter_case_alone_keep_their_own_companions) {
     fs::create_directories(native("c") / "t");
     for (const string name : {"A", "a"}) {
         for (const char* part : {".tif", ".prj", ".qml"})
-            std::ofstream(native("c") / "t" / (name + part)) << name; // `write` would take one for the other
+            std::ofstream(native("c") / "t" / (name + part)) << name; // `write` ignores letter case
         builder.layer("rtr_lr2d", platform::from_utf8(name),
                       u"C:\\t\\" + platform::from_utf8(name) + u".tif");
     }

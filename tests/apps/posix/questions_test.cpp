@@ -1,4 +1,4 @@
-// Linux only: the command runs in the process of the test, on a disk that counts what it is asked.
+// Linux only: the command runs in the process of the test, on a disk that counts its calls.
 #include "apps/vestra_resave/commands.h"
 #include "platform/forwarding_system.h"
 #include "tests/apps/command_run.h"
@@ -33,7 +33,7 @@ public:
     }
 };
 
-// What one more layer of three files costs a command.
+// The number of calls for one more layer of three files.
 struct cost {
     size_t statuses, opens;
     bool operator==(const cost&) const = default;
@@ -44,7 +44,7 @@ void PrintTo(const cost& one, std::ostream* out) {
 
 class questions : public command_run {
 protected:
-    // The command on a project of so many layers.
+    // Returns the number of calls for a project with `layers` layers.
     cost whole_cost(size_t layers, run_mode mode, bool has_manifest) {
         const wide_string folder = platform::from_utf8(std::to_string(layers));
         const std::string shape("\0\0\x27\x0a shape", 10);
@@ -77,7 +77,7 @@ protected:
     }
 
 private:
-    size_t runs_ = 0; // each goes to a folder of its own
+    size_t runs_ = 0; // each run has its own folder
 
     static void resave(const resave_request& request) {
         testing::internal::CaptureStdout();
@@ -89,7 +89,8 @@ private:
     }
 };
 
-// Exact: a change that asks more for a layer must say why here, one that asks less enters its figure.
+// The figures are exact. A change that needs more calls per layer must explain this here; one that needs
+// fewer must update the figure.
 TEST_F(questions, to_the_disk_for_a_layer_do_not_become_more) {
     EXPECT_EQ((cost{17, 9}), cost_of_a_layer(run_mode::anew, false));
     EXPECT_EQ((cost{20, 15}), cost_of_a_layer(run_mode::anew, true));

@@ -71,7 +71,7 @@ TEST_F(stopped_command, a_resave_erases_or_keeps_as_asked_and_reports_the_stop) 
         EXPECT_TRUE(is_told("interrupted"));
         const bool keeps = !choice.ends_with("erase");
         EXPECT_EQ(keeps, path_exists(u"N:\\out\\a\\rtr\\39.tif") && path_exists(u"N:\\out\\a\\new_log.txt"))
-            << made(); // the last goes first
+            << made(); // files are erased from the last to the first
         EXPECT_EQ(keeps, read(u"N:\\out\\a\\new_log.txt").ends_with("operation was interrupted\n\r\n"));
         EXPECT_EQ(keeps, path_exists(u"N:\\out"));
         EXPECT_FALSE(path_exists(u"N:\\out\\a\\new._vp") || path_exists(u"N:\\out\\a\\rtr\\0.tif"));
@@ -117,9 +117,9 @@ TEST_F(stopped_command, an_existing_older_project_is_not_taken_for_the_new_one) 
     EXPECT_EQ("", difference(before, all_drives()));
 }
 
-// What was killed leaves one file, which the next one replaces.
+// A killed run leaves one file, which the next run replaces.
 TEST_F(stopped_command, an_archive_stays_as_it_was_until_a_new_one_is_whole) {
-    string noise; // that no format makes shorter
+    string noise; // that cannot be compressed
     for (uint32_t bits = 1; noise.size() < 2'000'000; bits = bits * 1664525 + 1013904223)
         noise += static_cast<char>(bits >> 24U);
     for (uint32_t index = 0; index < 10; ++index) write(u"C:\\data\\" + decimal(index) + u".tif", noise);

@@ -1,4 +1,4 @@
-// The library as one of the process.
+// The bundle's library as Windows loads and unloads it.
 #include <windows.h>
 
 #include "tests/bundle_library/panel_fixture.h"

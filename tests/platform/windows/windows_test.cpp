@@ -1,4 +1,4 @@
-// Behaviour of Windows alone: special names and files.
+// Behaviour that only Windows has: special names and files.
 #include <windows.h>
 
 #include <gtest/gtest.h>

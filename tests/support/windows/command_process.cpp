@@ -20,7 +20,7 @@ std::string command_line(const std::string& arguments, const command_streams& st
 
 int run_line(const std::string& line) {
     const std::wstring wide = std::filesystem::path(platform::from_utf8(line)).wstring();
-    constexpr int not_started = 9009; // the shell's own code; no command of ours ends with it
+    constexpr int not_started = 9009; // the exit status of the shell, which no command of this project uses
     int code = not_started;
     for (int turn = 0; turn < 3 && code == not_started;
          ++turn) // a busy Wine fails to start a process at times

@@ -161,7 +161,7 @@ protected:
         return count;
     }
 
-    tree_state older_;                              // what stood in N:\out before the run
+    tree_state older_;                              // the content of N:\out before the run
     fs::file_time_type log_before_;                 // of its log
     std::multimap<wide_string, wide_string> whole_; // the copies of a run that nothing disturbs
 };
@@ -181,7 +181,7 @@ TEST_F(processes, a_killed_run_leaves_the_source_whole_and_the_next_succeeds) {
         const bool has_older = turn % 2 == 1;
         prepare(has_older);
         const pid_t child = start("new._vp", structure);
-        const bool is_early = turn % 9 == 8; // else some time behind the first file
+        const bool is_early = turn % 9 == 8; // else some time after the first file
         const auto begun = is_early ? clock_type::now() : first_file(child);
         std::this_thread::sleep_until(begun + whole * (random() % 1024) / 1024);
         ::kill(child, SIGKILL);
@@ -229,11 +229,12 @@ TEST_F(processes, a_killed_run_resumes_to_what_one_whole_run_makes) {
         for (bool is_killed = true; is_killed;) {
             const pid_t child = start("new._vp", structure);
             std::this_thread::sleep_until(first_file(child) + whole * (random() % 1024) / 1024);
-            if (random() % 3 != 0) ::kill(child, SIGKILL); // else it goes on to its end
+            if (random() % 3 != 0) ::kill(child, SIGKILL); // else it runs to its end
             const int code = ended(child);
             is_killed = code == -SIGKILL;
             killed += is_killed;
-            if (is_killed && !has_journal() && result() == expected) is_killed = false; // behind its end
+            if (is_killed && !has_journal() && result() == expected)
+                is_killed = false; // it had already ended
             ASSERT_TRUE(is_killed || code == 0 || code == 1 || code == -SIGKILL) << code;
         }
         expect_result(expected);

@@ -2,6 +2,6 @@
 
 namespace vs::project_resave::torture {
 
-open_descriptors descriptors() { return {}; } // the handles of the process are not its files alone
+open_descriptors descriptors() { return {}; } // the handles of a process include more than files
 
 } // namespace vs::project_resave::torture

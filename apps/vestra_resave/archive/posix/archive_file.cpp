@@ -1,5 +1,5 @@
-// Archives by libarchive, which takes the encoding of names from the locale: each call of it runs in one that
-// has UTF-8, for this thread alone, so that the user's locale does not matter.
+// Reads and writes archives with libarchive. It takes the encoding of names from the locale, so each call
+// runs in a UTF-8 locale that is set only for this thread.
 #include "apps/vestra_resave/archive/archive_file.h"
 
 #include <archive.h>
@@ -96,15 +96,15 @@ public:
     }
 
 private:
-    // Called by the library with what is to be written. It learns of no failure: after one it would not give
-    // back its memory.
+    // Called by the library with the bytes to write. Always reports success to the library, which would leak
+    // memory after a failure; `failed_` has the failure.
     static la_ssize_t take(struct archive*, void* self, const void* bytes, size_t length) {
         written_archive& own = *static_cast<written_archive*>(self);
         if (own.failed_ && !own.is_dropped_) own.failed_ = own.to_.write(bytes, length);
         return static_cast<la_ssize_t>(length);
     }
 
-    // A warning is a name or a time that the archive would not have: it counts as a failure, too.
+    // A warning also counts as a failure: it means that the archive would lack a name or a time.
     void check(int result) {
         if (result == ARCHIVE_OK || !failed_) return;
         const int code = ::archive_errno(all_.get());
@@ -137,7 +137,7 @@ public:
         const int result = ::archive_read_next_header(all_.get(), &one);
         if (result == ARCHIVE_EOF) return step::end;
         if (result != ARCHIVE_OK && result != ARCHIVE_WARN) return step::damaged;
-        // What has no name in UTF-8 has the bytes that it has, which are no name of a file here.
+        // A name that cannot be converted to UTF-8 keeps its bytes, which read_entry reports as invalid.
         const char* name = ::archive_entry_pathname_utf8(one);
         if (name == nullptr) name = ::archive_entry_pathname(one);
         entry = {.name = name != nullptr ? name : ""};
@@ -175,7 +175,7 @@ public:
     }
 
 private:
-    // An archive can hold any number; one that is no time here counts as unknown.
+    // An archive can contain any number. One that is not a valid time counts as unknown.
     static int64_t time_of(int64_t seconds, int64_t rest) {
         constexpr int64_t most = INT64_MAX / second - 1;
         const bool is_time = seconds > -most && seconds < most && rest >= 0 && rest < second;

@@ -1,4 +1,4 @@
-// No library of archive formats is there for this target.
+// Rejects all archives, because there is no library for archive formats on this target.
 #include "apps/vestra_resave/archive/archive_file.h"
 
 namespace vestra::command {

@@ -48,8 +48,8 @@ private:
     vs_scn_2d* const layout_;
 };
 
-// Parts of a layout without their own file: the frame that shows a scene, and the page. They make no step of
-// progress.
+// Parts of a layout without their own file: the frame that shows a scene, and the page. They do not count
+// as a step of progress.
 class Tvs_resave_layout_part : public Tvs_resave_unit {
 public:
     // The layer belongs to the layout.

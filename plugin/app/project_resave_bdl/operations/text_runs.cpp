@@ -81,7 +81,8 @@ run_result project_context::write_text(const wide_string& path, const std::funct
     return result_of(!report.stopped && log.failure());
 }
 
-// Usually out of memory. Closes the window and a half-read project.
+// Handles an exception, usually from lack of memory. Closes the window and the project, which may be only
+// partly loaded.
 run_result project_context::broke_off(const char* run) {
     record_caught(run);
     log.close();

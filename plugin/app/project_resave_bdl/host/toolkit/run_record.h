@@ -23,8 +23,8 @@ public:
     virtual void visit_choice(const char* choice, uint32_t value) = 0;
     // Passes the uuid text of an element that will not be in the new project; in no particular order.
     virtual void visit_left_out(const char16_t* uuid) = 0;
-    // Passes a file, or a folder that is copied whole, that has its place in the new project, in the order of
-    // the run. `source` is empty for a file that the run wrote itself.
+    // Passes a file, or a folder that is copied as a whole, that has a new path in the project. Called in the
+    // order of the run. `source` is empty for a file that the run wrote itself.
     virtual void visit_placed(const char16_t* source, const char16_t* target) = 0;
     // Passes a single file that was created. Called after all calls of visit_placed, in the order of the run.
     // `source` is as in visit_placed.
