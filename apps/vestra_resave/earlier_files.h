@@ -11,8 +11,8 @@
 //     boot TEXT          a run begins or goes on; changes when the computer starts anew
 //     folder PATH        was created
 //     copy PATH SOURCE   begins
-//     replace PATH SOURCE BYTES TIME  the whole copy made last takes the place of an older file
-//     done BYTES TIME    the copy begun last is whole; TIME in nanoseconds since 1970
+//     replace PATH SOURCE BYTES TIME [SHA256]  the whole copy made last takes the place of an older file
+//     done BYTES TIME [SHA256]  the copy begun last is whole; TIME in nanoseconds since 1970
 //     write PATH         a file that the run writes itself begins
 //     written PATH BYTES TIME
 //     gone PATH          was removed, or got another name
