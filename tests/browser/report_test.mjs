@@ -131,7 +131,7 @@ const tests = {
         await page.fill("#search", "lines.shp");
         await page.focus("#scroller");
         await page.keyboard.press("ArrowDown");
-        assert.match(await page.textContent("#details"), /\/area\/c\/prj\/profiles\/lines\.shp.*leaves this kind of element alone/s);
+        assert.match(await page.textContent("#details"), /\/area\/c\/prj\/profiles\/lines\.shp.*files of this kind of element are not resaved/s);
         await page.keyboard.press("Escape");
         assert.equal(await page.isVisible("#details"), false);
         await close(page);
