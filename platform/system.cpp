@@ -19,6 +19,11 @@ std::function<void(uint64_t)>& watch_in_force() {
     return watch;
 }
 
+std::function<void(const void*, size_t)>& content_watch_in_force() {
+    static std::function<void(const void*, size_t)> watch;
+    return watch;
+}
+
 // Walks a tree of folders in depth. It remembers the folders above the current one, because a link to one of
 // them would make the walk endless.
 class tree_walk {
@@ -74,6 +79,18 @@ transfer_watch::~transfer_watch() { watch_in_force() = nullptr; }
 
 void note_transfer(uint64_t bytes) {
     if (const auto& watch = watch_in_force()) watch(bytes);
+}
+
+content_watch::content_watch(std::function<void(const void*, size_t)> seen) {
+    content_watch_in_force() = std::move(seen);
+}
+
+content_watch::~content_watch() { content_watch_in_force() = nullptr; }
+
+bool is_content_watched() { return content_watch_in_force() != nullptr; }
+
+void note_content(const void* bytes, size_t length) {
+    if (const auto& watch = content_watch_in_force()) watch(bytes, length);
 }
 
 std::vector<folder_entry> entries_or_none(system& files, const wide_string& folder) {

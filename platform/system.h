@@ -186,6 +186,23 @@ public:
 // Reports `bytes` copied bytes to the watch, if there is one.
 void note_transfer(uint64_t bytes);
 
+// Passes on the content of the files that `copy_file` copies during the life of this object, piece by piece
+// and in order, so that a digest needs no second reading: `seen` is called on the thread that copies. Content
+// that does not pass through the memory of this process is not seen: holes, blocks that the file system
+// shares, and on Windows everything. So a file was seen as a whole if the pieces add up to its size. Only one
+// may exist at a time; create and destroy it while no copy is running.
+class content_watch {
+public:
+    explicit content_watch(std::function<void(const void* bytes, size_t length)> seen);
+    ~content_watch();
+    content_watch(const content_watch&) = delete;
+    content_watch& operator=(const content_watch&) = delete;
+};
+// True if there is such a watch: a copy then goes through memory where that costs no sharing of blocks.
+bool is_content_watched();
+// Passes a piece of a copied file to the watch, if there is one.
+void note_content(const void* bytes, size_t length);
+
 // Returns the direct entries of `folder` as `list` does, or none if it fails.
 std::vector<folder_entry> entries_or_none(system& files, const wide_string& folder);
 

@@ -200,6 +200,7 @@ void continuation::put_in_force(project_context& context, const source_elements&
     platform::system& real = trial ? trial->below() : platform::current_system();
     if (!trial) {
         journal_ = std::make_unique<journal_disk>(real, target_);
+        if (request_.manifest || has_manifest_) journal_->keep_digests();
         journal_in_force_.emplace(*journal_);
     }
     if (request_.mode == run_mode::anew) return;

@@ -46,6 +46,10 @@ public:
 
     // Returns null if the run does not continue an earlier one.
     continued_disk* disk() { return disk_.get(); }
+    // The copies of this run whose digest was computed while they were made; null for a trial.
+    const std::unordered_map<wide_string, earlier_file>* digests() const {
+        return journal_ ? &journal_->digests() : nullptr;
+    }
     // True if the earlier run wrote a manifest, which this run updates.
     bool has_manifest() const { return has_manifest_; }
     // Returns existing files of earlier runs that this run neither made nor kept. Call it after `end_files`.

@@ -38,13 +38,13 @@ outcome continued_disk::copy_file(const wide_string& source, const wide_string& 
     if (!found || found->file.state == made_state::folder) return inner().copy_file(source, target, replace);
     if (is_unchanged(*found, source)) {
         found->what = fate::kept;
-        if (journal_) journal_->add_kept(found->file.path, source, found->now);
+        if (journal_) journal_->add_kept(found->file.path, source, found->now, digest_of(*found));
         return {};
     }
     if (!is_still(*found)) return outcome::because(changed_reason);
     const outcome copied = inner().copy_file(source, found->file.path, true);
     found->what = copied ? fate::replaced : fate::failed;
-    if (!copied && journal_) journal_->add_kept(found->file.path, source, found->now); // for the next run
+    if (!copied && journal_) journal_->add_kept(found->file.path, source, found->now, {}); // for the next run
     return copied;
 }
 

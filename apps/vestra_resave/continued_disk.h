@@ -119,6 +119,12 @@ private:
     void collect_sets();
     void check_set(const wide_string& key, file_set& set);
     bool has_strangers(const wide_string& set_key, const file_set& set);
+    // The recorded digest, if the file is as it was then.
+    static std::string digest_of(const entry& found) {
+        const bool is_recorded =
+            found.file.bytes == found.now.bytes && found.file.modified == found.now.modified;
+        return is_recorded ? found.file.sha256 : std::string();
+    }
     bool is_own(const earlier_file& file);
     bool is_as_made(const earlier_file& file, const platform::entry_status& now);
     bool is_unchanged(const entry& copy, const wide_string& source);

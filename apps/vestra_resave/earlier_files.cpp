@@ -69,24 +69,24 @@ public:
         } else if (kind == "copy" && words.size() == 3) {
             copying_ = words[1], source_ = path_of(words[2], folder_);
             files_[row(copying_, made_state::begun)].source = source_;
-        } else if (kind == "replace" && words.size() == 5) {
+        } else if (kind == "replace" && (words.size() == 5 || words.size() == 6)) {
             keep_older(words[1]);
             // The copy can have either name; it is this file.
             if (const auto fresh = rows_.find(path_key(path_of(copying_, folder_))); fresh != rows_.end())
-                finish(files_[fresh->second], made_state::begun, words);
+                finish(files_[fresh->second], made_state::begun, words, 3);
             earlier_file& file = files_[row(words[1], made_state::begun)];
             file.source = path_of(words[2], folder_);
-            finish(file, made_state::copied, words);
-        } else if (kind == "done" && words.size() == 3 && !copying_.empty()) {
+            finish(file, made_state::copied, words, 3);
+        } else if (kind == "done" && (words.size() == 3 || words.size() == 4) && !copying_.empty()) {
             earlier_file& file = files_[row(copying_, made_state::begun)];
             file.source = source_;
-            finish(file, made_state::copied, words);
+            finish(file, made_state::copied, words, 1);
             copying_ = {};
         } else if (kind == "write" && has_path) {
             row(words[1], made_state::writing);
         } else if (kind == "written" && words.size() == 4) {
             keep_older(words[1]);
-            finish(files_[row(words[1], made_state::writing)], made_state::written, words);
+            finish(files_[row(words[1], made_state::writing)], made_state::written, words, 2);
         } else if (kind == "gone" && has_path) {
             is_gone_[row(words[1], made_state::writing)] = true;
         } else if (kind == "lost") {
@@ -127,9 +127,12 @@ private:
         return at->second;
     }
 
-    static void finish(earlier_file& file, made_state state, const std::vector<std::string_view>& words) {
-        if (read_number(words[words.size() - 2], file.bytes) && read_number(words.back(), file.modified))
-            file.state = state;
+    // `first` is the index of the size, after which come the time and perhaps the digest.
+    static void finish(earlier_file& file, made_state state, const std::vector<std::string_view>& words,
+                       size_t first) {
+        if (!read_number(words[first], file.bytes) || !read_number(words[first + 1], file.modified)) return;
+        file.state = state;
+        if (words.size() > first + 2) file.sha256 = words[first + 2];
     }
 
     const wide_string folder_;

@@ -11,8 +11,8 @@
 //     boot TEXT          a run begins or continues; TEXT changes when the computer restarts
 //     folder PATH        was created
 //     copy PATH SOURCE   a copy begins
-//     replace PATH SOURCE BYTES TIME  the last complete copy replaces an older file
-//     done BYTES TIME    the last copy begun is complete; TIME in nanoseconds since 1970
+//     replace PATH SOURCE BYTES TIME [SHA256]  the last complete copy replaces an older file
+//     done BYTES TIME [SHA256]  the last copy begun is complete; TIME in nanoseconds since 1970
 //     write PATH         a file that the run writes itself begins
 //     written PATH BYTES TIME
 //     gone PATH          was removed or renamed

@@ -1,8 +1,10 @@
 // Writes journal records before and after each change that a run makes.
 #include "apps/vestra_resave/journal_disk.h"
 
+#include <optional>
 #include <utility>
 
+#include "apps/vestra_resave/file_content.h"
 #include "platform/path_text.h"
 #include "platform/text.h"
 
@@ -16,6 +18,16 @@ namespace {
 // Limits what is lost if the computer loses power: at most what was copied since the last flush.
 constexpr uint64_t most_unsafe_bytes = uint64_t{1} << 30;
 constexpr std::chrono::seconds most_unsafe_time{20};
+
+// Computes the digest of what is copied while it exists.
+struct digest_of_copy {
+    sha256 sum;
+    uint64_t seen = 0;
+    platform::content_watch watch{[this](const void* bytes, size_t length) {
+        sum.add(bytes, length);
+        seen += length;
+    }};
+};
 
 } // namespace
 
@@ -52,10 +64,20 @@ outcome journal_disk::begin(const std::string& request, bool goes_on) {
 }
 
 void journal_disk::add_kept(const wide_string& path, const wide_string& source,
-                            const platform::entry_status& status) {
+                            const platform::entry_status& status, const std::string& sha256) {
     if (!file_) return;
     pending_ += journal_record({"copy", word(path), word(source)});
-    pending_ += journal_record({"done", std::to_string(status.bytes), std::to_string(status.modified)});
+    const earlier_file made{
+        .path = path, .bytes = status.bytes, .modified = status.modified, .sha256 = sha256};
+    pending_ += journal_record(finished({"done"}, made));
+}
+
+// The words of a record with the size, the time and, if it is known, the digest of a copy.
+std::vector<std::string> journal_disk::finished(std::vector<std::string> words, const earlier_file& made) {
+    words.push_back(std::to_string(made.bytes));
+    words.push_back(std::to_string(made.modified));
+    if (!made.sha256.empty()) words.push_back(made.sha256);
+    return words;
 }
 
 outcome journal_disk::end(bool removes) {
@@ -113,15 +135,29 @@ outcome journal_disk::copy_file(const wide_string& source, const wide_string& ta
         !inner().same_file(source, target))
         return copy_in_place_of(source, target);
     if (const outcome entered = enter({"copy", word(target), word(source)}); !entered) return entered;
-    if (const outcome copied = inner().copy_file(source, target, replace); !copied) {
+    earlier_file made{.path = target};
+    if (const outcome copied = copy_with_digest(source, target, replace, made); !copied) {
         pending_ += journal_record({"gone", word(target)});
         return copied;
     }
     has_made_ = true;
-    const platform::entry_status status = inner().status_of(target);
-    pending_ += journal_record({"done", std::to_string(status.bytes), std::to_string(status.modified)});
-    add_size(status.bytes);
+    if (!made.sha256.empty()) digests_.insert_or_assign(path_key(target), made);
+    pending_ += journal_record(finished({"done"}, made));
+    add_size(made.bytes);
     return {};
+}
+
+// Sets size and time of the copy, and its digest if that is wanted and the content was seen as a whole.
+outcome journal_disk::copy_with_digest(const wide_string& source, const wide_string& target, bool replace,
+                                       earlier_file& made) {
+    std::optional<digest_of_copy> digest;
+    if (keeps_digests_) digest.emplace();
+    const outcome copied = inner().copy_file(source, target, replace);
+    if (!copied) return copied;
+    const platform::entry_status status = inner().status_of(target);
+    made.bytes = status.bytes, made.modified = status.modified;
+    if (digest && digest->seen == made.bytes) made.sha256 = digest->sum.text();
+    return copied;
 }
 
 // The copy first gets a temporary name that is in the journal, so that the next run finds it if this one is
@@ -134,14 +170,14 @@ outcome journal_disk::copy_in_place_of(const wide_string& source, const wide_str
                 platform::from_utf8(std::to_string(next_name_++)) + wide_string(copy_name_end);
         if (inner().kind_of(fresh) != platform::entry_kind::none) continue;
         if (const outcome entered = enter({"copy", word(fresh), word(source)}); !entered) return entered;
-        result = inner().copy_file(source, fresh, false);
+        earlier_file made{.path = target};
+        result = copy_with_digest(source, fresh, false, made);
         if (result) {
-            const platform::entry_status made = inner().status_of(fresh);
-            result = enter({"replace", word(target), word(source), std::to_string(made.bytes),
-                            std::to_string(made.modified)});
+            result = enter(finished({"replace", word(target), word(source)}, made));
             if (result) result = inner().rename_over(fresh, target);
             if (!result) inner().delete_file(fresh);
             has_made_ |= bool(result);
+            if (result && !made.sha256.empty()) digests_.insert_or_assign(path_key(target), made);
             add_size(made.bytes);
         }
         pending_ += journal_record({"gone", word(fresh)});
@@ -163,6 +199,7 @@ outcome journal_disk::rename_over(const wide_string& from, const wide_string& to
         enter({"written", word(to), std::to_string(made.bytes), std::to_string(made.modified)});
     if (!entered) return entered;
     const outcome renamed = inner().rename_over(from, to);
+    if (renamed) digests_.erase(path_key(to));
     if (!renamed || !file_) return renamed;
     has_made_ = true;
     pending_ += journal_record({"gone", word(from)});
@@ -172,6 +209,7 @@ outcome journal_disk::rename_over(const wide_string& from, const wide_string& to
 
 outcome journal_disk::delete_file(const wide_string& path) {
     const outcome deleted = inner().delete_file(path);
+    if (deleted) digests_.erase(path_key(path));
     if (deleted && file_) pending_ += journal_record({"gone", word(path)});
     return deleted;
 }
@@ -190,6 +228,7 @@ outcome journal_disk::open(const wide_string& path, platform::access wanted, pla
     if (creates)
         if (const outcome entered = enter({"write", word(path)}); !entered) return entered;
     const outcome opened = inner().open(path, wanted, how, result);
+    if (creates || wanted != platform::access::read) digests_.erase(path_key(path));
     if (creates && !opened && file_) pending_ += journal_record({"gone", word(path)});
     return opened;
 }

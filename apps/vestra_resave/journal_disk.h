@@ -5,6 +5,7 @@
 #include <chrono>
 #include <memory>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "apps/vestra_resave/earlier_files.h"
@@ -24,8 +25,13 @@ public:
     // Creates the journal, or opens an existing one if `goes_on`, and records `request`. Fails with `in_use`
     // if another run is active, and with `taken` if a journal that is to be created exists.
     platform::outcome begin(const std::string& request, bool goes_on);
-    // Records a copy of an earlier run that this run keeps.
-    void add_kept(const wide_string& path, const wide_string& source, const platform::entry_status& status);
+    // Records a copy of an earlier run that this run keeps; `sha256` is empty if it is unknown.
+    void add_kept(const wide_string& path, const wide_string& source, const platform::entry_status& status,
+                  const std::string& sha256);
+    // From now on computes the digests of copies while they are made, for a manifest.
+    void keep_digests() { keeps_digests_ = true; }
+    // Returns the copies made since whose digest is known, by path key: size, time and digest.
+    const std::unordered_map<wide_string, earlier_file>& digests() const { return digests_; }
     // Ends the journal: removes it, or keeps and flushes it.
     platform::outcome end(bool removes);
     // Returns the first failure to flush copied data to the disk. The operating system reports such a loss
@@ -47,6 +53,9 @@ public:
 
 private:
     platform::outcome copy_in_place_of(const wide_string& source, const wide_string& target);
+    platform::outcome copy_with_digest(const wide_string& source, const wide_string& target, bool replace,
+                                       earlier_file& made);
+    static std::vector<std::string> finished(std::vector<std::string> words, const earlier_file& made);
     std::string word(const wide_string& path) const { return journal_word(path, folder_); }
     platform::outcome enter(const std::vector<std::string>& words);
     platform::outcome write();
@@ -56,7 +65,8 @@ private:
     const wide_string path_, folder_;
     std::unique_ptr<platform::file> file_; // null if no journal is kept
     std::string pending_;                  // recorded but not written yet
-    bool has_made_ = false;
+    bool has_made_ = false, keeps_digests_ = false;
+    std::unordered_map<wide_string, earlier_file> digests_;
     platform::outcome kept_;
     uint64_t next_name_ = 0;    // of the next temporary name
     uint64_t unsafe_bytes_ = 0; // copied since the last flush

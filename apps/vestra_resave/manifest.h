@@ -20,10 +20,10 @@ class continuation;
 wide_string manifest_path(const wide_string& project);
 
 // Writes the manifest of the project that the run has just saved. An existing manifest is replaced, another
-// file with this name is not. A copied file is recorded with the digest of its source, which is read again; a
-// file written by the run with its own digest; the log is left out. Files that existed before are marked, and
-// files of earlier runs that nothing refers to are listed separately. Files in `known`, by the path keys of
-// their copies, are recorded as they are there and not read. Returns what could not be read or written.
+// file with this name is not. A copied file is recorded with the digest of its source, a file written by the
+// run with its own; the log is left out. Files that existed before are marked, and files of earlier runs that
+// nothing refers to are listed separately. Files in `known`, by the path keys of their copies, are recorded
+// as they are there and not read. Returns what could not be read or written.
 // Writes nothing after a stop.
 std::vector<problem> write_manifest(vs::project_resave::run_state& run, continuation& earlier,
                                     const std::function<bool()>& is_stopped,

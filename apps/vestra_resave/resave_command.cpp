@@ -227,7 +227,7 @@ ended_resave resave_in(session& host, const resave_request& request, trial_disk*
     if (is_written() && !trial && !archive && (request.manifest || earlier.has_manifest())) {
         const shown_transfer shown(host.screen(), summary_of(report).bytes, summing_caption());
         const auto is_stopped = [&] { return host.interrupted(); };
-        for (problem& each : write_manifest(host.context(), earlier, is_stopped)) {
+        for (problem& each : write_manifest(host.context(), earlier, is_stopped, earlier.digests())) {
             if (is_stopped() && each.kind == own_kind::not_created) {
                 each.kind = own_kind::interrupted;
                 each.reason = u"writing the manifest was interrupted";
