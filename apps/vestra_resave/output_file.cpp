@@ -29,9 +29,16 @@ bool is_same_file(const wide_string& one, const wide_string& other) {
 }
 
 bool is_same_project(const wide_string& one, const wide_string& other) {
-    return path_same(one, other) ||
-           (is_same_file(one, other) &&
-            is_same_file(path_normalise(path_head(one)), path_normalise(path_head(other))));
+    return path_same(one, other) || (is_same_file(one, other) && share_folder(one, other));
+}
+
+bool share_folder(const wide_string& one, const wide_string& other) {
+    return is_same_file(path_normalise(path_head(one)), path_normalise(path_head(other)));
+}
+
+bool is_named_as(const wide_string& path, const wide_string& file) {
+    return path_key(path_file_name(path)).starts_with(path_key(path_stem(file)) + u'.') &&
+           share_folder(path, file);
 }
 
 std::optional<refusal> refuse_output(const std::string& typed) {
@@ -56,6 +63,13 @@ std::optional<refusal> refuse_project_file(const wide_string& path, project_cont
     if (auto early = protect_project_files({path}, context)) return early;
     if (source_neighbours(context).contain(path))
         return refused(path, say("is a file of the project and must not be overwritten"));
+    return std::nullopt;
+}
+
+std::optional<refusal> refuse_data_name(const wide_string& path, project_context& context) {
+    for (const wide_string& each : context.sizes.known_paths())
+        if (!path_same(each, context.placement.source_project_path) && is_named_as(path, each))
+            return refused(path, say(passes_for_data));
     return std::nullopt;
 }
 

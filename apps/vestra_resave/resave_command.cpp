@@ -110,6 +110,8 @@ std::optional<refusal> prepare(session& host, const resave_request& request, con
     if (!request.report.empty())
         if (auto no_page = refuse_page(request.report, context, is_trial || archive ? wide_string() : target))
             return no_page;
+    if (archive) // it would be taken for a companion, and be packed into itself
+        if (auto beside = refuse_data_name(archive->path(), context)) return beside;
     if (!request.allow_missing_drives)
         if (auto missing = refuse_missing_drives(elements, context)) return missing;
     return protect_project_files({archive ? archive->path() : target}, context);

@@ -2,6 +2,7 @@
 #include <algorithm>
 
 #include "apps/vestra_resave/archive/archive_view.h"
+#include "apps/vestra_resave/archive/zip_directory.h"
 #include "platform/path_text.h"
 #include "platform/text.h"
 
@@ -32,8 +33,10 @@ size_t bytes_to_hold(const wide_string& path) {
 // No format expands one byte of the archive to more bytes than this.
 constexpr uint64_t most_bytes_of_one = 40'000;
 
-// No disk has longer paths. The limit also bounds the memory for the folders of a path.
+// No disk has longer paths. A few bytes of an archive can name millions of folders, so all paths together
+// have a limit, too: the characters that a million files need.
 constexpr size_t longest_name = 4096;
+constexpr uint64_t most_of_names = uint64_t{128} << 20;
 
 // Returns why an entry cannot have this name; null if the name is valid.
 const char16_t* fault_in(const std::string& name) {
@@ -51,6 +54,10 @@ const char16_t* fault_in(const std::string& name) {
 bool archive_view::read_all(bool sums, const std::function<bool()>& is_stopped, wide_string& reason) {
     const auto reader = archive_reader::open(archive_, reason);
     if (!reader) return false;
+    if (!has_true_directory(archive_)) {
+        reason = u"its directory does not match its entries";
+        return false;
+    }
     packed_entry found;
     for (uint64_t shown = 0;;) {
         const archive_reader::step step = reader->next(found);
@@ -62,6 +69,10 @@ bool archive_view::read_all(bool sums, const std::function<bool()>& is_stopped, 
         if (step != archive_reader::step::entry || is_stopped()) return step != archive_reader::step::damaged;
         ++entries_read_;
         read_entry(*reader, found, sums, is_stopped);
+        if ((name_characters_ += found.name.size()) > most_of_names) {
+            reason = u"its names are too many or too long";
+            return false;
+        }
     }
 }
 
@@ -114,6 +125,7 @@ archive_view::entry* archive_view::add(const wide_string& path, entry_kind kind)
     const wide_string key = path_key(path);
     const auto [row, is_new] = entries_.try_emplace(key);
     if (!is_new) return nullptr;
+    name_characters_ += path.size();
     row->second.path = path;
     row->second.status.kind = kind;
     row->second.identity = entries_.size();

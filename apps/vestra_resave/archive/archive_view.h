@@ -78,7 +78,7 @@ private:
     bool is_inside(const wide_string& path) const;
 
     const wide_string archive_, archive_key_;
-    uint64_t archive_bytes_ = 0, held_bytes_ = 0, entries_read_ = 0;
+    uint64_t archive_bytes_ = 0, held_bytes_ = 0, entries_read_ = 0, name_characters_ = 0;
     std::unordered_map<wide_string, entry> entries_;                   // by path key
     std::unordered_map<wide_string, std::vector<wide_string>> inside_; // keys, by that of their folder
     std::vector<problem> problems_;

@@ -35,7 +35,7 @@ struct packed_archive::failure {
 
 packed_archive::packed_archive(archive_place place)
     : place_(std::move(place)), part_(place_.archive + u".vestra-part"), real_(platform::current_system()),
-      disk_(place_.archive) {}
+      replaced_(real_.identity_of(place_.archive)), disk_(place_.archive) {}
 
 // Removes the file before closing it. Closing releases the lock, after which another resave could have
 // created a file with the same name.
@@ -59,7 +59,15 @@ std::optional<refusal> packed_archive::begin() {
         if (created) created = real_.delete_file(part_);
         if (created) created = create();
     }
-    if (created) return std::nullopt;
+    if (created) {
+        const platform::file_identity now = real_.identity_of(place_.archive);
+        if (now && !replaced_) { // another resave has ended since this one was started
+            discard();
+            return refused(place_.archive, say("already exists; use --overwrite to replace it"));
+        }
+        replaced_ = now;
+        return std::nullopt;
+    }
     return refusal{not_saved, {{own_kind::not_created, {}, {}, part_, reason_of(created.text(), part_)}}};
 }
 
@@ -170,6 +178,9 @@ void packed_archive::write(session& host, continuation& earlier, resave_report& 
 // Flushes the content first, so that the final name never belongs to an incomplete archive.
 void packed_archive::put_in_place(resave_report& report) {
     outcome result = file_->flush();
+    // What came there during the run is somebody else's, whose only copy it may be.
+    if (result && real_.identity_of(place_.archive) != replaced_)
+        result = outcome::because(u"another file has this name");
     if (result) result = real_.rename_over(part_, place_.archive);
     if (!result) return enter({.why = result}, report);
     writer_.reset();

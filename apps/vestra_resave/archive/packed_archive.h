@@ -51,6 +51,7 @@ private:
     const archive_place place_;
     const wide_string part_; // the temporary file
     platform::system& real_;
+    platform::file_identity replaced_; // what has the archive's name, null if nothing
     archive_disk disk_;
     std::unique_ptr<platform::file> file_; // null if there is no temporary file
     std::unique_ptr<archive_writer> writer_;

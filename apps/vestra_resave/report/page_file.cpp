@@ -20,11 +20,6 @@ using namespace vs::project_resave;
 
 namespace {
 
-// True if two files are in one folder, which may be reached through a link.
-bool share_folder(const wide_string& one, const wide_string& other) {
-    return is_same_file(path_normalise(path_head(one)), path_normalise(path_head(other)));
-}
-
 // True if the page would replace a file that it lists.
 bool is_in_the_way(const wide_string& path, const page_facts& facts) {
     const wide_string name = path_key(path_file_name(path));
@@ -38,15 +33,6 @@ bool is_in_the_way(const wide_string& path, const page_facts& facts) {
            std::ranges::any_of(facts.problems,
                                [&](const problem& each) { return is_it(each.path) || is_it(each.new_path); });
 }
-
-// True if the page has the same name as the file up to a dot, so that it would look like a part of its data
-// set.
-bool is_named_as(const wide_string& path, const wide_string& file) {
-    return path_key(path_file_name(path)).starts_with(path_key(path_stem(file)) + u'.') &&
-           share_folder(path, file);
-}
-
-constexpr sentence passes_for_data = "it would look like a file of the data set next to it";
 
 problem not_created(const wide_string& path, const wide_string& reason) {
     return {own_kind::not_created, {}, {}, path, reason};
@@ -68,10 +54,7 @@ std::optional<refusal> refuse_page(const std::string& typed, project_context& co
     if (!new_project.empty() && is_same_file(path, new_project))
         return refused(path, say("the new project has the same name"));
     if (auto early = refuse_project_file(path, context)) return early;
-    for (const wide_string& each : context.sizes.known_paths())
-        if (!path_same(each, context.placement.source_project_path) && is_named_as(path, each))
-            return refused(path, say(passes_for_data));
-    return std::nullopt;
+    return refuse_data_name(path, context);
 }
 
 std::vector<problem> write_page(const std::string& typed, const page_facts& facts) {
