@@ -42,7 +42,7 @@ const std::map<std::string, on_existing_file> ways_if_scene_file_exists{
     {"rewrite", on_existing_file::rewrite}, {"new-name", on_existing_file::new_name}};
 
 constexpr const char* about_readable_project =
-    "Project file, by its native path or as C:\\..., or an archive with one: copy.zip, copy.tar.zst";
+    "Project file, as a native path or as C:\\..., or an archive with one: copy.zip, copy.tar.zst";
 
 CLI::Option* add_project(CLI::App* command, std::string& project) {
     const auto is_given = [](const std::string& text) { return std::string(text.empty() ? "is empty" : ""); };

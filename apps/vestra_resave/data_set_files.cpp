@@ -163,7 +163,7 @@ bool folder_walls::leads_out(const wide_string& path) const {
         if (is_new)
             folder->second = std::filesystem::canonical(platform::native_path(folder->first), unknown);
         if (folder->second.empty()) return false; // not on the disk, for example in an archive
-        whole = folder->second / std::filesystem::path(path_file_name(path));
+        whole = folder->second / "file";          // its own name does not matter
     }
     if (unknown || home_.empty()) return false;
     if (std::ranges::mismatch(home_, whole).in1 == home_.end()) return false;

@@ -114,7 +114,8 @@ std::optional<refusal> prepare(session& host, const resave_request& request, con
         if (auto beside = refuse_data_name(archive->path(), context)) return beside;
     if (!request.allow_missing_drives)
         if (auto missing = refuse_missing_drives(elements, context)) return missing;
-    return protect_project_files({archive ? archive->path() : target}, context);
+    if (archive) return protect_project_files({archive->path(), archive->part()}, context);
+    return protect_project_files({target}, context);
 }
 
 // The result of a run, or why there was none.

@@ -229,10 +229,9 @@ outcome copy_regular_file(const wide_string& source, const wide_string& target_p
     if (result) result = regular_status(in, status);
     if (!result) return result;
 
-    bool exists = false;
-    const auto wanted = mapped_volumes().to_create(target_path, exists);
+    const auto wanted = mapped_volumes().to_create(target_path);
     if (!wanted) return wanted.result;
-    if (exists && !replace) return outcome::native(EEXIST); // before all is copied in vain
+    if (wanted.exists && !replace) return outcome::native(EEXIST); // before all is copied in vain
     const std::string& target = wanted.path;
     struct stat existing {};
     const bool replaces = replace && ::stat(target.c_str(), &existing) == 0;
@@ -251,8 +250,7 @@ outcome copy_regular_file(const wide_string& source, const wide_string& target_p
 
 outcome rename_file_over(const wide_string& from, const wide_string& to) {
     const auto source = mapped_volumes().native(from, true);
-    bool exists = false;
-    const auto target = mapped_volumes().to_create(to, exists);
+    const auto target = mapped_volumes().to_create(to);
     if (!source || !target) return source ? target.result : source.result;
     names().before_change(source.path);
     if (std::rename(source.path.c_str(), target.path.c_str()) != 0) return outcome::last();

@@ -29,10 +29,7 @@ namespace {
 folder_names& names() { return mapped_volumes().names(); }
 
 native_answer existing(const wide_string& path) { return mapped_volumes().native(path, true); }
-native_answer wanted(const wide_string& path) {
-    bool exists = false;
-    return mapped_volumes().to_create(path, exists);
-}
+native_answer wanted(const wide_string& path) { return mapped_volumes().to_create(path); }
 
 int64_t nanoseconds(const auto& time) { return int64_t{time.tv_sec} * 1'000'000'000 + time.tv_nsec; }
 

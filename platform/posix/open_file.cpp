@@ -115,8 +115,7 @@ outcome open_regular_file(const wide_string& path, access wanted, disposition ho
         const outcome found = open_existing(path, writes ? O_RDWR : O_RDONLY, opened);
         return found ? lock_regular_file(std::move(opened), writes, false, result) : found;
     }
-    bool exists = false;
-    const auto native = mapped_volumes().to_create(path, exists);
+    const auto native = mapped_volumes().to_create(path);
     if (!native) return native.result;
     const outcome created =
         create_native(native.path, O_RDWR | (how == disposition::create_new ? O_EXCL : 0), 0666, opened);

@@ -132,11 +132,10 @@ outcome volumes::status(const wide_string& drive_path, struct stat& found, held_
     return listed ? held_.status(*listed, found, link) : result;
 }
 
-native_answer volumes::to_create(const wide_string& drive_path, bool& exists) {
-    exists = false;
+native_answer volumes::to_create(const wide_string& drive_path) {
     native_answer asked = as_asked(drive_path);
-    if (!asked) return asked;
-    return {spelled_by_listing(asked.path, exists), {}};
+    if (asked) asked.path = spelled_by_listing(std::string(asked.path), asked.exists);
+    return asked;
 }
 
 // Returns the path in the spelling of the entries that exist, as far as they do.

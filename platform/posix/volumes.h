@@ -20,6 +20,7 @@ namespace vs::project_resave::platform {
 struct native_answer {
     std::string path;
     outcome result;
+    bool exists = false; // set by `to_create` alone
 
     explicit operator bool() const { return bool(result); }
 };
@@ -56,9 +57,9 @@ public:
     // Sets `found` to the status of what exists under a drive path, following links. Tries the given spelling
     // first, which is nearly always right, and then the others. `link` is that of `held_folders::status`.
     outcome status(const wide_string& drive_path, struct stat& found, held_folders::link_state& link);
-    // Returns the same as `native` without `must_exist`, and sets `exists` to whether there is such an entry;
-    // cheaper if the name is likely to be free.
-    native_answer to_create(const wide_string& drive_path, bool& exists);
+    // Returns the same as `native` without `must_exist`, and whether there is such an entry; cheaper if the
+    // name is likely to be free.
+    native_answer to_create(const wide_string& drive_path);
 
     // Returns the drive path of `native`, on the drive whose folder contains it most closely. `native` is
     // relative to the current folder and need not exist.

@@ -1,5 +1,6 @@
 #include "apps/vestra_resave/archive/archive_disk.h"
 
+#include "apps/vestra_resave/archive/archive_place.h"
 #include "platform/path_text.h"
 
 namespace vestra::command {
@@ -11,11 +12,7 @@ archive_disk::archive_disk(const wide_string& archive) : archive_key_(path_key(a
     made_.delete_file(archive); // fails if there is no such file
 }
 
-bool archive_disk::is_inside(const wide_string& path) const {
-    const wide_string key = path_key(path);
-    return key.starts_with(archive_key_) &&
-           (key.size() == archive_key_.size() || is_separator(key[archive_key_.size()]));
-}
+bool archive_disk::is_inside(const wide_string& path) const { return is_in_archive(path, archive_key_); }
 
 platform::entry_status archive_disk::status_of(const wide_string& path) {
     return disk_of(path).status_of(path);

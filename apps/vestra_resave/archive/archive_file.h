@@ -60,6 +60,8 @@ public:
     // Reads up to `length` bytes of the entry. `count` is less than `length` only at the end of the entry.
     // Returns false if the entry is damaged or encrypted.
     virtual bool read(void* buffer, size_t length, size_t& count) = 0;
+    // True if the archive is a zip; known once `next` has returned an entry.
+    virtual bool is_zip() = 0;
     // Returns the number of bytes of the archive file that have been read.
     virtual uint64_t bytes_taken() = 0;
     // Returns the library's text for the last failure.

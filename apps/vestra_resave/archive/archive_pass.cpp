@@ -13,9 +13,6 @@ using platform::entry_kind;
 
 namespace {
 
-constexpr size_t piece = 256 * 1024;
-constexpr const char16_t* is_damaged = u"it is damaged in the archive";
-
 // The bytes that commands read of a file: all of a project, scene or layer file and of other text files
 // that they need, the field names of a table, and the signature of any other file.
 constexpr size_t mark_bytes = 1024, table_bytes = 16 * 1024;
@@ -54,10 +51,6 @@ const char16_t* fault_in(const std::string& name) {
 bool archive_view::read_all(bool sums, const std::function<bool()>& is_stopped, wide_string& reason) {
     const auto reader = archive_reader::open(archive_, reason);
     if (!reader) return false;
-    if (!has_true_directory(archive_)) {
-        reason = u"its directory does not match its entries";
-        return false;
-    }
     packed_entry found;
     for (uint64_t shown = 0;;) {
         const archive_reader::step step = reader->next(found);
@@ -67,7 +60,10 @@ bool archive_view::read_all(bool sums, const std::function<bool()>& is_stopped, 
         }
         if (step == archive_reader::step::damaged) reason = reader->reason();
         if (step != archive_reader::step::entry || is_stopped()) return step != archive_reader::step::damaged;
-        ++entries_read_;
+        if (entries_read_++ == 0 && reader->is_zip() && !has_true_directory(archive_)) {
+            reason = u"its directory does not match its entries";
+            return false;
+        }
         read_entry(*reader, found, sums, is_stopped);
         if ((name_characters_ += found.name.size()) > most_of_names) {
             reason = u"its names are too many or too long";
@@ -87,16 +83,16 @@ void archive_view::read_entry(archive_reader& from, const packed_entry& found, b
     if (found.kind == packed_entry::type::other) return report(found.name, u"it is a link or a device");
     const wide_string path = path_normalise(path_join(archive_, platform::from_utf8(found.name)));
     if (found.kind == packed_entry::type::folder) {
-        if (!add_folders(path)) report(found.name, u"a file of this name is there, too");
+        if (!add_folders(path)) report(found.name, u"the archive also has a file with this name");
         return;
     }
     if (!add_folders(path_normalise(path_head(path)))) return report(found.name, u"its folder is a file");
     entry* const one = add(path, entry_kind::file);
-    if (!one) return report(found.name, u"its name is there twice");
+    if (!one) return report(found.name, u"another entry has the same name");
     one->status.bytes = found.bytes, one->status.modified = found.modified;
     one->is_damaged =
         found.bytes / most_bytes_of_one > archive_bytes_ || !read_content(from, *one, sums, is_stopped);
-    if (one->is_damaged) report(found.name, is_damaged);
+    if (one->is_damaged) report(found.name, damaged);
 }
 
 bool archive_view::read_content(archive_reader& from, entry& into, bool sums,

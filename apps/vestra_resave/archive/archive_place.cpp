@@ -46,6 +46,12 @@ bool is_archive(const wide_string& path) {
 
 wide_string archive_place::project() const { return path_join(archive, inside); }
 
+bool is_in_archive(const wide_string& path, const wide_string& archive_key) {
+    const wide_string key = path_key(path);
+    return key.starts_with(archive_key) &&
+           (key.size() == archive_key.size() || is_separator(key[archive_key.size()]));
+}
+
 std::optional<archive_place> archive_in(const std::string& typed) {
     const wide_string path = path_normalise(platform::drive_path(typed));
     for (size_t end = path_fixed_length(path); end < path.size();) {

@@ -18,6 +18,9 @@ struct archive_place {
     wide_string project() const;
 };
 
+// True for the path of an archive and for paths in it; `archive_key` is the path key of the archive.
+bool is_in_archive(const wide_string& path, const wide_string& archive_key);
+
 // Returns the place if a name on the path, as typed by the user, ends in ".zip" or ".tar.zst" in any letter
 // case and is not an existing folder.
 std::optional<archive_place> archive_in(const std::string& typed);

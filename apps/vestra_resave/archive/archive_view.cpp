@@ -15,9 +15,7 @@ using platform::outcome;
 
 namespace {
 
-constexpr size_t piece = 256 * 1024;
-constexpr const char16_t* is_damaged = u"it is damaged in the archive";
-constexpr const char16_t* is_read_only = u"an archive is only read";
+constexpr const char16_t* is_read_only = u"an archive cannot be changed";
 
 } // namespace
 
@@ -37,7 +35,7 @@ public:
             if (!go_to_position() || !reader_->read(buffer, count, taken) || taken != count) {
                 count = 0;
                 reader_.reset();
-                return outcome::because(is_damaged);
+                return outcome::because(damaged);
             }
             reader_at_ += taken;
         }
@@ -96,12 +94,6 @@ std::unique_ptr<archive_view> archive_view::open(const wide_string& archive, boo
     return view->read_all(sums, is_stopped, reason) ? std::move(view) : nullptr;
 }
 
-bool archive_view::is_inside(const wide_string& path) const {
-    const wide_string key = path_key(path);
-    return key.starts_with(archive_key_) &&
-           (key.size() == archive_key_.size() || is_separator(key[archive_key_.size()]));
-}
-
 const archive_view::entry* archive_view::find(const wide_string& path) const {
     const auto found = entries_.find(path_key(path));
     return found == entries_.end() ? nullptr : &found->second;
@@ -123,7 +115,7 @@ bool archive_view::find_project(wide_string& inside) const {
 
 outcome archive_view::digest_of(const wide_string& path, file_digest& digest) const {
     const entry* const found = find(path);
-    if (!found || found->sha256.empty() || found->is_damaged) return outcome::because(is_damaged);
+    if (!found || found->sha256.empty() || found->is_damaged) return outcome::because(damaged);
     digest = {found->status.bytes, found->sha256};
     return {};
 }
@@ -180,7 +172,7 @@ outcome archive_view::open(const wide_string& path, platform::access wanted, pla
     const entry* const found = find(path);
     if (!found) return platform::failure::missing;
     if (found->status.kind == entry_kind::folder) return outcome::because(u"is a folder");
-    if (found->is_damaged) return outcome::because(is_damaged);
+    if (found->is_damaged) return outcome::because(damaged);
     result = std::make_unique<entry_file>(*this, *found);
     return {};
 }
@@ -218,7 +210,7 @@ std::optional<refusal> read_archive_scope::begin(session& host, std::string& typ
     if (!view_) return refusal{wrong_use, {{own_kind::not_loaded, {}, place->archive, {}, reason}}};
     if (is_stopped()) return refusal{stopped, {{own_kind::interrupted, {}, {}, {}}}};
     if (inside.empty() && !view_->find_project(inside))
-        return refused(place->archive, say("does not hold exactly one project; name it, as in %1",
+        return refused(place->archive, say("does not contain exactly one project; name it, as in %1",
                                            {printed(path_join(place->archive, u"NAME._vp"))}));
     typed = platform::to_utf8(path_join(place->archive, inside));
     in_force_.emplace(*view_);

@@ -75,7 +75,10 @@ private:
     bool add_folders(const wide_string& path);
     void report(const std::string& name, const char16_t* why);
     const entry* find(const wide_string& path) const;
-    bool is_inside(const wide_string& path) const;
+    bool is_inside(const wide_string& path) const { return is_in_archive(path, archive_key_); }
+
+    static constexpr size_t piece = 256 * 1024; // bytes read at once
+    static constexpr const char16_t* damaged = u"it is damaged in the archive";
 
     const wide_string archive_, archive_key_;
     uint64_t archive_bytes_ = 0, held_bytes_ = 0, entries_read_ = 0, name_characters_ = 0;

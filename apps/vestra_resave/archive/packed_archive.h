@@ -25,6 +25,8 @@ public:
     // Returns the disk for the run, which the caller makes the current one.
     archive_disk& disk() { return disk_; }
     const wide_string& path() const { return place_.archive; }
+    // Returns the path of the temporary file.
+    const wide_string& part() const { return part_; }
 
     // Creates the temporary file, whose folder must exist. Returns the reason if that fails, for example
     // because another resave is writing it.

@@ -8,7 +8,8 @@
 namespace vestra::command {
 
 // True if the directory of the zip at the drive path names each of its entries as the entry itself does, with
-// the same method and checksum. Also true for a file that is no zip.
+// the same method and checksum. Call it only for a zip: another archive can contain one that looks like its
+// end.
 bool has_true_directory(const vs::project_resave::wide_string& path);
 
 } // namespace vestra::command

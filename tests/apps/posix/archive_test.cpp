@@ -111,6 +111,21 @@ TEST_F(archive, opens_elsewhere_with_the_names_and_times_it_had) {
     EXPECT_EQ("Пакет.ZIP ", sent());
 }
 
+TEST_F(archive, may_contain_other_archives) {
+    builder.scene_2d(u"S").layer("rtr_lr2d", u"R", write(u"C:\\data\\r.tif")).save(source);
+    const string data = (native("c") / "data").string();
+    python("import os, zipfile\n"
+           "for name in 'r.tif.kmz', 'r.zip':\n"
+           "    zipfile.ZipFile('" +
+           data + "/' + name, 'w').writestr('doc.kml', os.urandom(40000))\n");
+    for (const string name : {"a.tar.zst", "a.zip"}) {
+        EXPECT_EQ(0, command(to + "'N:\\sent\\" + name + "' --companions all --quiet")) << err;
+        EXPECT_EQ(0, command("verify 'N:\\sent\\" + name + "' --quiet")) << out << err;
+        EXPECT_NE(string::npos,
+                  other("bsdtar -tf " + (native("n") / "sent" / name).string()).find("r.tif.kmz"));
+    }
+}
+
 TEST_F(archive, is_not_begun_where_it_makes_no_sense) {
     builder.scene_2d(u"S").layer("rtr_lr2d", u"R", write(u"C:\\data\\r.tif")).save(source);
     write(u"N:\\sent\\text.zip", "no archive");
@@ -179,6 +194,11 @@ def patched(name, change):
     data = bytearray(open('sent/whole.zip', 'rb').read())
     open('sent/' + name, 'wb').write(change(data))
 zipped('whole.zip', ('r.tif', b'tif' * 50000))
+def other_name(d):
+    at = d.rfind(b'r.tif')
+    d[at:at + 5] = b's.tif'
+    return d
+patched('renamed.zip', other_name)
 whole = len(open('sent/whole.zip', 'rb').read())
 patched('cut.zip', lambda d: d[:whole // 2])
 patched('bytes.zip', lambda d: d[:whole // 2] + b'other' + d[whole // 2 + 5:])
@@ -210,17 +230,18 @@ open('sent/bomb.tar', 'wb').write(open('sent/hard.tar', 'rb').read()[:512 * (1 +
                                   {"back.zip", "out of the archive"},
                                   {"root.zip", "absolute path"},
                                   {"drive.zip", "absolute path"},
-                                  {"twice.zip", "is there twice"},
+                                  {"twice.zip", "another entry has the same name"},
                                   {"both.zip", "folder is a file"},
                                   {"long.zip", "too long"},
-                                  {"two.zip", "does not hold exactly one project"},
+                                  {"renamed.zip", "its directory does not match its entries"},
+                                  {"two.zip", "does not contain exactly one project"},
                                   {"link.zip", "a link or a device"},
                                   {"cut.zip", "could not be loaded"},
                                   {"bytes.zip", "damaged in the archive"},
                                   {"huge.zip", "damaged in the archive"},
                                   {"hard.tar.zst", "a link or a device"},
                                   {"device.tar.zst", "a link or a device"}}) {
-        const bool is_refused = name == "cut.zip" || name == "two.zip";
+        const bool is_refused = name == "cut.zip" || name == "two.zip" || name == "renamed.zip";
         EXPECT_EQ(is_refused ? 2 : 1, command("verify 'N:\\sent\\" + name + "' --quiet")) << name << out;
         EXPECT_TRUE(is_told(reason)) << name << err;
         EXPECT_LE(0, command("list 'N:\\sent\\" + name + "' --json")) << name;

@@ -165,6 +165,10 @@ public:
         return true;
     }
 
+    bool is_zip() override {
+        return (::archive_format(all_.get()) & ARCHIVE_FORMAT_BASE_MASK) == ARCHIVE_FORMAT_ZIP;
+    }
+
     uint64_t bytes_taken() override {
         return static_cast<uint64_t>(std::max<int64_t>(0, ::archive_filter_bytes(all_.get(), -1)));
     }
