@@ -28,6 +28,9 @@ public:
     platform::outcome list(const wide_string& path, std::vector<platform::folder_entry>& entries) override {
         return inner_.list(path, entries);
     }
+    std::filesystem::file_time_type time_of_folder(const wide_string& path) override {
+        return inner_.time_of_folder(path);
+    }
     bool true_name(const wide_string& folder, const wide_string& name, wide_string& spelling) override {
         return inner_.true_name(folder, name, spelling);
     }

@@ -7,6 +7,7 @@
 #include <utility>
 
 #include "platform/path_text.h"
+#include "platform/volumes.h"
 
 namespace vs::project_resave::platform {
 
@@ -67,6 +68,8 @@ outcome file::read_whole(void* buffer, size_t length) {
     const outcome result = read(buffer, length, count);
     return result && count < length ? outcome::because(u"the file ended too soon") : result;
 }
+
+std::filesystem::file_time_type system::time_of_folder(const wide_string& path) { return folder_time(path); }
 
 bool system::same_file(const wide_string& a, const wide_string& b) {
     const file_identity first = identity_of(a);

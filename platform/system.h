@@ -11,6 +11,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <filesystem>
 #include <functional>
 #include <memory>
 #include <string>
@@ -118,6 +119,9 @@ public:
     // Sets `entries` to the direct entries of the folder `path`, without "." and "..", ordered by name.
     // `entries` is empty on failure, even if only a part of the folder could not be read.
     virtual outcome list(const wide_string& path, std::vector<folder_entry>& entries) = 0;
+
+    // Returns the same as `platform::folder_time`, or an earlier answer of this system.
+    virtual std::filesystem::file_time_type time_of_folder(const wide_string& path);
 
     // Sets `spelling` to the name that the listing of `folder` has for `name`, ignoring letter case ("." and
     // ".." are their own spelling). Returns false and leaves `spelling` unchanged if there is no such entry

@@ -95,13 +95,39 @@ platform::file_identity remembered_disk::identity_of(const wide_string& path) {
     return known.identity;
 }
 
+remembered_disk::kept_answers::kept_answers(remembered_disk& disk)
+    : disk_(disk), known_(std::move(disk.known_)) {}
+
+remembered_disk::kept_answers::~kept_answers() {
+    disk_.known_ = std::move(known_);
+    disk_.note_addition();
+}
+
+void remembered_disk::note_addition() {
+    ++additions_;
+    if (ends_at_write_) remember(false);
+}
+
+void remembered_disk::note_change() {
+    forget();
+    if (ends_at_write_) remember(false);
+}
+
+std::filesystem::file_time_type remembered_disk::time_of_folder(const wide_string& path) {
+    if (!remembers_) return inner().time_of_folder(path);
+    known_folder& folder = folder_of(path);
+    if (folder.timed_at != additions_) folder.time = inner().time_of_folder(path);
+    folder.timed_at = additions_;
+    return folder.time;
+}
+
 outcome remembered_disk::copy_file(const wide_string& source, const wide_string& target, bool replace) {
-    replace ? forget() : note_addition();
+    replace ? note_change() : note_addition();
     return inner().copy_file(source, target, replace);
 }
 
 outcome remembered_disk::delete_file(const wide_string& path) {
-    forget();
+    note_change();
     return inner().delete_file(path);
 }
 
@@ -111,12 +137,12 @@ outcome remembered_disk::create_folder(const wide_string& path) {
 }
 
 outcome remembered_disk::remove_folder(const wide_string& path) {
-    forget();
+    note_change();
     return inner().remove_folder(path);
 }
 
 outcome remembered_disk::rename_over(const wide_string& from, const wide_string& to) {
-    forget();
+    note_change();
     return inner().rename_over(from, to);
 }
 
@@ -125,7 +151,7 @@ outcome remembered_disk::open(const wide_string& path, platform::access wanted, 
     if (how == platform::disposition::create_new)
         note_addition();
     else if (wanted != platform::access::read || how != platform::disposition::open_existing)
-        forget();
+        note_change();
     return inner().open(path, wanted, how, result);
 }
 

@@ -5,7 +5,7 @@
 //     remembered_disk disk;
 //     const platform::system_override in_force(disk);
 //     ... // load, look, compare: each name is requested once
-//     disk.remember(false); // a run takes hours and others work meanwhile, so nothing is cached
+//     disk.remember_until_write(); // a run takes hours and others work meanwhile, so nothing is cached then
 #pragma once
 
 #include <functional>
@@ -25,19 +25,41 @@ namespace platform = vs::project_resave::platform;
 
 // For use in one thread. Changes by other programs between two writes are not noticed.
 class remembered_disk final : public vs::project_resave::forwarding_system {
+    struct knowledge;
+
 public:
     using forwarding_system::forwarding_system;
 
     // Switches the cache on or off and discards its content. Initially it is on.
     void remember(bool on) {
         remembers_ = on;
+        ends_at_write_ = false;
         forget();
     }
+    // Switches the cache off as soon as something is written. What is asked before is answered from the
+    // cache.
+    void remember_until_write() { ends_at_write_ = true; }
+
+    // Keeps what is known of existing files while the caller writes nothing but new files: answers from
+    // between the beginning and the end of the scope are discarded, and nothing is discarded because of its
+    // writes.
+    class kept_answers {
+    public:
+        explicit kept_answers(remembered_disk& disk);
+        ~kept_answers();
+        kept_answers(const kept_answers&) = delete;
+        kept_answers& operator=(const kept_answers&) = delete;
+
+    private:
+        remembered_disk& disk_;
+        std::unique_ptr<knowledge> known_;
+    };
 
     // A name that is missing in the listing of its folder is reported as missing without a request. The
     // listing is read after the first request for a name that does not exist.
     platform::entry_status status_of(const wide_string& path) override;
     platform::file_identity identity_of(const wide_string& path) override;
+    std::filesystem::file_time_type time_of_folder(const wide_string& path) override;
 
     // These write. Operations that only add an entry keep what is known of existing files.
     platform::outcome copy_file(const wide_string& source, const wide_string& target, bool replace) override;
@@ -68,6 +90,8 @@ private:
         by_text<answer> answers;        // by name
         std::pmr::vector<size_t> names; // hashes of the folded names, in order
         size_t listed_at = never;       // number of additions when they were read
+        std::filesystem::file_time_type time;
+        size_t timed_at = never; // number of additions when `time` was asked
     };
     // Allocated from a pool that is freed as a whole: fragments all over the heap would make every later
     // allocation of the run slower.
@@ -83,9 +107,11 @@ private:
     bool is_absent(const known_folder& folder, std::u16string_view name) const;
     void learn_names(known_folder& folder, std::u16string_view path);
     void forget() { known_.reset(); }
-    void note_addition() { ++additions_; }
+    void note_addition();
+    void note_change();
 
     bool remembers_ = true;
+    bool ends_at_write_ = false;
     size_t additions_ = 0;             // additions of entries through this disk
     std::unique_ptr<knowledge> known_; // null while nothing is known
 };

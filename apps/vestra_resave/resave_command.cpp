@@ -152,14 +152,20 @@ ended_run run(session& host, const resave_request& request, continuation& earlie
         return {std::move(early), {}, {}};
     }
     if (!archive) earlier.put_in_force(context, source, trial); // an interrupted run leaves no archive
-    auto early = refuse_target(folder, request, context, source);
-    if (!early) early = archive ? archive->begin() : earlier.begin_journal();
+    std::optional<refusal> early;
+    {
+        const remembered_disk::kept_answers kept(
+            asked_once); // only the folder of the new project is written to
+        early = refuse_target(folder, request, context, source);
+        if (!early) early = archive ? archive->begin() : earlier.begin_journal();
+    }
     if (early) {
         earlier.abandon();
         std::ranges::move(take_back(missing), std::back_inserter(early->problems));
         return {std::move(early), {}, {}};
     }
-    asked_once.remember(false);
+    asked_once
+        .remember_until_write(); // the guard of the source learns its files from the answers of the load
     host.keep_places(earlier.disk());
     resave_settings settings = request.settings;
     settings.output_path = &target;

@@ -91,6 +91,10 @@ main_window::main_window(stored_settings& stored, std::vector<wide_string> bundl
     };
     closer_.setSingleShot(true); // runs after the event that closes the window
     connect(&closer_, &QTimer::timeout, this, [this] { close(); });
+    opener_.setSingleShot(true);
+    connect(&opener_, &QTimer::timeout, this, [this] {
+        if (!is_at_work()) open_project(platform::drive_path(dropped_.toStdString()));
+    });
     setAcceptDrops(true);
     shell::settings().language_offset = stored_.language() == "ru" ? 0 : 50000;
     start();
@@ -266,9 +270,8 @@ void main_window::dropEvent(QDropEvent* event) {
     const QString project = project_in(*event->mimeData());
     if (is_at_work() || project.isEmpty() || !take_as_copy(*event)) return;
     // Queued, because message boxes would block the program that the file was dragged from.
-    QTimer::singleShot(0, this, [this, project] {
-        if (!is_at_work()) open_project(platform::drive_path(project.toStdString()));
-    });
+    dropped_ = project;
+    opener_.start();
 }
 
 } // namespace vestra::window

@@ -95,7 +95,8 @@ private:
     qt::tool_view* view_ = nullptr;   // the central widget
     outcome_view* results_ = nullptr; // a separate window above this one
     QToolBar* tools_ = nullptr;
-    QTimer closer_;
+    QTimer closer_, opener_;
+    QString dropped_;         // the project that `opener_` opens
     QTranslator words_of_qt_; // for Qt's own dialogs and menus
     bool works_ = false, closes_ = false;
 };

@@ -55,8 +55,10 @@ public:
 
     int get() const { return content_.get(); }
 
-    // The caller has just looked the path up, so the cached names of its folder are current.
-    outcome create(mode_t mode) {
+    // The caller has just looked the path up, so the cached names of its folder are current, and stay so
+    // unless writing the content takes long.
+    outcome create(mode_t mode, bool takes_long) {
+        takes_long_ = takes_long;
         if (can_name_open_files()) {
             const std::string folder(folder_of(path_));
             content_ = descriptor(::open(folder.c_str(), O_TMPFILE | O_WRONLY | O_CLOEXEC, mode));
@@ -90,7 +92,7 @@ private:
     outcome name_it() {
         if (present_) return {};
         const std::string unnamed = open_files + std::to_string(content_.get());
-        names().before_change(path_);
+        if (takes_long_) names().before_change(path_);
         present_ = ::linkat(AT_FDCWD, unnamed.c_str(), AT_FDCWD, path_.c_str(), AT_SYMLINK_FOLLOW) == 0;
         if (present_) names().created(path_);
         return outcome::of_call(present_);
@@ -99,7 +101,11 @@ private:
     std::string path_;
     descriptor content_;
     bool present_ = false;
+    bool takes_long_ = true;
 };
+
+// Below it, setting up a transfer inside the kernel costs more than reading and writing.
+constexpr off_t small = 64 * 1024;
 
 outcome copy_through_memory(int source, int target, off_t from, off_t end) {
     constexpr off_t piece = 128 * 1024;
@@ -161,7 +167,6 @@ outcome copy_without_holes(int source, int target, off_t size) {
 
 outcome copy_content(int source, int target, const struct stat& status) {
     constexpr off_t block = 512;
-    constexpr off_t small = 64 * 1024; // below it, setting up a transfer inside the kernel costs more
     if (status.st_blocks * block < status.st_size) return copy_without_holes(source, target, status.st_size);
     if (status.st_size <= small) return copy_through_memory(source, target, 0, status.st_size);
     if (is_content_watched()) { // shared blocks are worth more than a second reading
@@ -240,7 +245,7 @@ outcome copy_regular_file(const wide_string& source, const wide_string& target_p
 
     const mode_t permissions = status.st_mode & 0777;
     new_file out(replaces ? temporary_name(target) : target);
-    result = out.create(permissions);
+    result = out.create(permissions, status.st_size > small);
     if (result) result = copy_content(in.get(), out.get(), status);
     if (result) result = check_unchanged(in.get(), status);
     if (!result) return result;

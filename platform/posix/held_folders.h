@@ -1,9 +1,9 @@
 // Keeps folders open, so that an access to one of their entries does not walk the whole path.
 //
-// Up to four folders stay open, the most recently opened ones. For about 5 ms a path is assumed to lead to
-// the same folder as before, so a folder that another program renames or replaces is noticed that much later.
-// Therefore this is used to open and examine existing entries, but never to create one. The entries of a
-// folder are not cached.
+// Up to four folders stay open, the most recently opened ones. For a quarter of a second a path is assumed to
+// lead to the same folder as before, so a folder that another program renames or replaces is noticed that
+// much later. Therefore this is used to open and examine existing entries, but never to create one. The
+// entries of a folder are not cached.
 #pragma once
 
 #include <sys/stat.h>

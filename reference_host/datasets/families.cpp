@@ -67,7 +67,7 @@ public:
 
     void read(const wide_string& folder) {
         read_at_ = std::filesystem::file_time_type::clock::now();
-        changed_ = platform::folder_time(folder);
+        changed_ = platform::current_system().time_of_folder(folder);
         names_.clear();
         for (auto& entry : entries_of(folder))
             if (!entry.is_folder) names_.push_back(std::move(entry.name));
@@ -97,10 +97,29 @@ private:
     std::filesystem::file_time_type read_at_;
 };
 
+// A format whose files have one stem. A row is used only if all files of the stem are in it.
+struct known_format {
+    wide_view extension;
+    std::initializer_list<wide_view> others; // instead of the extension, in the order of the library
+    bool has_metadata_in_folder = false;     // under names that have nothing to do with the stem
+};
+
+const known_format known_formats[] = {{u".dbf", {u".cpg"}},
+                                      {u".geojson", {}},
+                                      {u".csv", {}},
+                                      {u".gpkg", {}},
+                                      {u".tif", {u".tfw"}, true},
+                                      {u".tiff", {u".tfw"}, true},
+                                      {u".png", {u".pgw"}, true},
+                                      {u".jpg", {u".jgw"}, true}};
+
+constexpr std::size_t most_in_a_small_folder = 1000;
+
 sorted_names& names_in(const wide_string& folder) {
     static std::unordered_map<wide_string, sorted_names> folders;
     const auto [row, is_new] = folders.try_emplace(folder, folder);
-    if (!is_new && !row->second.is_current(platform::folder_time(folder))) row->second.read(folder);
+    if (!is_new && !row->second.is_current(platform::current_system().time_of_folder(folder)))
+        row->second.read(folder);
     return row->second;
 }
 
@@ -142,10 +161,26 @@ file_list same_stem_family(const wide_string& path) {
     return files;
 }
 
+std::optional<file_list> known_family(const wide_string& path) {
+    const wide_string folder = path_head(path), own_name = path_file_name(path), stem = stem_of(path);
+    const wide_view extension = wide_view(own_name).substr(stem.size());
+    const auto* const format = std::ranges::find_if(
+        known_formats, [&](const known_format& each) { return is_same_name(each.extension, extension); });
+    if (format == std::end(known_formats)) return std::nullopt;
+    const sorted_names& names = names_in(folder);
+    if (format->has_metadata_in_folder && names.count() <= most_in_a_small_folder) return std::nullopt;
+    file_list files{path};
+    const std::vector<wide_string> near = names.beginning_with(stem);
+    for (const wide_view other : format->others)
+        for (const wide_string& name : near)
+            if (is_same_name(name, stem + wide_string(other))) files.push_back(folder + name);
+    // Also false if the folder cannot be read, or has two spellings of a name.
+    return near.size() == files.size() ? std::optional(std::move(files)) : std::nullopt;
+}
+
 std::optional<std::vector<wide_string>> near_names_in_large_folder(const wide_string& path) {
-    constexpr std::size_t fair_size = 1000;
     const sorted_names& names = names_in(path_head(path));
-    if (names.count() <= fair_size) return std::nullopt;
+    if (names.count() <= most_in_a_small_folder) return std::nullopt;
     return names.beginning_with(stem_of(path));
 }
 

@@ -24,6 +24,13 @@ file_list grid_family(const wide_string& path);
 // again when its entries have changed.
 file_list same_stem_family(const wide_string& path);
 
+// Returns the files of a set whose format keeps all of them under one stem, as the geodata library would,
+// without opening them. Returns nothing if only the library can know: the format is another one, or a file of
+// the same stem is not one of those that this format always uses. Rasters can also have metadata under fixed
+// names in their folder; only in a large folder, where the library gets just the names near the file, that
+// does not count.
+std::optional<file_list> known_family(const wide_string& path);
+
 // Returns the names in a large folder that begin with the file's stem. Returns nothing for a folder of up to
 // 1000 files, which the caller can read as a whole.
 std::optional<std::vector<wide_string>> near_names_in_large_folder(const wide_string& path);

@@ -123,6 +123,8 @@ identity_pointer open_file(const wide_string& path, files::file_error* error) {
     if (has_extension(path, {u".pgrid"})) return make(grid_family(path));
     if (has_extension(path, {u".sgy", u".segy", u".sec"})) return make({path});
 
+    if (auto files = known_family(path)) return make(std::move(*files), {nullptr, path});
+
     const auto native = platform::native_path(path);
     const auto siblings = near_names_in_large_folder(path);
     if (auto known = open_gdal_source(native, siblings ? &*siblings : nullptr)) {

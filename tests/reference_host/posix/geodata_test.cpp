@@ -32,6 +32,37 @@ TEST(geodata, companions_are_found_in_a_very_large_folder) {
     EXPECT_EQ(" relief.TIF Relief.tif.ovr", names_of(head + u"relief.TIF", head));
 }
 
+TEST(geodata, sets_of_one_stem_have_the_files_of_their_library) {
+    const temporary_folder folder;
+    for (int i = 0; i <= 1000; ++i) folder.write(platform::from_utf8("other" + std::to_string(i)));
+    const std::filesystem::path samples = VS_SOURCE_DIR "/samples/area", to = folder.native();
+    const auto copy = [&](const char* sample, const char* name) {
+        std::filesystem::copy_file(samples / sample, to / name);
+    };
+    copy("d/gis/photo/detail.jpg", "photo.jpg");
+    copy("d/gis/photo/detail.jpg", "placed.jpg");
+    copy("d/gis/photo/detail.jgw", "Placed.JGW");
+    copy("c/prj/rasters/relief.tif", "relief.tif");
+    copy("d/gis/tables/labs.dbf", "labs.dbf");
+    copy("d/gis/tables/labs.dbf", "named.dbf");
+    folder.write(u"named.cpg", "1251");
+    folder.write(u"wells.csv", "a,b\n1,2\n");
+    folder.write(u"area.geojson", R"({"type":"FeatureCollection","features":[]})");
+    for (const char16_t* name : {u"photo.jpg", u"placed.jpg", u"relief.tif", u"labs.dbf", u"named.dbf",
+                                 u"wells.csv", u"area.geojson"}) {
+        const wide_string path = folder.path(name);
+        const auto siblings = near_names_in_large_folder(path);
+        ASSERT_TRUE(siblings);
+        const auto source = open_gdal_source(platform::native_path(path), &*siblings);
+        ASSERT_TRUE(source) << platform::to_utf8(path);
+        file_list files;
+        for (const auto& file : source->files()) files.push_back(platform::drive_path(file.string()));
+        EXPECT_EQ(files, known_family(path)) << platform::to_utf8(path);
+    }
+    folder.write(u"relief.tif.aux.xml", "<PAMDataset/>");
+    EXPECT_EQ(std::nullopt, known_family(folder.path(u"relief.tif"))); // the library looks into it
+}
+
 TEST(geodata, shape_files_have_the_files_and_fields_of_their_library) {
     const auto shapes = sample_files(".shp"), tables = sample_files(".dbf");
     ASSERT_LT(5u, shapes.size());
