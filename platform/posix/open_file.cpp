@@ -70,6 +70,7 @@ outcome lock_regular_file(descriptor opened, bool writes, bool empties, std::uni
     // On a file system without locks the file is used without one.
     const int lock = (writes ? LOCK_EX : LOCK_SH) | LOCK_NB;
     if (::flock(opened.get(), lock) != 0 && errno == EWOULDBLOCK) return failure::in_use;
+    // Only after the lock: a file that another program has open keeps its content.
     if (empties && ::ftruncate(opened.get(), 0) != 0) return outcome::last();
     result = std::make_unique<open_file>(std::move(opened));
     return {};
@@ -78,6 +79,7 @@ outcome lock_regular_file(descriptor opened, bool writes, bool empties, std::uni
 } // namespace
 
 outcome create_native(const std::string& path, int flags, unsigned mode, descriptor& opened) {
+    // Without O_NONBLOCK, opening a pipe would wait for its other end.
     const int number = ::open(path.c_str(), flags | O_CREAT | O_CLOEXEC | O_NONBLOCK, mode);
     const outcome result = outcome::of_call(number >= 0);
     opened = descriptor(number);
