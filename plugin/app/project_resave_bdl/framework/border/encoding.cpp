@@ -1,3 +1,5 @@
+// The rows keep their numbers, which others know. Those without a code page are only names: nothing is
+// converted through them.
 #include "framework/border/encoding.h"
 
 #include "platform/text.h"
