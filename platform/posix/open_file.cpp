@@ -94,7 +94,7 @@ outcome open_existing(const wide_string& path, int flags, descriptor& opened) {
     if (result.code() != ENOENT) return result;
     const auto listed = mapped_volumes().as_listed(asked.path);
     if (!listed) return result;
-    // U+FFFD stands for bytes that are not UTF-8. If the file were opened under that name, its copy would get
+    // U+FFFD replaces bytes that are not UTF-8. If the file were opened under that name, its copy would get
     // the name too.
     constexpr char16_t stand_in = 0xFFFD;
     if (path.find(stand_in) != wide_string::npos && valid_utf8_length(*listed) < listed->size())

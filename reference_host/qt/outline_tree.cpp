@@ -146,7 +146,8 @@ void outline_tree::selectionChanged(const QItemSelection& selected, const QItemS
     QTreeView::selectionChanged(selected, deselected);
     if (is_taking_) return;
     sends_([&] {
-        // Rows that are no longer highlighted come first, so that the element hears of the added ones last.
+        // Rows that are no longer highlighted come first, so that the element is notified of the added ones
+        // last.
         tell_highlighted(deselected.indexes(), false);
         tell_highlighted(selected.indexes(), true);
     });

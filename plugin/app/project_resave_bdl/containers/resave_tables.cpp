@@ -76,7 +76,7 @@ bool Tvs_resave_attr::write_structure() {
     context->log.write_indented(
         with_path(*context, host_string(&vs_attr_data_get_wcaption, table_), source_path()));
     context->log.indent();
-    // Kept as users know it: the columns appear whatever the options say.
+    // Kept as users know it: the columns appear regardless of the options.
     write_attr_fields(*context, table_);
     context->log.unindent();
     return true;

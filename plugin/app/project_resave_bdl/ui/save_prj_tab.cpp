@@ -1,4 +1,4 @@
-// The controls of the tab that resaves, and the settings that they stand for.
+// The controls of the tab that resaves, and the settings that they represent.
 
 #include "ui/save_prj_tab.h"
 
