@@ -30,6 +30,7 @@ std::function<void(const void*, size_t)>& content_watch_in_force() {
 class tree_walk {
 public:
     tree_walk(system& files, const wide_string& start) : files_(files) {
+        // Also the folders above the start: a link can lead to one of them as well.
         for (size_t at = start.find_first_of(path_separators); at != wide_string::npos;
              at = start.find_first_of(path_separators, at + 1))
             holders_.push_back(start.substr(0, at + 1));
@@ -66,6 +67,7 @@ private:
 outcome file::read_whole(void* buffer, size_t length) {
     size_t count = 0;
     const outcome result = read(buffer, length, count);
+    // A file that became shorter since its size was asked for.
     return result && count < length ? outcome::because(u"the file ended too soon") : result;
 }
 

@@ -1,5 +1,5 @@
-// Copies files so that nobody ever finds an incomplete one: the content is written first, then it gets its
-// name.
+// Copies files so that no other program ever finds an incomplete one: the content is written first, then it
+// gets its name.
 
 #include <fcntl.h>
 #include <linux/fs.h>
@@ -39,7 +39,7 @@ bool can_name_open_files() {
     return can;
 }
 
-// A file that did not exist before. It gets its name in keep(), so nobody finds an incomplete file there,
+// A file that did not exist before. It gets its name in keep(), so no incomplete file is ever found there,
 // even if the program is killed. Where the file system does not support files without a name, it has its name
 // from the beginning, and the destructor removes it unless it was kept.
 class new_file {

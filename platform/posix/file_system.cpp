@@ -62,6 +62,7 @@ public:
         held_folders::link_state link{};
         if (const outcome result = mapped_volumes().status(path, found, link); !result)
             return {entry_kind::none, 0, result};
+        // A device or a pipe: opening it could block, and reading it might never end.
         entry_status status{entry_kind::none, 0, outcome::because(u"not a regular file")};
         if (S_ISDIR(found.st_mode)) status = {entry_kind::folder};
         if (S_ISREG(found.st_mode))
@@ -121,6 +122,7 @@ public:
             entries.clear();
             return broken;
         }
+        // The order of a disk is arbitrary; runs must not differ by it.
         std::ranges::sort(entries, {}, &folder_entry::name);
         return {};
     }
@@ -143,6 +145,7 @@ public:
         struct stat found {};
         link_state link{};
         const outcome result = mapped_volumes().status(path, found, link);
+        // A broken link leads to no file, but it is an entry that must not be overlooked.
         if (!result) return {0, 0, link == link_state::yes ? 2U : 0U, link == link_state::yes};
         if (link == link_state::unknown) { // a folder that is held open
             struct stat itself {};
@@ -169,10 +172,12 @@ public:
         if (!native) return native.result;
         struct statvfs status {};
         if (::statvfs(native.path.c_str(), &status) != 0) return outcome::last();
+        // Without the blocks that are reserved for the administrator.
         bytes = static_cast<uint64_t>(status.f_bavail) * status.f_frsize;
         return {};
     }
 
+    // Opening for reading is enough, and works for folders, whose names are flushed.
     outcome flush(const wide_string& path) override {
         return flushed(path, [](int opened) { return ::fsync(opened); });
     }
@@ -191,6 +196,7 @@ private:
 
 } // namespace
 
+// If the file is missing, as in some containers, the identity is empty.
 std::string boot_identity() {
     std::ifstream in("/proc/sys/kernel/random/boot_id");
     std::string line;

@@ -88,8 +88,8 @@ bool folder_names::read(const std::string& folder, const struct stat& status, co
     if (errno != 0) return false;
     names.seen = times_of(status);
     // Names read shortly after another program's change are read again until that change is old enough to be
-    // told from a later one by its time. After this process's own changes they are accepted as they are;
-    // otherwise a folder that is being filled would be read at each look-up.
+    // distinguished from a later one by its time. After this process's own changes they are accepted as they
+    // are; otherwise a folder that is being filled would be read at each look-up.
     names.settled = names.seen == names.own_change || nanoseconds(now) - names.seen.changed > settling_time;
     return true;
 }

@@ -1,3 +1,4 @@
+// Loads libraries on POSIX and finds those that are installed with the program.
 #include "platform/library.h"
 
 #include <dlfcn.h>
@@ -28,6 +29,8 @@ std::unique_ptr<library> library::open(const wide_string& path, wide_string& rea
     }
     // A library that opens files itself takes over the drives of this process.
     ::setenv("VESTRA_DRIVES", mapped_volumes().assignments().c_str(), 1);
+    // At once, so that a missing symbol is reported here and not in the middle of a run; and locally, since
+    // every bundle has its own copy of this layer and must not use that of another.
     void* const handle = ::dlopen(native.c_str(), RTLD_NOW | RTLD_LOCAL);
     if (handle == nullptr) {
         reason = last_error();
@@ -45,6 +48,7 @@ wide_string installed_library(wide_view name) {
     const std::filesystem::path program = std::filesystem::read_symlink("/proc/self/exe", ignored);
     const std::filesystem::path folder = program.parent_path();
     const std::string file = to_utf8(name) + ".so";
+    // Next to the program in a build or an unpacked archive, else where the installation puts it.
     if (std::filesystem::exists(folder / file, ignored)) return drive_path((folder / file).string());
     return drive_path((folder / VS_BUNDLES_FROM_PROGRAMS / file).lexically_normal().string());
 }

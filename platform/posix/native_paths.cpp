@@ -1,3 +1,5 @@
+// Native paths as text. These functions run for every file of a project, so most of them avoid the standard
+// library's paths, which allocate for each part.
 #include "platform/posix/native_paths.h"
 
 #include <sys/stat.h>

@@ -70,6 +70,7 @@ outcome lock_regular_file(descriptor opened, bool writes, bool empties, std::uni
     // On a file system without locks the file is used without one.
     const int lock = (writes ? LOCK_EX : LOCK_SH) | LOCK_NB;
     if (::flock(opened.get(), lock) != 0 && errno == EWOULDBLOCK) return failure::in_use;
+    // Only after the lock: a file that another program has open keeps its content.
     if (empties && ::ftruncate(opened.get(), 0) != 0) return outcome::last();
     result = std::make_unique<open_file>(std::move(opened));
     return {};
@@ -78,6 +79,7 @@ outcome lock_regular_file(descriptor opened, bool writes, bool empties, std::uni
 } // namespace
 
 outcome create_native(const std::string& path, int flags, unsigned mode, descriptor& opened) {
+    // Without O_NONBLOCK, opening a pipe would wait for its other end.
     const int number = ::open(path.c_str(), flags | O_CREAT | O_CLOEXEC | O_NONBLOCK, mode);
     const outcome result = outcome::of_call(number >= 0);
     opened = descriptor(number);
@@ -92,7 +94,7 @@ outcome open_existing(const wide_string& path, int flags, descriptor& opened) {
     if (result.code() != ENOENT) return result;
     const auto listed = mapped_volumes().as_listed(asked.path);
     if (!listed) return result;
-    // U+FFFD stands for bytes that are not UTF-8. If the file were opened under that name, its copy would get
+    // U+FFFD replaces bytes that are not UTF-8. If the file were opened under that name, its copy would get
     // the name too.
     constexpr char16_t stand_in = 0xFFFD;
     if (path.find(stand_in) != wide_string::npos && valid_utf8_length(*listed) < listed->size())

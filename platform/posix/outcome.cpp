@@ -1,3 +1,4 @@
+// The kinds of failures by their codes on POSIX.
 #include "platform/outcome.h"
 
 #include <algorithm>

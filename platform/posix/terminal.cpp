@@ -28,6 +28,7 @@ void note_signal(int signal) {
     last_signal = signal;
     // The program did not react to the first Ctrl-C, for example because a disk does not answer.
     if (signal == SIGINT && interrupts != 0 && waits_for_line == 0) {
+        // Only functions that are allowed in a signal handler.
         [[maybe_unused]] const ssize_t count = ::write(STDERR_FILENO, "\n", 1); // ends a progress bar
         ::_exit(128 + SIGINT);
     }
@@ -56,6 +57,8 @@ std::vector<std::string> program_arguments(int argc, char** argv) {
 }
 
 void prepare_standard_streams() {
+    // A reader that has ended, and a limit on the size of files, then make a write fail instead of ending the
+    // program without a word.
     std::signal(SIGPIPE, SIG_IGN);
     std::signal(SIGXFSZ, SIG_IGN);
     for (const int stream : {STDIN_FILENO, STDOUT_FILENO, STDERR_FILENO}) {

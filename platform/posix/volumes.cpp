@@ -52,10 +52,12 @@ void volumes::reset() {
     {
         const std::lock_guard guard(mutex_);
         drives_.fill({});
+        // So that every native path also has a form with a drive.
         drives_[drive_index('Z')] = "/";
         names_.clear();
         held_.clear();
     }
+    // Wrong assignments are skipped here; check_drive_variable reports them to the user.
     for_each_assignment([this](std::string_view assignment) {
         add_assignment(assignment);
         return true;
@@ -88,8 +90,10 @@ std::string volumes::assignments() const {
 native_answer volumes::as_asked(const wide_string& drive_path) const {
     const wide_view path = drive_path;
     const bool is_network_path = path.size() > 1 && is_separator(path[0]) && is_separator(path[1]);
+    // Each refusal has its own words: none of these is a failure of the disk.
     if (path.empty()) return refused(u"the path is empty");
     if (is_network_path) return refused(u"network paths are not supported on this operating system");
+    // The operating system would cut the path off there and reach another file.
     if (path.find(u'\0') != wide_view::npos) return refused(u"the path has a zero character");
 
     const std::lock_guard guard(mutex_);
@@ -97,6 +101,7 @@ native_answer volumes::as_asked(const wide_string& drive_path) const {
     if (!path_root(path).empty()) {
         const std::string& drive = drives_[drive_index(path[0])];
         if (drive.empty()) return refused(u"no folder is assigned to the drive");
+        // ".." stops at the drive's folder, so no path leaves its drive.
         exact = below(drive, to_utf8(path.substr(2)));
     } else if (is_separator(path[0])) {
         exact = below("/", to_utf8(path));
@@ -140,6 +145,7 @@ native_answer volumes::to_create(const wide_string& drive_path) {
 
 // Returns the path in the spelling of the entries that exist, as far as they do.
 std::string volumes::spelled(const std::string& native, outcome& exists) {
+    // Most paths are spelled as on the disk, and one call proves it without reading a folder.
     exists = native == "/" ? outcome() : outcome::of_call(exists_exactly(native));
     if (exists) return native;
     bool is_listed = false;
@@ -167,10 +173,12 @@ wide_string volumes::drive_path(const std::string& native) const {
     const std::string path = absolute(native);
     if (path.empty()) return {};
     const std::lock_guard guard(mutex_);
+    // Drives can be nested; the longest folder that holds the path wins.
     size_t best = drive_index('Z');
     size_t best_length = 0;
     for (size_t i = 0; i < drives_.size(); ++i) {
         const std::string& folder = drives_[i];
+        // Whole names only: /data does not hold what is in /database.
         const bool holds =
             path.starts_with(folder) &&
             (folder.ends_with('/') || path.size() == folder.size() || path[folder.size()] == '/');
@@ -221,6 +229,7 @@ bool check_drive_variable(std::string& message) {
 wide_string drive_path(std::string_view argument) {
     if (argument.empty()) return {};
     wide_string typed = from_utf8(argument);
+    // A typed drive is taken as it is, even if no folder is assigned to it.
     if (!path_root(typed).empty()) return typed;
     return mapped_volumes().drive_path(std::string(argument));
 }

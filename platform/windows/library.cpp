@@ -1,3 +1,4 @@
+// Loads libraries on Windows and finds those that are installed with the program.
 #include "platform/library.h"
 
 #include <windows.h>
@@ -9,6 +10,7 @@ namespace vs::project_resave::platform {
 
 std::unique_ptr<library> library::open(const wide_string& path, wide_string& reason) {
     const std::wstring native = native_path(path).wstring();
+    // With the altered search path the library finds others next to itself, not next to the program.
     const HMODULE handle =
         native.empty() ? nullptr : ::LoadLibraryExW(native.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
     if (handle == nullptr) {
@@ -29,6 +31,7 @@ wide_string installed_library(wide_view name) {
     for (;;) {
         const auto room = static_cast<DWORD>(program.size());
         const DWORD length = ::GetModuleFileNameW(nullptr, program.data(), room);
+        // A result that fills the buffer may be cut off.
         if (length < room) {
             program.resize(length);
             break;

@@ -1,3 +1,4 @@
+// The kinds of failures by their codes on Windows, and the operating system's words for a code.
 #include "platform/outcome.h"
 
 #include <algorithm>

@@ -1,3 +1,4 @@
+// Letter case and code pages by the calls of Windows, which take a length as an int.
 #include "platform/text.h"
 
 #include <algorithm>
@@ -13,6 +14,7 @@ constexpr size_t largest_piece = INT_MAX / 4; // keeps every length of a convers
 
 } // namespace
 
+// By the folded units, so that two names are equal exactly if their folded forms are.
 int compare_no_case(wide_view a, wide_view b) {
     const int order = folded(a).compare(folded(b));
     return order < 0 ? -1 : order > 0 ? 1 : 0;

@@ -17,6 +17,9 @@ namespace vestra::api {
 // Passes the object to a reader or writer of files. Returns 1 on success and 0 for a null handle or on
 // failure; the reason of a failure goes to `refused`. An exception counts as a failure with the exception's
 // message.
+//
+// `session` is only compared with null, since the object behind it has no state. Readers change the object
+// only on success.
 template <class Session, class Handle, class Model, class Refused>
 std::uint32_t with_file(const Session* session, const char16_t* path, Handle* object,
                         std::optional<files::file_error> (*function)(const wide_string&, Model&),
@@ -36,7 +39,8 @@ std::uint32_t with_file(const Session* session, const char16_t* path, Handle* ob
     });
 }
 
-// As above, with a reader.
+// As above, with a reader. Afterwards `read_error` of the settings is about this call: empty on success and
+// for a null handle. The reason is also added to `refused_reads`.
 template <class Session, class Handle, class Model>
 std::uint32_t from_file(const Session* session, const char16_t* path, Handle* object,
                         std::optional<files::file_error> (*reader)(const wide_string&, Model&)) noexcept {
@@ -47,7 +51,7 @@ std::uint32_t from_file(const Session* session, const char16_t* path, Handle* ob
     });
 }
 
-// As above, with a writer.
+// As above, with a writer. The reason is added to `refused_writes`; `read_error` does not change.
 template <class Session, class Handle, class Model>
 std::uint32_t to_file(const Session* session, const char16_t* path, Handle* object,
                       std::optional<files::file_error> (*writer)(const wide_string&, Model&)) noexcept {

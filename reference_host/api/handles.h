@@ -9,6 +9,7 @@
 
 namespace vestra::api {
 
+// Objects without a class in the model; see objects.h.
 struct string_adapter;
 struct wide_string_list;
 struct picture;
@@ -26,9 +27,11 @@ entity* model_of(vs_entity*);
 entity_list* model_of(vs_entities*);
 scene_collection* model_of(vs_scns_2d*);
 scene_collection* model_of(vs_scns_3d*);
+// Also for vs_scn_2d and vs_scn_3d, which derive from vs_scn; the scene itself knows its kind.
 scene* model_of(vs_scn*);
 layer* model_of(vs_lr*);
 layer_group* model_of(vs_lr_group*);
+// All data of layers are tables in this host, so vs_data and vs_table_data are the same.
 table_data* model_of(vs_data*);
 table_data* model_of(vs_table_data*);
 attr_data* model_of(vs_attr_data*);
@@ -52,12 +55,13 @@ wait_window* model_of(vs_wait*);
 xml_session* model_of(vs_xml_save_prj*);
 xml_session* model_of(vs_xml_save_2d*);
 xml_session* model_of(vs_xml_save_3d*);
-// The class behind a handle type.
 
+// The class of the model behind a handle type, which can be const.
 template <class Handle>
 using model_type =
     std::remove_pointer_t<decltype(model_of(static_cast<std::remove_const_t<Handle>*>(nullptr)))>;
 
+// Returns the object behind a handle. Null stays null; the type is not checked.
 template <class Handle>
 model_type<Handle>* to_model(Handle* handle) {
     return reinterpret_cast<model_type<Handle>*>(handle);
@@ -66,6 +70,7 @@ template <class Handle>
 const model_type<Handle>* to_model(const Handle* handle) {
     return reinterpret_cast<const model_type<Handle>*>(handle);
 }
+// Returns the handle of an object, valid as long as the object; null for null.
 template <class Handle>
 Handle* to_handle(model_type<Handle>* object) {
     return reinterpret_cast<Handle*>(object);

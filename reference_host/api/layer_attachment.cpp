@@ -1,3 +1,5 @@
+// The objects behind a layer's interfaces and its table of extra values, which must live as long as the
+// layer.
 #include "reference_host/api/layer_attachment.h"
 
 #include "reference_host/api/handles.h"
@@ -9,6 +11,7 @@ layer_attachment::layer_attachment(layer& owner)
       legend_identity_(vs::project_resave::identity_of(legend_)) {}
 
 const vs_table_extra* layer_attachment::extras(extra_table& values) {
+    // Built anew each time, since values may have been added or moved since the last call.
     rows_.clear();
     for (extra& row : values.rows()) rows_.push_back({row.key.c_str(), to_handle<vs_any>(&row.value)});
     table_ = {static_cast<std::int32_t>(rows_.size()), rows_.data()};
@@ -27,6 +30,7 @@ void layer_attachment::profile::member_uuid(std::int32_t index, vs::project_resa
 vs_scn_2d* layer_attachment::legend::scene() { return to_handle<vs_scn_2d>(layer_.legend.get()); }
 
 layer_attachment& attachment_of(layer& owner) {
+    // The model keeps it as an untyped pointer, because it must not know the C functions.
     if (!owner.attached) owner.attached = std::make_shared<layer_attachment>(owner);
     return *static_cast<layer_attachment*>(owner.attached.get());
 }

@@ -9,7 +9,8 @@
 
 namespace vestra::api {
 
-// The interfaces implemented here read the layer at each call, so they always show its current state.
+// The interfaces implemented here read the layer at each call, so they always show its current state. The
+// layer owns its attachment, so what a bundle gets from it is valid as long as the layer.
 class layer_attachment final {
 public:
     explicit layer_attachment(layer& owner);
@@ -20,10 +21,12 @@ public:
     const vs_interface_pointer* compound_profile() const { return &profile_identity_; }
     const vs_interface_pointer* layout_legend() const { return &legend_identity_; }
 
-    // Returns the layer's extra values as the record that bundles read. The next call overwrites it.
+    // Returns the layer's extra values, in their order, as the record that bundles read. The next call
+    // overwrites the record. Its keys and values are those of the layer and move when one is added.
     const vs_table_extra* extras(extra_table& values);
 
 private:
+    // The uuid texts of `layer::members`.
     class profile final : public vs::project_resave::profil_cmpnd_lr2d_impl {
     public:
         explicit profile(layer& owner) : layer_(owner) {}
@@ -33,6 +36,7 @@ private:
     private:
         layer& layer_;
     };
+    // The scene of `layer::legend`.
     class legend final : public vs::project_resave::layout_legend_layer_impl {
     public:
         explicit legend(layer& owner) : layer_(owner) {}
@@ -44,13 +48,16 @@ private:
 
     profile profile_;
     legend legend_;
+    // Members, because bundles get their addresses.
     vs_interface_pointer profile_identity_;
     vs_interface_pointer legend_identity_;
+    // What `extras` returned last.
     std::vector<vs_table_extra_row> rows_;
     vs_table_extra table_{};
 };
 
-// Returns the attachment of a layer; creates it on first use.
+// Returns the attachment of a layer; creates it on first use. Most layers never get one, since bundles ask
+// only some types for these interfaces.
 layer_attachment& attachment_of(layer& owner);
 
 } // namespace vestra::api

@@ -22,8 +22,10 @@ constexpr int side = 16; // of a picture, in pixels
 struct colour {
     std::uint8_t blue, green, red;
 };
+// The background. Bundles see it as part of the picture, since the pictures have no mask.
 constexpr colour paper{255, 255, 255};
 
+// Returns the colour of a pixel. Drawn by code, so that the host needs no files.
 using painter = colour (*)(int x, int y);
 
 colour point_at(int x, int y) {
@@ -66,6 +68,7 @@ struct layer_type {
     painter paint;
 };
 
+// Types without a row have no picture; their layers work like others.
 constexpr std::array known_types{layer_type{"shp_pnt_lr2d", &point_at},
                                  layer_type{"shp_pln_lr2d", &line_at},
                                  layer_type{"shp_pgn_lr2d", &polygon_at},
@@ -109,6 +112,7 @@ public:
                 const colour dot = known_types[index].paint(x, y);
                 made->bits.insert(made->bits.end(), {dot.blue, dot.green, dot.red});
             }
+        // The caller destroys it by vs_dib_destroy.
         return to_handle<vs_dib>(made.release());
     }
 };
@@ -131,6 +135,7 @@ layer_types::~layer_types() = default;
 
 void layer_types::add_to(shell::service_registry& registry) {
     for (const wide_view id : {u"vestra/scene/2d", u"vestra/scene/3d"})
+        // Both ids get the same service, which has the types of both kinds of scenes.
         registry.add(id, pointer_to<service_factory_impl>(*factory_), {});
 }
 

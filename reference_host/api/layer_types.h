@@ -16,7 +16,8 @@ public:
     layer_types(const layer_types&) = delete;
     layer_types& operator=(const layer_types&) = delete;
 
-    // Registers the types for both kinds of scenes.
+    // Registers the types for both kinds of scenes. No bundle context is passed, so removing a bundle's
+    // factories leaves them registered.
     void add_to(shell::service_registry& registry);
 
 private:

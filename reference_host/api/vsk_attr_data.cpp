@@ -1,3 +1,4 @@
+// The C functions of DBF tables, their fields and joins, and of OAT tables with their files.
 #include "host/vsk_attr_data.h"
 #include "host/vsk_file_tos4.h"
 #include "host/vsk_tos_data.h"
@@ -11,7 +12,7 @@ using vestra::attr_data;
 
 namespace {
 
-// Returns null if there is no join with this index.
+// Returns null if there is no join with this index. Indexes are signed here, unlike in other lists.
 const vestra::table_join* join_at(vs_attr_data* table, int32_t index) {
     return on(table, [&](auto& model) -> const vestra::table_join* {
         const auto place = static_cast<std::size_t>(index);
@@ -102,6 +103,7 @@ int32_t vs_attr_data_get_join_other_field(vs_attr_data* table, int32_t index) {
     return join ? join->other_field : 0;
 }
 
+// The joined table's path is copied, so the caller may destroy `other` at once.
 void vs_attr_data_join(vs_attr_data* table, vs_attr_data* other, int32_t base_field, int32_t other_field) {
     if (!other) return;
     on(table, [&](auto& model) { model.join(*to_model(other), base_field, other_field); });
@@ -111,10 +113,12 @@ void vs_attr_data_unjoin(vs_attr_data* table) {
     on(table, [](auto& model) { model.unjoin(); });
 }
 
+// Only for reading. The last three arguments are always 0 and mean nothing here.
 vs_attr_files* vs_attr_files_open(vs_attr_data* table, int32_t mode, int32_t, int32_t, int32_t) {
     if (mode != 1) return nullptr;
     return on(table, [](auto& model) -> vs_attr_files* {
         field_list list;
+        // The fields of the table come first, so that their indexes do not depend on joins.
         if (!append_fields(list, model.file, false)) return nullptr;
         // A joined table that cannot be read adds no fields; the fields of the table itself are still
         // returned.
@@ -170,6 +174,7 @@ void vs_tos_data_set_wfilename(vs_tos_data* table, const char16_t* path) {
 
 using namespace vestra::api;
 
+// Only for reading, like the fields of a DBF table. The file is not kept open.
 vs_tos4_file* vs_tos4_file_open_w(const char16_t* path, int32_t mode) {
     if (mode != 1) return nullptr;
     return guarded([&]() -> vs_tos4_file* {

@@ -15,6 +15,7 @@ using vestra::wide_string;
 
 namespace {
 
+// The numbers of vs_three_state.
 constexpr uint32_t yes = 0, no = 1;
 
 } // namespace
@@ -26,6 +27,7 @@ void vestra::api::tell(vs_string_adp* out, const wide_string& text) noexcept {
 }
 
 vs_string_adp* vs_string_adp_create(vs_string_assign assign, vs_string_text text, void* context) {
+    // An aggregate, whose first part is the base class that counts objects.
     return create<vs_string_adp>(string_adapter{{}, assign, text, context});
 }
 
@@ -79,6 +81,7 @@ bool vs_3state_to_bool(uint32_t state) { return state == yes; }
 
 uint32_t vs_3state_invert(uint32_t state) {
     if (state == yes) return no;
+    // A number that is no state comes back unchanged, like the mixed state.
     return state == no ? yes : state;
 }
 
@@ -88,6 +91,7 @@ bool vs_options_get_invert_layers() { return vestra::shell::settings().invert_la
 
 double vs_round_dbl(double value, int32_t decimals) {
     const double scale = std::pow(10.0, decimals);
+    // A large number of decimals makes the scale infinite, a very negative one zero.
     const double rounded = std::round(value * scale) / scale;
     return std::isfinite(rounded) ? rounded : value;
 }
@@ -121,6 +125,7 @@ void any_get_wstring(const vs_any* value, vs_string_adp* out) {
 void any_assign_tuple(vs_any* value, vs_tuple* tuple) {
     if (!value || !tuple) return;
     to_model(value)->value = std::move(*to_model(tuple));
+    // Its content has moved into the value; only the emptied object is left.
     destroy(tuple);
 }
 
@@ -148,9 +153,11 @@ void vs_datasource_open(vs_interface_pointer* out, const char16_t* source, vs_da
     if (!out) return;
     *out = guarded([&]() -> vs_interface_pointer {
         const auto& stops_reading = vestra::shell::settings().stops_reading;
+        // The bundle sees a data set that does not open, and comes to its next poll for a stop.
         if (stops_reading && stops_reading()) return {};
         vestra::files::file_error error;
         const auto opened = vestra::datasets::open_source(text_of(source), to_model(data), &error);
+        // A file that does not exist is no refusal: the bundle reports it as lost.
         if (!error.reason.empty()) vestra::shell::settings().refused_reads.add(std::move(error));
         return opened;
     });

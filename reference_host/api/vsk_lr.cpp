@@ -1,3 +1,4 @@
+// The C functions of layers and of the tree of layer groups.
 #include "host/vsk_lr.h"
 #include "host/vsk_lr2d.h"
 #include "host/vsk_lr3d.h"
@@ -15,6 +16,8 @@ namespace {
 // file.
 void refer_to(vestra::layer& layer, vestra::wide_view file) {
     using vestra::table_beside, vs::project_resave::platform::compare_no_case;
+    // A table in another place was set on purpose and stays. An empty path is a layer without data, whose
+    // table must not become ".dbf".
     if (layer.data && !file.empty() && compare_no_case(layer.data->file, table_beside(layer.file)) == 0)
         layer.data->file = table_beside(file);
     layer.file = file;
@@ -57,6 +60,7 @@ vs_data* vs_lr_get_data_ptr(vs_lr* layer) {
 }
 
 const vs_table_extra* vs_lr_get_table_extra(vs_lr* layer) {
+    // Through the attachment, which keeps the record that is returned alive.
     return on(layer, [](auto& model) { return attachment_of(model).extras(model.extras); });
 }
 
@@ -98,6 +102,7 @@ void vs_lr_group_erase_empty_group(vs_lr_group* group) {
 
 using namespace vestra::api;
 
+// 2D and 3D layers have one class; only the kind differs.
 vs_lr* vs_lr2d_safe_downcast(vs_lr* layer) {
     return layer && to_model(layer)->kind == vestra::dimension::flat ? layer : nullptr;
 }
@@ -132,6 +137,7 @@ vs_attr_data* vs_shp_lr2d_get_attr_data_ptr(vs_lr* layer) {
 
 using namespace vestra::api;
 
+// Only compound profiles have the interface.
 const vs_interface_pointer* vs_lr2d_get_plugin_interface(vs_lr* layer) {
     return on(layer, [](auto& model) -> const vs_interface_pointer* {
         return model.members ? attachment_of(model).compound_profile() : nullptr;

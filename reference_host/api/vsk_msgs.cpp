@@ -8,6 +8,7 @@
 using namespace vestra::api;
 using vestra::shell::current_front_end;
 
+// The window is closed in the front end that is current now, even if another one opened it.
 progress_window::~progress_window() {
     guarded([] { current_front_end().progress_closed(); });
 }
@@ -20,6 +21,7 @@ vs_progress* vs_progress_create(uint32_t stoppable) { return create<vs_progress>
 
 void vs_progress_destroy(vs_progress* window) { destroy(window); }
 
+// The object of the window has no state; it only shows that the caller has opened one.
 void vs_progress_show(vs_progress* window, uint32_t current, uint32_t total) {
     on(window, [&](auto&) { current_front_end().progress_shown(current, total); });
 }
@@ -61,6 +63,7 @@ bool vs_yesno_wmessage(const char16_t* text) {
 }
 
 int32_t vs_yesnocancel_wmessage(const char16_t* text) {
+    // Cancel changes nothing, so it is the safe answer.
     auto given = vestra::shell::answer::cancel; // if the question could not be asked
     guarded([&] { given = current_front_end().yes_no_cancel(text_of(text)); });
     return static_cast<int32_t>(given);

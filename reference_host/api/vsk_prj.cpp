@@ -11,6 +11,7 @@ using vestra::shell::settings;
 vs_prj* vs_prj_create() { return create<vs_prj>(); }
 
 void vs_prj_destroy(vs_prj* project) {
+    // Nothing may find the project once it is destroyed.
     if (to_model(project) == settings().open_project) settings().open_project = nullptr;
     destroy(project);
 }
@@ -56,6 +57,7 @@ vs_maplegs* vs_prj_get_maplegs_ptr(vs_prj* project) {
 
 using namespace vestra::api;
 
+// Not a copy: the handle is valid as long as the entity.
 vs_uuid* vs_entity_get_uuid(vs_entity* entity) {
     return on(entity, [](auto& element) { return to_handle<vs_uuid>(&element.id); });
 }
@@ -64,6 +66,7 @@ void vs_entity_get_wcaption(vs_entity* entity, vs_string_adp* out) {
     tell(out, entity, &vestra::entity::caption);
 }
 
+// Never null for an entity, so callers may compare it directly; a null handle gives the empty text.
 const char* vs_entity_get_meta_id(vs_entity* entity) {
     return entity ? to_model(entity)->meta_id.c_str() : "";
 }
@@ -80,6 +83,7 @@ vs_entity* vs_entities_safe_upcast(vs_entities* container) {
     return to_handle<vs_entity>(to_model(container));
 }
 
+// Scenes are containers as well as entities; a layer is only an entity.
 vs_entities* vs_entities_safe_downcast(vs_entity* entity) {
     return to_handle<vs_entities>(dynamic_cast<vestra::entity_list*>(to_model(entity)));
 }
@@ -100,6 +104,7 @@ const char* vs_stl_mngr_get_style_type(vs_stl_mngr* manager) {
     return manager ? to_model(manager)->type.c_str() : "";
 }
 
+// The text is copied before the object is created, so an exception of the copy must be caught here, too.
 vs_stl_mngr* vs_stl_mngr_create(const char* type) {
     return guarded([&] { return create<vs_stl_mngr>(std::string(text_of(type))); });
 }

@@ -22,6 +22,7 @@ void vs_scn_2d_destroy(vs_scn_2d* scene_2d) { destroy(scene_2d); }
 
 vs_entities* vs_scn_2d_safe_upcast(vs_scn_2d* scene_2d) { return vs_scn_safe_upcast(scene_2d); }
 
+// 2D and 3D scenes have one class, so the kind is checked in addition to the class.
 vs_scn_2d* vs_scn_2d_safe_downcast(vs_entity* entity) {
     auto* found = dynamic_cast<vestra::scene*>(to_model(entity));
     return found && found->kind == vestra::dimension::flat ? to_handle<vs_scn_2d>(found) : nullptr;
@@ -49,6 +50,7 @@ vs_entities* vs_scn_safe_upcast(vs_scn* any_scene) { return to_handle<vs_entitie
 
 void vs_scn_get_wcaption(vs_scn* any_scene, vs_string_adp* out) { tell(out, any_scene, &scene::caption); }
 
+// Null for a scene without groups, even if it has layers.
 vs_lr_group* vs_scn_get_lr_group_ptr(vs_scn* any_scene) {
     return on(any_scene, [](auto& model) { return to_handle<vs_lr_group>(model.groups.get()); });
 }
@@ -95,6 +97,7 @@ vs_scn* vs_layout_scene_frame_lr2d_get_scene(vs_lr* frame) {
               [](auto& model) { return to_handle<vs_scn>(model.frame ? model.frame->get() : nullptr); });
 }
 
+// Only a legend with a scene has the interface; a plain legend and every other layer give null.
 const vs_interface_pointer* vs_layout_lr2d_get_plugin_interface(vs_lr* layer) {
     return on(layer, [](auto& model) -> const vs_interface_pointer* {
         return model.legend ? attachment_of(model).layout_legend() : nullptr;

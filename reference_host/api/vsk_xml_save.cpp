@@ -20,6 +20,7 @@ const auto& reader_of(const vestra::scene&) { return vestra::shell::settings().s
 template <class Model,
           std::optional<file_error> (*Reader)(const vestra::wide_string&, Model&, vestra::wide_view)>
 std::optional<file_error> read_at_its_place(const vestra::wide_string& path, Model& out) {
+    // Without a folder, references are resolved against the file's own place.
     std::optional<file_error> error = Reader(path, out, {});
     if (const auto& reads_along = reader_of(out); reads_along && !error) reads_along(out);
     return error;
@@ -55,6 +56,7 @@ uint32_t vs_xml_data_save_scn2d_w(vs_xml_save_2d* xml, const char16_t* path, vs_
 }
 
 uint32_t vs_xml_data_save_lr2d_w(vs_xml_save_2d* xml, const char16_t* path, vs_lr* layer) {
+    // A layer of the other kind fails like a null handle.
     return to_file(xml, path, vs_lr2d_safe_downcast(layer), write_layer);
 }
 

@@ -51,6 +51,7 @@ unsigned named_code_page(std::string_view name) {
 
 unsigned code_page_of(const wide_string& path, std::size_t mark) {
     std::string named;
+    // The name in the file next to the table comes before the mark in the header.
     if (read_start(path_replace_extension(path, u".cpg"), 32, named) && !named.empty())
         return named_code_page(named);
     switch (mark) {
@@ -79,6 +80,7 @@ std::optional<std::vector<std::string>> dbf_field_names(const wide_string& path,
         if (error) *error = {path, 0, read ? u"the file is not a DBF table" : read.text()};
         return std::nullopt;
     };
+    // Read in two steps, because the first row has the size of the header.
     std::string start, header;
     platform::outcome read = read_start(path, row_size, start);
     if (!read || start.size() < row_size) return refuse(read);
@@ -86,15 +88,18 @@ std::optional<std::vector<std::string>> dbf_field_names(const wide_string& path,
     read = read_start(path, header_size, header);
     if (!read || header.size() <= row_size || header.size() < header_size) return refuse(read);
 
+    // Byte 29 is the mark of the code page in the header.
     const unsigned code_page = code_page_of(path, byte_at(start, 29));
     std::vector<std::string> names;
     std::size_t place = row_size;
+    // The header does not say how many fields there are: a mark ends their list.
     for (; place + row_size < header_size && header[place] != end_of_fields; place += row_size) {
         std::string_view name = std::string_view(header).substr(place, name_size);
         name = name.substr(0, name.find('\0'));
         name = name.substr(0, name.find_last_not_of(' ') + 1);
         names.push_back(in_system_code_page(name, code_page));
     }
+    // Without the mark the file is something else, or its header is cut off.
     if (header[place] != end_of_fields) return refuse({});
     return names;
 }

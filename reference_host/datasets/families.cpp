@@ -20,6 +20,7 @@ using namespace vs::project_resave;
 
 namespace {
 
+// True if the file begins with the number that every shape file has. Its extension proves nothing.
 bool has_shape_mark(const wide_string& path) {
     std::unique_ptr<platform::file> file;
     const auto opened = platform::current_system().open(path, platform::access::read,
@@ -40,6 +41,7 @@ bool is_shape_file(const wide_string& path) {
         number = (number ^ part) * 0x9E3779B97F4A7C15U ^ (number >> 29);
     if (known.contains(number)) return true;
     const bool is_shape = has_shape_mark(path);
+    // Only positive answers are kept: other files are opened by the next format anyway.
     if (is_shape) known.insert(number);
     return is_shape;
 }
@@ -76,7 +78,8 @@ public:
 
     std::size_t count() const { return names_.size(); }
 
-    // Returns the names that equal `beginning` or continue it with a dot.
+    // Returns the names that equal `beginning` or continue it with a dot. Names that continue it with a
+    // character below the dot, such as "-", are sorted between the two groups.
     std::vector<wide_string> beginning_with(const wide_string& beginning) const {
         auto next = std::ranges::lower_bound(names_, beginning, is_before);
         std::vector<wide_string> found;
@@ -116,6 +119,7 @@ const known_format known_formats[] = {{u".dbf", {u".cpg"}},
 constexpr std::size_t most_in_a_small_folder = 1000;
 
 sorted_names& names_in(const wide_string& folder) {
+    // Kept until the process ends: a run asks for the same folders again and again.
     static std::unordered_map<wide_string, sorted_names> folders;
     const auto [row, is_new] = folders.try_emplace(folder, folder);
     if (!is_new && !row->second.is_current(platform::current_system().time_of_folder(folder)))
@@ -133,6 +137,7 @@ std::optional<file_list> shape_family(const wide_string& path) {
     for (const wide_view extension :
          {u".shx", u".dbf", u".cpg", u".prj", u".qix", u".sbn", u".sbx", u".shp.xml"}) {
         const wide_string name = stem + wide_string(extension);
+        // On a disk with names that differ only in case, each main file has its own companions.
         auto found = std::ranges::find(near, name);
         if (found == near.end())
             found = std::ranges::find_if(near,
@@ -145,6 +150,7 @@ std::optional<file_list> shape_family(const wide_string& path) {
 file_list grid_family(const wide_string& path) {
     const wide_string folder = path_head(path), own_name = path_file_name(path);
     file_list files{path};
+    // The folder without its separator, to take its name.
     const wide_view bare = wide_view(folder).substr(0, folder.find_last_not_of(path_separators) + 1);
     if (!is_same_name(path_file_name(bare), stem_of(path))) return files;
     for (const auto& entry : entries_of(folder))

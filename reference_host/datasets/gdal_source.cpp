@@ -21,6 +21,7 @@ namespace {
 struct closer {
     void operator()(GDALDatasetH data_set) const {
         const reading_only scope;
+        // Read-only, because some drivers write statistics or an index when they are closed.
         GDALClose(data_set);
     }
 };
@@ -46,11 +47,13 @@ public:
     explicit opened_source(data_set_handle data_set)
         : data_set_(std::move(data_set)), layer_(GDALDatasetGetLayer(data_set_.get(), 0)) {}
 
+    // Can open further files, to learn which ones belong to the data set.
     std::vector<std::filesystem::path> files() override {
         const reading_only scope;
         const std::unique_ptr<char*, void (*)(char**)> names(GDALGetFileList(data_set_.get()), &CSLDestroy);
         std::vector<std::filesystem::path> paths;
         for (char** name = names.get(); name != nullptr && *name != nullptr; ++name) {
+            // A log belongs to its database, so it follows it in the list.
             paths.emplace_back(*name);
             append_logs(*name, paths);
         }
@@ -86,6 +89,7 @@ public:
     }
 
 private:
+    // Declared before the record, so that the record is destroyed first.
     data_set_handle data_set_;
     OGRLayerH layer_; // owned by the data set; null if it has no records
     feature_handle record_;
@@ -127,6 +131,7 @@ std::unique_ptr<gdal_source> open_gdal_source(const std::filesystem::path& nativ
     };
     const char* const likely[] = {likely_driver(native), nullptr};
     data_set_handle opened = likely[0] != nullptr ? open_with(likely) : nullptr;
+    // The extension may be wrong, so all drivers are asked then.
     if (!opened) opened = open_with(nullptr);
     if (!opened) return nullptr;
     return std::make_unique<opened_source>(std::move(opened));

@@ -21,11 +21,11 @@ public:
     // follow it.
     virtual std::vector<std::filesystem::path> files() = 0;
     // Returns the index of the field with exactly this name; -1 if there is none.
-    // Go to the first or next record; return false if there is none.
     virtual std::int32_t find_field(wide_view name) = 0;
+    // Go to the first or next record; return false if there is none. Call `first` before `next`.
     virtual bool first() = 0;
-    // Returns the text of a field of the current record; empty for an unknown index.
     virtual bool next() = 0;
+    // Returns the text of a field of the current record; empty for an unknown index and without a record.
     virtual wide_string field_text(std::int32_t field) = 0;
 };
 

@@ -45,6 +45,7 @@ public:
 
 private:
     gdal_source* records() {
+        // Most data sets are only asked for their files, and opening one costs more than listing it.
         if (!records_.unopened.empty())
             records_.opened = open_gdal_source(platform::native_path(std::exchange(records_.unopened, {})));
         return records_.opened.get();
@@ -55,6 +56,7 @@ private:
 };
 
 identity_pointer make(file_list files, record_source records = {}) {
+    // Without a ref: the caller takes the first one.
     stat_source_impl* const fresh = new open_data_set(std::move(files), std::move(records));
     return identity_of(*fresh);
 }
@@ -68,8 +70,10 @@ public:
     }
 
     wide_string asked_path(const std::filesystem::path& file) const {
+        // The library's native paths have the spelling of the disk; the project keeps the one it has.
         if (file == native_) return path_;
         const auto below = file.lexically_relative(is_folder_ ? native_ : native_.parent_path());
+        // A data set may refer to files outside of its folder.
         if (below.empty() || *below.begin() == "..") return platform::drive_path(file.string());
         const std::u8string bytes = below.u8string();
         wide_string rest = platform::from_utf8({reinterpret_cast<const char*>(bytes.data()), bytes.size()});
@@ -113,12 +117,14 @@ identity_pointer open_folder(const wide_string& path) {
     auto known = open_gdal_source(native);
     if (!known) return {};
     file_list files = asked_paths(*known, asked_place(path, native, true));
+    // The folder itself is no file.
     std::erase(files, path);
     std::ranges::sort(files);
     return make(std::move(files), {std::move(known), {}});
 }
 
 identity_pointer open_file(const wide_string& path, files::file_error* error) {
+    // A damaged TOS file is an error: as an unknown file it would lose its members without a word.
     if (has_extension(path, {u".tos"})) return open_tos(path, error);
     if (has_extension(path, {u".pgrid"})) return make(grid_family(path));
     if (has_extension(path, {u".sgy", u".segy", u".sec"})) return make({path});
@@ -126,9 +132,12 @@ identity_pointer open_file(const wide_string& path, files::file_error* error) {
     if (auto files = known_family(path)) return make(std::move(*files), {nullptr, path});
 
     const auto native = platform::native_path(path);
+    // The library reads the whole folder for each file to find companions, which is slow for thousands of
+    // files in one folder.
     const auto siblings = near_names_in_large_folder(path);
     if (auto known = open_gdal_source(native, siblings ? &*siblings : nullptr)) {
         file_list files = asked_paths(*known, asked_place(path, native, false));
+        // In case the driver does not list the file itself.
         if (std::ranges::find(files, path) == files.end()) files.insert(files.begin(), path);
         return make(std::move(files), {std::move(known), {}});
     }

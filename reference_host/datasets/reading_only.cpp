@@ -21,6 +21,7 @@ public:
 
     VSIVirtualHandle* Open(const char* path, const char* access, bool set_error,
                            CSLConstList options) override {
+        // Any of these letters in the mode of fopen means writing.
         if (std::strpbrk(access, "wa+") == nullptr) return inner_.Open(path, access, set_error, options);
         refuse();
         return nullptr;
@@ -51,6 +52,7 @@ private:
     VSIFilesystemHandler& inner_;
 };
 
+// Looked up once, before this layer becomes the default one.
 sqlite3_vfs* system_vfs() {
     static sqlite3_vfs* const own = sqlite3_vfs_find(nullptr);
     return own;
@@ -67,9 +69,11 @@ const sqlite3_io_methods* without_shared_memory(const sqlite3_io_methods* known)
 
 int open_to_read(sqlite3_vfs*, const char* name, sqlite3_file* opened, int flags, int* flags_used) {
     constexpr int logs = SQLITE_OPEN_WAL | SQLITE_OPEN_MAIN_JOURNAL | SQLITE_OPEN_SUPER_JOURNAL;
+    // SQLite closes a file that could not be opened unless this is null.
     opened->pMethods = nullptr;
     if ((flags & logs) != 0) return SQLITE_CANTOPEN;
     const bool is_database = (flags & SQLITE_OPEN_MAIN_DB) != 0;
+    // Temporary files, which SQLite keeps outside of the data, may still be written.
     if (is_database) flags = (flags & ~(SQLITE_OPEN_READWRITE | SQLITE_OPEN_CREATE)) | SQLITE_OPEN_READONLY;
     const int result = system_vfs()->xOpen(system_vfs(), name, opened, flags, flags_used);
     if (result == SQLITE_OK && is_database) opened->pMethods = without_shared_memory(opened->pMethods);
@@ -88,6 +92,7 @@ int is_accessible(sqlite3_vfs*, const char* name, int flags, int* result) {
 
 sqlite3_vfs& read_only_vfs() {
     static sqlite3_vfs own = [] {
+        // Everything else, such as locks and the size of a file object, is the system's.
         sqlite3_vfs copy = *system_vfs();
         copy.zName = "vestra_read_only";
         copy.pNext = nullptr;
@@ -99,6 +104,7 @@ sqlite3_vfs& read_only_vfs() {
     return own;
 }
 
+// Also from before.
 VSIFilesystemHandler& system_handler() {
     static VSIFilesystemHandler& own = *VSIFileManager::GetHandler("");
     return own;
@@ -109,6 +115,7 @@ int depth = 0; // number of living reading_only objects
 } // namespace
 
 reading_only::reading_only() {
+    // Once for each object, since GDAL keeps a stack of them.
     CPLPushErrorHandler(&CPLQuietErrorHandler);
     if (depth++ > 0) return;
     static read_only_files files(system_handler());

@@ -30,8 +30,10 @@ public:
             const std::size_t end = rest.find('\n');
             line += rest.substr(0, end);
             place_ += std::min(end, rest.size());
+            // The line continues in the next piece of the file.
             if (end == std::string_view::npos) continue;
             ++place_;
+            // Only before a line feed is a carriage return part of the line end.
             if (line.ends_with('\r')) line.pop_back();
             return true;
         }
@@ -95,6 +97,7 @@ wide_string without_number(const wide_string& stem) {
 class parser {
 public:
     explicit parser(const wide_string& path) : head_(path_head(path)), stem_(path_stem(path)) {
+        // So that the file cannot be its own member.
         names_.insert(platform::folded(path_file_name(path)));
     }
 
@@ -111,6 +114,7 @@ public:
         if (text.empty() || text.front() == ' ' || text.back() == ' ')
             return u"expected one space and then a value without leading or trailing spaces";
         if (!is_utf8(text)) return u"the text is not UTF-8";
+        // The words are searched in their order, so an earlier position is a step back.
         if (place < last_word_) return u"properties come first, then members, then data";
         last_word_ = place;
         if (word == "property") return take_property(text);
@@ -136,6 +140,7 @@ private:
         std::ranges::replace(key, u'/', u'\\');
         if (key.find(u"\\\\") != wide_string::npos || key.back() == u'\\')
             return u"a part of the member's path is empty";
+        // Only for the comparison; the member keeps the spelling of the file.
         while (key.starts_with(u".\\")) key.erase(0, 2);
         if (!names_.insert(key).second) return u"the member is listed twice or is the file itself";
         content.members.push_back(path);
@@ -194,6 +199,7 @@ std::optional<tos_file> read_tos(const wide_string& path, files::file_error* err
         const wide_view broken_rule = rules.take(line);
         if (!broken_rule.empty()) return refuse(number, broken_rule);
     }
+    // A file that cannot be read to its end looks like a shorter one.
     if (!lines.result()) return refuse(0, lines.result().text());
     if (!rules.is_begun()) return refuse(1, u"the file is empty");
     return std::move(rules.content);

@@ -42,6 +42,7 @@ void element_reader::read_project(pugi::xml_node node, project& out) {
 }
 
 void element_reader::read_entity(pugi::xml_node node, entity& out) {
+    // A container may lack uuid, caption and meta identifier; then it keeps those it was created with.
     if (node.attribute("uuid")) out.id = in_.id(node, "uuid");
     out.caption = in_.text(node, "caption", out.caption);
     out.meta_id = in_.narrow(node, "meta", out.meta_id);
@@ -52,6 +53,7 @@ void element_reader::read_entity(pugi::xml_node node, entity& out) {
 
 void element_reader::enter_uuid(pugi::xml_node node, entity& object) {
     if (!object.id.has_value()) return;
+    // Also for two elements of different kinds: a uuid alone identifies an element.
     const auto [found, is_new] = known_.try_emplace(object.id, known_entity{&object, node});
     if (is_new) return;
     in_.refuse(node, u"uuid " + object.id.text() + u" is already that of element <" +
@@ -71,6 +73,7 @@ pugi::xml_node element_reader::read_container(pugi::xml_node node, const char* n
 
 void element_reader::read_scenes(pugi::xml_node container, scene_collection& out) {
     for (const pugi::xml_node item : container) {
+        // A large file with a fault need not be read to its end.
         if (in_.failed()) return;
         read_scene(item, out.make_scene());
     }
@@ -83,6 +86,7 @@ void element_reader::read_scene(pugi::xml_node node, scene& out) {
         if (in_.failed()) return;
         out.add(read_layer(item, out.kind));
     }
+    // After the layers, which the leaves refer to by their indexes.
     if (const pugi::xml_node groups = node.child("groups")) read_group(groups, out.make_groups(), out);
     if (const pugi::xml_node page = node.child("page")) out.page = read_layer(page, out.kind);
 }
@@ -99,6 +103,7 @@ void element_reader::read_group(pugi::xml_node node, layer_group& out, const sce
         if (!member)
             in_.refuse(item, u"layer index " + decimal(in_.count(item, "layer")) +
                                  u" is out of range: the scene has " + decimal(owner.count()) + u" layers");
+        // A second leaf would silently remove the first one.
         else if (member->is_grouped())
             in_.refuse_value(item, "layer", u"a layer that is in no other group");
         else
@@ -117,6 +122,7 @@ std::unique_ptr<layer> element_reader::read_layer(pugi::xml_node node, dimension
         out->data->file = reference(data, "file");
         read_joins(data, *out->data);
     } else {
+        // Projects need not store the table that belongs to a shape file.
         take_table_beside(*out);
     }
     if (const pugi::xml_node extras = node.child("extras")) read_extras(extras, out->extras);
@@ -155,6 +161,7 @@ void element_reader::read_joins(pugi::xml_node node, attr_data& out) {
 }
 
 void element_reader::read_extras(pugi::xml_node node, extra_table& out) {
+    // The table's own look-up is linear, which many rows would make quadratic.
     std::unordered_set<std::string> keys;
     for (const pugi::xml_node item : node) {
         if (in_.failed()) return;
@@ -168,6 +175,7 @@ any element_reader::read_any(pugi::xml_node node) {
     const std::string_view type = node.attribute("type").value();
     const bool is_tuple = type == "tuple";
     const bool has_value = !is_tuple && type != "empty";
+    // The grammar knows which attributes an element may have, but not for which types they apply.
     const auto misplaced = [&](const char* name, bool wanted) {
         if (wanted == !node.attribute(name).empty()) return false;
         in_.refuse(node, u"element <" + from_utf8(node.name()) + u"> of type " + from_utf8(type) +
@@ -193,6 +201,7 @@ any element_reader::read_any(pugi::xml_node node) {
 tuple element_reader::read_tuple(pugi::xml_node node) {
     tuple out;
     const std::uint32_t size = in_.count(node, "size");
+    // Compared in this form because the sum of both could overflow.
     if (size > most_tuple_elements - tuple_elements_) {
         in_.refuse_value(node, "size", u"within the 16777216 elements that all tuples of a file may have");
         return out;
@@ -207,6 +216,7 @@ tuple element_reader::read_tuple(pugi::xml_node node) {
             in_.refuse_value(item, "index", u"an ascending number below the size");
             break;
         }
+        // Empty elements are not in the file, so the indexes may have gaps.
         out.elements[index] = read_any(item);
         next = index + 1;
     }
@@ -232,6 +242,7 @@ wide_string element_reader::reference(pugi::xml_node node, const char* name, boo
 
 void element_reader::resolve_links() {
     if (in_.failed()) return;
+    // Only here, because a parent can be later in the file than its child.
     for (const parent_link& link : parents_) {
         const auto found = known_.find(link.parent);
         if (found == known_.end())
@@ -240,6 +251,7 @@ void element_reader::resolve_links() {
     }
     for (frame_scene* frame : frames_) {
         const auto found = known_.find(frame->id);
+        // A frame may refer to a scene that is not in this file; it keeps the uuid.
         if (found == known_.end()) continue;
         if (auto* shown = dynamic_cast<scene*>(found->second.object)) frame->bind(*shown);
     }

@@ -20,6 +20,8 @@ void set_narrow(pugi::xml_node node, const char* name, std::string_view text) {
     set(node, name, widened(text));
 }
 
+// Writes the fewest digits that read back to the same number. The library's own conversion would depend on
+// the locale and write 17 digits.
 void set_real(pugi::xml_node node, const char* name, double value) {
     char digits[32];
     *std::to_chars(digits, digits + sizeof(digits) - 1, value).ptr = '\0';
@@ -62,11 +64,13 @@ pugi::xml_node element_writer::write_container(pugi::xml_node node, const char* 
 }
 
 void element_writer::write_entity(pugi::xml_node node, const entity& in, std::string_view default_meta_id) {
+    // Also without a value: most elements require the attribute.
     set(node, "uuid", in.id.text());
     set(node, "caption", in.caption);
     if (in.meta_id != default_meta_id || default_meta_id.empty()) set_narrow(node, "meta", in.meta_id);
     if (in.validity != three_state::yes)
         set(node, "valid", in.validity == three_state::no ? u"no" : u"mixed");
+    // Written at the end, when it is known whether the parent is in this file.
     if (const entity* parent = in.parent.get()) parents_.push_back({node, parent});
     if (in.id.has_value() && !written_.try_emplace(in.id, &in).second)
         refuse(u"two elements have the uuid " + in.id.text());
@@ -84,6 +88,7 @@ void element_writer::write_scene(pugi::xml_node node, const scene& in) {
         for (const auto& member : in.members()) write_layer(layers.append_child("layer"), *member);
     }
     if (in.groups) {
+        // By pointer, since searching the list for each leaf would be quadratic.
         std::unordered_map<const layer*, std::uint32_t> places;
         for (std::uint32_t index = 0; index < in.count(); ++index) places[in.at(index)] = index;
         write_group(node.append_child("groups"), *in.groups, places);
@@ -100,6 +105,7 @@ void element_writer::write_group(pugi::xml_node node, const layer_group& in, con
             continue;
         }
         const auto place = places.find(child.member());
+        // The model does not prevent a leaf for a layer of another scene.
         if (place == places.end())
             refuse(u"group \"" + in.caption + u"\" holds a layer of another scene");
         else
@@ -114,6 +120,7 @@ void element_writer::write_layer(pugi::xml_node node, const layer& in) {
     write_reference(node, "source", in.source);
     if (!in.visible) set(node, "visible", u"no");
     if (in.data) {
+        // Also for a table next to the file, which a reader would find by itself: it may have joins.
         pugi::xml_node data = node.append_child("attributes");
         set(data, "file", stored(in.data->file));
         write_joins(data, *in.data);
@@ -173,10 +180,12 @@ void element_writer::write_any(pugi::xml_node node, const any& in) {
 
 void element_writer::write_tuple(pugi::xml_node node, const tuple& in) {
     node.append_attribute("size") = static_cast<std::uint32_t>(in.elements.size());
+    // Counted like the reader does: also elements that are not written.
     tuple_elements_ += in.elements.size();
     if (tuple_elements_ > most_tuple_elements)
         refuse(u"the tuples have more than 16777216 elements in total");
     for (std::uint32_t index = 0; index < in.elements.size(); ++index) {
+        // A tuple of any size costs only its values.
         if (in.elements[index].type() == 0) continue;
         pugi::xml_node item = node.append_child("item");
         item.append_attribute("index") = index;
@@ -204,6 +213,7 @@ wide_string element_writer::stored(wide_view reference, bool behind_star) const 
 
 void element_writer::write_reference(pugi::xml_node node, const char* name, wide_view reference,
                                      bool behind_star) {
+    // A missing attribute and an empty text are the same reference.
     if (!reference.empty()) set(node, name, stored(reference, behind_star));
 }
 

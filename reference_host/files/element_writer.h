@@ -14,6 +14,8 @@
 
 namespace vestra::files {
 
+// Use a new writer for each file. Nothing is written to the disk here. The model is not checked in advance; a
+// problem is found when the element with it is written, and the rest is still written.
 class element_writer {
 public:
     // `folder` is the folder of the file and the base of its relative references; `near` says which ones are
@@ -24,7 +26,8 @@ public:
     void write_project(pugi::xml_node node, const project& in);
     void write_scene(pugi::xml_node node, const scene& in);
     void write_layer(pugi::xml_node node, const layer& in);
-    // Call once, after all other functions: a parent is written only if it is in the same file.
+    // Call once, after all other functions: a parent is written only if it is in the same file, since a
+    // reader rejects one that is not.
     void write_parents();
 
     // Returns the reason if the result could not be read back; nothing otherwise.
@@ -32,12 +35,16 @@ public:
 
 private:
     using place_of_layer = std::unordered_map<const layer*, std::uint32_t>; // in the scene's own list
+    // A parent, written once it is known whether it is in the same file.
     struct parent_link {
         pugi::xml_node node;
         const entity* parent;
     };
 
+    // Writes the attributes of an entity. A meta identifier equal to the default one is omitted; with an
+    // empty default it is always written.
     void write_entity(pugi::xml_node node, const entity& in, std::string_view default_meta_id);
+    // Appends the element of a container, without its members, and returns it.
     pugi::xml_node write_container(pugi::xml_node node, const char* name, const entity_list& in,
                                    std::string_view default_meta_id);
     void write_scenes(pugi::xml_node container, const scene_collection& in);
@@ -48,14 +55,20 @@ private:
     void write_tuple(pugi::xml_node node, const tuple& in);
     void write_style(pugi::xml_node node, const style_manager& in);
     void write_values(pugi::xml_node node, const std::vector<style_value>& in);
+    // Writes a group with its nodes. A leaf of another scene is refused, since its place could not be
+    // written.
     void write_group(pugi::xml_node node, const layer_group& in, const place_of_layer& places);
+    // Returns the form of a reference in this file (references.h).
     wide_string stored(wide_view reference, bool behind_star = false) const;
+    // Writes a reference unless it is empty.
     void write_reference(pugi::xml_node node, const char* name, wide_view reference,
                          bool behind_star = false);
+    // Keeps the reason unless there is one already.
     void refuse(wide_string reason);
 
     wide_string folder_;
     nearness near_;
+    // The entities with a uuid that are in the file.
     std::unordered_map<uuid, const entity*> written_;
     std::vector<parent_link> parents_;
     std::size_t tuple_elements_ = 0;

@@ -9,7 +9,7 @@
 
 namespace vestra::files {
 
-// An error with the file, its line and the reason.
+// An error with the file, its line and the reason. The file is a drive path, as it was requested.
 struct file_error {
     wide_string file;
     std::size_t line = 0; // from 1; 0 if the fault does not belong to a line

@@ -36,13 +36,16 @@ pugi::xml_node start(pugi::xml_document& document, const char* root_name) {
     return root;
 }
 
-// Returns the folder that relative references start from. A bare file name is in the current folder.
+// Returns the folder that relative references start from. A bare file name is in the current folder, whose
+// path is needed to resolve anything.
 wide_string folder_of_file(const wide_string& path, wide_view folder = {}) {
     if (!folder.empty()) return wide_string(folder);
     const wide_string head = path_head(path);
     return head.empty() ? path_head(platform::drive_path(platform::to_utf8(path))) : head;
 }
 
+// Receives the text from the XML library, which does not ask whether writing failed: it goes on to the end,
+// and the result is read afterwards.
 class file_sink : public pugi::xml_writer {
 public:
     explicit file_sink(platform::file& file) : file_(file) {}
@@ -50,6 +53,7 @@ public:
         size_ += size;
         if (size_ > largest_file)
             result_ = platform::outcome::because(u"the file would be larger than 256 MiB");
+        // Nothing is written after the first failure.
         if (result_) result_ = file_.write(data, size);
     }
     platform::outcome result() const { return result_; }
@@ -64,6 +68,7 @@ private:
 platform::outcome create_beside(const wide_string& path, wide_string& fresh,
                                 std::unique_ptr<platform::file>& file) {
     platform::outcome opened = platform::failure::taken;
+    // The name can be left over from an earlier run that was killed, or be another program's.
     for (unsigned number = 1; opened.is(platform::failure::taken) && number < most_names; ++number) {
         fresh = path + u".new" + platform::from_utf8(std::to_string(number));
         opened = platform::current_system().open(fresh, platform::access::read_write,
@@ -85,6 +90,7 @@ std::optional<file_error> save(const wide_string& path, const pugi::xml_document
                                element_writer& writer) {
     writer.write_parents();
     if (writer.refused()) return file_error{path, 0, *writer.refused()};
+    // What a reader would reject must not replace a good file.
     if (const auto found = first_fault(document.document_element()))
         return file_error{path, 0, found->reason};
     const platform::outcome replaced = replace_file(path, [&](platform::file& file) {
@@ -105,22 +111,27 @@ platform::outcome replace_file(const wide_string& path,
     platform::outcome result = create_beside(path, fresh, file);
     if (!result) return result;
     result = write(*file);
+    // Before the rename: Windows does not rename an open file, and some file systems report a failed write
+    // only here.
     const platform::outcome closed = file->close();
     if (result) result = closed;
     file.reset();
     if (result) result = platform::current_system().rename_over(fresh, path);
+    // The reason of the failure counts, so that of the clean-up is not looked at.
     if (!result) platform::current_system().delete_file(fresh);
     return result;
 }
 
 std::optional<file_error> read_project(const wide_string& path, project& out, wide_view folder) {
     input in(path, "project");
+    // Without a root element there is nothing that could be read.
     if (in.failed()) return in.error();
     project fresh;
     element_reader reader(in, folder_of_file(path, folder));
     reader.read_project(in.root(), fresh);
     reader.resolve_links();
     if (in.failed()) return in.error();
+    // Only after the last check, so a bad file leaves `out` as it was.
     fresh.file = path;
     out = std::move(fresh);
     return std::nullopt;

@@ -25,6 +25,8 @@ constexpr const char* layer = "type! uuid! caption! file source visible valid me
 constexpr const char* layer_content = "attributes extras style styles members legend frame";
 constexpr const char* table = "uuid! caption! file! valid meta parent";
 
+// An element has at most 32 attributes and 32 kinds of children; a checklist has a bit for each. Every child
+// has a row, too, so the look-up below cannot fail.
 constexpr element_text elements[] = {
     {"project", "version!", "folders scenes2d scenes3d tables tos_tables layouts plugin_scenes+ map_legends"},
     {"scene_file", "version! kind!", "scene!"},
@@ -91,6 +93,7 @@ std::vector<rule> parsed(const char* text) {
 }
 
 const element_rules& rules_of(std::string_view name) {
+    // Taken apart once: a large file has many elements.
     static const auto all = [] {
         std::unordered_map<std::string_view, element_rules> table_of_rules;
         for (const element_text& element : elements)
@@ -151,11 +154,13 @@ std::optional<fault> attribute_fault(pugi::xml_node element, const std::vector<r
 }
 
 std::optional<fault> element_fault(pugi::xml_node element, int depth) {
+    // Before anything else, so that a hostile file cannot exhaust the stack.
     if (depth > deepest_element) return fault{element, u"elements are nested more than 64 deep"};
     const element_rules& rules = rules_of(element.name());
     if (auto found = attribute_fault(element, rules.attributes)) return found;
     checklist seen(rules.children);
     for (const pugi::xml_node child : element.children()) {
+        // Comments and blanks between elements are dropped by the parser.
         if (child.type() != pugi::node_element)
             return fault{child, u"text inside element " + tag(element.name())};
         const verdict found = seen.meet(child.name());
@@ -163,6 +168,7 @@ std::optional<fault> element_fault(pugi::xml_node element, int depth) {
             return fault{child, u"unknown element " + tag(child.name()) + u" in " + tag(element.name())};
         if (found == verdict::doubled)
             return fault{child, u"a second element " + tag(child.name()) + u" in " + tag(element.name())};
+        // Before what this element lacks, so faults are found in the order of the file.
         if (auto below = element_fault(child, depth + 1)) return below;
     }
     if (const rule* missing = seen.lacking())

@@ -32,6 +32,7 @@ bool is_control(char c) {
 } // namespace
 
 input::input(const wide_string& path, const char* root_name) : path_(path) {
+    // In this order: each step relies on those before it. Only the first fault is kept.
     if (!read(path) || !check_text() || !parse() || !check_root(root_name)) return;
     if (const auto found = first_fault(root_)) refuse(found->at, found->reason);
 }
@@ -42,6 +43,7 @@ bool input::read(const wide_string& path) {
     platform::outcome result =
         system.open(path, platform::access::read, platform::disposition::open_existing, file);
     if (!result) {
+        // The operating systems give different reasons for a folder, on Windows a denied access.
         const bool is_folder = system.kind_of(path) == platform::entry_kind::folder;
         refuse_line(0, result.is(platform::failure::missing) ? u"there is no such file"
                        : is_folder                           ? u"is a folder"
@@ -61,9 +63,11 @@ bool input::read(const wide_string& path) {
 }
 
 bool input::check_text() {
+    // Before parsing, which changes the bytes in place.
     for (std::size_t place = 0; place < bytes_.size(); ++place)
         if (bytes_[place] == '\n') line_ends_.push_back(place);
     const auto control = std::ranges::find_if(bytes_, is_control) - bytes_.begin();
+    // Control characters are no valid XML, but the parser accepts them.
     const std::size_t good = std::min(platform::valid_utf8_length(bytes_), static_cast<std::size_t>(control));
     if (good == bytes_.size()) return true;
     refuse_line(line_at(good), u"the file is not valid UTF-8");
@@ -76,6 +80,7 @@ bool input::parse() {
     constexpr unsigned options =
         (pugi::parse_default & ~pugi::parse_escapes) | pugi::parse_fragment | pugi::parse_trim_pcdata;
     const pugi::xml_parse_result result =
+        // In place, without a second copy of a file that may have 256 MiB.
         document_.load_buffer_inplace(bytes_.data(), bytes_.size(), options, pugi::encoding_utf8);
     if (result) return true;
     refuse_line(line_at(static_cast<std::size_t>(result.offset)),
@@ -97,6 +102,7 @@ bool input::check_root(const char* root_name) {
     if (!root_) refuse_line(1, u"there is no root element " + wanted);
     if (failed()) return false;
     const pugi::xml_attribute version = root_.attribute("version");
+    // A missing version is reported with the other attributes, by the grammar.
     if (version && std::string_view(version.value()) != format_version)
         refuse(root_, u"unsupported version " + quoted(version.value()) + u"; only \"1\" is supported");
     return !failed();
@@ -114,6 +120,7 @@ void input::refuse_value(pugi::xml_node node, const char* name, wide_view wanted
 }
 
 std::size_t input::line_of(pugi::xml_node node) const {
+    // The offset is -1 for a node without a place in the file.
     return line_at(static_cast<std::size_t>(std::max<std::ptrdiff_t>(node.offset_debug(), 0)));
 }
 
@@ -125,6 +132,7 @@ std::size_t input::line_at(std::size_t offset) const {
 wide_string input::text(pugi::xml_node node, const char* name, wide_view absent) {
     const pugi::xml_attribute attribute = node.attribute(name);
     if (!attribute) return wide_string(absent);
+    // The value still has its entities: the parser leaves them alone.
     auto value = text_of_xml(attribute.value());
     if (value) return *std::move(value);
     refuse_value(node, name, u"a text with references that XML knows");
@@ -157,6 +165,7 @@ three_state input::state(pugi::xml_node node, const char* name) {
 
 uuid input::id(pugi::xml_node node, const char* name) {
     const std::string_view value = node.attribute(name).value();
+    // An element without identity has the attribute, but no value.
     if (value.empty()) return {};
     const auto found = uuid::parse(from_utf8(value));
     if (!found) refuse_value(node, name, u"a uuid");
@@ -167,6 +176,7 @@ template <class T>
 T input::number(pugi::xml_node node, const char* name, wide_view wanted) {
     const std::string_view digits = node.attribute(name).value();
     T value{};
+    // Independent of the locale, and strict: no blanks and no plus sign.
     const auto [last, fault] = std::from_chars(digits.data(), digits.data() + digits.size(), value);
     if (fault == std::errc() && last == digits.data() + digits.size()) return value;
     refuse_value(node, name, wanted);

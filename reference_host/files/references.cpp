@@ -16,6 +16,8 @@ using namespace vs::project_resave;
 
 constexpr char16_t verbatim_mark = u'=';
 
+// A colon belongs to a drive, a link or a connection; the other characters begin a full path or a marked
+// text.
 bool looks_relative(wide_view stored) {
     return !stored.empty() && wide_view(u"\\/*=").find(stored.front()) == wide_view::npos &&
            stored.find(u':') == wide_view::npos;
@@ -33,10 +35,12 @@ bool is_below(wide_view folder, wide_view path) {
     return platform::compare_no_case(head, with_backslashes(folder)) == 0;
 }
 
+// The separator at the end is skipped, so the result ends with one, too.
 wide_string folder_above(wide_view folder) { return path_head(folder.substr(0, folder.size() - 1)); }
 
 wide_string joined(wide_view folder, wide_view relative) {
     wide_string path(folder);
+    // ".." never leads above the drive or share.
     while (!relative.empty()) {
         const std::size_t end = std::min(relative.find_first_of(path_separators), relative.size());
         const wide_view name = relative.substr(0, end);
@@ -55,6 +59,8 @@ wide_string joined(wide_view folder, wide_view relative) {
 wide_string climbing_reference(wide_view folder, wide_view reference) {
     const std::size_t root = path_fixed_length(folder);
     wide_string up = u"..\\";
+    // The nearest folder first, so that the reference climbs as little as possible. The drive or share alone
+    // does not count: it would tie together what was never moved together.
     for (wide_string above(folder); above.size() > root; up += u"..\\") {
         above = folder_above(above);
         if (above.size() <= root || !is_below(above, reference)) continue;
@@ -80,6 +86,7 @@ wide_string stored_reference(wide_view folder, wide_view reference, bool behind_
         wide_string climbing = climbing_reference(folder, reference);
         if (!climbing.empty()) return climbing;
     }
+    // What is stored as it is must not be taken for a relative path or a marked text when it is read.
     if (looks_relative(reference) || reference.starts_with(verbatim_mark))
         return verbatim_mark + wide_string(reference);
     return wide_string(reference);
@@ -125,7 +132,10 @@ public:
     }
 
     void visit(layer& shown, std::string_view kind) {
+        // Layers that have the same text in both places are visited once, and both places get the new
+        // reference.
         const bool is_source = shown.source == shown.file;
+        // Before the table is visited, so that the table of the new file counts.
         if (tell(kind, shown, shown.file, shows_scene_file(shown))) take_table_beside(shown);
         if (!is_source) tell(kind, shown, shown.source);
         if (is_source && shown.source != shown.file) shown.source = shown.file;
@@ -178,9 +188,11 @@ private:
             if (!record || place >= record->elements.size()) continue;
             auto* text = std::get_if<wide_string>(&record->elements[place].value);
             if (!text || text->empty()) continue;
+            // Relative to the layer's file, and the file was visited before: it is the new one.
             const wide_string whole = resolved_reference(folder, *text);
             wide_string changed = whole;
             tell("model file", owner, changed);
+            // A reference that is kept also keeps its relative form.
             if (changed != whole) *text = std::move(changed);
         }
     }

@@ -22,6 +22,8 @@ bool xml_holds(char16_t c) {
 
 // Returns the number up to the closing character and the length of both; nothing if it is not a number.
 std::optional<std::pair<std::uint32_t, std::size_t>> number_until(wide_view text, char16_t close, int base) {
+    // A number within the range has fewer characters, and a missing end must not be searched in the whole
+    // text.
     const std::size_t end = text.substr(0, 12).find(close);
     if (end == wide_view::npos) return std::nullopt;
     const std::string digits = to_utf8(text.substr(0, end));
@@ -34,6 +36,7 @@ std::optional<std::pair<std::uint32_t, std::size_t>> number_until(wide_view text
 std::optional<std::pair<std::uint32_t, std::size_t>> escape_at(wide_view text) {
     if (!text.starts_with(escape_begin)) return std::nullopt;
     auto number = number_until(text.substr(escape_begin.size()), u'}', 16);
+    // One to four digits before the brace; anything else is ordinary text, such as the folder C:\u{photos}.
     if (!number || number->second < 2 || number->second > 5) return std::nullopt;
     number->second += escape_begin.size();
     return number;
@@ -47,6 +50,7 @@ void append_escape(wide_string& out, char16_t unit) {
     out += u'}';
 }
 
+// XML does not allow these characters as entities either.
 bool is_xml_character(std::uint32_t code) {
     if (code >= 0x10000) return code <= 0x10FFFF;
     const auto unit = static_cast<char16_t>(code);
@@ -93,6 +97,7 @@ wide_string without_escapes(wide_view text) {
         text.remove_prefix(plain);
         if (text.empty()) break;
         const auto escape = escape_at(text);
+        // A backslash that begins no escape stays, and the text after it is looked at again.
         out += escape ? static_cast<char16_t>(escape->first) : text.front();
         text.remove_prefix(escape ? escape->second : 1);
     }
@@ -101,6 +106,7 @@ wide_string without_escapes(wide_view text) {
 
 bool needs_escape(wide_view text, std::size_t place) {
     const char16_t c = text[place];
+    // Only a backslash that would be read as an escape; paths are full of others.
     if (c == u'\\') return escape_at(text.substr(place)).has_value();
     if (is_high_half(c)) return place + 1 == text.size() || !is_low_half(text[place + 1]);
     if (is_low_half(c)) return place == 0 || !is_high_half(text[place - 1]);
@@ -123,6 +129,7 @@ std::string xml_value(wide_view text) {
 
 std::optional<wide_string> text_of_xml(std::string_view value) {
     std::optional<wide_string> text = from_utf8(value);
+    // Entities first: an escape can be written with them, but not the other way round.
     if (text->find(u'&') != wide_string::npos) text = without_references(*text);
     if (text && text->find(escape_begin) != wide_string::npos) text = without_escapes(*text);
     return text;

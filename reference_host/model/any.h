@@ -14,6 +14,7 @@ namespace vestra {
 
 class any;
 
+// A list of values. Elements that were never set are empty values.
 struct tuple : counted {
     std::vector<any> elements;
     friend bool operator==(const tuple& a, const tuple& b);
@@ -23,13 +24,14 @@ struct tuple : counted {
 // empty, 1 tuple, 2 int32, 3 double, 4 bool, 5 narrow text, 6 wide text.
 class any {
 public:
+    // The order of the types gives the codes, which bundles know, so it must not change.
     using payload = std::variant<std::monostate, tuple, std::int32_t, double, bool, std::string, wide_string>;
 
     any() = default;
     explicit any(payload initial) : value(std::move(initial)) {}
 
     std::uint32_t type() const { return static_cast<std::uint32_t>(value.index()); }
-    // Return the value if it has this type; null otherwise.
+    // Return the value if it has this type; null otherwise. The pointer is valid until the value changes.
     tuple* as_tuple() { return std::get_if<tuple>(&value); }
     const wide_string* as_text() const { return std::get_if<wide_string>(&value); }
     friend bool operator==(const any&, const any&) = default;
@@ -39,6 +41,7 @@ public:
 
 inline bool operator==(const tuple& a, const tuple& b) { return a.elements == b.elements; }
 
+// One row of the table below: a key in narrow text, whose bytes are not interpreted, and its value.
 struct extra {
     std::string key;
     any value;
@@ -49,8 +52,10 @@ struct extra {
 class extra_table {
 public:
     const std::vector<extra>& rows() const { return rows_; }
+    // For readers and for changes of values; code that appends rows must keep the keys unique.
     std::vector<extra>& rows() { return rows_; }
-    // Returns null if the key is missing. Keys are compared as a whole and case-sensitively.
+    // Returns null if the key is missing. Keys are compared as a whole and case-sensitively. The pointer is
+    // valid until a row is added.
     any* find(std::string_view key) {
         for (extra& row : rows_)
             if (row.key == key) return &row.value;

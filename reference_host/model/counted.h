@@ -12,7 +12,7 @@ using vs::project_resave::wide_string;
 using vs::project_resave::wide_view;
 
 // Base of every class that a handle can point to. Copies and moved-from objects are counted too, because they
-// are alive.
+// are alive. The count is not atomic: a model object on another thread breaks it.
 class counted {
 public:
     counted() noexcept { ++living; }
@@ -21,6 +21,7 @@ public:
     ~counted() { --living; }
 
 private:
+    // One number for the process; see counted.cpp.
     static std::size_t living;
     friend std::size_t living_objects();
 };

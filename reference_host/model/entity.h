@@ -10,15 +10,17 @@
 
 namespace vestra {
 
-// The values are those that the C functions return.
+// The values are those that the C functions return. Note that yes is 0.
 enum class three_state : uint32_t { yes = 0, no = 1, mixed = 2 };
 
 class entity;
 
-// A non-owning pointer to an entity; it becomes null when the entity is destroyed.
+// A non-owning pointer to an entity; it becomes null when the entity is destroyed. The first link to an
+// entity allocates a small record, which all links to it share.
 class entity_link {
 public:
     entity_link() = default;
+    // Null makes an empty link.
     entity_link(entity* target);
     // Returns null if the entity was destroyed or none was set.
     entity* get() const { return anchor_ ? *anchor_ : nullptr; }
@@ -37,12 +39,17 @@ public:
     virtual ~entity();
     entity(const entity&) = delete;
     entity& operator=(const entity&) = delete;
+    // Takes over the content and the links; `other` keeps a valid but unspecified content.
     entity& operator=(entity&& other) noexcept;
 
+    // Without a value, nothing can refer to the entity.
     uuid id;
     wide_string caption;
+    // Which kind of element it is, as bundles see it; narrow text.
     std::string meta_id;
+    // As read from the file. The host does not look at the data to find out.
     three_state validity = three_state::yes;
+    // Independent of ownership: any entity can be the parent, such as a folder of the project.
     entity_link parent;
 
 private:

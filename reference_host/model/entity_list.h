@@ -8,6 +8,7 @@
 
 namespace vestra {
 
+// A container as its members' common class sees it, for code that does not know their type.
 class entity_list : public entity {
 public:
     using entity::entity;
@@ -20,7 +21,8 @@ public:
     virtual void clear() = 0;
 };
 
-// A container of T, which owns its members through pointers, so their addresses stay valid.
+// A container of T, which owns its members through pointers, so their addresses stay valid until they are
+// removed, even if the container is moved.
 template <class T>
 class owned_list : public entity_list {
 public:
@@ -36,6 +38,7 @@ public:
         first_gap_ = none;
     }
 
+    // Appends a member, which must not be null, and returns it.
     T& add(std::unique_ptr<T> member) {
         close_gaps();
         return *members_.emplace_back(std::move(member));
@@ -46,13 +49,16 @@ public:
         return add(std::make_unique<T>(std::forward<Arguments>(arguments)...));
     }
     // Destroys the member; later members move down by one. An index at or beyond the count is ignored.
+    // Removing members from the last to the first takes constant time for each, as long as nothing else is
+    // asked in between; otherwise a removal is linear in the count.
     void remove(std::uint32_t index) {
         if (index >= first_gap_) close_gaps();
         if (index >= members_.size()) return;
         members_[index].reset();
         first_gap_ = index;
     }
-    // Returns the members in order, without null pointers.
+    // Returns the members in order, without null pointers. Valid until the next change. Not a pure read: it
+    // may close gaps first.
     const std::vector<std::unique_ptr<T>>& members() const {
         close_gaps();
         return members_;
@@ -69,7 +75,9 @@ private:
         first_gap_ = none;
     }
 
+    // Mutable, because closing the gaps does not change what a caller sees.
     mutable std::vector<std::unique_ptr<T>> members_; // null where a member was removed
+    // The index removed last; `none` without a gap. Smaller indexes are still right.
     mutable std::size_t first_gap_ = none;
 };
 

@@ -16,6 +16,7 @@ layer_group::layer_group(layer_group& parent, layer& member)
     : parent_(&parent), member_(&member), is_leaf_(true) {}
 
 layer_group::~layer_group() {
+    // When a scene ends, its groups are destroyed before its layers.
     if (member_) member_->node_ = nullptr;
 }
 
@@ -25,6 +26,7 @@ layer_group& layer_group::add_group(wide_string group_caption) {
 
 void layer_group::add_layer(layer& member) {
     if (member.node_) member.node_->leave();
+    // The constructor of a leaf is private, so make_unique cannot call it.
     children_.emplace_back(new layer_group(*this, member));
     member.node_ = children_.back().get();
 }
@@ -41,6 +43,7 @@ layer_group* layer_group::at(std::uint32_t index) const {
 
 void layer_group::erase_empty_groups() {
     drop_dead();
+    // From the inside out, so that a group that holds only empty groups becomes empty first.
     for (const auto& child : children_) child->erase_empty_groups();
     std::erase_if(children_, [](const auto& child) { return child->is_group() && child->children_.empty(); });
 }
@@ -48,6 +51,7 @@ void layer_group::erase_empty_groups() {
 void layer_group::leave() {
     member_->node_ = nullptr;
     member_ = nullptr;
+    // The leaf itself is destroyed later, together with those of other layers.
     parent_->has_dead_ = true;
 }
 
@@ -59,6 +63,7 @@ void layer_group::drop_dead() const {
 
 frame_scene::frame_scene(scene& shown) { bind(shown); }
 
+// The cast is safe, since only `bind` sets the link.
 scene* frame_scene::get() const { return static_cast<scene*>(target_.get()); }
 
 void frame_scene::bind(scene& shown) {

@@ -1,3 +1,4 @@
+// Layers of scenes, the tree of groups in which a scene shows its layers, and frames of layouts.
 #pragma once
 
 #include <cstdint>
@@ -13,10 +14,10 @@
 
 namespace vestra {
 
-// A node in the tree of layer groups of a scene: either a group or a leaf for one layer, which the scene
-// owns.
 class layer;
 
+// A node in the tree of layer groups of a scene: either a group or a leaf for one layer, which the scene
+// owns. A group owns the nodes below it; destroying a leaf does not affect its layer.
 class layer_group : public counted {
 public:
     explicit layer_group(wide_string group_caption) : caption(std::move(group_caption)) {}
@@ -24,28 +25,35 @@ public:
     layer_group(const layer_group&) = delete;
     layer_group& operator=(const layer_group&) = delete;
 
+    // Appends an empty group and returns it.
     layer_group& add_group(wide_string group_caption);
-    // Adds a leaf for the layer. A layer is in the tree at most once, so it leaves its previous place. The
-    // leaf is removed when the layer is destroyed; groups stay, even if they become empty.
+    // Appends a leaf for the layer, which must be of the same scene. A layer is in the tree at most once, so
+    // it leaves its previous place. The leaf is removed when the layer is destroyed; groups stay, even if
+    // they become empty.
     void add_layer(layer& member);
 
     bool is_group() const { return !is_leaf_; }
     // Returns null for a group.
     layer* member() const { return member_; }
+    // Returns the number of nodes directly below this one; 0 for a leaf.
     std::uint32_t count() const;
     // Returns null for an index at or beyond the count.
     layer_group* at(std::uint32_t index) const;
     // Removes all groups below this one that contain no layer at any depth.
     void erase_empty_groups();
 
+    // Of a group; empty for a leaf.
     wide_string caption;
 
 private:
     friend class layer;
     layer_group(layer_group& parent, layer& member);
+    // Separates a leaf from its layer; the group above drops the leaf later.
     void leave();
+    // Removes the leaves that were separated.
     void drop_dead() const;
 
+    // Both null for a group; `member_` is also null for a leaf whose layer is destroyed.
     layer_group* parent_ = nullptr;
     layer* member_ = nullptr;
     bool is_leaf_ = false;
@@ -73,6 +81,7 @@ public:
     explicit frame_scene(scene& shown);
     // Returns null if the project has no such scene, or no longer has it.
     scene* get() const;
+    // Shows this scene from now on, and takes over its uuid.
     void bind(scene& shown);
 
     uuid id;
@@ -94,10 +103,13 @@ public:
     bool is_shape() const { return type.starts_with("shp_"); }
 
     const dimension kind;
+    // The kind of data and how it is drawn, such as "shp_pnt_lr2d". Unknown types are kept.
     std::string type;
     wide_string file;   // reference to the data, exactly as the layer holds it
     wide_string source; // source text of the data, for the vector data source
     bool visible = true;
+    // The attribute table of the layer's data. It belongs to the layer and is not in the project's list of
+    // tables.
     std::unique_ptr<attr_data> data;
     extra_table extras;
     std::unique_ptr<style_manager> style;

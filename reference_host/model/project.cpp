@@ -1,3 +1,4 @@
+// The parts of a project that are more than lists: moving scenes, and the fixed identity of containers.
 #include "reference_host/model/project.h"
 
 #include <utility>
@@ -18,6 +19,7 @@ layer_group& scene::make_groups() {
     return *groups;
 }
 
+// Written out because of the const member, which keeps its value.
 scene_collection& scene_collection::operator=(scene_collection&& other) noexcept {
     owned_list::operator=(std::move(other));
     return *this;
@@ -25,6 +27,7 @@ scene_collection& scene_collection::operator=(scene_collection&& other) noexcept
 
 namespace {
 
+// Files may leave out the uuid and caption of a container, and then rely on these, so they must never change.
 void identify(entity& container, wide_view id, wide_view caption) {
     container.id = *uuid::parse(id);
     container.caption = caption;

@@ -22,6 +22,7 @@ std::optional<uuid> uuid::parse(wide_view text) {
     if (text.size() == 38 && text.front() == u'{' && text.back() == u'}') text = text.substr(1, 36);
     if (text.size() != 36) return std::nullopt;
     uuid result;
+    // The length is right, so no index below can be outside.
     std::size_t place = 0;
     for (std::size_t byte = 0; byte < result.bytes_.size(); ++byte) {
         if (hyphen_before(byte) && text[place++] != u'-') return std::nullopt;
@@ -38,6 +39,7 @@ uuid uuid::random() {
     uuid result;
     const uint64_t halves[2] = {source(), source()};
     std::memcpy(result.bytes_.data(), halves, sizeof(halves));
+    // The version (4, random) and the variant, as other programs expect them.
     result.bytes_[6] = static_cast<uint8_t>((result.bytes_[6] & 0x0F) | 0x40);
     result.bytes_[8] = static_cast<uint8_t>((result.bytes_[8] & 0x3F) | 0x80);
     return result;

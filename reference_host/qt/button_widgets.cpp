@@ -21,6 +21,7 @@ using toolkit::element_view;
 using toolkit::mark;
 
 QString on_button(const QString& words) {
+    // Buttons and boxes do not wrap their text, and a long one would make the whole window wide.
     constexpr qsizetype widest = 64;
     QString lines;
     qsizetype length = 0;
@@ -30,6 +31,7 @@ QString on_button(const QString& words) {
         lines += word;
         length += word.size() + 1;
     }
+    // Otherwise "&" would underline the next letter and disappear.
     return lines.replace(u'&', QStringLiteral("&&"));
 }
 
@@ -45,6 +47,7 @@ public:
         : widget_for(all, live, new QPushButton(parent)) {
         own_->setText(on_button(text_of<&button_impl::caption>()));
         own_->setToolTip(text_of<&button_impl::hint>());
+        // Enter must not press a button while the user types in a field.
         own_->setAutoDefault(false);
         QObject::connect(own_, &QPushButton::clicked,
                          [this] { send([this] { ask<&button_impl::click>(); }); });
@@ -62,6 +65,7 @@ public:
     check_widget(element_widgets& all, const element& live, QWidget* parent)
         : widget_for(all, live, new QCheckBox(parent)) {
         own_->setText(on_button(text_of<&checkbox_impl::caption>()));
+        // `clicked` is not emitted when the state is set by code, so showing a state sends no event.
         QObject::connect(own_, &QCheckBox::clicked, [this](bool on) {
             send([&] {
                 ask<&checkbox_impl::state_entered>(on ? checkbox_state::checked : checkbox_state::unchecked);
@@ -83,6 +87,7 @@ class radio_widget final : public widget_for<radiobutton_impl, QRadioButton> {
 public:
     radio_widget(element_widgets& all, const element& live, QWidget* parent)
         : widget_for(all, live, new QRadioButton(parent)) {
+        // Qt would otherwise uncheck the other buttons inside the same widget.
         own_->setAutoExclusive(false);
         own_->setText(on_button(text_of<&radiobutton_impl::caption>()));
         QObject::connect(own_, &QRadioButton::clicked, [this] {
@@ -108,12 +113,14 @@ public:
         own_->setText(caption);
         own_->setToolTip(hint.isEmpty() ? caption : hint);
         own_->setAccessibleName(caption);
+        // The tool tip may be the caption; this keeps the hint by itself, for screen readers and for `read`.
         own_->setAccessibleDescription(hint);
         own_->setAutoRaise(true);
         own_->setFocusPolicy(Qt::StrongFocus);
         const QIcon icon =
             icon_told([this](masked_bitmap_visitor visitor) { ask<&tool_impl::image>(visitor); });
         own_->setIcon(icon);
+        // In its own size: icons are pixel pictures and would be blurred.
         if (!icon.isNull()) own_->setIconSize(icon.availableSizes().front());
         own_->setToolButtonStyle(icon.isNull() ? Qt::ToolButtonTextOnly : Qt::ToolButtonIconOnly);
         QObject::connect(own_, &QToolButton::clicked, [this] { send([this] { ask<&tool_impl::click>(); }); });
@@ -151,6 +158,8 @@ public:
 
 private:
     void press(int32_t code) {
+        // Text that was typed but not confirmed counts, since pressing a button does not always move the
+        // focus.
         all_.commit();
         bool closes = false;
         const auto click = [&] { send([&] { closes = ask<&button_box_impl::click>(code); }); };

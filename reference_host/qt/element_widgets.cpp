@@ -25,6 +25,7 @@ element_widget::element_widget(element_widgets& all, const element& live, QWidge
     QSizePolicy policy = widget->sizePolicy();
     policy.setRetainSizeWhenHidden(true); // a hidden element keeps its place
     widget->setSizePolicy(policy);
+    // An element has one observer, so it can be shown by one widget at a time.
     call<&element_impl::set_observer>(live_, pointer_to<element_observer_impl>(*this));
 }
 
@@ -35,11 +36,13 @@ void element_widget::on_changed(element) { all_.note_change(*this); }
 void element_widget::refresh() {
     is_enabled_ = call<&element_impl::enabled>(live_);
     is_visible_ = call<&element_impl::visible>(live_);
+    // Kept and restored, because showing a value can cause another refresh.
     const bool was_showing = std::exchange(is_showing_, true);
     if (keeper_) {
         keeper_->refresh();
     } else {
         widget_->setEnabled(is_enabled_);
+        // A widget without a parent is a window: making it visible here would open it too early.
         if (!is_visible_ || widget_->parentWidget()) widget_->setVisible(is_visible_);
     }
     show();
@@ -51,6 +54,7 @@ element_view element_widget::look() const {
     view.live = live_;
     view.kind = kind_;
     view.enabled = !widget_->testAttribute(Qt::WA_ForceDisabled); // not counting its parents
+    // Whether the widget itself is hidden: on a page that is not shown nothing is visible.
     view.visible = !widget_->isHidden();
     for (const element_widget* each : inside_) view.children.push_back(each->look());
     read(view);
@@ -68,11 +72,13 @@ void element_widget::send(const std::function<void()>& event) {
 }
 
 element_widgets::element_widgets() {
+    // Collects the changes of one event: an operation of the bundle changes many elements many times.
     later_.setSingleShot(true);
     QObject::connect(&later_, &QTimer::timeout, [this] { settle(); });
 }
 
 element_widgets::~element_widgets() {
+    // From here on, changes and events of widgets that end are ignored.
     is_closing_ = true;
     later_.stop();
     for (const QPointer<QWidget>& root : roots_) delete root; // views before their models
@@ -84,6 +90,7 @@ element_widget* element_widgets::make(const element& live, QWidget* parent) {
     ++depth_; // making it also makes the widgets inside it
     std::unique_ptr<element_widget> made = widget_of(*this, live, parent);
     element_widget* const widget = made.get();
+    // After its children, which are created inside its constructor.
     widgets_.push_back(std::move(made));
     widget->refresh();
     if (--depth_ == 0) roots_.emplace_back(widget->widget());
@@ -102,6 +109,7 @@ void element_widgets::note_change(element_widget& changed) {
 }
 
 void element_widgets::settle() {
+    // Showing a value can change further elements. The list is exchanged, because it grows meanwhile.
     while (!changed_.empty() && !is_closing_) {
         const std::vector<element_widget*> now = std::exchange(changed_, {});
         for (element_widget* each : now) each->refresh();
@@ -114,10 +122,12 @@ void element_widgets::send(const std::function<void()>& event) {
     event();
     --at_work_;
     settle();
+    // Events can be nested: a box of the bundle handles others while it is open.
     if (at_work_ == 0 && on_idle) on_idle();
 }
 
 void element_widgets::commit() {
+    // By index: a commit is an event, which may add widgets.
     for (std::size_t index = 0; index < widgets_.size(); ++index) widgets_[index]->commit();
 }
 

@@ -18,6 +18,7 @@ namespace vestra::qt {
 
 using vs::project_resave::element;
 
+// Convert texts between the interfaces and Qt; nothing is lost.
 QString shown(wide_view text);
 wide_string entered(const QString& text);
 // Returns a text of the host itself in the language of its settings.
@@ -35,6 +36,7 @@ public:
     element_widget(const element_widget&) = delete;
     element_widget& operator=(const element_widget&) = delete;
 
+    // Only notes the change: the element can be in the middle of an event.
     void on_changed(element which) override;
     // Reads all values of the element that can change.
     void refresh();
@@ -53,7 +55,10 @@ public:
     void leave_state_to(element_widget& layout) { keeper_ = &layout; }
 
 protected:
+    // Shows the values of the element that can change. Called by `refresh`; events that this causes are not
+    // sent.
     virtual void show() {}
+    // Sets the values that the widget shows; the common state is set already.
     virtual void read(toolkit::element_view&) const {}
     // Creates the widget of an element inside this one; returns null for a null element.
     element_widget* add(const element& child, QWidget* parent = nullptr);
@@ -80,7 +85,8 @@ public:
     element_widgets(const element_widgets&) = delete;
     element_widgets& operator=(const element_widgets&) = delete;
 
-    // Creates the widget of an element and all inside it. Returns null for a null element.
+    // Creates the widget of an element and all inside it, with the current values. Returns null for a null
+    // element. The element gets this host as its only observer.
     element_widget* make(const element& live, QWidget* parent);
     // Returns the widget of this element at any depth; null if there is none.
     element_widget* find(const element& live) const;
@@ -106,7 +112,9 @@ public:
 
 private:
     std::vector<std::unique_ptr<element_widget>> widgets_;
+    // Each at most once, in the order of the changes.
     std::vector<element_widget*> changed_;
+    // The outermost widgets. Their parents may destroy them before this object.
     std::vector<QPointer<QWidget>> roots_;
     unsigned depth_ = 0; // nesting depth of `make`
     QTimer later_;

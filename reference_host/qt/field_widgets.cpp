@@ -24,6 +24,7 @@ class label_widget final : public widget_for<label_impl, QLabel> {
 public:
     label_widget(element_widgets& all, const element& live, QWidget* parent)
         : widget_for(all, live, new QLabel(parent)) {
+        // A text may look like HTML and must be shown as it is.
         own_->setTextFormat(Qt::PlainText);
         own_->setWordWrap(true);
         // An empty hidden label would let the next element move to its place.
@@ -54,10 +55,12 @@ public:
     lines_widget(element_widgets& all, const element& live, QWidget* parent)
         : widget_for(all, live, new QPlainTextEdit(parent)) {
         own_->setReadOnly(true);
+        // A text that cannot be edited must not catch the tab key.
         own_->setTabChangesFocus(true);
         const QFontMetrics metrics = own_->fontMetrics();
         const auto columns = static_cast<int>(ask<&multiline_output_impl::width>());
         const auto lines = static_cast<int>(ask<&multiline_output_impl::height>());
+        // One line more, for the frame and the margins of the text.
         own_->setMinimumSize(metrics.averageCharWidth() * columns, metrics.lineSpacing() * (lines + 1));
     }
 
@@ -107,7 +110,9 @@ public:
         const uint32_t count = ask<&dropdownex_impl::row_count>();
         for (uint32_t index = 0; index < count; ++index)
             list_->addItem(text_of<&dropdownex_impl::row_text>(index));
+        // So that a label next to the whole widget names the list.
         own_->setFocusProxy(list_);
+        // `activated` is only emitted for the user. The element may refuse the row, so it is read again.
         QObject::connect(list_, &QComboBox::activated, [this](int index) {
             send([&] { ask<&dropdownex_impl::row_chosen>(static_cast<uint32_t>(index)); });
             refresh();
@@ -117,6 +122,7 @@ public:
 private:
     void show() override {
         const uint32_t row = ask<&dropdownex_impl::current_row>();
+        // -1 shows an empty list, which is Qt's form of no row.
         list_->setCurrentIndex(row == dropdownex_impl::no_row ? -1 : static_cast<int>(row));
     }
     void read(element_view& view) const override {

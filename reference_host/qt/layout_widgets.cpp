@@ -30,8 +30,10 @@ namespace {
 // Sets the accessible name of a field to the label before it, for screen readers.
 void name_after(const QWidget* before, QWidget* field) {
     const auto* const label = qobject_cast<const QLabel*>(before);
+    // A field of several widgets gets its name at the one that takes the keys.
     QWidget* const takes_keys = field->focusProxy() ? field->focusProxy() : field;
     if (!label || label->text().isEmpty() || takes_keys->focusPolicy() == Qt::NoFocus) return;
+    // A field that already has a name keeps it, and the label describes it.
     if (takes_keys->accessibleName().isEmpty())
         takes_keys->setAccessibleName(label->text());
     else
@@ -44,6 +46,7 @@ public:
     grid_widget_of(element_widgets& all, const element& live, QWidget* parent)
         : widget_for<grid_layout_impl, Widget>(all, live, new Widget(parent)) {
         auto grid = std::make_unique<QGridLayout>();
+        // Only a frame has margins: nested grids would otherwise be indented.
         if (!qobject_cast<QGroupBox*>(this->own_)) grid->setContentsMargins({});
         const auto spans = cast_to<grid_span_layout_impl>(live);
         const uint32_t rows = this->template ask<&grid_layout_impl::rows>();
@@ -53,6 +56,7 @@ public:
             for (uint32_t column = 0; column < columns; ++column) {
                 element_widget* const cell =
                     this->add(this->template ask<&grid_layout_impl::child>(row, column));
+                // Empty, or covered by a cell that spans several columns.
                 if (!cell) continue;
                 const uint32_t span =
                     spans ? call<&grid_span_layout_impl::column_span>(spans, row, column) : 1;
@@ -73,6 +77,7 @@ private:
             grid.setRowStretch(static_cast<int>(spare), 1);
         else if (!this->own_->template findChild<QAbstractScrollArea*>()) // lists and long texts
             grid.setRowStretch(rows, 1);
+        // In a grid of two columns, labels and fields, the fields take the remaining width.
         if (rows > 1 && columns > 1) grid.setColumnStretch(columns - 1, columns == 2 ? 1 : 0);
     }
 };
@@ -95,9 +100,11 @@ class split_widget final : public widget_for<split_layout_impl, QSplitter> {
 public:
     split_widget(element_widgets& all, const element& live, QWidget* parent)
         : widget_for(all, live, new QSplitter(Qt::Vertical, parent)) {
+        // A part that was dragged to nothing would be hard to find again.
         own_->setChildrenCollapsible(false);
         for (const element& part : {ask<&split_layout_impl::top>(), ask<&split_layout_impl::bottom>()})
             if (element_widget* const made = add(part)) own_->addWidget(made->widget());
+        // The lower part, which has the longer list, gets more of the height.
         own_->setStretchFactor(1, 2);
     }
 };
@@ -136,6 +143,7 @@ public:
     docker_widget(element_widgets& all, const element& live, QWidget* parent)
         : widget_for(all, live, new QWidget(parent)) {
         auto column = std::make_unique<QVBoxLayout>();
+        // Only a page has margins; a window has its own.
         if (parent && !qobject_cast<QTabWidget*>(parent)) column->setContentsMargins({});
         own_->setWindowTitle(text_of<&docker_impl::title>());
         own_->setAccessibleDescription(text_of<&docker_impl::description>());
@@ -159,8 +167,10 @@ public:
         for (uint32_t index = 0; index < count; ++index) {
             element_widget* const page = add(cast_to<element_impl>(ask<&tab_layout_impl::page>(index)));
             if (!page) continue;
+            // The id, which programs and tests look for.
             page->widget()->setObjectName(text_of<&tab_layout_impl::page_id>(index));
             own_->addTab(page->widget(), on_button(text_of<&tab_layout_impl::page_title>(index)));
+            // The tab widget shows and hides its pages itself; hiding a page's widget would confuse it.
             page->leave_state_to(*this);
         }
         own_->setUsesScrollButtons(true);
@@ -175,6 +185,7 @@ private:
         for (int index = 0; index < own_->count(); ++index) {
             const element_widget& page = *inside()[static_cast<size_t>(index)];
             const bool on = ask<&tab_layout_impl::page_enabled>(static_cast<uint32_t>(index));
+            // A page has two states, its own and that of its tab.
             own_->setTabEnabled(index, on && call<&element_impl::enabled>(page.live()));
             own_->setTabVisible(index, call<&element_impl::visible>(page.live()));
         }
@@ -210,10 +221,12 @@ const std::vector<kind_of_widget>& layout_kinds() {
 }
 
 std::unique_ptr<element_widget> widget_of(element_widgets& all, const element& live, QWidget* parent) {
+    // By the kind and not by the interfaces, since a frame is also a grid.
     const wide_string kind = toolkit::told<&element_impl::kind>(live);
     for (const auto* kinds : {&field_kinds(), &button_kinds(), &layout_kinds(), &outline_kinds()})
         for (const kind_of_widget& each : *kinds)
             if (kind == each.kind) return each.make(all, live, parent);
+    // A newer bundle may have kinds that this host does not know; the rest of its window still works.
     return std::make_unique<element_widget>(all, live, new QWidget(parent));
 }
 

@@ -23,6 +23,7 @@ outline_model::outline_model(const element& live, std::function<void()> changed)
 outline_model::~outline_model() { call<&outline_impl::set_events>(outline_, outline_events()); }
 
 void outline_model::reset_rows() {
+    // Nothing is read here: the element may be in the middle of a change, and resets often come in groups.
     is_stale_ = true;
     changed_();
 }
@@ -36,10 +37,12 @@ void outline_model::reset_images() {
 
 void outline_model::settle() {
     if (std::exchange(is_stale_, false) && !is_same(*root_)) {
+        // Only if other rows exist now. A reset closes all branches of the tree.
         beginResetModel();
         *root_ = node();
         endResetModel();
     } else if (const int rows = rowCount({}); rows > 0) {
+        // The rows are the same, but any text or mark may have changed.
         emit dataChanged(index(0, 0, {}), index(rows - 1, 0, {}));
     }
     emit headerDataChanged(Qt::Horizontal, 0, 0);
@@ -50,6 +53,7 @@ bool outline_model::is_same(const node& known) const {
     if (call<&outline_impl::child_count>(outline_, known.row) != known.below.size()) return false;
     for (uint32_t place = 0; place < known.below.size(); ++place) {
         const node* const child = known.below[place].get();
+        // Never requested, so nobody refers to it.
         if (!child) continue;
         if (call<&outline_impl::child>(outline_, known.row, place) != child->row || !is_same(*child))
             return false;
@@ -69,6 +73,7 @@ void outline_model::count(node& of) const {
 
 QModelIndex outline_model::index(int row, int column, const QModelIndex& parent) const {
     node& above = node_at(parent);
+    // Between a reset of the element and `settle` its rows are invalid; what is known is still answered.
     if (!is_stale_) count(above);
     if (row < 0 || column != 0 || static_cast<size_t>(row) >= above.below.size()) return {};
     std::unique_ptr<node>& place = above.below[static_cast<size_t>(row)];
@@ -95,6 +100,7 @@ int outline_model::rowCount(const QModelIndex& parent) const {
 
 bool outline_model::hasChildren(const QModelIndex& parent) const {
     const node& asked = node_at(parent);
+    // The view asks this for every row to draw its arrow, so the rows below are not counted for it.
     if (asked.is_counted || is_stale_) return !asked.below.empty();
     return call<&outline_impl::has_children>(outline_, asked.row);
 }
@@ -134,6 +140,7 @@ QIcon outline_model::icon(outline_row* row) const {
     if (number < 0) return {};
     const auto [place, is_new] = icons_.try_emplace(number);
     if (is_new)
+        // Decoded once: many rows share a picture.
         place->second = icon_told(
             [&](masked_bitmap_visitor visitor) { call<&outline_impl::image>(outline_, number, visitor); });
     return place->second;
@@ -142,6 +149,7 @@ QIcon outline_model::icon(outline_row* row) const {
 bool outline_model::setData(const QModelIndex& index, const QVariant& value, int role) {
     outline_row* const row = row_at(index);
     if (!row || role != Qt::CheckStateRole) return false;
+    // The element decides what changes; it notifies this host afterwards.
     call<&outline_checks_impl::click>(checks_, row, value.toInt() == Qt::Checked);
     return true;
 }

@@ -14,6 +14,8 @@
 
 namespace vestra::qt {
 
+// Rows are requested as the view needs them, so a long list opens at once. After the element has reset its
+// rows, and until `settle`, its old rows are invalid: the model then answers from what it knows.
 class outline_model final : public QAbstractItemModel, private vs::project_resave::outline_events_impl {
 public:
     static constexpr int image_role = Qt::UserRole; // the index of the row's picture
@@ -32,6 +34,7 @@ public:
     bool hasChildren(const QModelIndex& parent) const override;
     int columnCount(const QModelIndex&) const override { return 1; }
     QVariant data(const QModelIndex& index, int role) const override;
+    // Sends a click on the row's mark; only for the role of the mark.
     bool setData(const QModelIndex& index, const QVariant& value, int role) override;
     Qt::ItemFlags flags(const QModelIndex& index) const override;
     QVariant headerData(int section, Qt::Orientation orientation, int role) const override;
@@ -58,21 +61,27 @@ private:
         std::vector<std::unique_ptr<node>> below = {};
     };
 
+    // The element's requests: note what is stale and leave the rest to `settle`.
     void reset_rows() override;
     void reset_columns() override;
     void reset_images() override;
 
+    // Returns the root for an invalid index.
     node& node_at(const QModelIndex& index) const;
+    // Requests the number of rows below a node, once.
     void count(node& of) const;
     // Returns true if the known rows below `known` are still those of the element.
     bool is_same(const node& known) const;
+    // Calls `visit` for the known rows below a node, parents first.
     void visit_below(const node& of, const std::function<void(const QModelIndex&)>& visit) const;
+    // Returns the picture of a row, decoded once for each index; null if the row has none.
     QIcon icon(vs::project_resave::outline_row* row) const;
 
     const vs::project_resave::interface_to<vs::project_resave::outline_impl> outline_;
     const vs::project_resave::outline_column names_;
     const vs::project_resave::outline_checks checks_;
     const std::function<void()> changed_;
+    // Nodes stay where they are until the model is reset, since indexes point to them.
     const std::unique_ptr<node> root_;
     mutable std::map<int, QIcon> icons_; // by index
     bool is_stale_ = false;

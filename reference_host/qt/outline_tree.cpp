@@ -54,6 +54,7 @@ outline_tree::outline_tree(outline_model& model, std::function<void(const std::f
         if (is_taking_) return;
         sends_([&] { call<&outline_impl::set_expanded>(rows_.outline(), rows_.row_at(index), on); });
     };
+    // Both signals also come when the state is applied by `take_flags`; `keep` then does nothing.
     connect(this, &QTreeView::expanded, [keep](const QModelIndex& index) { keep(index, true); });
     connect(this, &QTreeView::collapsed, [keep](const QModelIndex& index) { keep(index, false); });
     connect(header(), &QHeaderView::sectionClicked, [this] { sends_([this] { rows_.click_header(); }); });
@@ -63,6 +64,7 @@ void outline_tree::take_flags() {
     is_taking_ = true;
     QItemSelection highlighted;
     take_below({}, highlighted);
+    // Selecting the same rows again would redraw all of them.
     if (ranges_of(highlighted) != ranges_of(selectionModel()->selection()))
         selectionModel()->select(highlighted, QItemSelectionModel::ClearAndSelect);
     is_taking_ = false;
@@ -85,6 +87,7 @@ void outline_tree::take_below(const QModelIndex& parent, QItemSelection& highlig
         } else {
             add_range();
         }
+        // Rows below a collapsed one are visited too, since they can be highlighted.
         if (!rows_.hasChildren(index)) continue;
         const bool on = call<&outline_impl::expanded>(rows_.outline(), row);
         if (isExpanded(index) != on) setExpanded(index, on);
@@ -98,6 +101,7 @@ QRect outline_tree::mark_rect(const QModelIndex& index) const {
     initViewItemOption(&option);
     option.index = index;
     option.rect = visualRect(index);
+    // The style computes a place for the mark only if the item says that it has one.
     option.features |= QStyleOptionViewItem::HasCheckIndicator;
     if (option.rect.isEmpty()) return {};
     return style()->subElementRect(QStyle::SE_ItemViewItemCheckIndicator, &option, this);
@@ -109,6 +113,7 @@ void outline_tree::mousePressEvent(QMouseEvent* event) {
     pressed_ = QModelIndex();
     if (event->button() != Qt::LeftButton || !is_on_mark(event->pos()))
         return QTreeView::mousePressEvent(event);
+    // Qt's own handling would also select the row and make it the current one.
     pressed_ = indexAt(event->pos());
     event->accept();
 }
@@ -116,7 +121,9 @@ void outline_tree::mousePressEvent(QMouseEvent* event) {
 void outline_tree::mouseReleaseEvent(QMouseEvent* event) {
     const QModelIndex pressed = std::exchange(pressed_, QPersistentModelIndex());
     if (!pressed.isValid()) return QTreeView::mouseReleaseEvent(event);
+    // Moving away before the release cancels the click, as for a button.
     if (indexAt(event->pos()) != pressed || !is_on_mark(event->pos())) return;
+    // A mixed mark counts as unchecked, so a click checks everything below it.
     const bool was_on = pressed.data(Qt::CheckStateRole).toInt() == Qt::Checked;
     sends_([&] { rows_.setData(pressed, was_on ? Qt::Unchecked : Qt::Checked, Qt::CheckStateRole); });
 }
@@ -139,6 +146,8 @@ void outline_tree::selectionChanged(const QItemSelection& selected, const QItemS
     QTreeView::selectionChanged(selected, deselected);
     if (is_taking_) return;
     sends_([&] {
+        // Rows that are no longer highlighted come first, so that the element is notified of the added ones
+        // last.
         tell_highlighted(deselected.indexes(), false);
         tell_highlighted(selected.indexes(), true);
     });
@@ -149,6 +158,7 @@ void outline_tree::tell_highlighted(const QModelIndexList& rows, bool on) {
         if (outline_row* const row = rows_.row_at(each))
             call<&outline_impl::set_highlighted>(rows_.outline(), row, on);
     if (!on || rows.isEmpty()) return;
+    // With a second row, the element expects this view to have set all rows between the two.
     outline_row* const last = rows.size() > 1 ? rows_.row_at(rows.back()) : nullptr;
     call<&outline_impl::highlight_added>(rows_.outline(), rows_.row_at(rows.front()), last);
 }
@@ -168,6 +178,7 @@ private:
                      new outline_tree(
                          *rows, [this](const auto& event) { tell(event); }, parent)),
           rows_(std::move(rows)) {
+        // At least a few rows, even in a small window.
         own_->setMinimumHeight(4 * own_->fontMetrics().lineSpacing());
         own_->setColumnWidth(0, own_->fontMetrics().averageCharWidth() * rows_->width());
     }
@@ -187,6 +198,8 @@ private:
         view.rows = rows_below({});
     }
     std::vector<row_view> rows_below(const QModelIndex& parent) const {
+        // Read through the view's model, so this shows what the user sees. A row without children counts as
+        // expanded.
         const QAbstractItemModel& shown_rows = *own_->model();
         std::vector<row_view> rows(static_cast<size_t>(shown_rows.rowCount(parent)));
         for (size_t place = 0; place < rows.size(); ++place) {

@@ -27,12 +27,14 @@ path_line::path_line(QWidget* parent) : QLineEdit(parent) {
 
 void path_line::focusOutEvent(QFocusEvent* event) {
     QLineEdit::focusOutEvent(event);
+    // Other reasons are popup menus and other windows, from which the user comes back to go on typing.
     const auto goes_to_part = {Qt::TabFocusReason, Qt::BacktabFocusReason, Qt::MouseFocusReason,
                                Qt::ShortcutFocusReason};
     if (std::ranges::find(goes_to_part, event->reason()) != goes_to_part.end() && on_left) on_left();
 }
 
 void path_line::keyPressEvent(QKeyEvent* event) {
+    // The line reacts to Enter, but passes it on to the dialog, whose default button it would press.
     QLineEdit::keyPressEvent(event);
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter) event->accept();
 }
@@ -48,8 +50,10 @@ path_field::path_field(element_widgets& all, const element& live, QWidget* paren
     button_->setText(words.isEmpty() ? own_words : on_button(words));
     button_->setAutoDefault(false);
     button_->setAccessibleName(words.isEmpty() ? said("Choose", "Выбрать") : words);
+    // The label next to the field replaces this name if there are no words.
     line_->setAccessibleName(words);
     own_->setFocusProxy(line_);
+    // Enter always enters the text, even if it is the same: the user may want to load the project again.
     QObject::connect(line_, &QLineEdit::returnPressed,
                      [this] { enter(platform::drive_path(line_->text().toStdString())); });
     line_->on_left = [this] { commit(); };
@@ -57,6 +61,7 @@ path_field::path_field(element_widgets& all, const element& live, QWidget* paren
 }
 
 void path_field::commit() {
+    // Leaving the field without a change is no event.
     if (is_entering_ || line_->text() == text_of<&file_input_impl::text>()) return;
     enter(platform::drive_path(line_->text().toStdString()));
 }
@@ -66,6 +71,7 @@ void path_field::enter(const wide_string& text) {
     if (std::exchange(is_entering_, true)) return;
     send([&] { ask<&file_input_impl::text_entered>(text.c_str()); });
     is_entering_ = false;
+    // The element may have refused the text or spelled it in another way.
     refresh();
 }
 
@@ -78,6 +84,8 @@ std::unique_ptr<QFileDialog> path_field::make_dialog() const {
                                                          : QFileDialog::ExistingFile);
     dialog->setOption(QFileDialog::ShowDirsOnly, mode_ == file_input_mode::folder);
     dialog->setWindowTitle(line_->accessibleName());
+    // The bundle's form is "words|pattern", where the words may repeat the pattern in brackets; Qt's is
+    // "words (pattern)".
     const QString pattern = filter_.section(u'|', 1);
     if (!pattern.isEmpty()) {
         dialog->setNameFilter(filter_.section(u'|', 0, 0).section(u'(', 0, 0).trimmed() + " (" + pattern +
@@ -97,12 +105,14 @@ void path_field::browse() {
 
 void path_field::show() {
     const QString text = text_of<&file_input_impl::text>();
+    // Replacing the text by itself would move the cursor and add a step to undo.
     if (line_->text() == text) return;
     line_->selectAll(); // so that a rejected text can be restored with "undo"
     line_->insert(text);
 }
 
 void path_field::read(toolkit::element_view& view) const {
+    // The host's own words are not those of the element.
     const QString words = button_->text();
     view.caption = words == own_words ? wide_string() : entered(off_button(words));
     view.text = entered(line_->text());

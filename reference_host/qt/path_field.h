@@ -31,15 +31,18 @@ public:
     // Creates the line and the button inside a widget of `parent`.
     path_field(element_widgets& all, const element& live, QWidget* parent);
 
+    // Sends the text if it differs from the element's.
     void commit() override;
-    // Creates the dialog that the button opens.
+    // Creates the dialog that the button opens, with the mode and filter of the element and the current path.
     std::unique_ptr<QFileDialog> make_dialog() const;
 
 private:
     void show() override;
     void read(toolkit::element_view& view) const override;
+    // Opens the dialog and enters the chosen path.
     void browse();
-    // Sends the text and shows the text that the element reports afterwards.
+    // Sends the text and shows the text that the element reports afterwards. A nested call, from a box that
+    // the event shows, does nothing.
     void enter(const wide_string& text);
 
     path_line* const line_;

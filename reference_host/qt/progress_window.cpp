@@ -14,6 +14,7 @@
 namespace vestra::qt {
 
 void show_above(QWidget& shown_window, const QWidget& below) {
+    // Before it is shown its size is not known yet, and it could not be centred.
     shown_window.adjustSize();
     shown_window.move(below.frameGeometry().center() - shown_window.rect().center());
     shown_window.show();
@@ -28,6 +29,7 @@ progress_window::progress_window(QWidget* above, bool stoppable, std::function<v
          {static_cast<QWidget*>(caption_), static_cast<QWidget*>(bar_), static_cast<QWidget*>(amount_)})
         column->addWidget(part);
     column->addWidget(stop_, 0, Qt::AlignRight);
+    // The caption can have the name of a file or an element.
     caption_->setTextFormat(Qt::PlainText);
     caption_->setMinimumWidth(360);
     bar_->setRange(0, 100);
@@ -39,6 +41,7 @@ progress_window::progress_window(QWidget* above, bool stoppable, std::function<v
 void progress_window::set_caption(const QString& text) { caption_->setText(text); }
 
 void progress_window::set_percent(std::optional<int> percent) {
+    // A range of 0 is Qt's form of a bar without a known end.
     bar_->setRange(0, percent ? 100 : 0);
     if (percent) bar_->setValue(*percent);
 }
@@ -51,6 +54,7 @@ void progress_window::set_stopping(bool on) {
 }
 
 void progress_window::stop() {
+    // Only requests: the operation ends at its next poll.
     if (is_stoppable_) stops_();
 }
 
@@ -60,6 +64,7 @@ void progress_window::closeEvent(QCloseEvent* event) {
 }
 
 void progress_window::keyPressEvent(QKeyEvent* event) {
+    // A window that is no dialog of Qt does not handle this key by itself.
     if (event->key() == Qt::Key_Escape)
         stop();
     else

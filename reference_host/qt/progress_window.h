@@ -15,14 +15,17 @@ namespace vestra::qt {
 // request a stop. Not modal: the window below can still be moved and closed.
 class progress_window final : public QWidget {
 public:
-    // Calls `stops` when the user requests a stop.
+    // Calls `stops` when the user requests a stop, each time; never if not `stoppable`. The window closes
+    // only by its destruction.
     progress_window(QWidget* above, bool stoppable, std::function<void()> stops);
 
+    // Sets the text above the bar.
     void set_caption(const QString& text);
-    // Shows a percentage; without a value, a bar of unknown length.
+    // Shows a percentage from 0 to 100; without a value, a bar of unknown length.
     void set_percent(std::optional<int> percent);
+    // Sets the text below the bar: bytes and remaining time.
     void set_amount(const QString& text);
-    // Shows that a stop was requested, until it is reset.
+    // Shows that a stop was requested, which disables the button, until it is reset.
     void set_stopping(bool on);
 
 protected:
@@ -40,7 +43,7 @@ private:
     QPushButton* const stop_;
 };
 
-// Shows a window centred over another one, for systems without a window manager.
+// Shows a window in its best size, centred over another one, for systems without a window manager.
 void show_above(QWidget& shown_window, const QWidget& below);
 
 } // namespace vestra::qt

@@ -24,6 +24,7 @@ tool_view::tool_view(const toolkit::app_window& tool) : widgets_(std::make_uniqu
 tool_view::~tool_view() = default;
 
 toolkit::element_view tool_view::look() const {
+    // Changes that wait for the next repaint are shown now, so that a script reads the current state.
     widgets_->settle();
     toolkit::element_view view = content_->look();
     if (box_) view.children.push_back(box_->look());
@@ -52,17 +53,23 @@ QDialogButtonBox* own_buttons(QDialog& dialog, element_widgets& widgets) {
 
 std::int32_t window_dialog_runner::run(docker content) {
     QWidget* above = &window_;
+    // Above the progress window, which would otherwise cover the dialog.
     for (progress_window* const each : window_.findChildren<progress_window*>())
         if (each->isVisible()) above = each;
+    // Without a visible window there is nothing to be above.
     QDialog dialog(above->isVisible() ? above : nullptr);
+    // After the dialog, so destroyed before it: the widgets belong to the dialog, and their elements must be
+    // left first.
     element_widgets widgets;
     widgets.on_close = [&dialog](std::int32_t code) { dialog.done(code); };
     const element_widget* const shown_content = widgets.make(cast_to<element_impl>(content), &dialog);
+    // A null docker counts as cancelled.
     if (!shown_content) return 0;
     auto* const column = new QVBoxLayout(&dialog);
     column->addWidget(shown_content->widget(), 1);
     dialog.setWindowTitle(shown_content->widget()->windowTitle());
     if (!call<&docker_impl::buttons>(content)) column->addWidget(own_buttons(dialog, widgets));
+    // Wide enough for a path.
     dialog.resize(dialog.sizeHint().expandedTo({520, 120}));
     return dialog.exec();
 }

@@ -12,14 +12,17 @@ namespace vestra::qt {
 // The content of an open tool. Destroy it before the tool.
 class tool_view final : public QWidget, public toolkit::shown_window {
 public:
+    // `tool` must be open.
     explicit tool_view(const toolkit::app_window& tool);
     ~tool_view() override;
 
     // Returns what the widgets show, in the same form in which the walker returns the elements.
     toolkit::element_view look() const override;
+    // For events of the window and for the callbacks of its owner.
     element_widgets& widgets() { return *widgets_; }
 
 private:
+    // Destroyed before the base class, which would otherwise destroy the widgets first.
     std::unique_ptr<element_widgets> widgets_;
     element_widget* content_ = nullptr;
     element_widget* box_ = nullptr; // null if the tool has none
@@ -31,6 +34,8 @@ public:
     // The window must outlive the runner.
     explicit window_dialog_runner(QWidget& window) : window_(window) {}
 
+    // Runs an event loop until the dialog is closed. Returns the code of the button; for a dialog without
+    // buttons 1 for OK; 0 if it was cancelled.
     std::int32_t run(vs::project_resave::docker content) override;
 
 private:

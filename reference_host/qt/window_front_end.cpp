@@ -53,6 +53,7 @@ QMessageBox::StandardButton window_front_end::ask(QMessageBox::Icon icon, wide_v
          {std::pair(QMessageBox::Yes, said("Yes", "Да")), std::pair(QMessageBox::No, said("No", "Нет")),
           std::pair(QMessageBox::Cancel, said("Cancel", "Отмена"))})
         if (QAbstractButton* const shown_button = box.button(button)) shown_button->setText(words);
+    // NoButton leaves the choice to Qt.
     box.setDefaultButton(chosen_by_enter);
     box.setEscapeButton(buttons & QMessageBox::Cancel ? QMessageBox::Cancel
                         : buttons & QMessageBox::No   ? QMessageBox::No
@@ -63,6 +64,7 @@ QMessageBox::StandardButton window_front_end::ask(QMessageBox::Icon icon, wide_v
 void window_front_end::error(wide_view text) {
     auto& refused = shell::settings().read_error;
     QString reason;
+    // Shown once: the next error can be about something else.
     if (refused) reason = words_of_reason ? words_of_reason(refused->text()) : shown(refused->text());
     refused.reset();
     ask(QMessageBox::Critical, text, QMessageBox::Ok, reason);
@@ -94,7 +96,9 @@ answer window_front_end::yes_no_cancel(wide_view text) {
 }
 
 void window_front_end::begin_work() {
+    // A progress can be opened while a wait window is shown.
     if (busy_depth_++ > 0) return;
+    // So that a run in the background does not take the keys from another program when it ends.
     was_active_ = window_.isActiveWindow();
     had_keys_ = window_.focusWidget();
     if (busy_) busy_(true);
@@ -108,10 +112,12 @@ void window_front_end::end_work() {
 }
 
 void window_front_end::pump(bool at_once) {
+    // Events that are handled here can report progress themselves.
     if (is_pumping_ || (!at_once && pumped_.isValid() && pumped_.elapsed() < between_pumps)) return;
     is_pumping_ = true;
     QApplication::processEvents();
     is_pumping_ = false;
+    // Measured from the end: handling the events may have taken long.
     pumped_.start();
 }
 
@@ -126,6 +132,7 @@ void window_front_end::progress_opened(bool stoppable) {
 
 void window_front_end::progress_shown(std::uint32_t current, std::uint32_t total) {
     if (!progress_) return;
+    // Steps and bytes would show different percentages in one bar.
     if (!transfer_.is_running())
         progress_->set_percent(total == 0 ? 0 : static_cast<int>(std::min(100.0, 100.0 * current / total)));
     pump();
@@ -160,6 +167,7 @@ bool window_front_end::stop_requested() {
 }
 
 void window_front_end::stop_reset() {
+    // The user has seen the question after a stop and chose to continue.
     if (is_stopped_ && on_go_on) on_go_on();
     is_stopped_ = false;
     if (progress_) progress_->set_stopping(false);
@@ -170,6 +178,7 @@ void window_front_end::wait_opened(wide_view text) {
         std::make_unique<wait_window>(&window_, Qt::Dialog | Qt::CustomizeWindowHint | Qt::WindowTitleHint);
     wait->setWindowTitle(title);
     auto* const words = new QLabel(shown(text), wait.get());
+    // The text can have the name of a project.
     words->setTextFormat(Qt::PlainText);
     (new QVBoxLayout(wait.get()))->addWidget(words);
     wait->setMinimumWidth(280);

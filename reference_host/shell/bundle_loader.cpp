@@ -1,3 +1,5 @@
+// Loads and starts the libraries of bundles, and ends them in an order in which no code of an unloaded
+// library is called.
 #include "reference_host/shell/bundle_loader.h"
 
 #include <algorithm>
@@ -42,6 +44,8 @@ std::optional<load_error> bundle_loader::start(entry_function entry) {
 }
 
 std::optional<load_error> bundle_loader::load(const wide_string& path) {
+    // By identity, not by path: opening a library again under another path returns the loaded one, which
+    // would then register everything twice.
     const auto is_this = [&](const auto& bundle) {
         return platform::current_system().same_file(bundle->path(), path);
     };
@@ -58,6 +62,7 @@ std::optional<load_error> bundle_loader::load(const wide_string& path) {
 std::optional<load_error> bundle_loader::start(entry_function entry, std::unique_ptr<loaded_bundle> bundle) {
     interface_to<bundle_impl> started;
     entry(&started, bundle.get());
+    // What the library may have registered so far is removed by the destructor of `bundle`.
     if (!started) return load_error{bundle->path(), u"the library returned no bundle"};
     call<&bundle_impl::start>(started, bundle->context());
     bundles_.push_back(std::move(bundle));
@@ -65,6 +70,8 @@ std::optional<load_error> bundle_loader::start(entry_function entry, std::unique
 }
 
 void bundle_loader::unload_all() {
+    // First all services of all bundles, since they may refer to each other. Then one by one: a vector does
+    // not promise the order in which it destroys its elements.
     registry_.release_services();
     while (!bundles_.empty()) bundles_.pop_back();
 }

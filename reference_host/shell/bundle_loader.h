@@ -10,12 +10,14 @@
 
 namespace vestra::shell {
 
-// Why a bundle was not loaded.
+// Why a bundle was not loaded. The reason is the operating system's text, or English.
 struct load_error {
     wide_string path; // empty for a bundle that is linked in
     wide_string reason;
 };
 
+// Owns the libraries of its bundles. Code and constants of a bundle must not be used after it is unloaded, so
+// destroy windows, dialogs and every other object that holds a bundle's object before that.
 class bundle_loader {
 public:
     // The function that a bundle exports as `entry_name`.
@@ -36,17 +38,20 @@ public:
     std::optional<load_error> load(const wide_string& path);
 
     // Releases the registry's services and unloads the bundles in reverse order. The factories of a bundle
-    // are removed before its library is unloaded.
+    // are removed before its library is unloaded. May be called again; then it does nothing.
     void unload_all();
 
 private:
+    // A bundle with its library; its destructor removes the factories and unloads the library.
     class loaded_bundle;
 
     using bundle_list = std::vector<std::unique_ptr<loaded_bundle>>;
 
+    // Calls the entry function and keeps the bundle if that succeeds.
     std::optional<load_error> start(entry_function entry, std::unique_ptr<loaded_bundle> bundle);
 
     service_registry& registry_;
+    // In the order of loading.
     bundle_list bundles_;
 };
 

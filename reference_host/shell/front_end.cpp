@@ -10,6 +10,7 @@ namespace vestra::shell {
 using vs::project_resave::path_key;
 
 void file_refusals::add(files::file_error refusal) {
+    // Bundles may spell the path in another way when they ask for the reason.
     wide_string key = path_key(refusal.file);
     by_key_.insert_or_assign(std::move(key), std::move(refusal));
 }
@@ -45,6 +46,7 @@ public:
 };
 
 front_end*& in_force() {
+    // Created on first use, because static objects of other sources may need it.
     static silent_front_end silent;
     static front_end* current = &silent;
     return current;

@@ -76,6 +76,7 @@ public:
 
     // The progress window. Between opened and closed, the other calls can come in any number and order.
     virtual void progress_opened(bool stoppable) = 0;
+    // The share that is done; a total of 0 counts as nothing done.
     virtual void progress_shown(std::uint32_t current, std::uint32_t total) = 0;
     virtual void progress_caption(wide_view text) = 0;
     virtual void progress_indeterminate(bool on) = 0;
@@ -84,7 +85,7 @@ public:
     virtual bool stop_requested() = 0;
     virtual void stop_reset() = 0;
 
-    // A window with the text of what is being waited for.
+    // A window with the text of what is being waited for. Several can be open; each is closed by one call.
     virtual void wait_opened(wide_view text) = 0;
     virtual void wait_closed() = 0;
 

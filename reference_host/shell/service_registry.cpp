@@ -25,6 +25,7 @@ struct service_kind {
     std::string visitor;
 };
 
+// A visitor that implements none of these kinds receives nothing. A new kind of service needs a row.
 const std::array<service_kind, 6>& known_kinds() {
     static const std::array<service_kind, 6> kinds{{{"resave_service", "5"},
                                                     {"resave_entity_service", "1"},
@@ -58,6 +59,7 @@ void service_registry::add(wide_view id, const service_factory_pointer& factory,
 }
 
 void service_registry::ask(const std::shared_ptr<offer>& wanted) {
+    // Noted before the call, because a service that is being created may visit services itself.
     if (std::exchange(wanted->asked, true)) return;
     const identity_pointer service = call<&service_factory_impl::create>(wanted->factory, wanted->context);
     if (!service) return;
@@ -66,12 +68,14 @@ void service_registry::ask(const std::shared_ptr<offer>& wanted) {
 }
 
 void service_registry::start_clients() {
+    // A copy, because creating a service may register or remove factories.
     const auto offers = offers_;
     for (const auto& wanted : offers)
         if (wanted->id.empty()) ask(wanted);
 }
 
 void service_registry::visit_services(wide_view id, const identity_pointer& visitor) {
+    // The kinds that the visitor receives; it gets a service once for each of them.
     std::vector<std::pair<const service_kind*, interface_pointer>> wanted;
     for (const service_kind& kind : known_kinds())
         if (const auto speaks = query_name(visitor, kind.visitor.c_str())) wanted.emplace_back(&kind, speaks);
@@ -89,6 +93,7 @@ void service_registry::visit_services(wide_view id, const identity_pointer& visi
 void service_registry::release_services() { release_services_of(nullptr); }
 
 void service_registry::release_services_of(const bundle_context* context) {
+    // Taken out before the first release, because the end of a service may release others.
     const auto made = std::exchange(made_, {});
     const auto is_meant = [&](const auto& row) { return !context || row->context == *context; };
     std::ranges::remove_copy_if(made, std::back_inserter(made_), is_meant);

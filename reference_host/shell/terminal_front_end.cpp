@@ -32,6 +32,7 @@ wide_view prompt(bool with_cancel) {
 std::optional<answer> meaning_of(const std::string& line, bool with_cancel) {
     const wide_string word = platform::from_utf8(line);
     for (const reply& known : replies) {
+        // Without such a button the word is no answer, so the question is asked again.
         if (known.meaning == answer::cancel && !with_cancel) continue;
         for (const wide_view other : known.words)
             if (platform::compare_no_case(word, other) == 0) return known.meaning;
@@ -39,14 +40,16 @@ std::optional<answer> meaning_of(const std::string& line, bool with_cancel) {
     return std::nullopt;
 }
 
-// Returns the first characters of a line, at most as many as the screen has columns.
+// Returns the first characters of a line, at most as many as the screen has columns. Every character counts
+// as one column, which is right for the two languages of the host.
 std::string fitting(const std::string& line, unsigned columns) {
     wide_string text = platform::from_utf8(line);
     if (text.size() > columns) text.resize(columns);
     return platform::to_utf8(text);
 }
 
-// Such a character moves the cursor or starts a terminal command.
+// Such a character moves the cursor or starts a terminal command. Some terminals also react to the range from
+// 0x80 on.
 bool is_control(char16_t c) { return c < u' ' || (c >= 0x7f && c < 0xa0); }
 
 std::string in_columns(unsigned percent) {
@@ -65,6 +68,7 @@ std::string bar(unsigned percent) {
 std::string printable(wide_view text) {
     wide_string safe;
     for (const char16_t c : text) {
+        // Half of a line end of Windows; alone it would let a text overwrite its line.
         if (c == u'\r') continue;
         safe += is_control(c) && c != u'\n' && c != u'\t' ? u'\xfffd' : c;
     }
@@ -101,6 +105,7 @@ void terminal_front_end::error(wide_view text) {
     print(text);
     auto& refused = settings().read_error;
     if (refused) print(refused->text());
+    // Otherwise the next error, about something else, would show this reason again.
     refused.reset();
 }
 
@@ -154,12 +159,14 @@ void terminal_front_end::progress_opened(bool stoppable) {
 }
 
 void terminal_front_end::progress_shown(std::uint32_t current, std::uint32_t total) {
+    // A bundle may pass more steps than the total.
     percent_ = total == 0 ? 0 : static_cast<unsigned>(std::min(100.0, 100.0 * current / total));
     show_progress();
 }
 
 void terminal_front_end::progress_caption(wide_view text) {
     caption_ = printable(text);
+    // A bar of two lines could not be erased by returning to the start of its line.
     std::ranges::replace(caption_, '\n', ' ');
     show_progress();
 }
@@ -179,10 +186,12 @@ void terminal_front_end::show_progress() {
     std::string line = is_indeterminate_ ? caption_ : in_columns(percent) + " % " + caption_;
     const std::string amount = counts_bytes && !is_indeterminate_ ? "  " + transfer_.text() : "";
     if (is_watched && !is_indeterminate_) line = bar(percent) + line + amount;
+    // Where nobody watches, a line without a caption would only fill a log.
     const bool says_nothing = caption_.empty() && (is_indeterminate_ || counts_bytes || percent == 0);
     if (line == shown_ || (says_nothing && !is_watched)) return;
     shown_ = line;
     if (is_watched)
+        // One column less, since a terminal may begin a new line after the last column.
         terminal_.write("\r" + fitting(line, terminal_.width() - 1) + "\x1b[K");
     else
         terminal_.write(line + amount + "\n");

@@ -29,7 +29,8 @@ public:
     void expect_bytes(std::uint64_t total) override;
     void bytes_moved(std::uint64_t bytes) override;
 
-    // Also prints the host's reason if a file could not be read since the last error.
+    // Also prints the host's reason if a file could not be read since the last error. Printed even if
+    // `quiet`.
     void error(wide_view text) override;
     void warning(wide_view text) override;
     void message(wide_view text) override;
@@ -43,15 +44,22 @@ public:
     void progress_caption(wide_view text) override;
     void progress_indeterminate(bool on) override;
     void progress_closed() override;
+    // Ctrl-C counts only while a progress with a stop button is open; it then stays requested until the reset
+    // or the next progress.
     bool stop_requested() override;
     void stop_reset() override;
 
+    // Prints the text as a message; nothing shows the end of the wait.
     void wait_opened(wide_view text) override;
     void wait_closed() override {}
 
 private:
+    // Asks until the typed line is an answer, in either language of the host. Returns no at the end of the
+    // input.
     answer ask(wide_view question, bool with_cancel);
+    // Prints lines in place of the bar; the next step of the progress shows the bar again.
     void print(wide_view text);
+    // Writes the bar, or a line if nobody watches, but only if it differs from the last one.
     void show_progress();
     void erase_bar();
 

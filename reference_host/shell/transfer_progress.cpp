@@ -21,6 +21,7 @@ constexpr milliseconds first_estimate = 3s; // the pace is not reliable earlier
 constexpr milliseconds between_measurements = 500ms;
 constexpr milliseconds between_looks = 100ms;
 
+// The words before and after an estimate; each language puts them in another place.
 struct words {
     std::array<const char*, 5> units;
     const char *of, *before, *hours, *minutes, *seconds, *after;
@@ -42,6 +43,7 @@ std::string amounts(uint64_t done, uint64_t total) {
     std::array<char, 64> text{};
     std::snprintf(text.data(), text.size(), "%.*f%s%.*f %s", places, static_cast<double>(done) / scale, in.of,
                   places, static_cast<double>(total) / scale, in.units[unit]);
+    // The only point in the text, since no unit has one.
     std::ranges::replace(text, '.', in.decimal_point);
     return text.data();
 }
@@ -72,6 +74,7 @@ void transfer_progress::begin(uint64_t total) {
     done_ = measured_ = 0;
     pace_ = 0;
     begun_ = measured_at_ = now_();
+    // The first bytes are shown at once.
     shown_at_ = begun_ - between_looks;
 }
 
@@ -84,7 +87,7 @@ void transfer_progress::measure() {
     const milliseconds now = now_(), since = now - measured_at_;
     if (since < between_measurements) return;
     const double pace = static_cast<double>(done_ - measured_) / static_cast<double>(since.count());
-    // A longer interval gets a larger weight.
+    // A longer interval gets a larger weight: after five seconds the old pace counts for about a third.
     const double kept = pace_ > 0 ? std::exp(-static_cast<double>(since.count()) / 5000) : 0;
     pace_ = kept * pace_ + (1 - kept) * pace;
     measured_ = done_;
@@ -112,6 +115,7 @@ std::optional<seconds> transfer_progress::time_left() const {
 }
 
 std::string transfer_progress::text() const {
+    // Files that were not counted in advance must not show more than the total.
     std::string text = amounts(std::min(done_, total_), total_);
     if (const auto left = time_left()) text += "  " + estimate(*left);
     return text;

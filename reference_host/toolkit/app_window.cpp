@@ -16,6 +16,7 @@ class found_app final
     : public polymorphic<custom_app_service_visitor_impl, polymorphic<service_visitor_impl>> {
 public:
     void visit(custom_app_service service) override {
+        // The first service wins; the registry passes them in the order of registration.
         if (!held) held.assign(service);
     }
     ref<custom_app_service_impl> held;
@@ -31,7 +32,8 @@ public:
     ref<docker_impl> held;
 };
 
-// The window object that the content is opened in.
+// The window object that the content is opened in. It is counted, so a test notices content that keeps its
+// window.
 class frame final : public obj, private counted {};
 
 } // namespace
@@ -48,9 +50,12 @@ app_window::app_window(wide_view id) {
     content_ = handed.held;
     name_ = handed.name;
     frame_.assign(identity_of(*new frame));
+    // After the ref was taken, as tools expect.
     call<&docker_impl::set_parent>(content_.get(), frame_.get());
 }
 
+// Before the refs are released, so the tool can still close its project. Without an open tool the call does
+// nothing.
 app_window::~app_window() { call<&docker_impl::set_parent>(content_.get(), identity_pointer()); }
 
 element app_window::content() const { return cast_to<element_impl>(content_.get()); }

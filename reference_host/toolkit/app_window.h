@@ -10,9 +10,11 @@ namespace vestra::toolkit {
 
 class app_window final : public shown_window {
 public:
-    // Opens the tool with this id, which the bundles of the current registry are asked for.
+    // Opens the tool with this id, which the bundles of the current registry are asked for. If several offer
+    // it, the first one is used.
     explicit app_window(wide_view id);
-    // Closes the tool and releases everything that belongs to it.
+    // Closes the tool, which may then close its project, and releases everything that belongs to it. Must run
+    // before the bundle is unloaded.
     ~app_window() override;
     app_window(const app_window&) = delete;
     app_window& operator=(const app_window&) = delete;

@@ -26,6 +26,7 @@ dialog_connections::dialog_connections(dialog_runner_impl& runner)
                           identity_of(static_cast<modal_dialog_service_visitor_impl&>(*this)));
 }
 
+// A dialog holds its runner weakly, so it must not keep one that is about to be destroyed.
 dialog_connections::~dialog_connections() {
     for (const auto& service : services_) install(service.get(), {});
 }
@@ -52,6 +53,7 @@ const char* prompt(bool takes_path) {
 void add_words(std::string& out, const element_view& view) {
     if (!view.visible || view.kind == u"button_box") return;
     if (!view.caption.empty()) out += shell::printable(view.caption) + '\n';
+    // A single line that begins with a drive is a path, and is printed as the user would type it.
     const bool is_path = path_root(view.text).size() == 2 && view.text.find(u'\n') == wide_string::npos;
     if (!view.text.empty() && view.text != view.caption)
         out += (is_path ? shell::one_line(platform::from_utf8(platform::native_text(view.text)))
@@ -71,10 +73,13 @@ std::string words_of(const element_view& dialog) {
 std::int32_t terminal_dialog_runner::run(docker content) {
     const element root = cast_to<element_impl>(content);
     for (;;) {
+        // Read again each time: a refused path can have changed the texts.
         const element_view dialog = look_at(root);
+        // Without a field the dialog only shows a text, which `quiet` suppresses.
         if (quiet_ && !find(dialog, u"file_input")) return accepted;
         // The current line may hold a progress bar.
         terminal_.write("\n" + words_of(dialog));
+        // Printed even though nobody can answer, so that a log shows what was asked.
         if (!terminal_.asks()) return cancelled;
         terminal_.write(prompt(find(dialog, u"file_input") != nullptr));
         std::string line;
@@ -89,6 +94,7 @@ std::optional<std::int32_t> terminal_dialog_runner::obey(const element_view& dia
     if (line.empty()) {
         const element_view* box = find(dialog, u"button_box");
         if (!box || box->buttons.empty()) return accepted;
+        // The first button of a dialog accepts it. If it keeps the dialog open, it is shown again.
         const std::int32_t code = box->buttons.front().code;
         return press(*box, code) ? std::optional(code) : std::nullopt;
     }

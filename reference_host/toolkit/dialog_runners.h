@@ -32,6 +32,7 @@ private:
     void visit(vs::project_resave::modal_dialog_service_pointer service) override;
 
     const vs::project_resave::dialog_runner runner_;
+    // Weak, since a bundle may be unloaded before this object is destroyed.
     std::vector<vs::project_resave::weak_ref<vs::project_resave::modal_dialog_service_impl>> services_;
 };
 
@@ -64,10 +65,13 @@ public:
     explicit terminal_dialog_runner(vs::project_resave::platform::terminal& terminal, bool quiet = false)
         : terminal_(terminal), quiet_(quiet) {}
 
+    // Blocks until the dialog is closed. Returns the code of its first button if it is accepted, or 1 if it
+    // has no buttons or was not printed; 0 if it is cancelled. A dialog whose button does not close it is
+    // printed again.
     std::int32_t run(vs::project_resave::docker content) override;
 
 private:
-    // Returns the code that closes the dialog after this line; nothing if it stays open.
+    // Runs a typed line. Returns the code that closes the dialog after it; nothing if the dialog stays open.
     static std::optional<std::int32_t> obey(const element_view& dialog, const std::string& line);
 
     vs::project_resave::platform::terminal& terminal_;

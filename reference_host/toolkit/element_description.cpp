@@ -53,7 +53,8 @@ const std::map<std::string_view, const char*> russian_words{{"docker", "пане
                                                             {"highlighted", "выделено"},
                                                             {"collapsed", "свернуто"}};
 
-// Returns the length of the common start of all ids up to its last underscore.
+// Returns the length of the common start of all ids up to its last underscore, so that equal first letters of
+// the words after it stay.
 std::size_t common_start(const std::vector<element_view>& pages) {
     if (pages.empty()) return 0;
     wide_view common = pages.front().id;
@@ -62,7 +63,8 @@ std::size_t common_start(const std::vector<element_view>& pages) {
     return common.rfind(u'_') + 1; // 0 if there is none
 }
 
-// Names the elements of one page, without those of pages inside it.
+// Names the elements of one page, without those of pages inside it. Kinds are counted for each page, so an
+// element added to one page renames no other.
 class naming {
 public:
     explicit naming(std::string page) : page_(std::move(page)) {}
@@ -94,6 +96,7 @@ void collect(const element_view& view, const Wanted& is_wanted, std::vector<cons
     for (const element_view& child : view.children) collect(child, is_wanted, found);
 }
 
+// A number comes first: rows may have equal texts, or a text that is a number.
 const row_view* row_of(const std::vector<row_view>& rows, const std::string& word) {
     for (std::size_t index = 0; index < rows.size(); ++index)
         if (std::to_string(index + 1) == word) return &rows[index];
@@ -116,6 +119,7 @@ const char* sign_of(mark check) {
     }
 }
 
+// A text of one line follows on the same line; the lines of a longer one are printed below, each indented.
 void describe_text(std::string& out, const wide_string& text, const std::string& inner) {
     const std::string before_line = text.find(u'\n') == wide_string::npos ? " " : "\n" + inner;
     for (std::size_t begin = 0; begin < text.size();) {
@@ -175,6 +179,7 @@ std::vector<const element_view*> all_named(const element_view& root, const std::
     std::vector<const element_view*> found;
     collect(
         root, [&](const element_view& view) { return view.name == name && !name.empty(); }, found);
+    // A name is looked for first: it is the same in every language, unlike a caption.
     if (!found.empty()) return {found.front()};
     const wide_string caption = from_utf8(name);
     const auto bears_caption = [&](const element_view& view) {
@@ -185,6 +190,7 @@ std::vector<const element_view*> all_named(const element_view& root, const std::
 }
 
 const row_view* find_row(const element_view& root, const std::string& path, const element_view*& outline) {
+    // Names contain slashes as well, so the path can begin with the names of several outlines.
     std::vector<const element_view*> outlines;
     collect(
         root,

@@ -93,6 +93,7 @@ void add_child(element_view& view, const element& child) {
     if (child) view.children.push_back(look_at(child));
 }
 
+// An element without the interface gives a null pair here, for which every count is 0.
 void add_cells(element_view& view) {
     const auto grid = cast_to<grid_layout_impl>(view.live);
     const std::uint32_t rows = call<&grid_layout_impl::rows>(grid);
@@ -135,12 +136,14 @@ void add_pages(element_view& view) {
         element_view page = look_at(cast_to<element_impl>(content));
         page.id = told<&tab_layout_impl::page_id>(tabs, index);
         page.caption = told<&tab_layout_impl::page_title>(tabs, index);
+        // A page is disabled by itself or by its tab.
         page.enabled = page.enabled && call<&tab_layout_impl::page_enabled>(tabs, index);
         view.children.push_back(std::move(page));
     }
     view.current = call<&tab_layout_impl::active_page>(tabs);
 }
 
+// Asked at the moment of the event: the view may have been read before a change.
 bool is_enabled(const element_view& view) { return call<&element_impl::enabled>(view.live); }
 
 } // namespace
@@ -151,6 +154,7 @@ element_view look_at(const element& root) {
     view.kind = told<&element_impl::kind>(root);
     view.enabled = call<&element_impl::enabled>(root);
     view.visible = call<&element_impl::visible>(root);
+    // All of them, since an element can implement several interfaces; a frame, for example, is also a grid.
     for (const auto add :
          {&add_text, &add_figure, &add_field, &add_button, &add_check, &add_choices, &add_buttons, &add_frame,
           &add_cells, &add_parts, &add_docker, &add_pages, &add_outline, &add_toolbar, &add_tool})
@@ -197,9 +201,11 @@ bool choose(const element_view& list, std::uint32_t index) {
     if (!is_enabled(list)) return false;
     if (const auto dropdown = cast_to<dropdownex_impl>(list.live)) {
         call<&dropdownex_impl::row_chosen>(dropdown, index);
+        // The event has no result, so whether the row was accepted is read from the element.
         return call<&dropdownex_impl::current_row>(dropdown) == index;
     }
     const auto tabs = cast_to<tab_layout_impl>(list.live);
+    // On an element that has no pages both calls do nothing.
     call<&tab_layout_impl::page_chosen>(tabs, index);
     return tabs && call<&tab_layout_impl::active_page>(tabs) == index;
 }

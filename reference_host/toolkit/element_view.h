@@ -22,10 +22,12 @@ struct button_view {
     std::int32_t code;
 };
 
-// Members that a kind of element does not have stay empty or null.
+// One element with its values and everything inside it. Members that a kind of element does not have stay
+// empty or null.
 struct element_view {
     static constexpr std::uint32_t none = UINT32_MAX;
 
+    // The element itself, to which events are sent; borrowed from the bundle.
     vs::project_resave::element live;
     wide_string kind;
     wide_string id;   // of pages and tools: the same in every language
@@ -44,7 +46,7 @@ struct element_view {
     std::vector<element_view> children; // cells row by row; docker: main element, button box
 };
 
-// Reads the element and everything inside it.
+// Reads the element and everything inside it: all pages and all rows, also those that are not visible.
 element_view look_at(const vs::project_resave::element& root);
 
 // Returns the first element of this kind, parents before children; null if there is none.
@@ -52,12 +54,16 @@ const element_view* find(const element_view& root, wide_view kind);
 
 // Events of the user. They return false if the element does not support the event, is disabled, or if the
 // bundle rejects it. `enter_text` returns true if the text was accepted, `press` if the window closes.
+//
+// An event can run a whole operation of the bundle with its boxes before it returns, and can change other
+// elements.
 bool enter_text(const element_view& field, const wide_string& text);
 bool press(const element_view& box, std::int32_t code);
 bool click(const element_view& button);
-// A radio button can only be switched on.
+// Sets a check box or presses a radio button, which can only be switched on. Returns true if the event was
+// sent, even if the element was in this state before.
 bool set_check(const element_view& box, bool on);
-// Selects a row of a dropdown or a page.
+// Selects a row of a dropdown or a page. Returns true if it is the current one afterwards.
 bool choose(const element_view& list, std::uint32_t index);
 
 } // namespace vestra::toolkit

@@ -22,11 +22,13 @@ struct outline_tables {
 
 mark mark_of(const outline_checks& checks, outline_row* row) {
     if (!checks) return mark::none;
+    // Asked first: a mixed row is not checked either.
     if (call<&outline_checks_impl::mixed>(checks, row)) return mark::mixed;
     return call<&outline_checks_impl::checked>(checks, row) ? mark::on : mark::off;
 }
 
 std::vector<row_view> rows_below(const outline_tables& asked, outline_row* parent) {
+    // Collapsed rows are read, too: a script names them by their numbers.
     if (!call<&outline_impl::has_children>(asked.outline, parent)) return {};
     std::vector<row_view> rows(call<&outline_impl::child_count>(asked.outline, parent));
     for (std::uint32_t index = 0; index < rows.size(); ++index) {
@@ -97,6 +99,7 @@ bool check_row(const element_view& outline, const row_view& row, bool on) {
 bool highlight_row(const element_view& outline, const row_view& row, bool on) {
     const auto live = cast_to<outline_impl>(outline.live);
     if (!live || !is_enabled(outline)) return false;
+    // The calls of a window on a screen, in their order.
     call<&outline_impl::set_highlighted>(live, row.reference, on);
     if (!on) return true;
     call<&outline_impl::highlight_added>(live, row.reference, nullptr);

@@ -10,6 +10,7 @@
 
 namespace vestra::toolkit {
 
+// Declared in element_view.h, which includes this header.
 struct element_view;
 
 enum class mark { none, off, on, mixed };
@@ -26,7 +27,8 @@ struct row_view {
     std::vector<row_view> rows;
 };
 
-// Each adds the values of one interface; it does nothing if the element does not implement it.
+// Each adds the values of one interface; it does nothing if the element does not implement it. An outline is
+// read with all rows at any depth, so the cost is linear in their number.
 void add_outline(element_view& view); // caption, rows
 void add_toolbar(element_view& view); // its tools, as children
 void add_tool(element_view& view);    // id, caption, text (the hint)
@@ -36,8 +38,8 @@ void add_tool(element_view& view);    // id, caption, text (the hint)
 void describe_rows(std::string& out, const std::vector<row_view>& rows, const std::string& indent,
                    const std::string& path = {});
 
-// Events of the user. They return false if the outline does not support the event or is disabled.
-// Highlighting a row also makes it the current one.
+// Events of the user. They return false if the outline does not support the event or is disabled. The rows
+// must come from the last view of the outline. Highlighting a row also makes it the current one.
 bool check_row(const element_view& outline, const row_view& row, bool on);
 bool highlight_row(const element_view& outline, const row_view& row, bool on);
 bool click_tool(const element_view& tool);

@@ -5,16 +5,18 @@
 
 namespace vestra::toolkit {
 
-// Elements and rows are those of the last `look`. Each event returns the same as the function with its name
-// in element_view.h or outline_view.h. A window overrides them to send events in another way, such as by
-// mouse.
+// Elements and rows are those of the last `look`; an event can make them invalid, so look again before the
+// next one. Each event returns the same as the function with its name in element_view.h or outline_view.h. A
+// window overrides them to send events in another way, such as by mouse.
 class shown_window {
 public:
     virtual ~shown_window() = default;
 
-    // Returns the content with names; the tool's button box follows its children.
+    // Returns the content with names; the tool's button box follows its children. Reads everything anew each
+    // time.
     virtual element_view look() const = 0;
 
+    // Events of the user, as the elements' interfaces define them.
     virtual bool enter_text(const element_view& field, const wide_string& text) {
         return toolkit::enter_text(field, text);
     }

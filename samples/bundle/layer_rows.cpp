@@ -1,3 +1,4 @@
+// Reads the rows through the host's functions, which accept null everywhere; so missing rows need no checks.
 #include "layer_rows.h"
 
 #include "framework/border/string_adapter.h"

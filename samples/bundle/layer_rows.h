@@ -9,7 +9,8 @@ namespace sample {
 
 using vs::project_resave::wide_string;
 
-// Returns the rows that a layer has under this key; null if it has none. They belong to the layer.
+// Returns the rows that a layer has under this key; null if it has none. They belong to the layer and are
+// valid until its value is changed.
 vs_tuple* rows_of(vs_lr* layer, const char* key);
 
 // Returns a text of a row; empty if there is none.

@@ -25,6 +25,7 @@ class notes_service final : public referent<resave_service_impl> {
 public:
     explicit notes_service(const bundle_context&) {}
 
+    // Makes the stored paths of the loaded project absolute; saving an item makes its path relative again.
     void set_project(vs_prj* loaded) override;
     void caption(string_visitor visitor) override { tell(visitor, u"field_notes"); }
     void progress_caption(string_visitor visitor) override { tell(visitor, u"Field notes are being saved"); }
@@ -36,8 +37,11 @@ public:
     void item_files(uint32_t index, vs_wstrings* files) override;
     void default_folder(string_visitor visitor) override { tell(visitor, u"notes"); }
     void item_source(uint32_t index, string_visitor visitor) override;
+    // Stores the new place of the main file, relative to the layer's file.
     void set_item_source(uint32_t index, const char16_t* path) override;
+    // Reads the notes again; indexes are those of this call until the next one.
     uint32_t item_count() override;
+    // Empties the note's row in its layer; later items move down by one.
     void remove_item(uint32_t index) override;
 
 private:

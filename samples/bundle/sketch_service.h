@@ -17,10 +17,12 @@ public:
 
     uint32_t meta_id_count() override { return 1; }
     void meta_id(uint32_t, string_visitor visitor) override { tell(visitor, u"sample_sketch_lr2d"); }
+    // Asked before every claim with a higher number.
     int32_t priority() override { return 0; }
     bool accepts(vs_entity* entity) override;
     uint32_t reference_count(vs_entity* entity) override;
     void reference_uuid(vs_entity* entity, uint32_t index, vs_uuid* uuid) override;
+    // Only the drawing has a path in the layer; copy_files and all_files add its legend.
     uint32_t file_count(vs_entity*) override { return 1; }
     void file_info(vs_entity* entity, uint32_t index, string_visitor source, string_visitor folder) override;
     void set_file(vs_entity* entity, uint32_t index, const char16_t* new_path) override;

@@ -6,7 +6,7 @@
 
 namespace vs::project_resave {
 
-// The collection of all layouts, a root of the tree.
+// The collection of all layouts, a root of the tree. Every layout has a unit.
 class Tvs_resave_scns_layout final : public Tvs_resave_list {
 public:
     // The collection belongs to the project.
@@ -24,7 +24,7 @@ private:
 };
 
 // One layout. Its list has one more child than the layout has layers: the last one is the page, or null if
-// there is no page.
+// there is no page. So an index of the list is that of a layer, except for the last one.
 class Tvs_resave_scn_layout final : public Tvs_resave_list {
 public:
     // The layout belongs to the project.
@@ -40,7 +40,8 @@ public:
     void remove_child(uint32_t index) override;
 
 private:
-    // Returns the unit of a layer; null for a layer without one.
+    // Returns the unit of a layer; null for a layer without one. A layer without a unit stays in the layout
+    // as it is.
     std::unique_ptr<Tvs_resave_unit> make_unit(vs_lr* layer);
     // Returns the unit of a legend's scene; null if the legend has none.
     std::unique_ptr<Tvs_resave_unit> make_legend(vs_lr* layer);
@@ -57,19 +58,22 @@ public:
 
     bool write_scene_file() override { return true; }
     bool check_path_case(bool*) override { return true; }
+    // So a part makes no steps either, whether it is saved or skipped.
     uint32_t count_units(uint32_t&) override { return 0; }
     void skip_progress() override {}
     void collect_common_directory(common_directory&) override {}
     vs_entity* entity() override;
     void set_selected(bool on) override;
     uint32_t selection_state() override;
+    // Nothing to build: a part has no file that is copied.
     void build() override {}
 
 protected:
     vs_lr* const layer;
 };
 
-// A frame of a layout, which shows a scene of the project.
+// A frame of a layout, which shows a scene of the project. It refers to the scene itself, so a save has
+// nothing to write back.
 class Tvs_resave_scene_frame final : public Tvs_resave_layout_part {
 public:
     using Tvs_resave_layout_part::Tvs_resave_layout_part;
@@ -81,7 +85,7 @@ public:
     bool do_save() override { return true; }
 
 private:
-    // Selects one element; returns true if that changed the selection.
+    // Selects one element; returns true if that changed the selection. An element without a uuid is skipped.
     bool select_shown(vs_entity* shown);
 };
 
@@ -90,8 +94,9 @@ class Tvs_resave_layout_page final : public Tvs_resave_layout_part {
 public:
     using Tvs_resave_layout_part::Tvs_resave_layout_part;
 
+    // Writes nothing: the page has no line.
     bool write_structure() override { return true; }
-    // Changes only the text of the reference; copies nothing.
+    // Changes only the text of the reference to where a copy would be; copies nothing.
     bool do_save() override;
 };
 

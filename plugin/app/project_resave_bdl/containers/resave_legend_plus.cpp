@@ -1,3 +1,5 @@
+// Saves the content of legends. Their layers are ordinary ones in another folder, but only a few types are
+// known here.
 #include "containers/resave_legend_plus.h"
 
 #include <string_view>

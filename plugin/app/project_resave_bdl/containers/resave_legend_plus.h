@@ -9,7 +9,8 @@
 
 namespace vs::project_resave {
 
-// The scene of one legend, with a unit for each of its layers.
+// The scene of one legend, with a unit for each of its layers. A layer that is left out stays in the legend,
+// with its old reference.
 class Tvs_resave_legend_plus final : public Tvs_resave_list {
 public:
     // The scene belongs to the legend layer. `layout` is the caption of the layout.
@@ -20,13 +21,14 @@ public:
     void build() override;
     vs_entities* container() override;
     wide_string heading() override;
-    // True if the options ask for the content of legends.
+    // True if the options ask for the content of legends; the heading is written in any case.
     bool has_structure_content() override;
     // Removes nothing: a legend keeps its layers.
     void remove_child(uint32_t) override {}
 
 private:
-    // Returns the unit of a layer; null for a type that legends do not support.
+    // Returns the unit of a layer; null for a type that legends do not support, which is reported and whose
+    // file is protected.
     std::unique_ptr<Tvs_resave_unit> make_unit(vs_lr* layer);
 
     vs_scn_2d* const scene_;
@@ -45,6 +47,7 @@ public:
                             run_state& run)
         : Base(handle, run), legend_folder_(legend_folder_for(layout, legend)) {}
 
+    // The folder for legends instead of the one for the type of data.
     wide_string default_folder() override { return legend_folder_; }
 
 private:
@@ -55,6 +58,7 @@ private:
 class Tvs_resave_shp_2d_legend_plus final : public Tvs_resave_legend_layer<Tvs_resave_shp_lr2d> {
 public:
     using Tvs_resave_legend_layer::Tvs_resave_legend_layer;
+    // Asks the option for legends instead of the one for tables.
     bool write_dbf_columns() override;
 };
 // The other kinds of layers in legends: rasters, TOS files and tiles.

@@ -74,6 +74,7 @@ void Tvs_resave_scene_2d::build() {
 
 bool Tvs_resave_scene_2d::is_child_selected(uint32_t index) {
     const bool selected = Tvs_resave_list::is_child_selected(index);
+    // Every operation over the tree asks, so this can be set long before the save.
     if (!selected) had_unselected_layer_ = true;
     return selected;
 }

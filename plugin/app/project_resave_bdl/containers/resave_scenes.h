@@ -16,23 +16,25 @@ public:
     void collect_common_directory(common_directory& common) override;
     // Begins the scene in the placement.
     void before_save() override;
-    // Ends it.
+    // Ends it, also if the save was stopped.
     void after_save(bool ok) override;
     // True if the options ask for the names of layers.
     bool has_structure_content() override;
 
-    // True if joins of this scene's tables were removed since its save began.
+    // True if joins of this scene's tables were removed since its save began. A scene file written now would
+    // lack them.
     bool lacks_joins() const;
 
 protected:
     // Remembers how many joins are removed now, for lacks_joins().
     void note_joins();
 
-    // The common directory of this scene's files alone.
+    // The common directory of this scene's files only; used with a folder for each scene.
     common_directory scene_directory;
 
 private:
-    // Returns the wanted name of the scene's folder, relative to the new project's.
+    // Returns the wanted name of the scene's folder, relative to the new project's. The placement makes it
+    // unique and keeps it inside the new project.
     wide_string folder_name();
 
     size_t joins_before_ = 0; // number of removed joins when the save of this scene began
@@ -51,7 +53,7 @@ public:
     // options ask for it.
     void after_children() override;
     vs_entities* container() override;
-    // Also records that a layer was left out.
+    // Also records that a layer was left out, by any operation that asks.
     bool is_child_selected(uint32_t index) override;
     wide_string heading() override;
     void remove_child(uint32_t index) override;
@@ -62,11 +64,11 @@ private:
     bool refuse(const wide_string& path);
 
     vs_scn_2d* const scene_;
+    // Whether groups may have become empty by this run.
     bool had_unselected_layer_ = false; // never reset
 };
 
-// A scene that a map layer shows. It is saved as a part of the map layer, without a folder or a file of its
-// own.
+// A scene that a map layer shows. It is saved as a part of the map layer, without a separate folder or file.
 class Tvs_resave_scene_2d_map final : public Tvs_resave_scene_2d {
 public:
     using Tvs_resave_scene_2d::Tvs_resave_scene_2d;
@@ -85,7 +87,8 @@ public:
     // NOLINTEND(bugprone-parent-virtual-call)
 };
 
-// A 3D scene of the project.
+// A 3D scene of the project. Unlike a 2D scene it keeps groups that became empty, and is not written by the
+// run for scene files.
 class Tvs_resave_scene_3d final : public Tvs_resave_scene {
 public:
     // The scene belongs to the project.
@@ -103,7 +106,8 @@ private:
     vs_scn_3d* const scene_;
 };
 
-// The collections of all 2D and of all 3D scenes. Every member has a unit.
+// The collections of all 2D and of all 3D scenes. Every member has a unit, so an index of a member is that of
+// its unit.
 class Tvs_resave_scenes_2d final : public Tvs_resave_list {
 public:
     // The collection belongs to the project.

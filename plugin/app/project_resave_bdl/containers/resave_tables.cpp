@@ -33,7 +33,7 @@ void Tvs_resave_wells_data::build() {
     children.resize(count);
     for (uint32_t index = 0; index < count; ++index) {
         vs_entity* entity = vs_entities_safe_upcast(vs_scn_safe_upcast(vs_scns_2d_get(sheets_, index)));
-        // Sheets are elements of their own, which a bundle can claim.
+        // Sheets are elements, too, so a bundle can claim one.
         std::unique_ptr<Tvs_resave_unit> unit = make_claimed_unit(*context, entity);
         if (!unit) unit = std::make_unique<Tvs_resave_well_data>(vs_scns_2d_get(sheets_, index), *context);
         place(index, std::move(unit));
@@ -66,6 +66,7 @@ void Tvs_resave_attr::collect_common_directory(common_directory& common) {
     common.add_path(source_path());
     // The joined tables count as well, although they are copied only when the joins are restored.
     const int32_t joins = vs_attr_data_get_join_count(table_);
+    // Before the run removes the joins from the table.
     for (int32_t index = 0; index < joins; ++index)
         common.add_path(host_string(&vs_attr_data_get_join_other_source, table_, index));
 }
@@ -75,7 +76,7 @@ bool Tvs_resave_attr::write_structure() {
     context->log.write_indented(
         with_path(*context, host_string(&vs_attr_data_get_wcaption, table_), source_path()));
     context->log.indent();
-    // Kept as users know it: the columns appear whatever the options say.
+    // Kept as users know it: the columns appear regardless of the options.
     write_attr_fields(*context, table_);
     context->log.unindent();
     return true;

@@ -22,8 +22,9 @@ class bundle_impl : public interface_of<bundle_impl> {
 public:
     static constexpr const char* name = "vs_bundle_interface_1";
     static constexpr bool rooted_in_identity = true;
-    // Registers every factory of this library with the context, in the order of their construction. The
-    // context belongs to the host and is valid until the library is unloaded; null registers nothing.
+    // Registers every factory of this library with the context, in the order of their construction. Creates
+    // no service: that happens when the host first asks a factory. The context belongs to the host and is
+    // valid until the library is unloaded; null registers nothing.
     virtual void start(bundle_context context) = 0;
     virtual void reserved_2() {}
     virtual void reserved_3() {}
@@ -37,6 +38,7 @@ protected:
 };
 using bundle = interface_to<bundle_impl>;
 
+// The table of the bundle object, built without a provider class, since `instance` is the host's.
 namespace bundle_table {
 
 using border::entry;
@@ -73,7 +75,8 @@ const void* build(operation_list<&bundle_impl::start, Reserved...>) {
 
 } // namespace bundle_table
 
-// Implements the exported function.
+// Implements the exported function. Allocates nothing and keeps no state, so it may be called again; each
+// call returns the same table.
 inline void hand_out_bundle(vs_interface_pointer* out, void* instance) {
     *out = {bundle_table::build(bundle_impl::operations{}), instance};
 }

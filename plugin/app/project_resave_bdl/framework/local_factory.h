@@ -8,7 +8,7 @@
 namespace vs::project_resave {
 
 // The library's own client of the host's localizer: it keeps the localizer that provides texts and pictures.
-// It is a static object.
+// It is a static object. Without a localizer, texts and pictures come from the library's own resources.
 class local_factory_impl final
     : public polymorphic<localizer_client_impl,
                          polymorphic<localizer_service_visitor_impl, polymorphic<service_visitor_impl>>>,
@@ -18,6 +18,7 @@ public:
     local_factory_impl();
     ~local_factory_impl() override;
 
+    // Answers for both bases: the client's interfaces and that of the factory.
     void query(const char* asked, const void** table, void** instance) override;
     void identity(interface_pointer& out) override { custom_client_factory_impl::identity(out); }
 
@@ -38,7 +39,8 @@ private:
     weak_ref<localizer_service_impl> service_; // the host's service outlives its bundles, or notifies them
 };
 
-// Looks for the localizer service again: it may have been added since the library was registered.
+// Looks for the localizer service again: it may have been added since the library was registered. Call before
+// texts are looked up for good, as by the panel. Does nothing without a static client.
 void look_for_localizer();
 
 } // namespace vs::project_resave

@@ -1,5 +1,5 @@
-// Saves map layers. The scene behind the layer is loaded when the tree is built, so that its layers can be
-// selected and counted like any others.
+// Saves map layers. The scene that the layer shows is loaded when the tree is built, so that its layers can
+// be selected and counted like any others.
 
 #include "layers/resave_map_layers.h"
 

@@ -18,6 +18,7 @@ namespace vs::project_resave {
 
 namespace {
 
+// Services registered under this id or under no id take part.
 constexpr const char16_t* group = u"vestra/resave_project";
 
 class resave_service_visitor final
@@ -67,6 +68,7 @@ std::unique_ptr<Tvs_resave_unit> make_layer_unit(run_state& context, vs_entity* 
 
 constexpr int32_t priority_without_service = 1;
 
+// As narrow text, since the host's meta identifiers are narrow.
 std::string meta_id_of(const resave_entity_service& service, uint32_t index) {
     std::string meta_id;
     stdstring_visitor visitor(meta_id);
@@ -120,6 +122,7 @@ void entity_factory::build_table() {
 std::unique_ptr<Tvs_resave_unit> entity_factory::make(run_state& context, vs_entity* entity) {
     if (!initialised_) build_table();
     const char* meta_id = vs_entity_get_meta_id(entity);
+    // The host's texts can be null.
     const auto row = by_meta_id_.find(meta_id ? meta_id : "");
     if (row == by_meta_id_.end()) return nullptr;
     // In order of priority, then of insertion.

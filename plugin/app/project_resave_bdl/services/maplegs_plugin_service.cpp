@@ -1,3 +1,5 @@
+// Layers of drawn graphics, and map legends as items of a service. Legends have no files, so they are only
+// selected and removed.
 #include "services/maplegs_plugin_service.h"
 
 #include "core/copying.h"
@@ -19,6 +21,7 @@ void maplegs_plugin_service::set_project(vs_prj* project) {
     legends_ = project ? vs_prj_get_maplegs_ptr(project) : nullptr;
 }
 
+// The name in logs, the same in every language.
 void maplegs_plugin_service::caption(string_visitor visitor) { tell(visitor, u"mapleg_plugin"); }
 void maplegs_plugin_service::progress_caption(string_visitor visitor) {
     tell(visitor, load_string(text::map_legend_resave));

@@ -47,6 +47,7 @@ void resave_entity_plugin::collect_references() {
     const uint32_t count =
         believed(count_from<&resave_entity_service_impl::reference_count>(service_.get(), entity_));
     for (uint32_t index = 0; index < count; ++index) {
+        // A new one for each call: a service that sets nothing must not return the last one.
         owned_uuid uuid(vs_uuid_create());
         call<&resave_entity_service_impl::reference_uuid>(service_.get(), entity_, index, uuid.get());
         if (vs_uuid_has_value(uuid.get())) references_.push_back(std::move(uuid));
@@ -64,6 +65,7 @@ void resave_entity_plugin::collect_rows() {
     }
 }
 
+// Asked again, since the paths may have changed since the unit was built.
 std::vector<wide_string> resave_entity_plugin::named_files() {
     collect_rows();
     std::vector<wide_string> paths;

@@ -58,6 +58,7 @@ void resave_plugin_list::collect_common_directory(common_directory& common) {
 
 bool resave_plugin_list::is_item_selected(uint32_t index) const {
     const wide_string uuid = uuid_to_text(call<&resave_service_impl::item_uuid>(service_.get(), index));
+    // An item without a uuid has no row to uncheck.
     return uuid.empty() || context->selection.is_selected(uuid);
 }
 
@@ -88,6 +89,7 @@ void resave_plugin_list::log_end() { context->log.service_end(caption()); }
 bool resave_plugin_list::do_save() {
     context->log.service_begin(caption());
     context->progress.set_caption(text_from<&resave_service_impl::progress_caption>(service_.get()));
+    // Asked again: the items may be others than when the tree was built.
     const std::optional<uint32_t> count = count_from<&resave_service_impl::item_count>(service_.get());
     if (!count) record_copy_failure(*context, {{}, {}, impossible_count}, caption());
     // Backwards, so that removing an item does not move those that are still to be saved.
@@ -139,6 +141,7 @@ void resave_plugin_list::copy_item_files(uint32_t index, const wide_string& sour
         // Another element may have brought the file already.
         if (context->placement.is_placed(file)) continue;
         wide_string copy = path_join(target_head, path_relative(source_head, file));
+        // The main file got its case from the placement; the others must match it.
         if (context->options.lower_case) platform::lower_in_place(copy);
         if (const auto failed = copy_item_file(file, copy))
             record_copy_failure(*context, *failed, file);

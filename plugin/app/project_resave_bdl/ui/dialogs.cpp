@@ -64,6 +64,7 @@ unique_name_answer show_unique_name_dialog(const wide_string& source, const wide
     if (!service) return {};
     unique_name_dialog shown(source, proposed);
     dialog_docker content(unique_name_dialog::title, shown);
+    // A dialog without a runner counts as cancelled, too.
     if (service->own_dialog.run(content) == 0) return {};
     return {true, shown.free_path()};
 }

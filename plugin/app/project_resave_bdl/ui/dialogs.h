@@ -11,7 +11,8 @@
 
 namespace vs::project_resave::detail {
 
-// Shows a report that is too long for a message box.
+// Shows a report that is too long for a message box. The host finds the dialog by the name in `id`; `title`
+// is the row of its title.
 class extended_message_dialog {
 public:
     struct id {
@@ -19,9 +20,10 @@ public:
     };
     static constexpr int32_t title = text::warning_title;
 
-    // `message` is shown in a field that scrolls.
+    // `message` is shown in a field that scrolls; its lines end with line feeds.
     explicit extended_message_dialog(const wide_string& message);
 
+    // Public, since the function that shows the dialog puts its parts into a docker.
     toolkit::label heading;
     toolkit::button_box buttons; // only OK, which closes the dialog
     toolkit::multiline_output text;
@@ -36,7 +38,8 @@ namespace vs::dialog {
 
 namespace toolkit = project_resave::toolkit;
 
-// The explanation, the source, and a field with the proposed path.
+// The explanation, the source, and a field with the proposed path. The host adds its own OK and cancel
+// buttons.
 class unique_name_dialog final : public toolkit::groupbox {
 public:
     struct id {
@@ -73,7 +76,8 @@ namespace vs::project_resave {
 // normalised, and did not exist when the dialog was closed; it is empty if the user entered none.
 unique_name_answer show_unique_name_dialog(const wide_string& source, const wide_string& proposed);
 
-// Shows the whole text in a field that scrolls.
+// Shows the whole text in a field that scrolls. Nothing is shown, and nobody learns of it, if the host has no
+// runner.
 void show_extended_message_dialog(const wide_string& text);
 
 // The factories of the bundle's modal dialogs have an empty id. Their static objects are defined in

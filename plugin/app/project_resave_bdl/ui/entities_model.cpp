@@ -69,6 +69,7 @@ void entities_model::fill(vs_prj* project) {
         flat_view& flat = *flat_of(view);
         fill_flat(collection, flat.root, flat.changed);
     };
+    // Rows are created as checked, and the register begins empty, so both agree without a change.
     fill_scenes_2d(project, model_2d_);
     fill_scenes_3d(project, model_3d_);
     fill_view(views::dbf_tables, vs_attrs_data_safe_upcast(vs_prj_get_attrs_data_ptr(project)));
@@ -112,6 +113,7 @@ void entities_model::untick(const std::unordered_set<wide_string>& uuids) {
             if (uuids.contains(leaf->uuid)) leaf->set_checked(false);
     };
     const auto untick_scenes = [&untick_in](select_2part_model& scenes, uint32_t part) {
+        // The trees of layers are visited once, together with the scenes.
         if (part != top_part) return;
         untick_in(*scenes.root(top_part));
         for (const auto& [uuid, tree] : scenes.bottoms()) untick_in(*tree);
@@ -122,6 +124,9 @@ void entities_model::untick(const std::unordered_set<wide_string>& uuids) {
 void entities_model::change(uint32_t view, const part_change& change_part, const tree_change& change_tree) {
     if (view == views::everything) {
         for (select_2part_model* scenes : {&model_2d_, &model_3d_}) {
+            // The top part includes the layers of all scenes. The bottom part, which comes first, changes
+            // those of the current scene as well, so an inversion would be undone for them; no tool inverts
+            // everything.
             change_part(*scenes, bottom_part);
             change_part(*scenes, top_part);
         }
@@ -161,6 +166,7 @@ layer_icons* entities_model::icons(uint32_t view) {
 }
 
 bool entities_model::is_view_empty(uint32_t tab_index) {
+    // 0 and 1 are the 2D scenes with their layers, 2 and 3 the 3D scenes; the list of scenes decides.
     if (tab_index < 4) return (tab_index < 2 ? model_2d_ : model_3d_).root(top_part)->is_empty();
     const flat_view* const flat = flat_of(tab_index + 1);
     return !flat || flat->root.is_empty();

@@ -59,7 +59,8 @@ public:
     void set_current_item(uint32_t view, const select_tree_item* item);
 
     // Return the tree and the event of a view; null for `everything`, and no tree for layers while there is
-    // no current scene.
+    // no current scene. A tree of layers is valid until the model is cleared or its scene is read again; the
+    // others and the events as long as the model.
     select_tree_node* root(uint32_t view);
     event* changed_event(uint32_t view);
     // Returns the icons of a view of layers; null for other views.
@@ -76,7 +77,8 @@ public:
 
 private:
     static constexpr uint32_t view_count = 10;
-    // A view with one tree: tables, layouts, sheets and items of services.
+    // A view with one tree: tables, layouts, sheets and items of services. `told` is the register that its
+    // leaves change.
     struct flat_view {
         flat_view(selection_register& told, text::row caption);
         select_tree_node root;
@@ -105,6 +107,7 @@ private:
     select_2part_model_bottom_icon model_2d_;
     select_2part_model_bottom_icon model_3d_;
     std::array<flat_view, 6> flat_views_; // views 5 to 10
+    // By view - 1.
     std::array<bool, view_count> enabled_;
 };
 

@@ -35,6 +35,7 @@ void click_mark(entities_model& model, uint32_t view, select_tree_item* item, bo
         vs_show_werror(u" error_select_1");
         return;
     }
+    // Only the clicked row decides: rows that are highlighted elsewhere do not count if it is not.
     const bool all_highlighted = item->highlighted();
     if (all_highlighted) {
         item = model.root(view);
@@ -99,6 +100,7 @@ void entities_outline::highlight_added(outline_row* row, outline_row* second) {
 
 uint32_t entities_outline::image_count() {
     layer_icons* const icons = model_.icons(view_);
+    // One picture of width 0, which `image` passes below.
     return icons ? icons->count() : 1;
 }
 
@@ -125,6 +127,7 @@ entities_toolbar::entities_toolbar(entities_model& model, uint32_t view)
                [&model, view] { model.reset(view); }) {
     add(select_);
     add(unselect_);
+    // Everything together cannot be inverted; see entities_model::change.
     if (view != views::everything) add(invert_);
     if (view >= views::layers_2d && view <= views::scenes_3d) add(visible_);
     if (event* changed = model.changed_event(view))
@@ -132,6 +135,7 @@ entities_toolbar::entities_toolbar(entities_model& model, uint32_t view)
 }
 
 void entities_toolbar::enable_tools(bool on) {
+    // Also tools that this view does not show; that has no effect.
     for (common_tool* each : {&visible_, &unselect_, &select_, &invert_}) each->set_enabled(on);
 }
 

@@ -11,6 +11,7 @@ namespace vs::project_resave {
 void recorded_run::pass_to(const run_record_visitor& visitor) const {
     using told = run_record_visitor_impl;
     call<&told::visit_paths>(visitor, source.c_str(), target.c_str(), kilobytes);
+    // By name, so that a new setting does not change the table.
     const std::pair<const char*, uint32_t> choices[] = {
         {"structure", settings.structure_variant},        {"rename", settings.rename_on_conflict},
         {"delete_lost", settings.delete_lost_sources},    {"scene_files", settings.save_scene_files},
@@ -25,6 +26,7 @@ void recorded_run::pass_to(const run_record_visitor& visitor) const {
     for (const fact& each : facts) {
         call<&told::visit_fact>(visitor, static_cast<uint32_t>(each.kind), each.path.c_str(),
                                 each.new_path.c_str(), each.reason.c_str());
+        // Always in a pair with the call before; the visitor relies on that.
         call<&told::visit_element>(visitor, each.element.uuid.c_str(), each.element.caption.c_str(),
                                    each.element.list.c_str(), each.subject.c_str());
     }
@@ -53,6 +55,7 @@ void recording_questions::show_report(const run_report& report) {
             settings.delete_lost_sources = run->options.delete_lost_sources;
             settings.save_scene_files = run->options.save_scene_files;
             settings.save_layer_files = run->options.save_layer_files;
+            // The log object keeps the path of the last log, which may be that of an earlier run.
             settings.write_log = run->log.path() == run->placement.log_path;
             settings.consider_project_file = run->options.consider_project_file;
             settings.lower_case = run->options.lower_case;

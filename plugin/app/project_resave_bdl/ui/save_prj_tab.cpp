@@ -1,4 +1,4 @@
-// The controls of the tab that resaves, and the settings that they stand for.
+// The controls of the tab that resaves, and the settings that they represent.
 
 #include "ui/save_prj_tab.h"
 
@@ -44,6 +44,8 @@ save_prj_tab::save_prj_tab(const wide_string& source_path, wide_string& new_path
 }
 
 void save_prj_tab::lay_out() {
+    // The order on the screen is not that of the numbers, since the option of the common top folder is below
+    // its button.
     structure_box_.place_over(0, 0, 2, variant_buttons_[by_type]);
     structure_box_.place_over(1, 0, 2, variant_buttons_[from_project_folder]);
     structure_box_.place_over(2, 0, 2, variant_buttons_[from_common_top]);

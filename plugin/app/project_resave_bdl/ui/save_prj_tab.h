@@ -16,6 +16,8 @@ namespace vs::project_resave {
 // Warns the user that a project cannot be resaved under its own name.
 void warn_same_name();
 
+// The options are read when a run starts, so changing them during a run has no effect on it. Only `take_path`
+// talks to the user.
 class save_prj_tab final : public toolkit::docker_base {
 public:
     // Both texts belong to the panel: the path of the loaded project, and the new path that the user enters
@@ -32,7 +34,7 @@ public:
     // Returns the structure whose button is checked.
     structure structure_variant() const;
     // Called after each change of a radio button: twice when the user presses one, since another is
-    // unchecked.
+    // unchecked. The structure is already the new one in the second call only.
     void set_on_structure_variant_changed(std::function<void()> handler) { changed_ = std::move(handler); }
     // True if a load is to write its log.
     bool open_log_checked() const { return load_log_.checked(); }
@@ -46,14 +48,17 @@ private:
     // Places all controls.
     void lay_out();
 
+    // Of the panel, which outlives its tabs.
     const wide_string& source_path_;
     wide_string& new_path_;
     std::function<void()> changed_;
     toolkit::label path_label_;
     toolkit::file_input path_;
+    // Before its buttons, which it must outlive.
     toolkit::radio_group variants_;
     variant_buttons variant_buttons_;
     toolkit::label indent_; // never visible: keeps space before the next check box
+    // Whether the source project counts in the common top folder; only for that structure.
     toolkit::checkbox use_project_file_;
     toolkit::groupbox_span structure_box_;
     toolkit::checkbox rename_;
@@ -61,6 +66,7 @@ private:
     toolkit::checkbox scene_files_;
     toolkit::checkbox layer_files_;
     toolkit::checkbox resave_log_;
+    // For loads, not for runs; read by the panel when it loads a project.
     toolkit::checkbox load_log_;
     toolkit::checkbox lower_case_;
     toolkit::groupbox options_box_;

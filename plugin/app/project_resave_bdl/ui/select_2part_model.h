@@ -85,11 +85,12 @@ private:
     select_tree_node top_root_;
     event top_changed_;
     trees bottoms_; // by the scene's uuid
+    // The uuid of the scene whose layers are shown; it may name none.
     wide_string current_;
     event bottom_changed_;
 };
 
-// The same with pictures for the rows of layers.
+// The same with pictures for the rows of layers. The pictures are loaded when a host first asks for one.
 class select_2part_model_bottom_icon final : public select_2part_model {
 public:
     select_2part_model_bottom_icon(selection_register& told, text::row caption, wide_string scene_kind)

@@ -47,6 +47,8 @@ select_element::select_element(project_context& owner)
     group_.place(1, 0, tabs_);
     group_.set_spare_row(1);
     outer_.place(0, 0, group_);
+    // Last, since the label must exist. The register outlives this element, so the destructor ends the
+    // connection.
     sizes_.set_on_changed([this] { update_size_label(); });
 }
 
@@ -71,6 +73,7 @@ void select_element::add_pages() {
     };
     for (size_t index = 0; index < pages_.size(); ++index) {
         const page_row& row = rows[index];
+        // Ids belong to programs and never change; titles follow the language.
         const wide_string title = load_string(row.title);
         if (row.layers_view)
             pages_[index] = std::make_unique<scene_tab>(model, row.view, row.layers_view, title);

@@ -19,9 +19,12 @@ public:
     select_tree_node(selection_register& told, wide_string own_caption, select_tree_node* above = nullptr)
         : select_tree_item(told, above, std::move(own_caption)) {}
 
+    // Operations on a node go to everything below it at any depth; their cost is linear in the number of
+    // rows.
     void set_highlighted_deep(bool on) override;
     void set_expanded(bool on) override { expanded_ = on; }
     bool expanded() const override { return expanded_; }
+    // From the summary: constant time until something below changes.
     bool valid() const override { return summed().valid; }
     uint32_t child_count() const override { return static_cast<uint32_t>(children_.size()); }
     select_tree_item* child_at(uint32_t index) const override;
@@ -33,9 +36,10 @@ public:
     bool contains_leaf() const override { return summed().contains_leaf; }
     void collect_leaves(std::vector<select_tree_leaf*>& found, bool only_highlighted) override;
 
-    // Destroys all children. Fires nothing.
+    // Destroys all children, so all rows below become invalid. Fires nothing, and leaves the register as it
+    // is.
     void clear_children();
-    // Append a child and return it.
+    // Append a child and return it. A pointer to a child is valid until the parent is cleared or destroyed.
     select_tree_node& add_node(const wide_string& caption);
     // Adds nothing and returns null for an empty uuid.
     select_tree_leaf* add_leaf(const wide_string& uuid, const wide_string& caption, bool valid,
@@ -51,12 +55,13 @@ private:
         bool valid = true;
         uint32_t check_state = vs_state_false;
     };
-    // Returns the cached summary, computing it if necessary.
+    // Returns the cached summary, computing it if necessary. Afterwards all nodes below have one, too.
     const summary& summed() const;
     // Also clears the summaries of the nodes above. If a node has no summary, those above it have none
     // either.
     void forget_summary() const;
 
+    // State of the outline only; a run never reads it.
     bool expanded_ = true;
     std::vector<std::unique_ptr<select_tree_item>> children_;
     // The positions of the nodes, and of the leaves among them; for equal uuids the first leaf.
@@ -65,7 +70,8 @@ private:
     mutable std::optional<summary> summary_;
 };
 
-// A row for one element; checked when it is created.
+// A row for one element; checked when it is created. Two rows can represent the same element; each has its
+// own mark, and the one changed last decides in the register.
 class select_tree_leaf final : public select_tree_item {
 public:
     select_tree_leaf(selection_register& told, select_tree_node* above, const wide_string& own_uuid,
@@ -88,6 +94,7 @@ public:
 private:
     bool valid_;
     bool checked_ = true;
+    // What `reset_checked` restores: whether a layer is visible in its scene; true for all other elements.
     const bool default_checked_;
 };
 

@@ -1,4 +1,4 @@
-// A row of the tree of elements that the user can select.
+// A row of the tree of elements that the user can select. Main thread only.
 #pragma once
 
 #include <cstdint>
@@ -15,6 +15,7 @@ class select_tree_leaf;
 class select_tree_node;
 
 // A node or a leaf. Operations that do not apply to one of them do nothing and return a neutral value.
+// Nothing here fires an event: code that changes a tree makes the views ask again.
 class select_tree_item {
 public:
     select_tree_item(const select_tree_item&) = delete;
@@ -31,9 +32,10 @@ public:
     virtual bool expanded() const { return true; }
     // For a node: true if everything below it is valid.
     virtual bool valid() const = 0;
-    // Passes the caption to the visitor.
+    // Passes the caption to the visitor. It never changes.
     void caption_to(string_visitor visitor) const { tell(visitor, caption); }
 
+    // The rows directly below; only a node has some.
     virtual uint32_t child_count() const { return 0; }
     bool is_empty() const { return child_count() == 0; }
     // Returns null past the last child.
@@ -70,6 +72,7 @@ protected:
     select_tree_node* const parent; // null for a root
 
 private:
+    // Of this row; a node above can cover it as well.
     bool highlighted_ = false;
 };
 

@@ -18,7 +18,8 @@ namespace vs::project_resave {
 
 class project_context;
 
-// Builds and connects all parts of the window.
+// Builds and connects all parts of the window. At most one operation runs at a time: while it shows a box,
+// events of the user arrive here, and everything that would start another operation is ignored.
 class settings_element {
 public:
     // The services belong to the application and may be filled later.
@@ -30,12 +31,14 @@ public:
     // Returns the element that fills the window, valid as long as this object.
     element main_element() { return main_layout_; }
 
-    // Runs the operation of the active tab. Always returns false: the window stays open.
+    // Runs the operation of the active tab and returns after its end. Always returns false: the window stays
+    // open.
     bool run_active_tab();
     // Validator of the source field: loads the project. If that fails, returns false, with no project loaded
     // and an empty field. For the path of the new project, returns false and changes nothing.
     bool load_from_field(const wide_string& text);
-    // Loads the project that was open in the host when the panel was built.
+    // Loads the project that was open in the host when the panel was built, from its file: changes that are
+    // not saved are not seen.
     void load_current();
     // Closes the loaded project; during an operation, after its end.
     void close_project();
@@ -48,7 +51,7 @@ public:
     void reset_to_defaults();
     // Returns what a resave would do now.
     recorded_run planned() const;
-    // Unchecks these elements; does nothing while an operation runs.
+    // Unchecks these elements in every view that has them; does nothing while an operation runs.
     void leave_out(const std::unordered_set<wide_string>& uuids);
     // Sets the observer of the bytes that a resave copies; null for none.
     void watch_transfer(const transfer_observer& observer) { transfer_observer_ = observer; }
@@ -73,6 +76,8 @@ private:
     wide_string source_path_; // path of the loaded project; empty without one
     wide_string new_path_;    // as accepted in the tab that resaves
     recording_questions questions_;
+    // The context refers to `questions_`, and all parts of the window to the context, so the order of these
+    // members matters.
     const std::unique_ptr<project_context> owned_context_;
     project_context& context_;
     // Path of the project that was open in the host at construction; may be empty.

@@ -62,6 +62,7 @@ save_struct_tab::save_struct_tab()
 // An option that requires another one is checked and unchecked together with it.
 void save_struct_tab::connect() {
     table_columns_.set_on_changed([this] {
+        // Columns are written below the lines of layers and tables, so both are needed.
         if (!table_columns_.checked()) return;
         layer_names_.set_checked(true);
         table_names_.set_checked(true);

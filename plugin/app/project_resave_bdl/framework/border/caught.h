@@ -12,7 +12,8 @@ namespace vs::project_resave {
 class exception_record {
 public:
     // Keeps a caught exception. `where` names the operation or interface, `what` describes the exception;
-    // both are narrow texts, borrowed for the call. Must not throw.
+    // both are narrow texts, borrowed for the call. Must not throw. Can be called in the middle of any
+    // operation.
     virtual void record(const char* where, const char* what) noexcept = 0;
 
 protected:
@@ -20,14 +21,15 @@ protected:
 };
 
 // Returns the current record, for reading and setting; null if there is none. Code that sets it must reset it
-// before the record is destroyed.
+// before the record is destroyed, and must not reset a record that another object has set meanwhile.
 inline exception_record*& current_exception_record() {
     static exception_record* current = nullptr;
     return current;
 }
 
 // Passes the exception that is being handled to the current record. Without a record, for example before a
-// panel is open, prints it to standard error. Must be called inside a catch handler.
+// panel is open, prints it to standard error. Must be called inside a catch handler: outside of one the
+// program ends.
 inline void record_caught(const char* where) noexcept {
     const auto keep = [&](const char* what) {
         if (exception_record* const to = current_exception_record())

@@ -1,3 +1,5 @@
+// The rows keep their numbers, which others know. Those with code page 0 are only names: nothing is converted
+// through them. SYSTEM is the exception, since 0 is the number of the active code page.
 #include "framework/border/encoding.h"
 
 #include "platform/text.h"

@@ -34,7 +34,7 @@ wide_string host_text(const char* text);
 inline std::string_view narrow_or_empty(const char* text) { return text ? text : ""; }
 
 // A visitor that stores the last text it receives in a string of the caller, converted through a row of the
-// encoding table. The string must outlive the visitor.
+// encoding table. The string must outlive the visitor; it becomes empty if the text cannot be converted.
 class stdstring_visitor final : public string_visitor_impl {
 public:
     explicit stdstring_visitor(std::string& target, uint32_t encoding = system_row)

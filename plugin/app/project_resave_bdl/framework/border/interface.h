@@ -25,10 +25,13 @@ namespace vs::project_resave {
 
 using interface_pointer = vs_interface_pointer;
 
-// A pair whose table is that of Impl. It owns nothing and copies like plain data.
+// A pair whose table is that of Impl. It owns nothing and copies like plain data. Code makes one with
+// pointer_to or cast_to; nothing checks a pair that was put together by hand.
 template <class Impl>
 struct interface_to : interface_pointer {};
 
+// The interface that every object has: it is asked for all others, and two objects are the same if their
+// identities are equal.
 class interface_impl;
 using identity_pointer = interface_to<interface_impl>;
 static_assert(sizeof(identity_pointer) == sizeof(interface_pointer));
@@ -42,14 +45,16 @@ public:
     // Sets both outputs if the object implements the interface with exactly this name; otherwise leaves them
     // unchanged.
     virtual void query(const char* asked, const void** table, void** instance) = 0;
-    // Sets `out` to the object's identity, the same for all its interfaces.
+    // Sets `out` to the object's identity, the same for all its interfaces. A class with several interfaces
+    // must override it (polymorphic.h), or each would give the address of its own part.
     virtual void identity(interface_pointer& out);
 
 protected:
     ~interface_impl() = default;
 };
 
-// The operations of an interface in table order, as pointers to members.
+// The operations of an interface in table order, as pointers to members. Overloaded operations cannot be
+// listed, so each has a separate name.
 template <auto... Operations>
 struct operation_list {};
 
@@ -57,7 +62,8 @@ namespace border {
 
 using entry = void (*)();
 
-// True for a result that is an interface pointer.
+// True for a result that is an interface pointer. Compilers disagree on how a class of two words is returned,
+// so it never is.
 template <class Result>
 constexpr bool is_pair = std::is_base_of_v<interface_pointer, Result>;
 
@@ -78,6 +84,7 @@ struct operation<Operation, Result (Impl::*)(Args...)> {
             return Result();
         }
     }
+    // The entry of most operations: the table's own pointer comes first and is not used.
     static Result plain(const void*, void* instance, Args... args) noexcept {
         return run(instance, std::forward<Args>(args)...);
     }
@@ -92,7 +99,8 @@ struct operation<Operation, Result (Impl::*)(Args...)> {
         else
             return &plain;
     }
-    // Calls the function in entry `index` of the pair's table; returns zero for a null pair.
+    // Calls the function in entry `index` of the pair's table; returns zero for a null pair. The table is
+    // trusted: it must be one of this interface.
     static Result call(const interface_pointer& target, size_t index, Args... args) {
         if (!target) return Result();
         const auto run_there =
@@ -107,7 +115,8 @@ struct operation<Operation, Result (Impl::*)(Args...)> {
     }
 };
 
-// Returns the position of an operation in a list; the largest value if it is not in the list.
+// Returns the position of an operation in a list; the largest value if it is not in the list. Evaluated by
+// the compiler, so a call costs one look-up in the table.
 template <auto Operation, auto... Operations>
 constexpr size_t place_of(operation_list<Operations...>) {
     size_t place = 0;
@@ -130,7 +139,7 @@ void identity_entry(interface_pointer* out, const void*, void* instance) noexcep
 
 // The tables are not const. The same table is compiled in several sources, and a compiler may initialise it
 // statically, in read-only memory, in one of them and on first use in another; the linker keeps only one of
-// them.
+// them, and then the first use would write to read-only memory.
 template <class Impl, auto... Operations>
 const void* build_table(operation_list<Operations...>) {
     if constexpr (Impl::rooted_in_identity) {
@@ -149,14 +158,16 @@ const void* build_table(operation_list<Operations...>) {
 } // namespace border
 
 // Returns the only table of an interface in this library; it is built on first use and valid until the
-// library is unloaded.
+// library is unloaded. Another library has its own table for the same interface, so compare objects by
+// identity and never by table.
 template <class Impl>
 const void* table_of() {
     static const void* table = border::build_table<Impl>(typename Impl::operations{});
     return table;
 }
 
-// Base of a provider class; Impl is the declaring class itself. `query` answers only to the name of Impl.
+// Base of a provider class; Impl is the declaring class itself. `query` answers only to the name of Impl,
+// which includes its version: there is no conversion between versions.
 template <class Impl>
 class interface_of : public interface_impl {
 public:
@@ -179,7 +190,8 @@ using query_entry = void (*)(const void* table, void* instance, const char* name
                              void** found_instance);
 using identity_of_entry = void (*)(interface_pointer* out, const void* table, void* instance);
 
-// The only function of the identity table: sets the outputs to the interface named `name`, or to null.
+// The only function of the identity table: sets the outputs to the interface named `name`, or to null. `name`
+// is compared by its text, since each library has its own literal.
 inline void answer_query(const void*, void* instance, const char* name, const void** table,
                          void** found) noexcept {
     *table = nullptr;
@@ -197,7 +209,8 @@ inline constexpr query_entry identity_table[] = {&answer_query};
 
 } // namespace border
 
-// Return the pair for passing a provider to others; valid as long as the provider.
+// Return the pair for passing a provider to others; valid as long as the provider. For an object with several
+// interfaces, name the one that is meant: pointer_to<x_impl>(object).
 template <class Impl>
 interface_to<Impl> pointer_to(Impl& provider) {
     return {{table_of<Impl>(), &provider}};
@@ -208,6 +221,7 @@ inline identity_pointer identity_of(interface_impl& provider) {
 inline void interface_impl::identity(interface_pointer& out) { out = identity_of(*this); }
 
 // Calls an operation: call<&x_impl::operation>(x, arguments...). Returns its result; zero for a null pair.
+// Throws nothing: the other side has recorded its exceptions.
 template <auto Operation, class... Args>
 auto call(const interface_to<typename border::operation<Operation>::provider>& target, Args&&... args) {
     using impl = typename border::operation<Operation>::provider;
@@ -217,7 +231,8 @@ auto call(const interface_to<typename border::operation<Operation>::provider>& t
                                               std::forward<Args>(args)...);
 }
 
-// Returns the identity of an object; null for a null pair.
+// Returns the identity of an object; null for a null pair. Compare identities to find out whether two pairs
+// are the same object.
 inline identity_pointer identity_of(const interface_pointer& object) {
     identity_pointer identity;
     if (object)
@@ -227,6 +242,7 @@ inline identity_pointer identity_of(const interface_pointer& object) {
 }
 
 // Returns the interface of an object by name; null if the object does not implement it and for a null pair.
+// The result is borrowed like the object.
 inline interface_pointer query_name(const identity_pointer& object, const char* name) {
     interface_pointer found;
     if (object)
@@ -235,7 +251,8 @@ inline interface_pointer query_name(const identity_pointer& object, const char* 
     return found;
 }
 
-// Return an object as Impl; null if it does not implement exactly this version, and for a null pair.
+// Return an object as Impl; null if it does not implement exactly this version, and for a null pair. The
+// object compares the name with those of its interfaces at each call, so keep the result if it is used often.
 template <class Impl>
 interface_to<Impl> cast_to(const identity_pointer& object) {
     return {query_name(object, Impl::name)};

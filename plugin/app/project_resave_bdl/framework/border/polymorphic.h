@@ -32,7 +32,8 @@ protected:
     ~polymorphic_next() = default;
 };
 
-// One interface of the chain, followed by the rest of it.
+// One interface of the chain, followed by the rest of it. The first interface gives the object its identity.
+// A class that adds a base with an identity of its own must override `query` and `identity`.
 template <class Impl, class Next = polymorphic_base>
 class polymorphic : public polymorphic_impl<Impl>, public polymorphic_next<Next> {
 public:

@@ -10,7 +10,8 @@
 
 namespace vs::project_resave {
 
-// Returns the referent of an object; null if the object is not one.
+// Returns the referent of an object; null if the object is not one. A ref asks again at each registration, so
+// this must give the same answer as long as the object lives.
 template <class Impl>
 struct ref_traits {
     static referent_pointer referent_of(const interface_to<Impl>& object) {
@@ -18,13 +19,17 @@ struct ref_traits {
     }
 };
 
-// A smart pointer to an object. A ref made without an object, or of a null pair, is null.
+// A smart pointer to an object. A ref made without an object, or of a null pair, is null. Each copy and each
+// move calls the object, so pass refs by reference.
 template <class Impl, bool Weak = false, class Traits = ref_traits<Impl>>
 class ref final : public referrer_impl {
 public:
     ref() = default;
+    // Explicit, because the end of a temporary ref can destroy the object.
     explicit ref(const interface_to<Impl>& object) { take(object); }
     ref(const ref& other) : referrer_impl(other) { take(other.held_); }
+    // A moved ref registers at its new address before the old one leaves, so the object never lacks a
+    // referrer.
     ref(ref&& other) noexcept : referrer_impl(other) {
         take(other.held_);
         other.reset();
@@ -48,18 +53,21 @@ public:
         take(object);
         leave(old);
     }
-    // Makes the ref hold nothing; the object is destroyed if no other ref keeps it alive.
+    // Makes the ref hold nothing; the object is destroyed if no other ref keeps it alive. The ref is null
+    // before that, so code of the object that ends sees it as null.
     void reset() {
         const interface_to<Impl> old = held_;
         held_ = {};
         leave(old);
     }
-    // Returns the object, borrowed for as long as this ref holds it; null if it holds none.
+    // Returns the object, borrowed for as long as this ref holds it; null if it holds none. A call on the
+    // object can end it, so copy the ref before a call that may reset it.
     const interface_to<Impl>& get() const { return held_; }
     explicit operator bool() const { return static_cast<bool>(held_); }
 
-    // Called by the object when it is destroyed.
+    // Called by the object when it is destroyed; the ref becomes null without leaving the object's list.
     void on_referent_closed() override { held_ = {}; }
+    // Asked by the object after each removal of a referrer.
     bool keeps_alive() override { return !Weak; }
 
 private:
@@ -82,7 +90,8 @@ private:
 template <class Impl, class Traits = ref_traits<Impl>>
 using weak_ref = ref<Impl, true, Traits>;
 
-// An object that is a referent: either itself, or by wrapping another referent whose lifetime it shares.
+// An object that is a referent: either itself, or by wrapping another referent whose lifetime it shares. It
+// answers to the referent interface only; `referent` below adds others.
 class obj : public objbase {
 public:
     obj() = default;
@@ -102,7 +111,8 @@ private:
 };
 
 // A provider and a referent in one object: class x : public referent<x_impl>. `I` may also be a polymorphic
-// chain. Create it with new and take a ref at once.
+// chain. Create it with new and take a ref at once; never put it on the stack or into another object, since
+// the last ref deletes it.
 template <class I>
 class referent : public I, public obj {
 public:

@@ -35,10 +35,11 @@ public:
     static constexpr const char* name = "vs_referent_interface_1";
     static constexpr bool rooted_in_identity = true;
     // Appends the referrer, which must stay valid until it is removed or the object is destroyed. Returns the
-    // number of referrers after that.
+    // number of referrers after that. A referrer that is added twice must be removed twice.
     virtual uint32_t add_referrer(referrer_pointer referrer) = 0;
     // Removes the first equal referrer, if there is one. Then the object is destroyed unless a remaining
-    // referrer keeps it alive. A null referrer on the list counts as one that does.
+    // referrer keeps it alive, so do not use it after the call without a ref. A null referrer on the list
+    // counts as one that keeps it alive.
     virtual void remove_referrer(referrer_pointer referrer) = 0;
     using operations = operation_list<&referent_impl::add_referrer, &referent_impl::remove_referrer>;
 
@@ -47,7 +48,8 @@ protected:
 };
 using referent_pointer = interface_to<referent_impl>;
 
-// Base of referents made with new: keeps the list of referrers and destroys the object.
+// Base of referents made with new: keeps the list of referrers and destroys the object. Finding a referrer is
+// linear in their number, which is small.
 class objbase : public referent_impl {
 public:
     objbase() = default;
@@ -56,14 +58,16 @@ public:
 
     uint32_t add_referrer(referrer_pointer referrer) override;
     void remove_referrer(referrer_pointer referrer) override;
-    // Returns the referent that determines this object's lifetime.
+    // Returns the referent that determines this object's lifetime: its own, or that of an object it wraps.
     virtual referent_pointer self() = 0;
     // Does the same with an output parameter. Kept for other bundles; nothing here calls it.
     virtual void as_referent(referent_pointer& out);
-    // Calls on_referent_closed() of each remaining referrer.
+    // Calls on_referent_closed() of each remaining referrer. By then the derived class is destroyed already,
+    // so a referrer must not call the object.
     virtual ~objbase();
 
 private:
+    // In the order of registration; the same referrer can be on it several times.
     std::list<referrer_pointer> referrers_;
     bool closing_ = false; // set while the object is being destroyed, so that no removal destroys it again
 };

@@ -27,16 +27,18 @@ protected:
 };
 using string_visitor = interface_to<string_visitor_impl>;
 
-// Passes a text to a visitor, up to the first embedded zero. A null visitor is ignored.
+// Passes a text to a visitor, up to the first embedded zero, since the border knows only zero-terminated
+// text. A null visitor is ignored.
 inline void tell(const string_visitor& visitor, const wide_string& text) {
     call<&string_visitor_impl::visit>(visitor, text.c_str());
 }
 
-// Returns a copy of the text; empty for null.
+// Returns a copy of the text; empty for null. For every text that comes from the other side, where null is
+// allowed.
 inline wide_string text_or_empty(const char16_t* text) { return text ? wide_string(text) : wide_string(); }
 
 // Stores the last text that it receives in a string of the caller, which must outlive it. The string is
-// unchanged if no text is received.
+// unchanged if no text is received, so clear it first if it may hold another text.
 class stdwstring_visitor final : public string_visitor_impl {
 public:
     explicit stdwstring_visitor(wide_string& target) : text_(target) {}
@@ -47,7 +49,7 @@ private:
     wide_string& text_;
 };
 
-// Appends each text to a list of the caller, which must outlive it.
+// Appends each text to a list of the caller, which must outlive it, in the order of the calls.
 class stdwstring_list_visitor final : public string_visitor_impl {
 public:
     explicit stdwstring_list_visitor(std::vector<wide_string>& target) : texts_(target) {}
@@ -70,7 +72,7 @@ private:
     std::set<wide_string>& texts_;
 };
 
-// Receives one plane of a picture.
+// Receives one plane of a picture, such as its transparency.
 class bytes_visitor_impl : public interface_of<bytes_visitor_impl> {
 public:
     static constexpr const char* name = "vs_bytes_visitor_interface_0";
@@ -84,7 +86,7 @@ protected:
 };
 using bytes_visitor = interface_to<bytes_visitor_impl>;
 
-// Receives the colours of a picture.
+// Receives the colours of a picture. The transparency comes separately, as a plane of bytes.
 class thrice_interleaved_bytes_visitor_impl : public interface_of<thrice_interleaved_bytes_visitor_impl> {
 public:
     static constexpr const char* name = "vs_thrice_interleaved_bytes_visitor_interface_0";

@@ -31,6 +31,7 @@ struct dib_destroyer {
 };
 
 platform::image read_picture(vs_dib* dib) {
+    // A type may have no picture, and a picture no pixels.
     if (!dib || !vs_dib_get_bits(dib)) return {};
     const uint32_t width = vs_dib_get_width(dib), height = vs_dib_get_height(dib);
     const uint8_t* bits = vs_dib_get_bits(dib);
@@ -52,6 +53,7 @@ std::vector<layer_type_bitmap> layer_type_loader::load(const std::vector<wide_st
         const uint32_t count = call<&layer_type_service_impl::type_count>(service.get());
         for (uint32_t index = 0; index < count; ++index) {
             const char* type = call<&layer_type_service_impl::type_name>(service.get(), index);
+            // The caller owns each picture, also one of a type that is already known.
             const std::unique_ptr<vs_dib, dib_destroyer> dib(
                 call<&layer_type_service_impl::picture>(service.get(), index));
             if (type && known.insert(type).second)

@@ -8,16 +8,17 @@
 
 namespace vs::project_resave {
 
-// A layer type and its picture, which is empty if the service has none.
+// A layer type and its picture, which has width 0 if the service has none.
 struct layer_type_bitmap {
     std::string layer_type;
     resource::masked_bitmap bitmap;
 };
 
+// Collects what the host and all bundles define, so call it after the bundles have started.
 class layer_type_loader {
 public:
     // Returns the types of the services registered under each id, such as "vestra/scene/2d". If a type occurs
-    // several times, the first one is used.
+    // several times, the first one is used. Decodes and copies all pictures, so keep the result.
     static std::vector<layer_type_bitmap> load(const std::vector<wide_string>& ids);
 };
 

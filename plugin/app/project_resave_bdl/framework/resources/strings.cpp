@@ -10,6 +10,7 @@ namespace vs::project_resave {
 
 namespace {
 
+// Created on first use, since static objects of other sources set the localizer.
 weak_ref<localizer_impl>& localizer_in_force() {
     static weak_ref<localizer_impl> found;
     return found;

@@ -20,22 +20,25 @@ struct string_key {
     uint32_t id = 0;
 };
 
-// Assigns the text to `out`, or leaves `out` unchanged if the row is missing.
+// Assigns the text to `out`, or leaves `out` unchanged if the row is missing: set it to a default before.
 void load_string(int32_t id, wide_string& out);
-// Returns the text; empty if the row is missing.
+// Returns the text; empty if the row is missing. Looked up anew each time, so it follows a change of the
+// language.
 wide_string load_string(int32_t id);
 
 // Passes the text, zero-terminated, to the visitor, once or not at all: from the localizer if there is one,
-// whose answer is final; else the row of the current language; else the row of the base language.
+// whose answer is final; else the row of the current language; else the row of the base language. The text is
+// borrowed for the call.
 void localized_text(const string_key& key, const string_visitor& visitor);
 
-// Show a message box of the host with a text by number, and wait for the user. `ask_yes_no` returns true for
-// yes.
+// Show a message box of the host with a text by number, and wait for the user, whose other events may arrive
+// meanwhile. `ask_yes_no` returns true for yes.
 void show_error(int32_t id);
 void show_message(int32_t id);
 bool ask_yes_no(int32_t id);
 
-// The current localizer; null if there is none. Set by the bundle's client of the localizer service.
+// The current localizer; null if there is none. Set by the bundle's client of the localizer service, and held
+// weakly, so it becomes null if it is a referent that ends.
 localizer current_localizer();
 void set_current_localizer(const localizer& found);
 

@@ -1,5 +1,5 @@
 // Names of the texts that the bundle shows or logs: one for each row in texts/. Its value is the row's
-// number.
+// number, which the host's localizer knows, so a row never gets another number.
 #pragma once
 
 #include <cstdint>
@@ -7,6 +7,7 @@
 namespace vs::project_resave::text {
 
 // NOLINTBEGIN(bugprone-macro-parentheses): an enumerator cannot have them
+// Only the first two arguments are used here; the texts are compiled into the resources from the same rows.
 #define VS_TEXT(id, name, base, translated) name = id,
 #define VS_TEXT_BASE_ONLY(id, name, base) name = id,
 // NOLINTEND(bugprone-macro-parentheses)

@@ -1,4 +1,5 @@
-// A copy of the published tables of host/interfaces/; see framework/border/pinned.h.
+// A copy of the published tables of host/interfaces/; see framework/border/pinned.h. If this source does not
+// compile, restore the interface: hosts and bundles that are in use have been built with these lists.
 #include "framework/border/pinned.h"
 #include "host/interfaces/layer_type_service.h"
 #include "host/interfaces/layout_legend_layer.h"
@@ -48,6 +49,7 @@ template struct table<masked_bitmap_impl, "vs_masked_bitmap_interface_0",
 template struct table<masked_bitmap_visitor_impl, "vs_masked_bitmap_visitor_interface_0",
     slot<void(to<masked_bitmap_impl>), &masked_bitmap_visitor_impl::visit>>;
 
+// The reserved slots keep the positions of the others; nothing calls them.
 template struct table<profil_cmpnd_lr2d_impl, "vs_profil_cmpnd_lr2d_interface_3",
     slot<void(), &profil_cmpnd_lr2d_impl::reserved_1>,
     slot<void(), &profil_cmpnd_lr2d_impl::reserved_2>,
@@ -56,12 +58,14 @@ template struct table<profil_cmpnd_lr2d_impl, "vs_profil_cmpnd_lr2d_interface_3"
     slot<void(), &profil_cmpnd_lr2d_impl::reserved_5>,
     slot<void(int32_t, to<string_visitor_impl>), &profil_cmpnd_lr2d_impl::member_uuid>>;
 
+// These two have no base interface in entry 1: their operations begin there.
 template struct rooted_table<service_factory_impl, "vs_service_factory_interface_1",
     slot<to<interface_impl>(to<bundle_context_impl>), &service_factory_impl::create>>;
 
 template struct rooted_table<bundle_context_impl, "vs_bundle_context_interface_1",
     slot<void(const char16_t*, to<service_factory_impl>), &bundle_context_impl::register_factory>>;
 
+// Without slots: its name alone marks an object as a visitor of services.
 template struct table<service_visitor_impl, "vs_service_visitor_interface_0">;
 
 template struct table<stat_source_impl, "vs_stat_source_interface_9",

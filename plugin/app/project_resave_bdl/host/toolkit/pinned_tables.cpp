@@ -1,4 +1,5 @@
-// A copy of the published tables of host/toolkit/; see framework/border/pinned.h.
+// A copy of the published tables of host/toolkit/; see framework/border/pinned.h. If this source does not
+// compile, restore the interface: hosts and bundles that are in use have been built with these lists.
 #include "framework/border/pinned.h"
 #include "host/toolkit/button.h"
 #include "host/toolkit/button_box.h"
@@ -99,6 +100,7 @@ template struct table<grid_span_layout_impl, "vs_grid_span_layout_interface_1",
 template struct table<groupbox_impl, "vs_groupbox_interface_1",
     slot<void(to<string_visitor_impl>), &groupbox_impl::caption>>;
 
+// Without slots: its name alone tells a host that cells of the frame can span columns.
 template struct table<groupbox_span_impl, "vs_groupbox_span_interface_1">;
 
 template struct table<label_impl, "vs_label_interface_1",
@@ -183,6 +185,7 @@ template struct table<run_record_impl, "vs_run_record_interface_1",
     slot<void(to<transfer_observer_impl>), &run_record_impl::set_transfer_observer>,
     slot<void(const char16_t* const*, uint32_t), &run_record_impl::leave_out>>;
 
+// New kinds of facts need no new slot: visit_fact passes their number.
 template struct table<run_record_visitor_impl, "vs_run_record_visitor_interface_1",
     slot<void(const char16_t*, const char16_t*, double), &run_record_visitor_impl::visit_paths>,
     slot<void(const char*, uint32_t), &run_record_visitor_impl::visit_choice>,
@@ -227,10 +230,12 @@ template struct table<transfer_observer_impl, "vs_transfer_observer_interface_1"
 
 // clang-format on
 
+// Enumerators that cross the tables as plain numbers.
 static_assert(number<recorded_end::none, uint32_t{0}>);
 static_assert(number<recorded_end::saved, uint32_t{1}>);
 static_assert(number<recorded_end::not_saved, uint32_t{2}>);
 static_assert(number<recorded_end::stopped, uint32_t{3}>);
+// Not the numbers of vs_three_state.
 static_assert(number<checkbox_state::unchecked, uint32_t{0}>);
 static_assert(number<checkbox_state::checked, uint32_t{2}>);
 static_assert(number<file_input_mode::source_project, uint32_t{0}>);

@@ -19,9 +19,11 @@ void button_box::entry_text(uint32_t index, string_visitor visitor) {
 int32_t button_box::entry_code(uint32_t index) { return index < entries_.size() ? entries_[index].code : 0; }
 
 bool button_box::click(int32_t code) {
+    // A host could send a code that no button of this box has.
     if (std::none_of(entries_.begin(), entries_.end(), [code](const entry& e) { return e.code == code; }))
         return false;
     switch (code) {
+    // The codes that do the work of the window, and below those that only close it.
     case 1:
     case 2:
     case 32:
@@ -47,12 +49,14 @@ radiobutton::radiobutton(radio_group& group, wide_string caption)
 
 void radiobutton::set_checked(bool on) {
     if (on == checked_) return;
+    // First the others, so that no observer sees two checked buttons.
     if (on) group_.uncheck_others(*this);
     assign(checked_, on);
     if (changed_) changed_();
 }
 
 void tell_picture(const masked_bitmap_visitor& visitor, uint32_t number) {
+    // The pictures have no transparency; this colour marks the transparent pixels.
     constexpr mask_colour magenta{0xFF, 0, 0xFF};
     resource::masked_bitmap picture = load_bitmap_with_mask({platform::own_module(), number}, magenta);
     call<&masked_bitmap_visitor_impl::visit>(visitor, pointer_to<masked_bitmap_impl>(picture));

@@ -18,16 +18,19 @@ class element_base : public polymorphic<element_impl, Own> {
 public:
     element_base(const element_base&) = delete;
     element_base& operator=(const element_base&) = delete;
-    // Converts to the pair that is passed to hosts and layouts; valid as long as the element.
+    // Converts to the pair that is passed to hosts and layouts; valid as long as the element. Implicit, so
+    // that elements can be placed like pairs.
     operator element() { return pointer_to<element_impl>(*this); }
 
-    // Change a state that the host draws.
+    // Change a state that the host draws. Elements inside this one keep their own state.
     void set_enabled(bool on) { assign(enabled_, on); }
     void set_visible(bool on) { assign(visible_, on); }
 
     void kind(string_visitor visitor) override { call<&string_visitor_impl::visit>(visitor, kind_); }
     bool enabled() override { return enabled_; }
     bool visible() override { return visible_; }
+    // Replaces the observer; null removes it. It is held weakly and must outlive the connection if it is no
+    // referent.
     void set_observer(element_observer observer) override { observer_.assign(observer); }
 
 protected:
@@ -35,7 +38,8 @@ protected:
     explicit element_base(const char16_t* own_kind) : kind_(own_kind) {}
     ~element_base() = default;
 
-    // Notifies the observer, but only if the value differs.
+    // Notifies the observer, but only if the value differs. The state changes first, so the observer reads
+    // the new value.
     template <class Value>
     void assign(Value& state, const Value& value) {
         if (state == value) return;
@@ -44,6 +48,7 @@ protected:
     }
 
 private:
+    // Not copied: a literal of the interface.
     const char16_t* const kind_;
     bool enabled_ = true;
     bool visible_ = true;
@@ -58,7 +63,9 @@ public:
     operator docker() { return pointer_to<docker_impl>(*this); }
 
     void title(string_visitor visitor) override { tell(visitor, title_); }
+    // No hint, unless a derived class has one.
     void description(string_visitor) override {}
+    // None: the host adds its own to a dialog, and asks the service for those of the window.
     element buttons() override { return {}; }
     void set_parent(identity_pointer window) override { parent_.assign(window); }
 
@@ -69,6 +76,7 @@ protected:
 
 private:
     const wide_string title_;
+    // Keeps the host's window alive while it shows the docker.
     ref<interface_impl> parent_;
 };
 

@@ -1,3 +1,4 @@
+// Fields for paths and the requests of outlines to their host.
 #include "ui/toolkit/fields.h"
 
 namespace vs::project_resave::toolkit {

@@ -1,3 +1,4 @@
+// Pages: the only layout whose content can change while it is shown.
 #include "ui/toolkit/layouts.h"
 
 namespace vs::project_resave::toolkit {
@@ -15,6 +16,7 @@ void tab_layout::page_title(uint32_t index, string_visitor visitor) {
 }
 
 void tab_layout::page_chosen(uint32_t index) {
+    // A host may send the choice of a page that was disabled since it drew the tabs.
     if (index == active_ || !page_enabled(index)) return;
     assign(active_, index);
     if (page_changed_) page_changed_();
