@@ -24,7 +24,7 @@ struct command_line {
     scenes_request scenes;
     panel_request panel;
     // Runs the requested command and returns its exit status. Empty if `parse` returned one. Throws
-    // bundle_not_loaded, and whatever the command throws, such as std::bad_alloc.
+    // bundle_not_loaded, and what the command throws, such as std::bad_alloc.
     std::function<int()> run;
 };
 

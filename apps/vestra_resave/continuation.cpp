@@ -200,8 +200,8 @@ void continuation::add_files(std::vector<earlier_file> files) {
         const wide_string key = path_key(each.path);
         const bool is_of_command =
             key == path_key(journal_path(target_)) || key == path_key(manifest_path(target_));
-        // A path that leads out of the folder was not written by this program. The journal and the manifest
-        // are replaced by the command itself.
+        // A path outside the folder was not written by this program. The journal and the manifest are
+        // replaced by the command itself.
         if (!key.starts_with(below) || is_of_command) continue;
         // A manifest lists no folders, and a journal only those that did not exist before, so they are taken
         // from the paths.
@@ -227,7 +227,7 @@ void continuation::put_in_force(project_context& context, const source_elements&
     std::erase_if(files_, [&](const earlier_file& each) { return context.guard.protects(each.path); });
     platform::system& below = journal_ ? static_cast<platform::system&>(*journal_) : real;
     disk_ = std::make_unique<continued_disk>(below, journal_.get(), std::move(files_));
-    // The log is written anew in each run, whatever the user did to it.
+    // The log is written anew in each run, even if the user changed it.
     disk_->let_go(path_head(target_) + path_stem(target_) + load_string(text::log_name_suffix));
     if (request_.overwrite) disk_->let_go(target_);
     // A folder that is one data set is changed or unchanged as a whole.

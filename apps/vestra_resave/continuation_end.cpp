@@ -164,7 +164,7 @@ void continuation::end_unreferenced(const continued_disk::row& left, const char1
                                     const placed_copies& copies, resave_report& report) {
     const bool is_folder = left.file->state == made_state::folder;
     const bool is_begun = is_only_begun(*left.file);
-    // What was only begun is removed in any case: it is incomplete and nobody else's.
+    // What was only begun is removed in any case: it is incomplete, and no user made it.
     const bool removes = is_begun || (removes_unreferenced() && !keeps);
     // The content of a folder is reported, not the folder.
     if (is_folder && (!removes || trial_ || disk_->is_filled(*left.file))) return;
@@ -178,7 +178,7 @@ void continuation::end_unreferenced(const continued_disk::row& left, const char1
     if (const wide_string* const main = removes ? nullptr : copies.read_with(left.file->path);
         main && !is_folder)
         found.kind = own_kind::stale, found.path = std::exchange(found.new_path, *main);
-    // A resumed run removes what its own beginning left, of which the user never knew.
+    // A resumed run removes files that the interrupted one began; the user never knew of them.
     const bool is_told = !removed || (mode_ == run_mode::update && !is_folder && !is_begun);
     if (is_told) add(report, std::move(found));
 }
@@ -190,8 +190,8 @@ void continuation::flush(resave_report& report) {
         if (!flushed) add(report, {name_of(fact_kind::not_written), {}, source_, path, flushed.text()});
         return bool(flushed);
     };
-    // The project is flushed before the journal is removed. If it cannot be kept, the run has not saved,
-    // whatever can be read now.
+    // The project is flushed before the journal is removed. If that fails, the run has not saved, although
+    // the project can be read now.
     if (!note(target_, disk.flush(target_))) report.exit = not_saved, report.outcome = "not saved";
     if (path_exists(manifest_path(target_))) {
         note(manifest_path(target_), disk.flush(manifest_path(target_)));

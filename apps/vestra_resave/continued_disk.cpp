@@ -231,7 +231,7 @@ void continued_disk::check(entry& asked) {
     } else if (!is_own(asked.file)) {
         asked.what = fate::changed;
     } else if (!is_it(asked.file)) {
-        // The last recorded change may not have been made before the run was killed.
+        // The last recorded change was perhaps not made before the run was killed.
         const auto older = std::ranges::find_if(asked.older, is_it);
         if (older == asked.older.end())
             asked.what = fate::changed;

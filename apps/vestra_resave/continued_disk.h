@@ -113,7 +113,7 @@ public:
 private:
     struct entry {
         earlier_file file;
-        std::vector<earlier_file> older; // earlier states, if the last change may not have been made
+        std::vector<earlier_file> older; // earlier states, if the last change was perhaps not made
         fate what = fate::hidden;
         platform::entry_status now = {}; // set once it is checked
         bool is_checked = false;         // true once it was compared with its record

@@ -58,7 +58,7 @@ struct earlier_file {
     std::string sha256 = {};   // empty if unknown
     bool is_safe = true;       // complete even if the computer lost power since
     wide_string data_set = {}; // the folder data set that it belongs to; empty if unknown
-    // True if a failed disk may not have stored it, though it can still be read from memory: it is copied
+    // True if a failing disk has perhaps not stored it, though it can still be read from memory: it is copied
     // again.
     bool is_lost = false;
 };

@@ -90,7 +90,7 @@ bool is_beginning_of(platform::system& disk, const wide_string& path, const wide
 
 bool is_same_text(platform::system& disk, const wide_string& a, const wide_string& b) {
     const platform::entry_status one = disk.status_of(a), other = disk.status_of(b);
-    // Both directions, because each alone accepts zeros at the end in place of content.
+    // Both directions, because one of them accepts zeros at the end in place of content.
     return one.kind == platform::entry_kind::file && other.kind == platform::entry_kind::file &&
            one.bytes == other.bytes && is_beginning_of(disk, a, b) && is_beginning_of(disk, b, a);
 }

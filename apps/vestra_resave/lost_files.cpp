@@ -94,7 +94,7 @@ void file_index::list(const wide_string& path, std::vector<wide_string>& inner,
     const wide_string folder = path_with_separator(path);
     for (platform::folder_entry& each : entries) {
         if (each.is_folder) (each.is_link ? linked : inner).push_back(folder + each.name);
-        // Twice: with the name of its folder, which often is the same after a move, and alone.
+        // Twice: with the name of its folder, which often is the same after a move, and without it.
         by_name_[place_key(folder, each.name)].push_back({folders_.size(), each.name});
         by_name_[folded(each.name)].push_back({folders_.size(), std::move(each.name)});
     }

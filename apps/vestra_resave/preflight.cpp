@@ -146,8 +146,8 @@ public:
             bytes += taken_by(each.size_kb * 1024);
             note_name(path_file_name(each.path));
         }
-        // Companions are counted after all files, so that a file with an element of its own is not counted as
-        // a companion, too.
+        // Companions are counted after all files, so that a file of another element is not counted as a
+        // companion, too.
         if (which_ == companion_choice::none) return;
         for (const auto& each : files) {
             const wide_string head = path_head(each.path);

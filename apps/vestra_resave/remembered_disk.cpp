@@ -15,7 +15,7 @@ namespace {
 
 // Returns the folder of a path with its separator at the end.
 std::u16string_view head_of(std::u16string_view path) {
-    return path.substr(0, path.find_last_of(u"\\/") + 1); // empty for a name alone
+    return path.substr(0, path.find_last_of(u"\\/") + 1); // empty for a name without a folder
 }
 
 // Names are kept as hashes to save memory. Two names with one hash only cost a request.
@@ -101,7 +101,7 @@ platform::file_identity remembered_disk::identity_of(const wide_string& path) {
 }
 
 outcome remembered_disk::copy_file(const wide_string& source, const wide_string& target, bool replace) {
-    // Before the call, whatever its result: one that failed can have changed something, too.
+    // Before the call and even if it fails, because a failed call can have changed something, too.
     replace ? forget() : note_addition();
     return inner().copy_file(source, target, replace);
 }

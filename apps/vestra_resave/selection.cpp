@@ -23,7 +23,7 @@ struct place {
     wide_string holders; // captions of its parents
 };
 
-// True if the text matches the pattern, in which "*" stands for any characters and "?" for one.
+// True if the text matches the pattern, in which "*" matches any characters and "?" one.
 bool fits(wide_view text, wide_view pattern) {
     // Without recursion: after a mismatch the last "*" takes one character more. Earlier ones need not be
     // tried again, so the cost is at most the product of the lengths.

@@ -146,7 +146,7 @@ std::optional<refusal> session::load(const std::string& project) {
 std::optional<refusal> session::load(const wide_string& path, bool show_wait, bool write_open_log) {
     shell::settings().refused_reads.clear();
     context_->report.restart({}); // the reports of earlier runs have been read
-    // In a scope of its own, so that the progress is closed before problems are printed.
+    // In a separate scope, so that the progress is closed before problems are printed.
     const bool is_loaded = [&] {
         const bool shows_steps = own_ && show_wait && own_->terminal.shows();
         const load_progress shown(screen(), shows_steps, [this] { return interrupted(); });

@@ -115,7 +115,7 @@ public:
 
     void sort(std::vector<problem> all) {
         for (problem& each : all) {
-            // Explained by a problem without an element, whoever refers to it.
+            // Explained by a problem without an element, for each element that refers to the file.
             if (known_.contains(key_of({}, each.path))) continue;
             if (!known_.insert(key_of(each.element.uuid, each.path)).second) continue;
             if (const source_elements::row* const row = left_alone(each)) {
@@ -233,7 +233,7 @@ void add_dropped(const source_elements& source, project_context& context, const 
         const bool is_missed =
             !excused.contains(each.name.uuid) && !source.is_left_out(each.name.uuid) && each.kind != "page";
         if (is_missed) add(report, {own_kind::dropped, each.name, {}, {}, reason});
-        // With a missing scene its layers are missing as well, which need no lines of their own.
+        // With a missing scene its layers are missing as well; they get no lines.
         index = is_missed ? each.end : index + 1;
     }
 }

@@ -29,7 +29,7 @@ struct file_kind {
     bool is_layer;
     dimension dimensions;
 };
-// The files of the host that have references of their own.
+// The files of the host that contain references.
 constexpr file_kind file_kinds[] = {{u"._sn", false, dimension::flat},
                                     {u"._sc", false, dimension::solid},
                                     {u"._lr", true, dimension::flat},

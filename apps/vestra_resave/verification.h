@@ -22,7 +22,7 @@ struct verification {
     // The number of references checked. A file that two elements refer to counts twice.
     size_t references = 0;
     // References that point outside the project folder (also through a link), to a missing or to an empty
-    // file, and whatever could not be read: a scene or layer file, a data set of the host, a folder.
+    // file, and everything that could not be read: a scene or layer file, a data set of the host, a folder.
     std::vector<problem> astray;
     std::vector<problem> differing; // copies, whose source is `path`, and files that differ from the manifest
     bool stopped = false;           // before the end
