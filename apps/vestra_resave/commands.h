@@ -110,9 +110,8 @@ struct resave_request {
     selection_request selection;
 };
 // Resaves and prints the result. The exit status is that of resave_report: `done` only if nothing at all is
-// missing. Refuses, before anything is written, what cannot succeed: wrong paths, missing drives, an
-// unwritable folder, too little space. If NEW_PROJECT is an archive, everything is written into it, all or
-// nothing.
+// missing. Refuses, before the first copy, what cannot succeed: wrong paths, missing drives, an unwritable
+// folder, too little space. If NEW_PROJECT is an archive, everything is written into it, all or nothing.
 int resave(const resave_request& request, const common_options& options);
 // Prints what `resave` would do and returns the exit status that it would have, as far as that can be
 // predicted. Writes no files except the page of --report, and creates no folders.

@@ -53,8 +53,8 @@ std::vector<std::string_view> words_of(std::string_view line) {
     return words;
 }
 
-// Processes a journal line by line. A record that it does not understand is ignored, so that a journal of a
-// later version can still be read as far as possible.
+// Processes a journal line by line. A record that it does not understand is ignored, so that one damaged line
+// does not make the others useless.
 class journal_reader {
 public:
     journal_reader(wide_string folder, earlier_run& found) : folder_(std::move(folder)), found_(found) {}
