@@ -68,15 +68,15 @@ public:
     wide_string kept_place(const wide_string& source, const wide_string& wanted);
     void end_placing() { placing_.clear(); }
 
-    // Returns every existing file and folder of the earlier run with its fate, sorted by path, so a folder
-    // comes before its content. Checks all that were not checked yet. The pointers are valid as long as this
-    // object.
+    // An existing file or folder of the earlier run. The pointers are valid as long as the disk.
     struct row {
         const wide_string* key; // of its path
         const earlier_file* file;
         const wide_string* set; // the same key for all files of one set
         fate what;
     };
+    // Returns every existing file and folder of the earlier run, sorted by path, so a folder comes before its
+    // content. Checks all that were not checked yet.
     std::vector<row> rows();
     // Return what became of a path, or in a dry run what would become of a copy of `source` there; nothing if
     // the earlier run did not make it.
