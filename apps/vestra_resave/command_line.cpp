@@ -45,6 +45,7 @@ constexpr const char* about_readable_project =
     "Project file, as a native path or as C:\\..., or an archive with one: copy.zip, copy.tar.zst";
 
 CLI::Option* add_project(CLI::App* command, std::string& project) {
+    // A variable that is not set gives an empty argument in a script, and the later error would name no path.
     const auto is_given = [](const std::string& text) { return std::string(text.empty() ? "is empty" : ""); };
     return command->add_option("PROJECT", project, "Project file, as a native path or as C:\\...")
         ->check(is_given);
@@ -56,6 +57,7 @@ CLI::App* add_command(CLI::App& app, const char* name, const char* what, common_
         ->add_option("--drive", options.drives,
                      "Map a drive letter to a folder, such as C=/data/c (repeatable)")
         ->type_name("X=FOLDER")
+        // Otherwise a repeatable option takes all following words as its values, PROJECT included.
         ->allow_extra_args(false);
     command
         ->add_option("--bundle", options.bundles,
@@ -102,6 +104,7 @@ void add_list(CLI::App& app, command_line& line) {
     command->get_option("PROJECT")->description(about_readable_project);
     command->add_flag("--missing", line.list.missing, "List only elements whose file does not exist");
     add_search(command, line.list.search);
+    // The library calls this only for the command that was chosen, when all its options have been parsed.
     command->callback([&line] {
         line.list.project = line.project;
         line.run = [&line] { return list_project(line.list, line.options); };
@@ -175,7 +178,8 @@ constexpr const char* about_structures =
     "  folder-per-scene        a folder for each scene, with its own copies; tables, layouts, well and\n"
     "                          correlation sheets are dropped, and files of wells are not copied\n\n";
 
-// Returns the user's options that determine the paths and contents of the copies.
+// Returns the user's options that determine the paths and contents of the copies. A resumed run must have the
+// same; others, such as --files or --verify, may differ.
 std::vector<std::pair<std::string, std::string>> choices_of(const resave_request& request,
                                                             const words& words) {
     const auto yes_or_no = [](bool is_set) { return std::string(is_set ? "yes" : "no"); };
@@ -253,6 +257,8 @@ void add_resave(CLI::App& app, command_line& line, words& words) {
                     "3 not saved, 130 "
                     "interrupted");
     command->callback([&] {
+        // --resume can continue an update, so either of two options is enough, which the library cannot
+        // express.
         if (request.prune && !words.update && !words.resume) throw CLI::RequiresError("--prune", "--update");
         request.mode = words.resume ? run_mode::resume : words.update ? run_mode::update : run_mode::anew;
         request.choices = choices_of(request, words);
@@ -264,7 +270,9 @@ void add_resave(CLI::App& app, command_line& line, words& words) {
         using vs::project_resave::stop_answer;
         request.answers.on_stop =
             decided(words.on_stop, "erase", stop_answer::erase_created, stop_answer::keep_created);
+        // A dry run creates nothing, so there is nothing to ask after a stop.
         if (words.dry_run) request.answers.on_stop = stop_answer::keep_created;
+        // `words` ends with `parse`, so `run` must not refer to it.
         const auto command_of = words.dry_run ? &plan_resave : &resave;
         line.run = [&line, command_of] { return command_of(line.resave, line.options); };
     });
@@ -317,6 +325,7 @@ void add_scenes(CLI::App& app, command_line& line, words& words) {
         "Exit status: 0 written, 1 written but something could not be read, 2 usage error or project "
         "cannot be loaded, 3 not all written");
     command->callback([&] {
+        // The library cannot make an argument depend on a flag.
         if (request.folder.empty() && !request.lists) throw CLI::RequiredError("FOLDER");
         request.settings.on_exists = ways_if_scene_file_exists.at(words.if_exists);
         line.run = [&line] { return write_scenes(line.scenes, line.options); };
@@ -381,6 +390,7 @@ std::optional<int> parse(int argc, char** argv, command_line& line) {
         std::ranges::reverse(arguments); // the parser takes them from the end
         app.parse(std::move(arguments));
     } catch (const CLI::ParseError& error) {
+        // Help, the version and the generated pages are exceptions with status 0.
         if (error.get_exit_code() == 0) return app.exit(error);
         line.options.json = wants_json; // --json can come after the wrong word
         end_with(refused({}, failure_text(app, error)), line.options);

@@ -11,6 +11,7 @@ namespace vestra::command {
 
 options shown_options(const CLI::App& app, bool positional) {
     return app.get_options([positional](const CLI::Option* option) {
+        // An option without a group is hidden.
         return option->get_positional() == positional && !option->get_group().empty();
     });
 }
@@ -23,6 +24,7 @@ std::string names_of(const CLI::Option& option) {
     std::string names;
     for (const std::string& each : option.get_snames()) names += ", -" + each;
     for (const std::string& each : option.get_lnames()) names += ", --" + each;
+    // Without the first separator; a positional argument has no names.
     return names.substr(std::min<std::size_t>(2, names.size()));
 }
 
@@ -63,6 +65,8 @@ namespace {
 std::string completed_by(const CLI::Option& option) {
     if (std::string words = accepted_words(option, " "); !words.empty()) return words;
     const std::string name = option.get_positional() ? option.get_name() : value_name(option);
+    // The first part that occurs decides; the names of values are part of the help, so they say what is
+    // expected.
     for (const auto& [part, kind] :
          {std::pair{"FOLDER", "<folder>"}, {"PROJECT", "<project>"}, {"FILE", "<file>"}})
         if (name.find(part) != std::string::npos) return kind;
@@ -91,7 +95,8 @@ void print_rows(std::ostream& out, const CLI::App& app, const std::string& comma
 }
 
 // The part of the script that is the same for every program. FUNCTION is replaced by a function name, PROGRAM
-// by the name of the program.
+// by the name of the program. Each program has its own functions, because bash has one name space for those
+// of all completions.
 constexpr const char* completion_script = R"(
 FUNCTION()
 {
@@ -157,6 +162,7 @@ std::string bash_completion(const CLI::App& app) {
     std::string script = completion_script;
     for (const auto& [word, meaning] :
          {std::pair{std::string("FUNCTION"), function}, {"PROGRAM", app.get_name()}})
+        // Goes on after the inserted name, which may contain the word.
         for (std::size_t at = 0; (at = script.find(word, at)) != std::string::npos; at += meaning.size())
             script.replace(at, word.size(), meaning);
     out << "    esac\n}\n" << script;

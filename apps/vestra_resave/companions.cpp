@@ -25,6 +25,7 @@ using platform::folded;
 
 namespace {
 
+// In lower case, without the dot.
 constexpr wide_view known_endings[] = {u"aih", u"ain", u"atx",     u"aux", u"aux.xml", u"clr", u"cpg", u"fbn",
                                        u"fbx", u"gfs", u"hdr",     u"imd", u"ixs",     u"lyr", u"msk", u"mxs",
                                        u"ovr", u"prj", u"qix",     u"qml", u"qpj",     u"rpb", u"rrd", u"sbn",
@@ -70,9 +71,11 @@ public:
         if (failed_.contains(path_key(copy.new_path))) return;
         copy_ = {copy.new_path, std::nullopt};
         const auto owner = owners_.find(path_key(copy.old_path));
+        // What fails here is reported for the element that has the main file.
         const current_element current(run_.report, owner == owners_.end() ? element_name() : *owner->second);
         const wide_string head = path_head(copy.old_path), new_head = path_head(copy.new_path);
         const folder_files& files = folders_.files_of(head);
+        // Without a list of the folder, missing companions would go unnoticed. Reported once for each folder.
         if (!files.listed() && copy_.exists() && unlisted_.insert(path_key(head)).second)
             run_.report.add(fact_kind::not_read, head, {}, files.listed().text());
         const wide_string name = path_file_name(copy.old_path), stem = path_stem(copy.old_path);
@@ -87,6 +90,8 @@ public:
             bring(head + found, new_head,
                   (length == stem.size() ? new_stem : new_name) + found.substr(length));
         };
+        // Several files with one stem share its companions, which are brought for the first of them. A
+        // renamed copy has another stem, so it gets its own.
         const bool has_stem =
             !is_table(copy.old_path) &&
             seen_.insert(path_key(head + stem) + u'|' + path_key(new_head + new_stem)).second;
@@ -94,6 +99,8 @@ public:
             if (each.is_known || (which_ == companion_choice::all && !is_placed(head + each.name)))
                 bring_behind(each.name, each.begins);
         if (!has_stem) return;
+        // Opening a data set is expensive, so its format is asked only about files whose names could make
+        // them a part of it.
         std::vector<wide_string> near = files.belonging_to(name, stem);
         if (const wide_string* const bare = files.find(stem)) near.push_back(*bare); // as for ERS headers
         for (const wide_string& each : listed_by_format(copy.old_path, near)) bring_behind(each, stem.size());
@@ -134,9 +141,11 @@ private:
 
     void bring(const wide_string& source, const wide_string& folder, wide_string name) {
         if (!copy_.exists()) return;
+        // As the run does with all other names.
         if (run_.options.lower_case) platform::lower_in_place(name);
         const wide_string target = folder + name;
         const auto [row, is_new] = sources_.try_emplace(path_key(target), source);
+        // Two main files can have the same companion, for example by stem and by format.
         if (!is_new && is_same_source(row->second, source)) return;
         if (path_exists(target)) {
             if (is_same_content(source, target))
@@ -238,6 +247,8 @@ std::vector<wide_string> family_of(const wide_string& path, const folder_files& 
 
 run_result bring_companions(project_context& run, companion_choice which, const source_elements& elements,
                             const std::vector<wide_string>& source_paths, run_result result) {
+    // The run has cleared the register from which the guard knows them. Needed even without companions, since
+    // later steps ask the guard, too.
     for (const wide_string& path : source_paths) run.guard.add(path);
     if (which == companion_choice::none || result.end != run_end::done || !result.written) return result;
     companion_run all(run, which, elements);
@@ -246,10 +257,12 @@ run_result bring_companions(project_context& run, companion_choice which, const 
     run.progress.set_caption(platform::from_utf8(say("Copying companions")));
     run.progress.show();
     for (size_t index = 0; index < count && !run.progress.is_stopped(); ++index) {
+        // A copy of the entry, because companions are placed as well.
         all.bring_for(placed_file(run.placement.placed[index]));
         run.progress.advance(1);
     }
     if (run.progress.is_stopped()) {
+        // Erases everything that the run made, companions included, if the user wants that.
         run.on_stopped();
         result.end = run_end::stopped;
         result.written = !run.progress.erase_created;

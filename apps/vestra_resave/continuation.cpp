@@ -33,12 +33,14 @@ continuation::continuation(const resave_request& request, wide_string source, wi
 continuation::~continuation() = default;
 
 std::optional<refusal> continuation::find(session& host) {
+    // The language is a part of the request, because folders by type are named in it.
     asked_ =
         text_of_request(request_, source_, target_, shell::settings().language_offset == 0 ? "ru" : "en");
     has_journal_ = platform::current_system().kind_of(journal_path(target_)) == entry_kind::file;
     if (platform::current_system().identity_of(journal_path(target_)).is_link)
         return refused(journal_path(target_),
                        say("is a link; the journal of the resave would be written elsewhere"));
+    // Checked for every mode, since a run that is active would be disturbed by any of them.
     if (has_journal_)
         if (auto early = refuse_at_work(journal_path(target_))) return early;
     if (request_.mode == run_mode::resume) return find_to_resume(host);
@@ -80,11 +82,14 @@ std::optional<refusal> continuation::find_to_resume(session& host) {
     earlier_run earlier;
     if (const platform::outcome read = read_journal(path, earlier); !read)
         return refused(path, one_line(read.text()));
+    // A run that was killed before it recorded its request has made nothing. It is begun anew, in its
+    // journal.
     is_recorded_ = !earlier.request.empty();
     if (is_recorded_) {
         if (!is_request(earlier.request)) return refused(path, say("the journal cannot be read"));
         if (const std::string differs = difference_of(earlier.request, asked_); !differs.empty())
             return refused(path, say("the interrupted resave cannot be resumed: %1", {differs}));
+        // What was interrupted as an update is continued as one, although --resume was given.
         if (is_update(earlier.request)) mode_ = run_mode::update;
     } else if (!earlier.files.empty()) {
         return refused(path, say("the journal cannot be read"));
@@ -92,6 +97,8 @@ std::optional<refusal> continuation::find_to_resume(session& host) {
     if (mode_ == run_mode::update) {
         if (auto early = read_manifest(target_, earlier_copy_)) return early;
         has_manifest_ = !earlier_copy_.empty();
+        // The earlier copy can be older than the interrupted run: the project may still be as the manifest
+        // says.
         may_replace_project_ = is_as_recorded(earlier_copy_);
         if (auto early = find_earlier_copy(host)) return early;
     } else {
@@ -116,6 +123,8 @@ std::optional<refusal> continuation::refuse_changed_project() const {
 std::optional<refusal> continuation::find_to_update(session& host) {
     wide_string from;
     if (auto early = read_manifest(target_, earlier_copy_, &from)) return early;
+    // --overwrite replaces the copy of another project, but together with --prune it would also remove all of
+    // its files.
     if (!from.empty() && !is_same_project(from, source_) && (request_.prune || !request_.overwrite))
         return refused(target_, say("is a copy of another project: %1", {printed(from)}));
     has_manifest_ = !earlier_copy_.empty();
@@ -123,6 +132,7 @@ std::optional<refusal> continuation::find_to_update(session& host) {
     if (has_journal_)
         if (const platform::outcome read = read_journal(journal_path(target_), earlier); !read)
             return refused(journal_path(target_), one_line(read.text()));
+    // The request is recorded first, so a journal with files but without one was damaged.
     if (earlier.request.empty() && !earlier.files.empty())
         return refused(journal_path(target_), say("the journal cannot be read"));
     if (!earlier.request.empty())
@@ -143,7 +153,9 @@ std::optional<refusal> continuation::find_to_update(session& host) {
     return std::nullopt;
 }
 
-// Without a manifest, the files that the earlier project refers to are its copy.
+// Without a manifest, the files that the earlier project refers to are its copy. The project file itself has
+// no record, so it counts as begun, which allows the run to replace it; whether it may has been checked
+// before.
 std::optional<refusal> continuation::find_earlier_copy(session& host) {
     if (!has_manifest_ && path_exists(target_)) {
         // Do not search for files that the earlier project lost.
@@ -166,8 +178,10 @@ bool continuation::is_as_recorded(const std::vector<earlier_file>& files) const 
     const platform::entry_status now = platform::current_system().status_of(target_);
     return std::ranges::any_of(files, [&](const earlier_file& each) {
         if (!path_same(each.path, target_)) return false;
+        // Begun but not completed, so its size and time are unknown.
         if (each.modified == 0 && each.state == made_state::writing) return true;
         if (each.modified != 0 && now.bytes == each.bytes && now.modified == each.modified) return true;
+        // A copy of the whole folder can have lost the times of its files.
         file_digest digest;
         return !each.sha256.empty() &&
                read_digest(
@@ -186,7 +200,11 @@ void continuation::add_files(std::vector<earlier_file> files) {
         const wide_string key = path_key(each.path);
         const bool is_of_command =
             key == path_key(journal_path(target_)) || key == path_key(manifest_path(target_));
+        // A path outside the folder was not written by this program. The journal and the manifest are
+        // replaced by the command itself.
         if (!key.starts_with(below) || is_of_command) continue;
+        // A manifest lists no folders, and a journal only those that did not exist before, so they are taken
+        // from the paths.
         for (wide_string folder = path_normalise(path_head(each.path));
              path_key(folder).starts_with(top) && seen.insert(path_key(folder)).second;
              folder = path_normalise(path_head(folder)))
@@ -204,15 +222,21 @@ void continuation::put_in_force(project_context& context, const source_elements&
         journal_in_force_.emplace(*journal_);
     }
     if (request_.mode == run_mode::anew) return;
+    // A file of the earlier copy can be a source of this run, if the project now refers to it there. Then it
+    // must neither be hidden nor replaced.
     std::erase_if(files_, [&](const earlier_file& each) { return context.guard.protects(each.path); });
     platform::system& below = journal_ ? static_cast<platform::system&>(*journal_) : real;
     disk_ = std::make_unique<continued_disk>(below, journal_.get(), std::move(files_));
+    // The log is written anew in each run, even if the user changed it.
     disk_->let_go(path_head(target_) + path_stem(target_) + load_string(text::log_name_suffix));
     if (request_.overwrite) disk_->let_go(target_);
+    // A folder that is one data set is changed or unchanged as a whole.
     std::vector<wide_string> files;
     for (const source_elements::row& each : source.rows()) files.push_back(each.file);
     disk_->keep_together(files);
     if (!has_manifest_) disk_->know_sources(context.sizes.known_paths());
+    // Only an update keeps places: a resumed run repeats the same choices in the same order, and must not
+    // choose differently from an undisturbed one.
     if (mode_ == run_mode::update) disk_->keep_places_of(context.sizes.known_paths());
     if (trial)
         trial->put_above(*disk_);
@@ -222,6 +246,8 @@ void continuation::put_in_force(project_context& context, const source_elements&
 
 std::optional<refusal> continuation::begin_journal() {
     if (!journal_) return std::nullopt;
+    // A resumed run keeps the recorded request. An update writes its own, which replaces the one of the run
+    // before.
     const bool is_to_be_entered = !is_recorded_ || request_.mode == run_mode::update;
     const platform::outcome begun = journal_->begin(is_to_be_entered ? asked_ : "", has_journal_);
     if (begun) return refuse_others_at_work();

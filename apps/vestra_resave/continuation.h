@@ -1,5 +1,13 @@
 // How a resave continues an earlier one: `--resume` after an interrupted run, `--update` of a complete copy.
 // The bundle does not know about it; it works on a disk that hides the files of the earlier run.
+//
+// Every resave into a folder uses this class, also one that continues nothing, because it keeps the journal.
+// The calls in their order:
+//
+//    find, session::load, put_in_force, begin_journal, the run, end_files, end_journal
+//
+// `abandon` takes the place of the calls after it if the run does not take place; if its files were erased,
+// it comes before `end_files`.
 #pragma once
 
 #include <memory>
@@ -25,28 +33,36 @@ struct resave_request;
 
 enum class run_mode { anew, resume, update };
 
-// One object per resave. It must outlive everything that uses the disk.
+// One object per resave. It must outlive everything that uses the disk. The destructor removes the disks but
+// keeps the journal, as if the program had been killed. Main thread only.
 class continuation {
 public:
     // `source` and `target` are the project files; `request` must outlive this object.
     continuation(const resave_request& request, wide_string source, wide_string target);
     ~continuation();
 
-    // Finds out what the earlier run made. Call it before loading the source, because it may have to load the
-    // earlier project. Returns why the run cannot continue or must not start.
+    // Finds out what the earlier run made, from its journal, its manifest or, without either, the earlier
+    // project. Call it before loading the source, because it may have to load the earlier project into the
+    // session. Changes nothing on the disk. Returns why the run cannot continue or must not start: another
+    // run is active here, the journal belongs to another request, or the user has changed the project.
     std::optional<refusal> find(session& host);
     // True if the existing project at the target is the earlier run's and can be replaced.
     bool may_replace_project() const { return may_replace_project_; }
 
-    // Installs the disk; in a dry run it is below the trial disk. The source must be loaded.
+    // Makes this object's disks the current ones: that of the journal, and above it the one that hides files;
+    // in a dry run only the latter, below the trial disk. The source must be loaded, and `context` must be
+    // the one that runs. Without an earlier run nothing is hidden.
     void put_in_force(vs::project_resave::project_context& context, const source_elements& source,
                       trial_disk* trial);
-    // Begins the journal, except in a dry run. The target's folder must exist.
+    // Begins the journal, except in a dry run, and flushes it to the disk. The target's folder must exist.
+    // From now on no other run can start in this folder. Returns an error if the journal cannot be written or
+    // another run is active; call `abandon` then.
     std::optional<refusal> begin_journal();
 
     // Returns null if the run does not continue an earlier one.
     continued_disk* disk() { return disk_.get(); }
-    // The copies of this run whose digest was computed while they were made; null for a trial.
+    // Returns the copies of this run whose digest was computed while they were made, by path key; null for a
+    // trial. Digests are only kept if a manifest will be written.
     const std::unordered_map<wide_string, earlier_file>* digests() const {
         return journal_ ? &journal_->digests() : nullptr;
     }
@@ -54,17 +70,23 @@ public:
     bool has_manifest() const { return has_manifest_; }
     // Returns existing files of earlier runs that this run neither made nor kept. Call it after `end_files`.
     std::vector<earlier_file> left();
-    // Returns files of earlier runs that were changed since, with the values recorded then.
+    // Returns files of earlier runs that were changed since, with the values recorded then. The manifest must
+    // keep them, so that later runs see that the files were changed.
     std::vector<earlier_file> changed();
-    // Keeps the journal, because the manifest lacks information that is in it.
+    // Makes `end_journal` keep the journal although the project was saved, because the manifest lacks
+    // information that is in it. Call it between `end_files` and `end_journal`.
     void keep_journal() { is_broken_off_ = true; }
 
-    // Adds to the report what became of the earlier files, and removes those that are to be removed. Call it
-    // while the context is still that of the run.
+    // Adds to the report what became of the earlier files, and removes those that are to be removed, but only
+    // if the run saved its project. After that the disk hides nothing. Call it before another project is
+    // loaded, while placement and guard of the context are still those of the run.
     void end_files(vs::project_resave::project_context& context, resave_report& report);
-    // Tells the disk to keep the new project and ends the journal, which is kept if the run can be resumed.
+    // Flushes the new project, its manifest and its folder to the disk if the run saved, and then ends the
+    // journal: it is removed, or kept and flushed if the run can be resumed. A failed flush of the project
+    // makes the report one of a run that did not save. The disks are no longer in use afterwards.
     void end_journal(resave_report& report);
-    // Ends the journal of a run that left nothing. A journal that existed before is kept.
+    // Ends the journal of a run that left nothing. A journal that existed before is kept, since the files
+    // that it lists still exist. Does nothing if the journal has not begun or has ended.
     void abandon();
 
 private:

@@ -22,13 +22,15 @@ using fate = continued_disk::fate;
 
 namespace {
 
-// True if a disk was full or a share was lost during the run, so that the same run can succeed later.
+// True if a disk was full or a share was lost during the run, so that the same run can succeed later. For
+// other failures the journal would only refuse the next run without a reason.
 bool may_succeed_later(const project_context& context, const resave_report& report) {
     using platform::failure;
     std::unordered_set<wide_string> lost; // path keys
     for (const problem& each : report.problems) {
         if (each.kind != name_of(fact_kind::copy_failed) && each.kind != name_of(fact_kind::source_lost))
             continue;
+        // Compared by text, because problems keep only the reason in words.
         for (const failure known : {failure::disk_full, failure::damaged, failure::in_use})
             if (each.reason == platform::outcome(known).text()) return true;
         if (!path_exists(each.path)) lost.insert(path_key(each.path));
@@ -39,7 +41,8 @@ bool may_succeed_later(const project_context& context, const resave_report& repo
                                [&](const wide_string& path) { return lost.contains(path_key(path)); });
 }
 
-// True for a problem that leaves the run without a source, or without knowing all sources.
+// True for a problem that leaves the run without a source, or without knowing all sources. Then a file that
+// nothing refers to may be needed again once the source is back.
 bool is_loss(const problem& found) {
     const std::string_view kinds[] = {name_of(fact_kind::source_lost),
                                       name_of(fact_kind::type_not_resaved),
@@ -58,11 +61,13 @@ bool is_written_alike(const wide_string& path, platform::system& real) {
     if (!path_extension(path).starts_with(u"._")) return false;
     std::string planned, existing;
     if (!read_text(path, planned)) return false;
+    // The planned text was read through the trial disk, the existing one must not be.
     const platform::system_override in_force(real);
     return read_text(path, existing) && planned == existing;
 }
 
-// Returns the sets in which a file, other than a companion of a copy, has lost its source.
+// Returns the sets in which a file, other than a companion of a copy, has lost its source. A companion that
+// vanished from the source is meant to go, because programs would read it with the copy.
 std::unordered_set<wide_string> last_copies(const std::vector<const continued_disk::row*>& left,
                                             const placed_copies& copies) {
     std::unordered_set<wide_string> sets;
@@ -93,6 +98,7 @@ std::vector<const continued_disk::row*> continuation::unreferenced() {
 std::vector<earlier_file> continuation::files_that_are(std::initializer_list<fate> wanted) {
     std::vector<earlier_file> files;
     if (!disk_) return files;
+    // Folders and files that were only begun or referred to are not in a manifest.
     for (const continued_disk::row& each : disk_->rows())
         if (std::ranges::find(wanted, each.what) != wanted.end() &&
             (each.file->state == made_state::copied || each.file->state == made_state::written))
@@ -108,6 +114,7 @@ std::vector<earlier_file> continuation::changed() { return files_that_are({fate:
 void continuation::classify(resave_report& report) {
     for (const copied_file& copy : report.copies) {
         auto what = trial_ ? disk_->fate_of_copy(copy.source, copy.target) : disk_->fate_of(copy.target);
+        // A real run compares when it renames the new file; the trial never gets that far.
         if (trial_ && what == fate::replaced && is_written_alike(copy.target, disk_->below()))
             what = fate::kept;
         if (what == fate::kept)
@@ -144,6 +151,7 @@ void continuation::remove_unreferenced(project_context& context, resave_report& 
             end_unreferenced(*each, keeps, copies, report);
         }
     }
+    // The next --resume has to remove what is left now.
     is_broken_off_ |= mode_ == run_mode::resume && lacks_sources && !left.empty();
     for (const continued_disk::row& each : rows_)
         if (each.what == fate::changed && each.file->state != made_state::folder &&
@@ -156,7 +164,9 @@ void continuation::end_unreferenced(const continued_disk::row& left, const char1
                                     const placed_copies& copies, resave_report& report) {
     const bool is_folder = left.file->state == made_state::folder;
     const bool is_begun = is_only_begun(*left.file);
+    // What was only begun is removed in any case: it is incomplete, and no user made it.
     const bool removes = is_begun || (removes_unreferenced() && !keeps);
+    // The content of a folder is reported, not the folder.
     if (is_folder && (!removes || trial_ || disk_->is_filled(*left.file))) return;
     platform::outcome removed;
     if (removes && !trial_) removed = disk_->remove_hidden(*left.file);
@@ -168,6 +178,7 @@ void continuation::end_unreferenced(const continued_disk::row& left, const char1
     if (const wide_string* const main = removes ? nullptr : copies.read_with(left.file->path);
         main && !is_folder)
         found.kind = own_kind::stale, found.path = std::exchange(found.new_path, *main);
+    // A resumed run removes files that the interrupted one began; the user never knew of them.
     const bool is_told = !removed || (mode_ == run_mode::update && !is_folder && !is_begun);
     if (is_told) add(report, std::move(found));
 }
@@ -179,6 +190,8 @@ void continuation::flush(resave_report& report) {
         if (!flushed) add(report, {name_of(fact_kind::not_written), {}, source_, path, flushed.text()});
         return bool(flushed);
     };
+    // The project is flushed before the journal is removed. If that fails, the run has not saved, although
+    // the project can be read now.
     if (!note(target_, disk.flush(target_))) report.exit = not_saved, report.outcome = "not saved";
     if (path_exists(manifest_path(target_))) {
         note(manifest_path(target_), disk.flush(manifest_path(target_)));
@@ -215,6 +228,7 @@ void continuation::abandon() {
 }
 
 platform::outcome continuation::close_journal(bool removes) {
+    // In the reverse order of their installation. The journal ends after nothing can be recorded any more.
     disk_in_force_.reset();
     journal_in_force_.reset();
     is_journal_ended_ = true;

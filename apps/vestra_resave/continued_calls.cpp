@@ -29,22 +29,28 @@ outcome continued_disk::remove_hidden(const earlier_file& file) {
 
 platform::entry_status continued_disk::status_of(const wide_string& path) {
     const entry* const found = hidden(path);
+    // A reserved path counts as taken for all other sources, although nothing else can be seen of it.
     if (found && !is_reserved(*found)) return {entry_kind::none, 0, platform::failure::missing};
     return inner().status_of(path);
 }
 
 outcome continued_disk::copy_file(const wide_string& source, const wide_string& target, bool replace) {
     entry* const found = hidden(target);
+    // Over a folder the copy fails below, as it would without the earlier run.
     if (!found || found->file.state == made_state::folder) return inner().copy_file(source, target, replace);
     if (is_unchanged(*found, source)) {
         found->what = fate::kept;
+        // Recorded again, since this run may be killed and resumed, too.
         if (journal_) journal_->add_kept(found->file.path, source, found->now, digest_of(*found));
         return {};
     }
     if (!is_still(*found)) return outcome::because(changed_reason);
+    // To the path as the earlier run spelled it. The older copy is replaced only when the new one is
+    // complete.
     const outcome copied = inner().copy_file(source, found->file.path, true);
     found->what = copied ? fate::replaced : fate::failed;
-    if (!copied && journal_) journal_->add_kept(found->file.path, source, found->now, {}); // for the next run
+    // The older copy is still there.
+    if (!copied && journal_) journal_->add_kept(found->file.path, source, found->now, {});
     return copied;
 }
 
@@ -52,6 +58,7 @@ outcome continued_disk::delete_file(const wide_string& path) {
     entry* const found = find(path);
     if (!found || found->what == fate::changed || found->what == fate::missing)
         return inner().delete_file(path);
+    // Erasing what a stopped run made must not remove an earlier copy, so it is only hidden again.
     if (found->what == fate::hidden) return platform::failure::missing;
     found->what = fate::hidden;
     return {};
@@ -81,6 +88,7 @@ outcome continued_disk::list(const wide_string& path, std::vector<platform::fold
     const outcome listed = inner().list(path, entries);
     const auto made = inside_.find(path_key(path));
     if (!listed || made == inside_.end()) return listed;
+    // Only folders of the earlier run get here; all others are listed as they are.
     std::erase_if(entries, [&](const platform::folder_entry& each) {
         return hidden(path_join(path, each.name)) != nullptr;
     });
@@ -103,6 +111,7 @@ outcome continued_disk::rename_over(const wide_string& from, const wide_string& 
     entry* const found = hidden(to);
     if (is_kept_from_writing(to)) return outcome::because(changed_reason);
     if (!found) return inner().rename_over(from, to);
+    // `let_go` allows to lose changes, for example with --overwrite.
     if (!may_go(to) && !is_still(*found)) return outcome::because(changed_reason);
     if (!found->file.is_lost && is_same_text(inner(), from, to)) {
         found->what = fate::kept;
@@ -120,9 +129,11 @@ outcome continued_disk::open(const wide_string& path, platform::access wanted, p
     if (how == platform::disposition::create_always && is_kept_from_writing(path))
         return outcome::because(changed_reason);
     if (!found) return inner().open(path, wanted, how, result);
+    // Whoever reads or creates this file must not see the old content; `create_new` succeeds as if nothing
+    // were there.
     if (how == platform::disposition::open_existing) return platform::failure::missing;
     if (found->file.state == made_state::folder) return inner().open(path, wanted, how, result);
-    if (inner().identity_of(path).names > 1) // the file stays under its other name
+    if (inner().identity_of(path).names > 1) // emptying it would empty it under its other name, too
         if (const outcome removed = inner().delete_file(path); !removed) return removed;
     const outcome opened = inner().open(path, wanted, platform::disposition::create_always, result);
     if (opened) found->what = fate::replaced;

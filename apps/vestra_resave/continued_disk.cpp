@@ -22,6 +22,8 @@ wide_string folder_key_of(const wide_string& key) { return path_key(path_head(ke
 // changed.
 bool is_same_time(int64_t a, int64_t b) { return std::abs(a - b) < 100; }
 
+// A copy has the time of its source, so equal size and time mean equal content. Reading instead would cost as
+// much as copying.
 bool is_same(const platform::entry_status& a, const platform::entry_status& b) {
     return a.kind == b.kind && a.bytes == b.bytes && is_same_time(a.modified, b.modified);
 }
@@ -32,7 +34,7 @@ bool is_name_of_copy(const wide_string& path) {
     return name.starts_with(copy_name_begin) && name.ends_with(copy_name_end);
 }
 
-// Returns the stem without the number that is appended when a name is taken.
+// Returns the stem without the number that is appended when a name is taken: "a" for "a_(2)".
 wide_string plain_stem(wide_string stem) {
     const size_t open = stem.rfind(u"_(");
     if (open != wide_string::npos && stem.ends_with(u')') &&
@@ -41,7 +43,8 @@ wide_string plain_stem(wide_string stem) {
     return stem;
 }
 
-// Returns the key of the set formed by the files in a copied folder. No file has such a name.
+// Returns the key of the set formed by the files in a copied folder. No file has such a name, so a folder and
+// the files next to it that share its name stay different sets.
 wide_string folder_set(const wide_string& key) { return key + u'\\'; }
 
 // True if the names differ only in a number, at the end or before the extension.
@@ -67,6 +70,7 @@ continued_disk::continued_disk(platform::system& below, journal_disk* journal,
     : forwarding_system(below), journal_(journal) {
     for (earlier_file& file : files) {
         const wide_string key = path_key(file.path);
+        // A second record of a path is the newer one.
         const auto [at, is_new] = entries_.try_emplace(key);
         if (is_new)
             inside_[folder_key_of(key)].push_back(path_file_name(file.path));
@@ -84,6 +88,7 @@ continued_disk::continued_disk(platform::system& below, journal_disk* journal,
         else if (!each.file.data_set.empty())
             each.set = folder_set(path_key(each.file.data_set));
         else
+            // A temporary name says nothing about the data set.
             each.set = is_only_begun(each.file) ? key : set_of(key);
     }
     collect_sets();
@@ -102,6 +107,8 @@ void continued_disk::keep_together(const std::vector<wide_string>& sources) {
     if (folders.empty()) return;
     for (auto& [key, each] : entries_) {
         if (each.file.state == made_state::folder || each.file.source.empty()) continue;
+        // Both paths are shortened in step until the source is the folder; then the copy is that folder's
+        // copy.
         wide_string from = path_key(each.file.source), to = key;
         do {
             from = path_normalise(path_head(from)), to = path_normalise(path_head(to));
@@ -163,6 +170,7 @@ bool continued_disk::is_another(const wide_string& path, const entry& found) {
 continued_disk::entry* continued_disk::hidden(const wide_string& path) {
     entry* const found = find(path);
     if (is_over_ || !found || found->what != fate::hidden || is_another(path, *found)) return nullptr;
+    // A folder is no member of a set, so it is checked by itself.
     if (found->file.state == made_state::folder) check(*found);
     if (const auto at = sets_.find(found->set); at != sets_.end()) {
         check_set(found->set, at->second);
@@ -179,6 +187,8 @@ void continued_disk::check_set(const wide_string& key, file_set& set) {
     for (entry* each : set.made) check(*each);
     const auto is = [](fate wanted) { return [wanted](const entry* each) { return each->what == wanted; }; };
     bool is_changed = std::ranges::any_of(set.made, is(fate::changed));
+    // Files that the user added matter only if the set would be replaced, which needs the sources to be
+    // looked at.
     if (!is_changed && has_strangers(key, set))
         is_changed = std::ranges::any_of(set.made, [&](const entry* each) {
             const earlier_file& file = each->file;
@@ -202,6 +212,7 @@ bool continued_disk::has_strangers(const wide_string& set_key, const file_set& s
     if (is_new)
         for (const auto& each : platform::entries_or_none(inner(), folder)) {
             const wide_string name = path_key(each.name);
+            // These share the project's stem but are no files of the user.
             const bool is_of_command = name.ends_with(u".manifest.json") || name.ends_with(journal_name_end);
             const entry* const known = find(folder + name);
             if (!each.is_folder && !is_of_command) ++at->second[known ? known->set : set_of(folder + name)];
@@ -220,6 +231,7 @@ void continued_disk::check(entry& asked) {
     } else if (!is_own(asked.file)) {
         asked.what = fate::changed;
     } else if (!is_it(asked.file)) {
+        // The last recorded change was perhaps not made before the run was killed.
         const auto older = std::ranges::find_if(asked.older, is_it);
         if (older == asked.older.end())
             asked.what = fate::changed;
@@ -240,6 +252,7 @@ bool continued_disk::is_own(const earlier_file& file) {
 bool continued_disk::is_as_made(const earlier_file& file, const platform::entry_status& now) {
     if (file.state == made_state::folder) return now.kind == entry_kind::folder;
     if (now.kind != entry_kind::file) return false;
+    // The run was killed while it wrote the file, so its size and time were never recorded.
     if (file.state == made_state::writing) return true;
     if (file.state == made_state::begun && is_name_of_copy(file.path))
         return true; // only runs use such names
@@ -247,6 +260,8 @@ bool continued_disk::is_as_made(const earlier_file& file, const platform::entry_
         return true;
     // Nothing is lost if the file equals its source.
     if (!file.source.empty() && is_same(now, inner().status_of(file.source))) return true;
+    // An incomplete copy is the beginning of its source, possibly followed by blocks that were reserved and
+    // not yet written. Anything else has been changed by the user.
     if (!file.source.empty() && (file.state == made_state::begun || !file.is_safe))
         return is_beginning_of(inner(), file.path, file.source);
     if (file.state == made_state::referred) return is_like_source_.contains({now.bytes, now.modified});
@@ -293,6 +308,7 @@ bool continued_disk::is_reserved(const entry& found) const {
 std::vector<continued_disk::row> continued_disk::rows() {
     std::vector<row> all;
     for (auto& [key, each] : entries_) {
+        // For its effect: it checks the entry and its set.
         hidden(each.file.path);
         if (each.what != fate::missing) all.push_back({&key, &each.file, &each.set, each.what});
     }

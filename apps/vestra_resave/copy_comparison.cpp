@@ -37,6 +37,8 @@ public:
         if (platform::current_system().kind_of(source) == entry_kind::folder)
             return add_folder(source, target);
         const difference found = compare(source, target);
+        // The content decides what a scene file is, since a map can show one with any name. It is read last,
+        // because it matters only for files that differ.
         if (found.kind && !found_.stopped && !is_scene_file(target))
             found_.differing.push_back({found.kind, {}, source, target, found.reason.text()});
     }
@@ -50,6 +52,7 @@ private:
         const auto place_of = [&](const wide_string& path) {
             return path_join(target, path_relative(from, path));
         };
+        // Only files of the source are compared: the copy may have more, such as companions of others.
         for (const auto& entry : platform::list_tree(platform::current_system(), from, &unread))
             if (!entry.is_folder) add(entry.path, place_of(entry.path));
         for (const auto& folder : unread)
@@ -66,6 +69,7 @@ private:
         result = open_to_read(target, other);
         if (!result) return {own_kind::copy_unreadable, result};
         uint64_t rest = one->size();
+        // Files of different sizes are not read.
         if (rest != other->size()) return {own_kind::copy_size_differs, {}};
         for (; rest != 0 && !is_at_end(); rest -= std::min<uint64_t>(rest, piece)) {
             const auto length = static_cast<size_t>(std::min<uint64_t>(rest, piece));

@@ -36,12 +36,16 @@ bool is_source_element(std::string_view name) {
 }
 
 // True for a connection, or a source in memory or in an archive, instead of a path.
+// A colon in the second place belongs to a drive; anywhere after that it separates a driver or the name of a
+// layer.
 bool is_no_path(std::string_view text) {
     return text.empty() || text.starts_with("/vsi") || text.starts_with('<') ||
            text.find("://") != std::string_view::npos || text.find(':', 2) != std::string_view::npos;
 }
 
 bool is_relative(const pugi::xml_node& source, std::string_view text) {
+    // The attribute occurs in both spellings. Without it, a path that is not absolute counts as relative to
+    // the file.
     for (const char* name : {"relativeToVRT", "relativetoVRT"})
         if (const pugi::xml_attribute flag = source.attribute(name)) return flag.as_bool();
     return !text.starts_with('/') && !text.starts_with('\\') && text.find(':') == std::string_view::npos;
@@ -49,6 +53,7 @@ bool is_relative(const pugi::xml_node& source, std::string_view text) {
 
 // Returns the first bytes of a file; empty if it cannot be read.
 std::string beginning_of(const wide_string& path) {
+    // The signature can be after a declaration and a comment.
     std::string first(1024, '\0');
     size_t count = 0;
     std::unique_ptr<platform::file> file;
@@ -83,6 +88,7 @@ void add_virtual_sources(const wide_string& path, std::vector<data_set_files::ne
     std::string text;
     pugi::xml_document document;
     if (!read_text(path, text) || !document.load_buffer(text.data(), text.size())) return;
+    // Used to visit all nodes: the function never says that it has found one.
     document.find_node([&](const pugi::xml_node& node) {
         const std::string_view named = node.child_value();
         if (!is_source_element(node.name()) || is_no_path(named)) return false;
@@ -127,6 +133,8 @@ data_set_files files_of_data_set(const wide_string& path) {
     // A shape file that could be read is binary, so its first bytes need not be examined.
     const bool is_text = !is_folder && !(is_read && has_extension(path, u".shp"));
     const std::string beginning = is_text ? beginning_of(path) : std::string();
+    // Before the files that the format lists: these here know whether a path is absolute, and the first entry
+    // of a file is kept.
     if (is_virtual(beginning)) add_virtual_sources(path, all.files);
     if (beginning.starts_with("DatasetHeader Begin")) add_ers_data(path, all.files);
     for (wide_string& file : listed) all.files.push_back({std::move(file)});
@@ -159,6 +167,7 @@ bool folder_walls::leads_out(const wide_string& path) const {
     if (found.is_link) {
         whole = std::filesystem::canonical(platform::native_path(path), unknown);
     } else {
+        // Resolving a path costs a request for each of its levels, so it is done once for each folder.
         const auto [folder, is_new] = canonical_.try_emplace(path_normalise(path_head(path)));
         if (is_new)
             folder->second = std::filesystem::canonical(platform::native_path(folder->first), unknown);
@@ -181,12 +190,14 @@ bool folder_walls::is_bound(const wide_string& path) const {
     for (int links = 0; !rest.empty() && links < most_links;) {
         if (*rest.begin() == "..") return links > 0;
         way /= *rest.begin();
+        // std::filesystem::path has no operation that removes its first part.
         std::filesystem::path behind;
         for (auto piece = std::next(rest.begin()); piece != rest.end(); ++piece) behind /= *piece;
         rest = std::move(behind);
         if (!std::filesystem::is_symlink(folder_ / way, unknown)) continue;
         const auto target = std::filesystem::read_symlink(folder_ / way, unknown);
         if (target.is_absolute()) return true;
+        // Begins again at the top, because the target of the link can contain links and "..".
         rest = (way.parent_path() / target / rest).lexically_normal();
         way.clear();
         ++links;

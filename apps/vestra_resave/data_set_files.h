@@ -1,5 +1,6 @@
 // The files that a data set needs besides its main file: members, files listed by its format, and files that
-// it refers to.
+// it refers to. Everything is read through the current disk, except by formats that a library reads, and no
+// function changes anything.
 #pragma once
 
 #include <filesystem>
@@ -15,25 +16,32 @@ using vs::project_resave::wide_string;
 // The files of a data set, as far as they are known.
 struct data_set_files {
     struct needed {
-        wide_string path;      // of a file that may be missing
-        bool is_whole = false; // the data set refers to it by an absolute path
+        wide_string path; // of a file that may be missing
+        // True if the data set refers to it by an absolute path, so that the reference breaks if both are
+        // moved.
+        bool is_whole = false;
     };
     std::vector<needed> files; // without the main file
-    bool is_empty = false;     // a file of 0 bytes, or a folder without files
-    wide_string unread;        // why the existing main file could not be read; otherwise empty
+    // True for a file of 0 bytes and a folder without files; the rest is not examined then.
+    bool is_empty = false;
+    wide_string unread; // why the existing main file could not be read; otherwise empty
 };
 
-// Examines the data set whose main file or folder exists at `path`. A host must be running.
+// Examines the data set whose main file or folder exists at `path`. A host must be running, because it knows
+// the formats. Opens the data set and, unless it is a folder or a valid shape file, reads its first bytes; a
+// virtual one is read completely. Each file is listed once, without the main file.
 data_set_files files_of_data_set(const wide_string& path);
 
 // Returns the files without which the one at `path` cannot be read, by its name alone; they may be missing.
 std::vector<wide_string> partners_of(const wide_string& path);
 
-// Returns the files that a virtual data set refers to, existing or not; empty for any other file. A virtual
-// data set is recognised by its first bytes, whatever its extension.
+// Returns the files that a virtual data set refers to, existing or not; empty for any other file and for one
+// that cannot be read. A virtual data set is recognised by its first bytes, whatever its extension. Sources
+// in memory, in archives and on servers are left out. Needs no host.
 std::vector<data_set_files::needed> virtual_sources(const wide_string& path);
 
-// Checks whether paths inside a folder stay there when links are followed.
+// Checks whether paths inside a folder stay there when links are followed. Works on the real disk: paths that
+// exist only on another disk, such as one in an archive, never point outside.
 class folder_walls {
 public:
     // `folder` is a drive path; links in it are resolved once.
@@ -47,7 +55,8 @@ public:
 
 private:
     std::filesystem::path folder_, home_; // as given; without links, empty if unreachable
-    mutable std::map<wide_string, std::filesystem::path> canonical_; // of folders already checked
+    // The resolved form of folders already checked, by drive path; empty if a folder cannot be resolved.
+    mutable std::map<wide_string, std::filesystem::path> canonical_;
 };
 
 } // namespace vestra::command

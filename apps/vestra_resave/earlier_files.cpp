@@ -15,6 +15,7 @@ using namespace vs::project_resave;
 
 namespace {
 
+// A name can contain each of these, and "%" would make the others ambiguous.
 constexpr std::string_view hidden_characters = "%\t\n\r";
 
 wide_string path_of(std::string_view word, const wide_string& folder) {
@@ -36,7 +37,8 @@ bool read_number(std::string_view word, number& value) {
     return read.ec == std::errc() && read.ptr == end;
 }
 
-// Returns the words of a line without the last one, which marks the line as complete.
+// Returns the words of a line without the last one, which marks the line as complete; no words for a line
+// that a kill or a full disk has cut off.
 std::vector<std::string_view> words_of(std::string_view line) {
     std::vector<std::string_view> words;
     for (size_t at = 0; at <= line.size();) {
@@ -51,7 +53,8 @@ std::vector<std::string_view> words_of(std::string_view line) {
     return words;
 }
 
-// Processes a journal line by line.
+// Processes a journal line by line. A record that it does not understand is ignored, so that one damaged line
+// does not make the others useless.
 class journal_reader {
 public:
     journal_reader(wide_string folder, earlier_run& found) : folder_(std::move(folder)), found_(found) {}
@@ -63,11 +66,13 @@ public:
             found_.request = words[1];
         } else if (kind == "boot" && has_path) {
             is_losing_ = false; // refers to the run before
+            // An unknown identity counts as another one: then nothing that was not flushed is trusted.
             is_same_boot_ = !words[1].empty() && words[1] == platform::boot_identity();
         } else if (kind == "folder" && has_path) {
             row(words[1], made_state::folder);
         } else if (kind == "copy" && words.size() == 3) {
             copying_ = words[1], source_ = path_of(words[2], folder_);
+            // The copy keeps this state if the run was killed before it recorded the end.
             files_[row(copying_, made_state::begun)].source = source_;
         } else if (kind == "replace" && (words.size() == 5 || words.size() == 6)) {
             keep_older(words[1]);
@@ -93,6 +98,7 @@ public:
             for (earlier_file& file : files_) file.is_lost = true;
             is_losing_ = true;
         } else if (kind == "safe") {
+            // Without repeating earlier ones, because a long run records this every few seconds.
             for (; safe_ < files_.size(); ++safe_) files_[safe_].is_safe = true;
             for (const size_t index : again_) files_[index].is_safe = true;
             again_.clear();
@@ -121,6 +127,7 @@ private:
         } else if (at->second < safe_) {
             again_.push_back(at->second);
         }
+        // A path that is used again is described by its last record only.
         is_gone_[at->second] = false;
         files_[at->second] = {
             .path = std::move(path), .state = state, .is_safe = is_same_boot_, .is_lost = is_losing_};
@@ -130,6 +137,7 @@ private:
     // `first` is the index of the size, after which come the time and perhaps the digest.
     static void finish(earlier_file& file, made_state state, const std::vector<std::string_view>& words,
                        size_t first) {
+        // Without valid numbers the file stays what it was: possibly incomplete.
         if (!read_number(words[first], file.bytes) || !read_number(words[first + 1], file.modified)) return;
         file.state = state;
         if (words.size() > first + 2) file.sha256 = words[first + 2];
@@ -149,7 +157,7 @@ private:
 
 } // namespace
 
-// True for a file that may be incomplete and has a temporary name.
+// Files that are written under another name first are called NAME.new and a number until they are complete.
 bool is_only_begun(const earlier_file& file) {
     wide_string name = path_file_name(file.path);
     while (!name.empty() && name.back() >= u'0' && name.back() <= u'9') name.pop_back();
@@ -157,7 +165,7 @@ bool is_only_begun(const earlier_file& file) {
 }
 
 wide_string journal_path(const wide_string& project) {
-    constexpr size_t most_characters = 60; // of a name, with up to four bytes each
+    constexpr size_t most_characters = 60; // most disks allow 255 bytes for a name
     return path_head(project) + path_stem(project).substr(0, most_characters) + wide_string(journal_name_end);
 }
 

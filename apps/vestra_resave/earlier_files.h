@@ -16,7 +16,13 @@
 //     write PATH         a file that the run writes itself begins
 //     written PATH BYTES TIME
 //     gone PATH          was removed or renamed
+//     lost               the disk lost data: all files of this and the earlier runs are copied again
 //     safe               all of the above is flushed to the disk and survives a loss of power
+//
+// New files and folders are recorded before they are made, so a kill leaves none without a record. `done` and
+// `gone` follow with the next change: a missing one costs a closer look at the file, nothing else. A copy
+// that is not `safe` and was recorded before the last restart is compared with its source, because a file can
+// have its full size before its content is on the disk.
 #pragma once
 
 #include <cstdint>
@@ -52,10 +58,14 @@ struct earlier_file {
     std::string sha256 = {};   // empty if unknown
     bool is_safe = true;       // complete even if the computer lost power since
     wide_string data_set = {}; // the folder data set that it belongs to; empty if unknown
-    bool is_lost = false;      // a failed disk may not have stored it, though it can still be read
+    // True if a failing disk has perhaps not stored it, though it can still be read from memory: it is copied
+    // again.
+    bool is_lost = false;
 };
 
-// True for a file that may be incomplete and has a temporary name.
+// True for a file that may be incomplete and that no project refers to: a copy that was begun, and the new
+// file that is to replace another one. A continued run removes such files, and reports them only if that
+// fails.
 bool is_only_begun(const earlier_file& file);
 
 // The content of a journal.
@@ -64,18 +74,23 @@ struct earlier_run {
     std::vector<earlier_file> files;
 };
 
-// Returns NAME.resave-journal for NAME._vp; long names are shortened.
+// Returns the journal's path: NAME.resave-journal for NAME._vp, in the same folder. Only the first 60
+// characters of NAME are used, so two projects in one folder can have the same journal; then the request in
+// it decides.
 inline constexpr vs::project_resave::wide_view journal_name_end = u".resave-journal";
 wide_string journal_path(const wide_string& project);
 inline constexpr std::string_view journal_title = "resave-journal\t1\t;\n";
 
-// Returns the words as one record.
+// Returns the words as one record with its end. Words must not contain tabs or line ends; `journal_word`
+// makes a path such a word.
 std::string journal_record(const std::vector<std::string>& words);
-// Returns the path as a word.
+// Returns the path as a word, relative to the journal's folder if it is below it. `folder` ends with its
+// separator.
 std::string journal_word(const wide_string& path, const wide_string& folder);
 
-// Reads a journal. Fails if the file cannot be read or is not a journal. `found` has each file as in its last
-// record, preceded, for a file that was to be replaced, by its state before.
+// Reads a journal. Fails if the file cannot be read or is not a journal; an empty one is a journal that has
+// only begun. `found` has each file as in its last record, preceded, for a file that was to be replaced, by
+// its state before. Files that are gone are left out.
 platform::outcome read_journal(const wide_string& path, earlier_run& found);
 
 } // namespace vestra::command

@@ -38,6 +38,7 @@ std::string text_of_request(const resave_request& request, const wide_string& so
                         {"sha256", digest.sha256},
                         {"update", request.mode == run_mode::update},
                         {"options", options}}
+        // On one line, in ASCII: the journal's records end at line ends.
         .dump(-1, ' ', true);
 }
 
@@ -51,6 +52,7 @@ bool is_update(const std::string& text) {
 std::string other_project_in(const std::string& before_text, const std::string& now_text) {
     const ordered_json before = ordered_json::parse(before_text, nullptr, false);
     const ordered_json now = ordered_json::parse(now_text, nullptr, false);
+    // The same project by another path, such as a link, is still the same.
     for (const char* key : {"project", "new_project"})
         if (const wide_string earlier = platform::from_utf8(text_in(before, key));
             !is_same_project(earlier, platform::from_utf8(text_in(now, key))))
@@ -67,6 +69,8 @@ std::string difference_of(const std::string& before_text, const std::string& now
         return say("the project has changed since; use --update to bring the copy up to date");
     const ordered_json none = ordered_json::object();
     const ordered_json was = before.contains("options") ? before["options"] : none;
+    // Only the first difference is reported. An option that the journal lacks, because an older program wrote
+    // it, counts as different.
     for (const auto& [option, value] : now["options"].items())
         if (text_in(was, option.c_str()) != value)
             return say("%1 was %2 and is %3",

@@ -12,7 +12,8 @@ struct resave_request;
 
 // Returns the parts of the request that determine the result as one line of JSON: the project with the
 // SHA-256 of its content, the name of the new project, whether it is an update, and the options. `language`
-// is that of texts in the new project, "en" or "ru".
+// is that of texts in the new project, "en" or "ru". Reads the project file; one that cannot be read is no
+// error here, because its load will fail.
 std::string text_of_request(const resave_request& request, const wide_string& source,
                             const wide_string& target, const std::string& language);
 

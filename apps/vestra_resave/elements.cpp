@@ -35,6 +35,7 @@ element described(std::string kind, vs_entity* entity, bool selectable = true) {
     shown.type = host_text(vs_entity_get_meta_id(entity));
     shown.caption = host_string(&vs_entity_get_wcaption, entity);
     shown.uuid = uuid_to_text(vs_entity_get_uuid(entity));
+    // The selection is kept by uuid, so an element without one cannot be left out.
     shown.selectable = selectable && !shown.uuid.empty();
     return shown;
 }
@@ -57,6 +58,7 @@ element layer_element(vs_lr* layer) {
     shown.type = host_text(vs_lr_get_lr_type(layer));
     refer_to(shown, host_string(&vs_lr_get_wfilename, layer));
     add_joins(shown, vs_attr_data_safe_downcast(vs_lr_get_data_ptr(layer)));
+    // The legend of a layout is a separate scene.
     if (const interface_pointer* plugin = vs_layout_lr2d_get_plugin_interface(layer)) {
         const auto legend = cast_to<layout_legend_layer_impl>(identity_pointer{*plugin});
         if (vs_scn_2d* content = call<&layout_legend_layer_impl::scene>(legend))
@@ -75,6 +77,7 @@ void add_nodes(element& parent, vs_lr_group* group, std::unordered_set<vs_lr*>& 
             shown.caption = host_string(&vs_lr_group_get_wcaption, node);
             add_nodes(shown, node, grouped);
         } else if (vs_lr* layer = vs_lr_group_get_lr_ptr(node)) {
+            // The groups only refer to layers of the scene.
             grouped.insert(layer);
             parent.children.push_back(layer_element(layer));
         }
@@ -100,6 +103,7 @@ element flat_scenes(const std::string& kind, vs_scns_2d* scenes) {
         vs_scn_2d* scene = vs_scns_2d_get(scenes, index);
         element& member = shown.children.emplace_back(scene_element(kind, scene));
         refer_to(member, host_string(&vs_scn_2d_get_source, scene));
+        // The page is not among the layers of its layout.
         if (vs_lr* page = vs_scn_layout_get_page_lr2d(scene)) {
             member.children.push_back(layer_element(page));
             member.children.back().kind = "page";
@@ -187,6 +191,7 @@ std::vector<element> elements_of(project_context& context) {
     const uint32_t plugins = vs_prj_get_plugin_scns_2d_count(project);
     for (uint32_t index = 0; index < plugins; ++index)
         all.push_back(flat_scenes("sheet", vs_prj_get_plugin_scns_2d_ptr(project, index)));
+    // Before the items of services, which have no units and say themselves whether they can be left out.
     keep_without_unit(all, context);
     std::ranges::move(kept_by_services(context), std::back_inserter(all));
     return all;

@@ -14,6 +14,7 @@ void family_sizes::set_bytes(element& shown) {
     if (shown.exists.value_or(false)) {
         path_keys counted;
         shown.bytes = add_family(path_in(shown.file).value(), counted);
+        // Also the files that the run would copy for the element and that are not next to its file.
         for (const uint32_t number : known_.files_of(shown.uuid))
             shown.bytes += add_family(known_.path(number), counted);
     }
@@ -30,6 +31,7 @@ uint64_t family_sizes::add_family(const wide_string& path, path_keys& counted) {
     // full name.
     if (!is_new && files.beginning_with(path_file_name(path)).empty()) return sum;
     const auto [family, is_first] = families_.try_emplace(path_key(head) + path_file_name(path));
+    // By the spelled name: names that differ only in letter case can have different families.
     if (is_first) family->second = family_of(path, files);
     for (const wide_string& name : family->second) sum += add(head + name, counted);
     return sum;
@@ -53,6 +55,7 @@ uint64_t family_sizes::add(const wide_string& path, path_keys& counted) {
                 if (!entry.is_folder) folder->second.push_back(std::move(entry.path));
     }
     uint64_t sum = 0;
+    // A copy, because `add` can enter further folders, which makes `folder` invalid.
     for (const wide_string& file : std::vector(folder->second)) sum += add(file, counted);
     return sum;
 }

@@ -16,13 +16,16 @@ class size_register;
 
 namespace vestra::command {
 
-// Computes the sizes of elements and their totals.
+// Computes the sizes of elements and their totals. Requests each file and lists each folder once, so the cost
+// is linear in the number of files even if all elements share them. Sizes are those of the current disk when
+// a file is first used.
 class family_sizes {
 public:
     // `known` has the files registered for the elements of the loaded project; it must outlive this object.
     explicit family_sizes(const vs::project_resave::size_register& known) : known_(known) {}
 
-    // Sets the bytes of an element whose file exists, and of its children. Each folder is listed once.
+    // Sets the bytes of an element whose file exists, and of its children. A file that the element uses twice
+    // counts once in it; one that two elements use counts in both.
     void set_bytes(element& shown);
 
     // Return the totals of all elements so far; a file used by several elements counts once.

@@ -44,6 +44,7 @@ platform::outcome read_digest(const wide_string& path, const std::function<bool(
         platform::note_transfer(count);
         digest.bytes += count;
     }
+    // Also after a stop, where it is the digest of a part; callers know that they stopped.
     digest.sha256 = sum.text();
     if (result && digest.sha256.empty())
         result = platform::outcome::because(u"its SHA-256 cannot be computed");
@@ -65,10 +66,13 @@ bool is_beginning_of(platform::system& disk, const wide_string& path, const wide
     using platform::access;
     using platform::disposition;
     if (!disk.open(path, access::read, disposition::open_existing, half)) return false;
+    // Before the source is opened, which may no longer exist.
     if (half->size() == 0) return true;
     if (!disk.open(source, access::read, disposition::open_existing, whole) || half->size() > whole->size())
         return false;
     std::vector<char> first(piece), second(piece);
+    // Once the files differ, the rest must be zeros: space that was reserved before it was written. A file
+    // that is complete never gets there.
     bool is_at_zeros = false;
     for (uint64_t rest = half->size(); rest != 0;) {
         const auto length = static_cast<size_t>(std::min<uint64_t>(rest, piece));
@@ -86,6 +90,7 @@ bool is_beginning_of(platform::system& disk, const wide_string& path, const wide
 
 bool is_same_text(platform::system& disk, const wide_string& a, const wide_string& b) {
     const platform::entry_status one = disk.status_of(a), other = disk.status_of(b);
+    // Both directions, because one of them accepts zeros at the end in place of content.
     return one.kind == platform::entry_kind::file && other.kind == platform::entry_kind::file &&
            one.bytes == other.bytes && is_beginning_of(disk, a, b) && is_beginning_of(disk, b, a);
 }

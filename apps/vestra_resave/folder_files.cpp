@@ -16,10 +16,12 @@ using platform::folded;
 folder_files::folder_files(const wide_string& folder) {
     std::vector<platform::folder_entry> entries;
     listed_ = platform::operating_system().list(folder, entries);
+    // A folder that does not exist has no files; that is an answer and not a failure.
     if (listed_.is(platform::failure::missing)) listed_ = {};
     for (auto& entry : entries) {
         if (entry.is_folder) continue;
         const wide_string name = folded(entry.name);
+        // Entered for each dot, so that every beginning is found in one look-up.
         for (size_t dot = name.find(u'.'); dot != wide_string::npos; dot = name.find(u'.', dot + 1))
             by_beginning_[name.substr(0, dot)].push_back(entry.name);
         spellings_[name].push_back(std::move(entry.name));
@@ -45,6 +47,8 @@ bool folder_files::has_twin(const wide_string& name) const {
 }
 
 std::vector<wide_string> folder_files::belonging_to(const wide_string& name, const wide_string& text) const {
+    // On a disk that distinguishes letter case "a.tif" and "A.TIF" are two files, each with its own
+    // companions.
     const bool only_exact = has_twin(name);
     std::vector<wide_string> found;
     std::unordered_map<wide_string, size_t> places; // in `found`, of names that have a twin

@@ -11,10 +11,12 @@ namespace vestra::command {
 
 using vs::project_resave::wide_string;
 
-// The names of the files in one folder when it was listed. Look-ups ignore letter case.
+// The names of the files in one folder when it was listed; later changes are not noticed. Look-ups ignore
+// letter case, take constant time, and never return folders.
 class folder_files {
 public:
-    // Lists the folder on the real disk, even in a dry run. Empty if it cannot be read.
+    // Lists the folder on the real disk, even in a dry run, because it looks for files of the source and not
+    // for copies. Empty if it cannot be read.
     explicit folder_files(const wide_string& folder);
 
     // Returns why the folder could not be listed; success if it does not exist.
@@ -36,7 +38,8 @@ private:
     vs::project_resave::platform::outcome listed_;
 };
 
-// Lists each folder once. Results are valid as long as this object.
+// Lists each folder once, when it is first asked for. References that it returns are valid as long as this
+// object; so are pointers to names in them.
 class listed_folders {
 public:
     const folder_files& files_of(const wide_string& folder);

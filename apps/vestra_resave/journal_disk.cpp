@@ -34,7 +34,7 @@ struct digest_of_copy {
 journal_disk::journal_disk(platform::system& below, const wide_string& project)
     : forwarding_system(below), path_(journal_path(project)), folder_(path_head(project)),
       safe_at_(std::chrono::steady_clock::now()) {
-    // Other runs can be active in these folders.
+    // Other runs can be active in these folders, and their temporary names must differ.
     next_name_ = static_cast<uint64_t>(safe_at_.time_since_epoch().count());
 }
 
@@ -59,6 +59,7 @@ outcome journal_disk::begin(const std::string& request, bool goes_on) {
     if (!request.empty()) pending_ += journal_record({"run", request});
     result = write();
     if (result) result = file_->flush();
+    // A journal that was created for nothing would refuse the next run.
     if (!result && !goes_on) end(true);
     return result;
 }
@@ -66,6 +67,7 @@ outcome journal_disk::begin(const std::string& request, bool goes_on) {
 void journal_disk::add_kept(const wide_string& path, const wide_string& source,
                             const platform::entry_status& status, const std::string& sha256) {
     if (!file_) return;
+    // Not written at once: losing this record only means that the file is compared again.
     pending_ += journal_record({"copy", word(path), word(source)});
     const earlier_file made{
         .path = path, .bytes = status.bytes, .modified = status.modified, .sha256 = sha256};
@@ -114,12 +116,15 @@ void journal_disk::add_size(uint64_t bytes) {
 
 void journal_disk::make_safe() {
     unsafe_bytes_ = 0;
+    // The data must be on the disk before the record that says so. Where only an administrator may flush a
+    // volume, nothing counts as safe, and copies are compared after a restart.
     if (write() && flush_volume(folder_) && enter({"safe"})) file_->flush();
     safe_at_ = std::chrono::steady_clock::now();
 }
 
 outcome journal_disk::flush_volume(const wide_string& folder) {
     const outcome flushed = inner().flush_volume(folder);
+    // Only the first failure is kept. The record is written because the next run can no longer find out.
     if (kept_ && !flushed && !flushed.is(platform::failure::denied)) {
         kept_ = flushed;
         if (enter({"lost"}) && file_) file_->flush();
@@ -132,11 +137,13 @@ outcome journal_disk::flush_volume(const wide_string& folder) {
 outcome journal_disk::copy_file(const wide_string& source, const wide_string& target, bool replace) {
     if (!file_) return forwarding_system::copy_file(source, target, replace);
     if (replace && inner().kind_of(target) == platform::entry_kind::file &&
+        // Copying a file onto itself must fail below, as it does without a journal.
         !inner().same_file(source, target))
         return copy_in_place_of(source, target);
     if (const outcome entered = enter({"copy", word(target), word(source)}); !entered) return entered;
     earlier_file made{.path = target};
     if (const outcome copied = copy_with_digest(source, target, replace, made); !copied) {
+        // After a failure there is no target, and without this record it would count as an incomplete copy.
         pending_ += journal_record({"gone", word(target)});
         return copied;
     }
@@ -168,6 +175,7 @@ outcome journal_disk::copy_in_place_of(const wide_string& source, const wide_str
     while (result.is(platform::failure::taken)) {
         fresh = path_head(target) + wide_string(copy_name_begin) +
                 platform::from_utf8(std::to_string(next_name_++)) + wide_string(copy_name_end);
+        // Left by a killed run, whose journal lists it.
         if (inner().kind_of(fresh) != platform::entry_kind::none) continue;
         if (const outcome entered = enter({"copy", word(fresh), word(source)}); !entered) return entered;
         earlier_file made{.path = target};
@@ -194,6 +202,7 @@ outcome journal_disk::create_folder(const wide_string& path) {
 }
 
 outcome journal_disk::rename_over(const wide_string& from, const wide_string& to) {
+    // Renaming keeps size and time, so they can be recorded before the file has its name.
     const platform::entry_status made = inner().status_of(from);
     const outcome entered =
         enter({"written", word(to), std::to_string(made.bytes), std::to_string(made.modified)});
@@ -203,7 +212,7 @@ outcome journal_disk::rename_over(const wide_string& from, const wide_string& to
     if (!renamed || !file_) return renamed;
     has_made_ = true;
     pending_ += journal_record({"gone", word(from)});
-    write(); // later changes to it are no longer the run's
+    write(); // at once: a later file with the old name is not the run's
     return {};
 }
 

@@ -1,5 +1,7 @@
 // A disk that keeps the journal of a run: each change is recorded before it is made and again when it is
-// complete.
+// complete. earlier_files.h describes the format and reads it. Before `begin` and after `end` calls are only
+// forwarded. In between the journal is open for writing, so another process can find out that a run is
+// active. Main thread only.
 #pragma once
 
 #include <chrono>
@@ -20,19 +22,24 @@ class journal_disk final : public vs::project_resave::forwarding_system {
 public:
     // `below` must outlive this object. The journal is in the folder of `project`.
     journal_disk(platform::system& below, const wide_string& project);
+    // Keeps the journal if it was not ended.
     ~journal_disk() override;
 
     // Creates the journal, or opens an existing one if `goes_on`, and records `request`. Fails with `in_use`
     // if another run is active, and with `taken` if a journal that is to be created exists.
     platform::outcome begin(const std::string& request, bool goes_on);
-    // Records a copy of an earlier run that this run keeps; `sha256` is empty if it is unknown.
+    // Records a copy of an earlier run that this run keeps, so that a later run that has only the journal
+    // knows it; `sha256` is empty if it is unknown. Cannot fail: the record is written together with the next
+    // one.
     void add_kept(const wide_string& path, const wide_string& source, const platform::entry_status& status,
                   const std::string& sha256);
-    // From now on computes the digests of copies while they are made, for a manifest.
+    // From now on computes the digests of copies while they are made, for a manifest. A copy whose content
+    // did not pass through this process, such as one with shared blocks or holes, has none.
     void keep_digests() { keeps_digests_ = true; }
     // Returns the copies made since whose digest is known, by path key: size, time and digest.
     const std::unordered_map<wide_string, earlier_file>& digests() const { return digests_; }
-    // Ends the journal: removes it, or keeps and flushes it.
+    // Ends the journal: removes it, or keeps and flushes it. Returns the first failure. Later changes are not
+    // recorded.
     platform::outcome end(bool removes);
     // Returns the first failure to flush copied data to the disk. The operating system reports such a loss
     // only once, and a later success does not make up for it. Returns success if the operating system cannot
@@ -41,7 +48,9 @@ public:
     // True if anything was copied, created or written since `begin`.
     bool has_made() const { return has_made_; }
 
-    // These operations fail without changing anything if the journal cannot be written.
+    // These operations fail without changing anything if the journal cannot be written: a change without a
+    // record would be taken for a file of the user. The removals are recorded afterwards and fail only by
+    // themselves.
     platform::outcome copy_file(const wide_string& source, const wide_string& target, bool replace) override;
     platform::outcome create_folder(const wide_string& path) override;
     platform::outcome rename_over(const wide_string& from, const wide_string& to) override;

@@ -49,6 +49,7 @@ void print(const element& shown, size_t depth) {
         line += "  [" + one_line(shown.type) + "]";
     if (!shown.uuid.empty()) line += "  " + one_line(shown.uuid);
     if (!shown.file.empty()) line += "  " + printed(shown.file);
+    // Said only of elements that a user could try to name.
     if (!shown.uuid.empty() && !shown.selectable) line += "  " + say("(always kept)");
     if (shown.exists) line += *shown.exists ? "  " + size_text(shown.bytes) : "  " + say("MISSING");
     std::cout << line << '\n';
@@ -78,6 +79,8 @@ bool keep_missing(std::vector<element>& elements) {
 
 int list_project(const list_request& request, const common_options& options) {
     std::string project = request.project;
+    // In this order: the archive is read with the progress of the session, and the cache is above the
+    // archive.
     session host(options, {});
     read_archive_scope archive;
     if (const auto early = archive.begin(host, project, false)) return end_with(*early, options);
@@ -97,6 +100,7 @@ int list_project(const list_request& request, const common_options& options) {
     std::vector<element> elements = elements_of(host.context());
     summary all_of_it;
     family_sizes sizes(host.context().sizes);
+    // The summary counts all elements, also if only the missing ones are listed.
     for (element& each : elements) {
         sizes.set_bytes(each);
         all_of_it.add(each);

@@ -87,12 +87,14 @@ void file_index::list(const wide_string& path, std::vector<wide_string>& inner,
                       std::vector<wide_string>& linked) {
     platform::system& disk = platform::current_system();
     const platform::file_identity identity = disk.identity_of(path);
+    // By identity, so links in a circle end here.
     if (identity && !seen_.insert(identity).second) return;
     std::vector<platform::folder_entry> entries;
     if (const platform::outcome read = disk.list(path, entries); !read) unread_.push_back({path, read});
     const wide_string folder = path_with_separator(path);
     for (platform::folder_entry& each : entries) {
         if (each.is_folder) (each.is_link ? linked : inner).push_back(folder + each.name);
+        // Twice: with the name of its folder, which often is the same after a move, and without it.
         by_name_[place_key(folder, each.name)].push_back({folders_.size(), each.name});
         by_name_[folded(each.name)].push_back({folders_.size(), std::move(each.name)});
     }
@@ -125,6 +127,8 @@ std::optional<refusal> lost_file_search::begin(const std::vector<std::string>& f
     is_active_ = true;
     const auto look_through = [this](auto& model) {
         find_in(model, false);
+        // The paths of model files are relative to a file that may itself have been lost and found, so they
+        // are known only after the first pass.
         find_in(model, true); // searched for next to the files found
     };
     shell::settings().project_read = look_through;
@@ -150,6 +154,7 @@ void lost_file_search::find_in(Model& model, bool model_files) {
             used_.insert(key);
             return;
         }
+        // Entered as undecided, so that it is searched for only once, however many elements refer to it.
         decided_.try_emplace(key);
         const entity& owner = *held.holder;
         problem about{name_of(fact_kind::source_lost),
@@ -163,11 +168,13 @@ void lost_file_search::find_in(Model& model, bool model_files) {
         const std::optional<wide_string> path = path_in(held.text);
         const auto row = path ? decided_.find(path_key(*path)) : decided_.end();
         if (row == decided_.end() || row->second.empty()) return wide_string();
+        // The mark has a meaning for the host and stays.
         return (held.text.starts_with(u'*') ? u"*" : u"") + row->second;
     });
 }
 
 void lost_file_search::decide(std::vector<lost_file>& all) {
+    // Walking the folders can take minutes, so it waits for the first loss.
     if (!std::exchange(is_walked_, true))
         for (const wide_string& root : roots_) index_.add(root);
     std::unordered_map<wide_string, lost_family> families;
@@ -183,6 +190,7 @@ void lost_file_search::decide(std::vector<lost_file>& all) {
         if (!each.choice.empty()) by_choice[path_key(each.choice)].push_back(&each);
     for (auto& [path, rivals] : by_choice) {
         std::ranges::stable_sort(rivals, std::ranges::greater(), &lost_file::agreement);
+        // If two agree equally, neither gets the file: one of them would be wrong.
         const bool has_winner = rivals.size() == 1 || rivals[0]->agreement > rivals[1]->agreement;
         for (lost_file* each : std::span(rivals).subspan(has_winner ? 1 : 0)) each->choice.clear();
     }
@@ -191,6 +199,7 @@ void lost_file_search::decide(std::vector<lost_file>& all) {
 
 std::vector<wide_string> lost_file_search::candidates_for(const wide_string& path) {
     std::vector<wide_string> all = index_.like(path);
+    // The index has names of broken links and of files that were removed since.
     std::erase_if(all, [](const wide_string& each) { return !path_exists(each); });
     for (wide_string& each : all) each = on_own_drive(each);
     return all;
@@ -203,6 +212,7 @@ void lost_file_search::choose(lost_file& lost, lost_family& family) {
         if (is_new)
             row->second = std::ranges::all_of(family.names, [&](const wide_string& name) {
                 const wide_string member = folder + name;
+                // A shape file without its index cannot be read, so it is no candidate.
                 return path_exists(member) && std::ranges::all_of(partners_of(member), &path_exists);
             });
         return row->second;
@@ -210,6 +220,7 @@ void lost_file_search::choose(lost_file& lost, lost_family& family) {
     std::vector<wide_string> best;
     for (const wide_string& each : lost.candidates) {
         const size_t agreement = agreement_of(each, lost.about.path);
+        // What the project refers to already is another element's file, not the lost one.
         if (used_.contains(path_key(each)) || !is_complete(each)) continue;
         if (!best.empty() && agreement < lost.agreement) continue;
         if (agreement > lost.agreement) best.clear();
@@ -247,6 +258,7 @@ bool lost_file_search::hold_same_data(const std::vector<wide_string>& all) {
     const auto files_of = [&](const wide_string& path) {
         std::vector<wide_string> names = family_of(path, folders_.files_of(path_head(path)));
         names.push_back(path_file_name(path));
+        // So that families are compared name by name.
         std::ranges::sort(names, {}, &folded);
         return names;
     };
@@ -267,6 +279,7 @@ bool lost_file_search::hold_same_data(const std::vector<wide_string>& all) {
     }
     for (size_t index = 0; index < first.size(); ++index) {
         std::string known; // digest of the first
+        // File by file across all candidates, so that the first difference ends the comparison.
         for (size_t each = 0; each < all.size(); ++each) {
             file_digest digest;
             if (!read_digest(path_head(all[each]) + names[each][index], is_stopped, digest)) return false;

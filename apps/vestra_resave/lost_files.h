@@ -1,5 +1,5 @@
 // Missing files of a project, searched by name in folders that the user gives. The loaded project uses the
-// files found; the project file on the disk is not changed.
+// files found; the project file on the disk is not changed. Main thread only.
 #pragma once
 
 #include <optional>
@@ -19,7 +19,7 @@ namespace vestra::command {
 // once, even if links lead to it.
 class file_index {
 public:
-    // Stops early if the host is to stop reading.
+    // Adds everything below the folder, at any depth. Stops early if the host is to stop reading.
     void add(const wide_string& folder);
     // Returns at most a hundred paths with the same name; only those in a folder of the same name if there
     // are any.
@@ -53,17 +53,21 @@ public:
     lost_file_search(const lost_file_search&) = delete;
     lost_file_search& operator=(const lost_file_search&) = delete;
 
-    // Makes the host use files found below these folders from now on. The disk is searched when the first
-    // file is missing. Returns why a folder cannot be searched.
+    // Makes the host use files found below these folders from now on, in every project and scene that it
+    // reads: it installs the callbacks `project_read` and `scene_read` of the host's settings. The disk is
+    // searched when the first file is missing, so a project without losses costs nothing. Returns why a
+    // folder cannot be searched; does nothing without folders.
     std::optional<refusal> begin(const std::vector<std::string>& folders);
-    // Files read after this are left as they are.
+    // Removes the callbacks: files read after this are left as they are. What was found stays available.
     void end();
 
     // Returns notices about what was found and what could not be searched.
     std::vector<problem> notices() const;
-    // Returns the lost files with several possible candidates, as separate problems.
+    // Returns the lost files with several possible candidates, as separate problems, for a command that
+    // reports no other losses.
     std::vector<problem> undecided() const { return undecided_; }
-    // Adds the reason and the candidates to each lost source with several possible candidates.
+    // Adds the reason and the candidates to each lost source in `all` that has several possible candidates,
+    // for a command whose run reports the losses itself.
     void explain(std::vector<problem>& all) const;
 
 private:

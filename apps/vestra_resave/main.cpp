@@ -17,7 +17,8 @@ namespace {
 using namespace vestra::command;
 namespace platform = vs::project_resave::platform;
 
-// Receives the output of std::cout and remembers why any of it could not be written.
+// Receives the output of std::cout and remembers why any of it could not be written. The stream itself only
+// knows that something failed, but a full disk or a closed pipe must be reported with its reason.
 class standard_output final : public std::streambuf {
 public:
     standard_output() : before_(std::cout.rdbuf(this)) {}
@@ -33,6 +34,7 @@ public:
 
 private:
     std::streamsize xsputn(const char* text, std::streamsize length) override {
+        // After a failure nothing more is written, so the output has no gap and the first reason is kept.
         if (error_ != 0) return 0;
         const std::size_t written = std::fwrite(text, 1, static_cast<std::size_t>(length), stdout);
         note(static_cast<std::streamsize>(written) == length);
@@ -47,6 +49,7 @@ private:
         return error_ == 0 ? 0 : -1;
     }
     void note(bool succeeded) {
+        // errno is 0 if the library failed without a call of the operating system.
         if (!succeeded) error_ = errno != 0 ? errno : EIO;
     }
 
@@ -81,7 +84,9 @@ int main(int argc, char** argv) {
     if (const int error = output.finish()) {
         complain(say("standard output could not be written: %1",
                      {say_known(std::generic_category().message(error))}));
+        // A status that says more than lost output stays.
         if (status < wrong_use) return not_saved;
     }
+    // Shells expect the status to say which signal ended a program.
     return status == stopped ? platform::stop_status() : status;
 }

@@ -35,6 +35,7 @@ bool add_entries(const ordered_json& list, const wide_string& folder, bool all, 
             !value("sha256").is_string())
             return false;
         const auto text = [&](const char* key) { return platform::from_utf8(each[key].get<std::string>()); };
+        // Somebody else's file that a copy happened to equal: a later update must not replace or remove it.
         if (!all && value("existed") == true) continue;
         entry found{.path = path_normalise(path_join(folder, text("path")))};
         found.bytes = each["bytes"].get<uint64_t>();
@@ -60,6 +61,7 @@ std::optional<std::vector<entry>> entries_of(const std::string& text, const wide
     const wide_string folder = path_head(project);
     if (!manifest.is_object() || !manifest.contains("files") || !manifest["files"].is_array() ||
         !manifest.contains("project") || !manifest["project"].is_string() ||
+        // Files can be renamed, and a manifest next to another project says nothing about that.
         !path_same(platform::from_utf8(manifest["project"].get<std::string>()), path_file_name(project)))
         return std::nullopt;
     std::vector<entry> entries;
@@ -94,6 +96,8 @@ public:
         seen_.insert(path_key(run.placement.log_path)); // more lines can still be appended to it
     }
 
+    // Files that the run made come first, so that those which only have a place in the project are known to
+    // have existed.
     void add_all(const path_placement& placement) {
         for (const made_file& each : placement.made.files()) {
             made_.insert(path_key(each.path));
@@ -112,6 +116,7 @@ public:
             if (is_stopped_() || !seen_.insert(path_key(file.path)).second) continue;
             if (file.sha256.empty()) {
                 file_digest digest;
+                // A file that cannot be read is left out, so no later run removes it.
                 if (!read_digest(file.path, is_stopped_, digest)) continue;
                 file.bytes = digest.bytes, file.sha256 = digest.sha256;
                 file.modified = platform::current_system().status_of(file.path).modified;
@@ -135,6 +140,7 @@ public:
         if (!changed_.empty()) all["changed_since"] = changed_;
         const std::string text = all.dump(2) + '\n';
         std::string older;
+        // An update without changes leaves even the time of the manifest as it is.
         if (read_text(path, older) && older == text) return {};
         return files::replace_file(
             path, [&](platform::file& file) { return file.write(text.data(), text.size()); });
@@ -151,9 +157,12 @@ private:
         if (status.kind == entry_kind::none) return; // a failed copy is reported already
         entry made{.path = path, .source = source, .bytes = status.bytes, .modified = status.modified};
         const earlier_file* const kept = earlier_ ? earlier_->kept_file(path) : nullptr;
+        // Unchanged since it was recorded, so it need not be read again.
         if (kept && !kept->sha256.empty()) {
             made = *kept;
         } else {
+            // The digest of the source, not of the copy: then a copy that the disk damaged differs from its
+            // entry. A file that the run wrote has no source with the same content.
             if (source.empty() || is_scene_file(path)) made.source.clear();
             if (const platform::outcome read = sum_up(made); !read)
                 return unread.push_back({own_kind::source_unreadable, {}, source, path, read.text()});
@@ -179,6 +188,7 @@ private:
 
     ordered_json json_of(const entry& file) const {
         std::string name = platform::to_utf8(path_relative(path_with_separator(folder_), file.path));
+        // With "/", so that other programs can use the paths on every operating system.
         std::ranges::replace(name, '\\', '/');
         ordered_json all{{"path", name}, {"bytes", file.bytes}, {"sha256", file.sha256}};
         all["modified"] = file.modified;
@@ -212,6 +222,7 @@ bool is_in_the_way(run_state& run, const wide_string& path) {
 const char* difference_of(const entry& wanted, const digest_reader& read, platform::outcome& reason) {
     const platform::entry_status status = platform::current_system().status_of(wanted.path);
     if (status.kind != entry_kind::file) return own_kind::manifest_missing;
+    // Without reading the file.
     if (status.bytes != wanted.bytes) return own_kind::manifest_size_differs;
     file_digest digest;
     reason = read(wanted.path, digest);

@@ -1,5 +1,6 @@
 // NAME.manifest.json next to a saved project lists each of its files with the expected size and SHA-256, so
-// that a copy can be checked after its source is gone.
+// that a copy can be checked after its source is gone. docs/commands.md describes its keys. A later --update
+// takes from it which files belong to the copy and what they were.
 #pragma once
 
 #include <functional>
@@ -34,7 +35,8 @@ std::vector<problem> write_manifest(vs::project_resave::run_state& run, continua
 std::optional<refusal> read_manifest(const wide_string& project, std::vector<earlier_file>& files,
                                      wide_string* source = nullptr);
 
-// Sets the digest of a file, or fails with the reason.
+// Sets the digest of a file, or fails with the reason. Called once for each file of the manifest that exists
+// in the expected size.
 using digest_reader =
     std::function<vs::project_resave::platform::outcome(const wide_string& path, file_digest& digest)>;
 // Adds each file of the manifest that is missing or has changed to `found`. Returns an error if the manifest

@@ -12,7 +12,8 @@ namespace vestra::command {
 
 namespace {
 
-// Returns the options that all of the commands have, by name and description.
+// Returns the options that all of the commands have, sorted by name. An option that one command describes
+// differently is not common to all.
 std::map<std::string, const CLI::Option*> common_options_of(const commands& all) {
     std::map<std::string, std::pair<std::size_t, const CLI::Option*>> counts;
     for (const CLI::App* command : all)
@@ -32,6 +33,7 @@ std::string escaped(const std::string& text) {
     std::string result;
     bool begins_line = true;
     for (const char each : text) {
+        // "\&" prints nothing, so the character no longer begins the line.
         if (begins_line && (each == '.' || each == '\'')) result += "\\&";
         if (each == '\\')
             result += "\\e";
@@ -87,6 +89,7 @@ void print_footer(std::ostream& out, const std::string& text) {
     for (std::size_t at = 0; at < text.size();) {
         const std::size_t end = std::min(text.find("\n\n", at), text.size());
         const std::string paragraph = text.substr(at, end - at);
+        // The formatter would otherwise join the lines.
         const bool is_table = paragraph.find("\n ") != std::string::npos;
         out << ".PP\n"
             << (is_table ? ".nf\n" : "") << escaped(paragraph) << '\n'
@@ -111,9 +114,11 @@ void print_command(std::ostream& out, const CLI::App& command, const CLI::App& p
 std::string man_page(const CLI::App& app) {
     const std::string& name = app.get_name();
     std::string summary = app.get_description();
+    // The line of NAME is a phrase, which whatis(1) and apropos(1) print as it is.
     summary[0] = static_cast<char>(std::tolower(static_cast<unsigned char>(summary[0])));
     if (summary.ends_with('.')) summary.pop_back();
     std::ostringstream out;
+    // Without a date, so that the same sources give the same page.
     out << ".TH " << in_upper_case(escaped(name)) << " 1 \"\" \"" << escaped(name)
         << " " VS_VERSION "\" \"User Commands\"\n"
         << ".SH NAME\n"

@@ -1,3 +1,4 @@
+// Looks files up by path, then by stem, then by the folders above them.
 #include "apps/vestra_resave/names_by_file.h"
 
 #include "apps/vestra_resave/shortfalls.h"
@@ -27,6 +28,7 @@ const element_name* names_by_file::find(const wide_string& file) const {
     if (const auto name = names_.find(path_key(file)); name != names_.end()) return &name->second;
     if (const auto name = stems_.find(stem_key(file)); name != stems_.end()) return &name->second;
     wide_string key = path_key(file);
+    // The element of the innermost folder, if folders of elements are nested.
     for (size_t end; (end = key.rfind(u'\\')) != wide_string::npos;) {
         key.resize(end);
         if (const auto name = names_.find(key); name != names_.end()) return &name->second;

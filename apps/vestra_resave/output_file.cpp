@@ -29,10 +29,12 @@ bool is_same_file(const wide_string& one, const wide_string& other) {
 }
 
 bool is_same_project(const wide_string& one, const wide_string& other) {
+    // Through a link in another folder relative references lead elsewhere, so it is another project.
     return path_same(one, other) || (is_same_file(one, other) && share_folder(one, other));
 }
 
 bool share_folder(const wide_string& one, const wide_string& other) {
+    // By identity, because one of the folders may be reached through a link.
     return is_same_file(path_normalise(path_head(one)), path_normalise(path_head(other)));
 }
 
@@ -47,11 +49,14 @@ std::optional<refusal> refuse_output(const std::string& typed) {
     platform::system& disk = platform::current_system();
     const platform::entry_kind kind = disk.kind_of(path);
     constexpr char16_t stand_in = 0xFFFD; // replaces bytes that are not UTF-8
+    // The name of an existing file may really contain this character.
     if (kind == platform::entry_kind::none && path.find(stand_in) != wide_string::npos)
         return refused(path, say("the name is not UTF-8; give another one"));
     if (kind == platform::entry_kind::folder)
         return refused(path, say("is a folder; give the name of a file"));
     wide_string name;
+    // Listed by its folder although it is neither a file nor a folder. Opening it would wait, or create a
+    // file somewhere else.
     if (kind == platform::entry_kind::none && disk.true_name(path_head(path), path_file_name(path), name))
         return refused(path, say("is a device, a pipe or a dangling link; give the name of a file"));
     return std::nullopt;
@@ -61,6 +66,7 @@ std::optional<refusal> refuse_project_file(const wide_string& path, project_cont
     if (is_same_file(path, context.placement.source_project_path))
         return refused(path, say("is the project itself and must not be overwritten"));
     if (auto early = protect_project_files({path}, context)) return early;
+    // Last, because it lists all folders of the project.
     if (source_neighbours(context).contain(path))
         return refused(path, say("is a file of the project and must not be overwritten"));
     return std::nullopt;

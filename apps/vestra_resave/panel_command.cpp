@@ -24,10 +24,11 @@ namespace {
 constexpr const char16_t* tool = u"vestra/app/project_resave_app";
 constexpr const char16_t* tool_library = u"vsk_project_resave_bdl";
 
+// Flushed at once, since another program may be waiting for these lines before it sends the next command.
 void print(const std::string& lines) { std::cout << lines << std::flush; }
 
 // Always asks questions: if the input is not a terminal, the lines of the script are the answers and are
-// printed.
+// printed. So the output of a script reads like a session at a keyboard.
 class panel_terminal final : public platform::terminal {
 public:
     bool shows() override { return process_.shows(); }
@@ -54,6 +55,7 @@ public:
         const wide_string file = platform::drive_path(path);
         if (const auto error = files::read_project(file, project_))
             return refusal{wrong_use, {{own_kind::not_loaded, {}, file, {}, error->why()}}};
+        // Set only now, so that after a failure no project is open.
         shell::settings().open_project = &project_;
         return std::nullopt;
     }
@@ -63,7 +65,8 @@ private:
     vestra::project project_;
 };
 
-// Opens the tool of a bundle given by --bundle, otherwise of the bundle installed with this program.
+// Opens the tool of a bundle given by --bundle, otherwise of the bundle installed with this program. That one
+// is loaded as a library, as any host would, although the bundle is linked in as well.
 std::unique_ptr<toolkit::app_window> open_window(terminal_host& host) {
     host.load_bundles();
     host.connect();
@@ -88,6 +91,7 @@ int drive(toolkit::app_window& window, platform::terminal& terminal, const std::
         print("> ");
         std::string line;
         if (terminal.read_line(line) != platform::line_result::read) {
+            // Ends the line of the prompt.
             print("\n");
             break;
         }
@@ -109,6 +113,7 @@ int drive_panel(const panel_request& request, const common_options& options) {
         terminal_host host(terminal, options);
         end = drive(*open_window(host), terminal, request.project);
     }
+    // Counted when window, host and project are gone, hence the block above.
     if (const std::size_t left = living_objects()) {
         complain(say("internal error: %1 objects still alive after the window was closed",
                      {std::to_string(left)}));

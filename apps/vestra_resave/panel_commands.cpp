@@ -83,6 +83,7 @@ void panel_commands::refuse(const std::string& reason) {
 
 void panel_commands::obey(std::string_view line) {
     std::string rest(line);
+    // Scripts that were written on Windows end their lines with a carriage return.
     while (rest.ends_with(' ') || rest.ends_with('\r')) rest.pop_back();
     const std::string word = take_word(rest);
     if (word.empty()) return;
@@ -119,6 +120,7 @@ const element_view* panel_commands::wanted(const std::string& name, bool (*is_me
         std::string names;
         for (const element_view* each : found) names += ' ' + each->name;
         refuse(say("the name is ambiguous: \"%1\"; elements:%2", {name, names}));
+        // Only `show` may look at what a user cannot reach.
     } else if (is_meant != &is_any && !is_within_reach(view_, *found.front())) {
         refuse(say("%1 is disabled", {found.front()->name}));
     } else {
@@ -149,6 +151,7 @@ void panel_commands::set(const std::string& words) {
         is_taken =
             row != rows.end() && window_.choose(*element, static_cast<std::uint32_t>(row - rows.begin()));
     }
+    // Composed before the window is read again, which invalidates `element`.
     const std::string refusal = element->choices.empty() ? say("%1 rejected this value", {element->name})
                                                          : say("%1 rejected this value; accepted: %2",
                                                                {element->name, choices_of(*element)});
@@ -177,6 +180,7 @@ void panel_commands::check(const std::string& words) {
         wanted(unquoted(name), [](const element_view& view) { return is_box(view) || has_rows(view); });
     if (!box) return;
     if (has_rows(*box)) return refuse(say("a row is expected, such as %1/1", {box->name}));
+    // A radio button goes off only when another one of its group goes on.
     if (!window_.set_check(*box, on))
         return refuse(say("%1 cannot be switched off; select another radio button instead", {box->name}));
     print_changes(before);
@@ -185,6 +189,7 @@ void panel_commands::check(const std::string& words) {
 void panel_commands::press(const std::string& name) {
     std::int32_t code = 0;
     const char* const end = name.data() + name.size();
+    // Only a window button can be named by a whole number.
     if (std::from_chars(name.data(), end, code).ptr == end && code != 0) return press_window_button(code);
     const element_view* button = wanted(unquoted(name), &is_pressed);
     if (!button) return;
@@ -202,6 +207,7 @@ void panel_commands::press_window_button(std::int32_t code) {
     if (!box || std::ranges::none_of(box->buttons, has_code))
         return refuse(say("the window has no button %1", {std::to_string(code)}));
     const std::string before = described(view_);
+    // The window reports whether the button is to close it; a run keeps it open.
     is_over_ = window_.press(*box, code);
     print_changes(before);
 }

@@ -1,3 +1,4 @@
+// Splits command lines into words, and finds the lines of a window that changed.
 #include "apps/vestra_resave/panel_words.h"
 
 #include <algorithm>
@@ -23,6 +24,7 @@ std::vector<std::string> lines_of(const std::string& text) {
 
 std::string take_word(std::string& line) {
     line.erase(0, line.find_first_not_of(' '));
+    // A quote that is not closed extends to the end of the line.
     const bool is_quoted = line.starts_with('"');
     const std::size_t end = std::min(line.find(is_quoted ? '"' : ' ', 1), line.size());
     std::string word = line.substr(is_quoted ? 1 : 0, is_quoted ? end - 1 : end);
@@ -46,6 +48,7 @@ bool take_switch(std::string& words) {
 }
 
 std::string new_lines(const std::string& before, const std::string& now) {
+    // Lines are counted and not compared in order, so a line that only moved is not new.
     std::unordered_map<std::string, int> known;
     for (const std::string& line : lines_of(before)) ++known[line];
     std::string fresh;

@@ -41,6 +41,7 @@ public:
             const bool is_each_out = is_out || !selection_.is_selected(each.uuid);
             if (is_each_out && !each.uuid.empty()) left_out_.insert(each.uuid);
             add(each.children, is_each_out);
+            // Only what does not exist can be on a missing drive.
             if (!is_each_out && !each.exists.value_or(true)) add(each.file);
         }
     }
@@ -69,6 +70,7 @@ private:
     void add(wide_view reference) {
         const auto path = path_in(reference);
         if (!path) return;
+        // The drive or share is asked once; asking for each file would wait for the network each time.
         const wide_string top = path_key(path->substr(0, path_fixed_length(*path)));
         if (top.size() < 2) return; // neither a drive nor a share
         const auto [row, is_new] = known_.try_emplace(top, false);
@@ -103,8 +105,10 @@ platform::outcome try_name(const wide_string& folder, const wide_string& name) {
     std::unique_ptr<platform::file> file;
     platform::outcome created = platform::current_system().open(path, platform::access::read_write,
                                                                 platform::disposition::create_new, file);
+    // That the name is taken shows that the disk can store it.
     if (created.is(platform::failure::taken)) {
         // Left by a killed run.
+        // Removed only if it is empty, since only then it is surely such a file.
         const platform::entry_status left = platform::current_system().status_of(path);
         if (left.kind == platform::entry_kind::file && left.bytes == 0)
             platform::current_system().delete_file(path);
@@ -142,6 +146,8 @@ public:
             bytes += taken_by(each.size_kb * 1024);
             note_name(path_file_name(each.path));
         }
+        // Companions are counted after all files, so that a file of another element is not counted as a
+        // companion, too.
         if (which_ == companion_choice::none) return;
         for (const auto& each : files) {
             const wide_string head = path_head(each.path);
@@ -150,6 +156,7 @@ public:
                 const wide_string path = head + found.name;
                 if (!found.is_known && which_ != companion_choice::all) continue;
                 if (seen.contains(path_key(path)) || !companions.insert(path_key(path)).second) continue;
+                // Of the real disk, as folders are listed there.
                 bytes += taken_by(static_cast<double>(platform::operating_system().file_size(path)));
                 note_name(found.name);
             }
@@ -157,6 +164,7 @@ public:
     }
 
     void note_name(const wide_string& name) {
+        // In bytes, as most file systems measure names.
         if (platform::to_utf8(name).size() > platform::to_utf8(longest_name).size()) longest_name = name;
     }
 
@@ -176,6 +184,7 @@ private:
 needed_space space_for(const resave_request& request, const project_context& context,
                        const source_elements& source) {
     needed_space all(request.companions, request.mode == run_mode::anew);
+    // The host writes the project under this name first.
     all.note_name(path_file_name(platform::drive_path(request.new_project)) + u".new1");
     if (request.settings.structure_variant != folder_per_scene) {
         all.add(context.sizes.counted_files());
@@ -201,6 +210,7 @@ wide_view fault_in_name(const wide_string& name) {
     if (std::ranges::any_of(name, [](char16_t c) { return c < u' '; }))
         return u"it contains a control character";
     if (name.ends_with(u'.') || name.ends_with(u' ')) return u"it ends with a dot or a space";
+    // Windows ignores the extension and blanks before it: "con .txt" is the console.
     wide_string stem = platform::folded(name.substr(0, name.find(u'.')));
     stem.erase(stem.find_last_not_of(u' ') + 1);
     return std::ranges::find(device_names, stem) == device_names.end() ? u""
@@ -235,6 +245,8 @@ std::optional<refusal> refuse_missing_drives(const std::vector<element>& element
 
 std::optional<refusal> refuse_target(const wide_string& folder, const resave_request& request,
                                      const project_context& context, const source_elements& source) {
+    // Tried and not computed from permissions, which a share or a full disk can contradict. First a short
+    // name, so that a failure of the long one is due to its length.
     if (const platform::outcome created = try_name(folder, probe_name(0)); !created)
         return not_saved_for({own_kind::not_writable, {}, {}, as_on_disk(folder), created.text()});
     const needed_space space = space_for(request, context, source);
@@ -259,6 +271,7 @@ void add_unportable_names(const run_state& run, std::vector<problem>& all) {
     std::map<wide_string, problem> found; // by new path
     for (const placed_file& each : run.placement.placed) {
         if (each.old_path.empty()) continue;
+        // The folders above the copy, too; several copies share them, hence the map.
         for (wide_string path = path_normalise(each.new_path); path.size() > run.placement.new_folder.size();
              path = path_normalise(path_head(path))) {
             const wide_view fault = fault_in_name(path_file_name(path));

@@ -30,7 +30,8 @@ struct kind_words {
     // What failed, printed after the path; "%1" is the new path.
     sentence text;
 };
-// The kinds of facts come first, in the order of fact_kind.
+// The kinds of facts come first, in the order of fact_kind, whose number is the index. All others are found
+// by name.
 constexpr kind_words all_kinds[] = {
     {"source_lost", "does not exist"},
     {"copy_failed", "could not be copied to %1"},
@@ -83,6 +84,7 @@ constexpr kind_words all_kinds[] = {
 // Returns why the host could not read or write the file of a fact; empty if unknown.
 wide_string reason_of_host(const fact& fact) {
     const files::file_error* refused = nullptr;
+    // The host keeps its reasons by path; a fact only says that something failed.
     if (fact.kind == fact_kind::not_read) return read_error_of(fact.path);
     if (fact.kind == fact_kind::not_written) refused = shell::settings().refused_writes.find(fact.new_path);
     return refused ? refused->why() : wide_string();
@@ -94,6 +96,7 @@ wide_string file_in_the_way(const wide_string& path) {
     for (wide_string folder = path_head(path); !folder.empty();) {
         folder = path_normalise(folder);
         if (folder.size() <= path_fixed_length(folder)) break;
+        // The nearest existing level decides: below a folder nothing is in the way.
         const platform::entry_kind kind = disk.kind_of(folder);
         if (kind == platform::entry_kind::file) return folder;
         if (kind == platform::entry_kind::folder) break;
@@ -142,6 +145,7 @@ std::vector<problem> problems_of(const run_state& run) {
         if (known.insert(key_of(found) + u'\n' + found.new_path + u'\n' + found.reason).second)
             all.push_back(std::move(found));
     }
+    // A fact could not even be stored. This must not look like a run without problems.
     if (run.report.incomplete)
         all.push_back({name_of(fact_kind::exception_caught),
                        {},
@@ -158,6 +162,7 @@ wide_string key_of(const problem& found) {
 
 void add_misplaced(const run_state& run, std::vector<problem>& all) {
     if (run.report.stopped) return;
+    // A file that is reported as not written is not reported again as missing.
     const std::unordered_set<wide_string> known = unwritten_keys(all);
     const path_placement& placement = run.placement;
     const wide_string below = path_key(placement.new_folder) + u'\\';
@@ -194,6 +199,7 @@ wide_string as_on_disk(const wide_string& path) {
     if (path.find_last_of(path_separators) == wide_string::npos) return path; // such as "N:name"
     wide_string whole = path_normalise(path), spelled;
     const wide_string head = path_head(whole);
+    // The part that exists is spelled as on the disk, however long the rest is.
     if (true_case_path(whole, spelled)) return spelled;
     if (head.empty() || whole.size() <= path_fixed_length(whole)) return whole;
     return path_join(as_on_disk(head), path_file_name(whole));
@@ -286,6 +292,8 @@ std::string what_of(const problem& found) {
 
 problem_words words_of(const problem& found) {
     const auto* const row = std::ranges::find(all_kinds, found.kind, &kind_words::name);
+    // The line begins with the source if the text names the copy, otherwise with the copy, which is what
+    // failed.
     const bool names_new_path = say(row->text).find("%1") != std::string::npos;
     return {printed(found.new_path.empty() || names_new_path ? found.path : found.new_path), what_of(found),
             one_line(platform::from_utf8(say_known(to_utf8(found.reason)))), holder_of(found)};
@@ -323,6 +331,7 @@ void print(const std::vector<problem>& all) {
     for (const problem& each : all) {
         const size_t count = counts[likeness_of(each)];
         const size_t line = ++printed_lines[likeness_of(each)];
+        // Every later copy fails in the same way, so the user needs one line and the number.
         if (is_of_full_disk(each) && count > 1) {
             if (line == 1)
                 complain(

@@ -1,5 +1,5 @@
 // Problems for users and programs: facts of a run with the host's reasons, findings of the command itself,
-// and errors that end a command before it has a result.
+// and errors that end a command before it has a result. Main thread only.
 #pragma once
 
 #include <nlohmann/json_fwd.hpp>
@@ -16,7 +16,8 @@ struct run_state;
 
 namespace vestra::command {
 
-// Kinds that only the command has; `name_of` returns the kinds of facts.
+// Kinds that only the command has; `name_of` returns the kinds of facts. The texts are part of the JSON
+// output, so they never change; docs/commands.md describes each.
 namespace own_kind {
 inline constexpr const char* outside = "outside"; // a copy is outside the new project's folder
 inline constexpr const char* refused = "refused"; // an action that the command refuses; `reason` says why
@@ -56,6 +57,7 @@ inline constexpr const char* manifest_size_differs = "manifest_size_differs";
 inline constexpr const char* manifest_content_differs = "manifest_content_differs";
 } // namespace own_kind
 
+// Something that went wrong, or that a user may want to know (is_notice).
 struct problem {
     std::string kind;                         // the name of a fact_kind or one of the kinds above
     vs::project_resave::element_name element; // all empty if it belongs to no element
@@ -82,9 +84,11 @@ std::string native_form(const wide_string& path);
 // Returns the same for output, on one line. A leading mark stays, and a text without a native form is
 // returned as it is.
 std::string printed(const wide_string& path);
-// Returns the path with each existing name spelled as its folder lists it.
+// Returns the path with each existing name spelled as its folder lists it; names that do not exist keep their
+// spelling.
 wide_string as_on_disk(const wide_string& path);
 // Returns an error with exit status 2 and one reason, about a path or, if it is empty, about the usage.
+// `reason` is in the user's language.
 refusal refused(const wide_string& path, const std::string& reason);
 // Prints a line for each problem on standard error and, with --json, an object on standard output. Returns
 // the exit status.
@@ -92,6 +96,8 @@ int end_with(const refusal& early, const common_options& options);
 
 // Returns the name of a kind in JSON.
 const char* name_of(vs::project_resave::fact_kind kind);
+// Returns the fact as a problem. `reason` gets what is most useful for the kind: the layer type, the other
+// file that a copy reads, or the place and text of an exception.
 problem problem_of(const vs::project_resave::fact& fact);
 // Returns the operating system's reason why `path` could not be created, with the file that exists in place
 // of one of its folders.
@@ -99,9 +105,11 @@ wide_string reason_of(const wide_string& reason, const wide_string& path);
 // Returns why the host could not read this file, without its path: "line 3: unknown element <x>"; empty if it
 // could.
 wide_string read_error_of(const wide_string& path);
-// Returns the facts of the last run; those about files that the host could not read or write have its reason.
+// Returns the facts of the load and of the run after it, each once; those about files that the host could not
+// read or write have its reason if it is still known.
 std::vector<problem> problems_of(const vs::project_resave::run_state& run);
-// Returns a key that is equal for problems with the same kind, element and source file.
+// Returns a key that is equal for problems with the same kind, element and source file; reason and new path
+// do not count.
 wide_string key_of(const problem& found);
 // Adds files that the run registered as made but that do not exist, and files outside the new project's
 // folder. Adds nothing after a stop, because files may have been erased.

@@ -24,6 +24,7 @@ namespace {
 
 class referred_collector {
 public:
+    // Only what is below the project's folder can be its copy; all other files are somebody else's.
     explicit referred_collector(const wide_string& project)
         : below_(path_key(path_head(project)) + u'\\'),
           saved_(platform::current_system().status_of(project).modified) {}
@@ -40,6 +41,7 @@ private:
     void add(const wide_string& path, const wide_string& data_set = {}) {
         const wide_string key = path_key(path);
         if (!key.starts_with(below_) || !seen_.insert(key).second) return;
+        // A scene file that is newer than the project was changed by the user after the resave.
         const bool is_written = path_extension(path).starts_with(u"._") &&
                                 platform::current_system().status_of(path).modified <= saved_;
         files.push_back({.path = path,
@@ -72,7 +74,8 @@ private:
     listed_folders folders_;
 };
 
-// False if the text declares an encoding other than the one its names are read in.
+// False if the text declares an encoding other than the one its names are read in. Names that were read
+// wrongly would match nothing, and files would be removed that are needed.
 bool is_utf8_by_name(const std::string& text) {
     std::string head = text.substr(0, text.find("?>"));
     std::ranges::transform(head, head.begin(),
@@ -122,13 +125,15 @@ other_users::other_users(project_context& context, const wide_string& project,
     : context_(context), neighbours_(context), folder_(path_head(project)) {
     std::unordered_set<wide_string> own{path_key(project)};
     for (const wide_string& path : going) own.insert(path_key(path));
+    // The scene and layer files of this run refer only to its own copies.
     for (const made_file& each : context.placement.made.files()) own.insert(path_key(each.path));
     for (const auto& each : platform::list_tree(platform::current_system(), path_head(project)))
         if (path_extension(each.path).starts_with(u"._") && !own.contains(path_key(each.path)))
             add_names_in(each.path);
 }
 
-// Treats every text of the file as a possible name, because a wrong one does no harm.
+// Treats every text of the file as a possible name, because a wrong one does no harm: one more file is kept.
+// So this does not depend on what files of later versions look like.
 void other_users::add_names_in(const wide_string& path) {
     std::string text;
     pugi::xml_document document;
@@ -142,6 +147,7 @@ void other_users::add_names_in(const wide_string& path) {
             return true;
         }
         void take(std::string_view value) {
+            // A text without any of these is a caption or a number.
             if (value.find_first_of("\\/.") != std::string_view::npos)
                 names->insert(platform::folded(first_name(platform::from_utf8(value))));
         }
@@ -155,11 +161,13 @@ placed_copies::placed_copies(const placed_files& placed) {
     for (const placed_file& each : placed) {
         const wide_string& path = each.new_path;
         if (each.old_path.empty() || path_extension(path).starts_with(u"._")) continue;
+        // A companion's name continues the whole name or the stem.
         for (const wide_string& name : {path_file_name(path), path_stem(path)})
             by_name_.try_emplace(path_key(path_head(path) + name), &path);
         by_whole_name_.try_emplace(path_key(projection_file_name(path)), &path);
         for (const wide_string& partner : partners_of(path))
             by_whole_name_.try_emplace(path_key(partner), &path);
+        // The logs of a database have no dot after its name.
         for (const wide_view log : {u"-wal", u"-shm", u"-journal"})
             by_whole_name_.try_emplace(path_key(path + wide_string(log)), &path);
     }
@@ -172,6 +180,7 @@ const wide_string* placed_copies::read_with(const wide_string& path) const {
     };
     if (const wide_string* const found = find(by_whole_name_, path_key(path))) return found;
     const wide_string head = path_head(path), name = path_file_name(path);
+    // Each dot can end the name of the main file: "a.b.tif.aux.xml" belongs to "a.b.tif".
     for (size_t dot = name.find(u'.'); dot != wide_string::npos; dot = name.find(u'.', dot + 1)) {
         const wide_string* const found = find(by_name_, path_key(head + name.substr(0, dot)));
         if (!found) continue;
@@ -185,6 +194,7 @@ const wide_string* placed_copies::read_with(const wide_string& path) const {
 
 bool other_users::need(const wide_string& path) {
     if (has_unread_ || context_.guard.protects(path) || neighbours_.contain(path)) return true;
+    // Also the folders above the file, since a project can refer to a folder as one data set.
     for (wide_string level = path; level.size() > folder_.size(); level = path_normalise(path_head(level)))
         if (named_.contains(platform::folded(first_name(level)))) return true;
     return false;

@@ -16,9 +16,9 @@ class project_context;
 
 namespace vestra::command {
 
-// Returns the files in the folder of `project`, which is loaded, that it refers to, and their companions.
-// Nothing else is known of them, except that scene files that are not newer than the project were saved with
-// it.
+// Returns the files in the folder of `project`, which is loaded, that it refers to, and their companions,
+// each once. Nothing else is known of them, except that scene files that are not newer than the project were
+// saved with it. Lists the folder of each.
 std::vector<earlier_file> referred_files(vs::project_resave::project_context& context,
                                          const wide_string& project);
 
@@ -28,7 +28,8 @@ std::vector<earlier_file> referred_files(vs::project_resave::project_context& co
 class source_neighbours {
 public:
     explicit source_neighbours(const vs::project_resave::project_context& context) : context_(context) {}
-    // True if the file at `path` may belong to a source.
+    // True if the file at `path` may belong to a source, under any name or link. The first call lists all
+    // folders of the project and reads its virtual data sets.
     bool contain(const wide_string& path);
 
 private:
@@ -40,8 +41,10 @@ private:
 };
 
 // Finds out whether a file that the project at `project` no longer refers to is needed by the loaded project,
-// or by another project or scene in the folder. For the latter only names are compared. Projects and scenes
-// in `going` are ignored. The current disk must show the files.
+// or by another project or scene in the folder. For the latter only names are compared, up to their first
+// dot, so rather too many files count as needed; if one of those projects and scenes cannot be read, all do.
+// Projects and scenes in `going` are ignored. The current disk must show the files. The constructor reads all
+// projects, scenes and layers below the folder.
 class other_users {
 public:
     other_users(vs::project_resave::project_context& context, const wide_string& project,

@@ -15,9 +15,10 @@ namespace {
 
 // Returns the folder of a path with its separator at the end.
 std::u16string_view head_of(std::u16string_view path) {
-    return path.substr(0, path.find_last_of(u"\\/") + 1); // empty for a name alone
+    return path.substr(0, path.find_last_of(u"\\/") + 1); // empty for a name without a folder
 }
 
+// Names are kept as hashes to save memory. Two names with one hash only cost a request.
 size_t key_of(std::u16string_view name) { return std::hash<wide_string>()(platform::folded(name)); }
 
 // True for a name that a disk finds under exactly this name or not at all. Some disks have short names
@@ -35,6 +36,7 @@ bool is_listed_if_there(std::u16string_view name) {
 remembered_disk::known_folder& remembered_disk::folder_of(std::u16string_view path) {
     if (!known_) known_ = std::make_unique<knowledge>();
     auto& folders = known_->folders;
+    // Most requests are for a folder that is known, so the key is copied only for a new one.
     if (const auto at = folders.find(path); at != folders.end()) return at->second;
     return folders.try_emplace(std::pmr::u16string(path, &known_->memory), &known_->memory).first->second;
 }
@@ -46,6 +48,7 @@ remembered_disk::answer& remembered_disk::answer_for(known_folder& folder, std::
         at = folder.answers.try_emplace(std::pmr::u16string(name, &known_->memory)).first;
     answer& known = at->second;
     const bool is_file = known.has_status && known.status.kind == entry_kind::file;
+    // An addition can create what was missing, but what is known of existing files stays true.
     if (!is_file && known.additions != additions_) known = {};
     known.additions = additions_;
     return known;
@@ -81,6 +84,8 @@ platform::entry_status remembered_disk::status_of(const wide_string& path) {
         known.identity = known.status.identity;
         known.has_identity = true;
     }
+    // A listing costs as much as many requests, so it is read only once a name turns out to be missing:
+    // usually others in the folder are, too, such as the companions of a file.
     if (known.status.reason.is(platform::failure::missing) && is_listed_if_there(name))
         learn_names(folder, head);
     return known.status;
@@ -122,6 +127,7 @@ std::filesystem::file_time_type remembered_disk::time_of_folder(const wide_strin
 }
 
 outcome remembered_disk::copy_file(const wide_string& source, const wide_string& target, bool replace) {
+    // Before the call and even if it fails, because a failed call can have changed something, too.
     replace ? note_change() : note_addition();
     return inner().copy_file(source, target, replace);
 }

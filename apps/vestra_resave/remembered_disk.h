@@ -30,7 +30,8 @@ class remembered_disk final : public vs::project_resave::forwarding_system {
 public:
     using forwarding_system::forwarding_system;
 
-    // Switches the cache on or off and discards its content. Initially it is on.
+    // Switches the cache on or off and discards its content. Initially it is on. Call it with true when other
+    // code may have changed the disk below this one, too.
     void remember(bool on) {
         remembers_ = on;
         ends_at_write_ = false;
@@ -61,7 +62,8 @@ public:
     platform::file_identity identity_of(const wide_string& path) override;
     std::filesystem::file_time_type time_of_folder(const wide_string& path) override;
 
-    // These write. Operations that only add an entry keep what is known of existing files.
+    // These write. Operations that only add an entry keep what is known of existing files; all others discard
+    // everything.
     platform::outcome copy_file(const wide_string& source, const wide_string& target, bool replace) override;
     platform::outcome delete_file(const wide_string& path) override;
     platform::outcome create_folder(const wide_string& path) override;

@@ -42,6 +42,7 @@ std::vector<wide_string> missing_levels(wide_string folder) {
     while (!folder.empty() && !path_exists(folder)) {
         missing.push_back(folder);
         const wide_string above = path_head(path_normalise(folder));
+        // Nothing is above the drive, or above a path without one.
         if (above.size() >= folder.size()) break;
         folder = above;
     }
@@ -87,6 +88,7 @@ std::optional<refusal> refuse_paths(const wide_string& source, const wide_string
         if (auto early = refuse_lowered(path_head(target))) return early;
     vestra::project older;
     if (!path_exists(target)) return std::nullopt;
+    // Read as a whole: --overwrite never replaces a file that only has the name of a project.
     const auto fault = files::read_project(target, older);
     if (!fault) return std::nullopt;
     return refused(target, say("exists and is not a project file: %1", {say_known(one_line(fault->reason))}));
@@ -97,6 +99,7 @@ std::optional<refusal> prepare(session& host, const resave_request& request, con
                                const wide_string& target, bool is_trial, const packed_archive* archive) {
     const wide_string source = platform::drive_path(request.project);
     if (auto early = refuse_paths(source, target, request)) return early;
+    // Before the load of the source, because it may load the earlier project into the same session.
     if (auto early = earlier.find(host)) return early;
     if (path_exists(target) && !request.overwrite && !earlier.may_replace_project())
         return refused(target, say("already exists; use --overwrite to replace it"));
@@ -104,13 +107,16 @@ std::optional<refusal> prepare(session& host, const resave_request& request, con
     project_context& context = host.context();
     const std::vector<element> elements = elements_of(context);
     refusal early;
+    // All wrong names are reported, not only the first.
     for (const std::string& line : apply(request.selection, elements, context.selection))
         early.problems.push_back(refused({}, line).problems.front());
     if (!early.problems.empty()) return early;
     if (!request.report.empty())
+        // A trial and an archive create no folder that the page could be in.
         if (auto no_page = refuse_page(request.report, context, is_trial || archive ? wide_string() : target))
             return no_page;
-    if (archive) // it would be taken for a companion, and be packed into itself
+    // Otherwise it would count as a companion of the data set and be packed into itself.
+    if (archive)
         if (auto beside = refuse_data_name(archive->path(), context)) return beside;
     if (!request.allow_missing_drives)
         if (auto missing = refuse_missing_drives(elements, context)) return missing;
@@ -128,6 +134,7 @@ struct ended_run {
 
 // Shows progress by bytes if there are many, otherwise by elements. A trial copies nothing.
 run_result resave_shown(session& host, const resave_settings& settings, bool copies) {
+    // Below this size the copies take no time that one could watch.
     constexpr uint64_t many = uint64_t{16} << 20;
     project_context& context = host.context();
     const auto bytes = static_cast<uint64_t>(context.sizes.total_kb() * 1024);
@@ -141,9 +148,12 @@ ended_run run(session& host, const resave_request& request, continuation& earlie
     if (auto early = prepare(host, request, earlier, target, trial != nullptr, archive))
         return {std::move(early), {}, {}};
     project_context& context = host.context();
+    // The run releases the project, so what is compared afterwards is collected now.
     source_elements source(context);
 
     const wide_string folder = path_head(target);
+    // The folder is created before the journal, which is in it. These levels are not among the folders that
+    // the run records, so they are removed here if it leaves nothing.
     const std::vector<wide_string> missing = missing_levels(folder);
     if (const platform::outcome made = create_folders(folder); !made) {
         refusal early{not_saved,
@@ -152,10 +162,11 @@ ended_run run(session& host, const resave_request& request, continuation& earlie
         return {std::move(early), {}, {}};
     }
     if (!archive) earlier.put_in_force(context, source, trial); // an interrupted run leaves no archive
+    // After the disk is in place: copies of an earlier run count as free space. The journal has not begun, so
+    // the files that are created to try the folder are not recorded.
     std::optional<refusal> early;
     {
-        const remembered_disk::kept_answers kept(
-            asked_once); // only the folder of the new project is written to
+        const remembered_disk::kept_answers kept(asked_once); // writes are only next to the new project
         early = refuse_target(folder, request, context, source);
         if (!early) early = archive ? archive->begin() : earlier.begin_journal();
     }
@@ -164,14 +175,17 @@ ended_run run(session& host, const resave_request& request, continuation& earlie
         std::ranges::move(take_back(missing), std::back_inserter(early->problems));
         return {std::move(early), {}, {}};
     }
-    asked_once
-        .remember_until_write(); // the guard of the source learns its files from the answers of the load
+    // A run can take hours, and others work in these folders meanwhile. Before its first write the guard of
+    // the source learns the source's files, from the answers of the load.
+    asked_once.remember_until_write();
     host.keep_places(earlier.disk());
     resave_settings settings = request.settings;
     settings.output_path = &target;
     shell::settings().refused_writes.clear();
+    // The run clears the register of the project's files, but companions must not be placed over them.
     const std::vector<wide_string> source_paths = context.sizes.known_paths();
     const run_result result =
+        // Bytes are counted only if every file is copied: kept copies would never be reported.
         bring_companions(context, request.companions, source, source_paths,
                          resave_shown(host, settings, !trial && !archive && request.mode == run_mode::anew));
     asked_once.remember(true);
@@ -181,6 +195,7 @@ ended_run run(session& host, const resave_request& request, continuation& earlie
         return each.kind == name_of(fact_kind::type_not_resaved) && source.is_left_out(each.element.uuid);
     });
     add_unportable_names(context, problems);
+    // Nothing of the run is left, so neither are its journal and the folders created above.
     if (context.progress.erase_created) {
         earlier.abandon();
         std::ranges::move(take_back(missing), std::back_inserter(problems));
@@ -229,6 +244,10 @@ ended_resave resave_in(session& host, const resave_request& request, trial_disk*
     search.end();
     search.explain(report.problems);
     wide_string target = as_on_disk(host.context().placement.new_project_path);
+    // The order of the following steps matters. While the context is still that of the run, earlier files are
+    // judged, digests are recorded, the archive is filled, and the plan or the list of files is read. Then
+    // the new project is loaded to look for shortfalls, which discards the run. Only then does an archive get
+    // its name, and everything is flushed.
     const auto is_written = [&] { return report.exit == done || report.exit == problems; };
     if (request.prune) asked_once.remember(false); // each file is checked again before it is removed
     earlier.end_files(host.context(), report);
@@ -237,10 +256,12 @@ ended_resave resave_in(session& host, const resave_request& request, trial_disk*
         const shown_transfer shown(host.screen(), summary_of(report).bytes, summing_caption());
         const auto is_stopped = [&] { return host.interrupted(); };
         for (problem& each : write_manifest(host.context(), earlier, is_stopped, earlier.digests())) {
+            // What was stopped on request is not a failure to create the file.
             if (is_stopped() && each.kind == own_kind::not_created) {
                 each.kind = own_kind::interrupted;
                 each.reason = u"writing the manifest was interrupted";
             }
+            // Without a manifest only the journal knows which files are copies.
             if (each.kind == own_kind::not_created) earlier.keep_journal();
             add(report, each);
         }
@@ -248,7 +269,7 @@ ended_resave resave_in(session& host, const resave_request& request, trial_disk*
     }
     if (archive && is_written()) {
         archive->write(host, earlier, report);
-        asked_once.remember(true); // the archive already has its manifest
+        asked_once.remember(true); // forgets what was known before the manifest was written
     }
     std::optional<resave_plan> plan;
     std::vector<resave_plan::file> files;
@@ -274,6 +295,7 @@ int resave(session& host, const resave_request& request, const common_options& o
     if (ended.early) return end_with(*ended.early, options);
     auto& [early, report, plan, target, files, names] = ended;
     if (!request.report.empty()) {
+        // Collected on the disk of the run, which in a trial knows the sizes of the planned files.
         const page_facts facts = facts_of(ended, request);
         // The page is written to the real disk even in a trial.
         const platform::system_override real(trial ? platform::operating_system()
@@ -315,6 +337,8 @@ int resave(const resave_request& asked, const common_options& options) {
     }
     const resave_request request = request_into(*place, asked);
     if (const auto early = refuse_archive(*place, request)) return end_with(*early, options);
+    // In this order, because each refers to the one before: the archive's disk is above the real one, and the
+    // session ends before either.
     packed_archive archive(*place);
     const platform::system_override in_force(archive.disk());
     session host(options, request.answers);

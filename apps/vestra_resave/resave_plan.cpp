@@ -33,6 +33,7 @@ public:
         for (const placed_file& each : placement.placed) {
             if (each.old_path.empty()) continue;
             sources_.try_emplace(path_key(each.new_path), each.old_path);
+            // If a folder was renamed, all files in it have another path, although their names are the same.
             const bool is_folder = disk.kind_of(each.new_path) == platform::entry_kind::folder;
             if (is_folder && !is_same_name(each.old_path, each.new_path))
                 renamed_folders_.insert(path_key(each.new_path));
@@ -41,6 +42,8 @@ public:
 
     resave_plan::file file(const wide_string& source, const wide_string& path, uint64_t bytes) const {
         resave_plan::file planned{source, path, bytes};
+        // The disk knows no source for a file that was written, but the run may: a scene file of a map is
+        // written anew and still has one.
         planned.written = source.empty();
         const auto row = sources_.find(path_key(path));
         if (planned.source.empty() && row != sources_.end()) planned.source = row->second;
@@ -104,6 +107,7 @@ std::vector<resave_plan::file> made_files_of(const run_state& run) {
 
 ordered_json json_of(const resave_plan& plan, const resave_report& report) {
     ordered_json all = json_of(report);
+    // The same keys as for a run, so a program can read both.
     all["outcome"] = "would be " + report.outcome;
     ordered_json& files = all["files"] = ordered_json::array();
     for (const resave_plan::file& file : plan.files)

@@ -26,6 +26,8 @@ std::string size_text(uint64_t bytes) {
     for (; value >= 1024 && unit + 1 < units.size(); ++unit) value /= 1024;
     std::array<char, 32> text{};
     std::snprintf(text.data(), text.size(), "%.1f", value);
+    // The texts have their own decimal separator, so the digits are inserted separately. The last one follows
+    // the separator of the C library.
     const std::string digits = text.data();
     return say(units.at(unit), {digits.substr(0, digits.size() - 2), digits.substr(digits.size() - 1)});
 }
@@ -118,6 +120,8 @@ std::vector<summary_part> parts_of(const resave_summary& summary) {
     for (const auto& [words, name, count] : counts) {
         if (summary.*count == 0) continue;
         std::string label = say(words, {""});
+        // The label is the text without its number: "left alone"; in other languages the number can come
+        // last.
         std::erase(label, ':');
         const size_t first = label.find_first_not_of(' '), last = label.find_last_not_of(' ');
         parts.push_back({name, summary.*count, say(words, {std::to_string(summary.*count)}),
@@ -138,6 +142,7 @@ resave_report report_of(const run_state& run, const run_result& result, std::vec
     add_misplaced(run, report.problems);
     const std::unordered_set<wide_string> failed = unwritten_keys(report.problems);
     report.files = copies_of(run.placement, failed);
+    // A file without a source was written and not copied.
     for (const made_file& made : run.placement.made.files())
         if (!made.source.empty()) add_existing(made.source, made.path, report.copies);
     const wide_string& project = run.placement.new_project_path;
@@ -148,6 +153,7 @@ resave_report report_of(const run_state& run, const run_result& result, std::vec
         report.problems.insert(report.problems.begin(), {own_kind::interrupted, {}, {}, {}});
     } else if (!saved) {
         report.exit = not_saved, report.outcome = "not saved";
+        // Exit status 3 needs a reason. If nothing else is known, it is the project that was not written.
         if (std::ranges::all_of(report.problems, &is_notice))
             report.problems.push_back({name_of(fact_kind::not_written),
                                        {},
@@ -165,6 +171,7 @@ resave_report report_of(const run_state& run, const run_result& result, std::vec
 void add(resave_report& report, problem found) {
     const bool is_wanted = is_notice(found);
     report.problems.push_back(std::move(found));
+    // Only "saved" can become worse; the other outcomes say more than that there was a problem.
     if (!is_wanted && report.exit == done) report.exit = problems, report.outcome = "saved with problems";
 }
 
@@ -217,6 +224,7 @@ ordered_json json_of(const resave_report& report) {
 
 void print_problems(const resave_report& report) {
     std::vector<problem> all = report.problems;
+    // Renamed copies are normal and can be many; --files prints them.
     std::erase_if(all, [](const problem& each) { return each.kind == name_of(fact_kind::renamed); });
     print(all);
     if (report.resumable) complain(say("use --resume to continue this resave"));

@@ -1,3 +1,5 @@
+// The report of a resave: how it ended, its files and its problems, and the same in text and JSON. Files are
+// counted by looking at the disk after the run, so a copy that was erased or never made is not counted.
 #pragma once
 
 #include <cstdint>
@@ -19,7 +21,7 @@ std::string size_text(uint64_t bytes);
 
 using shell::one_line;
 
-// The result of a finished resave.
+// A file of the new project and what it was copied from.
 struct copied_file {
     wide_string source;
     wide_string target;
@@ -33,11 +35,12 @@ struct resave_report {
     std::vector<copied_file> files;  // a folder that was copied as a whole is one entry
     std::vector<copied_file> copies; // every single file, including those in folders
     // Copies of an earlier run: complete ones in a resumed run, copies equal to their source in an update,
-    // and those that were replaced by new copies.
+    // and those that were replaced by new copies. All are in `copies`, too.
     std::vector<copied_file> taken_over, unchanged, replaced;
     bool resumable = false;        // the journal was kept, so --resume can continue
     std::vector<problem> problems; // includes notices; only notices if the outcome is "saved"
-    verification found;            // what the new project lacks; empty if it was not checked
+    // What the new project lacks; empty if it was not checked. Each finding is among the problems, too.
+    verification found;
 };
 
 // The counts of the closing line. Every problem except a stop is in exactly one of the last seven.
@@ -63,12 +66,14 @@ std::vector<summary_part> parts_of(const resave_summary& summary);
 // Returns the key of the count that includes a problem; null for a stop and for notices that are not counted.
 const char* counted_as(const problem& found);
 
-// Reads what the run left in the context. `problems` are those known to the session.
+// Returns the report of a run. Reads what the run left in the context, so call it before another load.
+// `problems` are those known to the session; files that were registered but do not exist are added to them.
 resave_report report_of(const vs::project_resave::run_state& run,
                         const vs::project_resave::run_result& result, std::vector<problem> problems);
 // Adds a problem found after the run; unless it is a notice, it turns "saved" into "saved with problems".
 void add(resave_report& report, problem found);
-// Returns the report in the form that --json prints.
+// Returns the report in the form that --json prints. Its keys are an interface: docs/commands.md describes
+// them.
 nlohmann::ordered_json json_of(const resave_report& report);
 // Prints each problem, and each notice except renamed copies, as a line on standard error.
 void print_problems(const resave_report& report);

@@ -41,7 +41,8 @@ struct scenes_report {
     std::vector<problem> problems; // includes notices
 };
 
-// In the order in which the files are written. A scene whose file must not be overwritten has no file.
+// Returns the scenes in the order in which the files are written. A scene whose file must not be overwritten
+// has no file. The run only records paths, in the same order, so this is how a path finds its scene.
 std::vector<scene_row> scenes_of(project_context& context, const std::vector<problem>& all) {
     std::unordered_set<wide_string> refused;
     for (const problem& each : all)
@@ -126,6 +127,8 @@ run_result list_files(project_context& context, const scenes_request& request, c
         place = path_head(report.project) + u"\uFFFE"; // not used by any folder
         memory.create_folder(place);
     }
+    // Kept as users know it: the run derives the folder from the path of the last resave and ignores its own
+    // setting.
     context.placement.new_project_path = place; // the target folder of the scenes
     run_result result = write_files(context, request, place);
     report.problems = host.reading_problems();
@@ -148,6 +151,7 @@ int write_scenes(const scenes_request& request, const common_options& options) {
     report.folder = folder;
     // The run writes to the current folder, because no resave has set another one.
     if (!folder.empty())
+        // Also for --list, so that a folder that does not exist is reported in the same way.
         if (const platform::outcome entered = platform::set_current_folder(folder); !entered)
             return end_with({not_saved, {{own_kind::not_entered, {}, folder, {}, entered.text()}}}, options);
     run_result result;

@@ -23,8 +23,10 @@ struct place {
     wide_string holders; // captions of its parents
 };
 
-// True if the text matches the pattern, in which "*" stands for any characters and "?" for one.
+// True if the text matches the pattern, in which "*" matches any characters and "?" one.
 bool fits(wide_view text, wide_view pattern) {
+    // Without recursion: after a mismatch the last "*" takes one character more. Earlier ones need not be
+    // tried again, so the cost is at most the product of the lengths.
     size_t at = 0, in = 0, star = wide_view::npos, behind = 0;
     while (at < text.size()) {
         if (in < pattern.size() && pattern[in] == u'*') {
@@ -67,6 +69,7 @@ void directory::enter(const element& each, const wide_string& holders, const wid
     all_.push_back(&each);
     if (!each.uuid.empty()) {
         by_name_[folded(each.uuid)].push_back({&each, holders});
+        // Otherwise the name would seem to mean two elements.
         if (folded(each.caption) != folded(each.uuid))
             by_name_[folded(each.caption)].push_back({&each, holders});
     }
@@ -74,6 +77,7 @@ void directory::enter(const element& each, const wide_string& holders, const wid
     if (!group.empty()) by_group_[group].push_back(&each);
     const wide_string below = (holders.empty() ? holders : holders + u" / ") + each.caption;
     for (const element& child : each.children)
+        // An element belongs to the nearest group; the caption of an outer group does not select it.
         enter(child, below, each.kind == "group" ? folded(each.caption) : group);
 }
 
@@ -101,6 +105,7 @@ std::vector<const element*> directory::matching(const wide_string& word) const {
 const element* directory::one_of(const std::string& name, const std::vector<place>& candidates,
                                  std::vector<std::string>& complaints) const {
     const element* const first = candidates.front().found;
+    // The same element can be listed several times.
     if (std::ranges::all_of(candidates, [&](const place& other) { return other.found->uuid == first->uuid; }))
         return first;
     complaints.push_back(
@@ -124,6 +129,7 @@ std::vector<const element*> directory::find(const std::string& name,
         found = matching(word);
     }
     if (found.empty()) complaints.push_back(say("no element matches \"%1\"", {name}));
+    // A pattern may also match elements that cannot be left out, as long as it matches another one.
     if (found.empty() || std::ranges::any_of(found, &element::selectable)) return found;
     complaints.push_back(say("\"%1\" cannot be left out or kept by itself: %2 \"%3\"",
                              {name, say_known(found.front()->kind), one_line(found.front()->caption)}));
@@ -171,6 +177,8 @@ std::vector<std::string> apply(const selection_request& request, const std::vect
     if (!wanted.empty())
         for (const element& each : elements) keep_only(each, wanted, selection);
     for (const element* each : unwanted) leave_out(*each, selection);
+    // The parent of a named element stays selected even if --deselect names the element, too, so only what
+    // was named counts.
     const bool is_any_left =
         wanted.empty()
             ? std::ranges::any_of(elements,

@@ -19,9 +19,10 @@ struct selection_request {
 };
 
 // Applies the request: leaves out each element named by `deselect` with its descendants, and if `only` has
-// names, everything except those, their descendants and their parents. Returns a message for each name that
-// matches nothing, is ambiguous, or matches nothing that can be left out, and one if nothing is left. Changes
-// nothing if a name is wrong.
+// names, everything except those, their descendants and their parents; what both name is left out. Returns a
+// message for each name that matches nothing, is ambiguous, or matches nothing that can be left out, and one
+// if nothing is left. If a name is wrong, only the uuids of `left_out` have been applied. Each pattern is
+// compared with all elements; other names are looked up.
 std::vector<std::string> apply(const selection_request& request, const std::vector<element>& elements,
                                vs::project_resave::selection_register& selection);
 

@@ -26,6 +26,7 @@ element service_item(const resave_service& service, uint32_t index, bool selecta
     const wide_string_list files;
     call<&resave_service_impl::item_files>(service, index, files);
     for (const wide_string& file : files.texts()) {
+        // The source of an item can be among its files, too.
         if (path_same(file, shown.file)) continue;
         element& member = shown.children.emplace_back();
         member.kind = "file";
@@ -42,7 +43,9 @@ void add_service(std::vector<element>& all, const resave_service& service) {
     heading.kind = "collection";
     heading.caption = text_from<&resave_service_impl::tree_caption>(service);
     const bool has_heading = call<&resave_service_impl::has_own_heading>(service);
+    // Items of a service without a heading are shown among the collections.
     std::vector<element>& items = has_heading ? heading.children : all;
+    // No count means an impossible one, which the run reports.
     const uint32_t count = count_from<&resave_service_impl::item_count>(service).value_or(0);
     for (uint32_t index = 0; index < count; ++index)
         items.push_back(service_item(service, index, selectable));
@@ -51,6 +54,7 @@ void add_service(std::vector<element>& all, const resave_service& service) {
 
 void add_claimed_files(project_context& context, entity_factory& kinds, const element& owner,
                        std::vector<element>& all) {
+    // Made for this question only; the unit of the tree belongs to the run.
     const auto unit = owner.entity ? kinds.make(context, owner.entity) : nullptr;
     if (auto* const claimed = dynamic_cast<resave_entity_plugin*>(unit.get()))
         for (wide_string& path : claimed->named_files()) {

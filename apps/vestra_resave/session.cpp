@@ -32,6 +32,7 @@ bool command_questions::add_referenced() {
 
 stop_answer command_questions::on_stop() {
     if (decided_.on_stop) return *decided_.on_stop;
+    // The bundle's question does not say what each answer does.
     const std::string answers = say("yes: erase created files; no: keep them; cancel: continue");
     switch (person_.yes_no_cancel(load_string(text::erase_created_files) + u"\n" +
                                   platform::from_utf8(answers))) {
@@ -68,7 +69,8 @@ std::optional<refusal> refuse_share(const std::string& typed) {
 
 namespace {
 
-// Lets the load poll for a stop, and shows the share of elements that have been opened.
+// Lets the load poll for a stop, and shows the share of elements that have been opened. The host asks whether
+// to stop whenever it opens a data set, so that call also counts the elements.
 class load_progress {
 public:
     load_progress(shell::front_end& screen, bool shows, std::function<bool()> is_stopped)
@@ -79,6 +81,8 @@ public:
         };
         if (!shows_) return;
         shell::settings().project_read = [this](project& read) {
+            // First the search for lost files, which decides what the references are. The window opens here
+            // and not earlier, because its total is unknown before the project is read.
             if (before_) before_(read);
             screen_.progress_opened(false);
             screen_.progress_caption(load_string(text::project_opens));
@@ -112,6 +116,7 @@ session::session(const common_options& options, const decided_answers& answers)
     own_->host.start_own_bundle();
     own_->host.load_bundles();
     own_->host.connect();
+    // Only now have all bundles registered; a service that is missing here is missing for the whole session.
     collect_resave_services(services_);
     context_ = std::make_unique<project_context>(&services_, questions_);
 }
@@ -128,6 +133,7 @@ session::session(shell::front_end& person, const decided_answers& answers)
 }
 
 session::~session() {
+    // The tree refers to services of bundles, which are unloaded when the host ends.
     context_.reset();
     services_.clear();
 }
@@ -140,6 +146,7 @@ std::optional<refusal> session::load(const std::string& project) {
 std::optional<refusal> session::load(const wide_string& path, bool show_wait, bool write_open_log) {
     shell::settings().refused_reads.clear();
     context_->report.restart({}); // the reports of earlier runs have been read
+    // In a separate scope, so that the progress is closed before problems are printed.
     const bool is_loaded = [&] {
         const bool shows_steps = own_ && show_wait && own_->terminal.shows();
         const load_progress shown(screen(), shows_steps, [this] { return interrupted(); });
@@ -152,6 +159,7 @@ std::optional<refusal> session::load(const wide_string& path, bool show_wait, bo
             if (!path_same(each.path, path)) early.problems.push_back(std::move(each));
         return early;
     }
+    // A stopped load succeeds, without the data sets that were not opened any more.
     if (interrupted()) return refusal{stopped, {{own_kind::interrupted, {}, {}, {}}}};
     return std::nullopt;
 }
@@ -172,6 +180,8 @@ std::vector<problem> session::reading_problems() const {
     std::erase_if(all, [](const problem& each) { return each.kind == name_of(fact_kind::type_not_resaved); });
     std::unordered_set<wide_string> seen{path_key(context_->placement.source_project_path)};
     const auto& refused = shell::settings().refused_reads.all();
+    // Sorted, because the host keeps them in no order. A file that does not exist is reported as missing, not
+    // as unreadable.
     for (const auto& [key, error] : std::map(refused.begin(), refused.end()))
         if (path_exists(error.file) && seen.insert(key).second)
             all.push_back({own_kind::unreadable, {}, error.file, {}, error.why()});

@@ -1,3 +1,5 @@
+// A session is one run of a command on a project: a running host with the bundle, and the answers to the
+// questions of the run. Main thread only.
 #pragma once
 
 #include <memory>
@@ -55,30 +57,36 @@ class project_context;
 
 namespace vestra::command {
 
-// Returns an error if the path typed is on a share and the operating system has no shares.
+// Returns an error if the path typed is on a share and the operating system has no shares. Without this check
+// such a path would count as one that does not exist.
 std::optional<refusal> refuse_share(const std::string& typed);
 
-// One run of a command on a project: a running host with the bundle, and the bundle's context. The
-// constructor starts the host, the destructor stops it. Only one session can exist at a time.
+// A running host with the bundle, and the bundle's context. The constructor starts the host, the destructor
+// stops it and releases the project. Only one session can exist at a time, except a guest inside another
+// host.
 class session {
 public:
-    // Also loads the bundles given by the options.
+    // Also loads the bundles given by the options; throws bundle_not_loaded if that fails. Drives and
+    // language must have been set by `apply`.
     session(const common_options& options, const decided_answers& answers);
     // For use inside another running host, whose front end must outlive this object. Has its own registry,
     // because services know one project at a time. Only the linked-in bundle is used.
     session(shell::front_end& person, const decided_answers& answers);
     ~session();
 
-    // Loads a project by its native or drive path. Returns an error if the project could not be loaded or the
-    // program is to end.
+    // Loads a project by its native or drive path, in place of the one loaded before. Returns an error if the
+    // project could not be loaded or the program is to end. The second form shows progress and writes a load
+    // log, if that is wanted.
     std::optional<refusal> load(const std::string& project);
     std::optional<refusal> load(const wide_string& path, bool show_wait, bool write_open_log);
-    // Returns the problems of the load followed by those of the last run, without duplicates.
+    // Returns the problems of the load followed by those of the last run; of a problem that both report, only
+    // that of the run.
     std::vector<problem> problems() const;
     // As above without layer types that nothing resaves, which only concern a resave, and with the scene
     // files of maps that could not be read.
     std::vector<problem> reading_problems() const;
 
+    // The context, in which runs are started and which has their results.
     vs::project_resave::project_context& context() { return *context_; }
     // See command_questions.
     void keep_places(continued_disk* earlier) { questions_.earlier = earlier; }
@@ -100,12 +108,14 @@ private:
         shell::bundle_loader bundles{registry};
     };
 
-    const std::unique_ptr<own_host> own_; // exactly one of the two exists
+    // Exactly one of the two exists.
+    const std::unique_ptr<own_host> own_;
     const std::unique_ptr<guest_host> guest_;
     shell::front_end& screen_;
     command_questions questions_;
     vs::project_resave::resave_services services_;
     std::unique_ptr<vs::project_resave::project_context> context_;
+    // Of the last load; the report of a run need not repeat them.
     std::vector<problem> load_problems_;
 };
 

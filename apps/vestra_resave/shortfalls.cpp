@@ -26,6 +26,7 @@ void source_elements::add(const element& each, const wide_string& list, bool is_
     const bool is_each_out = is_out || !selection.is_selected(each.uuid);
     const size_t index = rows_.size();
     rows_.push_back({{each.uuid, each.caption, list}, each.kind, {}, 0});
+    // A lost file is reported by the run.
     if (each.exists.value_or(false)) rows_.back().file = path_in(each.file).value();
     if (!each.uuid.empty()) {
         by_uuid_.emplace(each.uuid, index);
@@ -50,6 +51,7 @@ public:
     // Files of elements are accounted for by their elements.
     neighbourhood(const source_elements& source, const resave_report& report) {
         for (const source_elements::row& each : source.rows()) take(each.file);
+        // A folder that was copied as a whole is only in `files`, what is in it only in `copies`.
         for (const auto* files : {&report.copies, &report.files})
             for (const copied_file& each : *files)
                 for (const wide_string& path : {each.source, each.target}) take(path);
@@ -90,6 +92,8 @@ void add_left_behind(const source_elements& source, const wide_string& new_proje
     neighbourhood beside(source, report);
     for (const auto* files : {&report.copies, &report.files})
         for (const copied_file& each : *files)
+            // The source project is not data: files with its stem, such as backups, do not belong to the
+            // copy.
             if (!path_same(each.target, new_project)) beside.add_to(report, each.source);
 }
 
@@ -111,6 +115,7 @@ public:
 
     void sort(std::vector<problem> all) {
         for (problem& each : all) {
+            // Explained by a problem without an element, for each element that refers to the file.
             if (known_.contains(key_of({}, each.path))) continue;
             if (!known_.insert(key_of(each.element.uuid, each.path)).second) continue;
             if (const source_elements::row* const row = left_alone(each)) {
@@ -161,12 +166,15 @@ public:
             const wide_string* const from = source_of(file);
             return from && is_next_to(*source, *from);
         });
+        // Cheap so far. Only now the data sets are opened, to see whether they really read these files.
         if (strange.empty()) return;
         const auto own = files_read_by(*source), read = files_read_by(copy);
         for (const wide_string& file : strange) {
             const wide_string* const from = source_of(file);
             const bool is_own = from && own.contains(path_key(*from));
             const wide_string reason = platform::from_utf8(printed(file));
+            // Strange only if the copy reads the file and the source does not read the file that it was
+            // copied from.
             if (!is_own && read.contains(path_key(file)) && known_.insert(key_of(copy, reason)).second)
                 found_.push_back({name_of(fact_kind::reads_other), element, *source, copy, reason});
         }
@@ -215,6 +223,7 @@ void add_uuids(const std::vector<element>& elements, std::unordered_set<wide_str
 // removed because their source is lost, are not reported.
 void add_dropped(const source_elements& source, project_context& context, const wide_string& reason,
                  resave_report& report) {
+    // Contains the empty uuid, because elements without one cannot be compared.
     std::unordered_set<wide_string> excused{wide_string()};
     add_uuids(elements_of(context), excused);
     for (const problem& each : report.problems)
@@ -224,6 +233,7 @@ void add_dropped(const source_elements& source, project_context& context, const 
         const bool is_missed =
             !excused.contains(each.name.uuid) && !source.is_left_out(each.name.uuid) && each.kind != "page";
         if (is_missed) add(report, {own_kind::dropped, each.name, {}, {}, reason});
+        // With a missing scene its layers are missing as well; they get no lines.
         index = is_missed ? each.end : index + 1;
     }
 }
@@ -254,8 +264,11 @@ void add_shortfalls(session& host, const source_elements& source, const resave_r
     }
     const auto is_stopped = [&] { return host.interrupted(); };
     verification& found = report.found;
+    // Collected before the load, which discards the placement.
     foreign_files foreign(context.placement, report);
     if (const std::optional<refusal> early = host.load(project, false, false)) {
+        // A new project that cannot be loaded is a problem of the resave; the comparison of the copies is
+        // still made.
         found.stopped = early->exit == stopped;
         if (!found.stopped)
             for (const problem& each : early->problems) add(report, each);
@@ -283,6 +296,7 @@ void add_shortfalls(session& host, const source_elements& source, const resave_r
                  {},
                  is_verified ? u"the verification was interrupted"
                              : u"the check of the new project was interrupted"});
+    // The project is saved, so the outcome stays, but it was not checked as requested.
     report.exit = stopped;
 }
 

@@ -13,7 +13,8 @@
 
 namespace vestra::command {
 
-// The elements of the source project, collected before the run changes them.
+// The elements of the source project, collected before the run changes and releases them. Stays valid when
+// another project is loaded.
 class source_elements {
 public:
     // One element with its name, its file and the range of its descendants.
@@ -21,14 +22,16 @@ public:
         vs::project_resave::element_name name;
         std::string kind;
         wide_string file; // empty if it has none or if it does not exist
-        size_t end = 0;   // index after the last descendant
+        // Index after the last descendant, so that a subtree can be skipped.
+        size_t end = 0;
     };
 
+    // Reads the loaded project and the current selection.
     explicit source_elements(vs::project_resave::project_context& context);
 
     // Returns the elements in the order of the project, parents before children.
     const std::vector<row>& rows() const { return rows_; }
-    // Returns null if no element has the uuid.
+    // Returns the element with this uuid, the first one if several have it; null if there is none.
     const row* find(const wide_string& uuid) const;
     // True for an element that the user left out, itself or with a parent.
     bool is_left_out(const wide_string& uuid) const { return left_out_.contains(uuid); }
@@ -43,7 +46,8 @@ private:
 };
 
 // Adds the shortfalls of the run that has just ended to the report and, if requested, copies that differ from
-// their sources. Loads the new project, which discards the run's state in the session.
+// their sources. Call it only after a run that saved. Loads the new project, which discards the run's state
+// in the session. After a stop the report is marked as stopped, and what was found until then is in it.
 void add_shortfalls(session& host, const source_elements& source, const resave_request& request,
                     resave_report& report);
 

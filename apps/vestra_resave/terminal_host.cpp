@@ -19,6 +19,7 @@ namespace {
 
 bool is_russian(const std::string& language) {
     if (!language.empty()) return language == "ru";
+    // The order in which POSIX programs look for the language of messages; the first that is set decides.
     for (const char* name : {"LC_ALL", "LC_MESSAGES", "LANG"})
         if (const char* value = std::getenv(name); value && *value)
             return std::string_view(value).starts_with("ru");
@@ -66,12 +67,14 @@ void speak(const std::string& language) {
 }
 
 std::optional<std::string> apply(const common_options& options) {
+    // First, so that the errors below are in this language.
     speak(options.language);
     std::string reason;
     if (!platform::check_drive_variable(reason)) return reason;
     std::set<int> letters;
     for (const std::string& drive : options.drives) {
         if (!platform::add_drive(drive, reason)) return reason;
+        // `add_drive` would silently replace the first one.
         if (!letters.insert(std::toupper(static_cast<unsigned char>(drive.front()))).second)
             return say("--drive: a drive is mapped twice: \"%1\"", {drive});
     }
@@ -83,6 +86,7 @@ terminal_host::terminal_host(platform::terminal& terminal, const common_options&
       bundles_(registry_), dialog_runner_(terminal, options.quiet) {}
 
 terminal_host::~terminal_host() {
+    // Dialogs call into bundles, so they go first.
     dialogs_.reset();
     bundles_.unload_all();
 }
@@ -99,6 +103,7 @@ void terminal_host::load(const wide_string& path) {
 
 void terminal_host::connect() {
     registry_.start_clients();
+    // Made anew each time, since a connection knows only the bundles of that moment.
     dialogs_.emplace(dialog_runner_);
 }
 

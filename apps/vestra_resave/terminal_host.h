@@ -1,4 +1,4 @@
-// The host of this program: its services, bundles and terminal.
+// The host of this program: its services, bundles and terminal. Main thread only.
 #pragma once
 
 #include <optional>
@@ -25,6 +25,8 @@ struct common_options {
     bool json = false;
 };
 
+// The exit status of every command. `stopped` becomes the status of the signal that ended the program, if it
+// was not Ctrl-C.
 enum exit_code : int { done = 0, problems = 1, wrong_use = 2, not_saved = 3, stopped = 130 };
 
 // Thrown if the host cannot start, because a bundle could not be loaded.
@@ -33,18 +35,21 @@ struct bundle_not_loaded {
     wide_string reason;
 };
 
-// Only one object can exist at a time. The destructor unloads all bundles.
+// The services, bundles and dialogs of a program on a terminal. The terminal is the current front end as long
+// as this object exists. Only one can exist at a time. The destructor unloads all bundles.
 class terminal_host {
 public:
-    // The terminal must outlive the host.
+    // Both arguments must outlive the host.
     terminal_host(vs::project_resave::platform::terminal& terminal, const common_options& options);
     ~terminal_host();
 
-    // Start the linked-in bundle, load those of the options, or load one by its drive path.
+    // Start the linked-in bundle, load those of the options, or load one by its drive path. The last two
+    // throw bundle_not_loaded.
     void start_own_bundle();
     void load_bundles();
     void load(const wide_string& path);
-    // Connects dialogs; call it after bundles were added.
+    // Lets bundles without a service get those of others, and shows their dialogs on the terminal. Call it
+    // after bundles were added, each time.
     void connect();
     // Returns the front end of the terminal.
     shell::terminal_front_end& front_end() { return front_end_; }
@@ -59,8 +64,9 @@ private:
     std::optional<toolkit::dialog_connections> dialogs_;
 };
 
-// Shows the progress of copying or reading `total` bytes until the destructor. Opens its own window if there
-// is a caption, otherwise uses the open one.
+// Shows the progress of copying or reading `total` bytes until the destructor; 0 shows steps instead of
+// bytes. Opens its own window if there is a caption, otherwise uses the open one. Only one can exist at a
+// time.
 class shown_transfer {
 public:
     shown_transfer(shell::front_end& screen, uint64_t total, wide_view caption = {});
@@ -73,18 +79,20 @@ private:
     const bool has_window_;
     vs::project_resave::platform::transfer_watch watch_;
 };
-// Captions for such windows.
+// Captions for such windows, in the current language.
 wide_view comparing_caption();
 wide_view summing_caption();
 wide_view packing_caption();
 wide_view reading_caption();
 
-// Sets the language: "ru" or "en", or that of the environment if empty.
+// Sets the language of the host's settings: "ru" or "en", or that of the environment if empty. Everything
+// printed later is in it.
 void speak(const std::string& language);
-// Maps the drives and sets the language. Returns an error if a drive is wrong.
+// Sets the language and maps the drives of the options; those of VESTRA_DRIVES exist anyway and are only
+// checked. Returns an error if a drive is wrong or mapped twice; those before it stay mapped.
 std::optional<std::string> apply(const common_options& options);
 
-// Prints one line with the program name on standard error.
+// Prints one line with the program name on standard error; control characters in the reason are escaped.
 void complain(const std::string& reason);
 
 } // namespace vestra::command

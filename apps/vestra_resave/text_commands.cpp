@@ -51,6 +51,7 @@ void judge(const run_result& result, const wide_string& path, bool wants_text, w
     if (result.end == run_end::stopped) {
         made.end(stopped, "stopped");
         made.problems.insert(made.problems.begin(), {own_kind::interrupted, {}, {}, {}});
+        // The run has erased its text after a stop; if it still exists, that failed.
         if (path_exists(path)) made.problems.push_back({name_of(fact_kind::not_erased), {}, {}, path});
         return;
     }
@@ -78,11 +79,15 @@ ended_text write_text(const std::string& project, const std::string& text_file, 
     wide_string path;
     if (is_printed) {
         in_force.emplace(memory);
+        // In the folder of the project, which surely exists. The disk in memory sees the real files, so the
+        // name must be one that no disk has.
         path = path_head(made.project) + u"\uFFFE.txt"; // not used by any file
     } else {
         if (auto early = refuse_output(text_file)) return {std::move(early), {}};
         path = made.path = platform::drive_path(text_file);
     }
+    // Created before the run, so that a path that cannot be written is an error with its reason and not an
+    // empty result.
     if (auto early = create_text_file(path, context)) return {std::move(early), {}};
     const run_result result = write(context, path);
     made.problems = host.reading_problems();
@@ -101,6 +106,7 @@ int finish(const written_text& made, const common_options& options, const std::s
                          {"native_project", native_form(made.project)},
                          {"target", platform::to_utf8(made.path)},
                          {"native_target", native_form(made.path)}};
+        // The keys of the command come before the problems, which can be long.
         all.update(further);
         all["problems"] = json_of(made.problems);
         std::cout << all.dump(2) << '\n';

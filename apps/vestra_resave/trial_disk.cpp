@@ -19,6 +19,8 @@ wide_string folder_of(const wide_string& path) { return path_head(path_normalise
 
 wide_string key_of_folder(const wide_string& key) { return path_key(path_head(key)); }
 
+// A file in memory. It shares its text with the entry, so that a reader sees what was written even before the
+// writer closes the file.
 class text_file final : public platform::file {
 public:
     explicit text_file(std::shared_ptr<std::string> text) : text_(std::move(text)) {}
@@ -62,6 +64,8 @@ uint64_t trial_disk::bytes_of(const entry& file) const {
 outcome trial_disk::has_folder(const wide_string& path) {
     wide_string folder = folder_of(path);
     if (kind_of(folder) == entry_kind::folder) return {};
+    // Asking the real disk for the content of the blocking file gives the reason in the words of this
+    // operating system.
     std::vector<platform::folder_entry> none; // not used; only the reason is needed
     for (; folder.size() > path_fixed_length(folder); folder = folder_of(folder)) {
         if (kind_of(folder) == entry_kind::none) continue;
@@ -71,6 +75,7 @@ outcome trial_disk::has_folder(const wide_string& path) {
         break;
     }
     std::unique_ptr<platform::file> nothing;
+    // Nothing blocks the way, so the folder is missing; opening a file in it gives the reason for that.
     const outcome opened =
         real_->open(path, platform::access::read, platform::disposition::open_existing, nothing);
     return opened ? failure::missing : opened;
@@ -90,6 +95,7 @@ outcome trial_disk::is_free(const wide_string& path) {
 outcome trial_disk::is_readable(const wide_string& path) {
     std::unique_ptr<platform::file> opened;
     const outcome result = open(path, platform::access::read, platform::disposition::open_existing, opened);
+    // A file that another program has open exists, and may be free by the time of the real run.
     return result.is(failure::in_use) ? outcome() : result;
 }
 
@@ -104,6 +110,7 @@ void trial_disk::put(entry made) {
 
 void trial_disk::take_away(const wide_string& path) {
     const wide_string key = path_key(path);
+    // A real entry is hidden by an entry of the kind `none`; one that existed only in memory is forgotten.
     if (real_->kind_of(path) != entry_kind::none) return put({.path = path});
     entries_.erase(key);
     inside_[key_of_folder(key)].erase(key);
@@ -129,6 +136,7 @@ platform::entry_status trial_disk::status_of(const wide_string& path) {
     const entry* found = known(path);
     if (!found) return real_->status_of(path);
     if (found->kind == entry_kind::none) return {entry_kind::none, 0, failure::missing};
+    // A copy has the size and the time of its source.
     if (found->kind == entry_kind::file && !found->text) return real_->status_of(found->source);
     return {found->kind, found->kind == entry_kind::file ? bytes_of(*found) : 0};
 }
@@ -139,6 +147,7 @@ outcome trial_disk::copy_file(const wide_string& source, const wide_string& targ
     if (result) result = has_folder(target);
     if (result && !replaces) result = is_free(target);
     if (!result) return result;
+    // A copy of a copy refers to the real file, because only that can be read.
     const entry* from = known(source);
     put({.kind = entry_kind::file,
          .path = target,
@@ -175,6 +184,7 @@ outcome trial_disk::list(const wide_string& path, std::vector<platform::folder_e
     const outcome listed = real_->list(path, entries);
     const auto changed = inside_.find(path_key(path));
     if (changed == inside_.end()) return listed;
+    // A folder that exists only here cannot be listed on the real disk, which is no failure.
     if (!listed && real_->kind_of(path) == entry_kind::folder) return listed;
     std::erase_if(entries, [&](const platform::folder_entry& each) {
         return changed->second.contains(path_key(path_join(path, each.name)));
@@ -182,11 +192,13 @@ outcome trial_disk::list(const wide_string& path, std::vector<platform::folder_e
     for (const wide_string& key : changed->second)
         if (const entry& made = entries_.at(key); made.kind != entry_kind::none)
             entries.push_back({path_file_name(made.path), made.kind == entry_kind::folder, false});
+    // In the order in which a disk lists them, because the order of files decides which one is renamed.
     std::ranges::sort(entries, {}, &platform::folder_entry::name);
     return {};
 }
 
 bool trial_disk::true_name(const wide_string& folder, const wide_string& name, wide_string& spelling) {
+    // "." and ".." are no names of entries, but path_join would resolve them to one.
     const entry* found = name == u"." || name == u".." ? nullptr : known(path_join(folder, name));
     if (!found) return real_->true_name(folder, name, spelling);
     if (found->kind == entry_kind::none) return false;
@@ -244,6 +256,7 @@ outcome trial_disk::open(const wide_string& path, platform::access wanted, platf
 }
 
 outcome trial_disk::free_space(const wide_string& folder, uint64_t& bytes) {
+    // The separator is added again, because path_normalise also removes that of "C:\".
     wide_string level = path_normalise(folder);
     while (real_->kind_of(level + u'\\') != entry_kind::folder && level.size() > path_fixed_length(level))
         level = path_normalise(path_head(level));

@@ -17,6 +17,8 @@ namespace vestra::command {
 using vs::project_resave::wide_string;
 namespace platform = vs::project_resave::platform;
 
+// Memory grows with the number of files made, not with their bytes: a copy only has the path of its source,
+// and only files that are written are kept as a whole. Main thread only.
 class trial_disk final : public platform::system {
 public:
     struct made_file {
@@ -24,9 +26,10 @@ public:
         wide_string source; // what it was copied from; empty if it was written
         uint64_t bytes = 0;
     };
-    // Returns the files made so far that were not removed, in order; replaced ones are included.
+    // Returns the files made so far that were not removed, in the order of their creation; replaced ones are
+    // included. A file that was renamed counts as created then.
     std::vector<made_file> made_files() const;
-    // True if the path is one of them.
+    // True if a file or folder was made at the path and still exists.
     bool has_made(const wide_string& path) const;
 
     // `below` returns the disk that is shown. `put_above` sets another one, which must outlive this object;
@@ -34,7 +37,8 @@ public:
     platform::system& below() { return *real_; }
     void put_above(platform::system& below) { real_ = &below; }
 
-    // Files of the real disk can be replaced and removed, but not renamed or modified in place.
+    // Files of the real disk can be replaced and removed, but not renamed or modified in place; these fail
+    // with a reason.
     platform::entry_status status_of(const wide_string& path) override;
     platform::outcome copy_file(const wide_string& source, const wide_string& target, bool replace) override;
     platform::outcome delete_file(const wide_string& path) override;
@@ -48,6 +52,7 @@ public:
     platform::outcome open(const wide_string& path, platform::access wanted, platform::disposition how,
                            std::unique_ptr<platform::file>& result) override;
     void pause_1ms() override { real_->pause_1ms(); }
+    // There is nothing to flush, so both succeed.
     platform::outcome flush(const wide_string&) override { return {}; }
     platform::outcome flush_volume(const wide_string&) override { return {}; }
     // Asks the real disk; for a folder that does not exist yet, the volume on which it would be.
@@ -62,8 +67,11 @@ private:
         size_t number = 0;                           // in the order of creation
     };
 
+    // What was made or removed at the path; null if the real disk decides.
     const entry* known(const wide_string& path) const;
     uint64_t bytes_of(const entry& file) const;
+    // Fail as a real attempt would: because there is no folder for the path, because its name is taken, or
+    // because the file cannot be opened.
     platform::outcome has_folder(const wide_string& path);
     platform::outcome is_free(const wide_string& path);
     platform::outcome is_readable(const wide_string& path);

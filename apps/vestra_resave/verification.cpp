@@ -29,6 +29,7 @@ struct file_kind {
     bool is_layer;
     dimension dimensions;
 };
+// The files of the host that contain references.
 constexpr file_kind file_kinds[] = {{u"._sn", false, dimension::flat},
                                     {u"._sc", false, dimension::solid},
                                     {u"._lr", true, dimension::flat},
@@ -53,7 +54,8 @@ wide_string reason_of(const files::file_error& fault) {
 }
 
 // The project folder as it would be on another disk: at the same depth, under names that no folder has here.
-// A reference that still resolves into it does not depend on the project's location.
+// A reference that still resolves into it does not depend on the project's location. The depth must be the
+// same, because a reference with ".." would otherwise lead to another place than it does here.
 class other_place {
 public:
     // `folder` ends with a separator. If `moved` is false, the place is the folder itself.
@@ -63,6 +65,7 @@ public:
         place_.resize(fixed);
         for (const wide_string& name : path_split(wide_view(folder).substr(fixed), path_separators, true))
             place_ += name + mark + u'\\';
+        // A project at the top of a drive: without a new name it would be where it is.
         if (place_.size() == fixed) place_ += wide_string{mark, u'\\'};
     }
 
@@ -74,6 +77,7 @@ public:
     }
     // Returns the actual path for a moved one.
     wide_string here(const wide_string& path) const {
+        // Outside the folder, a path can still have some of the new names, namely those of its parents.
         if (path.starts_with(place_)) return folder_ + path.substr(place_.size());
         wide_string text = path;
         std::erase(text, mark);
@@ -97,6 +101,8 @@ public:
 
     void run(project_context& context, std::span<const wide_string> further) {
         project read_there;
+        // Read again with another folder, because the loaded project has resolved its references already. If
+        // that fails now, those are used.
         if (settings_.elsewhere && !files::read_project(file_, read_there, place_.folder()))
             files::visit_references(read_there, visitor_);
         else
@@ -105,6 +111,7 @@ public:
         for (const element& each : files_of_services(context)) visit(each);
         for (const wide_string& path : further)
             if (kind_of(path)) add_file(path);
+        // Each file can add further ones, as a scene can show the scene files of maps.
         for (; !files_.empty() && !is_at_end(); files_.pop_front()) visit_file(files_.front());
     }
 
@@ -118,6 +125,7 @@ private:
     bool is_at_end() { return found_.stopped = found_.stopped || is_stopped_(); }
 
     void visit(const element& each, const wide_string& list = {}) {
+        // How a bundle stores its paths is unknown, so these count as independent of the location.
         check({each.kind, {each.uuid, each.caption, list}}, path_in(each.file), true, false);
         for (const element& member : each.children) visit(member, each.caption);
     }
@@ -159,10 +167,12 @@ private:
     void check(const holder& who, const std::optional<wide_string>& path, bool stays_below, bool is_scene) {
         if (!path || is_at_end()) return;
         ++found_.references;
+        // A scene file is read even if it is outside, for the references in it.
         const bool exists = exists_at(*path);
         if (is_scene && exists) add_file(*path);
         if (!report(who, *path, exists)) return;
         if (!stays_below || is_bound(*path)) add(own_kind::reference_outside, who, *path, depends_on_place);
+        // Scene and layer files are no data sets; they are read on their own.
         if (!is_scene && !kind_of(*path)) check_data_set(who, *path);
     }
 
@@ -183,6 +193,7 @@ private:
         const data_set_files needs = files_of_data_set(path);
         if (needs.is_empty) add(own_kind::reference_empty, who, path, {});
         if (!needs.unread.empty()) found_.astray.push_back(unreadable("file", path, needs.unread));
+        // The references of the data set are in its own file, not in the one being checked.
         const wide_string before = std::exchange(file_, path);
         std::vector<wide_string> there;
         for (const auto& each : needs.files) {
@@ -253,6 +264,7 @@ std::string word_of(std::string kind) {
 std::vector<std::string> lines_of(const verification& found) {
     std::vector<std::string> lines;
     for (const problem& each : found.astray) {
+        // The file with the reference is printed only if it is not the project, which the last line names.
         const bool is_plain = each.file == found.project || each.file == each.path;
         lines.push_back(say_known(word_of(each.kind)) + ": " + say_known(each.holder) + " " +
                         one_line(each.element.caption) + ": " + printed(each.path) +

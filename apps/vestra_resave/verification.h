@@ -1,4 +1,5 @@
-// Checks whether a project is self-contained: every file it refers to exists inside its folder.
+// Checks whether a project is self-contained: every file it refers to exists inside its folder. Nothing is
+// changed.
 #pragma once
 
 #include <functional>
@@ -18,9 +19,10 @@ namespace vestra::command {
 // The findings of a verification.
 struct verification {
     wide_string project;
-    size_t references = 0; // number of references checked
+    // The number of references checked. A file that two elements refer to counts twice.
+    size_t references = 0;
     // References that point outside the project folder (also through a link), to a missing or to an empty
-    // file, and whatever could not be read: a scene or layer file, a data set of the host, a folder.
+    // file, and everything that could not be read: a scene or layer file, a data set of the host, a folder.
     std::vector<problem> astray;
     std::vector<problem> differing; // copies, whose source is `path`, and files that differ from the manifest
     bool stopped = false;           // before the end
@@ -36,11 +38,13 @@ struct verify_settings {
         on_data_set = {};
 };
 
-// Both functions add their findings and call `is_stopped` repeatedly.
+// `verify` and `compare` add their findings and call `is_stopped` repeatedly; once it returns true they set
+// `stopped` and skip the rest.
 //
 // Checks the references of the loaded project, of the scene files that it shows and of scene and layer files
 // in `further`, the items that services store in it, the files that they report for its elements, and all
-// files that each of these data sets needs.
+// files that each of these data sets needs. Files of other kinds in `further` are ignored. Each scene file,
+// layer file and data set is read once.
 void verify(vs::project_resave::project_context& context, std::span<const wide_string> further,
             const verify_settings& settings, const std::function<bool()>& is_stopped, verification& found);
 // Returns all files below the folder of the loaded project, for `further`. A folder that cannot be read is
@@ -48,11 +52,12 @@ void verify(vs::project_resave::project_context& context, std::span<const wide_s
 std::vector<wide_string> files_beside(const vs::project_resave::project_context& context,
                                       verification& found);
 // Compares copies with their sources byte by byte; for a folder, everything in the source. Scene files are
-// skipped, because they are written anew.
+// skipped, because they are written anew. Reports the bytes read of the sources to the current
+// transfer_watch. Of the findings `path` is the source and `new_path` the copy.
 void compare(std::span<const vs::project_resave::placed_file> copies, const std::function<bool()>& is_stopped,
              verification& found);
 
-// Returns a line for each finding, without the program name.
+// Returns a line for each finding, without the program name, in the user's language.
 std::vector<std::string> lines_of(const verification& found);
 
 } // namespace vestra::command

@@ -56,6 +56,7 @@ void add_manifest(const wide_string& project, std::vector<ended_verify::file>& f
 } // namespace
 
 ended_verify verify_in(session& host, const verify_request& request, const archive_view* archive) {
+    // Nothing is written here, and many references lead to the same files and folders.
     remembered_disk asked_once;
     const platform::system_override in_force(asked_once);
     ended_verify ended;
@@ -67,6 +68,7 @@ ended_verify verify_in(session& host, const verify_request& request, const archi
     if (request.manifest) {
         std::optional<shown_transfer> shown;
         const auto begins = [&](uint64_t bytes) {
+            // The digests of an archive were computed while it was read, with its own progress.
             if (!archive) shown.emplace(host.screen(), bytes, summing_caption());
         };
         const auto read = [&](const wide_string& path, file_digest& digest) {
@@ -85,9 +87,11 @@ ended_verify verify_in(session& host, const verify_request& request, const archi
     }
     verify(host.context(), files_beside(host.context(), found), settings, is_stopped, found);
     if (!request.report.empty() && request.manifest) add_manifest(found.project, ended.files);
+    // After the check, because it reads further files, and the host keeps why they could not be read.
     ended.problems = further(host.reading_problems(), found);
     if (archive)
         ended.problems.insert(ended.problems.end(), archive->problems().begin(), archive->problems().end());
+    // A problem like others, because an incomplete check has not found everything.
     if (found.stopped) ended.problems.push_back({own_kind::interrupted, {}, {}, {}});
     const bool is_whole = ended.problems.empty() && found.astray.empty() && found.differing.empty();
     ended.outcome = found.stopped ? "stopped" : is_whole ? "stands alone" : "does not stand alone";
@@ -112,12 +116,15 @@ int verify_project(const verify_request& asked, const common_options& options) {
     verify_request request = asked;
     read_archive_scope archive;
     if (const auto early = archive.begin(host, request.project, true)) return end_with(*early, options);
+    // An archive always has a manifest if this program wrote it, and reading all bytes has cost the time
+    // already.
     if (archive.view()) request.manifest |= path_exists(manifest_path(platform::drive_path(request.project)));
     ended_verify ended = verify_in(host, request, archive.view());
     if (ended.early) return end_with(*ended.early, options);
     bool has_page = true;
     if (!request.report.empty())
         for (problem& each : write_page(request.report, facts_of(ended, request))) {
+            // Reported like the findings, but it says nothing about the project, so the outcome stays.
             ended.problems.push_back(std::move(each));
             has_page = false;
         }
@@ -133,6 +140,7 @@ int verify_project(const verify_request& asked, const common_options& options) {
                                      {"references", found.references},
                                      {"problems", json_of(all)},
                                      {"astray", json_of(found.astray)}};
+        // Without a comparison an empty list would look like a result.
         if (request.manifest) shown["differing"] = json_of(found.differing);
         std::cout << shown.dump(2) << '\n';
     } else {

@@ -1,3 +1,4 @@
+// Looks texts up in both tables, and translates what the host and the operating system return in English.
 #include "apps/vestra_resave/words.h"
 
 #include <algorithm>
@@ -10,7 +11,9 @@ namespace vestra::command {
 
 namespace {
 
-// Texts of the host, its readers, and the operating system in English.
+// Texts of the host, its readers, and the operating system in English. They reach this program as text, so
+// they are recognised by it: a reason that is worded differently stays English. The general pattern for a
+// line comes first, since its rest is translated by itself.
 constexpr text_row words_of_others[] = {
     {"line %1: %2", "строка %1: %2"},
     {"VESTRA_DRIVES: %1", "VESTRA_DRIVES: %1"},
@@ -114,6 +117,8 @@ bool is_russian() { return shell::settings().language_offset == 0; }
 std::string filled(std::string_view text, const std::vector<std::string>& parts) {
     std::string all;
     for (size_t at = 0; at < text.size(); ++at) {
+        // "%" can also be a part of a text; a digit after it that is no placeholder gives a number that is
+        // too large.
         const size_t part =
             text[at] == '%' && at + 1 < text.size() ? static_cast<size_t>(text[at + 1] - '1') : 9;
         if (part < parts.size() && part < 9)
@@ -133,6 +138,7 @@ std::optional<std::vector<std::string>> parts_in(std::string_view text, std::str
         if (!text.starts_with(before)) return std::nullopt;
         text.remove_prefix(before.size());
         pattern.remove_prefix(place + 2);
+        // A part ends where the text up to the next placeholder begins, or at the end.
         const std::string_view after = pattern.substr(0, pattern.find('%'));
         const size_t end = after.empty() ? text.size() : text.find(after);
         if (end == std::string_view::npos) return std::nullopt;

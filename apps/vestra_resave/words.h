@@ -1,5 +1,6 @@
 // The texts of the command in the language of the host's settings. JSON keys and names of problem kinds are
-// not translated.
+// not translated. The language is looked up at each call, so a text can be stored as a `sentence` and shown
+// later.
 #pragma once
 
 #include <initializer_list>
@@ -21,7 +22,7 @@ inline constexpr text_row all_texts[] = {
 class sentence {
 public:
     constexpr sentence() = default; // empty text
-    // NOLINTNEXTLINE(google-explicit-constructor): a text stands for itself
+    // NOLINTNEXTLINE(google-explicit-constructor): literals are passed as texts
     consteval sentence(const char* english) : row_(std::begin(all_texts)) {
         while (row_->english != english) ++row_;
     }
@@ -31,10 +32,12 @@ private:
     const text_row* row_ = nullptr;
 };
 
-// Returns the text with the parts inserted.
+// Returns the text with the parts inserted: the first one replaces each "%1". A placeholder without a part
+// stays.
 std::string say(sentence text, std::initializer_list<std::string> parts = {});
 // Returns the text with this English form in the current language. Texts of others, such as the operating
-// system's reasons, are translated if known and otherwise returned unchanged.
+// system's reasons, are translated if known and otherwise returned unchanged. If such a text ends with
+// another one, as with a reason, that is translated, too.
 std::string say_known(const std::string& english);
 
 } // namespace vestra::command

@@ -30,6 +30,7 @@ drives_dialog::drives_dialog(const std::vector<stored_settings::drive>& drives, 
     table_->horizontalHeader()->setStretchLastSection(true);
     table_->verticalHeader()->hide();
     table_->setSelectionBehavior(QAbstractItemView::SelectRows);
+    // The Tab key leaves the table, so that the buttons can be reached by keyboard.
     table_->setTabKeyNavigation(false);
     table_->setAccessibleName(windowTitle());
     for (const auto& [letter, folder] : drives) add(letter, folder);
@@ -39,6 +40,7 @@ drives_dialog::drives_dialog(const std::vector<stored_settings::drive>& drives, 
     auto* const folder = new QPushButton(said("Folder…", "Папка…"), this);
     auto* const less = new QPushButton(said("Remove", "Убрать"), this);
     for (QPushButton* each : {more, folder, less}) {
+        // Enter accepts the dialog instead of pressing one of these.
         each->setAutoDefault(false);
         tools->addWidget(each);
     }
@@ -94,6 +96,7 @@ void drives_dialog::accept() {
 std::vector<stored_settings::drive> drives_dialog::drives() const {
     std::vector<stored_settings::drive> all;
     for (int row = 0; row < table_->rowCount(); ++row) {
+        // "c:" is what users type.
         const QString letter = table_->item(row, 0)->text().remove(u':').trimmed().toUpper();
         const QString folder = table_->item(row, 1)->text().trimmed();
         if (!letter.isEmpty() || !folder.isEmpty()) all.emplace_back(letter, folder);

@@ -9,8 +9,11 @@ class QTableWidget;
 
 namespace vestra::window {
 
+// Changes nothing itself: the caller maps and stores the drives after `exec` has returned that they were
+// accepted. Two rows with the same letter are accepted; the caller decides what they mean.
 class drives_dialog final : public QDialog {
 public:
+    // Shows these drives, each in a row, as a modal window above `parent`.
     drives_dialog(const std::vector<stored_settings::drive>& drives, QWidget* parent);
 
     // Returns the rows of the table without empty ones.

@@ -22,6 +22,8 @@ struct command_line {
     std::vector<std::string> drives, bundles;
 };
 
+// Ends the program at once. Qt may be in the middle of its start, so nothing can be cleaned up; nothing has
+// been made yet, either.
 [[noreturn]] void end_without_display() {
     std::cerr << "vestra-resave-window: no display: set DISPLAY or WAYLAND_DISPLAY; without a screen use "
                  "vestra-resave "
@@ -29,7 +31,8 @@ struct command_line {
     std::_Exit(2);
 }
 
-// Qt aborts the program if it finds no display.
+// Qt aborts the program if it finds no display. The message before that is the only chance to end with a
+// status and a line that a user understands. Warnings of Qt are for developers and are dropped.
 void on_message(QtMsgType type, const QMessageLogContext&, const QString& text) {
     if (type == QtFatalMsg) {
         if (!QCoreApplication::instance() || QCoreApplication::startingUp()) end_without_display();
@@ -39,6 +42,8 @@ void on_message(QtMsgType type, const QMessageLogContext&, const QString& text) 
     }
 }
 
+// Checked before Qt starts, because that is faster and catches the usual case. QT_QPA_PLATFORM can name a
+// platform that needs no display.
 bool has_display() {
     const auto is_set = [](const char* name) {
         const char* const value = std::getenv(name);
@@ -76,6 +81,7 @@ std::optional<std::string> map_all_drives(const window::stored_settings& stored,
     window::map_drives(stored.drives()); // a stored folder that no longer exists is ignored
     std::string reason;
     for (const std::string& each : drives)
+        // Mapped last, so that the command line overrides what is stored.
         if (!platform::add_drive(each, reason)) return command::say_known(reason);
     return std::nullopt;
 }
@@ -106,6 +112,7 @@ int show_window(const command_line& line) {
 
 int main(int argc, char** argv) {
     command_line line;
+    // Before the display is looked for: the build runs the program for its manual page.
     if (const auto end = parse(argc, argv, line)) return *end;
     if (!has_display()) end_without_display();
     qInstallMessageHandler(&on_message);

@@ -59,6 +59,7 @@ QString native(const wide_string& path) { return QString::fromStdString(platform
 // Services, bundles and dialogs, which are recreated when the language changes.
 struct main_window::host {
     explicit host(QWidget& window) : dialogs(window) { layer_types.add_to(registry); }
+    // Dialogs call into the bundles, so they are disconnected first.
     ~host() {
         connections.reset();
         bundles.unload_all();
@@ -85,6 +86,8 @@ struct main_window::host {
 main_window::main_window(stored_settings& stored, std::vector<wide_string> bundles)
     : stored_(stored), bundles_(std::move(bundles)), front_end_(*this, [this](bool on) { set_busy(on); }),
       front_end_in_force_(front_end_), results_(new outcome_view(this)), tools_(new QToolBar(this)) {
+    // Who closes the window during a run is asked what to do with its files. Continuing means that the window
+    // stays, too.
     front_end_.on_go_on = [this] { closes_ = false; };
     front_end_.words_of_reason = [](wide_view reason) {
         return QString::fromStdString(command::say_known(platform::to_utf8(reason)));
@@ -100,6 +103,7 @@ main_window::main_window(stored_settings& stored, std::vector<wide_string> bundl
     start();
     translate();
     resize(1280, 800);
+    // Changes nothing if no position is stored.
     restoreGeometry(stored_.value("geometry"));
 }
 
@@ -107,6 +111,8 @@ main_window::~main_window() { take_down(); }
 
 void main_window::start() {
     host_ = std::make_unique<host>(*this);
+    // A bundle of --bundle can offer the tool itself; loading the installed one as well would give two tools
+    // with one name.
     for (const wide_string& each : bundles_) host_->load(each);
     host_->connect();
     tool_ = std::make_unique<toolkit::app_window>(tool_id);
@@ -121,6 +127,7 @@ void main_window::start() {
     view_->widgets().around_button = [this](std::int32_t, const auto& press) { run(press); };
     view_->widgets().on_close = [this](std::int32_t) { closer_.start(0); };
     view_->widgets().on_idle = [this] { end_of_work(); };
+    // The window owns the view from now on, but `take_down` destroys it, because it must end before the tool.
     setCentralWidget(view_);
 }
 
@@ -131,6 +138,7 @@ void main_window::take_down() {
 }
 
 void main_window::set_busy(bool on) {
+    // Not the whole window: it must still be possible to close it, which stops the run.
     if (view_) view_->setEnabled(!on);
     menuBar()->setEnabled(!on);
     tools_->setEnabled(!on);
@@ -139,6 +147,7 @@ void main_window::set_busy(bool on) {
 bool main_window::is_at_work() const { return works_ || (view_ && view_->widgets().is_at_work()); }
 
 bool main_window::open_project(const wide_string& project) {
+    // As an event of the user, so that the widgets show what the tool changed.
     bool is_taken = false;
     view_->widgets().send([&] {
         const toolkit::element_view shown = tool_->look();
@@ -150,6 +159,8 @@ bool main_window::open_project(const wide_string& project) {
 }
 
 void main_window::run(const std::function<void()>& press) {
+    // The button may do something else than run, or the user may cancel, so only a higher number of runs
+    // means that there is a result.
     const std::uint32_t before = runs_of(tool_->service());
     const std::optional<tool_record> settings = settings_of(tool_->service());
     if (settings && !settings->source.empty()) stored_.add_recent(native(settings->source));
@@ -160,6 +171,7 @@ void main_window::run(const std::function<void()>& press) {
                                          bytes >= many_bytes ? bytes : 0);
         press();
     }
+    // Without results if the window is to be closed: collecting them loads two projects.
     if (runs_of(tool_->service()) == before || closes_) return;
     if (const auto record = last_run_of(tool_->service()))
         work([&] { show_results(outcome_of_run(*record, front_end_)); });
@@ -181,6 +193,7 @@ bool main_window::may_replace(const wide_string& target) {
 }
 
 void main_window::work(const std::function<void()>& operation) {
+    // Events are handled while an operation shows its progress, so a shortcut could start another one.
     if (std::exchange(works_, true)) return;
     operation();
     works_ = false;
@@ -192,6 +205,7 @@ void main_window::end_of_work() {
 }
 
 void main_window::try_it() {
+    // A path that was typed and not yet confirmed counts.
     view_->widgets().commit();
     const std::optional<tool_record> settings = settings_of(tool_->service());
     if (!settings || settings->source.empty())
@@ -212,6 +226,7 @@ void main_window::show_results(run_outcome outcome) {
 }
 
 void main_window::bring_up_results() {
+    // A minimised window would stay so.
     results_->setWindowState(results_->windowState() & ~Qt::WindowMinimized);
     results_->show();
     results_->raise();
@@ -231,6 +246,7 @@ void main_window::set_drives(const std::vector<stored_settings::drive>& drives) 
 
 void main_window::map_anew(const std::vector<stored_settings::drive>& drives) {
     QStringList wrong;
+    // Wrong drives are reported once the tool is open again.
     open_anew([&] { wrong = map_drives(drives); });
     if (!wrong.isEmpty()) front_end_.error(entered(wrong.join(u'\n')));
 }
@@ -243,6 +259,7 @@ void main_window::open_anew(const std::function<void()>& change) try {
     change();
     start();
     translate();
+    // In this order: entering the project loads it, and only a loaded project has elements to leave out.
     copy_choices(before, tool_->look());
     if (settings) view_->widgets().send([&] { leave_out(tool_->service(), settings->left_out); });
 } catch (const no_tool& failure) { // its library was removed in the meantime
@@ -251,6 +268,7 @@ void main_window::open_anew(const std::function<void()>& change) try {
 }
 
 void main_window::closeEvent(QCloseEvent* event) {
+    // The run decides when it can end, so the window only asks for it and closes later.
     if (is_at_work()) {
         closes_ = true;
         front_end_.request_stop();

@@ -33,17 +33,23 @@ public:
     main_window(stored_settings& stored, std::vector<wide_string> bundles);
     ~main_window() override;
 
-    // Loads a project through the tool's first field. Returns false if it was rejected; the user has seen the
-    // reason.
+    // Loads a project through the tool's first field, and makes it the most recent one. Returns false if it
+    // was rejected; the user has seen the reason. Blocks until it is loaded.
     bool open_project(const wide_string& project);
-    // Both reopen the tool with the same project, choices and check marks. The language is "ru" or "en".
+    // Both reopen the tool with the same project, choices and check marks, and store the new value. The
+    // language is "ru" or "en". If the bundle can no longer be loaded, an error is shown and the program
+    // ends.
     void set_language(const QString& language);
     void set_drives(const std::vector<stored_settings::drive>& drives);
-    // Shows what a run would do, without writing anything.
+    // Shows what a run would do, without writing anything; a message if no project is open or the new one has
+    // no path. Like `check`, it handles the user's events meanwhile, and does nothing while another operation
+    // of the window is running.
     void try_it();
     // Shows whether a project needs anything outside its folder.
     void check(const wide_string& project);
 
+    // The widgets of the tool, the open tool and the window of results. Those of the tool are replaced when
+    // it is reopened.
     qt::tool_view& tool() { return *view_; }
     const toolkit::app_window& opened() const { return *tool_; }
     outcome_view& results() { return *results_; }
@@ -59,9 +65,13 @@ protected:
 private:
     struct host;
 
+    // Start the host with the tool and its widgets, or destroy them in reverse order. `start` throws no_tool.
     void start();
     void take_down();
+    // Runs `change` while no bundle is loaded.
     void open_anew(const std::function<void()>& change);
+    // Presses a button of the tool, and shows the results if that ended a run. Asks before an existing
+    // project is replaced.
     void run(const std::function<void()>& press);
     bool resaves() const;
     bool may_replace(const wide_string& target);
@@ -98,6 +108,8 @@ private:
     QTimer closer_, opener_;
     QString dropped_;         // the project that `opener_` opens
     QTranslator words_of_qt_; // for Qt's own dialogs and menus
+    // `works_`: an operation of the window is running. `closes_`: the user wants to close the window, which
+    // happens when no operation is running any more.
     bool works_ = false, closes_ = false;
 };
 

@@ -30,6 +30,8 @@ void main_window::translate() {
     const QString title = said("Resave a project", "Пересохранение проекта");
     setWindowTitle(title);
     front_end_.title = title;
+    // Menus are made again in the new language. Destroyed later, because one of them may have triggered the
+    // change.
     for (QMenu* each : menuBar()->findChildren<QMenu*>(Qt::FindDirectChildrenOnly)) each->deleteLater();
     menuBar()->clear();
     tools_->clear();
@@ -40,6 +42,8 @@ void main_window::translate() {
     fill_project_menu(*menuBar()->addMenu(said("&Project", "&Проект")));
     fill_results_menu(*menuBar()->addMenu(said("&Results", "&Результаты")));
     fill_language_menu(*menuBar()->addMenu(said("&Language", "&Язык")));
+    // Qt leaves the buttons of a tool bar out of the Tab order, but every widget must be reachable by
+    // keyboard.
     for (QWidget* each : tools_->findChildren<QWidget*>()) each->setFocusPolicy(Qt::StrongFocus);
     results_->translate();
 }
@@ -90,6 +94,7 @@ void main_window::fill_language_menu(QMenu& menu) {
 void main_window::fill_recent(QMenu& menu) {
     menu.clear();
     for (const QString& path : stored_.recent())
+        // In the text of a menu "&" marks the next letter as a shortcut.
         menu.addAction(QString(path).replace(u'&', QStringLiteral("&&")), this,
                        [this, path] { open_project(platform::drive_path(path.toStdString())); });
     if (menu.isEmpty()) menu.addAction(said("(none)", "(нет)"))->setEnabled(false);
@@ -104,6 +109,7 @@ void main_window::choose_project() {
 }
 
 void main_window::choose_project_to_check() {
+    // The copy is what most users want to check after a run.
     wide_string now;
     if (const auto settings = settings_of(tool_->service()))
         now = settings->target.empty() ? settings->source : settings->target;
@@ -131,6 +137,7 @@ void main_window::choose_drives() {
 void main_window::copy_choices(const element_view& from, const element_view& to) {
     view_->widgets().send([&] {
         if (from.kind == u"file_input" && !from.text.empty()) toolkit::enter_text(to, from.text);
+        // Only what differs is set, since each event can change other elements.
         if (from.check != mark::none && from.check != to.check)
             toolkit::set_check(to, from.check == mark::on);
         if (from.current != to.current) toolkit::choose(to, from.current);

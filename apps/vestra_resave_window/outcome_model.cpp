@@ -88,9 +88,11 @@ QVariant outcome_model::data(const QModelIndex& index, int role) const {
     const bool is_size = index.column() == size_column;
     if (role == problem_role) return row.is_problem;
     if (role == Qt::TextAlignmentRole && is_size) return int(Qt::AlignRight | Qt::AlignVCenter);
+    // By the number: as texts 9 KB would come after 10 GB.
     if (role == sort_role && is_size) return row.bytes ? static_cast<qlonglong>(*row.bytes) : -1;
     const QString words = text(row, index.column());
     switch (role) {
+    // With line breaks, which a file name can contain: folders are opened by this text.
     case path_role:
         return words;
     case sort_role:
@@ -108,6 +110,7 @@ QVariant outcome_model::data(const QModelIndex& index, int role) const {
 }
 
 shown_outcome::shown_outcome(QObject* parent) : QSortFilterProxyModel(parent) {
+    // "a2" before "a10", as file managers sort.
     collator_.setNumericMode(true);
     collator_.setCaseSensitivity(Qt::CaseInsensitive);
 }

@@ -69,6 +69,7 @@ outcome_view::outcome_view(QWidget* parent)
     foot->addWidget(summary_, 1);
     foot->addWidget(count_);
     column->addLayout(foot);
+    // A caption with tags must be shown as it is.
     summary_->setTextFormat(Qt::PlainText);
     summary_->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     summary_->setWordWrap(true);
@@ -99,6 +100,7 @@ outcome_view::outcome_view(QWidget* parent)
     connect(table_->selectionModel(), &QItemSelectionModel::currentChanged, open_,
             [this](const QModelIndex& current) { open_->setEnabled(current.isValid()); });
     connect(copy_, &QPushButton::clicked, [this] { QGuiApplication::clipboard()->setText(lines()); });
+    // Only while the table has the keyboard: in the filter the same keys copy its text.
     auto* const copy = new QShortcut(QKeySequence::Copy, table_, nullptr, nullptr, Qt::WidgetShortcut);
     connect(copy, &QShortcut::activated, copy_, &QPushButton::click);
     connect(open_, &QPushButton::clicked, [this] { open_folder(); });
@@ -142,6 +144,7 @@ void outcome_view::show_outcome(run_outcome outcome) {
         table_->setColumnWidth(column, widths[column]);
         if (!is_filled) spare += widths[column];
     }
+    // The paths of the sources get the width of hidden columns.
     table_->setColumnWidth(outcome_model::source_column, widths[outcome_model::source_column] + spare);
 }
 
@@ -154,6 +157,7 @@ void outcome_view::show_count() {
 QString outcome_view::summary() const { return summary_->text(); }
 
 QString outcome_view::lines() const {
+    // Sorted, since a selection is in the order in which it was made.
     std::set<int> rows;
     for (const QModelIndex& each : table_->selectionModel()->selectedRows()) rows.insert(each.row());
     if (rows.empty())

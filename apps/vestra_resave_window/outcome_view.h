@@ -21,6 +21,8 @@ public:
     explicit outcome_view(QWidget* parent = nullptr);
     ~outcome_view() override;
 
+    // Replaces the rows, clears the filter and the sorting, and hides empty columns. Does not show the
+    // window.
     void show_outcome(run_outcome outcome);
     // Clears and hides the window.
     void forget();
@@ -28,12 +30,13 @@ public:
     void translate();
 
     // Returns the selected rows, or all visible ones, as lines with tabs between columns, after a heading
-    // line.
+    // line. Hidden columns are included. A tab or line break in a text becomes a space.
     QString lines() const;
     QTableView& table() { return *table_; }
     QLineEdit& filter() { return *filter_; }
     QCheckBox& only_problems() { return *only_problems_; }
     QString summary() const;
+    // False until the first result and after `forget`.
     bool has_outcome() const { return !summary().isEmpty(); }
 
 private:

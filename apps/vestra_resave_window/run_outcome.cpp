@@ -43,6 +43,7 @@ QString name_shown(const names_by_file& names, const wide_string& file) {
 outcome_row row_of(const problem& found, const names_by_file& names) {
     outcome_row row;
     row.element = name_shown(found.element);
+    // Problems that the command finds after the run know only a path.
     if (row.element.isEmpty()) row.element = name_shown(names, found.path);
     row.source = native(found.path);
     row.target = native(found.new_path);
@@ -84,6 +85,7 @@ run_outcome refused_outcome(const QString& title, const refusal& early) {
 // Restores the recorded run in a context that has loaded its source.
 run_result enter(const tool_record& record, project_context& context) {
     for (const wide_string& uuid : record.left_out) context.selection.set_selected(uuid, false);
+    // In the order of a run: setting the output clears what was placed.
     context.placement.reset();
     context.placement.set_source(record.source);
     context.placement.set_output(record.target);
@@ -101,6 +103,7 @@ run_result enter(const tool_record& record, project_context& context) {
 
 run_outcome outcome_of_run(const tool_record& record, shell::front_end& person) {
     const QString title = said("What happened", "Что получилось");
+    // A separate session, so that the tool keeps its project and its state.
     session guest(person, {});
     if (const auto early = guest.load(record.source, true, false)) {
         run_outcome outcome = refused_outcome(title, *early);
@@ -128,11 +131,13 @@ run_outcome outcome_of_run(const tool_record& record, shell::front_end& person) 
 
 run_outcome tried_out(const tool_record& settings, shell::front_end& person) {
     const QString title = said("What would happen", "Что получилось бы");
+    // Asked while the registry of the window is the current one: a guest session has none of its bundles.
     if (const auto early = refuse_trial()) return refused_outcome(title, *early);
     trial_disk disk;
     const platform::system_override in_force(disk);
     session guest(person, {std::nullopt, stop_answer::erase_created});
     if (const auto early = guest.load(settings.source, true, false)) return refused_outcome(title, *early);
+    // Collected now, because the run releases the project.
     const names_by_file names{source_elements(guest.context())};
     resave_request request = request_of(settings);
     request.settings.rename_on_conflict =

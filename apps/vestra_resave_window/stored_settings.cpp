@@ -28,6 +28,7 @@ void stored_settings::set_language(const QString& language) { kept_.setValue("la
 std::vector<stored_settings::drive> stored_settings::drives() const {
     std::vector<drive> all;
     for (const QString& each : kept_.value("drives").toStringList())
+        // Only the first "=" separates; a folder's name can contain others.
         all.emplace_back(each.section(u'=', 0, 0), each.section(u'=', 1));
     return all;
 }
@@ -48,6 +49,8 @@ void stored_settings::add_recent(const QString& project) {
 }
 
 QStringList map_drives(const std::vector<stored_settings::drive>& drives) {
+    // `reset` starts with the drives of this variable, which loading a library has set to the mapping of that
+    // time.
     qputenv("VESTRA_DRIVES", of_environment);
     QStringList wrong;
     platform::mapped_volumes().reset();

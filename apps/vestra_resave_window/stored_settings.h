@@ -10,7 +10,8 @@
 
 namespace vestra::window {
 
-// Stored in the user's settings; written at once.
+// Stored in the user's settings file, soon after each change and at the latest by the destructor. A value
+// that cannot be written is lost when the program ends; no error is reported.
 class stored_settings {
 public:
     static constexpr int most_recent = 8; // projects
@@ -37,10 +38,11 @@ private:
     QSettings kept_{QStringLiteral("vestra"), QStringLiteral("resave-window")};
 };
 
-// Maps these folders as drives of the process, in addition to those of the environment; wrong ones are
-// skipped. Returns an error line for each of them.
+// Maps these folders as drives of the process, in addition to those that the environment had when the program
+// started; wrong ones are skipped. Drives mapped by an earlier call are removed, so call it only while no
+// project is loaded. Returns an error line for each wrong one.
 QStringList map_drives(const std::vector<stored_settings::drive>& drives);
-// Returns the current mapping without the root folder.
+// Returns the current mapping without the root folder, Z:, which cannot be changed.
 std::vector<stored_settings::drive> mapped_drives();
 
 } // namespace vestra::window

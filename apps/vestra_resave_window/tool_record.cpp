@@ -9,6 +9,7 @@ using namespace vs::project_resave;
 
 namespace {
 
+// Copies what the tool passes. Texts are borrowed for the call only.
 class record_reader final : public run_record_visitor_impl {
 public:
     void visit_paths(const char16_t* source, const char16_t* target, double kilobytes) override {
@@ -27,6 +28,7 @@ public:
     void visit_fact(uint32_t kind, const char16_t* path, const char16_t* new_path,
                     const char16_t* reason) override {
         fact_ = {};
+        // A bundle that is newer than this program can pass further kinds.
         fact_.kind = kind < fact_kind_count ? static_cast<fact_kind>(kind) : fact_kind::exception_caught;
         fact_.path = text_or_empty(path);
         fact_.new_path = text_or_empty(new_path);
@@ -95,6 +97,7 @@ command::resave_request request_of(const tool_record& record) {
     request.settings.write_log = choice("log") != 0;
     request.settings.consider_project_file = choice("project_file") != 0;
     request.settings.lower_case = choice("lower_case") != 0;
+    // What the tool does, whose runs have no such options.
     request.companions = command::companion_choice::none;
     request.overwrite = true;
     request.allow_missing_drives = true;

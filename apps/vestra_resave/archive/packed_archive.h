@@ -14,9 +14,12 @@
 
 namespace vestra::command {
 
+// The calls in their order: `begin` before the run, `write` and `put_in_place` after it; or `discard`. Main
+// thread only.
 class packed_archive {
 public:
-    // `place` must include the path of the project.
+    // `place` must include the path of the project. The current disk is the one that the archive is written
+    // to; it must outlive this object. Nothing is created yet.
     explicit packed_archive(archive_place place);
     ~packed_archive() { discard(); }
     packed_archive(const packed_archive&) = delete;
@@ -28,16 +31,18 @@ public:
     // Returns the path of the temporary file.
     const wide_string& part() const { return part_; }
 
-    // Creates the temporary file, whose folder must exist. Returns the reason if that fails, for example
-    // because another resave is writing it.
+    // Creates the temporary file, whose folder must exist, and keeps it open, so that another resave into
+    // this archive is refused. A file that a killed run left is replaced. Returns the reason if that fails.
     std::optional<refusal> begin();
-    // Writes the files of the run and its manifest, and reads each source once. Call it while the context is
-    // still that of the run. After a failure or a stop the report is that of a run that did not save.
+    // Writes the files of the run and its manifest into the temporary file, and reads each source once. Call
+    // it while the context is still that of the run, and the disk shows its files. After a failure or a stop
+    // the report is that of a run that did not save, and the temporary file is gone.
     void write(session& host, continuation& earlier, resave_report& report);
-    // Flushes the archive and gives it its final name, replacing an existing file. A failure is entered into
-    // the report.
+    // Flushes the archive and gives it its final name, replacing the file that had it when `begin` was
+    // called, but no other one. A failure is entered into the report. Call it only after a `write` that
+    // succeeded.
     void put_in_place(resave_report& report);
-    // Removes the temporary file, if there is one.
+    // Removes the temporary file, if there is one. An existing archive is unchanged.
     void discard();
 
 private:

@@ -1,6 +1,6 @@
-// A zip says twice what is in it: before each entry, and in a directory at its end. libarchive goes by the
-// first, most other programs, Windows among them, by the second, so that damage to one of them would be seen
-// in one program only.
+// A zip describes its entries twice: before each entry, and in a directory at its end. libarchive uses the
+// first description, most other programs, Windows among them, the second. If the two differ, by damage or by
+// intent, these programs see another content.
 #pragma once
 
 #include "platform/wide_string.h"

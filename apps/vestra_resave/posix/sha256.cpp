@@ -1,3 +1,4 @@
+// SHA-256 by OpenSSL, which uses the instructions of the processor where there are any.
 #include <openssl/evp.h>
 
 #include <array>

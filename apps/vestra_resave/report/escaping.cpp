@@ -1,3 +1,5 @@
+// Replaces the characters that a page must not have and those that have a meaning in it. Works on the bytes
+// of UTF-8, of which none below 128 is a part of another character.
 #include "apps/vestra_resave/report/escaping.h"
 
 namespace vestra::command {
@@ -8,6 +10,8 @@ namespace {
 size_t unwanted_at(std::string_view text, size_t at) {
     const auto byte = static_cast<unsigned char>(text[at]);
     if (byte == 0x7F || (byte < ' ' && byte != '\n' && byte != '\t')) return 1;
+    // Marks that change the direction of text: with them a name could be shown as another one. All have three
+    // bytes, so comparing them as texts compares their numbers.
     const std::string_view three = text.substr(at, 3);
     const bool turns = (three >= "\u202A" && three <= "\u202E") || (three >= "\u2066" && three <= "\u2069");
     return turns ? 3 : 0;
@@ -54,6 +58,7 @@ std::string escaped_json(std::string_view json) {
         if (const size_t length = unwanted_at(json, at)) {
             text += "\\ufffd";
             at += length - 1;
+            // JSON allows these two, but they end a line of a script.
         } else if (three == "\u2028" || three == "\u2029") {
             text += three == "\u2028" ? "\\u2028" : "\\u2029";
             at += 2;

@@ -17,6 +17,7 @@ using namespace vs::project_resave;
 namespace {
 
 constexpr std::string_view separators = "\\/";
+// More folders than a browser can lay out quickly are of no use to a reader.
 constexpr size_t most_shown = 2000; // folders of one tree
 constexpr size_t deepest = 60;      // deeper files count in their parent at this depth
 
@@ -50,6 +51,7 @@ std::string folder_list::common_root() const {
     for (const std::string& name : names_) {
         const auto end = std::ranges::mismatch(root, name).in1;
         root.erase(end, root.end());
+        // Only whole names: "/data/ab/" and "/data/ac/" share "/data/".
         root.erase(root.find_last_of(separators) + 1);
     }
     return root;
@@ -79,6 +81,7 @@ void folder_tree::add(const std::string& folder, uint64_t bytes, bool is_problem
         if (is_new) {
             const std::string name = folder.substr(from, end - from);
             node.inside.emplace(name, nodes_.size());
+            // The name keeps its separator, so that a folder is shown as one.
             nodes_.push_back({name, path}); // `node` is invalid after this
         }
         number = row->second;
@@ -88,12 +91,15 @@ void folder_tree::add(const std::string& folder, uint64_t bytes, bool is_problem
 
 std::string folder_tree::html(const std::string& root) const {
     std::vector<bool> is_shown(nodes_.size(), false);
+    // Breadth first, so that the limit cuts off deep folders and not the last ones.
     std::deque<size_t> next{0};
     for (size_t count = 0; !next.empty() && count < most_shown; ++count) {
         is_shown[next.front()] = true;
         for (const auto& [name, number] : nodes_[next.front()].inside) next.push_back(number);
         next.pop_front();
     }
+    // The root of the tree counts all files. The part shown under its name excludes the folders outside it,
+    // which are listed on their own.
     folder_node top = nodes_.front();
     top.name = root;
     children outside;

@@ -18,10 +18,11 @@ class folder_list {
 public:
     // Adds the folder of a file and returns its index.
     size_t add(const wide_string& file);
-    // Returns the common parent of all folders with its separator; empty if there is none.
+    // Returns the common parent of all folders with its separator; empty if there is none. Names are compared
+    // with their letter case.
     std::string common_root() const;
     // Returns the folders in the form of the operating system with a separator at the end, without the
-    // leading `root`.
+    // leading `root`, in the order of their indexes. A folder outside `root` stays absolute.
     std::vector<std::string> below(const std::string& root) const;
 
 private:
@@ -38,10 +39,12 @@ struct folder_node {
     std::map<std::string, size_t> inside = {}; // indexes of nodes by name; for the root also by absolute path
 };
 
-// A tree of folders with the number, size and problems of the files below each.
+// A tree of folders with the number, size and problems of the files below each. Folders deeper than 60 levels
+// count in their parent at that level, which limits how deep the lists are nested.
 class folder_tree {
 public:
-    // Counts a file of this folder, which ends with a separator, in the folder and all its parents.
+    // Counts a file of this folder, which ends with a separator, in the folder and all its parents. The path
+    // is relative to the root of the tree, empty for the root itself; an absolute one is outside it.
     void add(const std::string& folder, uint64_t bytes, bool is_problem);
     // The root comes first; each folder comes after its parent.
     const std::vector<folder_node>& nodes() const { return nodes_; }

@@ -9,7 +9,7 @@
 
 namespace vestra::command {
 
-// The sums of a type of files or of a folder.
+// The sums of a type of files or of a folder. Files without a known size count as 0 bytes.
 struct sized_group {
     std::string name;
     uint64_t bytes = 0;
@@ -20,18 +20,22 @@ struct sized_group {
 
 // Everything on a page that depends on the list of files.
 struct page_data {
-    std::string json; // see page.js; not escaped yet
+    // The data block of the page, which page.js describes. Not escaped yet.
+    std::string json;
+    // The folder that all sources share, and that of the project. Other folders are relative to them if they
+    // are inside.
     std::string before_root, after_root;
     folder_tree before, after;
     // Files in the new project, largest first.
     std::vector<sized_group> types, folders;
 };
 
-// Computes the data of a page.
+// Computes the data of a page. Texts for the script are in the current language.
 page_data data_of(const page_facts& facts);
 
-// Returns the largest groups as bars with their sizes in SVG, and the others as one bar. `attribute`
-// identifies a bar: "data-type" with the index or "data-folder" with the name.
+// Returns the largest groups as bars with their sizes in SVG, and the others as one bar. `groups` are ordered
+// by size. `attribute` identifies a bar: "data-type" with the index or "data-folder" with the name; choosing
+// a bar filters the table by it.
 std::string bars_of(const std::vector<sized_group>& groups, const std::string& attribute);
 
 } // namespace vestra::command

@@ -40,6 +40,7 @@ public:
 
     void add(page_file file) {
         if (!file.target.empty() && !targets_.insert(path_key(file.target)).second) return;
+        // The problem of the source overrides that of the copy: it is the cause.
         for (const wide_string& path : {file.target, file.source})
             if (const auto row = problems_.find(path_key(path)); !path.empty() && row != problems_.end())
                 file.note = note_of(*row->second);
@@ -72,6 +73,7 @@ public:
 
 private:
     wide_string folder(const wide_string& path) {
+        // The drive or share stays as it is.
         if (path.size() <= path_fixed_length(path) + 1) return path;
         const auto known = spelled_.find(path_key(path));
         if (known != spelled_.end()) return known->second;
@@ -109,6 +111,7 @@ std::vector<page_file> files_of(const ended_resave& ended) {
     for (const resave_plan::file& each : ended.plan ? ended.plan->files : ended.files) {
         const auto row = earlier.find(path_key(each.target));
         sentence state = row == earlier.end() ? "copied" : row->second;
+        // In this order, as a renamed copy is more important to a reader than how it came about.
         if (each.written) state = "rewritten";
         if (each.renamed) state = "renamed";
         add(each.source, ended.plan ? spellings.apply(each.target) : each.target, each.bytes, state);
@@ -148,6 +151,7 @@ std::vector<page_file> files_of(const ended_verify& ended) {
     std::unordered_map<wide_string, sentence> states; // by path key
     for (const problem& each : all) states.try_emplace(path_key(each.path), state_of(each));
     file_list list(all);
+    // The project file is no data set, so the verification does not list it.
     list.add({{}, found.project, size_of(found.project), "in place"});
     folder_spellings spellings; // the manifest has sources as projects spell them
     for (const ended_verify::file& each : ended.files) {
@@ -162,6 +166,7 @@ std::vector<page_file> files_of(const ended_verify& ended) {
 } // namespace
 
 std::string group_of(const problem& found) {
+    // All differences from the manifest are one number of the summary, and so one group.
     if (found.kind.starts_with("manifest_")) return "differing";
     const char* const count = counted_as(found);
     return count ? count : found.kind;

@@ -1,4 +1,5 @@
-// The content of a page about a resave or a verification, collected from the command's results.
+// The content of a page about a resave or a verification, collected from the command's results. Texts are not
+// escaped yet. Only the status of files is requested; none is read.
 #pragma once
 
 #include <optional>
@@ -28,6 +29,7 @@ struct page_figure {
     std::string group = {}; // of the problems that it counts; empty if it counts something else
 };
 
+// `good`: nothing is missing; `warning`: there are problems; `bad`: not saved, or stopped.
 enum class page_tone { good, warning, bad };
 
 // Everything that a page shows.
@@ -42,7 +44,9 @@ struct page_facts {
     std::vector<std::pair<std::string, std::string>> choices; // options with their values
 };
 
-// Collects the content of a page from the result of a resave or a verification.
+// Collects the content of a page from the result of a resave or a verification. The request must have asked
+// for a report, because otherwise the result of a real run has no list of files. The disk on which the run
+// worked must be the current one.
 page_facts facts_of(const ended_resave& ended, const resave_request& request);
 page_facts facts_of(const ended_verify& ended, const verify_request& request);
 

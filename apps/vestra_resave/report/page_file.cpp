@@ -20,7 +20,8 @@ using namespace vs::project_resave;
 
 namespace {
 
-// True if the page would replace a file that it lists.
+// True if the page would replace a file that it lists. Names are compared and not identities, because a trial
+// lists files that do not exist; the folder can be reached through a link.
 bool is_in_the_way(const wide_string& path, const page_facts& facts) {
     const wide_string name = path_key(path_file_name(path));
     const auto is_it = [&](const wide_string& other) {
@@ -47,6 +48,7 @@ std::optional<refusal> refuse_page(const std::string& typed, project_context& co
     const wide_string extension = platform::folded(path_extension(path));
     if (extension != u".html" && extension != u".htm")
         return refused(path, say("is not a valid report name: it must end in %1", {".html"}));
+    // The resave creates the folders of the new project, so the page may be in one of them.
     const bool is_made =
         !new_project.empty() && path_key(path_head(new_project)).starts_with(path_key(folder));
     if (!is_made && !path_exists(folder))
@@ -60,6 +62,7 @@ std::optional<refusal> refuse_page(const std::string& typed, project_context& co
 std::vector<problem> write_page(const std::string& typed, const page_facts& facts) {
     const wide_string path = platform::drive_path(typed);
     if (is_in_the_way(path, facts)) return {not_created(path, u"another file has this name")};
+    // Not for project files: "area.html" next to "area._vp" is the usual place of a page.
     for (const page_file& each : facts.files)
         if (!each.target.empty() && !path_same(each.target, facts.new_project) &&
             !path_same(each.target, facts.project) && is_named_as(path, each.target))

@@ -1,4 +1,5 @@
-// Checks the path of the HTML report and writes it.
+// Checks the path of the HTML report and writes it. Both are needed: the check before the run cannot know the
+// names of the copies.
 #pragma once
 
 #include <string>
@@ -20,8 +21,9 @@ struct page_facts;
 std::optional<refusal> refuse_page(const std::string& typed, vs::project_resave::project_context& context,
                                    const wide_string& new_project);
 
-// Writes the page in one step. Replaces an older page, but none of the files that the page lists and no file
-// that would look like a part of a data set among them. Returns the errors.
+// Writes the page in one step to the current disk. Replaces an older page, but none of the files that the
+// page lists and no file that would look like a part of a data set among them. Returns the errors; an older
+// page is then unchanged.
 std::vector<problem> write_page(const std::string& typed, const page_facts& facts);
 
 } // namespace vestra::command

@@ -27,9 +27,11 @@ using fragments = std::map<std::string, std::string, std::less<>>; // HTML by it
 
 std::string filled(std::string_view text, const fragments& parts) {
     std::string page;
+    // Filled in one pass over the template, so that a text of the project that contains "{{" stays a text.
     for (size_t begin; (begin = text.find("{{")) != std::string_view::npos;) {
         const size_t end = text.find("}}", begin);
         page += text.substr(0, begin);
+        // The template is a part of this program, so all its fragments are known here.
         page += parts.find(text.substr(begin + 2, end - begin - 2))->second;
         text.remove_prefix(end + 2);
     }
@@ -117,6 +119,7 @@ std::string html_of(const named_text& title, const problem_group& group) {
     const std::string head =
         escaped(say(title.text)) + " <span class=\"number\">" + std::to_string(group.size()) + "</span>";
     const std::string id = std::string(" id=\"group-") + title.name + "\">";
+    // All problems of a group are notices, or none is.
     if (is_notice(*group.front()))
         return "<details class=\"group notice\"" + id + "<summary>" + head + "</summary>\n" + list_of(group) +
                "</details>\n";
@@ -195,6 +198,7 @@ std::string charts_of(const page_data& data) {
 std::string script_hash() {
     sha256 digest;
     digest.add(page_script.data(), page_script.size());
+    // A policy has the digest in base64, six bits for each letter, padded to a multiple of four.
     const std::string digits = digest.text();
     std::string bits;
     for (const char digit : digits) {
@@ -212,6 +216,7 @@ std::string script_hash() {
 std::string now(const char* form) {
     std::array<char, 40> text{};
     const std::time_t time = std::time(nullptr);
+    // In UTC, so that the page says the same on every computer.
     return std::string(text.data(), std::strftime(text.data(), text.size(), form, std::gmtime(&time)));
 }
 

@@ -1,4 +1,5 @@
-// The template, style and script of the page, which are compiled in.
+// The template, style and script of the page in UTF-8. They are compiled in from page.html, page.css and
+// page.js by cmake/embedded_texts.cmake.
 #pragma once
 
 #include <string_view>

@@ -1,3 +1,4 @@
+// SHA-256 by the operating system's own library, so that the program for Windows needs no other one.
 #include <windows.h>
 
 #include <bcrypt.h>
@@ -14,6 +15,7 @@ struct sha256::state {
                   BCryptCreateHash(provider, &hash, nullptr, 0, nullptr, 0, 0) >= 0;
     }
     ~state() {
+        // The hash belongs to the provider and ends first.
         if (hash != nullptr) BCryptDestroyHash(hash);
         if (provider != nullptr) BCryptCloseAlgorithmProvider(provider, 0);
     }
