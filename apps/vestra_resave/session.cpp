@@ -112,6 +112,7 @@ session::session(const common_options& options, const decided_answers& answers)
     own_->host.start_own_bundle();
     own_->host.load_bundles();
     own_->host.connect();
+    own_->host.check_services();
     collect_resave_services(services_);
     context_ = std::make_unique<project_context>(&services_, questions_);
 }

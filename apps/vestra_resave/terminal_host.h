@@ -46,6 +46,8 @@ public:
     void load(const wide_string& path);
     // Connects dialogs; call it after bundles were added.
     void connect();
+    // Throws if a bundle has nothing for a resave: its data would be left out without a word.
+    void check_services();
     // Returns the front end of the terminal.
     shell::terminal_front_end& front_end() { return front_end_; }
 
