@@ -94,8 +94,9 @@ std::optional<refusal> refuse_paths(const wide_string& source, const wide_string
 
 // Loads the project and applies the selection.
 std::optional<refusal> prepare(session& host, const resave_request& request, continuation& earlier,
-                               const wide_string& target, bool is_trial, const packed_archive* archive) {
+                               const wide_string& target, bool is_trial) {
     const wide_string source = platform::drive_path(request.project);
+    const std::optional<archive_place> archive = archive_in(request.new_project); // not yet a folder
     if (auto early = refuse_paths(source, target, request)) return early;
     if (auto early = earlier.find(host)) return early;
     if (path_exists(target) && !request.overwrite && !earlier.may_replace_project())
@@ -111,10 +112,10 @@ std::optional<refusal> prepare(session& host, const resave_request& request, con
         if (auto no_page = refuse_page(request.report, context, is_trial || archive ? wide_string() : target))
             return no_page;
     if (archive) // it would be taken for a companion, and be packed into itself
-        if (auto beside = refuse_data_name(archive->path(), context)) return beside;
+        if (auto beside = refuse_data_name(archive->archive, context)) return beside;
     if (!request.allow_missing_drives)
         if (auto missing = refuse_missing_drives(elements, context)) return missing;
-    if (archive) return protect_project_files({archive->path(), archive->part()}, context);
+    if (archive) return protect_project_files({archive->archive, part_of(archive->archive)}, context);
     return protect_project_files({target}, context);
 }
 
@@ -138,7 +139,7 @@ run_result resave_shown(session& host, const resave_settings& settings, bool cop
 ended_run run(session& host, const resave_request& request, continuation& earlier, trial_disk* trial,
               remembered_disk& asked_once, packed_archive* archive) {
     const wide_string target = platform::drive_path(request.new_project);
-    if (auto early = prepare(host, request, earlier, target, trial != nullptr, archive))
+    if (auto early = prepare(host, request, earlier, target, trial != nullptr))
         return {std::move(early), {}, {}};
     project_context& context = host.context();
     source_elements source(context);
@@ -153,7 +154,7 @@ ended_run run(session& host, const resave_request& request, continuation& earlie
     }
     if (!archive) earlier.put_in_force(context, source, trial); // an interrupted run leaves no archive
     auto early = refuse_target(folder, request, context, source);
-    if (!early) early = archive ? archive->begin() : earlier.begin_journal();
+    if (!early) early = archive ? archive->begin(request.overwrite) : earlier.begin_journal();
     if (early) {
         earlier.abandon();
         std::ranges::move(take_back(missing), std::back_inserter(early->problems));
@@ -321,7 +322,7 @@ int plan_resave(const resave_request& asked, const common_options& options) {
     if (place)
         if (const auto early = refuse_archive(*place, request)) return end_with(*early, options);
     trial_disk disk;
-    if (place) disk.delete_file(place->archive); // the run creates a folder instead
+    if (place) disk.hide(place->archive); // the run creates a folder instead
     const platform::system_override in_force(disk);
     session host(options, request.answers);
     if (const auto early = refuse_trial()) return end_with(*early, options);

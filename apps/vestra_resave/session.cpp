@@ -6,6 +6,7 @@
 #include <map>
 #include <unordered_set>
 
+#include "apps/vestra_resave/archive/archive_place.h"
 #include "apps/vestra_resave/continued_disk.h"
 #include "apps/vestra_resave/elements.h"
 #include "apps/vestra_resave/problems.h"
@@ -139,6 +140,7 @@ std::optional<refusal> session::load(const std::string& project) {
 }
 
 std::optional<refusal> session::load(const wide_string& path, bool show_wait, bool write_open_log) {
+    if (auto early = refuse_packed_project(path)) return early;
     shell::settings().refused_reads.clear();
     context_->report.restart({}); // the reports of earlier runs have been read
     const bool is_loaded = [&] {

@@ -11,7 +11,7 @@ namespace vestra::command {
 
 class archive_disk final : public vs::project_resave::forwarding_system {
 public:
-    // `archive` is the path of the archive. An existing file with that path is hidden.
+    // `archive` is the path of the archive. A file with that path is hidden, even if it appears later.
     explicit archive_disk(const wide_string& archive);
 
     platform::entry_status status_of(const wide_string& path) override;

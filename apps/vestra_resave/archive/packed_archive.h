@@ -1,6 +1,7 @@
 // The archive that a resave writes, either completely or not at all. It is written to a temporary file next
 // to it, "copy.zip.vestra-part", flushed to the disk, and then renamed in one step. A killed program leaves
-// at most the temporary file, which the next resave into this archive replaces.
+// at most the temporary file, which the next resave into this archive replaces. Only the program that has the
+// temporary file open for writing may rename or remove it.
 #pragma once
 
 #include <memory>
@@ -14,6 +15,9 @@
 
 namespace vestra::command {
 
+// Returns the path of the temporary file of an archive.
+wide_string part_of(const wide_string& archive);
+
 class packed_archive {
 public:
     // `place` must include the path of the project.
@@ -25,12 +29,10 @@ public:
     // Returns the disk for the run, which the caller makes the current one.
     archive_disk& disk() { return disk_; }
     const wide_string& path() const { return place_.archive; }
-    // Returns the path of the temporary file.
-    const wide_string& part() const { return part_; }
 
     // Creates the temporary file, whose folder must exist. Returns the reason if that fails, for example
-    // because another resave is writing it.
-    std::optional<refusal> begin();
+    // because another resave is writing it, or has ended meanwhile and `overwrites` is false.
+    std::optional<refusal> begin(bool overwrites);
     // Writes the files of the run and its manifest, and reads each source once. Call it while the context is
     // still that of the run. After a failure or a stop the report is that of a run that did not save.
     void write(session& host, continuation& earlier, resave_report& report);
@@ -47,7 +49,7 @@ private:
     void enter(const failure& failed, resave_report& report);
     failure add_tree(const std::function<bool()>& is_stopped);
     failure add_file(const wide_string& path, const std::function<bool()>& is_stopped);
-    platform::outcome create();
+    platform::outcome take_part();
     std::string name_of_entry(const wide_string& path) const;
 
     const archive_place place_;
