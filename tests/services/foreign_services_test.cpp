@@ -230,7 +230,7 @@ TEST_F(foreign_services, one_that_throws_or_returns_nonsense_loses_only_its_own_
     } rows[] = {{{.references = 1'000'001}, "claimed", lost_drawing},
                 {{.files = all}, "C:\\prj", lost_drawing},
                 {{.kinds = all}, "graphics", {}},
-                {{.folder = u"..\\..\\C:"}, "__\\__\\C_", {}},
+                {{.folder = u"..\\C:"}, "__\\C_", {}},
                 {{.items = all}, "claimed", {u"Layouts: Copy error boundless\n"}},
                 {{.items = 3, .throws = true},
                  "C:\\prj",

@@ -38,7 +38,7 @@ wide_string text_from(const interface_to<Impl>& service, Args... args) {
 
 // Returns the name of a folder that a service gave, changed so that it is below the new project's folder.
 inline wide_string folder_below(const wide_string& name) {
-    return trim(valid_name(held_below(name)), path_separators);
+    return path_normalise(trim(valid_name(held_below(name)), path_separators));
 }
 
 // Owns a list of texts of the host, for a service to append to.
