@@ -1,9 +1,25 @@
 # The files that `make install` and the packages install, as the component `application`. The programs find the bundle
 # relative to their own folder, so an installed tree can be moved; see installed_library in platform/library.h.
-function(install_documents folder)
-    install(FILES README.md CHANGELOG.md DESTINATION ${folder} COMPONENT application)
-    install(DIRECTORY docs DESTINATION ${folder} COMPONENT application)
-    install(DIRECTORY samples/area samples/bundle DESTINATION ${folder}/samples COMPONENT application)
+#
+# Documents have links to sources, which are not installed: there only the text of the link remains.
+function(install_documents folder samples)
+    set(installed ${PROJECT_BINARY_DIR}/documents)
+    file(REMOVE_RECURSE ${installed})
+    set(absent "(ARCHITECTURE|CONTRIBUTING|apps|bench|plugin|reference_host|tests|tools)[^)]*")
+    if(NOT many IN_LIST samples)
+        string(APPEND absent "|samples/many[^)]*")
+    endif()
+    file(GLOB documents CONFIGURE_DEPENDS RELATIVE ${PROJECT_SOURCE_DIR} README.md CHANGELOG.md docs/*.md)
+    foreach(document IN LISTS documents)
+        set_property(DIRECTORY APPEND PROPERTY CMAKE_CONFIGURE_DEPENDS ${document})
+        file(READ ${document} text)
+        string(REGEX REPLACE "\\[([^]]*)\\]\\((\\.\\./)?(${absent})\\)" "\\1" text "${text}")
+        file(WRITE ${installed}/${document} "${text}")
+    endforeach()
+    install(DIRECTORY ${installed}/ DESTINATION ${folder} COMPONENT application)
+    install(DIRECTORY docs/images DESTINATION ${folder}/docs COMPONENT application)
+    list(TRANSFORM samples PREPEND samples/)
+    install(DIRECTORY ${samples} DESTINATION ${folder}/samples USE_SOURCE_PERMISSIONS COMPONENT application)
 endfunction()
 
 # The licences of the libraries that are linked into the programs: a name and the file.
@@ -19,7 +35,7 @@ if(WIN32)
     # Windows searches for the libraries of a program next to it.
     install(TARGETS vestra-resave vsk_project_resave_bdl reference_host_library ${host_libraries}
         RUNTIME DESTINATION . COMPONENT application)
-    install_documents(.)
+    install_documents(. "area;bundle")
     while(licences)
         list(POP_FRONT licences name file)
         install(FILES ${file} DESTINATION licences RENAME ${name}.txt COMPONENT application)
@@ -31,8 +47,7 @@ list(APPEND licences stb /usr/share/doc/libstb-dev/copyright)
 set(programs vestra-resave)
 set(documents ${CMAKE_INSTALL_DATADIR}/doc/vestra-resave)
 install(TARGETS vsk_project_resave_bdl DESTINATION ${installed_bundles} COMPONENT application)
-install_documents(${documents})
-install(DIRECTORY samples/many DESTINATION ${documents}/samples USE_SOURCE_PERMISSIONS COMPONENT application)
+install_documents(${documents} "area;bundle;many")
 
 file(READ packaging/copyright copyright)
 while(licences)

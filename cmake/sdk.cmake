@@ -4,12 +4,11 @@ include(GNUInstallDirs)
 include(CMakePackageConfigHelpers)
 
 set(platform_headers export.h wide_string.h)
-file(GLOB sdk_headers CONFIGURE_DEPENDS ${bundle_root}/host/*.h)
+file(GLOB sdk_headers CONFIGURE_DEPENDS ${bundle_root}/host/*.h ${bundle_root}/host/interfaces/*.h)
 foreach(header
         framework/bundle_entry.h framework/factories.h framework/border/caught.h framework/border/host_owned.h
         framework/border/interface.h framework/border/polymorphic.h framework/border/ref.h framework/border/referent.h
         framework/border/string_adapter.h framework/border/visitors.h
-        host/interfaces/service_factory.h
         services/resave_entity_service.h services/resave_service.h)
     list(APPEND sdk_headers ${bundle_root}/${header})
 endforeach()
@@ -49,7 +48,14 @@ install(TARGETS project_resave_sdk EXPORT project_resave_targets COMPONENT sdk
 install(EXPORT project_resave_targets NAMESPACE project_resave:: FILE project_resaveConfig.cmake
     DESTINATION ${package_folder} COMPONENT sdk)
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/project_resaveConfigVersion.cmake
-    COMPATIBILITY SameMajorVersion ARCH_INDEPENDENT)
+    COMPATIBILITY SameMajorVersion)
+# find_package does not accept the kit of another operating system, and names this version as the reason.
+file(APPEND ${PROJECT_BINARY_DIR}/project_resaveConfigVersion.cmake "
+if(NOT CMAKE_SYSTEM_NAME STREQUAL \"${CMAKE_SYSTEM_NAME}\")
+    set(PACKAGE_VERSION \"\${PACKAGE_VERSION}, the kit for ${CMAKE_SYSTEM_NAME}\")
+    set(PACKAGE_VERSION_UNSUITABLE TRUE)
+endif()
+")
 install(FILES ${PROJECT_BINARY_DIR}/project_resaveConfigVersion.cmake ${CMAKE_CURRENT_LIST_DIR}/bundle_exports.map
     DESTINATION ${package_folder} COMPONENT sdk)
 

@@ -34,11 +34,41 @@ set(bundle_objects $<TARGET_OBJECTS:project_resave_bdl>)
 set(platform_objects $<TARGET_OBJECTS:platform>)
 set(system_libraries Threads::Threads gdi32)
 
+# Adds the version and a description, as the properties of the file show them, to a program or library.
+function(add_version_resource target description)
+    string(REPLACE . , numbers "${PROJECT_VERSION}.0.0.0")
+    string(REGEX MATCH "^[0-9]+,[0-9]+,[0-9]+,[0-9]+" numbers ${numbers})
+    file(CONFIGURE OUTPUT ${PROJECT_BINARY_DIR}/generated/${target}_version.rc @ONLY CONTENT
+"1 VERSIONINFO
+FILEVERSION @numbers@
+PRODUCTVERSION @numbers@
+BEGIN
+    BLOCK \"StringFileInfo\"
+    BEGIN
+        BLOCK \"040904B0\"
+        BEGIN
+            VALUE \"FileDescription\", \"@description@\"
+            VALUE \"FileVersion\", \"@PROJECT_VERSION@\"
+            VALUE \"InternalName\", \"@target@\"
+            VALUE \"ProductName\", \"Resave Project\"
+            VALUE \"ProductVersion\", \"@PROJECT_VERSION@\"
+        END
+    END
+    BLOCK \"VarFileInfo\"
+    BEGIN
+        VALUE \"Translation\", 0x409, 1200
+    END
+END
+")
+    target_sources(${target} PRIVATE ${PROJECT_BINARY_DIR}/generated/${target}_version.rc)
+endfunction()
+
 file(CONFIGURE OUTPUT ${definitions}/bundle.def
     CONTENT "EXPORTS\n    vs_bundle_interface_to_custom_pointer\n" @ONLY)
 add_library(vsk_project_resave_bdl SHARED ${bundle_objects} ${platform_objects} ${definitions}/bundle.def)
 set_target_properties(vsk_project_resave_bdl PROPERTIES PREFIX "" LINKER_LANGUAGE CXX)
 target_link_libraries(vsk_project_resave_bdl PRIVATE ${host_libraries} ${system_libraries})
+add_version_resource(vsk_project_resave_bdl "Resave Project")
 
 # The host contains the platform layer and the objects of the bundle that it needs. It exports its own symbols, but
 # not those of libraries.

@@ -12,8 +12,8 @@ class library {
 public:
     // Loads the file at a drive path, and never another file of that name. Where drives are folders, the
     // environment variable VESTRA_DRIVES is set to them from then on, so that the library can read it.
-    // Returns null and sets `reason`, in the operating system's words, if the file does not exist, is not a
-    // library of this target, or needs a library that is missing.
+    // Returns null and sets `reason` if the file does not exist, is not a library of this target, or needs a
+    // library that is missing.
     static std::unique_ptr<library> open(const wide_string& path, wide_string& reason);
 
     ~library();

@@ -44,11 +44,12 @@ const std::map<std::string, on_existing_file> ways_if_scene_file_exists{
 constexpr const char* about_readable_project =
     "Project file, as a native path or as C:\\..., or an archive with one: copy.zip, copy.tar.zst";
 
+// A variable that is not set gives an empty argument in a script, and the later error would name no path.
+std::string fault_of_empty(const std::string& text) { return text.empty() ? "is empty" : ""; }
+
 CLI::Option* add_project(CLI::App* command, std::string& project) {
-    // A variable that is not set gives an empty argument in a script, and the later error would name no path.
-    const auto is_given = [](const std::string& text) { return std::string(text.empty() ? "is empty" : ""); };
     return command->add_option("PROJECT", project, "Project file, as a native path or as C:\\...")
-        ->check(is_given);
+        ->check(fault_of_empty);
 }
 
 CLI::App* add_command(CLI::App& app, const char* name, const char* what, common_options& options) {
@@ -63,6 +64,7 @@ CLI::App* add_command(CLI::App& app, const char* name, const char* what, common_
         ->add_option("--bundle", options.bundles,
                      "Load a bundle, so that its data in the project is included (repeatable)")
         ->type_name("FILE")
+        ->check(fault_of_empty)
         ->allow_extra_args(false);
     command
         ->add_option(

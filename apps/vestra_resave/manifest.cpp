@@ -274,8 +274,18 @@ std::optional<refusal> compare_with_manifest(const wide_string& project,
     std::string text;
     if (const platform::outcome read = read_text(path, text); !read)
         return refusal{wrong_use, {{own_kind::unreadable, {}, path, {}, read.text()}}};
-    const auto entries = entries_of(text, project, entries_wanted::referred);
+    auto entries = entries_of(text, project, entries_wanted::referred);
     if (!entries) return refused(path, say("is not a manifest of this project"));
+    // A manifest without its project has lost entries, and says nothing about the files of the copy.
+    if (std::ranges::none_of(*entries, [&](const entry& each) { return path_same(each.path, project); }))
+        found.differing.push_back({own_kind::manifest_lacks, {}, project, {}, {}});
+    const wide_string below = path_with_separator(path_key(path_head(project)));
+    const auto [outside, end] = std::ranges::stable_partition(
+        *entries, [&](const entry& each) { return path_key(each.path).starts_with(below); });
+    // Not even looked up, as printing a path would: it may be any file of this computer.
+    for (auto each = outside; each != end; ++each)
+        found.differing.push_back({own_kind::manifest_outside, {}, path, {}, each->path});
+    entries->erase(outside, end);
     uint64_t bytes = 0;
     for (const entry& each : *entries) bytes += each.bytes;
     begins(bytes);

@@ -76,6 +76,8 @@ constexpr kind_words all_kinds[] = {
     {own_kind::copy_unreadable, "its copy %1 could not be read"},
     {own_kind::source_unreadable, "could not be read to compare it with %1"},
     {own_kind::archive_entry, "was not read from the archive"},
+    {own_kind::manifest_lacks, "is not in the manifest"},
+    {own_kind::manifest_outside, "lists a file outside the project's folder"},
     {own_kind::manifest_missing, "is in the manifest but does not exist"},
     {own_kind::manifest_size_differs, "differs in size from the manifest"},
     {own_kind::manifest_content_differs, "differs in content from the manifest"},
@@ -287,6 +289,8 @@ std::string what_of(const problem& found) {
     // A file that cannot be reached may well exist.
     if (found.kind == name_of(fact_kind::source_lost) && !found.reason.empty() && found.candidates.empty())
         return say("cannot be reached");
+    if (found.kind == name_of(fact_kind::copy_failed) && found.new_path.empty())
+        return say("could not be copied");
     return say(row->text, {printed(found.new_path)});
 }
 

@@ -96,8 +96,9 @@ std::optional<refusal> refuse_paths(const wide_string& source, const wide_string
 
 // Loads the project and applies the selection.
 std::optional<refusal> prepare(session& host, const resave_request& request, continuation& earlier,
-                               const wide_string& target, bool is_trial, const packed_archive* archive) {
+                               const wide_string& target, bool is_trial) {
     const wide_string source = platform::drive_path(request.project);
+    const std::optional<archive_place> archive = archive_in(request.new_project); // not yet a folder
     if (auto early = refuse_paths(source, target, request)) return early;
     // Before the load of the source, because it may load the earlier project into the same session.
     if (auto early = earlier.find(host)) return early;
@@ -117,10 +118,10 @@ std::optional<refusal> prepare(session& host, const resave_request& request, con
             return no_page;
     // Otherwise it would count as a companion of the data set and be packed into itself.
     if (archive)
-        if (auto beside = refuse_data_name(archive->path(), context)) return beside;
+        if (auto beside = refuse_data_name(archive->archive, context)) return beside;
     if (!request.allow_missing_drives)
         if (auto missing = refuse_missing_drives(elements, context)) return missing;
-    if (archive) return protect_project_files({archive->path(), archive->part()}, context);
+    if (archive) return protect_project_files({archive->archive, part_of(archive->archive)}, context);
     return protect_project_files({target}, context);
 }
 
@@ -145,7 +146,7 @@ run_result resave_shown(session& host, const resave_settings& settings, bool cop
 ended_run run(session& host, const resave_request& request, continuation& earlier, trial_disk* trial,
               remembered_disk& asked_once, packed_archive* archive) {
     const wide_string target = platform::drive_path(request.new_project);
-    if (auto early = prepare(host, request, earlier, target, trial != nullptr, archive))
+    if (auto early = prepare(host, request, earlier, target, trial != nullptr))
         return {std::move(early), {}, {}};
     project_context& context = host.context();
     // The run releases the project, so what is compared afterwards is collected now.
@@ -168,7 +169,7 @@ ended_run run(session& host, const resave_request& request, continuation& earlie
     {
         const remembered_disk::kept_answers kept(asked_once); // writes are only next to the new project
         early = refuse_target(folder, request, context, source);
-        if (!early) early = archive ? archive->begin() : earlier.begin_journal();
+        if (!early) early = archive ? archive->begin(request.overwrite) : earlier.begin_journal();
     }
     if (early) {
         earlier.abandon();
@@ -351,7 +352,7 @@ int plan_resave(const resave_request& asked, const common_options& options) {
     if (place)
         if (const auto early = refuse_archive(*place, request)) return end_with(*early, options);
     trial_disk disk;
-    if (place) disk.delete_file(place->archive); // the run creates a folder instead
+    if (place) disk.hide(place->archive); // the run creates a folder instead
     const platform::system_override in_force(disk);
     session host(options, request.answers);
     if (const auto early = refuse_trial()) return end_with(*early, options);

@@ -6,6 +6,7 @@
 #include <map>
 #include <unordered_set>
 
+#include "apps/vestra_resave/archive/archive_place.h"
 #include "apps/vestra_resave/continued_disk.h"
 #include "apps/vestra_resave/elements.h"
 #include "apps/vestra_resave/problems.h"
@@ -116,6 +117,7 @@ session::session(const common_options& options, const decided_answers& answers)
     own_->host.start_own_bundle();
     own_->host.load_bundles();
     own_->host.connect();
+    own_->host.check_services();
     // Only now have all bundles registered; a service that is missing here is missing for the whole session.
     collect_resave_services(services_);
     context_ = std::make_unique<project_context>(&services_, questions_);
@@ -144,6 +146,7 @@ std::optional<refusal> session::load(const std::string& project) {
 }
 
 std::optional<refusal> session::load(const wide_string& path, bool show_wait, bool write_open_log) {
+    if (auto early = refuse_packed_project(path)) return early;
     shell::settings().refused_reads.clear();
     context_->report.restart({}); // the reports of earlier runs have been read
     // In a separate scope, so that the progress is closed before problems are printed.

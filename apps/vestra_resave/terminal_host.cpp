@@ -107,4 +107,9 @@ void terminal_host::connect() {
     dialogs_.emplace(dialog_runner_);
 }
 
+void terminal_host::check_services() {
+    if (const auto error = bundles_.without_service(u"vestra/resave_project"))
+        throw bundle_not_loaded{error->path, error->reason};
+}
+
 } // namespace vestra::command

@@ -51,6 +51,8 @@ public:
     // Lets bundles without a service get those of others, and shows their dialogs on the terminal. Call it
     // after bundles were added, each time.
     void connect();
+    // Throws if a bundle has nothing for a resave: its data would be left out without a word.
+    void check_services();
     // Returns the front end of the terminal.
     shell::terminal_front_end& front_end() { return front_end_; }
 

@@ -32,6 +32,9 @@ public:
     // True if a file or folder was made at the path and still exists.
     bool has_made(const wide_string& path) const;
 
+    // Hides what the real disk has under this path, or will have. Something can be made there.
+    void hide(const wide_string& path) { put({.path = path}); }
+
     // `below` returns the disk that is shown. `put_above` sets another one, which must outlive this object;
     // nothing must have been made on this one yet.
     platform::system& below() { return *real_; }

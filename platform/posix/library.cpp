@@ -14,17 +14,25 @@ namespace vs::project_resave::platform {
 
 namespace {
 
-wide_string last_error() {
-    const char* const text = ::dlerror();
-    return from_utf8(text != nullptr ? text : "");
+// Returns why the library could not be loaded. The operating system repeats the path, and its words for a
+// file that is no library at all are about the format.
+wide_string last_error(const std::string& native) {
+    const char* const told = ::dlerror();
+    std::string text = told != nullptr ? told : "";
+    if (text.starts_with(native + ": ")) text.erase(0, native.size() + 2);
+    for (const char* const format : {"invalid ELF header", "file too short", "wrong ELF class"})
+        if (text.starts_with(format)) return u"not a library for this operating system";
+    return from_utf8(text);
 }
 
 } // namespace
 
 std::unique_ptr<library> library::open(const wide_string& path, wide_string& reason) {
     const std::string native = native_path(path).string();
-    if (native.empty()) {
-        reason = u"no such file";
+    std::error_code ignored;
+    const bool is_folder = !native.empty() && std::filesystem::is_directory(native, ignored);
+    if (native.empty() || is_folder || !std::filesystem::exists(native, ignored)) {
+        reason = is_folder ? u"is a folder" : u"no such file";
         return nullptr;
     }
     // A library that opens files itself takes over the drives of this process.
@@ -33,7 +41,7 @@ std::unique_ptr<library> library::open(const wide_string& path, wide_string& rea
     // every bundle has its own copy of this layer and must not use that of another.
     void* const handle = ::dlopen(native.c_str(), RTLD_NOW | RTLD_LOCAL);
     if (handle == nullptr) {
-        reason = last_error();
+        reason = last_error(native);
         return nullptr;
     }
     return std::unique_ptr<library>(new library(handle));

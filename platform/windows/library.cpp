@@ -8,13 +8,29 @@
 
 namespace vs::project_resave::platform {
 
+namespace {
+
+// Returns why the last attempt to load this library failed.
+wide_string reason_of_failure(const std::wstring& native) {
+    const DWORD code = ::GetLastError();
+    const DWORD found = native.empty() ? INVALID_FILE_ATTRIBUTES : ::GetFileAttributesW(native.c_str());
+    if (found == INVALID_FILE_ATTRIBUTES) return u"no such file";
+    if ((found & FILE_ATTRIBUTE_DIRECTORY) != 0) return u"is a folder";
+    // The operating system's text for this has a gap for the name.
+    if (code == ERROR_BAD_EXE_FORMAT) return u"not a library for this operating system";
+    if (code == ERROR_MOD_NOT_FOUND) return u"it needs a library that does not exist";
+    return outcome::native(code).text();
+}
+
+} // namespace
+
 std::unique_ptr<library> library::open(const wide_string& path, wide_string& reason) {
     const std::wstring native = native_path(path).wstring();
     // With the altered search path the library finds others next to itself, not next to the program.
     const HMODULE handle =
         native.empty() ? nullptr : ::LoadLibraryExW(native.c_str(), nullptr, LOAD_WITH_ALTERED_SEARCH_PATH);
     if (handle == nullptr) {
-        reason = native.empty() ? wide_string(u"no such file") : outcome::last().text();
+        reason = reason_of_failure(native);
         return nullptr;
     }
     return std::unique_ptr<library>(new library(handle));

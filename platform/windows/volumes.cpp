@@ -30,7 +30,8 @@ wide_string system_path(const wide_string& path) {
 }
 
 bool add_drive(std::string_view assignment, std::string& message) {
-    message = "drives belong to the system here and cannot be added: \"" + std::string(assignment) + "\"";
+    message =
+        "--drive cannot be used on Windows, which has its own drives: \"" + std::string(assignment) + "\"";
     return false;
 }
 

@@ -69,6 +69,13 @@ std::optional<load_error> bundle_loader::start(entry_function entry, std::unique
     return std::nullopt;
 }
 
+std::optional<load_error> bundle_loader::without_service(wide_view id) {
+    for (const auto& bundle : bundles_)
+        if (wide_string fault = registry_.fault_of(id, bundle->context()); !fault.empty())
+            return load_error{bundle->path(), std::move(fault)};
+    return std::nullopt;
+}
+
 void bundle_loader::unload_all() {
     // First all services of all bundles, since they may refer to each other. Then one by one: a vector does
     // not promise the order in which it destroys its elements.

@@ -90,6 +90,24 @@ void service_registry::visit_services(wide_view id, const identity_pointer& visi
     }
 }
 
+wide_string service_registry::fault_of(wide_view id, const bundle_context& context) {
+    bool has_service = false;
+    const auto offers = offers_;
+    for (const auto& offered : offers) {
+        if (offered->context != context || (offered->id != id && !offered->id.empty())) continue;
+        ask(offered);
+        const identity_pointer service = offered->service.get();
+        const bool is_known = std::ranges::any_of(known_kinds(), [&](const service_kind& kind) {
+            return static_cast<bool>(query_name(service, kind.service.c_str()));
+        });
+        has_service = has_service || is_known;
+        if (is_known || offered->id.empty()) continue; // without an id a bundle may only use other services
+        return service ? u"one of its services has a version that this program does not know"
+                       : u"one of its services could not be started";
+    }
+    return has_service ? u"" : u"it has no service for a resave";
+}
+
 void service_registry::release_services() { release_services_of(nullptr); }
 
 void service_registry::release_services_of(const bundle_context* context) {

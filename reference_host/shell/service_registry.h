@@ -35,6 +35,10 @@ public:
     // first use; a factory that is being asked further up the call stack is skipped.
     void visit_services(wide_view id, const vs::project_resave::identity_pointer& visitor);
 
+    // Returns why the bundle with this context has nothing for visitors with this id; empty if it has a
+    // service. Services are started for that.
+    wide_string fault_of(wide_view id, const vs::project_resave::bundle_context& context);
+
     // Releases services in the reverse order of their creation: all of them, or those of one bundle, whose
     // factories are removed too. Other holders of a service keep their references.
     void release_services();

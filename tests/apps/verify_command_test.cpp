@@ -148,6 +148,16 @@ TEST_F(bundle_option, items_of_a_bundle_are_listed_left_out_copied_and_verified)
     EXPECT_TRUE(is_printed("missing: file ")) << out;
 }
 
+TEST_F(bundle_option, a_file_that_is_no_bundle_is_refused_with_the_reason) {
+    for (const auto& [file, reason] :
+         std::map<string, string>{{"C:\\none.so", "no such file"},
+                                  {"C:\\survey", "is a folder"},
+                                  {"C:\\survey\\survey._vp", "not a library for this operating system"}}) {
+        EXPECT_EQ(2, command("list " + project + " --language en --bundle '" + file + "'"));
+        EXPECT_TRUE(is_told("vestra-resave: " + file + ": could not be loaded: " + reason + "\n")) << err;
+    }
+}
+
 // A dry run cannot simulate copies that a bundle makes itself.
 TEST_F(bundle_option, a_bundle_that_copies_by_itself_has_no_dry_run) {
     EXPECT_EQ(2, command("resave --dry-run " + project + target + bundle));

@@ -22,6 +22,7 @@ struct wishes {
     bool nonsense = false, copies = true;
     wide_string also = {}; // listed as a copy, even if the service did not make it
     bool swaps = false;    // lists its sources as the copies
+    wide_string folder = u"claimed";
 } wish;
 
 void throw_if_wished() {
@@ -51,7 +52,7 @@ public:
         if (wish.nonsense && index != 1) return;
         tell(source, is_layer(entity) ? host_string(&vs_lr_get_wfilename, vs_lr_safe_downcast(entity))
                                       : host_string(&vs_scn_2d_get_source, vs_scn_2d_safe_downcast(entity)));
-        tell(folder, u"claimed");
+        tell(folder, wish.folder);
     }
     void set_file(vs_entity* entity, uint32_t, const char16_t* path) override {
         throw_if_wished();
@@ -229,8 +230,11 @@ TEST_F(foreign_services, one_that_throws_or_returns_nonsense_loses_only_its_own_
     } rows[] = {{{.references = 1'000'001}, "claimed", lost_drawing},
                 {{.files = all}, "C:\\prj", lost_drawing},
                 {{.kinds = all}, "graphics", {}},
+                {{.folder = u"..\\C:"}, "__\\C_", {}},
                 {{.items = all}, "claimed", {u"Layouts: Copy error boundless\n"}},
-                {{.items = 3, .throws = true}, "C:\\prj", lost_file},
+                {{.items = 3, .throws = true},
+                 "C:\\prj",
+                 {u"Area: Copy error Drawing\nCopy error a.dxf\n", u"Layouts: Copy error \n"}},
                 {{.kinds = 3, .references = 4, .nonsense = true, .copies = false}, "claimed", lost_file},
                 {{.kinds = 3, .references = 4, .nonsense = true}, "claimed", {}}};
     offer<entity_service, resave_entity_service_impl>();
@@ -242,6 +246,39 @@ TEST_F(foreign_services, one_that_throws_or_returns_nonsense_loses_only_its_own_
         expect_layers(row.drawing, "rtr");
     }
     EXPECT_NE("", read(u"C:\\prj\\a.dxf"));
+}
+
+class moody_service final : public referent<resave_service_impl> {
+public:
+    explicit moody_service(const bundle_context&) { throw_if_wished(); }
+};
+
+class older_service_impl : public interface_of<older_service_impl> {
+public:
+    static constexpr const char* name = "vs_resave_service_interface_4";
+    using operations = operation_list<>;
+
+protected:
+    ~older_service_impl() = default;
+};
+class older_service final : public referent<older_service_impl> {
+public:
+    explicit older_service(const bundle_context&) {}
+};
+
+TEST_F(foreign_services, a_bundle_with_a_service_that_cannot_be_used_is_reported) {
+    const auto reason = [this](bool throws) {
+        wish.throws = throws;
+        loader.unload_all();
+        start(false);
+        const auto error = loader.without_service(u"vestra/resave_project");
+        return error ? error->reason : wide_string();
+    };
+    offer<moody_service, resave_service_impl>();
+    EXPECT_EQ(u"one of its services could not be started", reason(true));
+    EXPECT_EQ(u"", reason(false));
+    offer<older_service, older_service_impl>();
+    EXPECT_EQ(u"one of its services has a version that this program does not know", reason(false));
 }
 
 TEST_F(foreign_services, what_a_bundle_found_there_outlives_its_failure_and_a_stop) {

@@ -9,7 +9,7 @@ using namespace vs::project_resave;
 using platform::outcome;
 
 archive_disk::archive_disk(const wide_string& archive) : archive_key_(path_key(archive)) {
-    made_.delete_file(archive); // fails if there is no such file
+    made_.hide(archive);
 }
 
 bool archive_disk::is_inside(const wide_string& path) const { return is_in_archive(path, archive_key_); }

@@ -11,8 +11,8 @@ namespace vestra::command {
 
 class archive_disk final : public vs::project_resave::forwarding_system {
 public:
-    // `archive` is the path of the archive. An existing file with that path is hidden, so that a folder can
-    // be created there; it is not changed.
+    // `archive` is the path of the archive. A file with that path is hidden, even if it appears later, so
+    // that a folder can be created there; it is not changed.
     explicit archive_disk(const wide_string& archive);
 
     platform::entry_status status_of(const wide_string& path) override;

@@ -30,6 +30,7 @@ struct packed_entry {
     type kind = type::file;
     uint64_t bytes = 0;   // of a file
     int64_t modified = 0; // nanoseconds since 1970, 0 if unknown; a zip stores whole seconds
+    bool is_encrypted = false;
 };
 
 // Each call returns the first failure to write the file, or the library's reason for rejecting the entry.

@@ -90,9 +90,11 @@ void archive_view::read_entry(archive_reader& from, const packed_entry& found, b
     entry* const one = add(path, entry_kind::file);
     if (!one) return report(found.name, u"another entry has the same name");
     one->status.bytes = found.bytes, one->status.modified = found.modified;
-    one->is_damaged =
-        found.bytes / most_bytes_of_one > archive_bytes_ || !read_content(from, *one, sums, is_stopped);
-    if (one->is_damaged) report(found.name, damaged);
+    if (found.is_encrypted)
+        one->fault = encrypted;
+    else if (found.bytes / most_bytes_of_one > archive_bytes_ || !read_content(from, *one, sums, is_stopped))
+        one->fault = damaged;
+    if (one->fault) report(found.name, one->fault);
 }
 
 bool archive_view::read_content(archive_reader& from, entry& into, bool sums,

@@ -64,6 +64,12 @@ std::optional<archive_place> archive_in(const std::string& typed) {
     return std::nullopt;
 }
 
+std::optional<refusal> refuse_packed_project(const wide_string& project) {
+    const std::optional<archive_place> place = archive_in(platform::to_utf8(project));
+    if (!place || !is_archive(place->archive)) return std::nullopt;
+    return refused(place->archive, say("is an archive; unpack it first"));
+}
+
 std::optional<refusal> refuse_archive(const archive_place& place, const resave_request& request) {
     const wide_string& archive = place.archive;
     if (!has_archives()) return refused(archive, say("this program cannot write archives"));

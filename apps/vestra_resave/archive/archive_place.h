@@ -28,6 +28,10 @@ bool is_in_archive(const wide_string& path, const wide_string& archive_key);
 // nor the project in it need exist.
 std::optional<archive_place> archive_in(const std::string& typed);
 
+// Returns an error if the path of a project is that of an archive or in one: only `verify` and `list` read
+// these, on a disk that shows the archive as a folder.
+std::optional<refusal> refuse_packed_project(const wide_string& project);
+
 // Returns why this resave must not write the archive: this program has no archive formats, its options cannot
 // be combined with one, or an existing file must not be replaced, because --overwrite is missing or it is not
 // an archive. Call it before the disk shows the archive as a folder.

@@ -115,7 +115,8 @@ bool archive_view::find_project(wide_string& inside) const {
 
 outcome archive_view::digest_of(const wide_string& path, file_digest& digest) const {
     const entry* const found = find(path);
-    if (!found || found->sha256.empty() || found->is_damaged) return outcome::because(damaged);
+    if (!found || found->sha256.empty() || found->fault)
+        return outcome::because(found && found->fault ? found->fault : damaged);
     digest = {found->status.bytes, found->sha256};
     return {};
 }
@@ -172,7 +173,7 @@ outcome archive_view::open(const wide_string& path, platform::access wanted, pla
     const entry* const found = find(path);
     if (!found) return platform::failure::missing;
     if (found->status.kind == entry_kind::folder) return outcome::because(u"is a folder");
-    if (found->is_damaged) return outcome::because(damaged);
+    if (found->fault) return outcome::because(found->fault);
     result = std::make_unique<entry_file>(*this, *found);
     return {};
 }

@@ -62,7 +62,7 @@ private:
         uint64_t number = 0;   // of the file's entry in the archive, counted from 1
         std::string beginning; // the bytes kept in memory
         std::string sha256;
-        bool is_damaged = false;
+        const char16_t* fault = nullptr; // why the content cannot be read
     };
     class entry_file;
 
@@ -79,6 +79,7 @@ private:
 
     static constexpr size_t piece = 256 * 1024; // bytes read at once
     static constexpr const char16_t* damaged = u"it is damaged in the archive";
+    static constexpr const char16_t* encrypted = u"it is encrypted in the archive";
 
     const wide_string archive_, archive_key_;
     uint64_t archive_bytes_ = 0, held_bytes_ = 0, entries_read_ = 0, name_characters_ = 0;

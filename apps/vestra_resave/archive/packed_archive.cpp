@@ -33,8 +33,21 @@ struct packed_archive::failure {
     explicit operator bool() const { return stopped || !why; }
 };
 
+// With the longest names that a disk allows the ending would be too much, so the name is replaced by its sum.
+wide_string part_of(const wide_string& archive) {
+    constexpr wide_view ending = u".vestra-part";
+    constexpr size_t longest_name = 255; // bytes
+    std::string name = platform::to_utf8(path_file_name(archive));
+    if (name.size() + ending.size() > longest_name) {
+        sha256 sum;
+        sum.add(name.data(), name.size());
+        name = sum.text();
+    }
+    return path_head(archive) + platform::from_utf8(name) + wide_string(ending);
+}
+
 packed_archive::packed_archive(archive_place place)
-    : place_(std::move(place)), part_(place_.archive + u".vestra-part"), real_(platform::current_system()),
+    : place_(std::move(place)), part_(part_of(place_.archive)), real_(platform::current_system()),
       replaced_(real_.identity_of(place_.archive)), disk_(place_.archive) {}
 
 // Removes the file before closing it. Closing releases the lock, after which another resave could have
@@ -45,30 +58,42 @@ void packed_archive::discard() {
     file_.reset();
 }
 
-outcome packed_archive::create() {
-    return real_.open(part_, platform::access::read_write, platform::disposition::create_new, file_);
+// Opens the temporary file for writing, which locks it, and makes sure that it still has its name then:
+// another resave may have created, renamed or removed it between any two calls.
+outcome packed_archive::take_part() {
+    using platform::access, platform::disposition, platform::failure;
+    for (int attempt = 0; attempt < 10; ++attempt) {
+        std::unique_ptr<platform::file> made;
+        const outcome created = real_.open(part_, access::read_write, disposition::create_new, made);
+        made.reset();
+        const platform::file_identity wanted = real_.identity_of(part_);
+        if (!created && (!created.is(failure::taken) || wanted.is_link)) return created;
+        const outcome opened = real_.open(part_, access::read_write, disposition::open_existing, file_);
+        if (opened.is(failure::missing)) continue;
+        if (!opened) return opened;
+        if (wanted && wanted == real_.identity_of(part_)) {
+            if (file_->size() == 0) return {};
+            if (const outcome removed = real_.delete_file(part_); !removed) return removed; // of a killed run
+        }
+        file_.reset();
+    }
+    return failure::in_use;
 }
 
-std::optional<refusal> packed_archive::begin() {
-    outcome created = create();
-    if (created.is(platform::failure::taken) && !real_.identity_of(part_).is_link) {
-        std::unique_ptr<platform::file> left; // of a run that was killed or is still active
-        created = real_.open(part_, platform::access::read_write, platform::disposition::open_existing, left);
-        if (created.is(platform::failure::in_use))
+std::optional<refusal> packed_archive::begin(bool overwrites) {
+    if (const outcome taken = take_part(); !taken) {
+        file_.reset(); // belongs to somebody else
+        if (taken.is(platform::failure::in_use))
             return refused(place_.archive, say("another resave is writing this archive"));
-        if (created) created = real_.delete_file(part_);
-        if (created) created = create();
+        return refusal{not_saved, {{own_kind::not_created, {}, {}, part_, reason_of(taken.text(), part_)}}};
     }
-    if (created) {
-        const platform::file_identity now = real_.identity_of(place_.archive);
-        if (now && !replaced_) { // another resave has ended since this one was started
-            discard();
-            return refused(place_.archive, say("already exists; use --overwrite to replace it"));
-        }
-        replaced_ = now;
-        return std::nullopt;
+    const platform::file_identity now = real_.identity_of(place_.archive);
+    if (now && !replaced_ && !overwrites) { // another resave has ended since this one was started
+        discard();
+        return refused(place_.archive, say("already exists; use --overwrite to replace it"));
     }
-    return refusal{not_saved, {{own_kind::not_created, {}, {}, part_, reason_of(created.text(), part_)}}};
+    replaced_ = now;
+    return std::nullopt;
 }
 
 std::string packed_archive::name_of_entry(const wide_string& path) const {

@@ -1,6 +1,7 @@
 // The archive that a resave writes, either completely or not at all. It is written to a temporary file next
 // to it, "copy.zip.vestra-part", flushed to the disk, and then renamed in one step. A killed program leaves
-// at most the temporary file, which the next resave into this archive replaces.
+// at most the temporary file, which the next resave into this archive replaces. Only the program that has the
+// temporary file open for writing may rename or remove it.
 #pragma once
 
 #include <memory>
@@ -13,6 +14,9 @@
 #include "apps/vestra_resave/resave_report.h"
 
 namespace vestra::command {
+
+// Returns the path of the temporary file of an archive.
+wide_string part_of(const wide_string& archive);
 
 // The calls in their order: `begin` before the run, `write` and `put_in_place` after it; or `discard`. Main
 // thread only.
@@ -28,12 +32,11 @@ public:
     // Returns the disk for the run, which the caller makes the current one.
     archive_disk& disk() { return disk_; }
     const wide_string& path() const { return place_.archive; }
-    // Returns the path of the temporary file.
-    const wide_string& part() const { return part_; }
 
     // Creates the temporary file, whose folder must exist, and keeps it open, so that another resave into
-    // this archive is refused. A file that a killed run left is replaced. Returns the reason if that fails.
-    std::optional<refusal> begin();
+    // this archive is refused. A file that a killed run left is replaced. Returns the reason if that fails,
+    // or if another resave has ended meanwhile and `overwrites` is false.
+    std::optional<refusal> begin(bool overwrites);
     // Writes the files of the run and its manifest into the temporary file, and reads each source once. Call
     // it while the context is still that of the run, and the disk shows its files. After a failure or a stop
     // the report is that of a run that did not save, and the temporary file is gone.
@@ -52,7 +55,7 @@ private:
     void enter(const failure& failed, resave_report& report);
     failure add_tree(const std::function<bool()>& is_stopped);
     failure add_file(const wide_string& path, const std::function<bool()>& is_stopped);
-    platform::outcome create();
+    platform::outcome take_part();
     std::string name_of_entry(const wide_string& path) const;
 
     const archive_place place_;

@@ -111,6 +111,20 @@ TEST_F(archive, opens_elsewhere_with_the_names_and_times_it_had) {
     EXPECT_EQ("Пакет.ZIP ", sent());
 }
 
+TEST_F(archive, may_have_the_longest_name_and_what_a_killed_run_left) {
+    builder.scene_2d(u"S").layer("rtr_lr2d", u"R", write(u"C:\\data\\r.tif")).save(source);
+    for (const size_t length : {243U, 244U, 255U}) {
+        const string name = string(length - 4, 'n') + ".zip";
+        EXPECT_EQ(0, command(to + "'N:\\sent\\" + name + "'")) << err;
+        EXPECT_EQ(0, command("verify 'N:\\sent\\" + name + "'")) << out << err;
+        EXPECT_EQ(name + " ", sent());
+        fs::remove(native("n") / "sent" / name);
+    }
+    write(u"N:\\sent\\a.zip.vestra-part", "half of it");
+    EXPECT_EQ(0, command(to + "'N:\\sent\\a.zip'")) << err;
+    EXPECT_EQ("a.zip ", sent());
+}
+
 TEST_F(archive, may_contain_other_archives) {
     builder.scene_2d(u"S").layer("rtr_lr2d", u"R", write(u"C:\\data\\r.tif")).save(source);
     const string data = (native("c") / "data").string();
@@ -136,6 +150,7 @@ TEST_F(archive, is_not_begun_where_it_makes_no_sense) {
              {"'N:\\sent\\b.zip' --resume", "--update and --resume cannot be combined with an archive"},
              {"'N:\\sent\\a.zip\\other._vp'",
               "N:\\sent\\a.zip: already exists; use --overwrite to replace it"},
+             {"'C:\\data\\r.zip'", "C:\\data\\r.zip: it would look like a file of the data set next to it"},
              {"'N:\\sent\\text.zip' --overwrite", "N:\\sent\\text.zip: exists and is not an archive"}}) {
         for (const char* dry : {"", " --dry-run"}) {
             EXPECT_EQ(2, command(to + words + dry)) << words << err;
@@ -144,6 +159,10 @@ TEST_F(archive, is_not_begun_where_it_makes_no_sense) {
     }
     EXPECT_EQ(2, command(to + "'N:\\sent\\b.zip' --verify"));
     EXPECT_TRUE(is_told("--verify cannot be combined with an archive")) << err;
+    for (const string project : {"N:\\sent\\a.zip", "N:\\sent\\a.zip\\area._vp"}) {
+        EXPECT_EQ(2, command("resave '" + project + "' 'N:\\new\\area._vp'"));
+        EXPECT_TRUE(is_told("N:\\sent\\a.zip: is an archive; unpack it first")) << err;
+    }
     EXPECT_EQ(0, command(to + "'N:\\sent\\a.zip' --overwrite --dry-run")) << err;
     EXPECT_TRUE(is_printed("N:\\sent\\a.zip\\rtr\\r.tif")) << out;
     EXPECT_EQ("", difference(before, all_drives()));
@@ -172,7 +191,7 @@ TEST_F(archive, of_hostile_entries_is_read_without_harm) {
     builder.scene_2d(u"S").layer("rtr_lr2d", u"R", u"C:\\prj\\r.tif").save(source);
     fs::copy_file(native("c") / "prj/area._vp", native("n") / "area._vp");
     python(R"(
-import io, struct, tarfile, zipfile
+import io, json, struct, tarfile, zipfile
 project = open('area._vp', 'rb').read()
 def zipped(name, *more):
     with zipfile.ZipFile('sent/' + name, 'w') as z:
@@ -202,6 +221,17 @@ patched('renamed.zip', other_name)
 whole = len(open('sent/whole.zip', 'rb').read())
 patched('cut.zip', lambda d: d[:whole // 2])
 patched('bytes.zip', lambda d: d[:whole // 2] + b'other' + d[whole // 2 + 5:])
+def locked(d):
+    for at in (d.find(b'PK\3\4', 4) + 6, d.rfind(b'PK\1\2') + 8):
+        d[at] |= 1
+    return d
+patched('locked.zip', locked)
+def listed(name, *paths):
+    files = [dict(path=path, bytes=3, sha256='0' * 64) for path in paths]
+    text = json.dumps(dict(project='area._vp', files=files))
+    zipped(name, ('r.tif', 'tif'), ('area.manifest.json', text))
+listed('blank.zip')
+listed('outer.zip', 'area._vp', '../../prj/area._vp')
 def huge(d):
     for at in (d.find(b'PK\3\4', 4) + 22, d.rfind(b'PK\1\2') + 24):
         d[at:at + 4] = struct.pack('<I', 0xfffffff0)
@@ -224,26 +254,29 @@ open('sent/bomb.tar', 'wb').write(open('sent/hard.tar', 'rb').read()[:512 * (1 +
 )");
     other("zstd -q --rm " + (native("n") / "sent").string() + "/*.tar");
     const tree_state before = all_drives();
-    for (const auto& [name, reason] :
-         std::map<string, string>{{"up.zip", "out of the archive"},
-                                  {"down.zip", "out of the archive"},
-                                  {"back.zip", "out of the archive"},
-                                  {"root.zip", "absolute path"},
-                                  {"drive.zip", "absolute path"},
-                                  {"twice.zip", "another entry has the same name"},
-                                  {"both.zip", "folder is a file"},
-                                  {"long.zip", "too long"},
-                                  {"renamed.zip", "its directory does not match its entries"},
-                                  {"two.zip", "does not contain exactly one project"},
-                                  {"link.zip", "a link or a device"},
-                                  {"cut.zip", "could not be loaded"},
-                                  {"bytes.zip", "damaged in the archive"},
-                                  {"huge.zip", "damaged in the archive"},
-                                  {"hard.tar.zst", "a link or a device"},
-                                  {"device.tar.zst", "a link or a device"}}) {
+    for (const auto& [name, reason] : std::map<string, string>{
+             {"up.zip", "out of the archive"},
+             {"down.zip", "out of the archive"},
+             {"back.zip", "out of the archive"},
+             {"root.zip", "absolute path"},
+             {"drive.zip", "absolute path"},
+             {"twice.zip", "another entry has the same name"},
+             {"both.zip", "folder is a file"},
+             {"long.zip", "too long"},
+             {"renamed.zip", "its directory does not match its entries"},
+             {"two.zip", "does not contain exactly one project"},
+             {"link.zip", "a link or a device"},
+             {"cut.zip", "could not be loaded"},
+             {"bytes.zip", "damaged in the archive"},
+             {"locked.zip", "encrypted in the archive"},
+             {"blank.zip", "area._vp: is not in the manifest"},
+             {"outer.zip", "area.manifest.json: lists a file outside the project's folder: "},
+             {"huge.zip", "damaged in the archive"},
+             {"hard.tar.zst", "a link or a device"},
+             {"device.tar.zst", "a link or a device"}}) {
         const bool is_refused = name == "cut.zip" || name == "two.zip" || name == "renamed.zip";
         EXPECT_EQ(is_refused ? 2 : 1, command("verify 'N:\\sent\\" + name + "' --quiet")) << name << out;
-        EXPECT_TRUE(is_told(reason)) << name << err;
+        EXPECT_TRUE(is_told(reason) || is_printed(reason)) << name << out << err;
         EXPECT_LE(0, command("list 'N:\\sent\\" + name + "' --json")) << name;
     }
     EXPECT_LE(1, command("verify 'N:\\sent\\bomb.tar.zst'")) << out;

@@ -148,6 +148,7 @@ public:
                      : type == AE_IFDIR ? packed_entry::type::folder
                                         : packed_entry::type::other;
         entry.bytes = static_cast<uint64_t>(::archive_entry_size(one));
+        entry.is_encrypted = ::archive_entry_is_encrypted(one) != 0;
         if (::archive_entry_mtime_is_set(one) != 0)
             entry.modified = time_of(::archive_entry_mtime(one), ::archive_entry_mtime_nsec(one));
         return step::entry;

@@ -129,7 +129,7 @@ bool resave_entity_plugin::save_row(uint32_t index) {
 }
 
 wide_string resave_entity_plugin::place_and_copy_row(uint32_t index) {
-    const type_folder_scope type(context->placement, files_[index].folder);
+    const type_folder_scope type(context->placement, folder_below(files_[index].folder));
     wide_string target = context->placement.new_path(files_[index].source);
     if (target.empty())
         record_no_place(*context, files_[index].source, target);

@@ -24,6 +24,9 @@ namespace vs::project_resave {
 class resave_entity_service_impl : public interface_of<resave_entity_service_impl> {
 public:
     static constexpr const char* name = "vs_resave_entity_service_interface_1";
+    // The result of an operation with a count that throws: too large, so that the resave reports what is
+    // missing.
+    static constexpr uint32_t count_after_exception = ~uint32_t{0};
     // Returns the number of kinds of elements that the service claims.
     virtual uint32_t meta_id_count() = 0;
     // Passes the meta identifier of a kind, as wide text; an empty one is ignored.
@@ -43,7 +46,8 @@ public:
     // Returns the number of paths by which the element refers to its data.
     virtual uint32_t file_count(vs_entity* entity) = 0;
     // Passes one of the paths to `source`, in the form C:\a\b.txt, or the empty text if there is no path at
-    // present. Passes to `folder` the name of the folder for files of this type.
+    // present. Passes to `folder` the name of the folder for files of this type, as default_folder of
+    // services/resave_service.h.
     virtual void file_info(vs_entity* entity, uint32_t index, string_visitor source,
                            string_visitor folder) = 0;
     // Writes the new path into the element. Called after the copy. The path is empty if no new place was

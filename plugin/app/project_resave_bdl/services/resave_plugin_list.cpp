@@ -123,8 +123,8 @@ bool resave_plugin_list::save_item(uint32_t index) {
 }
 
 wide_string resave_plugin_list::place_and_copy(uint32_t index, const wide_string& source) {
-    const type_folder_scope type(context->placement,
-                                 text_from<&resave_service_impl::default_folder>(service_.get()));
+    const type_folder_scope type(
+        context->placement, folder_below(text_from<&resave_service_impl::default_folder>(service_.get())));
     wide_string target = context->placement.new_path(source);
     if (target.empty())
         record_no_place(*context, source, source);

@@ -23,6 +23,8 @@ namespace vs::project_resave {
 class resave_service_impl : public interface_of<resave_service_impl> {
 public:
     static constexpr const char* name = "vs_resave_service_interface_5";
+    // The result of item_count that throws: too large, so that the resave reports what is missing.
+    static constexpr uint32_t count_after_exception = ~uint32_t{0};
     // Connects the service to the private copy that the resave works on, which is not the host's open
     // project. Valid until the next call, but the project can be destroyed before that. Null means no
     // project.
@@ -55,7 +57,8 @@ public:
     // other element has, and different names for main files within a project.
     virtual void item_files(uint32_t, vs_wstrings*) {}
     // Passes the name of the folder for the service's files, for structures with a folder for each type. It
-    // can have several levels; empty means the folder of the new project.
+    // can have several levels; empty means the folder of the new project. In a name that leads elsewhere "_"
+    // replaces dots and colons.
     virtual void default_folder(string_visitor) {}
     // Passes the path of the item's main file; the empty text if it has no file, in which case nothing is
     // copied.

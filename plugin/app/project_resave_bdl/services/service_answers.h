@@ -8,6 +8,7 @@
 #include "framework/border/visitors.h"
 #include "host/vsk_basic.h"
 #include "platform/outcome.h"
+#include "platform/path_text.h"
 
 namespace vs::project_resave {
 
@@ -33,6 +34,11 @@ wide_string text_from(const interface_to<Impl>& service, Args... args) {
     stdwstring_visitor visitor(text);
     call<Question>(service, args..., visitor);
     return text;
+}
+
+// Returns the name of a folder that a service gave, changed so that it is below the new project's folder.
+inline wide_string folder_below(const wide_string& name) {
+    return path_normalise(trim(valid_name(held_below(name)), path_separators));
 }
 
 // Owns a list of texts of the host, for a service to append to.

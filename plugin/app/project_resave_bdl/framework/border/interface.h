@@ -9,11 +9,12 @@
 //
 // Rules for every operation: it runs on the host's main thread. A pair is borrowed for the call; to keep it,
 // take a ref (ref.h). If the object is not a referent, its owner must say how long it lives. No exception
-// leaves an entry: it is recorded there (caught.h) and the result is zero. A call through a null pair does
-// nothing and returns zero.
+// leaves an entry: it is recorded there (caught.h) and the result is zero, or the `count_after_exception`
+// that the provider class declares. A call through a null pair does nothing and returns zero.
 #pragma once
 
 #include <cstddef>
+#include <cstdint>
 #include <cstring>
 #include <type_traits>
 #include <utility>
@@ -75,14 +76,21 @@ template <auto Operation, class Impl, class Result, class... Args>
 struct operation<Operation, Result (Impl::*)(Args...)> {
     using provider = Impl;
 
-    // Calls the provider. An exception is recorded and the result is zero.
+    // Calls the provider. An exception is recorded and the result is that of a failure.
     static Result run(void* instance, Args... args) noexcept {
         try {
             return (static_cast<Impl*>(instance)->*Operation)(std::forward<Args>(args)...);
         } catch (...) {
             record_caught(Impl::name);
-            return Result();
+            return failed();
         }
+    }
+    // Returns the result of an operation that threw.
+    static Result failed() {
+        if constexpr (std::is_same_v<Result, uint32_t> && requires { Impl::count_after_exception; })
+            return Impl::count_after_exception;
+        else
+            return Result();
     }
     // The entry of most operations: the table's own pointer comes first and is not used.
     static Result plain(const void*, void* instance, Args... args) noexcept {
