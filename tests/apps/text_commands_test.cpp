@@ -255,9 +255,10 @@ TEST_F(command_run, no_file_of_the_project_is_written_over_under_whatever_name) 
          {structure + "C:\\prj\\rasters\\relief.tif", check + "c:/data/../PRJ/Rasters/RELIEF.tif",
           structure + "C:\\prj\\rasters\\relief.tfw", check + "C:\\prj\\maps\\roads_shp.pj4",
           structure + "C:\\data\\grids\\porosity\\hdr.adf", structure + "C:\\data\\tables\\deposits.dbf",
-          check + "D:\\gis\\tables\\labs.dbf", structure + "C:\\prj\\reports\\monthly.rep",
-          structure + "C:\\prj\\model\\map_base.tos", structure + "C:\\prj\\maps\\overview._sn",
-          check + "C:\\link\\hard.txt", structure + linked + "\\data\\grids\\porosity\\hdr.adf"}) {
+          check + "D:\\gis\\tables\\labs.dbf", structure + "D:\\gis\\tables\\labs.cpg",
+          structure + "C:\\prj\\reports\\monthly.rep", structure + "C:\\prj\\model\\map_base.tos",
+          structure + "C:\\prj\\maps\\overview._sn", check + "C:\\link\\hard.txt",
+          structure + linked + "\\data\\grids\\porosity\\hdr.adf"}) {
         EXPECT_EQ(2, command(refused + "'")) << refused << err;
         EXPECT_TRUE(is_told("is a file of the project and must not be overwritten")) << refused << err;
     }

@@ -130,6 +130,9 @@ protected:
 TEST_F(bundle_option, items_of_a_bundle_are_listed_left_out_copied_and_verified) {
     ASSERT_EQ(0, command("list " + project + bundle)) << err;
     EXPECT_TRUE(is_printed("Field notes\n    Quarry  [field_notes]")) << out;
+    for (const char* const file : {"\n      quarry.csv  ", "\n      pictures  "})
+        EXPECT_TRUE(is_printed(file)) << out;
+    EXPECT_FALSE(is_printed("\n      quarry.txt  ")) << "twice: " << out;
     ASSERT_EQ(0, command("list " + project)) << err;
     EXPECT_FALSE(is_printed("Quarry")) << out;
 

@@ -8,6 +8,7 @@
 #include "platform/system.h"
 #include "platform/text.h"
 #include "reference_host/model/counted.h"
+#include "tests/support/faulty_system.h"
 #include "tests/support/temporary_folder.h"
 #include "ui/host_questions.h"
 
@@ -94,6 +95,10 @@ TEST_F(copying, a_folder_is_copied_whole_or_the_failed_entry_is_named) {
     EXPECT_FALSE(copy_folder(src + u"g", out + u"old", true, true, context));
     EXPECT_FALSE(copy_folder(src + u"g", out + u"deep\\new", false, false, context));
     EXPECT_EQ(disk.read(u"out\\deep\\new\\b\\c\\2") + disk.read(u"out\\old\\3"), "g\\b\\c\\2g\\3");
+    faulty_system unreadable({"list"}, 1, SIZE_MAX, src + u"g\\b");
+    const platform::system_override in_force(unreadable);
+    const auto half = copy_folder(src + u"g", out + u"half", false, false, context);
+    EXPECT_TRUE(half && half->path == src + u"g\\b" && !half->why) << "half a folder counts as whole";
 }
 
 TEST_F(copying, members_of_a_data_set_follow_the_new_name_of_the_main_file) {

@@ -60,6 +60,8 @@ TEST(paths, the_way_from_a_file_to_another) {
     expect_all({
         {"below", path_relative(base, u"c:\\PRJ\\maps\\a.shp"), u"maps\\a.shp"},
         {"beside", path_relative(base, u"C:\\data\\a.shp"), u"..\\data\\a.shp"},
+        {"from a longer spelling", path_relative(u"C:\\x\\..\\prj\\.\\area._vp", u"C:\\prj\\a\\b.shp"),
+         u"a\\b.shp"},
         {"the folder itself", path_relative(base, u"C:\\prj"), u""},
         {"a bare drive is no folder", path_relative(u"C:", u"C:\\prj\\a.shp"), u"C:\\prj\\a.shp"},
         {"other drive", path_relative(base, u"D:/gis/../a.shp"), u"D:\\a.shp"},

@@ -29,6 +29,8 @@ const kind_row kinds[] = {
     {"wms_lr2d", u"", u"https://maps.example/wms", u"", u""},
     {"grid_lr2d", u"g.sgy g_sgy.pj4", u"g.sgy", u"sgy", u"g.sgy g_sgy.pj4"},
     {"segy_lr3d", u"g.SGY", u"g.SGY", u"grid", u"g.SGY"},
+    {"segy_lr3d", u"g.segy", u"g.segy", u"sgy", u"g.segy"},
+    {"segy_lr3d", u"g.sec", u"g.sec", u"sgy", u"g.sec"},
     {"grid_lr2d", u"g\\a.val g\\b\\c.val", u"g", u"grid", u"g\\a.val g\\b\\c.val"},
     {"grid_lr2d", u"g.sgy\\a.val", u"g.sgy", u"sgy", u"g.sgy\\a.val"}, // the name alone decides
     {"vector_lr2d", u"v.abc v.ind v_abc.pj4", u"v.abc", u"vector", u"v.abc v.ind v_abc.pj4"},

@@ -158,6 +158,8 @@ TEST_F(rounds, a_frame_brings_the_scene_it_shows_with_its_layers) {
         unticked = row.left_out;
         EXPECT_EQ(row.scenes, scenes_with(row.given));
         EXPECT_EQ(row.asked, questions());
+        EXPECT_EQ(0U, script.asked_with_windows) << "the progress hides the question";
+        EXPECT_TRUE(!row.asked || script.asked_at_poll < script.polls) << "no stop button after the question";
         EXPECT_EQ(row.files, files().size());
     }
 }

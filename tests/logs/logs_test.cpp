@@ -7,6 +7,7 @@
 #include "platform/forwarding_system.h"
 #include "reference_host/shell/front_end.h"
 #include "tests/support/temporary_folder.h"
+#include "tests/support/tree_state.h"
 #include "ui/host_questions.h"
 
 namespace vs::project_resave {
@@ -62,7 +63,8 @@ TEST_F(logs, every_message_is_the_block_of_lines_that_people_search_for) {
     log.service_begin(u"s");
     log.service_end(u"s");
     log.service_file_removed(u"s");
-    EXPECT_EQ(disk.read(u"run_log.txt"), committed("tests/logs/expected/every_message.txt"));
+    EXPECT_EQ(
+        "", first_difference(committed("tests/logs/expected/every_message.txt"), disk.read(u"run_log.txt")));
 }
 
 TEST_F(logs, the_load_log_holds_the_last_step_indented_by_its_depth) {

@@ -66,18 +66,20 @@ TEST_F(source_guard_run, no_project_or_text_replaces_a_source_under_any_name) {
     write(u"C:\\data\\a.shp");
     write(u"C:\\data\\a.dbf");
     write(u"C:\\data\\joined.dbf");
+    write(u"C:\\data\\owners.cpg");
     write(u"C:\\data\\set\\inner");
     builder.scene_2d(u"S").layer("shp_pln_lr2d", u"A", u"C:\\data\\a.shp").join(u"C:\\data\\joined.dbf");
     builder.layer("petrel_grid_lr2d", u"Folder", u"C:\\data\\set").layer("odd", u"Odd", write(u"C:\\x.odd"));
+    builder.table(u"T", u"C:\\data\\t.dbf").join(u"C:\\data\\owners.dbf");
     write(u"C:\\data\\a.cpg", "UTF-8");
     keep_source();
     std::filesystem::create_directories(native("c") / "links");
     link(source, u"C:\\links\\hard._vp");
     link(u"C:\\data\\a.cpg", u"C:\\links\\page.cpg");
     load();
-    for (const char16_t* path :
-         {u"C:\\prj\\.\\AREA._vp", u"C:\\links\\hard._vp", u"C:\\data\\a.shp", u"C:\\data\\a.cpg",
-          u"C:\\links\\page.cpg", u"C:\\data\\joined.dbf", u"C:\\data\\set\\inner", u"C:\\x.odd"}) {
+    for (const char16_t* path : {u"C:\\prj\\.\\AREA._vp", u"C:\\links\\hard._vp", u"C:\\data\\a.shp",
+                                 u"C:\\data\\a.cpg", u"C:\\links\\page.cpg", u"C:\\data\\joined.dbf",
+                                 u"C:\\data\\owners.cpg", u"C:\\data\\set\\inner", u"C:\\x.odd"}) {
         SCOPED_TRACE(platform::to_utf8(path));
         const wide_string taken = path;
         settings.output_path = &taken;
@@ -154,12 +156,14 @@ TEST_F(source_guard_run, only_scene_files_that_would_replace_a_source_are_refuse
 TEST_F(source_guard_run, a_stop_erases_what_the_run_made_and_reports_other_content) {
     write(u"C:\\data\\a.shp");
     builder.scene_2d(u"S").layer("shp_pln_lr2d", u"A", u"C:\\data\\a.shp");
+    builder.layer("rtr_lr2d", u"R", write(u"C:\\data\\r.tif")); // copied first
     keep_source();
     write(u"N:\\out\\new_log.txt", "of an earlier run");
     load();
     struct : forwarding_system {
         platform::outcome copy_file(const wide_string& from, const wide_string& to, bool replace) override {
-            write(u"N:\\out\\shp\\mine.txt", "of somebody");
+            if (to.ends_with(u"a.shp")) remove_tree(u"N:\\out\\rtr"); // there is nothing left to erase
+            if (to.ends_with(u"a.shp")) write(u"N:\\out\\shp\\mine.txt", "of somebody");
             return forwarding_system::copy_file(from, to, replace);
         }
     } somebody;

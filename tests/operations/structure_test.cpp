@@ -45,7 +45,8 @@ TEST_F(structure_text, of_the_sample_equals_the_committed_file_and_changes_nothi
         for (size_t flag = 0; flag < std::size(flags); ++flag) wanted.*flags[flag] = row.flags[flag] == '1';
         wanted.indent_text = row.indent;
         wanted.indent_repeat = row.repeat;
-        EXPECT_EQ(committed(std::string("tests/operations/expected/") + row.file), save());
+        EXPECT_EQ("",
+                  first_difference(committed(std::string("tests/operations/expected/") + row.file), save()));
         EXPECT_EQ(texts{load_string(text::structure_saved)}, script.texts(kind::message));
     }
     EXPECT_EQ("", difference(before, sources()));
@@ -84,7 +85,7 @@ TEST_F(structure_text, groups_are_shown_as_the_user_sees_them_with_what_is_selec
         all += save();
         EXPECT_EQ(row.steps, script.current);
     }
-    EXPECT_EQ(committed("tests/operations/expected/structure_groups.txt"), all);
+    EXPECT_EQ("", first_difference(committed("tests/operations/expected/structure_groups.txt"), all));
 }
 
 TEST_F(structure_text, a_text_that_cannot_be_written_is_reported_as_written) {
@@ -123,6 +124,29 @@ TEST_F(structure_text, a_stop_removes_the_file_and_the_next_text_is_complete) {
             script.stop_at_poll = 0;
             EXPECT_EQ(whole, save());
         }
+    }
+}
+
+TEST_F(structure_text, one_that_breaks_off_is_reported_and_the_next_is_complete) {
+    builder.scene_2d(u"S").layer("rtr_lr2d", u"L", write(src(u"l.tif"))).save(source);
+    wanted.write_layer_names = true;
+    wanted.indent_text = u" ";
+    load();
+    const std::string whole = save();
+    for (const auto& [call, number] : {std::pair("open to write", 4U), {"name", 2U}}) { // below a scene
+        load();
+        script.events.clear();
+        faulty_system faults({call}, number);
+        faults.breaks_off = true;
+        {
+            const platform::system_override in_force(faults);
+            const run_result result =
+                *call == 'n' ? context->check_path_case(text_file) : context->save_structure(wanted);
+            EXPECT_EQ(run_end::broke_off, result.end);
+        }
+        EXPECT_EQ((events{{kind::error, load_string(text::project_not_saved)}}), told());
+        load();
+        EXPECT_EQ(whole, save());
     }
 }
 

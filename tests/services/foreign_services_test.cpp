@@ -3,9 +3,13 @@
 
 #include "framework/border/string_adapter.h"
 #include "host/vsk_basic.h"
+#include "host/vsk_entity.h"
 #include "host/vsk_lr.h"
+#include "host/vsk_prj.h"
 #include "host/vsk_scn_2d.h"
+#include "host/vsk_scn_3d.h"
 #include "platform/system.h"
+#include "services/entity_factory.h"
 #include "tests/services/services_run.h"
 
 namespace vs::project_resave {
@@ -20,7 +24,7 @@ struct wishes {
     bool throws = false;
     // The answers contradict each other, refer to missing files, or are missing.
     bool nonsense = false, copies = true;
-    wide_string also = {}; // listed as a copy, even if the service did not make it
+    wide_string also = {}; // listed as a copy of itself, even if the service did not make it
     bool swaps = false;    // lists its sources as the copies
     wide_string folder = u"claimed";
 } wish;
@@ -66,7 +70,8 @@ public:
         throw_if_wished();
         vs_wstrings_add(sources, source);
         vs_wstrings_add(targets, wish.nonsense ? u"" : wish.swaps ? source : target);
-        if (!wish.also.empty()) vs_wstrings_add(targets, wish.also.c_str());
+        for (vs_wstrings* list : {sources, targets})
+            if (!wish.also.empty()) vs_wstrings_add(list, wish.also.c_str());
         for (int i = 0; wish.nonsense && i < 2; ++i) vs_wstrings_add(sources, source);
         if (wish.nonsense) return wish.copies;
         return bool(platform::current_system().copy_file(source, target, false)) && wish.copies;
@@ -196,6 +201,16 @@ TEST_F(foreign_services, an_element_has_its_file_near_the_project_in_each_struct
         EXPECT_EQ(texts{}, problems);
     }
     EXPECT_EQ("Well: 1: claimed\\w.wsh\n", scene_outline(u"N:\\out\\Well_ 1._sn")) << "as after the resave";
+    // No scene of a project is claimed today, but the host may offer one.
+    wish = {.meta_id = u"Scene3DMetaID", .files = 0};
+    builder.scene_3d(u"Solid").save(source);
+    start(false);
+    load();
+    context->options.save_scene_files = true;
+    context->placement.new_project_path = output;
+    vs_scn_3d* const solid = vs_scns_3d_get(vs_prj_get_scns_3d_ptr(context->project), 0);
+    entity_factory().make(*context, vs_entities_safe_upcast(vs_scn_3d_safe_upcast(solid)))->save();
+    EXPECT_TRUE(path_exists(out(u"Solid._sc")));
 }
 
 class list_service final : public referent<resave_service_impl> {
@@ -283,9 +298,12 @@ TEST_F(foreign_services, a_bundle_with_a_service_that_cannot_be_used_is_reported
 
 TEST_F(foreign_services, what_a_bundle_found_there_outlives_its_failure_and_a_stop) {
     offer<entity_service, resave_entity_service_impl>();
+    const wide_string is_outside = u": it is outside the new project's folder", own = write(src(u"own.txt"));
     const std::pair<wishes, texts> rows[] = {
-        {{.copies = false, .also = out(u"claimed\\old.txt")}, {out(u"claimed\\old.txt")}},
-        {{.copies = false, .also = u"C:\\prj\\b.tif", .swaps = true}, {src(u"a.dxf"), src(u"b.tif")}},
+        {{.copies = false, .also = out(u"claimed\\old.txt")},
+         {out(u"claimed\\old.txt: it was there before the bundle copied")}},
+        {{.copies = false, .also = u"C:\\prj\\b.tif", .swaps = true},
+         {src(u"a.dxf") + is_outside, src(u"b.tif") + is_outside}},
     };
     for (const auto& [wanted, kept] : rows) {
         wish = wanted;
@@ -296,18 +314,24 @@ TEST_F(foreign_services, what_a_bundle_found_there_outlives_its_failure_and_a_st
         resave();
         texts told;
         for (const fact& each : context->report.facts())
-            if (each.kind == fact_kind::not_erased) told.push_back(each.new_path);
+            if (each.kind == fact_kind::not_erased) told.push_back(each.new_path + u": " + each.reason);
         EXPECT_EQ(kept, told);
         EXPECT_EQ("of somebody", read(out(u"claimed\\old.txt")));
         EXPECT_FALSE(path_exists(out(u"claimed\\a.dxf")) && !wanted.swaps);
     }
-    wish = {.also = out(u"claimed\\old.txt")};
-    load();
-    script.stop_at_poll = 2;
-    script.answers = {answer::yes, answer::no};
-    resave();
-    EXPECT_EQ("of somebody", read(out(u"claimed\\old.txt")));
-    EXPECT_NE("", read(src(u"a.dxf")) + read(src(u"b.tif")));
+    for (const wide_string& path : {out(u"claimed\\old.txt"), own}) {
+        wish = {.also = path};
+        script.stop_at_poll = 0;
+        load_and_resave();
+        load();
+        script.stop_at_poll = script.polls - 1;
+        script.answers = {answer::yes, answer::no};
+        resave();
+        EXPECT_TRUE(context->report.stopped);
+        EXPECT_NE("", read(path)) << "which the user would lose";
+        EXPECT_EQ("of somebody", read(out(u"claimed\\old.txt")));
+        EXPECT_FALSE(read(src(u"a.dxf")).empty() || read(src(u"b.tif")).empty());
+    }
 }
 
 } // namespace

@@ -66,7 +66,7 @@ std::string host_fixture::read(const wide_string& path) {
 void host_fixture::resave() {
     settings.output_path = &output;
     script.events.clear();
-    script.polls = 0;
+    script.polls = script.asked_at_poll = 0;
     changes = 0;
     EXPECT_TRUE(context->resave_project(settings));
 }

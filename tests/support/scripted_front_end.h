@@ -25,7 +25,8 @@ public:
     std::size_t stop_at_poll = 0; // the stop button is pressed at this poll, counted from 1; 0: never
     std::size_t polls = 0;
     std::size_t open_windows = 0;
-    std::uint32_t current = 0, total = 0; // of the progress shown last
+    std::size_t asked_at_poll = 0, asked_with_windows = 0; // at the first question
+    std::uint32_t current = 0, total = 0;                  // of the progress shown last
 
     // Returns the texts of one kind, in order.
     std::vector<wide_string> texts(kind what) const {
@@ -68,6 +69,8 @@ private:
     void record(kind what, wide_view text) { events.emplace_back(what, text); }
     answer ask(kind what, wide_view text) {
         record(what, text);
+        if (asked_at_poll == 0) asked_with_windows = open_windows;
+        if (asked_at_poll == 0) asked_at_poll = polls;
         if (answers.empty()) return answer::no;
         const answer next = answers.front();
         answers.pop_front();

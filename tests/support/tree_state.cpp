@@ -1,5 +1,7 @@
 #include "tests/support/tree_state.h"
 
+#include <sstream>
+
 #include "platform/volumes.h"
 #include "tests/support/test_drives.h"
 
@@ -48,6 +50,19 @@ std::string difference(const tree_state& before, const tree_state& after) {
     for (const auto& [path, state] : after)
         if (!before.contains(path)) lines += "new: " + path + '\n';
     return lines;
+}
+
+std::string first_difference(const std::string& wanted, const std::string& found) {
+    std::istringstream wanted_lines(wanted), found_lines(found);
+    std::string one, other;
+    for (int number = 1;; ++number) {
+        const bool has_one = static_cast<bool>(std::getline(wanted_lines, one));
+        const bool has_other = static_cast<bool>(std::getline(found_lines, other));
+        if (!has_one && !has_other) return wanted == found ? "" : "the end of the last line";
+        if (has_one != has_other || one != other)
+            return std::to_string(number) + ": " + (has_one ? one : "(end)") + " | " +
+                   (has_other ? other : "(end)");
+    }
 }
 
 } // namespace vs::project_resave

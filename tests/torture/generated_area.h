@@ -71,7 +71,7 @@ protected:
         return found;
     }
     // Loads and runs into an empty folder on `files`. Returns false if the project was not loaded. Checks
-    // that each file that the run counts as copied equals its source.
+    // that each file or folder that the run counts as copied equals its source.
     bool run(platform::system& files = platform::current_system()) {
         clear();
         script.events.clear();
@@ -82,7 +82,9 @@ protected:
         if (!loaded || context->report.stopped) return loaded; // all may be erased
         for (const placed_file& file : context->placement.placed) {
             if (file.old_path.empty() || path_extension(file.old_path).starts_with(u"._")) continue;
+            const auto from = platform::native_path(file.old_path), to = platform::native_path(file.new_path);
             EXPECT_EQ(read(file.old_path), read(file.new_path)) << platform::to_utf8(file.new_path);
+            EXPECT_EQ("", difference(state_of(from), state_of(to))) << platform::to_utf8(file.new_path);
         }
         return loaded;
     }

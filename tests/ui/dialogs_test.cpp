@@ -31,6 +31,9 @@ TEST_F(dialogs, the_naming_dialog_shows_the_conflict_and_clears_a_taken_name) {
                                      proposed};
         for (size_t row = 0; row < std::size(texts); ++row)
             EXPECT_EQ(texts[row], dialog.children.at(0).children.at(row).text);
+        const auto grid = cast_to<grid_layout_impl>(dialog.children.at(0).live);
+        EXPECT_EQ(3U, call<&grid_layout_impl::spare_row>(grid))
+            << "the field, so that the texts stay together";
         const element_view& field = *find(dialog, u"file_input");
         call<&element_impl::set_observer>(field.live, pointer_to<element_observer_impl>(observed));
         EXPECT_FALSE(enter_text(field, write(n + u"taken.shp")));

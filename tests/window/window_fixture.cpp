@@ -6,7 +6,6 @@
 #include <QTest>
 #include <cstdlib>
 #include <fstream>
-#include <sstream>
 
 #include "reference_host/model/counted.h"
 #include "reference_host/shell/front_end.h"
@@ -21,19 +20,6 @@ const char* __lsan_default_suppressions() {           // NOLINT(bugprone-reserve
 namespace vestra::window {
 
 namespace fs = std::filesystem;
-
-std::string first_difference(const std::string& wanted, const std::string& found) {
-    std::istringstream wanted_lines(wanted), found_lines(found);
-    std::string one, other;
-    for (int number = 1;; ++number) {
-        const bool has_one = static_cast<bool>(std::getline(wanted_lines, one));
-        const bool has_other = static_cast<bool>(std::getline(found_lines, other));
-        if (!has_one && !has_other) return {};
-        if (has_one != has_other || one != other)
-            return std::to_string(number) + ": " + (has_one ? one : "(end)") + " | " +
-                   (has_other ? other : "(end)");
-    }
-}
 
 window_test::window_test() {
     QSettings("vestra", "resave-window").clear();

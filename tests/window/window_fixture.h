@@ -17,9 +17,7 @@
 namespace vestra::window {
 
 using toolkit::element_view;
-
-// Returns the first line in which two texts differ, from either; empty if they are equal.
-std::string first_difference(const std::string& wanted, const std::string& found);
+using vs::project_resave::first_difference;
 
 class window_test : public testing::Test {
 protected:

@@ -127,6 +127,9 @@ TEST_F(failure_reasons, files_that_the_host_could_not_read_or_write) {
     write(u"C:\\data\\bad.tos", "TOS 1\nproperty X\ndata 1,5\n");
     builder.clear();
     builder.scene_2d(u"Area").layer("tos_grid_lr2d", u"Grid", u"C:\\data\\bad.tos");
+    vestra::tos_data& table = builder.model.tos_tables.make();
+    table.caption = u"Ores";
+    table.file = write(u"C:\\data\\poor.tos", "TOS 2\n");
     builder.scene_2d(wide_string(200'000, u's')).save(source);
     const string limit = "sh -c 'trap \"\" XFSZ; ulimit -f 100; exec \"$@\"' sh ";
     run("exec " + limit +
@@ -135,6 +138,7 @@ TEST_F(failure_reasons, files_that_the_host_could_not_read_or_write) {
         is_told("C:\\data\\bad.tos: could not be read, so the files it refers to were not copied: line 3: a "
                 "value is neither a decimal number nor \"-\" (\"Grid\" in \"Area\")"))
         << err;
+    EXPECT_TRUE(is_told("C:\\data\\poor.tos: could not be read") && is_told("(\"Ores\" in ")) << err;
     EXPECT_TRUE(is_told("N:\\out\\new._vp: could not be written: File too large\n")) << err;
 }
 
