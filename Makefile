@@ -11,6 +11,7 @@
 # make package-test unpacks these packages and runs their programs
 # make demo         lists the sample project and resaves it in each structure into build/demo/
 # make bench        compares load and resave with cp -a
+# make count        prints how often a resave asks the operating system for each copied file
 # make torture      faults at every call, kills, arbitrary bytes: prints what was tried, fails if anything was lost
 # make check        order of folders, contracts of published headers, formatting, and clang-tidy for changed files
 #                   (BASE=commit: changed since then; ALL=1: all files)
@@ -19,7 +20,7 @@
 
 SHELL := /bin/bash
 
-.PHONY: all packages test many-test window-test browser-test screenshots demo bench torture check format clean windows windows-test
+.PHONY: all packages test many-test window-test browser-test screenshots demo bench count torture check format clean windows windows-test
 .PHONY: install package package-test
 
 all: packages
@@ -83,7 +84,13 @@ demo: all
 
 bench: all
 	@tools/install_packages rsync
+	@cmake --build --preset release --target resave-bench
 	@bench/run
+
+count: all
+	@tools/install_packages strace
+	@cmake --build --preset release --target resave-bench
+	@bench/count
 
 torture: packages
 	@tools/torture

@@ -325,7 +325,7 @@ void add_scenes(CLI::App& app, command_line& line, words& words) {
         ->capture_default_str();
     command->footer(
         "Exit status: 0 written, 1 written but something could not be read, 2 usage error or project "
-        "cannot be loaded, 3 not all written");
+        "cannot be loaded, 3 not all written, 130 interrupted");
     command->callback([&] {
         // The library cannot make an argument depend on a flag.
         if (request.folder.empty() && !request.lists) throw CLI::RequiredError("FOLDER");

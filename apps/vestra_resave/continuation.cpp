@@ -215,6 +215,7 @@ void continuation::add_files(std::vector<earlier_file> files) {
 
 void continuation::put_in_force(project_context& context, const source_elements& source, trial_disk* trial) {
     trial_ = trial;
+    sources_ = context.sizes.known_paths();
     platform::system& real = trial ? trial->below() : platform::current_system();
     if (!trial) {
         journal_ = std::make_unique<journal_disk>(real, target_);
@@ -234,7 +235,7 @@ void continuation::put_in_force(project_context& context, const source_elements&
     std::vector<wide_string> files;
     for (const source_elements::row& each : source.rows()) files.push_back(each.file);
     disk_->keep_together(files);
-    if (!has_manifest_) disk_->know_sources(context.sizes.known_paths());
+    if (!has_manifest_) disk_->know_sources(sources_);
     // Only an update keeps places: a resumed run repeats the same choices in the same order, and must not
     // choose differently from an undisturbed one.
     if (mode_ == run_mode::update) disk_->keep_places_of(context.sizes.known_paths());

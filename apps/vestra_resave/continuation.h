@@ -123,7 +123,8 @@ private:
     std::optional<platform::system_override> journal_in_force_;
     std::unique_ptr<continued_disk> disk_;
     std::optional<platform::system_override> disk_in_force_;
-    bool is_broken_off_ = false; // even though the project was saved
+    std::vector<wide_string> sources_; // existing files of the project, as known before the run
+    bool is_broken_off_ = false;       // even though the project was saved
     std::vector<continued_disk::row> rows_;
 };
 

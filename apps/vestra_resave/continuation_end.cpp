@@ -24,7 +24,7 @@ namespace {
 
 // True if a disk was full or a share was lost during the run, so that the same run can succeed later. For
 // other failures the journal would only refuse the next run without a reason.
-bool may_succeed_later(const project_context& context, const resave_report& report) {
+bool may_succeed_later(const std::vector<wide_string>& sources, const resave_report& report) {
     using platform::failure;
     std::unordered_set<wide_string> lost; // path keys
     for (const problem& each : report.problems) {
@@ -37,7 +37,7 @@ bool may_succeed_later(const project_context& context, const resave_report& repo
     }
     if (lost.empty()) return false;
     // Sources that existed when the project was loaded.
-    return std::ranges::any_of(context.sizes.known_paths(),
+    return std::ranges::any_of(sources,
                                [&](const wide_string& path) { return lost.contains(path_key(path)); });
 }
 
@@ -137,7 +137,7 @@ void continuation::remove_unreferenced(project_context& context, resave_report& 
         std::vector<wide_string> paths;
         paths.reserve(left.size());
         for (const continued_disk::row* each : left) paths.push_back(each->file->path);
-        other_users others(context, target_, paths);
+        other_users others(context, target_, sources_, paths);
         const placed_copies copies(context.placement.placed);
         const std::unordered_set<wide_string> kept = last_copies(left, copies);
         for (const continued_disk::row* each : left) {
@@ -203,7 +203,7 @@ void continuation::flush(resave_report& report) {
 }
 
 void continuation::end_files(project_context& context, resave_report& report) {
-    is_broken_off_ = may_succeed_later(context, report);
+    is_broken_off_ = may_succeed_later(sources_, report);
     if (!disk_) return;
     classify(report);
     if (report.exit == done || report.exit == problems) remove_unreferenced(context, report);

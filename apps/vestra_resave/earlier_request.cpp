@@ -39,7 +39,7 @@ std::string text_of_request(const resave_request& request, const wide_string& so
                         {"update", request.mode == run_mode::update},
                         {"options", options}}
         // On one line, in ASCII: the journal's records end at line ends.
-        .dump(-1, ' ', true);
+        .dump(-1, ' ', true, ordered_json::error_handler_t::replace); // options need not be UTF-8
 }
 
 bool is_request(const std::string& text) { return ordered_json::parse(text, nullptr, false).is_object(); }

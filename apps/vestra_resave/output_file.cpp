@@ -67,7 +67,7 @@ std::optional<refusal> refuse_project_file(const wide_string& path, project_cont
         return refused(path, say("is the project itself and must not be overwritten"));
     if (auto early = protect_project_files({path}, context)) return early;
     // Last, because it lists all folders of the project.
-    if (source_neighbours(context).contain(path))
+    if (source_neighbours(context.sizes.known_paths()).contain(path))
         return refused(path, say("is a file of the project and must not be overwritten"));
     return std::nullopt;
 }

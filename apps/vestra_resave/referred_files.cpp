@@ -103,7 +103,7 @@ void source_neighbours::learn() {
     platform::system& disk = platform::current_system();
     listed_folders folders;
     std::unordered_set<wide_string> seen;
-    for (const wide_string& source : context_.sizes.known_paths()) {
+    for (const wide_string& source : sources_) {
         if (path_extension(source).starts_with(u"._")) continue; // a file of the host has no companions
         const wide_string head = path_head(source), stem = path_stem(source);
         if (seen.insert(path_key(head + stem)).second)
@@ -121,8 +121,8 @@ bool source_neighbours::contain(const wide_string& path) {
 }
 
 other_users::other_users(project_context& context, const wide_string& project,
-                         const std::vector<wide_string>& going)
-    : context_(context), neighbours_(context), folder_(path_head(project)) {
+                         std::vector<wide_string> sources, const std::vector<wide_string>& going)
+    : context_(context), neighbours_(std::move(sources)), folder_(path_head(project)) {
     std::unordered_set<wide_string> own{path_key(project)};
     for (const wide_string& path : going) own.insert(path_key(path));
     // The scene and layer files of this run refer only to its own copies.

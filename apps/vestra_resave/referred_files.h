@@ -27,7 +27,8 @@ std::vector<earlier_file> referred_files(vs::project_resave::project_context& co
 // this class asks the disk and the formats. Uses the state of the disk at the first call.
 class source_neighbours {
 public:
-    explicit source_neighbours(const vs::project_resave::project_context& context) : context_(context) {}
+    // `sources` are the paths that the loaded project refers to; a run clears the register that knows them.
+    explicit source_neighbours(std::vector<wide_string> sources) : sources_(std::move(sources)) {}
     // True if the file at `path` may belong to a source, under any name or link. The first call lists all
     // folders of the project and reads its virtual data sets.
     bool contain(const wide_string& path);
@@ -35,7 +36,7 @@ public:
 private:
     void learn();
 
-    const vs::project_resave::project_context& context_;
+    const std::vector<wide_string> sources_;
     bool is_learned_ = false;
     std::set<platform::file_identity> identities_;
 };
@@ -47,8 +48,9 @@ private:
 // projects, scenes and layers below the folder.
 class other_users {
 public:
+    // `sources` as above.
     other_users(vs::project_resave::project_context& context, const wide_string& project,
-                const std::vector<wide_string>& going);
+                std::vector<wide_string> sources, const std::vector<wide_string>& going);
     // True if the file at `path` is needed by anything but the project.
     bool need(const wide_string& path);
 

@@ -269,6 +269,7 @@ ended_resave resave_in(session& host, const resave_request& request, trial_disk*
         if (is_stopped()) report.exit = stopped;
     }
     if (archive && is_written()) {
+        asked_once.remember(false); // a source that changes while it is packed must be noticed
         archive->write(host, earlier, report);
         asked_once.remember(true); // forgets what was known before the manifest was written
     }

@@ -100,7 +100,7 @@ int show_window(const command_line& line) {
         window::main_window window(stored, std::move(bundles));
         window.show();
         if (!line.project.empty()) window.open_project(platform::drive_path(line.project));
-        QApplication::exec();
+        return QApplication::exec();
     } catch (const window::no_tool& failure) {
         std::cerr << "vestra-resave-window: " << failure.reason << '\n';
         return 2;

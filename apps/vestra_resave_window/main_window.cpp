@@ -6,6 +6,7 @@
 #include <QDragEnterEvent>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QScopedValueRollback>
 #include <QToolBar>
 #include <algorithm>
 #include <utility>
@@ -194,9 +195,11 @@ bool main_window::may_replace(const wide_string& target) {
 
 void main_window::work(const std::function<void()>& operation) {
     // Events are handled while an operation shows its progress, so a shortcut could start another one.
-    if (std::exchange(works_, true)) return;
-    operation();
-    works_ = false;
+    if (works_) return;
+    {
+        const QScopedValueRollback is_working(works_, true);
+        operation();
+    }
     end_of_work();
 }
 

@@ -46,7 +46,8 @@ unsigned named_code_page(std::string_view name) {
         std::ranges::find_if(name, [](unsigned char c) { return std::isdigit(c) != 0; });
     unsigned number = platform::code_page_active;
     std::from_chars(digits, name.data() + name.size(), number);
-    return number == 8 ? platform::code_page_utf8 : number;
+    if (number != 8) return number;
+    return name.starts_with("KOI") ? 20866 : platform::code_page_utf8;
 }
 
 unsigned code_page_of(const wide_string& path, std::size_t mark) {

@@ -51,7 +51,7 @@ public:
     explicit file_sink(platform::file& file) : file_(file) {}
     void write(const void* data, std::size_t size) override {
         size_ += size;
-        if (size_ > largest_file)
+        if (result_ && size_ > largest_file)
             result_ = platform::outcome::because(u"the file would be larger than 256 MiB");
         // Nothing is written after the first failure.
         if (result_) result_ = file_.write(data, size);

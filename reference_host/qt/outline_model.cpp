@@ -41,11 +41,20 @@ void outline_model::settle() {
         beginResetModel();
         *root_ = node();
         endResetModel();
-    } else if (const int rows = rowCount({}); rows > 0) {
-        // The rows are the same, but any text or mark may have changed.
-        emit dataChanged(index(0, 0, {}), index(rows - 1, 0, {}));
+    } else {
+        report_changes({}); // the rows are the same, but any text or mark may have changed
     }
     emit headerDataChanged(Qt::Horizontal, 0, 0);
+}
+
+// For each known branch, because a view does not repaint rows below the last one that a report names.
+void outline_model::report_changes(const QModelIndex& parent) {
+    const node& known = node_at(parent);
+    if (!known.is_counted || known.below.empty()) return;
+    const int rows = static_cast<int>(known.below.size());
+    emit dataChanged(index(0, 0, parent), index(rows - 1, 0, parent));
+    for (int row = 0; row < rows; ++row)
+        if (known.below[static_cast<size_t>(row)]) report_changes(index(row, 0, parent));
 }
 
 bool outline_model::is_same(const node& known) const {

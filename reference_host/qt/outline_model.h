@@ -72,6 +72,7 @@ private:
     void count(node& of) const;
     // Returns true if the known rows below `known` are still those of the element.
     bool is_same(const node& known) const;
+    void report_changes(const QModelIndex& parent);
     // Calls `visit` for the known rows below a node, parents first.
     void visit_below(const node& of, const std::function<void(const QModelIndex&)>& visit) const;
     // Returns the picture of a row, decoded once for each index; null if the row has none.

@@ -3,8 +3,8 @@
 
 #include <algorithm>
 #include <array>
+#include <charconv>
 #include <cmath>
-#include <cstdio>
 #include <utility>
 
 #include "reference_host/shell/front_end.h"
@@ -39,13 +39,17 @@ std::string amounts(uint64_t done, uint64_t total) {
     size_t unit = 0;
     double scale = 1;
     while (static_cast<double>(total) / scale >= 1024 && unit + 1 < in.units.size()) scale *= 1024, ++unit;
-    const int places = unit == 0 ? 0 : 1;
-    std::array<char, 64> text{};
-    std::snprintf(text.data(), text.size(), "%.*f%s%.*f %s", places, static_cast<double>(done) / scale, in.of,
-                  places, static_cast<double>(total) / scale, in.units[unit]);
-    // The only point in the text, since no unit has one.
-    std::ranges::replace(text, '.', in.decimal_point);
-    return text.data();
+    const auto in_unit = [&](uint64_t bytes) { // not by snprintf, which follows the locale
+        std::array<char, 32> digits{};
+        const char* const end =
+            std::to_chars(digits.data(), digits.data() + digits.size(), static_cast<double>(bytes) / scale,
+                          std::chars_format::fixed, unit == 0 ? 0 : 1)
+                .ptr;
+        std::string text(digits.data(), end);
+        std::ranges::replace(text, '.', in.decimal_point);
+        return text;
+    };
+    return in_unit(done) + in.of + in_unit(total) + ' ' + in.units[unit];
 }
 
 // Rounded, so that it does not change at every update.
@@ -53,7 +57,7 @@ std::string estimate(seconds left) {
     const words& in = current_words();
     const auto count = left.count();
     std::string text;
-    if (count < 60) {
+    if (count <= 55) { // more would be rounded up to 60
         text = std::to_string(std::max<int64_t>(5, (count + 4) / 5 * 5)) + in.seconds;
     } else {
         const auto minutes = (count + 30) / 60;

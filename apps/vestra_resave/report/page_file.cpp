@@ -49,8 +49,8 @@ std::optional<refusal> refuse_page(const std::string& typed, project_context& co
     if (extension != u".html" && extension != u".htm")
         return refused(path, say("is not a valid report name: it must end in %1", {".html"}));
     // The resave creates the folders of the new project, so the page may be in one of them.
-    const bool is_made =
-        !new_project.empty() && path_key(path_head(new_project)).starts_with(path_key(folder));
+    const bool is_made = !new_project.empty() && path_key(path_with_separator(path_head(new_project)))
+                                                     .starts_with(path_key(path_with_separator(folder)));
     if (!is_made && !path_exists(folder))
         return refused(path, say("the folder for the report does not exist"));
     if (!new_project.empty() && is_same_file(path, new_project))

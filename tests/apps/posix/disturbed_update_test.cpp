@@ -27,10 +27,10 @@ protected:
         builder.save(source);
     }
     // Runs the command in this process on a disk of the test.
-    int resave_on(platform::system& disk, run_mode mode) {
+    int resave_on(platform::system& disk, run_mode mode, const char* to = "N:\\out\\new._vp") {
         resave_request request;
         request.project = "C:\\prj\\area._vp";
-        request.new_project = "N:\\out\\new._vp";
+        request.new_project = to;
         request.mode = mode;
         request.manifest = true;
         const platform::system_override in_force(disk);
@@ -75,6 +75,41 @@ TEST_F(disturbed_update, keeps_files_that_are_changed_while_it_runs) {
     EXPECT_EQ(1, resave_on(somebody, run_mode::update)) << err;
     EXPECT_TRUE(is_told("it was changed since the earlier resave")) << err;
     EXPECT_EQ("edited meanwhile", read(u"N:\\out\\rtr\\a.tif"));
+}
+
+TEST_F(disturbed_update, goes_on_after_a_share_was_lost) {
+    save({u"a", u"b"});
+    struct lost_share : forwarding_system {
+        platform::outcome copy_file(const wide_string& from, const wide_string& target,
+                                    bool replace) override {
+            if (path_file_name(from) == u"b.tif") std::filesystem::rename(share, share.string() + ".away");
+            return forwarding_system::copy_file(from, target, replace);
+        }
+        std::filesystem::path share;
+    } disk;
+    disk.share = native("c") / "prj";
+    EXPECT_EQ(1, resave_on(disk, run_mode::anew)) << err;
+    std::filesystem::rename(disk.share.string() + ".away", disk.share);
+    EXPECT_EQ(0, command("resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp' --manifest --resume --json")) << err;
+    EXPECT_EQ(2U, json::parse(out).at("taken_over").size()) << out;
+    EXPECT_EQ("b 1", read(u"N:\\out\\rtr\\b.tif"));
+}
+
+TEST_F(disturbed_update, packs_no_file_that_changes_meanwhile) {
+    save({u"a"});
+    struct editor : forwarding_system {
+        platform::outcome open(const wide_string& path, platform::access wanted, platform::disposition how,
+                               std::unique_ptr<platform::file>& result) override {
+            const auto opened = forwarding_system::open(path, wanted, how, result);
+            if (path_file_name(path) == u"a.tif") std::ofstream(edited) << "A 1"; // as long as before
+            return opened;
+        }
+        std::filesystem::path edited;
+    } somebody;
+    somebody.edited = native("c") / "prj/a.tif";
+    EXPECT_EQ(3, resave_on(somebody, run_mode::anew, "N:\\sent\\new.zip")) << out;
+    EXPECT_TRUE(is_told("changed")) << err;
+    EXPECT_FALSE(std::filesystem::exists(native("n") / "sent/new.zip"));
 }
 
 } // namespace

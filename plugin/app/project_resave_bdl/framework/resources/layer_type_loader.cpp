@@ -3,7 +3,6 @@
 #include "framework/resources/layer_type_loader.h"
 
 #include <algorithm>
-#include <map>
 #include <memory>
 #include <unordered_set>
 
@@ -18,12 +17,17 @@ namespace vs::project_resave {
 
 namespace {
 
-// Keyed by the service's pointer, so that a service found under two ids counts once.
+// In the order in which they were found. A service that is found under two ids counts once.
 class layer_type_serivce final
     : public polymorphic<layer_type_service_visitor_impl, polymorphic<service_visitor_impl>> {
 public:
-    void visit(layer_type_service service) override { services.try_emplace(service.instance, service); }
-    std::map<const void*, ref<layer_type_service_impl>> services;
+    void visit(layer_type_service service) override {
+        if (known_.insert(service.instance).second) services.emplace_back(service);
+    }
+    std::vector<ref<layer_type_service_impl>> services;
+
+private:
+    std::unordered_set<const void*> known_;
 };
 
 struct dib_destroyer {
@@ -49,7 +53,7 @@ std::vector<layer_type_bitmap> layer_type_loader::load(const std::vector<wide_st
 
     std::vector<layer_type_bitmap> types;
     std::unordered_set<std::string> known;
-    for (const auto& [pointer, service] : visitor.services) {
+    for (const auto& service : visitor.services) {
         const uint32_t count = call<&layer_type_service_impl::type_count>(service.get());
         for (uint32_t index = 0; index < count; ++index) {
             const char* type = call<&layer_type_service_impl::type_name>(service.get(), index);
