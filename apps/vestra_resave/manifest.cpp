@@ -280,12 +280,13 @@ std::optional<refusal> compare_with_manifest(const wide_string& project,
     if (std::ranges::none_of(*entries, [&](const entry& each) { return path_same(each.path, project); }))
         found.differing.push_back({own_kind::manifest_lacks, {}, project, {}, {}});
     const wide_string below = path_with_separator(path_key(path_head(project)));
-    const auto [outside, end] = std::ranges::stable_partition(
-        *entries, [&](const entry& each) { return path_key(each.path).starts_with(below); });
+    const auto outside = std::stable_partition(entries->begin(), entries->end(), [&](const entry& each) {
+        return path_key(each.path).starts_with(below);
+    });
     // Not even looked up, as printing a path would: it may be any file of this computer.
-    for (auto each = outside; each != end; ++each)
+    for (auto each = outside; each != entries->end(); ++each)
         found.differing.push_back({own_kind::manifest_outside, {}, path, {}, each->path});
-    entries->erase(outside, end);
+    entries->erase(outside, entries->end());
     uint64_t bytes = 0;
     for (const entry& each : *entries) bytes += each.bytes;
     begins(bytes);
