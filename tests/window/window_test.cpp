@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QMimeData>
 #include <QPlainTextEdit>
+#include <QProcess>
 #include <QPushButton>
 #include <QTabBar>
 #include <QTableView>
@@ -89,6 +90,31 @@ TEST_F(window_test, each_session_of_a_page_is_the_same_by_mouse) {
         close();
         out += "closed, no objects left\n";
         EXPECT_EQ("", first_difference(lasting(session.told), lasting(out))) << page;
+    }
+}
+
+TEST(window_program, ends_with_a_reason_if_it_cannot_start) {
+    const struct {
+        QStringList arguments;
+        bool has_display;
+        int code;
+        const char* told;
+    } rows[] = {{{"--help"}, false, 0, "--drive X=FOLDER"},
+                {{"--bogus"}, true, 2, "--bogus"},
+                {{"--drive", "C=/none at all"}, true, 2, "vestra-resave-window: "},
+                {{}, false, 2, "no display"}};
+    for (const auto& row : rows) {
+        QProcess program;
+        QProcessEnvironment values = QProcessEnvironment::systemEnvironment();
+        for (const char* const name : {"QT_QPA_PLATFORM", "DISPLAY", "WAYLAND_DISPLAY"}) values.remove(name);
+        if (row.has_display) values.insert("QT_QPA_PLATFORM", "offscreen");
+        program.setProcessEnvironment(values);
+        program.setProcessChannelMode(QProcess::MergedChannels);
+        program.start(QCoreApplication::applicationDirPath() + "/vestra-resave-window", row.arguments);
+        ASSERT_TRUE(program.waitForFinished(60000)) << row.told;
+        const QByteArray told = program.readAll();
+        EXPECT_EQ(row.code, program.exitCode()) << row.told;
+        EXPECT_TRUE(told.contains(row.told)) << told.constData();
     }
 }
 

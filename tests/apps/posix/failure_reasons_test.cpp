@@ -113,13 +113,15 @@ TEST_F(failure_reasons, a_folder_without_the_right_to_write) {
     fs::permissions(closed, fs::perms::owner_read | fs::perms::owner_exec | fs::perms::others_exec);
     const string as_another = ::geteuid() == 0 ? "setpriv --reuid=65534 --clear-groups " : "";
     expect_reason("copy_failed", target, "Permission denied", as_another);
-    fs::permissions(native("n") / "out",
-                    fs::perms::owner_all | fs::perms::others_read | fs::perms::others_exec);
+    const fs::perms of_owner =
+        as_another.empty() ? fs::perms::owner_read | fs::perms::owner_exec : fs::perms::owner_all;
+    fs::permissions(native("n") / "out", of_owner | fs::perms::others_read | fs::perms::others_exec);
     run("exec " + as_another +
         line_of("resave 'C:\\prj\\area._vp' 'N:\\out\\new._vp' --overwrite --quiet")
             .substr(string("exec").size()));
     EXPECT_EQ(shown("vestra-resave: N:\\out: cannot be written to: Permission denied\n"), err);
-    fs::permissions(closed, fs::perms::owner_all);
+    for (const fs::path& folder : {native("n") / "out", closed})
+        fs::permissions(folder, fs::perms::owner_all);
 }
 
 // For files that the host reads and writes, path and reason are separate.

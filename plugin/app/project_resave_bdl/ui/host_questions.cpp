@@ -17,15 +17,9 @@ namespace {
 // Answers of the host's box with three buttons.
 enum box_answer : int32_t { answer_cancel = 2, answer_no = 7 };
 
-constexpr size_t most_lines_of_a_box = 25; // a longer text is shown in a dialog that scrolls
+constexpr ptrdiff_t most_lines_of_a_box = 25; // a longer text is shown in a dialog that scrolls
 
-// Returns the number of lines; a line feed at the very end does not begin another one.
-size_t line_count(const wide_string& text) {
-    const auto feeds = static_cast<size_t>(std::count(text.begin(), text.end(), u'\n'));
-    return feeds + (!text.empty() && text.back() != u'\n' ? 1 : 0);
-}
-
-// Returns the text of the message; empty if there was no problem.
+// Returns the text of the message, in which every line ends with a line feed; empty if there was no problem.
 wide_string composed(const run_report& report) {
     wide_string text;
     const std::set<wide_string> types = report.unprocessed_types();
@@ -79,7 +73,7 @@ void host_questions::show_report(const run_report& report) {
     if (!report.saved) return show_error(text::project_not_saved);
     const wide_string text = composed(report);
     if (text.empty()) return show_message(text::project_saved);
-    if (line_count(text) > most_lines_of_a_box)
+    if (std::ranges::count(text, u'\n') > most_lines_of_a_box)
         show_extended_message_dialog(text);
     else
         vs_show_wwarning((load_string(text::resave_errors) + u"\n\n" + text).c_str());
