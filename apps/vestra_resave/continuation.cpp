@@ -216,6 +216,8 @@ void continuation::add_files(std::vector<earlier_file> files) {
 void continuation::put_in_force(project_context& context, const source_elements& source, trial_disk* trial) {
     trial_ = trial;
     sources_ = context.sizes.known_paths();
+    // A source that was already missing does not come back. A trial does not need to know.
+    if (!trial) std::erase_if(sources_, [](const wide_string& path) { return !path_exists(path); });
     platform::system& real = trial ? trial->below() : platform::current_system();
     if (!trial) {
         journal_ = std::make_unique<journal_disk>(real, target_);

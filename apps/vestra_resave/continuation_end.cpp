@@ -28,7 +28,8 @@ bool may_succeed_later(const std::vector<wide_string>& sources, const resave_rep
     using platform::failure;
     std::unordered_set<wide_string> lost; // path keys
     for (const problem& each : report.problems) {
-        if (each.kind != name_of(fact_kind::copy_failed) && each.kind != name_of(fact_kind::source_lost))
+        if (each.kind != name_of(fact_kind::copy_failed) && each.kind != name_of(fact_kind::source_lost) &&
+            each.kind != name_of(fact_kind::not_read))
             continue;
         // Compared by text, because problems keep only the reason in words.
         for (const failure known : {failure::disk_full, failure::damaged, failure::in_use})
@@ -37,8 +38,9 @@ bool may_succeed_later(const std::vector<wide_string>& sources, const resave_rep
     }
     if (lost.empty()) return false;
     // Sources that existed when the project was loaded.
-    return std::ranges::any_of(sources,
-                               [&](const wide_string& path) { return lost.contains(path_key(path)); });
+    return std::ranges::any_of(sources, [&](const wide_string& path) {
+        return lost.contains(path_key(path)) || lost.contains(path_key(path_normalise(path_head(path))));
+    });
 }
 
 // True for a problem that leaves the run without a source, or without knowing all sources. Then a file that
