@@ -41,7 +41,7 @@ std::string amounts(uint64_t done, uint64_t total) {
     while (static_cast<double>(total) / scale >= 1024 && unit + 1 < in.units.size()) scale *= 1024, ++unit;
     const auto in_unit = [&](uint64_t bytes) { // not by snprintf, which follows the locale
         std::array<char, 32> digits{};
-        const char* const end =
+        char* const end =
             std::to_chars(digits.data(), digits.data() + digits.size(), static_cast<double>(bytes) / scale,
                           std::chars_format::fixed, unit == 0 ? 0 : 1)
                 .ptr;
