@@ -76,6 +76,7 @@ std::unique_ptr<toolkit::app_window> open_window(terminal_host& host) {
         host.connect();
         window = std::make_unique<toolkit::app_window>(tool);
     }
+    host.check_services(false); // a bundle may only have the tool
     return window;
 }
 

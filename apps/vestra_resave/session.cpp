@@ -117,7 +117,7 @@ session::session(const common_options& options, const decided_answers& answers)
     own_->host.start_own_bundle();
     own_->host.load_bundles();
     own_->host.connect();
-    own_->host.check_services();
+    own_->host.check_services(true);
     // Only now have all bundles registered; a service that is missing here is missing for the whole session.
     collect_resave_services(services_);
     context_ = std::make_unique<project_context>(&services_, questions_);

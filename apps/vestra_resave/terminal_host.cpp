@@ -107,8 +107,8 @@ void terminal_host::connect() {
     dialogs_.emplace(dialog_runner_);
 }
 
-void terminal_host::check_services() {
-    if (const auto error = bundles_.without_service(u"vestra/resave_project"))
+void terminal_host::check_services(bool must_have_one) {
+    if (const auto error = bundles_.find_fault(u"vestra/resave_project", must_have_one))
         throw bundle_not_loaded{error->path, error->reason};
 }
 

@@ -51,8 +51,9 @@ public:
     // Lets bundles without a service get those of others, and shows their dialogs on the terminal. Call it
     // after bundles were added, each time.
     void connect();
-    // Throws if a bundle has nothing for a resave: its data would be left out without a word.
-    void check_services();
+    // Throws if a resave cannot use a service of a bundle, or if it has none although it `must_have_one`: its
+    // data would be left out without a word.
+    void check_services(bool must_have_one);
     // Returns the front end of the terminal.
     shell::terminal_front_end& front_end() { return front_end_; }
 

@@ -68,9 +68,15 @@ struct main_window::host {
     host(const host&) = delete;
     host& operator=(const host&) = delete;
 
+    static void throw_refused(const shell::load_error& error) {
+        throw no_tool{platform::native_text(error.path) + ": " + platform::to_utf8(error.reason)};
+    }
     void load(const wide_string& library) {
-        if (const auto error = bundles.load(library))
-            throw no_tool{platform::native_text(error->path) + ": " + platform::to_utf8(error->reason)};
+        if (const auto error = bundles.load(library)) throw_refused(*error);
+    }
+    // A bundle may only have the tool.
+    void check_services() {
+        if (const auto error = bundles.find_fault(u"vestra/resave_project", false)) throw_refused(*error);
     }
     void connect() {
         registry.start_clients();
@@ -124,6 +130,7 @@ void main_window::start() {
         tool_ = std::make_unique<toolkit::app_window>(tool_id);
     }
     if (!tool_->is_open()) throw no_tool{"no bundle offers the tool"};
+    host_->check_services();
     view_ = new qt::tool_view(*tool_);
     view_->widgets().around_button = [this](std::int32_t, const auto& press) { run(press); };
     view_->widgets().on_close = [this](std::int32_t) { closer_.start(0); };

@@ -69,9 +69,9 @@ std::optional<load_error> bundle_loader::start(entry_function entry, std::unique
     return std::nullopt;
 }
 
-std::optional<load_error> bundle_loader::without_service(wide_view id) {
+std::optional<load_error> bundle_loader::find_fault(wide_view id, bool must_have_one) {
     for (const auto& bundle : bundles_)
-        if (wide_string fault = registry_.fault_of(id, bundle->context()); !fault.empty())
+        if (wide_string fault = registry_.fault_of(id, bundle->context(), must_have_one); !fault.empty())
             return load_error{bundle->path(), std::move(fault)};
     return std::nullopt;
 }

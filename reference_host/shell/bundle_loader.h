@@ -37,8 +37,9 @@ public:
     std::optional<load_error> start(entry_function entry);
     std::optional<load_error> load(const wide_string& path);
 
-    // Returns the first library that has no service under this id, or one that cannot be used.
-    std::optional<load_error> without_service(wide_view id);
+    // Returns the first library that has a service under this id which cannot be used, or has none although
+    // it `must_have_one`.
+    std::optional<load_error> find_fault(wide_view id, bool must_have_one);
 
     // Releases the registry's services and unloads the bundles in reverse order. The factories of a bundle
     // are removed before its library is unloaded. May be called again; then it does nothing.

@@ -90,7 +90,7 @@ void service_registry::visit_services(wide_view id, const identity_pointer& visi
     }
 }
 
-wide_string service_registry::fault_of(wide_view id, const bundle_context& context) {
+wide_string service_registry::fault_of(wide_view id, const bundle_context& context, bool must_have_one) {
     bool has_service = false;
     const auto offers = offers_;
     for (const auto& offered : offers) {
@@ -105,7 +105,7 @@ wide_string service_registry::fault_of(wide_view id, const bundle_context& conte
         return service ? u"one of its services has a version that this program does not know"
                        : u"one of its services could not be started";
     }
-    return has_service ? u"" : u"it has no service for a resave";
+    return has_service || !must_have_one ? u"" : u"it has no service for a resave";
 }
 
 void service_registry::release_services() { release_services_of(nullptr); }

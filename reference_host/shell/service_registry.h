@@ -35,9 +35,10 @@ public:
     // first use; a factory that is being asked further up the call stack is skipped.
     void visit_services(wide_view id, const vs::project_resave::identity_pointer& visitor);
 
-    // Returns why the bundle with this context has nothing for visitors with this id; empty if it has a
-    // service. Services are started for that.
-    wide_string fault_of(wide_view id, const vs::project_resave::bundle_context& context);
+    // Returns why visitors with this id cannot use a service of the bundle with this context; empty if they
+    // can use all of them. Having none is a fault if the bundle `must_have_one`. Services are started for
+    // that.
+    wide_string fault_of(wide_view id, const vs::project_resave::bundle_context& context, bool must_have_one);
 
     // Releases services in the reverse order of their creation: all of them, or those of one bundle, whose
     // factories are removed too. Other holders of a service keep their references.

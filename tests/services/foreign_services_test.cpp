@@ -286,7 +286,7 @@ TEST_F(foreign_services, a_bundle_with_a_service_that_cannot_be_used_is_reported
         wish.throws = throws;
         loader.unload_all();
         start(false);
-        const auto error = loader.without_service(u"vestra/resave_project");
+        const auto error = loader.find_fault(u"vestra/resave_project", true);
         return error ? error->reason : wide_string();
     };
     offer<moody_service, resave_service_impl>();
