@@ -107,4 +107,4 @@ check: packages
 	@BASE=$(BASE) tools/run_clang_tidy $(if $(ALL),all)
 
 clean:
-	@rm -rf build build-check build-debug build-fast build-sanitize build-fuzz build-windows
+	@rm -rf build build-check build-debug build-fast build-sanitize build-fuzz build-mutate build-windows

@@ -134,11 +134,18 @@ protected:
     }
 };
 
-TEST_F(stopping, leaves_the_target_as_it_was_or_whole_copies_and_no_project) {
+TEST_F(stopping, with_an_erasure_leaves_the_target_as_it_was) {
     settings.save_layer_files = settings.save_scene_files = true;
-    for (const answer given : {answer::yes, answer::no}) stop_everywhere(given, SIZE_MAX);
+    stop_everywhere(answer::yes, SIZE_MAX);
     copy_sample();
-    for (const answer given : {answer::yes, answer::no}) stop_everywhere(given, 2);
+    stop_everywhere(answer::yes, 2);
+}
+
+TEST_F(stopping, without_an_erasure_leaves_whole_copies_and_no_project) {
+    settings.save_layer_files = settings.save_scene_files = true;
+    stop_everywhere(answer::no, SIZE_MAX);
+    copy_sample();
+    stop_everywhere(answer::no, 2);
 }
 
 TEST_F(stopping, a_cancelled_stop_changes_nothing) {
