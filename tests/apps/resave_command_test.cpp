@@ -230,7 +230,7 @@ TEST_F(resave_command, the_exit_status_and_the_error_output_report_the_outcome) 
         {"resave ''" + to, 2, {"PROJECT"}},
         {area + "--deselect nobody", 2, {"nobody"}},
         {area + "--structure sideways", 2, {"sideways"}},
-        {area + "--drive E=/no/such/folder", 2, {"drive"}},
+        {area + "--drive E=/no/such/folder", 2, {"\"E=/no/such/folder\""}},
         {"resave 'C:\\prj\\none._vp'" + to, 2, {"C:\\prj\\none._vp"}},
         {"resave 'C:\\prj\\bad._vp'" + to, 2, {"C:\\prj\\bad._vp: could not be loaded: line 2: "}},
         {a + "'N:\\out'", 2, {"N:\\out: is a folder"}},
