@@ -22,8 +22,8 @@ using fate = continued_disk::fate;
 
 namespace {
 
-// True if a disk was full or a share was lost during the run, so that the same run can succeed later. For
-// other failures the journal would only refuse the next run without a reason.
+// True if a disk was full or a share was lost during the run, so that the same run can succeed later. After
+// other failures a journal would only make the next run refuse, although resuming cannot help.
 bool may_succeed_later(const std::vector<wide_string>& sources, const resave_report& report) {
     using platform::failure;
     std::unordered_set<wide_string> lost; // path keys
@@ -57,8 +57,8 @@ bool is_loss(const problem& found) {
     return std::ranges::find(kinds, found.kind) != std::end(kinds);
 }
 
-// True if a scene file written in the trial equals the existing one. Scene files have references of their
-// own.
+// True if a scene file written in the trial equals the existing one. Its references are rewritten, so it
+// cannot be compared with its source.
 bool is_written_alike(const wide_string& path, platform::system& real) {
     if (!path_extension(path).starts_with(u"._")) return false;
     std::string planned, existing;
@@ -69,7 +69,7 @@ bool is_written_alike(const wide_string& path, platform::system& real) {
 }
 
 // Returns the sets in which a file, other than a companion of a copy, has lost its source. A companion that
-// vanished from the source is meant to go, because programs would read it with the copy.
+// vanished from the source should be removed, because programs would read it with the copy.
 std::unordered_set<wide_string> last_copies(const std::vector<const continued_disk::row*>& left,
                                             const placed_copies& copies) {
     std::unordered_set<wide_string> sets;
@@ -224,13 +224,13 @@ void continuation::end_journal(resave_report& report) {
 }
 
 void continuation::abandon() {
-    // An update whose files were erased can have replaced files that are not in the manifest.
+    // Even if the files of an update were erased, it may have replaced files that are not in the manifest.
     const bool is_needed = has_journal_ || (disk_ && journal_ && journal_->has_made());
     if (journal_ && !is_journal_ended_) close_journal(!is_needed);
 }
 
 platform::outcome continuation::close_journal(bool removes) {
-    // In the reverse order of their installation. The journal ends after nothing can be recorded any more.
+    // Uninstalled in reverse order. The journal ends last, when nothing more can be recorded.
     disk_in_force_.reset();
     journal_in_force_.reset();
     is_journal_ended_ = true;

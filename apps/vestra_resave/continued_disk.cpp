@@ -18,8 +18,8 @@ namespace {
 
 wide_string folder_key_of(const wide_string& key) { return path_key(path_head(key)); }
 
-// Uses the precision of the least exact common file system; one with whole seconds makes a copy count as
-// changed.
+// Allows for file systems that store times in steps of 100 ns. On one that stores whole seconds a copy counts
+// as changed.
 bool is_same_time(int64_t a, int64_t b) { return std::abs(a - b) < 100; }
 
 // A copy has the time of its source, so equal size and time mean equal content. Reading instead would cost as
@@ -187,8 +187,8 @@ void continued_disk::check_set(const wide_string& key, file_set& set) {
     for (entry* each : set.made) check(*each);
     const auto is = [](fate wanted) { return [wanted](const entry* each) { return each->what == wanted; }; };
     bool is_changed = std::ranges::any_of(set.made, is(fate::changed));
-    // Files that the user added matter only if the set would be replaced, which needs the sources to be
-    // looked at.
+    // Files that the user added matter only if the set would be replaced. To decide that, the sources are
+    // examined, but only if there are such files.
     if (!is_changed && has_strangers(key, set))
         is_changed = std::ranges::any_of(set.made, [&](const entry* each) {
             const earlier_file& file = each->file;
@@ -212,7 +212,7 @@ bool continued_disk::has_strangers(const wide_string& set_key, const file_set& s
     if (is_new)
         for (const auto& each : platform::entries_or_none(inner(), folder)) {
             const wide_string name = path_key(each.name);
-            // These share the project's stem but are no files of the user.
+            // The command's own files share the project's stem; the user did not add them.
             const bool is_of_command = name.ends_with(u".manifest.json") || name.ends_with(journal_name_end);
             const entry* const known = find(folder + name);
             if (!each.is_folder && !is_of_command) ++at->second[known ? known->set : set_of(folder + name)];

@@ -146,8 +146,8 @@ element tos_tables(vs_toss_data* all) {
     return shown;
 }
 
-// An element without a unit takes no part in a resave, so it cannot be left out. The exception are layers of
-// types that nothing resaves, which can be left out of the report.
+// An element without a unit takes no part in a resave, so it cannot be left out. The exception is layers of
+// types that nothing resaves: they can be left out of the report.
 void keep_without_unit(std::vector<element>& elements, project_context& context) {
     for (element& each : elements) {
         if (each.kind != "layer" && !context.units.find(each.uuid)) each.selectable = false;
@@ -191,7 +191,7 @@ std::vector<element> elements_of(project_context& context) {
     const uint32_t plugins = vs_prj_get_plugin_scns_2d_count(project);
     for (uint32_t index = 0; index < plugins; ++index)
         all.push_back(flat_scenes("sheet", vs_prj_get_plugin_scns_2d_ptr(project, index)));
-    // Before the items of services, which have no units and say themselves whether they can be left out.
+    // Called before the items of services are added: they have no units, and each already has its own flag.
     keep_without_unit(all, context);
     std::ranges::move(kept_by_services(context), std::back_inserter(all));
     return all;

@@ -201,7 +201,7 @@ wide_string as_on_disk(const wide_string& path) {
     if (path.find_last_of(path_separators) == wide_string::npos) return path; // such as "N:name"
     wide_string whole = path_normalise(path), spelled;
     const wide_string head = path_head(whole);
-    // The part that exists is spelled as on the disk, however long the rest is.
+    // If only the beginning of the path exists, that part is spelled as on the disk.
     if (true_case_path(whole, spelled)) return spelled;
     if (head.empty() || whole.size() <= path_fixed_length(whole)) return whole;
     return path_join(as_on_disk(head), path_file_name(whole));
@@ -296,8 +296,8 @@ std::string what_of(const problem& found) {
 
 problem_words words_of(const problem& found) {
     const auto* const row = std::ranges::find(all_kinds, found.kind, &kind_words::name);
-    // The line begins with the source if the text names the copy, otherwise with the copy, which is what
-    // failed.
+    // The line begins with the source if the text itself names the copy. Otherwise the copy is what failed,
+    // and the line begins with it.
     const bool names_new_path = say(row->text).find("%1") != std::string::npos;
     return {printed(found.new_path.empty() || names_new_path ? found.path : found.new_path), what_of(found),
             one_line(platform::from_utf8(say_known(to_utf8(found.reason)))), holder_of(found)};

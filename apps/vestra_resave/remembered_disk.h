@@ -30,8 +30,8 @@ class remembered_disk final : public vs::project_resave::forwarding_system {
 public:
     using forwarding_system::forwarding_system;
 
-    // Switches the cache on or off and discards its content. Initially it is on. Call it with true when other
-    // code may have changed the disk below this one, too.
+    // Switches the cache on or off and discards its content. Initially it is on. Call it with true
+    // also after other code may have changed the disk below this one.
     void remember(bool on) {
         remembers_ = on;
         ends_at_write_ = false;
@@ -41,9 +41,8 @@ public:
     // cache.
     void remember_until_write() { ends_at_write_ = true; }
 
-    // Keeps what is known of existing files while the caller writes nothing but new files: answers from
-    // between the beginning and the end of the scope are discarded, and nothing is discarded because of its
-    // writes.
+    // Keeps what is known of existing files while the caller only creates new files. The writes of this scope
+    // discard nothing that was known before it; answers given during the scope are discarded at its end.
     class kept_answers {
     public:
         explicit kept_answers(remembered_disk& disk);

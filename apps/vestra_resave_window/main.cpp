@@ -31,8 +31,9 @@ struct command_line {
     std::_Exit(2);
 }
 
-// Qt aborts the program if it finds no display. The message before that is the only chance to end with a
-// status and a line that a user understands. Warnings of Qt are for developers and are dropped.
+// Qt aborts the program if it finds no display. It logs a message first, and this handler
+// then ends the program with an exit status and a line that a user understands. Warnings of Qt are for
+// developers and are dropped.
 void on_message(QtMsgType type, const QMessageLogContext&, const QString& text) {
     if (type == QtFatalMsg) {
         if (!QCoreApplication::instance() || QCoreApplication::startingUp()) end_without_display();
@@ -75,7 +76,8 @@ std::optional<int> parse(int argc, char** argv, command_line& line) {
     return std::nullopt;
 }
 
-// Maps the stored drives and then those of the command line. Returns an error for a wrong one of the latter.
+// Maps the stored drives and then those of the command line. Returns an error if one of the command line is
+// invalid.
 std::optional<std::string> map_all_drives(const window::stored_settings& stored,
                                           const std::vector<std::string>& drives) {
     window::map_drives(stored.drives()); // a stored folder that no longer exists is ignored
@@ -112,7 +114,7 @@ int show_window(const command_line& line) {
 
 int main(int argc, char** argv) {
     command_line line;
-    // Before the display is looked for: the build runs the program for its manual page.
+    // Parsed before the check for a display: the build prints the manual page without one.
     if (const auto end = parse(argc, argv, line)) return *end;
     if (!has_display()) end_without_display();
     qInstallMessageHandler(&on_message);

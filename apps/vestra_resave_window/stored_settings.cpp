@@ -49,8 +49,8 @@ void stored_settings::add_recent(const QString& project) {
 }
 
 QStringList map_drives(const std::vector<stored_settings::drive>& drives) {
-    // `reset` starts with the drives of this variable, which loading a library has set to the mapping of that
-    // time.
+    // `reset` maps the drives of this variable. Loading a library has replaced its value by the drives that
+    // were mapped then, so the value from the start of the program is restored first.
     qputenv("VESTRA_DRIVES", of_environment);
     QStringList wrong;
     platform::mapped_volumes().reset();

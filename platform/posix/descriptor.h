@@ -63,7 +63,8 @@ private:
 // Creates a file, or opens an existing one, without blocking on a pipe. `flags` (O_CREAT is added) and `mode`
 // are those of the operating system's open.
 outcome create_native(const std::string& path, int flags, unsigned mode, descriptor& opened);
-// Opens an existing file without blocking on a pipe: in the spelling of `path`, or else in another one.
+// Opens an existing file without blocking on a pipe. If there is none with the spelling of `path`, opens one
+// whose path differs only in letter case.
 outcome open_existing(const wide_string& path, int flags, descriptor& opened);
 // Sets `status` to that of the opened file; fails unless it is a regular file.
 outcome regular_status(const descriptor& opened, struct stat& status);

@@ -61,8 +61,9 @@ private:
     descriptor content_;
 };
 
-// Sets `result` to a file made of `opened` if that is a regular file: shared between readers, exclusive for a
-// writer, and emptied if `empties`. The lock is advisory: it only affects processes that use it too.
+// Sets `result` to the file of `opened`, emptied if `empties`; fails unless that is a regular file. The lock
+// is shared between readers and exclusive for a writer. It is advisory: only processes that also lock the
+// file respect it.
 outcome lock_regular_file(descriptor opened, bool writes, bool empties, std::unique_ptr<file>& result) {
     struct stat status {};
     if (const outcome regular = regular_status(opened, status); !regular) return regular;
@@ -70,7 +71,7 @@ outcome lock_regular_file(descriptor opened, bool writes, bool empties, std::uni
     // On a file system without locks the file is used without one.
     const int lock = (writes ? LOCK_EX : LOCK_SH) | LOCK_NB;
     if (::flock(opened.get(), lock) != 0 && errno == EWOULDBLOCK) return failure::in_use;
-    // Only after the lock: a file that another program has open keeps its content.
+    // Emptied only after the lock, so that a file locked by another program keeps its content.
     if (empties && ::ftruncate(opened.get(), 0) != 0) return outcome::last();
     result = std::make_unique<open_file>(std::move(opened));
     return {};

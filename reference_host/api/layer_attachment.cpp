@@ -1,4 +1,4 @@
-// The objects behind a layer's interfaces and its table of extra values, which must live as long as the
+// Implements a layer's interfaces and its table of extra values. These objects must live as long as the
 // layer.
 #include "reference_host/api/layer_attachment.h"
 
@@ -30,7 +30,7 @@ void layer_attachment::profile::member_uuid(std::int32_t index, vs::project_resa
 vs_scn_2d* layer_attachment::legend::scene() { return to_handle<vs_scn_2d>(layer_.legend.get()); }
 
 layer_attachment& attachment_of(layer& owner) {
-    // The model keeps it as an untyped pointer, because it must not know the C functions.
+    // The model must not know the C functions, so it keeps the attachment as an untyped pointer.
     if (!owner.attached) owner.attached = std::make_shared<layer_attachment>(owner);
     return *static_cast<layer_attachment*>(owner.attached.get());
 }

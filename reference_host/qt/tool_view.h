@@ -34,8 +34,8 @@ public:
     // The window must outlive the runner.
     explicit window_dialog_runner(QWidget& window) : window_(window) {}
 
-    // Runs an event loop until the dialog is closed. Returns the code of the button; for a dialog without
-    // buttons 1 for OK; 0 if it was cancelled.
+    // Runs an event loop until the dialog is closed. Returns 0 if it was cancelled, otherwise the
+    // code of the button. A dialog without buttons gets an OK button, whose code is 1.
     std::int32_t run(vs::project_resave::docker content) override;
 
 private:

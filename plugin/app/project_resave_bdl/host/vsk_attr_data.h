@@ -18,7 +18,7 @@ void vs_attrs_data_del(vs_attrs_data* tables, uint32_t index);
 
 // Returns the same table as an entity.
 vs_entity* vs_table_data_safe_upcast(vs_table_data* table);
-// Returns the same DBF table as a table of either kind.
+// Returns the same table under the handle type that DBF and TOS tables share.
 vs_table_data* vs_attr_data_safe_upcast(vs_attr_data* table);
 // Returns the DBF table that a layer's data is; null if the data is of another kind.
 vs_attr_data* vs_attr_data_safe_downcast(vs_data* data);

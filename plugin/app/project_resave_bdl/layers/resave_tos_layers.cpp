@@ -138,8 +138,8 @@ wide_string Tvs_resave_tos_lr::place_model_file(const wide_string& source, text:
             copy_tos_files(source, target, *context);
     }
     if (target.empty()) return target;
-    // The reference is used as the layer stores it: if it has a mark it is not a folder to start from, so the
-    // path stays absolute.
+    // The layer's reference is passed as stored. A reference that begins with a mark has no folder, so the
+    // path then stays absolute.
     return path_relative(host_string(&vs_lr_get_wfilename, layer), target);
 }
 

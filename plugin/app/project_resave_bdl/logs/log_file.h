@@ -113,8 +113,8 @@ public:
     void enter(const wide_string& text);
     void leave(const wide_string& text);
 
-    // Empties the file and writes the line at the current depth.
 private:
+    // Empties the file and writes the line at the current depth.
     void write_only_line(const wide_string& text);
 };
 

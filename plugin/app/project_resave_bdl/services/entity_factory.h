@@ -16,7 +16,7 @@
 
 namespace vs::project_resave {
 
-// Finds the services by which bundles take part, including this bundle's own.
+// The services by which bundles, including this one, take part in a resave.
 
 using resave_services = std::vector<ref<resave_service_impl>>;
 using resave_entity_services = std::vector<ref<resave_entity_service_impl>>;

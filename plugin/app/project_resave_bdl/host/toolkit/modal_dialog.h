@@ -11,8 +11,8 @@
 
 namespace vs::project_resave {
 
-// Who implements: the host. Who calls: the bundle. It must outlive the connection or be a referent: a dialog
-// keeps no ref, which would keep the runner alive.
+// Who implements: the host. Who calls: the bundle. A dialog holds only a weak ref, which does not keep the
+// runner alive. A runner that is not a referent must outlive the connection.
 class dialog_runner_impl : public interface_of<dialog_runner_impl> {
 public:
     static constexpr const char* name = "vs_dialog_runner_interface_1";
