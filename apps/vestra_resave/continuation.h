@@ -6,8 +6,8 @@
 //
 //    find, session::load, put_in_force, begin_journal, the run, end_files, end_journal
 //
-// `abandon` takes the place of the calls after it if the run does not take place; if its files were erased,
-// it comes before `end_files`.
+// If the run does not take place, call `abandon` instead of the remaining functions. If the run was stopped
+// and its files were erased, call `abandon` before `end_files`.
 #pragma once
 
 #include <memory>
@@ -49,9 +49,9 @@ public:
     // True if the existing project at the target is the earlier run's and can be replaced.
     bool may_replace_project() const { return may_replace_project_; }
 
-    // Makes this object's disks the current ones: that of the journal, and above it the one that hides files;
-    // in a dry run only the latter, below the trial disk. The source must be loaded, and `context` must be
-    // the one that runs. Without an earlier run nothing is hidden.
+    // Makes this object's disks the current ones: the disk of the journal, and on top of it the disk that
+    // hides files. A dry run has no journal disk, and the trial disk is on top. The source must be loaded,
+    // and `context` must be the one that runs. Without an earlier run nothing is hidden.
     void put_in_force(vs::project_resave::project_context& context, const source_elements& source,
                       trial_disk* trial);
     // Begins the journal, except in a dry run, and flushes it to the disk. The target's folder must exist.
@@ -77,23 +77,25 @@ public:
     // information that is in it. Call it between `end_files` and `end_journal`.
     void keep_journal() { is_broken_off_ = true; }
 
-    // Adds to the report what became of the earlier files, and removes those that are to be removed, but only
-    // if the run saved its project. After that the disk hides nothing. Call it before another project is
-    // loaded, while placement and guard of the context are still those of the run.
+    // Adds to the report what became of the earlier files. If the run saved its project, removes those that
+    // are incomplete, and with --resume or --prune those that the result does not use. After that the disk
+    // hides nothing. Call it before another project is loaded, while placement and guard of the context are
+    // still those of the run.
     void end_files(vs::project_resave::project_context& context, resave_report& report);
     // Flushes the new project, its manifest and its folder to the disk if the run saved, and then ends the
-    // journal: it is removed, or kept and flushed if the run can be resumed. A failed flush of the project
-    // makes the report one of a run that did not save. The disks are no longer in use afterwards.
+    // journal: it is removed, or kept and flushed if the run can be resumed. If the project cannot be
+    // flushed, the report is changed to "not saved". The disks are no longer in use afterwards.
     void end_journal(resave_report& report);
     // Ends the journal of a run that left nothing. A journal that existed before is kept, since the files
-    // that it lists still exist. Does nothing if the journal has not begun or has ended.
+    // that it lists still exist, and so is that of an update or resume that made a change. Does nothing if
+    // the journal has not begun or has ended.
     void abandon();
 
 private:
     std::vector<const continued_disk::row*> unreferenced();
     std::vector<earlier_file> files_that_are(std::initializer_list<continued_disk::fate> wanted);
-    // True in a resumed run, which leaves no files that the previous run began and that are not part of the
-    // result.
+    // True if files of earlier runs that are not part of the result are to be removed: with --resume or
+    // --prune.
     bool removes_unreferenced() const;
     std::optional<refusal> find_to_resume(session& host);
     std::optional<refusal> find_to_update(session& host);
@@ -117,14 +119,14 @@ private:
     bool may_replace_project_ = false, has_manifest_ = false, has_journal_ = false, is_recorded_ = false,
          is_journal_ended_ = false;
     std::string asked_;                              // the request as recorded in the journal
-    std::vector<earlier_file> earlier_copy_, files_; // those in the manifest; all
+    std::vector<earlier_file> earlier_copy_, files_; // of the manifest or project; all
     trial_disk* trial_ = nullptr;
     std::unique_ptr<journal_disk> journal_;
     std::optional<platform::system_override> journal_in_force_;
     std::unique_ptr<continued_disk> disk_;
     std::optional<platform::system_override> disk_in_force_;
     std::vector<wide_string> sources_; // existing files of the project, as known before the run
-    bool is_broken_off_ = false;       // even though the project was saved
+    bool is_broken_off_ = false;       // the run can be resumed although the project was saved
     std::vector<continued_disk::row> rows_;
 };
 

@@ -1,7 +1,7 @@
-// A disk that keeps the journal of a run: each change is recorded before it is made and again when it is
-// complete. earlier_files.h describes the format and reads it. Before `begin` and after `end` calls are only
-// forwarded. In between the journal is open for writing, so another process can find out that a run is
-// active. Main thread only.
+// A disk that keeps the journal of a run. It records each file and folder before it is created or
+// replaced. A complete copy and a removal are recorded afterwards. earlier_files.h describes the format and
+// reads it. Before `begin` and after `end` calls are only forwarded. In between the journal is open for
+// writing, so another process can find out that a run is active. Main thread only.
 #pragma once
 
 #include <chrono>
@@ -36,7 +36,8 @@ public:
     // From now on computes the digests of copies while they are made, for a manifest. A copy whose content
     // did not pass through this process, such as one with shared blocks or holes, has none.
     void keep_digests() { keeps_digests_ = true; }
-    // Returns the copies made since whose digest is known, by path key: size, time and digest.
+    // Returns the copies made since `keep_digests` whose digest is known, by path key, with size, time and
+    // digest.
     const std::unordered_map<wide_string, earlier_file>& digests() const { return digests_; }
     // Ends the journal: removes it, or keeps and flushes it. Returns the first failure. Later changes are not
     // recorded.
@@ -48,9 +49,9 @@ public:
     // True if anything was copied, created or written since `begin`.
     bool has_made() const { return has_made_; }
 
-    // These operations fail without changing anything if the journal cannot be written: a change without a
-    // record would be taken for a file of the user. The removals are recorded afterwards and fail only by
-    // themselves.
+    // The operations that create or replace fail without changing anything if the journal cannot be written:
+    // a file without a record would be taken for a file of the user. A removal does not depend on the
+    // journal.
     platform::outcome copy_file(const wide_string& source, const wide_string& target, bool replace) override;
     platform::outcome create_folder(const wide_string& path) override;
     platform::outcome rename_over(const wide_string& from, const wide_string& to) override;

@@ -65,8 +65,8 @@ private:
     vestra::project project_;
 };
 
-// Opens the tool of a bundle given by --bundle, otherwise of the bundle installed with this program. That one
-// is loaded as a library, as any host would, although the bundle is linked in as well.
+// Opens the tool of a bundle given by --bundle, otherwise of the bundle installed with this program. The
+// installed bundle is loaded as a library, as in any host, although it is linked into this program as well.
 std::unique_ptr<toolkit::app_window> open_window(terminal_host& host) {
     host.load_bundles();
     host.connect();

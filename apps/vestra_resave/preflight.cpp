@@ -105,10 +105,10 @@ platform::outcome try_name(const wide_string& folder, const wide_string& name) {
     std::unique_ptr<platform::file> file;
     platform::outcome created = platform::current_system().open(path, platform::access::read_write,
                                                                 platform::disposition::create_new, file);
-    // That the name is taken shows that the disk can store it.
+    // If the name is taken, the disk can store it.
     if (created.is(platform::failure::taken)) {
-        // Left by a killed run.
-        // Removed only if it is empty, since only then it is surely such a file.
+        // A killed run may have left the file. It is removed only if it is empty, since a file with content
+        // is not from such a run.
         const platform::entry_status left = platform::current_system().status_of(path);
         if (left.kind == platform::entry_kind::file && left.bytes == 0)
             platform::current_system().delete_file(path);
@@ -122,9 +122,9 @@ platform::outcome try_name(const wide_string& folder, const wide_string& name) {
     return removed;
 }
 
-// The space that a set of files and its companions need, each file counted once. Sizes are rounded up to
-// whole blocks of a size that few file systems go below. If copies of an earlier run count as free space,
-// blocks are not used, so that the result is never more than what is needed.
+// The space that a set of files and its companions need, each file counted once. In a new run sizes
+// are rounded up to blocks of the size that most file systems use. A run that continues an earlier one counts
+// exact sizes, so that it is not refused for space that it does not need.
 class needed_space {
 public:
     needed_space(companion_choice which, bool in_blocks) : which_(which), in_blocks_(in_blocks) {}
@@ -156,7 +156,7 @@ public:
                 const wide_string path = head + found.name;
                 if (!found.is_known && which_ != companion_choice::all) continue;
                 if (seen.contains(path_key(path)) || !companions.insert(path_key(path)).second) continue;
-                // Of the real disk, as folders are listed there.
+                // Asks the real disk for the size, because the folders are listed there as well.
                 bytes += taken_by(static_cast<double>(platform::operating_system().file_size(path)));
                 note_name(found.name);
             }
@@ -179,8 +179,8 @@ private:
     listed_folders folders_;
 };
 
-// With a folder for each scene, files shared by several scenes are copied for each of them; no other files
-// are.
+// With a folder for each scene, only files of scenes are copied, and a file of several scenes is copied for
+// each of them.
 needed_space space_for(const resave_request& request, const project_context& context,
                        const source_elements& source) {
     needed_space all(request.companions, request.mode == run_mode::anew);

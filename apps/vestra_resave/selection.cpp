@@ -50,8 +50,8 @@ public:
     explicit directory(const std::vector<element>& elements) {
         for (const element& each : elements) enter(each, {}, {});
     }
-    // Returns the elements that the name means. If it fits none, or several, returns nothing and adds a
-    // message.
+    // Returns the elements that the name means; several only for a keyword or a pattern. If there are none,
+    // if a caption is ambiguous, or if none of them can be left out, returns nothing and adds a message.
     std::vector<const element*> find(const std::string& name, std::vector<std::string>& complaints) const;
 
 private:
@@ -69,7 +69,7 @@ void directory::enter(const element& each, const wide_string& holders, const wid
     all_.push_back(&each);
     if (!each.uuid.empty()) {
         by_name_[folded(each.uuid)].push_back({&each, holders});
-        // Otherwise the name would seem to mean two elements.
+        // An element whose caption is its uuid is entered once, so that messages count it once.
         if (folded(each.caption) != folded(each.uuid))
             by_name_[folded(each.caption)].push_back({&each, holders});
     }
@@ -141,7 +141,8 @@ void leave_out(const element& each, selection_register& selection) {
     for (const element& child : each.children) leave_out(child, selection);
 }
 
-// True if the element or any of its descendants is wanted.
+// Leaves out the elements that neither are wanted nor contain a wanted one; everything inside a wanted
+// element stays. Returns true if the element or any of its descendants is wanted.
 bool keep_only(const element& each, const std::unordered_set<const element*>& wanted,
                selection_register& selection) {
     if (wanted.contains(&each)) return true;
@@ -152,7 +153,7 @@ bool keep_only(const element& each, const std::unordered_set<const element*>& wa
     return holds_wanted;
 }
 
-// True if the element or any of its descendants can be left out and is not.
+// True if the element or any of its descendants is selectable and selected.
 bool is_any_selected(const element& each, const selection_register& selection) {
     return (each.selectable && selection.is_selected(each.uuid)) ||
            std::ranges::any_of(each.children,
@@ -177,8 +178,8 @@ std::vector<std::string> apply(const selection_request& request, const std::vect
     if (!wanted.empty())
         for (const element& each : elements) keep_only(each, wanted, selection);
     for (const element* each : unwanted) leave_out(*each, selection);
-    // The parent of a named element stays selected even if --deselect names the element, too, so only what
-    // was named counts.
+    // With --only, the parent of a named element stays selected even if --deselect leaves the element out.
+    // Therefore only the elements named by --only are checked.
     const bool is_any_left =
         wanted.empty()
             ? std::ranges::any_of(elements,

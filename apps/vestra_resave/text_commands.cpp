@@ -51,7 +51,7 @@ void judge(const run_result& result, const wide_string& path, bool wants_text, w
     if (result.end == run_end::stopped) {
         made.end(stopped, "stopped");
         made.problems.insert(made.problems.begin(), {own_kind::interrupted, {}, {}, {}});
-        // The run has erased its text after a stop; if it still exists, that failed.
+        // A stopped run erases its text. A text that still exists could not be erased.
         if (path_exists(path)) made.problems.push_back({name_of(fact_kind::not_erased), {}, {}, path});
         return;
     }
@@ -136,7 +136,7 @@ std::vector<case_difference> differences_in(const std::string& report) {
     return all;
 }
 
-// Standard output has the line ends of the operating system.
+// Returns the text with "\n" line ends; standard output converts them to those of the operating system.
 std::string with_plain_ends(const std::string& text) {
     std::string plain;
     for (size_t at = 0; at < text.size(); ++at)
@@ -170,7 +170,8 @@ int check_case(const std::string& project, const std::string& report, const comm
     ordered_json all = ordered_json::array();
     std::string lines;
     for (const auto& [stored, spelled] : differences_in(ended.written.text)) {
-        // The operating system finds both under the same name, so only the second one is printed in its form.
+        // In the form of the operating system both would be the same path, so the stored one is printed as it
+        // is.
         lines += one_line(stored) + '\n' + printed(spelled) + "\n\n";
         all.push_back({{"stored", platform::to_utf8(stored)},
                        {"path", platform::to_utf8(spelled)},

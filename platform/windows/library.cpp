@@ -16,7 +16,7 @@ wide_string reason_of_failure(const std::wstring& native) {
     const DWORD found = native.empty() ? INVALID_FILE_ATTRIBUTES : ::GetFileAttributesW(native.c_str());
     if (found == INVALID_FILE_ATTRIBUTES) return u"no such file";
     if ((found & FILE_ATTRIBUTE_DIRECTORY) != 0) return u"is a folder";
-    // The operating system's text for this has a gap for the name.
+    // The operating system's text for this error contains a placeholder for the name.
     if (code == ERROR_BAD_EXE_FORMAT) return u"not a library for this operating system";
     if (code == ERROR_MOD_NOT_FOUND) return u"it needs a library that does not exist";
     return outcome::native(code).text();

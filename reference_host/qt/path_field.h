@@ -41,8 +41,8 @@ private:
     void read(toolkit::element_view& view) const override;
     // Opens the dialog and enters the chosen path.
     void browse();
-    // Sends the text and shows the text that the element reports afterwards. A nested call, from a box that
-    // the event shows, does nothing.
+    // Sends the text to the element and then shows the element's text. Does nothing if it is called again
+    // before it returns, as can happen while the event shows a message box.
     void enter(const wide_string& text);
 
     path_line* const line_;

@@ -25,7 +25,7 @@ public:
     void set_percent(std::optional<int> percent);
     // Sets the text below the bar: bytes and remaining time.
     void set_amount(const QString& text);
-    // Shows that a stop was requested, which disables the button, until it is reset.
+    // True shows that a stop was requested and disables the button; false shows the running operation again.
     void set_stopping(bool on);
 
 protected:

@@ -94,7 +94,7 @@ std::optional<std::int32_t> terminal_dialog_runner::obey(const element_view& dia
     if (line.empty()) {
         const element_view* box = find(dialog, u"button_box");
         if (!box || box->buttons.empty()) return accepted;
-        // The first button of a dialog accepts it. If it keeps the dialog open, it is shown again.
+        // The first button of a dialog accepts it. A dialog that this button does not close is shown again.
         const std::int32_t code = box->buttons.front().code;
         return press(*box, code) ? std::optional(code) : std::nullopt;
     }

@@ -27,8 +27,7 @@ const row_view* find_row(const element_view& root, const std::string& path, cons
 // is the kind's name in the interfaces.
 std::string host_word(std::string_view english);
 
-// Returns the rows of a dropdown as "None
-// Tab".
+// Returns the rows of a dropdown in one line, such as "None | Tab".
 std::string choices_of(const element_view& dropdown);
 
 // Prints one line for each visible element, indented by depth and beginning with its name if it has one,

@@ -33,7 +33,7 @@ struct packed_archive::failure {
     explicit operator bool() const { return stopped || !why; }
 };
 
-// With the longest names that a disk allows the ending would be too much, so the name is replaced by its sum.
+// If the name with the ending is longer than a disk allows, the SHA-256 sum of the name takes its place.
 wide_string part_of(const wide_string& archive) {
     constexpr wide_view ending = u".vestra-part";
     constexpr size_t longest_name = 255; // bytes
@@ -58,8 +58,8 @@ void packed_archive::discard() {
     file_.reset();
 }
 
-// Opens the temporary file for writing, which locks it, and makes sure that it still has its name then:
-// another resave may have created, renamed or removed it between any two calls.
+// Opens the temporary file for writing, which locks it, and then checks that the open file still has the
+// temporary name: another resave may have created, renamed or removed it between any two calls.
 outcome packed_archive::take_part() {
     using platform::access, platform::disposition, platform::failure;
     for (int attempt = 0; attempt < 10; ++attempt) {
@@ -203,7 +203,7 @@ void packed_archive::write(session& host, continuation& earlier, resave_report& 
 // Flushes the content first, so that the final name never belongs to an incomplete archive.
 void packed_archive::put_in_place(resave_report& report) {
     outcome result = file_->flush();
-    // What came there during the run is somebody else's, whose only copy it may be.
+    // A file that got this name during the run belongs to somebody else, and may be their only copy.
     if (result && real_.identity_of(place_.archive) != replaced_)
         result = outcome::because(u"another file has this name");
     if (result) result = real_.rename_over(part_, place_.archive);

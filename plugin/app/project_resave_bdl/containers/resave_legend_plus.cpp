@@ -17,7 +17,8 @@
 namespace vs::project_resave {
 
 wide_string legend_folder_for(const wide_string& first, const wide_string&) {
-    // Kept as users know it: no caption becomes part of the folder, since only an empty one is joined.
+    // Kept as users know it: the caption is joined only if it is empty, so it never becomes part of the
+    // folder.
     wide_string folder = load_string(text::legend_plus_folder);
     if (first.empty()) folder = path_join(folder, first);
     return folder;

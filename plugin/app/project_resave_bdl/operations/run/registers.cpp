@@ -102,7 +102,7 @@ void size_register::set_uuid_selected(const wide_string& uuid, bool selected) {
         if (!selected && way.left_out++ == 0) --entry.fulfilled;
         recount(entry);
     }
-    // Such a path becomes known, with size 0.
+    // A path that was entered without being counted becomes known here, with size 0.
     if (row->bare_paths)
         for (const wide_string& path : *row->bare_paths) entries_.enter(path);
     if (on_changed_) on_changed_();

@@ -19,8 +19,8 @@ struct run_result {
     run_end end = run_end::refused;
     // True if the run's output is complete: the new project, the text, all scene files.
     bool written = false;
-    // Why it is not, in the operating system's words or an exception's; may be empty. The facts in the report
-    // say more.
+    // Why the output is not complete, as text of the operating system or of an exception; may be empty. The
+    // facts in the report say more.
     wide_string failure;
     // The files that the run wrote itself: the new project, the text, scene and layer files, the log. Copies
     // are in the placement.
